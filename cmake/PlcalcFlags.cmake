@@ -1,0 +1,28 @@
+# Flags in two interface targets, neither of which an application ever sees:
+#   plcalc_fp        what the bits of the results depend on; library, tests and benchmarks link it
+#   plcalc_warnings  what a maintainer wants to be told
+
+add_library(plcalc_fp INTERFACE)
+if(MSVC)
+  target_compile_options(plcalc_fp INTERFACE /fp:precise)
+else()
+  # A fused multiply-add rounds once where the results are defined with two roundings.
+  target_compile_options(plcalc_fp INTERFACE -ffp-contract=off -fno-fast-math)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86_64|AMD64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # The x87 unit keeps more bits than a double has.
+    target_compile_options(plcalc_fp INTERFACE -msse2 -mfpmath=sse)
+  endif()
+endif()
+
+add_library(plcalc_warnings INTERFACE)
+if(MSVC)
+  target_compile_options(plcalc_warnings INTERFACE /W4 $<$<BOOL:${PLCALC_WERROR}>:/WX>)
+else()
+  target_compile_options(plcalc_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${PLCALC_WERROR}>:-Werror>)
+endif()
+
+if(PLCALC_SANITIZE)
+  add_compile_options(-fsanitize=${PLCALC_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${PLCALC_SANITIZE})
+endif()

@@ -1,0 +1,38 @@
+# How plcalc and plutil are built: one way for both.
+
+# plcalc_configure_objects(<object library> <PREFIX>): hidden visibility, exact arithmetic, <PREFIX>_STATIC or
+# <PREFIX>_BUILDING for the export mark.
+function(plcalc_configure_objects target prefix)
+  set_target_properties(${target} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+    POSITION_INDEPENDENT_CODE ON)
+  target_link_libraries(${target} PRIVATE plcalc_fp plcalc_warnings)
+  if(BUILD_SHARED_LIBS)
+    target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
+  else()
+    target_compile_definitions(${target} PUBLIC ${prefix}_STATIC)
+  endif()
+endfunction()
+
+# plcalc_configure_library(<library> <PREFIX> <folder of its public headers>)
+function(plcalc_configure_library target prefix include_dir)
+  add_library(plcalc::${target} ALIAS ${target})
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${include_dir}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  target_compile_features(${target} INTERFACE cxx_std_11)
+  set_target_properties(${target} PROPERTIES
+    LINKER_LANGUAGE CXX
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(NOT BUILD_SHARED_LIBS)
+    target_compile_definitions(${target} PUBLIC ${prefix}_STATIC)
+  elseif(UNIX AND NOT APPLE)
+    # PLCALC_API decides what is exported; the script only keeps the standard library's templates, which
+    # are visible by their own marks, out of the interface.
+    set(script ${PROJECT_SOURCE_DIR}/cmake/no_std_symbols.map)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${script} LINKER:--no-undefined)
+    set_target_properties(${target} PROPERTIES LINK_DEPENDS ${script})
+  endif()
+endfunction()
