@@ -1,0 +1,272 @@
+#pragma once
+
+/// @file
+/// Geometric kernel: the records, their setters, scalar and point primitives, direction angles and
+/// polar points, and plane transformation matrices.
+///
+/// Every function here is pure or writes only through the pointers that it is given, allocates nothing
+/// and may be called from any thread. Coordinates are in the caller's unit, x East, y North.
+
+#include <cstdint>
+
+#include "plcalc/export.h"
+
+/// The one tolerance of the geometry functions, used in three forms:
+/// - absolute: v counts as zero when |v| <= PL_EPS, as clearly negative or positive beyond it;
+/// - scaled around a reference r: tol(r) = (|r| + 1) * PL_EPS, absolute near zero, relative far away;
+/// - snapping: a coordinate of magnitude PL_EPS or less becomes exactly 0.0.
+///
+/// With metres, 1e-7 is a tenth of a micrometre: far below what is measured, far above rounding noise of
+/// site coordinates.
+constexpr double PL_EPS = 1e-7;
+
+/// A point or a vector in the plane.
+struct PL_PNT2D_record {
+    double x;  ///< East, caller's unit
+    double y;  ///< North, caller's unit
+};
+
+/// A point in space.
+struct PL_PNT3D_record {
+    double x;  ///< East, caller's unit
+    double y;  ///< North, caller's unit
+    double z;  ///< height, caller's unit
+};
+
+/// A segment; its direction, start to end, matters to the functions that say so.
+struct PL_LINE_2D_record {
+    PL_PNT2D_record start;  ///< first end
+    PL_PNT2D_record end;    ///< second end
+};
+
+/// The unlimited line a*x + b*y + c = 0.
+///
+/// A line built from two points is not normalised: (a, b) is as long as the segment and points to the left
+/// of the direction first point to second point.
+struct PL_IMP_LINE_2D_record {
+    double a;  ///< coefficient of x; a length when built from two points, no unit when normalised
+    double b;  ///< coefficient of y; as a
+    double c;  ///< constant term; an area when built from two points, a length when normalised
+};
+
+/// An axis-parallel rectangle. Nobody orders the corners: that is the caller's business.
+struct PL_RECT_2D_record {
+    double xmin;  ///< West side, caller's unit
+    double ymin;  ///< South side, caller's unit
+    double xmax;  ///< East side, caller's unit
+    double ymax;  ///< North side, caller's unit
+};
+
+/// An axis-parallel box. Nobody orders the corners: that is the caller's business.
+struct PL_RECT_3D_record {
+    double xmin;  ///< West face, caller's unit
+    double ymin;  ///< South face, caller's unit
+    double zmin;  ///< lower face, caller's unit
+    double xmax;  ///< East face, caller's unit
+    double ymax;  ///< North face, caller's unit
+    double zmax;  ///< upper face, caller's unit
+};
+
+/// Unit of the two angles of an arc record, anticlockwise from +x.
+///
+/// The type holds any 32-bit value: an unknown one is a value, not undefined behaviour. Unknown values are
+/// read as radians by the arc functions, but as degrees by PlFunz_intarcline_ls.
+enum PL_AngleMeasType : std::int32_t {
+    PL_RADIANS = 0,      ///< radians, full turn 2 pi
+    PL_DEGREES = 1,      ///< degrees, full turn 360
+    PL_PSEUDO_ANGLE = 2  ///< quadrant 0 to 3 plus tan(half the angle in the quadrant), full turn 4
+};
+
+/// A circular arc: it runs anticlockwise from start_angle to end_angle.
+///
+/// When end_angle is below start_angle the arc crosses the +x direction. `centre` stays the first field: a
+/// pointer to the arc may be handed on where a pointer to its centre is wanted.
+struct ARC_2D_record {
+    PL_PNT2D_record centre;       ///< centre of the circle, caller's unit
+    double radius;                ///< radius, caller's unit
+    PL_AngleMeasType angle_type;  ///< unit of the two angles
+    double start_angle;           ///< direction centre to first end
+    double end_angle;             ///< direction centre to second end
+};
+
+// ---------------------------------------------------------------------------------------------- setters
+
+/// Fills a point. Any value is stored, NaN included; so do all setters.
+///
+/// @param[in]  x, y  coordinates, caller's unit
+/// @param[out] out   the point
+PLCALC_API void PlFunz_set_pnt_2d(double x, double y, PL_PNT2D_record* out) noexcept;
+
+/// Fills a point in space.
+///
+/// @param[in]  x, y, z  coordinates, caller's unit
+/// @param[out] out      the point
+PLCALC_API void PlFunz_set_pnt_3d(double x, double y, double z, PL_PNT3D_record* out) noexcept;
+
+/// Fills a segment; its ends may be equal.
+///
+/// @param[in]  x1, y1  start point, caller's unit
+/// @param[in]  x2, y2  end point, caller's unit
+/// @param[out] out     the segment
+PLCALC_API void PlFunz_set_line_2d(double x1, double y1, double x2, double y2,
+                                   PL_LINE_2D_record* out) noexcept;
+
+/// Fills a rectangle; the corners are stored as they come, not ordered.
+///
+/// @param[in]  xmin, ymin  lower left corner, caller's unit
+/// @param[in]  xmax, ymax  upper right corner, caller's unit
+/// @param[out] out         the rectangle
+PLCALC_API void PlFunz_set_rect_2d(double xmin, double ymin, double xmax, double ymax,
+                                   PL_RECT_2D_record* out) noexcept;
+
+/// Fills a box; the corners are stored as they come, not ordered.
+///
+/// @param[in]  xmin, ymin, zmin  minimum corner, caller's unit
+/// @param[in]  xmax, ymax, zmax  maximum corner, caller's unit
+/// @param[out] out               the box
+PLCALC_API void PlFunz_set_rect_3d(double xmin, double ymin, double zmin, double xmax, double ymax,
+                                   double zmax, PL_RECT_3D_record* out) noexcept;
+
+/// Fills an arc record; nothing is checked, not even the sign of the radius.
+///
+/// @param[in]  centre_x, centre_y      centre, caller's unit
+/// @param[in]  radius                  radius, caller's unit
+/// @param[in]  angle_type              unit of the two angles
+/// @param[in]  start_angle, end_angle  directions of the two ends, anticlockwise from +x
+/// @param[out] arc                     the record; null is allowed here and only here: nothing happens then
+PLCALC_API void PlFunz_set_arc_2d(double centre_x, double centre_y, double radius,
+                                  PL_AngleMeasType angle_type, double start_angle, double end_angle,
+                                  ARC_2D_record* arc) noexcept;
+
+// ------------------------------------------------------------------------------------------- primitives
+
+/// Reciprocal of a number, and 0.0 where there is none worth having.
+///
+/// @param[in] v  any number
+/// @return 1 / v; 0.0 when |v| <= PL_EPS; NaN for NaN
+PLCALC_API double PlFunz_inverse(double v) noexcept;
+
+/// Squared length of a vector.
+///
+/// @param[in] a, b  components, caller's unit
+/// @return a*a + b*b, unit squared; each product rounded, then the sum
+PLCALC_API double PlFunz_sumsqrdparms(double a, double b) noexcept;
+
+/// Distance of two points.
+///
+/// @param[in] p1, p2  points, caller's unit
+/// @return never negative; exactly 0.0 for a point and itself, the same bits for swapped arguments
+///
+/// Exactness   sqrt(dy*dy + dx*dx), rounded at each operation; overflows for differences above 1e154.
+PLCALC_API double PlFunz_distance(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept;
+
+/// Whether two points are the same within PL_EPS on each axis separately.
+///
+/// @param[in] p1, p2  points, caller's unit
+/// @return true when |dx| <= PL_EPS and |dy| <= PL_EPS, both inclusive; false with a NaN. Points that
+///         differ by 1e-7 on both axes, 1.41e-7 apart, are the same: this is a square, not a circle.
+PLCALC_API bool PlFunz_samepnt(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept;
+
+// ------------------------------------------------------------------------- directions and polar points
+
+/// Direction of a vector in radians, anticlockwise from +x.
+///
+/// @param[in] x, y  components, caller's unit
+/// @return in [0, 2 pi); exact multiples of a quarter turn when a component is zero within PL_EPS
+///
+/// Tolerance   PL_EPS on each component. The null vector has direction 0.
+/// Degenerate  For y a hair below zero the result may round up to 2 pi itself.
+/// Exactness   atan(|y / x|) of the platform, then one addition or subtraction.
+PLCALC_API double PlFunz_arctan_rad(double x, double y) noexcept;
+
+/// Direction of a vector in degrees, anticlockwise from +x.
+///
+/// @param[in] x, y  components, caller's unit
+/// @return in [0, 360); exact multiples of 90 when a component is zero within PL_EPS
+///
+/// Tolerance   PL_EPS on each component. The null vector has direction 0.
+/// Degenerate  A direction just below a full turn may round up to exactly 360: (1e9, -2e-7) does.
+/// Exactness   atan(|y / x|) * 57.29577951308233, then one addition or subtraction.
+PLCALC_API double PlFunz_arctan_deg(double x, double y) noexcept;
+
+/// Cheap ordering value of a direction, and the squared distance: no root, no trigonometry.
+///
+/// @param[in]  p1, p2  points, caller's unit
+/// @param[out] angle   pseudo-degrees of the direction p1 to p2: 90 times the diamond angle
+///                     dy / (|dx| + |dy|), equal to the true angle only at multiples of 45; 0 for equal
+///                     points; slightly negative, down to -9e-6 on unit lengths, for -PL_EPS <= dy < 0
+/// @param[out] dist    the distance squared, for comparing and ordering
+PLCALC_API void PlFunz_pseudo_angdist(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, double* angle,
+                                      double* dist) noexcept;
+
+/// Polar point: the point at a distance and a direction from an origin.
+///
+/// @param[in]  unit    0 degrees, 2 pseudo-angle, anything else radians. Not the numbers of
+///                     PL_AngleMeasType, nor those of PlFunz_arcangle.
+/// @param[in]  origin  where to start, caller's unit
+/// @param[in]  dist    distance, caller's unit; a negative one points the opposite way in degrees and
+///                     radians, but loses its sign in pseudo-angles
+/// @param[in]  angle   direction anticlockwise from +x, any number of turns
+/// @param[out] out     the point; a coordinate of magnitude PL_EPS or less is exactly 0.0. Must not be the
+///                     record of origin: in degrees and radians the offsets go through it first, and the
+///                     result would be the doubled offset.
+///
+/// Degenerate  An infinite or NaN angle gives NaN coordinates. An angle of more than 65536 turns is first
+///             reduced by whole turns at once, smaller ones turn by turn.
+/// Exactness   Degrees become radians by 0.01745329251994. A pseudo-angle of exactly 3 (and up to 4e-7
+///             above) gives -x, not -y, and one up to 2e-7 below 1 or 3e-7 below 2 lands a quarter turn
+///             before the direction meant: filed results carry both.
+PLCALC_API void PlFunz_pntangledist(int unit, const PL_PNT2D_record* origin, double dist, double angle,
+                                    PL_PNT2D_record* out) noexcept;
+
+// --------------------------------------------------------------------------------------------- matrices
+
+/// Identity matrix.
+///
+/// A matrix M[row][column] is used with row vectors, [x y 1] M: the translation sits in row 2. The builders
+/// below multiply their transformation onto what M already holds, so that a point undergoes them in the
+/// order of the calls. Start with this one.
+///
+/// @param[out] M  three rows of three
+PLCALC_API void PlFunz_getidmatrix2d(double (*M)[3]) noexcept;
+
+/// Adds an anticlockwise rotation about a centre.
+///
+/// @param[in]     angleDeg  degrees, anticlockwise
+/// @param[in]     centre    the point that stays, caller's unit
+/// @param[in,out] M         M times the rotation
+///
+/// Exactness   Degrees become radians by 0.01745329251994: 90 degrees leave a cosine of 2.6e-13.
+PLCALC_API void PlFunz_rotationmatrix2d(double angleDeg, const PL_PNT2D_record* centre,
+                                        double (*M)[3]) noexcept;
+
+/// Adds a shift.
+///
+/// @param[in]     dx, dy  shift, caller's unit
+/// @param[in,out] M       M times the shift
+PLCALC_API void PlFunz_translatematrix2d(double dx, double dy, double (*M)[3]) noexcept;
+
+/// Adds a scaling about a centre.
+///
+/// @param[in]     sx, sy  factors. When both are at or below 1e-7, negative ones included, nothing is
+///                        scaled: a mirror in both axes is not a scaling. One alone is used as given.
+/// @param[in]     centre  the point that stays, caller's unit
+/// @param[in,out] M       M times the scaling
+PLCALC_API void PlFunz_scalematrix2d(double sx, double sy, const PL_PNT2D_record* centre,
+                                     double (*M)[3]) noexcept;
+
+/// Transforms a point by a matrix; the third column is not read.
+///
+/// @param[in]  M    three rows of three
+/// @param[in]  in   the point, caller's unit
+/// @param[out] out  its image. May be the record of in, but then y is computed from the x already
+///                  transformed: use TrasfPt for a transformation in place.
+PLCALC_API void PlFunz_transformpnt2d(const double (*M)[3], const PL_PNT2D_record* in,
+                                      PL_PNT2D_record* out) noexcept;
+
+/// Transforms a coordinate pair by a matrix.
+///
+/// @param[in]  M           three rows of three
+/// @param[in]  x, y        the point, caller's unit
+/// @param[out] xOut, yOut  its image; may be the variables that held x and y
+PLCALC_API void TrasfPt(const double (&M)[3][3], double x, double y, double& xOut, double& yOut) noexcept;

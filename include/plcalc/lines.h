@@ -1,0 +1,130 @@
+#pragma once
+
+/// @file
+/// Lines and segments: implicit lines, their normal form, parallels and perpendiculars, intersections,
+/// point-line distance and collinearity.
+///
+/// Every function is pure or writes only through the pointers that it is given, allocates nothing and may
+/// be called from any thread. Coordinates are in the caller's unit, x East, y North.
+
+#include "plcalc/export.h"
+#include "plcalc/kernel.h"
+
+// --------------------------------------------------------------------------------------- implicit lines
+
+/// Line through two points, with the direction p1 to p2.
+///
+/// @param[in]  p1, p2  points, caller's unit
+/// @param[out] out     a = -dy, b = dx, c = p1.x*p2.y - p1.y*p2.x: (a, b) is as long as the segment, and
+///                     a*x + b*y + c is positive left of the direction p1 to p2
+/// @return 0 done; 2 the points coincide, out is untouched: test it
+///
+/// Tolerance   PL_EPS, absolute, inclusive, on each axis separately.
+PLCALC_API int PlFunz_lineeq_ile(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2,
+                                 PL_IMP_LINE_2D_record* out) noexcept;
+
+/// Brings a line to its normal form, in which a*x + b*y + c is a signed distance.
+///
+/// @param[in,out] line  a*a + b*b becomes 1 and c negative: the normal (a, b) points from the origin to the
+///                      line. For a line through the origin b becomes positive; with b within PL_EPS of
+///                      zero the signs stay as they came.
+/// @return 0 done; 3 the normal is too short, line is untouched
+///
+/// Tolerance   PL_EPS on a*a + b*b, not on its root: a normal up to 3.16e-4 long is refused.
+PLCALC_API int PlFunz_normal_ile(PL_IMP_LINE_2D_record* line) noexcept;
+
+/// Perpendicular to a line through a point. Result last, unlike PlFunz_linepntparallel.
+///
+/// @param[in]  line  the given line
+/// @param[in]  p     the point, caller's unit
+/// @param[out] out   (a, b) = (line.b, -line.a), as long as the given one's; may be the record of line
+PLCALC_API void PlFunz_linepntperpend(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_record* p,
+                                      PL_IMP_LINE_2D_record* out) noexcept;
+
+/// Parallel to a line through a point. Result first, unlike PlFunz_linepntperpend.
+///
+/// @param[out] out   the given a and b, and the c that p needs; may be the record of line
+/// @param[in]  p     the point, caller's unit
+/// @param[in]  line  the given line
+PLCALC_API void PlFunz_linepntparallel(PL_IMP_LINE_2D_record* out, const PL_PNT2D_record* p,
+                                       const PL_IMP_LINE_2D_record* line) noexcept;
+
+/// y of a line at a given x.
+///
+/// @param[in] line  the line
+/// @param[in] x     abscissa, caller's unit
+/// @return -(a*x + c) / b; 0.0 for a vertical line, |b| <= PL_EPS, which cannot be told from a true 0.0
+PLCALC_API double PlFunz_ordinate_ile(const PL_IMP_LINE_2D_record* line, double x) noexcept;
+
+/// x of a line at a given y.
+///
+/// @param[in] line  the line
+/// @param[in] y     ordinate, caller's unit
+/// @return -(b*y + c) / a; 0.0 for a horizontal line, |a| <= PL_EPS, which cannot be told from a true 0.0
+PLCALC_API double PlFunz_abscissa_ile(const PL_IMP_LINE_2D_record* line, double y) noexcept;
+
+// ---------------------------------------------------------------------------------------- intersections
+
+/// Meeting point of two unlimited lines.
+///
+/// @param[in]  l1, l2  the lines
+/// @param[out] out     the point, caller's unit; untouched when false
+/// @return false for parallel lines, and for lines whose three coefficients agree within PL_EPS
+///
+/// Tolerance   PL_EPS on the determinant of the coefficients as they are: its meaning grows with the length
+///             of the segments that the lines were built from.
+PLCALC_API bool PlFunz_intersect_ile(const PL_IMP_LINE_2D_record* l1, const PL_IMP_LINE_2D_record* l2,
+                                     PL_PNT2D_record* out) noexcept;
+
+/// Meeting point of an unlimited line and a segment.
+///
+/// @param[in]  line  the line
+/// @param[in]  seg   the segment
+/// @param[out] out   the point, caller's unit. When the line passes outside the segment the result is
+///                   false, yet out holds the meeting point with the segment's line. Otherwise untouched
+///                   when false.
+/// @return true when the line meets the segment; a line parallel to it or along it never does
+///
+/// Tolerance   The point may lie outside the segment's box by (|limit| + 1) * PL_EPS.
+/// Degenerate  A segment without length is met only when its start satisfies the equation exactly; out is
+///             then that start.
+PLCALC_API bool PlFunz_intersect_ils(const PL_IMP_LINE_2D_record* line, const PL_LINE_2D_record* seg,
+                                     PL_PNT2D_record* out) noexcept;
+
+/// Meeting point of two segments.
+///
+/// @param[in]  s1, s2  the segments
+/// @param[out] out     the point, computed along s1, caller's unit; a coordinate of magnitude PL_EPS or
+///                     less is exactly 0.0; untouched when false
+/// @return true when they meet; parallel, overlapping and degenerate segments never do
+///
+/// Tolerance   On both segments the parameter, 0 at the start and 1 at the end, may run from -1e-7 to
+///             1 + 2e-7, both inclusive. The range is lopsided, and filed results depend on it.
+PLCALC_API bool PlFunz_intersect_ls(const PL_LINE_2D_record* s1, const PL_LINE_2D_record* s2,
+                                    PL_PNT2D_record* out) noexcept;
+
+// ----------------------------------------------------------------------------- distance and collinearity
+
+/// Signed distance of a point from the unlimited line through a segment; there is no clamping to its ends.
+///
+/// @param[in] p    the point, caller's unit
+/// @param[in] seg  the segment, caller's unit; its direction does not matter
+/// @return positive on the far side of the line from the origin, negative on the origin's side; for a line
+///         through the origin positive above it. For a segment without length: the distance from its
+///         start, never negative.
+///
+/// Tolerance   PL_EPS on each axis for "without length". A segment that passes this but is shorter than
+///             3.16e-4 has no normal form: the result is then the raw value a*p.x + b*p.y + c.
+PLCALC_API double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* seg) noexcept;
+
+/// Whether three points lie on one line, judged by the directions from the first to the other two.
+///
+/// @param[in] p0      the point looked from
+/// @param[in] p1, p2  the points looked at, on the same or on opposite sides
+/// @return true when the directions, folded to half a turn, agree within (|direction of p2| + 1) * PL_EPS
+///         radians
+///
+/// Degenerate  A point equal to p0 has direction 0. The fold ends at half a turn: two directions on either
+///             side of +x, one just below a full turn, are not taken for equal.
+PLCALC_API bool PlFunz_pnts_in_line(const PL_PNT2D_record* p0, const PL_PNT2D_record* p1,
+                                    const PL_PNT2D_record* p2) noexcept;

@@ -1,0 +1,234 @@
+#pragma once
+
+/// @file
+/// Surveying computations on explicit coordinates: intersections, set-out at a distance, right-angle
+/// offsets (squadro), polar points in gons, heights, boxes, and area and perimeter of a polygon.
+///
+/// No global state; calls on distinct data may run in parallel. Coordinates are in the caller's unit, x East,
+/// y North. Angles exchanged with the caller are in gons, 400 to the circle. Only the three functions over a
+/// CPoint3dVector may allocate.
+
+#include "plcalc/export.h"
+#include "plcalc/kernel.h"
+#include "plutil/plutil.h"
+
+// --------------------------------------------------------------------------- intersections and ranges
+
+/// Whether a value lies between two limits, widened by 0.001.
+///
+/// @param[in] val         the value, caller's unit
+/// @param[in] lim1, lim2  the limits in either order
+/// @return true within [smaller - 0.001, larger + 0.001], both inclusive; false for NaN
+///
+/// Tolerance   0.001 in the caller's unit, a millimetre with metres, whatever the size of the numbers.
+PLCALC_API bool TrovatoValNeiLimiti(double val, double lim1, double lim2) noexcept;
+
+/// Whether a point lies in the box of a segment, widened by 0.001 on every side.
+///
+/// @param[in] pt    the point, known to lie on the segment's line: only the box is tested
+/// @param[in] a, b  the segment's ends, caller's unit
+/// @return true when both coordinates pass TrovatoValNeiLimiti
+PLCALC_API bool TrovatoPuntoInSegmento(const PL_PNT2D_record& pt, const PL_PNT2D_record& a,
+                                       const PL_PNT2D_record& b) noexcept;
+
+/// Meeting point of two implicit lines: PlFunz_intersect_ile by reference.
+///
+/// @param[in]  l1, l2  the lines
+/// @param[out] out     the point, caller's unit; untouched when false
+/// @return false for parallel lines
+PLCALC_API bool CalcoloIntersezioneRette(const PL_IMP_LINE_2D_record& l1, const PL_IMP_LINE_2D_record& l2,
+                                         PL_PNT2D_record& out) noexcept;
+
+/// Meeting point of the line P1-P2 with the line P3-P4, through implicit lines and their tolerances.
+///
+/// @param[in]  x1, y1, x2, y2  two points of the first line, caller's unit
+/// @param[in]  x3, y3, x4, y4  two points of the second line, caller's unit
+/// @param[out] xOut, yOut      the point; on failure x1 and y1, not left alone
+/// @return false for parallel lines
+///
+/// Degenerate  Two points that coincide within PL_EPS give a line that meets nothing.
+PLCALC_API bool CalcoloIntersezioneRette(double x1, double y1, double x2, double y2, double x3, double y3,
+                                         double x4, double y4, double& xOut, double& yOut) noexcept;
+
+/// Meeting point of the line P1-P2 with the line P3-P4 in closed form, without any tolerance.
+///
+/// @param[in]  x1, y1, x2, y2  two points of the first line, caller's unit
+/// @param[in]  x3, y3, x4, y4  two points of the second line, caller's unit
+/// @param[out] xOut, yOut      the point; for lines that coincide P2; untouched when false
+/// @return false only for parallel lines that are distinct
+///
+/// Exactness   Parallel means a determinant of exactly 0.0; t * d1 + P1 with t rounded once.
+PLCALC_API bool CalcoloIntersezioneRetteExt(double x1, double y1, double x2, double y2, double x3, double y3,
+                                            double x4, double y4, double& xOut, double& yOut) noexcept;
+
+/// y at a given x of the unlimited line through two points.
+///
+/// @param[in] x1, y1, x2, y2  two points of the line, caller's unit
+/// @param[in] x               abscissa, caller's unit; may lie outside the segment
+/// @return the ordinate; 0.0 for a vertical line and for two equal points
+PLCALC_API double CalcCoordYsuSegmento(double x1, double y1, double x2, double y2, double x) noexcept;
+
+/// Whether a line cuts a segment, to 0.001.
+///
+/// @param[in]  a, b  the segment's ends, caller's unit
+/// @param[in]  line  the line
+/// @param[out] out   the meeting point with the segment's unlimited line. Written even when it lies outside
+///                   the segment and the result is false; untouched for parallel lines and for a segment
+///                   without length.
+/// @return true when the meeting point lies in the segment's box widened by 0.001
+PLCALC_API bool IntersezLineaInSegmOK(const PL_PNT2D_record& a, const PL_PNT2D_record& b,
+                                      const PL_IMP_LINE_2D_record& line, PL_PNT2D_record& out) noexcept;
+
+/// Trims or extends two segments to their meeting point: the nearer end of each moves onto it.
+///
+/// @param[in,out] a1, b1  first segment, caller's unit; b1 moves on a tie
+/// @param[in,out] a2, b2  second segment, caller's unit; b2 moves on a tie
+/// @return false for parallel segments; no point is changed then
+PLCALC_API bool CimaSegm(PL_PNT2D_record* a1, PL_PNT2D_record* b1, PL_PNT2D_record* a2,
+                         PL_PNT2D_record* b2) noexcept;
+
+// ------------------------------------------------------------------------ points at distance and offsets
+
+/// Point at a signed distance from a point, parallel to a segment.
+///
+/// @param[in]  a, b  the segment's ends: only the direction a to b counts; +x when they coincide
+/// @param[in]  from  where to start, caller's unit; need not lie on the segment
+/// @param[in]  dist  distance, caller's unit; negative goes back, towards a
+/// @param[out] out   the point; not the record of from
+///
+/// Exactness   That of PlFunz_pntangledist in degrees.
+PLCALC_API void CalcPtAtDistSuSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b,
+                                   const PL_PNT2D_record* from, double dist, PL_PNT2D_record* out) noexcept;
+
+/// Point at a signed distance from a point, parallel to an implicit line.
+///
+/// @param[in]  line  the line; its direction is (-b, a): against the order of the two points when it comes
+///                   from PlFunz_lineeq_ile
+/// @param[in]  from  where to start, caller's unit; need not lie on the line
+/// @param[in]  dist  distance along that direction, caller's unit
+/// @param[out] out   the point; not the record of from
+PLCALC_API void CalcPtAtDistSuLineaImp(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_record* from,
+                                       double dist, PL_PNT2D_record* out) noexcept;
+
+/// Distance of two points, signed by the direction of a segment.
+///
+/// @param[in] a, b    the segment's ends: only the direction a to b counts
+/// @param[in] from    where the distance starts, caller's unit
+/// @param[in] target  where it ends, caller's unit; its straight distance counts even off the segment
+/// @return positive when target lies ahead; negative behind and on a tie, so -0.0 for equal points
+PLCALC_API double DistPtSuSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* b,
+                                   const PL_PNT2D_record* from, const PL_PNT2D_record* target) noexcept;
+
+/// Signed distance of a point from the unlimited line a-b, with its foot.
+///
+/// @param[in]  a, b  the line's points, caller's unit
+/// @param[in]  pt    the point, caller's unit
+/// @param[out] foot  foot of the perpendicular; not the record of pt. When a and b coincide it is untouched,
+///                   and the distance is taken from what it held
+/// @return positive to the right of the direction a to b, negative to the left, -0.0 on the line
+PLCALC_API double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* pt,
+                               PL_PNT2D_record* foot) noexcept;
+
+/// Distance of a point from a line, and the direction from its foot to it.
+///
+/// @param[in]  line   the line
+/// @param[in]  pt     the point, caller's unit
+/// @param[out] dist   distance, caller's unit, never negative
+/// @param[out] angle  direction foot to point in gons, counted anticlockwise from +x (not a bearing from
+///                    North): it tells the side. 0 for a point on the line. May round up to exactly 400.
+///
+/// Degenerate  A line without direction has its foot at the origin.
+/// Exactness   Degrees times 1.1111111111111112.
+PLCALC_API void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_record* pt,
+                                     double& dist, double& angle) noexcept;
+
+/// Whether the perpendicular from a point falls on a segment.
+///
+/// @param[in]  a, b  the segment's ends, caller's unit
+/// @param[in]  pt    the point, caller's unit
+/// @param[out] out   the foot; written also when it falls outside the segment and the result is false
+/// @return true when the foot lies on the segment, with the margin of PlFunz_intersect_ils
+PLCALC_API bool IntersPerpDaPtInSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b,
+                                     const PL_PNT2D_record* pt, PL_PNT2D_record* out) noexcept;
+
+/// Right-angle set-out (squadro) from a base line.
+///
+/// @param[in]  a, b  base line, caller's unit
+/// @param[in]  absc  abscissa: distance from a towards b, caller's unit; negative goes behind a
+/// @param[in]  ord   ordinate at right angles, caller's unit: for absc >= 0 positive to the right of a to b,
+///                   for absc < 0 positive to the left. The side swaps with the abscissa's sign.
+/// @param[out] out   the point; may be the record of a or b
+PLCALC_API void CalcPtSquadro(const PL_PNT2D_record* a, const PL_PNT2D_record* b, double absc, double ord,
+                              PL_PNT2D_record* out) noexcept;
+
+/// Polar set-out from a station oriented on a reference point.
+///
+/// @param[in]  station  instrument station, caller's unit
+/// @param[in]  ref      orientation point, caller's unit
+/// @param[in]  angle    gons, clockwise from the direction station to ref, as on the instrument's circle
+/// @param[in]  dist     distance, caller's unit
+/// @param[out] out      the point; may be the record of station or of ref
+///
+/// Degenerate  ref equal to station orients to the North.
+PLCALC_API void CalcPtAngDist(const PL_PNT2D_record* station, const PL_PNT2D_record* ref, double angle,
+                              double dist, PL_PNT2D_record* out) noexcept;
+
+// ---------------------------------------------------------------------- heights, bounds, tolerance tests
+
+/// Height on a segment by linear interpolation.
+///
+/// @param[in]  x1, y1, z1  first end, caller's unit
+/// @param[in]  x2, y2, z2  second end, caller's unit
+/// @param[in]  x, y        where; its straight distance from the first end is the run: off the segment's
+///                         line, or behind the first end, that is not the projection
+/// @param[out] z           the height
+///
+/// Degenerate  Ends that coincide in plan divide by zero: infinite or NaN, not reported.
+/// Exactness   Slope first, times the distance, plus z1.
+PLCALC_API void CalcoloQuotaSuSegmento(double x1, double y1, double z1, double x2, double y2, double z2,
+                                       double x, double y, double& z) noexcept;
+
+/// Box of two corners given in any order.
+///
+/// @param[in]  x1, y1, z1, x2, y2, z2  the corners, caller's unit
+/// @param[out] box                     each axis ordered
+PLCALC_API void CalcoloBdry(double x1, double y1, double z1, double x2, double y2, double z2,
+                            PL_RECT_3D_record* box) noexcept;
+
+/// Whether a number is zero within a tolerance.
+///
+/// @param[in] value  the number
+/// @param[in] tol    the tolerance, same unit, inclusive
+/// @return |value| <= tol; false for NaN and for a negative tolerance
+PLCALC_API bool NumeroEstZero(double value, const double& tol) noexcept;
+
+/// Whether two points are the same within a tolerance, on each axis separately.
+///
+/// @param[in] p1, p2  points, caller's unit
+/// @param[in] tol     the tolerance, caller's unit, inclusive: a square, not a circle
+/// @return true when both coordinate differences pass NumeroEstZero
+PLCALC_API bool StessoPunto(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2, const double& tol) noexcept;
+
+// ---------------------------------------------------------------------------------- area and perimeter
+
+/// Signed area of a closed polygon.
+///
+/// @param[in] pts  the ring, closed by itself; a repeated first vertex adds nothing. Heights are ignored.
+/// @return positive anticlockwise, negative clockwise, unit squared; a figure eight gives the sum of its
+///         signed lobes; 0 for fewer than three points
+///
+/// Exactness   Sum in index order of ((x before - x after) * y) * 0.5, rounded at each operation; no shift
+///             of the origin: at coordinates of 5e6 expect an error of 1e-3 square units.
+PLCALC_API double AreaCalcolataSgn(const CPoint3dVector& pts);
+
+/// Area of a closed polygon: the absolute value of AreaCalcolataSgn.
+///
+/// @param[in] pts  the ring, in either direction
+/// @return never negative, unit squared
+PLCALC_API double AreaCalcolata(const CPoint3dVector& pts);
+
+/// Perimeter of a closed polygon.
+///
+/// @param[in] pts  the ring; the side from the last point to the first is part of it
+/// @return caller's unit; for two points twice their distance, there and back
+PLCALC_API double PeriCalcolato(const CPoint3dVector& pts);
