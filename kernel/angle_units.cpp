@@ -1,0 +1,38 @@
+#include "kernel/angle_units.h"
+
+#include <cmath>
+
+#include "kernel/tolerance.h"
+
+namespace {
+
+// No survey holds more turns. Each step up to here moves the angle by a turn to within 6e-11 of it, so the
+// loops below end; beyond, a turn could round away altogether.
+constexpr double kMostTurns = 65536.0;
+
+}  // namespace
+
+namespace plcalc {
+
+double bring_near(double angle, double turn) noexcept
+{
+    return std::fabs(angle) > kMostTurns * turn ? std::fmod(angle, turn) : angle;
+}
+
+double drop_turns(double angle, double turn) noexcept
+{
+    angle = bring_near(angle, turn);
+    while (at_least(angle, turn))
+        angle -= turn;
+    return angle;
+}
+
+double within_one_turn(double angle, double turn) noexcept
+{
+    angle = bring_near(angle, turn);
+    while (angle < -PL_EPS)
+        angle += turn;
+    return drop_turns(angle, turn);
+}
+
+}  // namespace plcalc

@@ -1,0 +1,77 @@
+#pragma once
+
+// The tolerance policy of the whole library: internal, not installed; for every folder.
+
+#include <cfloat>
+#include <cmath>
+
+#include "plcalc/kernel.h"
+
+#ifdef __FAST_MATH__
+#error "plcalc defines its results to the last bit: build it without -ffast-math"
+#endif
+#if defined(FLT_EVAL_METHOD) && FLT_EVAL_METHOD != 0
+#error                                                                                                       \
+    "plcalc needs doubles that are rounded at every operation: on 32-bit x86 build with -msse2 -mfpmath=sse"
+#endif
+
+namespace plcalc {
+
+/// (|r| + 1) * PL_EPS: the margin around a reference value r, absolute near zero and relative far away.
+constexpr double scaled_tol(double r)
+{
+    return ((r < 0.0 ? -r : r) + 1.0) * PL_EPS;
+}
+
+/// |v| <= PL_EPS; false for NaN.
+inline bool is_zero(double v)
+{
+    return std::fabs(v) <= PL_EPS;
+}
+
+/// Both steps inside PL_EPS: too short to have a direction. False when either is NaN.
+inline bool is_short(double dx, double dy)
+{
+    return is_zero(dx) && is_zero(dy);
+}
+
+/// a clearly below r, the margin taken from r.
+constexpr bool below(double a, double r)
+{
+    return a < r - scaled_tol(r);
+}
+
+/// a clearly above r, the margin taken from r.
+constexpr bool above(double a, double r)
+{
+    return a > r + scaled_tol(r);
+}
+
+/// a not above r but for the margin taken from r. Not the negation of above() when a NaN is about.
+constexpr bool at_most(double a, double r)
+{
+    return a <= r + scaled_tol(r);
+}
+
+/// a not below r but for the margin taken from r. Not the negation of below() when a NaN is about.
+constexpr bool at_least(double a, double r)
+{
+    return a >= r - scaled_tol(r);
+}
+
+/// |a - r| within the margin taken from r.
+inline bool is_near(double a, double r)
+{
+    return std::fabs(a - r) <= scaled_tol(r);
+}
+
+}  // namespace plcalc
+
+/// Sets v to exactly 0.0 when |v| <= PL_EPS; -0.0 becomes 0.0 too. NaN stays.
+void PlFunz_snap_zero(double& v) noexcept;
+
+/// Smaller of two values; b wins every near-tie: a only when a < b - tol(b).
+double PlFunz_min_tol(double a, double b) noexcept;
+
+/// Larger of two values; b wins every near-tie: a only when a > b + tol(b).
+double PlFunz_max_tol(double a, double b) noexcept;
