@@ -1,0 +1,90 @@
+#include <cmath>
+#include <utility>
+
+#include "kernel/tolerance.h"
+#include "lines/segment_box.h"
+#include "plcalc/lines.h"
+
+namespace {
+
+constexpr int kRcSamePoints = 2;
+
+bool same_coefficients(const PL_IMP_LINE_2D_record& l1, const PL_IMP_LINE_2D_record& l2)
+{
+    return plcalc::is_zero(l1.a - l2.a) && plcalc::is_zero(l1.b - l2.b) && plcalc::is_zero(l1.c - l2.c);
+}
+
+// The parameter of a segment, 0 at its start and 1 at its end. The lower margin is absolute and the upper
+// one scaled, twice as wide: a segment is a hair longer at its end, and filed results depend on it.
+bool on_segment(double parameter)
+{
+    return parameter >= -PL_EPS && plcalc::at_most(parameter, 1.0);
+}
+
+// A segment without length is a point: on the line only when the equation holds exactly.
+bool point_on_line(const PL_IMP_LINE_2D_record& line, const PL_PNT2D_record& p)
+{
+    return line.b * p.y + line.a * p.x == -line.c;
+}
+
+}  // namespace
+
+bool PlFunz_intersect_ile(const PL_IMP_LINE_2D_record* l1, const PL_IMP_LINE_2D_record* l2,
+                          PL_PNT2D_record* out) noexcept
+{
+    if (same_coefficients(*l1, *l2))
+        return false;
+    const double det = l2->b * l1->a - l1->b * l2->a;
+    if (plcalc::is_zero(det))
+        return false;
+
+    const double inv = PlFunz_inverse(det);
+    *out = {(l1->b * l2->c - l1->c * l2->b) * inv, (l1->c * l2->a - l1->a * l2->c) * inv};
+    return true;
+}
+
+bool PlFunz_intersect_ils(const PL_IMP_LINE_2D_record* line, const PL_LINE_2D_record* seg,
+                          PL_PNT2D_record* out) noexcept
+{
+    PL_IMP_LINE_2D_record segment_line = {};
+    if (PlFunz_lineeq_ile(&seg->start, &seg->end, &segment_line) == kRcSamePoints) {
+        if (!point_on_line(*line, seg->start))
+            return false;
+        *out = seg->start;
+        return true;
+    }
+
+    // Left to right. The box is not indifferent to it: in a near-tie of y its limits come from the end.
+    PL_LINE_2D_record ordered = *seg;
+    if (plcalc::above(ordered.start.x, ordered.end.x))
+        std::swap(ordered.start, ordered.end);
+
+    // The meeting point stays in out also when it lies outside the segment: callers read it.
+    return PlFunz_intersect_ile(line, &segment_line, out) && PlFunz_pnt_in_segbox(&ordered, out);
+}
+
+bool PlFunz_intersect_ls(const PL_LINE_2D_record* s1, const PL_LINE_2D_record* s2,
+                         PL_PNT2D_record* out) noexcept
+{
+    const double ex = s2->end.x - s2->start.x;
+    const double ey = s2->end.y - s2->start.y;
+    const double dx = s1->end.x - s1->start.x;
+    const double dy = s1->end.y - s1->start.y;
+    const double wx = s2->start.x - s1->start.x;
+    const double wy = s2->start.y - s1->start.y;
+
+    const double den = dy * ex - dx * ey;
+    if (plcalc::is_zero(den))
+        return false;
+
+    const double inv = PlFunz_inverse(den);
+    const double t = (wy * ex - wx * ey) * inv;
+    const double u = (wy * dx - wx * dy) * inv;
+    if (!on_segment(t) || !on_segment(u))
+        return false;
+
+    *out = {t * dx + s1->start.x, t * dy + s1->start.y};
+    PlFunz_snap_zero(out->x);
+    PlFunz_snap_zero(out->y);
+    return true;
+}

@@ -1,0 +1,43 @@
+#include <cmath>
+
+// The one call upward in the library: collinearity is judged by the direction angle of arcs/, so that a
+// point is in line here exactly when arcs see it in that direction.
+#include "plcalc/arcs.h"
+
+#include "kernel/angle_units.h"
+#include "kernel/tolerance.h"
+#include "plcalc/lines.h"
+
+namespace {
+
+// Half a turn in radians at fourteen significant digits, deliberately. The cut is 5.9e-13 rad, far inside
+// the margin of the comparison; collinearity on file was judged with it.
+constexpr double kHalfTurnRad = 3.1415926535892;
+
+// Opposite directions become one. Only the half turn is folded: a direction just below a full turn comes
+// out near half a turn, not near zero.
+double fold_half_turn(double dir_rad)
+{
+    return plcalc::at_least(dir_rad, kHalfTurnRad) ? dir_rad - kHalfTurnRad : dir_rad;
+}
+
+}  // namespace
+
+double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* seg) noexcept
+{
+    if (plcalc::is_short(seg->end.x - seg->start.x, seg->end.y - seg->start.y))
+        return PlFunz_distance(p, &seg->start);
+
+    PL_IMP_LINE_2D_record line = {};
+    PlFunz_lineeq_ile(&seg->start, &seg->end, &line);  // done: the segment has length
+    PlFunz_normal_ile(&line);  // refused below 3.16e-4: the raw line then measures, and callers know it
+    return p->y * line.b + p->x * line.a + line.c;
+}
+
+bool PlFunz_pnts_in_line(const PL_PNT2D_record* p0, const PL_PNT2D_record* p1,
+                         const PL_PNT2D_record* p2) noexcept
+{
+    const double dir1_rad = fold_half_turn(PlFunz_arcangle(plcalc::kArcAngleRadians, p0, p1));
+    const double dir2_rad = fold_half_turn(PlFunz_arcangle(plcalc::kArcAngleRadians, p0, p2));
+    return plcalc::is_near(dir1_rad, dir2_rad);
+}
