@@ -1,0 +1,24 @@
+#pragma once
+
+// Helpers of the direction angle: internal, not installed; for arcs/.
+
+#include "plcalc/kernel.h"
+
+/// Quadrant 1 to 4, anticlockwise from +x, each with its closing axis.
+///
+/// @param[in] mode   a plcalc::QuadrantMode: of the vector, of a pseudo-angle, of degrees; otherwise radians
+/// @param[in] angle  the angle, any number of turns; not read in vector mode
+/// @param[in] vec    the vector; read in vector mode only. A component down to -PL_EPS counts as zero.
+/// @return 4 for NaN and infinite angles. A pseudo-angle gives 1, 2, 3 only on the axes 0, 1, 2 and 4
+///         everywhere else: it tells axes, not quadrants, and stays so.
+int PlFunz_quadrant(int mode, double angle, const PL_PNT2D_record* vec) noexcept;
+
+/// tan(phi / 2) for m = tan(phi): (sqrt(m*m + 1) - 1) / m, and 0.0 for |m| <= PL_EPS.
+double PlFunz_halftan(double m) noexcept;
+
+/// A pseudo-angle in radians or degrees.
+///
+/// @param[in] unit    a plcalc::PseudoToUnit: 1 radians, anything else degrees
+/// @param[in] pseudo  pseudo-angle, any number of turns; negative, NaN and infinite ones give 0.0
+/// @return within one turn. Above one turn the two units draw the first quarter's boundary differently.
+double PlFunz_pseudo_to_angle(int unit, double pseudo) noexcept;
