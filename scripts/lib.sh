@@ -1,0 +1,72 @@
+# What the scripts share: set-up of the machine, and saying what happens. Sourced, never run.
+# shellcheck shell=bash
+
+set -euo pipefail
+
+root_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# What every build needs, and what the command-line program and the tests need on top.
+build_packages=(g++ cmake ninja-build pkg-config)
+tool_packages=(libgdal-dev libcli11-dev)
+test_packages=(clang libgtest-dev librapidcheck-dev libgeos-dev gdal-bin binutils python3 git
+               doxygen clang-format clang-tidy shellcheck)
+
+say() {
+    printf '\n== %s\n' "$*"
+}
+
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 1
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Runs a command as root: as it is, or through sudo where that asks no password.
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    else
+        sudo -n "$@"
+    fi
+}
+
+# ensure_packages <package>...: installs what is missing from Debian's or Ubuntu's packages. Where that is
+# not possible, names what is missing and stops.
+ensure_packages() {
+    local missing=() package
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        say "Not a Debian or Ubuntu machine: these packages, or what they are called here, must be present"
+        printf '   %s\n' "$*"
+        return
+    fi
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    say "Installing ${missing[*]}"
+    if [ "$(id -u)" != 0 ] && ! sudo -n true 2>/dev/null; then
+        die "packages are missing and neither root nor sudo is at hand; install them first:
+  apt-get install ${missing[*]}"
+    fi
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        "${missing[@]}" >/dev/null
+}
+
+# build_preset <preset> [target...]: configures and builds it on as many cores as there are.
+build_preset() {
+    local preset=$1
+    shift
+    say "Configuring and building: $preset"
+    cmake --preset "$preset" >"$root_dir/build/$preset.log" 2>&1 || {
+        cat "$root_dir/build/$preset.log" >&2
+        die "configuring $preset failed"
+    }
+    local target_args=()
+    [ $# -eq 0 ] || target_args=(--target "$@")
+    cmake --build "$root_dir/build/$preset" -j "$(nproc)" "${target_args[@]}"
+}
