@@ -62,6 +62,7 @@ build_preset() {
     local preset=$1
     shift
     say "Configuring and building: $preset"
+    mkdir -p "$root_dir/build"
     cmake --preset "$preset" >"$root_dir/build/$preset.log" 2>&1 || {
         cat "$root_dir/build/$preset.log" >&2
         die "configuring $preset failed"
