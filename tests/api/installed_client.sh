@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# installed_client.sh <cmake> <build folder> <source folder> <C++ compiler> <extra C++ flags>: installs the
+# package, moves it elsewhere, and builds and runs an outside client through CMake and through pkg-config.
+set -euo pipefail
+
+cmake=$1 build=$2 source=$3 cxx=$4 flags=$5
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+for component in plcalc plutil; do
+    "$cmake" --install "$build" --prefix "$work/first" --component "$component" >/dev/null
+done
+mv "$work/first" "$work/moved" # the package must not remember where it was installed
+prefix=$work/moved
+
+"$cmake" -S "$source/tests/api/client" -B "$work/client" -DCMAKE_PREFIX_PATH="$prefix" \
+    -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" >"$work/log" 2>&1 &&
+    "$cmake" --build "$work/client" >>"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
+want='18414.82'
+by_cmake=$("$work/client/client")
+
+PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name plcalc.pc)")
+export PKG_CONFIG_PATH
+libdir=$(dirname "$PKG_CONFIG_PATH")
+# shellcheck disable=SC2046,SC2086 # flags are words
+"$cxx" -std=c++11 $flags "$source/tests/api/client/main.cpp" $(pkg-config --cflags --libs --static plcalc) \
+    -o "$work/by_pkg_config"
+by_pkg_config=$(LD_LIBRARY_PATH=$libdir "$work/by_pkg_config")
+
+[ "$by_cmake" = "$want" ] || { echo "through CMake: got $by_cmake, wanted $want" >&2; exit 1; }
+[ "$by_pkg_config" = "$want" ] || { echo "through pkg-config: got $by_pkg_config, wanted $want" >&2; exit 1; }
+if grep -rIl "$build" "$prefix"; then
+    echo "the files above remember the build folder" >&2
+    exit 1
+fi
+echo "an outside client builds and runs both ways"
