@@ -14,6 +14,9 @@
 ///
 /// The CMake targets and the pkg-config files define what is needed.
 
+/// @def PLCALC_API
+/// Stands before everything that is exported.
+
 #if defined(PLCALC_STATIC)
 #define PLCALC_API
 #elif defined(_WIN32)

@@ -12,6 +12,9 @@
 #include <initializer_list>
 #include <vector>
 
+/// @def PLUTIL_API
+/// Stands before everything that is exported.
+
 #if defined(PLUTIL_STATIC)
 #define PLUTIL_API
 #elif defined(_WIN32)
