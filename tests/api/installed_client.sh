@@ -13,9 +13,15 @@ done
 mv "$work/first" "$work/moved" # the package must not remember where it was installed
 prefix=$work/moved
 
-"$cmake" -S "$source/tests/api/client" -B "$work/client" -DCMAKE_PREFIX_PATH="$prefix" \
-    -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" >"$work/log" 2>&1 &&
-    "$cmake" --build "$work/client" >>"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
+build_client() {
+    "$cmake" -S "$source/tests/api/client" -B "$work/client" -DCMAKE_PREFIX_PATH="$prefix" \
+        -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags"
+    "$cmake" --build "$work/client"
+}
+build_client >"$work/log" 2>&1 || {
+    cat "$work/log" >&2
+    exit 1
+}
 want='18414.82'
 by_cmake=$("$work/client/client")
 
