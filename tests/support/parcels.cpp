@@ -1,0 +1,303 @@
+#include "support/parcels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+using test::Ring;
+
+constexpr double kTurnRad = 6.283185307179586;
+
+double between(std::mt19937_64& random, double low, double high)
+{
+    return std::uniform_real_distribution<double>(low, high)(random);
+}
+
+bool one_in(std::mt19937_64& random, int n)
+{
+    return std::uniform_int_distribution<int>(1, n)(random) == 1;
+}
+
+Ring turned(const Ring& ring, double by_rad)
+{
+    Ring out;
+    for (const PL_PNT2D_record& p : ring)
+        out.push_back({p.x * std::cos(by_rad) - p.y * std::sin(by_rad),
+                       p.x * std::sin(by_rad) + p.y * std::cos(by_rad)});
+    return out;
+}
+
+std::vector<double> sorted_directions(std::mt19937_64& random, std::size_t n)
+{
+    // One direction in each n-th of the circle, so that no two coincide and the origin is always inside.
+    std::vector<double> dirs_rad;
+    for (std::size_t i = 0; i < n; ++i)
+        dirs_rad.push_back((static_cast<double>(i) + between(random, 0.1, 0.9)) * kTurnRad /
+                           static_cast<double>(n));
+    return dirs_rad;
+}
+
+// n steps along one axis that lead from one end of [0, size] to the other and back: random places in
+// between, each given to the way out or to the way back.
+std::vector<double> there_and_back(std::mt19937_64& random, std::size_t n, double size)
+{
+    std::vector<double> places;
+    for (std::size_t i = 0; i < n; ++i)
+        places.push_back(between(random, 0.0, size));
+    std::sort(places.begin(), places.end());
+
+    std::vector<double> steps;
+    double out = places.front();
+    double back = places.front();
+    for (std::size_t i = 1; i + 1 < n; ++i) {
+        if (one_in(random, 2)) {
+            steps.push_back(places[i] - out);
+            out = places[i];
+        } else {
+            steps.push_back(back - places[i]);
+            back = places[i];
+        }
+    }
+    steps.push_back(places.back() - out);
+    steps.push_back(back - places.back());
+    return steps;
+}
+
+struct LongPoint {
+    long double x;
+    long double y;
+};
+
+long double cross(const LongPoint& a, const LongPoint& b)
+{
+    return a.x * b.y - a.y * b.x;
+}
+
+LongPoint from_to(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+{
+    return {static_cast<long double>(to.x) - from.x, static_cast<long double>(to.y) - from.y};
+}
+
+long double length(const LongPoint& v)
+{
+    return std::sqrt(v.x * v.x + v.y * v.y);
+}
+
+long double distance_to_segment(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    const LongPoint d = from_to(a, b);
+    const LongPoint w = from_to(a, p);
+    const long double d2 = d.x * d.x + d.y * d.y;
+    long double t = d2 > 0 ? (w.x * d.x + w.y * d.y) / d2 : 0;
+    t = std::min<long double>(1, std::max<long double>(0, t));
+    return length({w.x - t * d.x, w.y - t * d.y});
+}
+
+}  // namespace
+
+namespace test {
+
+Ring ellipse_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    const double flat = between(random, 0.3, 1.0);
+    Ring ring;
+    for (const double dir_rad : sorted_directions(random, n))
+        ring.push_back({0.5 * size * std::cos(dir_rad), 0.5 * size * flat * std::sin(dir_rad)});
+    return turned(ring, between(random, 0.0, kTurnRad));
+}
+
+Ring edge_vector_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    std::vector<double> xs = there_and_back(random, n, size);
+    std::vector<double> ys = there_and_back(random, n, size);
+    std::shuffle(ys.begin(), ys.end(), random);
+    std::vector<PL_PNT2D_record> edges;
+    for (std::size_t i = 0; i < n; ++i)
+        edges.push_back({xs[i], ys[i]});
+    std::sort(edges.begin(), edges.end(), [](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
+        return std::atan2(a.y, a.x) < std::atan2(b.y, b.x);
+    });
+
+    Ring ring;
+    PL_PNT2D_record at = {0.0, 0.0};
+    for (const PL_PNT2D_record& edge : edges) {
+        ring.push_back(at);
+        at = {at.x + edge.x, at.y + edge.y};
+    }
+    return ring;
+}
+
+Ring convex_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    return one_in(random, 2) ? ellipse_ring(random, n, size) : edge_vector_ring(random, n, size);
+}
+
+Ring turned_rectangle(std::mt19937_64& random, double size)
+{
+    const double h = size * between(random, 0.05, 1.0);
+    return turned({{0.0, 0.0}, {size, 0.0}, {size, h}, {0.0, h}}, between(random, 0.0, kTurnRad));
+}
+
+Ring dented_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    Ring ring = ellipse_ring(random, n, size);
+    for (PL_PNT2D_record& p : ring) {
+        if (!one_in(random, 4))
+            continue;
+        const double scale = between(random, 0.8, 1.0);
+        p = {p.x * scale, p.y * scale};
+    }
+    return ring;
+}
+
+Ring star_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    Ring ring;
+    for (const double dir_rad : sorted_directions(random, n)) {
+        const double radius = 0.5 * size * between(random, 0.2, 1.0);
+        ring.push_back({radius * std::cos(dir_rad), radius * std::sin(dir_rad)});
+    }
+    return ring;
+}
+
+Ring comb_ring(std::mt19937_64& random, std::size_t teeth, double size)
+{
+    // The base strip from left to right, then tooth after tooth from right to left.
+    const double step = size / static_cast<double>(2 * teeth - 1);
+    const double strip = size * between(random, 0.1, 0.4);
+    Ring ring = {{0.0, 0.0}, {size, 0.0}};
+    for (std::size_t i = 0; i < teeth; ++i) {
+        const double right = size - static_cast<double>(2 * i) * step;
+        const double left = i + 1 < teeth ? right - step : 0.0;
+        const double top = strip + size * between(random, 0.1, 0.5);
+        if (i > 0)
+            ring.push_back({right, strip});
+        ring.push_back({right, top});
+        ring.push_back({left, top});
+        if (i + 1 < teeth)
+            ring.push_back({left, strip});
+    }
+    return turned(ring, between(random, 0.0, kTurnRad));
+}
+
+Ring l_ring(std::mt19937_64& random, double size)
+{
+    const double w = size * between(random, 0.1, 0.9);
+    const double h = size * between(random, 0.1, 0.9);
+    return turned({{0.0, 0.0}, {size, 0.0}, {size, h}, {w, h}, {w, size}, {0.0, size}},
+                  between(random, 0.0, kTurnRad));
+}
+
+Ring t_ring(std::mt19937_64& random, double size)
+{
+    const double left = size * between(random, 0.1, 0.4);
+    const double right = size * between(random, 0.6, 0.9);
+    const double h = size * between(random, 0.2, 0.8);
+    return turned(
+        {{left, 0.0}, {right, 0.0}, {right, h}, {size, h}, {size, size}, {0.0, size}, {0.0, h}, {left, h}},
+        between(random, 0.0, kTurnRad));
+}
+
+Ring reversed(const Ring& ring)
+{
+    Ring out(ring);
+    if (!out.empty())
+        std::reverse(out.begin() + 1, out.end());
+    return out;
+}
+
+Ring with_vertices_on_sides(std::mt19937_64& random, const Ring& ring)
+{
+    Ring out;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        out.push_back(ring[i]);
+        if (!one_in(random, 3))
+            continue;
+        const PL_PNT2D_record& next = ring[(i + 1) % ring.size()];
+        const double t = between(random, 0.1, 0.9);
+        out.push_back({ring[i].x + t * (next.x - ring[i].x), ring[i].y + t * (next.y - ring[i].y)});
+    }
+    return out;
+}
+
+Ring with_repeated_vertices(std::mt19937_64& random, const Ring& ring)
+{
+    Ring out;
+    for (const PL_PNT2D_record& p : ring) {
+        out.push_back(p);
+        if (one_in(random, 3))
+            out.push_back(p);
+    }
+    return out;
+}
+
+Ring at_utm_size(std::mt19937_64& random, const Ring& ring)
+{
+    const double east = between(random, 2e5, 8e5);
+    const double north = between(random, 4e6, 6e6);
+    Ring out;
+    for (const PL_PNT2D_record& p : ring)
+        out.push_back({p.x + east, p.y + north});
+    return out;
+}
+
+long double signed_area(const Ring& ring)
+{
+    long double twice = 0;
+    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
+        twice += cross(from_to(ring[0], ring[i]), from_to(ring[0], ring[i + 1]));
+    return twice / 2;
+}
+
+long double side_of(const PL_PNT2D_record& p, const PL_PNT2D_record& q, const PL_PNT2D_record& r)
+{
+    return cross(from_to(p, q), from_to(p, r));
+}
+
+long double area_left_of(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    // The ring with what is right of the line taken off: coordinates from p, to keep them small.
+    std::vector<LongPoint> left;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const PL_PNT2D_record& next = ring[(i + 1) % ring.size()];
+        const LongPoint a = from_to(p, ring[i]);
+        const LongPoint b = from_to(p, next);
+        const long double sa = side_of(p, q, ring[i]);
+        const long double sb = side_of(p, q, next);
+        if (sa >= 0)
+            left.push_back(a);
+        if ((sa > 0 && sb < 0) || (sa < 0 && sb > 0)) {
+            const long double t = sa / (sa - sb);
+            left.push_back({a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)});
+        }
+    }
+    long double twice = 0;
+    for (std::size_t i = 0; i < left.size(); ++i)
+        twice += cross(left[i], left[(i + 1) % left.size()]);
+    return std::fabs(twice / 2);
+}
+
+long double distance_to_boundary(const Ring& ring, const PL_PNT2D_record& p)
+{
+    long double nearest = HUGE_VALL;
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        nearest = std::min(nearest, distance_to_segment(ring[i], ring[(i + 1) % ring.size()], p));
+    return nearest;
+}
+
+long double distance_to_vertices(const Ring& ring, const PL_PNT2D_record& p)
+{
+    long double nearest = HUGE_VALL;
+    for (const PL_PNT2D_record& vertex : ring)
+        nearest = std::min(nearest, length(from_to(vertex, p)));
+    return nearest;
+}
+
+long double distance_to_line(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return std::fabs(side_of(a, b, p)) / length(from_to(a, b));
+}
+
+}  // namespace test
