@@ -2,6 +2,8 @@
 
 import math
 
+from reference.arcs import walk_repeats
+
 from .common import (AROUND_EPS, INF, NAN, PL_EPS, SIZES, SPECIAL, both_signs, cases, near, tol)
 
 PI = 3.141592653589793
@@ -68,6 +70,20 @@ def arc_angle(draw):
 # Arc record ------------------------------------------------------------------------------------------
 
 
+def _ends_alike():
+    """Directions of two of the three points closer than the margin, to both sides, and a little apart."""
+    def on_circle(angle):
+        return (round(1000.0 * math.cos(angle), 9), round(1000.0 * math.sin(angle), 9))
+
+    for a1 in (0.5, 2.0, 4.0):
+        p1, far = on_circle(a1), on_circle(a1 + 2.5 if a1 < 3.0 else a1 - 2.5)
+        for share in both_signs([0.3, 0.8, 1.2, 2.0]):
+            beside = on_circle(a1 + share * tol(a1))
+            yield (p1, far, beside)
+            yield (p1, beside, far)
+            yield (far, beside, p1)
+
+
 @cases("PlFunz_arc_3pnts")
 def arc_through_three(draw):
     yield (O, (1.0, 1.0), (2.0, 0.0))
@@ -88,6 +104,7 @@ def arc_through_three(draw):
             for k in range(0, 8, 3 if i % 2 else 2):
                 if len({i, j, k}) == 3:
                     yield (p, q, circle[k])
+    yield from _ends_alike()
     for v in SPECIAL:
         yield ((v, 0.0), (1.0, 1.0), (2.0, 0.0))
         yield (O, (1.0, 1.0), (2.0, v))
@@ -137,8 +154,11 @@ def distance_from_arc(draw):
         for e in near(s - tol(s)) + [s]:
             yield ((O, 1.0, PSEUDO_ANGLE, s, e), (-1.0, -2.0))
             yield ((O, 1.0, PSEUDO_ANGLE, s, e), (3.0, 1.0))
-    for dx in both_signs(near(PL_EPS * 2.0 ** 0.5)) + [0.0]:   # nearer end, tie within the margin
+    for dx in both_signs([5e-8, 7e-7, 7.2e-7, 7.25e-7, 7.4e-7]):   # nearer end, tie within the margin
         yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (-1.0 + dx, -1.0))
+        yield ((O, 1.0, PSEUDO_ANGLE, 1.0, 0.0), (0.5, 0.5 + dx))
+    for step in range(-12, 13):
+        yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (0.0, -(2.0 * PL_EPS + step * 2.0 ** -53)))
     for v in (INF, -INF, NAN, 1e300):
         yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (v, 1.0))
         yield ((O, v, PSEUDO_ANGLE, 0.0, 1.0), (1.0, 1.0))
@@ -164,6 +184,8 @@ def arc_rectangle(draw):
         edge = (s[0] - PL_EPS) / (1.0 + PL_EPS) if s[0] > 0 else (s[0] - PL_EPS) / (1.0 - PL_EPS)
         for x in near(edge, 2):
             yield (unit, s, (x, s[1] + 1e-3))
+    for y in near(0.6 - tol(0.6)) + near(0.6 + tol(0.6)) + near(0.6):
+        yield (unit, (0.8, y), (0.3, 0.6))    # chord: the tolerant minimum and maximum of y
     for s in ((0.6, -0.8), (-0.8, -0.6)):     # lower half: end x against start x with its margin
         for x in near(s[0] + tol(s[0]), 2):
             yield (unit, s, (x, s[1] - 1e-3))
@@ -187,8 +209,36 @@ def arc_rectangle(draw):
 # Arc and segment -------------------------------------------------------------------------------------
 
 
+DEG_PER_RAD_SHORT = 57.2957795131
+
+
 def _level(y, x1=-2.0, x2=2.0):
     return ((x1, y), (x2, y))
+
+
+def _pseudo_ends():
+    """Pseudo-angles beside the axes, in the first turn and one turn on, as end and as start of an arc."""
+    bounds = [PL_EPS]
+    for axis in (1.0, 2.0, 3.0, 4.0):
+        bounds += [axis - tol(axis), axis + tol(axis)]
+        bounds += [4.0 + axis - tol(axis), 4.0 + axis + tol(axis), 4.0 + axis - 1.5e-7, 4.0 + axis + 1.5e-7]
+    for bound in bounds:
+        for angle in near(bound):
+            for seg in (_level(0.5), _level(-0.5), _level(0.0, 0.5, 1.5)):
+                yield ((O, 1.0, PSEUDO_ANGLE, 0.0, angle), seg)
+                yield ((O, 1.0, PSEUDO_ANGLE, 3.0, angle), seg)
+                yield ((O, 1.0, PSEUDO_ANGLE, angle, 3.5), seg)
+
+
+def _box_diagonal():
+    """No box holds a corner of the other: the two sides of the diagonal's ends decide, by a raw product.
+
+    Powers of two keep the two side values exact; their product passes -1e-7 as y grows.
+    """
+    r, reach = 2.0 ** -6, 2.0 ** -5
+    y = (r - math.sqrt(r * r - 4.0 * PL_EPS * 2.0 ** 8)) / 2.0
+    for level in near(y, 5):
+        yield ((O, r, PSEUDO_ANGLE, 0.0, 2.0), _level(level, -reach, reach))
 
 
 @cases("PlFunz_intarcline_ls")
@@ -220,19 +270,28 @@ def arc_and_segment(draw):
         yield (upper_pseudo, ((0.0, 1.0), (length, 1.0)))
 
     touch = ((0.0, 0.5), (0.0, 1.5))                  # meets at 90 degrees exactly
-    for s in _starts_at(90.0):
-        yield ((O, 1.0, DEGREES, s, 200.0), touch)
-        yield ((O, 1.0, DEGREES, s, 45.0), touch)
-    for e in _ends_at(90.0):
-        yield ((O, 1.0, DEGREES, 10.0, e), touch)
-        yield ((O, 1.0, DEGREES, 300.0, e), touch)
+    small = ((0.0, 0.1), (0.0, 0.5))                  # the same at a radius whose box lets the margin through
+    across = ((0.0, -2.0), (0.0, 2.0))                # and with the point at 270 degrees as well
+    for radius, seg in ((1.0, touch), (0.25, small), (1.0, across)):
+        for s in _starts_at(90.0):
+            yield ((O, radius, DEGREES, s, 200.0), seg)
+            yield ((O, radius, DEGREES, s, 45.0), seg)
+        for e in _ends_at(90.0):
+            yield ((O, radius, DEGREES, 10.0, e), seg)
+            yield ((O, radius, DEGREES, 300.0, e), seg)
     for s in (0.0, 30.0, 300.0):                      # a whole circle, or nearly
         for e in near(s + tol(s), 2) + near(s - tol(s), 2):
             yield ((O, 1.0, DEGREES, s, e), _level(0.3))
             yield ((O, 1.0, DEGREES, s, e), _level(0.3, 0.0))
-    for k in both_signs(near(PL_EPS)):                # the diagonal of the box against the segment's line
-        yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 2.0), ((-2.0, k), (2.0, k)))
-        yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 2.0), ((-2.0, 1.0 + k), (2.0, 1.0 + k)))
+    for deg in _starts_at(90.0, 0) + _ends_at(90.0, 0):   # the same in radians, whose factor is cut short
+        for angle in near(deg / DEG_PER_RAD_SHORT, 3):
+            yield ((O, 0.25, RADIANS, angle, 3.0), small)
+            yield ((O, 0.25, RADIANS, 0.2, angle), small)
+    yield from _pseudo_ends()
+    yield from _box_diagonal()
+    for k in both_signs(near(PL_EPS)):
+        yield (upper_pseudo, ((-2.0, k), (2.0, k)))
+        yield (upper_pseudo, ((-2.0, 1.0 + k), (2.0, 1.0 + k)))
     yield ((O, 0.0, PSEUDO_ANGLE, 0.0, 2.0), ((0.0, -1.0), (0.0, 1.0)))
     yield ((O, -1.0, PSEUDO_ANGLE, 0.0, 2.0), _level(0.5))
     yield ((O, -1.0, PSEUDO_ANGLE, 0.0, 2.0), _level(-0.5))
@@ -248,6 +307,13 @@ def arc_and_segment(draw):
             arc = _arc(draw, size)
             p = draw.beside(arc[0], size)
             yield (arc, (p, draw.beside(arc[0], size)))
+        for _ in range(40):  # long segments past a small arc: no corner of either box in the other
+            arc = _arc(draw, size)
+            (cx, cy), reach = arc[0], draw.reach(size)
+            arc = (arc[0], 0.1 * arc[1] + 0.01 * reach) + arc[2:]
+            dx, dy = draw.between(-reach, reach), draw.between(-reach, reach)
+            off_x, off_y = draw.between(-1.2, 1.2) * arc[1], draw.between(-1.2, 1.2) * arc[1]
+            yield (arc, ((cx + off_x - dx, cy + off_y - dy), (cx + off_x + dx, cy + off_y + dy)))
 
 
 # Point in polygon ------------------------------------------------------------------------------------
@@ -263,6 +329,17 @@ _RUNS = [(0.0, 0.0), (1.0, 0.0), (2.0, 0.0), (3.0, 0.0), (3.0, 1.0), (3.0, 2.0),
 
 def _rotations(ring):
     return [ring[i:] + ring[:i] for i in range(len(ring))]
+
+
+def _endless_walks(draw, count):
+    """Rings around which the walk comes back to where it was, found by trial."""
+    while count > 0:
+        p = (round(draw.between(0.0, 3.0), 2), float(draw.integer(0, 3)))
+        ring = [(round(draw.between(0.0, 3.0), 2) if draw.chance(0.7) else float(draw.integer(0, 3)),
+                 float(draw.integer(0, 3))) for _ in range(draw.integer(3, 8))]
+        if walk_repeats(p, ring):
+            count -= 1
+            yield p, ring
 
 
 @cases("PlFunz_inpolygon")
@@ -302,13 +379,23 @@ def in_polygon(draw):
         yield ((0.5, 0.0), [(0.0, -1.0), (1.0, 0.0), (2.0, d), (1.0, 1.0)], 0)
         yield ((-0.5, 0.0), [(0.0, -1.0), (1.0, 0.0), (2.0, d), (3.0, 0.0), (1.0, 1.0)], 0)
         yield ((-0.5, 0.5), [(-1.0, 0.0), (0.0, 0.0), (d, 1.0), (-1.0, 1.0)], 0)
+    heights = [0.0, 0.0, 1.0, 2.0, 2.0] + near(1.0 - tol(1.0)) + near(1.0 + tol(1.0))
+    heights += near((1.0 - PL_EPS) / (1.0 + PL_EPS)) + near((1.0 + PL_EPS) / (1.0 - PL_EPS))
+    abscissas = [-1.0, 2.0, 3.0, 5.0] + near(0.5 - tol(0.5)) + near(0.5 + tol(0.5))
+    for _ in range(400):  # every comparison of the walk on its edge
+        ring = [(draw.pick(abscissas), draw.pick(heights)) for _ in range(draw.integer(3, 6))]
+        yield ((0.5, 1.0), ring, 0)
+    for p, ring in _endless_walks(draw, 80):
+        yield (p, ring, 0)
+    for x in near(-1.7e200 - tol(1.7e200)) + [-1.8e200]:
+        yield ((x, 0.5), [(x, 0.0), (x, 1.0), (-1.8e200, 1.0), (x, 2.0)], 0)
     for v in (INF, -INF, NAN, 1e300):
         yield ((v, 0.5), _SQUARE, 0)
         yield ((0.5, v), _SQUARE, 0)
         yield ((0.5, 0.5), [O, (1.0, 0.0), (v, 1.0), (0.0, 1.0)], 0)
         yield ((0.5, 0.5), [O, (1.0, v), (1.0, 1.0), (0.0, 1.0)], 0)
         yield ((0.5, 0.5), [(v, v)] * 4, 0)
-    for _ in range(220):  # rings on a coarse grid: many rays through vertices, runs, walks that return
+    for _ in range(400):  # rings on a coarse grid: many rays through vertices, runs, walks that return
         ring = [(float(draw.integer(0, 3)), float(draw.integer(0, 3))) for _ in range(draw.integer(3, 9))]
         yield ((draw.integer(-1, 7) * 0.5, draw.integer(0, 6) * 0.5), ring, draw.integer(0, 2))
     for size in SIZES:

@@ -8,6 +8,8 @@ def bearing(draw):
     for a in both_signs([0.0, 1.0, 1e-300, TINY, 1e300, HUGE, INF]) + [NAN]:
         for b in both_signs([0.0, 1.0, 1e-300, TINY, 1e300, INF]) + [NAN]:
             yield (a, b)
+    for a in (-4e-16, -5e-16, -8.9e-16, -1e-15, -2e-15):     # up to a full turn, or all the way
+        yield (a, 1.0)
     for size in SIZES:
         for _ in range(25):
             p, q = draw.segment(size)

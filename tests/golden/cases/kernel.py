@@ -198,6 +198,7 @@ def polar_point(draw):
     yield from _polar_rows()
     for unit, angle in _polar_bounds():
         yield (unit, (10.0, 20.0), 5.0, angle)
+        yield (unit, (0.0, 0.0), 5.0, angle)  # the two formulas beside a bound differ in the small offset
     for unit, angle in _polar_many_turns():
         yield (unit, (10.0, 20.0), 5.0, angle)
     for x in both_signs(near(PL_EPS) + [5e-8, 0.0]):  # a coordinate that is snapped to zero, or not

@@ -126,6 +126,9 @@ def line_and_segment(draw):
     yield ((0.0, 1.0, 0.0), ((0.0, 0.0), (1.0, 0.0)))
     yield ((1.0, -1.0, 0.0), ((2.0, 2.0), (2.0 + 9e-8, 2.0)))
     yield ((0.0, -0.0, 0.0), ((2.0, 2.0), (2.0, 2.0)))
+    for c in near(-7.0) + [7.0, 0.0]:                       # the degenerate segment is exact, or nothing
+        yield ((1.0, 1.0, c), ((2.0, 5.0), (2.0, 5.0)))
+        yield ((-1.0, -1.0, -c), ((2.0, 5.0), (2.0 - 5e-8, 5.0 + 5e-8)))
     upright = both_signs([0.0, 1e-7, 0.25]) + [1.0]
     for c in upright + near(-1e-7, 3) + near(ONE_UP, 3) + near(1.0) + [2.0, -1.0]:
         for seg in (((0.0, 0.0), (1.0, 0.0)), ((1.0, 0.0), (0.0, 0.0)), ((0.0, 0.0), (1.0, 1.0))):
@@ -208,6 +211,25 @@ def distance_from_line(draw):
             yield (draw.beside(seg[0], size), seg)
 
 
+HALF_TURN_SHORT = 3.1415926535892
+LEFT_OUT = math.pi - HALF_TURN_SHORT  # 6e-13: what the short half turn leaves in a folded direction
+
+
+def _beside_the_short_half_turn(o):
+    """Rows that a full pi would answer otherwise: a third of that difference from the edge."""
+    for deg in (30.0, 45.0, 60.0):
+        a = math.radians(deg)
+        for edge in (tol(a) - LEFT_OUT, -tol(a) - LEFT_OUT):
+            for turn in (edge - LEFT_OUT / 3.0, edge + LEFT_OUT / 3.0):
+                p = (round(math.cos(a), 15), round(math.sin(a), 15))
+                q = (round(-math.cos(a + turn), 15), round(-math.sin(a + turn), 15))
+                yield (o, q, p)
+    edge = tol(HALF_TURN_SHORT) + LEFT_OUT
+    for dy in (edge - LEFT_OUT / 3.0, edge + LEFT_OUT / 3.0, edge - 2.0 * LEFT_OUT):
+        yield (o, (-1.0, dy), (-1.0, 5e-7))
+        yield (o, (-1.0, 5e-7), (-1.0, dy))
+
+
 @cases("PlFunz_pnts_in_line")
 def collinear(draw):
     o = (0.0, 0.0)
@@ -234,6 +256,7 @@ def collinear(draw):
             q = (round(100.0 * math.cos(b), 12), round(100.0 * math.sin(b), 12))
             yield (o, p, q)
             yield (o, q, p)
+    yield from _beside_the_short_half_turn(o)
     for v in (INF, -INF, NAN):
         yield (o, (v, 1.0), (1.0, 1.0))
         yield (o, (1.0, 1.0), (1.0, v))

@@ -22,6 +22,9 @@ TWICE = [O, (100.0, 0.0), (100.0, 0.0), (100.0, 50.0), (0.0, 50.0), (0.0, 50.0)]
 CLOSED = RECTANGLE + [O]                                                               # first one repeated
 SLOPING = [(3.0, 4.0), (83.0, 24.0), (71.0, 72.0), (-9.0, 52.0)]
 
+BOW_TIE = [O, (60.0, 60.0), (60.0, 0.0), (0.0, 60.0)]                                  # its signed area is 0
+NOTCH = [O, (100.0, -50.0), (100.0, 50.0), (-100.0, 50.0), (-100.0, -50.0)]            # alike either way from 0
+
 SHAPES = (RECTANGLE, TRIANGLE, L_SHAPE, U_SHAPE, COMB, ON_A_SIDE, TWICE, CLOSED, SLOPING)
 
 
@@ -87,6 +90,15 @@ def _chosen():
                 for share in (0.2, 0.5, 0.85):
                     ring = shape if share != 0.5 else shape[::-1]
                     yield _at_side(ring, k, mode, whole * share)
+        for share in (0.05, 0.15, 0.3, 0.45, 0.6, 0.8):
+            yield _at_side(NOTCH, 0, mode, _area(NOTCH) * share)
+            yield _at_side(NOTCH[::-1], 4, mode, _area(NOTCH) * share)
+            yield _at_side(BOW_TIE, 0, mode, 900.0 * share)
+            yield _at_side(BOW_TIE[::-1], 1, mode, 900.0 * share)
+        for slant in (1e-3, -1e-3, 1e-6, -1e-6, 1e-8, 0.5, -0.5):   # the side's normal beside +x: 0 or 400 gons
+            for x, y in (O, (1000.0, 2000.0), (5e5, 5e6)):
+                leaning = [(x, y), (x + 100.0, y), (x + 100.0, y + 50.0), (x + slant, y + 50.0)]
+                yield _at_side(leaning, 3, mode, 1000.0)
         for v in (INF, -INF, NAN):
             yield _at_side([O, (100.0, 0.0), (100.0, v), (0.0, 50.0)], 0, mode, 1000.0)
             yield _at_side([O, (100.0, 0.0), (v, 50.0), (0.0, 50.0)], 0, mode, 1000.0)

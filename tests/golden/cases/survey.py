@@ -63,6 +63,10 @@ def crossing_of_two_pairs(draw):
     yield _flat((O, O, (0.0, 1.0), (1.0, 2.0)))                 # one point twice
     yield _flat(((2.0, 3.0), (2.0, 3.0), (5.0, 5.0), (5.0, 5.0)))
     yield _flat(((0.1, 0.2), (0.4, 0.8), (0.2, 0.4), (0.3, 0.6)))
+    for k in (2.0, 3.0, -0.5, 7.0):
+        yield _flat((O, (k, k), (0.0, 1.0), (1.0, 2.0)))
+        yield _flat(((1.0, 2.0), (1.0, 2.0 + k), (5.0, 6.0), (5.0, 7.0)))
+        yield _flat(((1.0, 2.0), (1.0 + k, 2.0), (9.0, 2.0), (5.0, 2.0)))
     for d in both_signs(near(PL_EPS)) + [0.0, 1e-9, 1e-300]:
         yield _flat((O, (1.0, 0.0), (0.0, 1.0), (1.0, 1.0 + d)))
         yield _flat((O, (1.0, 0.0), (0.0, 1.0), (1.0, 1.0 + 2.0 * d)))
@@ -390,7 +394,8 @@ def ring_measures(draw):
     for ring in ([], [(3.0, 4.0)], [(-3.0, -4.0)], [O, (3.0, 4.0)], square, square[::-1], square + [O],
                  [O, (2.0, 2.0), (2.0, 0.0), (0.0, 2.0)],               # figure eight
                  [(1e8 + x, 1e8 + y) for x, y in square],               # no shift of origin
-                 [(-0.0, -0.0)] * 3, [(7.0, 7.0)] * 5):
+                 [(-0.0, -0.0)] * 3, [(7.0, 7.0)] * 5,
+                 [O, (1e154, 1.5e154), (-1.5e154, 0.0)]):               # overflows before it is halved
         yield (ring,)
     for v in SPECIAL:
         yield ([(v, 0.0), (1.0, 0.0), (1.0, 1.0)],)

@@ -329,7 +329,7 @@ class _AllOnOneLine(Exception):
     """A run of vertices goes all the way round."""
 
 
-class _WalkRepeats(Exception):
+class WalkRepeats(Exception):
     """The walk stands where it has stood before."""
 
 
@@ -399,8 +399,9 @@ def _classify(p, vertices, prev, i, j, k):
     return 3
 
 
-def _walk_crossings(p, vertices, ray):
+def _walk_crossings(p, vertices, rightmost):
     n = len(vertices)
+    ray = (p, (vertices[rightmost][0] + 1000.0, p[1]))
     last = n - 1
     crossings = 0
     prev, i = last, 0
@@ -408,7 +409,7 @@ def _walk_crossings(p, vertices, ray):
     seen = set()
     while i < n:
         if (prev, i, j) in seen:
-            raise _WalkRepeats
+            raise WalkRepeats
         seen.add((prev, i, j))
 
         k = _merge_runs(vertices, j, (j + 1) % n)
@@ -437,6 +438,17 @@ def _walk_crossings(p, vertices, ray):
     return crossings
 
 
+def walk_repeats(p, vertices):
+    """Whether the walk around this ring would go on for ever."""
+    try:
+        _walk_crossings(p, vertices, 0)
+    except WalkRepeats:
+        return True
+    except _AllOnOneLine:
+        pass
+    return False
+
+
 def _half_open_crossings(p, vertices):
     px, py = p
     crossings = 0
@@ -457,11 +469,10 @@ def PlFunz_inpolygon(p, vertices, rightmost):
         rightmost = 0
     if rightmost == 0:
         rightmost = _rightmost(vertices)
-    ray = (p, (vertices[rightmost][0] + 1000.0, p[1]))
     try:
-        crossings = _walk_crossings(p, vertices, ray)
+        crossings = _walk_crossings(p, vertices, rightmost)
     except _AllOnOneLine:
         return False, rightmost
-    except _WalkRepeats:
+    except WalkRepeats:
         crossings = _half_open_crossings(p, vertices)
     return crossings % 2 == 1, rightmost

@@ -3,20 +3,19 @@
 Ints and bools are exact always: cases that one unit in the last place tips from one answer to another
 are not among the vectors (make.py tries each case with such results and drops it).
 
-An angle passes through one arctangent, one factor and one sum: four units in the last place of the
-largest angle of its unit, 2 pi, 360 or 400, bound that, and 2^-50 of max(|angle|, 1) is never more than
-that for the angles that are not tiny.
+An angle passes through one arctangent, at most two factors and one sum. It may be off by 2^-50 of
+max(|angle|, 1), which is four to eight units in its last place; moving every platform result of the vectors
+by one unit uses up half of that at most.
 
-A coordinate or a distance is a coordinate plus a distance times a sine or cosine, rounded at the size of
-the coordinates: 2^-48, that is 16 units in the last place, of the largest coordinate or distance that was
-handed in. An angle handed in counts too, since it is a plain operand, yet none is larger than the
-coordinates that matter.
+A coordinate or a distance is a coordinate plus a distance times a sine or cosine, rounded at the size of the
+coordinates. It may be off by 2^-48 of the largest operand, 16 to 32 units in that one's last place; the
+rotation matrix, whose shift goes through three products, uses up half of that, all others a fifth.
 
-`CFrazArea` through a vertex builds its ray from the vertex and a point one unit away. At coordinates of
-5e6 that point is rounded to 1e-9, so one bit of a cosine turns the ray by 1e-9 and moves its far end,
-kilometres away, by some 1e-6; a longer search adds to that. 2^-38 of the largest operand, 2e-5 at 5e6
-and a few 1e-9 for a parcel at the origin, bounds what make.py finds, with the cut area still within its
-own 1e-6. The other two cuts use the arctangent only to tell one side of a line from the other.
+`CFrazArea` through a vertex cuts with a ray from the vertex to a point one unit away. At coordinates of 5e6
+that point is rounded to 1e-9, so that mostly nothing changes and seldom the far end moves by some 1e-6; the
+second kind of case is not among the vectors. What is left may be off by 2^-43 of the largest operand, 6e-7
+at 5e6 and 1e-11 for a parcel at the origin, and uses up a quarter of it. The other two cuts use the
+arctangent only to tell one side of a line from the other: moved results left each of their bits alone.
 """
 
 import math
