@@ -1,0 +1,32 @@
+#pragma once
+
+// A parcel whose vertices are the rows of a table.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <ogrsf_frmts.h>
+
+#include "plcalc/kernel.h"
+
+namespace tool {
+
+/// Where East and North stand in a table.
+struct PointColumns {
+    int east = -1;   ///< field index
+    int north = -1;  ///< field index
+};
+
+/// The columns with coordinates: E and N, East and North, Easting and Northing, Est and Nord, X and Y, in
+/// capitals or not; the first of these pairs that is there as a pair.
+std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
+
+/// The rows as points, in the file's order.
+///
+/// @throws Failure  unusable_input for a row without a number in both columns. A comma before the decimals is
+///                  refused rather than guessed at: 1,250 is one thing here and another there.
+std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns,
+                                         const std::string& where);
+
+}  // namespace tool

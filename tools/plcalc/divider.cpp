@@ -1,0 +1,202 @@
+#include "divider.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "local_frame.h"
+#include "pieces.h"
+#include "plcalc/subdivision.h"
+#include "plcalc/survey.h"
+
+namespace tool {
+namespace {
+
+using Ring = std::vector<PL_PNT2D_record>;
+
+// A line is right when the piece misses the request by no more than this part of the parcel: a square
+// decimetre on a hectare. The library's own test is relative to what it searches, which in a perpendicular
+// cut is the rest after the side's midpoint and not the request.
+constexpr long double kRelParcelTol = 1e-6L;
+
+// Nor by more than this part of the smaller piece: of a request of a millionth of the parcel, the test above
+// would let pass whatever came out, nothing at all included.
+constexpr long double kRelPieceTol = 0.01L;
+
+constexpr std::size_t kMinVertices = 3;
+
+// The parcel as the library takes it, and where the request's side or vertex is in it.
+struct Prepared {
+    Ring ring;                // in the local frame, no neighbours that coincide
+    std::size_t start = 0;    // first end of the side, or the vertex
+    bool has_length = false;  // the side has a direction
+};
+
+// As the library sees it: a step of PL_EPS or less on both axes has no direction.
+bool coincide(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
+{
+    return std::fabs(a.x - b.x) <= PL_EPS && std::fabs(a.y - b.y) <= PL_EPS;
+}
+
+bool all_finite(const Ring& ring)
+{
+    for (const PL_PNT2D_record& p : ring)
+        if (!std::isfinite(p.x) || !std::isfinite(p.y))
+            return false;
+    return true;
+}
+
+// Drops every vertex that coincides with the one kept before it, and the last ones that coincide with the
+// first: the search through a vertex takes its first direction towards the next one, and a repeated vertex
+// has none to give.
+Prepared prepare(const Ring& ring, const LocalFrame& frame, std::size_t number)
+{
+    Prepared prepared;
+    std::vector<std::size_t> kept_as(ring.size());
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const PL_PNT2D_record p = frame.to_local(ring[i]);
+        if (prepared.ring.empty() || !coincide(prepared.ring.back(), p))
+            prepared.ring.push_back(p);
+        kept_as[i] = prepared.ring.size() - 1;
+    }
+    while (prepared.ring.size() > 1 && coincide(prepared.ring.back(), prepared.ring.front()))
+        prepared.ring.pop_back();
+
+    for (std::size_t& index : kept_as)
+        if (index >= prepared.ring.size())
+            index = 0;
+
+    prepared.start = kept_as[number - 1];
+    prepared.has_length = prepared.start != kept_as[number % ring.size()];
+    return prepared;
+}
+
+const PL_PNT2D_record& next(const Ring& ring, std::size_t i)
+{
+    return ring[(i + 1) % ring.size()];
+}
+
+CPoint3dVector as_library_points(const Ring& ring)
+{
+    CPoint3dVector points;
+    points.Reserve(static_cast<int>(ring.size()));
+    for (const PL_PNT2D_record& p : ring)
+        points.Append(p.x, p.y, 0.0);
+    return points;
+}
+
+// The request in the frame's unit. Powers of two: the area is the same to the last bit.
+Request scaled(Request request, double scale)
+{
+    const bool product = request.given == AreaGiven::as_product;
+    request.value1 *= product ? scale : scale * scale;
+    request.value2 *= scale;
+    return request;
+}
+
+bool call_library(const CPoint3dVector& points, const Prepared& prepared, const Request& local,
+                  PL_PNT2D_record& p, PL_PNT2D_record& q)
+{
+    CFrazArea search(points, prepared.ring[prepared.start], next(prepared.ring, prepared.start),
+                     static_cast<int>(local.cut), static_cast<int>(local.given), local.value1, local.value2);
+    double z = 0.0;
+    return search.Esegui(p.x, p.y, z, q.x, q.y, z);
+}
+
+// Whether the side i lies in the piece after `from`: the walk from `from` meets it before `to`.
+bool side_after_from(const Pieces& pieces, std::size_t side, std::size_t n)
+{
+    return (side + n - pieces.from_side) % n < (pieces.to_side + n - pieces.from_side) % n;
+}
+
+// Whether the piece after `from` lies ahead of the line, where the side a-b runs to.
+bool ahead_after_from(const Pieces& pieces, const PL_PNT2D_record& a, const PL_PNT2D_record& b,
+                      bool anticlockwise)
+{
+    const double line_x = pieces.to.x - pieces.from.x;
+    const double line_y = pieces.to.y - pieces.from.y;
+    const bool runs_to_the_right = line_y * (b.x - a.x) - line_x * (b.y - a.y) > 0.0;
+    return runs_to_the_right == anticlockwise;
+}
+
+bool request_after_from(const Pieces& pieces, const Prepared& prepared, Cut cut, bool anticlockwise)
+{
+    const Ring& ring = prepared.ring;
+    switch (cut) {
+    case Cut::parallel:
+        return side_after_from(pieces, prepared.start, ring.size());
+    case Cut::perpendicular:
+        return ahead_after_from(pieces, ring[prepared.start], next(ring, prepared.start), anticlockwise);
+    case Cut::through_vertex:
+        break;
+    }
+    return true;  // the line starts at the vertex, and the side after it follows
+}
+
+// Whether the pieces are what was asked for and make up the parcel.
+bool holds(long double got, long double rest, long double asked, long double parcel)
+{
+    const long double smaller = std::min(asked, parcel - asked);
+    const long double tolerance = std::min(kRelParcelTol * parcel, kRelPieceTol * smaller);
+    return std::fabs(got - asked) <= tolerance && std::fabs(got + rest - parcel) <= tolerance;
+}
+
+// Measures the pieces and takes the line back to the parcel's coordinates when they are right.
+Outcome check(const Prepared& prepared, const Request& local, const LocalFrame& frame,
+              const PL_PNT2D_record& p, const PL_PNT2D_record& q, Division& division)
+{
+    Pieces pieces;
+    if (!part_ring(prepared.ring, p, q, pieces))
+        return Outcome::line_leaves_parcel;
+
+    const bool first = request_after_from(pieces, prepared, local.cut, division.anticlockwise);
+    const long double got = first ? pieces.after_from_area : pieces.after_to_area;
+    const long double rest = first ? pieces.after_to_area : pieces.after_from_area;
+    const double scale2 = frame.scale() * frame.scale();
+    division.request_area = static_cast<double>(got / scale2);
+    division.rest_area = static_cast<double>(rest / scale2);
+    division.from = frame.from_local(pieces.from);
+    division.to = frame.from_local(pieces.to);
+
+    const long double parcel = static_cast<long double>(division.parcel_area) * scale2;
+    const bool ok = holds(got, rest, local.area(), parcel);
+    return ok ? Outcome::divided : Outcome::request_missed;
+}
+
+}  // namespace
+
+Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request, Division& division)
+{
+    division = {};
+    if (!std::isfinite(request.area()) || !(request.area() > 0.0))
+        return Outcome::area_not_positive;
+    if (ring.size() < kMinVertices || !all_finite(ring))
+        return Outcome::ring_not_usable;
+    if (request.number < 1 || static_cast<unsigned long long>(request.number) > ring.size())
+        return Outcome::no_such_number;
+
+    const std::size_t number = static_cast<std::size_t>(request.number);
+    const LocalFrame frame(ring, ring[number - 1], next(ring, number - 1), request.cut);
+    const Prepared prepared = prepare(ring, frame, number);
+    if (request.cut != Cut::through_vertex && !prepared.has_length)
+        return Outcome::side_without_length;
+
+    const CPoint3dVector points = as_library_points(prepared.ring);
+    division.anticlockwise = AreaCalcolataSgn(points) > 0.0;
+    division.parcel_area = AreaCalcolata(points) / (frame.scale() * frame.scale());
+    division.perimeter = PeriCalcolato(points) / frame.scale();
+    const bool measurable = std::isfinite(division.parcel_area) && std::isfinite(division.perimeter);
+    if (prepared.ring.size() < kMinVertices || !measurable || !(division.parcel_area > 0.0))
+        return Outcome::ring_not_usable;
+    if (!(request.area() < division.parcel_area))
+        return Outcome::area_not_below_parcel;
+
+    PL_PNT2D_record p = {};
+    PL_PNT2D_record q = {};
+    const Request local = scaled(request, frame.scale());
+    if (!call_library(points, prepared, local, p, q))
+        return Outcome::no_line;
+    return check(prepared, local, frame, p, q, division);
+}
+
+}  // namespace tool

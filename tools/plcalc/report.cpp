@@ -1,0 +1,168 @@
+#include "report.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <vector>
+
+#include "numbers.h"
+
+namespace tool {
+namespace {
+
+// One line of the table: what it is, then numbers under each other.
+struct Row {
+    std::string label;
+    std::vector<std::string> cells;
+};
+
+std::string numbered(const char* what, long long number)
+{
+    return std::string(what) + " " + std::to_string(number);
+}
+
+// Vertices count on from the last to the first.
+long long after(long long number, const Parcel& parcel)
+{
+    return number % static_cast<long long>(parcel.ring.size()) + 1;
+}
+
+std::string described_side(const Parcel& parcel, long long number)
+{
+    return numbered("side", number) + ", from vertex " + std::to_string(number) + " to vertex " +
+           std::to_string(after(number, parcel));
+}
+
+std::string described_cut(const Parcel& parcel, const Request& request)
+{
+    switch (request.cut) {
+    case Cut::parallel:
+        return "parallel to " + described_side(parcel, request.number);
+    case Cut::perpendicular:
+        return "perpendicular to " + described_side(parcel, request.number);
+    case Cut::through_vertex:
+        break;
+    }
+    return "through " + numbered("vertex", request.number);
+}
+
+std::string request_label(const Parcel& parcel, const Request& request)
+{
+    switch (request.cut) {
+    case Cut::parallel:
+        return "cut off, along " + numbered("side", request.number);
+    case Cut::perpendicular:
+        return "cut off, ahead towards " + numbered("vertex", after(request.number, parcel));
+    case Cut::through_vertex:
+        break;
+    }
+    return "cut off, along " + numbered("side", request.number);
+}
+
+// Characters, not bytes, so that a label in UTF-8 does not shift its numbers.
+std::size_t width_of(const std::string& text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+void print(std::ostream& out, const std::vector<Row>& rows)
+{
+    constexpr std::size_t kGap = 2;
+    std::size_t label_width = 0;
+    std::size_t cell_width = 0;
+    for (const Row& row : rows) {
+        label_width = std::max(label_width, width_of(row.label));
+        for (const std::string& cell : row.cells)
+            cell_width = std::max(cell_width, width_of(cell));
+    }
+    for (const Row& row : rows) {
+        out << row.label;
+        std::size_t fill = label_width - width_of(row.label);
+        for (const std::string& cell : row.cells) {
+            out << std::string(fill + kGap + cell_width - width_of(cell), ' ') << cell;
+            fill = 0;
+        }
+        out << '\n';
+    }
+}
+
+std::string range(const Parcel& parcel)
+{
+    return "1 to " + std::to_string(parcel.ring.size());
+}
+
+std::string no_such_number(const Parcel& parcel, const Request& request)
+{
+    const bool vertex = request.cut == Cut::through_vertex;
+    return "there is no " + numbered(vertex ? "vertex" : "side", request.number) + "; the parcel has " +
+           (vertex ? "vertices " : "sides ") + range(parcel);
+}
+
+std::string missed(const Request& request, const Division& division)
+{
+    return "the line found misses the requested area " + fixed4(request.area()) + " by " +
+           rough(std::fabs(division.request_area - request.area())) +
+           "; ask for another side, vertex or kind of cut";
+}
+
+}  // namespace
+
+std::string division_table(const Parcel& parcel, const Request& request, const Division& division)
+{
+    std::ostringstream out;
+    out << "Parcel  " << parcel.where << '\n'
+        << "        " << parcel.ring.size() << " vertices, "
+        << (division.anticlockwise ? "anticlockwise" : "clockwise") << '\n'
+        << "Cut     " << described_cut(parcel, request) << "\n\n";
+    print(out, {
+                   {"Dividing line", {"E", "N"}},
+                   {"  from", {fixed4(division.from.x), fixed4(division.from.y)}},
+                   {"  to", {fixed4(division.to.x), fixed4(division.to.y)}},
+                   {"", {}},
+                   {"Area", {}},
+                   {"  requested", {fixed4(request.area())}},
+                   {"  " + request_label(parcel, request), {fixed4(division.request_area)}},
+                   {"  rest", {fixed4(division.rest_area)}},
+                   {"  parcel", {fixed4(division.parcel_area)}},
+                   {"Perimeter", {fixed4(division.perimeter)}},
+               });
+    return out.str();
+}
+
+Failure division_failure(Outcome outcome, const Parcel& parcel, const Request& request,
+                         const Division& division)
+{
+    const auto failure = [&](ExitStatus status, const std::string& what) {
+        return Failure(status, parcel.where + ": " + what);
+    };
+    switch (outcome) {
+    case Outcome::no_such_number:
+        return failure(ExitStatus::wrong_use, no_such_number(parcel, request));
+    case Outcome::side_without_length:
+        return failure(ExitStatus::wrong_use, numbered("side", request.number) +
+                                                  " has no length, its two vertices are one point; "
+                                                  "choose the side before or after it");
+    case Outcome::area_not_positive:
+        return failure(ExitStatus::wrong_use, "the requested area is not a number above 0");
+    case Outcome::ring_not_usable:
+        return failure(ExitStatus::unusable_input,
+                       "the parcel has no area that can be computed; check its coordinates");
+    case Outcome::area_not_below_parcel:
+        return failure(ExitStatus::cannot_cut, "the requested area " + fixed4(request.area()) +
+                                                   " is not below the parcel's " +
+                                                   fixed4(division.parcel_area) + "; ask for less");
+    case Outcome::line_leaves_parcel:
+        return failure(ExitStatus::cannot_cut,
+                       "the line found does not part the parcel in two, it touches the boundary on its way "
+                       "or leaves the parcel; ask for another side, vertex or kind of cut");
+    case Outcome::request_missed:
+        return failure(ExitStatus::cannot_cut, missed(request, division));
+    case Outcome::no_line:
+    case Outcome::divided:
+        break;
+    }
+    return failure(ExitStatus::cannot_cut, "no line was found; ask for another side, vertex or kind of cut");
+}
+
+}  // namespace tool
