@@ -35,9 +35,12 @@ double coordinate(const OGRFeature& row, int field, const std::string& where)
     if (value)
         return *value;
     const std::string name = stripped(row.GetFieldDefnRef(field)->GetNameRef());
+    const std::string what = text.empty() ? " is empty; fill it in"
+                                          : " is '" + text +
+                                                "', not a number; write it with a point before "
+                                                "the decimals";
     throw tool::Failure(tool::ExitStatus::unusable_input,
-                        where + ": row " + std::to_string(row.GetFID()) + ": " + name + " is '" + text +
-                            "', not a number; write it with a point before the decimals");
+                        where + ": row " + std::to_string(row.GetFID()) + ": " + name + what);
 }
 
 }  // namespace

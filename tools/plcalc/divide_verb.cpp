@@ -42,13 +42,13 @@ DivideVerb::DivideVerb(CLI::App& app) : verb_(app.add_subcommand("divide"))
     verb_->allow_extras();
     verb_->add_flag("-h,--help", help_);
     verb_->add_option("FILE", file_);
-    verb_->add_option("--layer", layer_);
-    verb_->add_option("--feature", feature_);
-    verb_->add_option("--parallel", parallel_);
-    verb_->add_option("--perpendicular", perpendicular_);
-    verb_->add_option("--vertex", vertex_);
-    verb_->add_option("--area", area_);
-    verb_->add_option("--product", product_)->expected(2);
+    verb_->add_option("--layer", layer_)->type_name("NAME");
+    verb_->add_option("--feature", feature_)->type_name("FID");
+    verb_->add_option("--parallel", parallel_)->type_name("SIDE");
+    verb_->add_option("--perpendicular", perpendicular_)->type_name("SIDE");
+    verb_->add_option("--vertex", vertex_)->type_name("N");
+    verb_->add_option("--area", area_)->type_name("A");
+    verb_->add_option("--product", product_)->expected(2)->type_name("LENGTH");
 }
 
 Source DivideVerb::source() const

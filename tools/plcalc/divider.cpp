@@ -104,29 +104,29 @@ bool call_library(const CPoint3dVector& points, const Prepared& prepared, const 
 }
 
 // Whether the side i lies in the piece after `from`: the walk from `from` meets it before `to`.
-bool side_after_from(const Pieces& pieces, std::size_t side, std::size_t n)
+bool side_after_from(const Parting& parting, std::size_t side, std::size_t n)
 {
-    return (side + n - pieces.from_side) % n < (pieces.to_side + n - pieces.from_side) % n;
+    return (side + n - parting.from_side) % n < (parting.to_side + n - parting.from_side) % n;
 }
 
 // Whether the piece after `from` lies ahead of the line, where the side a-b runs to.
-bool ahead_after_from(const Pieces& pieces, const PL_PNT2D_record& a, const PL_PNT2D_record& b,
+bool ahead_after_from(const Parting& parting, const PL_PNT2D_record& a, const PL_PNT2D_record& b,
                       bool anticlockwise)
 {
-    const double line_x = pieces.to.x - pieces.from.x;
-    const double line_y = pieces.to.y - pieces.from.y;
+    const double line_x = parting.to.x - parting.from.x;
+    const double line_y = parting.to.y - parting.from.y;
     const bool runs_to_the_right = line_y * (b.x - a.x) - line_x * (b.y - a.y) > 0.0;
     return runs_to_the_right == anticlockwise;
 }
 
-bool request_after_from(const Pieces& pieces, const Prepared& prepared, Cut cut, bool anticlockwise)
+bool request_after_from(const Parting& parting, const Prepared& prepared, Cut cut, bool anticlockwise)
 {
     const Ring& ring = prepared.ring;
     switch (cut) {
     case Cut::parallel:
-        return side_after_from(pieces, prepared.start, ring.size());
+        return side_after_from(parting, prepared.start, ring.size());
     case Cut::perpendicular:
-        return ahead_after_from(pieces, ring[prepared.start], next(ring, prepared.start), anticlockwise);
+        return ahead_after_from(parting, ring[prepared.start], next(ring, prepared.start), anticlockwise);
     case Cut::through_vertex:
         break;
     }
@@ -141,26 +141,30 @@ bool holds(long double got, long double rest, long double asked, long double par
     return std::fabs(got - asked) <= tolerance && std::fabs(got + rest - parcel) <= tolerance;
 }
 
-// Measures the pieces and takes the line back to the parcel's coordinates when they are right.
+// Takes the line back to the parcel's coordinates and measures the pieces that it makes there: where doubles
+// are too coarse for the parcel, at 1e15 for one, the rounding of the ends counts like any other miss.
 Outcome check(const Prepared& prepared, const Request& local, const LocalFrame& frame,
               const PL_PNT2D_record& p, const PL_PNT2D_record& q, Division& division)
 {
-    Pieces pieces;
-    if (!part_ring(prepared.ring, p, q, pieces))
+    Parting parting;
+    if (!part_ring(prepared.ring, p, q, parting))
         return Outcome::line_leaves_parcel;
+    division.from = frame.from_local(parting.from);
+    division.to = frame.from_local(parting.to);
+    parting.from = frame.to_local(division.from);
+    parting.to = frame.to_local(division.to);
 
-    const bool first = request_after_from(pieces, prepared, local.cut, division.anticlockwise);
-    const long double got = first ? pieces.after_from_area : pieces.after_to_area;
-    const long double rest = first ? pieces.after_to_area : pieces.after_from_area;
+    const bool first = request_after_from(parting, prepared, local.cut, division.anticlockwise);
+    const long double after_from = area_after_from(prepared.ring, parting);
+    const long double after_to = area_after_to(prepared.ring, parting);
+    const long double got = first ? after_from : after_to;
+    const long double rest = first ? after_to : after_from;
     const double scale2 = frame.scale() * frame.scale();
     division.request_area = static_cast<double>(got / scale2);
     division.rest_area = static_cast<double>(rest / scale2);
-    division.from = frame.from_local(pieces.from);
-    division.to = frame.from_local(pieces.to);
 
     const long double parcel = static_cast<long double>(division.parcel_area) * scale2;
-    const bool ok = holds(got, rest, local.area(), parcel);
-    return ok ? Outcome::divided : Outcome::request_missed;
+    return holds(got, rest, local.area(), parcel) ? Outcome::divided : Outcome::request_missed;
 }
 
 }  // namespace

@@ -47,10 +47,10 @@ void parse(CLI::App& app, int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         throw Failure(ExitStatus::wrong_use, std::string(error.what()) + "; see plcalc --help");
     }
-    const std::vector<std::string> unknown = app.remaining(true);
-    if (!unknown.empty())
-        throw Failure(ExitStatus::wrong_use,
-                      "'" + unknown.front() + "' is not known here; see plcalc --help");
+    for (const std::string& unknown : app.remaining(true)) {
+        if (unknown != "--")  // the mark after which nothing is an option
+            throw Failure(ExitStatus::wrong_use, "'" + unknown + "' is not known here; see plcalc --help");
+    }
 }
 
 ExitStatus run(int argc, char** argv)

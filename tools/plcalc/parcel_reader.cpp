@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include <cpl_conv.h>
+#include <cpl_string.h>
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
@@ -50,23 +51,30 @@ std::string why_not_opened(const std::string& file, const GdalMessages& messages
     if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, ignored) == 0)
         return "the file is empty; write the parcel to it again";
     if (EQUAL(CPLGetExtension(file.c_str()), "csv"))
-        return "not a table that GDAL can read; a CSV file needs a header and at least two columns, add a "
-               "name "
-               "beside the WKT";
+        return "not a table that GDAL can read; a CSV file needs a header and at least two columns";
     return "not a vector file that GDAL can read" + messages.remark() +
            "; convert it, for example to GeoPackage";
+}
+
+// By the driver that will open it; the others would warn of options that they do not know.
+CPLStringList open_options(const std::string& file)
+{
+    CPLStringList options;
+    const GDALDriverH driver = GDALIdentifyDriverEx(file.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+    const std::string format = driver != nullptr ? GDALGetDriverShortName(driver) : "";
+    if (format == "CSV")
+        options.SetNameValue("GEOM_POSSIBLE_NAMES", "WKT,geom,geometry,wkt_geom,the_geom");
+    if (format == "GML")
+        options.SetNameValue("WRITE_GFS", "NO");  // a reader leaves nothing behind
+    return options;
 }
 
 GDALDatasetUniquePtr open_dataset(const std::string& file, GdalMessages& messages)
 {
     const unsigned flags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
-    const char* const csv_options[] = {"GEOM_POSSIBLE_NAMES=WKT,geom,geometry,wkt_geom,the_geom", nullptr};
-    const GDALDriverH driver = GDALIdentifyDriverEx(file.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
-    const bool csv = driver != nullptr && EQUAL(GDALGetDriverShortName(driver), "CSV");
-
+    const CPLStringList options = open_options(file);
     messages.clear();
-    GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(file.c_str(), flags, nullptr, csv ? csv_options : nullptr, nullptr));
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
     if (dataset == nullptr)
         refuse(file, why_not_opened(file, messages));
     return dataset;
@@ -139,11 +147,8 @@ Found search(GDALDataset& dataset, const std::vector<OGRLayer*>& layers, const S
                                                  std::to_string(*source.feature) +
                                                  "; list them with ogrinfo -al");
     std::string what =
-        "there is no polygon and no closed line among its " + std::to_string(found.looked_at) + " feature(s)";
-    if (found.looked_at == 0)
-        what = "there is no feature in it";
-    else if (!found.other_kind.empty())
-        what += ", which begin with a " + found.other_kind;
+        "there is no polygon and no closed line in it (features: " + std::to_string(found.looked_at);
+    what += found.other_kind.empty() ? ")" : ", the first a " + found.other_kind + ")";
     if (is_format(dataset, "CSV"))
         what += "; a CSV file needs a header and a column WKT, or a vertex per row in columns E and N";
     else

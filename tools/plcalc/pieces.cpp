@@ -144,7 +144,7 @@ long double signed_area(const Ring& ring)
     return twice * 0.5L;
 }
 
-bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q, Pieces& pieces)
+bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q, Parting& parting)
 {
     const Axis axis(p, q);
     if (!(axis.length() > 0.0L) || !std::isfinite(axis.length()))
@@ -160,13 +160,21 @@ bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record
     if (!contains(ring, axis.at((from->along + to->along) * 0.5L)))
         return false;
 
-    pieces.from = axis.at(from->along);
-    pieces.to = axis.at(to->along);
-    pieces.from_side = from->side;
-    pieces.to_side = to->side;
-    pieces.after_from_area = std::fabs(signed_area(walk(ring, pieces.from, from->side, pieces.to, to->side)));
-    pieces.after_to_area = std::fabs(signed_area(walk(ring, pieces.to, to->side, pieces.from, from->side)));
+    parting.from = axis.at(from->along);
+    parting.to = axis.at(to->along);
+    parting.from_side = from->side;
+    parting.to_side = to->side;
     return true;
+}
+
+long double area_after_from(const Ring& ring, const Parting& parting)
+{
+    return std::fabs(signed_area(walk(ring, parting.from, parting.from_side, parting.to, parting.to_side)));
+}
+
+long double area_after_to(const Ring& ring, const Parting& parting)
+{
+    return std::fabs(signed_area(walk(ring, parting.to, parting.to_side, parting.from, parting.from_side)));
 }
 
 }  // namespace tool

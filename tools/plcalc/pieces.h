@@ -17,13 +17,11 @@ namespace tool {
 ///       /    |       \          other way round.
 ///      '-----o--------'
 ///           from   --> ring
-struct Pieces {
+struct Parting {
     PL_PNT2D_record from = {};  ///< the line's ends, on the boundary
     PL_PNT2D_record to = {};
     std::size_t from_side = 0;  ///< the sides that they lie on; side i runs from vertex i to i + 1
     std::size_t to_side = 0;
-    long double after_from_area = 0.0L;  ///< piece along the ring from `from` on to `to`, unit squared
-    long double after_to_area = 0.0L;    ///< piece along the ring from `to` on to `from`
 };
 
 /// Area of a ring, positive anticlockwise, unit squared.
@@ -31,13 +29,19 @@ long double signed_area(const std::vector<PL_PNT2D_record>& ring);
 
 /// Parts a ring along the line from p to q.
 ///
-/// @param[in]  ring    a simple ring, the first vertex not repeated; repeated neighbours do no harm
-/// @param[in]  p, q    ends of the line. The library takes a meeting point up to 0.001 beyond the end of a
-///                     side, in x and in y; such an end is moved along the line onto the boundary.
-/// @param[out] pieces  written only when true is returned
+/// @param[in]  ring     a simple ring, the first vertex not repeated; repeated neighbours do no harm
+/// @param[in]  p, q     ends of the line. The library takes a meeting point up to 0.001 beyond the end of a
+///                      side, in x and in y; such an end is moved along the line onto the boundary.
+/// @param[out] parting  written only when true is returned
 /// @return false when an end is not at the boundary, or the line between the ends touches the boundary or
 ///         runs outside: then it does not part the ring in two
 bool part_ring(const std::vector<PL_PNT2D_record>& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q,
-               Pieces& pieces);
+               Parting& parting);
+
+/// Area of the piece along the ring from the line's `from` on to its `to`, unit squared.
+long double area_after_from(const std::vector<PL_PNT2D_record>& ring, const Parting& parting);
+
+/// Area of the other piece, along the ring from `to` on to `from`.
+long double area_after_to(const std::vector<PL_PNT2D_record>& ring, const Parting& parting);
 
 }  // namespace tool

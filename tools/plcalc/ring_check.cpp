@@ -147,11 +147,13 @@ void require_plane(const OGRSpatialReference* crs, bool stated, const Ring& ring
 {
     if (crs == nullptr || (!crs->IsGeographic() && !crs->IsGeocentric()))
         return;
+    const std::string name = crs->GetName() != nullptr ? crs->GetName() : "no name";
+    // What a GeoPackage says of a layer that was written without a CRS.
+    if (name == "Undefined geographic SRS")
+        return;
     if (!stated && !may_be_degrees(ring))
         return;
-    const char* name = crs->GetName();
-    const std::string named = name != nullptr ? std::string(" (") + name + ")" : std::string();
-    refuse(where, "the coordinates are not plane" + named +
+    refuse(where, "the coordinates are not plane (" + name + ")" +
                       "; project them first, for example with ogr2ogr -t_srs EPSG:32632, or correct the "
                       "file's CRS if they are");
 }
