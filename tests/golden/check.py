@@ -5,7 +5,7 @@ A second computation written step by step, independent of the library's sources 
 ends in `~` has passed through the platform's sine, cosine or arctangent and is compared with the small
 tolerance of reference/tolerance.py; how many of those were identical to the bit is printed as well.
 
-    python3 check.py [file...]     default: the files beside this one
+    python3 check.py [file...]     default: the six files beside this one
 
 Exit status 1 when a line differs, is malformed or has an unknown name, when a `~` is missing or stands
 without reason, or when there are too few lines for a call.
@@ -74,7 +74,7 @@ def main(arguments):
     paths = [pathlib.Path(a) for a in arguments]
     whole_set = not paths
     if whole_set:
-        paths = sorted(HERE.glob("*.txt"))
+        paths = [HERE / (family + ".txt") for family in calls.FAMILIES]
     tallies = collections.defaultdict(Tally)
     complaints = []
     for path in paths:

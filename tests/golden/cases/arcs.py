@@ -82,6 +82,12 @@ def _ends_alike():
             yield (p1, far, beside)
             yield (p1, beside, far)
             yield (far, beside, p1)
+    for apart in (50.0, 120.0, 250.0, 300.0):      # all three, on a circle of 1e9
+        p2, p3 = (apart / 2.0, apart * apart / 8e9), (apart, 0.0)
+        yield (O, p2, p3)
+        yield (p3, p2, O)
+        yield (p2, O, p3)
+        yield (O, (p2[0], -p2[1]), p3)
 
 
 @cases("PlFunz_arc_3pnts")
@@ -158,7 +164,7 @@ def distance_from_arc(draw):
         yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (-1.0 + dx, -1.0))
         yield ((O, 1.0, PSEUDO_ANGLE, 1.0, 0.0), (0.5, 0.5 + dx))
     for step in range(-12, 13):
-        yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (0.0, -(2.0 * PL_EPS + step * 2.0 ** -53)))
+        yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (0.0, -(2.0000004e-7 + step * 2.0 ** -53)))
     for v in (INF, -INF, NAN, 1e300):
         yield ((O, 1.0, PSEUDO_ANGLE, 0.0, 1.0), (v, 1.0))
         yield ((O, v, PSEUDO_ANGLE, 0.0, 1.0), (1.0, 1.0))
@@ -331,6 +337,12 @@ def _rotations(ring):
     return [ring[i:] + ring[:i] for i in range(len(ring))]
 
 
+def _crossing_abscissas(py, ring):
+    for (ax, ay), (bx, by) in zip(ring, ring[1:] + ring[:1]):
+        if (ay > py) != (by > py):
+            yield (bx - ax) * (py - ay) / (by - ay) + ax
+
+
 def _endless_walks(draw, count):
     """Rings around which the walk comes back to where it was, found by trial."""
     while count > 0:
@@ -340,6 +352,10 @@ def _endless_walks(draw, count):
         if walk_repeats(p, ring):
             count -= 1
             yield p, ring
+            for on_edge in _crossing_abscissas(p[1], ring):     # where the plain count turns, to the bit
+                for x in near(on_edge):
+                    if walk_repeats((x, p[1]), ring):
+                        yield (x, p[1]), ring
 
 
 @cases("PlFunz_inpolygon")
@@ -385,7 +401,7 @@ def in_polygon(draw):
     for _ in range(400):  # every comparison of the walk on its edge
         ring = [(draw.pick(abscissas), draw.pick(heights)) for _ in range(draw.integer(3, 6))]
         yield ((0.5, 1.0), ring, 0)
-    for p, ring in _endless_walks(draw, 80):
+    for p, ring in _endless_walks(draw, 60):
         yield (p, ring, 0)
     for x in near(-1.7e200 - tol(1.7e200)) + [-1.8e200]:
         yield ((x, 0.5), [(x, 0.0), (x, 1.0), (-1.8e200, 1.0), (x, 2.0)], 0)

@@ -85,7 +85,10 @@ def read_operands(signature, words):
         if letter == "s":
             return (doubles(2), doubles(2))
         if letter == "P":
-            return [doubles(2) for _ in range(int(next(rest)))]
+            count = int(next(rest))
+            if count < 0:
+                raise ValueError("a negative number of points")
+            return [doubles(2) for _ in range(count)]
         if letter == "a":
             return (doubles(2), doubles(1)[0], int(next(rest)), *doubles(2))
         return doubles(SIZES[letter])
