@@ -44,6 +44,9 @@ const LinesRow kLinesRows[] = {
     {"a differs by -PL_EPS: the same line", {0, 1000, 0}, {-1e-7, 1000, 0}, false, kUntouchedPoint},
     {"a near, b equal, c far", {0, 1000, 0}, {1e-7, 1000, 1}, true, {-0x1.312dp+23, -0.0}},
 
+    {"a and b near, c opposite: its difference counts", {1000, 0, -5}, {1000, 1e-7, 5}, true, {5e-3, -1e8}},
+    {"a and b near, c equal: the same line", {1000, 0, 5}, {1000, 1e-7, 5}, false, kUntouchedPoint},
+
     {"determinant on PL_EPS", {1, 0, -1}, {0, 1e-7, -1}, false, kUntouchedPoint},
     {"determinant on -PL_EPS", {0, 1e-7, -1}, {1, 0, -1}, false, kUntouchedPoint},
     {"determinant just above PL_EPS", {1, 0, -1}, {0, up(1e-7), -1}, true, {1, 0x1.312dp+23}},
@@ -221,6 +224,22 @@ const SegmentsRow kSegmentsRows[] = {
     {"second: just beyond", upright(up(1 + 2e-7)), kUnit, false, kUntouchedPoint},
     {"second: on -1e-7, which is snapped to 0", upright(-1e-7), kUnit, true, {0, 0}},
     {"second: just before", upright(down(-1e-7)), kUnit, false, kUntouchedPoint},
+
+    {"second: times the inverse it ends on 1 + 2e-7, over the determinant it would be beyond",
+     kUnit,
+     {{0.5, -0x1.c00005df3d11ep+2}, {0.5, -0x1.77cf4478p-20}},
+     true,
+     {0.5, 0}},
+    {"second: times the inverse it ends beyond 1 + 2e-7, over the determinant it would not",
+     kUnit,
+     {{0.5, -0x1.19999d4a7e288p+0}, {0.5, -0x1.d872477p-23}},
+     false,
+     kUntouchedPoint},
+    {"second: times the inverse it begins on -1e-7, over the determinant it would be before",
+     kUnit,
+     {{0.5, 0x1.e32f0ee144532p-21}, {0.5, 0x1.200001e32f0eep+3}},
+     true,
+     {0.5, 0}},
 
     {"parallel", kUnit, {{0, 1}, {1, 1}}, false, kUntouchedPoint},
     {"overlapping", {{0, 0}, {2, 0}}, {{1, 0}, {3, 0}}, false, kUntouchedPoint},
