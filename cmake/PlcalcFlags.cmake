@@ -6,8 +6,11 @@ add_library(plcalc_fp INTERFACE)
 if(MSVC)
   target_compile_options(plcalc_fp INTERFACE /fp:precise)
 else()
-  # A fused multiply-add rounds once where the results are defined with two roundings.
-  target_compile_options(plcalc_fp INTERFACE -ffp-contract=off -fno-fast-math)
+  # A fused multiply-add rounds once where the results are defined with two roundings. The variable exists so
+  # that scripts/test-targets can prove that the golden vectors notice.
+  set(PLCALC_FP_CONTRACT off CACHE STRING "Contraction of a*b + c: off, or the results are wrong")
+  mark_as_advanced(PLCALC_FP_CONTRACT)
+  target_compile_options(plcalc_fp INTERFACE -ffp-contract=${PLCALC_FP_CONTRACT} -fno-fast-math)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86_64|AMD64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
     # The x87 unit keeps more bits than a double has.
     target_compile_options(plcalc_fp INTERFACE -msse2 -mfpmath=sse)
