@@ -34,17 +34,55 @@ PL_PNT2D_record image(const double (&M)[3][3], PL_PNT2D_record in)
 // No row or column is that of an identity, so that every product of a composition shows.
 constexpr Matrix kCounting = {{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}};
 
+// Three rows between two more, which nobody may touch.
+struct GuardedMatrix {
+    double rows[5][3];
+
+    GuardedMatrix()
+    {
+        for (auto& row : rows)
+            for (double& entry : row)
+                entry = kUntouched;
+    }
+
+    double (*matrix())[3] { return rows + 1; }
+
+    void expect_guards_untouched() const
+    {
+        for (int c = 0; c < 3; ++c) {
+            EXPECT_BITS(rows[0][c], kUntouched);
+            EXPECT_BITS(rows[4][c], kUntouched);
+        }
+    }
+};
+
 TEST(IdentityMatrix, FillsAllNine)
 {
-    double rows[5][3];
-    for (auto& row : rows)
-        for (double& entry : row)
-            entry = kUntouched;
-    PlFunz_getidmatrix2d(rows + 1);
-    EXPECT_BITS(rows[0][2], kUntouched);
-    EXPECT_BITS(rows[4][0], kUntouched);
-    const double(&M)[3][3] = *reinterpret_cast<const double(*)[3][3]>(rows + 1);
-    expect_matrix(M, {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}});
+    GuardedMatrix guarded;
+    PlFunz_getidmatrix2d(guarded.matrix());
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            EXPECT_BITS(guarded.matrix()[r][c], r == c ? 1.0 : 0.0);
+    guarded.expect_guards_untouched();
+}
+
+TEST(Matrices, BuildersWriteNothingButTheMatrix)
+{
+    GuardedMatrix guarded;
+    const PL_PNT2D_record centre = {10, 100};
+    PlFunz_getidmatrix2d(guarded.matrix());
+    PlFunz_rotationmatrix2d(30, &centre, guarded.matrix());
+    PlFunz_translatematrix2d(10, 20, guarded.matrix());
+    PlFunz_scalematrix2d(2, 4, &centre, guarded.matrix());
+    guarded.expect_guards_untouched();
+}
+
+TEST(Matrices, TheThirdColumnIsMultipliedToo)
+{
+    // Infinity times the zeros of the third column, and the sum of zeros that has lost its sign.
+    Matrix M = {{{kInf, 2, 3}, {4, kInf, 6}, {7, 8, -0.0}}};
+    PlFunz_translatematrix2d(1, 1, M.m);
+    expect_matrix(M.m, {{{kInf, kNan, kNan}, {kNan, kInf, kNan}, {7, 8, 0.0}}});
 }
 
 TEST(TranslateMatrix, MultipliesFromTheRight)

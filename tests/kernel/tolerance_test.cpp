@@ -23,6 +23,8 @@ const ScaledRow kScaledRows[] = {
     {"absolute at -0.0", -0.0, 1e-7},
     {"twice at one", 1, 2e-7},
     {"by magnitude at minus one", -1, 2e-7},
+    {"one and a half times at a half", 0.5, 1.5e-7},
+    {"by magnitude at minus a half", -0.5, 1.5e-7},
     {"three times at two: the product, rounded", 2, 3e-7},
     {"relative far away", 1e9, 0x1.90000006b5fcap+6},
     {"a full turn in degrees", 360, 0x1.2ed428e1a0996p-15},
