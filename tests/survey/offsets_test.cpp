@@ -214,6 +214,8 @@ const FootRow kFootRows[] = {
     // foot holds (1, 1) before the call.
     {"equal ends: from what foot held, +x as the direction", {9, 9}, {9, 9}, {1, -2}, 3, {1, 1}},
     {"equal ends, other side", {9, 9}, {9, 9}, {1, 4}, -3, {1, 1}},
+    {"equal ends, 1e-8 past a right angle to the left", {9, 9}, {9, 9}, {101, 1 + 0x1p-20}, -100, {1, 1}},
+    {"equal ends, 1e-8 short of it, to the right", {9, 9}, {9, 9}, {101, 1 - 0x1p-20}, 100, {1, 1}},
     {"a base below 3.16e-4 has no foot either: its square is the determinant",
      {0, 0},
      {3e-4, 1e-4},

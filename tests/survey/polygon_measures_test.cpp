@@ -32,6 +32,7 @@ struct RingRow {
 const RingRow kRingRows[] = {
     {"no vertex", {}, 0, 0},
     {"one vertex", {{3, 4}}, 0, 0},
+    {"one vertex at infinity is as far from itself as NaN", {{kInf, 4}}, kNan, kNan},
     {"two vertices: no area, there and back", {{0, 0}, {3, 4}}, 0, 10},
     {"unit square, anticlockwise", {{0, 0}, {1, 0}, {1, 1}, {0, 1}}, 1, 4},
     {"unit square, clockwise", {{0, 1}, {1, 1}, {1, 0}, {0, 0}}, -1, 4},
