@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "local_frame.h"
 #include "pieces.h"
@@ -103,6 +104,24 @@ bool call_library(const CPoint3dVector& points, const Prepared& prepared, const 
     return search.Esegui(p.x, p.y, z, q.x, q.y, z);
 }
 
+// Gives the line its direction: parallel to a side as the side runs, perpendicular to it from its end nearer
+// the side. Through a vertex the library's line starts there already.
+void orient(Parting& parting, const PL_PNT2D_record& a, const PL_PNT2D_record& b, Cut cut)
+{
+    const double side_x = b.x - a.x;
+    const double side_y = b.y - a.y;
+    const auto off_side = [&](const PL_PNT2D_record& p) {
+        return std::fabs(side_x * (p.y - a.y) - side_y * (p.x - a.x));
+    };
+    const bool against =
+        (parting.to.x - parting.from.x) * side_x + (parting.to.y - parting.from.y) * side_y < 0.0;
+    const bool inwards = off_side(parting.from) > off_side(parting.to);
+    if ((cut == Cut::parallel && against) || (cut == Cut::perpendicular && inwards)) {
+        std::swap(parting.from, parting.to);
+        std::swap(parting.from_side, parting.to_side);
+    }
+}
+
 // Whether the side i lies in the piece after `from`: the walk from `from` meets it before `to`.
 bool side_after_from(const Parting& parting, std::size_t side, std::size_t n)
 {
@@ -149,6 +168,7 @@ Outcome check(const Prepared& prepared, const Request& local, const LocalFrame& 
     Parting parting;
     if (!part_ring(prepared.ring, p, q, parting))
         return Outcome::line_leaves_parcel;
+    orient(parting, prepared.ring[prepared.start], next(prepared.ring, prepared.start), local.cut);
     division.from = frame.from_local(parting.from);
     division.to = frame.from_local(parting.to);
     parting.from = frame.to_local(division.from);

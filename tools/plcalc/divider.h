@@ -27,7 +27,9 @@ enum class Outcome {
 
 /// A checked division, in the parcel's own coordinates.
 struct Division {
-    PL_PNT2D_record from = {};  ///< the dividing line; through a vertex it starts there
+    /// The dividing line. Parallel to a side it runs as the side runs, perpendicular to it from its end nearer
+    /// the side, through a vertex from there.
+    PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};
     double request_area = 0.0;   ///< the piece that holds the request, measured; unit squared
     double rest_area = 0.0;      ///< the other piece, measured

@@ -146,6 +146,8 @@ Found search(GDALDataset& dataset, const std::vector<OGRLayer*>& layers, const S
         throw Failure(ExitStatus::wrong_use, source.file + ": there is no feature " +
                                                  std::to_string(*source.feature) +
                                                  "; list them with ogrinfo -al");
+    if (found.looked_at == 0)
+        refuse(source.file, "there is no feature in it; draw the parcel as a polygon");
     std::string what =
         "there is no polygon and no closed line in it (features: " + std::to_string(found.looked_at);
     what += found.other_kind.empty() ? ")" : ", the first a " + found.other_kind + ")";

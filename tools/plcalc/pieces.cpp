@@ -58,18 +58,21 @@ const PL_PNT2D_record& end_of(const Ring& ring, std::size_t side)
 }
 
 // Every side that the line meets, ends included: at a vertex on the line both of its sides are listed. A side
-// that lies in the line is not; its neighbours are, at its ends.
+// that lies in the line is listed by its middle; its neighbours are, at its ends.
 std::vector<Crossing> crossings(const Ring& ring, const Axis& axis)
 {
     std::vector<Crossing> found;
     for (std::size_t side = 0; side < ring.size(); ++side) {
         const long double a = axis.left(ring[side]);
         const long double b = axis.left(end_of(ring, side));
-        if ((a > 0.0L && b > 0.0L) || (a < 0.0L && b < 0.0L) || a == b)
+        if (!(a <= 0.0L && b >= 0.0L) && !(a >= 0.0L && b <= 0.0L))
             continue;
         const long double from = axis.along(ring[side]);
         const long double to = axis.along(end_of(ring, side));
-        found.push_back({side, b == 0.0L ? to : from + (to - from) * (a / (a - b))});
+        if (a == b)
+            found.push_back({side, (from + to) * 0.5L});
+        else
+            found.push_back({side, b == 0.0L ? to : from + (to - from) * (a / (a - b))});
     }
     return found;
 }

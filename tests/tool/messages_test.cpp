@@ -1,0 +1,371 @@
+// Every message and every exit status of the program. Whatever goes wrong: one line on stderr, nothing on
+// stdout.
+
+#include <filesystem>
+
+#include <unistd.h>
+
+#include "program.h"
+
+namespace {
+
+class Messages : public test::ProgramTest {};
+
+const char* const kSquare = "POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))";
+
+// --------------------------------------------------------------------------------------------- wrong use: 2
+
+struct UseRow {
+    const char* what;
+    const char* arguments;
+    const char* text;
+};
+
+const UseRow kWrongUse[] = {
+    {"no cut", "--area 5",
+     "give one of --parallel SIDE, --perpendicular SIDE and --vertex N; see plcalc divide --help"},
+    {"two cuts", "--parallel 1 --vertex 1 --area 5",
+     "give one of --parallel SIDE, --perpendicular SIDE and --vertex N; see plcalc divide --help"},
+    {"no area", "--parallel 1", "give one of --area A and --product A B; see plcalc divide --help"},
+    {"two areas", "--parallel 1 --area 5 --product 1 2",
+     "give one of --area A and --product A B; see plcalc divide --help"},
+    {"area of nothing", "--vertex 1 --area 0",
+     "--area: '0' is not a number above 0, with a point before the decimals"},
+    {"negative area", "--vertex 1 --area -5",
+     "--area: '-5' is not a number above 0, with a point before the decimals"},
+    {"area not a number", "--vertex 1 --area nan",
+     "--area: 'nan' is not a number above 0, with a point before the decimals"},
+    {"infinite area", "--vertex 1 --area inf",
+     "--area: 'inf' is not a number above 0, with a point before the decimals"},
+    {"area that no double holds", "--vertex 1 --area 1e400",
+     "--area: '1e400' is not a number above 0, with a point before the decimals"},
+    {"decimal comma", "--vertex 1 --area 5,5",
+     "--area: '5,5' is not a number above 0, with a point before the decimals"},
+    {"unit after the area", "--vertex 1 --area 5m2",
+     "--area: '5m2' is not a number above 0, with a point before the decimals"},
+    {"hexadecimal", "--vertex 1 --area 0x10",
+     "--area: '0x10' is not a number above 0, with a point before the decimals"},
+    {"one length negative", "--vertex 1 --product -5 -5",
+     "--product: '-5' is not a number above 0, with a point before the decimals"},
+    {"product that overflows", "--vertex 1 --product 1e200 1e200",
+     "--product: the product of the two is not a number above 0"},
+    {"product that vanishes", "--vertex 1 --product 1e-200 1e-200",
+     "--product: the product of the two is not a number above 0"},
+    {"side not a number", "--parallel x --area 5",
+     "--parallel: 'x' is not a whole number; see plcalc divide --help"},
+    {"side not whole", "--perpendicular 1.5 --area 5",
+     "--perpendicular: '1.5' is not a whole number; see plcalc divide --help"},
+    {"vertex beyond all integers", "--vertex 99999999999999999999 --area 5",
+     "--vertex: '99999999999999999999' is not a whole number; see plcalc divide --help"},
+    {"side 0", "--parallel 0 --area 5",
+     "lot.csv: feature 1: there is no side 0; the parcel has sides 1 to 4"},
+    {"side after the last", "--perpendicular 5 --area 5",
+     "lot.csv: feature 1: there is no side 5; the parcel has sides 1 to 4"},
+    {"vertex before the first", "--vertex -1 --area 5",
+     "lot.csv: feature 1: there is no vertex -1; the parcel has vertices 1 to 4"},
+    {"largest integer", "--vertex 9223372036854775807 --area 5",
+     "lot.csv: feature 1: there is no vertex 9223372036854775807; the parcel has vertices 1 to 4"},
+    {"no such layer", "--layer lots --vertex 1 --area 5", "lot.csv: there is no layer 'lots'; it has lot"},
+    {"no such feature", "--feature 2 --vertex 1 --area 5",
+     "lot.csv: there is no feature 2; list them with ogrinfo -al"},
+    {"feature not a number", "--feature A2 --vertex 1 --area 5",
+     "--feature: 'A2' is not a whole number; see plcalc divide --help"},
+    {"option that is not there", "--vertex 1 --areas 5", "'--areas' is not known here; see plcalc --help"},
+    {"second file", "b.csv --vertex 1 --area 5", "'b.csv' is not known here; see plcalc --help"},
+};
+
+TEST_F(Messages, WrongUse)
+{
+    write_wkt(kSquare);
+    for (const UseRow& row : kWrongUse) {
+        SCOPED_TRACE(row.what);
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", row.arguments), 2, row.text));
+    }
+    EXPECT_TRUE(test::fails_with(run({}), 2, "nothing to do; see plcalc --help"));
+    EXPECT_TRUE(
+        test::fails_with(run({"share", "lot.csv"}), 2, "'share' is not known here; see plcalc --help"));
+    EXPECT_TRUE(test::fails_with(run({"divide", "--vertex", "1", "--area", "5"}), 2,
+                                 "which FILE? See plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(run({"divide", "", "--vertex", "1", "--area", "5"}), 2,
+                                 "which FILE? See plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(run({"divide", "lot.csv", "--vertex", "1", "--area", ""}), 2,
+                                 "--area: '' is not a number above 0, with a point before the decimals"));
+}
+
+// The words of these are the argument parser's, and change with it.
+TEST_F(Messages, WrongUseInTheWordsOfTheParser)
+{
+    write_wkt(kSquare);
+    for (const char* arguments :
+         {"--vertex 1 --area", "--vertex 1 --product 5", "--vertex 1 --area 5 --area 6"}) {
+        const test::Result run = divide("lot.csv", arguments);
+        EXPECT_EQ(run.status, 2) << arguments;
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err.rfind("plcalc: ", 0), 0u) << run.err;
+        EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << run.err;
+    }
+}
+
+TEST_F(Messages, RepeatedVerticesLeaveASideWithoutLength)
+{
+    write_wkt("POLYGON ((0 0, 0 0, 10 0, 10 0, 10 10, 0 10, 0 0))");
+    for (const char* cut : {"--parallel 1", "--perpendicular 1", "--parallel 3"})
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", std::string(cut) + " --area 5"), 2,
+                                     std::string("lot.csv: feature 1: side ") +
+                                         cut[std::string(cut).size() - 1] +
+                                         " has no length, its two vertices are one point; choose the side "
+                                         "before or after it"));
+    EXPECT_EQ(divide("lot.csv", "--parallel 2 --area 5").status, 0);
+    EXPECT_EQ(divide("lot.csv", "--vertex 1 --area 5").status, 0);
+}
+
+TEST_F(Messages, SeveralParcelsNeedAChoice)
+{
+    std::string rows = "id,WKT\n";
+    for (int i = 1; i <= 7; ++i)
+        rows += std::to_string(i) + ",\"" + kSquare + "\"\n";
+    write("lots.csv", rows);
+    EXPECT_TRUE(test::fails_with(divide("lots.csv", "--vertex 1 --area 5"), 2,
+                                 "lots.csv: there are 7 parcels (feature 1, feature 2, feature 3, feature 4, "
+                                 "feature 5, ...); choose one with --feature FID"));
+    EXPECT_EQ(divide("lots.csv", "--feature 6 --vertex 1 --area 5").status, 0);
+
+    write("points.csv", "E,N\n0,0\n10,0\n10,10\n");
+    EXPECT_TRUE(test::fails_with(divide("points.csv", "--feature 1 --vertex 1 --area 5"), 2,
+                                 "points.csv: its rows are the vertices of one parcel; leave --feature out"));
+}
+
+// ----------------------------------------------------------------------------------------- unusable input: 3
+
+struct GeometryRow {
+    const char* wkt;
+    const char* text;
+};
+
+const GeometryRow kUnusable[] = {
+    {"POLYGON EMPTY", "feature 1: the geometry is empty; draw the parcel or choose another feature with "
+                      "--feature"},
+    {"MULTIPOLYGON EMPTY", "feature 1: the geometry is empty; draw the parcel or choose another feature with "
+                           "--feature"},
+    {"POLYGON ((0 0, 1 1, 0 0))",
+     "feature 1: the parcel has fewer than three vertices; at least three different ones are needed"},
+    {"POLYGON ((0 0, 1 1, 1 1, 1 1, 0 0))",
+     "feature 1: the parcel has fewer than three vertices; at least three different ones are needed"},
+    {"LINESTRING (0 0, 1 1, 0 0)",
+     "feature 1: the parcel has fewer than three vertices; at least three different ones are needed"},
+    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (2 2, 3 2, 3 3, 2 2))",
+     "feature 1: the parcel has holes (1); only a parcel with one boundary can be divided"},
+    {"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))",
+     "feature 1: the boundary crosses or touches itself (Self-intersection at or near point 5 5); correct it "
+     "so that every vertex and side is passed once"},
+    {"MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 9, 20 0)))",
+     "feature 1: the parcel has 2 parts; divide them one by one: ogr2ogr -explodecollections makes each a "
+     "feature"},
+    {"CURVEPOLYGON (CIRCULARSTRING (0 0, 5 5, 10 0, 5 -5, 0 0))",
+     "feature 1: the boundary has curves; replace them by chords first, for example with ogr2ogr -nlt "
+     "CONVERT_TO_LINEAR"},
+    {"TIN (((0 0, 9 0, 9 9, 0 0)))",
+     "feature 1: the geometry is a TIN; a polygon or a closed line is needed"},
+    {"POLYGON ((1e400 0, 10 0, 10 10, 0 10, 1e400 0))",
+     "feature 1: vertex 1 has a coordinate that is not finite; correct it"},
+    {"POLYGON ((0 0, 1e300 0, 1e300 1e300, 0 1e300, 0 0))",
+     "feature 1: the parcel has no area that can be computed; check its coordinates"},
+    {"POINT (1 2)",
+     "there is no polygon and no closed line in it (features: 1, the first a POINT); a CSV file "
+     "needs a header and a column WKT, or a vertex per row in columns E and N"},
+    {"LINESTRING (0 0, 9 0, 9 9)",
+     "there is no polygon and no closed line in it (features: 1, the first a LINESTRING); a CSV file needs a "
+     "header and a column WKT, or a vertex per row in columns E and N"},
+    {"GARBAGE", "there is no polygon and no closed line in it (features: 1); a CSV file needs a header and a "
+                "column WKT, or a vertex per row in columns E and N"},
+};
+
+TEST_F(Messages, GeometryThatCannotBeUsed)
+{
+    for (const GeometryRow& row : kUnusable) {
+        SCOPED_TRACE(row.wkt);
+        write_wkt(row.wkt);
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 5"), 3,
+                                     std::string("lot.csv: ") + row.text));
+    }
+    write_wkt("POINT (1 2)");
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--feature 1 --vertex 1 --area 5"), 3,
+        "lot.csv: feature 1: the geometry is a POINT; a polygon or a closed line is needed"));
+}
+
+struct FileRow {
+    const char* what;
+    const char* name;
+    const char* content;
+    const char* text;
+};
+
+const FileRow kUnusableFiles[] = {
+    {"nothing in it", "a.csv", "", "the file is empty; write the parcel to it again"},
+    {"comma before the decimals", "a.csv", "E;N\n0,5;0\n100;0\n100;50\n",
+     "row 1: E is '0,5', not a number; write it with a point before the decimals"},
+    {"cell without a number", "a.csv", "E,N\n0,0\n100,\n100,50\n", "row 2: N is empty; fill it in"},
+    {"coordinate not a number", "a.csv", "E,N\n0,0\nnan,3\n100,50\n",
+     "vertex 2 has a coordinate that is not finite; correct it"},
+    {"two rows", "a.csv", "E,N\n0,0\n9,9\n",
+     "the parcel has fewer than three vertices; at least three different ones are needed"},
+    {"a header and no row", "a.csv", "E,N\n",
+     "the parcel has fewer than three vertices; at least three different ones are needed"},
+    {"rows in the wrong order", "a.csv", "E,N\n0,0\n100,50\n100,0\n0,50\n",
+     "the boundary crosses or touches itself (Self-intersection at or near point 50 25); correct it so that "
+     "every vertex and side is passed once"},
+    {"no header", "a.csv", "0,0\n100,0\n100,50\n",
+     "there is no polygon and no closed line in it (features: 3); a CSV file needs a header and a column "
+     "WKT, "
+     "or a vertex per row in columns E and N"},
+    {"East without its North", "a.csv", "E,Y\n0,0\n100,0\n100,50\n",
+     "there is no polygon and no closed line in it (features: 3); a CSV file needs a header and a column "
+     "WKT, "
+     "or a vertex per row in columns E and N"},
+    {"one column", "a.csv", "WKT\n\"POLYGON ((0 0, 9 0, 9 9, 0 0))\"\n",
+     "not a table that GDAL can read; a CSV file needs a header and at least two columns"},
+    {"no features", "a.geojson", R"({"type": "FeatureCollection", "features": []})",
+     "there is no feature in it; draw the parcel as a polygon"},
+    {"no geometry", "a.geojson",
+     R"({"type": "FeatureCollection", "features": [{"type": "Feature", "properties": {}, "geometry": null}]})",
+     "there is no polygon and no closed line in it (features: 1); draw the parcel as a polygon"},
+    {"a coordinate NaN", "a.geojson",
+     R"({"type": "Polygon", "coordinates": [[[NaN, 0], [1000, 0], [1000, 900], [0, 900], [0, 0]]]})",
+     "feature 0: vertex 1 has a coordinate that is not finite; correct it"},
+    {"degrees", "a.geojson",
+     R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})",
+     "feature 0: the coordinates are not plane (WGS 84); project them first, for example with ogr2ogr -t_srs "
+     "EPSG:32632, or correct the file's CRS if they are"},
+};
+
+TEST_F(Messages, FileThatCannotBeUsed)
+{
+    for (const FileRow& row : kUnusableFiles) {
+        SCOPED_TRACE(row.what);
+        write(row.name, row.content);
+        EXPECT_TRUE(test::fails_with(divide(row.name, "--vertex 1 --area 5"), 3,
+                                     std::string(row.name) + ": " + row.text));
+    }
+    EXPECT_TRUE(test::fails_with(divide("a.geojson", "--feature 0 --vertex 1 --area 5"), 3,
+                                 std::string("a.geojson: ") + kUnusableFiles[13].text));
+    write("b.geojson", kUnusableFiles[11].content);
+    EXPECT_TRUE(test::fails_with(divide("b.geojson", "--feature 0 --vertex 1 --area 5"), 3,
+                                 "b.geojson: feature 0: it has no geometry; draw the parcel or choose "
+                                 "another feature with --feature"));
+}
+
+// Here GDAL's own words are folded in; they are not ours to fix.
+TEST_F(Messages, FileThatCannotBeOpened)
+{
+    write("lot.txt", "E,N\n0,0\n9,0\n9,9\n");
+    write("broken.geojson", "{");
+    write("broken.gpkg", "SQLite format 3");
+    std::filesystem::create_directory(path("folder"));
+    for (const char* file : {"lot.txt", "broken.geojson", "broken.gpkg", "missing.csv", "folder", "a\nb.csv",
+                             "/dev/null", "PG:nothing"}) {
+        const test::Result run = this->run({"divide", file, "--vertex", "1", "--area", "5"});
+        EXPECT_EQ(run.status, 3) << file;
+        EXPECT_EQ(run.out, "") << file;
+        EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << run.err;
+        EXPECT_EQ(run.err.rfind("plcalc: ", 0), 0u) << run.err;
+        EXPECT_EQ(run.err.find("ERROR"), std::string::npos) << run.err;
+    }
+    EXPECT_EQ(divide("missing.csv", "--vertex 1 --area 5")
+                  .err.rfind("plcalc: missing.csv: there is no such file", 0),
+              0u);
+    EXPECT_TRUE(test::fails_with(
+        divide("folder", "--vertex 1 --area 5"), 3,
+        "folder: this is a directory in which GDAL finds no vector file; name the file itself"));
+}
+
+TEST_F(Messages, FileThatMayNotBeRead)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read every file";
+    write_wkt(kSquare);
+    std::filesystem::permissions(path("lot.csv"), std::filesystem::perms::none);
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 5"), 3,
+                                 "lot.csv: the file may not be read; check its permissions"));
+}
+
+// ------------------------------------------------------------------------------------- cuts that cannot be: 4
+
+struct CutRow {
+    const char* what;
+    const char* wkt;
+    const char* arguments;
+    const char* text;
+};
+
+const char* const kLeaves =
+    "the line found does not part the parcel in two, it touches the boundary on its way or "
+    "leaves the parcel; ask for another side, vertex or kind of cut";
+
+const CutRow kCannotCut[] = {
+    {"the whole parcel", kSquare, "--vertex 1 --area 100",
+     "the requested area 100.0000 is not below the parcel's 100.0000; ask for less"},
+    {"more than the parcel", kSquare, "--parallel 1 --product 30 40",
+     "the requested area 1200.0000 is not below the parcel's 100.0000; ask for less"},
+    {"more than a double has decimals for", kSquare, "--perpendicular 1 --area 1e300",
+     "the requested area 1.0000000000000001e+300 is not below the parcel's 100.0000; ask for less"},
+    // A U open to the North: a strip along the top of its left arm goes on through the gap to the right arm.
+    {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
+     "--parallel 3 --area 150", kLeaves},
+    {"next to nothing", kSquare, "--perpendicular 1 --area 1e-300", kLeaves},
+};
+
+TEST_F(Messages, CutThatCannotBeMade)
+{
+    for (const CutRow& row : kCannotCut) {
+        SCOPED_TRACE(row.what);
+        write_wkt(row.wkt);
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", row.arguments), 4,
+                                     std::string("lot.csv: feature 1: ") + row.text));
+    }
+}
+
+// The library's search ends on a line, and says so; only measuring the pieces tells that it is the wrong one.
+TEST_F(Messages, LineThatMissesTheRequestIsNotPrinted)
+{
+    write_wkt(kSquare);
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 1e-9");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(
+        run.err.rfind("plcalc: lot.csv: feature 1: the line found misses the requested area 0.0000 by ", 0),
+        0u)
+        << run.err;
+    EXPECT_NE(run.err.find("; ask for another side, vertex or kind of cut\n"), std::string::npos);
+}
+
+// ------------------------------------------------------------------------------------------------ and the rest
+
+TEST_F(Messages, OutputThatCannotBeWritten)
+{
+    write_wkt(kSquare);
+    const std::string command = std::string(PLCALC_PROGRAM) + " divide " + path("lot.csv") +
+                                " --vertex 1 --area 5 >/dev/full 2>" + path("err");
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+}
+
+TEST_F(Messages, HelpAndVersionFitTheTerminal)
+{
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--help"},
+                                                      {"-h"},
+                                                      {"divide", "--help"},
+                                                      {"divide", "-h"},
+                                                      {"--version"}}) {
+        const test::Result run = this->run(arguments);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out.rfind("plcalc", 0), 0u) << run.out;
+        std::istringstream lines(run.out);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80u) << line;
+    }
+    EXPECT_NE(run({"divide", "--help"}).out.find("plcalc divide examples/published.csv"), std::string::npos);
+}
+
+}  // namespace
