@@ -87,17 +87,6 @@ Ring wild_ring(std::mt19937_64& random)
     return ring;
 }
 
-std::string shown(const Ring& ring)
-{
-    std::string text = "ring";
-    char number[80];
-    for (const PL_PNT2D_record& p : ring) {
-        std::snprintf(number, sizeof number, "\n    {%a, %a}", p.x, p.y);
-        text += number;
-    }
-    return text;
-}
-
 bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
     return p.x == q.x && p.y == q.y;
@@ -109,6 +98,18 @@ struct Request {
     int modo;
     double area;
 };
+
+std::string shown(const Request& r)
+{
+    char number[80];
+    std::snprintf(number, sizeof number, "side %zu, modo %d, area %a, ring", r.side, r.modo, r.area);
+    std::string text = number;
+    for (const PL_PNT2D_record& p : r.ring) {
+        std::snprintf(number, sizeof number, "\n    {%a, %a}", p.x, p.y);
+        text += number;
+    }
+    return text;
+}
 
 Request random_request(std::mt19937_64& random, const Ring& ring)
 {
@@ -197,14 +198,12 @@ TEST(AnyParcel, NearTheOriginAFoundLineEndsOnTheBoundary)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kParcels; ++i) {
         const Request r = random_request(random, random_ring(random));
-        SCOPED_TRACE(shown(r.ring) + "\n  side " + std::to_string(r.side) + ", modo " +
-                     std::to_string(r.modo) + ", area " + std::to_string(r.area));
         const CPoint3dVector parcel = test::parcel_of(r.ring);
         CFrazArea cut = cut_of(parcel, r);
         const test::Answer line = run_and_check(r, cut);
         expect_ends_on_boundary(r, cut, line, kOutsideCorner + kRoundingLocal);
         if (HasFailure())
-            return;
+            FAIL() << shown(r);
     }
 }
 
@@ -213,13 +212,11 @@ TEST(AnyParcel, AtTheCoordinatesOfAMapTheAnswerKeepsItsWord)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kParcels; ++i) {
         const Request r = random_request(random, test::at_utm_size(random, random_ring(random)));
-        SCOPED_TRACE(shown(r.ring) + "\n  side " + std::to_string(r.side) + ", modo " +
-                     std::to_string(r.modo) + ", area " + std::to_string(r.area));
         const CPoint3dVector parcel = test::parcel_of(r.ring);
         CFrazArea cut = cut_of(parcel, r);
         run_and_check(r, cut);
         if (HasFailure())
-            return;
+            FAIL() << shown(r);
     }
 }
 
@@ -228,8 +225,6 @@ TEST(AnyParcel, WhateverTheNumbersItEndsAndKeepsItsWord)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kParcels; ++i) {
         const Request r = random_request(random, wild_ring(random));
-        SCOPED_TRACE(shown(r.ring) + "\n  side " + std::to_string(r.side) + ", modo " +
-                     std::to_string(r.modo));
         const CPoint3dVector parcel = test::parcel_of(r.ring);
         CFrazArea cut = cut_of(parcel, r);
         run_and_check(r, cut);
@@ -241,7 +236,7 @@ TEST(AnyParcel, WhateverTheNumbersItEndsAndKeepsItsWord)
         EXPECT_STATE(test::state_of(copy), test::state_of(cut));
         expect_members_agree(cut);
         if (HasFailure())
-            return;
+            FAIL() << shown(r);
     }
 }
 

@@ -97,12 +97,11 @@ TEST(ConvexRequests, AParallelHoldsTheRequestNextToTheSide)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kRequests; ++i) {
         const Request request = random_request(random);
-        SCOPED_TRACE(shown(request));
         const CPoint3dVector parcel = test::parcel_of(request.ring);
         CFrazArea cut(parcel, request.p1(), request.p2(), 0, 1, request.area, 0.0);
         const test::Answer line = test::run(cut);
 
-        ASSERT_TRUE(line.done);
+        EXPECT_TRUE(line.done);
         EXPECT_TRUE(In::Trovato(cut));
         expect_on_boundary(request, line.p1);
         expect_on_boundary(request, line.p2);
@@ -113,7 +112,7 @@ TEST(ConvexRequests, AParallelHoldsTheRequestNextToTheSide)
         EXPECT_NEAR(static_cast<double>(test::distance_to_line(request.p1(), request.p2(), line.p1)),
                     static_cast<double>(test::distance_to_line(request.p1(), request.p2(), line.p2)), 1e-7);
         if (HasFailure())
-            return;
+            FAIL() << shown(request);
     }
 }
 
@@ -122,12 +121,11 @@ TEST(ConvexRequests, APerpendicularHoldsTheRequestAheadAlongTheSide)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kRequests; ++i) {
         const Request request = random_request(random);
-        SCOPED_TRACE(shown(request));
         const CPoint3dVector parcel = test::parcel_of(request.ring);
         CFrazArea cut(parcel, request.p1(), request.p2(), 1, 1, request.area, 0.0);
         const test::Answer line = test::run(cut);
 
-        ASSERT_TRUE(line.done);
+        EXPECT_TRUE(line.done);
         expect_on_boundary(request, line.p1);
         expect_on_boundary(request, line.p2);
         const PL_PNT2D_record ahead = {line.p1.x + (request.p2().x - request.p1().x),
@@ -140,7 +138,7 @@ TEST(ConvexRequests, APerpendicularHoldsTheRequestAheadAlongTheSide)
         EXPECT_TRUE(In::Trovato(cut) || allowed < finest);
         expect_piece(request, piece_with(request, line, ahead), In::Trovato(cut) ? allowed : finest);
         if (HasFailure())
-            return;
+            FAIL() << shown(request);
     }
 }
 
@@ -149,18 +147,17 @@ TEST(ConvexRequests, ALineThroughAVertexHoldsTheRequestNextToTheSideAfterIt)
     std::mt19937_64 random = test::random_source();
     for (int i = 0; i < kRequests; ++i) {
         const Request request = random_request(random);
-        SCOPED_TRACE(shown(request));
         const CPoint3dVector parcel = test::parcel_of(request.ring);
         CFrazArea cut(parcel, request.p1(), {0.0, 0.0}, 2, 1, request.area, 0.0);
         const test::Answer line = test::run(cut);
 
-        ASSERT_TRUE(line.done);
+        EXPECT_TRUE(line.done);
         EXPECT_TRUE(In::Trovato(cut));
         EXPECT_POINT(line.p1, (request.p1()));
         expect_on_boundary(request, line.p2);
         expect_piece(request, piece_with(request, line, request.p2()), kRelTol * request.area);
         if (HasFailure())
-            return;
+            FAIL() << shown(request);
     }
 }
 

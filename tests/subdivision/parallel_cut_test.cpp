@@ -562,6 +562,39 @@ TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, Table)
     }
 }
 
+TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, StartsFromTheFootOnTheBaseLineWhateverTheTrialLineWas)
+{
+    // The base side is the top: a foot elsewhere, at the origin say, would not be on it.
+    const CPoint3dVector parcel;
+    CFrazArea f = ready_square(parcel, 0x1p23 * kSide);
+    In::IndiceInizio(f) = 2;
+    In::VettIndici(f) = {2, 3, 0, 1, 2};
+    In::RettaBase(f) = {0, -kSide, kSide * kSide};
+    In::RettaMobile(f) = {1, 3, 7};
+    PL_PNT2D_record q = {5, 0};
+    In::TrovatoPuntoMaxEtMedioConPuntoPrec(f, q);
+    EXPECT_TRUE(In::Trovato(f));
+    EXPECT_BITS(In::DistLinea(f), 0x1p23);
+    EXPECT_LINE(In::RettaMobile(f), ({0, -kSide, 0x1p23 * kSide}));
+}
+
+TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, NothingOutOfNothingIsNotTooLittle)
+{
+    // A ring of two points and a request of zero: no area is below it, so q is what moves, to an end that no
+    // crossing has written.
+    const CPoint3dVector parcel;
+    CFrazArea f = ready_square(parcel, 0.0);
+    In::NumPunti(f) = 2;
+    In::VettPoligono(f) = {{0, 0}, {kSide, 0}, {0, 0}};
+    In::VettIndici(f) = {0, 1, 0};
+    In::PuntoRis2(f) = {9, 8};
+    PL_PNT2D_record q = {1, 1};
+    In::TrovatoPuntoMaxEtMedioConPuntoPrec(f, q);
+    EXPECT_FALSE(In::Trovato(f));
+    EXPECT_BITS(In::AreaParziale(f), 0.0);
+    EXPECT_POINT(q, ({9, 8}));
+}
+
 TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, ARequestThatIsNoNumberEnds)
 {
     const CPoint3dVector parcel;
