@@ -241,6 +241,17 @@ const SegmentsRow kSegmentsRows[] = {
      true,
      {0.5, 0}},
 
+    {"second: on 1 + 2e-7 with two products, beyond it with a fused one",
+     {{0x1.d87a869d04ce1p+2, 0x1.b287b6bd374bap-1}, {0x1.420bd700b474cp+6, 0x1.d5b28cc976201p+5}},
+     {{0x1.cc29aaf529b8ep+4, 0x1.78cf66b47ef46p+3}, {0x1.7359c6fa3cd66p+4, 0x1.abe59d11e53e5p+3}},
+     true,
+     {0x1.7359c5d03bd92p+4, 0x1.abe59dbd50713p+3}},
+    {"second: before -1e-7 with two products, on it with a fused one",
+     {{0x1.9007d6ab7cdbcp+2, 0x1.0662fcaf58dccp+2}, {0x1.9925ac10adc76p+5, 0x1.cb53c35d75914p+5}},
+     {{0x1.28f7555b1f199p+5, 0x1.46190c20a7a7dp+5}, {0x1.dc3079d6c616cp+4, 0x1.6c69a13cf2868p+5}},
+     false,
+     kUntouchedPoint},
+
     {"parallel", kUnit, {{0, 1}, {1, 1}}, false, kUntouchedPoint},
     {"overlapping", {{0, 0}, {2, 0}}, {{1, 0}, {3, 0}}, false, kUntouchedPoint},
     {"the same", kUnit, kUnit, false, kUntouchedPoint},

@@ -283,6 +283,23 @@ TEST(DistPuntoRetta, Table)
     }
 }
 
+// The foot on a line of zeros is the origin, so the direction is that of the point itself: one product with
+// the rounded factor, not a quotient by 0.9.
+TEST(DistPuntoRetta, AngleIsTheKernelsDegreesTimesTheFactor)
+{
+    const PL_IMP_LINE_2D_record no_line = {0, 0, 0};
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> coordinate(-100.0, 100.0);
+    for (int i = 0; i < 1000; ++i) {
+        const PL_PNT2D_record p = {coordinate(random), coordinate(random)};
+        double dist = kUntouched;
+        double angle_gon = kUntouched;
+        CalcDistPuntoDaRetta(&no_line, &p, dist, angle_gon);
+        EXPECT_BITS(dist, std::sqrt(p.y * p.y + p.x * p.x));
+        EXPECT_BITS(angle_gon, PlFunz_arctan_deg(p.x, p.y) * 0x1.1c71c71c71c72p+0);
+    }
+}
+
 struct InSegmRow {
     const char* what;
     PL_PNT2D_record a;
