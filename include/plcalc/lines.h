@@ -108,13 +108,14 @@ PLCALC_API bool PlFunz_intersect_ls(const PL_LINE_2D_record* s1, const PL_LINE_2
 /// Signed distance of a point from the unlimited line through a segment; there is no clamping to its ends.
 ///
 /// @param[in] p    the point, caller's unit
-/// @param[in] seg  the segment, caller's unit; its direction does not matter
+/// @param[in] seg  the segment, caller's unit; its direction matters in the two cases named below only
 /// @return positive on the far side of the line from the origin, negative on the origin's side; for a line
-///         through the origin positive above it. For a segment without length: the distance from its
-///         start, never negative.
+///         through the origin positive above it, and for a vertical one positive to the left of start to end.
+///         For a segment without length: the distance from its start, never negative.
 ///
 /// Tolerance   PL_EPS on each axis for "without length". A segment that passes this but is shorter than
-///             3.16e-4 has no normal form: the result is then the raw value a*p.x + b*p.y + c.
+///             3.16e-4 has no normal form: the result is then the raw value a*p.x + b*p.y + c, an area whose
+///             sign is positive to the left of start to end.
 PLCALC_API double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* seg) noexcept;
 
 /// Whether three points lie on one line, judged by the directions from the first to the other two.

@@ -54,9 +54,12 @@ PLCALC_API bool CalcoloIntersezioneRette(double x1, double y1, double x2, double
 ///
 /// @param[in]  x1, y1, x2, y2  two points of the first line, caller's unit
 /// @param[in]  x3, y3, x4, y4  two points of the second line, caller's unit
-/// @param[out] xOut, yOut      the point; for lines that coincide P2; untouched when false
+/// @param[out] xOut, yOut      the point; for lines that coincide P2, as P1 + (P2 - P1), which may round to
+///                             its neighbour; untouched when false
 /// @return false only for parallel lines that are distinct
 ///
+/// Degenerate  P1 equal to P2 coincides with every line: true, and P1. P3 equal to P4 is parallel to every
+///             line: true, and P2, when it lies on the first one exactly.
 /// Exactness   Parallel means a determinant of exactly 0.0; t * d1 + P1 with t rounded once.
 PLCALC_API bool CalcoloIntersezioneRetteExt(double x1, double y1, double x2, double y2, double x3, double y3,
                                             double x4, double y4, double& xOut, double& yOut) noexcept;
@@ -123,8 +126,9 @@ PLCALC_API double DistPtSuSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_reco
 ///
 /// @param[in]  a, b  the line's points, caller's unit
 /// @param[in]  pt    the point, caller's unit
-/// @param[out] foot  foot of the perpendicular; not the record of pt. When a and b coincide it is untouched,
-///                   and the distance is taken from what it held
+/// @param[out] foot  foot of the perpendicular; not the record of pt. When a and b are less than 3.16e-4
+///                   apart (dx*dx + dy*dy <= PL_EPS) it is untouched, and the distance is taken from what it
+///                   held.
 /// @return positive to the right of the direction a to b, negative to the left, -0.0 on the line
 PLCALC_API double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* pt,
                                PL_PNT2D_record* foot) noexcept;
@@ -137,7 +141,7 @@ PLCALC_API double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* 
 /// @param[out] angle  direction foot to point in gons, counted anticlockwise from +x (not a bearing from
 ///                    North): it tells the side. 0 for a point on the line. May round up to exactly 400.
 ///
-/// Degenerate  A line without direction has its foot at the origin.
+/// Degenerate  A line without direction, a*a + b*b <= PL_EPS, has its foot at the origin.
 /// Exactness   Degrees times 1.1111111111111112.
 PLCALC_API void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_record* pt,
                                      double& dist, double& angle) noexcept;
@@ -148,6 +152,9 @@ PLCALC_API void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL
 /// @param[in]  pt    the point, caller's unit
 /// @param[out] out   the foot; written also when it falls outside the segment and the result is false
 /// @return true when the foot lies on the segment, with the margin of PlFunz_intersect_ils
+///
+/// Degenerate  Ends that coincide within PL_EPS: true with a, wherever the point is. Ends farther apart than
+///             that but less than 3.16e-4: false, and out is untouched.
 PLCALC_API bool IntersPerpDaPtInSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b,
                                      const PL_PNT2D_record* pt, PL_PNT2D_record* out) noexcept;
 
@@ -158,6 +165,8 @@ PLCALC_API bool IntersPerpDaPtInSegm(const PL_PNT2D_record* a, const PL_PNT2D_re
 /// @param[in]  ord   ordinate at right angles, caller's unit: for absc >= 0 positive to the right of a to b,
 ///                   for absc < 0 positive to the left. The side swaps with the abscissa's sign.
 /// @param[out] out   the point; may be the record of a or b
+///
+/// Degenerate  For a equal to b both distances are set out along +x.
 PLCALC_API void CalcPtSquadro(const PL_PNT2D_record* a, const PL_PNT2D_record* b, double absc, double ord,
                               PL_PNT2D_record* out) noexcept;
 
@@ -213,7 +222,8 @@ PLCALC_API bool StessoPunto(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2
 
 /// Signed area of a closed polygon.
 ///
-/// @param[in] pts  the ring, closed by itself; a repeated first vertex adds nothing. Heights are ignored.
+/// @param[in] pts  the ring, closed by itself; a repeated first vertex adds nothing but a rounding. Heights
+///                 are ignored.
 /// @return positive anticlockwise, negative clockwise, unit squared; a figure eight gives the sum of its
 ///         signed lobes; 0 for fewer than three points
 ///
