@@ -32,7 +32,10 @@ function(plcalc_configure_library target prefix include_dir)
     # PLCALC_API decides what is exported; the script only keeps the standard library's templates, which
     # are visible by their own marks, out of the interface.
     set(script ${PROJECT_SOURCE_DIR}/cmake/no_std_symbols.map)
-    target_link_options(${target} PRIVATE LINKER:--version-script=${script} LINKER:--no-undefined)
+    target_link_options(${target} PRIVATE LINKER:--version-script=${script})
+    if(NOT PLCALC_SANITIZE)  # whose routines the program brings
+      target_link_options(${target} PRIVATE LINKER:--no-undefined)
+    endif()
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${script})
   endif()
 endfunction()
