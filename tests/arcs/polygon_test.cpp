@@ -249,12 +249,18 @@ const IndexRow kIndexRows[] = {
     {"the same, searched", {{2000, 1}, {-3000, 0}, {2000, -1}}, {-2900, 0.01}, 3, 0, 2, true},
     {"the ray reaches 1000 beyond the trusted vertex",
      {{1000, 1}, {-3000, -2}, {0, -10}, {1000, -1}},
-     {-900, -0.5},
+     {999, -0.5},
      4,
      2,
      2,
      true},
-    {"and no further", {{1000.001, 1}, {-3000, -2}, {0, -10}, {1000.001, -1}}, {-900, -0.5}, 4, 2, 2, false},
+    {"and no further",
+     {{1000.00005, 1}, {-3000, -2}, {0, -10}, {1000.00005, -1}},
+     {999, -0.5},
+     4,
+     2,
+     2,
+     false},
     {"two vertices: false, the index untouched", kSquare, {0.5, 0.5}, 2, 0, 0, false},
     {"two vertices: false, an index outside untouched", kSquare, {0.5, 0.5}, 2, 77, 77, false},
     {"no vertices", kSquare, {0.5, 0.5}, 0, 0, 0, false},
@@ -270,6 +276,14 @@ const IndexRow kIndexRows[] = {
      -3,
      0,
      false},
+    {"further west than -1.7e200: index 0",
+     {{-1.8e200, 0}, {-1.8e200, 5}, {-1.8e200, -5}},
+     {0, 1},
+     3,
+     0,
+     0,
+     false},
+    {"not quite so far west: found", {{-1.6e200, 0}, {-1.6e200, 5}, {-1.6e200, -5}}, {0, 1}, 3, 0, 2, false},
     {"minus infinity is not found", {{-kInf, 0}, {-kInf, 5}, {-kInf, -5}}, {0, 1}, 3, 0, 0, false},
 };
 
@@ -548,13 +562,28 @@ Ring level_run_over_the_start()
     return ring;
 }
 
+Ring creeping()
+{
+    // Each vertex is level with hundreds of its neighbours, but with others than they are: the walk takes many
+    // rounds, each through other vertices, before it comes back to a place.
+    constexpr int n = 4000;
+    constexpr int up = n / 2 + 1;
+    Ring ring;
+    for (int i = 0; i < n; ++i) {
+        const double steps = i < up ? i : up - (i - up) * (static_cast<double>(up) / (n - up));
+        ring.push_back({static_cast<double>(i), steps * 1e-7 / 500.5});
+    }
+    std::rotate(ring.begin(), ring.begin() + 1, ring.end());
+    return ring;
+}
+
 TEST(InPolygon, LargeRings)
 {
     test::Places places;
     Tally tally;
     std::mt19937_64 random = test::random_source();
-    for (const Ring& ring :
-         {comb(), staircase(), spiral(), repeated(), level_run_over_the_start(), Ring(kLarge, {3, 4})}) {
+    for (const Ring& ring : {comb(), staircase(), spiral(), repeated(), level_run_over_the_start(),
+                             creeping(), Ring(kLarge, {3, 4})}) {
         for (int i = 0; i < 2; ++i) {
             const PL_PNT2D_record& a = ring[random() % ring.size()];
             const PL_PNT2D_record& b = ring[random() % ring.size()];
