@@ -5,7 +5,7 @@ A request is (parcel, first side point, second side point, mode, kind of area, v
 
 import math
 
-from .common import INF, NAN, SIZES, cases
+from .common import INF, NAN, SIZES, cases, near
 
 PARALLEL, PERPENDICULAR, THROUGH_VERTEX = 0, 1, 2
 MODES = (PARALLEL, PERPENDICULAR, THROUGH_VERTEX)
@@ -24,6 +24,12 @@ SLOPING = [(3.0, 4.0), (83.0, 24.0), (71.0, 72.0), (-9.0, 52.0)]
 
 BOW_TIE = [O, (60.0, 60.0), (60.0, 0.0), (0.0, 60.0)]                                  # its signed area is 0
 NOTCH = [O, (100.0, -50.0), (100.0, 50.0), (-100.0, 50.0), (-100.0, -50.0)]            # alike either way from 0
+
+# Rectangles of height 2: the first line that is tried halves them, and (width - area) / area is 1e-6 to the
+# last bit, on the bound that has to be undercut. Found by trial.
+EXACTLY_1E6_OFF = [(float.fromhex("0x1.036651p+6"), float.fromhex("0x1.03664p+6")),
+                   (float.fromhex("0x1.0736e14p+6"), float.fromhex("0x1.0736dp+6")),
+                   (float.fromhex("0x1.0b07718p+6"), float.fromhex("0x1.0b076p+6"))]
 
 SHAPES = (RECTANGLE, TRIANGLE, L_SHAPE, U_SHAPE, COMB, ON_A_SIDE, TWICE, CLOSED, SLOPING)
 
@@ -95,6 +101,9 @@ def _chosen():
             yield _at_side(NOTCH[::-1], 4, mode, _area(NOTCH) * share)
             yield _at_side(BOW_TIE, 0, mode, 900.0 * share)
             yield _at_side(BOW_TIE[::-1], 1, mode, 900.0 * share)
+        for line in ([O, (10.0, 0.0), (-10.0, 0.0)], [O, (-20.0, -10.0), (10.0, 5.0)]):   # nothing to cut
+            yield _at_side(line, 0, mode, 0.0)
+            yield _at_side(line, 1, mode, 1.0)
         for slant in (1e-3, -1e-3, 1e-6, -1e-6, 1e-8, 0.5, -0.5):   # the side's normal beside +x: 0 or 400 gons
             for x, y in (O, (1000.0, 2000.0), (5e5, 5e6)):
                 leaning = [(x, y), (x + 100.0, y), (x + 100.0, y + 50.0), (x + slant, y + 50.0)]
@@ -104,6 +113,9 @@ def _chosen():
             yield _at_side([O, (100.0, 0.0), (v, 50.0), (0.0, 50.0)], 0, mode, 1000.0)
             yield _at_side(rect, 0, mode, v)
         yield _at_side([O, (1e200, 0.0), (1e200, 1e200), (0.0, 1e200)], 0, mode, 1e100)
+    for width, area in EXACTLY_1E6_OFF:
+        for target in near(area):
+            yield _at_side([O, (width, 0.0), (width, 2.0), (0.0, 2.0)], 0, PARALLEL, target)
     for mode in (3, -1, 77, 2147483647, -2147483648):
         yield _at_side(rect, 0, mode, 1000.0)
 
