@@ -529,6 +529,18 @@ TEST(CalcolaFrazionPuntoVer, FortyNineWedges)
     }
 }
 
+TEST(CalcolaFrazionPuntoVer, NothingOutOfNothingIsNotTooLittle)
+{
+    // Sides too short to have lines: below 50 gon the wedge holds two points and no area, as requested.
+    constexpr double kShort = 0x1p-26;
+    const CPoint3dVector parcel = test::parcel_of({{0, 0}, {kShort, 0}, {kShort, kShort}, {0, kShort}});
+    CFrazArea cut(parcel, {0, 0}, {0, 0}, 2, 1, 0.0, 0.0);
+    EXPECT_TRUE(test::run(cut).done);
+    EXPECT_FALSE(In::Trovato(cut));
+    EXPECT_BITS(In::AreaParziale(cut), 0.0);
+    EXPECT_BITS(In::AngAmpiezza(cut), 0x1.9p-43);
+}
+
 TEST(CalcolaFrazionPuntoVer, WhatIsNotAVertexLeavesTheResults)
 {
     const CPoint3dVector parcel = test::parcel_of({{0, 0}, {128, 0}, {128, 64}, {0, 64}});
@@ -611,6 +623,7 @@ const WedgeRow kWedgeRows[] = {
     {"a wedge without point 1 is without the vertex too", kNowhere, 25, 100, 0.0, {{4, 4}, {0, 4}}},
     {"the crossing comes before the point that its side ends in", kHalfUp, 29.5, 30, 0.0, {{4, 2}, {4, 4}}},
     {"a crossing counts whatever the wedge", kHalfUp, 200, 10, 0.0, {{4, 2}}},
+    {"a wedge of more than half a turn", kNowhere, 150, 320, 8.0, {{0, 0}, {4, 0}, {4, 4}}},
     {"a wedge that is no number holds no point", kHalfUp, kNaN, 10, 0.0, {{4, 2}}},
 };
 
@@ -656,6 +669,17 @@ TEST(CalcAreaDaVertice, ARayThatMeetsNothingLeavesTheSecondEnd)
     EXPECT_EQ(In::NumIntersez(f), 0);
     EXPECT_POINT(In::PuntoRis1(f), ({0, 0}));
     EXPECT_POINT(In::PuntoRis2(f), ({9, 9}));
+}
+
+TEST(CalcAreaDaVertice, TheSecondEndIsTheFarthestCrossingNotTheLast)
+{
+    // The diagonal: first through (4, 4), then back through (2.67, 2.67).
+    const CPoint3dVector parcel;
+    CFrazArea f = square_with_wedge(parcel, {-4, 4, 0}, 0, 50);
+    In::VettPoligono(f) = {{0, 0}, {6, 2}, {2, 6}, {3, 1}, {0, 0}};
+    In::CalcAreaDaVertice(f);
+    EXPECT_EQ(In::NumIntersez(f), 2);
+    EXPECT_POINT(In::PuntoRis2(f), ({4, 4}));
 }
 
 TEST(CalcAreaDaVertice, TheSidesAtTheVertexAreNotTested)

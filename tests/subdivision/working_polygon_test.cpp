@@ -173,6 +173,20 @@ TEST(TrovaLimitiSegmento, TheMiddleOfAnEarlierChordIsNotLookedAt)
     EXPECT_POINT(r2, ({4, 0}));
 }
 
+TEST(TrovaLimitiSegmento, OutsideIsFartherThanTheFirstEnd)
+{
+    // Ends that the middle does not lie between, as no search has them: the first end decides.
+    CFrazArea f = bare();
+    In::NumIntersez(f) = 2;
+    In::PuntoMedio(f) = {0, 0};
+    PL_PNT2D_record r1 = {1, 0};
+    PL_PNT2D_record r2 = {5, 0};
+    In::TrovaLimitiSegmento(f, r1, r2, {4, 0});
+    EXPECT_POINT(r1, ({1, 0}));
+    EXPECT_POINT(r2, ({4, 0}));
+    EXPECT_POINT(In::PuntoMedio(f), ({2.5, 0}));
+}
+
 const ChordRow kFarthestRows[] = {
     // from r1 = (1, 1); the middle is not used
     {"the first, wherever it is", {{1, 1}}, {1, 1}, {1, 1}, {}},
