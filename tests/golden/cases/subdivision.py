@@ -35,7 +35,8 @@ SHAPES = (RECTANGLE, TRIANGLE, L_SHAPE, U_SHAPE, COMB, ON_A_SIDE, TWICE, CLOSED,
 
 
 def _area(ring):
-    return abs(sum((ring[i - 1][0] - ring[(i + 1) % len(ring)][0]) * ring[i][1] for i in range(len(ring)))) / 2.0
+    n = len(ring)
+    return abs(sum((ring[i - 1][0] - ring[(i + 1) % n][0]) * ring[i][1] for i in range(n))) / 2.0
 
 
 def _at_side(parcel, k, mode, area, kind=1, other=0.0):
