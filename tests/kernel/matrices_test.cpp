@@ -133,10 +133,10 @@ const ScaleRow kScaleRows[] = {
     {"both minus infinite: not scaled", -kInf, -kInf, {3, 4}, kIdentity},
     {"twice and four times", 2, 4, {10, 100}, {{{2, 0, 0}, {0, 4, 0}, {-10, -300, 1}}}},
     {"last bit: one minus the factor, then times the centre",
-     0.1,
+     1.1,
      0.7,
-     {0.3, 93.44},
-     {{{0.1, 0, 0}, {0, 0.7, 0}, {0.27, 0x1.c083126e978d6p+4, 1}}}},
+     {87.55, 93.44},
+     {{{1.1, 0, 0}, {0, 0.7, 0}, {-0x1.1828f5c28f5c7p+3, 0x1.c083126e978d6p+4, 1}}}},
 };
 
 TEST(ScaleMatrix, Table)
@@ -351,9 +351,9 @@ const TransformRow kTransformRows[] = {
      {1, 1},
      {1, 1}},
     {"last bits, never fused",
-     {{{0.1, 0.7, 0}, {0.3, 0.9, 0}, {93.44, 75.51, 1}}},
-     {87.55, 79.39},
-     {126.012, 0x1.a07df3b645a1cp+7}},
+     {{{9.18, 7.71, 0}, {9.84, 8.47, 0}, {6.59, 4.59, 1}}},
+     {31.97, 51.02},
+     {0x1.910e425aee633p+9, 0x1.559beab367a11p+9}},
     {"a NaN shift reaches only its axis", {{{1, 0, 0}, {0, 1, 0}, {kNan, 2, 1}}}, {1, 1}, {kNan, 3}},
     {"infinity times the zero of an identity is no number",
      {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},

@@ -158,6 +158,17 @@ TEST(PointVector, MovingLeavesTheOtherEmpty)
     expect_points(first, {{10, 11}});
 }
 
+TEST(PointVector, MovingCopiesNoPoint)
+{
+    CPoint3dVector first = {{1, 2, 3}, {4, 5, 6}};
+    CPoint3dVector third = {{7, 8, 9}};
+    const std::size_t before = allocations;
+    CPoint3dVector second = std::move(first);
+    third = std::move(second);
+    EXPECT_EQ(allocations, before);
+    expect_points(third, {{1, 2}, {4, 5}});
+}
+
 TEST(PointVector, MovesAndReadersThrowNothing)
 {
     EXPECT_TRUE(std::is_nothrow_default_constructible<CPoint3dVector>::value);
