@@ -46,6 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CFrazArea object(parcel, r.p1, r.p2, kPerpendicular, r.tipo_area, r.valore1, r.valore2);
     const Cut cut = fuzz::check_request(object, parcel, r);
     FUZZ_CHECK(!cut.done || fuzz::has_side(r));
+    // What is cut off either half is what the other one lacks, never less than nothing.
+    if (cut.done)
+        FUZZ_CHECK(!(CFrazAreaInspector::requested(object) < 0.0));
     if (r.convex_area > 0.0)
         check_ahead(object, r, cut);
     return 0;

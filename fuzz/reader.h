@@ -108,11 +108,12 @@ public:
     /// The next bytes as they are; zeros after the end.
     template <class T> T as()
     {
-        unsigned char bytes[sizeof(T)];
-        for (unsigned char& b : bytes)
-            b = byte();
-        T value;
-        std::memcpy(&value, bytes, sizeof value);
+        T value = {};
+        const std::size_t taken = left_ < sizeof value ? left_ : sizeof value;
+        if (taken > 0)
+            std::memcpy(&value, at_, taken);
+        at_ += taken;
+        left_ -= taken;
         return value;
     }
 
