@@ -137,6 +137,7 @@ TEST(Esegui, AnUnknownModeFailsAndWritesWhatIsThere)
         CFrazArea f(parcel, {0, 0}, {128, 0}, modo, 1, 2048.0, 0.0);
         In::PuntoRis1(f) = {1, 2};
         In::PuntoRis2(f) = {3, -0.0};
+        In::Trovato(f) = true;
         const test::Answer answer = test::run(f);
         EXPECT_FALSE(answer.done);
         EXPECT_POINT(answer.p1, ({1, 2}));
@@ -152,6 +153,7 @@ TEST(Esegui, AnUnknownModeFailsAndWritesWhatIsThere)
         want.Valore1 = 2048;
         want.PuntoRis1 = {1, 2};
         want.PuntoRis2 = {3, -0.0};
+        want.Trovato = true;
         want.NumPunti = 4;
         want.AreaRichiesta = 2048;
         want.VettPoligono = {{0, 0}, {128, 0}, {128, 64}, {0, 64}, {0, 0}};

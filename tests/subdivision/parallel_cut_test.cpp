@@ -349,6 +349,21 @@ const test::CutRow kRows[] = {
       {500110.75, 4649796.25}},
      {2, 5, true, 4, 0},
      {0x1.c3af2838f4835p+5, 0x1.37427578394fcp+8, 0x1.b587f96f9ap+12, 7000.5}},
+    {"across the origin: the last bit of the halving's midpoints",
+     {{{-0x1.a56e147ae147bp+8, -0x1.249999999999ap+6},
+       {0x1.3333333333333p+6, -0x1.2888f5c28f5c3p+9},
+       {0x1.6de8f5c28f5c3p+8, 0x1.667ae147ae148p+6},
+       {0x1.5c28f5c28f5c3p+1, 0x1.aa26666666666p+9}},
+      {0x1.5c28f5c28f5c3p+1, 0x1.aa26666666666p+9},
+      {-0x1.a56e147ae147bp+8, -0x1.249999999999ap+6},
+      502787.0},
+     true,
+     {{-0x1.7e95cdc28f643p+1, -0x1.fdceb923d70a5p+8},
+      {0x1.3dec69fffce35p+8, 0x1.7cc73f64629edp+7},
+      {0x1.5c28f5c28f5c3p+1, 0x1.aa26666666666p+9},
+      {-0x1.a56e147ae147bp+8, -0x1.249999999999ap+6}},
+     {2, 5, true, 4, 3},
+     {0x1.192949673e116p+9, 0x1.74a42d1038d58p+8, 0x1.eb00cd4b7ae14p+18, 502787.0}},
     {"against the ring: not a side",
      {{{0.0, 0.0}, {128.0, 0.0}, {128.0, 64.0}, {0.0, 64.0}}, {128.0, 0.0}, {0.0, 0.0}, 2048.0},
      false,
@@ -570,7 +585,7 @@ TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, StartsFromTheFootOnTheBaseLineWhateverT
     In::IndiceInizio(f) = 2;
     In::VettIndici(f) = {2, 3, 0, 1, 2};
     In::RettaBase(f) = {0, -kSide, kSide * kSide};
-    In::RettaMobile(f) = {1, 3, 7};
+    In::RettaMobile(f) = {0, 0, 0};
     PL_PNT2D_record q = {5, 0};
     In::TrovatoPuntoMaxEtMedioConPuntoPrec(f, q);
     EXPECT_TRUE(In::Trovato(f));

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "inspector.h"
 #include "support/bits.h"
@@ -526,6 +527,27 @@ TEST(CalcolaFrazionPuntoVer, FortyNineWedges)
         EXPECT_FALSE(In::Trovato(cut));
         EXPECT_BITS(In::AngAmpiezza(cut), row.width);
         EXPECT_BITS(In::AngInizio(cut), 0.0);
+    }
+}
+
+// With sides along the axes the directions are exact, and the ray can be laid out again with the platform's own
+// sine and cosine: to the last bit, the shortened factor and the order of the steps included.
+TEST(CalcolaFrazionPuntoVer, TheRayIsLaidOutByTheShortenedFactor)
+{
+    const Points ring = {{1, 2}, {129, 2}, {129, 66}, {1, 66}};
+    const CPoint3dVector parcel = test::parcel_of(ring);
+    for (std::size_t corner = 0; corner < ring.size(); ++corner) {
+        for (const double area : {400.0, 1000.0, 2500.0, 4500.0, 7000.0}) {
+            SCOPED_TRACE(std::to_string(corner) + ", " + std::to_string(area));
+            const PL_PNT2D_record v = ring[corner];
+            CFrazArea cut(parcel, v, {0, 0}, 2, 1, area, 0.0);
+            EXPECT_TRUE(test::run(cut).done);
+            const double first_gon = 100.0 * static_cast<double>(corner);
+            EXPECT_BITS(In::AngInizio(cut), first_gon);
+            const double theta = (first_gon + In::AngAmpiezza(cut)) * 0.01570796327;
+            const PL_PNT2D_record r = {v.x + std::cos(theta), v.y + std::sin(theta)};
+            EXPECT_LINE(In::RettaAux(cut), ({-(r.y - v.y), r.x - v.x, v.x * r.y - v.y * r.x}));
+        }
     }
 }
 
