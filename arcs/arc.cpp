@@ -1,7 +1,7 @@
-#include <cmath>
 #include <utility>
 
 #include "arcs/arc_units.h"
+#include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"
 
@@ -51,7 +51,7 @@ int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, const
     const double dir3 = PlFunz_arcangle(plcalc::kArcAngleRadians, &centre, p3);
     const double dir2 = PlFunz_arcangle(plcalc::kArcAngleRadians, &centre, p2);
     const std::pair<double, double> sweep = sweep_through(dir1, dir2, dir3);
-    *arc = {centre, std::sqrt(uy * uy + ux * ux), PL_RADIANS, sweep.first, sweep.second};
+    *arc = {centre, plcalc::square_root(uy * uy + ux * ux), PL_RADIANS, sweep.first, sweep.second};
     return 0;
 }
 

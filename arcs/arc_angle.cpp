@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "kernel/angle_units.h"
+#include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"
 
@@ -117,7 +118,7 @@ double PlFunz_halftan(double m) noexcept
 {
     if (plcalc::is_zero(m))
         return 0.0;
-    return (std::sqrt(m * m + 1.0) - 1.0) / m;
+    return (plcalc::square_root(m * m + 1.0) - 1.0) / m;
 }
 
 double PlFunz_pseudo_to_angle(int unit, double pseudo) noexcept

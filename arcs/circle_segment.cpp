@@ -1,7 +1,6 @@
 #include "arcs/circle_segment.h"
 
-#include <cmath>
-
+#include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 #include "lines/segment_box.h"
 
@@ -43,7 +42,7 @@ int PlFunz_param_line_normalise(PL_PARAM_LINE_2D_record* line) noexcept
     const double length2 = PlFunz_sumsqrdparms(line->dx, line->dy);
     if (plcalc::is_zero(length2))
         return kRcNoDirection;
-    const double k = 1.0 / std::sqrt(length2);
+    const double k = 1.0 / plcalc::square_root(length2);
     line->dx = line->dx * k;
     line->dy = line->dy * k;
     return 0;
@@ -75,7 +74,7 @@ bool PlFunz_intcircleseg(const PL_CIRCLE_2D_record* circle, const PL_LINE_2D_rec
         return *n > 0;
     }
 
-    const double half_chord = std::sqrt(half_chord2);
+    const double half_chord = plcalc::square_root(half_chord2);
     *q1 = point_at(line, foot - half_chord);
     *q2 = point_at(line, foot + half_chord);
     if (PlFunz_pnt_in_segbox(seg, q1))

@@ -1,3 +1,4 @@
+#include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 
 double PlFunz_inverse(double v) noexcept
@@ -14,7 +15,7 @@ double PlFunz_distance(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noe
 {
     const double dx = p1->x - p2->x;
     const double dy = p1->y - p2->y;
-    return std::sqrt(dy * dy + dx * dx);
+    return plcalc::square_root(dy * dy + dx * dx);
 }
 
 bool PlFunz_samepnt(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept

@@ -1,5 +1,5 @@
-#include <cmath>
 
+#include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 #include "plcalc/lines.h"
 
@@ -38,7 +38,7 @@ int PlFunz_normal_ile(PL_IMP_LINE_2D_record* line) noexcept
     if (plcalc::is_zero(length2))
         return kRcNoNormal;
 
-    double k = 1.0 / std::sqrt(length2);
+    double k = 1.0 / plcalc::square_root(length2);
     if (points_the_wrong_way(*line))
         k = -k;
     *line = {line->a * k, line->b * k, line->c * k};

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <utility>
 
+#include "kernel/square_root.h"
 #include "plcalc/survey.h"
 
 namespace {
@@ -9,7 +10,7 @@ double plan_distance(double x1, double y1, double x2, double y2)
 {
     const double dy = y1 - y2;
     const double dx = x1 - x2;
-    return std::sqrt(dy * dy + dx * dx);
+    return plcalc::square_root(dy * dy + dx * dx);
 }
 
 // Equal values, and a NaN, stay as given.
