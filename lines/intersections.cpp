@@ -2,17 +2,13 @@
 #include <utility>
 
 #include "kernel/tolerance.h"
+#include "lines/parallels.h"
 #include "lines/segment_box.h"
 #include "plcalc/lines.h"
 
 namespace {
 
 constexpr int kRcSamePoints = 2;
-
-bool same_coefficients(const PL_IMP_LINE_2D_record& l1, const PL_IMP_LINE_2D_record& l2)
-{
-    return plcalc::is_zero(l1.a - l2.a) && plcalc::is_zero(l1.b - l2.b) && plcalc::is_zero(l1.c - l2.c);
-}
 
 // The parameter of a segment, 0 at its start and 1 at its end. The lower margin is absolute and the upper
 // one scaled, twice as wide: a segment is a hair longer at its end, and filed results depend on it.
@@ -32,14 +28,10 @@ bool point_on_line(const PL_IMP_LINE_2D_record& line, const PL_PNT2D_record& p)
 bool PlFunz_intersect_ile(const PL_IMP_LINE_2D_record* l1, const PL_IMP_LINE_2D_record* l2,
                           PL_PNT2D_record* out) noexcept
 {
-    if (same_coefficients(*l1, *l2))
+    const plcalc::MeetsParallels meeting(*l1, l2->a, l2->b);
+    if (!meeting.meets(l2->c))
         return false;
-    const double det = l2->b * l1->a - l1->b * l2->a;
-    if (plcalc::is_zero(det))
-        return false;
-
-    const double inv = PlFunz_inverse(det);
-    *out = {(l1->b * l2->c - l1->c * l2->b) * inv, (l1->c * l2->a - l1->a * l2->c) * inv};
+    *out = {meeting.x_at(l2->c), meeting.y_at(l2->c)};
     return true;
 }
 

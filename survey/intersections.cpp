@@ -1,11 +1,8 @@
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
+#include "survey/extent.h"
 
 namespace {
-
-// A point this far outside a segment's extent is still on it, in the caller's unit: with metres the
-// millimetre to which corners are staked out. Not the geometric tolerance, which is rounding noise.
-constexpr double kStakeOutMargin = 0.001;
 
 // The end of a segment that is nearer to the meeting point moves onto it; on a tie the second one.
 void snap_nearer_end(PL_PNT2D_record* a, PL_PNT2D_record* b, const PL_PNT2D_record& meeting)
@@ -34,10 +31,7 @@ PL_IMP_LINE_2D_record line_through(double x1, double y1, double x2, double y2)
 
 bool TrovatoValNeiLimiti(double val, double lim1, double lim2) noexcept
 {
-    const bool ordered = lim1 < lim2;
-    const double low = (ordered ? lim1 : lim2) - kStakeOutMargin;
-    const double high = (ordered ? lim2 : lim1) + kStakeOutMargin;
-    return val >= low && val <= high;
+    return plcalc::extent_between(lim1, lim2).holds(val);
 }
 
 bool TrovatoPuntoInSegmento(const PL_PNT2D_record& pt, const PL_PNT2D_record& a,

@@ -1,11 +1,9 @@
 #include "kernel/angle_units.h"
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
+#include "survey/feet.h"
 
 namespace {
-
-// Degrees to gons: the double nearest 10/9.
-constexpr double kGonPerDeg = 1.1111111111111112;
 
 constexpr double kQuarterTurnDeg = 90.0;
 
@@ -34,15 +32,6 @@ double signed_distance(const PL_PNT2D_record& from, const PL_PNT2D_record& targe
     return distance2(target, ahead) < distance2(target, behind) ? dist : -dist;
 }
 
-// Foot of the perpendicular from a point on a line. For a line without direction there is none, and foot
-// keeps what it held.
-void drop_perpendicular(const PL_IMP_LINE_2D_record& line, const PL_PNT2D_record& pt, PL_PNT2D_record& foot)
-{
-    PL_IMP_LINE_2D_record perpendicular = {};
-    PlFunz_linepntperpend(&line, &pt, &perpendicular);
-    PlFunz_intersect_ile(&line, &perpendicular, &foot);
-}
-
 }  // namespace
 
 void CalcPtAtDistSuSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* from,
@@ -68,7 +57,7 @@ double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL
 {
     PL_IMP_LINE_2D_record line = {};
     PlFunz_lineeq_ile(a, b, &line);
-    drop_perpendicular(line, *pt, *foot);
+    plcalc::FeetOnLine(line).find(*pt, *foot);  // a line without direction has none: foot stays
     // A quarter turn clockwise from the segment: right is positive.
     return signed_distance(*foot, *pt, PlFunz_distance(foot, pt), direction_deg(*a, *b) - kQuarterTurnDeg);
 }
@@ -77,9 +66,9 @@ void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_reco
                           double& angle) noexcept
 {
     PL_PNT2D_record foot = {};
-    drop_perpendicular(*line, *pt, foot);
+    plcalc::FeetOnLine(*line).find(*pt, foot);
     dist = PlFunz_distance(&foot, pt);
-    angle = direction_deg(foot, *pt) * kGonPerDeg;
+    angle = plcalc::direction_gon(foot, *pt);
 }
 
 bool IntersPerpDaPtInSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* pt,

@@ -1,0 +1,50 @@
+#pragma once
+
+// A line among parallels: internal, not installed; for lines/, survey/ and subdivision/.
+
+#include "plcalc/kernel.h"
+
+namespace plcalc {
+
+/// Where a fixed line meets the parallels a*x + b*y + c = 0 that differ in c alone.
+///
+/// A search that moves a line, and a perpendicular dropped from one point after the other, ask this again and
+/// again. What does not depend on c is computed once; the operations and their bits are those of a single
+/// intersection, which is made of this class.
+class MeetsParallels {
+public:
+    /// Meets nothing.
+    MeetsParallels() = default;
+
+    /// @param[in] fixed  the line that stays
+    /// @param[in] a, b   coefficients of the parallels
+    MeetsParallels(const PL_IMP_LINE_2D_record& fixed, double a, double b) noexcept;
+
+    /// Whether the parallel with this c is met at all: never when parallel to the fixed line, and not when
+    /// its three coefficients agree with the fixed line's within PL_EPS.
+    bool meets(double c) const noexcept;
+
+    /// x of the meeting point, in which c enters by three operations, each weakly monotone in it.
+    double x_at(double c) const noexcept { return (b_ * c - cb_) * inv_; }
+
+    /// y of the meeting point; as x_at.
+    double y_at(double c) const noexcept { return (ca_ - a_ * c) * inv_; }
+
+    /// Whether x_at grows with c; meaningless on a fixed line that is vertical.
+    bool x_grows() const noexcept { return (b_ > 0.0) == (inv_ > 0.0); }
+
+    /// Whether y_at grows with c; meaningless on a fixed line that is horizontal.
+    bool y_grows() const noexcept { return (a_ > 0.0) != (inv_ > 0.0); }
+
+private:
+    double a_ = 0.0;  // the fixed line
+    double b_ = 0.0;
+    double c_ = 0.0;
+    double ca_ = 0.0;  // its c times the parallels' a and b
+    double cb_ = 0.0;
+    double inv_ = 0.0;  // inverse of the determinant
+    bool parallel_ = true;
+    bool same_direction_ = false;  // a and b agree, so that c decides whether the lines are one
+};
+
+}  // namespace plcalc

@@ -1,0 +1,30 @@
+#pragma once
+
+// Feet of perpendiculars on one line: internal, not installed; for survey/ and subdivision/.
+
+#include "lines/parallels.h"
+#include "plcalc/kernel.h"
+
+namespace plcalc {
+
+/// Drops perpendiculars from one point after the other on a line.
+///
+/// The perpendiculars are parallels, so that all but their constant term is computed once. The feet are those
+/// of PlFunz_linepntperpend and PlFunz_intersect_ile, to the last bit.
+class FeetOnLine {
+public:
+    explicit FeetOnLine(const PL_IMP_LINE_2D_record& line) noexcept;
+
+    /// Foot of the perpendicular from pt; false, and foot as it was, for a line without direction.
+    bool find(const PL_PNT2D_record& pt, PL_PNT2D_record& foot) const noexcept;
+
+private:
+    double a_;
+    double b_;
+    MeetsParallels perpendiculars_;
+};
+
+/// Direction from one point to another in gons, counted anticlockwise from +x; 0 for equal points.
+double direction_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept;
+
+}  // namespace plcalc
