@@ -1,12 +1,12 @@
 #include <cstdint>
 
+#include "kernel/bit_order.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"
 #include "plcalc/lines.h"
 
 namespace {
 
-using plcalc::above;
 using plcalc::below;
 using plcalc::is_near;
 using plcalc::scaled_tol;
@@ -25,6 +25,9 @@ enum class Edge {
     kEndCounts     // it passes at the edge's end: the next edge, which starts there, is skipped
 };
 
+// Where a vertex lies from the level of the point, the point's margin on either side.
+enum class Level { kBelow, kOn, kAbove, kNoNumber };
+
 // A closed ring by index.
 class Ring {
 public:
@@ -41,13 +44,22 @@ private:
     int n_;
 };
 
+// A vertex of the walk, with its level from the point: judged once, asked at four edges.
+struct Stop {
+    int at;
+    Level level;
+};
+
 // Where the walk is: the edge from i to j, and the vertex that it came from.
 struct Place {
-    int prev;
-    int i;
-    int j;
+    Stop prev;
+    Stop i;
+    Stop j;
 
-    bool operator==(const Place& other) const { return prev == other.prev && i == other.i && j == other.j; }
+    bool operator==(const Place& other) const
+    {
+        return prev.at == other.prev.at && i.at == other.i.at && j.at == other.j.at;
+    }
 };
 
 // Notices a walk that goes round for ever, by Brent's method (BIT 20, 1980): the place is compared with a
@@ -74,14 +86,20 @@ private:
     std::int64_t reach_ = 1;
 };
 
-bool level(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+// Whether two coordinates are one within the margin of the second. Most are told apart by their bits.
+bool one_line(double v, double w)
 {
-    return is_near(p.y, q.y);
+    return !plcalc::surely_apart(plcalc::ordered_bits(v), plcalc::ordered_bits(w)) && is_near(v, w);
 }
 
-bool plumb(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+bool on_one_level(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
-    return is_near(p.x, q.x);
+    return one_line(p.y, q.y);
+}
+
+bool on_one_plumb_line(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    return one_line(p.x, q.x);
 }
 
 // Moves k to the last vertex of the run that is in line with vertex j; k itself is the first candidate.
@@ -104,43 +122,72 @@ bool skip_run(const Ring& ring, int j, int& k,
 // Runs of vertices on a horizontal, then on a vertical line count as one side.
 bool skip_runs(const Ring& ring, int j, int& k)
 {
-    return skip_run(ring, j, k, level) && skip_run(ring, j, k, plumb);
+    return skip_run(ring, j, k, on_one_level) && skip_run(ring, j, k, on_one_plumb_line);
 }
 
-// The boundary meets the ray's line at vj, coming from vi and leaving for vk, a vertex right of the point.
-bool passes_at_end(const PL_PNT2D_record& pt, const PL_PNT2D_record& vi, const PL_PNT2D_record& vj,
-                   const PL_PNT2D_record& vk)
+// The point, and its level as the walk asks for it.
+class TestedPoint {
+public:
+    explicit TestedPoint(const PL_PNT2D_record& pt)
+        : pt_(pt), low_(plcalc::ordered_bits(pt.y - scaled_tol(pt.y))),
+          high_(plcalc::ordered_bits(pt.y + scaled_tol(pt.y)))
+    {
+        comparable_ = !plcalc::ordered_nan(low_) && !plcalc::ordered_nan(high_);
+    }
+
+    const PL_PNT2D_record& at() const { return pt_; }
+
+    Level level_of(double y) const
+    {
+        const std::int64_t bits = plcalc::ordered_bits(y);
+        if (!comparable_ || plcalc::ordered_nan(bits))
+            return Level::kNoNumber;
+        if (bits < low_)
+            return Level::kBelow;
+        return bits > high_ ? Level::kAbove : Level::kOn;
+    }
+
+private:
+    PL_PNT2D_record pt_;
+    std::int64_t low_;
+    std::int64_t high_;
+    bool comparable_;
+};
+
+// The boundary meets the ray's line at the end of an edge, coming from i and leaving for k.
+bool passes_at_end(Level i, Level k)
 {
-    const double tol = scaled_tol(pt.y);
-    if (below(vj.x, pt.x))
-        return false;
-    if (vi.y < pt.y - tol)
-        return vk.y > pt.y + tol;
-    if (vi.y <= pt.y + tol)
+    switch (i) {
+    case Level::kBelow:
+        return k == Level::kAbove;
+    case Level::kOn:
         return false;  // along the ray
-    return vk.y < pt.y - tol;
+    default:
+        return k == Level::kBelow;
+    }
 }
 
-// The boundary left the ray's line at vi, coming from prev and going to vj.
-bool passes_at_start(const PL_PNT2D_record& pt, const PL_PNT2D_record& prev, const PL_PNT2D_record& vi,
-                     const PL_PNT2D_record& vj)
+// The boundary left the ray's line at the start of an edge, coming from prev and going to j.
+bool passes_at_start(Level prev, Level j)
 {
-    if (!plcalc::at_least(vi.x, pt.x))
-        return false;
-    return (below(prev.y, pt.y) && above(vj.y, pt.y)) || (above(prev.y, pt.y) && below(vj.y, pt.y));
+    return (prev == Level::kBelow && j == Level::kAbove) || (prev == Level::kAbove && j == Level::kBelow);
 }
 
-Edge classify(const PL_PNT2D_record& pt, const PL_PNT2D_record& prev, const PL_PNT2D_record& vi,
-              const PL_PNT2D_record& vj, const PL_PNT2D_record& vk)
+Edge classify(const TestedPoint& tested, const Ring& ring, const Place& at, Level k)
 {
-    const bool clear = (below(vi.y, pt.y) && below(vj.y, pt.y)) || (above(vi.y, pt.y) && above(vj.y, pt.y)) ||
-                       (below(vi.x, pt.x) && below(vj.x, pt.x));
-    if (clear)
+    if (at.i.level == at.j.level && (at.i.level == Level::kBelow || at.i.level == Level::kAbove))
         return Edge::kNothing;
+    const PL_PNT2D_record& pt = tested.at();
+    const PL_PNT2D_record& vi = ring.at(at.i.at);
+    const PL_PNT2D_record& vj = ring.at(at.j.at);
+    if (below(vi.x, pt.x) && below(vj.x, pt.x))
+        return Edge::kNothing;
+
     if (is_near(pt.y, vj.y))  // the end goes before the start
-        return passes_at_end(pt, vi, vj, vk) ? Edge::kEndCounts : Edge::kNothing;
+        return passes_at_end(at.i.level, k) && !below(vj.x, pt.x) ? Edge::kEndCounts : Edge::kNothing;
     if (is_near(pt.y, vi.y))
-        return passes_at_start(pt, prev, vi, vj) ? Edge::kStartCounts : Edge::kNothing;
+        return passes_at_start(at.prev.level, at.j.level) && plcalc::at_least(vi.x, pt.x) ? Edge::kStartCounts
+                                                                                          : Edge::kNothing;
     return Edge::kOrdinary;
 }
 
@@ -174,20 +221,25 @@ int find_rightmost(const Ring& ring)
 // Walks round the ring once, counting where the boundary passes through the ray.
 bool inside_by_walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2D_record& ray)
 {
-    Place at = {ring.last(), 0, 1};
-    if (!skip_runs(ring, at.i, at.j))
+    const TestedPoint tested(pt);
+    const auto stop = [&](int at) { return Stop{at, tested.level_of(ring.at(at).y)}; };
+
+    int second = 1;
+    if (!skip_runs(ring, 0, second))
         return false;
+    Place at = {stop(ring.last()), stop(0), stop(second)};
 
     bool inside = false;
     RoundWatch watch(at);
     for (;;) {
-        int k = ring.after(at.j);
-        if (!skip_runs(ring, at.j, k))
+        int next = ring.after(at.j.at);
+        if (!skip_runs(ring, at.j.at, next))
             return false;
+        const Stop k = stop(next);
 
-        const Edge edge = classify(pt, ring.at(at.prev), ring.at(at.i), ring.at(at.j), ring.at(k));
+        const Edge edge = classify(tested, ring, at, k.level);
         if (edge == Edge::kOrdinary) {
-            const PL_LINE_2D_record side = {ring.at(at.i), ring.at(at.j)};
+            const PL_LINE_2D_record side = {ring.at(at.i.at), ring.at(at.j.at)};
             PL_PNT2D_record meeting = {};
             if (PlFunz_intersect_ls(&ray, &side, &meeting))
                 inside = !inside;
@@ -198,9 +250,9 @@ bool inside_by_walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2
         // Once round: the edge began at the last vertex or led to the first one. A walk that merged past
         // both goes on, and may end on a later round.
         const bool skips_next = edge == Edge::kEndCounts;
-        if (at.i == ring.last() || at.j == 0 || (skips_next && at.j == ring.last()))
+        if (at.i.at == ring.last() || at.j.at == 0 || (skips_next && at.j.at == ring.last()))
             return inside;
-        at = skips_next ? Place{at.j, k, ring.after(k)} : Place{at.i, at.j, k};
+        at = skips_next ? Place{at.j, k, stop(ring.after(k.at))} : Place{at.i, at.j, k};
         if (watch.been_here(at))
             return inside_by_half_open_count(pt, ring);
     }
