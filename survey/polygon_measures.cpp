@@ -1,10 +1,15 @@
+#include <array>
 #include <cmath>
 #include <vector>
 
 #include "kernel/shoelace.h"
+#include "kernel/square_root.h"
 #include "plcalc/survey.h"
 
 namespace {
+
+// Rings up to here are copied to the stack, a kilobyte; most parcels are smaller.
+constexpr int kSmallRing = 64;
 
 PL_PNT2D_record plan_point(const CPoint3dVector& pts, int i)
 {
@@ -16,20 +21,28 @@ double side_length(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
 {
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
-    return std::sqrt(dy * dy + dx * dx);
+    return plcalc::square_root(dy * dy + dx * dx);
+}
+
+double area_of_copy(const CPoint3dVector& pts, int n, PL_PNT2D_record* ring)
+{
+    for (int i = 0; i < n; ++i)
+        ring[i] = plan_point(pts, i);
+    return plcalc::shoelace_area(ring, static_cast<std::size_t>(n));
 }
 
 }  // namespace
 
 double AreaCalcolataSgn(const CPoint3dVector& pts)
 {
-    // Each vertex is read once and in order, and the first term already needs the last one: hence a copy.
+    // Each vertex is read once and in order, and the first share already needs the last one: hence a copy.
     const int n = pts.GetNoPoits();
-    std::vector<PL_PNT2D_record> ring;
-    ring.reserve(static_cast<std::size_t>(n));
-    for (int i = 0; i < n; ++i)
-        ring.push_back(plan_point(pts, i));
-    return plcalc::shoelace_area(ring.data(), ring.size());
+    if (n <= kSmallRing) {
+        std::array<PL_PNT2D_record, kSmallRing> ring;
+        return area_of_copy(pts, n, ring.data());
+    }
+    std::vector<PL_PNT2D_record> ring(static_cast<std::size_t>(n));
+    return area_of_copy(pts, n, ring.data());
 }
 
 double AreaCalcolata(const CPoint3dVector& pts)

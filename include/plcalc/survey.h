@@ -228,7 +228,7 @@ PLCALC_API bool StessoPunto(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2
 ///         signed lobes; 0 for fewer than three points
 ///
 /// Exactness   Sum in index order of ((x before - x after) * y) * 0.5, rounded at each operation; no shift
-///             of the origin: at coordinates of 5e6 expect an error of 1e-3 square units.
+///             of the origin: at coordinates of 5e6 expect an error of 1e-6 square units for a ring 1000 across.
 PLCALC_API double AreaCalcolataSgn(const CPoint3dVector& pts);
 
 /// Area of a closed polygon: the absolute value of AreaCalcolataSgn.
