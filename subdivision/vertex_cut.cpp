@@ -4,6 +4,9 @@
 #include "plcalc/lines.h"
 #include "plcalc/subdivision.h"
 #include "subdivision/search.h"
+#include "subdivision/vertex_trials.h"
+
+namespace plcalc {
 
 namespace {
 
@@ -25,11 +28,6 @@ struct Fan {
     double anchor;
 };
 
-double direction_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
-{
-    return AngoloDaAsseRifer(to.y - from.y, to.x - from.x);
-}
-
 void widen(Fan& fan, double turned, bool clockwise)
 {
     if (clockwise) {
@@ -47,8 +45,93 @@ void widen(Fan& fan, double turned, bool clockwise)
 
 }  // namespace
 
-// Halves the angle between the two edges of the fan until the wedge between the anchor and the ray holds
-// the request.
+/// The search for a line through the vertex, over the working values of its object.
+class VertexSearch {
+public:
+    explicit VertexSearch(CFrazArea& cut)
+        : cut_(cut), trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.PuntoVertice)
+    {}
+
+    // Halves the angle between the two edges of the fan until the wedge between the anchor and the ray holds
+    // the request.
+    void turn(bool clockwise)
+    {
+        const double first_gon = trials_.seen_at_gon(1);
+        const Fan fan = open_fan(clockwise);
+        double wide = fan.open;      // a wedge up to here holds too much
+        double narrow = fan.anchor;  // up to here too little
+        for (int wedges = 1; wedges < kMaxWedges && !cut_.Trovato; ++wedges) {
+            const double ray = (wide + narrow) * 0.5;
+            cut_.AngAmpiezza = std::fabs(ray - fan.anchor);
+            cut_.AngInizio = LimiteAng0_400(first_gon + (clockwise ? ray : fan.anchor));
+            lay((first_gon + ray) * kRadPerGon);
+            cut_.AreaParziale = measure();
+            if (meets_request(cut_.AreaParziale, cut_.AreaRichiesta))
+                cut_.Trovato = true;
+            else
+                (cut_.AreaParziale < cut_.AreaRichiesta ? narrow : wide) = ray;
+        }
+    }
+
+    // Area of the wedge: the points that the vertex sees within it, and the ray's crossings. The vertex
+    // itself comes in with point 1, when that lies in the wedge.
+    double measure()
+    {
+        cut_.NumIntersez = 0;
+        cut_.PuntoRis1 = cut_.PuntoVertice;
+        cut_.VettParziale.clear();
+        cut_.NumPuntiParz = 0;
+
+        for (std::int32_t at = 1; at < cut_.NumPunti; ++at) {
+            PL_PNT2D_record crossing = {};
+            if (at > 1 && trials_.meets_side(cut_.RettaAux, at, crossing)) {
+                cut_.IncrementaVett(crossing);
+                cut_.TrovaLimitiSegmento2(cut_.PuntoRis1, cut_.PuntoRis2, crossing);
+            }
+            if (in_wedge(trials_.seen_at_gon(at))) {
+                if (at == 1)
+                    cut_.IncrementaVett(cut_.PuntoVertice);
+                cut_.IncrementaVett(trials_.point(at));
+            }
+        }
+        return cut_.AreaCalcolataDaVett(cut_.NumPuntiParz, cut_.VettParziale);
+    }
+
+private:
+    // From point to point the turn is below half a circle, so the sum unwinds the directions.
+    Fan open_fan(bool clockwise) const
+    {
+        Fan fan = {0.0, 0.0};
+        double turned = 0.0;
+        double before_gon = trials_.seen_at_gon(1);
+        for (std::int32_t at = 2; at < cut_.NumPunti; ++at) {
+            const double dir_gon = trials_.seen_at_gon(at);
+            turned += LimiteAng200_200(dir_gon - before_gon);
+            before_gon = dir_gon;
+            widen(fan, turned, clockwise);
+        }
+        return fan;
+    }
+
+    void lay(double ray_rad)
+    {
+        const PL_PNT2D_record& vertex = cut_.PuntoVertice;
+        const PL_PNT2D_record on_ray = {vertex.x + std::cos(ray_rad), vertex.y + std::sin(ray_rad)};
+        PlFunz_lineeq_ile(&vertex, &on_ray, &cut_.RettaAux);
+    }
+
+    bool in_wedge(double dir_gon) const
+    {
+        const double from_start_gon = LimiteAng0_400(dir_gon - cut_.AngInizio);
+        return from_start_gon >= kWedgeStartGon && from_start_gon <= cut_.AngAmpiezza * kWedgeWidening;
+    }
+
+    CFrazArea& cut_;
+    VertexTrials trials_;
+};
+
+}  // namespace plcalc
+
 bool CFrazArea::CalcolaFrazionPuntoVer()
 {
     Trovato = false;
@@ -59,68 +142,12 @@ bool CFrazArea::CalcolaFrazionPuntoVer()
     const bool clockwise = AreaCalcolataDaVettSgn(NumPunti, VettPoligono) < 0.0;
     for (std::int32_t j = 0; j <= NumPunti; ++j)
         VettIndici[static_cast<std::size_t>(j)] = plcalc::round_from(IndiceInizio, j, NumPunti);
-    const auto seen_at_gon = [this](std::int32_t j) {
-        const std::int32_t index = VettIndici[static_cast<std::size_t>(j)];
-        return direction_gon(PuntoVertice, VettPoligono[static_cast<std::size_t>(index)]);
-    };
 
-    // From point to point the turn is below half a circle, so the sum unwinds the directions.
-    const double first_gon = seen_at_gon(1);
-    Fan fan = {0.0, 0.0};
-    double turned = 0.0;
-    double before_gon = first_gon;
-    for (std::int32_t j = 2; j < NumPunti; ++j) {
-        const double dir_gon = seen_at_gon(j);
-        turned += LimiteAng200_200(dir_gon - before_gon);
-        before_gon = dir_gon;
-        widen(fan, turned, clockwise);
-    }
-
-    const double anchor = fan.anchor;
-    double wide = fan.open;      // a wedge up to here holds too much
-    double narrow = fan.anchor;  // up to here too little
-    for (int wedges = 1; wedges < kMaxWedges && !Trovato; ++wedges) {
-        const double ray = (wide + narrow) * 0.5;
-        AngAmpiezza = std::fabs(ray - anchor);
-        AngInizio = LimiteAng0_400(first_gon + (clockwise ? ray : anchor));
-        const double ray_rad = (first_gon + ray) * kRadPerGon;
-        const PL_PNT2D_record on_ray = {PuntoVertice.x + std::cos(ray_rad),
-                                        PuntoVertice.y + std::sin(ray_rad)};
-        PlFunz_lineeq_ile(&PuntoVertice, &on_ray, &RettaAux);
-        AreaParziale = CalcAreaDaVertice();
-
-        if (plcalc::meets_request(AreaParziale, AreaRichiesta))
-            Trovato = true;
-        else
-            (AreaParziale < AreaRichiesta ? narrow : wide) = ray;
-    }
+    plcalc::VertexSearch(*this).turn(clockwise);
     return true;
 }
 
-// Area of the wedge: the points that the vertex sees within it, and the ray's crossings. The vertex itself
-// comes in with point 1, when that lies in the wedge.
 double CFrazArea::CalcAreaDaVertice()
 {
-    NumIntersez = 0;
-    PuntoRis1 = PuntoVertice;
-    VettParziale.clear();
-    NumPuntiParz = 0;
-
-    for (std::int32_t j = 1; j < NumPunti; ++j) {
-        PL_PNT2D_record crossing = {};
-        if (j > 1 && TrovataIntersezValidaSegmConLato2(j, RettaAux, crossing)) {
-            IncrementaVett(crossing);
-            TrovaLimitiSegmento2(PuntoRis1, PuntoRis2, crossing);
-        }
-
-        const std::int32_t index = VettIndici[static_cast<std::size_t>(j)];
-        const PL_PNT2D_record& point = VettPoligono[static_cast<std::size_t>(index)];
-        const double from_start_gon = LimiteAng0_400(direction_gon(PuntoVertice, point) - AngInizio);
-        if (from_start_gon >= kWedgeStartGon && from_start_gon <= AngAmpiezza * kWedgeWidening) {
-            if (j == 1)
-                IncrementaVett(PuntoVertice);
-            IncrementaVett(point);
-        }
-    }
-    return AreaCalcolataDaVett(NumPuntiParz, VettParziale);
+    return plcalc::VertexSearch(*this).measure();
 }

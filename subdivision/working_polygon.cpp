@@ -4,13 +4,8 @@
 #include "kernel/shoelace.h"
 #include "plcalc/subdivision.h"
 #include "plcalc/survey.h"
-#include "subdivision/search.h"
 
 namespace {
-
-// A vertex lies on the trial line's side of the base line when its bearing is this near to the line's.
-// Bearings are compared as they are, not across 0/400: turn the base side away from there.
-constexpr double kSideBandGon = 1.0;
 
 PL_PNT2D_record midpoint(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
 {
@@ -72,37 +67,4 @@ bool CFrazArea::TrovataIntersezValidaSegmConLato2(int i, const PL_IMP_LINE_2D_re
     const PL_PNT2D_record& from = VettPoligono[static_cast<std::size_t>(VettIndici[side - 1])];
     const PL_PNT2D_record& to = VettPoligono[static_cast<std::size_t>(VettIndici[side])];
     return IntersezLineaInSegmOK(from, to, line, out);
-}
-
-// Area between the base side and the trial line: once round the parcel from the base side, keeping the
-// vertices that are not beyond the line, and every crossing. Always true; r1 and r2 get the chord's ends.
-bool CFrazArea::CalcAreaDaPuntoPrimaDiVertice(PL_PNT2D_record& r1, PL_PNT2D_record& r2)
-{
-    NumIntersez = 0;
-    VettParziale.clear();
-    VettParziale.push_back(VettPoligono[static_cast<std::size_t>(IndiceInizio)]);
-    VettParziale.push_back(
-        VettPoligono[static_cast<std::size_t>(plcalc::round_from(IndiceInizio, 1, NumPunti))]);
-    NumPuntiParz = 2;
-
-    for (std::int32_t j = 1; j < NumPunti; ++j) {
-        PL_PNT2D_record crossing = {};
-        if (TrovataIntersezValidaSegmConLato2(j + 1, RettaMobile, crossing)) {
-            IncrementaVett(crossing);
-            TrovaLimitiSegmento(r1, r2, crossing);
-        }
-
-        const std::size_t end = static_cast<std::size_t>(j) + 1;
-        const PL_PNT2D_record& vertex = VettPoligono[static_cast<std::size_t>(VettIndici[end])];
-        double dist = 0.0;
-        double side_gon = 0.0;
-        CalcDistPuntoDaRetta(&RettaBase, &vertex, dist, side_gon);
-        const bool beyond =
-            dist > DistLinea && AngLinea - kSideBandGon <= side_gon && side_gon <= AngLinea + kSideBandGon;
-        if (!beyond)
-            IncrementaVett(vertex);
-    }
-
-    AreaParziale = AreaCalcolataDaVett(NumPuntiParz, VettParziale);
-    return true;
 }

@@ -10,6 +10,11 @@
 #include "plcalc/kernel.h"
 #include "plutil/plutil.h"
 
+namespace plcalc {
+class ParallelSearch;
+class VertexSearch;
+}  // namespace plcalc
+
 /// Divides a parcel in two so that one piece has a requested area.
 ///
 /// One object per request: construct it, call Esegui once, read the dividing line. Three kinds of cut:
@@ -26,7 +31,9 @@
 /// requests of zero the line does not hold what was asked. Measure the pieces.
 ///
 /// Prepare the parcel for good answers: shift it to a local origin (at coordinates of 5e6 the cut through a
-/// vertex misses the 1e-6 in up to a tenth of the requests) and keep the base side's normal away from +x.
+/// vertex misses the 1e-6 in a tenth of the requests on parcels 100 across, and in most on smaller ones) and
+/// turn it so that the direction in which the line moves stays away from +x: across the base side in mode 0,
+/// along it in mode 1.
 ///
 /// The parcel is shared, not copied: the vector must outlive the object and stay as it is until Esegui has
 /// returned. One thread at a time per object; objects may share a parcel across threads.
@@ -72,7 +79,9 @@ public:
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:
-    /// The search as tests see it; the library never defines it.
+    // The searches, with what they keep between trials; and the object as tests see it.
+    friend class plcalc::ParallelSearch;
+    friend class plcalc::VertexSearch;
     friend struct CFrazAreaInspector;
 
     // The three kinds of cut.

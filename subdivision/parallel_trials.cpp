@@ -1,0 +1,216 @@
+#include "subdivision/parallel_trials.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "kernel/bit_order.h"
+#include "kernel/shoelace.h"
+#include "plcalc/lines.h"
+
+namespace plcalc {
+
+namespace {
+
+// A vertex lies on the trial line's side of the base line when its bearing is this near to the line's.
+constexpr double kSideBandGon = 1.0;
+
+// A point faces along the base line's normal, beyond doubt, when it is this far from its foot and this near
+// to the normal (0.25 gon). Two such points have bearings within 0.64 gon of each other: 0.07 gon is what a
+// bearing may be off at that distance, since PlFunz_arctan_deg takes components up to 1e-7 for zero. Two that
+// face opposite ways are 200 gon apart. So the band of one gon need not be asked.
+constexpr double kClearDistance = 1e-4;
+constexpr double kClearSlope = 0.004;
+constexpr double kClearProduct = 1e300;  // beyond, a product may have overflowed
+
+// A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
+constexpr double kSeamSlope = 0.05;
+
+// Widening of the range of lines that may meet a side, in units of |a| + |b|. Twice the stake-out margin: at
+// most once that is used up when the side's extent is. Whether it was enough is then tried.
+constexpr double kRangeMargin = 0.002;
+
+// Whether a meeting point is past the extent on the side towards which it moves: then every further line
+// meets farther out, for each operation from c to the point is monotone in c.
+bool past(double v, bool moving_up, const Extent& extent)
+{
+    return moving_up ? v > extent.high : v < extent.low;
+}
+
+// Distances by their bits. Nothing lies beyond a line whose distance is no number, and a vertex whose distance
+// is none lies beyond nothing.
+std::int64_t order_or(double dist, std::int64_t if_nan)
+{
+    const std::int64_t order = ordered_bits(dist);
+    return ordered_nan(order) ? if_nan : order;
+}
+
+}  // namespace
+
+TrialLine::TrialLine(double constant, const PL_PNT2D_record& p, const BaseOffset& from_base) noexcept
+    : c(constant), through(p), offset(from_base), c_order(ordered_bits(constant)),
+      reach(order_or(from_base.dist, INT64_MAX))
+{}
+
+ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
+                               const std::vector<std::int32_t>& order, std::int32_t n,
+                               const PL_IMP_LINE_2D_record& base, double a, double b)
+    : a_(a), b_(b), base_(base), feet_(base), stations_(index(n) + 1)
+{
+    for (std::int32_t at = 0; at <= n; ++at)
+        stations_[index(at)].point = ring[index(order[index(at)])];
+    for (std::int32_t at = 2; at <= n; ++at) {
+        Station& station = stations_[index(at)];
+        station.offset = offset_of(station.point);
+        station.reach = order_or(station.offset.dist, INT64_MIN);
+        station.side = side_between(point(at - 1), station.point);
+    }
+    for (std::int32_t at = 1; at < n; ++at)
+        stations_[index(at)].share = shoelace_share(point(at - 1), point(at), point(at + 1));
+}
+
+double ParallelTrials::c_through(const PL_PNT2D_record& p) const noexcept
+{
+    const PL_IMP_LINE_2D_record direction = {a_, b_, 0.0};
+    PL_IMP_LINE_2D_record line = {};
+    PlFunz_linepntparallel(&line, &p, &direction);
+    return line.c;
+}
+
+BaseOffset::Facing ParallelTrials::facing(const PL_PNT2D_record& foot, const PL_PNT2D_record& p,
+                                          double dist) const noexcept
+{
+    if (!(dist >= kClearDistance))
+        return BaseOffset::Facing::kUnclear;
+    const double dx = p.x - foot.x;
+    const double dy = p.y - foot.y;
+    const double along = base_.a * dx + base_.b * dy;
+    const double across = base_.a * dy - base_.b * dx;
+    const double size = std::fabs(along);  // 0 for a base without direction, whose feet are the origin
+    if (!(size > 0.0 && size < kClearProduct && std::fabs(across) <= kClearSlope * size))
+        return BaseOffset::Facing::kUnclear;
+    return along > 0.0 ? BaseOffset::Facing::kAlongNormal : BaseOffset::Facing::kAgainstNormal;
+}
+
+bool ParallelTrials::near_seam(BaseOffset::Facing way) const noexcept
+{
+    const double x = way == BaseOffset::Facing::kAlongNormal ? base_.a : -base_.a;
+    return x > 0.0 && std::fabs(base_.b) <= kSeamSlope * x;
+}
+
+PL_PNT2D_record ParallelTrials::foot(const PL_PNT2D_record& p) const noexcept
+{
+    PL_PNT2D_record found = {};
+    feet_.find(p, found);
+    return found;
+}
+
+BaseOffset ParallelTrials::offset_of(const PL_PNT2D_record& p) const noexcept
+{
+    const PL_PNT2D_record at = foot(p);
+    BaseOffset offset;
+    offset.dist = PlFunz_distance(&at, &p);
+    offset.facing = facing(at, p, offset.dist);
+    return offset;
+}
+
+void ParallelTrials::know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) const noexcept
+{
+    if (offset.gon_known)
+        return;
+    offset.gon = direction_gon(foot(p), p);
+    offset.gon_known = true;
+}
+
+ParallelTrials::Side ParallelTrials::side_between(const PL_PNT2D_record& from,
+                                                  const PL_PNT2D_record& to) const noexcept
+{
+    PL_IMP_LINE_2D_record line = {};
+    PlFunz_lineeq_ile(&from, &to, &line);
+    Side side = {MeetsParallels(line, a_, b_), extent_between(from.x, to.x), extent_between(from.y, to.y),
+                 INT64_MIN, INT64_MAX};
+
+    // The lines through the two ends, and a margin; then tried, on the axis along which the side is longer.
+    const double c1 = c_through(from);
+    const double c2 = c_through(to);
+    const double margin = kRangeMargin * (std::fabs(a_) + std::fabs(b_));
+    const double low = std::min(c1, c2) - margin;
+    const double high = std::max(c1, c2) + margin;
+    const bool flat = std::fabs(line.b) >= std::fabs(line.a);
+    const bool grows = flat ? side.line.x_grows() : side.line.y_grows();
+    const Extent& extent = flat ? side.x : side.y;
+    if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, extent))
+        side.c_from = ordered_bits(low);
+    if (past(flat ? side.line.x_at(high) : side.line.y_at(high), grows, extent))
+        side.c_to = ordered_bits(high);
+    return side;
+}
+
+TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
+{
+    return {c_through(p), p, offset_of(p)};
+}
+
+TrialLine ParallelTrials::line_through_vertex(std::int32_t at) const noexcept
+{
+    const Station& station = stations_[index(at)];
+    return {c_through(station.point), station.point, station.offset};
+}
+
+bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at,
+                                PL_PNT2D_record& crossing) const noexcept
+{
+    const Side& side = stations_[index(at)].side;
+    if (line.c_order < side.c_from || line.c_order > side.c_to || !side.line.meets(line.c))
+        return false;
+    const double x = side.line.x_at(line.c);
+    if (!side.x.holds(x))
+        return false;
+    const double y = side.line.y_at(line.c);
+    if (!side.y.holds(y))
+        return false;
+    crossing = {x, y};
+    return true;
+}
+
+bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
+{
+    Station& station = stations_[index(at)];
+    if (station.reach <= line.reach)
+        return false;
+
+    const BaseOffset::Facing way = line.offset.facing;
+    if (way != BaseOffset::Facing::kUnclear && station.offset.facing != BaseOffset::Facing::kUnclear) {
+        if (station.offset.facing != way)
+            return false;
+        if (!near_seam(way))
+            return true;
+    }
+    know_bearing(station.offset, station.point);
+    const double line_gon = bearing(line);
+    return line_gon - kSideBandGon <= station.offset.gon && station.offset.gon <= line_gon + kSideBandGon;
+}
+
+double ParallelTrials::bearing(TrialLine& line) const noexcept
+{
+    know_bearing(line.offset, line.through);
+    return line.offset.gon;
+}
+
+double ParallelTrials::signed_area(const std::vector<PL_PNT2D_record>& points,
+                                   const std::vector<std::int32_t>& position) const noexcept
+{
+    const std::size_t count = points.size();
+    double sum = 0.0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t before = i == 0 ? count - 1 : i - 1;
+        const std::size_t after = i + 1 == count ? 0 : i + 1;
+        const bool between_neighbours =
+            position[before] + 1 == position[i] && position[i] + 1 == position[after];
+        const double share = between_neighbours ? stations_[index(position[i])].share
+                                                : shoelace_share(points[before], points[i], points[after]);
+        sum = share + sum;
+    }
+    return sum;
+}
+
+}  // namespace plcalc

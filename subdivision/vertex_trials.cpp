@@ -1,0 +1,36 @@
+#include "subdivision/vertex_trials.h"
+
+#include "plcalc/lines.h"
+#include "plutil/plutil.h"
+
+namespace plcalc {
+
+VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::vector<std::int32_t>& order,
+                           std::int32_t n, const PL_PNT2D_record& from)
+    : stations_(index(n) + 1)
+{
+    // A single point is its own next one.
+    const std::int32_t last = n > 1 ? n - 1 : 1;
+    for (std::int32_t at = 1; at <= last; ++at) {
+        Station& station = stations_[index(at)];
+        station.point = ring[index(order[index(at)])];
+        station.dir_gon = AngoloDaAsseRifer(station.point.y - from.y, station.point.x - from.x);
+    }
+    for (std::int32_t at = 2; at <= last; ++at) {
+        Station& station = stations_[index(at)];
+        const PL_PNT2D_record& before = point(at - 1);
+        PlFunz_lineeq_ile(&before, &station.point, &station.side);  // zeros, met by nothing, without length
+        station.x = extent_between(before.x, station.point.x);
+        station.y = extent_between(before.y, station.point.y);
+    }
+}
+
+bool VertexTrials::meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
+                              PL_PNT2D_record& crossing) const noexcept
+{
+    const Station& station = stations_[index(at)];
+    return PlFunz_intersect_ile(&station.side, &ray, &crossing) && station.x.holds(crossing.x) &&
+           station.y.holds(crossing.y);
+}
+
+}  // namespace plcalc

@@ -1,0 +1,159 @@
+#include "subdivision/parallel_trials.h"
+
+#include <cmath>
+#include <numeric>
+
+#include "plcalc/lines.h"
+#include "plcalc/survey.h"
+#include "support/bits.h"
+
+namespace {
+
+using plcalc::ParallelTrials;
+using plcalc::TrialLine;
+using Ring = std::vector<PL_PNT2D_record>;
+
+// Trials over a ring whose first side is the base side.
+ParallelTrials trials_on(const Ring& ring)
+{
+    const std::int32_t n = static_cast<std::int32_t>(ring.size());
+    Ring closed = ring;
+    closed.push_back(ring.front());
+    std::vector<std::int32_t> order(ring.size() + 1);
+    std::iota(order.begin(), order.end(), 0);
+    order.back() = 0;
+    PL_IMP_LINE_2D_record base = {};
+    PlFunz_lineeq_ile(&ring[0], &ring[1], &base);
+    return ParallelTrials(closed, order, n, base, base.a, base.b);
+}
+
+const Ring kRectangle = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+
+TEST(ParallelTrials, LineThroughAPoint)
+{
+    ParallelTrials trials = trials_on(kRectangle);
+    TrialLine line = trials.line_through({30, 20});
+    EXPECT_BITS(line.c, -2000.0);
+    EXPECT_BITS(line.offset.dist, 20.0);
+    EXPECT_BITS(trials.bearing(line), 90.0 * 1.1111111111111112);
+    EXPECT_POINT(trials.foot({30, 20}), (PL_PNT2D_record{30, -0.0}));  // 0 times a negative inverse
+}
+
+TEST(ParallelTrials, ALineThroughAVertexIsTheOneThroughItsPoint)
+{
+    ParallelTrials trials = trials_on({{3, 1}, {90, 11}, {80, 60}, {11, 33}});
+    for (std::int32_t at = 2; at <= 4; ++at) {
+        TrialLine by_vertex = trials.line_through_vertex(at);
+        TrialLine by_point = trials.line_through(trials.point(at));
+        EXPECT_BITS(by_vertex.c, by_point.c);
+        EXPECT_BITS(by_vertex.offset.dist, by_point.offset.dist);
+        EXPECT_BITS(trials.bearing(by_vertex), trials.bearing(by_point));
+    }
+}
+
+struct MeetRow {
+    const char* what;
+    PL_PNT2D_record through;
+    std::int32_t side;
+    bool want;
+};
+
+const MeetRow kMeetRows[] = {
+    {"in the middle of the right side", {0, 25}, 2, true},
+    {"parallel to the far side", {0, 25}, 3, false},
+    {"in the middle of the left side", {0, 25}, 4, true},
+    {"half a millimetre past the end", {0, 50.0005}, 2, true},
+    {"a millimetre past the end", {0, 50.00099999}, 2, true},
+    {"more than a millimetre past the end", {0, 50.00100001}, 2, false},
+    {"half a millimetre before the start", {0, -0.0005}, 2, true},
+    {"a millimetre before the start", {0, -0.00099999}, 4, true},
+    {"more than a millimetre before the start", {0, -0.00100001}, 2, false},
+    {"far beyond", {0, 5000}, 2, false},
+    {"far behind", {0, -5000}, 4, false},
+};
+
+TEST(ParallelTrials, MeetsASideWithinAMillimetre)
+{
+    ParallelTrials trials = trials_on(kRectangle);
+    for (const MeetRow& row : kMeetRows) {
+        SCOPED_TRACE(row.what);
+        PL_PNT2D_record crossing = {test::kUntouched, test::kUntouched};
+        EXPECT_EQ(trials.meets_side(trials.line_through(row.through), row.side, crossing), row.want);
+        if (row.want) {
+            EXPECT_DOUBLE_EQ(crossing.x, row.side == 2 ? 100.0 : 0.0);
+            EXPECT_DOUBLE_EQ(crossing.y, row.through.y);
+        } else {
+            EXPECT_POINT(crossing, (PL_PNT2D_record{test::kUntouched, test::kUntouched}));
+        }
+    }
+}
+
+// Whatever is kept, each answer is that of measuring anew. Lines cluster about the ends of the sides.
+TEST(ParallelTrials, EveryAnswerIsThatOfMeasuringAnew)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(-100.0, 100.0);
+    std::uniform_real_distribution<double> near(-0.003, 0.003);
+    int met = 0;
+    for (int i = 0; i < 3000; ++i) {
+        Ring ring(6);
+        for (PL_PNT2D_record& p : ring)
+            p = {any(random), any(random)};
+        if (i % 5 == 0)
+            ring[1].x = ring[0].x + (i % 2 == 0 ? 0.0 : near(random));  // a normal on +x
+        if (i % 7 == 0)
+            ring[3] = {ring[2].x + near(random), ring[2].y + near(random)};
+        if (i % 11 == 0)
+            ring[4] = {ring[0].x + near(random) / 100, ring[0].y + near(random) / 100};
+        if (i % 13 == 0)
+            ring[4] = {ring[3].x + ring[1].x - ring[0].x, ring[3].y + ring[1].y - ring[0].y + near(random)};
+        ParallelTrials trials = trials_on(ring);
+        PL_IMP_LINE_2D_record base = {};
+        PlFunz_lineeq_ile(&ring[0], &ring[1], &base);
+
+        for (int k = 0; k < 12; ++k) {
+            PL_PNT2D_record through = ring[static_cast<std::size_t>(k) % ring.size()];
+            through.x += k < 6 ? near(random) : any(random);
+            through.y += near(random);
+            TrialLine line = trials.line_through(through);
+            PL_IMP_LINE_2D_record moving = {};
+            PlFunz_linepntparallel(&moving, &through, &base);
+            double line_dist = 0.0;
+            double line_gon = 0.0;
+            CalcDistPuntoDaRetta(&base, &through, line_dist, line_gon);
+
+            for (std::int32_t at = 2; at <= 6; ++at) {
+                const PL_PNT2D_record& from = trials.point(at - 1);
+                const PL_PNT2D_record& to = trials.point(at);
+                PL_PNT2D_record got = {};
+                PL_PNT2D_record want = {};
+                const bool meets = IntersezLineaInSegmOK(from, to, moving, want);
+                ASSERT_EQ(trials.meets_side(line, at, got), meets);
+                if (meets) {
+                    ++met;
+                    EXPECT_POINT(got, (want));
+                }
+                double dist = 0.0;
+                double gon = 0.0;
+                CalcDistPuntoDaRetta(&base, &to, dist, gon);
+                EXPECT_EQ(trials.beyond(line, at),
+                          dist > line_dist && line_gon - 1.0 <= gon && gon <= line_gon + 1.0);
+            }
+            EXPECT_BITS(trials.bearing(line), line_gon);
+        }
+    }
+    EXPECT_GT(met, 20000);
+}
+
+TEST(ParallelTrials, AreaOfAPartialPolygon)
+{
+    ParallelTrials trials = trials_on(kRectangle);
+    const std::int32_t crossing = ParallelTrials::kCrossing;
+    EXPECT_BITS(
+        trials.signed_area({{0, 0}, {100, 0}, {100, 10}, {0, 10}, {0, 0}}, {0, 1, crossing, crossing, 4}),
+        1000.0);
+    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {100, 50}, {0, 50}, {0, 0}}, {0, 1, 2, 3, 4}), 5000.0);
+    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {0, 50}, {0, 0}}, {0, 1, 3, 4}), 2500.0);
+}
+
+}  // namespace
