@@ -111,6 +111,15 @@ TEST(PointVector, ReservedRoomIsUsedAndClearKeepsIt)
     EXPECT_BITS(points.GetXcoordAt(99), -99.0);
 }
 
+TEST(PointVector, RoomForOneIsRoom)
+{
+    CPoint3dVector points;
+    points.Reserve(1);
+    const std::size_t before = allocations;
+    points.Append(1, 2, 3);
+    EXPECT_EQ(allocations, before);
+}
+
 TEST(PointVector, ReserveChangesNoPoints)
 {
     CPoint3dVector points = {{1, 2, 3}, {4, 5, 6}};
