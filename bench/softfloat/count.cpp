@@ -69,11 +69,51 @@ void count_point_in_polygon(int n)
     count("  literally", [&] { reference::literal_inpolygon(&point, ring.data(), &n, &rightmost); });
 }
 
+void count_small_calls()
+{
+    const PL_PNT2D_record p = {410.0, 310.0};
+    const PL_PNT2D_record q = {480.0, 290.0};
+    const PL_PNT2D_record r = {455.0, 340.0};
+    const PL_LINE_2D_record s = {p, q};
+    const PL_LINE_2D_record t = {{440.0, 250.0}, r};
+    PL_PNT2D_record out = {};
+    double dist = 0.0;
+    double gon = 0.0;
+    PL_IMP_LINE_2D_record line = {};
+    count("line through two points", [&] { PlFunz_lineeq_ile(&p, &q, &line); });
+    count("segment intersection", [&] { PlFunz_intersect_ls(&s, &t, &out); });
+    count("line and segment", [&] { PlFunz_intersect_ils(&line, &t, &out); });
+    count("distance from a line", [&] { PlFunz_distpntln_ls(&r, &s); });
+    count("distance and side of a line", [&] { CalcDistPuntoDaRetta(&line, &r, dist, gon); });
+    count("direction, degrees", [&] { PlFunz_arctan_deg(45.0, -30.0); });
+    count("direction, pseudo-angle", [&] { PlFunz_arcangle(0, &p, &r); });
+    count("polar point, radians", [&] { PlFunz_pntangledist(1, &p, 25.0, 2.5, &out); });
+    count("polar point, pseudo-angle", [&] { PlFunz_pntangledist(2, &p, 25.0, 1.5, &out); });
+    count("polar set-out, gons", [&] { CalcPtAngDist(&p, &q, 50.0, 25.0, &out); });
+    count("right-angle offset", [&] { CalcPtSquadro(&p, &q, 10.0, 5.0, &out); });
+    ARC_2D_record arc = {};
+    count("arc through three points", [&] { PlFunz_arc_3pnts(&p, &r, &q, &arc); });
+    count("distance from an arc", [&] { PlFunz_distpntarc(&arc, &r); });
+    PL_PNT2D_record out2 = {};
+    int n = 0;
+    count("arc and segment", [&] { PlFunz_intarcline_ls(&arc, &t, &out, &out2, &n); });
+}
+
+void count_measures(int n)
+{
+    const CPoint3dVector parcel = parcel_of(bench::convex_ring(n));
+    count("area, n = " + std::to_string(n), [&] { AreaCalcolata(parcel); });
+    count("perimeter, n = " + std::to_string(n), [&] { PeriCalcolato(parcel); });
+}
+
 }  // namespace
 
 int main()
 {
     print_head();
+    count_small_calls();
+    for (int n : {16, 256})
+        count_measures(n);
     for (int n : {4, 16, 64, 256})
         count_point_in_polygon(n);
     for (int modo = 0; modo < 3; ++modo) {

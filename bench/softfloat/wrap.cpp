@@ -38,6 +38,14 @@ COUNT_UNARY(kArctangent, atan)
 COUNT_UNARY(kSineCosine, sin)
 COUNT_UNARY(kSineCosine, cos)
 
+// What the compiler makes of a sine and a cosine of one angle.
+void __real_sincos(double, double*, double*);
+void __wrap_sincos(double a, double* sine, double* cosine)
+{
+    softfloat::counts[softfloat::kSineCosine] += 2;
+    __real_sincos(a, sine, cosine);
+}
+
 // plcalc::square_root_in_integers(double).
 COUNT_UNARY(kIntegerRoot, _ZN6plcalc23square_root_in_integersEd)
 
