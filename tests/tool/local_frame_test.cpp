@@ -50,6 +50,10 @@ TEST(LocalFrame, NearParcelsStayWhereShiftingWouldRound)
     const LocalFrame frame(near, near[0], near[1], Cut::parallel);
     const Ring across = {{-0.1, -0.3}, {100.7, 1e-20}, {100.0, 60.0}};
     const LocalFrame both(across, across[0], across[1], Cut::parallel);
+    const Ring little = {{-0.5, 0.0}, {1.6, 0.0}, {0.1, 1.0}};  // 1 is near the middle, and 0.1 - 1 rounds
+    const LocalFrame small(little, little[0], little[1], Cut::parallel);
+    for (const PL_PNT2D_record& p : little)
+        EXPECT_POINT(small.to_local(p), ({p.x * small.scale(), p.y * small.scale()}));
     for (const PL_PNT2D_record& p : near)
         EXPECT_POINT(frame.to_local(p), ({p.x * frame.scale(), p.y * frame.scale()}));
     for (const PL_PNT2D_record& p : across)

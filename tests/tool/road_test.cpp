@@ -184,6 +184,16 @@ long double slant(const Shape& shape, std::size_t side, Cut cut, const Point& fr
     return std::fabs(off) / lengths;
 }
 
+// Parallel to a side as the side runs, perpendicular to it from its end nearer the side.
+bool runs_as_told(const Shape& shape, std::size_t side, Cut cut, const Point& from, const Point& to)
+{
+    const Point& a = shape[side];
+    const Point& b = shape[(side + 1) % shape.size()];
+    if (cut == Cut::parallel)
+        return (b.x - a.x) * (to.x - from.x) + (b.y - a.y) * (to.y - from.y) > 0.0L;
+    return cut == Cut::through_vertex || std::fabs(cross(a, b, from)) < std::fabs(cross(a, b, to));
+}
+
 void check(const Ring& ring, const Request& request, const Division& division)
 {
     const Shape shape = shape_of(ring);
@@ -206,6 +216,7 @@ void check(const Ring& ring, const Request& request, const Division& division)
     EXPECT_LE(std::fabs(division.parcel_area - parcel), 1e-14L * perimeter(shape) * perimeter(shape));
     EXPECT_LE(std::fabs(division.perimeter - perimeter(shape)), 1e-12L * perimeter(shape));
 
+    EXPECT_TRUE(runs_as_told(shape, side, request.cut, from, to));
     EXPECT_LE(distance_to_boundary(shape, from), 4e-9L);
     EXPECT_LE(distance_to_boundary(shape, to), 4e-9L);
     if (request.cut == Cut::through_vertex)
@@ -343,6 +354,9 @@ Request along(long long number, double value)
     return request;
 }
 
+const Ring kHair = {
+    {500000, 5000000}, {500001, 5000000}, {500001, 5000000 + 0x1p-12}, {500000, 5000000 + 0x1p-12}};
+
 const OutcomeRow kOutcomes[] = {
     {"half", kSquare, along(1, 50), Outcome::divided},
     {"no area", kSquare, along(1, 0), Outcome::area_not_positive},
@@ -357,6 +371,10 @@ const OutcomeRow kOutcomes[] = {
     {"side 5", kSquare, along(5, 50), Outcome::no_such_number},
     {"side 4", kSquare, along(4, 50), Outcome::divided},
     {"smallest integer", kSquare, along(std::numeric_limits<long long>::min(), 50), Outcome::no_such_number},
+    // Between 5e6 and 5000000 + 2^-12 there are 2^18 doubles, a 2^-30 apart: a line half-way between two of them
+    // misses by 1.9e-6 of the parcel.
+    {"line on a double", kHair, along(1, 0x1p-13), Outcome::divided},
+    {"line between two doubles", kHair, along(1, 0x1p-13 + 0.49 * 0x1p-30), Outcome::request_missed},
     {"empty ring", {}, along(1, 50), Outcome::ring_not_usable},
     {"two vertices", {{0, 0}, {1, 0}}, along(1, 50), Outcome::ring_not_usable},
     {"three on one point", {{1, 1}, {1, 1}, {1, 1}}, along(1, 50), Outcome::side_without_length},

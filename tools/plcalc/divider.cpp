@@ -39,14 +39,6 @@ bool coincide(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
     return std::fabs(a.x - b.x) <= PL_EPS && std::fabs(a.y - b.y) <= PL_EPS;
 }
 
-bool all_finite(const Ring& ring)
-{
-    for (const PL_PNT2D_record& p : ring)
-        if (!std::isfinite(p.x) || !std::isfinite(p.y))
-            return false;
-    return true;
-}
-
 // Drops every vertex that coincides with the one kept before it, and the last ones that coincide with the
 // first: the search through a vertex takes its first direction towards the next one, and a repeated vertex
 // has none to give.
@@ -152,12 +144,11 @@ bool request_after_from(const Parting& parting, const Prepared& prepared, Cut cu
     return true;  // the line starts at the vertex, and the side after it follows
 }
 
-// Whether the pieces are what was asked for and make up the parcel.
-bool holds(long double got, long double rest, long double asked, long double parcel)
+// Whether the piece is what was asked for.
+bool holds(long double got, long double asked, long double parcel)
 {
     const long double smaller = std::min(asked, parcel - asked);
-    const long double tolerance = std::min(kRelParcelTol * parcel, kRelPieceTol * smaller);
-    return std::fabs(got - asked) <= tolerance && std::fabs(got + rest - parcel) <= tolerance;
+    return std::fabs(got - asked) <= std::min(kRelParcelTol * parcel, kRelPieceTol * smaller);
 }
 
 // Takes the line back to the parcel's coordinates and measures the pieces that it makes there: where doubles
@@ -184,7 +175,7 @@ Outcome check(const Prepared& prepared, const Request& local, const LocalFrame& 
     division.rest_area = static_cast<double>(rest / scale2);
 
     const long double parcel = static_cast<long double>(division.parcel_area) * scale2;
-    return holds(got, rest, local.area(), parcel) ? Outcome::divided : Outcome::request_missed;
+    return holds(got, local.area(), parcel) ? Outcome::divided : Outcome::request_missed;
 }
 
 }  // namespace
@@ -194,7 +185,7 @@ Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request,
     division = {};
     if (!std::isfinite(request.area()) || !(request.area() > 0.0))
         return Outcome::area_not_positive;
-    if (ring.size() < kMinVertices || !all_finite(ring))
+    if (ring.size() < kMinVertices)
         return Outcome::ring_not_usable;
     if (request.number < 1 || static_cast<unsigned long long>(request.number) > ring.size())
         return Outcome::no_such_number;

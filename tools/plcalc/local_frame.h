@@ -25,7 +25,7 @@ namespace tool {
 /// Where the local frame lies in the parcel's coordinates.
 class LocalFrame {
 public:
-    /// @param[in] ring        the parcel, finite coordinates, at least one vertex
+    /// @param[in] ring        the parcel, at least one vertex; what is not finite stays so
     /// @param[in] side_start  first end of the reference side
     /// @param[in] side_end    its second end; a request through a vertex needs no turn, whatever they are
     /// @param[in] cut         kind of cut

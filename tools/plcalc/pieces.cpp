@@ -156,7 +156,7 @@ bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record
     const std::vector<Crossing> found = crossings(ring, axis);
     const Crossing* from = nearest(found, 0.0L);
     const Crossing* to = nearest(found, axis.length());
-    if (from == nullptr || to == nullptr || from->side == to->side || !(from->along < to->along))
+    if (from == nullptr || to == nullptr || !(from->along < to->along))
         return false;
     if (any_between(found, from->along, to->along))
         return false;
