@@ -194,7 +194,8 @@ PLCALC_API double PlFunz_arctan_deg(double x, double y) noexcept;
 /// @param[in]  p1, p2  points, caller's unit
 /// @param[out] angle   pseudo-degrees of the direction p1 to p2: 90 times the diamond angle
 ///                     dy / (|dx| + |dy|), equal to the true angle only at multiples of 45; 0 for equal
-///                     points; slightly negative, down to -9e-6 on unit lengths, for -PL_EPS <= dy < 0
+///                     points; slightly negative, down to -9e-6 on unit lengths, for -PL_EPS <= dy < 0;
+///                     just below a full turn it may round up to exactly 360
 /// @param[out] dist    the distance squared, for comparing and ordering
 PLCALC_API void PlFunz_pseudo_angdist(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, double* angle,
                                       double* dist) noexcept;

@@ -56,7 +56,7 @@ double positive_zero(double v)
 
 double AngoloDaAsseRifer(double a, double b) noexcept
 {
-    // The cardinal directions by themselves: a product with a rounded factor would miss them by an ulp.
+    // The cardinal directions by themselves: exact, whatever the platform's atan2 makes of them.
     if (a == 0.0 && !std::isnan(b))
         return b >= 0.0 ? 0.0 : kHalfTurnGon;
     if (b == 0.0 && !std::isnan(a))
@@ -65,7 +65,7 @@ double AngoloDaAsseRifer(double a, double b) noexcept
     double gon = std::atan2(a, b) * kGonPerRad;
     if (gon < 0.0)
         gon += kTurnGon;
-    return gon >= kTurnGon ? 0.0 : gon;
+    return gon >= kTurnGon ? 0.0 : positive_zero(gon);  // a vanishing angle west of North may be -0.0
 }
 
 double LimiteAng0_400(double angle) noexcept

@@ -1,6 +1,5 @@
 #include <cassert>
 #include <cstddef>
-#include <utility>
 
 #include "plutil/plutil.h"
 
@@ -11,10 +10,7 @@ CPoint3dVector::CPoint3dVector(std::initializer_list<CPoint3d> points) : points_
 
 CPoint3dVector::CPoint3dVector(const CPoint3dVector& other) = default;
 
-CPoint3dVector::CPoint3dVector(CPoint3dVector&& other) noexcept : points_(std::move(other.points_))
-{
-    other.points_.clear();
-}
+CPoint3dVector::CPoint3dVector(CPoint3dVector&& other) noexcept = default;
 
 CPoint3dVector& CPoint3dVector::operator=(const CPoint3dVector& other) = default;
 

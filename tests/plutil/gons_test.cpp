@@ -36,6 +36,8 @@ const BearingRow kBearingRows[] = {
     {"zero vector of -0.0", -0.0, -0.0, 0.0, 0},
     {"zero vector, a -0.0", -0.0, 0.0, 0.0, 0},
     {"zero vector, b -0.0: not south", 0.0, -0.0, 0.0, 0},
+    {"infinitely far north, west of it: no -0.0", -1, test::kInf, 0.0, 0},
+    {"so little west of north that the angle vanishes", -1e-300, 1e300, 0.0, 0},
     {"northeast", 1, 1, 50, 2},
     {"southeast", 1, -1, 150, 2},
     {"southwest", -1, -1, 250, 2},

@@ -21,7 +21,7 @@ def AngoloDaAsseRifer(a, b):
         g = g + 400.0
     if g >= 400.0:
         g = 0.0
-    return g
+    return g + 0.0  # an angle that vanishes west of north is no -0.0
 
 
 def LimiteAng0_400(angle):
