@@ -566,6 +566,15 @@ Ring level_run_over_the_start()
     return ring;
 }
 
+Ring to_and_fro(std::mt19937_64& random)
+{
+    // Corners of a square in no order: the walk goes round for ever, and its rounds are long.
+    Ring ring;
+    for (int i = 0; i < kLarge; ++i)
+        ring.push_back(kSquare[random() % 4]);
+    return ring;
+}
+
 Ring creeping()
 {
     // Each vertex is level with hundreds of its neighbours, but with others than they are: the walk takes many
@@ -587,7 +596,7 @@ TEST(InPolygon, LargeRings)
     Tally tally;
     std::mt19937_64 random = test::random_source();
     for (const Ring& ring : {comb(), staircase(), spiral(), repeated(), level_run_over_the_start(),
-                             creeping(), Ring(kLarge, {3, 4})}) {
+                             to_and_fro(random), creeping(), Ring(kLarge, {3, 4})}) {
         for (int i = 0; i < 2; ++i) {
             const PL_PNT2D_record& a = ring[random() % ring.size()];
             const PL_PNT2D_record& b = ring[random() % ring.size()];
