@@ -313,10 +313,11 @@ TEST(Road, ConcaveParcelsAreDividedRightOrRefused)
         ++divided;
         ASSERT_NEAR(division.request_area, request.value1, 1e-6 * whole);
         ASSERT_NEAR(division.request_area + division.rest_area, whole, 1e-9 * whole);
-        if (request.cut != Cut::through_vertex)
+        if (request.cut != Cut::through_vertex) {
             ASSERT_LE(slant(shape, static_cast<std::size_t>(request.number - 1), request.cut,
                             {division.from.x, division.from.y}, {division.to.x, division.to.y}),
                       1e-6L);
+        }
         // A hair inside its ends, the line meets no side.
         const auto at = [&](long double t) {
             return Point{division.from.x - static_cast<long double>(ring[0].x) +
