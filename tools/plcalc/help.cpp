@@ -69,7 +69,7 @@ stderr, and the exit status is not 0 (see plcalc --help).
 
 Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
-  plcalc divide examples/utm.geojson --vertex 3 --area 2500
+  plcalc divide examples/lot.dxf --vertex 3 --area 2500
   plcalc divide lots.gpkg --feature 12 --parallel 1 --product 20 35.5
 )";
 }
