@@ -607,6 +607,50 @@ TEST(InPolygon, LargeRings)
     EXPECT_GT(tally.rounds, 0);
 }
 
+// Numbers on, just inside and just outside the margins around c: that taken from c and that taken from the
+// other number.
+std::vector<double> rims(double c)
+{
+    std::vector<double> all = {c};
+    for (const int side : {-1, 1}) {
+        double other = c;
+        for (int i = 0; i < 20; ++i)
+            other = c + side * tol(other);
+        for (const double rim : {c + side * tol(c), other})
+            for (const double v : {down(down(rim)), down(rim), rim, up(rim), up(up(rim))})
+                all.push_back(v);
+        all.push_back(c + side * (std::fabs(c) + 1));
+    }
+    return all;
+}
+
+TEST(InPolygon, RimsOfTheMargins)
+{
+    std::mt19937_64 random = test::random_source();
+    test::Places places;
+    Tally tally;
+    // At 1e-7 / (1 - 1e-7) the margin reaches down to zero exactly, or next to it.
+    for (const double c : {0.0, 1e-7 / (1 - 1e-7), -1e-7 / (1 - 1e-7), 0.75, 1.0, -1.0, 3.0, 1000.0, -1000.0,
+                           483112.27, -4912877.91}) {
+        std::vector<double> near = rims(c);
+        near.push_back(0.0);
+        near.push_back(-0.0);
+        const auto any = [&] { return random() % 3 == 0 ? c : near[random() % near.size()]; };
+        for (int i = 0; i < 20000; ++i) {
+            Ring ring(3 + static_cast<std::size_t>(random() % 5), {0, 0});
+            for (PL_PNT2D_record& v : ring) {
+                v = {any(), any()};
+                // Far to the right, so that the ray meets what the levels say it meets.
+                if (random() % 2 == 0)
+                    v.x = c + static_cast<double>(random() % 50);
+            }
+            const PL_PNT2D_record p = {random() % 2 == 0 ? any() : c - 1, any()};
+            ASSERT_TRUE(agrees(p, ring, places, tally)) << "around " << c;
+        }
+    }
+    EXPECT_GT(tally.inside, 1000);
+}
+
 TEST(InPolygon, EndsWhateverTheNumbers)
 {
     std::mt19937_64 random = test::random_source();
