@@ -77,8 +77,8 @@ double pseudo_in_quadrant(int quadrant, double dx, double dy)
         return PlFunz_halftan(dy / dx);
     case 2:
         return dy > PL_EPS ? 1.0 + PlFunz_halftan(-dx / dy) : 2.0;
-    case 3:
-        return dx < -PL_EPS ? 2.0 + PlFunz_halftan(dy / dx) : 3.0;
+    case 3:  // where dx is clearly negative
+        return 2.0 + PlFunz_halftan(dy / dx);
     default:
         return dy < -PL_EPS ? 3.0 + PlFunz_halftan(-dx / dy) : 0.0;
     }
@@ -146,9 +146,9 @@ double PlFunz_pseudo_to_angle(int unit, double pseudo) noexcept
         return rest + to.quarter;
     if (at_least(a, 2.0) && below(a, 3.0))
         return rest + to.half;
-    if (at_least(a, 3.0) && below(a, plcalc::kPseudoTurn))
+    if (at_least(a, 3.0))  // and below a turn, to which it has been brought
         return rest + to.three_quarters;
-    return 0.0;
+    return 0.0;  // no number
 }
 
 double PlFunz_arcangle(int unit, const PL_PNT2D_record* from, const PL_PNT2D_record* to) noexcept

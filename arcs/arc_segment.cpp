@@ -138,7 +138,9 @@ bool report_pair(const SweepDeg& sweep, const Crossings& found, PL_PNT2D_record*
     }
     if (first)
         return report_one(found.q1, pnt1, n_pnts);
-    return second && report_one(found.q2, pnt1, n_pnts);
+    if (second)
+        return report_one(found.q2, pnt1, n_pnts);
+    return false;
 }
 
 }  // namespace
@@ -203,5 +205,7 @@ bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_record* seg
     if (!first_in_box || !in_rect(arc_rect, found.q1))
         return false;
     const SweepDeg sweep = sweep_of(*arc);
-    return (full_circle(sweep) || holds(sweep, found.q1)) && report_one(found.q1, pnt1, n_pnts);
+    if (full_circle(sweep) || holds(sweep, found.q1))
+        return report_one(found.q1, pnt1, n_pnts);
+    return false;
 }

@@ -47,12 +47,12 @@ int CPoint3dVector::GetNoPoits() const noexcept
 
 double CPoint3dVector::GetXcoordAt(int index) const noexcept
 {
-    assert(index >= 0 && index < GetNoPoits());
+    assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
     return points_[static_cast<std::size_t>(index)].x;
 }
 
 double CPoint3dVector::GetYcoordAt(int index) const noexcept
 {
-    assert(index >= 0 && index < GetNoPoits());
+    assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
     return points_[static_cast<std::size_t>(index)].y;
 }

@@ -148,6 +148,38 @@ double exact_perimeter(const Ring& ring)
     return static_cast<double>(sum);
 }
 
+// The signed area as it is defined, over arrays with a wrapped entry at either end.
+double area_over_arrays(const Ring& ring)
+{
+    const std::size_t n = ring.size();
+    std::vector<double> x(n + 2);
+    std::vector<double> y(n + 2);
+    for (std::size_t i = 0; i < n; ++i) {
+        x[i + 1] = ring[i].x;
+        y[i + 1] = ring[i].y;
+    }
+    x[0] = x[n];
+    x[n + 1] = x[1];
+    double sum = 0.0;
+    for (std::size_t i = 1; i <= n; ++i) {
+        const double term = ((x[i - 1] - x[i + 1]) * y[i]) * 0.5;
+        sum = term + sum;
+    }
+    return sum;
+}
+
+// Small rings are copied to the stack, larger ones to the heap: the bits are the same on either side.
+TEST_F(RandomRings, AnySizeHasTheSameBits)
+{
+    std::uniform_real_distribution<double> coordinate(-1000.0, 1000.0);
+    for (std::size_t n : {1U, 2U, 3U, 63U, 64U, 65U, 66U, 500U}) {
+        Ring points(n);
+        for (PL_PNT2D_record& p : points)
+            p = {coordinate(random_), coordinate(random_)};
+        EXPECT_BITS(AreaCalcolataSgn(points_of(points)), area_over_arrays(points)) << n << " vertices";
+    }
+}
+
 constexpr int kRounds = 500;
 
 // Forty terms of 1e6, each rounded to 1e-10.
