@@ -26,7 +26,7 @@ void check_direction(double a, double b)
     FUZZ_CHECK(std::isnan(gon) == (std::isnan(a) || std::isnan(b)));
     if (std::isnan(gon))
         return;
-    FUZZ_CHECK(gon >= 0.0 && gon < 400.0);
+    FUZZ_CHECK(gon >= 0.0 && gon < 400.0 && !std::signbit(gon));
     if (a != 0.0 && b != 0.0)
         FUZZ_CHECK(off_by_turns(gon, std::atan2(a, b) * kGonPerRad) <= 1e-12);
     else
