@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include "reference/literal_cut.h"
 
@@ -150,6 +152,32 @@ public:
         return static_cast<std::size_t>(whole(0, static_cast<int>(ring.size()) - 1));
     }
 
+    // A number that no survey holds, or a small one.
+    double wild()
+    {
+        constexpr double kInf = std::numeric_limits<double>::infinity();
+        constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+        const double values[] = {kNan, kInf, -kInf, 1.7e308, -1.7e308, 1e154, 1e-160, 0x1p-1074, 0.0, -0.0};
+        return chance(0.3) ? values[whole(0, 9)] : static_cast<double>(whole(-3, 3));
+    }
+
+    // Up to six points on a small grid, some of their coordinates wild; or a parcel with one wild point.
+    std::vector<Point> wild_ring()
+    {
+        std::vector<Point> points;
+        if (chance(0.3)) {
+            points = ring();
+            place(points);
+            points[any(points)] = {wild(), wild()};
+            return points;
+        }
+        const bool all_good = chance(0.4);
+        for (int i = whole(0, 6); i > 0; --i)
+            points.push_back(all_good ? Point{whole(-3, 3) * 1.0, whole(-3, 3) * 1.0}
+                                      : Point{wild(), wild()});
+        return points;
+    }
+
     // A share of the area; at times one at which a comparison of the search ties.
     double request(const Request& made)
     {
@@ -162,7 +190,7 @@ public:
         area = std::fabs(area) * real(0.0, 1.1);
         if (!chance(0.2))
             return area;
-        LiteralCut probe(made.ring, made.p1, made.p2, made.modo, area);
+        LiteralCut probe(made.ring, made.p1, made.p2, made.modo, 1, area, 0.0);
         probe.run();
         switch (whole(0, 3)) {
         case 0:
@@ -193,7 +221,30 @@ Request adversary(std::mt19937_64& random, int modo)
     const std::size_t k = make.chance(0.3) ? 0 : make.any(made.ring);
     made.p1 = made.ring[k];
     made.p2 = made.ring[(k + 1) % made.ring.size()];
-    made.area = make.request(made);
+    made.tipo_area = 1;
+    made.valore1 = make.request(made);
+    made.valore2 = 0.0;
+    return made;
+}
+
+Request no_parcel(std::mt19937_64& random, int modo)
+{
+    Maker make(random);
+    Request made = {};
+    made.modo = make.chance(0.02) ? 3 : modo;
+    made.ring = make.wild_ring();
+    if (!made.ring.empty()) {
+        const std::size_t k = make.any(made.ring);
+        made.p1 = made.ring[k];
+        made.p2 = made.ring[(k + 1) % made.ring.size()];
+    }
+    if (make.chance(0.05))
+        std::swap(made.p1, made.p2);
+    if (make.chance(0.05))
+        made.p1 = {make.wild(), make.wild()};
+    made.tipo_area = make.whole(0, 9) < 8 ? make.whole(0, 1) : 2;
+    made.valore1 = make.chance(0.5) ? make.real(0.0, 10.0) : make.wild();
+    made.valore2 = make.wild();
     return made;
 }
 

@@ -118,16 +118,39 @@ double bearing(const Point& from, const Point& to)
 
 }  // namespace
 
+LiteralCut::LiteralCut(const std::vector<Point>& ring, Point p1, Point p2, int modo, int tipo_area,
+                       double valore1, double valore2)
+    : Poligono(ring), PuntoLato1(p1), PuntoLato2(p2), Modo(modo), TipoArea(tipo_area), Valore1(valore1),
+      Valore2(valore2)
+{}
+
 LiteralCut::LiteralCut(const std::vector<Point>& ring, Point p1, Point p2, int modo, double requested)
-    : PuntoLato1(p1), PuntoLato2(p2), Modo(modo), NumPunti(static_cast<std::int32_t>(ring.size())),
-      AreaRichiesta(requested), VettPoligono(ring), VettIndici(ring.size() + 1)
-{
-    VettPoligono.push_back(ring.empty() ? Point{} : ring.front());
-}
+    : LiteralCut(ring, p1, p2, modo, 1, requested, 0.0)
+{}
 
 bool LiteralCut::run()
 {
-    return Modo == 0 ? parallel() : Modo == 1 ? perpendicular() : through_vertex();
+    read_request();
+    if (Modo == 0)
+        return parallel();
+    if (Modo == 1)
+        return perpendicular();
+    return Modo == 2 && through_vertex();
+}
+
+void LiteralCut::read_request()
+{
+    const std::size_t n = Poligono.size();
+    NumPunti = static_cast<std::int32_t>(n);
+    VettPoligono.resize(n + 1);
+    VettIndici.resize(n + 1);
+    for (std::size_t i = 0; i < n; ++i)
+        VettPoligono[i] = Poligono[i];
+    VettPoligono[n] = VettPoligono[0];
+    if (TipoArea == 0)
+        AreaRichiesta = Valore2 * Valore1;
+    else if (TipoArea == 1)
+        AreaRichiesta = Valore1;
 }
 
 const Point& LiteralCut::at(std::int32_t j) const

@@ -17,13 +17,23 @@ using Line = PL_IMP_LINE_2D_record;
 /// Working values under the names that CFrazArea gives them.
 class LiteralCut {
 public:
+    /// The request as CFrazArea takes it.
+    LiteralCut(const std::vector<Point>& ring, Point p1, Point p2, int modo, int tipo_area, double valore1,
+               double valore2);
+
+    /// A request by one value.
     LiteralCut(const std::vector<Point>& ring, Point p1, Point p2, int modo, double requested);
 
+    /// As Esegui; a second time it starts from what the first one left.
     bool run();
 
+    std::vector<Point> Poligono;
     Point PuntoLato1;
     Point PuntoLato2;
     int Modo;
+    int TipoArea;
+    double Valore1;
+    double Valore2;
     Point PuntoRis1 = {};
     Point PuntoRis2 = {};
     Point PuntoMedio = {};
@@ -31,12 +41,12 @@ public:
     std::int32_t NumIntersez = 0;
     std::int32_t NumPuntiParz = 0;
     bool Trovato = false;
-    std::int32_t NumPunti;
+    std::int32_t NumPunti = 0;
     std::int32_t IndiceInizio = 0;
     double DistLinea = 0.0;
     double AngLinea = 0.0;
     double AreaParziale = 0.0;
-    double AreaRichiesta;
+    double AreaRichiesta = 0.0;
     double AngInizio = 0.0;
     double AngAmpiezza = 0.0;
     Line RettaBase = {};
@@ -49,6 +59,7 @@ public:
     long trials = 0;  ///< areas evaluated
 
 private:
+    void read_request();
     bool parallel();
     bool perpendicular();
     bool through_vertex();
