@@ -85,6 +85,7 @@ TEST_F(Divisions, TableReadsLikeThis)
     EXPECT_EQ(run.out, "Parcel  lot.csv\n"
                        "        4 vertices, anticlockwise\n"
                        "Cut     parallel to side 1, from vertex 1 to vertex 2\n"
+                       "Asked   40 x 50\n"
                        "\n"
                        "Dividing line                    E          N\n"
                        "  from                      0.0000    25.0000\n"

@@ -30,27 +30,27 @@ const UseRow kWrongUse[] = {
     {"two areas", "--parallel 1 --area 5 --product 1 2",
      "give one of --area A and --product A B; see plcalc divide --help"},
     {"area of nothing", "--vertex 1 --area 0",
-     "--area: '0' is not a number above 0, with a point before the decimals"},
+     "--area: '0' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"negative area", "--vertex 1 --area -5",
-     "--area: '-5' is not a number above 0, with a point before the decimals"},
+     "--area: '-5' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"area not a number", "--vertex 1 --area nan",
-     "--area: 'nan' is not a number above 0, with a point before the decimals"},
+     "--area: 'nan' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"infinite area", "--vertex 1 --area inf",
-     "--area: 'inf' is not a number above 0, with a point before the decimals"},
+     "--area: 'inf' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"area that no double holds", "--vertex 1 --area 1e400",
-     "--area: '1e400' is not a number above 0, with a point before the decimals"},
+     "--area: '1e400' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"decimal comma", "--vertex 1 --area 5,5",
-     "--area: '5,5' is not a number above 0, with a point before the decimals"},
+     "--area: '5,5' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"unit after the area", "--vertex 1 --area 5m2",
-     "--area: '5m2' is not a number above 0, with a point before the decimals"},
+     "--area: '5m2' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"hexadecimal", "--vertex 1 --area 0x10",
-     "--area: '0x10' is not a number above 0, with a point before the decimals"},
+     "--area: '0x10' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"one length negative", "--vertex 1 --product -5 -5",
-     "--product: '-5' is not a number above 0, with a point before the decimals"},
+     "--product: '-5' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"product that overflows", "--vertex 1 --product 1e200 1e200",
-     "--product: the product of the two is not a number above 0"},
+     "--product: the product of the two is not a number above 0; see plcalc divide --help"},
     {"product that vanishes", "--vertex 1 --product 1e-200 1e-200",
-     "--product: the product of the two is not a number above 0"},
+     "--product: the product of the two is not a number above 0; see plcalc divide --help"},
     {"side not a number", "--parallel x --area 5",
      "--parallel: 'x' is not a whole number; see plcalc divide --help"},
     {"side not whole", "--perpendicular 1.5 --area 5",
@@ -70,8 +70,18 @@ const UseRow kWrongUse[] = {
      "lot.csv: there is no feature 2; list them with ogrinfo -al"},
     {"feature not a number", "--feature A2 --vertex 1 --area 5",
      "--feature: 'A2' is not a whole number; see plcalc divide --help"},
-    {"option that is not there", "--vertex 1 --areas 5", "'--areas' is not known here; see plcalc --help"},
-    {"second file", "b.csv --vertex 1 --area 5", "'b.csv' is not known here; see plcalc --help"},
+    {"area left out", "--vertex 1 --area", "--area: give one value, A, once; see plcalc divide --help"},
+    {"area twice", "--vertex 1 --area 5 --area 6",
+     "--area: give one value, A, once; see plcalc divide --help"},
+    {"product of one", "--vertex 1 --product 5",
+     "--product: give the values A B, once; see plcalc divide --help"},
+    {"product of none", "--vertex 1 --product",
+     "--product: give the values A B, once; see plcalc divide --help"},
+    {"layer left out", "--vertex 1 --area 5 --layer",
+     "--layer: give one value, NAME, once; see plcalc divide --help"},
+    {"option that is not there", "--vertex 1 --areas 5",
+     "'--areas' is not known here; see plcalc divide --help"},
+    {"second file", "b.csv --vertex 1 --area 5", "'b.csv' is not known here; see plcalc divide --help"},
 };
 
 TEST_F(Messages, WrongUse)
@@ -85,25 +95,12 @@ TEST_F(Messages, WrongUse)
     EXPECT_TRUE(
         test::fails_with(run({"share", "lot.csv"}), 2, "'share' is not known here; see plcalc --help"));
     EXPECT_TRUE(test::fails_with(run({"divide", "--vertex", "1", "--area", "5"}), 2,
-                                 "which FILE? See plcalc divide --help"));
+                                 "which FILE? Give the one that holds the parcel; see plcalc divide --help"));
     EXPECT_TRUE(test::fails_with(run({"divide", "", "--vertex", "1", "--area", "5"}), 2,
-                                 "which FILE? See plcalc divide --help"));
-    EXPECT_TRUE(test::fails_with(run({"divide", "lot.csv", "--vertex", "1", "--area", ""}), 2,
-                                 "--area: '' is not a number above 0, with a point before the decimals"));
-}
-
-// The words of these are the argument parser's, and change with it.
-TEST_F(Messages, WrongUseInTheWordsOfTheParser)
-{
-    write_wkt(kSquare);
-    for (const char* arguments :
-         {"--vertex 1 --area", "--vertex 1 --product 5", "--vertex 1 --area 5 --area 6"}) {
-        const test::Result run = divide("lot.csv", arguments);
-        EXPECT_EQ(run.status, 2) << arguments;
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err.rfind("plcalc: ", 0), 0u) << run.err;
-        EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << run.err;
-    }
+                                 "which FILE? Give the one that holds the parcel; see plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(
+        run({"divide", "lot.csv", "--vertex", "1", "--area", ""}), 2,
+        "--area: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"));
 }
 
 TEST_F(Messages, RepeatedVerticesLeaveASideWithoutLength)
@@ -176,8 +173,15 @@ const GeometryRow kUnusable[] = {
     {"LINESTRING (0 0, 9 0, 9 9)",
      "there is no polygon and no closed line in it (features: 1, the first a LINESTRING); a CSV file needs a "
      "header and a column WKT, or a vertex per row in columns E and N"},
-    {"GARBAGE", "there is no polygon and no closed line in it (features: 1); a CSV file needs a header and a "
-                "column WKT, or a vertex per row in columns E and N"},
+    {"GARBAGE", "feature 1: its WKT 'GARBAGE' cannot be read; correct it"},
+    {"POLYGON ((0 0, 10 0, 10 10, 0 10",
+     "feature 1: its WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
+    {"POLYGON ((0 0, 100 0, 100 100, 50 150, 0 100, 0 50, 0 x, 0 0))",
+     "feature 1: its WKT 'POLYGON ((0 0, 100 0, 100 100, 50 150, 0...' cannot be read; correct it"},
+    {"POLYGON ((0 0, nan 0, 10 10, 0 10, 0 0))", "feature 1: its WKT 'POLYGON ((0 0, nan 0, 10 10, 0 10, 0 "
+                                                 "0))' cannot be read, a coordinate in it is not "
+                                                 "a number; correct it"},
+    {"", "feature 1: it has no geometry; draw the parcel or choose another feature with --feature"},
 };
 
 TEST_F(Messages, GeometryThatCannotBeUsed)
@@ -192,6 +196,40 @@ TEST_F(Messages, GeometryThatCannotBeUsed)
     EXPECT_TRUE(test::fails_with(
         divide("lot.csv", "--feature 1 --vertex 1 --area 5"), 3,
         "lot.csv: feature 1: the geometry is a POINT; a polygon or a closed line is needed"));
+}
+
+// A parcel that cannot be read must not let its neighbour pass for the only one.
+TEST_F(Messages, BrokenGeometryBesideAGoodOne)
+{
+    write("lots.csv", std::string("id,WKT\n1,\"POLYGON ((0 0, 9 x))\"\n2,\"") + kSquare + "\"\n");
+    EXPECT_TRUE(test::fails_with(divide("lots.csv", "--vertex 1 --area 5"), 3,
+                                 "lots.csv: feature 1: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; "
+                                 "correct it"));
+    EXPECT_TRUE(test::fails_with(divide("lots.csv", "--feature 1 --vertex 1 --area 5"), 3,
+                                 "lots.csv: feature 1: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; "
+                                 "correct it"));
+    EXPECT_EQ(divide("lots.csv", "--feature 2 --vertex 1 --area 5").status, 0);
+}
+
+TEST_F(Messages, TinyAreasAreShown)
+{
+    write_wkt("POLYGON ((0 0, 1e-4 0, 1e-4 1e-4, 0 1e-4, 0 0))");
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 1.5e-8"), 4,
+                                 "lot.csv: feature 1: the requested area 1.5e-08 is not below the parcel's "
+                                 "0.000000010000000; ask for less"));
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 2.5e-9");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out.find(" 0.0000\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Asked   2.5e-09\n"), std::string::npos) << run.out;
+}
+
+TEST_F(Messages, ParcelTooSmallForItsCoordinates)
+{
+    write_wkt("POLYGON ((500000 5000000, 500001 5000000, 500001 5000000.000244140625, 500000 "
+              "5000000.000244140625, 500000 5000000))");
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 0.0001220703125").status, 0);
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 0.00012207076");
+    EXPECT_EQ(run.status, 4) << run.out;
 }
 
 struct FileRow {
@@ -229,7 +267,7 @@ const FileRow kUnusableFiles[] = {
      "there is no feature in it; draw the parcel as a polygon"},
     {"no geometry", "a.geojson",
      R"({"type": "FeatureCollection", "features": [{"type": "Feature", "properties": {}, "geometry": null}]})",
-     "there is no polygon and no closed line in it (features: 1); draw the parcel as a polygon"},
+     "feature 0: it has no geometry; draw the parcel or choose another feature with --feature"},
     {"a coordinate NaN", "a.geojson",
      R"({"type": "Polygon", "coordinates": [[[NaN, 0], [1000, 0], [1000, 900], [0, 900], [0, 0]]]})",
      "feature 0: vertex 1 has a coordinate that is not finite; correct it"},
@@ -304,11 +342,11 @@ const char* const kLeaves =
 
 const CutRow kCannotCut[] = {
     {"the whole parcel", kSquare, "--vertex 1 --area 100",
-     "the requested area 100.0000 is not below the parcel's 100.0000; ask for less"},
+     "the requested area 100 is not below the parcel's 100.00000; ask for less"},
     {"more than the parcel", kSquare, "--parallel 1 --product 30 40",
-     "the requested area 1200.0000 is not below the parcel's 100.0000; ask for less"},
+     "the requested area 1200 is not below the parcel's 100.00000; ask for less"},
     {"more than a double has decimals for", kSquare, "--perpendicular 1 --area 1e300",
-     "the requested area 1.0000000000000001e+300 is not below the parcel's 100.0000; ask for less"},
+     "the requested area 1e+300 is not below the parcel's 100.00000; ask for less"},
     // A U open to the North: a strip along the top of its left arm goes on through the gap to the right arm.
     {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
      "--parallel 3 --area 150", kLeaves},
@@ -333,7 +371,7 @@ TEST_F(Messages, LineThatMissesTheRequestIsNotPrinted)
     EXPECT_EQ(run.status, 4);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(
-        run.err.rfind("plcalc: lot.csv: feature 1: the line found misses the requested area 0.0000 by ", 0),
+        run.err.rfind("plcalc: lot.csv: feature 1: the line found misses the requested area 1e-09 by ", 0),
         0u)
         << run.err;
     EXPECT_NE(run.err.find("; ask for another side, vertex or kind of cut\n"), std::string::npos);

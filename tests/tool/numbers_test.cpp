@@ -45,17 +45,43 @@ TEST(Numbers, ReadsWholeNumbersAndNothingElse)
         EXPECT_FALSE(tool::parse_whole(text).has_value()) << text;
 }
 
-TEST(Numbers, PrintsFourDecimals)
+TEST(Numbers, PrintsSoManyDecimals)
 {
-    EXPECT_EQ(tool::fixed4(0.0), "0.0000");
-    EXPECT_EQ(tool::fixed4(-0.0), "0.0000");
-    EXPECT_EQ(tool::fixed4(-0.00004), "0.0000");
-    EXPECT_EQ(tool::fixed4(-0.00006), "-0.0001");
-    EXPECT_EQ(tool::fixed4(4985117.4360625), "4985117.4361");
-    EXPECT_EQ(tool::fixed4(999999999999.0), "999999999999.0000");
-    EXPECT_EQ(tool::fixed4(1e12), "1.0000000000000000e+12");
-    EXPECT_EQ(tool::fixed4(-1e12), "-1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(0.0, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.0, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.00004, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.00006, 4), "-0.0001");
+    EXPECT_EQ(tool::fixed(-0.00004, 5), "-0.00004");
+    EXPECT_EQ(tool::fixed(-0.000004, 5), "0.00000");
+    EXPECT_EQ(tool::fixed(4985117.4360625, 4), "4985117.4361");
+    EXPECT_EQ(tool::fixed(4985117.4360625, 7), "4985117.4360625");
+    EXPECT_EQ(tool::fixed(999999999999.0, 4), "999999999999.0000");
+    EXPECT_EQ(tool::fixed(1e12, 4), "1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(-1e12, 4), "-1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(1e-16, 17), "0.00000000000000010");
+    EXPECT_EQ(tool::fixed(1e-16, 18), "9.9999999999999998e-17");
     EXPECT_EQ(tool::rough(0.000123456), "0.000123");
+}
+
+TEST(Numbers, PrintsNoMoreDigitsThanNeeded)
+{
+    EXPECT_EQ(tool::shortest(12.34567), "12.34567");
+    EXPECT_EQ(tool::shortest(6000.0), "6000");
+    EXPECT_EQ(tool::shortest(1e-9), "1e-09");
+    EXPECT_EQ(tool::shortest(1.0 / 3.0), "0.3333333333333333");
+    EXPECT_EQ(tool::shortest(-2.2250738585072014e-308), "-2.2250738585072014e-308");
+}
+
+TEST(Numbers, DecimalsGoDownToTheStep)
+{
+    EXPECT_EQ(tool::decimals_for(1.0), 4);
+    EXPECT_EQ(tool::decimals_for(1.1e-4), 4);
+    EXPECT_EQ(tool::decimals_for(0.9e-4), 5);
+    EXPECT_EQ(tool::decimals_for(1e-7 * 100.0), 5) << "a bit below 1e-5";
+    EXPECT_EQ(tool::decimals_for(1.1e-17), 17);
+    EXPECT_GT(tool::decimals_for(0.9e-17), tool::kMaxDecimals);
+    EXPECT_GT(tool::decimals_for(0.0), tool::kMaxDecimals);
+    EXPECT_GT(tool::decimals_for(std::nan("")), tool::kMaxDecimals);
 }
 
 // A comma before the decimals, dots between the thousands.
@@ -69,7 +95,8 @@ protected:
 TEST(Numbers, AreTheSameInEveryLocale)
 {
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new ItalianNumbers));
-    EXPECT_EQ(tool::fixed4(12345.5), "12345.5000");
+    EXPECT_EQ(tool::fixed(12345.5, 4), "12345.5000");
+    EXPECT_EQ(tool::shortest(12345.5), "12345.5");
     EXPECT_EQ(tool::rough(0.125), "0.125");
     EXPECT_BITS(tool::parse_number("12345.5").value(), 12345.5);
     EXPECT_FALSE(tool::parse_number("12345,5").has_value());

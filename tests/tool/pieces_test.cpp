@@ -9,6 +9,7 @@
 namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
+using tool::kLibrarySlack;
 using tool::part_ring;
 using tool::Parting;
 
@@ -70,7 +71,7 @@ TEST(Pieces, PartsRings)
     for (const PartedRow& row : kParted) {
         SCOPED_TRACE(row.what);
         Parting parting;
-        if (!part_ring(row.ring, row.p, row.q, parting)) {
+        if (!part_ring(row.ring, row.p, row.q, kLibrarySlack, parting)) {
             ADD_FAILURE();
             continue;
         }
@@ -115,9 +116,9 @@ TEST(Pieces, RefusesWhatDoesNotPartInTwo)
     for (const RefusedRow& row : kRefused) {
         SCOPED_TRACE(row.what);
         Parting parting;
-        EXPECT_FALSE(part_ring(row.ring, row.p, row.q, parting));
-        EXPECT_FALSE(part_ring(reversed(row.ring), row.p, row.q, parting));
-        EXPECT_FALSE(part_ring(row.ring, row.q, row.p, parting));
+        EXPECT_FALSE(part_ring(row.ring, row.p, row.q, kLibrarySlack, parting));
+        EXPECT_FALSE(part_ring(reversed(row.ring), row.p, row.q, kLibrarySlack, parting));
+        EXPECT_FALSE(part_ring(row.ring, row.q, row.p, kLibrarySlack, parting));
     }
 }
 
@@ -126,16 +127,16 @@ TEST(Pieces, RefusesWhatDoesNotPartInTwo)
 TEST(Pieces, EndsComeBackAlongTheLine)
 {
     Parting parting;
-    ASSERT_TRUE(part_ring(kRectangle, {-0.001, 10}, {100.001, 10}, parting));
+    ASSERT_TRUE(part_ring(kRectangle, {-0.001, 10}, {100.001, 10}, kLibrarySlack, parting));
     EXPECT_NEAR(parting.from.x, 0.0, 1e-12);
     EXPECT_NEAR(parting.to.x, 100.0, 1e-12);
-    ASSERT_TRUE(part_ring(kRectangle, {0.001, 10}, {99.999, 10}, parting));
+    ASSERT_TRUE(part_ring(kRectangle, {0.001, 10}, {99.999, 10}, kLibrarySlack, parting));
     EXPECT_NEAR(parting.from.x, 0.0, 1e-12);
     EXPECT_NEAR(parting.to.x, 100.0, 1e-12);
-    EXPECT_TRUE(part_ring(kRectangle, {-0.00149, 10}, {100, 10}, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {-0.00151, 10}, {100, 10}, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {100.00151, 10}, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {99.99849, 10}, parting));
+    EXPECT_TRUE(part_ring(kRectangle, {-0.00149, 10}, {100, 10}, kLibrarySlack, parting));
+    EXPECT_FALSE(part_ring(kRectangle, {-0.00151, 10}, {100, 10}, kLibrarySlack, parting));
+    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {100.00151, 10}, kLibrarySlack, parting));
+    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {99.99849, 10}, kLibrarySlack, parting));
 }
 
 TEST(Pieces, LeavesTheResultAloneWhenItRefuses)
@@ -143,7 +144,7 @@ TEST(Pieces, LeavesTheResultAloneWhenItRefuses)
     Parting parting;
     parting.from = {test::kUntouched, test::kUntouched};
     parting.to_side = 77;
-    EXPECT_FALSE(part_ring(kU, {0, 10}, {30, 10}, parting));
+    EXPECT_FALSE(part_ring(kU, {0, 10}, {30, 10}, kLibrarySlack, parting));
     EXPECT_POINT(parting.from, ({test::kUntouched, test::kUntouched}));
     EXPECT_EQ(parting.to_side, 77u);
 }

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "divider.h"
+#include "shapes.h"
 #include "support/bits.h"
 
 namespace {
@@ -16,6 +17,16 @@ using tool::Cut;
 using tool::Division;
 using tool::Outcome;
 using tool::Request;
+
+using test::area;
+using test::cross;
+using test::distance_to_boundary;
+using test::left_of;
+using test::local;
+using test::perimeter;
+using test::Point;
+using test::Shape;
+using test::shape_of;
 
 constexpr int kRequests = 10000;
 constexpr double kPi = 3.141592653589793;
@@ -81,85 +92,7 @@ private:
     std::mt19937_64 source_;
 };
 
-// --------------------------------------------------------------------------------- the check: half planes
-
-struct Point {
-    long double x, y;
-};
-
-using Shape = std::vector<Point>;
-
-long double cross(const Point& o, const Point& p, const Point& q)
-{
-    return (p.x - o.x) * (q.y - o.y) - (p.y - o.y) * (q.x - o.x);
-}
-
-// Relative to the ring's first vertex.
-Shape shape_of(const Ring& ring)
-{
-    Shape shape;
-    for (const PL_PNT2D_record& p : ring)
-        shape.push_back(
-            {static_cast<long double>(p.x) - ring[0].x, static_cast<long double>(p.y) - ring[0].y});
-    return shape;
-}
-
-long double area(const Shape& shape)
-{
-    long double twice = 0.0L;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const Point& p = shape[i];
-        const Point& q = shape[(i + 1) % shape.size()];
-        twice += p.x * q.y - q.x * p.y;
-    }
-    return std::fabs(twice) / 2.0L;
-}
-
-long double perimeter(const Shape& shape)
-{
-    long double sum = 0.0L;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const Point& p = shape[i];
-        const Point& q = shape[(i + 1) % shape.size()];
-        sum += std::hypot(q.x - p.x, q.y - p.y);
-    }
-    return sum;
-}
-
-// The part of a convex shape to the left of the line from a to b.
-Shape left_of(const Shape& shape, const Point& a, const Point& b)
-{
-    Shape left;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const Point& p = shape[i];
-        const Point& q = shape[(i + 1) % shape.size()];
-        const long double sp = cross(a, b, p);
-        const long double sq = cross(a, b, q);
-        if (sp >= 0.0L)
-            left.push_back(p);
-        if ((sp > 0.0L && sq < 0.0L) || (sp < 0.0L && sq > 0.0L)) {
-            const long double t = sp / (sp - sq);
-            left.push_back({p.x + t * (q.x - p.x), p.y + t * (q.y - p.y)});
-        }
-    }
-    return left;
-}
-
-long double distance_to_boundary(const Shape& shape, const Point& p)
-{
-    long double nearest = INFINITY;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const Point& a = shape[i];
-        const Point& b = shape[(i + 1) % shape.size()];
-        const long double ux = b.x - a.x;
-        const long double uy = b.y - a.y;
-        const long double length2 = ux * ux + uy * uy;
-        long double t = length2 > 0.0L ? ((p.x - a.x) * ux + (p.y - a.y) * uy) / length2 : 0.0L;
-        t = std::clamp(t, 0.0L, 1.0L);
-        nearest = std::min(nearest, std::hypot(p.x - a.x - t * ux, p.y - a.y - t * uy));
-    }
-    return nearest;
-}
+// ----------------------------------------------------------------------------------------------- the check
 
 // A point that the requested piece holds, or in a perpendicular cut would hold if the parcel went on that far.
 Point point_of_request(const Shape& shape, std::size_t side, Cut cut)
@@ -197,11 +130,8 @@ bool runs_as_told(const Shape& shape, std::size_t side, Cut cut, const Point& fr
 void check(const Ring& ring, const Request& request, const Division& division)
 {
     const Shape shape = shape_of(ring);
-    const auto local = [&](const PL_PNT2D_record& p) {
-        return Point{static_cast<long double>(p.x) - ring[0].x, static_cast<long double>(p.y) - ring[0].y};
-    };
-    const Point from = local(division.from);
-    const Point to = local(division.to);
+    const Point from = local(ring, division.from);
+    const Point to = local(ring, division.to);
     const std::size_t side = static_cast<std::size_t>(request.number - 1);
     const long double parcel = area(shape);
 

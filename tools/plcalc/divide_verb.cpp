@@ -3,10 +3,10 @@
 #include <cmath>
 #include <optional>
 
-#include "divider.h"
 #include "exit_status.h"
 #include "help.h"
 #include "numbers.h"
+#include "printed_division.h"
 #include "report.h"
 
 namespace tool {
@@ -14,14 +14,14 @@ namespace {
 
 [[noreturn]] void wrong_use(const std::string& what)
 {
-    throw Failure(ExitStatus::wrong_use, what);
+    throw Failure(ExitStatus::wrong_use, what + "; see plcalc divide --help");
 }
 
 long long whole(const std::string& option, const std::string& text)
 {
     const std::optional<long long> value = parse_whole(text);
     if (!value)
-        wrong_use(option + ": '" + text + "' is not a whole number; see plcalc divide --help");
+        wrong_use(option + ": '" + text + "' is not a whole number");
     return *value;
 }
 
@@ -48,13 +48,13 @@ DivideVerb::DivideVerb(CLI::App& app) : verb_(app.add_subcommand("divide"))
     verb_->add_option("--perpendicular", perpendicular_)->type_name("SIDE");
     verb_->add_option("--vertex", vertex_)->type_name("N");
     verb_->add_option("--area", area_)->type_name("A");
-    verb_->add_option("--product", product_)->expected(2)->type_name("LENGTH");
+    verb_->add_option("--product", product_)->expected(2)->type_name("A B");
 }
 
 Source DivideVerb::source() const
 {
     if (file_.empty())
-        wrong_use("which FILE? See plcalc divide --help");
+        wrong_use("which FILE? Give the one that holds the parcel");
     Source source;
     source.file = file_;
     if (verb_->count("--layer") > 0)
@@ -70,11 +70,10 @@ Request DivideVerb::request() const
     const bool perpendicular = verb_->count("--perpendicular") > 0;
     const bool vertex = verb_->count("--vertex") > 0;
     if (parallel + perpendicular + vertex != 1)
-        wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N; "
-                  "see plcalc divide --help");
+        wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N");
     const bool product = verb_->count("--product") > 0;
     if (product == (verb_->count("--area") > 0))
-        wrong_use("give one of --area A and --product A B; see plcalc divide --help");
+        wrong_use("give one of --area A and --product A B");
 
     Request request;
     if (parallel) {
@@ -101,11 +100,11 @@ std::string DivideVerb::run() const
         return divide_help();
     const Request asked = request();
     const Parcel parcel = read_parcel(source());
-    Division division;
-    const Outcome outcome = divide(parcel.ring, asked, division);
+    PrintedDivision printed;
+    const Outcome outcome = divide_in_print(parcel.ring, asked, printed);
     if (outcome != Outcome::divided)
-        throw division_failure(outcome, parcel, asked, division);
-    return division_table(parcel, asked, division);
+        throw division_failure(outcome, parcel, asked, printed);
+    return division_table(parcel, asked, printed);
 }
 
 }  // namespace tool

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "local_frame.h"
@@ -23,6 +24,10 @@ constexpr long double kRelParcelTol = 1e-6L;
 // Nor by more than this part of the smaller piece: of a request of a millionth of the parcel, the test above
 // would let pass whatever came out, nothing at all included.
 constexpr long double kRelPieceTol = 0.01L;
+
+// An end that is off by a rounding is off by more along the line, where the line meets the boundary at a slant:
+// 64 times as much at one degree. A slant still flatter asks for more decimals.
+constexpr long double kSlantAllowance = 64.0L;
 
 constexpr std::size_t kMinVertices = 3;
 
@@ -87,15 +92,6 @@ Request scaled(Request request, double scale)
     return request;
 }
 
-bool call_library(const CPoint3dVector& points, const Prepared& prepared, const Request& local,
-                  PL_PNT2D_record& p, PL_PNT2D_record& q)
-{
-    CFrazArea search(points, prepared.ring[prepared.start], next(prepared.ring, prepared.start),
-                     static_cast<int>(local.cut), static_cast<int>(local.given), local.value1, local.value2);
-    double z = 0.0;
-    return search.Esegui(p.x, p.y, z, q.x, q.y, z);
-}
-
 // Gives the line its direction: parallel to a side as the side runs, perpendicular to it from its end nearer
 // the side. Through a vertex the library's line starts there already.
 void orient(Parting& parting, const PL_PNT2D_record& a, const PL_PNT2D_record& b, Cut cut)
@@ -151,36 +147,26 @@ bool holds(long double got, long double asked, long double parcel)
     return std::fabs(got - asked) <= std::min(kRelParcelTol * parcel, kRelPieceTol * smaller);
 }
 
-// Takes the line back to the parcel's coordinates and measures the pieces that it makes there: where doubles
-// are too coarse for the parcel, at 1e15 for one, the rounding of the ends counts like any other miss.
-Outcome check(const Prepared& prepared, const Request& local, const LocalFrame& frame,
-              const PL_PNT2D_record& p, const PL_PNT2D_record& q, Division& division)
+// Everything that a division needs before there is a line.
+struct Task {
+    LocalFrame frame;
+    Prepared prepared;
+    CPoint3dVector points;
+    Request local;  // the request in the frame's unit
+};
+
+const PL_PNT2D_record& side_start(const Task& task)
 {
-    Parting parting;
-    if (!part_ring(prepared.ring, p, q, parting))
-        return Outcome::line_leaves_parcel;
-    orient(parting, prepared.ring[prepared.start], next(prepared.ring, prepared.start), local.cut);
-    division.from = frame.from_local(parting.from);
-    division.to = frame.from_local(parting.to);
-    parting.from = frame.to_local(division.from);
-    parting.to = frame.to_local(division.to);
-
-    const bool first = request_after_from(parting, prepared, local.cut, division.anticlockwise);
-    const long double after_from = area_after_from(prepared.ring, parting);
-    const long double after_to = area_after_to(prepared.ring, parting);
-    const long double got = first ? after_from : after_to;
-    const long double rest = first ? after_to : after_from;
-    const double scale2 = frame.scale() * frame.scale();
-    division.request_area = static_cast<double>(got / scale2);
-    division.rest_area = static_cast<double>(rest / scale2);
-
-    const long double parcel = static_cast<long double>(division.parcel_area) * scale2;
-    return holds(got, local.area(), parcel) ? Outcome::divided : Outcome::request_missed;
+    return task.prepared.ring[task.prepared.start];
 }
 
-}  // namespace
+const PL_PNT2D_record& side_end(const Task& task)
+{
+    return next(task.prepared.ring, task.prepared.start);
+}
 
-Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request, Division& division)
+// Checks what can be checked before there is a line; the task is complete when the outcome is `divided`.
+Outcome set_up(const Ring& ring, const Request& request, std::optional<Task>& task, Division& division)
 {
     division = {};
     if (!std::isfinite(request.area()) || !(request.area() > 0.0))
@@ -205,13 +191,79 @@ Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request,
         return Outcome::ring_not_usable;
     if (!(request.area() < division.parcel_area))
         return Outcome::area_not_below_parcel;
+    task.emplace(Task{frame, prepared, points, scaled(request, frame.scale())});
+    return Outcome::divided;
+}
 
+bool call_library(const Task& task, PL_PNT2D_record& p, PL_PNT2D_record& q)
+{
+    CFrazArea search(task.points, side_start(task), side_end(task), static_cast<int>(task.local.cut),
+                     static_cast<int>(task.local.given), task.local.value1, task.local.value2);
+    double z = 0.0;
+    return search.Esegui(p.x, p.y, z, q.x, q.y, z);
+}
+
+// Measures both pieces, each bounded by the parting's ends as they stand.
+Outcome measure(const Task& task, const Parting& parting, Division& division)
+{
+    const Ring& ring = task.prepared.ring;
+    const bool first = request_after_from(parting, task.prepared, task.local.cut, division.anticlockwise);
+    const long double after_from = area_after_from(ring, parting);
+    const long double after_to = area_after_to(ring, parting);
+    const long double got = first ? after_from : after_to;
+    const long double rest = first ? after_to : after_from;
+    const double scale2 = task.frame.scale() * task.frame.scale();
+    division.request_area = static_cast<double>(got / scale2);
+    division.rest_area = static_cast<double>(rest / scale2);
+
+    const long double parcel = static_cast<long double>(division.parcel_area) * scale2;
+    return holds(got, task.local.area(), parcel) ? Outcome::divided : Outcome::request_missed;
+}
+
+// Takes the line back to the parcel's coordinates and measures the pieces that it makes there: where doubles
+// are too coarse for the parcel, at 1e15 for one, the rounding of the ends counts like any other miss.
+Outcome check(const Task& task, const PL_PNT2D_record& p, const PL_PNT2D_record& q, Division& division)
+{
+    Parting parting;
+    if (!part_ring(task.prepared.ring, p, q, kLibrarySlack, parting))
+        return Outcome::line_leaves_parcel;
+    orient(parting, side_start(task), side_end(task), task.local.cut);
+    division.from = task.frame.from_local(parting.from);
+    division.to = task.frame.from_local(parting.to);
+    parting.from = task.frame.to_local(division.from);
+    parting.to = task.frame.to_local(division.to);
+    return measure(task, parting, division);
+}
+
+}  // namespace
+
+Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request, Division& division)
+{
+    std::optional<Task> task;
+    const Outcome outcome = set_up(ring, request, task, division);
+    if (!task)
+        return outcome;
     PL_PNT2D_record p = {};
     PL_PNT2D_record q = {};
-    const Request local = scaled(request, frame.scale());
-    if (!call_library(points, prepared, local, p, q))
+    if (!call_library(*task, p, q))
         return Outcome::no_line;
-    return check(prepared, local, frame, p, q, division);
+    return check(*task, p, q, division);
+}
+
+Outcome judge(const std::vector<PL_PNT2D_record>& ring, const Request& request, const PL_PNT2D_record& from,
+              const PL_PNT2D_record& to, double rounding, Division& division)
+{
+    std::optional<Task> task;
+    const Outcome outcome = set_up(ring, request, task, division);
+    if (!task)
+        return outcome;
+    division.from = from;
+    division.to = to;
+    Parting parting;
+    const long double slack = kLibrarySlack + kSlantAllowance * rounding * task->frame.scale();
+    if (!part_ring(task->prepared.ring, task->frame.to_local(from), task->frame.to_local(to), slack, parting))
+        return Outcome::line_leaves_parcel;
+    return measure(*task, parting, division);
 }
 
 }  // namespace tool

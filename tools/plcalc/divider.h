@@ -22,7 +22,8 @@ enum class Outcome {
     area_not_below_parcel,  ///< the request is as large as the parcel or larger
     no_line,                ///< the library found none
     line_leaves_parcel,     ///< it found one that does not part the parcel in two
-    request_missed          ///< it found one that parts the parcel otherwise than asked
+    request_missed,         ///< it found one that parts the parcel otherwise than asked
+    doubles_too_coarse      ///< it found the right one, but not with coordinates that can be written down
 };
 
 /// A checked division, in the parcel's own coordinates.
@@ -48,5 +49,16 @@ struct Division {
 /// @return `divided` only for a line that lies in the parcel, parts it in exactly two and holds the request
 ///         to 1e-6 of the parcel's area and a hundredth of the smaller piece
 Outcome divide(const std::vector<PL_PNT2D_record>& ring, const Request& request, Division& division);
+
+/// Judges a line that is there already, as `divide` judges the one that the library finds.
+///
+/// @param[in]  ring, request  as for `divide`
+/// @param[in]  from, to       the line's ends, in the order that `divide` gives them
+/// @param[in]  rounding       how far the ends may be from where they were meant to be, parcel's unit: they are
+///                            moved along the line onto the boundary before the pieces are measured
+/// @param[out] division       as for `divide`; `from` and `to` come back as given
+/// @return `divided` when the line parts the parcel in two and holds the request
+Outcome judge(const std::vector<PL_PNT2D_record>& ring, const Request& request, const PL_PNT2D_record& from,
+              const PL_PNT2D_record& to, double rounding, Division& division);
 
 }  // namespace tool

@@ -62,8 +62,9 @@ Options
   -h, --help            this text
 
 Printed are the ends of the line, the areas on both sides of it as measured
-afterwards, and the parcel's area and perimeter. The line is right: it parts
-the parcel in exactly two, and the piece holds the requested area to within a
+afterwards, and the parcel's area and perimeter. The line is right as it is
+printed, with its four decimals or, in a small parcel, more: it parts the
+parcel in exactly two, and the piece holds the requested area to within a
 millionth of the parcel's. Otherwise nothing is printed but one line on
 stderr, and the exit status is not 0 (see plcalc --help).
 

@@ -40,16 +40,38 @@ void print(const std::string& text)
         throw Failure(ExitStatus::failed, "the result could not be written to the standard output");
 }
 
+[[noreturn]] void refuse_arguments(const CLI::App& app, const std::string& what)
+{
+    const std::vector<CLI::App*> verbs = app.get_subcommands();
+    const std::string verb = verbs.empty() ? "" : " " + verbs.front()->get_name();
+    throw Failure(ExitStatus::wrong_use, what + "; see plcalc" + verb + " --help");
+}
+
+// The parser tells which option has too few or too many values, and counts them; what it needs says more.
+std::string described(const CLI::App& app, const CLI::ParseError& error)
+{
+    const std::string text = error.what();
+    const std::string name = text.substr(0, text.find(':'));
+    for (const CLI::App* verb : app.get_subcommands()) {
+        const CLI::Option* option = verb->get_option_no_throw(name);
+        if (option == nullptr)
+            continue;
+        const bool one = option->get_items_expected_max() == 1;
+        return name + ": give " + (one ? "one value, " : "the values ") + option->get_type_name() + ", once";
+    }
+    return text;
+}
+
 void parse(CLI::App& app, int argc, char** argv)
 {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        throw Failure(ExitStatus::wrong_use, std::string(error.what()) + "; see plcalc --help");
+        refuse_arguments(app, described(app, error));
     }
     for (const std::string& unknown : app.remaining(true)) {
         if (unknown != "--")  // the mark after which nothing is an option
-            throw Failure(ExitStatus::wrong_use, "'" + unknown + "' is not known here; see plcalc --help");
+            refuse_arguments(app, "'" + unknown + "' is not known here");
     }
 }
 

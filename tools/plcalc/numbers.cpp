@@ -10,9 +10,12 @@
 
 namespace {
 
-constexpr int kDecimals = 4;
+constexpr int kMinDecimals = 4;
 constexpr int kAllDigits = 16;  // after the first one
 constexpr int kRoughDigits = 3;
+
+// A step of 1e-5 that came out a few bits short of it still asks for five decimals.
+constexpr double kStepSlack = 1.0 + 1e-12;
 
 // Up to here a double tells ten-thousandths from each other.
 constexpr double kMaxFixed = 1e12;
@@ -60,12 +63,26 @@ std::optional<long long> parse_whole(const std::string& text)
     return parse_all<long long>(text);
 }
 
-std::string fixed4(double value)
+std::string fixed(double value, int decimals)
 {
-    if (!(std::fabs(value) < kMaxFixed))
+    if (decimals > kMaxDecimals || !(std::fabs(value) < kMaxFixed))
         return formatted(value, std::scientific, kAllDigits);
-    const std::string text = formatted(value, std::fixed, kDecimals);
-    return text == "-0.0000" ? "0.0000" : text;
+    const std::string text = formatted(value, std::fixed, decimals);
+    return text.find_first_not_of("-0.") == std::string::npos ? formatted(0.0, std::fixed, decimals) : text;
+}
+
+std::string shortest(double value)
+{
+    char text[32];  // the longest is -2.2250738585072014e-308
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
+int decimals_for(double step)
+{
+    int decimals = kMinDecimals;
+    while (decimals <= kMaxDecimals && !(std::pow(10.0, -decimals) <= step * kStepSlack))
+        ++decimals;
+    return decimals;
 }
 
 std::string rough(double value)

@@ -21,6 +21,15 @@ namespace {
 // A choice longer than this is not read, it is looked up.
 constexpr std::size_t kMaxListed = 5;
 
+// Where a CSV file has its geometry.
+constexpr const char* kWktColumns = "WKT,geom,geometry,wkt_geom,the_geom";
+
+// A text longer than this is quoted by its beginning.
+constexpr std::size_t kMaxQuoted = 40;
+
+constexpr const char* kNoGeometry =
+    "it has no geometry; draw the parcel or choose another feature with --feature";
+
 // What the first look through the file found.
 struct Found {
     OGRFeatureUniquePtr feature;     // the first that fits
@@ -29,6 +38,7 @@ struct Found {
     std::size_t count = 0;           // how many fit
     std::size_t looked_at = 0;       // features, fitting or not
     std::string other_kind;          // geometry of the first that does not fit
+    std::string without_geometry;    // name of the first without any, though it could have one
 };
 
 [[noreturn]] void refuse(const std::string& where, const std::string& what)
@@ -63,7 +73,7 @@ CPLStringList open_options(const std::string& file)
     const GDALDriverH driver = GDALIdentifyDriverEx(file.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
     const std::string format = driver != nullptr ? GDALGetDriverShortName(driver) : "";
     if (format == "CSV")
-        options.SetNameValue("GEOM_POSSIBLE_NAMES", "WKT,geom,geometry,wkt_geom,the_geom");
+        options.SetNameValue("GEOM_POSSIBLE_NAMES", kWktColumns);
     if (format == "GML")
         options.SetNameValue("WRITE_GFS", "NO");  // a reader leaves nothing behind
     return options;
@@ -116,21 +126,59 @@ bool fits(const OGRFeature& feature, const Source& source)
     return feature.GetGeometryRef() != nullptr && bounds_area(*feature.GetGeometryRef());
 }
 
+// The geometry of a CSV row as it stands there; empty in other formats.
+std::string wkt_of(const OGRFeature& feature)
+{
+    const CPLStringList columns(CSLTokenizeString2(kWktColumns, ",", 0));
+    for (int i = 0; i < columns.Count(); ++i) {
+        const int field = feature.GetFieldIndex(columns[i]);
+        if (field >= 0)
+            return feature.GetFieldAsString(field);
+    }
+    return "";
+}
+
+std::string quoted(const std::string& text)
+{
+    return "'" + (text.size() > kMaxQuoted ? text.substr(0, kMaxQuoted) + "..." : text) + "'";
+}
+
+// A row whose WKT is broken comes without a geometry. It may be the parcel that is meant.
+void require_readable_wkt(const OGRFeature& feature, const std::string& where)
+{
+    const std::string wkt = wkt_of(feature);
+    if (feature.GetGeometryRef() != nullptr || wkt.empty())
+        return;
+    const bool nan = CPLString(wkt).ifind("nan") != std::string::npos;
+    refuse(where, "its WKT " + quoted(wkt) + " cannot be read" +
+                      (nan ? ", a coordinate in it is not a number" : "") + "; correct it");
+}
+
+void note_other(Found& found, const OGRFeature& feature, OGRLayer& layer, const std::string& name)
+{
+    const OGRGeometry* geometry = feature.GetGeometryRef();
+    if (geometry != nullptr && found.other_kind.empty())
+        found.other_kind = geometry->getGeometryName();
+    if (geometry == nullptr && layer.GetGeomType() != wkbNone && found.without_geometry.empty())
+        found.without_geometry = name;
+}
+
 Found search(GDALDataset& dataset, const std::vector<OGRLayer*>& layers, const Source& source)
 {
     Found found;
     for (OGRLayer* layer : layers) {
         for (OGRFeatureUniquePtr& feature : *layer) {
             ++found.looked_at;
-            const OGRGeometry* geometry = feature->GetGeometryRef();
+            const std::string name = name_of(*feature, *layer, dataset);
+            if (!source.feature || fits(*feature, source))
+                require_readable_wkt(*feature, source.file + ": " + name);
             if (!fits(*feature, source)) {
-                if (found.other_kind.empty() && geometry != nullptr)
-                    found.other_kind = geometry->getGeometryName();
+                note_other(found, *feature, *layer, name);
                 continue;
             }
             ++found.count;
             if (found.names.size() < kMaxListed)
-                found.names.push_back(name_of(*feature, *layer, dataset));
+                found.names.push_back(name);
             if (found.feature == nullptr) {
                 found.layer = layer;
                 found.feature = std::move(feature);
@@ -148,6 +196,8 @@ Found search(GDALDataset& dataset, const std::vector<OGRLayer*>& layers, const S
                                                  "; list them with ogrinfo -al");
     if (found.looked_at == 0)
         refuse(source.file, "there is no feature in it; draw the parcel as a polygon");
+    if (found.other_kind.empty() && !found.without_geometry.empty())
+        refuse(source.file + ": " + found.without_geometry, kNoGeometry);
     std::string what =
         "there is no polygon and no closed line in it (features: " + std::to_string(found.looked_at);
     what += found.other_kind.empty() ? ")" : ", the first a " + found.other_kind + ")";
@@ -212,7 +262,7 @@ Parcel parcel_of_feature(const Found& found, GDALDataset& dataset, const Source&
     const std::string where = source.file + ": " + name_of(*found.feature, *found.layer, dataset);
     const OGRGeometry* geometry = found.feature->GetGeometryRef();
     if (geometry == nullptr)
-        refuse(where, "it has no geometry; draw the parcel or choose another feature with --feature");
+        refuse(where, kNoGeometry);
     std::vector<PL_PNT2D_record> ring = usable_ring(*geometry, where);
     const bool crs_stated = !is_format(dataset, "GeoJSON") && !is_format(dataset, "GeoJSONSeq");
     require_plane(geometry->getSpatialReference(), crs_stated, ring, where);

@@ -7,9 +7,6 @@ namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
 
-// How far from a meeting point the library may report it: 0.001 in x and in y, a little more on the slant.
-constexpr long double kEndSlack = 0.0015L;
-
 // Crossings nearer to an end than this part of the line's length are that end: at a vertex, the two sides
 // that share it report it both.
 constexpr long double kSamePointRel = 1e-9L;
@@ -77,10 +74,10 @@ std::vector<Crossing> crossings(const Ring& ring, const Axis& axis)
     return found;
 }
 
-const Crossing* nearest(const std::vector<Crossing>& found, long double along)
+const Crossing* nearest(const std::vector<Crossing>& found, long double along, long double slack)
 {
     const Crossing* best = nullptr;
-    long double best_distance = kEndSlack;
+    long double best_distance = slack;
     for (const Crossing& c : found) {
         const long double distance = std::fabs(c.along - along);
         if (distance <= best_distance) {
@@ -147,15 +144,16 @@ long double signed_area(const Ring& ring)
     return twice * 0.5L;
 }
 
-bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q, Parting& parting)
+bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q, long double slack,
+               Parting& parting)
 {
     const Axis axis(p, q);
     if (!(axis.length() > 0.0L) || !std::isfinite(axis.length()))
         return false;
 
     const std::vector<Crossing> found = crossings(ring, axis);
-    const Crossing* from = nearest(found, 0.0L);
-    const Crossing* to = nearest(found, axis.length());
+    const Crossing* from = nearest(found, 0.0L, slack);
+    const Crossing* to = nearest(found, axis.length(), slack);
     if (from == nullptr || to == nullptr || !(from->along < to->along))
         return false;
     if (any_between(found, from->along, to->along))

@@ -46,6 +46,14 @@ std::string described_cut(const Parcel& parcel, const Request& request)
     return "through " + numbered("vertex", request.number);
 }
 
+// The figures as they were given.
+std::string described_area(const Request& request)
+{
+    if (request.given == AreaGiven::as_value)
+        return shortest(request.value1);
+    return shortest(request.value1) + " x " + shortest(request.value2);
+}
+
 std::string request_label(const Parcel& parcel, const Request& request)
 {
     switch (request.cut) {
@@ -101,38 +109,43 @@ std::string no_such_number(const Parcel& parcel, const Request& request)
 
 std::string missed(const Request& request, const Division& division)
 {
-    return "the line found misses the requested area " + fixed4(request.area()) + " by " +
+    return "the line found misses the requested area " + shortest(request.area()) + " by " +
            rough(std::fabs(division.request_area - request.area())) +
            "; ask for another side, vertex or kind of cut";
 }
 
 }  // namespace
 
-std::string division_table(const Parcel& parcel, const Request& request, const Division& division)
+std::string division_table(const Parcel& parcel, const Request& request, const PrintedDivision& printed)
 {
+    const Division& division = printed.division;
+    const auto length = [&](double value) { return fixed(value, printed.decimals); };
+    const auto area = [&](double value) { return fixed(value, printed.area_decimals); };
     std::ostringstream out;
     out << "Parcel  " << parcel.where << '\n'
         << "        " << parcel.ring.size() << " vertices, "
         << (division.anticlockwise ? "anticlockwise" : "clockwise") << '\n'
-        << "Cut     " << described_cut(parcel, request) << "\n\n";
+        << "Cut     " << described_cut(parcel, request) << '\n'
+        << "Asked   " << described_area(request) << "\n\n";
     print(out, {
                    {"Dividing line", {"E", "N"}},
-                   {"  from", {fixed4(division.from.x), fixed4(division.from.y)}},
-                   {"  to", {fixed4(division.to.x), fixed4(division.to.y)}},
+                   {"  from", {length(division.from.x), length(division.from.y)}},
+                   {"  to", {length(division.to.x), length(division.to.y)}},
                    {"", {}},
                    {"Area", {}},
-                   {"  requested", {fixed4(request.area())}},
-                   {"  " + request_label(parcel, request), {fixed4(division.request_area)}},
-                   {"  rest", {fixed4(division.rest_area)}},
-                   {"  parcel", {fixed4(division.parcel_area)}},
-                   {"Perimeter", {fixed4(division.perimeter)}},
+                   {"  requested", {area(request.area())}},
+                   {"  " + request_label(parcel, request), {area(division.request_area)}},
+                   {"  rest", {area(division.rest_area)}},
+                   {"  parcel", {area(division.parcel_area)}},
+                   {"Perimeter", {length(division.perimeter)}},
                });
     return out.str();
 }
 
 Failure division_failure(Outcome outcome, const Parcel& parcel, const Request& request,
-                         const Division& division)
+                         const PrintedDivision& printed)
 {
+    const Division& division = printed.division;
     const auto failure = [&](ExitStatus status, const std::string& what) {
         return Failure(status, parcel.where + ": " + what);
     };
@@ -149,15 +162,20 @@ Failure division_failure(Outcome outcome, const Parcel& parcel, const Request& r
         return failure(ExitStatus::unusable_input,
                        "the parcel has no area that can be computed; check its coordinates");
     case Outcome::area_not_below_parcel:
-        return failure(ExitStatus::cannot_cut, "the requested area " + fixed4(request.area()) +
-                                                   " is not below the parcel's " +
-                                                   fixed4(division.parcel_area) + "; ask for less");
+        return failure(ExitStatus::cannot_cut,
+                       "the requested area " + shortest(request.area()) + " is not below the parcel's " +
+                           fixed(division.parcel_area, printed.area_decimals) + "; ask for less");
     case Outcome::line_leaves_parcel:
         return failure(ExitStatus::cannot_cut,
                        "the line found does not part the parcel in two, it touches the boundary on its way "
                        "or leaves the parcel; ask for another side, vertex or kind of cut");
     case Outcome::request_missed:
         return failure(ExitStatus::cannot_cut, missed(request, division));
+    case Outcome::doubles_too_coarse:
+        return failure(
+            ExitStatus::cannot_cut,
+            "no line holds the requested area once its ends are rounded to numbers, so small is the "
+            "parcel for coordinates this large; move it to an origin nearby");
     case Outcome::no_line:
     case Outcome::divided:
         break;

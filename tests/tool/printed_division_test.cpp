@@ -1,0 +1,204 @@
+// The line that is printed, as text: read back from the table and cut with means of the test's own, it holds the
+// request to a millionth of the parcel, whatever the parcel's size.
+
+#include "printed_division.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+#include "numbers.h"
+#include "program.h"
+#include "report.h"
+#include "shapes.h"
+#include "support/bits.h"
+
+namespace {
+
+using Ring = std::vector<PL_PNT2D_record>;
+using test::Point;
+using test::Shape;
+using tool::Cut;
+using tool::Outcome;
+using tool::PrintedDivision;
+using tool::Request;
+
+constexpr double kPi = 3.141592653589793;
+constexpr int kRequestsPerSize = 300;
+constexpr double kSizes[] = {1e-4, 1e-3, 0.01, 0.1, 1.0, 10.0, 100.0, 1e3, 1e4, 1e5};
+
+const PL_PNT2D_record kLocal = {0.0, 0.0};
+const PL_PNT2D_record kUtm = {432123.456, 5087654.321};
+
+Ring square(double side)
+{
+    return {{0, 0}, {side, 0}, {side, side}, {0, side}};
+}
+
+Request asked(Cut cut, long long number, double area)
+{
+    Request request;
+    request.cut = cut;
+    request.number = number;
+    request.value1 = area;
+    return request;
+}
+
+// The table's line: what a person reads, or a script.
+struct Line {
+    PL_PNT2D_record from, to;
+};
+
+Line printed_line(const Ring& ring, const Request& request, const PrintedDivision& printed)
+{
+    const std::string table = tool::division_table({"lot", ring}, request, printed);
+    const std::vector<double> from = test::numbers_after(table, "from");
+    const std::vector<double> to = test::numbers_after(table, "to");
+    return {{from.at(0), from.at(1)}, {to.at(0), to.at(1)}};
+}
+
+// How far the piece next to the request's side, or ahead of the line, misses the request; part of the parcel.
+long double miss(const Ring& ring, const Request& request, const Line& line)
+{
+    const Shape shape = test::shape_of(ring);
+    const long double parcel = test::area(shape);
+    const long double part =
+        test::area(test::part_after(shape, test::local(ring, line.from), test::local(ring, line.to)));
+    const long double wanted = request.area();
+    return std::min(std::fabs(part - wanted), std::fabs(parcel - part - wanted)) / parcel;
+}
+
+struct Row {
+    const char* what;
+    double side;
+    Request request;
+    int decimals;
+};
+
+// The second piece of a square is what is left: a height of request over side, to so many decimals.
+const Row kRows[] = {
+    {"a hectare, to the tenth of a millimetre", 100, asked(Cut::parallel, 1, 1234.567), 4},
+    {"four decimals miss by a millionth and a half", 10, asked(Cut::parallel, 1, 12.34567), 5},
+    {"four decimals hold it, yet may turn another line", 10, asked(Cut::parallel, 1, 12.5), 5},
+    {"a tenth across", 0.1, asked(Cut::parallel, 1, 0.0012345), 7},
+    {"a tenth of a millimetre across", 1e-4, asked(Cut::parallel, 1, 3.3e-9), 10},
+    {"smaller than decimals are for", 1e-30, asked(Cut::parallel, 1, 5e-61), tool::kMaxDecimals + 1},
+};
+
+TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
+{
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        PrintedDivision printed;
+        ASSERT_EQ(tool::divide_in_print(square(row.side), row.request, printed), Outcome::divided);
+        EXPECT_EQ(printed.decimals, row.decimals);
+        EXPECT_LE(miss(square(row.side), row.request, printed_line(square(row.side), row.request, printed)),
+                  1e-6L);
+    }
+}
+
+// A convex parcel of about that size across, at a place, in either direction.
+Ring random_parcel(std::mt19937_64& source, double size, const PL_PNT2D_record& place, bool convex)
+{
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const int n = std::uniform_int_distribution<int>(3, 12)(source);
+    Ring ring;
+    for (int i = 0; i < n; ++i) {
+        const double turn = 2.0 * kPi * (i + 0.6 * unit(source)) / n;
+        const double radius = size * (convex ? 0.5 : 0.15 + 0.35 * unit(source));
+        ring.push_back({place.x + radius * std::cos(turn), place.y + 0.7 * radius * std::sin(turn)});
+    }
+    if (unit(source) < 0.5)
+        std::reverse(ring.begin(), ring.end());
+    return ring;
+}
+
+struct Tally {
+    int printed = 0;
+    int refused_for_doubles = 0;
+};
+
+Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex)
+{
+    std::mt19937_64 source = test::random_source();
+    Tally tally;
+    for (int i = 0; i < kRequestsPerSize; ++i) {
+        SCOPED_TRACE("request " + std::to_string(i));
+        const Ring ring = random_parcel(source, size, place, convex);
+        const double part = std::uniform_real_distribution<double>(0.03, 0.97)(source);
+        const Request request =
+            asked(static_cast<Cut>(i % 3),
+                  std::uniform_int_distribution<int>(1, static_cast<int>(ring.size()))(source),
+                  part * static_cast<double>(test::area(test::shape_of(ring))));
+        PrintedDivision printed;
+        const Outcome outcome = tool::divide_in_print(ring, request, printed);
+        if (outcome == Outcome::doubles_too_coarse)
+            ++tally.refused_for_doubles;
+        if (outcome != Outcome::divided)
+            continue;
+        ++tally.printed;
+        const Line line = printed_line(ring, request, printed);
+        EXPECT_POINT(line.from, (printed.division.from));
+        EXPECT_POINT(line.to, (printed.division.to));
+        EXPECT_LE(miss(ring, request, line), 1e-6L * (1.0L + 1e-6L));
+        if (convex) {
+            const Shape shape = test::shape_of(ring);
+            const Point from = test::local(ring, line.from);
+            const Point to = test::local(ring, line.to);
+            const long double left = test::area(test::left_of(shape, from, to));
+            const long double parcel = test::area(shape);
+            const long double off =
+                std::min(std::fabs(left - request.area()), std::fabs(parcel - left - request.area()));
+            EXPECT_LE(off, 1e-6L * (1.0L + 1e-6L) * parcel);
+        }
+    }
+    return tally;
+}
+
+TEST(PrintedDivision, HoldsTheRequestWhateverTheSize)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        const Tally tally = print_and_cut(size, kLocal, true);
+        EXPECT_EQ(tally.printed, kRequestsPerSize);
+    }
+}
+
+TEST(PrintedDivision, HoldsTheRequestInLargeCoordinates)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        const Tally tally = print_and_cut(size, kUtm, true);
+        // At 5e6 the doubles are a nanometre apart. A parcel of a centimetre and less has too few of them.
+        if (size >= 0.1) {
+            EXPECT_EQ(tally.printed, kRequestsPerSize);
+        }
+    }
+}
+
+TEST(PrintedDivision, HoldsTheRequestInConcaveParcels)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        for (const PL_PNT2D_record& place : {kLocal, kUtm}) {
+            const Tally tally = print_and_cut(size, place, false);
+            if (size >= 0.1) {
+                EXPECT_GT(tally.printed, kRequestsPerSize / 2);
+                EXPECT_EQ(tally.refused_for_doubles, 0);
+            }
+        }
+    }
+}
+
+TEST(PrintedDivision, LineThatNoDoublesHoldIsRefused)
+{
+    // Heights in steps of 2^-30 between 5e6 and 5e6 + 2^-12: 1.9e-6 of the parcel is the nearest miss half-way.
+    const Ring hair = {
+        {500000, 5000000}, {500001, 5000000}, {500001, 5000000 + 0x1p-12}, {500000, 5000000 + 0x1p-12}};
+    PrintedDivision printed;
+    EXPECT_EQ(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13), printed), Outcome::divided);
+    EXPECT_NE(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13 + 0.49 * 0x1p-30), printed),
+              Outcome::divided);
+}
+
+}  // namespace
