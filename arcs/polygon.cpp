@@ -62,15 +62,20 @@ struct Place {
     }
 };
 
+// A walk that merges past vertex 0 starts another round at another vertex, and may end on a later one: on rings
+// whose runs creep by less than the margin, only after as many rounds as a run has vertices. So many rounds are
+// walked and no more; a run longer than that has its vertices closer together than any survey measures.
+constexpr std::int64_t kMostRounds = 1024;
+
 // Notices a walk that goes round for ever, by Brent's method (BIT 20, 1980): the place is compared with a
-// mark that is set anew after 1, 2, 4, ... steps. No memory, and at most a few rounds too many.
+// mark that is set anew after 1, 2, 4, ... steps. No memory. And ends one that would take too long.
 class RoundWatch {
 public:
-    explicit RoundWatch(const Place& start) : mark_(start) {}
+    RoundWatch(const Place& start, int n) : mark_(start), most_(kMostRounds * n) {}
 
-    bool been_here(const Place& now)
+    bool gives_up(const Place& now, std::int64_t passed)
     {
-        if (now == mark_)
+        if (now == mark_ || passed > most_)
             return true;
         if (++steps_ == reach_) {
             mark_ = now;
@@ -82,6 +87,7 @@ public:
 
 private:
     Place mark_;
+    std::int64_t most_;
     std::int64_t steps_ = 0;
     std::int64_t reach_ = 1;
 };
@@ -102,16 +108,18 @@ bool on_one_plumb_line(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
     return one_line(p.x, q.x);
 }
 
-// Moves k to the last vertex of the run that is in line with vertex j; k itself is the first candidate.
-// False when the run goes all the way round.
-bool skip_run(const Ring& ring, int j, int& k,
+// Moves k to the last vertex of the run that is in line with vertex j; k itself is the first candidate. Counts
+// the vertices that it passes. False when the run goes all the way round.
+bool skip_run(const Ring& ring, int j, int& k, std::int64_t& passed,
               bool (*in_line)(const PL_PNT2D_record&, const PL_PNT2D_record&))
 {
+    ++passed;
     if (!in_line(ring.at(j), ring.at(k)))
         return true;
     const int first = k;
     do {
         k = ring.after(k);
+        ++passed;
         if (k == first)
             return false;
     } while (in_line(ring.at(j), ring.at(k)));
@@ -120,9 +128,9 @@ bool skip_run(const Ring& ring, int j, int& k,
 }
 
 // Runs of vertices on a horizontal, then on a vertical line count as one side.
-bool skip_runs(const Ring& ring, int j, int& k)
+bool skip_runs(const Ring& ring, int j, int& k, std::int64_t& passed)
 {
-    return skip_run(ring, j, k, on_one_level) && skip_run(ring, j, k, on_one_plumb_line);
+    return skip_run(ring, j, k, passed, on_one_level) && skip_run(ring, j, k, passed, on_one_plumb_line);
 }
 
 // The point, and its level as the walk asks for it.
@@ -224,16 +232,17 @@ bool inside_by_walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2
     const TestedPoint tested(pt);
     const auto stop = [&](int at) { return Stop{at, tested.level_of(ring.at(at).y)}; };
 
+    std::int64_t passed = 0;
     int second = 1;
-    if (!skip_runs(ring, 0, second))
+    if (!skip_runs(ring, 0, second, passed))
         return false;
     Place at = {stop(ring.last()), stop(0), stop(second)};
 
     bool inside = false;
-    RoundWatch watch(at);
+    RoundWatch watch(at, ring.size());
     for (;;) {
         int next = ring.after(at.j.at);
-        if (!skip_runs(ring, at.j.at, next))
+        if (!skip_runs(ring, at.j.at, next, passed))
             return false;
         const Stop k = stop(next);
 
@@ -253,7 +262,7 @@ bool inside_by_walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2
         if (at.i.at == ring.last() || at.j.at == 0 || (skips_next && at.j.at == ring.last()))
             return inside;
         at = skips_next ? Place{at.j, k, stop(ring.after(k.at))} : Place{at.i, at.j, k};
-        if (watch.been_here(at))
+        if (watch.gives_up(at, passed))
             return inside_by_half_open_count(pt, ring);
     }
 }

@@ -90,8 +90,10 @@ PLCALC_API bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_
 ///
 /// Tolerance   (|reference| + 1) * PL_EPS in every comparison; runs of vertices on one horizontal or
 ///             vertical line count as one side.
-/// Degenerate  All vertices on one x or on one y: false. The function ends for every input, in time
-///             proportional to the number of vertices.
+/// Degenerate  All vertices on one x or on one y: false. The function ends for every input: once round the
+///             ring as a rule; where runs of vertices that creep by less than the margin hide vertex 0, on a
+///             later round. A count that would go round for ever, or more than 1024 times, is replaced by the
+///             textbook one: a side owns its lower end and not its upper one, without tolerance.
 ///
 /// Not to be relied on in three situations: vertex 0 inside a horizontal or vertical run of vertices; the
 /// ray through vertex 0 where the boundary crosses it; a boundary that crosses the ray along a horizontal

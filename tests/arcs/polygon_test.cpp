@@ -590,6 +590,61 @@ Ring creeping()
     return ring;
 }
 
+// Out on one slope that rises by the margin in `run` steps, and back on another: the walk ends by itself, but only
+// after hundreds of rounds.
+Ring sliver(int n, int up, double run)
+{
+    Ring ring;
+    for (int i = 0; i < n; ++i) {
+        const double s = i < up ? i : up - (i - up) * (static_cast<double>(up) / (n - up));
+        ring.push_back({s + (i < up ? 0 : 0.3), s * 1e-7 / run});
+    }
+    return ring;
+}
+
+TEST(InPolygon, WalksOfManyRounds)
+{
+    const struct {
+        const char* what;
+        Ring ring;
+        PL_PNT2D_record p;
+        double rounds;  // what the walk passes, in rings
+        bool inside;
+    } kLong[] = {
+        {"511 rounds: the walk's answer",
+         sliver(9201, 4613, 680.5),
+         {1627, 0x1.00b84201c5354p-22},
+         511,
+         false},
+        {"994 rounds: the walk's answer",
+         sliver(15548, 7792, 1393.5),
+         {3443, 0x1.094a8cc3e1736p-22},
+         994,
+         false},
+        {"1520 rounds: the plain count's",
+         sliver(13055, 6528, 1520.5),
+         {2767, 0x1.86c998b857ce4p-23},
+         1520,
+         true},
+        {"1058 rounds: the plain count's",
+         sliver(15325, 7660, 1126.5),
+         {3270, 0x1.37af74d2e986dp-22},
+         1058,
+         true},
+    };
+    test::Places places;
+    for (const auto& row : kLong) {
+        SCOPED_TRACE(row.what);
+        test::Walk walk(row.p, row.ring);
+        EXPECT_EQ(walk.go(walk.rightmost(), places), test::WalkEnd::kOutside);
+        EXPECT_TRUE(walk.half_open());
+        const int n = static_cast<int>(row.ring.size());
+        EXPECT_NEAR(static_cast<double>(walk.steps()) / n, row.rounds, 0.5);
+        int rightmost = 0;
+        EXPECT_EQ(PlFunz_inpolygon(&row.p, row.ring.data(), &n, &rightmost), row.inside);
+    }
+}
+
 TEST(InPolygon, LargeRings)
 {
     test::Places places;
