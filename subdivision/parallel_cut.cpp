@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -29,7 +30,7 @@ public:
         : cut_(cut),
           trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b)
     {
-        positions_.reserve(2 * static_cast<std::size_t>(cut.NumPunti));
+        positions_.reserve(2 * static_cast<std::size_t>(std::max(cut.NumPunti, 1)));
     }
 
     // A line through each vertex in the ring's order, until one cuts off more than the request: the line

@@ -21,6 +21,7 @@ constexpr double kSideBandGon = 1.0;
 constexpr double kClearDistance = 1e-4;
 constexpr double kClearSlope = 0.004;
 constexpr double kClearProduct = 1e300;  // beyond, a product may have overflowed
+constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 
 // A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
 constexpr double kSeamSlope = 0.05;
@@ -54,8 +55,10 @@ TrialLine::TrialLine(double constant, const PL_PNT2D_record& p, const BaseOffset
 ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
                                const std::vector<std::int32_t>& order, std::int32_t n,
                                const PL_IMP_LINE_2D_record& base, double a, double b)
-    : a_(a), b_(b), base_(base), feet_(base), stations_(index(n) + 1)
+    : a_(a), b_(b), base_(base), feet_(base), stations_(index(std::max(n, 1)) + 1)
 {
+    if (n < 1)
+        return;
     for (std::int32_t at = 0; at <= n; ++at)
         stations_[index(at)].point = ring[index(order[index(at)])];
     for (std::int32_t at = 2; at <= n; ++at) {
@@ -86,7 +89,7 @@ BaseOffset::Facing ParallelTrials::facing(const PL_PNT2D_record& foot, const PL_
     const double along = base_.a * dx + base_.b * dy;
     const double across = base_.a * dy - base_.b * dx;
     const double size = std::fabs(along);  // 0 for a base without direction, whose feet are the origin
-    if (!(size > 0.0 && size < kClearProduct && std::fabs(across) <= kClearSlope * size))
+    if (!(size > kClearTrace && size < kClearProduct && std::fabs(across) <= kClearSlope * size))
         return BaseOffset::Facing::kUnclear;
     return along > 0.0 ? BaseOffset::Facing::kAlongNormal : BaseOffset::Facing::kAgainstNormal;
 }

@@ -1,5 +1,7 @@
 #include "subdivision/vertex_trials.h"
 
+#include <algorithm>
+
 #include "plcalc/lines.h"
 #include "plutil/plutil.h"
 
@@ -7,10 +9,10 @@ namespace plcalc {
 
 VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::vector<std::int32_t>& order,
                            std::int32_t n, const PL_PNT2D_record& from)
-    : stations_(index(n) + 1)
+    : stations_(index(std::max(n, 1)) + 1)
 {
     // A single point is its own next one.
-    const std::int32_t last = n > 1 ? n - 1 : 1;
+    const std::int32_t last = n > 1 ? n - 1 : n;
     for (std::int32_t at = 1; at <= last; ++at) {
         Station& station = stations_[index(at)];
         station.point = ring[index(order[index(at)])];

@@ -192,6 +192,18 @@ TEST(Esegui, AnEmptyParcelIsOneZeroPointWithoutSidesOrVertices)
     }
 }
 
+TEST(PrivateOperations, BeforeTheFirstRequestThereIsNothingToMeasure)
+{
+    const CPoint3dVector parcel = test::parcel_of(kRectangle);
+    CFrazArea f(parcel, {0, 0}, {128, 0}, 0, 1, 100.0, 0.0);
+    EXPECT_BITS(In::CalcAreaDaVertice(f), 0.0);
+    PL_PNT2D_record r1 = {};
+    PL_PNT2D_record r2 = {};
+    EXPECT_TRUE(In::CalcAreaDaPuntoPrimaDiVertice(f, r1, r2));
+    EXPECT_BITS(In::AreaParziale(f), 0.0);
+    EXPECT_EQ(In::NumPuntiParz(f), 2);  // the base side's, from a parcel of none
+}
+
 TEST(Esegui, HeightsDoNotMatter)
 {
     CPoint3dVector parcel;

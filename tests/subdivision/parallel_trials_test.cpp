@@ -51,6 +51,50 @@ TEST(ParallelTrials, ALineThroughAVertexIsTheOneThroughItsPoint)
     }
 }
 
+// A base line whose coefficients are almost nothing: a product of them loses digits, and must not decide which way
+// a point lies.
+TEST(ParallelTrials, ABaseLineOfSubnormalCoefficients)
+{
+    const struct {
+        PL_IMP_LINE_2D_record base;
+        PL_PNT2D_record vertex;
+        PL_PNT2D_record through;
+    } kBases[] = {
+        {{0x22p-1074, 0x2p-1074, 0.0},
+         {-0x1.6a804ddd50d53p-4, -0x1.0b6b8da59e802p-7},
+         {-0x1.4a3fa509a58p-5, -0.0}},
+        {{-0x33p-1074, -0x5p-1074, 0.0},
+         {0x1.86b81c460a827p-4, 0x1.23d9512a509e3p-9},
+         {0x1.e039a42dac8p-5, 0.0}},
+        {{0x38p-1074, -0x2p-1074, 0.0},
+         {-0x1.04d697e5f5306p+6, 0x1.16f2510e12588p+1},
+         {-0x1.3d0b0bb128cp-4, -0.0}},
+    };
+    for (const auto& row : kBases) {
+        const Ring closed = {{0, 0}, {0, 0}, row.vertex, {0, 0}};
+        ParallelTrials trials(closed, {0, 1, 2, 0}, 3, row.base, row.base.a, row.base.b);
+        TrialLine line = trials.line_through(row.through);
+        double line_dist = 0.0;
+        double line_gon = 0.0;
+        CalcDistPuntoDaRetta(&row.base, &row.through, line_dist, line_gon);
+        double dist = 0.0;
+        double gon = 0.0;
+        CalcDistPuntoDaRetta(&row.base, &row.vertex, dist, gon);
+        EXPECT_GT(dist, line_dist);
+        EXPECT_GT(std::fabs(gon - line_gon), 1.0);
+        EXPECT_FALSE(trials.beyond(line, 2));
+    }
+}
+
+TEST(ParallelTrials, NoPointsAreKeptOfNone)
+{
+    for (const std::int32_t n : {0, -1}) {
+        const ParallelTrials trials({}, {}, n, {0, 1, 0}, 0, 1);
+        EXPECT_POINT(trials.point(0), (PL_PNT2D_record{0, 0}));
+        EXPECT_POINT(trials.point(1), (PL_PNT2D_record{0, 0}));
+    }
+}
+
 struct MeetRow {
     const char* what;
     PL_PNT2D_record through;

@@ -26,6 +26,14 @@ TEST(VertexTrials, ASinglePointIsItsOwnNext)
     EXPECT_BITS(trials.seen_at_gon(1), 0.0);
 }
 
+TEST(VertexTrials, NoPointsAreKeptOfNone)
+{
+    for (const std::int32_t n : {0, -1}) {
+        const VertexTrials trials({}, {}, n, {3, 4});
+        EXPECT_POINT(trials.point(1), (PL_PNT2D_record{0, 0}));
+    }
+}
+
 TEST(VertexTrials, MeetsSidesAsALineCutsASegment)
 {
     std::mt19937_64 random = test::random_source();
