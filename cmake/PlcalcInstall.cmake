@@ -6,8 +6,10 @@ set(PLCALC_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/plcalc)
 
 install(TARGETS plcalc EXPORT plcalcTargets COMPONENT plcalc)
 install(TARGETS plutil EXPORT plcalcTargets COMPONENT plutil)
+install(TARGETS plparcel EXPORT plcalcTargets COMPONENT plparcel)
 install(DIRECTORY include/plcalc DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plcalc)
 install(DIRECTORY plutil/include/plutil DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plutil)
+install(DIRECTORY parcel/include/plparcel DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plparcel)
 
 install(EXPORT plcalcTargets NAMESPACE plcalc:: DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plcalc)
 configure_package_config_file(cmake/plcalcConfig.cmake.in ${PROJECT_BINARY_DIR}/plcalcConfig.cmake
@@ -20,13 +22,15 @@ install(FILES ${PROJECT_BINARY_DIR}/plcalcConfig.cmake ${PROJECT_BINARY_DIR}/plc
 # Relocatable: the prefix is found from where the file lies. A static library says so to its users.
 set(PLCALC_PC_DEFINES "")
 set(PLUTIL_PC_DEFINES "")
+set(PLPARCEL_PC_DEFINES "")
 if(NOT BUILD_SHARED_LIBS)
   set(PLCALC_PC_DEFINES " -DPLCALC_STATIC")
   set(PLUTIL_PC_DEFINES " -DPLUTIL_STATIC")
+  set(PLPARCEL_PC_DEFINES " -DPLPARCEL_STATIC")
 endif()
 file(RELATIVE_PATH PLCALC_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 string(REGEX REPLACE "/$" "" PLCALC_PC_TO_PREFIX "${PLCALC_PC_TO_PREFIX}")
-foreach(library plcalc plutil)
+foreach(library plcalc plutil plparcel)
   configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT ${library})

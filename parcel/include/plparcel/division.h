@@ -1,0 +1,232 @@
+#pragma once
+
+/// @file
+/// Division of a parcel that proves itself: the line that cuts off what was asked, or the reason why there is
+/// none.
+///
+/// CFrazArea answers with the line that its search ended at, and leaves it to the caller to judge it. Here the
+/// parcel is checked, prepared, cut and measured, and only a line that holds what was asked is called divided:
+///
+/// ```cpp
+/// const std::vector<PL_PNT2D_record> lot = {{0.0, 0.0}, {100.0, 0.0}, {100.0, 50.0}, {0.0, 50.0}};
+///
+/// plparcel::Request request;
+/// request.cut = plparcel::Cut::parallel;
+/// request.index = 0;                                     // the side from (0, 0) to (100, 0)
+/// request.amounts = {plparcel::area(1000.0)};
+///
+/// const plparcel::Division division = plparcel::divide(lot, request);
+/// if (division.status == plparcel::Status::divided)
+///     draw(division.lines[0].from, division.lines[0].to);  // (0, 10) to (100, 10)
+/// else
+///     say(plparcel::describe(division.status));
+/// ```
+///
+/// A third of the parcel, along a side: `request.amounts = {plparcel::share(1.0, 3.0)}`. Four heirs:
+/// `request.amounts = plparcel::equal_parts(4)`. A strip as a product of two lengths, then 250 more next to it:
+/// `request.amounts = {plparcel::product(20.0, 30.0), plparcel::area(250.0)}`.
+///
+/// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are
+/// in that unit squared. The functions keep no state, may be called from any thread and throw nothing but
+/// std::bad_alloc. Results are the same to the last bit on every machine with IEEE doubles, up to the sine and
+/// cosine with which the parcel is turned for CFrazArea.
+
+#include <cstddef>
+#include <vector>
+
+#include "plcalc/kernel.h"
+
+/// @def PLPARCEL_API
+/// Stands before everything that is exported. Defines of the build: PLPARCEL_STATIC for a static library,
+/// PLPARCEL_BUILDING while the DLL is built.
+
+#if defined(PLPARCEL_STATIC)
+#define PLPARCEL_API
+#elif defined(_WIN32)
+#if defined(PLPARCEL_BUILDING)
+#define PLPARCEL_API __declspec(dllexport)
+#else
+#define PLPARCEL_API __declspec(dllimport)
+#endif
+#else
+#define PLPARCEL_API __attribute__((visibility("default")))
+#endif
+
+namespace plparcel {
+
+/// The vertices of a parcel in order, either direction round. Side i runs from vertex i to the next one.
+using Ring = std::vector<PL_PNT2D_record>;
+
+/// How the dividing line runs. The numbers are those of CFrazArea's modes.
+enum class Cut {
+    parallel = 0,       ///< parallel to a side
+    perpendicular = 1,  ///< perpendicular to a side
+    through_vertex = 2  ///< from a vertex
+};
+
+/// Which piece holds the amount.
+///
+/// | cut            | from_reference                                | opposite               |
+/// | -------------- | --------------------------------------------- | ---------------------- |
+/// | parallel       | the piece that the side belongs to            | the piece beyond       |
+/// | perpendicular  | ahead of the line, where the side runs to     | behind the line        |
+/// | through_vertex | next to the side after the vertex             | next to the one before |
+enum class Measured { from_reference, opposite };
+
+/// How an amount is given.
+enum class Given {
+    as_area,     ///< first: unit squared
+    as_product,  ///< first * second, two lengths
+    as_share     ///< first / second of the parcel's area
+};
+
+/// What one piece should hold.
+struct Amount {
+    Given given;    ///< what the two numbers are
+    double first;   ///< area, length or numerator
+    double second;  ///< without effect, length or denominator
+};
+
+/// @param[in] value  unit squared
+/// @return an amount given as an area
+PLPARCEL_API Amount area(double value) noexcept;
+
+/// @param[in] length1, length2  two lengths, caller's unit
+/// @return an amount given as their product
+PLPARCEL_API Amount product(double length1, double length2) noexcept;
+
+/// @param[in] part  numerator: 1 of a third, 25 of 25 %
+/// @param[in] of    denominator: 3 of a third, 100 of 25 %; the quotient is not rounded
+/// @return an amount given as a share of the parcel's area
+PLPARCEL_API Amount share(double part, double of) noexcept;
+
+/// @param[in] n  number of parts, 2 or more
+/// @return n - 1 shares of 1/n, which leave the last n-th; none when n is below 2
+PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
+
+/// What to cut off.
+///
+/// Several amounts are cut one after another, each off what the one before left: the first next to the side or
+/// vertex as `measured` says, the next next to the first line, and so on. All lines have the direction that the
+/// side of the whole parcel gives them, or start at the same vertex. What is left after the last amount is the
+/// last piece.
+struct Request {
+    Cut cut = Cut::parallel;
+    /// Side or vertex, counted from 0 in the ring as it is handed over, repeated vertices counted too.
+    std::size_t index = 0;
+    /// One or more. Of two or more, the last may be what is left: amounts whose sum is the parcel's area within
+    /// 1e-9 of it are cut with one line less.
+    std::vector<Amount> amounts;
+    Measured measured = Measured::from_reference;
+};
+
+/// What became of a request.
+enum class Status {
+    divided,  ///< the lines hold what was asked, and lie in the parcel
+
+    // the parcel
+    not_finite,       ///< a coordinate is infinite or NaN, or the parcel beyond 1e90 or below 1e-90 across
+    degenerate,       ///< fewer than three different vertices, or all of them on one line
+    ring_not_simple,  ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
+
+    // the request
+    unknown_request,      ///< a cut, measure or kind of amount that does not exist
+    no_such_index,        ///< the parcel has no side or vertex of that index
+    side_without_length,  ///< the side's ends are the same point
+    amount_out_of_range,  ///< no amount, or not above zero, not finite, or no less than what there is to cut
+
+    // the cut
+    base_reaches_behind,  ///< what lies behind the base side alone is more than the request along it
+    line_leaves_parcel,   ///< every line that holds the amount makes more than two pieces
+    not_reached           ///< coordinates are too coarse for the amount to be met within 1e-9 of the parcel
+};
+
+/// @param[in] status  any status
+/// @return a sentence's worth in English, without a full stop; never null
+PLPARCEL_API const char* describe(Status status) noexcept;
+
+/// What is known of a ring.
+struct RingReport {
+    Status status = Status::degenerate;  ///< divided when the ring can be worked on, or why it cannot
+    std::size_t repeated = 0;            ///< vertices that equal the one before them, to the last bit
+    bool closed = false;                 ///< the last vertex repeats the first; not counted in `repeated`
+    std::size_t meeting_sides[2] = {};   ///< for ring_not_simple: two sides that meet, lower index first
+    bool anticlockwise = false;          ///< how the ring runs; false unless its status is divided
+    double area = 0.0;                   ///< unit squared; 0 unless its status is divided
+    double perimeter = 0.0;              ///< caller's unit; 0 unless its status is divided
+};
+
+/// Checks and measures a ring.
+///
+/// @param[in] ring  the vertices; repeated ones and a closing one do no harm
+/// @return the report. A ring that touches itself, at a vertex for one, is not simple.
+///
+/// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
+///             tolerance, and no loss at large coordinates.
+PLPARCEL_API RingReport check_ring(const Ring& ring);
+
+/// How a dividing line was found.
+enum class Found {
+    by_search,  ///< CFrazArea's line, brought to rest on the amount between the two sides that it meets
+    by_sweep    ///< where that failed: the amount was looked for between all pairs of sides
+};
+
+/// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
+struct DividingLine {
+    /// Parallel to a side the line runs as the side does, perpendicular to it from the end nearer the side's
+    /// line, through a vertex from there.
+    PL_PNT2D_record from = {};
+    PL_PNT2D_record to = {};
+    Found found = Found::by_search;
+    /// Prolonged beyond its ends, the line meets what was left of the parcel again: another line of the same
+    /// direction through another part of it may be what was meant.
+    bool meets_again = false;
+};
+
+/// A piece of the divided parcel.
+struct Piece {
+    Ring ring;              ///< runs as the parcel does, first vertex not repeated
+    double area = 0.0;      ///< of this ring, unit squared
+    double asked = 0.0;     ///< what it should hold; of the last piece, what is left of the parcel
+    double residual = 0.0;  ///< got minus asked, unit squared, computed before either is rounded
+};
+
+/// What CFrazArea answered to one cut, before anything was done about it.
+struct BareAnswer {
+    bool done = false;            ///< what Esegui returned
+    PL_LINE_2D_record line = {};  ///< its line, in the parcel's coordinates; unproven
+};
+
+/// The answer to a request.
+struct Division {
+    Status status = Status::degenerate;
+    std::size_t at_amount = 0;        ///< unless divided: index of the amount that could not be cut
+    RingReport ring;                  ///< what was found out about the parcel
+    std::vector<DividingLine> lines;  ///< in the order of the amounts; empty unless divided
+    std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
+    std::vector<BareAnswer> bare;  ///< one per cut that was tried, a failed one included
+    std::size_t trials = 0;        ///< lines that were worked out and measured, beside those of CFrazArea
+};
+
+/// Divides a parcel.
+///
+/// @param[in] ring     a simple ring, either direction; repeated vertices and a closing one do no harm
+/// @param[in] request  what to cut off
+/// @return `divided` only when every line lies in the parcel with its ends on the boundary and makes exactly
+///         two pieces of what was left, and every piece holds its amount within 1e-9 of the parcel's area and
+///         within a hundredth of itself. That is judged on the coordinates that are returned, rounding
+///         included, by a measurement that shares nothing with the search: the two rings are walked and summed
+///         with 106 bits.
+///
+/// Tolerance   Ends of lines lie within a rounding of a coordinate, on each axis, of the side that they end on:
+///             5e-10 at 5e6. On parcels of less than about a unit across at such coordinates this alone may
+///             forbid the 1e-9, and the answer is not_reached. A line that touches the boundary between its
+///             ends makes more than two pieces.
+/// Concave     Lines that meet the parcel's boundary again when prolonged are cut at their first part. Where
+///             more than one line holds the amount, CFrazArea's is taken; where that is none of them, first
+///             those on the inner side of the base side (perpendicular: those that end on it), among them
+///             those that meet the boundary twice only, among them the nearest to the base side's line
+///             (perpendicular: to its middle).
+PLPARCEL_API Division divide(const Ring& ring, const Request& request);
+
+}  // namespace plparcel

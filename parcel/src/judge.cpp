@@ -1,0 +1,151 @@
+#include "judge.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "ring_check.h"
+
+namespace plparcel {
+namespace {
+
+// Both pieces hold what they should within this part of the whole parcel.
+constexpr double kOfParcel = 1e-9;
+
+// And within this part of the smaller piece: of a request of a billionth of the parcel the test above would let
+// pass whatever came out, nothing at all included.
+constexpr double kOfSmallerPiece = 0.01;
+
+// An end lies this many times the spacing of doubles at the ring's largest coordinate from its side, at most:
+// one rounding on each axis, to the farther neighbour at worst, is 1.5 of it.
+constexpr double kEndRoundings = 2.0;
+
+// An end this many times that spacing from a vertex, on each axis, is moved onto it where the area allows: it
+// would leave a side of a nanometre, or lie beyond the vertex.
+constexpr double kVertexRoundings = 4.0;
+
+double coordinate_spacing(const Ring& ring)
+{
+    double largest = 0.0;
+    for (const PL_PNT2D_record& p : ring)
+        largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
+    return largest * std::numeric_limits<double>::epsilon();
+}
+
+double length_of(const WidePoint& v)
+{
+    return std::hypot(v.x.value(), v.y.value());
+}
+
+bool is_near_side(const Ring& ring, std::size_t side, const PL_PNT2D_record& p, double reach)
+{
+    const PL_PNT2D_record& a = ring[side];
+    const WidePoint d = from_to(a, around(ring, side + 1));
+    const WidePoint w = from_to(a, p);
+    const double length = length_of(d);
+    const double along = (dot(d, w) / length).value();
+    const double off = (cross(d, w) / length).value();
+    return std::fabs(off) <= reach && -reach <= along && along <= length + reach;
+}
+
+void append(Ring& piece, const PL_PNT2D_record& p)
+{
+    if (piece.empty() || !same_place(piece.back(), p))
+        piece.push_back(p);
+}
+
+// The piece from `start` on one side round to `stop` on another.
+Ring walk(const Ring& ring, const PL_PNT2D_record& start, std::size_t side, const PL_PNT2D_record& stop,
+          std::size_t last_side)
+{
+    Ring piece = {start};
+    while (side != last_side) {
+        side = (side + 1) % ring.size();
+        append(piece, ring[side]);
+    }
+    append(piece, stop);
+    return piece;
+}
+
+bool holds(const Wide& got, const Wide& asked, const Target& target)
+{
+    const double smaller = std::min(target.asked.value(), target.rest.value());
+    const double tolerance = std::min(kOfParcel * target.parcel.value(), kOfSmallerPiece * smaller);
+    return std::fabs((got - asked).value()) <= tolerance;
+}
+
+// Cuts along the line as it stands in `cutting` and measures. Where the line crosses or touches the boundary
+// between its ends, a piece meets itself; where it runs outside, a piece runs the other way round.
+Verdict measure(const Ring& ring, bool anticlockwise, bool request_after_from, const Target& target,
+                Cutting& cutting)
+{
+    Ring after_from = walk(ring, cutting.from, cutting.from_side, cutting.to, cutting.to_side);
+    Ring after_to = walk(ring, cutting.to, cutting.to_side, cutting.from, cutting.from_side);
+    cutting.request.ring = std::move(request_after_from ? after_from : after_to);
+    cutting.rest = std::move(request_after_from ? after_to : after_from);
+
+    const Wide turn = anticlockwise ? 1.0 : -1.0;
+    cutting.got = area_of(cutting.request.ring) * turn;
+    const Wide left_over = area_of(cutting.rest) * turn;
+    if (!(cutting.got > 0.0) || !(left_over > 0.0) || meets_itself(cutting.request.ring) ||
+        meets_itself(cutting.rest))
+        return Verdict::leaves_the_parcel;
+    return holds(cutting.got, target.asked, target) && holds(left_over, target.rest, target)
+               ? Verdict::divides
+               : Verdict::misses;
+}
+
+Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target, Cutting& cutting)
+{
+    const double reach = kEndRoundings * coordinate_spacing(ring);
+    const bool on_boundary = !same_place(cutting.from, cutting.to) &&
+                             is_near_side(ring, cutting.from_side, cutting.from, reach) &&
+                             is_near_side(ring, cutting.to_side, cutting.to, reach);
+    if (!on_boundary)
+        return Verdict::misses;
+    return measure(ring, area_of(ring) > 0.0, chord.request_after_from, target, cutting);
+}
+
+// The double nearest to a coordinate, or for `other` the neighbour on the coordinate's other side.
+double rounded(const Wide& v, bool other)
+{
+    if (!other || v.lo == 0.0)
+        return v.hi;
+    return std::nextafter(v.hi, std::copysign(std::numeric_limits<double>::infinity(), v.lo));
+}
+
+// The end of its side that a point is next to, or the point.
+PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_record& p)
+{
+    const double reach = kVertexRoundings * coordinate_spacing(ring);
+    for (const PL_PNT2D_record& v : {ring[side], around(ring, side + 1)})
+        if (std::fabs(p.x - v.x) <= reach && std::fabs(p.y - v.y) <= reach)
+            return v;
+    return p;
+}
+
+}  // namespace
+
+Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
+              Cutting& cutting)
+{
+    constexpr unsigned kRoundings = 16;  // of four coordinates, up or down
+    const WidePoint from = local.to_parcel(chord.from);
+    const WidePoint to = local.to_parcel(chord.to);
+    cutting.from_side = chord.from_side;
+    cutting.to_side = chord.to_side;
+    cutting.from = on_vertex(ring, chord.from_side, {from.x.hi, from.y.hi});
+    cutting.to = on_vertex(ring, chord.to_side, {to.x.hi, to.y.hi});
+    Verdict verdict = judge_rounded(ring, chord, target, cutting);
+    // A line that leaves the parcel is not pushed back into it by a rounding.
+    for (unsigned choice = 0; choice < kRoundings && verdict == Verdict::misses; ++choice) {
+        cutting.from = {rounded(from.x, (choice & 1U) != 0), rounded(from.y, (choice & 2U) != 0)};
+        cutting.to = {rounded(to.x, (choice & 4U) != 0), rounded(to.y, (choice & 8U) != 0)};
+        if (judge_rounded(ring, chord, target, cutting) == Verdict::divides)
+            return Verdict::divides;
+    }
+    return verdict;
+}
+
+}  // namespace plparcel

@@ -1,0 +1,45 @@
+#pragma once
+
+// Says whether a line divides a ring as asked, from the coordinates that would be returned. Shares nothing with
+// the cuts that propose the line but the arithmetic.
+
+#include "chord.h"
+#include "local_ring.h"
+#include "plparcel/division.h"
+#include "wide.h"
+
+namespace plparcel {
+
+/// What is wanted of a line.
+struct Target {
+    Wide asked;   ///< area of the piece that holds the request, unit squared
+    Wide rest;    ///< area of the other piece
+    Wide parcel;  ///< area of the whole parcel, of which the tolerance is a part
+};
+
+/// A line as it would be returned, and the two pieces that it makes.
+struct Cutting {
+    PL_PNT2D_record from = {};
+    PL_PNT2D_record to = {};
+    std::size_t from_side = 0;
+    std::size_t to_side = 0;
+    Piece request;
+    Ring rest;
+    Wide got;  ///< area of `request`
+};
+
+enum class Verdict {
+    divides,            ///< two simple rings, and both hold what they should
+    leaves_the_parcel,  ///< the line meets the boundary between its ends, or runs outside
+    misses              ///< two pieces that hold something else, or the ends do not lie where they should
+};
+
+/// Rounds a chord to the parcel's coordinates and judges it. An end next to a vertex is moved onto it. Where
+/// that, or rounding to the nearest, misses the target, the other neighbours of the coordinates are tried: on a
+/// parcel of a few units at 5e6 they can hold an area that the nearest do not.
+///
+/// @param[out] cutting  for `divides` complete, otherwise undefined
+Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
+              Cutting& cutting);
+
+}  // namespace plparcel

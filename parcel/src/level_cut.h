@@ -1,0 +1,81 @@
+#pragma once
+
+// Lines of one direction that cut off an area: parallels to a side, and perpendiculars.
+//
+// Every vertex has a level, its distance from a base line. Between two neighbouring levels the boundary is
+// straight, and the parcel is a row of trapeziums, each between two sides:
+//
+//        ____________________ high
+//       /  span 0 |   \ span 1 \          the parcel's inside, from its left side to its right
+//      /          |    \        \         one; a line at any level in the slab has one part in
+//     /___________|_____\________\ low    each span
+//
+// The area above a span's part of the line is a quadratic of the level. Its root is the line; no search.
+
+#include <cstddef>
+#include <vector>
+
+#include "chord.h"
+#include "local_ring.h"
+#include "plparcel/division.h"
+
+namespace plparcel {
+
+/// What the lines should cut off.
+struct LevelRequest {
+    WidePoint up;      ///< direction in which levels grow, of about unit length: across the lines
+    WidePoint zero;    ///< a point at level 0
+    std::size_t base;  ///< the side that levels are counted from, or along
+    bool from_base;    ///< parallel: the request is the piece of the base side; otherwise the one above
+    bool opposite;     ///< the request is the other piece
+    Wide request;      ///< its area, local units
+    Wide rest;         ///< that of the other piece
+    double turn;       ///< 1 when the ring runs anticlockwise, -1 clockwise
+};
+
+class LevelCut {
+public:
+    LevelCut(const LocalRing& ring, const LevelRequest& request);
+
+    /// The line that holds the request between the two sides that a given line meets, as a list of one; none
+    /// where the root lies beyond the ends of these sides.
+    std::vector<Chord> lines_beside(const PL_LINE_2D_record& line) const;
+
+    /// All lines that hold the request, the better ones first: those above level 0 (where the request does not
+    /// go with the base side, those that end on it), among them those that meet the boundary twice only, among
+    /// them the nearest to level 0 (to the base side's middle). Those that leave the parcel by touching its
+    /// boundary are among them.
+    std::vector<Chord> all_lines() const;
+
+    /// Area of what lies below level 0, local units.
+    Wide area_below() const;
+
+private:
+    struct Span {
+        std::size_t left;
+        std::size_t right;
+    };
+    struct Candidate {
+        Chord chord;
+        bool preferred;
+        bool alone;
+        Wide distance;
+    };
+
+    std::vector<Span> spans(const Wide& low, const Wide& high) const;
+    Wide along_at(std::size_t side, const Wide& level) const;
+    Wide area_above(const Chord& chord, const Wide& level) const;
+    bool solve(const Span& span, const Wide& low, const Wide& high, Candidate& found) const;
+    WidePoint on_side(std::size_t side, const Wide& level) const;
+    std::vector<Wide> sorted_levels() const;
+
+    const WidePoint& frame_at(std::size_t i) const { return around(frame_, i); }
+
+    const LocalRing& ring_;
+    LevelRequest request_;
+    std::vector<WidePoint> frame_;  // x along the lines, y the level; both times the length of `up`
+    std::vector<Wide> twice_area_;  // entry i: sum of cross(i, i + 1) over the vertices before i
+    Wide up2_;                      // areas are multiplied by it on the way into the frame
+};
+
+}  // namespace plparcel

@@ -1,0 +1,183 @@
+#include "ring_check.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "local_ring.h"
+#include "plcalc/survey.h"
+#include "plutil/plutil.h"
+#include "wide.h"
+
+namespace plparcel {
+namespace {
+
+constexpr std::size_t kMinVertices = 3;
+
+bool all_finite(const Ring& ring)
+{
+    return std::all_of(ring.begin(), ring.end(),
+                       [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
+}
+
+// Left of a-b above zero, right below.
+Wide side_of(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return cross(from_to(a, b), from_to(a, p));
+}
+
+int sign(const Wide& v)
+{
+    return v > 0.0 ? 1 : (v < 0.0 ? -1 : 0);
+}
+
+bool on_one_line(const Ring& ring)
+{
+    return std::all_of(ring.begin(), ring.end(),
+                       [&ring](const PL_PNT2D_record& p) { return sign(side_of(ring[0], ring[1], p)) == 0; });
+}
+
+bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
+           p.y <= std::max(a.y, b.y);
+}
+
+// Two sides without a common vertex.
+bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
+                   const PL_PNT2D_record& d)
+{
+    const int c_side = sign(side_of(a, b, c));
+    const int d_side = sign(side_of(a, b, d));
+    const int a_side = sign(side_of(c, d, a));
+    const int b_side = sign(side_of(c, d, b));
+    if (c_side * d_side < 0 && a_side * b_side < 0)
+        return true;
+    return (c_side == 0 && in_box(a, b, c)) || (d_side == 0 && in_box(a, b, d)) ||
+           (a_side == 0 && in_box(c, d, a)) || (b_side == 0 && in_box(c, d, b));
+}
+
+// The sides a-b and b-c: they share b, and more only when the second runs back along the first.
+bool runs_back(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c)
+{
+    return sign(side_of(a, b, c)) == 0 && dot(from_to(b, a), from_to(b, c)) > 0.0;
+}
+
+bool pair_meets(const Ring& ring, std::size_t i, std::size_t j)
+{
+    const std::size_t n = ring.size();
+    if (j == (i + 1) % n)
+        return runs_back(ring[i], ring[j], around(ring, j + 1));
+    if (i == (j + 1) % n)
+        return runs_back(ring[j], ring[i], around(ring, i + 1));
+    return segments_meet(ring[i], around(ring, i + 1), ring[j], around(ring, j + 1));
+}
+
+// The side's index in the ring as it was handed over.
+std::size_t side_as_given(const CleanRing& clean, std::size_t side)
+{
+    const std::size_t n = clean.place.size();
+    std::size_t i = 0;
+    while (clean.place[i] != side || clean.place[(i + 1) % n] == side)
+        ++i;
+    return i;
+}
+
+Status status_of(const CleanRing& clean, RingReport& report)
+{
+    const Ring& ring = clean.ring;
+    if (!all_finite(ring))
+        return Status::not_finite;
+    if (ring.size() < kMinVertices)
+        return Status::degenerate;
+    if (!is_workable(extent_of(ring)))
+        return Status::not_finite;
+    if (on_one_line(ring))
+        return Status::degenerate;
+    if (sides_meet(ring, report.meeting_sides[0], report.meeting_sides[1])) {
+        for (std::size_t& side : report.meeting_sides)
+            side = side_as_given(clean, side);
+        std::sort(report.meeting_sides, report.meeting_sides + 2);
+        return Status::ring_not_simple;
+    }
+    return Status::divided;
+}
+
+double perimeter_of(const Ring& ring)
+{
+    CPoint3dVector points;
+    points.Reserve(static_cast<int>(ring.size()));
+    for (const PL_PNT2D_record& p : ring)
+        points.Append(p.x, p.y, 0.0);
+    return PeriCalcolato(points);
+}
+
+}  // namespace
+
+// Sides in the order of their western ends: each is held against those that begin before it ends.
+bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2)
+{
+    const auto west = [&ring](std::size_t i) { return std::min(ring[i].x, around(ring, i + 1).x); };
+    const auto east = [&ring](std::size_t i) { return std::max(ring[i].x, around(ring, i + 1).x); };
+    std::vector<std::size_t> order(ring.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&west](std::size_t i, std::size_t j) { return west(i) < west(j); });
+    for (std::size_t k = 0; k < order.size(); ++k) {
+        for (std::size_t m = k + 1; m < order.size() && west(order[m]) <= east(order[k]); ++m) {
+            if (!pair_meets(ring, order[k], order[m]))
+                continue;
+            side1 = order[k];
+            side2 = order[m];
+            return true;
+        }
+    }
+    return false;
+}
+
+bool meets_itself(const Ring& ring)
+{
+    std::size_t side1 = 0;
+    std::size_t side2 = 0;
+    return sides_meet(ring, side1, side2);
+}
+
+CleanRing without_repeats(const Ring& ring)
+{
+    CleanRing clean;
+    for (const PL_PNT2D_record& p : ring) {
+        if (clean.ring.empty() || !same_place(clean.ring.back(), p))
+            clean.ring.push_back(p);
+        else
+            ++clean.repeated;
+        clean.place.push_back(clean.ring.size() - 1);
+    }
+    clean.closed = clean.ring.size() > 1 && same_place(clean.ring.back(), clean.ring.front());
+    if (clean.closed)
+        clean.ring.pop_back();
+    for (std::size_t& place : clean.place)
+        place %= std::max<std::size_t>(clean.ring.size(), 1);
+    return clean;
+}
+
+RingReport report_on(const CleanRing& clean)
+{
+    RingReport report;
+    report.repeated = clean.repeated;
+    report.closed = clean.closed;
+    report.status = status_of(clean, report);
+    if (report.status != Status::divided)
+        return report;
+    const Wide signed_area = area_of(clean.ring);
+    report.anticlockwise = signed_area > 0.0;
+    report.area = abs(signed_area).value();
+    report.perimeter = perimeter_of(clean.ring);
+    return report;
+}
+
+RingReport check_ring(const Ring& ring)
+{
+    return report_on(without_repeats(ring));
+}
+
+}  // namespace plparcel

@@ -1,0 +1,33 @@
+#pragma once
+
+// From the vertices as they were handed over to a ring that can be worked on.
+
+#include <cstddef>
+#include <vector>
+
+#include "plparcel/division.h"
+
+namespace plparcel {
+
+/// A ring without the vertices that repeat the one before.
+struct CleanRing {
+    Ring ring;
+    std::vector<std::size_t> place;  ///< of each vertex as handed over: its index in `ring`
+    std::size_t repeated = 0;        ///< how many were left out, beside a closing one
+    bool closed = false;             ///< the last one repeats the first
+};
+
+CleanRing without_repeats(const Ring& ring);
+
+/// Whether two sides of a ring without repeats meet elsewhere than at a common vertex. Decided exactly.
+///
+/// @param[out] side1, side2  two such sides, in no order; written only when true is returned
+bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2);
+
+/// The same without the sides.
+bool meets_itself(const Ring& ring);
+
+/// Checks and measures.
+RingReport report_on(const CleanRing& clean);
+
+}  // namespace plparcel

@@ -1,0 +1,24 @@
+#pragma once
+
+// Lines from a vertex that cut off an area.
+
+#include <cstddef>
+#include <vector>
+
+#include "chord.h"
+#include "local_ring.h"
+
+namespace plparcel {
+
+/// The triangle that a line from the vertex sweeps along a side is as large as the way along the side is long:
+/// on each side there is one point, at most, to which the line cuts off the area.
+///
+/// @param[in] ring        the parcel in its own frame
+/// @param[in] turn        1 anticlockwise, -1 clockwise
+/// @param[in] vertex      where the line starts
+/// @param[in] after_from  area next to the side after the vertex, local units
+/// @return the lines to all such points, in the order of the sides. Those that leave the parcel are among them.
+std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
+                                     const Wide& after_from);
+
+}  // namespace plparcel
