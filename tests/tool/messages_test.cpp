@@ -394,6 +394,7 @@ TEST_F(Messages, HelpAndVersionFitTheTerminal)
                                                       {"-h"},
                                                       {"divide", "--help"},
                                                       {"divide", "-h"},
+                                                      {"measure", "--help"},
                                                       {"--version"}}) {
         const test::Result run = this->run(arguments);
         EXPECT_EQ(run.status, 0);

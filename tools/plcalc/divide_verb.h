@@ -5,37 +5,19 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
-#include "parcel_reader.h"
 #include "request.h"
+#include "verb.h"
 
 namespace tool {
 
-/// The verb. Its options hold text: what a number is, is decided in one place for all of them.
-class DivideVerb {
+class DivideVerb : public Verb {
 public:
-    /// @param[in] app  the program's parser; it must outlive the verb
     explicit DivideVerb(CLI::App& app);
 
-    /// After parsing: whether the command line names this verb.
-    bool chosen() const { return verb_->parsed(); }
-
-    /// Does the work.
-    ///
-    /// @return what goes to stdout
-    /// @throws Failure  for whatever keeps the parcel from being divided as asked
-    std::string run() const;
-
 private:
-    Source source() const;
+    Output work() const override;
     Request request() const;
 
-    CLI::App* verb_;
-    bool help_ = false;
-    std::string file_;
-    std::string layer_;
-    std::string feature_;
     std::string parallel_;
     std::string perpendicular_;
     std::string vertex_;

@@ -15,6 +15,7 @@ Usage: plcalc VERB ...
 
 Verbs
   divide      the line that cuts a requested area off a parcel
+  measure     area, perimeter, sides, bearings and angles of a parcel
 
 Options
   -h, --help  this text; plcalc VERB --help tells about a verb
@@ -72,6 +73,31 @@ Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
   plcalc divide examples/lot.dxf --vertex 3 --area 2500
   plcalc divide lots.gpkg --feature 12 --parallel 1 --product 20 35.5
+)";
+}
+
+std::string measure_help()
+{
+    return R"(plcalc measure: area, perimeter, sides, bearings and angles of a parcel
+
+Usage: plcalc measure FILE [--layer NAME] [--feature FID] [--json]
+
+FILE  a parcel as plcalc divide takes it (see plcalc divide --help)
+
+Printed are the area, the perimeter and the direction of the ring; for every
+side its length and its bearing, from North towards East; for every vertex the
+angle inside the parcel. Angles are in gons, 400 to the circle, and in degrees.
+A side whose two vertices are one point has no bearing: "-".
+
+Options
+  --layer NAME          only this layer of the file
+  --feature FID         only the feature with this number
+  --json                for programs, with the same numbers
+  -h, --help            this text
+
+Examples
+  plcalc measure examples/published.csv
+  plcalc measure examples/utm-convex.geojson --feature 17 --json
 )";
 }
 

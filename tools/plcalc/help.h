@@ -9,5 +9,6 @@ namespace tool {
 std::string version_line();
 std::string general_help();
 std::string divide_help();
+std::string measure_help();
 
 }  // namespace tool

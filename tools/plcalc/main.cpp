@@ -1,6 +1,7 @@
 // plcalc: the command-line program. Hands the arguments to a verb and turns what goes wrong into one line on
 // stderr and an exit status.
 
+#include <cstddef>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -11,6 +12,8 @@
 #include "divide_verb.h"
 #include "exit_status.h"
 #include "help.h"
+#include "measure_verb.h"
+#include "verb.h"
 
 namespace {
 
@@ -75,6 +78,18 @@ void parse(CLI::App& app, int argc, char** argv)
     }
 }
 
+template <std::size_t n> ExitStatus run_chosen(const tool::Verb* const (&verbs)[n])
+{
+    for (const tool::Verb* verb : verbs) {
+        if (!verb->chosen())
+            continue;
+        const tool::Output output = verb->run();
+        print(output.text);
+        return output.status;
+    }
+    throw Failure(ExitStatus::wrong_use, "nothing to do; see plcalc --help");
+}
+
 ExitStatus run(int argc, char** argv)
 {
     bool help = false;
@@ -85,16 +100,16 @@ ExitStatus run(int argc, char** argv)
     app.add_flag("-h,--help", help);
     app.add_flag("--version", version);
     tool::DivideVerb divide(app);
+    tool::MeasureVerb measure(app);
+    const tool::Verb* const verbs[] = {&divide, &measure};
     parse(app, argc, argv);
 
     if (help)
         print(tool::general_help());
     else if (version)
         print(tool::version_line());
-    else if (divide.chosen())
-        print(divide.run());
     else
-        throw Failure(ExitStatus::wrong_use, "nothing to do; see plcalc --help");
+        return run_chosen(verbs);
     return ExitStatus::done;
 }
 

@@ -4,30 +4,15 @@
 #include <cmath>
 
 #include "numbers.h"
+#include "resolution.h"
 
 namespace tool {
 namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
 
-// A line may be off by this part of the parcel's extent, which is what its area may be off by too. Half a step
-// in the last place is the rounding.
-constexpr double kRelExtentStep = 2e-6;
-
-// Areas show the tenth part of what they may miss, and the first three digits of whatever was asked for.
-constexpr double kRelParcelStep = 1e-7;
+// Areas show the first three digits of whatever was asked for.
 constexpr double kRelRequestStep = 1e-3;
-
-double extent_of(const Ring& ring)
-{
-    PL_PNT2D_record low = ring.front();
-    PL_PNT2D_record high = ring.front();
-    for (const PL_PNT2D_record& p : ring) {
-        low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-        high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-    }
-    return std::max(high.x - low.x, high.y - low.y);
-}
 
 double read_back(double coordinate, int decimals)
 {
@@ -52,13 +37,16 @@ Outcome divide_in_print(const std::vector<PL_PNT2D_record>& ring, const Request&
 {
     printed = {};
     const Outcome outcome = divide(ring, request, printed.division);
-    printed.area_decimals = decimals_for(
-        std::min(kRelParcelStep * printed.division.parcel_area, kRelRequestStep * request.area()));
+    if (ring.empty())
+        return outcome;
+    const Resolution resolution = resolution_of(ring, printed.division.parcel_area);
+    printed.area_decimals =
+        std::max(resolution.area_decimals, decimals_for(kRelRequestStep * request.area()));
     if (outcome != Outcome::divided)
         return outcome;
 
     const Division found = printed.division;
-    int decimals = decimals_for(kRelExtentStep * extent_of(ring));
+    int decimals = resolution.decimals;
     for (; decimals <= kMaxDecimals + 1; ++decimals) {
         const PL_PNT2D_record from = read_back(found.from, decimals);
         const PL_PNT2D_record to = read_back(found.to, decimals);

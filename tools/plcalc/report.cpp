@@ -1,20 +1,14 @@
 #include "report.h"
 
-#include <algorithm>
 #include <cmath>
 #include <sstream>
-#include <vector>
 
 #include "numbers.h"
+#include "resolution.h"
+#include "table.h"
 
 namespace tool {
 namespace {
-
-// One line of the table: what it is, then numbers under each other.
-struct Row {
-    std::string label;
-    std::vector<std::string> cells;
-};
 
 std::string numbered(const char* what, long long number)
 {
@@ -67,34 +61,6 @@ std::string request_label(const Parcel& parcel, const Request& request)
     return "cut off, along " + numbered("side", request.number);
 }
 
-// Characters, not bytes, so that a label in UTF-8 does not shift its numbers.
-std::size_t width_of(const std::string& text)
-{
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
-void print(std::ostream& out, const std::vector<Row>& rows)
-{
-    constexpr std::size_t kGap = 2;
-    std::size_t label_width = 0;
-    std::size_t cell_width = 0;
-    for (const Row& row : rows) {
-        label_width = std::max(label_width, width_of(row.label));
-        for (const std::string& cell : row.cells)
-            cell_width = std::max(cell_width, width_of(cell));
-    }
-    for (const Row& row : rows) {
-        out << row.label;
-        std::size_t fill = label_width - width_of(row.label);
-        for (const std::string& cell : row.cells) {
-            out << std::string(fill + kGap + cell_width - width_of(cell), ' ') << cell;
-            fill = 0;
-        }
-        out << '\n';
-    }
-}
-
 std::string range(const Parcel& parcel)
 {
     return "1 to " + std::to_string(parcel.ring.size());
@@ -123,22 +89,21 @@ std::string division_table(const Parcel& parcel, const Request& request, const P
     const auto area = [&](double value) { return fixed(value, printed.area_decimals); };
     std::ostringstream out;
     out << "Parcel  " << parcel.where << '\n'
-        << "        " << parcel.ring.size() << " vertices, "
-        << (division.anticlockwise ? "anticlockwise" : "clockwise") << '\n'
+        << "        " << parcel.ring.size() << " vertices, " << direction_name(division.anticlockwise) << '\n'
         << "Cut     " << described_cut(parcel, request) << '\n'
         << "Asked   " << described_area(request) << "\n\n";
-    print(out, {
-                   {"Dividing line", {"E", "N"}},
-                   {"  from", {length(division.from.x), length(division.from.y)}},
-                   {"  to", {length(division.to.x), length(division.to.y)}},
-                   {"", {}},
-                   {"Area", {}},
-                   {"  requested", {area(request.area())}},
-                   {"  " + request_label(parcel, request), {area(division.request_area)}},
-                   {"  rest", {area(division.rest_area)}},
-                   {"  parcel", {area(division.parcel_area)}},
-                   {"Perimeter", {length(division.perimeter)}},
-               });
+    out << labelled({
+        {"Dividing line", {"E", "N"}},
+        {"  from", {length(division.from.x), length(division.from.y)}},
+        {"  to", {length(division.to.x), length(division.to.y)}},
+        {"", {}},
+        {"Area", {}},
+        {"  requested", {area(request.area())}},
+        {"  " + request_label(parcel, request), {area(division.request_area)}},
+        {"  rest", {area(division.rest_area)}},
+        {"  parcel", {area(division.parcel_area)}},
+        {"Perimeter", {length(division.perimeter)}},
+    });
     return out.str();
 }
 

@@ -1,0 +1,21 @@
+#include "measure_verb.h"
+
+#include "help.h"
+#include "measure.h"
+#include "measure_report.h"
+
+namespace tool {
+
+MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
+{
+    options().add_flag("--json", json_);
+}
+
+Output MeasureVerb::work() const
+{
+    const Parcel parcel = read_parcel(source());
+    const Measures measures = measure(parcel.ring);
+    return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
+}
+
+}  // namespace tool
