@@ -4,20 +4,25 @@ include(CMakePackageConfigHelpers)
 
 set(PLCALC_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/plcalc)
 
-install(TARGETS plcalc EXPORT plcalcTargets COMPONENT plcalc)
-install(TARGETS plutil EXPORT plcalcTargets COMPONENT plutil)
-install(TARGETS plparcel EXPORT plcalcTargets COMPONENT plparcel)
-install(DIRECTORY include/plcalc DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plcalc)
-install(DIRECTORY plutil/include/plutil DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plutil)
-install(DIRECTORY parcel/include/plparcel DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT plparcel)
+# plcalc_install(<library> <folder of its public headers>): the library, its headers and its targets, as a component
+# of its own, so that another build of one can take its place.
+function(plcalc_install library headers)
+  install(TARGETS ${library} EXPORT ${library}Targets COMPONENT ${library})
+  install(DIRECTORY ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT ${library})
+  install(EXPORT ${library}Targets NAMESPACE plcalc:: DESTINATION ${PLCALC_CMAKEDIR} COMPONENT ${library})
+endfunction()
 
-install(EXPORT plcalcTargets NAMESPACE plcalc:: DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plcalc)
+plcalc_install(plutil plutil/include/plutil)
+plcalc_install(plcalc include/plcalc)
+plcalc_install(plparcel parcel/include/plparcel)
+
+# With the companion, which every other component needs.
 configure_package_config_file(cmake/plcalcConfig.cmake.in ${PROJECT_BINARY_DIR}/plcalcConfig.cmake
   INSTALL_DESTINATION ${PLCALC_CMAKEDIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/plcalcConfig.cmake ${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
-  DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plcalc)
+  DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plutil)
 
 # Relocatable: the prefix is found from where the file lies. A static library says so to its users.
 set(PLCALC_PC_DEFINES "")
@@ -28,8 +33,19 @@ if(NOT BUILD_SHARED_LIBS)
   set(PLUTIL_PC_DEFINES " -DPLUTIL_STATIC")
   set(PLPARCEL_PC_DEFINES " -DPLPARCEL_STATIC")
 endif()
-file(RELATIVE_PATH PLCALC_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
-string(REGEX REPLACE "/$" "" PLCALC_PC_TO_PREFIX "${PLCALC_PC_TO_PREFIX}")
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR IS_ABSOLUTE "${CMAKE_INSTALL_INCLUDEDIR}")
+  set(PLCALC_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")  # whoever sets such a folder wants it, not a relocatable package
+else()
+  file(RELATIVE_PATH to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+  string(REGEX REPLACE "/$" "" to_prefix "${to_prefix}")
+  set(PLCALC_PC_PREFIX "\${pcfiledir}/${to_prefix}")
+endif()
+foreach(folder LIBDIR INCLUDEDIR)
+  set(PLCALC_PC_${folder} "${CMAKE_INSTALL_${folder}}")
+  if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_${folder}}")
+    set(PLCALC_PC_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+  endif()
+endforeach()
 foreach(library plcalc plutil plparcel)
   configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
@@ -41,8 +57,31 @@ set(CPACK_PACKAGE_VENDOR "The plcalc developers")
 set(CPACK_PACKAGE_CONTACT "The plcalc developers <maintainers@plcalc.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
 set(CPACK_GENERATOR DEB TGZ)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# One .deb for each component, one .tar.gz of all. They depend on each other in one version.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR}/plutil ${PROJECT_BINARY_DIR}/parcel)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PLUTIL_PACKAGE_NAME plutil)
+set(CPACK_DEBIAN_PLCALC_PACKAGE_NAME plcalc)
+set(CPACK_DEBIAN_PLPARCEL_PACKAGE_NAME plparcel)
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME plcalc-tool)
+set(CPACK_DEBIAN_PLUTIL_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PLCALC_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_PLPARCEL_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
+set(CPACK_COMPONENT_PLUTIL_DESCRIPTION "Companion of plcalc: point container, angles in gons.")
+set(CPACK_COMPONENT_PLCALC_DESCRIPTION
+  "Plane surveying and land parcels: points, lines, arcs, set-out, areas, and the division of a parcel.
+Results are defined to the last bit.")
+set(CPACK_COMPONENT_PLPARCEL_DESCRIPTION "Divides a parcel with proof, or says why not; over plcalc.")
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "Divides and measures parcels of any vector format, with plcalc.")
+set(CPACK_COMPONENT_PLCALC_DEPENDS plutil)
+set(CPACK_COMPONENT_PLPARCEL_DEPENDS plcalc)
+set(CPACK_COMPONENT_TOOL_DEPENDS plcalc plparcel)
 include(CPack)

@@ -25,7 +25,8 @@ function(plcalc_configure_library target prefix include_dir)
   set_target_properties(${target} PROPERTIES
     LINKER_LANGUAGE CXX
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH "$ORIGIN")  # plcalc finds the plutil that was installed beside it
   if(NOT BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PUBLIC ${prefix}_STATIC)
   elseif(UNIX AND NOT APPLE)

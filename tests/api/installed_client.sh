@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # installed_client.sh <cmake> <build folder> <source folder> <C++ compiler> <extra C++ flags>: installs the
-# package, moves it elsewhere, and builds and runs an outside client through CMake and through pkg-config.
+# package, moves it elsewhere, and builds and runs an outside client through CMake and through pkg-config, and
+# one that has the companion alone.
 set -euo pipefail
 
 cmake=$1 build=$2 source=$3 cxx=$4 flags=$5
@@ -13,15 +14,24 @@ done
 mv "$work/first" "$work/moved" # the package must not remember where it was installed
 prefix=$work/moved
 
+# build_client <client> <prefix>
 build_client() {
-    "$cmake" -S "$source/tests/api/client" -B "$work/client" -DCMAKE_PREFIX_PATH="$prefix" \
-        -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags"
-    "$cmake" --build "$work/client"
+    {
+        "$cmake" -S "$source/tests/api/$1" -B "$work/$1" -DCMAKE_PREFIX_PATH="$2" \
+            -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" &&
+            "$cmake" --build "$work/$1"
+    } >"$work/log" 2>&1 || {
+        cat "$work/log" >&2
+        exit 1
+    }
 }
-build_client >"$work/log" 2>&1 || {
-    cat "$work/log" >&2
-    exit 1
-}
+
+"$cmake" --install "$build" --prefix "$work/companion" --component plutil >/dev/null
+build_client companion_client "$work/companion"
+got=$("$work/companion_client/companion_client")
+[ "$got" = 50.0 ] || { echo "the companion alone: got $got, wanted 50.0" >&2; exit 1; }
+
+build_client client "$prefix"
 want='18414.82'
 by_cmake=$("$work/client/client")
 
@@ -32,6 +42,16 @@ libdir=$(dirname "$PKG_CONFIG_PATH")
 "$cxx" -std=c++11 $flags "$source/tests/api/client/main.cpp" $(pkg-config --cflags --libs --static plcalc) \
     -o "$work/by_pkg_config"
 by_pkg_config=$(LD_LIBRARY_PATH=$libdir "$work/by_pkg_config")
+
+# A linker that drops what the client does not call itself leaves it to plcalc to find its companion.
+if [ -e "$libdir/libplcalc.so" ]; then
+    printf '%s\n' '#include <plcalc/kernel.h>' \
+        'int main() { PL_PNT2D_record p; PlFunz_set_pnt_2d(3, 4, &p); return p.x == 3 ? 0 : 1; }' >"$work/small.cpp"
+    # shellcheck disable=SC2046,SC2086
+    "$cxx" -std=c++11 $flags "$work/small.cpp" -Wl,--as-needed \
+        $(pkg-config --cflags --libs plcalc) -Wl,-rpath,"$libdir" -o "$work/small"
+    (unset LD_LIBRARY_PATH; "$work/small")
+fi
 
 [ "$by_cmake" = "$want" ] || { echo "through CMake: got $by_cmake, wanted $want" >&2; exit 1; }
 [ "$by_pkg_config" = "$want" ] || { echo "through pkg-config: got $by_pkg_config, wanted $want" >&2; exit 1; }
