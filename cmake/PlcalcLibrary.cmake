@@ -8,6 +8,11 @@ function(plcalc_configure_objects target prefix)
     VISIBILITY_INLINES_HIDDEN ON
     POSITION_INDEPENDENT_CODE ON)
   target_link_libraries(${target} PRIVATE plcalc_fp plcalc_warnings)
+  if(NOT MSVC)
+    # Nobody puts a function of the same name in our functions' place: they may call each other directly, and
+    # be inlined.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+  endif()
   if(BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
   else()
@@ -33,7 +38,7 @@ function(plcalc_configure_library target prefix include_dir)
     # PLCALC_API decides what is exported; the script only keeps the standard library's templates, which
     # are visible by their own marks, out of the interface.
     set(script ${PROJECT_SOURCE_DIR}/cmake/no_std_symbols.map)
-    target_link_options(${target} PRIVATE LINKER:--version-script=${script})
+    target_link_options(${target} PRIVATE LINKER:--version-script=${script} LINKER:-Bsymbolic-functions)
     if(NOT PLCALC_SANITIZE)  # whose routines the program brings
       target_link_options(${target} PRIVATE LINKER:--no-undefined)
     endif()

@@ -1,21 +1,18 @@
-#include "kernel/square_root.h"
-#include "kernel/tolerance.h"
+#include "kernel/primitives.h"
 
 double PlFunz_inverse(double v) noexcept
 {
-    return plcalc::is_zero(v) ? 0.0 : 1.0 / v;
+    return plcalc::inverse(v);
 }
 
 double PlFunz_sumsqrdparms(double a, double b) noexcept
 {
-    return a * a + b * b;
+    return plcalc::sum_of_squares(a, b);
 }
 
 double PlFunz_distance(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept
 {
-    const double dx = p1->x - p2->x;
-    const double dy = p1->y - p2->y;
-    return plcalc::square_root(dy * dy + dx * dx);
+    return plcalc::distance(*p1, *p2);
 }
 
 bool PlFunz_samepnt(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept

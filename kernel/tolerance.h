@@ -68,10 +68,20 @@ inline bool is_near(double a, double r)
 }  // namespace plcalc
 
 /// Sets v to exactly 0.0 when |v| <= PL_EPS; -0.0 becomes 0.0 too. NaN stays.
-void PlFunz_snap_zero(double& v) noexcept;
+inline void PlFunz_snap_zero(double& v) noexcept
+{
+    if (plcalc::is_zero(v))
+        v = 0.0;
+}
 
 /// Smaller of two values; b wins every near-tie: a only when a < b - tol(b).
-double PlFunz_min_tol(double a, double b) noexcept;
+inline double PlFunz_min_tol(double a, double b) noexcept
+{
+    return plcalc::below(a, b) ? a : b;
+}
 
 /// Larger of two values; b wins every near-tie: a only when a > b + tol(b).
-double PlFunz_max_tol(double a, double b) noexcept;
+inline double PlFunz_max_tol(double a, double b) noexcept
+{
+    return plcalc::above(a, b) ? a : b;
+}

@@ -1,14 +1,12 @@
 #include <cmath>
 #include <utility>
 
-#include "kernel/tolerance.h"
+#include "lines/implicit_lines.h"
 #include "lines/parallels.h"
 #include "lines/segment_box.h"
 #include "plcalc/lines.h"
 
 namespace {
-
-constexpr int kRcSamePoints = 2;
 
 // The parameter of a segment, 0 at its start and 1 at its end. The lower margin is absolute and the upper
 // one scaled, twice as wide: a segment is a hair longer at its end, and filed results depend on it.
@@ -39,7 +37,7 @@ bool PlFunz_intersect_ils(const PL_IMP_LINE_2D_record* line, const PL_LINE_2D_re
                           PL_PNT2D_record* out) noexcept
 {
     PL_IMP_LINE_2D_record segment_line = {};
-    if (PlFunz_lineeq_ile(&seg->start, &seg->end, &segment_line) == kRcSamePoints) {
+    if (plcalc::line_between(seg->start, seg->end, segment_line) == plcalc::kRcSamePoints) {
         if (!point_on_line(*line, seg->start))
             return false;
         *out = seg->start;
@@ -69,7 +67,7 @@ bool PlFunz_intersect_ls(const PL_LINE_2D_record* s1, const PL_LINE_2D_record* s
     if (plcalc::is_zero(den))
         return false;
 
-    const double inv = PlFunz_inverse(den);
+    const double inv = plcalc::inverse(den);
     const double t = (wy * ex - wx * ey) * inv;
     const double u = (wy * dx - wx * dy) * inv;
     if (!on_segment(t) || !on_segment(u))

@@ -2,7 +2,9 @@
 
 // A line among parallels: internal, not installed; for lines/, survey/ and subdivision/.
 
-#include "plcalc/kernel.h"
+#include <cmath>
+
+#include "kernel/primitives.h"
 
 namespace plcalc {
 
@@ -18,17 +20,30 @@ public:
 
     /// @param[in] fixed  the line that stays
     /// @param[in] a, b   coefficients of the parallels
-    MeetsParallels(const PL_IMP_LINE_2D_record& fixed, double a, double b) noexcept;
+    MeetsParallels(const PL_IMP_LINE_2D_record& fixed, double a, double b) noexcept
+        : a_(fixed.a), b_(fixed.b), c_(fixed.c), same_direction_(is_zero(fixed.a - a) && is_zero(fixed.b - b))
+    {
+        const double det = b * fixed.a - fixed.b * a;
+        parallel_ = is_zero(det);
+        if (parallel_)
+            return;
+        inv_ = inverse(det);
+        ca_ = fixed.c * a;
+        cb_ = fixed.c * b;
+    }
 
     /// Whether the parallel with this c is met at all: never when parallel to the fixed line, and not when
     /// its three coefficients agree with the fixed line's within PL_EPS.
-    bool meets(double c) const noexcept;
+    bool meets(double c) const noexcept { return !parallel_ && !(same_direction_ && is_zero(c_ - c)); }
 
     /// x of the meeting point, in which c enters by three operations, each weakly monotone in it.
     double x_at(double c) const noexcept { return (b_ * c - cb_) * inv_; }
 
     /// y of the meeting point; as x_at.
     double y_at(double c) const noexcept { return (ca_ - a_ * c) * inv_; }
+
+    /// Whether the fixed line runs along x rather than y.
+    bool flat() const noexcept { return std::fabs(b_) >= std::fabs(a_); }
 
     /// Whether x_at grows with c; meaningless on a fixed line that is vertical.
     bool x_grows() const noexcept { return (b_ > 0.0) == (inv_ > 0.0); }

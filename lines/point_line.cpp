@@ -1,11 +1,9 @@
-#include <cmath>
-
 // The one call upward in the library: collinearity is judged by the direction angle of arcs/, so that a
 // point is in line here exactly when arcs see it in that direction.
 #include "plcalc/arcs.h"
 
 #include "kernel/angle_units.h"
-#include "kernel/tolerance.h"
+#include "lines/implicit_lines.h"
 #include "plcalc/lines.h"
 
 namespace {
@@ -25,14 +23,13 @@ double fold_half_turn(double dir_rad)
 
 double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* seg) noexcept
 {
-    if (plcalc::is_short(seg->end.x - seg->start.x, seg->end.y - seg->start.y))
-        return PlFunz_distance(p, &seg->start);
-
-    PL_IMP_LINE_2D_record line = {};
-    // A guard that never closes: the segment has length by the same test, made just before.
-    if (PlFunz_lineeq_ile(&seg->start, &seg->end, &line) != 0)  // GCOVR_EXCL_BR_LINE
-        return 0.0;                                             // GCOVR_EXCL_LINE
-    PlFunz_normal_ile(&line);  // refused below 3.16e-4: the raw line then measures, and callers know it
+    const double dx = seg->end.x - seg->start.x;
+    const double dy = seg->end.y - seg->start.y;
+    PL_IMP_LINE_2D_record line = plcalc::line_along(seg->start, seg->end, dx, dy);
+    // Refused below 3.16e-4: the raw line then measures, and callers know it. A segment without length is among
+    // those refused, and asked for only there.
+    if (plcalc::normalise(line) != 0 && plcalc::is_short(dx, dy))
+        return plcalc::distance(*p, seg->start);
     return p->y * line.b + p->x * line.a + line.c;
 }
 

@@ -4,6 +4,10 @@
 
 namespace plcalc {
 
+/// A point this far outside a segment's extent is still on it, in the caller's unit: with metres the
+/// millimetre to which corners are staked out. Not the geometric tolerance, which is rounding noise.
+constexpr double kStakeOutMargin = 0.001;
+
 /// The range between two coordinates, widened by the stake-out margin of 0.001 on either side.
 struct Extent {
     double low;
@@ -14,6 +18,11 @@ struct Extent {
 };
 
 /// @param[in] lim1, lim2  the coordinates in either order
-Extent extent_between(double lim1, double lim2) noexcept;
+inline Extent extent_between(double lim1, double lim2) noexcept
+{
+    if (lim1 < lim2)
+        return {lim1 - kStakeOutMargin, lim2 + kStakeOutMargin};
+    return {lim2 - kStakeOutMargin, lim1 + kStakeOutMargin};
+}
 
 }  // namespace plcalc

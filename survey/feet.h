@@ -13,10 +13,19 @@ namespace plcalc {
 /// of PlFunz_linepntperpend and PlFunz_intersect_ile, to the last bit.
 class FeetOnLine {
 public:
-    explicit FeetOnLine(const PL_IMP_LINE_2D_record& line) noexcept;
+    explicit FeetOnLine(const PL_IMP_LINE_2D_record& line) noexcept
+        : a_(line.a), b_(line.b), perpendiculars_(line, line.b, line.a * -1.0)
+    {}
 
     /// Foot of the perpendicular from pt; false, and foot as it was, for a line without direction.
-    bool find(const PL_PNT2D_record& pt, PL_PNT2D_record& foot) const noexcept;
+    bool find(const PL_PNT2D_record& pt, PL_PNT2D_record& foot) const noexcept
+    {
+        const double c = a_ * pt.y - b_ * pt.x;
+        if (!perpendiculars_.meets(c))
+            return false;
+        foot = {perpendiculars_.x_at(c), perpendiculars_.y_at(c)};
+        return true;
+    }
 
 private:
     double a_;

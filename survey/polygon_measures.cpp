@@ -1,14 +1,15 @@
 #include <array>
 #include <cmath>
-#include <vector>
+#include <cstddef>
+#include <memory>
 
+#include "kernel/primitives.h"
 #include "kernel/shoelace.h"
-#include "kernel/square_root.h"
 #include "plcalc/survey.h"
 
 namespace {
 
-// Rings up to here are copied to the stack, a kilobyte; most parcels are smaller.
+// The shares of rings up to here stay on the stack, half a kilobyte; most parcels are smaller.
 constexpr int kSmallRing = 64;
 
 PL_PNT2D_record plan_point(const CPoint3dVector& pts, int i)
@@ -19,30 +20,46 @@ PL_PNT2D_record plan_point(const CPoint3dVector& pts, int i)
 
 double side_length(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
 {
-    const double dx = to.x - from.x;
-    const double dy = to.y - from.y;
-    return plcalc::square_root(dy * dy + dx * dx);
+    return plcalc::step_length(to.x - from.x, to.y - from.y);
 }
 
-double area_of_copy(const CPoint3dVector& pts, int n, PL_PNT2D_record* ring)
+// The sum of the shares, in the order of the vertices. The first share needs the last vertex, and each vertex is
+// read once and in order: so the shares are noted while reading, and added up after.
+double area_by_shares(const CPoint3dVector& pts, int n, double* shares)
 {
+    const PL_PNT2D_record first = plan_point(pts, 0);
+    const PL_PNT2D_record second = n > 1 ? plan_point(pts, 1) : first;
+    PL_PNT2D_record before = first;
+    PL_PNT2D_record at = second;
+    for (int i = 2; i < n; ++i) {
+        const PL_PNT2D_record after = plan_point(pts, i);
+        shares[i - 1] = plcalc::shoelace_share(before, at, after);
+        before = at;
+        at = after;
+    }
+    // Now at the last vertex, which of a single one is the first.
+    shares[n - 1] = plcalc::shoelace_share(before, at, first);
+    shares[0] = plcalc::shoelace_share(at, first, second);
+
+    double sum = 0.0;
     for (int i = 0; i < n; ++i)
-        ring[i] = plan_point(pts, i);
-    return plcalc::shoelace_area(ring, static_cast<std::size_t>(n));
+        sum = shares[i] + sum;
+    return sum;
 }
 
 }  // namespace
 
 double AreaCalcolataSgn(const CPoint3dVector& pts)
 {
-    // Each vertex is read once and in order, and the first share already needs the last one: hence a copy.
     const int n = pts.GetNoPoits();
+    if (n < 1)
+        return 0.0;
     if (n <= kSmallRing) {
-        std::array<PL_PNT2D_record, kSmallRing> ring;
-        return area_of_copy(pts, n, ring.data());
+        std::array<double, kSmallRing> shares;
+        return area_by_shares(pts, n, shares.data());
     }
-    std::vector<PL_PNT2D_record> ring(static_cast<std::size_t>(n));
-    return area_of_copy(pts, n, ring.data());
+    const std::unique_ptr<double[]> shares(new double[static_cast<std::size_t>(n)]);
+    return area_by_shares(pts, n, shares.get());
 }
 
 double AreaCalcolata(const CPoint3dVector& pts)

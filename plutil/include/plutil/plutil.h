@@ -9,6 +9,8 @@
 ///
 /// Defines of the build: PLUTIL_STATIC for a static library, PLUTIL_BUILDING while the DLL is built.
 
+#include <cassert>
+#include <cstddef>
 #include <initializer_list>
 #include <vector>
 
@@ -35,6 +37,10 @@ struct CPoint3d {
 };
 
 /// The vertices of a polygon, in order, over one contiguous array. A value: copies are independent.
+///
+/// The three readers are inline, so that reading a coordinate is no call: what this class holds is part of the
+/// binary interface, and the library's SOVERSION changes with it. Another container under the same name serves
+/// when plcalc is built with its header.
 class PLUTIL_API CPoint3dVector {
 public:
     /// No points.
@@ -71,15 +77,23 @@ public:
     void Clear() noexcept;
 
     /// @return number of points
-    int GetNoPoits() const noexcept;
+    int GetNoPoits() const noexcept { return static_cast<int>(points_.size()); }
 
     /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted in debug builds
     /// @return x of that point, caller's unit
-    double GetXcoordAt(int index) const noexcept;
+    double GetXcoordAt(int index) const noexcept
+    {
+        assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
+        return points_[static_cast<std::size_t>(index)].x;
+    }
 
     /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted in debug builds
     /// @return y of that point, caller's unit
-    double GetYcoordAt(int index) const noexcept;
+    double GetYcoordAt(int index) const noexcept
+    {
+        assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
+        return points_[static_cast<std::size_t>(index)].y;
+    }
 
 private:
     std::vector<CPoint3d> points_;
