@@ -30,7 +30,7 @@ public:
         : cut_(cut),
           trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b)
     {
-        positions_.reserve(2 * static_cast<std::size_t>(std::max(cut.NumPunti, 1)));
+        runs_.reserve(2 * static_cast<std::size_t>(std::max(cut.NumPunti, 1)));
     }
 
     // A line through each vertex in the ring's order, until one cuts off more than the request: the line
@@ -77,15 +77,22 @@ public:
     {
         start_partial();
         for (std::int32_t at = kFirstSwept; at <= cut_.NumPunti; ++at) {
+            // Most of the ring is far from the line.
+            const std::int32_t kept = trials_.kept_until(line_, at);
+            append_vertices(at, kept - 1);
+            at = trials_.beyond_until(line_, kept);
+            if (at > cut_.NumPunti)
+                break;
+
             PL_PNT2D_record crossing;
             if (trials_.meets_side(line_, at, crossing)) {
-                append(crossing, ParallelTrials::kCrossing);
+                append_crossing(crossing);
                 cut_.TrovaLimitiSegmento(r1, r2, crossing);
             }
             if (!trials_.beyond(line_, at))
-                append(trials_.point(at), at);
+                append_vertices(at, at);
         }
-        cut_.AreaParziale = std::fabs(trials_.signed_area(cut_.VettParziale, positions_));
+        cut_.AreaParziale = std::fabs(trials_.signed_area(cut_.VettParziale, runs_));
     }
 
     void take(const TrialLine& line) { line_ = line; }
@@ -103,21 +110,33 @@ private:
         cut_.NumIntersez = 0;
         cut_.VettParziale.clear();
         cut_.NumPuntiParz = 0;
-        positions_.clear();
-        append(trials_.point(0), 0);
-        append(trials_.point(1), 1);
+        runs_.clear();
+        append_vertices(0, 1);
     }
 
-    void append(const PL_PNT2D_record& p, std::int32_t position)
+    void append_crossing(const PL_PNT2D_record& p)
     {
         cut_.IncrementaVett(p);
-        positions_.push_back(position);
+        runs_.push_back({ParallelTrials::kCrossing, ParallelTrials::kCrossing});
+    }
+
+    void append_vertices(std::int32_t first, std::int32_t last)
+    {
+        if (last < first)
+            return;
+        const PL_PNT2D_record* points = &trials_.point(first);
+        cut_.VettParziale.insert(cut_.VettParziale.end(), points, points + (last + 1 - first));
+        cut_.NumPuntiParz += last + 1 - first;
+        if (!runs_.empty() && runs_.back().last + 1 == first)
+            runs_.back().last = last;
+        else
+            runs_.push_back({first, last});
     }
 
     CFrazArea& cut_;
     ParallelTrials trials_;
-    TrialLine line_ = {0.0, {}, {}};       // the current one
-    std::vector<std::int32_t> positions_;  // of the partial polygon's points
+    TrialLine line_ = {0.0, {}, {}};         // the current one
+    std::vector<ParallelTrials::Run> runs_;  // the partial polygon by positions
 };
 
 }  // namespace plcalc

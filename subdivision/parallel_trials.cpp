@@ -5,6 +5,7 @@
 
 #include "kernel/bit_order.h"
 #include "kernel/shoelace.h"
+#include "lines/implicit_lines.h"
 #include "plcalc/lines.h"
 
 namespace plcalc {
@@ -55,17 +56,21 @@ TrialLine::TrialLine(double constant, const PL_PNT2D_record& p, const BaseOffset
 ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
                                const std::vector<std::int32_t>& order, std::int32_t n,
                                const PL_IMP_LINE_2D_record& base, double a, double b)
-    : a_(a), b_(b), base_(base), feet_(base), stations_(index(std::max(n, 1)) + 1)
+    : a_(a), b_(b), base_(base),
+      feet_(base), ways_settle_{false, !near_seam(BaseOffset::Facing::kAlongNormal),
+                                !near_seam(BaseOffset::Facing::kAgainstNormal)},
+      last_(n), points_(index(std::max(n, 1)) + 1), stations_(points_.size()), sides_(points_.size())
 {
     if (n < 1)
         return;
     for (std::int32_t at = 0; at <= n; ++at)
-        stations_[index(at)].point = ring[index(order[index(at)])];
+        points_[index(at)] = ring[index(order[index(at)])];
     for (std::int32_t at = 2; at <= n; ++at) {
         Station& station = stations_[index(at)];
-        station.offset = offset_of(station.point);
+        station.offset = offset_of(point(at));
         station.reach = order_or(station.offset.dist, INT64_MIN);
-        station.side = side_between(point(at - 1), station.point);
+        sides_[index(at)] = side_between(point(at - 1), point(at));
+        narrow_range(at);
     }
     for (std::int32_t at = 1; at < n; ++at)
         stations_[index(at)].share = shoelace_share(point(at - 1), point(at), point(at + 1));
@@ -111,7 +116,7 @@ BaseOffset ParallelTrials::offset_of(const PL_PNT2D_record& p) const noexcept
 {
     const PL_PNT2D_record at = foot(p);
     BaseOffset offset;
-    offset.dist = PlFunz_distance(&at, &p);
+    offset.dist = distance(at, p);
     offset.facing = facing(at, p, offset.dist);
     return offset;
 }
@@ -128,24 +133,29 @@ ParallelTrials::Side ParallelTrials::side_between(const PL_PNT2D_record& from,
                                                   const PL_PNT2D_record& to) const noexcept
 {
     PL_IMP_LINE_2D_record line = {};
-    PlFunz_lineeq_ile(&from, &to, &line);
-    Side side = {MeetsParallels(line, a_, b_), extent_between(from.x, to.x), extent_between(from.y, to.y),
-                 INT64_MIN, INT64_MAX};
+    line_between(from, to, line);  // zeros, met by nothing, without length
+    return {MeetsParallels(line, a_, b_), extent_between(from.x, to.x), extent_between(from.y, to.y)};
+}
 
-    // The lines through the two ends, and a margin; then tried, on the axis along which the side is longer.
-    const double c1 = c_through(from);
-    const double c2 = c_through(to);
+// The lines through the side's two ends, and a margin; then tried, on the axis along which the side is longer.
+void ParallelTrials::narrow_range(std::int32_t at) noexcept
+{
+    Station& station = stations_[index(at)];
+    const Side& side = sides_[index(at)];
+    const double c1 = c_through(point(at - 1));
+    const double c2 = c_through(point(at));
     const double margin = kRangeMargin * (std::fabs(a_) + std::fabs(b_));
     const double low = std::min(c1, c2) - margin;
     const double high = std::max(c1, c2) + margin;
-    const bool flat = std::fabs(line.b) >= std::fabs(line.a);
+    const bool flat = side.line.flat();
     const bool grows = flat ? side.line.x_grows() : side.line.y_grows();
     const Extent& extent = flat ? side.x : side.y;
+    station.c_from = INT64_MIN;
+    station.c_to = INT64_MAX;
     if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, extent))
-        side.c_from = ordered_bits(low);
+        station.c_from = ordered_bits(low);
     if (past(flat ? side.line.x_at(high) : side.line.y_at(high), grows, extent))
-        side.c_to = ordered_bits(high);
-    return side;
+        station.c_to = ordered_bits(high);
 }
 
 TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
@@ -156,39 +166,31 @@ TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
 TrialLine ParallelTrials::line_through_vertex(std::int32_t at) const noexcept
 {
     const Station& station = stations_[index(at)];
-    return {c_through(station.point), station.point, station.offset};
+    return {c_through(point(at)), point(at), station.offset};
 }
 
-bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at,
-                                PL_PNT2D_record& crossing) const noexcept
+bool ParallelTrials::Side::meets(double c, PL_PNT2D_record& crossing) const noexcept
 {
-    const Side& side = stations_[index(at)].side;
-    if (line.c_order < side.c_from || line.c_order > side.c_to || !side.line.meets(line.c))
+    if (!line.meets(c))
         return false;
-    const double x = side.line.x_at(line.c);
-    if (!side.x.holds(x))
+    const double at_x = line.x_at(c);
+    if (!x.holds(at_x))
         return false;
-    const double y = side.line.y_at(line.c);
-    if (!side.y.holds(y))
+    const double at_y = line.y_at(c);
+    if (!y.holds(at_y))
         return false;
-    crossing = {x, y};
+    crossing = {at_x, at_y};
     return true;
 }
 
-bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
+bool ParallelTrials::bearings_agree(TrialLine& line, std::int32_t at) noexcept
 {
     Station& station = stations_[index(at)];
-    if (station.reach <= line.reach)
-        return false;
-
     const BaseOffset::Facing way = line.offset.facing;
-    if (way != BaseOffset::Facing::kUnclear && station.offset.facing != BaseOffset::Facing::kUnclear) {
-        if (station.offset.facing != way)
-            return false;
-        if (!near_seam(way))
-            return true;
-    }
-    know_bearing(station.offset, station.point);
+    if (way != BaseOffset::Facing::kUnclear && station.offset.facing != BaseOffset::Facing::kUnclear &&
+        station.offset.facing != way)
+        return false;
+    know_bearing(station.offset, point(at));
     const double line_gon = bearing(line);
     return line_gon - kSideBandGon <= station.offset.gon && station.offset.gon <= line_gon + kSideBandGon;
 }
@@ -200,18 +202,22 @@ double ParallelTrials::bearing(TrialLine& line) const noexcept
 }
 
 double ParallelTrials::signed_area(const std::vector<PL_PNT2D_record>& points,
-                                   const std::vector<std::int32_t>& position) const noexcept
+                                   const std::vector<Run>& runs) const noexcept
 {
     const std::size_t count = points.size();
+    const auto share_anew = [&](std::size_t i) {
+        return shoelace_share(points[i == 0 ? count - 1 : i - 1], points[i],
+                              points[i + 1 == count ? 0 : i + 1]);
+    };
     double sum = 0.0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t before = i == 0 ? count - 1 : i - 1;
-        const std::size_t after = i + 1 == count ? 0 : i + 1;
-        const bool between_neighbours =
-            position[before] + 1 == position[i] && position[i] + 1 == position[after];
-        const double share = between_neighbours ? stations_[index(position[i])].share
-                                                : shoelace_share(points[before], points[i], points[after]);
-        sum = share + sum;
+    std::size_t i = 0;
+    for (const Run& run : runs) {
+        // Within a run the neighbours are those of the ring.
+        sum = share_anew(i++) + sum;
+        for (std::int32_t at = run.first + 1; at < run.last; ++at, ++i)
+            sum = stations_[index(at)].share + sum;
+        if (run.last > run.first)
+            sum = share_anew(i++) + sum;
     }
     return sum;
 }

@@ -81,6 +81,7 @@ public:
         cut_.PuntoRis1 = cut_.PuntoVertice;
         cut_.VettParziale.clear();
         cut_.NumPuntiParz = 0;
+        trials_.measure_from_gon(cut_.AngInizio);
 
         for (std::int32_t at = 1; at < cut_.NumPunti; ++at) {
             PL_PNT2D_record crossing = {};
@@ -88,7 +89,7 @@ public:
                 cut_.IncrementaVett(crossing);
                 cut_.TrovaLimitiSegmento2(cut_.PuntoRis1, cut_.PuntoRis2, crossing);
             }
-            if (in_wedge(trials_.seen_at_gon(at))) {
+            if (in_wedge(trials_.from_start_gon(at))) {
                 if (at == 1)
                     cut_.IncrementaVett(cut_.PuntoVertice);
                 cut_.IncrementaVett(trials_.point(at));
@@ -120,9 +121,8 @@ private:
         PlFunz_lineeq_ile(&vertex, &on_ray, &cut_.RettaAux);
     }
 
-    bool in_wedge(double dir_gon) const
+    bool in_wedge(double from_start_gon) const
     {
-        const double from_start_gon = LimiteAng0_400(dir_gon - cut_.AngInizio);
         return from_start_gon >= kWedgeStartGon && from_start_gon <= cut_.AngAmpiezza * kWedgeWidening;
     }
 

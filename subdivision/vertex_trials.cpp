@@ -1,15 +1,17 @@
 #include "subdivision/vertex_trials.h"
 
 #include <algorithm>
+#include <limits>
 
-#include "plcalc/lines.h"
+#include "lines/implicit_lines.h"
+#include "lines/parallels.h"
 #include "plutil/plutil.h"
 
 namespace plcalc {
 
 VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::vector<std::int32_t>& order,
                            std::int32_t n, const PL_PNT2D_record& from)
-    : stations_(index(std::max(n, 1)) + 1)
+    : stations_(index(std::max(n, 1)) + 1), start_gon_(std::numeric_limits<double>::quiet_NaN())
 {
     // A single point is its own next one.
     const std::int32_t last = n > 1 ? n - 1 : n;
@@ -21,18 +23,30 @@ VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::
     for (std::int32_t at = 2; at <= last; ++at) {
         Station& station = stations_[index(at)];
         const PL_PNT2D_record& before = point(at - 1);
-        PlFunz_lineeq_ile(&before, &station.point, &station.side);  // zeros, met by nothing, without length
+        line_between(before, station.point, station.side);  // zeros, met by nothing, without length
         station.x = extent_between(before.x, station.point.x);
         station.y = extent_between(before.y, station.point.y);
     }
+}
+
+void VertexTrials::measure_from_gon(double start_gon) noexcept
+{
+    if (start_gon == start_gon_)
+        return;
+    start_gon_ = start_gon;
+    for (std::size_t at = 1; at + 1 < stations_.size(); ++at)
+        stations_[at].from_start_gon = LimiteAng0_400(stations_[at].dir_gon - start_gon);
 }
 
 bool VertexTrials::meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
                               PL_PNT2D_record& crossing) const noexcept
 {
     const Station& station = stations_[index(at)];
-    return PlFunz_intersect_ile(&station.side, &ray, &crossing) && station.x.holds(crossing.x) &&
-           station.y.holds(crossing.y);
+    const MeetsParallels meeting(station.side, ray.a, ray.b);
+    if (!meeting.meets(ray.c))
+        return false;
+    crossing = {meeting.x_at(ray.c), meeting.y_at(ray.c)};
+    return station.x.holds(crossing.x) && station.y.holds(crossing.y);
 }
 
 }  // namespace plcalc

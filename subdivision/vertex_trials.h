@@ -28,6 +28,13 @@ public:
     /// Direction in which it is seen, in gons anticlockwise from +x.
     double seen_at_gon(std::int32_t at) const { return stations_[index(at)].dir_gon; }
 
+    /// Measures every direction from here, until told otherwise. Most searches keep it all the way, since the
+    /// wedge of an anticlockwise parcel starts at the anchor.
+    void measure_from_gon(double start_gon) noexcept;
+
+    /// Direction in which the point at a position is seen, 1 to n - 1, from there in gons.
+    double from_start_gon(std::int32_t at) const { return stations_[index(at)].from_start_gon; }
+
     /// Whether the line along the ray meets the side that ends at a position, 2 to n - 1, and where.
     bool meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
                     PL_PNT2D_record& crossing) const noexcept;
@@ -36,6 +43,7 @@ private:
     struct Station {
         PL_PNT2D_record point;
         double dir_gon;
+        double from_start_gon;
         PL_IMP_LINE_2D_record side;  // that ends here
         Extent x;
         Extent y;
@@ -44,6 +52,7 @@ private:
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
 
     std::vector<Station> stations_;
+    double start_gon_;  // of which from_start_gon is; NaN at first, which no start equals
 };
 
 }  // namespace plcalc

@@ -193,11 +193,12 @@ TEST(ParallelTrials, AreaOfAPartialPolygon)
 {
     ParallelTrials trials = trials_on(kRectangle);
     const std::int32_t crossing = ParallelTrials::kCrossing;
-    EXPECT_BITS(
-        trials.signed_area({{0, 0}, {100, 0}, {100, 10}, {0, 10}, {0, 0}}, {0, 1, crossing, crossing, 4}),
-        1000.0);
-    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {100, 50}, {0, 50}, {0, 0}}, {0, 1, 2, 3, 4}), 5000.0);
-    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {0, 50}, {0, 0}}, {0, 1, 3, 4}), 2500.0);
+    const ParallelTrials::Run meeting = {crossing, crossing};
+    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {100, 10}, {0, 10}, {0, 0}},
+                                   {{0, 1}, meeting, meeting, {4, 4}}),
+                1000.0);
+    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {100, 50}, {0, 50}, {0, 0}}, {{0, 4}}), 5000.0);
+    EXPECT_BITS(trials.signed_area({{0, 0}, {100, 0}, {0, 50}, {0, 0}}, {{0, 1}, {3, 4}}), 2500.0);
 }
 
 }  // namespace
