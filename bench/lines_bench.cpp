@@ -1,5 +1,7 @@
 #include <benchmark/benchmark.h>
 
+#include <vector>
+
 #include "peers/peers.h"
 #include "plcalc/lines.h"
 #include "shapes.h"
@@ -13,6 +15,14 @@ bool plcalc_segments(const PL_LINE_2D_record& s, const PL_LINE_2D_record& t, PL_
     return PlFunz_intersect_ls(&s, &t, &out);
 }
 
+std::vector<PL_LINE_2D_record> sides_of(const bench::Ring& ring)
+{
+    std::vector<PL_LINE_2D_record> sides;
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        sides.push_back({ring[i], ring[(i + 1) % ring.size()]});
+    return sides;
+}
+
 // Every side of one ring with every side of another that lies across it.
 void segments(benchmark::State& state, Meet meet)
 {
@@ -20,12 +30,12 @@ void segments(benchmark::State& state, Meet meet)
     bench::Ring across = ring;
     for (PL_PNT2D_record& p : across)
         p = {400.0 + (p.y - 300.0), 300.0 + (p.x - 400.0)};
+    const std::vector<PL_LINE_2D_record> some = sides_of(ring);
+    const std::vector<PL_LINE_2D_record> others = sides_of(across);
     int met = 0;
     for (auto _ : state) {
-        for (std::size_t i = 0; i < ring.size(); ++i) {
-            for (std::size_t j = 0; j < across.size(); ++j) {
-                const PL_LINE_2D_record s = {ring[i], ring[(i + 1) % ring.size()]};
-                const PL_LINE_2D_record t = {across[j], across[(j + 1) % across.size()]};
+        for (const PL_LINE_2D_record& s : some) {
+            for (const PL_LINE_2D_record& t : others) {
                 PL_PNT2D_record out = {};
                 met += meet(s, t, out) ? 1 : 0;
                 benchmark::DoNotOptimize(out);
