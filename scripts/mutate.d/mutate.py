@@ -1,0 +1,225 @@
+"""Changes the library's sources in one place at a time, and tells which changes no test sees."""
+
+import argparse
+import collections
+import queue
+import random
+import sys
+import threading
+from pathlib import Path
+
+import unseen
+from operators import KINDS, mutants_of
+from workshop import SetupError, Workshop, folder_of
+
+ROOT = Path(__file__).resolve().parents[2]
+LIST = Path(__file__).resolve().parent / "unseen.txt"
+FOLDERS = ("kernel", "lines", "arcs", "survey", "subdivision", "plutil/src")
+WANTED_SHARE = 0.95
+OK, FOUND, USAGE, NO_SETUP = 0, 1, 2, 3
+
+
+def arguments():
+    parser = argparse.ArgumentParser(prog="mutate", description=__doc__)
+    how_many = parser.add_mutually_exclusive_group()
+    how_many.add_argument("--per-folder", type=int, default=60, metavar="N",
+                          help="mutants to test in each folder (60)")  # fmt: skip
+    how_many.add_argument("--all", action="store_true", help="every mutant there is: many hours")
+    parser.add_argument("--folder", action="append", choices=FOLDERS, help="only this folder; may be repeated")
+    parser.add_argument("--file", action="append", metavar="F", help="only this file, as in arcs/arc.cpp")
+    parser.add_argument("--seed", type=int, default=1, help="which ones are chosen (1)")
+    parser.add_argument("--jobs", type=int, default=2, help="how many at a time (2)")
+    parser.add_argument("--list", action="store_true", help="print the mutants, and test none")
+    parser.add_argument("--work", type=Path, default=ROOT / "build/mutate", help="scratch folder (build/mutate)")
+    chosen = parser.parse_args()
+    for name in chosen.file or []:
+        if not (ROOT / name).is_file() or folder_of(name) not in FOLDERS:
+            parser.error(f"{name} is no file of the library")
+    if chosen.per_folder < 1 or chosen.jobs < 1:
+        parser.error("at least one")
+    return chosen
+
+
+def sources(chosen):
+    """Path and text of every source that takes part, by folder."""
+    found = collections.OrderedDict()
+    for folder in FOLDERS:
+        if chosen.folder and folder not in chosen.folder:
+            continue
+        names = [str(path.relative_to(ROOT)) for path in sorted((ROOT / folder).glob("*.[hc]*"))]
+        names = [name for name in names if name.endswith((".h", ".cpp"))]
+        names = [name for name in names if not chosen.file or name in chosen.file]
+        if names:
+            found[folder] = {name: (ROOT / name).read_text() for name in names}
+    return found
+
+
+def shuffled(mutants, seed):
+    """In an order that the seed decides, the kinds in turn."""
+    by_kind = {kind: [mutant for mutant in mutants if mutant.kind == kind] for kind in KINDS}
+    for kind in KINDS:
+        random.Random(f"{seed} {kind}").shuffle(by_kind[kind])
+    result = []
+    while any(by_kind.values()):
+        result += [by_kind[kind].pop() for kind in KINDS if by_kind[kind]]
+    return result
+
+
+class Run:
+    """The mutants that are tested, and what became of them."""
+
+    def __init__(self, chosen):
+        self.chosen = chosen
+        self.texts = {}
+        self.waiting = {}  # by folder, in the order of choice
+        for folder, files in sources(chosen).items():
+            self.texts.update(files)
+            found = [mutant for name, text in files.items() for mutant in mutants_of(name, text)]
+            self.waiting[folder] = collections.deque(shuffled(found, chosen.seed))
+        self.possible = {folder: list(waiting) for folder, waiting in self.waiting.items()}
+        self.verdicts = collections.OrderedDict()
+        self.lock = threading.Lock()
+
+    def counted(self, folder):
+        """How many of a folder have been caught or have survived."""
+        return sum(1 for mutant, verdict in self.verdicts.items()
+                   if folder_of(mutant.path) == folder and verdict.state in ("caught", "survived"))  # fmt: skip
+
+    def next_round(self):
+        """As many more as each folder lacks, file by file, so that little is built."""
+        chosen = []
+        for folder, waiting in self.waiting.items():
+            lacking = len(waiting) if self.chosen.all else self.chosen.per_folder - self.counted(folder)
+            chosen += [waiting.popleft() for _ in range(min(lacking, len(waiting)))]
+        return sorted(chosen, key=lambda mutant: (not mutant.path.endswith(".h"), mutant.path, mutant.start))
+
+    def test(self, workshops):
+        while True:
+            todo = queue.Queue()
+            mutants = self.next_round()
+            if not mutants:
+                break
+            for mutant in mutants:
+                todo.put(mutant)
+            threads = [threading.Thread(target=self._work, args=(workshop, todo), daemon=True) for workshop in workshops]
+            for thread in threads:
+                thread.start()
+            for thread in threads:
+                thread.join()
+            for workshop in workshops:
+                workshop.restore()
+
+    def _work(self, workshop, todo):
+        while True:
+            try:
+                mutant = todo.get_nowait()
+            except queue.Empty:
+                return
+            verdict = workshop.judge(mutant, self.texts[mutant.path])
+            with self.lock:
+                self.verdicts[mutant] = verdict
+                print(f"{len(self.verdicts):5} {mutant.path}:{mutant.line} {mutant.kind}: {verdict.state}"
+                      f"{' (' + verdict.by + ')' if verdict.by else ''}", flush=True)  # fmt: skip
+                if verdict.state == "survived":
+                    print(f"      - {mutant.original_line}\n      + {mutant.mutated_line}", flush=True)
+
+    def of_state(self, state, folder=None):
+        return [mutant for mutant, verdict in self.verdicts.items()
+                if verdict.state == state and folder in (None, folder_of(mutant.path))]  # fmt: skip
+
+
+def set_up(chosen):
+    workshops = [Workshop(ROOT, chosen.work / str(number)) for number in range(1, chosen.jobs + 1)]
+    print(f"Building {len(workshops)} copies in {chosen.work}", flush=True)
+    failures = []
+
+    def prepare(workshop):
+        try:
+            workshop.prepare()
+        except SetupError as error:
+            failures.append(str(error))
+
+    threads = [threading.Thread(target=prepare, args=(workshop,)) for workshop in workshops]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    if failures:
+        raise SetupError(failures[0])
+    print("Running the tests of the unchanged tree", flush=True)
+    workshops[0].measure()
+    for workshop in workshops[1:]:
+        workshop.take_measures_of(workshops[0])
+    return workshops
+
+
+def report(run, known):
+    """Prints what became of them; whether all is well."""
+    print(f"\n{'folder':14}{'possible':>10}{'tested':>8}{'caught':>8}{'survived':>10}{'unexplained':>13}")
+    for folder, possible in run.possible.items():
+        caught, survived = run.of_state("caught", folder), run.of_state("survived", folder)
+        unexplained = [mutant for mutant in survived if mutant.key not in known]
+        print(f"{folder:14}{len(possible):10}{len(caught) + len(survived):8}{len(caught):8}{len(survived):10}"
+              f"{len(unexplained):13}")  # fmt: skip
+    caught, survived = run.of_state("caught"), run.of_state("survived")
+    tested = len(caught) + len(survived)
+    share = len(caught) / tested if tested else 1.0
+    print(f"Seed {run.chosen.seed}: {tested} tested, {len(caught)} caught, {100 * share:.1f} %. Besides, {len(run.of_state('stillborn'))} did "
+          f"not compile, and {len(run.of_state('same code'))} compiled to the same code.")  # fmt: skip
+
+    unexplained = [mutant for mutant in survived if mutant.key not in known]
+    if unexplained:
+        print("\nSurvived, and nothing says why. Add a test that fails, or a reason to", LIST.relative_to(ROOT))
+        for mutant in unexplained:
+            print(f"\n# {mutant.path}:{mutant.line}, {mutant.kind}\n{unseen.written(mutant)}")
+    wrong = [known[mutant.key] for mutant in caught if mutant.key in known]
+    for entry in wrong:
+        print(f"{LIST.name}:{entry.line}: said to be invisible, and caught: {' '.join(entry.key)}; remove it")
+    if share < WANTED_SHARE:
+        print(f"\nCaught is less than {100 * WANTED_SHARE:.0f} %.")
+    return not unexplained and not wrong and share >= WANTED_SHARE
+
+
+def stale(run, known):
+    """Entries about a line that is no more."""
+    keys = {mutant.key for mutants in run.possible.values() for mutant in mutants}
+    return [entry for entry in known.values() if entry.key[0] in run.texts and entry.key not in keys]
+
+
+def write_results(run, path):
+    with open(path, "w", encoding="utf-8") as file:
+        for mutant, verdict in run.verdicts.items():
+            file.write("\t".join((f"{mutant.path}:{mutant.line}", mutant.function, mutant.kind, verdict.state, verdict.by,
+                                  mutant.original_line, mutant.mutated_line)) + "\n")  # fmt: skip
+
+
+def main():
+    chosen = arguments()
+    try:
+        known = unseen.read(LIST)
+    except unseen.ListError as error:
+        print(f"mutate: {error}", file=sys.stderr)
+        return NO_SETUP
+    run = Run(chosen)
+    if chosen.list:
+        for mutant in run.next_round():
+            print(f"# {mutant.path}:{mutant.line}, {mutant.kind}\n{unseen.written(mutant)}\n")
+        return OK
+    old = stale(run, known)
+    for entry in old:
+        print(f"mutate: {LIST.name}:{entry.line}: no such mutant any more: {' '.join(entry.key)}; remove or renew it",
+              file=sys.stderr)  # fmt: skip
+    try:
+        workshops = set_up(chosen)
+    except SetupError as error:
+        print(f"mutate: {error}", file=sys.stderr)
+        return NO_SETUP
+    run.test(workshops)
+    well = report(run, known)
+    write_results(run, chosen.work / "results.tsv")
+    print(f"\nAll verdicts: {chosen.work / 'results.tsv'}")
+    return OK if well and not old else FOUND
+
+
+if __name__ == "__main__":
+    sys.exit(main())

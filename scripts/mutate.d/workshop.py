@@ -1,0 +1,216 @@
+"""A copy of the tree in which one mutant at a time is built and tested."""
+
+import hashlib
+import os
+import re
+import resource
+import shutil
+import subprocess
+import time
+from dataclasses import dataclass, field
+from pathlib import Path
+
+# Random tests run fewer cases than in the suite.
+FEWER = {"PLCALC_WITNESS_CASES": "2000", "PLCALC_PARCELS": "3000", "PLCALC_ROOTS": "200000"}
+
+# Assertions stay on, and the standard library's too: an index too far is seen as in the suite's sanitized build.
+FLAGS = "-O1 -D_GLIBCXX_ASSERTIONS"
+
+SLOW_TEST_MS = 150
+LEAST_CPU_SECONDS = 20
+TIMES_AS_LONG = 10
+MEMORY = 4 << 30
+
+# Folder of the sources to folder of the tests.
+TESTS_OF = {"plutil/src": "plutil"}
+
+
+class SetupError(Exception):
+    """The unchanged tree does not build, or its tests fail."""
+
+
+@dataclass
+class Program:
+    """A program of tests."""
+
+    target: str
+    path: Path
+    folder: str
+    arguments: list = field(default_factory=list)
+    is_gtest: bool = True
+    slow: list = field(default_factory=list)  # names of its slow tests
+    cpu_seconds: float = 0.0
+
+
+@dataclass
+class Verdict:
+    """What became of a mutant."""
+
+    state: str  # caught, survived, stillborn (does not compile), same code
+    by: str = ""
+
+
+class Workshop:
+    """Builds and tests in a folder of its own."""
+
+    def __init__(self, root, folder):
+        self.root = Path(root)
+        self.source = Path(folder) / "source"
+        self.build = Path(folder) / "build"
+        self.programs = []
+        self.objects = {}
+        self.changed = None
+
+    # --- set-up ---
+
+    def prepare(self):
+        self._copy_tree()
+        linker = "-fuse-ld=lld" if shutil.which("ld.lld") else ""
+        self._must(
+            ["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+             f"-DCMAKE_CXX_FLAGS={FLAGS}", f"-DCMAKE_EXE_LINKER_FLAGS={linker}", "-DCMAKE_CXX_COMPILER=g++",
+             "-DBUILD_SHARED_LIBS=OFF", "-DPLCALC_BUILD_TOOL=OFF", "-DPLCALC_WERROR=OFF"],
+            "configuring",
+        )  # fmt: skip
+        self._must(["cmake", "--build", self.build, "-j", "1"], "building")
+        self._find_programs()
+        self.objects = self._hash_objects()
+
+    def _copy_tree(self):
+        """The tracked files as they are now; those that are the same stay, so that a second run builds little."""
+        listed = subprocess.run(["git", "-C", self.root, "ls-files", "-z"], check=True, capture_output=True)
+        names = {name for name in listed.stdout.decode().split("\0") if name and (self.root / name).is_file()}
+        if self.source.exists():
+            for path in [p for p in self.source.rglob("*") if p.is_file()]:
+                if str(path.relative_to(self.source)) not in names:
+                    path.unlink()
+        for name in names:
+            here, there = self.root / name, self.source / name
+            if there.is_file() and there.read_bytes() == here.read_bytes():
+                continue
+            there.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(here, there)  # with a new time, so that it is built anew
+
+    def _must(self, command, doing):
+        done = subprocess.run(command, capture_output=True, text=True, check=False)
+        if done.returncode != 0:
+            raise SetupError(f"{doing} the unchanged tree failed:\n{done.stdout[-3000:]}{done.stderr[-3000:]}")
+
+    def _find_programs(self):
+        paths = [p for p in self.build.glob("tests/*/*") if p.is_file() and os.access(p, os.X_OK)]
+        for path in sorted(paths):
+            if path.name.endswith("_tests"):
+                self.programs.append(Program(path.name, path, path.parent.name))
+        replay = self.build / "tests/golden/golden_replay"
+        vectors = [v for v in (self.source / "tests/golden").glob("*.txt") if v.name != "CMakeLists.txt"]
+        self.programs.append(Program("golden_replay", replay, "golden", [str(v) for v in vectors], False))
+        for path in sorted(self.build.glob("fuzz/fuzz_replay_*")):
+            if path.is_file() and os.access(path, os.X_OK):
+                corpus = self.source / "fuzz/corpus" / path.name[len("fuzz_replay_") :]
+                self.programs.append(Program(path.name, path, "fuzz", [str(corpus)], False))
+        if len({program.folder for program in self.programs}) < 8:
+            raise SetupError(f"tests are missing in {self.build}")
+
+    def measure(self):
+        """Runs all tests of the unchanged tree once: they must pass, and how long each takes is noted."""
+        for program in self.programs:
+            before = resource.getrusage(resource.RUSAGE_CHILDREN)
+            done = subprocess.run(
+                [program.path, *program.arguments], capture_output=True, text=True, check=False, env=environment()
+            )
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            if done.returncode != 0:
+                raise SetupError(f"{program.target} fails in the unchanged tree:\n{done.stdout[-3000:]}")
+            program.cpu_seconds = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+            if program.is_gtest:
+                times = re.findall(r"^\[ +OK \] (\S+?),? .*\((\d+) ms\)$", done.stdout, re.MULTILINE)
+                program.slow = [name for name, ms in times if int(ms) > SLOW_TEST_MS]
+
+    def take_measures_of(self, other):
+        for mine, theirs in zip(self.programs, other.programs):
+            mine.cpu_seconds, mine.slow = theirs.cpu_seconds, theirs.slow
+
+    # --- one mutant ---
+
+    def judge(self, mutant, text):
+        """Applies a mutant to a file whose text is given, builds, tests, and tells what became of it."""
+        path = self.source / mutant.path
+        if self.changed and self.changed[0] != path:
+            self.restore()
+        self.changed = (path, text)
+        path.write_text(mutant.apply(text))
+
+        if not self._builds(["plcalc_objects", "plutil_objects"]):
+            return Verdict("stillborn")
+        if self._hash_objects() == self.objects:
+            return Verdict("same code")
+        for program, tests in self._order_for(mutant):
+            if not self._builds([program.target]):
+                return Verdict("caught", f"{program.target} does not compile")
+            trouble = self._fails(program, tests)
+            if trouble:
+                return Verdict("caught", f"{program.target}{trouble}")
+        return Verdict("survived")
+
+    def restore(self):
+        if self.changed:
+            self.changed[0].write_text(self.changed[1])
+            self.changed = None
+
+    def _builds(self, targets):
+        command = ["cmake", "--build", self.build, "-j", "1", "--target", *targets]
+        return subprocess.run(command, capture_output=True, check=False).returncode == 0
+
+    def _hash_objects(self):
+        objects = [*self.build.glob("CMakeFiles/plcalc_objects.dir/**/*.o"),
+                   *self.build.glob("plutil/CMakeFiles/plutil_objects.dir/**/*.o")]  # fmt: skip
+        return {path: hashlib.sha256(path.read_bytes()).digest() for path in objects}
+
+    def _order_for(self, mutant):
+        """Programs with the tests to run: the quick ones of its folder, the golden vectors, its slow ones, the rest."""
+        folder = folder_of(mutant.path)
+        folder = TESTS_OF.get(folder, folder)
+        own = [program for program in self.programs if program.folder == folder]
+        golden = [program for program in self.programs if program.folder == "golden"]
+        rest = [program for program in self.programs if program not in own + golden]
+        rest.sort(key=lambda program: program.cpu_seconds)
+        yield from ((program, "quick") for program in own)
+        yield from ((program, "all") for program in golden)
+        yield from ((program, "slow") for program in own if program.slow)
+        yield from ((program, "quick") for program in rest)
+        yield from ((program, "slow") for program in rest if program.slow)
+
+    def _fails(self, program, tests):
+        """How it fails, or nothing."""
+        command = [str(program.path), *program.arguments]
+        if program.is_gtest:
+            chosen = ":".join(program.slow)
+            pattern = f"-{chosen}" if tests == "quick" and chosen else chosen if tests == "slow" else "*"
+            command += [f"--gtest_filter={pattern}", "--gtest_brief=1", "--gtest_fail_fast"]
+        cpu = int(LEAST_CPU_SECONDS + TIMES_AS_LONG * program.cpu_seconds)
+
+        limits = ["prlimit", f"--cpu={cpu}:{cpu + 5}", f"--as={MEMORY}", "--core=0"]
+        started = time.monotonic()
+        process = subprocess.Popen(
+            limits + command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment()
+        )
+        try:
+            # Processor time is what counts, on a busy machine too; this is for one that sleeps.
+            status = process.wait(timeout=100 * cpu)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+            return f" hangs after {time.monotonic() - started:.0f} s"
+        if status == 0:
+            return ""
+        if status in (-24, -9):  # SIGXCPU, and SIGKILL five seconds after it
+            return f" hangs: more than {cpu} s"
+        return f" dies by signal {-status}" if status < 0 else " fails"
+
+
+def environment():
+    return {**os.environ, **FEWER}
+
+
+def folder_of(path):
+    return path.rsplit("/", 1)[0]
