@@ -19,6 +19,10 @@ double PlFunz_halftan(double m) noexcept;
 /// A pseudo-angle in radians or degrees.
 ///
 /// @param[in] unit    a plcalc::PseudoToUnit: 1 radians, anything else degrees
-/// @param[in] pseudo  pseudo-angle, any number of turns; negative, NaN and infinite ones give 0.0
-/// @return within one turn. Above one turn the two units draw the first quarter's boundary differently.
+/// @param[in] pseudo  pseudo-angle, any number of turns; NaN, infinite ones, and those up to PL_EPS, all
+///                    negative ones among them, give 0.0
+/// @return within one turn, from 0 up, except that one from 5e-7 to 1e-7 below a whole turn comes out negative,
+///         down to -1e-6 radians or -5.73e-5 degrees: it is read as its distance from the turn, from which the
+///         half-angle formula makes twice the angle. Above one turn the two units draw the first quarter's
+///         boundary differently: 5 - 1e-7 is 89.99999 degrees, but 3.1415926 radians.
 double PlFunz_pseudo_to_angle(int unit, double pseudo) noexcept;

@@ -44,9 +44,9 @@ PL_PNT2D_record polar_point_pseudo(const PL_PNT2D_record& origin, double dist, d
     const double along = (1.0 - t * t) * r;
     const double across = 2.0 * t * r;
 
-    // At 1 and 2 the next quadrant's formula is right, since t is 0 there. A value a hair below has t near
-    // 1 and lands a quarter turn early; and 3 has no such case and gives -x. Both stay: arcs on file were
-    // computed with them.
+    // At 1 and 2 the next quadrant's formula is right, since t is 0 there. A value a hair below has t near 1:
+    // below 1 it lands a quarter turn early, at +x, below 2 a quarter turn late, at -y. And 3 has no such case
+    // and gives -x. All three stay: arcs on file were computed with them.
     if (at_most(a, 1.0)) {
         if (is_near(a, 1.0))
             return {origin.x + across, origin.y + along};

@@ -8,7 +8,7 @@ namespace {
 // What ends a search, relative to the request: a square decimetre on ten hectares.
 constexpr double kRelAreaTol = 1e-6;
 
-// To the last bit, deliberately: the caller hands back the ring's own coordinates.
+// Without a tolerance, deliberately: the caller hands back the ring's own coordinates.
 bool equal(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
     return p.x == q.x && p.y == q.y;

@@ -16,22 +16,41 @@
 /// @param[in] unit  0 pseudo-angle, [0, 4); 1 degrees, [0, 360); 2 radians, [0, 2 pi); anything else gives
 ///                  0.0. Not the numbers of PL_AngleMeasType, nor those of PlFunz_pntangledist.
 /// @param[in] from  the point looked from, caller's unit
-/// @param[in] to    the point looked at, caller's unit
-/// @return the direction; 0.0 for points equal within PL_EPS on each axis; a pseudo-angle may be negative
-///         by a hair for a direction just below +x
+/// @param[in] to    the point looked at, caller's unit; may be the record of from
+/// @return the direction; 0.0 for points equal within PL_EPS on each axis; outside the ranges above in the
+///         cases below, all of them directions just below +x
 ///
-/// Exactness   One square root; degrees and radians add one arctangent of the platform.
+/// Tolerance   PL_EPS, absolute, on both differences: from -PL_EPS up they do not count as negative. A
+///             pseudo-angle within 2e-7 of 1, 3e-7 of 2 or 4e-7 of 3 is exactly that quarter turn in degrees
+///             and radians.
+/// Degenerate  A direction less than 5e-7 radians below +x comes out negative in degrees and radians, and
+///             twice as large as it is: down to -5.73e-5 degrees, -1e-6 radians. Within 1e-7 it is 0.0. In
+///             pseudo-angles it may round up to exactly 4.0. With a y difference from -PL_EPS up to 0 the
+///             pseudo-angle is negative: a hair for usual lengths, -0.414 where the x difference falls to
+///             PL_EPS; degrees and radians are 0.0 then. A NaN, and a quotient of infinities, gives 0.0 in
+///             degrees and radians, and in pseudo-angles 0.0 or NaN.
+/// Exactness   The quadrant plus (sqrt(m*m + 1) - 1) / m with m the tangent in the quadrant, 0.0 in its place
+///             for |m| <= PL_EPS; rounded at each operation. Degrees and radians add one arctangent of the
+///             platform: 2 * atan(fraction), times 57.29577951308233 for degrees, plus the quarter turns.
+/// Source      Half-angle formula, tan(phi / 2) from m = tan(phi).
 PLCALC_API double PlFunz_arcangle(int unit, const PL_PNT2D_record* from, const PL_PNT2D_record* to) noexcept;
 
 /// Arc through three points.
 ///
 /// @param[in]  p1, p3  the arc's ends, caller's unit
 /// @param[in]  p2      a point between them
-/// @param[out] arc     centre, radius, angles in radians within one turn. The sweep is always
-///                     anticlockwise: when p1-p2-p3 runs clockwise, start_angle belongs to p3.
+/// @param[out] arc     centre, radius, angles in radians as PlFunz_arcangle gives them: within one turn, but
+///                     for -1e-6 just below +x. The sweep is always anticlockwise: when p1-p2-p3 runs
+///                     clockwise, start_angle belongs to p3.
 /// @return 0 done; 5 the points lie on one line or coincide, arc is untouched: test it
 ///
 /// Tolerance   PL_EPS, absolute, on the cross product (p2 - p1) x (p3 - p1), an area, inclusive.
+/// Degenerate  A NaN coordinate is on no line: 0, and NaN in the record.
+/// Aliasing    The points may be the centre of arc: it is written last.
+/// Exactness   From differences to p1: u = (A*by - B*ay)*k, (B*ax - A*bx)*k with A, B the squared lengths of
+///             a = p2 - p1 and b = p3 - p1 and k = 1 / (2 * cross product); the radius is the length of u, the
+///             centre p1 + u. Rounded at each operation.
+/// Source      Circumcentre as the meeting point of the perpendicular bisectors.
 PLCALC_API int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2,
                                 const PL_PNT2D_record* p3, ARC_2D_record* arc) noexcept;
 
@@ -41,40 +60,61 @@ PLCALC_API int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record
 /// @param[out] start_point  point at start_angle, caller's unit
 /// @param[out] end_point    point at end_angle, caller's unit
 ///
-/// Exactness   That of PlFunz_pntangledist, its surprises near pseudo-angles 1, 2 and 3 included.
+/// Aliasing    Neither may be the centre of arc, nor both one record.
+/// Exactness   That of PlFunz_pntangledist, snapping and surprises near pseudo-angles 1, 2 and 3 included.
 PLCALC_API void PlFunz_arc_end_pnts(const ARC_2D_record* arc, PL_PNT2D_record* start_point,
                                     PL_PNT2D_record* end_point) noexcept;
 
 /// Shortest distance of a point from an arc.
 ///
 /// @param[in] arc  the arc; an unknown angle_type is read as radians
-/// @param[in] p    the point, caller's unit
+/// @param[in] p    the point, caller's unit; may be the centre of arc
 /// @return |distance from the centre - radius| when the direction of p lies within the sweep, the margin
 ///         included; otherwise the distance from the nearer end, and on a tie from the end at end_angle
+///
+/// Tolerance   (|bound| + 1) * PL_EPS on either bound of the sweep, in the arc's own unit, and from the
+///             distance to the end at end_angle for the tie.
+/// Degenerate  A point on the centre has direction 0. Equal angles are a sweep of one direction here, not the
+///             full circle; store the circle as 0 to a full turn.
+/// Exactness   That of PlFunz_distance and one subtraction; the direction is PlFunz_arcangle's, the ends are
+///             PlFunz_arc_end_pnts'.
 PLCALC_API double PlFunz_distpntarc(const ARC_2D_record* arc, const PL_PNT2D_record* p) noexcept;
 
 /// Bounding rectangle of an arc, from quadrants alone.
 ///
 /// @param[in]  arc                 the arc; only centre and radius are read
 /// @param[in]  start_pnt, end_pnt  its ends, as PlFunz_arc_end_pnts gives them
-/// @param[out] rect                the rectangle, caller's unit
+/// @param[out] rect                the rectangle, caller's unit; ordered when the radius is not negative
 ///
-/// Degenerate  Ends that coincide give the rectangle of the full circle.
+/// Tolerance   A component from -PL_EPS up counts as positive for the quadrant; (|v| + 1) * PL_EPS in the
+///             comparison of the ends, of which the one at end_angle wins a near-tie.
+/// Degenerate  Ends that coincide give the rectangle of the full circle. An end on the centre lies in the
+///             first quadrant.
+/// Aliasing    The ends may be one record, and the centre of arc.
+/// Exactness   Coordinates of the ends as they are; centre - radius and centre + radius, rounded once.
 PLCALC_API void PlFunz_arc_rect(const ARC_2D_record* arc, const PL_PNT2D_record* start_pnt,
                                 const PL_PNT2D_record* end_pnt, PL_RECT_2D_record* rect) noexcept;
 
 /// Where a segment meets an arc.
 ///
-/// @param[in]  arc     the arc; an unknown angle_type is read as degrees, here and only here
+/// @param[in]  arc     the arc; an unknown angle_type is read as degrees, here and only here. The box of the
+///                     arc, in which a single point must lie, still comes from its ends in radians then.
 /// @param[in]  seg     the segment, caller's unit
 /// @param[out] pnt1    first point along the segment; untouched when there is none
 /// @param[out] pnt2    second point along the segment; untouched unless there are two
 /// @param[out] n_pnts  0, 1 or 2; always written
 /// @return true when there is at least one
 ///
-/// Degenerate  A segment without length meets nothing. A full circle, start and end equal within the
-///             margin, that the segment crosses twice reports one point only: the farther along the segment.
-/// Tolerance   PL_EPS on radius squared minus distance squared decides for a touch.
+/// Tolerance   PL_EPS on radius squared minus distance squared, an area, decides for a touch; the boxes and the
+///             sweep are widened by (|limit| + 1) * PL_EPS.
+/// Degenerate  A segment without length meets nothing. One that has length but is not longer than 3.16e-4 is
+///             measured with its own length as the unit: it may miss, and the point that it reports need not
+///             lie on the circle. A full circle, start and end equal within the margin, that the segment
+///             crosses twice reports one point only: the farther along the segment.
+/// Aliasing    pnt1 and pnt2 may be the ends of seg or the centre of arc, but not one record.
+/// Exactness   Origin + (t -+ s) * d, with d the segment's unit direction, t the foot of the centre along it
+///             and s the root of radius squared minus distance squared; rounded at each operation. Radians
+///             become degrees by 57.2957795131 for the sweep.
 PLCALC_API bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_record* seg,
                                      PL_PNT2D_record* pnt1, PL_PNT2D_record* pnt2, int* n_pnts) noexcept;
 

@@ -49,7 +49,8 @@ struct PL_IMP_LINE_2D_record {
     double c;  ///< constant term; an area when built from two points, a length when normalised
 };
 
-/// An axis-parallel rectangle. Nobody orders the corners: that is the caller's business.
+/// An axis-parallel rectangle. The setter stores the corners as they come: ordering them is the caller's
+/// business.
 struct PL_RECT_2D_record {
     double xmin;  ///< West side, caller's unit
     double ymin;  ///< South side, caller's unit
@@ -57,7 +58,7 @@ struct PL_RECT_2D_record {
     double ymax;  ///< North side, caller's unit
 };
 
-/// An axis-parallel box. Nobody orders the corners: that is the caller's business.
+/// An axis-parallel box. The setter stores the corners as they come; CalcoloBdry orders them.
 struct PL_RECT_3D_record {
     double xmin;  ///< West face, caller's unit
     double ymin;  ///< South face, caller's unit
@@ -70,7 +71,7 @@ struct PL_RECT_3D_record {
 /// Unit of the two angles of an arc record, anticlockwise from +x.
 ///
 /// The type holds any 32-bit value: an unknown one is a value, not undefined behaviour. Unknown values are
-/// read as radians by the arc functions, but as degrees by PlFunz_intarcline_ls.
+/// read as radians, but as degrees where PlFunz_intarcline_ls tests the sweep.
 enum PL_AngleMeasType : std::int32_t {
     PL_RADIANS = 0,      ///< radians, full turn 2 pi
     PL_DEGREES = 1,      ///< degrees, full turn 360
@@ -81,6 +82,9 @@ enum PL_AngleMeasType : std::int32_t {
 ///
 /// When end_angle is below start_angle the arc crosses the +x direction. `centre` stays the first field: a
 /// pointer to the arc may be handed on where a pointer to its centre is wanted.
+///
+/// Store angles within one turn. Directions are compared with them as they are stored: an arc from 350 to
+/// 370 degrees does not hold the direction 5, one from 350 to 10 does.
 struct ARC_2D_record {
     PL_PNT2D_record centre;       ///< centre of the circle, caller's unit
     double radius;                ///< radius, caller's unit
@@ -95,12 +99,18 @@ struct ARC_2D_record {
 ///
 /// @param[in]  x, y  coordinates, caller's unit
 /// @param[out] out   the point
+///
+/// Aliasing    None: the coordinates are passed by value.
+/// Exactness   The very bits of the arguments.
 PLCALC_API void PlFunz_set_pnt_2d(double x, double y, PL_PNT2D_record* out) noexcept;
 
 /// Fills a point in space.
 ///
 /// @param[in]  x, y, z  coordinates, caller's unit
 /// @param[out] out      the point
+///
+/// Aliasing    None: the coordinates are passed by value.
+/// Exactness   The very bits of the arguments.
 PLCALC_API void PlFunz_set_pnt_3d(double x, double y, double z, PL_PNT3D_record* out) noexcept;
 
 /// Fills a segment; its ends may be equal.
@@ -108,6 +118,9 @@ PLCALC_API void PlFunz_set_pnt_3d(double x, double y, double z, PL_PNT3D_record*
 /// @param[in]  x1, y1  start point, caller's unit
 /// @param[in]  x2, y2  end point, caller's unit
 /// @param[out] out     the segment
+///
+/// Aliasing    None: the coordinates are passed by value.
+/// Exactness   The very bits of the arguments.
 PLCALC_API void PlFunz_set_line_2d(double x1, double y1, double x2, double y2,
                                    PL_LINE_2D_record* out) noexcept;
 
@@ -116,6 +129,9 @@ PLCALC_API void PlFunz_set_line_2d(double x1, double y1, double x2, double y2,
 /// @param[in]  xmin, ymin  lower left corner, caller's unit
 /// @param[in]  xmax, ymax  upper right corner, caller's unit
 /// @param[out] out         the rectangle
+///
+/// Aliasing    None: the coordinates are passed by value.
+/// Exactness   The very bits of the arguments.
 PLCALC_API void PlFunz_set_rect_2d(double xmin, double ymin, double xmax, double ymax,
                                    PL_RECT_2D_record* out) noexcept;
 
@@ -124,6 +140,10 @@ PLCALC_API void PlFunz_set_rect_2d(double xmin, double ymin, double xmax, double
 /// @param[in]  xmin, ymin, zmin  minimum corner, caller's unit
 /// @param[in]  xmax, ymax, zmax  maximum corner, caller's unit
 /// @param[out] out               the box
+///
+/// Aliasing    None: the coordinates are passed by value.
+/// Exactness   The very bits of the arguments.
+/// See also    CalcoloBdry, which orders two corners first.
 PLCALC_API void PlFunz_set_rect_3d(double xmin, double ymin, double zmin, double xmax, double ymax,
                                    double zmax, PL_RECT_3D_record* out) noexcept;
 
@@ -134,6 +154,9 @@ PLCALC_API void PlFunz_set_rect_3d(double xmin, double ymin, double zmin, double
 /// @param[in]  angle_type              unit of the two angles
 /// @param[in]  start_angle, end_angle  directions of the two ends, anticlockwise from +x
 /// @param[out] arc                     the record; null is allowed here and only here: nothing happens then
+///
+/// Aliasing    None: everything is passed by value.
+/// Exactness   The very bits of the arguments; angles are not brought within one turn.
 PLCALC_API void PlFunz_set_arc_2d(double centre_x, double centre_y, double radius,
                                   PL_AngleMeasType angle_type, double start_angle, double end_angle,
                                   ARC_2D_record* arc) noexcept;
@@ -144,27 +167,38 @@ PLCALC_API void PlFunz_set_arc_2d(double centre_x, double centre_y, double radiu
 ///
 /// @param[in] v  any number
 /// @return 1 / v; 0.0 when |v| <= PL_EPS; NaN for NaN
+///
+/// Tolerance   PL_EPS, absolute, inclusive.
+/// Exactness   One division, rounded once.
 PLCALC_API double PlFunz_inverse(double v) noexcept;
 
 /// Squared length of a vector.
 ///
 /// @param[in] a, b  components, caller's unit
-/// @return a*a + b*b, unit squared; each product rounded, then the sum
+/// @return a*a + b*b, unit squared
+///
+/// Exactness   Each product rounded, then the sum. Overflows to infinity for components above 1.3e154.
 PLCALC_API double PlFunz_sumsqrdparms(double a, double b) noexcept;
 
 /// Distance of two points.
 ///
-/// @param[in] p1, p2  points, caller's unit
-/// @return never negative; exactly 0.0 for a point and itself, the same bits for swapped arguments
+/// @param[in] p1, p2  points, caller's unit; may be one record
+/// @return never negative; exactly 0.0 for a finite point and itself, the same bits for swapped arguments
 ///
-/// Exactness   sqrt(dy*dy + dx*dx), rounded at each operation; overflows for differences above 1e154.
+/// Degenerate  A NaN gives NaN, and so do two points that are infinite on one axis on the same side.
+/// Exactness   sqrt(dy*dy + dx*dx), rounded at each operation: infinite for differences above 1.3e154, 0.0
+///             for those below 1.5e-162.
 PLCALC_API double PlFunz_distance(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept;
 
 /// Whether two points are the same within PL_EPS on each axis separately.
 ///
-/// @param[in] p1, p2  points, caller's unit
+/// @param[in] p1, p2  points, caller's unit; may be one record
 /// @return true when |dx| <= PL_EPS and |dy| <= PL_EPS, both inclusive; false with a NaN. Points that
 ///         differ by 1e-7 on both axes, 1.41e-7 apart, are the same: this is a square, not a circle.
+///
+/// Tolerance   PL_EPS, absolute, inclusive, whatever the size of the coordinates.
+/// Exactness   Each difference rounded once, then compared.
+/// See also    StessoPunto, to which the tolerance is handed.
 PLCALC_API bool PlFunz_samepnt(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2) noexcept;
 
 // ------------------------------------------------------------------------- directions and polar points
@@ -175,8 +209,11 @@ PLCALC_API bool PlFunz_samepnt(const PL_PNT2D_record* p1, const PL_PNT2D_record*
 /// @return in [0, 2 pi); exact multiples of a quarter turn when a component is zero within PL_EPS
 ///
 /// Tolerance   PL_EPS on each component. The null vector has direction 0.
-/// Degenerate  For y a hair below zero the result may round up to 2 pi itself.
+/// Degenerate  For y a hair below zero the result may round up to 2 pi itself: (1e9, -2e-7) does. A NaN gives
+///             NaN beside a component that is not zero; beside one that is it counts as negative, pi for
+///             (NaN, 0) and three quarters of a turn for (0, NaN). Two infinite components give NaN.
 /// Exactness   atan(|y / x|) of the platform, then one addition or subtraction.
+/// See also    PlFunz_arcangle, which takes two points and one root more.
 PLCALC_API double PlFunz_arctan_rad(double x, double y) noexcept;
 
 /// Direction of a vector in degrees, anticlockwise from +x.
@@ -185,18 +222,26 @@ PLCALC_API double PlFunz_arctan_rad(double x, double y) noexcept;
 /// @return in [0, 360); exact multiples of 90 when a component is zero within PL_EPS
 ///
 /// Tolerance   PL_EPS on each component. The null vector has direction 0.
-/// Degenerate  A direction just below a full turn may round up to exactly 360: (1e9, -2e-7) does.
-/// Exactness   atan(|y / x|) * 57.29577951308233, then one addition or subtraction.
+/// Degenerate  A direction just below a full turn may round up to exactly 360: (1e9, -2e-7) does. NaN and
+///             infinite components as in PlFunz_arctan_rad.
+/// Exactness   atan(|y / x|) * 57.29577951308233, then one addition or subtraction. Quarters are exact on the
+///             axes only: the steep (1, 1e20) gives 90.000000000000014.
 PLCALC_API double PlFunz_arctan_deg(double x, double y) noexcept;
 
 /// Cheap ordering value of a direction, and the squared distance: no root, no trigonometry.
 ///
 /// @param[in]  p1, p2  points, caller's unit
 /// @param[out] angle   pseudo-degrees of the direction p1 to p2: 90 times the diamond angle
-///                     dy / (|dx| + |dy|), equal to the true angle only at multiples of 45; 0 for equal
-///                     points; slightly negative, down to -9e-6 on unit lengths, for -PL_EPS <= dy < 0;
-///                     just below a full turn it may round up to exactly 360
+///                     dy / (|dx| + |dy|), equal to the true angle only at multiples of 45; 0 for points
+///                     that are equal within PL_EPS; just below a full turn it may round up to exactly 360
 /// @param[out] dist    the distance squared, for comparing and ordering
+///
+/// Tolerance   PL_EPS, absolute, on both differences: dx and dy from -PL_EPS up do not count as negative.
+/// Degenerate  For -PL_EPS <= dy < 0 and dx > 0 the angle is slightly negative, -9e-6 on unit lengths; it
+///             reaches -45 as dx falls to PL_EPS. A NaN, or an infinite dy, gives a NaN angle.
+/// Aliasing    angle and dist may be coordinates of p1 and p2, but not one variable.
+/// Exactness   dy / (|dy| + |dx|), then 2 - v or v + 4 by the quadrant, then times 90; dist as
+///             PlFunz_sumsqrdparms. Rounded at each operation.
 PLCALC_API void PlFunz_pseudo_angdist(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, double* angle,
                                       double* dist) noexcept;
 
@@ -208,15 +253,20 @@ PLCALC_API void PlFunz_pseudo_angdist(const PL_PNT2D_record* p1, const PL_PNT2D_
 /// @param[in]  dist    distance, caller's unit; a negative one points the opposite way in degrees and
 ///                     radians, but loses its sign in pseudo-angles
 /// @param[in]  angle   direction anticlockwise from +x, any number of turns
-/// @param[out] out     the point; a coordinate of magnitude PL_EPS or less is exactly 0.0. Must not be the
-///                     record of origin: in degrees and radians the offsets go through it first, and the
-///                     result would be the doubled offset.
+/// @param[out] out     the point; a coordinate of magnitude PL_EPS or less is exactly 0.0
 ///
+/// Tolerance   (|r| + 1) * PL_EPS at the quarter turns r, which chooses the quadrant's formula.
 /// Degenerate  An infinite or NaN angle gives NaN coordinates. An angle of more than 65536 turns is first
 ///             reduced by whole turns at once, smaller ones turn by turn.
-/// Exactness   Degrees become radians by 0.01745329251994. A pseudo-angle of exactly 3 (and up to 4e-7
-///             above) gives -x, not -y, and one up to 2e-7 below 1 or 3e-7 below 2 lands a quarter turn
-///             before the direction meant: filed results carry both.
+/// Aliasing    out must not be the record of origin: in degrees and radians the offsets go through it first,
+///             and the result would be the doubled offset.
+/// Exactness   Degrees become radians by 0.01745329251994; sine and cosine of the platform, of the angle
+///             within its quarter turn. A pseudo-angle takes no trigonometry: with t its fraction and
+///             r = |dist| / (t*t + 1) the offsets are (1 - t*t)*r and 2*t*r. One of exactly 3 (and up to 4e-7
+///             above) gives -x, not -y; one up to 2e-7 below 1 lands a quarter turn before the direction
+///             meant, at +x, and one up to 3e-7 below 2 a quarter turn after it, at -y. Filed results carry
+///             all three.
+/// Source      Half-angle formulas of sine and cosine, t = tan(phi / 2).
 PLCALC_API void PlFunz_pntangledist(int unit, const PL_PNT2D_record* origin, double dist, double angle,
                                     PL_PNT2D_record* out) noexcept;
 
@@ -229,15 +279,21 @@ PLCALC_API void PlFunz_pntangledist(int unit, const PL_PNT2D_record* origin, dou
 /// order of the calls. Start with this one.
 ///
 /// @param[out] M  three rows of three
+///
+/// Exactness   Exact.
 PLCALC_API void PlFunz_getidmatrix2d(double (*M)[3]) noexcept;
 
 /// Adds an anticlockwise rotation about a centre.
 ///
-/// @param[in]     angleDeg  degrees, anticlockwise
+/// @param[in]     angleDeg  degrees, anticlockwise, any number of turns
 /// @param[in]     centre    the point that stays, caller's unit
 /// @param[in,out] M         M times the rotation
 ///
-/// Exactness   Degrees become radians by 0.01745329251994: 90 degrees leave a cosine of 2.6e-13.
+/// Degenerate  An infinite or NaN angle makes the entries NaN.
+/// Aliasing    None that the types allow: M is one array, and is written once the product is complete.
+/// Exactness   Degrees become radians by 0.01745329251994: 90 degrees leave a cosine of 2.967e-13. Sine and
+///             cosine of the platform. Each entry of the product is M[r][0]*T[0][c] + M[r][1]*T[1][c] +
+///             M[r][2]*T[2][c], rounded at each operation from left to right; so in all three builders.
 PLCALC_API void PlFunz_rotationmatrix2d(double angleDeg, const PL_PNT2D_record* centre,
                                         double (*M)[3]) noexcept;
 
@@ -245,14 +301,22 @@ PLCALC_API void PlFunz_rotationmatrix2d(double angleDeg, const PL_PNT2D_record* 
 ///
 /// @param[in]     dx, dy  shift, caller's unit
 /// @param[in,out] M       M times the shift
+///
+/// Aliasing    None: the shift is passed by value.
+/// Exactness   The product of PlFunz_rotationmatrix2d, all its multiplications included: a NaN or infinity
+///             reaches other entries by its product with 0.
 PLCALC_API void PlFunz_translatematrix2d(double dx, double dy, double (*M)[3]) noexcept;
 
 /// Adds a scaling about a centre.
 ///
-/// @param[in]     sx, sy  factors. When both are at or below 1e-7, negative ones included, nothing is
-///                        scaled: a mirror in both axes is not a scaling. One alone is used as given.
+/// @param[in]     sx, sy  factors, no unit. When both are at or below 1e-7, negative ones included, nothing
+///                        is scaled: a mirror in both axes is not a scaling. One alone is used as given.
 /// @param[in]     centre  the point that stays, caller's unit
 /// @param[in,out] M       M times the scaling
+///
+/// Tolerance   1e-7 on the factors, inclusive; not PL_EPS, which is a length.
+/// Aliasing    None that the types allow: M is one array, and is written once the product is complete.
+/// Exactness   The shift is (1 - s) * centre on each axis; the product as in PlFunz_rotationmatrix2d.
 PLCALC_API void PlFunz_scalematrix2d(double sx, double sy, const PL_PNT2D_record* centre,
                                      double (*M)[3]) noexcept;
 
@@ -260,8 +324,12 @@ PLCALC_API void PlFunz_scalematrix2d(double sx, double sy, const PL_PNT2D_record
 ///
 /// @param[in]  M    three rows of three
 /// @param[in]  in   the point, caller's unit
-/// @param[out] out  its image. May be the record of in, but then y is computed from the x already
-///                  transformed: use TrasfPt for a transformation in place.
+/// @param[out] out  its image
+///
+/// Aliasing    out may be the record of in, but then y is computed from the x already transformed: use
+///             TrasfPt for a transformation in place.
+/// Exactness   x = (M[1][0]*y + M[0][0]*x) + M[2][0], y = (M[1][1]*y + M[0][1]*x) + M[2][1], rounded at each
+///             operation.
 PLCALC_API void PlFunz_transformpnt2d(const double (*M)[3], const PL_PNT2D_record* in,
                                       PL_PNT2D_record* out) noexcept;
 
@@ -269,5 +337,8 @@ PLCALC_API void PlFunz_transformpnt2d(const double (*M)[3], const PL_PNT2D_recor
 ///
 /// @param[in]  M           three rows of three
 /// @param[in]  x, y        the point, caller's unit
-/// @param[out] xOut, yOut  its image; may be the variables that held x and y
+/// @param[out] xOut, yOut  its image
+///
+/// Aliasing    xOut and yOut may be the variables that held x and y.
+/// Exactness   That of PlFunz_transformpnt2d with separate records.
 PLCALC_API void TrasfPt(const double (&M)[3][3], double x, double y, double& xOut, double& yOut) noexcept;

@@ -25,28 +25,40 @@ class VertexSearch;
 /// | 1    | perpendicular to side p1-p2  | consecutive vertices, in the ring's order | ahead, from p1 to p2     |
 /// | 2    | through the vertex p1        | p1 a vertex, p2 without effect            | next to the side after p1 |
 ///
-/// The search ends when the area is met within a relative 1e-6 (in mode 1 of the rest that is cut from the
-/// half of the parcel, not of the request). A result of true means that the search ran, not that it met
-/// the request: on parcels whose pieces the line leaves, on requests not below the parcel's area and on
-/// requests of zero the line does not hold what was asked. Measure the pieces.
+/// A result of true means that the search ran, not that it met the request: on parcels whose pieces the line
+/// leaves, on requests not below the parcel's area and on requests that are not above zero the line does not
+/// hold what was asked. Measure the pieces.
 ///
-/// Prepare the parcel for good answers: shift it to a local origin (at coordinates of 5e6 the cut through a
-/// vertex misses the 1e-6 in a tenth of the requests on parcels 100 across, and in most on smaller ones) and
-/// turn it so that the direction in which the line moves stays away from +x: across the base side in mode 0,
-/// along it in mode 1.
+/// Prepare the parcel for good answers: shift it to a local origin (at coordinates of 5e6 the ends of the line
+/// lie off the boundary, by 1e-4 with sides of 10, and the cut through a vertex misses the 1e-6 in a tenth of
+/// the requests on parcels 100 across, in most on smaller ones) and turn it so that the direction in which the
+/// line moves stays away from +x: across the base side in mode 0, along it in mode 1.
 ///
 /// The parcel is shared, not copied: the vector must outlive the object and stay as it is until Esegui has
 /// returned. One thread at a time per object; objects may share a parcel across threads.
+///
+/// Tolerance   The search ends when the area is met within a relative 1e-6, strictly: in modes 0 and 2 of the
+///             request, in mode 1 of the rest that is cut from the half of the parcel. Sides are met up to
+///             0.001 beyond their ends, as IntersezLineaInSegmOK has it; a vertex is on the line's side when
+///             its direction from the base line is within 1 gon of the line's.
+/// Exactness   Every operation in a fixed order, from the line equations to the shoelace sum; gons become
+///             radians by 0.01570796327 for the ray of mode 2. The ends lie on the boundary to rounding, and
+///             the areas of the two pieces are as near to the request as the tolerance says.
+/// Source      Bisection, 30 halvings of the distance at most in modes 0 and 1, 49 rays in mode 2.
 class PLCALC_API CFrazArea {
 public:
     /// Notes the request; nothing is computed yet.
     ///
     /// @param[in] poly      the ring, open (first vertex not repeated), either direction; heights are ignored
-    /// @param[in] p1, p2    reference side or vertex: compared with the ring's vertices to the last bit
+    /// @param[in] p1, p2    reference side or vertex: compared with the ring's vertices by ==, without any
+    ///                      tolerance; -0.0 is found as 0.0, and a NaN never
     /// @param[in] modo      0 parallel, 1 perpendicular, 2 through a vertex
-    /// @param[in] tipoArea  0: the area is valore1 * valore2; 1: it is valore1
+    /// @param[in] tipoArea  0: the area is valore2 * valore1; 1: it is valore1; any other: no area is set, and
+    ///                      0 is searched for
     /// @param[in] valore1   first datum: a length or an area, caller's unit
     /// @param[in] valore2   second datum: a length, or without effect
+    ///
+    /// Aliasing    The points are copied; poly is kept by reference.
     CFrazArea(const CPoint3dVector& poly, PL_PNT2D_record p1, PL_PNT2D_record p2, int modo, int tipoArea,
               double valore1, double valore2) noexcept;
 
@@ -57,6 +69,8 @@ public:
     /// Copies everything, working values and results included; the parcel stays shared.
     ///
     /// @param[in] other  the object to copy
+    ///
+    /// Degenerate  The working vectors are copied to the heap: std::bad_alloc may be thrown.
     CFrazArea(const CFrazArea& other);
 
     /// Not assignable: it refers to its parcel for life.
@@ -75,7 +89,22 @@ public:
     ///         side, the parcel has too few points, or modo is unknown; the outputs then hold what the
     ///         object held, zeros at first. True otherwise, with the reservations above.
     ///
-    /// A second call starts from what the first one left: in mode 1 that is another reference side.
+    /// Degenerate  Modes 0 and 1 need two points, mode 2 one. A request of 0 is never met: the search runs to
+    ///             its end. A negative one, and -0.0, is taken as met by the first line that is tried; mode 1
+    ///             subtracts it from the half of the parcel first. A second call starts from what the first one
+    ///             left: in mode 1 with another reference side, which the parcel as a rule does not have, so
+    ///             that the result is false and the outputs are the first call's.
+    /// Aliasing    The outputs are written last, in the order of the arguments, and read nowhere.
+    /// Exactness   Above, at the class. The bits do not depend on what the object has done before, but for the
+    ///             second call.
+    ///
+    /// Memory and time, for n vertices: the object keeps 52 bytes per vertex. While it runs, a search takes
+    /// about 170 more in modes 0 and 1 and 80 more in mode 2 on 64-bit machines; std::bad_alloc is the one
+    /// exception that may be thrown, and the object can only be destroyed after it. Mode 2 looks at
+    /// every side 49 times at most. Mode 0 tries a line through each vertex until one cuts off more than the
+    /// request, and bisects from there: n * n side tests when that is the last vertex. A request that no line
+    /// meets, such as 0, bisects anew at every vertex, which makes 31 * n * n: a sixth of a second for 1000
+    /// vertices on a desktop.
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:
