@@ -48,8 +48,8 @@ PLCALC_API double PlFunz_arcangle(int unit, const PL_PNT2D_record* from, const P
 /// Degenerate  A NaN coordinate is on no line: 0, and NaN in the record.
 /// Aliasing    The points may be the centre of arc: it is written last.
 /// Exactness   From differences to p1: u = (A*by - B*ay)*k, (B*ax - A*bx)*k with A, B the squared lengths of
-///             a = p2 - p1 and b = p3 - p1 and k = 1 / (2 * cross product); the radius is the length of u, the
-///             centre p1 + u. Rounded at each operation.
+///             a = p2 - p1 and b = p3 - p1 and k = 1 / (2 * cross product); the radius is the length of u,
+///             the centre p1 + u. Rounded at each operation.
 /// Source      Circumcentre as the meeting point of the perpendicular bisectors.
 PLCALC_API int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2,
                                 const PL_PNT2D_record* p3, ARC_2D_record* arc) noexcept;
@@ -105,8 +105,8 @@ PLCALC_API void PlFunz_arc_rect(const ARC_2D_record* arc, const PL_PNT2D_record*
 /// @param[out] n_pnts  0, 1 or 2; always written
 /// @return true when there is at least one
 ///
-/// Tolerance   PL_EPS on radius squared minus distance squared, an area, decides for a touch; the boxes and the
-///             sweep are widened by (|limit| + 1) * PL_EPS.
+/// Tolerance   PL_EPS on radius squared minus distance squared, an area, decides for a touch; the boxes and
+///             the sweep are widened by (|limit| + 1) * PL_EPS.
 /// Degenerate  A segment without length meets nothing. One that has length but is not longer than 3.16e-4 is
 ///             measured with its own length as the unit: it may miss, and the point that it reports need not
 ///             lie on the circle. A full circle, start and end equal within the margin, that the segment
@@ -124,16 +124,21 @@ PLCALC_API bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_
 /// @param[in]     vertices        the ring, the first vertex not repeated
 /// @param[in]     count           number of vertices; fewer than 3 gives false
 /// @param[in,out] rightmostIndex  index of the vertex of largest x. 0 or a value outside the array means
-///                                unknown: it is searched and written. Pass the same variable again and
-///                                again for many points in one polygon.
+///                                unknown: it is searched and written. Any other is taken as it is, right
+///                                or not. Pass the same variable again and again for many points in one
+///                                polygon, and 0 with another polygon.
 /// @return true inside; a point on the boundary comes out as the counting has it
 ///
 /// Tolerance   (|reference| + 1) * PL_EPS in every comparison; runs of vertices on one horizontal or
-///             vertical line count as one side.
+///             vertical line count as one side. Where a side is crossed is for PlFunz_intersect_ls to say,
+///             with its margins: 1e-7 of the ray, which ends 1000 East of the rightmost vertex.
 /// Degenerate  All vertices on one x or on one y: false. The function ends for every input: once round the
 ///             ring as a rule; where runs of vertices that creep by less than the margin hide vertex 0, on a
 ///             later round. A count that would go round for ever, or more than 1024 times, is replaced by the
 ///             textbook one: a side owns its lower end and not its upper one, without tolerance.
+/// Aliasing    pt may be one of the vertices; rightmostIndex must not be the variable of count.
+/// Exactness   Comparisons of coordinates as they are, and PlFunz_intersect_ls.
+/// Source      Crossing number (even-odd rule).
 ///
 /// Not to be relied on in three situations: vertex 0 inside a horizontal or vertical run of vertices; the
 /// ray through vertex 0 where the boundary crosses it; a boundary that crosses the ray along a horizontal
