@@ -305,7 +305,8 @@ PLCALC_API bool StessoPunto(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2
 /// @return positive anticlockwise, negative clockwise, unit squared; a figure eight gives the sum of its
 ///         signed lobes; 0 for fewer than three points, if finite
 ///
-/// Degenerate  Rings of more than 64 points are copied to the heap: std::bad_alloc may be thrown.
+/// Degenerate  Rings of more than 64 points take 8 bytes per point from the heap: std::bad_alloc may be
+///             thrown.
 /// Exactness   Sum in index order of ((x before - x after) * y) * 0.5, rounded at each operation; no shift
 ///             of the origin: at coordinates of 5e6 expect an error of 1e-6 square units for a ring 1000
 ///             across.

@@ -91,7 +91,7 @@ public:
 
     /// East of a point.
     ///
-    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted where NDEBUG is not defined
+    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted unless NDEBUG is defined
     /// @return x of that point, caller's unit, as it was stored
     double GetXcoordAt(int index) const noexcept
     {
@@ -101,7 +101,7 @@ public:
 
     /// North of a point.
     ///
-    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted where NDEBUG is not defined
+    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted unless NDEBUG is defined
     /// @return y of that point, caller's unit, as it was stored
     double GetYcoordAt(int index) const noexcept
     {
