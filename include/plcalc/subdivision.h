@@ -42,8 +42,8 @@ class VertexSearch;
 ///             0.001 beyond their ends, as IntersezLineaInSegmOK has it; a vertex is on the line's side when
 ///             its direction from the base line is within 1 gon of the line's.
 /// Exactness   Every operation in a fixed order, from the line equations to the shoelace sum; gons become
-///             radians by 0.01570796327 for the ray of mode 2. The ends lie on the boundary to rounding, and
-///             the areas of the two pieces are as near to the request as the tolerance says.
+///             radians by 0.01570796327 for the ray of mode 2. The ends lie on the lines of two sides to
+///             rounding, up to 0.001 beyond the side.
 /// Source      Bisection, 30 halvings of the distance at most in modes 0 and 1, 49 rays in mode 2.
 class PLCALC_API CFrazArea {
 public:

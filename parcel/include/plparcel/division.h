@@ -111,13 +111,13 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 /// side of the whole parcel gives them, or start at the same vertex. What is left after the last amount is the
 /// last piece.
 struct Request {
-    Cut cut = Cut::parallel;
+    Cut cut = Cut::parallel;  ///< which way the line runs
     /// Side or vertex, counted from 0 in the ring as it is handed over, repeated vertices counted too.
     std::size_t index = 0;
     /// One or more. Of two or more, the last may be what is left: amounts whose sum is the parcel's area within
     /// 1e-9 of it are cut with one line less.
     std::vector<Amount> amounts;
-    Measured measured = Measured::from_reference;
+    Measured measured = Measured::from_reference;  ///< where the amounts lie
 };
 
 /// What became of a request.
@@ -176,8 +176,8 @@ struct DividingLine {
     /// Parallel to a side the line runs as the side does, perpendicular to it from the end nearer the side's
     /// line, through a vertex from there.
     PL_PNT2D_record from = {};
-    PL_PNT2D_record to = {};
-    Found found = Found::by_search;
+    PL_PNT2D_record to = {};         ///< the other end
+    Found found = Found::by_search;  ///< how the line was found
     /// Prolonged beyond its ends, the line meets what was left of the parcel again: another line of the same
     /// direction through another part of it may be what was meant.
     bool meets_again = false;
@@ -199,10 +199,10 @@ struct BareAnswer {
 
 /// The answer to a request.
 struct Division {
-    Status status = Status::degenerate;
-    std::size_t at_amount = 0;        ///< unless divided: index of the amount that could not be cut
-    RingReport ring;                  ///< what was found out about the parcel
-    std::vector<DividingLine> lines;  ///< in the order of the amounts; empty unless divided
+    Status status = Status::degenerate;  ///< divided, or why not
+    std::size_t at_amount = 0;           ///< unless divided: index of the amount that could not be cut
+    RingReport ring;                     ///< what was found out about the parcel
+    std::vector<DividingLine> lines;     ///< in the order of the amounts; empty unless divided
     std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
     std::vector<BareAnswer> bare;  ///< one per cut that was tried, a failed one included
     std::size_t trials = 0;        ///< lines that were worked out and measured, beside those of CFrazArea
