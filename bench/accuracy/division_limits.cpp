@@ -10,6 +10,7 @@
 
 #include "divisions.h"
 #include "limits.h"
+#include "support/parcel_kinds.h"
 #include "tables.h"
 
 namespace {
@@ -22,7 +23,7 @@ using accuracy::Ring;
 using Random = std::mt19937_64;
 using Rows = std::vector<std::vector<std::string>>;
 
-constexpr double kAcross = 100.0;  // size of the parcels, caller's unit
+constexpr double kAcross = test::kKindsAcross;
 constexpr Mode kModes[] = {Mode::kParallel, Mode::kPerpendicular, Mode::kVertex};
 constexpr const char* kModeNames[] = {"parallel", "perpendicular", "vertex"};
 
@@ -36,62 +37,14 @@ std::size_t whole(Random& random, std::size_t low, std::size_t high)
     return std::uniform_int_distribution<std::size_t>(low, high)(random);
 }
 
-// A rectangle at some distance from the origin, its sides along the axes but for `tilt_rad` either way.
-Ring tilted_rectangle(Random& random, double tilt_rad)
-{
-    const double w = between(random, 0.1, 1.0) * kAcross;
-    const double h = between(random, 0.1, 1.0) * kAcross;
-    const double tilt = whole(random, 0, 1) == 0 ? tilt_rad : -tilt_rad;
-    Ring ring = {{0.0, 0.0}, {w, 0.0}, {w, h}, {0.0, h}};
-    for (PL_PNT2D_record& p : ring)
-        p = {kAcross + p.x - tilt * p.y, kAcross + p.y + tilt * p.x};
-    return ring;
-}
-
 Ring convex(Random& random, double across)
 {
     return test::convex_ring(random, whole(random, 4, 12), across);
 }
 
-struct Kind {
-    const char* name;
-    Ring (*make)(Random& random);
-    bool far;  // at UTM size: the remedy is a local origin
-};
-
-const Kind kKinds[] = {
-    {"triangle", [](Random& r) { return test::convex_ring(r, 3, kAcross); }, false},
-    {"convex, 4 to 12 vertices", [](Random& r) { return convex(r, kAcross); }, false},
-    {"rectangle, turned anyhow", [](Random& r) { return test::turned_rectangle(r, kAcross); }, false},
-    {"rectangle along the axes", [](Random& r) { return tilted_rectangle(r, 0.0); }, false},
-    {"rectangle turned by 1e-9 rad", [](Random& r) { return tilted_rectangle(r, 1e-9); }, false},
-    {"rectangle turned by 1e-8 rad", [](Random& r) { return tilted_rectangle(r, 1e-8); }, false},
-    {"rectangle turned by 1e-7 rad", [](Random& r) { return tilted_rectangle(r, 1e-7); }, false},
-    {"convex with vertices on its sides",
-     [](Random& r) { return test::with_vertices_on_sides(r, convex(r, kAcross)); }, false},
-    {"mildly concave", [](Random& r) { return test::dented_ring(r, whole(r, 6, 14), kAcross); }, false},
-    {"star", [](Random& r) { return test::star_ring(r, whole(r, 6, 14), kAcross); }, false},
-    {"comb, 2 to 5 teeth", [](Random& r) { return test::comb_ring(r, whole(r, 2, 5), kAcross); }, false},
-    {"L", [](Random& r) { return test::l_ring(r, kAcross); }, false},
-    {"T", [](Random& r) { return test::t_ring(r, kAcross); }, false},
-    {"convex at UTM size, 10 across",
-     [](Random& r) { return test::at_utm_size(r, convex(r, kAcross / 10.0)); }, true},
-    {"convex at UTM size", [](Random& r) { return test::at_utm_size(r, convex(r, kAcross)); }, true},
-    {"convex at UTM size, 1000 across",
-     [](Random& r) { return test::at_utm_size(r, convex(r, kAcross * 10.0)); }, true},
-};
-
 double area_of(const Ring& ring)
 {
     return static_cast<double>(std::fabs(test::signed_area(ring)));
-}
-
-// Either direction round, any side or vertex, and the given part of the area.
-Request request_on(Random& random, const Ring& ring, Mode mode, double part)
-{
-    Request r = {whole(random, 0, 1) == 0 ? ring : test::reversed(ring), 0, mode, part * area_of(ring)};
-    r.side = whole(random, 0, ring.size() - 1);
-    return r;
 }
 
 bool succeeds(const Request& r)
@@ -148,7 +101,7 @@ void judge(const Request& r, bool far, Tally& t)
     }
 }
 
-Tally tally(Random& random, const Kind& kind, Mode mode, bool shifted, int cases)
+Tally tally(Random& random, const test::ParcelKind& kind, Mode mode, bool shifted, int cases)
 {
     Tally t;
     for (int i = 0; i < cases; ++i) {
@@ -168,7 +121,7 @@ void print_kinds(Random& random, int cases)
 {
     Rows rates = {{"parcel", kModeNames[0], kModeNames[1], kModeNames[2]}};
     Rows reasons = {{"parcel", "mode", "reason", "requests of " + accuracy::count(cases)}};
-    const auto add = [&](const Kind& kind, bool shifted) {
+    const auto add = [&](const test::ParcelKind& kind, bool shifted) {
         const std::string name = kind.name + std::string(shifted ? ", at a local origin" : "");
         std::vector<std::string> row = {name};
         for (const Mode mode : kModes) {
@@ -178,7 +131,7 @@ void print_kinds(Random& random, int cases)
         }
         rates.push_back(row);
     };
-    for (const Kind& kind : kKinds) {
+    for (const test::ParcelKind& kind : test::parcel_kinds()) {
         add(kind, false);
         if (kind.far)
             add(kind, true);

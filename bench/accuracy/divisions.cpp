@@ -205,6 +205,17 @@ Vector direction(const Request& r)
 
 namespace accuracy {
 
+Request request_on(std::mt19937_64& random, const Ring& ring, Mode mode, double part)
+{
+    const auto whole = [&random](std::size_t low, std::size_t high) {
+        return std::uniform_int_distribution<std::size_t>(low, high)(random);
+    };
+    const double area = part * static_cast<double>(std::fabs(test::signed_area(ring)));
+    Request r = {whole(0, 1) == 0 ? ring : test::reversed(ring), 0, mode, area};
+    r.side = whole(0, ring.size() - 1);
+    return r;
+}
+
 bool Division::succeeded(double requested) const
 {
     return done && inside && std::fabs(piece - requested) <= kHeld * parcel;

@@ -4,6 +4,7 @@
 // double and without the library.
 
 #include <cstddef>
+#include <random>
 
 #include "plcalc/kernel.h"
 #include "support/parcels.h"
@@ -20,6 +21,11 @@ struct Request {
     Mode mode;
     double area;
 };
+
+/// A request on a ring: either direction round, any side or vertex.
+///
+/// @param[in] part  what to cut off, of the parcel's area
+Request request_on(std::mt19937_64& random, const Ring& ring, Mode mode, double part);
 
 /// What came back, and what it is worth.
 struct Division {

@@ -18,8 +18,8 @@ constexpr double kOfParcel = 1e-9;
 constexpr double kOfSmallerPiece = 0.01;
 
 // An end lies this many times the spacing of doubles at the ring's largest coordinate from its side, at most:
-// one rounding on each axis, to the farther neighbour at worst, is 1.5 of it.
-constexpr double kEndRoundings = 2.0;
+// rounding each axis to the third nearest double at worst takes it 1.5 spacings on each, 2.1 in all.
+constexpr double kEndRoundings = 2.5;
 
 // An end this many times that spacing from a vertex, on each axis, is moved onto it where the area allows: it
 // would leave a side of a nanometre, or lie beyond the vertex.
@@ -107,12 +107,13 @@ Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target
     return measure(ring, area_of(ring) > 0.0, chord.request_after_from, target, cutting);
 }
 
-// The double nearest to a coordinate, or for `other` the neighbour on the coordinate's other side.
-double rounded(const Wide& v, bool other)
+// The three doubles nearest to a coordinate, the nearest first.
+double rounded(const Wide& v, unsigned rank)
 {
-    if (!other || v.lo == 0.0)
+    const double beyond = std::copysign(std::numeric_limits<double>::infinity(), v.lo);
+    if (rank == 0)
         return v.hi;
-    return std::nextafter(v.hi, std::copysign(std::numeric_limits<double>::infinity(), v.lo));
+    return std::nextafter(v.hi, rank == 1 ? beyond : -beyond);
 }
 
 // The end of its side that a point is next to, or the point.
@@ -130,7 +131,7 @@ PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_rec
 Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
               Cutting& cutting)
 {
-    constexpr unsigned kRoundings = 16;  // of four coordinates, up or down
+    constexpr unsigned kRoundings = 81;  // of four coordinates, to three doubles each
     const WidePoint from = local.to_parcel(chord.from);
     const WidePoint to = local.to_parcel(chord.to);
     cutting.from_side = chord.from_side;
@@ -140,8 +141,8 @@ Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, cons
     Verdict verdict = judge_rounded(ring, chord, target, cutting);
     // A line that leaves the parcel is not pushed back into it by a rounding.
     for (unsigned choice = 0; choice < kRoundings && verdict == Verdict::misses; ++choice) {
-        cutting.from = {rounded(from.x, (choice & 1U) != 0), rounded(from.y, (choice & 2U) != 0)};
-        cutting.to = {rounded(to.x, (choice & 4U) != 0), rounded(to.y, (choice & 8U) != 0)};
+        cutting.from = {rounded(from.x, choice % 3), rounded(from.y, choice / 3 % 3)};
+        cutting.to = {rounded(to.x, choice / 9 % 3), rounded(to.y, choice / 27)};
         if (judge_rounded(ring, chord, target, cutting) == Verdict::divides)
             return Verdict::divides;
     }

@@ -1,0 +1,171 @@
+// The promise of the layer, over the kinds of parcel of docs/accuracy.md: what it calls divided is divided, by
+// GEOS's own cut; parcels that are not badly concave are always divided; and on the others it holds a request
+// wherever a bare call of CFrazArea does. Prints the tables of docs/division.md.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "divisions.h"
+#include "geos_verdict.h"
+#include "plparcel/division.h"
+#include "support/bits.h"
+#include "support/parcel_kinds.h"
+
+namespace {
+
+using plparcel::Division;
+using plparcel::Found;
+using plparcel::Status;
+
+constexpr accuracy::Mode kModes[] = {accuracy::Mode::kParallel, accuracy::Mode::kPerpendicular,
+                                     accuracy::Mode::kVertex};
+constexpr int kDefaultRequests = 20000;
+
+int requests()
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    return chosen != nullptr ? std::max(1, std::atoi(chosen)) : kDefaultRequests;
+}
+
+struct Tally {
+    int requests = 0;
+    int bare = 0;      // held by a bare call of CFrazArea on the parcel as it is
+    int searched = 0;  // divided by its line, brought to rest
+    int swept = 0;     // divided by another line
+    int again = 0;     // of them, the line prolonged meets the parcel again
+    std::map<Status, int> refused;
+
+    int divided() const { return searched + swept; }
+};
+using Tallies = std::array<Tally, 3>;  // by mode
+
+plparcel::Request as_request(const accuracy::Request& r)
+{
+    plparcel::Request request;
+    request.cut = static_cast<plparcel::Cut>(r.mode);
+    request.index = r.side;
+    request.amounts = {plparcel::area(r.area)};
+    return request;
+}
+
+void note(const Division& division, Tally& tally)
+{
+    if (division.status != Status::divided) {
+        ++tally.refused[division.status];
+        return;
+    }
+    const plparcel::DividingLine& line = division.lines[0];
+    ++(line.found == Found::by_search ? tally.searched : tally.swept);
+    tally.again += line.meets_again ? 1 : 0;
+}
+
+bool none_exists(Status status)
+{
+    return status == Status::base_reaches_behind || status == Status::line_leaves_parcel;
+}
+
+std::string shown(const accuracy::Request& r)
+{
+    std::string text = "side " + std::to_string(r.side) + " area " + std::to_string(r.area) + " ring";
+    char point[80];
+    for (const PL_PNT2D_record& p : r.ring) {
+        std::snprintf(point, sizeof point, " {%a, %a}", p.x, p.y);
+        text += point;
+    }
+    return text;
+}
+
+class Kinds : public ::testing::Test {
+protected:
+    Tally run(const test::ParcelKind& kind, accuracy::Mode mode, int count)
+    {
+        Tally tally;
+        for (int i = 0; i < count; ++i)
+            judge(kind, mode, tally);
+        return tally;
+    }
+
+private:
+    void judge(const test::ParcelKind& kind, accuracy::Mode mode, Tally& tally)
+    {
+        const test::Ring ring = kind.make(random_);
+        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random_);
+        const accuracy::Request r = accuracy::request_on(random_, ring, mode, part);
+        const plparcel::Request request = as_request(r);
+        const Division division = plparcel::divide(r.ring, request);
+        const bool bare = accuracy::divide(r).succeeded(r.area);
+        ++tally.requests;
+        tally.bare += bare ? 1 : 0;
+        note(division, tally);
+        if (division.status == Status::divided) {
+            EXPECT_EQ(parcel_test::geos_objection(geos_, r.ring, request, r.area, division), "")
+                << kind.name << ", mode " << static_cast<int>(mode) << ", " << shown(r);
+        } else {
+            EXPECT_TRUE(kind.concave || none_exists(division.status))
+                << kind.name << ", mode " << static_cast<int>(mode) << ": "
+                << plparcel::describe(division.status) << ", " << shown(r);
+            EXPECT_FALSE(bare) << kind.name << ", mode " << static_cast<int>(mode) << ": "
+                               << plparcel::describe(division.status) << ", " << shown(r);
+        }
+    }
+
+    std::mt19937_64 random_ = test::random_source();
+    witness::Geos geos_;
+};
+
+void print_row(const char* name, const Tallies& tallies)
+{
+    std::printf("| %s |", name);
+    for (const Tally& t : tallies)
+        std::printf(" %.2f | %.2f |", 100.0 * t.bare / t.requests, 100.0 * t.divided() / t.requests);
+    std::printf("\n");
+}
+
+void print_details(const char* name, const Tallies& tallies)
+{
+    for (const accuracy::Mode mode : kModes) {
+        const Tally& t = tallies[static_cast<std::size_t>(mode)];
+        std::printf("| %s | %d | %d | %d | %d | %d |", name, static_cast<int>(mode), t.requests, t.searched,
+                    t.swept, t.again);
+        for (const auto& [status, times] : t.refused)
+            std::printf(" %d %s;", times, plparcel::describe(status));
+        std::printf(" |\n");
+    }
+}
+
+TEST_F(Kinds, DividedIsRightAndMoreIsDividedThanByABareCall)
+{
+    const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
+    const int count = requests() / static_cast<int>(kinds.size() * 3) + 1;
+    std::vector<Tallies> all;
+    std::printf(
+        "| parcel | parallel, bare | divided | perpendicular, bare | divided | vertex, bare | divided "
+        "|\n| --- | --- | --- | --- | --- | --- | --- |\n");
+    for (const test::ParcelKind& kind : kinds) {
+        Tallies tallies;
+        for (const accuracy::Mode mode : kModes) {
+            Tally& tally = tallies[static_cast<std::size_t>(mode)];
+            tally = run(kind, mode, count);
+            EXPECT_GE(tally.divided(), tally.bare) << kind.name;
+            if (!kind.concave) {
+                EXPECT_EQ(tally.divided(), tally.requests) << kind.name << ", " << static_cast<int>(mode);
+            }
+        }
+        print_row(kind.name, tallies);
+        all.push_back(tallies);
+    }
+    std::printf("\n| parcel | mode | requests | by search | by sweep | meets again | refused |\n"
+                "| --- | --- | --- | --- | --- | --- | --- |\n");
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        print_details(kinds[i].name, all[i]);
+}
+
+}  // namespace
