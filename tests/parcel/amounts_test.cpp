@@ -1,1 +1,102 @@
+#include "amounts.h"
+
 #include <gtest/gtest.h>
+
+#include <limits>
+#include <vector>
+
+#include "support/bits.h"
+
+namespace {
+
+using plparcel::Amount;
+using plparcel::area;
+using plparcel::equal_parts;
+using plparcel::product;
+using plparcel::share;
+using plparcel::Shares;
+using plparcel::Status;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+TEST(Amounts, BecomeAreas)
+{
+    const struct {
+        const char* what;
+        std::vector<Amount> amounts;
+        std::vector<double> pieces;  // of a parcel of 900
+    } rows[] = {
+        {"an area", {area(250)}, {250, 650}},
+        {"a product", {product(20, 30)}, {600, 300}},
+        {"a third", {share(1, 3)}, {300, 600}},
+        {"25 %", {share(25, 100)}, {225, 675}},
+        {"one after another", {area(100), product(10, 20), share(1, 9)}, {100, 200, 100, 500}},
+        {"equal parts", equal_parts(3), {300, 300, 300}},
+        {"three thirds: the last is what is left", {share(1, 3), share(1, 3), share(1, 3)}, {300, 300, 300}},
+        {"areas that are all of it", {area(400), area(500)}, {400, 500}},
+        {"just less than 1e-9 too much", {area(400), area(500.0000008)}, {400, 500.0000008}},
+        {"just less than 1e-9 too little", {area(400), area(499.9999992)}, {400, 499.9999992}},
+        {"more than 1e-9 too little", {area(400), area(499.999999)}, {400, 499.999999, 0.000001}},
+        {"alone, nearly everything", {area(899.9999999)}, {899.9999999, 0.0000001}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Shares shares = plparcel::share_out(row.amounts, 900.0);
+        EXPECT_EQ(shares.status, Status::divided);
+        ASSERT_EQ(shares.pieces.size(), row.pieces.size());
+        for (std::size_t i = 0; i < row.pieces.size(); ++i)
+            EXPECT_NEAR(shares.pieces[i].value(), row.pieces[i], 1e-12);
+    }
+}
+
+TEST(Amounts, SharesAreNotRounded)
+{
+    const Shares shares = plparcel::share_out({share(1, 3)}, 1.0);
+    EXPECT_BITS(shares.pieces[0].hi, 1.0 / 3.0);
+    EXPECT_BITS(shares.pieces[0].lo, 0x1.5555555555555p-56);  // 1/3 = 0x1.5555...p-2, digits without end
+}
+
+TEST(Amounts, AreRefusedWithTheOneAtFault)
+{
+    const struct {
+        const char* what;
+        std::vector<Amount> amounts;
+        std::size_t at;
+    } rows[] = {
+        {"none", {}, 0},
+        {"equal parts of one", equal_parts(1), 0},
+        {"equal parts of none", equal_parts(0), 0},
+        {"nothing", {area(0)}, 0},
+        {"less than nothing", {area(-1)}, 0},
+        {"a NaN", {area(kNan)}, 0},
+        {"infinite", {area(kInf)}, 0},
+        {"a product of two negative lengths", {product(-20, -30)}, 0},
+        {"a length of nothing", {product(20, 0)}, 0},
+        {"a share of a NaN", {share(1, kNan)}, 0},
+        {"a share with nothing below", {share(1, 0)}, 0},
+        {"a number that no one means", {area(1e-201)}, 0},
+        {"everything", {area(900)}, 0},
+        {"more than everything", {area(901)}, 0},
+        {"three halves", {share(3, 2)}, 0},
+        {"everything, then something", {area(900), area(1)}, 0},
+        {"too much in the end", {area(400), area(500.000001)}, 1},
+        {"all used up before the last", {area(400), area(500), area(1)}, 1},
+        {"the second is nothing", {area(400), area(0), area(1)}, 1},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Shares shares = plparcel::share_out(row.amounts, 900.0);
+        EXPECT_EQ(shares.status, Status::amount_out_of_range);
+        EXPECT_EQ(shares.at_amount, row.at);
+    }
+}
+
+TEST(Amounts, OfAnUnknownKindAreUnknown)
+{
+    const Shares shares = plparcel::share_out({area(1), {static_cast<plparcel::Given>(3), 1, 1}}, 900.0);
+    EXPECT_EQ(shares.status, Status::unknown_request);
+    EXPECT_EQ(shares.at_amount, 1U);
+}
+
+}  // namespace

@@ -1,1 +1,120 @@
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "support/bits.h"
+
+namespace {
+
+using plparcel::check_ring;
+using plparcel::Ring;
+using plparcel::RingReport;
+using plparcel::Status;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+TEST(RingCheck, SaysWhetherARingCanBeWorkedOn)
+{
+    const struct {
+        const char* what;
+        Ring ring;
+        Status status;
+    } rows[] = {
+        {"nothing", {}, Status::degenerate},
+        {"a point", {{1, 2}}, Status::degenerate},
+        {"two points", {{1, 2}, {3, 4}}, Status::degenerate},
+        {"two points, closed", {{1, 2}, {3, 4}, {1, 2}}, Status::degenerate},
+        {"one point, four times", {{1, 2}, {1, 2}, {1, 2}, {1, 2}}, Status::degenerate},
+        {"there and back on one line", {{0, 0}, {1, 1}, {2, 2}, {1.5, 1.5}}, Status::degenerate},
+        {"a triangle", {{0, 0}, {1, 0}, {0, 1}}, Status::divided},
+        {"a triangle a hair from flat", {{0, 0}, {1, 0x1p-1000}, {2, 0}}, Status::divided},
+        {"a NaN", {{0, 0}, {1, 0}, {0, kNan}}, Status::not_finite},
+        {"an infinite East", {{0, 0}, {kInf, 0}, {0, 1}}, Status::not_finite},
+        {"an infinite vertex among too few", {{0, 0}, {-kInf, 0}}, Status::not_finite},
+        {"an extent that overflows", {{-1.5e308, 0}, {1.5e308, 0}, {0, 1}}, Status::not_finite},
+        {"2^300 across", {{0, 0}, {0x1p300, 0}, {0, 1}}, Status::divided},
+        {"a bit more", {{0, 0}, {0x1.0000000000001p300, 0}, {0, 1}}, Status::not_finite},
+        {"2^-300 across", {{0, 0}, {0x1p-300, 0}, {0, 0x1p-300}}, Status::divided},
+        {"a bit less",
+         {{0, 0}, {0x1.fffffffffffffp-301, 0}, {0, 0x1.fffffffffffffp-301}},
+         Status::not_finite},
+        {"a bow tie", {{0, 0}, {1, 1}, {1, 0}, {0, 1}}, Status::ring_not_simple},
+        {"a bow tie of no area", {{0, 0}, {2, 2}, {2, 0}, {0, 2}}, Status::ring_not_simple},
+        {"a vertex on another side", {{0, 0}, {4, 0}, {4, 4}, {2, 0}, {0, 4}}, Status::ring_not_simple},
+        {"one double above that side",
+         {{0, 0}, {4, 0}, {4, 4}, {2, std::numeric_limits<double>::denorm_min()}, {0, 4}},
+         Status::divided},
+        {"a vertex twice, not in a row",
+         {{0, 0}, {2, 2}, {4, 0}, {4, 4}, {2, 2}, {0, 4}},
+         Status::ring_not_simple},
+        {"a spike", {{0, 0}, {4, 0}, {4, 4}, {4, 6}, {4, 4}, {0, 4}}, Status::ring_not_simple},
+        {"a spike that comes back part of the way",
+         {{0, 0}, {4, 0}, {4, 6}, {4, 4}, {0, 4}},
+         Status::ring_not_simple},
+        {"a side that lies in another",
+         {{0, 0}, {6, 0}, {6, 4}, {4, 0}, {2, 0}, {0, 4}},
+         Status::ring_not_simple},
+        {"a side around another", {{2, 0}, {4, 0}, {6, 4}, {8, 0}, {0, 0}, {0, 4}}, Status::ring_not_simple},
+        {"vertices on sides, straight on", {{0, 0}, {2, 0}, {4, 0}, {4, 4}, {0, 4}}, Status::divided},
+        {"an E, whose sides see each other's lines",
+         {{0, 0}, {9, 0}, {9, 1}, {1, 1}, {1, 2}, {9, 2}, {9, 3}, {1, 3}, {1, 4}, {9, 4}, {9, 5}, {0, 5}},
+         Status::divided},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(check_ring(row.ring).status, row.status) << row.what;
+}
+
+// The doubles nearest to 0.3, 0.9 and 0.1, 0.3 do not lie on one line through the origin. Twice the area of the
+// sliver is 0.3 * 0.3 - 0.1 * 0.9, of which doubles see the last bit at best.
+TEST(RingCheck, DecidesBeyondDoublePrecision)
+{
+    const double rounded = 0.1 * 0.9;
+    const double twice = std::fma(0.3, 0.3, -rounded) - std::fma(0.1, 0.9, -rounded);
+    ASSERT_NE(twice, 0.0);
+    const RingReport report = check_ring({{0, 0}, {0.3, 0.9}, {0.1, 0.3}});
+    EXPECT_EQ(report.status, Status::divided);
+    EXPECT_EQ(report.anticlockwise, twice > 0.0);
+    EXPECT_BITS(report.area, std::fabs(twice) / 2.0);
+}
+
+TEST(RingCheck, ReportsWhatItToleratesAndMeasures)
+{
+    const RingReport plain = check_ring({{0, 0}, {100, 0}, {100, 50}, {0, 50}});
+    EXPECT_EQ(plain.repeated, 0U);
+    EXPECT_FALSE(plain.closed);
+    EXPECT_TRUE(plain.anticlockwise);
+    EXPECT_BITS(plain.area, 5000.0);
+    EXPECT_BITS(plain.perimeter, 300.0);
+
+    const RingReport messy =
+        check_ring({{0, 0}, {0, 0}, {0, 50}, {100, 50}, {100, 50}, {100, 50}, {100, 0}, {0, 0}, {0, 0}});
+    EXPECT_EQ(messy.status, Status::divided);
+    EXPECT_EQ(messy.repeated, 4U);
+    EXPECT_TRUE(messy.closed);
+    EXPECT_FALSE(messy.anticlockwise);
+    EXPECT_BITS(messy.area, 5000.0);
+    EXPECT_BITS(messy.perimeter, 300.0);
+}
+
+TEST(RingCheck, AreaLosesNothingAtLargeCoordinates)
+{
+    // A unit square at 5e15, where doubles are 1 apart: products of its coordinates are good to 4e15 only.
+    const double e = 5e15;
+    EXPECT_BITS(check_ring({{e, e}, {e + 1, e}, {e + 1, e + 1}, {e, e + 1}}).area, 1.0);
+}
+
+TEST(RingCheck, NamesTheSidesThatMeetAsTheyWereCounted)
+{
+    // Sides 0, 1 and 3 have length; the vertices 2 and 3 are one.
+    const RingReport report = check_ring({{0, 0}, {1, 1}, {1, 0}, {1, 0}, {0, 1}, {0, 0}});
+    EXPECT_EQ(report.status, Status::ring_not_simple);
+    EXPECT_EQ(report.meeting_sides[0], 0U);
+    EXPECT_EQ(report.meeting_sides[1], 3U);
+}
+
+}  // namespace

@@ -218,8 +218,8 @@ struct Division {
 ///         included, by a measurement that shares nothing with the search: the two rings are walked and summed
 ///         with 106 bits.
 ///
-/// Tolerance   Ends of lines lie within a rounding of a coordinate, on each axis, of the side that they end on:
-///             5e-10 at 5e6. On parcels of less than about a unit across at such coordinates this alone may
+/// Tolerance   Ends of lines lie within two roundings of a coordinate, on each axis, of the side that they end on:
+///             1e-9 at 5e6. On parcels of about a square unit or less at such coordinates this alone may
 ///             forbid the 1e-9, and the answer is not_reached. A line that touches the boundary between its
 ///             ends makes more than two pieces.
 /// Concave     Lines that meet the parcel's boundary again when prolonged are cut at their first part. Where
