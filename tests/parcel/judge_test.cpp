@@ -1,1 +1,180 @@
+#include "judge.h"
+
 #include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "support/bits.h"
+
+namespace {
+
+using plparcel::Chord;
+using plparcel::Cutting;
+using plparcel::judge;
+using plparcel::LocalRing;
+using plparcel::Ring;
+using plparcel::Target;
+using plparcel::Verdict;
+
+// The U, of 7600:        6--5  2 .. 7: vertices; sides as their first vertex
+//   7 (0,100)--6 (30,100)   3 (70,100)--2 (100,100)
+//        |  5 (30,40)---4 (70,40)   |
+//   0 (0,0)----------------------1 (100,0)
+const Ring kU = {{0, 0}, {100, 0}, {100, 100}, {70, 100}, {70, 40}, {30, 40}, {30, 100}, {0, 100}};
+constexpr double kArea = 7600.0;
+
+struct Ends {
+    PL_PNT2D_record from;
+    std::size_t from_side;
+    PL_PNT2D_record to;
+    std::size_t to_side;
+    bool request_after_from;
+};
+
+Verdict verdict(const Ring& ring, const Ends& ends, double asked, double parcel, Cutting& cutting)
+{
+    const LocalRing local(ring);
+    Chord chord;
+    chord.from = local.to_local(ends.from);
+    chord.to = local.to_local(ends.to);
+    chord.from_side = ends.from_side;
+    chord.to_side = ends.to_side;
+    chord.request_after_from = ends.request_after_from;
+    return judge(ring, local, chord, Target{asked, parcel - asked, parcel}, cutting);
+}
+
+Verdict verdict(const Ring& ring, const Ends& ends, double asked, double parcel)
+{
+    Cutting cutting;
+    return verdict(ring, ends, asked, parcel, cutting);
+}
+
+TEST(Judge, TellsLinesThatDivideFromThoseThatDoNot)
+{
+    const struct {
+        const char* what;
+        Ends ends;
+        double asked;
+        Verdict verdict;
+    } rows[] = {
+        {"across the strip", {{100, 20}, 1, {0, 20}, 7, true}, 5600, Verdict::divides},
+        {"the other piece", {{100, 20}, 1, {0, 20}, 7, false}, 2000, Verdict::divides},
+        {"the other way round", {{0, 20}, 7, {100, 20}, 1, true}, 2000, Verdict::divides},
+        {"the pieces mixed up", {{100, 20}, 1, {0, 20}, 7, true}, 2000, Verdict::misses},
+        {"across one arm", {{30, 70}, 5, {0, 70}, 7, true}, 900, Verdict::divides},
+        {"across both arms and the gap", {{100, 70}, 1, {0, 70}, 7, true}, 3600, Verdict::leaves_the_parcel},
+        {"across the gap alone", {{70, 70}, 3, {30, 70}, 5, true}, 1200, Verdict::leaves_the_parcel},
+        {"along the gap's floor", {{100, 40}, 1, {0, 40}, 7, true}, 3600, Verdict::leaves_the_parcel},
+        {"to the gap's corner, as its one side", {{100, 40}, 1, {70, 40}, 3, true}, 1800, Verdict::divides},
+        {"to the same, as its other side", {{100, 40}, 1, {70, 40}, 4, true}, 1800, Verdict::divides},
+        {"past the corner on the left", {{100, 20}, 1, {40, 60}, 4, true}, 3000, Verdict::misses},
+        {"grazing a corner",
+         {{100, 20}, 1, {0, 86.666666666666671}, 7, true},
+         4666,
+         Verdict::leaves_the_parcel},
+        {"a piece too small by 2e-9 of the parcel",
+         {{100, 20}, 1, {0, 20}, 7, true},
+         5600 + 2e-9 * kArea,
+         Verdict::misses},
+        {"an end beside its side", {{100, 20}, 1, {1e-9, 20}, 7, true}, 5600, Verdict::misses},
+        {"an end beyond its side", {{100, 120}, 1, {0, 20}, 7, true}, 600, Verdict::misses},
+        {"no length", {{100, 0}, 0, {100, 0}, 1, true}, 1, Verdict::misses},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(verdict(kU, row.ends, row.asked, kArea), row.verdict) << row.what;
+}
+
+TEST(Judge, ToleranceIsABillionthOfTheParcelAndAHundredthOfThePiece)
+{
+    // A square of 2^10 by 2^10: areas of strips are exact, so are the rims.
+    const Ring square = {{0, 0}, {1024, 0}, {1024, 1024}, {0, 1024}};
+    const double parcel = 0x1p20;
+    const auto strip = [&](double height, double asked) {
+        return verdict(square, {{0, height}, 3, {1024, height}, 1, true}, asked, parcel);
+    };
+    const double tolerance = 1e-9 * parcel;
+    EXPECT_EQ(strip(512, 0x1p19 + 0.999 * tolerance), Verdict::divides);
+    EXPECT_EQ(strip(512, 0x1p19 - 0.999 * tolerance), Verdict::divides);
+    EXPECT_EQ(strip(512, 0x1p19 + 1.001 * tolerance), Verdict::misses);
+    EXPECT_EQ(strip(512, 0x1p19 - 1.001 * tolerance), Verdict::misses);
+
+    // A strip of 2^-17 holds 2^-7, which is 7.45e-9 of the parcel; of 2^-24, a hundredth is the smaller.
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 1.0098), Verdict::divides);
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 1.0102), Verdict::misses);
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 0.9902), Verdict::divides);
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 0.9898), Verdict::misses);
+    // And where nearly everything is asked, of what is left.
+    EXPECT_EQ(
+        verdict(square, {{0, 0x1p-24}, 3, {1024, 0x1p-24}, 1, false}, parcel - 0x1p-14 * 1.0102, parcel),
+        Verdict::misses);
+    EXPECT_EQ(
+        verdict(square, {{0, 0x1p-24}, 3, {1024, 0x1p-24}, 1, false}, parcel - 0x1p-14 * 1.0098, parcel),
+        Verdict::divides);
+}
+
+TEST(Judge, CutsTheRingInTwo)
+{
+    Cutting cutting;
+    ASSERT_EQ(verdict(kU, {{100, 20}, 1, {0, 20}, 7, true}, 5600, kArea, cutting), Verdict::divides);
+    EXPECT_POINT(cutting.from, ({100, 20}));
+    EXPECT_POINT(cutting.to, ({0, 20}));
+    EXPECT_BITS(cutting.got.hi, 5600.0);
+    ASSERT_EQ(cutting.request.ring.size(), 8U);
+    EXPECT_POINT(cutting.request.ring.front(), ({100, 20}));
+    EXPECT_POINT(cutting.request.ring[1], ({100, 100}));
+    EXPECT_POINT(cutting.request.ring.back(), ({0, 20}));
+    ASSERT_EQ(cutting.rest.size(), 4U);
+    EXPECT_POINT(cutting.rest[0], ({0, 20}));
+    EXPECT_POINT(cutting.rest[1], ({0, 0}));
+    EXPECT_POINT(cutting.rest[2], ({100, 0}));
+    EXPECT_POINT(cutting.rest[3], ({100, 20}));
+}
+
+TEST(Judge, EndsNextToAVertexAreTheVertex)
+{
+    // Spacing at 100 is 2.2e-14: four of them are a vertex still, and no piece has a side of that length.
+    Cutting cutting;
+    const double near = 40.0 + 5e-14;
+    ASSERT_EQ(verdict(kU, {{100, 40}, 1, {70, near}, 3, true}, 1800, kArea, cutting), Verdict::divides);
+    EXPECT_POINT(cutting.to, ({70, 40}));
+    EXPECT_EQ(cutting.request.ring.size(), 4U);
+    EXPECT_EQ(cutting.rest.size(), 7U);
+
+    ASSERT_EQ(verdict(kU, {{100, 40}, 1, {70, 40.0 + 1.5e-13}, 3, true}, 1800, kArea, cutting),
+              Verdict::divides);
+    EXPECT_GT(cutting.to.y, 40.0);
+    EXPECT_EQ(cutting.rest.size(), 8U);
+}
+
+TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
+{
+    // At 2^24 doubles are 2^-28 apart. 8 wide and 1 high: both ends 3/8 of that too low are 1.1e-8 of area, and
+    // 8e-9 is what is allowed.
+    const double e = 0x1p24;
+    const Ring far = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
+    const LocalRing local(far);
+    Chord chord;
+    // Height 0.5 + 3/8 of a spacing at both ends: to the nearest, both round to 0.5.
+    const plparcel::Wide height = plparcel::Wide(0.5) + plparcel::Wide(0x1.8p-30);
+    const int exponent = local.scale_exponent();
+    chord.from = {0.0, plparcel::scaled(height, exponent)};
+    chord.to = {plparcel::scaled(8.0, exponent), plparcel::scaled(height, exponent)};
+    chord.from_side = 3;
+    chord.to_side = 1;
+    chord.request_after_from = true;
+    Cutting cutting;
+    const plparcel::Wide asked = height * 8.0;
+    ASSERT_EQ(judge(far, local, chord, Target{asked, plparcel::Wide(8.0) - asked, 8.0}, cutting),
+              Verdict::divides);
+    // One end up, one down: within an eighth of a spacing of the middle.
+    EXPECT_NE(cutting.from.y, cutting.to.y);
+    EXPECT_BITS(std::fabs((cutting.got - asked).value()), 0x1p-28);
+
+    // At 2^30 they are 2.4e-7 apart, which no choice makes up for.
+    const double f = 0x1p30;
+    const Ring too_far = {{f, f}, {f + 1, f}, {f + 1, f + 1}, {f, f + 1}};
+    EXPECT_EQ(verdict(too_far, {{f, f + 0.5}, 3, {f + 1, f + 0.5}, 1, true}, 0.5 + 2e-8, 1.0),
+              Verdict::misses);
+}
+
+}  // namespace

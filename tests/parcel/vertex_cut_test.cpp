@@ -1,1 +1,92 @@
+#include "vertex_cut.h"
+
 #include <gtest/gtest.h>
+
+#include <vector>
+
+#include "support/bits.h"
+
+namespace {
+
+using plparcel::Chord;
+using plparcel::lines_from_vertex;
+using plparcel::LocalRing;
+using plparcel::Ring;
+
+// Local coordinates are those below: 4096 across.
+const Ring kSquare = {{0, 0}, {4096, 0}, {4096, 4096}, {0, 4096}};
+constexpr double kTriangle = 0x1p23;  // half of the square
+
+struct Row {
+    const char* what;
+    double area;
+    std::size_t to_side;
+    PL_PNT2D_record to;
+};
+
+TEST(VertexCut, TriangleOnEachSide)
+{
+    const Row rows[] = {
+        {"a quarter", kTriangle / 2, 1, {4096, 2048}},
+        {"three quarters", kTriangle * 1.5, 2, {2048, 4096}},
+        {"next to nothing", 0x1p-10, 1, {4096, 0x1p-21}},
+    };
+    const LocalRing local(kSquare);
+    for (const Row& row : rows) {
+        const std::vector<Chord> lines = lines_from_vertex(local, 1.0, 0, row.area);
+        ASSERT_EQ(lines.size(), 1U) << row.what;
+        EXPECT_EQ(lines[0].from_side, 0U) << row.what;
+        EXPECT_EQ(lines[0].to_side, row.to_side) << row.what;
+        EXPECT_BITS(lines[0].to.x.value(), row.to.x);
+        EXPECT_BITS(lines[0].to.y.value(), row.to.y);
+    }
+    EXPECT_TRUE(lines_from_vertex(local, 1.0, 0, 2.1 * kTriangle).empty());
+}
+
+TEST(VertexCut, ToAVertexFromBothItsSides)
+{
+    const std::vector<Chord> lines = lines_from_vertex(LocalRing(kSquare), 1.0, 0, kTriangle);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0].to_side, 1U);
+    EXPECT_EQ(lines[1].to_side, 2U);
+    EXPECT_BITS(lines[0].to.x.value(), 4096.0);
+    EXPECT_BITS(lines[1].to.y.value(), 4096.0);
+}
+
+TEST(VertexCut, ClockwiseFromAnyVertex)
+{
+    const Ring clockwise = {{0, 0}, {0, 4096}, {4096, 4096}, {4096, 0}};
+    // From (4096, 4096), towards (4096, 0) first.
+    const std::vector<Chord> lines = lines_from_vertex(LocalRing(clockwise), -1.0, 2, kTriangle / 2);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].from_side, 2U);
+    EXPECT_EQ(lines[0].to_side, 3U);
+    EXPECT_BITS(lines[0].to.x.value(), 2048.0);
+    EXPECT_BITS(lines[0].to.y.value(), 0.0);
+}
+
+TEST(VertexCut, OnSidesThatRunBackTheAreaSinks)
+{
+    // Seen from (0, 0), the side from (3072, 3072) to (4096, 1024) runs back: up to its start 0x1.8p21 are
+    // passed, up to its end 0x1.8p21 less half of 4096 * 3072 - 1024 * 3072.
+    const Ring bent = {{0, 0}, {4096, 0}, {3072, 3072}, {4096, 1024}, {4096, 4096}, {0, 4096}};
+    const double before = 4096.0 * 3072.0 / 2;
+    const double back = (4096.0 * 3072.0 - 1024.0 * 3072.0) / 2;
+    const std::vector<Chord> lines = lines_from_vertex(LocalRing(bent), 1.0, 0, before - back / 2);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].to_side, 1U);
+    EXPECT_EQ(lines[1].to_side, 2U);
+    EXPECT_BITS(lines[1].to.x.value(), 3584.0);
+    EXPECT_BITS(lines[1].to.y.value(), 2048.0);
+    EXPECT_EQ(lines[2].to_side, 3U);
+}
+
+TEST(VertexCut, SidesInLineWithTheVertexHoldNothing)
+{
+    const Ring straight_on = {{0, 0}, {2048, 0}, {4096, 0}, {4096, 4096}, {0, 4096}};
+    const std::vector<Chord> lines = lines_from_vertex(LocalRing(straight_on), 1.0, 0, kTriangle / 2);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].to_side, 2U);
+}
+
+}  // namespace
