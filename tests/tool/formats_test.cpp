@@ -141,10 +141,9 @@ TEST_F(Formats, OtherGeometriesThatBoundOneArea)
 TEST_F(Formats, LayersAndFeatures)
 {
     make("lots.gpkg", "GPKG", {"fields", "yards"}, {kLot, "POINT (1 2)"}, 32632);
-    EXPECT_TRUE(
-        test::fails_with(divide("lots.gpkg", kStrip), 2,
-                         "lots.gpkg: there are 2 parcels (layer fields: feature 1, layer yards: feature "
-                         "1); choose one with --layer NAME and --feature FID"));
+    EXPECT_TRUE(test::fails_with(
+        divide("lots.gpkg", kStrip), 2,
+        "lots.gpkg: several layers hold parcels (fields: 1, yards: 1); choose one with --layer NAME"));
     EXPECT_TRUE(test::fails_with(divide("lots.gpkg", std::string("--layer barns ") + kStrip), 2,
                                  "lots.gpkg: there is no layer 'barns'; it has fields, yards"));
     EXPECT_TRUE(test::fails_with(

@@ -179,9 +179,9 @@ TEST_F(MeasureVerb, Refusals)
                                  "'--area' is not known here; see plcalc measure --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "--feature"}), 2,
                                  "--feature: give one value, FID, once; see plcalc measure --help"));
-    EXPECT_TRUE(test::fails_with(
-        run({"measure", "lot.csv"}), 3,
-        "lot.csv: the parcel has fewer than three vertices; at least three different ones are needed"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv"}), 3,
+                                 "lot.csv: the parcel has fewer than three different vertices, or all of "
+                                 "them on one line; correct its coordinates"));
     write("degrees.geojson",
           R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})");
     EXPECT_TRUE(

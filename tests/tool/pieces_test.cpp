@@ -1,4 +1,4 @@
-// The cut of a ring along a line, and what the two pieces measure. Every figure is from the drawing board.
+// Where a line parts a ring, and where it does not. Every figure is from the drawing board.
 
 #include "pieces.h"
 
@@ -9,9 +9,9 @@
 namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
-using tool::kLibrarySlack;
 using tool::part_ring;
-using tool::Parting;
+
+constexpr long double kSlack = 0.0015L;
 
 const Ring kRectangle = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
 
@@ -39,46 +39,39 @@ struct PartedRow {
     const char* what;
     Ring ring;
     PL_PNT2D_record p, q;
-    long double after_from, after_to;
 };
 
 const PartedRow kParted[] = {
-    {"level line to the East", kRectangle, {0, 10}, {100, 10}, 1000, 4000},
-    {"the same to the West", kRectangle, {100, 10}, {0, 10}, 4000, 1000},
-    {"ring clockwise: the ring goes up on the left", reversed(kRectangle), {0, 10}, {100, 10}, 4000, 1000},
-    {"from a vertex", kRectangle, {0, 0}, {100, 20}, 1000, 4000},
-    {"from vertex to vertex", kRectangle, {0, 0}, {100, 50}, 2500, 2500},
-    {"between neighbouring sides", kRectangle, {90, 0}, {100, 10}, 50, 4950},
-    {"through one arm of the U", kU, {0, 10}, {10, 10}, 350, 100},
-    {"from a reflex vertex down", kU, {10, 5}, {10, 0}, 200, 250},
-    {"from a reflex vertex across the arm", kU, {10, 5}, {0, 5}, 150, 300},
+    {"level line to the East", kRectangle, {0, 10}, {100, 10}},
+    {"the same to the West", kRectangle, {100, 10}, {0, 10}},
+    {"ring clockwise: the ring goes up on the left", reversed(kRectangle), {0, 10}, {100, 10}},
+    {"from a vertex", kRectangle, {0, 0}, {100, 20}},
+    {"from vertex to vertex", kRectangle, {0, 0}, {100, 50}},
+    {"between neighbouring sides", kRectangle, {90, 0}, {100, 10}},
+    {"through one arm of the U", kU, {0, 10}, {10, 10}},
+    {"from a reflex vertex down", kU, {10, 5}, {10, 0}},
+    {"from a reflex vertex across the arm", kU, {10, 5}, {0, 5}},
     {"collinear vertex at the line's end",
      {{0, 0}, {40, 0}, {100, 0}, {100, 50}, {0, 50}},
      {40, 0},
-     {40, 50},
-     3000,
-     2000},
+     {40, 50}},
     {"repeated vertex at the line's end",
      {{0, 0}, {40, 0}, {40, 0}, {100, 0}, {100, 50}, {0, 50}},
      {40, 0},
-     {40, 50},
-     3000,
-     2000},
+     {40, 50}},
 };
 
 TEST(Pieces, PartsRings)
 {
     for (const PartedRow& row : kParted) {
         SCOPED_TRACE(row.what);
-        Parting parting;
-        if (!part_ring(row.ring, row.p, row.q, kLibrarySlack, parting)) {
+        PL_LINE_2D_record ends = {};
+        if (!part_ring(row.ring, row.p, row.q, kSlack, ends)) {
             ADD_FAILURE();
             continue;
         }
-        EXPECT_POINT(parting.from, (row.p));
-        EXPECT_POINT(parting.to, (row.q));
-        EXPECT_EQ(tool::area_after_from(row.ring, parting), row.after_from);
-        EXPECT_EQ(tool::area_after_to(row.ring, parting), row.after_to);
+        EXPECT_POINT(ends.start, (row.p));
+        EXPECT_POINT(ends.end, (row.q));
     }
 }
 
@@ -115,38 +108,37 @@ TEST(Pieces, RefusesWhatDoesNotPartInTwo)
 {
     for (const RefusedRow& row : kRefused) {
         SCOPED_TRACE(row.what);
-        Parting parting;
-        EXPECT_FALSE(part_ring(row.ring, row.p, row.q, kLibrarySlack, parting));
-        EXPECT_FALSE(part_ring(reversed(row.ring), row.p, row.q, kLibrarySlack, parting));
-        EXPECT_FALSE(part_ring(row.ring, row.q, row.p, kLibrarySlack, parting));
+        PL_LINE_2D_record ends = {};
+        EXPECT_FALSE(part_ring(row.ring, row.p, row.q, kSlack, ends));
+        EXPECT_FALSE(part_ring(reversed(row.ring), row.p, row.q, kSlack, ends));
+        EXPECT_FALSE(part_ring(row.ring, row.q, row.p, kSlack, ends));
     }
 }
 
-// The library reports a meeting point up to 0.001 beyond a side's end; it comes back to where the line meets
-// the next side. Farther off it is no end.
+// An end beside the boundary comes back to where the line meets it. Farther off it is no end.
 TEST(Pieces, EndsComeBackAlongTheLine)
 {
-    Parting parting;
-    ASSERT_TRUE(part_ring(kRectangle, {-0.001, 10}, {100.001, 10}, kLibrarySlack, parting));
-    EXPECT_NEAR(parting.from.x, 0.0, 1e-12);
-    EXPECT_NEAR(parting.to.x, 100.0, 1e-12);
-    ASSERT_TRUE(part_ring(kRectangle, {0.001, 10}, {99.999, 10}, kLibrarySlack, parting));
-    EXPECT_NEAR(parting.from.x, 0.0, 1e-12);
-    EXPECT_NEAR(parting.to.x, 100.0, 1e-12);
-    EXPECT_TRUE(part_ring(kRectangle, {-0.00149, 10}, {100, 10}, kLibrarySlack, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {-0.00151, 10}, {100, 10}, kLibrarySlack, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {100.00151, 10}, kLibrarySlack, parting));
-    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {99.99849, 10}, kLibrarySlack, parting));
+    PL_LINE_2D_record ends = {};
+    ASSERT_TRUE(part_ring(kRectangle, {-0.001, 10}, {100.001, 10}, kSlack, ends));
+    EXPECT_NEAR(ends.start.x, 0.0, 1e-12);
+    EXPECT_NEAR(ends.end.x, 100.0, 1e-12);
+    ASSERT_TRUE(part_ring(kRectangle, {0.001, 10}, {99.999, 10}, kSlack, ends));
+    EXPECT_NEAR(ends.start.x, 0.0, 1e-12);
+    EXPECT_NEAR(ends.end.x, 100.0, 1e-12);
+    EXPECT_TRUE(part_ring(kRectangle, {-0.00149, 10}, {100, 10}, kSlack, ends));
+    EXPECT_FALSE(part_ring(kRectangle, {-0.00151, 10}, {100, 10}, kSlack, ends));
+    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {100.00151, 10}, kSlack, ends));
+    EXPECT_FALSE(part_ring(kRectangle, {0, 10}, {99.99849, 10}, kSlack, ends));
 }
 
 TEST(Pieces, LeavesTheResultAloneWhenItRefuses)
 {
-    Parting parting;
-    parting.from = {test::kUntouched, test::kUntouched};
-    parting.to_side = 77;
-    EXPECT_FALSE(part_ring(kU, {0, 10}, {30, 10}, kLibrarySlack, parting));
-    EXPECT_POINT(parting.from, ({test::kUntouched, test::kUntouched}));
-    EXPECT_EQ(parting.to_side, 77u);
+    PL_LINE_2D_record ends = {};
+    ends.start = {test::kUntouched, test::kUntouched};
+    ends.end = {77, 78};
+    EXPECT_FALSE(part_ring(kU, {0, 10}, {30, 10}, kSlack, ends));
+    EXPECT_POINT(ends.start, ({test::kUntouched, test::kUntouched}));
+    EXPECT_POINT(ends.end, ({77, 78}));
 }
 
 }  // namespace

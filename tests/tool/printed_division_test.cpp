@@ -7,21 +7,21 @@
 #include <cmath>
 #include <random>
 
+#include "divide_report.h"
 #include "numbers.h"
 #include "program.h"
-#include "report.h"
 #include "shapes.h"
 #include "support/bits.h"
 
 namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
+using plparcel::Cut;
+using plparcel::Status;
 using test::Point;
 using test::Shape;
-using tool::Cut;
-using tool::Outcome;
+using tool::Asked;
 using tool::PrintedDivision;
-using tool::Request;
 
 constexpr double kPi = 3.141592653589793;
 constexpr int kRequestsPerSize = 300;
@@ -35,13 +35,14 @@ Ring square(double side)
     return {{0, 0}, {side, 0}, {side, side}, {0, side}};
 }
 
-Request asked(Cut cut, long long number, double area)
+Asked asked(Cut cut, long long number, double area)
 {
-    Request request;
-    request.cut = cut;
-    request.number = number;
-    request.value1 = area;
-    return request;
+    Asked asked;
+    asked.request.cut = cut;
+    asked.request.amounts = {plparcel::area(area)};
+    asked.number = number;
+    asked.amounts = {tool::shortest(area)};
+    return asked;
 }
 
 // The table's line: what a person reads, or a script.
@@ -49,29 +50,29 @@ struct Line {
     PL_PNT2D_record from, to;
 };
 
-Line printed_line(const Ring& ring, const Request& request, const PrintedDivision& printed)
+Line printed_line(const Ring& ring, const Asked& asked, const PrintedDivision& printed)
 {
-    const std::string table = tool::division_table({"lot", ring}, request, printed);
+    const std::string table = tool::division_table({"lot", ring}, asked, printed);
     const std::vector<double> from = test::numbers_after(table, "from");
     const std::vector<double> to = test::numbers_after(table, "to");
     return {{from.at(0), from.at(1)}, {to.at(0), to.at(1)}};
 }
 
 // How far the piece next to the request's side, or ahead of the line, misses the request; part of the parcel.
-long double miss(const Ring& ring, const Request& request, const Line& line)
+long double miss(const Ring& ring, const Asked& asked, const Line& line)
 {
     const Shape shape = test::shape_of(ring);
     const long double parcel = test::area(shape);
     const long double part =
         test::area(test::part_after(shape, test::local(ring, line.from), test::local(ring, line.to)));
-    const long double wanted = request.area();
+    const long double wanted = asked.request.amounts[0].first;
     return std::min(std::fabs(part - wanted), std::fabs(parcel - part - wanted)) / parcel;
 }
 
 struct Row {
     const char* what;
     double side;
-    Request request;
+    Asked asked;
     int decimals;
 };
 
@@ -89,10 +90,10 @@ TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
 {
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.what);
-        PrintedDivision printed;
-        ASSERT_EQ(tool::divide_in_print(square(row.side), row.request, printed), Outcome::divided);
-        EXPECT_EQ(printed.decimals, row.decimals);
-        EXPECT_LE(miss(square(row.side), row.request, printed_line(square(row.side), row.request, printed)),
+        const PrintedDivision printed = tool::divide_in_print(square(row.side), row.asked);
+        ASSERT_TRUE(printed.done());
+        EXPECT_EQ(printed.resolution.decimals, row.decimals);
+        EXPECT_LE(miss(square(row.side), row.asked, printed_line(square(row.side), row.asked, printed)),
                   1e-6L);
     }
 }
@@ -126,20 +127,19 @@ Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex)
         SCOPED_TRACE("request " + std::to_string(i));
         const Ring ring = random_parcel(source, size, place, convex);
         const double part = std::uniform_real_distribution<double>(0.03, 0.97)(source);
-        const Request request =
+        const Asked request =
             asked(static_cast<Cut>(i % 3),
                   std::uniform_int_distribution<int>(1, static_cast<int>(ring.size()))(source),
                   part * static_cast<double>(test::area(test::shape_of(ring))));
-        PrintedDivision printed;
-        const Outcome outcome = tool::divide_in_print(ring, request, printed);
-        if (outcome == Outcome::doubles_too_coarse)
+        const PrintedDivision printed = tool::divide_in_print(ring, request);
+        if (printed.too_coarse)
             ++tally.refused_for_doubles;
-        if (outcome != Outcome::divided)
+        if (!printed.done())
             continue;
         ++tally.printed;
         const Line line = printed_line(ring, request, printed);
-        EXPECT_POINT(line.from, (printed.division.from));
-        EXPECT_POINT(line.to, (printed.division.to));
+        EXPECT_POINT(line.from, (printed.lines[0].start));
+        EXPECT_POINT(line.to, (printed.lines[0].end));
         EXPECT_LE(miss(ring, request, line), 1e-6L * (1.0L + 1e-6L));
         if (convex) {
             const Shape shape = test::shape_of(ring);
@@ -147,8 +147,8 @@ Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex)
             const Point to = test::local(ring, line.to);
             const long double left = test::area(test::left_of(shape, from, to));
             const long double parcel = test::area(shape);
-            const long double off =
-                std::min(std::fabs(left - request.area()), std::fabs(parcel - left - request.area()));
+            const long double off = std::min(std::fabs(left - request.request.amounts[0].first),
+                                             std::fabs(parcel - left - request.request.amounts[0].first));
             EXPECT_LE(off, 1e-6L * (1.0L + 1e-6L) * parcel);
         }
     }
@@ -169,8 +169,8 @@ TEST(PrintedDivision, HoldsTheRequestInLargeCoordinates)
     for (const double size : kSizes) {
         SCOPED_TRACE(size);
         const Tally tally = print_and_cut(size, kUtm, true);
-        // At 5e6 the doubles are a nanometre apart. A parcel of a centimetre and less has too few of them.
-        if (size >= 0.1) {
+        // At 5e6 the doubles are a nanometre apart: no line in a parcel of a decimetre holds a billionth of it.
+        if (size >= 1.0) {
             EXPECT_EQ(tally.printed, kRequestsPerSize);
         }
     }
@@ -182,7 +182,7 @@ TEST(PrintedDivision, HoldsTheRequestInConcaveParcels)
         SCOPED_TRACE(size);
         for (const PL_PNT2D_record& place : {kLocal, kUtm}) {
             const Tally tally = print_and_cut(size, place, false);
-            if (size >= 0.1) {
+            if (size >= 1.0) {
                 EXPECT_GT(tally.printed, kRequestsPerSize / 2);
                 EXPECT_EQ(tally.refused_for_doubles, 0);
             }
@@ -195,10 +195,42 @@ TEST(PrintedDivision, LineThatNoDoublesHoldIsRefused)
     // Heights in steps of 2^-30 between 5e6 and 5e6 + 2^-12: 1.9e-6 of the parcel is the nearest miss half-way.
     const Ring hair = {
         {500000, 5000000}, {500001, 5000000}, {500001, 5000000 + 0x1p-12}, {500000, 5000000 + 0x1p-12}};
-    PrintedDivision printed;
-    EXPECT_EQ(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13), printed), Outcome::divided);
-    EXPECT_NE(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13 + 0.49 * 0x1p-30), printed),
-              Outcome::divided);
+    EXPECT_TRUE(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13)).done());
+    const PrintedDivision refused =
+        tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13 + 0.49 * 0x1p-30));
+    EXPECT_FALSE(refused.done());
+    EXPECT_TRUE(refused.lines.empty());
+    EXPECT_TRUE(refused.areas.empty());
+}
+
+// Several lines: each piece lies between two of them, and is measured with both as they are printed.
+TEST(PrintedDivision, EveryPieceOfASeriesHolds)
+{
+    std::mt19937_64 source = test::random_source();
+    for (int i = 0; i < 600; ++i) {
+        SCOPED_TRACE("series " + std::to_string(i));
+        const double size = kSizes[static_cast<std::size_t>(i) % 10];
+        const Ring ring = random_parcel(source, size, size < 1.0 || i % 2 == 0 ? kLocal : kUtm, true);
+        Asked series = asked(static_cast<Cut>(i % 3), 1 + i % static_cast<int>(ring.size()), 1.0);
+        series.request.amounts = plparcel::equal_parts(4);
+        series.amounts.assign(3, "1/4");
+        if (i % 5 == 0)
+            series.request.measured = plparcel::Measured::opposite;
+        const PrintedDivision printed = tool::divide_in_print(ring, series);
+        ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven.status);
+        ASSERT_EQ(printed.lines.size(), 3u);
+        const Shape shape = test::shape_of(ring);
+        const long double parcel = test::area(shape);
+        for (std::size_t k = 0; k < 3; ++k) {
+            const PL_LINE_2D_record& line = printed.lines[k];
+            const long double left =
+                test::area(test::left_of(shape, test::local(ring, line.start), test::local(ring, line.end)));
+            const long double before = parcel * static_cast<long double>(k + 1) / 4.0L;
+            EXPECT_LE(std::min(std::fabs(left - before), std::fabs(parcel - left - before)), 4e-6L * parcel);
+            EXPECT_NEAR(printed.areas[k], static_cast<double>(parcel / 4.0L),
+                        static_cast<double>(1e-6L * parcel));
+        }
+    }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "shapes.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -102,22 +101,6 @@ Shape part_after(const Shape& shape, const Point& a, const Point& b)
         part.push_back(shape[(i + 1) % shape.size()]);
     part.push_back(last.at);
     return part;
-}
-
-long double distance_to_boundary(const Shape& shape, const Point& p)
-{
-    long double nearest = INFINITY;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const Point& a = shape[i];
-        const Point& b = shape[(i + 1) % shape.size()];
-        const long double ux = b.x - a.x;
-        const long double uy = b.y - a.y;
-        const long double length2 = ux * ux + uy * uy;
-        long double t = length2 > 0.0L ? ((p.x - a.x) * ux + (p.y - a.y) * uy) / length2 : 0.0L;
-        t = std::clamp(t, 0.0L, 1.0L);
-        nearest = std::min(nearest, std::hypot(p.x - a.x - t * ux, p.y - a.y - t * uy));
-    }
-    return nearest;
 }
 
 }  // namespace test

@@ -32,6 +32,4 @@ Shape left_of(const Shape& shape, const Point& a, const Point& b);
 /// The part of any shape along its boundary from where the line a-b meets it near a to where it meets it near b.
 Shape part_after(const Shape& shape, const Point& a, const Point& b);
 
-long double distance_to_boundary(const Shape& shape, const Point& p);
-
 }  // namespace test

@@ -1,62 +1,57 @@
 #include "divide_verb.h"
 
-#include <cmath>
-
-#include "exit_status.h"
+#include "divide_report.h"
 #include "help.h"
-#include "numbers.h"
+#include "many_report.h"
 #include "printed_division.h"
-#include "report.h"
+#include "progress.h"
 
 namespace tool {
-DivideVerb::DivideVerb(CLI::App& app) : Verb(app, "divide", divide_help())
+namespace {
+
+Output one(ParcelFile& file, const Asked& asked, bool json)
 {
-    options().add_option("--parallel", parallel_)->type_name("SIDE");
-    options().add_option("--perpendicular", perpendicular_)->type_name("SIDE");
-    options().add_option("--vertex", vertex_)->type_name("N");
-    options().add_option("--area", area_)->type_name("A");
-    options().add_option("--product", product_)->expected(2)->type_name("A B");
+    const std::optional<ReadParcel> read = file.next();
+    if (read->problem)
+        throw *read->problem;
+    const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
+    if (!printed.done())
+        throw division_failure(read->parcel, asked, printed);
+    if (!json)
+        return {division_table(read->parcel, asked, printed)};
+    ManyReport report(asked);
+    report.add(*read, &printed);
+    return report.json();
 }
 
-Request DivideVerb::request() const
+Output many(ParcelFile& file, const Asked& asked, bool json)
 {
-    const bool parallel = given("--parallel");
-    const bool perpendicular = given("--perpendicular");
-    const bool vertex = given("--vertex");
-    if (parallel + perpendicular + vertex != 1)
-        wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N");
-    const bool product = given("--product");
-    if (product == given("--area"))
-        wrong_use("give one of --area A and --product A B");
-
-    Request request;
-    if (parallel) {
-        request.cut = Cut::parallel;
-        request.number = whole("--parallel", parallel_);
-    } else if (perpendicular) {
-        request.cut = Cut::perpendicular;
-        request.number = whole("--perpendicular", perpendicular_);
-    } else {
-        request.cut = Cut::through_vertex;
-        request.number = whole("--vertex", vertex_);
+    ManyReport report(asked);
+    Progress progress("dividing", file.count());
+    while (const std::optional<ReadParcel> read = file.next()) {
+        if (read->problem) {
+            report.add(*read, nullptr);
+        } else {
+            const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
+            report.add(*read, &printed);
+        }
+        progress.step();
     }
-    request.given = product ? AreaGiven::as_product : AreaGiven::as_value;
-    request.value1 = product ? amount("--product", product_[0]) : amount("--area", area_);
-    request.value2 = product ? amount("--product", product_[1]) : 0.0;
-    if (!std::isfinite(request.area()) || !(request.area() > 0.0))
-        wrong_use("--product: the product of the two is not a number above 0");
-    return request;
+    return json ? report.json() : report.table(file.passed_over());
+}
+
+}  // namespace
+
+DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help())
+{
+    options().add_flag("--json", json_);
 }
 
 Output DivideVerb::work() const
 {
-    const Request asked = request();
-    const Parcel parcel = read_parcel(source());
-    PrintedDivision printed;
-    const Outcome outcome = divide_in_print(parcel.ring, asked, printed);
-    if (outcome != Outcome::divided)
-        throw division_failure(outcome, parcel, asked, printed);
-    return {division_table(parcel, asked, printed)};
+    const Asked asked = this->asked();
+    ParcelFile file(source());
+    return file.count() == 1 ? one(file, asked, json_) : many(file, asked, json_);
 }
 
 }  // namespace tool

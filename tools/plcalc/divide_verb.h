@@ -1,28 +1,19 @@
 #pragma once
 
-// `plcalc divide`: its arguments, and its work from file to table.
+// `plcalc divide`: one parcel, or every parcel of a layer.
 
-#include <string>
-#include <vector>
-
-#include "request.h"
-#include "verb.h"
+#include "cut_options.h"
 
 namespace tool {
 
-class DivideVerb : public Verb {
+class DivideVerb : public CuttingVerb {
 public:
     explicit DivideVerb(CLI::App& app);
 
 private:
     Output work() const override;
-    Request request() const;
 
-    std::string parallel_;
-    std::string perpendicular_;
-    std::string vertex_;
-    std::string area_;
-    std::vector<std::string> product_;
+    bool json_ = false;
 };
 
 }  // namespace tool

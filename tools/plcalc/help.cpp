@@ -14,7 +14,7 @@ std::string general_help()
 Usage: plcalc VERB ...
 
 Verbs
-  divide      the line that cuts a requested area off a parcel
+  divide      the lines that cut requested areas off a parcel
   measure     area, perimeter, sides, bearings and angles of a parcel
 
 Options
@@ -32,12 +32,12 @@ Exit status
 
 std::string divide_help()
 {
-    return R"(plcalc divide: the line that cuts a requested area off a parcel
+    return R"(plcalc divide: the lines that cut requested areas off a parcel
 
-Usage: plcalc divide FILE CUT AREA [--layer NAME] [--feature FID]
+Usage: plcalc divide FILE CUT AREA [OPTION ...]
 
 FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...
-      with the parcel as a polygon without holes or as a closed line;
+      with parcels as polygons without holes or as closed lines;
       or CSV with a column WKT, or with a vertex per row in columns E and N
       (also East and North, Easting and Northing, Est and Nord, X and Y).
       Plane coordinates, E to the East and N to the North, in any unit.
@@ -55,24 +55,34 @@ CUT, one of
 AREA, one of
   --area A              the area, in the square of the file's unit
   --product A B         the area as the product of two lengths
+  --share S             a share of the parcel: 1/3 or 25%
+  --areas LIST          several, cut off one after another: 1000,1/4,20x35
+  --parts COUNT         equal parts
+  --opposite            the area lies on the other side: beyond the line,
+                        behind it, along the side before the vertex
 
 Options
   --layer NAME          only this layer of the file
-  --feature FID         only the feature with this number; needed where the
-                        file holds several parcels (ogrinfo -al FILE lists them)
+  --feature FID         only the feature with this number (ogrinfo -al FILE
+                        lists them); otherwise every parcel of the layer
+  --where FILTER        only features that fit, as in "owner = 'Rossi'"
+  --json                for programs, with the same numbers
   -h, --help            this text
 
-Printed are the ends of the line, the areas on both sides of it as measured
-afterwards, and the parcel's area and perimeter. The line is right as it is
+Printed are the ends of the lines, the areas of the pieces as measured
+afterwards, and the parcel's area and perimeter. A line is right as it is
 printed, with its four decimals or, in a small parcel, more: it parts the
-parcel in exactly two, and the piece holds the requested area to within a
-millionth of the parcel's. Otherwise nothing is printed but one line on
-stderr, and the exit status is not 0 (see plcalc --help).
+parcel in exactly two, and every piece holds its area to within a millionth of
+the parcel's. Otherwise nothing is printed but one line on stderr, and the exit
+status is not 0 (see plcalc --help). Of many parcels those that could be
+divided are listed, the others counted by reason, and the exit status tells
+that there were some.
 
 Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
-  plcalc divide examples/lot.dxf --vertex 3 --area 2500
-  plcalc divide lots.gpkg --feature 12 --parallel 1 --product 20 35.5
+  plcalc divide examples/convex.csv --parallel 2 --parts 3
+  plcalc divide examples/utm-convex.geojson --parallel 2 --share 25% --json
+  plcalc divide lots.gpkg --where "owner = 'Rossi'" --vertex 1 --product 20 35.5
 )";
 }
 
@@ -92,6 +102,7 @@ A side whose two vertices are one point has no bearing: "-".
 Options
   --layer NAME          only this layer of the file
   --feature FID         only the feature with this number
+  --where FILTER        only the feature that fits, as in "owner = 'Rossi'"
   --json                for programs, with the same numbers
   -h, --help            this text
 

@@ -13,6 +13,7 @@
 #include "exit_status.h"
 #include "help.h"
 #include "measure_verb.h"
+#include "terminal.h"
 #include "verb.h"
 
 namespace {
@@ -31,7 +32,7 @@ std::string on_one_line(std::string text)
 
 ExitStatus complain(ExitStatus status, const std::string& text)
 {
-    std::cerr << "plcalc: " << on_one_line(text) << '\n';
+    std::cerr << tool::alarming("plcalc:") << ' ' << on_one_line(text) << '\n';
     return status;
 }
 

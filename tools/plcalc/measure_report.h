@@ -5,7 +5,7 @@
 #include <string>
 
 #include "measure.h"
-#include "parcel_reader.h"
+#include "parcel.h"
 
 namespace tool {
 

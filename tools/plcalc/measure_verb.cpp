@@ -13,7 +13,7 @@ MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
 
 Output MeasureVerb::work() const
 {
-    const Parcel parcel = read_parcel(source());
+    const Parcel parcel = read_parcel(source()).parcel;
     const Measures measures = measure(parcel.ring);
     return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
 }

@@ -7,18 +7,14 @@
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
 
+#include "boundary.h"
 #include "csv_points.h"
-#include "exit_status.h"
-#include "gdal_messages.h"
-#include "ring_check.h"
 
 namespace tool {
 namespace {
 
-// A choice longer than this is not read, it is looked up.
+// A list longer than this is not read, it is looked up.
 constexpr std::size_t kMaxListed = 5;
 
 // Where a CSV file has its geometry.
@@ -30,23 +26,14 @@ constexpr std::size_t kMaxQuoted = 40;
 constexpr const char* kNoGeometry =
     "it has no geometry; draw the parcel or choose another feature with --feature";
 
-// What the first look through the file found.
-struct Found {
-    OGRFeatureUniquePtr feature;     // the first that fits
-    OGRLayer* layer = nullptr;       // where it was
-    std::vector<std::string> names;  // of the first few that fit
-    std::size_t count = 0;           // how many fit
-    std::size_t looked_at = 0;       // features, fitting or not
-    std::string other_kind;          // geometry of the first that does not fit
-    std::string without_geometry;    // name of the first without any, though it could have one
-};
+// Chords for every tenth of a degree: an arc shorter than that stands out from its chord by less than half a
+// millimetre at a radius of a kilometre.
+constexpr const char* kFineArcStep = "0.1";
 
 [[noreturn]] void refuse(const std::string& where, const std::string& what)
 {
     throw Failure(ExitStatus::unusable_input, where + ": " + what);
 }
-
-// ------------------------------------------------------------------------------------------------- opening
 
 std::string why_not_opened(const std::string& file, const GdalMessages& messages)
 {
@@ -79,53 +66,6 @@ CPLStringList open_options(const std::string& file)
     return options;
 }
 
-GDALDatasetUniquePtr open_dataset(const std::string& file, GdalMessages& messages)
-{
-    const unsigned flags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
-    const CPLStringList options = open_options(file);
-    messages.clear();
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
-    if (dataset == nullptr)
-        refuse(file, why_not_opened(file, messages));
-    return dataset;
-}
-
-bool is_format(GDALDataset& dataset, const char* name)
-{
-    return dataset.GetDriver() != nullptr && EQUAL(dataset.GetDriverName(), name);
-}
-
-// ----------------------------------------------------------------------------------------------- searching
-
-std::vector<OGRLayer*> chosen_layers(GDALDataset& dataset, const Source& source)
-{
-    std::vector<OGRLayer*> layers;
-    std::string names;
-    for (OGRLayer* layer : dataset.GetLayers()) {
-        if (!source.layer || *source.layer == layer->GetName())
-            layers.push_back(layer);
-        names += (names.empty() ? "" : ", ") + std::string(layer->GetName());
-    }
-    if (layers.empty() && source.layer)
-        throw Failure(ExitStatus::wrong_use, source.file + ": there is no layer '" + *source.layer +
-                                                 "'; it has " + (names.empty() ? "none" : names));
-    return layers;
-}
-
-// The layer is named only where there are several.
-std::string name_of(const OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset)
-{
-    const std::string number = "feature " + std::to_string(feature.GetFID());
-    return dataset.GetLayerCount() > 1 ? "layer " + std::string(layer.GetName()) + ": " + number : number;
-}
-
-bool fits(const OGRFeature& feature, const Source& source)
-{
-    if (source.feature)
-        return feature.GetFID() == *source.feature;
-    return feature.GetGeometryRef() != nullptr && bounds_area(*feature.GetGeometryRef());
-}
-
 // The geometry of a CSV row as it stands there; empty in other formats.
 std::string wkt_of(const OGRFeature& feature)
 {
@@ -144,156 +84,291 @@ std::string quoted(const std::string& text)
 }
 
 // A row whose WKT is broken comes without a geometry. It may be the parcel that is meant.
-void require_readable_wkt(const OGRFeature& feature, const std::string& where)
+bool has_broken_wkt(const OGRFeature& feature)
+{
+    return feature.GetGeometryRef() == nullptr && !wkt_of(feature).empty();
+}
+
+[[noreturn]] void refuse_broken_wkt(const OGRFeature& feature, const std::string& where)
 {
     const std::string wkt = wkt_of(feature);
-    if (feature.GetGeometryRef() != nullptr || wkt.empty())
-        return;
     const bool nan = CPLString(wkt).ifind("nan") != std::string::npos;
     refuse(where, "its WKT " + quoted(wkt) + " cannot be read" +
                       (nan ? ", a coordinate in it is not a number" : "") + "; correct it");
 }
 
-void note_other(Found& found, const OGRFeature& feature, OGRLayer& layer, const std::string& name)
+void require_open(bool opened, const std::string& file, const GdalMessages& messages)
 {
-    const OGRGeometry* geometry = feature.GetGeometryRef();
-    if (geometry != nullptr && found.other_kind.empty())
-        found.other_kind = geometry->getGeometryName();
-    if (geometry == nullptr && layer.GetGeomType() != wkbNone && found.without_geometry.empty())
-        found.without_geometry = name;
+    if (!opened)
+        refuse(file, why_not_opened(file, messages));
 }
 
-Found search(GDALDataset& dataset, const std::vector<OGRLayer*>& layers, const Source& source)
+GDALDatasetUniquePtr open_dataset(const std::string& file)
 {
-    Found found;
-    for (OGRLayer* layer : layers) {
-        for (OGRFeatureUniquePtr& feature : *layer) {
-            ++found.looked_at;
-            const std::string name = name_of(*feature, *layer, dataset);
-            if (!source.feature || fits(*feature, source))
-                require_readable_wkt(*feature, source.file + ": " + name);
-            if (!fits(*feature, source)) {
-                note_other(found, *feature, *layer, name);
-                continue;
-            }
-            ++found.count;
-            if (found.names.size() < kMaxListed)
-                found.names.push_back(name);
-            if (found.feature == nullptr) {
-                found.layer = layer;
-                found.feature = std::move(feature);
-            }
-        }
+    const unsigned flags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
+    const CPLStringList options = open_options(file);
+    CPLErrorReset();
+    return GDALDatasetUniquePtr(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
+}
+
+std::vector<OGRLayer*> chosen_layers(GDALDataset& dataset, const Source& source)
+{
+    std::vector<OGRLayer*> layers;
+    std::string names;
+    for (OGRLayer* layer : dataset.GetLayers()) {
+        if (!source.layer || *source.layer == layer->GetName())
+            layers.push_back(layer);
+        names += (names.empty() ? "" : ", ") + std::string(layer->GetName());
     }
-    return found;
+    if (layers.empty() && source.layer)
+        throw Failure(ExitStatus::wrong_use, source.file + ": there is no layer '" + *source.layer +
+                                                 "'; it has " + (names.empty() ? "none" : names));
+    return layers;
 }
 
-[[noreturn]] void refuse_nothing_found(const Found& found, GDALDataset& dataset, const Source& source)
+void set_filter(OGRLayer& layer, const Source& source, const GdalMessages& messages)
 {
-    if (source.feature)
-        throw Failure(ExitStatus::wrong_use, source.file + ": there is no feature " +
-                                                 std::to_string(*source.feature) +
-                                                 "; list them with ogrinfo -al");
-    if (found.looked_at == 0)
-        refuse(source.file, "there is no feature in it; draw the parcel as a polygon");
-    if (found.other_kind.empty() && !found.without_geometry.empty())
-        refuse(source.file + ": " + found.without_geometry, kNoGeometry);
-    std::string what =
-        "there is no polygon and no closed line in it (features: " + std::to_string(found.looked_at);
-    what += found.other_kind.empty() ? ")" : ", the first a " + found.other_kind + ")";
-    if (is_format(dataset, "CSV"))
-        what += "; a CSV file needs a header and a column WKT, or a vertex per row in columns E and N";
-    else
-        what += "; draw the parcel as a polygon";
-    refuse(source.file, what);
-}
-
-[[noreturn]] void refuse_choice(const Found& found, GDALDataset& dataset, const Source& source)
-{
-    std::string list;
-    for (const std::string& name : found.names)
-        list += (list.empty() ? "" : ", ") + name;
-    if (found.count > found.names.size())
-        list += ", ...";
-    const bool layers = dataset.GetLayerCount() > 1 && !source.layer;
-    throw Failure(ExitStatus::wrong_use, source.file + ": there are " + std::to_string(found.count) +
-                                             " parcels (" + list + "); choose one with " +
-                                             (layers ? "--layer NAME and " : "") + "--feature FID");
-}
-
-// -------------------------------------------------------------------------------------------------- curves
-
-// Chords for every tenth of a degree: an arc shorter than that stands out from its chord by less than half a
-// millimetre at a radius of a kilometre.
-constexpr const char* kFineArcStep = "0.1";
-
-// The DXF reader replaces arcs by chords without telling, as many as OGR_ARC_STEPSIZE asks for. A boundary
-// that grows when it is read again with finer steps had an arc.
-void require_straight_dxf(const Source& source, const Found& found, const std::string& where)
-{
-    CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", kFineArcStep);
-    const GDALDatasetUniquePtr dataset(GDALDataset::Open(source.file.c_str(), GDAL_OF_VECTOR));
-    OGRLayer* layer = dataset != nullptr ? dataset->GetLayerByName(found.layer->GetName()) : nullptr;
-    OGRFeatureUniquePtr finer(layer != nullptr ? layer->GetFeature(found.feature->GetFID()) : nullptr);
-    CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", nullptr);
-
-    if (finer == nullptr || finer->GetGeometryRef() == nullptr)
-        refuse(where, "it could not be read a second time, to look for arcs; leave the file as it is");
-    if (finer->GetGeometryRef()->WkbSize() != found.feature->GetGeometryRef()->WkbSize())
-        refuse(where, "the boundary has arcs; replace them by chords in the drawing first");
-}
-
-// ------------------------------------------------------------------------------------------ the two roads
-
-Parcel parcel_of_points(OGRLayer& table, const PointColumns& columns, const Source& source,
-                        const GdalMessages& messages)
-{
-    if (source.feature)
-        throw Failure(ExitStatus::wrong_use,
-                      source.file + ": its rows are the vertices of one parcel; leave --feature out");
-    std::vector<PL_PNT2D_record> points = read_points(table, columns, source.file);
-    if (!messages.text().empty())
-        refuse(source.file, "the table cannot be read" + messages.remark() + "; correct it");
-    return {source.file, usable_ring(std::move(points), source.file)};
-}
-
-Parcel parcel_of_feature(const Found& found, GDALDataset& dataset, const Source& source)
-{
-    const std::string where = source.file + ": " + name_of(*found.feature, *found.layer, dataset);
-    const OGRGeometry* geometry = found.feature->GetGeometryRef();
-    if (geometry == nullptr)
-        refuse(where, kNoGeometry);
-    std::vector<PL_PNT2D_record> ring = usable_ring(*geometry, where);
-    const bool crs_stated = !is_format(dataset, "GeoJSON") && !is_format(dataset, "GeoJSONSeq");
-    require_plane(geometry->getSpatialReference(), crs_stated, ring, where);
-    if (is_format(dataset, "DXF"))
-        require_straight_dxf(source, found, where);
-    return {where, std::move(ring)};
+    if (source.where && layer.SetAttributeFilter(source.where->c_str()) != OGRERR_NONE)
+        throw Failure(ExitStatus::wrong_use, source.file + ": --where '" + *source.where +
+                                                 "' cannot be understood" + messages.remark() +
+                                                 "; compare columns as in \"owner = 'Rossi'\"");
 }
 
 }  // namespace
 
-Parcel read_parcel(const Source& source)
+// What a layer holds.
+struct ParcelFile::Count {
+    std::size_t parcels = 0;
+    std::size_t others = 0;
+    std::string other_kind;          // geometry of the first that bounds no area
+    std::string without_geometry;    // name of the first without any, though it could have one
+    std::vector<std::string> names;  // of the first parcels
+};
+
+ParcelFile::ParcelFile(const Source& source) : source_(source)
 {
     GDALAllRegister();
-    GdalMessages messages;
-    const GDALDatasetUniquePtr dataset = open_dataset(source.file, messages);
-    const std::vector<OGRLayer*> layers = chosen_layers(*dataset, source);
-
-    messages.clear();
-    if (is_format(*dataset, "CSV") && layers.size() == 1 && layers[0]->GetGeomType() == wkbNone) {
-        if (const auto columns = find_point_columns(*layers[0]->GetLayerDefn()))
-            return parcel_of_points(*layers[0], *columns, source, messages);
+    messages_.clear();
+    dataset_ = open_dataset(source_.file);
+    require_open(dataset_ != nullptr, source_.file, messages_);
+    const std::vector<OGRLayer*> layers = chosen_layers(*dataset_, source_);
+    messages_.clear();
+    if (is_format("CSV") && layers.size() == 1 && layers[0]->GetGeomType() == wkbNone &&
+        find_point_columns(*layers[0]->GetLayerDefn())) {
+        if (source_.feature || source_.where)
+            throw Failure(ExitStatus::wrong_use, source_.file +
+                                                     ": its rows are the vertices of one parcel; leave " +
+                                                     (source_.feature ? "--feature" : "--where") + " out");
+        of_points_ = true;
+        layer_ = layers[0];
+        count_ = 1;
+        return;
     }
+    for (OGRLayer* layer : layers)
+        set_filter(*layer, source_, messages_);
+    choose_layer(layers);
+    layer_->ResetReading();
+    if (is_format("DXF"))
+        rewind_with_fine_arcs();
+}
 
-    const Found found = search(*dataset, layers, source);
-    if (messages.failed())
-        refuse(source.file, "it cannot be read to its end" + messages.remark() + "; repair it");
-    if (found.count == 0)
-        refuse_nothing_found(found, *dataset, source);
-    if (found.count > 1)
-        refuse_choice(found, *dataset, source);
-    return parcel_of_feature(found, *dataset, source);
+bool ParcelFile::is_format(const char* name) const
+{
+    return dataset_->GetDriver() != nullptr && EQUAL(dataset_->GetDriverName(), name);
+}
+
+// The layer is named only where there are several.
+std::string ParcelFile::name_of(const OGRFeature& feature, OGRLayer& layer) const
+{
+    const std::string number = "feature " + std::to_string(feature.GetFID());
+    return dataset_->GetLayerCount() > 1 ? "layer " + std::string(layer.GetName()) + ": " + number : number;
+}
+
+bool ParcelFile::fits(const OGRFeature& feature) const
+{
+    if (source_.feature)
+        return feature.GetFID() == *source_.feature;
+    const OGRGeometry* geometry = feature.GetGeometryRef();
+    return geometry != nullptr ? bounds_area(*geometry) : has_broken_wkt(feature);
+}
+
+ParcelFile::Count ParcelFile::count_in(OGRLayer& layer)
+{
+    Count count;
+    for (const OGRFeatureUniquePtr& feature : layer) {
+        if (fits(*feature)) {
+            ++count.parcels;
+            if (count.names.size() < kMaxListed)
+                count.names.push_back(name_of(*feature, layer));
+            continue;
+        }
+        ++count.others;
+        const OGRGeometry* geometry = feature->GetGeometryRef();
+        if (geometry != nullptr && count.other_kind.empty())
+            count.other_kind = geometry->getGeometryName();
+        if (geometry == nullptr && layer.GetGeomType() != wkbNone && count.without_geometry.empty())
+            count.without_geometry = name_of(*feature, layer);
+    }
+    if (messages_.failed())
+        refuse(source_.file, "it cannot be read to its end" + messages_.remark() + "; repair it");
+    return count;
+}
+
+void ParcelFile::choose_layer(const std::vector<OGRLayer*>& layers)
+{
+    Count none;
+    std::string list;
+    std::size_t with_parcels = 0;
+    for (OGRLayer* layer : layers) {
+        const Count count = count_in(*layer);
+        if (count.parcels == 0) {
+            none.others += count.others;
+            if (none.other_kind.empty())
+                none.other_kind = count.other_kind;
+            if (none.without_geometry.empty())
+                none.without_geometry = count.without_geometry;
+            continue;
+        }
+        ++with_parcels;
+        list +=
+            (list.empty() ? "" : ", ") + std::string(layer->GetName()) + ": " + std::to_string(count.parcels);
+        layer_ = layer;
+        count_ = count.parcels;
+        passed_over_ = count.others;
+        first_names_ = count.names;
+    }
+    if (with_parcels == 0)
+        refuse_nothing_found(none);
+    if (with_parcels > 1)
+        throw Failure(ExitStatus::wrong_use, source_.file + ": several layers hold parcels (" + list +
+                                                 "); choose one with --layer NAME");
+}
+
+void ParcelFile::refuse_nothing_found(const Count& count) const
+{
+    if (source_.feature)
+        throw Failure(ExitStatus::wrong_use, source_.file + ": there is no feature " +
+                                                 std::to_string(*source_.feature) +
+                                                 (source_.where ? " that --where lets through" : "") +
+                                                 "; list them with ogrinfo -al");
+    if (count.others == 0 && source_.where)
+        throw Failure(ExitStatus::wrong_use, source_.file + ": --where '" + *source_.where +
+                                                 "' lets no feature through; list them with ogrinfo -al");
+    if (count.others == 0)
+        refuse(source_.file, "there is no feature in it; draw the parcel as a polygon");
+    if (count.other_kind.empty() && !count.without_geometry.empty())
+        refuse(source_.file + ": " + count.without_geometry, kNoGeometry);
+    std::string what =
+        "there is no polygon and no closed line in it (features: " + std::to_string(count.others);
+    what += count.other_kind.empty() ? ")" : ", the first a " + count.other_kind + ")";
+    if (is_format("CSV"))
+        what += "; a CSV file needs a header and a column WKT, or a vertex per row in columns E and N";
+    else
+        what += "; draw the parcel as a polygon";
+    refuse(source_.file, what);
+}
+
+// The DXF reader replaces arcs by chords without telling, as many as OGR_ARC_STEPSIZE asks for. A boundary
+// that grows when it is read again with finer steps had an arc.
+void ParcelFile::rewind_with_fine_arcs()
+{
+    fine_dataset_ = open_dataset(source_.file);
+    require_open(fine_dataset_ != nullptr, source_.file, messages_);
+    fine_layer_ = fine_dataset_->GetLayerByName(layer_->GetName());
+    if (fine_layer_ != nullptr)
+        set_filter(*fine_layer_, source_, messages_);
+}
+
+void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer,
+                                  const std::string& where) const
+{
+    if (finer == nullptr || finer->GetFID() != feature.GetFID() || finer->GetGeometryRef() == nullptr)
+        refuse(where, "it could not be read a second time, to look for arcs; leave the file as it is");
+    if (finer->GetGeometryRef()->WkbSize() != feature.GetGeometryRef()->WkbSize())
+        refuse(where, "the boundary has arcs; replace them by chords in the drawing first");
+}
+
+Parcel ParcelFile::check(const OGRFeature& feature, OGRFeature* finer, const std::string& where) const
+{
+    if (has_broken_wkt(feature))
+        refuse_broken_wkt(feature, where);
+    const OGRGeometry* geometry = feature.GetGeometryRef();
+    if (geometry == nullptr)
+        refuse(where, kNoGeometry);
+    plparcel::Ring ring = usable_ring(*geometry, where);
+    const bool crs_stated = !is_format("GeoJSON") && !is_format("GeoJSONSeq");
+    require_plane(geometry->getSpatialReference(), crs_stated, ring, where);
+    if (fine_dataset_ != nullptr)
+        require_straight(feature, finer, where);
+    return {where, std::move(ring)};
+}
+
+ReadParcel ParcelFile::read_points_as_parcel()
+{
+    ReadParcel read;
+    std::vector<PL_PNT2D_record> points =
+        read_points(*layer_, *find_point_columns(*layer_->GetLayerDefn()), source_.file);
+    if (!messages_.text().empty())
+        refuse(source_.file, "the table cannot be read" + messages_.remark() + "; correct it");
+    read.parcel = {source_.file, usable_ring(std::move(points), source_.file)};
+    return read;
+}
+
+std::optional<ReadParcel> ParcelFile::next()
+{
+    if (of_points_) {
+        if (points_done_)
+            return std::nullopt;
+        points_done_ = true;
+        return read_points_as_parcel();
+    }
+    while (OGRFeatureUniquePtr feature{layer_->GetNextFeature()}) {
+        OGRFeatureUniquePtr finer;
+        if (fine_layer_ != nullptr) {
+            CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", kFineArcStep);
+            finer.reset(fine_layer_->GetNextFeature());
+            CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", nullptr);
+        }
+        if (!fits(*feature))
+            continue;
+        ReadParcel read;
+        read.name = name_of(*feature, *layer_);
+        read.parcel.where = source_.file + ": " + read.name;
+        try {
+            read.parcel = check(*feature, finer.get(), read.parcel.where);
+        } catch (const Failure& failure) {
+            read.problem = failure;
+        }
+        read.feature = std::move(feature);
+        return read;
+    }
+    return std::nullopt;
+}
+
+ReadParcel read_parcel(const Source& source)
+{
+    ParcelFile file(source);
+    if (file.count() > 1) {
+        std::string list;
+        for (const std::string& name : file.first_names())
+            list += (list.empty() ? "" : ", ") + name;
+        if (file.count() > file.first_names().size())
+            list += ", ...";
+        throw Failure(ExitStatus::wrong_use, source.file + ": there are " + std::to_string(file.count()) +
+                                                 " parcels (" + list + "); choose one with --feature FID");
+    }
+    std::optional<ReadParcel> read = file.next();
+    if (!read)
+        refuse(source.file, "it cannot be read a second time; leave the file as it is");
+    if (read->problem)
+        throw *read->problem;
+    return std::move(*read);
+}
+
+bool is_wkt_column(const std::string& name)
+{
+    const CPLStringList columns(CSLTokenizeString2(kWktColumns, ",", 0));
+    return columns.FindString(name.c_str()) >= 0;
 }
 
 }  // namespace tool

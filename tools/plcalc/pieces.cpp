@@ -1,6 +1,7 @@
 #include "pieces.h"
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace {
@@ -13,7 +14,6 @@ constexpr long double kSamePointRel = 1e-9L;
 
 // A place where the unlimited line meets a side.
 struct Crossing {
-    std::size_t side;
     long double along;  // distance from p towards q
 };
 
@@ -67,9 +67,9 @@ std::vector<Crossing> crossings(const Ring& ring, const Axis& axis)
         const long double from = axis.along(ring[side]);
         const long double to = axis.along(end_of(ring, side));
         if (a == b)
-            found.push_back({side, (from + to) * 0.5L});
+            found.push_back({(from + to) * 0.5L});
         else
-            found.push_back({side, b == 0.0L ? to : from + (to - from) * (a / (a - b))});
+            found.push_back({b == 0.0L ? to : from + (to - from) * (a / (a - b))});
     }
     return found;
 }
@@ -113,19 +113,6 @@ bool contains(const Ring& ring, const PL_PNT2D_record& p)
     return inside;
 }
 
-// The piece from `start` on `side` along the ring to `stop` on `last_side`.
-Ring walk(const Ring& ring, const PL_PNT2D_record& start, std::size_t side, const PL_PNT2D_record& stop,
-          std::size_t last_side)
-{
-    Ring piece = {start};
-    while (side != last_side) {
-        side = (side + 1) % ring.size();
-        piece.push_back(ring[side]);
-    }
-    piece.push_back(stop);
-    return piece;
-}
-
 }  // namespace
 
 namespace tool {
@@ -145,7 +132,7 @@ long double signed_area(const Ring& ring)
 }
 
 bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q, long double slack,
-               Parting& parting)
+               PL_LINE_2D_record& ends)
 {
     const Axis axis(p, q);
     if (!(axis.length() > 0.0L) || !std::isfinite(axis.length()))
@@ -161,21 +148,8 @@ bool part_ring(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record
     if (!contains(ring, axis.at((from->along + to->along) * 0.5L)))
         return false;
 
-    parting.from = axis.at(from->along);
-    parting.to = axis.at(to->along);
-    parting.from_side = from->side;
-    parting.to_side = to->side;
+    ends = {axis.at(from->along), axis.at(to->along)};
     return true;
-}
-
-long double area_after_from(const Ring& ring, const Parting& parting)
-{
-    return std::fabs(signed_area(walk(ring, parting.from, parting.from_side, parting.to, parting.to_side)));
-}
-
-long double area_after_to(const Ring& ring, const Parting& parting)
-{
-    return std::fabs(signed_area(walk(ring, parting.to, parting.to_side, parting.from, parting.from_side)));
 }
 
 }  // namespace tool

@@ -5,31 +5,35 @@
 
 #include <vector>
 
-#include "divider.h"
 #include "plcalc/kernel.h"
+#include "plparcel/division.h"
 #include "request.h"
+#include "resolution.h"
 
 namespace tool {
 
-/// A checked division whose line has a few decimals only.
+/// A division whose lines have a few decimals only.
 struct PrintedDivision {
-    Division division;      ///< its line is the printed one, read back; its areas are those of that line
-    int decimals = 4;       ///< of coordinates and lengths
-    int area_decimals = 4;  ///< of areas
+    plparcel::Division proven;  ///< as it was found, with all digits
+    /// Lines could be found, but none with coordinates that can be written down and hold what was asked.
+    bool too_coarse = false;
+    std::vector<PL_LINE_2D_record> lines;  ///< the printed ones, read back; empty unless done()
+    std::vector<double> areas;             ///< of the pieces that those make, in the order of the amounts
+    Resolution resolution;                 ///< decimals of what is printed
+
+    bool done() const { return proven.status == plparcel::Status::divided && !too_coarse; }
 };
 
-/// Divides a parcel and rounds the line to as few decimals as hold the request.
+/// Divides a parcel and rounds the lines to as few decimals as hold what was asked.
 ///
-/// A line with decimals is judged as one that was found: read back, it must part the parcel in two and hold the
-/// request to 1e-6 of the parcel's area. The decimals are 4 at least, and at least so many that a rounding
-/// stays below a millionth of the parcel's extent, lest it turn the line; from there on the first that hold are
+/// Rounded lines are judged as they will be read, both with their ends as corners of the pieces and run on to
+/// the boundary: every line must part the parcel in two, every piece hold its amount to 1e-6 of the parcel's
+/// area and to a hundredth of itself. The decimals are 4 at least, and at least so many that a rounding stays
+/// below a millionth of the parcel's extent, lest it turn the line; from there on the first that hold are
 /// taken, in the end all that a double has.
 ///
-/// @param[in]  ring, request  as for `divide`
-/// @param[out] printed        complete for `divided`; otherwise its division is what `divide` left, and the
-///                            decimals are those that areas in a message need
-/// @return as `divide`, and doubles_too_coarse when the line found holds the request and no printed one does
-Outcome divide_in_print(const std::vector<PL_PNT2D_record>& ring, const Request& request,
-                        PrintedDivision& printed);
+/// @param[in] ring   the parcel, as plparcel::divide takes it
+/// @param[in] asked  what to cut off
+PrintedDivision divide_in_print(const plparcel::Ring& ring, const Asked& asked);
 
 }  // namespace tool

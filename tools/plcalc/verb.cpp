@@ -16,6 +16,7 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("FILE", file_);
     app_->add_option("--layer", layer_)->type_name("NAME");
     app_->add_option("--feature", feature_)->type_name("FID");
+    app_->add_option("--where", where_)->type_name("FILTER");
 }
 
 void Verb::wrong_use(const std::string& what) const
@@ -33,6 +34,8 @@ Source Verb::source() const
         source.layer = layer_;
     if (given("--feature"))
         source.feature = whole("--feature", feature_);
+    if (given("--where"))
+        source.where = where_;
     return source;
 }
 

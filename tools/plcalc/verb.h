@@ -9,7 +9,6 @@
 
 #include "exit_status.h"
 #include "parcel_reader.h"
-#include "plcalc/kernel.h"
 
 namespace tool {
 
@@ -65,6 +64,7 @@ private:
     std::string file_;
     std::string layer_;
     std::string feature_;
+    std::string where_;
 };
 
 }  // namespace tool

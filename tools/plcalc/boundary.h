@@ -2,14 +2,12 @@
 
 // From a geometry to a ring that can be worked on.
 
-#include <optional>
 #include <string>
-#include <vector>
 
 #include <ogr_geometry.h>
 #include <ogr_spatialref.h>
 
-#include "plcalc/kernel.h"
+#include "plparcel/division.h"
 
 namespace tool {
 
@@ -23,11 +21,11 @@ bool bounds_area(const OGRGeometry& geometry);
 /// @param[in] where     file and feature, for messages
 /// @return the vertices in order, the closing one left out
 /// @throws Failure      unusable_input: no geometry, several parts, curves, holes, fewer than three vertices,
-///                      a coordinate that is not finite, a ring that meets itself
-std::vector<PL_PNT2D_record> usable_ring(const OGRGeometry& geometry, const std::string& where);
+///                      a coordinate that is not finite, a ring that meets itself; see plparcel::check_ring
+plparcel::Ring usable_ring(const OGRGeometry& geometry, const std::string& where);
 
 /// The same for vertices that came as points.
-std::vector<PL_PNT2D_record> usable_ring(std::vector<PL_PNT2D_record> vertices, const std::string& where);
+plparcel::Ring usable_ring(plparcel::Ring vertices, const std::string& where);
 
 /// Refuses coordinates that are not plane ones.
 ///
@@ -37,7 +35,7 @@ std::vector<PL_PNT2D_record> usable_ring(std::vector<PL_PNT2D_record> vertices, 
 /// @param[in] ring    the coordinates
 /// @param[in] where   file and feature, for messages
 /// @throws Failure    unusable_input for degrees and for geocentric coordinates
-void require_plane(const OGRSpatialReference* crs, bool stated, const std::vector<PL_PNT2D_record>& ring,
+void require_plane(const OGRSpatialReference* crs, bool stated, const plparcel::Ring& ring,
                    const std::string& where);
 
 }  // namespace tool

@@ -1,17 +1,14 @@
-#include "ring_check.h"
+#include "boundary.h"
 
 #include <cmath>
 #include <memory>
 
 #include "exit_status.h"
-#include "gdal_messages.h"
 
 namespace tool {
 namespace {
 
-using Ring = std::vector<PL_PNT2D_record>;
-
-constexpr std::size_t kMinVertices = 3;
+using plparcel::Ring;
 
 [[noreturn]] void refuse(const std::string& where, const std::string& what)
 {
@@ -58,31 +55,10 @@ void drop_closing_vertex(Ring& ring)
         ring.pop_back();
 }
 
-std::size_t count_distinct_neighbours(const Ring& ring)
+std::string side_name(std::size_t side, const Ring& ring)
 {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& next = ring[(i + 1) % ring.size()];
-        if (ring[i].x != next.x || ring[i].y != next.y)
-            ++count;
-    }
-    return count;
-}
-
-// The test itself is that of GEOS, which is robust; its reason comes as a message.
-void require_simple(const Ring& ring, const std::string& where)
-{
-    auto line = std::make_unique<OGRLinearRing>();
-    for (const PL_PNT2D_record& p : ring)
-        line->addPoint(p.x, p.y);
-    line->closeRings();
-    OGRPolygon polygon;
-    polygon.addRingDirectly(line.release());
-
-    const GdalMessages messages;
-    if (!polygon.IsValid())
-        refuse(where, "the boundary crosses or touches itself" + messages.remark() +
-                          "; correct it so that every vertex and side is passed once");
+    return "side " + std::to_string(side + 1) + ", from vertex " + std::to_string(side + 1) + " to " +
+           std::to_string((side + 1) % ring.size() + 1);
 }
 
 bool may_be_degrees(const Ring& ring)
@@ -137,10 +113,21 @@ Ring usable_ring(Ring vertices, const std::string& where)
         if (!std::isfinite(vertices[i].x) || !std::isfinite(vertices[i].y))
             refuse(where,
                    "vertex " + std::to_string(i + 1) + " has a coordinate that is not finite; correct it");
-    if (count_distinct_neighbours(vertices) < kMinVertices)
-        refuse(where, "the parcel has fewer than three vertices; at least three different ones are needed");
-    require_simple(vertices, where);
-    return vertices;
+    const plparcel::RingReport report = plparcel::check_ring(vertices);
+    switch (report.status) {
+    case plparcel::Status::divided:
+        return vertices;
+    case plparcel::Status::degenerate:
+        refuse(where, "the parcel has fewer than three different vertices, or all of them on one line; "
+                      "correct its coordinates");
+    case plparcel::Status::ring_not_simple:
+        refuse(where,
+               "the boundary crosses or touches itself: " + side_name(report.meeting_sides[0], vertices) +
+                   ", meets " + side_name(report.meeting_sides[1], vertices) +
+                   "; correct it so that every vertex and side is passed once");
+    default:
+        refuse(where, "the parcel is too large or too small to compute with; check its coordinates");
+    }
 }
 
 void require_plane(const OGRSpatialReference* crs, bool stated, const Ring& ring, const std::string& where)

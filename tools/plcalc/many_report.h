@@ -1,0 +1,58 @@
+#pragma once
+
+// What the program tells about many parcels: a row for each line, and a summary.
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "json.h"
+#include "parcel_reader.h"
+#include "printed_division.h"
+#include "request.h"
+#include "verb.h"
+
+namespace tool {
+
+/// Why parcels were refused, and which.
+struct Refusals {
+    std::size_t count = 0;
+    std::vector<std::string> first_names;
+};
+
+class ManyReport {
+public:
+    explicit ManyReport(const Asked& asked) : asked_(asked) {}
+
+    /// A parcel that was read.
+    ///
+    /// @param[in] read     the parcel
+    /// @param[in] printed  its division, or null when there was a problem with the parcel
+    void add(const ReadParcel& read, const PrintedDivision* printed);
+
+    /// Rows and summary. Its status is not `done` when a parcel was refused: that of the refusal, the smallest
+    /// when there are several.
+    ///
+    /// @param[in] passed_over  features that bound no area
+    Output table(std::size_t passed_over) const;
+
+    /// The summary without the rows.
+    Output summary(std::size_t passed_over) const;
+
+    /// One object per parcel in "parcels", and the counts.
+    Output json() const;
+
+private:
+    void refuse(const ReadParcel& read, const Failure& failure, const std::string& reason);
+
+    const Asked& asked_;
+    std::vector<std::vector<std::string>> rows_;
+    Json parcels_ = Json::array();
+    std::size_t divided_ = 0;
+    std::size_t refused_ = 0;
+    std::map<std::string, Refusals> refusals_;
+    ExitStatus status_ = ExitStatus::done;
+};
+
+}  // namespace tool

@@ -1,0 +1,37 @@
+#pragma once
+
+// A bar on the terminal while many parcels are worked on.
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace tool {
+
+/// Shows itself on stderr, only when that is a terminal and only after the first half second; takes itself away.
+class Progress {
+public:
+    /// @param[in] what   what is being done, "dividing"
+    /// @param[in] total  number of steps
+    Progress(const std::string& what, std::size_t total);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void step();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    std::string what_;
+    std::size_t total_;
+    std::size_t done_ = 0;
+    bool on_terminal_;
+    bool shown_ = false;
+    Clock::time_point next_;
+};
+
+/// The bar as text: what, a bar of 30 places, steps done of all.
+std::string progress_bar(const std::string& what, std::size_t done, std::size_t total);
+
+}  // namespace tool
