@@ -30,7 +30,7 @@ class VertexSearch;
 /// hold what was asked. Measure the pieces.
 ///
 /// Prepare the parcel for good answers: shift it to a local origin (at coordinates of 5e6 the ends of the line
-/// lie off the boundary, by 1e-4 with sides of 10, and the cut through a vertex misses the 1e-6 in a tenth of
+/// lie off the boundary, by up to 2e-4 with sides of 10, and the cut through a vertex misses the 1e-6 in a tenth of
 /// the requests on parcels 100 across, in most on smaller ones) and turn it so that the direction in which the
 /// line moves stays away from +x: across the base side in mode 0, along it in mode 1.
 ///

@@ -38,8 +38,8 @@ struct CPoint3d {
 
 /// The vertices of a polygon, in order, over one contiguous array. A value: copies are independent.
 ///
-/// What may allocate may throw std::bad_alloc, and then leaves the points as they were. Reading never
-/// allocates, and may be done from several threads at once.
+/// What may allocate may throw std::bad_alloc; Append and Reserve then leave the points as they were. Reading
+/// never allocates, and may be done from several threads at once.
 ///
 /// The three readers are inline, so that reading a coordinate is no call: what this class holds is part of the
 /// binary interface, and the library's SOVERSION changes with it. Another container under the same name serves
