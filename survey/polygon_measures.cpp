@@ -9,7 +9,7 @@
 
 namespace {
 
-// The shares of rings up to here stay on the stack, half a kilobyte; most parcels are smaller.
+// Rings up to here are copied to the stack, a kilobyte; most parcels are smaller.
 constexpr int kSmallRing = 64;
 
 PL_PNT2D_record plan_point(const CPoint3dVector& pts, int i)
@@ -23,48 +23,46 @@ double side_length(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
     return plcalc::step_length(to.x - from.x, to.y - from.y);
 }
 
-// The sum of the shares, in the order of the vertices. The first share needs the last vertex, and each vertex is
-// read once and in order: so the shares are noted while reading, and added up after.
-double area_by_shares(const CPoint3dVector& pts, int n, double* shares)
+// Each vertex is read once and in order, and the first share already needs the last one: hence a copy. Four at a
+// time: one at a time, counting would take as long as copying.
+inline double area_of_copy(const CPoint3dVector& pts, int n, PL_PNT2D_record* ring)
 {
-    const PL_PNT2D_record first = plan_point(pts, 0);
-    const PL_PNT2D_record second = n > 1 ? plan_point(pts, 1) : first;
-    PL_PNT2D_record before = first;
-    PL_PNT2D_record at = second;
-    for (int i = 2; i < n; ++i) {
-        const PL_PNT2D_record after = plan_point(pts, i);
-        shares[i - 1] = plcalc::shoelace_share(before, at, after);
-        before = at;
-        at = after;
-    }
-    // Now at the last vertex, which of a single one is the first.
-    shares[n - 1] = plcalc::shoelace_share(before, at, first);
-    shares[0] = plcalc::shoelace_share(at, first, second);
+    int i = 0;
+    for (; i <= n - 4; i += 4)
+        for (int k = 0; k < 4; ++k)
+            ring[i + k] = plan_point(pts, i + k);
+    for (; i < n; ++i)
+        ring[i] = plan_point(pts, i);
+    return plcalc::shoelace_area(ring, static_cast<std::size_t>(n));
+}
 
-    double sum = 0.0;
-    for (int i = 0; i < n; ++i)
-        sum = shares[i] + sum;
-    return sum;
+double area_of_large_ring(const CPoint3dVector& pts, int n)
+{
+    const std::unique_ptr<PL_PNT2D_record[]> ring(new PL_PNT2D_record[static_cast<std::size_t>(n)]);
+    return area_of_copy(pts, n, ring.get());
+}
+
+inline double signed_area(const CPoint3dVector& pts)
+{
+    const int n = pts.GetNoPoits();
+    if (n > kSmallRing)
+        return area_of_large_ring(pts, n);
+    if (n < 1)
+        return 0.0;
+    std::array<PL_PNT2D_record, kSmallRing> ring;
+    return area_of_copy(pts, n, ring.data());
 }
 
 }  // namespace
 
 double AreaCalcolataSgn(const CPoint3dVector& pts)
 {
-    const int n = pts.GetNoPoits();
-    if (n < 1)
-        return 0.0;
-    if (n <= kSmallRing) {
-        std::array<double, kSmallRing> shares;
-        return area_by_shares(pts, n, shares.data());
-    }
-    const std::unique_ptr<double[]> shares(new double[static_cast<std::size_t>(n)]);
-    return area_by_shares(pts, n, shares.get());
+    return signed_area(pts);
 }
 
 double AreaCalcolata(const CPoint3dVector& pts)
 {
-    return std::fabs(AreaCalcolataSgn(pts));
+    return std::fabs(signed_area(pts));
 }
 
 double PeriCalcolato(const CPoint3dVector& pts)
