@@ -44,12 +44,17 @@ def limit_for(work, size, peers):
     return None
 
 
+def by_work_and_size(row):
+    (work, size), _ = row
+    return work, int(size) if size.isdigit() else 0, size
+
+
 def main():
     times = read_times(sys.argv[1])
     failed = 0
     print("| work | n | plcalc, ns | fastest peer, ns | ratio | at most |")
     print("| --- | ---: | ---: | ---: | ---: | ---: |")
-    for (work, size), by_library in times.items():
+    for (work, size), by_library in sorted(times.items(), key=by_work_and_size):
         ours = by_library.get("plcalc")
         if ours is None:
             continue
