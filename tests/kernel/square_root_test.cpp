@@ -40,6 +40,9 @@ const RootRow kRows[] = {
     {"smallest subnormal", 0x1p-1074, 0x1p-537},
     {"next to smallest subnormal", 0x1p-1073, 0x1.6a09e667f3bcdp-537},
     {"infinity", kInf, kInf},
+    // Their squares exceed that of the halfway by 7/4 of the remainder's unit, and the first guess is too large by one.
+    {"just above halfway, even exponent: up", 0x1.d407bb3641da5p+0, 0x1.5a24e31b39fa6p+0},
+    {"just above halfway, odd exponent: up", 0x1.5b95344972fe2p+1, 0x1.a5db1ce4c605bp+0},
 };
 
 TEST(SquareRoot, Table)

@@ -105,6 +105,12 @@ const InLineRow kInLineRows[] = {
      {-1, -0x1.fffff404b472dp-1},
      {1, 1},
      true},
+    {"2e-14 outside the margin, folded: a digit more or less would show",
+     {0, 0},
+     {-1, -0x1.000005fda4049p+0},
+     {1, 1},
+     false},
+    {"2e-14 inside the margin, folded", {0, 0}, {-1, -0x1.000005fda3ee0p+0}, {1, 1}, true},
     {"folded, inside with either", {0, 0}, {-1, -0x1.000005fda384ep+0}, {1, 1}, true},
 
     // The fold begins 4.14e-7 before half a turn: 3.5e-7 and 4.1e-7 are folded, 4.2e-7 and 4.8e-7 are not.
