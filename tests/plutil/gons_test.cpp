@@ -44,6 +44,8 @@ const BearingRow kBearingRows[] = {
     {"northwest", -1, 1, 350, 2},
     {"first argument over second: from north, 40.97 gons", 3, 4, 0x1.47bb801b93443p+5, 2},
     {"swapped: 59.03 gons", 4, 3, 0x1.d8447fe46cbbdp+5, 2},
+    {"a tenth north is not nothing", 1, 0.1, 0x1.769e9d3115acfp+6, 2},
+    {"a tenth east is not nothing", 0.1, 1, 0x1.96162ceea530ep+2, 2},
     {"second quadrant", 3, -4, 0x1.3e111ff91b2efp+7, 2},
     {"third quadrant", -3, -4, 0x1.e1eee006e4d11p+7, 2},
     {"fourth quadrant", -3, 4, 0x1.67088ffc8d978p+8, 2},
