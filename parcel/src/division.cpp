@@ -33,7 +33,7 @@ struct Reference {
 
 // One cut, made or not.
 struct Attempt {
-    Status status = Status::not_reached;
+    Status status = Status::line_leaves_parcel;
     Cutting cutting;
     DividingLine line;
     BareAnswer bare;
@@ -62,13 +62,16 @@ WidePoint up_direction(const Stage& stage, const Reference& reference, double tu
     return dot(up, into) < 0.0 ? WidePoint{-up.x, -up.y} : up;
 }
 
-// Whether the unlimited line crosses a side beside those that the line ends on, or at whose end it ends.
+// Whether the unlimited line crosses a side beside those that the line ends on, or at whose end it ends. Both
+// hair's breadths beside the line must: it may run along a side or touch a vertex without meeting the inside.
 bool meets_again(const Ring& ring, const Cutting& cutting)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
     const auto is_end = [&cutting](const PL_PNT2D_record& p) {
         return same_place(p, cutting.from) || same_place(p, cutting.to);
     };
+    bool on_the_left = false;
+    bool on_the_right = false;
     for (std::size_t side = 0; side < ring.size(); ++side) {
         const PL_PNT2D_record& a = ring[side];
         const PL_PNT2D_record& b = around(ring, side + 1);
@@ -76,10 +79,23 @@ bool meets_again(const Ring& ring, const Cutting& cutting)
             continue;
         const Wide off_a = cross(run, from_to(cutting.from, a));
         const Wide off_b = cross(run, from_to(cutting.from, b));
-        if ((off_a < 0.0) != (off_b < 0.0))
-            return true;
+        on_the_left = on_the_left || (off_a > 0.0) != (off_b > 0.0);
+        on_the_right = on_the_right || (off_a < 0.0) != (off_b < 0.0);
     }
-    return false;
+    return on_the_left && on_the_right;
+}
+
+// Whether a line is the one that the library found, brought to rest: both in a frame 4096 to 8192 across. Where
+// the parcel ends in a tip, or an end lies on a side that the line meets at a sharp angle, a millionth of the area
+// is a thousandth of that.
+bool is_beside(const Chord& line, const PL_LINE_2D_record& found)
+{
+    constexpr double kBeside = 8.0;
+    const auto near = [](const WidePoint& p, const PL_PNT2D_record& q) {
+        return std::fabs(p.x.value() - q.x) <= kBeside && std::fabs(p.y.value() - q.y) <= kBeside;
+    };
+    return (near(line.from, found.start) && near(line.to, found.end)) ||
+           (near(line.from, found.end) && near(line.to, found.start));
 }
 
 // Everything about one cut that its steps share.
@@ -96,10 +112,21 @@ public:
         Attempt attempt;
         PL_LINE_2D_record found = {};
         ask_library(attempt.bare, found);
-        if (stage_.cut == Cut::through_vertex)
-            cut_through_vertex(attempt, found);
-        else
-            cut_by_levels(attempt, found);
+        const std::vector<Chord> lines =
+            stage_.cut == Cut::through_vertex ? lines_from_the_vertex() : lines_of_levels(attempt.status);
+        for (const Chord& line : lines) {
+            ++attempt.trials;
+            const Verdict verdict = judge(stage_.ring, local_, line, target_, attempt.cutting);
+            if (verdict == Verdict::divides) {
+                attempt.status = Status::divided;
+                attempt.line = dividing_line(attempt.cutting);
+                attempt.line.found =
+                    attempt.bare.done && is_beside(line, found) ? Found::by_search : Found::by_sweep;
+                break;
+            }
+            if (verdict == Verdict::misses)
+                attempt.status = Status::not_reached;
+        }
         return attempt;
     }
 
@@ -118,26 +145,8 @@ private:
         return {p.x.value(), p.y.value()};
     }
 
-    // Whether one of the lines divides as asked; the first that does is taken.
-    bool take_first(const std::vector<Chord>& lines, Found found, Attempt& attempt) const
-    {
-        for (const Chord& line : lines) {
-            ++attempt.trials;
-            const Verdict verdict = judge(stage_.ring, local_, line, target_, attempt.cutting);
-            if (verdict == Verdict::divides) {
-                attempt.status = Status::divided;
-                attempt.line = {attempt.cutting.from, attempt.cutting.to, found,
-                                meets_again(stage_.ring, attempt.cutting)};
-                orient(attempt.line);
-                return true;
-            }
-            if (verdict == Verdict::misses)
-                attempt.status = Status::not_reached;
-        }
-        return false;
-    }
-
-    void cut_by_levels(Attempt& attempt, const PL_LINE_2D_record& found) const
+    // Parallels and perpendiculars; and what it means when none of them divides.
+    std::vector<Chord> lines_of_levels(Status& otherwise) const
     {
         LevelRequest request = {};
         request.up = up_direction(stage_, reference_, turn_);
@@ -149,44 +158,28 @@ private:
         request.rest = rest_;
         request.turn = turn_;
         const LevelCut levels(local_, request);
-
-        const bool from_reference = stage_.measured == Measured::from_reference;
-        const Wide& of_base = from_reference ? request.request : request.rest;
-        const bool behind = request.from_base && levels.area_below() > of_base;
-        attempt.status = behind ? Status::base_reaches_behind : Status::line_leaves_parcel;
-        if (!attempt.bare.done || !take_first(levels.lines_beside(found), Found::by_search, attempt))
-            take_first(levels.all_lines(), Found::by_sweep, attempt);
+        const Wide& of_base = request.opposite ? rest_ : request_;
+        if (request.from_base && levels.area_below() > of_base)
+            otherwise = Status::base_reaches_behind;
+        return levels.all_lines();
     }
 
-    void cut_through_vertex(Attempt& attempt, const PL_LINE_2D_record& found) const
+    std::vector<Chord> lines_from_the_vertex() const
     {
-        const bool request_after = stage_.measured == Measured::from_reference;
-        std::vector<Chord> lines =
-            lines_from_vertex(local_, turn_, stage_.index, request_after ? request_ : rest_);
+        const bool after = stage_.measured == Measured::from_reference;
+        std::vector<Chord> lines = lines_from_vertex(local_, turn_, stage_.index, after ? request_ : rest_);
         for (Chord& line : lines)
-            line.request_after_from = request_after;
-
-        attempt.status = Status::line_leaves_parcel;
-        if (!attempt.bare.done || !take_first(beside(lines, found), Found::by_search, attempt))
-            take_first(lines, Found::by_sweep, attempt);
-    }
-
-    // Of lines from one vertex, the one that ends on the side that the library's line ends on.
-    static std::vector<Chord> beside(const std::vector<Chord>& lines, const PL_LINE_2D_record& found)
-    {
-        // The searched area may miss by its millionth. On a side that the line meets at a sharp angle the end
-        // misses by more; a thousandth of the parcel, which is 8192 across at most.
-        constexpr double kSameEnd = 8.0;
-        for (const Chord& line : lines)
-            if (std::fabs(line.to.x.value() - found.end.x) <= kSameEnd &&
-                std::fabs(line.to.y.value() - found.end.y) <= kSameEnd)
-                return {line};
-        return {};
+            line.request_after_from = after;
+        return lines;
     }
 
     // Parallel as the side runs, perpendicular from the end nearer to the side's line.
-    void orient(DividingLine& line) const
+    DividingLine dividing_line(const Cutting& cutting) const
     {
+        DividingLine line;
+        line.from = cutting.from;
+        line.to = cutting.to;
+        line.meets_again = meets_again(stage_.ring, cutting);
         const WidePoint run = from_to(reference_.a, reference_.b);
         const Wide off_from = abs(cross(run, from_to(reference_.a, line.from)));
         const Wide off_to = abs(cross(run, from_to(reference_.a, line.to)));
@@ -194,6 +187,7 @@ private:
         if ((reference_.cut == Cut::parallel && against) ||
             (reference_.cut == Cut::perpendicular && off_to < off_from))
             std::swap(line.from, line.to);
+        return line;
     }
 
     const Stage& stage_;

@@ -88,6 +88,9 @@ Verdict measure(const Ring& ring, bool anticlockwise, bool request_after_from, c
     const Wide turn = anticlockwise ? 1.0 : -1.0;
     cutting.got = area_of(cutting.request.ring) * turn;
     const Wide left_over = area_of(cutting.rest) * turn;
+    constexpr std::size_t kMinVertices = 3;
+    if (cutting.request.ring.size() < kMinVertices || cutting.rest.size() < kMinVertices)
+        return Verdict::misses;  // rounded onto a side
     if (!(cutting.got > 0.0) || !(left_over > 0.0) || meets_itself(cutting.request.ring) ||
         meets_itself(cutting.rest))
         return Verdict::leaves_the_parcel;

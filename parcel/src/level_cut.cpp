@@ -132,28 +132,6 @@ bool LevelCut::solve(const Span& span, const Wide& low, const Wide& high, Candid
     return true;
 }
 
-std::vector<Chord> LevelCut::lines_beside(const PL_LINE_2D_record& line) const
-{
-    const WidePoint right = {request_.up.y, -request_.up.x};
-    const WidePoint a = WidePoint{line.start.x, line.start.y} - request_.zero;
-    const WidePoint b = WidePoint{line.end.x, line.end.y} - request_.zero;
-    const Wide level = (dot(request_.up, a) + dot(request_.up, b)) * 0.5;
-    const Wide middle = (dot(right, a) + dot(right, b)) * 0.5;
-
-    const std::vector<Wide> levels = sorted_levels();
-    const auto high = std::upper_bound(levels.begin(), levels.end(), level);
-    if (high == levels.begin() || high == levels.end())
-        return {};
-    const Wide low = *(high - 1);
-    for (const Span& span : spans(low, *high)) {
-        Candidate found = {};
-        const bool met = along_at(span.left, level) < middle && middle < along_at(span.right, level);
-        if (met && solve(span, low, *high, found))
-            return {found.chord};
-    }
-    return {};
-}
-
 std::vector<Chord> LevelCut::all_lines() const
 {
     const std::vector<Wide> levels = sorted_levels();

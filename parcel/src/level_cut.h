@@ -37,10 +37,6 @@ class LevelCut {
 public:
     LevelCut(const LocalRing& ring, const LevelRequest& request);
 
-    /// The line that holds the request between the two sides that a given line meets, as a list of one; none
-    /// where the root lies beyond the ends of these sides.
-    std::vector<Chord> lines_beside(const PL_LINE_2D_record& line) const;
-
     /// All lines that hold the request, the better ones first: those above level 0 (where the request does not
     /// go with the base side, those that end on it), among them those that meet the boundary twice only, among
     /// them the nearest to level 0 (to the base side's middle). Those that leave the parcel by touching its

@@ -1,1 +1,372 @@
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "support/bits.h"
+
+namespace {
+
+using plparcel::Amount;
+using plparcel::area;
+using plparcel::Cut;
+using plparcel::divide;
+using plparcel::Division;
+using plparcel::equal_parts;
+using plparcel::Found;
+using plparcel::Measured;
+using plparcel::product;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::share;
+using plparcel::Status;
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr Measured kHere = Measured::from_reference;
+constexpr Measured kThere = Measured::opposite;
+
+const Ring kLot = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+const Ring kLotClockwise = {{0, 0}, {0, 50}, {100, 50}, {100, 0}};
+const Ring kL = {{0, 0}, {100, 0}, {100, 40}, {40, 40}, {40, 100}, {0, 100}};                        // 6400
+const Ring kU = {{0, 0}, {100, 0}, {100, 100}, {70, 100}, {70, 40}, {30, 40}, {30, 100}, {0, 100}};  // 7600
+
+Request request(Cut cut, std::size_t index, std::vector<Amount> amounts, Measured measured = kHere)
+{
+    Request made;
+    made.cut = cut;
+    made.index = index;
+    made.amounts = std::move(amounts);
+    made.measured = measured;
+    return made;
+}
+
+struct CutRow {
+    const char* what;
+    const Ring& ring;
+    Request request;
+    PL_PNT2D_record from;
+    PL_PNT2D_record to;
+};
+
+const CutRow kCuts[] = {
+    {"parallel", kLot, request(Cut::parallel, 0, {area(1000)}), {0, 10}, {100, 10}},
+    {"parallel, a product", kLot, request(Cut::parallel, 0, {product(100, 10)}), {0, 10}, {100, 10}},
+    {"parallel, a share", kLot, request(Cut::parallel, 0, {share(20, 100)}), {0, 10}, {100, 10}},
+    {"parallel to the second side", kLot, request(Cut::parallel, 1, {area(1000)}), {80, 0}, {80, 50}},
+    {"parallel, beyond", kLot, request(Cut::parallel, 0, {area(1000)}, kThere), {0, 40}, {100, 40}},
+    {"perpendicular", kLot, request(Cut::perpendicular, 0, {area(1000)}), {80, 0}, {80, 50}},
+    {"perpendicular, past the middle", kLot, request(Cut::perpendicular, 0, {area(4000)}), {20, 0}, {20, 50}},
+    {"perpendicular, at the middle", kLot, request(Cut::perpendicular, 0, {area(2500)}), {50, 0}, {50, 50}},
+    {"perpendicular, behind", kLot, request(Cut::perpendicular, 0, {area(1000)}, kThere), {20, 0}, {20, 50}},
+    {"vertex", kLot, request(Cut::through_vertex, 0, {area(1000)}), {0, 0}, {100, 20}},
+    {"vertex, the other side", kLot, request(Cut::through_vertex, 0, {area(1000)}, kThere), {0, 0}, {40, 50}},
+    {"vertex to vertex", kLot, request(Cut::through_vertex, 0, {area(2500)}), {0, 0}, {100, 50}},
+    {"clockwise, parallel", kLotClockwise, request(Cut::parallel, 0, {area(500)}), {10, 0}, {10, 50}},
+    {"clockwise, perpendicular",
+     kLotClockwise,
+     request(Cut::perpendicular, 0, {area(1000)}),
+     {0, 40},
+     {100, 40}},
+    {"clockwise, vertex", kLotClockwise, request(Cut::through_vertex, 0, {area(500)}), {0, 0}, {20, 50}},
+    {"L, with what is behind the side", kL, request(Cut::parallel, 2, {area(3400)}), {100, 30}, {0, 30}},
+    {"L, to the re-entrant corner",
+     kL,
+     request(Cut::perpendicular, 4, {area(2400)}, kThere),
+     {40, 40},
+     {40, 0}},
+    {"U, across the strip", kU, request(Cut::parallel, 0, {area(2000)}), {0, 20}, {100, 20}},
+    {"U, one arm's tip off", kU, request(Cut::parallel, 0, {area(7000)}), {0, 80}, {30, 80}},
+};
+
+TEST(Division, FindsTheLine)
+{
+    for (const CutRow& row : kCuts) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(row.ring, row.request);
+        EXPECT_EQ(division.status, Status::divided) << describe(division.status);
+        if (division.lines.size() != 1 || division.pieces.size() != 2)
+            continue;
+        EXPECT_POINT(division.lines[0].from, (row.from));
+        EXPECT_POINT(division.lines[0].to, (row.to));
+        EXPECT_BITS(division.pieces[0].residual, 0.0);
+        EXPECT_BITS(division.pieces[1].residual, 0.0);
+        EXPECT_BITS(division.pieces[0].area, division.pieces[0].asked);
+        EXPECT_BITS(division.pieces[0].area + division.pieces[1].area, division.ring.area);
+    }
+}
+
+struct RefusalRow {
+    const char* what;
+    Ring ring;
+    Request request;
+    Status status;
+};
+
+const RefusalRow kRefusals[] = {
+    {"no ring", {}, request(Cut::parallel, 0, {area(1)}), Status::degenerate},
+    {"a NaN", {{0, 0}, {1, 0}, {kNan, 1}}, request(Cut::parallel, 0, {area(1)}), Status::not_finite},
+    {"a bow tie",
+     {{0, 0}, {1, 1}, {1, 0}, {0, 1}},
+     request(Cut::parallel, 0, {area(1)}),
+     Status::ring_not_simple},
+    {"an unknown cut", kLot, request(static_cast<Cut>(3), 0, {area(1)}), Status::unknown_request},
+    {"an unknown measure", kLot, request(Cut::parallel, 0, {area(1)}, static_cast<Measured>(2)),
+     Status::unknown_request},
+    {"an unknown amount", kLot, request(Cut::parallel, 0, {{static_cast<plparcel::Given>(9), 1, 1}}),
+     Status::unknown_request},
+    {"side 4 of 4", kLot, request(Cut::parallel, 4, {area(1)}), Status::no_such_index},
+    {"vertex 4 of 4", kLot, request(Cut::through_vertex, 4, {area(1)}), Status::no_such_index},
+    {"a side from a vertex to its repetition",
+     {{0, 0}, {9, 0}, {9, 0}, {9, 9}},
+     request(Cut::parallel, 1, {area(1)}),
+     Status::side_without_length},
+    {"the side that closes a closed ring",
+     {{0, 0}, {9, 0}, {9, 9}, {0, 0}},
+     request(Cut::perpendicular, 3, {area(1)}),
+     Status::side_without_length},
+    {"no amount", kLot, request(Cut::parallel, 0, {}), Status::amount_out_of_range},
+    {"an amount of nothing", kLot, request(Cut::parallel, 0, {area(0)}), Status::amount_out_of_range},
+    {"everything", kLot, request(Cut::parallel, 0, {area(5000)}), Status::amount_out_of_range},
+    {"more than that", kLot, request(Cut::through_vertex, 0, {area(5001)}), Status::amount_out_of_range},
+    {"an amount that is not a number", kLot, request(Cut::parallel, 0, {area(kNan)}),
+     Status::amount_out_of_range},
+    {"L, less than what is behind", kL, request(Cut::parallel, 2, {area(2399)}), Status::base_reaches_behind},
+    {"L, beyond, so that less is left", kL, request(Cut::parallel, 2, {area(4001)}, kThere),
+     Status::base_reaches_behind},
+    {"U, half and a bit: both arms would be cut", kU, request(Cut::parallel, 0, {area(5000)}),
+     Status::line_leaves_parcel},
+    {"U, along the floor of the gap", kU, request(Cut::parallel, 0, {area(4000)}),
+     Status::line_leaves_parcel},
+    {"L, the vertex does not see where it should go", kL, request(Cut::through_vertex, 1, {area(2000)}),
+     Status::line_leaves_parcel},
+    {"a square of 1e-3 at 5e6",
+     {{5e6, 5e6}, {5e6 + 0x1p-10, 5e6}, {5e6 + 0x1p-10, 5e6 + 0x1p-10}, {5e6, 5e6 + 0x1p-10}},
+     request(Cut::parallel, 0, {share(1, 3)}),
+     Status::not_reached},
+    {"a piece smaller than doubles can tell",
+     {{5e6, 5e6}, {5e6 + 8, 5e6}, {5e6 + 8, 5e6 + 8}, {5e6, 5e6 + 8}},
+     request(Cut::parallel, 0, {area(1e-9)}),
+     Status::not_reached},
+};
+
+TEST(Division, RefusesWithAReason)
+{
+    for (const RefusalRow& row : kRefusals) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(row.ring, row.request);
+        EXPECT_EQ(division.status, row.status) << describe(division.status);
+        if (division.status == Status::divided)
+            continue;
+        EXPECT_TRUE(division.lines.empty());
+        EXPECT_TRUE(division.pieces.empty());
+    }
+}
+
+TEST(Division, EveryStatusHasItsWords)
+{
+    std::set<std::string> all;
+    for (int i = 0; i <= static_cast<int>(Status::not_reached) + 1; ++i)
+        all.insert(describe(static_cast<Status>(i)));
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(Status::not_reached) + 2);
+}
+
+TEST(Division, OneAfterAnother)
+{
+    const struct {
+        const char* what;
+        Request request;
+        std::vector<PL_LINE_2D_record> lines;
+    } rows[] = {
+        {"strips along a side",
+         request(Cut::parallel, 0, {area(500), product(20, 30), share(1, 10)}),
+         {{{0, 5}, {100, 5}}, {{0, 11}, {100, 11}}, {{0, 16}, {100, 16}}}},
+        {"strips from beyond",
+         request(Cut::parallel, 0, {area(500), area(600)}, kThere),
+         {{{0, 45}, {100, 45}}, {{0, 39}, {100, 39}}}},
+        {"slices from the end of a side",
+         request(Cut::perpendicular, 0, {area(500), area(3000)}),
+         {{{90, 0}, {90, 50}}, {{30, 0}, {30, 50}}}},
+        {"slices from its start",
+         request(Cut::perpendicular, 0, {area(500), area(3000)}, kThere),
+         {{{10, 0}, {10, 50}}, {{70, 0}, {70, 50}}}},
+        {"wedges",
+         request(Cut::through_vertex, 0, equal_parts(4)),
+         {{{0, 0}, {100, 25}}, {{0, 0}, {100, 50}}, {{0, 0}, {50, 50}}}},
+        {"wedges from the other side",
+         request(Cut::through_vertex, 0, {area(1250), area(1250)}, kThere),
+         {{{0, 0}, {50, 50}}, {{0, 0}, {100, 50}}}},
+        {"all of it: one line less",
+         request(Cut::parallel, 0, {area(2000), area(3000)}),
+         {{{0, 20}, {100, 20}}}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(kLot, row.request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division.status);
+        ASSERT_EQ(division.lines.size(), row.lines.size());
+        ASSERT_EQ(division.pieces.size(), row.lines.size() + 1);
+        EXPECT_EQ(division.bare.size(), row.lines.size());
+        double sum = 0.0;
+        for (std::size_t i = 0; i < row.lines.size(); ++i) {
+            EXPECT_POINT(division.lines[i].from, (row.lines[i].start));
+            EXPECT_POINT(division.lines[i].to, (row.lines[i].end));
+        }
+        for (const plparcel::Piece& piece : division.pieces) {
+            EXPECT_NEAR(piece.area, piece.asked, 5e-12);
+            sum += piece.area;
+        }
+        EXPECT_NEAR(sum, 5000.0, 1e-11);
+    }
+}
+
+TEST(Division, ASeriesThatCannotBeFinishedNamesTheAmount)
+{
+    // The strip of the U holds 4000; half of the rest is in two arms.
+    const Division division = divide(kU, request(Cut::parallel, 0, {area(1000), area(1000), area(3000)}));
+    EXPECT_EQ(division.status, Status::line_leaves_parcel);
+    EXPECT_EQ(division.at_amount, 2U);
+    EXPECT_TRUE(division.lines.empty());
+    EXPECT_TRUE(division.pieces.empty());
+    EXPECT_EQ(division.bare.size(), 3U);
+
+    const Division too_much = divide(kU, request(Cut::parallel, 0, {area(7000), area(700)}));
+    EXPECT_EQ(too_much.status, Status::amount_out_of_range);
+    EXPECT_EQ(too_much.at_amount, 1U);
+    EXPECT_TRUE(too_much.bare.empty());
+}
+
+TEST(Division, PiecesRunAsTheParcelAndShareTheLine)
+{
+    const Division division = divide(kLotClockwise, request(Cut::parallel, 0, {area(500)}));
+    ASSERT_EQ(division.pieces.size(), 2U);
+    const Ring& first = division.pieces[0].ring;
+    ASSERT_EQ(first.size(), 4U);
+    EXPECT_POINT(first[0], ({10, 0}));
+    EXPECT_POINT(first[1], ({0, 0}));
+    EXPECT_POINT(first[2], ({0, 50}));
+    EXPECT_POINT(first[3], ({10, 50}));
+    const Ring& second = division.pieces[1].ring;
+    ASSERT_EQ(second.size(), 4U);
+    EXPECT_POINT(second[0], ({10, 50}));
+    EXPECT_POINT(second[1], ({100, 50}));
+    EXPECT_POINT(second[2], ({100, 0}));
+    EXPECT_POINT(second[3], ({10, 0}));
+    EXPECT_FALSE(division.ring.anticlockwise);
+}
+
+TEST(Division, RepeatedAndClosingVerticesDoNoHarm)
+{
+    const Ring messy = {{0, 0}, {0, 0}, {100, 0}, {100, 50}, {100, 50}, {0, 50}, {0, 0}};
+    const struct {
+        Cut cut;
+        std::size_t index;
+        PL_PNT2D_record from;
+        PL_PNT2D_record to;
+    } rows[] = {
+        {Cut::parallel, 1, {0, 10}, {100, 10}},       {Cut::parallel, 5, {10, 50}, {10, 0}},
+        {Cut::perpendicular, 4, {20, 50}, {20, 0}},   {Cut::through_vertex, 0, {0, 0}, {100, 20}},
+        {Cut::through_vertex, 1, {0, 0}, {100, 20}},  {Cut::through_vertex, 6, {0, 0}, {100, 20}},
+        {Cut::through_vertex, 4, {100, 50}, {0, 30}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.index);
+        const Division division =
+            divide(messy, request(row.cut, row.index,
+                                  {area(row.cut == Cut::parallel && row.index == 5 ? 500 : 1000)}));
+        ASSERT_EQ(division.status, Status::divided) << describe(division.status);
+        EXPECT_EQ(division.ring.repeated, 2U);
+        EXPECT_TRUE(division.ring.closed);
+        EXPECT_POINT(division.lines[0].from, (row.from));
+        EXPECT_POINT(division.lines[0].to, (row.to));
+    }
+}
+
+TEST(Division, AVertexOnTheLineIsItsEnd)
+{
+    const Ring ring = {{0, 0}, {100, 0}, {100, 10}, {100, 50}, {0, 50}, {0, 10}};
+    const Division division = divide(ring, request(Cut::parallel, 0, {area(1000)}));
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_POINT(division.lines[0].from, ({0, 10}));
+    EXPECT_POINT(division.lines[0].to, ({100, 10}));
+    EXPECT_EQ(division.pieces[0].ring.size(), 4U);
+    EXPECT_EQ(division.pieces[1].ring.size(), 4U);
+}
+
+TEST(Division, BaseSidesOfAnyLength)
+{
+    // From a micrometre to most of the parcel; CFrazArea alone needs 3.2e-4.
+    for (const double length : {1e-6, 1e-5, 1e-4, 3e-4, 1e-3, 1.0, 90.0}) {
+        SCOPED_TRACE(length);
+        const Ring ring = {{0, 0}, {length, 0}, {100, 40}, {50, 90}, {-20, 30}};
+        for (const Cut cut : {Cut::parallel, Cut::perpendicular}) {
+            const Division division = divide(ring, request(cut, 0, {share(1, 3)}));
+            EXPECT_EQ(division.status, Status::divided) << describe(division.status);
+        }
+    }
+}
+
+TEST(Division, ParcelsOfAnySize)
+{
+    for (int exponent = -290; exponent <= 290; exponent += 20) {
+        SCOPED_TRACE(exponent);
+        Ring ring = {{0, 0}, {103, 11}, {87, 61}, {13, 47}};
+        for (PL_PNT2D_record& p : ring)
+            p = {std::ldexp(p.x, exponent), std::ldexp(p.y, exponent)};
+        for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {
+            const Division division = divide(ring, request(cut, 0, {share(2, 7)}));
+            ASSERT_EQ(division.status, Status::divided) << describe(division.status);
+            EXPECT_LE(std::fabs(division.pieces[0].residual), 1e-15 * division.ring.area);
+        }
+    }
+}
+
+TEST(Division, NearlyNothingAndNearlyEverything)
+{
+    for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {
+        for (const double part : {1e-3, 1e-6, 1e-9, 1e-11}) {
+            SCOPED_TRACE(part);
+            const Division little = divide(kLot, request(cut, 0, {share(part, 1)}));
+            EXPECT_EQ(little.status, Status::divided);
+            const Division most = divide(kLot, request(cut, 0, {share(part, 1)}, kThere));
+            EXPECT_EQ(most.status, Status::divided);
+        }
+    }
+    // What is left must be held to a hundredth of itself. 9.1e-15 below y = 50 is no double, 1.8e-14 right of
+    // x = 0 is one.
+    const Amount all_but_nothing = area(5000.0 * (1.0 - 0x1p-53));
+    EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, {all_but_nothing})).status, Status::not_reached);
+    EXPECT_EQ(divide(kLot, request(Cut::perpendicular, 0, {all_but_nothing})).status, Status::divided);
+}
+
+TEST(Division, KeepsTheBareAnswer)
+{
+    const Division division = divide(kLot, request(Cut::parallel, 0, {area(1000)}));
+    ASSERT_EQ(division.bare.size(), 1U);
+    EXPECT_TRUE(division.bare[0].done);
+    EXPECT_NEAR(division.bare[0].line.start.y, 10.0, 1e-4);  // within a millionth of the request
+    EXPECT_NEAR(division.bare[0].line.end.y, 10.0, 1e-4);
+    EXPECT_NE(division.bare[0].line.start.y, 10.0);
+    EXPECT_EQ(division.lines[0].found, Found::by_search);
+    EXPECT_FALSE(division.lines[0].meets_again);
+    EXPECT_EQ(division.trials, 1U);
+
+    const Division swept = divide(kU, request(Cut::parallel, 0, {area(7000)}));
+    ASSERT_EQ(swept.status, Status::divided);
+    EXPECT_TRUE(swept.bare[0].done);
+    EXPECT_EQ(swept.lines[0].found, Found::by_sweep);
+    EXPECT_TRUE(swept.lines[0].meets_again);
+}
+
+TEST(Division, LineThatMeetsTheParcelAgain)
+{
+    // From the L's re-entrant corner the line goes on along a side, outside of what is ahead; that is not again.
+    EXPECT_FALSE(divide(kU, request(Cut::parallel, 0, {area(2000)})).lines.at(0).meets_again);
+    EXPECT_FALSE(divide(kL, request(Cut::perpendicular, 4, {area(2400)}, kThere)).lines.at(0).meets_again);
+    EXPECT_TRUE(divide(kU, request(Cut::parallel, 2, {area(900)})).lines.at(0).meets_again);
+}
+
+}  // namespace

@@ -147,27 +147,6 @@ TEST(LevelCut, PerpendicularsThatEndOnTheBaseSideComeFirst)
     EXPECT_EQ(lines[0].to_side, 2U);
 }
 
-TEST(LevelCut, BesideALine)
-{
-    const double square = 0x1p20;
-    const LocalRing local(kU);
-    const LevelCut cut(local, upwards(7.5 * square, 8.0 * square));
-    const auto beside = [&cut](double x1, double y1, double x2, double y2) {
-        return cut.lines_beside({{x1, y1}, {x2, y2}});
-    };
-    // In the left arm, anywhere between the floor of the gap and the arm's top.
-    ASSERT_EQ(beside(0, 1300, 1024, 1300).size(), 1U);
-    EXPECT_BITS(level_of(beside(1024, 1300, 0, 1300)[0]), 1536.0);
-    EXPECT_EQ(beside(0, 1024.001, 1024, 1024.001).size(), 1U);
-    EXPECT_EQ(beside(0, 1023.999, 1024, 1023.999).size(), 0U);  // below the floor: another pair of sides
-    EXPECT_EQ(beside(1024, 1300, 3072, 1300).size(), 0U);       // in the gap
-    EXPECT_EQ(beside(3072, 1300, 4096, 1300).size(), 0U);       // the right arm is too large there
-    EXPECT_EQ(beside(3072, 2300, 4096, 2300).size(), 1U);       // and right above the left one
-    EXPECT_EQ(beside(0, -1, 4096, -1).size(), 0U);
-    EXPECT_EQ(beside(0, 4097, 4096, 4097).size(), 0U);
-    EXPECT_EQ(beside(NAN, NAN, NAN, NAN).size(), 0U);
-}
-
 TEST(LevelCut, AreaBelow)
 {
     const LocalRing local(kU);

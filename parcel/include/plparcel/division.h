@@ -168,7 +168,7 @@ PLPARCEL_API RingReport check_ring(const Ring& ring);
 /// How a dividing line was found.
 enum class Found {
     by_search,  ///< CFrazArea's line, brought to rest on the amount between the two sides that it meets
-    by_sweep    ///< where that failed: the amount was looked for between all pairs of sides
+    by_sweep    ///< another one: CFrazArea's was wrong, or is not the first by the order that divide() gives
 };
 
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
@@ -222,11 +222,10 @@ struct Division {
 ///             1e-9 at 5e6. On parcels of about a square unit or less at such coordinates this alone may
 ///             forbid the 1e-9, and the answer is not_reached. A line that touches the boundary between its
 ///             ends makes more than two pieces.
-/// Concave     Lines that meet the parcel's boundary again when prolonged are cut at their first part. Where
-///             more than one line holds the amount, CFrazArea's is taken; where that is none of them, first
-///             those on the inner side of the base side (perpendicular: those that end on it), among them
-///             those that meet the boundary twice only, among them the nearest to the base side's line
-///             (perpendicular: to its middle).
+/// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. Where more than one
+///             line holds the amount, those on the inner side of the base side come first (perpendicular: those
+///             that end on it), among them those that meet the boundary twice only, among them the nearest to
+///             the base side's line (perpendicular: to its middle).
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 
 }  // namespace plparcel
