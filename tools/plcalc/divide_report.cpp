@@ -168,6 +168,11 @@ std::string piece_name(const Asked& asked, std::size_t vertices, std::size_t pie
     return piece == 0 ? name + ", " + place_of_first(asked, vertices) : name;
 }
 
+std::string cut_sentence(const Parcel& parcel, const Asked& asked)
+{
+    return "Cut " + described_cut(parcel, asked) + ": " + described_amounts(asked);
+}
+
 std::string division_table(const Parcel& parcel, const Asked& asked, const PrintedDivision& printed)
 {
     const auto length = [&](double value) { return fixed(value, printed.resolution.decimals); };

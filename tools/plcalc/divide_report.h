@@ -20,6 +20,9 @@ std::string division_table(const Parcel& parcel, const Asked& asked, const Print
 /// The same numbers.
 Json division_json(const Parcel& parcel, const Asked& asked, const PrintedDivision& printed);
 
+/// "Cut parallel to side 1, from vertex 1 to vertex 2: 40 x 50".
+std::string cut_sentence(const Parcel& parcel, const Asked& asked);
+
 /// What a piece is, from 0 to the last one, which is the rest: "along side 2", "rest".
 std::string piece_name(const Asked& asked, std::size_t vertices, std::size_t piece);
 

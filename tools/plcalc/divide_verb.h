@@ -2,7 +2,11 @@
 
 // `plcalc divide`: one parcel, or every parcel of a layer.
 
+#include <string>
+
 #include "cut_options.h"
+#include "parcel_reader.h"
+#include "printed_division.h"
 
 namespace tool {
 
@@ -13,7 +17,15 @@ public:
 private:
     Output work() const override;
 
+    void check_outputs() const;
+    Output one(ParcelFile& file, const Asked& asked) const;
+    Output many(ParcelFile& file, const Asked& asked) const;
+    void draw(const ReadParcel& read, const Asked& asked, const PrintedDivision& printed) const;
+
     bool json_ = false;
+    bool overwrite_ = false;
+    std::string plan_;
+    std::string paper_ = "A4";
 };
 
 }  // namespace tool

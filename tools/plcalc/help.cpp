@@ -66,6 +66,9 @@ Options
   --feature FID         only the feature with this number (ogrinfo -al FILE
                         lists them); otherwise every parcel of the layer
   --where FILTER        only features that fit, as in "owner = 'Rossi'"
+  --plan PLAN           draws a plan, true to a round scale, to PLAN.pdf,
+                        PLAN.svg or PLAN.png; --paper A3 instead of A4
+  --overwrite           files that are there may be replaced
   --json                for programs, with the same numbers
   -h, --help            this text
 
@@ -80,7 +83,7 @@ that there were some.
 
 Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
-  plcalc divide examples/convex.csv --parallel 2 --parts 3
+  plcalc divide examples/convex.csv --parallel 2 --parts 3 --plan plan.pdf
   plcalc divide examples/utm-convex.geojson --parallel 2 --share 25% --json
   plcalc divide lots.gpkg --where "owner = 'Rossi'" --vertex 1 --product 20 35.5
 )";

@@ -306,6 +306,7 @@ Parcel ParcelFile::check(const OGRFeature& feature, OGRFeature* finer, const std
 ReadParcel ParcelFile::read_points_as_parcel()
 {
     ReadParcel read;
+    read.file = source_.file;
     std::vector<PL_PNT2D_record> points =
         read_points(*layer_, *find_point_columns(*layer_->GetLayerDefn()), source_.file);
     if (!messages_.text().empty())
@@ -332,6 +333,7 @@ std::optional<ReadParcel> ParcelFile::next()
         if (!fits(*feature))
             continue;
         ReadParcel read;
+        read.file = source_.file;
         read.name = name_of(*feature, *layer_);
         read.parcel.where = source_.file + ": " + read.name;
         try {
@@ -345,18 +347,23 @@ std::optional<ReadParcel> ParcelFile::next()
     return std::nullopt;
 }
 
+void ParcelFile::refuse_choice(const std::string& why) const
+{
+    std::string list;
+    for (const std::string& name : first_names_)
+        list += (list.empty() ? "" : ", ") + name;
+    if (count_ > first_names_.size())
+        list += ", ...";
+    throw Failure(ExitStatus::wrong_use, source_.file + ": there are " + std::to_string(count_) +
+                                             " parcels (" + list + ")" + (why.empty() ? "" : ", " + why) +
+                                             "; choose one with --feature FID");
+}
+
 ReadParcel read_parcel(const Source& source)
 {
     ParcelFile file(source);
-    if (file.count() > 1) {
-        std::string list;
-        for (const std::string& name : file.first_names())
-            list += (list.empty() ? "" : ", ") + name;
-        if (file.count() > file.first_names().size())
-            list += ", ...";
-        throw Failure(ExitStatus::wrong_use, source.file + ": there are " + std::to_string(file.count()) +
-                                                 " parcels (" + list + "); choose one with --feature FID");
-    }
+    if (file.count() > 1)
+        file.refuse_choice("");
     std::optional<ReadParcel> read = file.next();
     if (!read)
         refuse(source.file, "it cannot be read a second time; leave the file as it is");

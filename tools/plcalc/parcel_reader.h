@@ -29,7 +29,8 @@ struct Source {
 struct ReadParcel {
     Parcel parcel;                   ///< its ring is empty when there is a problem
     std::optional<Failure> problem;  ///< why it cannot be worked on
-    std::string name;                ///< the feature without the file
+    std::string file;                ///< the file, as it was named
+    std::string name;                ///< the feature without the file; empty for a table of points
     OGRFeatureUniquePtr feature;     ///< null where the vertices were rows of a table
 };
 
@@ -56,8 +57,10 @@ public:
     /// The layer that the parcels come from.
     OGRLayer& layer() const { return *layer_; }
 
-    /// Names of the first parcels, for a message.
-    const std::vector<std::string>& first_names() const { return first_names_; }
+    /// Gives up because there are several.
+    ///
+    /// @param[in] why  what stands against it, or nothing
+    [[noreturn]] void refuse_choice(const std::string& why) const;
 
 private:
     struct Count;

@@ -1,0 +1,44 @@
+#pragma once
+
+// Finds places for labels where they cover neither each other nor, where that can be had, the lines of the plan.
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "plan_layout.h"
+
+namespace tool {
+
+class LabelPlaces {
+public:
+    /// @param[in] sheet  where labels may lie
+    explicit LabelPlaces(const SheetBox& sheet) : sheet_(sheet) {}
+
+    /// A line of the plan, which labels should leave free.
+    void add_line(const SheetPoint& a, const SheetPoint& b) { lines_.emplace_back(a, b); }
+
+    /// A place that is taken.
+    void take(const SheetBox& box) { taken_.push_back(box); }
+
+    /// Whether a label of this size, turned by the angle, is free at a place. Where it may cross lines, only
+    /// other labels count.
+    bool is_free(const SheetPoint& middle, const SheetPoint& size, double angle, bool may_cross_lines) const;
+
+    /// The first free place of some, which it takes; those that cross lines only after the others.
+    std::optional<SheetPoint> first_free(const std::vector<SheetPoint>& middles, const SheetPoint& size,
+                                         double angle = 0.0, bool may_cross_lines = true);
+
+private:
+    SheetBox sheet_;
+    std::vector<SheetBox> taken_;
+    std::vector<std::pair<SheetPoint, SheetPoint>> lines_;
+};
+
+/// The box around a label, turned or not.
+SheetBox label_box(const SheetPoint& middle, const SheetPoint& size, double angle);
+
+/// Whether a segment runs through a box.
+bool runs_through(const SheetPoint& a, const SheetPoint& b, const SheetBox& box);
+
+}  // namespace tool

@@ -1,0 +1,78 @@
+#pragma once
+
+// Where a plan lies on its sheet: paper, round scale, and the way from coordinates to the sheet. All on the sheet
+// in points, 72 to the inch, from the upper left corner.
+
+#include <optional>
+#include <string>
+
+#include "plparcel/division.h"
+
+namespace tool {
+
+constexpr double kPointsPerMetre = 72.0 / 0.0254;
+
+/// A size or a place on the sheet.
+struct SheetPoint {
+    double x = 0.0;
+    double y = 0.0;  ///< downwards
+};
+
+/// A rectangle on the sheet.
+struct SheetBox {
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+
+    double width() const { return right - left; }
+    double height() const { return bottom - top; }
+    bool meets(const SheetBox& other) const
+    {
+        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+    bool holds(const SheetBox& other) const
+    {
+        return left <= other.left && other.right <= right && top <= other.top && other.bottom <= bottom;
+    }
+};
+
+enum class Paper { a4, a3 };
+
+/// "A4" and "A3", in capitals or not; nothing for another text.
+std::optional<Paper> paper_of(const std::string& name);
+const char* paper_name(Paper paper);
+
+/// The sheet and the scale.
+class PlanLayout {
+public:
+    /// @param[in] ring           the parcel
+    /// @param[in] metres         length of the coordinates' unit in metres
+    /// @param[in] paper          the paper; it is laid the way round in which the parcel has more room
+    /// @param[in] footer_height  room needed at the bottom, points
+    PlanLayout(const plparcel::Ring& ring, double metres, Paper paper, double footer_height);
+
+    SheetPoint sheet() const { return sheet_; }          ///< width and height
+    SheetBox frame() const { return frame_; }            ///< inside the margin
+    SheetBox drawing() const { return drawing_; }        ///< inside the frame, without title and footer
+    double denominator() const { return denominator_; }  ///< 500 for 1:500
+    double points_per_unit() const { return points_per_unit_; }
+
+    SheetPoint at(const PL_PNT2D_record& p) const;
+
+private:
+    SheetPoint sheet_;
+    SheetBox frame_;
+    SheetBox drawing_;
+    double denominator_ = 1.0;
+    double points_per_unit_ = 1.0;
+    PL_PNT2D_record middle_ = {};
+};
+
+/// The largest of 1, 2 and 5 times a power of ten that is not above the value.
+double round_length(double value);
+
+/// The smallest round denominator, 1, 1.5, 2, 2.5 or 5 times a power of ten, that is not below the value.
+double round_denominator(double value);
+
+}  // namespace tool
