@@ -38,7 +38,7 @@ class Token:
         self.start = start
         self.end = start + len(text)
         self.function = ""  # the outermost function whose body, or list of initialisers, it is in
-        self.in_static_assert = False
+        self.without_result = False  # in a static_assert, or in how much memory is asked for ahead
 
 
 class Source:
@@ -55,7 +55,7 @@ class Source:
         self.partner = self._match_brackets()
         self.names_in = {}  # by function: what is named in its head and body
         self._name_functions()
-        self._mark_static_asserts()
+        self._mark_without_result()
 
     def _match_brackets(self):
         partner = {}
@@ -120,11 +120,11 @@ class Source:
             i += 1
         return brace
 
-    def _mark_static_asserts(self):
+    def _mark_without_result(self):
         for i, token in enumerate(self.tokens):
-            if token.text == "static_assert":
+            if token.text in ("static_assert", "reserve") and self.tokens[i + 1].text == "(":
                 for inside in self.tokens[i : self.partner[i + 1] + 1]:
-                    inside.in_static_assert = True
+                    inside.without_result = True
 
     def line_of(self, position):
         return self.text.count("\n", 0, position) + 1

@@ -1,7 +1,8 @@
 """The changes: one comparison, sign, operand, constant or order of operations at a time.
 
-What cannot change a result by construction is not made: a + b for b + a, a name for itself, the dimension of an
-array.
+What cannot change a result by construction is not made: a + b for b + a, another order of operations where one of
+them halves or doubles, which is exact, the starting value of a variable whose address is handed out to be filled
+in, the memory asked for ahead, the dimension of an array.
 """
 
 import re
@@ -143,7 +144,7 @@ class Changes:
 
     def all(self):
         for i, token in enumerate(self.source.tokens):
-            if token.in_static_assert:
+            if token.without_result:
                 continue
             if token.kind == "number":
                 self.constant(i)
@@ -168,7 +169,7 @@ class Changes:
     # --- constants ---
 
     def constant(self, i):
-        if self._is_dimension(i):
+        if self._is_dimension(i) or self._is_filled_in(i):
             return
         self.add("constant", i, i, next_number(self.source.tokens[i].text))
 
@@ -185,6 +186,17 @@ class Changes:
         if tokens[at].text == ")":  # (*M)[3], (&M)[3][3]
             return tokens[self.source.partner[at] + 1].text in ("*", "&")
         return tokens[at - 1].kind == "name" and tokens[at - 1].text not in CONTROL
+
+    def _is_filled_in(self, i):
+        """The starting value in "double v = 0.0;" where the function hands out &v."""
+        tokens = self.source.tokens
+        if not tokens[i].function or tokens[i - 1].text != "=" or tokens[i + 1].text != ";":
+            return False
+        name = tokens[i - 2]
+        return any(
+            here.text == "&" and there.text == name.text and here.end == there.start and there.function == name.function
+            for here, there in zip(tokens, tokens[1:])
+        )
 
     # --- comparisons and signs ---
 
@@ -279,13 +291,13 @@ class Changes:
             x, y = source.slice(first, inner - 1), source.slice(inner + 1, last)
             one = source.tokens[inner].text
             other = self._joined(one, text, level)
-            self.add("order", left, right, f"{x} {one} ({y} {other} {z})")
+            self._add_order(level, left, right, (x, y, z), f"{x} {one} ({y} {other} {z})")
         inner = self._operator_of(i + 1, right, level)
         if inner is not None:
             first, last = self._without_brackets(i + 1, right)
             y, w = source.slice(first, inner - 1), source.slice(inner + 1, last)
             other = self._joined(text, source.tokens[inner].text, level)
-            self.add("order", left, right, f"{x_y} {text} {y} {other} {w}")
+            self._add_order(level, left, right, (x_y, y, w), f"{x_y} {text} {y} {other} {w}")
 
         if level != self.PRODUCT:
             return
@@ -293,14 +305,19 @@ class Changes:
         if inner is not None:
             first, last = self._without_brackets(left, i - 1)
             a, b = source.slice(first, inner - 1), source.slice(inner + 1, last)
-            self.add("order", left, right, f"({a} {text} {z} {source.tokens[inner].text} {b} {text} {z})")
+            self._add_order(level, left, right, (z,), f"({a} {text} {z} {source.tokens[inner].text} {b} {text} {z})")
         inner = self._operator_of(i + 1, right, self.SUM)
         if inner is not None and text == "*":
             first, last = self._without_brackets(i + 1, right)
             a, b = source.slice(first, inner - 1), source.slice(inner + 1, last)
-            self.add("order", left, right, f"({x_y} * {a} {source.tokens[inner].text} {x_y} * {b})")
+            self._add_order(level, left, right, (x_y,), f"({x_y} * {a} {source.tokens[inner].text} {x_y} * {b})")
         if text == "/":
-            self.add("order", left, right, f"{x_y} * (1.0 / {z})")
+            self._add_order(level, left, right, (z,), f"{x_y} * (1.0 / {z})")
+
+    def _add_order(self, level, left, right, operands, replacement):
+        exact = level == self.PRODUCT and {"0.5", "2.0"} & set(operands)
+        if not exact:
+            self.add("order", left, right, replacement)
 
     def _joined(self, one, other, level):
         """The operator between y and z when x one (y _ z) is to be x one y other z."""
