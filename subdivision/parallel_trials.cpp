@@ -5,7 +5,6 @@
 
 #include "kernel/bit_order.h"
 #include "kernel/shoelace.h"
-#include "lines/implicit_lines.h"
 #include "plcalc/lines.h"
 
 namespace plcalc {
@@ -69,7 +68,8 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
         Station& station = stations_[index(at)];
         station.offset = offset_of(point(at));
         station.reach = order_or(station.offset.dist, INT64_MIN);
-        sides_[index(at)] = side_between(point(at - 1), point(at));
+        sides_[index(at)] = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_),
+                             box_between(point(at - 1), point(at))};
         narrow_range(at);
     }
     for (std::int32_t at = 1; at < n; ++at)
@@ -129,14 +129,6 @@ void ParallelTrials::know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) 
     offset.gon_known = true;
 }
 
-ParallelTrials::Side ParallelTrials::side_between(const PL_PNT2D_record& from,
-                                                  const PL_PNT2D_record& to) const noexcept
-{
-    PL_IMP_LINE_2D_record line = {};
-    line_between(from, to, line);  // zeros, met by nothing, without length
-    return {MeetsParallels(line, a_, b_), extent_between(from.x, to.x), extent_between(from.y, to.y)};
-}
-
 // The lines through the side's two ends, and a margin; then tried, on the axis along which the side is longer.
 void ParallelTrials::narrow_range(std::int32_t at) noexcept
 {
@@ -149,7 +141,7 @@ void ParallelTrials::narrow_range(std::int32_t at) noexcept
     const double high = std::max(c1, c2) + margin;
     const bool flat = side.line.flat();
     const bool grows = flat ? side.line.x_grows() : side.line.y_grows();
-    const Extent& extent = flat ? side.x : side.y;
+    const Extent& extent = flat ? side.box.x : side.box.y;
     station.c_from = INT64_MIN;
     station.c_to = INT64_MAX;
     if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, extent))
@@ -167,20 +159,6 @@ TrialLine ParallelTrials::line_through_vertex(std::int32_t at) const noexcept
 {
     const Station& station = stations_[index(at)];
     return {c_through(point(at)), point(at), station.offset};
-}
-
-bool ParallelTrials::Side::meets(double c, PL_PNT2D_record& crossing) const noexcept
-{
-    if (!line.meets(c))
-        return false;
-    const double at_x = line.x_at(c);
-    if (!x.holds(at_x))
-        return false;
-    const double at_y = line.y_at(c);
-    if (!y.holds(at_y))
-        return false;
-    crossing = {at_x, at_y};
-    return true;
 }
 
 bool ParallelTrials::bearings_agree(TrialLine& line, std::int32_t at) noexcept

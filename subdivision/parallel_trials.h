@@ -9,7 +9,7 @@
 
 #include "lines/parallels.h"
 #include "plcalc/kernel.h"
-#include "survey/extent.h"
+#include "subdivision/side.h"
 #include "survey/feet.h"
 
 namespace plcalc {
@@ -87,7 +87,8 @@ public:
     /// Whether the line meets the side that ends at a position, 2 to n, and where.
     bool meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) const noexcept
     {
-        return !passes_by(line, at) && sides_[index(at)].meets(line.c, crossing);
+        const Side& side = sides_[index(at)];
+        return !passes_by(line, at) && meets_within(side.line, line.c, side.box, crossing);
     }
 
     /// Whether the vertex at a position, 2 to n, lies beyond the line as seen from the base side: farther,
@@ -129,10 +130,7 @@ private:
     // The side that ends at a position: asked when the line may meet it.
     struct Side {
         MeetsParallels line;
-        Extent x;
-        Extent y;
-
-        bool meets(double c, PL_PNT2D_record& crossing) const noexcept;
+        SideBox box;
     };
 
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
@@ -159,7 +157,6 @@ private:
     bool near_seam(BaseOffset::Facing way) const noexcept;
     bool bearings_agree(TrialLine& line, std::int32_t at) noexcept;
     double c_through(const PL_PNT2D_record& p) const noexcept;
-    Side side_between(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const noexcept;
     void narrow_range(std::int32_t at) noexcept;
 
     double a_;

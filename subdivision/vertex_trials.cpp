@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "lines/implicit_lines.h"
-#include "lines/parallels.h"
 #include "plutil/plutil.h"
 
 namespace plcalc {
@@ -22,10 +20,8 @@ VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::
     }
     for (std::int32_t at = 2; at <= last; ++at) {
         Station& station = stations_[index(at)];
-        const PL_PNT2D_record& before = point(at - 1);
-        line_between(before, station.point, station.side);  // zeros, met by nothing, without length
-        station.x = extent_between(before.x, station.point.x);
-        station.y = extent_between(before.y, station.point.y);
+        station.side = side_line(point(at - 1), station.point);
+        station.box = box_between(point(at - 1), station.point);
     }
 }
 
@@ -36,17 +32,6 @@ void VertexTrials::measure_from_gon(double start_gon) noexcept
     start_gon_ = start_gon;
     for (std::size_t at = 1; at + 1 < stations_.size(); ++at)
         stations_[at].from_start_gon = LimiteAng0_400(stations_[at].dir_gon - start_gon);
-}
-
-bool VertexTrials::meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
-                              PL_PNT2D_record& crossing) const noexcept
-{
-    const Station& station = stations_[index(at)];
-    const MeetsParallels meeting(station.side, ray.a, ray.b);
-    if (!meeting.meets(ray.c))
-        return false;
-    crossing = {meeting.x_at(ray.c), meeting.y_at(ray.c)};
-    return station.x.holds(crossing.x) && station.y.holds(crossing.y);
 }
 
 }  // namespace plcalc

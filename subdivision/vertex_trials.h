@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "plcalc/kernel.h"
-#include "survey/extent.h"
+#include "subdivision/side.h"
 
 namespace plcalc {
 
@@ -37,7 +37,11 @@ public:
 
     /// Whether the line along the ray meets the side that ends at a position, 2 to n - 1, and where.
     bool meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
-                    PL_PNT2D_record& crossing) const noexcept;
+                    PL_PNT2D_record& crossing) const noexcept
+    {
+        const Station& station = stations_[index(at)];
+        return meets_within(MeetsParallels(station.side, ray.a, ray.b), ray.c, station.box, crossing);
+    }
 
 private:
     struct Station {
@@ -45,8 +49,7 @@ private:
         double dir_gon;
         double from_start_gon;
         PL_IMP_LINE_2D_record side;  // that ends here
-        Extent x;
-        Extent y;
+        SideBox box;
     };
 
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }

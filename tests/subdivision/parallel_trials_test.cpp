@@ -132,14 +132,59 @@ TEST(ParallelTrials, MeetsASideWithinAMillimetre)
     }
 }
 
-// Whatever is kept, each answer is that of measuring anew. Lines cluster about the ends of the sides.
+// Whatever is kept, each answer is that of measuring anew: sides met, vertices beyond, bearing. Counts the sides.
+int expect_answers_of_measuring_anew(const Ring& ring, const std::vector<PL_PNT2D_record>& through)
+{
+    ParallelTrials trials = trials_on(ring);
+    const std::int32_t n = static_cast<std::int32_t>(ring.size());
+    PL_IMP_LINE_2D_record base = {};
+    PlFunz_lineeq_ile(&ring[0], &ring[1], &base);
+    int met = 0;
+    for (const PL_PNT2D_record& p : through) {
+        TrialLine line = trials.line_through(p);
+        PL_IMP_LINE_2D_record moving = {};
+        PlFunz_linepntparallel(&moving, &p, &base);
+        double line_dist = 0.0;
+        double line_gon = 0.0;
+        CalcDistPuntoDaRetta(&base, &p, line_dist, line_gon);
+
+        for (std::int32_t at = 2; at <= n; ++at) {
+            const PL_PNT2D_record& from = trials.point(at - 1);
+            const PL_PNT2D_record& to = trials.point(at);
+            PL_PNT2D_record got = {};
+            PL_PNT2D_record want = {};
+            const bool meets = IntersezLineaInSegmOK(from, to, moving, want);
+            EXPECT_EQ(trials.meets_side(line, at, got), meets);
+            if (meets) {
+                ++met;
+                EXPECT_POINT(got, (want));
+            }
+            double dist = 0.0;
+            double gon = 0.0;
+            CalcDistPuntoDaRetta(&base, &to, dist, gon);
+            const bool beyond = dist > line_dist && line_gon - 1.0 <= gon && gon <= line_gon + 1.0;
+            EXPECT_EQ(trials.beyond(line, at), beyond);
+
+            const std::int32_t kept = trials.kept_until(line, at);
+            EXPECT_TRUE(kept == at || (!meets && !beyond));
+            EXPECT_LE(kept, n + 1);
+            const std::int32_t left = trials.beyond_until(line, at);
+            EXPECT_TRUE(left == at || (!meets && beyond));
+            EXPECT_LE(left, n + 1);
+        }
+        EXPECT_BITS(trials.bearing(line), line_gon);
+    }
+    return met;
+}
+
+// Lines cluster about the ends of the sides.
 TEST(ParallelTrials, EveryAnswerIsThatOfMeasuringAnew)
 {
     std::mt19937_64 random = test::random_source();
     std::uniform_real_distribution<double> any(-100.0, 100.0);
     std::uniform_real_distribution<double> near(-0.003, 0.003);
     int met = 0;
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
         Ring ring(6);
         for (PL_PNT2D_record& p : ring)
             p = {any(random), any(random)};
@@ -151,40 +196,37 @@ TEST(ParallelTrials, EveryAnswerIsThatOfMeasuringAnew)
             ring[4] = {ring[0].x + near(random) / 100, ring[0].y + near(random) / 100};
         if (i % 13 == 0)
             ring[4] = {ring[3].x + ring[1].x - ring[0].x, ring[3].y + ring[1].y - ring[0].y + near(random)};
-        ParallelTrials trials = trials_on(ring);
-        PL_IMP_LINE_2D_record base = {};
-        PlFunz_lineeq_ile(&ring[0], &ring[1], &base);
-
-        for (int k = 0; k < 12; ++k) {
-            PL_PNT2D_record through = ring[static_cast<std::size_t>(k) % ring.size()];
-            through.x += k < 6 ? near(random) : any(random);
-            through.y += near(random);
-            TrialLine line = trials.line_through(through);
-            PL_IMP_LINE_2D_record moving = {};
-            PlFunz_linepntparallel(&moving, &through, &base);
-            double line_dist = 0.0;
-            double line_gon = 0.0;
-            CalcDistPuntoDaRetta(&base, &through, line_dist, line_gon);
-
-            for (std::int32_t at = 2; at <= 6; ++at) {
-                const PL_PNT2D_record& from = trials.point(at - 1);
-                const PL_PNT2D_record& to = trials.point(at);
-                PL_PNT2D_record got = {};
-                PL_PNT2D_record want = {};
-                const bool meets = IntersezLineaInSegmOK(from, to, moving, want);
-                ASSERT_EQ(trials.meets_side(line, at, got), meets);
-                if (meets) {
-                    ++met;
-                    EXPECT_POINT(got, (want));
-                }
-                double dist = 0.0;
-                double gon = 0.0;
-                CalcDistPuntoDaRetta(&base, &to, dist, gon);
-                EXPECT_EQ(trials.beyond(line, at),
-                          dist > line_dist && line_gon - 1.0 <= gon && gon <= line_gon + 1.0);
-            }
-            EXPECT_BITS(trials.bearing(line), line_gon);
+        Ring through;
+        for (std::size_t k = 0; k < 12; ++k) {
+            const PL_PNT2D_record& p = ring[k % ring.size()];
+            through.push_back({p.x + (k < 6 ? near(random) : any(random)), p.y + near(random)});
         }
+        met += expect_answers_of_measuring_anew(ring, through);
+    }
+    EXPECT_GT(met, 20000);
+}
+
+// The margins round away: a side is met at its very end or not at all, and by a neighbouring line as well.
+TEST(ParallelTrials, WhereAMillimetreIsLessThanTheLastBit)
+{
+    constexpr double kLastBit = 0.25;
+    std::mt19937_64 random = test::random_source();
+    std::uniform_int_distribution<std::int64_t> any(-(std::int64_t(1) << 52), std::int64_t(1) << 52);
+    std::uniform_int_distribution<int> step(-2, 2);
+    int met = 0;
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+        Ring ring(5);
+        for (PL_PNT2D_record& p : ring)
+            p = {static_cast<double>(any(random)) * kLastBit, static_cast<double>(any(random)) * kLastBit};
+        if (i % 2 == 0)
+            ring[1].y = ring[0].y;
+        if (i % 4 == 1)
+            ring[1].x = ring[0].x;
+        Ring through;
+        for (const PL_PNT2D_record& p : ring)
+            for (int k = 0; k < 4; ++k)
+                through.push_back({p.x + step(random) * kLastBit, p.y + step(random) * kLastBit});
+        met += expect_answers_of_measuring_anew(ring, through);
     }
     EXPECT_GT(met, 20000);
 }
