@@ -2,6 +2,7 @@
 
 #include "canvas.h"
 #include "divide_report.h"
+#include "division_writer.h"
 #include "help.h"
 #include "many_report.h"
 #include "pending_output.h"
@@ -9,12 +10,24 @@
 #include "progress.h"
 
 namespace tool {
+namespace {
+
+std::string written_lines(const std::vector<std::string>& files)
+{
+    std::string text;
+    for (const std::string& file : files)
+        text += "Written  " + file + "\n";
+    return text;
+}
+
+}  // namespace
 
 DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help())
 {
     options().add_flag("--json", json_);
     options().add_option("--plan", plan_)->type_name("PLAN");
     options().add_option("--paper", paper_)->type_name("A4|A3");
+    options().add_option("-o,--output", out_)->type_name("OUT");
     options().add_flag("--overwrite", overwrite_);
 }
 
@@ -25,6 +38,16 @@ void DivideVerb::check_outputs() const
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
+    if (given("--output") && !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
+        wrong_use("--output: no format with the ending of '" + out_ +
+                  "' can be written to the last digit; name it .gpkg for a GeoPackage");
+}
+
+std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) const
+{
+    if (!given("--output"))
+        return nullptr;
+    return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file.layer());
 }
 
 void DivideVerb::draw(const ReadParcel& read, const Asked& asked, const PrintedDivision& printed) const
@@ -47,29 +70,43 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
         throw division_failure(read->parcel, asked, printed);
     if (given("--plan"))
         draw(*read, asked, printed);
+    std::vector<std::string> written;
+    if (const std::unique_ptr<DivisionWriter> writer = make_writer(file)) {
+        writer->add(*read, printed.proven);
+        written = writer->commit();
+    }
     if (!json_)
-        return {division_table(read->parcel, asked, printed)};
+        return {division_table(read->parcel, asked, printed) + written_lines(written)};
     ManyReport report(asked);
     report.add(*read, &printed);
-    return report.json();
+    return report.json(written);
 }
 
 Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
 {
     if (given("--plan"))
         file.refuse_choice("--plan draws one of them");
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     ManyReport report(asked);
     Progress progress("dividing", file.count());
     while (const std::optional<ReadParcel> read = file.next()) {
-        if (read->problem) {
-            report.add(*read, nullptr);
-        } else {
-            const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
-            report.add(*read, &printed);
-        }
+        PrintedDivision printed;
+        if (!read->problem)
+            printed = divide_in_print(read->parcel.ring, asked);
+        const std::string refused = report.add(*read, read->problem ? nullptr : &printed);
+        if (writer != nullptr && refused.empty())
+            writer->add(*read, printed.proven);
+        else if (writer != nullptr)
+            writer->add_refused(*read, refused);
         progress.step();
     }
-    return json_ ? report.json() : report.table(file.passed_over());
+    const std::vector<std::string> written =
+        writer != nullptr ? writer->commit() : std::vector<std::string>();
+    if (json_)
+        return report.json(written);
+    Output output = writer != nullptr ? report.summary(file.passed_over()) : report.table(file.passed_over());
+    output.text += written_lines(written);
+    return output;
 }
 
 Output DivideVerb::work() const

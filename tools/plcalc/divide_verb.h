@@ -2,6 +2,7 @@
 
 // `plcalc divide`: one parcel, or every parcel of a layer.
 
+#include <memory>
 #include <string>
 
 #include "cut_options.h"
@@ -9,6 +10,8 @@
 #include "printed_division.h"
 
 namespace tool {
+
+class DivisionWriter;
 
 class DivideVerb : public CuttingVerb {
 public:
@@ -18,6 +21,7 @@ private:
     Output work() const override;
 
     void check_outputs() const;
+    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file) const;
     Output one(ParcelFile& file, const Asked& asked) const;
     Output many(ParcelFile& file, const Asked& asked) const;
     void draw(const ReadParcel& read, const Asked& asked, const PrintedDivision& printed) const;
@@ -25,6 +29,7 @@ private:
     bool json_ = false;
     bool overwrite_ = false;
     std::string plan_;
+    std::string out_;
     std::string paper_ = "A4";
 };
 

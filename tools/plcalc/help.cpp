@@ -66,6 +66,11 @@ Options
   --feature FID         only the feature with this number (ogrinfo -al FILE
                         lists them); otherwise every parcel of the layer
   --where FILTER        only features that fit, as in "owner = 'Rossi'"
+  -o, --output OUT      writes the pieces and the lines as layers of OUT, in
+                        the format of its ending (GeoPackage without one;
+                        lines in a second file where a format holds one
+                        layer), with the parcel's columns and CRS and with
+                        all digits
   --plan PLAN           draws a plan, true to a round scale, to PLAN.pdf,
                         PLAN.svg or PLAN.png; --paper A3 instead of A4
   --overwrite           files that are there may be replaced
@@ -85,6 +90,7 @@ Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
   plcalc divide examples/convex.csv --parallel 2 --parts 3 --plan plan.pdf
   plcalc divide examples/utm-convex.geojson --parallel 2 --share 25% --json
+  plcalc divide lots.gpkg --perpendicular 1 --share 1/2 -o halves.gpkg
   plcalc divide lots.gpkg --where "owner = 'Rossi'" --vertex 1 --product 20 35.5
 )";
 }

@@ -26,7 +26,7 @@ std::string listed(const Refusals& refusals)
 
 }  // namespace
 
-void ManyReport::refuse(const ReadParcel& read, const Failure& failure, const std::string& reason)
+std::string ManyReport::refuse(const ReadParcel& read, const Failure& failure, const std::string& reason)
 {
     ++refused_;
     Refusals& refusals = refusals_[reason];
@@ -36,17 +36,16 @@ void ManyReport::refuse(const ReadParcel& read, const Failure& failure, const st
     if (status_ == ExitStatus::done || failure.status() < status_)
         status_ = failure.status();
     parcels_.push_back({{"parcel", read.parcel.where}, {"status", "refused"}, {"reason", failure.what()}});
+    return reason;
 }
 
-void ManyReport::add(const ReadParcel& read, const PrintedDivision* printed)
+std::string ManyReport::add(const ReadParcel& read, const PrintedDivision* printed)
 {
     if (printed == nullptr) {
-        refuse(read, *read.problem, core_of(*read.problem, read.parcel.where));
-        return;
+        return refuse(read, *read.problem, core_of(*read.problem, read.parcel.where));
     }
     if (!printed->done()) {
-        refuse(read, division_failure(read.parcel, asked_, *printed), refusal_reason(*printed));
-        return;
+        return refuse(read, division_failure(read.parcel, asked_, *printed), refusal_reason(*printed));
     }
     ++divided_;
     parcels_.push_back(division_json(read.parcel, asked_, *printed));
@@ -58,6 +57,7 @@ void ManyReport::add(const ReadParcel& read, const PrintedDivision* printed)
                          fixed(line.end.y, decimals),
                          fixed(printed->areas[i], printed->resolution.area_decimals)});
     }
+    return "";
 }
 
 Output ManyReport::summary(std::size_t passed_over) const
@@ -84,12 +84,14 @@ Output ManyReport::table(std::size_t passed_over) const
     return output;
 }
 
-Output ManyReport::json() const
+Output ManyReport::json(const std::vector<std::string>& written) const
 {
     Json json;
     json["parcels"] = parcels_;
     json["divided"] = divided_;
     json["refused"] = refused_;
+    if (!written.empty())
+        json["written"] = written;
     return {dumped(json), status_};
 }
 

@@ -29,7 +29,8 @@ public:
     ///
     /// @param[in] read     the parcel
     /// @param[in] printed  its division, or null when there was a problem with the parcel
-    void add(const ReadParcel& read, const PrintedDivision* printed);
+    /// @return why it was refused; empty when it was divided
+    std::string add(const ReadParcel& read, const PrintedDivision* printed);
 
     /// Rows and summary. Its status is not `done` when a parcel was refused: that of the refusal, the smallest
     /// when there are several.
@@ -40,11 +41,11 @@ public:
     /// The summary without the rows.
     Output summary(std::size_t passed_over) const;
 
-    /// One object per parcel in "parcels", and the counts.
-    Output json() const;
+    /// One object per parcel in "parcels", the counts, and the names of files that were written.
+    Output json(const std::vector<std::string>& written) const;
 
 private:
-    void refuse(const ReadParcel& read, const Failure& failure, const std::string& reason);
+    std::string refuse(const ReadParcel& read, const Failure& failure, const std::string& reason);
 
     const Asked& asked_;
     std::vector<std::vector<std::string>> rows_;

@@ -1,0 +1,238 @@
+// Divisions written by the program and read back through GDAL.
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program.h"
+
+namespace {
+
+class Writer : public test::ProgramTest {
+protected:
+    Writer()
+    {
+        GDALAllRegister();
+        CPLPushErrorHandler(CPLQuietErrorHandler);
+    }
+    ~Writer() override { CPLPopErrorHandler(); }
+
+    // Two lots in UTM with columns, and a bow-tie.
+    void write_lots() const
+    {
+        write("lots.geojson", R"({"type": "FeatureCollection",
+            "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::32632"}},
+            "features": [
+            {"type": "Feature", "id": 1, "properties": {"owner": "Rossi", "area": "old", "fid": 5}, "geometry":
+             {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000060],
+                                                  [500000, 5000060], [500000, 5000000]]]}},
+            {"type": "Feature", "id": 2, "properties": {"owner": "Neri", "area": "x", "fid": 6}, "geometry":
+             {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000060], [500100, 5000000],
+                                                  [500000, 5000060], [500000, 5000000]]]}},
+            {"type": "Feature", "id": 3, "properties": {"owner": "Bianchi", "area": "y", "fid": 7}, "geometry":
+             {"type": "Polygon", "coordinates": [[[500200, 5000000], [500290, 5000000], [500200, 5000090],
+                                                  [500200, 5000000]]]}}]})");
+    }
+
+    std::set<std::string> files() const
+    {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path("")))
+            if (entry.path().filename() != ".out" && entry.path().filename() != ".err")
+                names.insert(entry.path().filename());
+        return names;
+    }
+
+    std::string content(const std::string& name) const
+    {
+        std::ifstream file(path(name), std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+
+    GDALDatasetUniquePtr open(const std::string& name) const
+    {
+        const char* const options[] = {"GEOM_POSSIBLE_NAMES=WKT", "AUTODETECT_TYPE=YES", nullptr};
+        return GDALDatasetUniquePtr(
+            GDALDataset::Open(path(name).c_str(), GDAL_OF_VECTOR, nullptr, options, nullptr));
+    }
+};
+
+struct FormatRow {
+    const char* ending;
+    bool one_file;
+    bool columns;
+    bool crs;
+};
+
+TEST_F(Writer, EveryFormatReadBack)
+{
+    write_lots();
+    for (const FormatRow& row : {FormatRow{"gpkg", true, true, true},
+                                 {"shp", false, true, true},
+                                 {"geojson", false, true, true},
+                                 {"fgb", false, true, true},
+                                 {"gml", true, true, true},
+                                 {"sqlite", true, true, true},
+                                 {"mif", false, true, true},
+                                 {"csv", false, true, false},
+                                 {"dxf", false, false, false}}) {
+        SCOPED_TRACE(row.ending);
+        const std::string out = std::string("out.") + row.ending;
+        const test::Result run =
+            divide("lots.geojson", "--feature 1 --parallel 1 --areas 1000,1/3 -o " + out);
+        ASSERT_EQ(run.status, 0) << run.err;
+        const std::string lines_file = row.one_file ? out : std::string("out-lines.") + row.ending;
+        const std::string told = "Written  " + out + "\n";
+        EXPECT_NE(run.out.find(row.one_file ? told : told + "Written  " + lines_file + "\n"),
+                  std::string::npos)
+            << run.out;
+
+        const GDALDatasetUniquePtr pieces_in = open(out);
+        const GDALDatasetUniquePtr lines_in = open(lines_file);
+        ASSERT_TRUE(pieces_in != nullptr && lines_in != nullptr);
+        OGRLayer* const pieces = row.one_file ? pieces_in->GetLayerByName("pieces") : pieces_in->GetLayer(0);
+        OGRLayer* const lines = row.one_file ? lines_in->GetLayerByName("lines") : lines_in->GetLayer(0);
+        ASSERT_TRUE(pieces != nullptr && lines != nullptr);
+        EXPECT_EQ(pieces->GetFeatureCount(), 3);
+        EXPECT_EQ(lines->GetFeatureCount(), 2);
+        const double areas[] = {1000, 2000, 3000};
+        for (const OGRFeatureUniquePtr& piece : *pieces) {
+            const OGRGeometry* const geometry = piece->GetGeometryRef();
+            ASSERT_NE(geometry, nullptr);
+            ASSERT_EQ(wkbFlatten(geometry->getGeometryType()), wkbPolygon);
+            // In whatever order: FlatGeobuf sorts by place.
+            const int i = static_cast<int>(std::lround(geometry->toPolygon()->get_Area() / 1000.0)) - 1;
+            ASSERT_TRUE(i >= 0 && i < 3);
+            EXPECT_NEAR(geometry->toPolygon()->get_Area(), areas[i], 1e-4);
+            if (row.columns) {
+                EXPECT_STREQ(piece->GetFieldAsString("owner"), "Rossi");
+                EXPECT_STREQ(piece->GetFieldAsString("status"), "divided");
+                EXPECT_STREQ(piece->GetFieldAsString("area"), "old") << "the parcel's own column";
+                EXPECT_EQ(piece->GetFieldAsInteger("parcel"), 1);
+                EXPECT_EQ(piece->GetFieldAsInteger("piece"), i + 1);
+                EXPECT_NEAR(piece->GetFieldAsDouble("area_1"), areas[i], 1e-5);
+                EXPECT_NEAR(piece->GetFieldAsDouble("asked"), areas[i], 1e-9 * areas[i]);
+                EXPECT_NEAR(piece->GetFieldAsDouble("residual"),
+                            piece->GetFieldAsDouble("area_1") - piece->GetFieldAsDouble("asked"), 1e-9);
+                EXPECT_NEAR(piece->GetFieldAsDouble("share"), areas[i] / 6000.0, 1e-8);
+            }
+        }
+        for (const OGRFeatureUniquePtr& line : *lines) {
+            EXPECT_NEAR(line->GetGeometryRef()->toLineString()->get_Length(), 100.0, 1e-6);
+            if (row.columns) {
+                EXPECT_NEAR(line->GetFieldAsDouble("length"), 100.0, 1e-6);
+                EXPECT_STREQ(line->GetFieldAsString("owner"), "Rossi");
+            }
+        }
+        if (row.crs) {
+            ASSERT_NE(pieces->GetSpatialRef(), nullptr);
+            EXPECT_TRUE(pieces->GetSpatialRef()->IsProjected());
+            EXPECT_NE(lines->GetSpatialRef(), nullptr);
+        }
+    }
+}
+
+TEST_F(Writer, ManyWithTheRefusedUndivided)
+{
+    write_lots();
+    const test::Result run = divide("lots.geojson", "--vertex 1 --share 25% -o halves");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "Divided  2 of 3 parcels\n"
+                       "Refused  1\n"
+                       "  1: the boundary crosses or touches itself (feature 2)\n"
+                       "Written  halves.gpkg\n");
+    EXPECT_EQ(files(), (std::set<std::string>{"halves.gpkg", "lots.geojson"}));
+    const GDALDatasetUniquePtr out = open("halves.gpkg");
+    ASSERT_NE(out, nullptr);
+    OGRLayer* const pieces = out->GetLayerByName("pieces");
+    EXPECT_EQ(pieces->GetFeatureCount(), 5);
+    EXPECT_EQ(out->GetLayerByName("lines")->GetFeatureCount(), 2);
+    pieces->SetAttributeFilter("parcel = 2");
+    const OGRFeatureUniquePtr refused(pieces->GetNextFeature());
+    ASSERT_NE(refused, nullptr);
+    EXPECT_STREQ(refused->GetFieldAsString("status"), "refused: the boundary crosses or touches itself");
+    EXPECT_STREQ(refused->GetFieldAsString("owner"), "Neri");
+    EXPECT_FALSE(refused->IsFieldSetAndNotNull(refused->GetFieldIndex("share")));
+    EXPECT_EQ(refused->GetGeometryRef()->toPolygon()->getExteriorRing()->getNumPoints(), 5);
+}
+
+TEST_F(Writer, PointsAndCsvSources)
+{
+    write("points.csv", "E,N\n0,0\n100,0\n100,60\n0,60\n");
+    ASSERT_EQ(divide("points.csv", "--parallel 1 --parts 2 -o points.gpkg").status, 0);
+    EXPECT_EQ(open("points.gpkg")->GetLayerByName("pieces")->GetFeatureCount(), 2);
+    write("lots.csv", "id,WKT,note\n007,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\",good\n");
+    ASSERT_EQ(divide("lots.csv", "--parallel 1 --parts 2 -o lots.gpkg").status, 0);
+    const GDALDatasetUniquePtr out = open("lots.gpkg");
+    OGRLayer* const pieces = out->GetLayerByName("pieces");
+    EXPECT_LT(pieces->GetLayerDefn()->GetFieldIndex("WKT"), 0) << "geometry is not a column as well";
+    const OGRFeatureUniquePtr piece(pieces->GetNextFeature());
+    EXPECT_STREQ(piece->GetFieldAsString("id"), "007");
+    EXPECT_STREQ(piece->GetFieldAsString("note"), "good");
+    EXPECT_EQ(pieces->GetSpatialRef() != nullptr && pieces->GetSpatialRef()->IsProjected(), false);
+}
+
+TEST_F(Writer, NothingIsOverwrittenUnasked)
+{
+    write_lots();
+    write("out.gpkg", "mine");
+    write("out-lines.shp", "mine");
+    const std::string cut = "--feature 1 --parallel 1 --parts 2 -o ";
+    EXPECT_TRUE(test::fails_with(divide("lots.geojson", cut + "out.gpkg"), 2,
+                                 "out.gpkg: there is such a file; choose another name or give --overwrite"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", cut + "out.shp"), 2,
+                         "out-lines.shp: there is such a file; choose another name or give --overwrite"));
+    EXPECT_EQ(content("out.gpkg"), "mine");
+    EXPECT_EQ(content("out-lines.shp"), "mine");
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.shp", "out.gpkg"}));
+    EXPECT_EQ(divide("lots.geojson", cut + "out.gpkg --overwrite").status, 0);
+    EXPECT_NE(open("out.gpkg"), nullptr);
+}
+
+TEST_F(Writer, RefusalsLeaveNothingBehind)
+{
+    write_lots();
+    EXPECT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --area 7000 -o out.gpkg").status, 4);
+    EXPECT_EQ(divide("lots.geojson", "--feature 2 --parallel 1 --area 1000 -o out.gpkg").status, 3);
+    EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.foo"), 2,
+                                 "--output: no format with the ending of 'out.foo' can be written to the "
+                                 "last digit; name it .gpkg for a GeoPackage; see plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o nowhere/out.gpkg"), 1,
+                                 "nowhere/out.gpkg: it cannot be written (No such file or directory); check "
+                                 "the folder and its permissions"));
+    EXPECT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o out.tab").status, 2) << "coarse coordinates";
+    const test::Result no_geometry = divide("lots.geojson", "--parallel 1 --parts 2 -o out.xlsx");
+    EXPECT_EQ(no_geometry.status, 2);
+    EXPECT_EQ(no_geometry.out, "");
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
+}
+
+TEST_F(Writer, TheSourceMayBeReplacedByItsDivision)
+{
+    write_lots();
+    ASSERT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o lots.geojson --overwrite").status, 3);
+    EXPECT_EQ(open("lots.geojson")->GetLayer(0)->GetFeatureCount(), 5);
+}
+
+TEST_F(Writer, JsonNamesTheFiles)
+{
+    write_lots();
+    const test::Result run =
+        divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 --json -o out.geojson");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json got = nlohmann::json::parse(run.out);
+    EXPECT_EQ(got["written"], (nlohmann::json{"out.geojson", "out-lines.geojson"}));
+}
+
+}  // namespace
