@@ -86,12 +86,12 @@ class Run:
                    if folder_of(mutant.path) == folder and verdict.state in ("caught", "survived"))  # fmt: skip
 
     def next_round(self):
-        """As many more as each folder lacks, file by file, so that little is built."""
+        """As many more as each folder lacks, file by file, so that little is built; headers, which cost most, last."""
         chosen = []
         for folder, waiting in self.waiting.items():
             lacking = len(waiting) if self.chosen.all else self.chosen.per_folder - self.counted(folder)
             chosen += [waiting.popleft() for _ in range(min(lacking, len(waiting)))]
-        return sorted(chosen, key=lambda mutant: (not mutant.path.endswith(".h"), mutant.path, mutant.start))
+        return sorted(chosen, key=lambda mutant: (mutant.path.endswith(".h"), mutant.path, mutant.start))
 
     def test(self, workshops):
         while True:

@@ -11,7 +11,12 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 # Random tests run fewer cases than in the suite.
-FEWER = {"PLCALC_WITNESS_CASES": "2000", "PLCALC_PARCELS": "3000", "PLCALC_ROOTS": "200000"}
+FEWER = {
+    "PLCALC_WITNESS_CASES": "2000",
+    "PLCALC_PARCELS": "3000",
+    "PLCALC_DIVISIONS": "500",
+    "PLCALC_ROOTS": "200000",
+}
 
 # Assertions stay on, and the standard library's too: an index too far is seen as in the suite's sanitized build.
 FLAGS = "-O1 -D_GLIBCXX_ASSERTIONS"
