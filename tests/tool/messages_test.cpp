@@ -416,6 +416,7 @@ TEST_F(Messages, HelpAndVersionFitTheTerminal)
                                                       {"divide", "--help"},
                                                       {"divide", "-h"},
                                                       {"measure", "--help"},
+                                                      {"stakeout", "--help"},
                                                       {"--version"}}) {
         const test::Result run = this->run(arguments);
         EXPECT_EQ(run.status, 0);

@@ -16,6 +16,7 @@ Usage: plcalc VERB ...
 Verbs
   divide      the lines that cut requested areas off a parcel
   measure     area, perimeter, sides, bearings and angles of a parcel
+  stakeout    angles, distances and right-angle offsets to set points out
 
 Options
   -h, --help  this text; plcalc VERB --help tells about a verb
@@ -118,6 +119,46 @@ Options
 Examples
   plcalc measure examples/published.csv
   plcalc measure examples/utm-convex.geojson --feature 17 --json
+)";
+}
+
+std::string stakeout_help()
+{
+    return R"(plcalc stakeout: angles, distances and right-angle offsets to set points out
+
+Usage: plcalc stakeout FILE --station PLACE --orientation PLACE [OPTION ...]
+
+FILE   a parcel as plcalc divide takes it (see plcalc divide --help)
+PLACE  E,N in the file's coordinates, or the number of a vertex
+
+Set out are
+  the ends of the dividing lines, where a cut and an area are asked for as of
+  plcalc divide: --parallel SIDE --area A, --vertex N --parts COUNT, ...
+  --point PLACE         a point of your own; may be given several times
+  the vertices of the parcel, without any of these
+
+Options
+  --station PLACE       where the instrument stands
+  --orientation PLACE   where its circle reads 0
+  --base SIDE           base line of the offsets; otherwise the side of the cut,
+                        or side 1
+  --csv                 for spreadsheets
+  --json                for programs
+  --layer NAME          only this layer of the file
+  --feature FID         only the feature with this number
+  --where FILTER        only the feature that fits, as in "owner = 'Rossi'"
+  -h, --help            this text
+
+Angles are in gons, clockwise from the orientation; distances from the station.
+"Along" counts from the first point of the base line towards the second and is
+negative behind it; "Right" is the distance at right angles, negative to the
+left. Angles have as many decimals as the farthest point needs.
+
+Examples
+  plcalc stakeout examples/published.csv --station 4 --orientation 1 \
+      --parallel 4 --area 6000
+  plcalc stakeout examples/published.csv --station 360.5,290.25 \
+      --orientation 3 --point 400,350 --csv
 )";
 }
 

@@ -10,5 +10,6 @@ std::string version_line();
 std::string general_help();
 std::string divide_help();
 std::string measure_help();
+std::string stakeout_help();
 
 }  // namespace tool

@@ -13,6 +13,7 @@
 #include "exit_status.h"
 #include "help.h"
 #include "measure_verb.h"
+#include "stakeout_verb.h"
 #include "terminal.h"
 #include "verb.h"
 
@@ -102,7 +103,8 @@ ExitStatus run(int argc, char** argv)
     app.add_flag("--version", version);
     tool::DivideVerb divide(app);
     tool::MeasureVerb measure(app);
-    const tool::Verb* const verbs[] = {&divide, &measure};
+    tool::StakeoutVerb stakeout(app);
+    const tool::Verb* const verbs[] = {&divide, &measure, &stakeout};
     parse(app, argc, argv);
 
     if (help)
