@@ -1,0 +1,38 @@
+# Completion of plcalc's verbs and options for bash.
+# shellcheck shell=bash
+
+_plcalc() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
+    local choose='--layer --feature --where --json --help'
+    local cut='--parallel --perpendicular --vertex --area --product --share --areas --parts --opposite'
+    local words=''
+    COMPREPLY=()
+
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        mapfile -t COMPREPLY < <(compgen -W 'divide measure stakeout --help --version' -- "$word")
+        return
+    fi
+    case $before in
+        --paper)
+            mapfile -t COMPREPLY < <(compgen -W 'A4 A3' -- "$word")
+            return
+            ;;
+        --layer | --feature | --where | --parallel | --perpendicular | --vertex | --area | --product | --share | \
+            --areas | --parts | --station | --orientation | --point | --base)
+            return
+            ;;
+    esac
+    case $verb in
+        divide) words="$choose $cut --output --plan --paper --overwrite" ;;
+        measure) words=$choose ;;
+        stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
+        *) return ;;
+    esac
+    if [[ $word == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
+    else
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+    fi
+}
+
+complete -o filenames -F _plcalc plcalc
