@@ -567,10 +567,12 @@ TEST(TrovatoPuntoMaxEtMedioConPuntoPrec, Table)
         SCOPED_TRACE(row.what);
         CFrazArea f = ready_square(parcel, row.requested * kSide);
         In::Trovato(f) = !row.found;
+        In::AngLinea(f) = test::kUntouched;
         PL_PNT2D_record q = row.q;
         In::TrovatoPuntoMaxEtMedioConPuntoPrec(f, q);
         EXPECT_EQ(In::Trovato(f), row.found);
         EXPECT_BITS(In::DistLinea(f), row.depth);
+        EXPECT_BITS(In::AngLinea(f), row.depth > 0.0 ? 90.0 * 1.1111111111111112 : 0.0);
         EXPECT_EQ(q.x, row.q_left.x);
         EXPECT_EQ(q.y, row.q_left.y);
         EXPECT_LINE(In::RettaMobile(f), ({0, kSide, -(row.depth * kSide + 0.0)}));

@@ -206,6 +206,28 @@ TEST(ParallelTrials, EveryAnswerIsThatOfMeasuringAnew)
     EXPECT_GT(met, 20000);
 }
 
+// A normal that nearly points to +x, just below it often, and points so near the base line that they are seen
+// exactly at 0, while others, facing the same way, are seen just below 400.
+TEST(ParallelTrials, BearingsOnBothSidesOfTheSeam)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> slope(-0.0015, 0.0005);
+    std::uniform_real_distribution<double> exponent(-4.1, 0.0);
+    std::uniform_real_distribution<double> along(1.0, 99.0);
+    std::uniform_int_distribution<int> digits(0, 6);
+    for (int i = 0; i < 10000 && !HasFailure(); ++i) {
+        const double far = std::pow(10.0, digits(random));
+        const double lean = slope(random);
+        const auto near_base = [&] {
+            const double t = along(random);
+            const double out = std::pow(10.0, exponent(random));
+            return PL_PNT2D_record{far + lean * t + out, far - t + lean * out};
+        };
+        const Ring ring = {{far, far}, {far + lean * 100, far - 100}, near_base(), near_base(), near_base()};
+        expect_answers_of_measuring_anew(ring, {ring[2], ring[3], near_base(), near_base()});
+    }
+}
+
 // The margins round away: a side is met at its very end or not at all, and by a neighbouring line as well.
 TEST(ParallelTrials, WhereAMillimetreIsLessThanTheLastBit)
 {

@@ -308,6 +308,21 @@ TEST(CalcAreaDaPuntoPrimaDiVertice, WalksRoundAndKeepsWhatIsNotBeyond)
     EXPECT_FALSE(In::Trovato(f));
 }
 
+TEST(CalcAreaDaPuntoPrimaDiVertice, TheTrialLineHasItsOwnCoefficients)
+{
+    // Half height again, in other coefficients than the base line's.
+    for (const double scale : {2.0, 0.5, -1.0}) {
+        CFrazArea f = square_at_half_height();
+        In::RettaMobile(f) = {0, 4 * scale, -8 * scale};
+        PL_PNT2D_record r1 = {kU, kU};
+        PL_PNT2D_record r2 = {kU, kU};
+        EXPECT_TRUE(In::CalcAreaDaPuntoPrimaDiVertice(f, r1, r2));
+        EXPECT_BITS(In::AreaParziale(f), 8.0);
+        EXPECT_DOUBLE_EQ(r1.x, 4.0);
+        EXPECT_DOUBLE_EQ(r1.y, 2.0);
+    }
+}
+
 TEST(CalcAreaDaPuntoPrimaDiVertice, TheBaseSideIsReadRoundTheRing)
 {
     // The base side is the closing one; the copy of the first point is spoilt to show that it is not read.
