@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include <fcntl.h>
+#include <pty.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -71,6 +72,35 @@ Result ProgramTest::run(const std::vector<std::string>& arguments) const
     result.status = spawn(command, path(".out"), path(".err"));
     result.out = content_of(path(".out"));
     result.err = content_of(path(".err"));
+    return result;
+}
+
+Result ProgramTest::run_on_terminal(const std::vector<std::string>& arguments, const char* no_color) const
+{
+    Result result;
+    int terminal = -1;
+    const pid_t pid = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (pid < 0)
+        return result;
+    if (pid == 0) {
+        std::vector<char*> words = {const_cast<char*>(PLCALC_PROGRAM)};
+        for (const std::string& text : arguments)
+            words.push_back(const_cast<char*>(text.c_str()));
+        words.push_back(nullptr);
+        unsetenv("NO_COLOR");
+        if (no_color != nullptr)
+            setenv("NO_COLOR", no_color, 1);
+        if (chdir(folder_.c_str()) == 0)
+            execv(words[0], words.data());
+        _exit(127);
+    }
+    char buffer[4096];
+    for (ssize_t got; (got = read(terminal, buffer, sizeof buffer)) > 0;)
+        result.out.append(buffer, static_cast<std::size_t>(got));
+    close(terminal);
+    int status = 0;
+    if (waitpid(pid, &status, 0) == pid && WIFEXITED(status))
+        result.status = WEXITSTATUS(status);
     return result;
 }
 

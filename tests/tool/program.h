@@ -27,6 +27,11 @@ protected:
     /// @param[in] arguments  what stands after the program's name
     Result run(const std::vector<std::string>& arguments) const;
 
+    /// Runs it with stdout and stderr on a terminal, and tells what the terminal got; in `out`.
+    ///
+    /// @param[in] no_color  value of NO_COLOR; null when it is not set
+    Result run_on_terminal(const std::vector<std::string>& arguments, const char* no_color) const;
+
     /// `plcalc divide FILE`, the other arguments separated by blanks.
     Result divide(const std::string& file, const std::string& arguments) const;
 

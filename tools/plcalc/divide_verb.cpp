@@ -4,6 +4,7 @@
 #include "divide_report.h"
 #include "division_writer.h"
 #include "help.h"
+#include "interrupt.h"
 #include "many_report.h"
 #include "pending_output.h"
 #include "plan_content.h"
@@ -86,6 +87,7 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
 {
     if (given("--plan"))
         file.refuse_choice("--plan draws one of them");
+    const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     ManyReport report(asked);
     Progress progress("dividing", file.count());
@@ -99,6 +101,7 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
         else if (writer != nullptr)
             writer->add_refused(*read, refused);
         progress.step();
+        guard.check();
     }
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();

@@ -22,12 +22,16 @@ Options
   -h, --help  this text; plcalc VERB --help tells about a verb
   --version   the version
 
+Messages on a terminal are coloured unless NO_COLOR is set.
+
 Exit status
   0  done, every number printed is right
   1  out of memory, or the output could not be written
   2  wrong use: options, or a side, vertex, layer or feature that is not there
   3  input that cannot be used: the file, its geometry or its coordinates
   4  a parcel that cannot be cut as asked
+  Of many parcels the refused ones are counted by reason beside the divided
+  ones, and the smallest of their statuses is returned.
 )";
 }
 

@@ -1,0 +1,79 @@
+// What a person at a terminal sees, and what Ctrl-C leaves behind.
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "program.h"
+
+extern char** environ;
+
+namespace {
+
+class Terminal : public test::ProgramTest {
+protected:
+    // So many that dividing them takes seconds.
+    void write_many(int count) const
+    {
+        std::string rows = "id,WKT\n";
+        for (int i = 0; i < count; ++i)
+            rows += std::to_string(i) + ",\"POLYGON ((0 0, 100 0, 110 50, 80 90, 0 60, 0 0))\"\n";
+        write("many.csv", rows);
+    }
+};
+
+TEST_F(Terminal, MessagesAreRedUnlessNoColorIsSet)
+{
+    const std::string red = "\x1b[31mplcalc:\x1b[0m missing.csv: ";
+    const std::vector<std::string> words = {"measure", "missing.csv"};
+    EXPECT_EQ(run_on_terminal(words, nullptr).out.rfind(red, 0), 0u);
+    EXPECT_EQ(run_on_terminal(words, "").out.rfind(red, 0), 0u) << "empty is not set";
+    EXPECT_EQ(run_on_terminal(words, "1").out.rfind("plcalc: missing.csv: ", 0), 0u);
+    EXPECT_EQ(run(words).err.rfind("plcalc: missing.csv: ", 0), 0u) << "nor in a file";
+    EXPECT_EQ(run_on_terminal(words, nullptr).status, 3);
+}
+
+TEST_F(Terminal, AProgressBarComesAndGoes)
+{
+    write_many(20000);
+    const test::Result shown =
+        run_on_terminal({"divide", "many.csv", "--parallel", "1", "--parts", "2", "-o", "a.gpkg"}, nullptr);
+    EXPECT_EQ(shown.status, 0);
+    const std::size_t bar = shown.out.find("dividing [");
+    EXPECT_NE(bar, std::string::npos) << shown.out.substr(0, 200);
+    EXPECT_NE(shown.out.find(" of 20000", bar), std::string::npos);
+    EXPECT_NE(shown.out.find("\r\x1b[KDivided  20000 of 20000 parcels"), std::string::npos) << "and is gone";
+}
+
+TEST_F(Terminal, AnInterruptionLeavesNothingBehind)
+{
+    write_many(40000);
+    const std::string program = PLCALC_PROGRAM;
+    const std::string in = path("many.csv");
+    const std::string out = path("out.gpkg");
+    const char* const words[] = {program.c_str(), "divide", in.c_str(), "--parallel", "1",
+                                 "--parts",       "9",      "-o",       out.c_str(),  nullptr};
+    pid_t pid = 0;
+    ASSERT_EQ(posix_spawn(&pid, words[0], nullptr, nullptr, const_cast<char**>(words), environ), 0);
+    // Once the folder for the work in progress is there, the guard is.
+    const auto entries = [&] {
+        const std::filesystem::directory_iterator folder(path(""));
+        return std::distance(begin(folder), end(folder));
+    };
+    for (int i = 0; i < 3000 && entries() < 2; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(entries(), 2);
+    kill(pid, SIGINT);
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(entries(), 1) << "only the input";
+}
+
+}  // namespace

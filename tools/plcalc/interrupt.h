@@ -1,0 +1,28 @@
+#pragma once
+
+// Ctrl-C while files are being written: the work stops between two parcels, and what is half done goes away.
+
+#include <csignal>
+
+namespace tool {
+
+/// While it lives, an interruption (SIGINT, SIGTERM, SIGHUP) is noted instead of ending the program. One at a
+/// time.
+class InterruptGuard {
+public:
+    InterruptGuard();
+    ~InterruptGuard();
+    InterruptGuard(const InterruptGuard&) = delete;
+    InterruptGuard& operator=(const InterruptGuard&) = delete;
+
+    /// @throws Failure  failed when there was an interruption
+    void check() const;
+
+private:
+    static constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+    static constexpr int kCount = 3;
+
+    struct sigaction before_[kCount];
+};
+
+}  // namespace tool
