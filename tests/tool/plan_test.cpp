@@ -248,6 +248,22 @@ TEST_F(Plans, DifficultParcelsAreDrawn)
     }
 }
 
+TEST_F(Plans, TitlesOfEveryKindAreDrawn)
+{
+    const std::string long_name(180, 'x');
+    for (const std::string& name :
+         {std::string("\xff\xfe.csv"), std::string("Grünfläche.csv"), long_name + ".csv"}) {
+        SCOPED_TRACE(name);
+        write(name, "E,N\n0,0\n80,0\n80,50\n0,50\n");
+        const test::Result run = divide(name, "--parallel 1 --parts 40 --plan plan.png --overwrite");
+        EXPECT_EQ(run.status, 0) << run.err;
+        const Picture plan(path("plan.png"));
+        ASSERT_GT(plan.width(), 0);
+        for (int y = 0; y < plan.height(); ++y)
+            ASSERT_TRUE(plan.is(plan.width() - 20, y, 255, 255, 255)) << "beside the frame, at " << y;
+    }
+}
+
 TEST_F(Plans, NothingIsOverwrittenUnasked)
 {
     write_wkt(kLot);

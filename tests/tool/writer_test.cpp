@@ -170,7 +170,10 @@ TEST_F(Writer, PointsAndCsvSources)
 {
     write("points.csv", "E,N\n0,0\n100,0\n100,60\n0,60\n");
     ASSERT_EQ(divide("points.csv", "--parallel 1 --parts 2 -o points.gpkg").status, 0);
-    EXPECT_EQ(open("points.gpkg")->GetLayerByName("pieces")->GetFeatureCount(), 2);
+    const GDALDatasetUniquePtr points = open("points.gpkg");
+    EXPECT_EQ(points->GetLayerByName("pieces")->GetFeatureCount(), 2);
+    EXPECT_LT(points->GetLayerByName("pieces")->GetLayerDefn()->GetFieldIndex("E"), 0)
+        << "columns of vertices";
     write("lots.csv", "id,WKT,note\n007,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\",good\n");
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --parts 2 -o lots.gpkg").status, 0);
     const GDALDatasetUniquePtr out = open("lots.gpkg");

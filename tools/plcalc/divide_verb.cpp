@@ -69,16 +69,17 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
     if (!printed.done())
         throw division_failure(read->parcel, asked, printed);
+    // Both are made before either is put into its place.
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
+    if (writer != nullptr)
+        writer->add(*read, printed.proven);
     if (given("--plan"))
         draw(*read, asked, printed);
-    std::vector<std::string> written;
-    if (const std::unique_ptr<DivisionWriter> writer = make_writer(file)) {
-        writer->add(*read, printed.proven);
-        written = writer->commit();
-    }
+    const std::vector<std::string> written =
+        writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (!json_)
         return {division_table(read->parcel, asked, printed) + written_lines(written)};
-    ManyReport report(asked);
+    ManyReport report(asked, ManyReport::Keep::json);
     report.add(*read, &printed);
     return report.json(written);
 }
@@ -89,7 +90,8 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
         file.refuse_choice("--plan draws one of them");
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
-    ManyReport report(asked);
+    using Keep = ManyReport::Keep;
+    ManyReport report(asked, json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
     while (const std::optional<ReadParcel> read = file.next()) {
         PrintedDivision printed;
@@ -107,7 +109,7 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
         writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (json_)
         return report.json(written);
-    Output output = writer != nullptr ? report.summary(file.passed_over()) : report.table(file.passed_over());
+    Output output = report.table(file.passed_over());
     output.text += written_lines(written);
     return output;
 }

@@ -210,10 +210,12 @@ void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* cr
 
 void DivisionWriter::copy_fields(OGRLayer& source, OGRLayer& target, std::vector<int>& map)
 {
+    if (source.GetGeomType() == wkbNone)
+        return;  // a table of points: its rows are vertices, not parcels
     const OGRFeatureDefn& fields = *source.GetLayerDefn();
     for (int i = 0; i < fields.GetFieldCount(); ++i) {
         OGRFieldDefn field(fields.GetFieldDefn(i));
-        const bool wanted = source.GetGeomType() == wkbNone || !is_wkt_column(field.GetNameRef());
+        const bool wanted = !is_wkt_column(field.GetNameRef());
         field.SetName(free_name(target, field.GetNameRef()).c_str());
         map.push_back(wanted ? make_column(target, field) : -1);
     }
@@ -223,7 +225,7 @@ OGRFeatureUniquePtr DivisionWriter::new_feature(OGRLayer& layer, const ReadParce
                                                 const std::vector<int>& map)
 {
     OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(layer.GetLayerDefn()));
-    if (read.feature != nullptr)
+    if (read.feature != nullptr && !map.empty())
         feature->SetFieldsFrom(read.feature.get(), map.data(), TRUE);
     return feature;
 }

@@ -35,7 +35,9 @@ std::string ManyReport::refuse(const ReadParcel& read, const Failure& failure, c
         refusals.first_names.push_back(read.name);
     if (status_ == ExitStatus::done || failure.status() < status_)
         status_ = failure.status();
-    parcels_.push_back({{"parcel", read.parcel.where}, {"status", "refused"}, {"reason", failure.what()}});
+    if (keep_ == Keep::json)
+        parcels_.push_back(
+            {{"parcel", read.parcel.where}, {"status", "refused"}, {"reason", failure.what()}});
     return reason;
 }
 
@@ -48,16 +50,23 @@ std::string ManyReport::add(const ReadParcel& read, const PrintedDivision* print
         return refuse(read, division_failure(read.parcel, asked_, *printed), refusal_reason(*printed));
     }
     ++divided_;
-    parcels_.push_back(division_json(read.parcel, asked_, *printed));
-    const int decimals = printed->resolution.decimals;
-    for (std::size_t i = 0; i < printed->lines.size(); ++i) {
-        const PL_LINE_2D_record& line = printed->lines[i];
+    if (keep_ == Keep::json)
+        parcels_.push_back(division_json(read.parcel, asked_, *printed));
+    if (keep_ == Keep::rows)
+        keep_rows(read, *printed);
+    return "";
+}
+
+void ManyReport::keep_rows(const ReadParcel& read, const PrintedDivision& printed)
+{
+    const int decimals = printed.resolution.decimals;
+    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
+        const PL_LINE_2D_record& line = printed.lines[i];
         rows_.push_back({read.name, std::to_string(i + 1), fixed(line.start.x, decimals),
                          fixed(line.start.y, decimals), fixed(line.end.x, decimals),
                          fixed(line.end.y, decimals),
-                         fixed(printed->areas[i], printed->resolution.area_decimals)});
+                         fixed(printed.areas[i], printed.resolution.area_decimals)});
     }
-    return "";
 }
 
 Output ManyReport::summary(std::size_t passed_over) const

@@ -23,7 +23,10 @@ struct Refusals {
 
 class ManyReport {
 public:
-    explicit ManyReport(const Asked& asked) : asked_(asked) {}
+    /// What is kept of each parcel: of a million, what nobody prints would fill the memory.
+    enum class Keep { rows, json, counts };
+
+    ManyReport(const Asked& asked, Keep keep) : asked_(asked), keep_(keep) {}
 
     /// A parcel that was read.
     ///
@@ -32,22 +35,22 @@ public:
     /// @return why it was refused; empty when it was divided
     std::string add(const ReadParcel& read, const PrintedDivision* printed);
 
-    /// Rows and summary. Its status is not `done` when a parcel was refused: that of the refusal, the smallest
+    /// Rows, where they were kept, and summary. Its status is not `done` when a parcel was refused: that of the refusal, the smallest
     /// when there are several.
     ///
     /// @param[in] passed_over  features that bound no area
     Output table(std::size_t passed_over) const;
 
-    /// The summary without the rows.
-    Output summary(std::size_t passed_over) const;
-
     /// One object per parcel in "parcels", the counts, and the names of files that were written.
     Output json(const std::vector<std::string>& written) const;
 
 private:
+    void keep_rows(const ReadParcel& read, const PrintedDivision& printed);
+    Output summary(std::size_t passed_over) const;
     std::string refuse(const ReadParcel& read, const Failure& failure, const std::string& reason);
 
     const Asked& asked_;
+    Keep keep_;
     std::vector<std::vector<std::string>> rows_;
     Json parcels_ = Json::array();
     std::size_t divided_ = 0;

@@ -241,12 +241,12 @@ private:
             places_.add_line(layout_.at(line.start), layout_.at(line.end));
     }
 
-    // Around a point, first in a direction, then to both sides of it, near before far.
+    // Around a point, first in a direction, then to both sides of it up to a third of a turn, near before far.
     static std::vector<SheetPoint> around(const SheetPoint& p, const SheetPoint& first, double near)
     {
         std::vector<SheetPoint> places;
         for (const double distance : {near, 1.5 * near, 2.2 * near}) {
-            for (int step = 0; step <= 6; ++step) {
+            for (int step = 0; step <= 4; ++step) {
                 for (const double turn : {step * kPi / 6.0, -step * kPi / 6.0}) {
                     const SheetPoint turned = {first.x * std::cos(turn) - first.y * std::sin(turn),
                                                first.x * std::sin(turn) + first.y * std::cos(turn)};
@@ -406,7 +406,7 @@ private:
     {
         constexpr double kFirst = 30.0;
         constexpr double kStep = 8.0;
-        constexpr int kRings = 16;
+        constexpr int kRings = 7;
         constexpr int kDirections = 24;
         const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
         std::vector<SheetPoint> places;

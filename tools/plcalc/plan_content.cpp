@@ -1,6 +1,9 @@
 #include "plan_content.h"
 
+#include <memory>
+
 #include <cpl_conv.h>
+#include <cpl_string.h>
 
 #include "divide_report.h"
 #include "numbers.h"
@@ -21,11 +24,15 @@ void set_unit(Plan& plan, const OGRFeature* feature)
     plan.unit = metre ? "m" : name != nullptr ? name : "";
 }
 
-// The file without its folders, and the feature.
+// The file without its folders, and the feature; no bytes that are no text.
 std::string title_of(const ReadParcel& read)
 {
     const std::string file = CPLGetFilename(read.file.c_str());
-    return read.name.empty() ? file : file + ": " + read.name;
+    const std::string title = read.name.empty() ? file : file + ": " + read.name;
+    if (CPLIsUTF8(title.c_str(), -1))
+        return title;
+    const std::unique_ptr<char, decltype(&VSIFree)> ascii(CPLForceToASCII(title.c_str(), -1, '?'), &VSIFree);
+    return ascii.get();
 }
 
 }  // namespace
