@@ -118,6 +118,17 @@ TEST_F(Many, SeveralCutsReadLikeThis)
     EXPECT_EQ(run.status, 0);
 }
 
+TEST_F(Many, ManyEqualPartsAreCounted)
+{
+    write_wkt(kLot);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --parts 5").out.find("Asked   1/5, 1/5, 1/5, 1/5\n"),
+              std::string::npos);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --parts 6").out.find("Asked   5 times 1/6\n"),
+              std::string::npos);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --areas 9,9,9,9,8").out.find("Asked   9, 9, 9, 9, 8\n"),
+              std::string::npos);
+}
+
 TEST_F(Many, AmountsInEveryForm)
 {
     write_wkt(kLot);

@@ -115,6 +115,17 @@ TEST(LabelPlaces, LeavesLinesFreeWhereItCan)
     EXPECT_FALSE(places.first_free({{80, 50}}, {20, 10}, 0.0, false));
 }
 
+TEST(LabelPlaces, CountsTheLinesInTheWay)
+{
+    LabelPlaces places({0, 0, 100, 100});
+    places.add_line({0, 50}, {100, 50});
+    places.add_line({0, 60}, {40, 60});
+    EXPECT_EQ(places.crossings({20, 40}, {20, 70}), 2u);
+    EXPECT_EQ(places.crossings({20, 40}, {80, 70}), 1u) << "past the end of the second";
+    EXPECT_EQ(places.crossings({20, 40}, {20, 45}), 0u);
+    EXPECT_EQ(places.crossings({20, 55}, {80, 55}), 0u) << "between the two";
+}
+
 TEST(LabelPlaces, SegmentsAndBoxes)
 {
     const SheetBox box = {10, 10, 20, 20};

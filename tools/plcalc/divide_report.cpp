@@ -1,5 +1,6 @@
 #include "divide_report.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "numbers.h"
@@ -52,10 +53,15 @@ std::string described_cut(const Parcel& parcel, const Asked& asked)
     return "through " + numbered("vertex", asked.number);
 }
 
+// Many equal ones are counted.
 std::string described_amounts(const Asked& asked)
 {
+    constexpr std::size_t kMany = 4;
+    const std::vector<std::string>& amounts = asked.amounts;
+    if (amounts.size() > kMany && std::equal(amounts.begin() + 1, amounts.end(), amounts.begin()))
+        return std::to_string(amounts.size()) + " times " + amounts.front();
     std::string list;
-    for (const std::string& amount : asked.amounts)
+    for (const std::string& amount : amounts)
         list += (list.empty() ? "" : ", ") + amount;
     return list;
 }

@@ -31,6 +31,17 @@ bool runs_through(const SheetPoint& a, const SheetPoint& b, const SheetBox& box)
     return clip(a.x, b.x - a.x, box.left, box.right) && clip(a.y, b.y - a.y, box.top, box.bottom);
 }
 
+std::size_t LabelPlaces::crossings(const SheetPoint& a, const SheetPoint& b) const
+{
+    const auto side = [](const SheetPoint& p, const SheetPoint& q, const SheetPoint& v) {
+        return (q.x - p.x) * (v.y - p.y) - (q.y - p.y) * (v.x - p.x) > 0.0;
+    };
+    return static_cast<std::size_t>(std::count_if(lines_.begin(), lines_.end(), [&](const auto& line) {
+        const auto& [p, q] = line;
+        return side(a, b, p) != side(a, b, q) && side(p, q, a) != side(p, q, b);
+    }));
+}
+
 bool LabelPlaces::is_free(const SheetPoint& middle, const SheetPoint& size, double angle,
                           bool may_cross_lines) const
 {

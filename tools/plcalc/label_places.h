@@ -2,6 +2,7 @@
 
 // Finds places for labels where they cover neither each other nor, where that can be had, the lines of the plan.
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -17,6 +18,9 @@ public:
 
     /// A line of the plan, which labels should leave free.
     void add_line(const SheetPoint& a, const SheetPoint& b) { lines_.emplace_back(a, b); }
+
+    /// How many lines of the plan the segment a-b crosses.
+    std::size_t crossings(const SheetPoint& a, const SheetPoint& b) const;
 
     /// A place that is taken.
     void take(const SheetBox& box) { taken_.push_back(box); }

@@ -155,8 +155,8 @@ public:
         draw_frame();
         draw_north_arrow();
         register_lines();
-        label_line_ends();
         label_vertices();
+        label_line_ends();
         label_sides();
         label_pieces();
         draw_title();
@@ -258,22 +258,23 @@ private:
     }
 
     void label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first, double size,
-                      const Colour& colour, bool bold)
+                      const Colour& colour, bool may_cross_lines)
     {
-        const SheetPoint extent = canvas_.size_of(text, size, bold);
+        const SheetPoint extent = canvas_.size_of(text, size, true);
         const double near = 0.5 * std::max(extent.x, extent.y) + 4.0;
-        const auto place = places_.first_free(around(p, first, near), {extent.x + 2.0, extent.y});
+        const auto place =
+            places_.first_free(around(p, first, near), {extent.x + 2.0, extent.y}, 0.0, may_cross_lines);
         if (place)
-            canvas_.text(text, *place, size, colour, Anchor::centre, bold);
+            canvas_.text(text, *place, size, colour, Anchor::centre, true);
     }
 
-    // On from the line, out of the parcel.
+    // On from the line, out of the parcel. Where lines are too many for it, the table at the foot has them in order.
     void label_line_ends()
     {
         const std::vector<PL_PNT2D_record> ends = line_ends(plan_);
         for (std::size_t i = 0; i < ends.size(); ++i) {
             const SheetPoint p = layout_.at(ends[i]);
-            label_around(end_name(i), p, direction(other_end(ends[i]), p), kLabelSize, kRed, true);
+            label_around(end_name(i), p, direction(other_end(ends[i]), p), kLabelSize, kRed, false);
         }
     }
 
@@ -414,11 +415,12 @@ private:
             for (int i = 0; i < kDirections; ++i) {
                 const double turn = 2.0 * kPi * i / kDirections;
                 const SheetPoint p = moved(piece, {std::cos(turn), std::sin(turn)}, kFirst + kStep * ring);
-                if (!is_inside(outline_, p))
+                // Across its own boundary only: not through its neighbours.
+                if (!is_inside(outline_, p) && places_.crossings(piece, p) <= 1)
                     places.push_back(p);
             }
         }
-        const auto place = places_.first_free(places, {extent.x + 4.0, extent.y + 2.0});
+        const auto place = places_.first_free(places, {extent.x + 4.0, extent.y + 2.0}, 0.0, false);
         if (!place)
             return;
         canvas_.stroke({piece, *place}, false, kGrey, 0.5);
