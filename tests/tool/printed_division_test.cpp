@@ -69,6 +69,23 @@ long double miss(const Ring& ring, const Asked& asked, const Line& line)
     return std::min(std::fabs(part - wanted), std::fabs(parcel - part - wanted)) / parcel;
 }
 
+// The same for the piece whose corners are the printed ends, which lie a rounding beside the boundary.
+long double miss_at_corners(const Ring& ring, const Asked& asked, const Line& line)
+{
+    const Shape shape = test::shape_of(ring);
+    const long double wanted = asked.request.amounts[0].first;
+    const Point from = test::local(ring, line.from);
+    const Point to = test::local(ring, line.to);
+    long double least = INFINITY;
+    for (const bool there : {true, false}) {
+        Shape piece = there ? test::part_after(shape, from, to) : test::part_after(shape, to, from);
+        piece.front() = there ? from : to;
+        piece.back() = there ? to : from;
+        least = std::min(least, std::fabs(test::area(piece) - wanted));
+    }
+    return least / test::area(shape);
+}
+
 struct Row {
     const char* what;
     double side;
@@ -141,6 +158,10 @@ Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex)
         EXPECT_POINT(line.from, (printed.lines[0].start));
         EXPECT_POINT(line.to, (printed.lines[0].end));
         EXPECT_LE(miss(ring, request, line), 1e-6L * (1.0L + 1e-6L));
+        // Beside a vertex, the piece may have that vertex for a corner or the printed end: two shapes.
+        if (request.request.cut != Cut::through_vertex) {
+            EXPECT_LE(miss_at_corners(ring, request, line), 1e-6L * (1.0L + 1e-6L));
+        }
         if (convex) {
             const Shape shape = test::shape_of(ring);
             const Point from = test::local(ring, line.from);

@@ -166,6 +166,18 @@ TEST_F(Writer, ManyWithTheRefusedUndivided)
     EXPECT_EQ(refused->GetGeometryRef()->toPolygon()->getExteriorRing()->getNumPoints(), 5);
 }
 
+TEST_F(Writer, ADrawingHasNoPlaceForTheRefused)
+{
+    write("lots.csv", "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n2,\"POLYGON ((0 0, 9 x))\"\n"
+                      "3,\"POLYGON ((0 0, 1 0, 1 1, 0 1, 0 0))\"\n");
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf");
+    EXPECT_EQ(run.status, 3) << run.err;
+    EXPECT_NE(run.out.find("Written  out.dxf\nWritten  out-lines.dxf\n"), std::string::npos) << run.out;
+    EXPECT_EQ(open("out.dxf")->GetLayer(0)->GetFeatureCount(), 2);
+    ASSERT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.csv").status, 3);
+    EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 4);
+}
+
 TEST_F(Writer, PointsAndCsvSources)
 {
     write("points.csv", "E,N\n0,0\n100,0\n100,60\n0,60\n");

@@ -266,6 +266,9 @@ void DivisionWriter::add(const ReadParcel& read, const plparcel::Division& divis
 
 void DivisionWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
+    const int status = piece_columns_.back();
+    if (status < 0)
+        return;
     const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
     if (!read.parcel.ring.empty()) {
@@ -275,7 +278,7 @@ void DivisionWriter::add_refused(const ReadParcel& read, const std::string& reas
         feature->SetGeometry(geometry);
     }
     set(*feature, piece_columns_[0], read.feature != nullptr ? read.feature->GetFID() : GIntBig(0));
-    set(*feature, piece_columns_[6], ("refused: " + reason).c_str());
+    set(*feature, status, ("refused: " + reason).c_str());
     create(*pieces_, *feature);
 }
 

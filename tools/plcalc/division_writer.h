@@ -44,7 +44,7 @@ public:
     /// A divided parcel.
     void add(const ReadParcel& read, const plparcel::Division& division);
 
-    /// A refused one.
+    /// A refused one; left out where the format has no column for the reason, as in a drawing.
     void add_refused(const ReadParcel& read, const std::string& reason);
 
     /// Ends the files and puts them in their place.

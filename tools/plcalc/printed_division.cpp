@@ -81,15 +81,6 @@ bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
     return p.x == q.x && p.y == q.y;
 }
 
-// Whether the point ends more than one of the lines, as the vertex does from which several run.
-bool is_shared(const std::vector<plparcel::DividingLine>& lines, const PL_PNT2D_record& p)
-{
-    const auto ends_here = [&](const plparcel::DividingLine& line) {
-        return same(line.from, p) || same(line.to, p);
-    };
-    return std::count_if(lines.begin(), lines.end(), ends_here) > 1;
-}
-
 // The lines in two readings, in coordinates relative to the ring's first vertex.
 struct Readings {
     std::vector<Line> printed;   // ends where they are printed
@@ -128,7 +119,7 @@ public:
     }
 
 private:
-    // The lines of piece k are k - 1 and k. Where both end, they meet at the point that is printed.
+    // The lines of piece k are k - 1 and k. Where both end, at the vertex they start from, either will do.
     PL_PNT2D_record moved(const PL_PNT2D_record& p, std::size_t piece, bool extended) const
     {
         const std::size_t first = piece > 0 ? piece - 1 : 0;
@@ -136,8 +127,7 @@ private:
             const bool start = same(proven_.lines[i].from, p);
             if (!start && !same(proven_.lines[i].to, p))
                 continue;
-            const Line& line =
-                extended && !is_shared(proven_.lines, p) ? readings_.extended[i] : readings_.printed[i];
+            const Line& line = extended ? readings_.extended[i] : readings_.printed[i];
             return start ? line.start : line.end;
         }
         return relative(p, origin_);
