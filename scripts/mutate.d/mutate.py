@@ -10,11 +10,12 @@ from pathlib import Path
 
 import unseen
 from operators import KINDS, mutants_of
-from workshop import SetupError, Workshop, folder_of
+from workshop import SetupError, Verdict, Workshop, folder_of
 
 ROOT = Path(__file__).resolve().parents[2]
 LIST = Path(__file__).resolve().parent / "unseen.txt"
 FOLDERS = ("kernel", "lines", "arcs", "survey", "subdivision", "plutil/src")
+RESULTS = "results.tsv"
 WANTED_SHARE = 0.95
 OK, FOUND, USAGE, NO_SETUP = 0, 1, 2, 3
 
@@ -22,11 +23,13 @@ OK, FOUND, USAGE, NO_SETUP = 0, 1, 2, 3
 def arguments():
     parser = argparse.ArgumentParser(prog="mutate", description=__doc__)
     how_many = parser.add_mutually_exclusive_group()
-    how_many.add_argument("--per-folder", type=int, default=60, metavar="N",
-                          help="mutants to test in each folder (60)")  # fmt: skip
+    how_many.add_argument("--per-folder", type=int, default=55, metavar="N",
+                          help="mutants to test in each folder (55)")  # fmt: skip
     how_many.add_argument("--all", action="store_true", help="every mutant there is: many hours")
+    how_many.add_argument("--again", action="store_true", help="those that survived the last run, after a test was added")
     parser.add_argument("--folder", action="append", choices=FOLDERS, help="only this folder; may be repeated")
     parser.add_argument("--file", action="append", metavar="F", help="only this file, as in arcs/arc.cpp")
+    parser.add_argument("--recheck", action="store_true", help="test those too that the list says nobody can see")
     parser.add_argument("--seed", type=int, default=1, help="which ones are chosen (1)")
     parser.add_argument("--jobs", type=int, default=2, help="how many at a time (2)")
     parser.add_argument("--list", action="store_true", help="print the mutants, and test none")
@@ -68,13 +71,17 @@ def shuffled(mutants, seed):
 class Run:
     """The mutants that are tested, and what became of them."""
 
-    def __init__(self, chosen):
+    def __init__(self, chosen, known):
         self.chosen = chosen
+        self.known = {} if chosen.recheck else known
         self.texts = {}
         self.waiting = {}  # by folder, in the order of choice
+        survivors = survived_before(chosen.work / RESULTS) if chosen.again else set()
         for folder, files in sources(chosen).items():
             self.texts.update(files)
             found = [mutant for name, text in files.items() for mutant in mutants_of(name, text)]
+            if chosen.again:
+                found = [mutant for mutant in found if mutant.key in survivors]
             self.waiting[folder] = collections.deque(shuffled(found, chosen.seed))
         self.possible = {folder: list(waiting) for folder, waiting in self.waiting.items()}
         self.verdicts = collections.OrderedDict()
@@ -89,7 +96,7 @@ class Run:
         """As many more as each folder lacks, file by file, so that little is built; headers, which cost most, last."""
         chosen = []
         for folder, waiting in self.waiting.items():
-            lacking = len(waiting) if self.chosen.all else self.chosen.per_folder - self.counted(folder)
+            lacking = len(waiting) if self.chosen.all or self.chosen.again else self.chosen.per_folder - self.counted(folder)
             chosen += [waiting.popleft() for _ in range(min(lacking, len(waiting)))]
         return sorted(chosen, key=lambda mutant: (mutant.path.endswith(".h"), mutant.path, mutant.start))
 
@@ -115,12 +122,13 @@ class Run:
                 mutant = todo.get_nowait()
             except queue.Empty:
                 return
-            verdict = workshop.judge(mutant, self.texts[mutant.path])
+            listed = mutant.key in self.known
+            verdict = Verdict("survived", "listed") if listed else workshop.judge(mutant, self.texts[mutant.path])
             with self.lock:
                 self.verdicts[mutant] = verdict
                 print(f"{len(self.verdicts):5} {mutant.path}:{mutant.line} {mutant.kind}: {verdict.state}"
                       f"{' (' + verdict.by + ')' if verdict.by else ''}", flush=True)  # fmt: skip
-                if verdict.state == "survived":
+                if verdict.state == "survived" and not listed:
                     print(f"      - {mutant.original_line}\n      + {mutant.mutated_line}", flush=True)
 
     def of_state(self, state, folder=None):
@@ -175,15 +183,27 @@ def report(run, known):
     wrong = [known[mutant.key] for mutant in caught if mutant.key in known]
     for entry in wrong:
         print(f"{LIST.name}:{entry.line}: said to be invisible, and caught: {' '.join(entry.key)}; remove it")
-    if share < WANTED_SHARE:
+    too_few = share < WANTED_SHARE and not run.chosen.again
+    if too_few:
         print(f"\nCaught is less than {100 * WANTED_SHARE:.0f} %.")
-    return not unexplained and not wrong and share >= WANTED_SHARE
+    return not unexplained and not wrong and not too_few
 
 
 def stale(run, known):
     """Entries about a line that is no more."""
     keys = {mutant.key for mutants in run.possible.values() for mutant in mutants}
     return [entry for entry in known.values() if entry.key[0] in run.texts and entry.key not in keys]
+
+
+def survived_before(path):
+    """Keys of the mutants that survived, by the results of a run."""
+    keys = set()
+    with open(path, encoding="utf-8") as file:
+        for line in file:
+            place, function, _, state, _, original, mutated = line.rstrip("\n").split("\t")
+            if state == "survived":
+                keys.add((place.rsplit(":", 1)[0], function, original, mutated))
+    return keys
 
 
 def write_results(run, path):
@@ -200,7 +220,7 @@ def main():
     except unseen.ListError as error:
         print(f"mutate: {error}", file=sys.stderr)
         return NO_SETUP
-    run = Run(chosen)
+    run = Run(chosen, known)
     if chosen.list:
         for mutant in run.next_round():
             print(f"# {mutant.path}:{mutant.line}, {mutant.kind}\n{unseen.written(mutant)}\n")
@@ -216,8 +236,9 @@ def main():
         return NO_SETUP
     run.test(workshops)
     well = report(run, known)
-    write_results(run, chosen.work / "results.tsv")
-    print(f"\nAll verdicts: {chosen.work / 'results.tsv'}")
+    if not chosen.again:
+        write_results(run, chosen.work / RESULTS)
+        print(f"\nAll verdicts: {chosen.work / RESULTS}")
     return OK if well and not old else FOUND
 
 

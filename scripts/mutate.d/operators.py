@@ -1,8 +1,8 @@
 """The changes: one comparison, sign, operand, constant or order of operations at a time.
 
 What cannot change a result by construction is not made: a + b for b + a, another order of operations where one of
-them halves or doubles, which is exact, the starting value of a variable whose address is handed out to be filled
-in, the memory asked for ahead, the dimension of an array.
+them halves or doubles, or of integers, which is exact, the starting value of a variable whose address is handed out
+to be filled in, the memory asked for ahead, the dimension of an array.
 """
 
 import re
@@ -90,6 +90,9 @@ SYMMETRIC = {
     "is_short", "PlFunz_sumsqrdparms", "PlFunz_distance", "PlFunz_samepnt", "CalcDist", "equal", "midpoint",
     "extent_between", "distance2",
 }  # fmt: skip
+
+# The value comes first, then two limits in any order.
+LIMITS = {"TrovatoValNeiLimiti"}
 
 
 def siblings_of(source, i):
@@ -266,7 +269,8 @@ class Changes:
         for left, comma, right in zip(bounds, bounds[1:], bounds[2:]):
             one = source.slice(left + 1, comma - 1)
             other = source.slice(comma + 1, right - 1)
-            if one != other:
+            limits = source.tokens[i].text in LIMITS and left != opened
+            if one != other and not limits:
                 self.add("operand", left + 1, right - 1, f"{other}, {one}")
 
     # --- order of operations ---
@@ -315,9 +319,16 @@ class Changes:
             self._add_order(level, left, right, (z,), f"{x_y} * (1.0 / {z})")
 
     def _add_order(self, level, left, right, operands, replacement):
-        exact = level == self.PRODUCT and {"0.5", "2.0"} & set(operands)
-        if not exact:
+        halves = level == self.PRODUCT and {"0.5", "2.0"} & set(operands)
+        if not halves and not self._has_integers(left, right):
             self.add("order", left, right, replacement)
+
+    def _has_integers(self, left, right):
+        """Numbers of the library's doubles have a decimal point, its integers are cast by name."""
+        return any(
+            re.fullmatch(r"\d+", token.text) or token.text.startswith(("int", "uint"))
+            for token in self.source.tokens[left : right + 1]
+        )
 
     def _joined(self, one, other, level):
         """The operator between y and z when x one (y _ z) is to be x one y other z."""
