@@ -207,13 +207,14 @@ TEST(ParallelTrials, EveryAnswerIsThatOfMeasuringAnew)
 }
 
 // A normal that nearly points to +x, just below it often, and points so near the base line that they are seen
-// exactly at 0, while others, facing the same way, are seen just below 400.
+// exactly at 0, while others, facing the same way, are seen just below 400. Base sides from a centimetre up.
 TEST(ParallelTrials, BearingsOnBothSidesOfTheSeam)
 {
     std::mt19937_64 random = test::random_source();
     std::uniform_real_distribution<double> slope(-0.0015, 0.0005);
     std::uniform_real_distribution<double> exponent(-4.1, 0.0);
     std::uniform_real_distribution<double> along(1.0, 99.0);
+    std::uniform_real_distribution<double> size(-2.0, 2.0);
     std::uniform_int_distribution<int> digits(0, 6);
     for (int i = 0; i < 10000 && !HasFailure(); ++i) {
         const double far = std::pow(10.0, digits(random));
@@ -223,7 +224,9 @@ TEST(ParallelTrials, BearingsOnBothSidesOfTheSeam)
             const double out = std::pow(10.0, exponent(random));
             return PL_PNT2D_record{far + lean * t + out, far - t + lean * out};
         };
-        const Ring ring = {{far, far}, {far + lean * 100, far - 100}, near_base(), near_base(), near_base()};
+        const double side = std::pow(10.0, size(random));
+        const Ring ring = {
+            {far, far}, {far + lean * side, far - side}, near_base(), near_base(), near_base()};
         expect_answers_of_measuring_anew(ring, {ring[2], ring[3], near_base(), near_base()});
     }
 }
