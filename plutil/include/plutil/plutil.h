@@ -12,7 +12,6 @@
 #include <cassert>
 #include <cstddef>
 #include <initializer_list>
-#include <vector>
 
 /// @def PLUTIL_API
 /// Stands before everything that is exported.
@@ -87,7 +86,7 @@ public:
     /// How many points there are.
     ///
     /// @return number of points, which must not exceed 2^31 - 1; 0 when there are none
-    int GetNoPoits() const noexcept { return static_cast<int>(points_.size()); }
+    int GetNoPoits() const noexcept { return static_cast<int>(count_); }
 
     /// East of a point.
     ///
@@ -95,7 +94,7 @@ public:
     /// @return x of that point, caller's unit, as it was stored
     double GetXcoordAt(int index) const noexcept
     {
-        assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
+        assert(index >= 0 && index < GetNoPoits());
         return points_[static_cast<std::size_t>(index)].x;
     }
 
@@ -105,12 +104,16 @@ public:
     /// @return y of that point, caller's unit, as it was stored
     double GetYcoordAt(int index) const noexcept
     {
-        assert(index >= 0 && index < GetNoPoits());  // GCOVR_EXCL_BR_LINE: a failure ends the program
+        assert(index >= 0 && index < GetNoPoits());
         return points_[static_cast<std::size_t>(index)].y;
     }
 
 private:
-    std::vector<CPoint3d> points_;
+    // Not a container of the standard library: how that one lies in memory changes with the settings of whoever
+    // includes this header.
+    CPoint3d* points_ = nullptr;
+    std::size_t count_ = 0;
+    std::size_t room_ = 0;
 };
 
 /// Full-circle arctangent of a over b. With (East difference, North difference) it is the bearing of the
