@@ -813,6 +813,9 @@ bool agrees(const Result& got, const std::string& wanted, double tolerated)
     if (same_bits(got.d, w))
         return true;
     const double least = std::fabs(w) > 1.0 ? std::fabs(w) : 1.0;
+    // What is allowed for rounding is not allowed for the sign of a zero.
+    if (w == 0.0 && got.d == 0.0)
+        return false;
     return std::isfinite(w) &&
            std::fabs(got.d - w) <= (got.kind == Kind::kAngle ? kAngleRelTol * least : tolerated) &&
            tolerated > 0.0;

@@ -42,5 +42,5 @@ def agree(name, letter, got, wanted, scale):
     if math.isnan(wanted) or math.isnan(got):
         return math.isnan(wanted) and math.isnan(got)
     if got == wanted:
-        return True
+        return math.copysign(1.0, got) == math.copysign(1.0, wanted)
     return math.isfinite(got) and abs(got - wanted) <= allowed(name, letter, wanted, scale)
