@@ -40,7 +40,7 @@ std::int32_t find_vertex(const std::vector<PL_PNT2D_record>& ring, std::int32_t 
 
 std::int32_t round_from(std::int32_t start, std::int32_t j, std::int32_t n) noexcept
 {
-    return (start + j) % n;
+    return j < n - start ? start + j : j - (n - start);
 }
 
 bool meets_request(double area, double requested) noexcept

@@ -1,17 +1,10 @@
 #include <cmath>
 #include <utility>
 
-#include "kernel/square_root.h"
+#include "kernel/primitives.h"
 #include "plcalc/survey.h"
 
 namespace {
-
-double plan_distance(double x1, double y1, double x2, double y2)
-{
-    const double dy = y1 - y2;
-    const double dx = x1 - x2;
-    return plcalc::square_root(dy * dy + dx * dx);
-}
 
 // Equal values, and a NaN, stay as given.
 void order(double& low, double& high)
@@ -25,8 +18,8 @@ void order(double& low, double& high)
 void CalcoloQuotaSuSegmento(double x1, double y1, double z1, double x2, double y2, double z2, double x,
                             double y, double& z) noexcept
 {
-    const double length = plan_distance(x1, y1, x2, y2);
-    const double run = plan_distance(x1, y1, x, y);
+    const double length = plcalc::step_length(x1 - x2, y1 - y2);
+    const double run = plcalc::step_length(x1 - x, y1 - y);
     z = ((z2 - z1) / length) * run + z1;
 }
 
