@@ -24,14 +24,15 @@ for compiler in g++ clang++; do
     found=1
     for standard in c++11 c++14 c++17 c++20 c++2b; do
         for header in "${headers[@]}"; do
-            printf '#include <%s>\n#include <%s>\n' "$header" "$header" | compile "$compiler" "$standard"
+            compile "$compiler" "$standard" < <(printf '#include <%s>\n#include <%s>\n' "$header" "$header")
         done
     done
     for first in "${headers[@]}"; do
         for second in "${headers[@]}"; do
-            printf '#include <%s>\n#include <%s>\n' "$first" "$second" | compile "$compiler" c++11
+            compile "$compiler" c++11 < <(printf '#include <%s>\n#include <%s>\n' "$first" "$second")
         done
     done
 done
 [ "$found" = 1 ] || { echo "no compiler found" >&2; exit 1; }
+[ "$compiled" -ge 100 ] || { echo "only $compiled compilations" >&2; exit 1; }
 echo "$compiled compilations without a warning"
