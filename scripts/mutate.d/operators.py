@@ -2,7 +2,8 @@
 
 What cannot change a result by construction is not made: a + b for b + a, another order of operations where one of
 them halves or doubles, or of integers, which is exact, the starting value of a variable whose address is handed out
-to be filled in, the memory asked for ahead, the dimension of an array.
+to be filled in, the zero of a member that holds nothing yet, a NaN made by other operations, the memory asked for
+ahead, the dimension of an array.
 """
 
 import re
@@ -172,7 +173,7 @@ class Changes:
     # --- constants ---
 
     def constant(self, i):
-        if self._is_dimension(i) or self._is_filled_in(i):
+        if self._is_dimension(i) or self._is_filled_in(i) or self._is_placeholder(i):
             return
         self.add("constant", i, i, next_number(self.source.tokens[i].text))
 
@@ -200,6 +201,11 @@ class Changes:
             here.text == "&" and there.text == name.text and here.end == there.start and there.function == name.function
             for here, there in zip(tokens, tokens[1:])
         )
+
+    def _is_placeholder(self, i):
+        """The zero of a class's member that holds nothing yet."""
+        tokens = self.source.tokens
+        return not tokens[i].function and tokens[i].text == "0.0" and tokens[i - 2].text.endswith("_")
 
     # --- comparisons and signs ---
 
@@ -319,8 +325,9 @@ class Changes:
             self._add_order(level, left, right, (z,), f"{x_y} * (1.0 / {z})")
 
     def _add_order(self, level, left, right, operands, replacement):
+        makes_nan = re.search(r"\b(\w+) - \1\b", self.source.slice(left, right))
         halves = level == self.PRODUCT and {"0.5", "2.0"} & set(operands)
-        if not halves and not self._has_integers(left, right):
+        if not halves and not makes_nan and not self._has_integers(left, right):
             self.add("order", left, right, replacement)
 
     def _has_integers(self, left, right):

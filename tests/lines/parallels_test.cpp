@@ -54,6 +54,16 @@ TEST(MeetsParallels, AlmostTheSameDirectionIsToldByC)
     EXPECT_TRUE(meets.meets(6.0));
 }
 
+TEST(MeetsParallels, FlatAlongXWhicheverWayItRuns)
+{
+    for (const double a : {0.5, -0.5})
+        for (const double b : {2.0, -2.0}) {
+            EXPECT_TRUE(MeetsParallels({a, b, 7}, 1, 0).flat()) << a << ", " << b;
+            EXPECT_FALSE(MeetsParallels({b, a, 7}, 1, 0).flat()) << b << ", " << a;
+        }
+    EXPECT_TRUE(MeetsParallels({3, -3, 7}, 1, 0).flat()) << "a diagonal counts as flat";
+}
+
 TEST(MeetsParallels, GrowsAsItSays)
 {
     std::mt19937_64 random = test::random_source();
