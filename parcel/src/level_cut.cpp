@@ -153,6 +153,7 @@ std::vector<Chord> LevelCut::all_lines() const
         return a.distance < b.distance;
     });
     std::vector<Chord> lines;
+    lines.reserve(all.size());
     for (const Candidate& candidate : all)
         lines.push_back(candidate.chord);
     return lines;
