@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <random>
 
 #include "divide_report.h"
@@ -115,11 +116,11 @@ TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
     }
 }
 
-// A convex parcel of about that size across, at a place, in either direction.
-Ring random_parcel(std::mt19937_64& source, double size, const PL_PNT2D_record& place, bool convex)
+// A parcel of about that size across, of three vertices to `most`, at a place, in either direction.
+Ring random_parcel(std::mt19937_64& source, int most, double size, const PL_PNT2D_record& place, bool convex)
 {
     std::uniform_real_distribution<double> unit(0.0, 1.0);
-    const int n = std::uniform_int_distribution<int>(3, 12)(source);
+    const int n = std::uniform_int_distribution<int>(3, most)(source);
     Ring ring;
     for (int i = 0; i < n; ++i) {
         const double turn = 2.0 * kPi * (i + 0.6 * unit(source)) / n;
@@ -136,16 +137,19 @@ struct Tally {
     int refused_for_doubles = 0;
 };
 
-Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex)
+// The i-th of them is cut in the way ways[i % their number].
+Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex, int requests = kRequestsPerSize,
+                    int most_vertices = 12,
+                    const std::vector<Cut>& ways = {Cut::parallel, Cut::perpendicular, Cut::through_vertex})
 {
     std::mt19937_64 source = test::random_source();
     Tally tally;
-    for (int i = 0; i < kRequestsPerSize; ++i) {
+    for (int i = 0; i < requests; ++i) {
         SCOPED_TRACE("request " + std::to_string(i));
-        const Ring ring = random_parcel(source, size, place, convex);
+        const Ring ring = random_parcel(source, most_vertices, size, place, convex);
         const double part = std::uniform_real_distribution<double>(0.03, 0.97)(source);
         const Asked request =
-            asked(static_cast<Cut>(i % 3),
+            asked(ways[static_cast<std::size_t>(i) % ways.size()],
                   std::uniform_int_distribution<int>(1, static_cast<int>(ring.size()))(source),
                   part * static_cast<double>(test::area(test::shape_of(ring))));
         const PrintedDivision printed = tool::divide_in_print(ring, request);
@@ -184,6 +188,18 @@ TEST(PrintedDivision, HoldsTheRequestWhateverTheSize)
         EXPECT_EQ(tally.printed, kRequestsPerSize);
     }
 }
+
+class TenThousand : public ::testing::TestWithParam<Cut> {};
+
+TEST_P(TenThousand, RequestsOfConvexParcelsAreCutRight)
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    const int requests = chosen != nullptr ? std::max(1, std::atoi(chosen)) : 10000;
+    EXPECT_EQ(print_and_cut(100.0, kLocal, true, requests, 40, {GetParam()}).printed, requests);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, TenThousand,
+                         ::testing::Values(Cut::parallel, Cut::perpendicular, Cut::through_vertex));
 
 TEST(PrintedDivision, HoldsTheRequestInLargeCoordinates)
 {
@@ -231,7 +247,7 @@ TEST(PrintedDivision, EveryPieceOfASeriesHolds)
     for (int i = 0; i < 600; ++i) {
         SCOPED_TRACE("series " + std::to_string(i));
         const double size = kSizes[static_cast<std::size_t>(i) % 10];
-        const Ring ring = random_parcel(source, size, size < 1.0 || i % 2 == 0 ? kLocal : kUtm, true);
+        const Ring ring = random_parcel(source, 12, size, size < 1.0 || i % 2 == 0 ? kLocal : kUtm, true);
         Asked series = asked(static_cast<Cut>(i % 3), 1 + i % static_cast<int>(ring.size()), 1.0);
         series.request.amounts = plparcel::equal_parts(4);
         series.amounts.assign(3, "1/4");
