@@ -25,6 +25,10 @@ constexpr double kEndRoundings = 2.5;
 // would leave a side of a nanometre, or lie beyond the vertex.
 constexpr double kVertexRoundings = 4.0;
 
+// A line this many times that spacing from a vertex between its ends touches it: which side it passes on is a
+// matter of rounding.
+constexpr double kTouchRoundings = 4.0;
+
 double coordinate_spacing(const Ring& ring)
 {
     double largest = 0.0;
@@ -47,6 +51,19 @@ bool is_near_side(const Ring& ring, std::size_t side, const PL_PNT2D_record& p, 
     const double along = (dot(d, w) / length).value();
     const double off = (cross(d, w) / length).value();
     return std::fabs(off) <= reach && -reach <= along && along <= length + reach;
+}
+
+// Vertices next to an end do not count: how the sides go on from there is seen in the pieces.
+bool touches_a_vertex(const Ring& ring, const Cutting& cutting, double reach)
+{
+    const WidePoint run = from_to(cutting.from, cutting.to);
+    const double length = length_of(run);
+    return std::any_of(ring.begin(), ring.end(), [&](const PL_PNT2D_record& v) {
+        const WidePoint w = from_to(cutting.from, v);
+        const double along = (dot(run, w) / length).value();
+        const double off = (cross(run, w) / length).value();
+        return std::fabs(off) <= reach && along > reach && along < length - reach;
+    });
 }
 
 void append(Ring& piece, const PL_PNT2D_record& p)
@@ -101,12 +118,15 @@ Verdict measure(const Ring& ring, bool anticlockwise, bool request_after_from, c
 
 Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target, Cutting& cutting)
 {
-    const double reach = kEndRoundings * coordinate_spacing(ring);
+    const double spacing = coordinate_spacing(ring);
+    const double reach = kEndRoundings * spacing;
     const bool on_boundary = !same_place(cutting.from, cutting.to) &&
                              is_near_side(ring, cutting.from_side, cutting.from, reach) &&
                              is_near_side(ring, cutting.to_side, cutting.to, reach);
     if (!on_boundary)
         return Verdict::misses;
+    if (touches_a_vertex(ring, cutting, kTouchRoundings * spacing))
+        return Verdict::leaves_the_parcel;
     return measure(ring, area_of(ring) > 0.0, chord.request_after_from, target, cutting);
 }
 

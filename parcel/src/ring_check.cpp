@@ -43,10 +43,21 @@ bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_r
            p.y <= std::max(a.y, b.y);
 }
 
+bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
+                const PL_PNT2D_record& d)
+{
+    return std::max(std::min(a.x, b.x), std::min(c.x, d.x)) <=
+               std::min(std::max(a.x, b.x), std::max(c.x, d.x)) &&
+           std::max(std::min(a.y, b.y), std::min(c.y, d.y)) <=
+               std::min(std::max(a.y, b.y), std::max(c.y, d.y));
+}
+
 // Two sides without a common vertex.
 bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
                    const PL_PNT2D_record& d)
 {
+    if (!boxes_meet(a, b, c, d))
+        return false;
     const int c_side = sign(side_of(a, b, c));
     const int d_side = sign(side_of(a, b, d));
     const int a_side = sign(side_of(c, d, a));

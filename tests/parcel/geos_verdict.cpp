@@ -117,15 +117,22 @@ plparcel::DividingLine moved_line(plparcel::DividingLine line, const PL_PNT2D_re
     return line;
 }
 
+bool is_vertex(const Ring& ring, const PL_PNT2D_record& p)
+{
+    return std::any_of(ring.begin(), ring.end(),
+                       [&p](const PL_PNT2D_record& v) { return v.x == p.x && v.y == p.y; });
+}
+
 // The faces of the ring cut along the line, those of no size left out.
 std::vector<witness::Geometry> faces(const witness::Geos& geos, const Ring& ring,
-                                     const plparcel::DividingLine& line, bool from_vertex)
+                                     const plparcel::DividingLine& line)
 {
     const double length = std::hypot(line.to.x - line.from.x, line.to.y - line.from.y);
     const double more = kProlonged * size_of(ring) / length;
-    // From a vertex the line starts exactly: moved back along it, it might pass a re-entrant one by a hair.
-    const PL_LINE_2D_record prolonged = {from_vertex ? line.from : between(line.from, line.to, -more),
-                                         between(line.from, line.to, 1.0 + more)};
+    // At a vertex the line ends exactly: prolonged, it might pass a re-entrant one by a hair.
+    const PL_LINE_2D_record prolonged = {
+        is_vertex(ring, line.from) ? line.from : between(line.from, line.to, -more),
+        is_vertex(ring, line.to) ? line.to : between(line.from, line.to, 1.0 + more)};
     const double no_face = kNoFace * static_cast<double>(std::fabs(test::signed_area(ring)));
     std::vector<witness::Geometry> all = geos.split(ring, prolonged);
     all.erase(std::remove_if(all.begin(), all.end(),
@@ -150,8 +157,7 @@ std::string geos_objection(const witness::Geos& geos, const Ring& ring, const Re
 
     if (off_direction(ring, request, line) > 4.0 * rounding)
         return "the line does not run as asked";
-    const std::vector<witness::Geometry> found =
-        faces(geos, from_first(ring), moved_line(line, ring[0]), request.cut == Cut::through_vertex);
+    const std::vector<witness::Geometry> found = faces(geos, from_first(ring), moved_line(line, ring[0]));
     if (found.size() != 2)
         return std::to_string(found.size()) + " faces";
     const witness::Geometry probe =

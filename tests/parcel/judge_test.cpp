@@ -112,6 +112,21 @@ TEST(Judge, ToleranceIsABillionthOfTheParcelAndAHundredthOfThePiece)
         Verdict::divides);
 }
 
+TEST(Judge, ALineThatPassesAVertexWithinFourRoundingsTouchesIt)
+{
+    // A notch from below whose tip is at (50, 20); the line above it at 20 + gap. Spacing at 100: 2.2e-14.
+    const Ring notched = {{0, 0}, {45, 0}, {50, 20}, {55, 0}, {100, 0}, {100, 50}, {0, 50}};
+    const auto above = [&notched](double gap) {
+        const double height = 20.0 + gap;
+        return verdict(notched, {{100, height}, 4, {0, height}, 6, true}, 100.0 * (50.0 - height), 4900.0);
+    };
+    EXPECT_EQ(above(0.0), Verdict::leaves_the_parcel);
+    EXPECT_EQ(above(-1e-3), Verdict::leaves_the_parcel);
+    EXPECT_EQ(above(0x1p-48), Verdict::leaves_the_parcel);  // 3.6e-15
+    EXPECT_EQ(above(8.5e-14), Verdict::leaves_the_parcel);  // 3.8 spacings
+    EXPECT_EQ(above(9.5e-14), Verdict::divides);            // 4.3
+}
+
 TEST(Judge, CutsTheRingInTwo)
 {
     Cutting cutting;

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "brute_force.h"
 #include "divisions.h"
 #include "geos_verdict.h"
 #include "plparcel/division.h"
@@ -67,9 +68,12 @@ void note(const Division& division, Tally& tally)
     tally.again += line.meets_again ? 1 : 0;
 }
 
-bool none_exists(Status status)
+// The dents of a mildly concave parcel now and then hide what a line would have to reach.
+bool none_exists(const accuracy::Request& r, const plparcel::Request& request, Status status)
 {
-    return status == Status::base_reaches_behind || status == Status::line_leaves_parcel;
+    constexpr int kTrials = 2000;
+    return (status == Status::base_reaches_behind || status == Status::line_leaves_parcel) &&
+           !parcel_test::line_exists(r.ring, request, r.area, kTrials);
 }
 
 std::string shown(const accuracy::Request& r)
@@ -109,7 +113,7 @@ private:
             EXPECT_EQ(parcel_test::geos_objection(geos_, r.ring, request, r.area, division), "")
                 << kind.name << ", mode " << static_cast<int>(mode) << ", " << shown(r);
         } else {
-            EXPECT_TRUE(kind.concave || none_exists(division.status))
+            EXPECT_TRUE(kind.concave || none_exists(r, request, division.status))
                 << kind.name << ", mode " << static_cast<int>(mode) << ": "
                 << plparcel::describe(division.status) << ", " << shown(r);
             EXPECT_FALSE(bare) << kind.name << ", mode " << static_cast<int>(mode) << ": "
@@ -155,9 +159,6 @@ TEST_F(Kinds, DividedIsRightAndMoreIsDividedThanByABareCall)
             Tally& tally = tallies[static_cast<std::size_t>(mode)];
             tally = run(kind, mode, count);
             EXPECT_GE(tally.divided(), tally.bare) << kind.name;
-            if (!kind.concave) {
-                EXPECT_EQ(tally.divided(), tally.requests) << kind.name << ", " << static_cast<int>(mode);
-            }
         }
         print_row(kind.name, tallies);
         all.push_back(tallies);
