@@ -122,9 +122,11 @@ class Source:
 
     def _mark_without_result(self):
         for i, token in enumerate(self.tokens):
-            if token.text in ("static_assert", "reserve") and self.tokens[i + 1].text == "(":
+            if token.text in ("static_assert", "reserve", "make_room") and self.tokens[i + 1].text == "(":
                 for inside in self.tokens[i : self.partner[i + 1] + 1]:
                     inside.without_result = True
+            elif token.function == "Reserve":
+                token.without_result = True
 
     def line_of(self, position):
         return self.text.count("\n", 0, position) + 1

@@ -331,7 +331,10 @@ class Changes:
             self.add("order", left, right, replacement)
 
     def _has_integers(self, left, right):
-        """Numbers of the library's doubles have a decimal point, its integers are cast by name."""
+        """Numbers of the library's doubles have a decimal point, its integers are cast by name; or there is no double."""
+        names = self.source.names_in[self.source.tokens[left].function]
+        if "int32_t" in names and "double" not in names and not any(name.endswith("_record") for name in names):
+            return True
         return any(
             re.fullmatch(r"\d+", token.text) or token.text.startswith(("int", "uint"))
             for token in self.source.tokens[left : right + 1]
