@@ -14,6 +14,27 @@
 
 /// Declared a friend by the class: what a search leaves behind.
 struct CFrazAreaInspector {
+    static void TrovatoPuntoMaxEtMedioConPuntoPrec(CFrazArea& f, PL_PNT2D_record& q)
+    {
+        f.TrovatoPuntoMaxEtMedioConPuntoPrec(q);
+    }
+    static bool CalcAreaDaPuntoPrimaDiVertice(CFrazArea& f, PL_PNT2D_record& r1, PL_PNT2D_record& r2)
+    {
+        return f.CalcAreaDaPuntoPrimaDiVertice(r1, r2);
+    }
+    static bool TrovataIntersezValidaSegmConLato2(const CFrazArea& f, int i,
+                                                  const PL_IMP_LINE_2D_record& line, PL_PNT2D_record& out)
+    {
+        return f.TrovataIntersezValidaSegmConLato2(i, line, out);
+    }
+    static double CalcAreaDaVertice(CFrazArea& f) { return f.CalcAreaDaVertice(); }
+    static std::int32_t start(const CFrazArea& f) { return f.IndiceInizio; }
+    static void set_line(CFrazArea& f, const PL_IMP_LINE_2D_record& line) { f.RettaMobile = line; }
+    static void set_wedge(CFrazArea& f, double start_gon, double width_gon)
+    {
+        f.AngInizio = start_gon;
+        f.AngAmpiezza = width_gon;
+    }
     static bool found(const CFrazArea& f) { return f.Trovato; }
     static double area(const CFrazArea& f) { return f.AreaParziale; }
     static double requested(const CFrazArea& f) { return f.AreaRichiesta; }

@@ -4,6 +4,7 @@
 #include "fuzz/cut.h"
 #include "fuzz/reader.h"
 #include "plcalc/subdivision.h"
+#include "plcalc/survey.h"
 
 namespace {
 
@@ -41,6 +42,35 @@ void check_strip(const CFrazArea& object, const Request& r, const Cut& cut)
     FUZZ_CHECK(fuzz::near(held, fuzz::requested_area(r), fuzz::area_slack(r)));
 }
 
+// The operations that the search is made of, on any line.
+void check_private_operations(CFrazArea& object, const Request& r, Reader& in)
+{
+    using Inspector = CFrazAreaInspector;
+    PL_PNT2D_record q = {in.number(), in.number()};
+    Inspector::TrovatoPuntoMaxEtMedioConPuntoPrec(object, q);
+
+    const double a = in.number();
+    const double b = in.number();
+    const PL_IMP_LINE_2D_record line = {a, b, in.number()};
+    Inspector::set_line(object, line);
+    PL_PNT2D_record r1 = {};
+    PL_PNT2D_record r2 = {};
+    FUZZ_CHECK(Inspector::CalcAreaDaPuntoPrimaDiVertice(object, r1, r2));
+    FUZZ_CHECK(!(Inspector::area(object) < 0.0));
+
+    const std::size_t n = r.ring.size();
+    const std::size_t start = static_cast<std::size_t>(Inspector::start(object));
+    for (std::size_t i = 1; i <= n; ++i) {
+        PL_PNT2D_record got = {};
+        PL_PNT2D_record want = {};
+        const bool meets =
+            IntersezLineaInSegmOK(r.ring[(start + i - 1) % n], r.ring[(start + i) % n], line, want);
+        FUZZ_CHECK(Inspector::TrovataIntersezValidaSegmConLato2(object, static_cast<int>(i), line, got) ==
+                   meets);
+        FUZZ_CHECK(fuzz::same(got, want));
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -56,5 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (r.convex_area > 0.0)
         check_strip(object, r, cut);
     check_unknown_mode(parcel, r, modo);
+    if (cut.done)
+        check_private_operations(object, r, in);
     return 0;
 }

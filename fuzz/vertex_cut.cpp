@@ -45,5 +45,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         r.valore2);
         FUZZ_CHECK(fuzz::same(fuzz::run(other), cut));
     }
+
+    // Any wedge has an area.
+    if (cut.done) {
+        const double start_gon = in.number();
+        CFrazAreaInspector::set_wedge(object, start_gon, in.number());
+        FUZZ_CHECK(!(CFrazAreaInspector::CalcAreaDaVertice(object) < 0.0));
+    }
     return 0;
 }
