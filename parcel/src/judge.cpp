@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "plparcel/extent.h"
 #include "ring_check.h"
 
 namespace plparcel {
@@ -28,14 +29,6 @@ constexpr double kVertexRoundings = 4.0;
 // A line this many times that spacing from a vertex between its ends touches it: which side it passes on is a
 // matter of rounding.
 constexpr double kTouchRoundings = 4.0;
-
-double coordinate_spacing(const Ring& ring)
-{
-    double largest = 0.0;
-    for (const PL_PNT2D_record& p : ring)
-        largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
-    return largest * std::numeric_limits<double>::epsilon();
-}
 
 double length_of(const WidePoint& v)
 {

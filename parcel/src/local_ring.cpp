@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "plparcel/extent.h"
+
 namespace plparcel {
 namespace {
 
@@ -23,17 +25,6 @@ int scale_exponent_for(double extent)
 
 }  // namespace
 
-double extent_of(const Ring& ring)
-{
-    PL_PNT2D_record low = ring.front();
-    PL_PNT2D_record high = ring.front();
-    for (const PL_PNT2D_record& p : ring) {
-        low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-        high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-    }
-    return std::max(high.x - low.x, high.y - low.y);
-}
-
 bool is_workable(double extent)
 {
     return std::ldexp(1.0, -kWorkableExponent) <= extent && extent <= std::ldexp(1.0, kWorkableExponent);
@@ -47,7 +38,8 @@ Wide area_of(const Ring& ring)
     return twice * 0.5;
 }
 
-LocalRing::LocalRing(const Ring& ring) : origin_(ring.front()), exponent_(scale_exponent_for(extent_of(ring)))
+LocalRing::LocalRing(const Ring& ring)
+    : origin_(ring.front()), exponent_(scale_exponent_for(extent_of(ring).largest()))
 {
     points_.reserve(ring.size());
     for (const PL_PNT2D_record& p : ring)

@@ -11,10 +11,7 @@
 
 namespace plparcel {
 
-/// Larger extent of a ring along the axes, caller's unit; infinite or NaN where it cannot be computed.
-double extent_of(const Ring& ring);
-
-/// Whether the extent is one that can be worked with: 2^-300 to 2^300, so that products of four lengths in the
+/// Whether a ring's larger extent is one that can be worked with: 2^-300 to 2^300, so that products of four lengths in the
 /// ring's own frame stay finite and keep all their bits.
 bool is_workable(double extent);
 

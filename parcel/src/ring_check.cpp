@@ -6,6 +6,7 @@
 
 #include "local_ring.h"
 #include "plcalc/survey.h"
+#include "plparcel/extent.h"
 #include "plutil/plutil.h"
 #include "wide.h"
 
@@ -101,7 +102,7 @@ Status status_of(const CleanRing& clean, RingReport& report)
         return Status::not_finite;
     if (ring.size() < kMinVertices)
         return Status::degenerate;
-    if (!is_workable(extent_of(ring)))
+    if (!is_workable(extent_of(ring).largest()))
         return Status::not_finite;
     if (on_one_line(ring))
         return Status::degenerate;

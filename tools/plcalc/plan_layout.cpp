@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "numbers.h"
+#include "plparcel/extent.h"
 
 namespace tool {
 namespace {
@@ -68,15 +69,10 @@ double round_denominator(double value)
 
 PlanLayout::PlanLayout(const plparcel::Ring& ring, double metres, Paper paper, double footer_height)
 {
-    PL_PNT2D_record low = ring.front();
-    PL_PNT2D_record high = ring.front();
-    for (const PL_PNT2D_record& p : ring) {
-        low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-        high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-    }
-    middle_ = {low.x + (high.x - low.x) * 0.5, low.y + (high.y - low.y) * 0.5};
-    const double width = (high.x - low.x) * metres * kPointsPerMetre;
-    const double height = (high.y - low.y) * metres * kPointsPerMetre;
+    const plparcel::Extent extent = plparcel::extent_of(ring);
+    middle_ = {extent.low.x + extent.width() * 0.5, extent.low.y + extent.height() * 0.5};
+    const double width = extent.width() * metres * kPointsPerMetre;
+    const double height = extent.height() * metres * kPointsPerMetre;
 
     double least = 0.0;
     const SheetPoint portrait = upright(paper);

@@ -8,6 +8,7 @@
 
 #include "numbers.h"
 #include "pieces.h"
+#include "plparcel/extent.h"
 
 namespace tool {
 namespace {
@@ -50,14 +51,6 @@ double rounding_of(int decimals)
     return decimals > kMaxDecimals ? 0.0 : std::sqrt(0.5) * std::pow(10.0, -decimals);
 }
 
-double spacing_of_doubles(const Ring& ring)
-{
-    double largest = 0.0;
-    for (const PL_PNT2D_record& p : ring)
-        largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
-    return largest * std::numeric_limits<double>::epsilon();
-}
-
 PL_PNT2D_record relative(const PL_PNT2D_record& p, const PL_PNT2D_record& origin)
 {
     return {p.x - origin.x, p.y - origin.y};
@@ -91,7 +84,8 @@ std::optional<Readings> read(const Ring& ring, const std::vector<Line>& lines, d
 {
     const PL_PNT2D_record& origin = ring.front();
     const Ring local = relative(ring, origin);
-    const long double slack = kSlantAllowance * (rounding + kProvenSpacings * spacing_of_doubles(ring));
+    const long double slack =
+        kSlantAllowance * (rounding + kProvenSpacings * plparcel::coordinate_spacing(ring));
     Readings readings;
     for (const Line& line : lines) {
         Line ends = relative(line, origin);

@@ -1,8 +1,7 @@
 #include "resolution.h"
 
-#include <algorithm>
-
 #include "numbers.h"
+#include "plparcel/extent.h"
 
 namespace {
 
@@ -16,20 +15,10 @@ constexpr double kRelAreaStep = 1e-7;
 
 namespace tool {
 
-double extent_of(const std::vector<PL_PNT2D_record>& ring)
-{
-    PL_PNT2D_record low = ring.front();
-    PL_PNT2D_record high = ring.front();
-    for (const PL_PNT2D_record& p : ring) {
-        low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-        high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-    }
-    return std::max(high.x - low.x, high.y - low.y);
-}
-
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area)
 {
-    return {decimals_for(kRelExtentStep * extent_of(ring)), decimals_for(kRelAreaStep * area)};
+    return {decimals_for(kRelExtentStep * plparcel::extent_of(ring).largest()),
+            decimals_for(kRelAreaStep * area)};
 }
 
 const char* direction_name(bool anticlockwise)

@@ -17,9 +17,6 @@ struct Resolution {
 /// A tenth of a milligon is what a theodolite reads.
 constexpr int kAngleDecimals = 4;
 
-/// The larger of a parcel's two extents, unit.
-double extent_of(const std::vector<PL_PNT2D_record>& ring);
-
 /// A rounding moves a line by no more than a millionth of the parcel's extent, and an area by no more than the
 /// tenth part of a millionth of it; four decimals at least.
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
