@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "plcalc/subdivision.h"
+#include "vector.h"
 
 /// Declared a friend by the class.
 struct CFrazAreaInspector {
@@ -13,10 +14,13 @@ struct CFrazAreaInspector {
 
 namespace {
 
+using accuracy::cross;
+using accuracy::from_to;
 using accuracy::Mode;
+using accuracy::Real;
 using accuracy::Request;
 using accuracy::Ring;
-using Real = long double;
+using accuracy::Vector;
 
 constexpr int kAreaAsValue = 1;
 constexpr Real kHeld = 1e-6L;  // of the parcel's area
@@ -32,21 +36,6 @@ constexpr Real kMeasurable = 1e-9L;
 
 // Sine of an angle that counts as flat, and height over a side that counts as none, of the parcel's size.
 constexpr Real kFlat = 1e-7L;
-
-struct Vector {
-    Real x;
-    Real y;
-};
-
-Vector from_to(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-{
-    return {static_cast<Real>(b.x) - a.x, static_cast<Real>(b.y) - a.y};
-}
-
-Real cross(const Vector& a, const Vector& b)
-{
-    return a.x * b.y - a.y * b.x;
-}
 
 Real dot(const Vector& a, const Vector& b)
 {

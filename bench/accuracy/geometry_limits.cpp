@@ -13,13 +13,17 @@
 #include "plcalc/survey.h"
 #include "support/parcels.h"
 #include "tables.h"
+#include "vector.h"
 
 static_assert(LDBL_MANT_DIG >= 64, "the measurement needs a long double that is longer than a double");
 
 namespace {
 
+using accuracy::cross;
 using accuracy::Errors;
-using Real = long double;
+using accuracy::from_to;
+using accuracy::Real;
+using accuracy::Vector;
 
 struct Size {
     const char* name;
@@ -33,21 +37,6 @@ constexpr Size kSizes[] = {kUnit, kSite, kUtm};
 
 // Lines cross at 20 gons or more, so that the tables show the functions and not the flat crossing.
 constexpr double kLeastSine = 0.309;
-
-struct Vector {
-    Real x;
-    Real y;
-};
-
-Vector from_to(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-{
-    return {static_cast<Real>(b.x) - a.x, static_cast<Real>(b.y) - a.y};
-}
-
-Real cross(const Vector& a, const Vector& b)
-{
-    return a.x * b.y - a.y * b.x;
-}
 
 Real length(const Vector& v)
 {
