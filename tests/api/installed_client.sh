@@ -1,23 +1,24 @@
 #!/usr/bin/env bash
 # installed_client.sh <cmake> <build folder> <source folder> <C++ compiler> <extra C++ flags>: installs the
-# package, moves it elsewhere, and builds and runs an outside client through CMake and through pkg-config, and
-# one that has the companion alone.
+# package, moves it elsewhere, and builds and runs outside clients: of the library and of the layer above it, each
+# through CMake and through pkg-config, and one that has the companion alone.
 set -euo pipefail
 
 cmake=$1 build=$2 source=$3 cxx=$4 flags=$5
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-for component in plcalc plutil; do
+for component in plcalc plutil plparcel; do
     "$cmake" --install "$build" --prefix "$work/first" --component "$component" >/dev/null
 done
 mv "$work/first" "$work/moved" # the package must not remember where it was installed
 prefix=$work/moved
+example=$source/examples/proven_division.cpp
 
 # build_client <client> <prefix>
 build_client() {
     {
-        "$cmake" -S "$source/tests/api/$1" -B "$work/$1" -DCMAKE_PREFIX_PATH="$2" \
+        "$cmake" -S "$source/tests/api/$1" -B "$work/$1" -DCMAKE_PREFIX_PATH="$2" -DEXAMPLE="$example" \
             -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" &&
             "$cmake" --build "$work/$1"
     } >"$work/log" 2>&1 || {
@@ -53,8 +54,21 @@ if [ -e "$libdir/libplcalc.so" ]; then
     (unset LD_LIBRARY_PATH; "$work/small")
 fi
 
-[ "$by_cmake" = "$want" ] || { echo "through CMake: got $by_cmake, wanted $want" >&2; exit 1; }
-[ "$by_pkg_config" = "$want" ] || { echo "through pkg-config: got $by_pkg_config, wanted $want" >&2; exit 1; }
+build_client layer_client "$prefix"
+layer_by_cmake=$("$work/layer_client/layer_client" | head -n 1)
+# shellcheck disable=SC2046,SC2086 # flags are words
+"$cxx" -std=c++17 $flags "$example" $(pkg-config --cflags --libs --static plparcel) -o "$work/layer_by_pkg_config"
+layer_by_pkg_config=$(LD_LIBRARY_PATH=$libdir "$work/layer_by_pkg_config" | head -n 1)
+
+# same <how> <got> <wanted>
+same() {
+    [ "$2" = "$3" ] || { echo "$1: got $2, wanted $3" >&2; exit 1; }
+}
+same "through CMake" "$by_cmake" "$want"
+same "through pkg-config" "$by_pkg_config" "$want"
+line='from 32.0000 0.0000 to 32.0000 50.0000'
+same "the layer through CMake" "$layer_by_cmake" "$line"
+same "the layer through pkg-config" "$layer_by_pkg_config" "$line"
 if grep -rIl "$build" "$prefix"; then
     echo "the files above remember the build folder" >&2
     exit 1
