@@ -177,6 +177,36 @@ TEST_F(StakeoutVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(got["station"]["n"], 0.0);
 }
 
+// Here five decimals would turn the line: divide prints it with more, and it is that one that is set out.
+TEST_F(StakeoutVerb, TheEndsHaveTheDecimalsOfTheLine)
+{
+    write("lot.csv", "E,N\n0,0\n40,0\n40,0.03\n0,0.05\n");
+    const std::string cut = "--parallel 1 --share 1/3";
+    const test::Result divided = divide("lot.csv", cut + " --json");
+    ASSERT_EQ(divided.status, 0) << divided.err;
+    const nlohmann::json line = nlohmann::json::parse(divided.out)["parcels"][0]["lines"][0];
+    const double north = line["from"]["n"];
+    ASSERT_NE(north, std::round(north * 1e5) / 1e5) << "five are what its size asks for";
+    const nlohmann::json points =
+        nlohmann::json::parse(stakeout("--station 1 --orientation 2 " + cut + " --json").out)["points"];
+    EXPECT_EQ(points[0]["e"], line["from"]["e"]);
+    EXPECT_EQ(points[0]["n"], line["from"]["n"]);
+    EXPECT_EQ(points[1]["e"], line["to"]["e"]);
+    EXPECT_EQ(points[1]["n"], line["to"]["n"]);
+    EXPECT_EQ(points[0]["right"], -north) << "offsets to the same digit";
+}
+
+TEST_F(StakeoutVerb, TheFileMayStandBehindAPoint)
+{
+    write("lot.csv", kLot);
+    const test::Result run =
+        this->run({"stakeout", "--station", "1", "--orientation", "2", "--point", "0,30", "lot.csv"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(test::numbers_after(run.out, "point 1").at(0), 0.0) << run.out;
+    EXPECT_TRUE(test::fails_with(stakeout("--station 1 --orientation 2 --point 1,2 3,4"), 2,
+                                 "'3,4' is not known here; see plcalc stakeout --help"));
+}
+
 TEST_F(StakeoutVerb, Refusals)
 {
     write("lot.csv", kLot);

@@ -1,5 +1,6 @@
 #include "stakeout_verb.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -33,7 +34,7 @@ StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeou
     options()
         .add_option("--point", points_)
         ->type_name("PLACE")
-        ->expected(1)
+        ->allow_extra_args(false)  // one PLACE each time: FILE may follow
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     options().add_flag("--csv", csv_);
     options().add_flag("--json", json_);
@@ -89,12 +90,14 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
     return base;
 }
 
-std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel) const
+// With as many decimals as the lines are right with: a sliver needs more than its size asks for.
+std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
 {
     const Asked request = asked();
     const PrintedDivision printed = divide_in_print(parcel.ring, request);
     if (!printed.done())
         throw division_failure(parcel, request, printed);
+    resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
     std::vector<NamedPoint> ends;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
         const std::string line = printed.lines.size() > 1 ? "line " + std::to_string(i + 1) + " " : "";
@@ -105,11 +108,11 @@ std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel) const
 }
 
 // The points that are named, and the ends of the lines that are asked for; without either, the vertices.
-std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel) const
+std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, Resolution& resolution) const
 {
     std::vector<NamedPoint> points;
     if (asks_for_cut())
-        points = line_ends(parcel);
+        points = line_ends(parcel, resolution);
     for (std::size_t i = 0; i < points_.size(); ++i) {
         points.push_back(place("--point", points_[i], parcel));
         if (points.back().name.empty())
@@ -131,8 +134,8 @@ Output StakeoutVerb::work() const
     sheet.where = parcel.where;
     sheet.setup = setup(parcel);
     sheet.base = base_line(parcel);
-    sheet.points = set_out(sheet.setup, sheet.base, points(parcel));
     sheet.resolution = resolution_of(parcel.ring, 1.0);
+    sheet.points = set_out(sheet.setup, sheet.base, points(parcel, sheet.resolution));
     sheet.angle_decimals = angle_decimals_for(sheet.points, sheet.resolution);
     return {csv_ ? stakeout_csv(sheet) : json_ ? stakeout_json(sheet) : stakeout_table(sheet)};
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cut_options.h"
+#include "resolution.h"
 #include "stakeout.h"
 
 namespace tool {
@@ -19,8 +20,8 @@ private:
     NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel) const;
     Setup setup(const Parcel& parcel) const;
     BaseLine base_line(const Parcel& parcel) const;
-    std::vector<NamedPoint> points(const Parcel& parcel) const;
-    std::vector<NamedPoint> line_ends(const Parcel& parcel) const;
+    std::vector<NamedPoint> points(const Parcel& parcel, Resolution& resolution) const;
+    std::vector<NamedPoint> line_ends(const Parcel& parcel, Resolution& resolution) const;
 
     std::string station_;
     std::string orientation_;
