@@ -88,6 +88,8 @@ const UseRow kWrongUse[] = {
      "--share: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"list with a gap", "--vertex 1 --areas 5,,6",
      "--areas: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
+    {"list that ends with a comma", "--vertex 1 --areas 5,",
+     "--areas: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"list with a word", "--vertex 1 --areas 5,six",
      "--areas: 'six' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
     {"product in a list", "--vertex 1 --areas 5x0",
@@ -137,6 +139,12 @@ TEST_F(Messages, WrongUse)
     EXPECT_TRUE(test::fails_with(
         run({"divide", "lot.csv", "--vertex", "1", "--area", ""}), 2,
         "--area: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(run({"divide", "lot.csv", "--vertex", "1", "--areas", ""}), 2,
+                         "--areas: '' is not a list such as 1000,1/3,20x30; see plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "divide"}), 2,
+                                 "'divide' is not known here; see plcalc measure --help"))
+        << "one verb at a time";
 }
 
 TEST_F(Messages, RepeatedVerticesLeaveASideWithoutLength)

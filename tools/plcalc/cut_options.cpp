@@ -113,8 +113,9 @@ void CuttingVerb::set_amounts(Asked& asked) const
         asked.request.amounts = {share("--share", share_)};
         asked.amounts = {share_};
     } else if (given("--areas")) {
-        std::istringstream list(areas_);
-        for (std::string text; std::getline(list, text, ',');)
+        // The last comma is read as well: an amount that is missing behind it has been forgotten.
+        std::istringstream list(areas_ + ",");
+        for (std::string text; !areas_.empty() && std::getline(list, text, ',');)
             add_amount(asked, "--areas", text);
         if (asked.amounts.empty())
             wrong_use("--areas: '" + areas_ + "' is not a list such as 1000,1/3,20x30");

@@ -99,6 +99,7 @@ ExitStatus run(int argc, char** argv)
     CLI::App app;
     app.set_help_flag();
     app.allow_extras();
+    app.require_subcommand(0, 1);
     app.add_flag("-h,--help", help);
     app.add_flag("--version", version);
     tool::DivideVerb divide(app);
