@@ -25,6 +25,32 @@ protected:
             rows += std::to_string(i) + ",\"POLYGON ((0 0, 100 0, 110 50, 80 90, 0 60, 0 0))\"\n";
         write("many.csv", rows);
     }
+
+    // Ctrl-C, as soon as there is something beside the input.
+    void interrupt(std::vector<std::string> words) const
+    {
+        words.insert(words.begin(), PLCALC_PROGRAM);
+        std::vector<char*> arguments;
+        for (std::string& word : words)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        pid_t pid = 0;
+        ASSERT_EQ(posix_spawn(&pid, arguments[0], nullptr, nullptr, arguments.data(), environ), 0);
+        // Once the folder for the work in progress is there, the guard is.
+        const auto entries = [&] {
+            const std::filesystem::directory_iterator folder(path(""));
+            return std::distance(begin(folder), end(folder));
+        };
+        for (int i = 0; i < 3000 && entries() < 2; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_EQ(entries(), 2);
+        kill(pid, SIGINT);
+        int status = 0;
+        ASSERT_EQ(waitpid(pid, &status, 0), pid);
+        ASSERT_TRUE(WIFEXITED(status));
+        EXPECT_EQ(WEXITSTATUS(status), 1);
+        EXPECT_EQ(entries(), 1) << "only the input";
+    }
 };
 
 TEST_F(Terminal, MessagesAreRedUnlessNoColorIsSet)
@@ -53,27 +79,13 @@ TEST_F(Terminal, AProgressBarComesAndGoes)
 TEST_F(Terminal, AnInterruptionLeavesNothingBehind)
 {
     write_many(40000);
-    const std::string program = PLCALC_PROGRAM;
-    const std::string in = path("many.csv");
-    const std::string out = path("out.gpkg");
-    const char* const words[] = {program.c_str(), "divide", in.c_str(), "--parallel", "1",
-                                 "--parts",       "9",      "-o",       out.c_str(),  nullptr};
-    pid_t pid = 0;
-    ASSERT_EQ(posix_spawn(&pid, words[0], nullptr, nullptr, const_cast<char**>(words), environ), 0);
-    // Once the folder for the work in progress is there, the guard is.
-    const auto entries = [&] {
-        const std::filesystem::directory_iterator folder(path(""));
-        return std::distance(begin(folder), end(folder));
-    };
-    for (int i = 0; i < 3000 && entries() < 2; ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_EQ(entries(), 2);
-    kill(pid, SIGINT);
-    int status = 0;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 1);
-    EXPECT_EQ(entries(), 1) << "only the input";
+    interrupt({"divide", path("many.csv"), "--parallel", "1", "--parts", "9", "-o", path("out.gpkg")});
+}
+
+TEST_F(Terminal, NorDoesOneWhileAPlanIsDrawn)
+{
+    write_many(1);
+    interrupt({"divide", path("many.csv"), "--parallel", "1", "--parts", "400", "--plan", path("plan.pdf")});
 }
 
 }  // namespace

@@ -141,6 +141,116 @@ TEST_F(Writer, EveryFormatReadBack)
     }
 }
 
+// Text of every alphabet, a date, a moment, an integer that no double holds, a list, a column name beyond ten letters.
+TEST_F(Writer, AttributesOfEveryKind)
+{
+    write("lots.geojson", R"({"type": "FeatureCollection",
+        "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::32632"}},
+        "features": [{"type": "Feature", "id": 1, "properties":
+         {"owner": "Müller, Łódź, Αθήνα", "born": "2020-02-29", "seen": "2020-02-29T12:34:56",
+          "number": 9007199254740993, "tags": ["a", "b"], "residual": 1.25, "a_long_name_of_a_column": "x",
+          "a_long_name_of_another": "other"},
+         "geometry": {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000],
+                                                          [500100, 5000060], [500000, 5000000]]]}}]})");
+    for (const std::string ending : {"gpkg", "shp", "geojson", "fgb", "gml", "sqlite", "csv", "kml"}) {
+        SCOPED_TRACE(ending);
+        const test::Result run = divide("lots.geojson", "--vertex 1 --share 1/2 -o out." + ending);
+        ASSERT_EQ(run.status, 0) << run.err;
+        const GDALDatasetUniquePtr out = open("out." + ending);
+        ASSERT_NE(out, nullptr);
+        const OGRFeatureUniquePtr piece(out->GetLayer(0)->GetNextFeature());
+        ASSERT_NE(piece, nullptr);
+        EXPECT_STREQ(piece->GetFieldAsString("owner"), "Müller, Łódź, Αθήνα");
+        EXPECT_EQ(std::string(piece->GetFieldAsString("born")).substr(0, 10), "2020/02/29");
+        EXPECT_EQ(std::string(piece->GetFieldAsString("seen")).substr(0, 19), "2020/02/29 12:34:56");
+        EXPECT_STREQ(piece->GetFieldAsString("number"), "9007199254740993");
+        EXPECT_NE(std::string(piece->GetFieldAsString("tags")).find("a"), std::string::npos);
+        EXPECT_EQ(piece->GetFieldAsDouble("residual"), 1.25) << "the parcel's own column";
+        EXPECT_NEAR(piece->GetFieldAsDouble("residual_1"), 0.0, 1e-6);
+        const bool cut = ending == "shp";
+        EXPECT_STREQ(piece->GetFieldAsString(cut ? "a_long_nam" : "a_long_name_of_a_column"), "x");
+        EXPECT_STREQ(piece->GetFieldAsString(cut ? "a_long_n_1" : "a_long_name_of_another"), "other");
+    }
+}
+
+// Formats that hold nothing but degrees get them from the CRS, to a hundredth of a micrometre.
+TEST_F(Writer, DegreesComeFromTheCrs)
+{
+    write_lots();
+    write("plain.csv", "id,WKT\n1,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
+    for (const std::string ending : {"kml", "geojsonl"}) {
+        SCOPED_TRACE(ending);
+        ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --area 1000 -o out." + ending).status, 0);
+        const GDALDatasetUniquePtr out = open("out." + ending);
+        ASSERT_NE(out, nullptr);
+        OGRFeatureUniquePtr piece(out->GetLayer(0)->GetNextFeature());
+        ASSERT_NE(piece, nullptr);
+        OGRGeometry* const geometry = piece->GetGeometryRef();
+        ASSERT_TRUE(geometry->getSpatialReference()->IsGeographic());
+        OGRSpatialReference utm;
+        utm.importFromEPSG(32632);
+        ASSERT_EQ(geometry->transformTo(&utm), OGRERR_NONE);
+        OGREnvelope box;
+        geometry->getEnvelope(&box);
+        EXPECT_NEAR(box.MinX, 500000.0, 1e-6);
+        EXPECT_NEAR(box.MaxX, 500100.0, 1e-6);
+        EXPECT_NEAR(box.MinY, 5000000.0, 1e-6);
+        EXPECT_NEAR(box.MaxY, 5000010.0, 1e-6);
+        const test::Result run = divide("plain.csv", "--parallel 1 --area 1000 -o plain." + ending);
+        EXPECT_TRUE(test::fails_with(run, 2,
+                                     "plain." + ending + ": this format (" +
+                                         (ending == "kml" ? out->GetDriverName() : "GeoJSONSeq") +
+                                         ") holds degrees, and the parcels' file tells no CRS to come from; "
+                                         "name it .gpkg for a GeoPackage"));
+    }
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.geojsonl", "out.geojsonl", "out.kml",
+                                              "plain.csv"}));
+}
+
+TEST_F(Writer, FormatsThatRoundAreRefused)
+{
+    write_lots();
+    for (const std::string out :
+         {"out.tab", "out.dgn", "out.gxt", "out.itf", "out.mvt", "out.gdb", "out.pdf"})
+        EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
+                                     "--output: no format with the ending of '" + out +
+                                         "' can be written to the last digit; name it .gpkg for a "
+                                         "GeoPackage; see plcalc divide --help"));
+    // A format of pictures has the same ending.
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.xml").status, 0);
+    EXPECT_STREQ(open("out.xml")->GetDriverName(), "GML");
+}
+
+// A .prj or an index beside the old Shapefile would be taken for the new one's.
+TEST_F(Writer, WhatBelongedToTheReplacedGoes)
+{
+    write_lots();
+    write("plain.csv", "id,WKT\n1,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.shp").status, 0);
+    for (const char* name : {"out.qpj", "out.sbn", "out.txt", "out.pdf", "out-other.prj"})
+        write(name, "mine");
+    ASSERT_EQ(files().count("out.prj") + files().count("out-lines.prj"), 2u);
+    ASSERT_EQ(divide("plain.csv", "--parallel 1 --parts 2 -o out.shp --overwrite").status, 0);
+    EXPECT_EQ(open("out.shp")->GetLayer(0)->GetSpatialRef(), nullptr);
+    const std::set<std::string> left = files();
+    for (const char* name : {"out.prj", "out-lines.prj", "out.qpj", "out.sbn"})
+        EXPECT_EQ(left.count(name), 0u) << name;
+    for (const char* name : {"out.txt", "out.pdf", "out-other.prj", "plain.csv"})
+        EXPECT_EQ(left.count(name), 1u) << name;
+}
+
+TEST_F(Writer, PlanAndLayersComeTogetherOrNotAtAll)
+{
+    write_lots();
+    write("out.gpkg", "mine");
+    EXPECT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 --plan plan.pdf -o out.gpkg").status,
+              2);
+    write("plan.svg", "mine");
+    EXPECT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 --plan plan.svg -o new.gpkg").status,
+              2);
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out.gpkg", "plan.svg"}));
+}
+
 TEST_F(Writer, ManyWithTheRefusedUndivided)
 {
     write_lots();

@@ -51,11 +51,15 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) 
     return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file.layer());
 }
 
-void DivideVerb::draw(const ReadParcel& read, const Asked& asked, const PrintedDivision& printed) const
+// Drawn, but not yet in its place; null when none is asked for.
+std::unique_ptr<PendingOutput> DivideVerb::draw(const ReadParcel& read, const Asked& asked,
+                                                const PrintedDivision& printed) const
 {
-    PendingOutput output(plan_, overwrite_);
-    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output.path());
-    output.commit();
+    if (!given("--plan"))
+        return nullptr;
+    std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_);
+    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output->path());
+    return output;
 }
 
 Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
@@ -70,13 +74,16 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     if (!printed.done())
         throw division_failure(read->parcel, asked, printed);
     // Both are made before either is put into its place.
+    const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     if (writer != nullptr)
         writer->add(*read, printed.proven);
-    if (given("--plan"))
-        draw(*read, asked, printed);
+    const std::unique_ptr<PendingOutput> plan = draw(*read, asked, printed);
+    guard.check();
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
+    if (plan != nullptr)
+        plan->commit();
     if (!json_)
         return {division_table(read->parcel, asked, printed) + written_lines(written)};
     ManyReport report(asked, ManyReport::Keep::json);

@@ -12,6 +12,7 @@
 namespace tool {
 
 class DivisionWriter;
+class PendingOutput;
 
 class DivideVerb : public CuttingVerb {
 public:
@@ -24,7 +25,8 @@ private:
     std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file) const;
     Output one(ParcelFile& file, const Asked& asked) const;
     Output many(ParcelFile& file, const Asked& asked) const;
-    void draw(const ReadParcel& read, const Asked& asked, const PrintedDivision& printed) const;
+    std::unique_ptr<PendingOutput> draw(const ReadParcel& read, const Asked& asked,
+                                        const PrintedDivision& printed) const;
 
     bool json_ = false;
     bool overwrite_ = false;

@@ -14,45 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Formats that hold several layers in name only: a folder, or drawing layers without columns.
-const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "DXF", "FlatGeobuf", "TSV"};
-
 // Names of columns that formats keep for themselves.
 const char* const kReserved[] = {"fid", "ogc_fid", "geom", "geometry", "wkt"};
-
-bool writes_vectors(GDALDriver& driver)
-{
-    return driver.GetMetadataItem(GDAL_DCAP_VECTOR) != nullptr &&
-           driver.GetMetadataItem(GDAL_DCAP_CREATE) != nullptr;
-}
-
-bool has_ending(GDALDriver& driver, const std::string& ending)
-{
-    const char* const listed = driver.GetMetadataItem(GDAL_DMD_EXTENSIONS);
-    const CPLStringList endings(CSLTokenizeString2(listed != nullptr ? listed : "", " ", 0));
-    return endings.FindString(ending.c_str()) >= 0;
-}
-
-GDALDriver* driver_for(const std::string& file)
-{
-    GDALAllRegister();
-    const std::string ending = CPLGetExtension(file.c_str());
-    GDALDriverManager& drivers = *GetGDALDriverManager();
-    for (int i = 0; i < drivers.GetDriverCount() && !ending.empty(); ++i) {
-        GDALDriver& driver = *drivers.GetDriver(i);
-        if (writes_vectors(driver) && has_ending(driver, ending))
-            return &driver;
-    }
-    return nullptr;
-}
-
-bool holds_two_layers(GDALDriver& driver)
-{
-    const char* const several = driver.GetMetadataItem(GDAL_DCAP_MULTIPLE_VECTOR_LAYERS);
-    return several != nullptr &&
-           std::none_of(std::begin(kOneLayer), std::end(kOneLayer),
-                        [&](const char* name) { return EQUAL(driver.GetDescription(), name); });
-}
 
 std::string lines_file_of(const std::string& file)
 {
@@ -60,19 +23,27 @@ std::string lines_file_of(const std::string& file)
     return (path.parent_path() / (path.stem().string() + "-lines" + path.extension().string())).string();
 }
 
-// MapInfo's TAB keeps coordinates as whole numbers, in a projection's full range a centimetre apart; its MIF is
-// text and keeps them all.
-bool has_coarse_coordinates(const std::string& file)
-{
-    return EQUAL(CPLGetExtension(file.c_str()), "tab");
-}
+// What other programs put beside a Shapefile, and GDAL does not list: CRS and index.
+const char* const kBesideShapefile[] = {".qpj", ".sbn", ".sbx"};
 
-CPLStringList layer_options(GDALDriver& driver)
+// The files of a dataset that is there, as far as they lie beside it and have its name.
+std::vector<fs::path> files_there(const std::string& file)
 {
-    CPLStringList options;
-    if (EQUAL(driver.GetDescription(), "CSV"))
-        options.SetNameValue("GEOMETRY", "AS_WKT");
-    return options;
+    std::error_code error;
+    std::vector<fs::path> files;
+    if (!fs::exists(file, error))
+        return files;
+    const GDALDatasetUniquePtr there(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+    const CPLStringList list(there != nullptr ? there->GetFileList() : nullptr);
+    for (int i = 0; i < list.Count(); ++i) {
+        const fs::path path(list[i]);
+        if (path.parent_path() == fs::path(file).parent_path() && path.stem() == fs::path(file).stem())
+            files.push_back(path);
+    }
+    for (const char* ending : kBesideShapefile)
+        if (EQUAL(CPLGetExtension(file.c_str()), "shp"))
+            files.push_back(fs::path(file).replace_extension(ending));
+    return files;
 }
 
 bool is_plane(const OGRSpatialReference* crs)
@@ -95,10 +66,10 @@ std::string free_name(OGRLayer& layer, const std::string& wanted)
 }
 
 // Makes a column, as text where the format has none of its type, and tells its place; -1 where it has no columns.
-int make_column(OGRLayer& layer, OGRFieldDefn& field)
+int make_column(OGRLayer& layer, OGRFieldDefn& field, const OutputFormat& format)
 {
     const int place = layer.GetLayerDefn()->GetFieldCount();
-    for (const OGRFieldType type : {field.GetType(), OFTString}) {
+    for (const OGRFieldType type : {format.type_for(field.GetType()), OFTString}) {
         field.SetType(type);
         if (layer.CreateField(&field) == OGRERR_NONE && layer.GetLayerDefn()->GetFieldCount() > place)
             return place;
@@ -107,13 +78,13 @@ int make_column(OGRLayer& layer, OGRFieldDefn& field)
 }
 
 // Our columns, found by their place: a format may change their names.
-std::vector<int> make_columns(OGRLayer& layer,
+std::vector<int> make_columns(OGRLayer& layer, const OutputFormat& format,
                               const std::vector<std::pair<const char*, OGRFieldType>>& columns)
 {
     std::vector<int> places;
     for (const auto& [name, type] : columns) {
         OGRFieldDefn field(free_name(layer, name).c_str(), type);
-        places.push_back(make_column(layer, field));
+        places.push_back(make_column(layer, field, format));
     }
     return places;
 }
@@ -160,22 +131,32 @@ std::string DivisionWriter::file_for(const std::string& name)
 
 bool DivisionWriter::can_write(const std::string& file)
 {
-    return driver_for(file) != nullptr && !has_coarse_coordinates(file);
+    return OutputFormat::for_file(file).has_value();
 }
 
 DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source)
-    : file_(file), output_(file, overwrite)
+    : file_(file), format_(OutputFormat::for_file(file).value()), output_(file, overwrite)
 {
-    GDALDriver& driver = *driver_for(file_);
+    const OGRSpatialReference* const crs =
+        is_plane(source.GetSpatialRef()) ? source.GetSpatialRef() : nullptr;
+    if (format_.holds_degrees() && crs == nullptr)
+        refuse_format("holds degrees, and the parcels' file tells no CRS to come from");
+    GDALDriver& driver = format_.driver();
     dataset_.reset(driver.Create(output_.path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
     require(dataset_ != nullptr);
-    if (!holds_two_layers(driver)) {
+    if (!format_.holds_two_layers()) {
         lines_file_ = lines_file_of(file_);
         lines_output_.emplace(lines_file_, overwrite);
         lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
         require(lines_dataset_ != nullptr);
     }
-    make_layers(source, is_plane(source.GetSpatialRef()) ? source.GetSpatialRef() : nullptr);
+    make_layers(source, crs);
+}
+
+void DivisionWriter::refuse_format(const std::string& why) const
+{
+    throw Failure(ExitStatus::wrong_use, file_ + ": this format (" + format_.driver().GetDescription() +
+                                             ") " + why + "; name it .gpkg for a GeoPackage");
 }
 
 void DivisionWriter::require(bool ok) const
@@ -189,22 +170,22 @@ void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* cr
 {
     OGRSpatialReference* const shared = const_cast<OGRSpatialReference*>(crs);
     const bool two_files = lines_dataset_ != nullptr;
-    CPLStringList options = layer_options(*dataset_->GetDriver());
+    CPLStringList options = format_.layer_options();
+    char** const list = options.List();
     GDALDataset& lines_in = two_files ? *lines_dataset_ : *dataset_;
     const std::string pieces_name = two_files ? fs::path(file_).stem().string() : "pieces";
     const std::string lines_name = two_files ? fs::path(lines_file_).stem().string() : "lines";
     dataset_->StartTransaction();
-    pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, wkbPolygon, options.List());
+    pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, wkbPolygon, list);
     require(pieces_ != nullptr);
     if (pieces_->GetLayerDefn()->GetGeomFieldCount() == 0)
-        throw Failure(ExitStatus::wrong_use, file_ + ": this format (" + dataset_->GetDriverName() +
-                                                 ") holds no geometry; name it .gpkg for a GeoPackage");
+        refuse_format("holds no geometry");
     copy_fields(source, *pieces_, pieces_map_);
-    piece_columns_ = make_columns(*pieces_, kPieceColumns);
-    lines_ = lines_in.CreateLayer(lines_name.c_str(), shared, wkbLineString, options.List());
+    piece_columns_ = make_columns(*pieces_, format_, kPieceColumns);
+    lines_ = lines_in.CreateLayer(lines_name.c_str(), shared, wkbLineString, list);
     require(lines_ != nullptr);
     copy_fields(source, *lines_, lines_map_);
-    line_columns_ = make_columns(*lines_, kLineColumns);
+    line_columns_ = make_columns(*lines_, format_, kLineColumns);
     messages_.clear();  // a format that has no columns has said so, and is right
 }
 
@@ -217,7 +198,7 @@ void DivisionWriter::copy_fields(OGRLayer& source, OGRLayer& target, std::vector
         OGRFieldDefn field(fields.GetFieldDefn(i));
         const bool wanted = !is_wkt_column(field.GetNameRef());
         field.SetName(free_name(target, field.GetNameRef()).c_str());
-        map.push_back(wanted ? make_column(target, field) : -1);
+        map.push_back(wanted ? make_column(target, field, format_) : -1);
     }
 }
 
@@ -289,10 +270,10 @@ std::vector<std::string> DivisionWriter::commit()
     dataset_.reset();
     lines_dataset_.reset();
     require(!messages_.failed());
-    output_.commit();
+    output_.commit(files_there(file_));
     if (!lines_output_)
         return {file_};
-    lines_output_->commit();
+    lines_output_->commit(files_there(lines_file_));
     return {file_, lines_file_};
 }
 

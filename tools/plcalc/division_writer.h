@@ -11,6 +11,7 @@
 #include <ogrsf_frmts.h>
 
 #include "gdal_messages.h"
+#include "output_format.h"
 #include "parcel_reader.h"
 #include "pending_output.h"
 #include "printed_division.h"
@@ -38,7 +39,7 @@ public:
     /// @param[in] file       its ending decides on the format
     /// @param[in] overwrite  whether what is there may go
     /// @param[in] source     where the parcels come from
-    /// @throws Failure       as PendingOutput; failed when the format refuses
+    /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source);
 
     /// A divided parcel.
@@ -59,9 +60,11 @@ private:
     OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
     void create(OGRLayer& layer, OGRFeature& feature);
     void require(bool ok) const;
+    [[noreturn]] void refuse_format(const std::string& why) const;
 
     std::string file_;
     std::string lines_file_;
+    OutputFormat format_;
     PendingOutput output_;
     std::optional<PendingOutput> lines_output_;
     GdalMessages messages_;

@@ -1,5 +1,6 @@
 #include "pending_output.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
 #include <vector>
@@ -50,7 +51,7 @@ std::string PendingOutput::path() const
     return (folder_ / target_.filename()).string();
 }
 
-void PendingOutput::commit()
+void PendingOutput::commit(const std::vector<fs::path>& replaced)
 {
     std::error_code error;
     std::vector<fs::path> written;
@@ -65,6 +66,12 @@ void PendingOutput::commit()
         if (error)
             fail(parent / name, error.message());
     }
+    const auto is_new = [&](const fs::path& path) {
+        return std::find(written.begin(), written.end(), path.filename()) != written.end();
+    };
+    for (const fs::path& path : replaced)
+        if (!is_new(path))
+            fs::remove(path, error);
 }
 
 }  // namespace tool

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tool {
 
@@ -24,8 +25,10 @@ public:
 
     /// Puts everything that was written into its place.
     ///
-    /// @throws Failure  as the constructor
-    void commit();
+    /// @param[in] replaced  the files of what was there: those that are not written anew go, lest a reader take
+    ///                      the old CRS or index beside it for the new file's
+    /// @throws Failure      as the constructor
+    void commit(const std::vector<std::filesystem::path>& replaced = {});
 
 private:
     std::filesystem::path target_;
