@@ -21,6 +21,7 @@ struct Chord {
     std::size_t from_side = 0;  ///< the sides that they lie on
     std::size_t to_side = 0;
     bool request_after_from = false;  ///< the piece after `from` is the one that should hold the request
+    bool from_vertex = false;         ///< `from` is the first end of its side, and stays there
 };
 
 }  // namespace plparcel

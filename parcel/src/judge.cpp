@@ -132,6 +132,15 @@ double rounded(const Wide& v, unsigned rank)
     return std::nextafter(v.hi, rank == 1 ? beyond : -beyond);
 }
 
+// Three doubles for each of two coordinates.
+constexpr unsigned kRoundings = 9;
+
+// One of the nine points next to p, the nearest first.
+PL_PNT2D_record rounded(const WidePoint& p, unsigned choice)
+{
+    return {rounded(p.x, choice % 3), rounded(p.y, choice / 3)};
+}
+
 // The end of its side that a point is next to, or the point.
 PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_record& p)
 {
@@ -147,7 +156,6 @@ PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_rec
 Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
               Cutting& cutting)
 {
-    constexpr unsigned kRoundings = 81;  // of four coordinates, to three doubles each
     const WidePoint from = local.to_parcel(chord.from);
     const WidePoint to = local.to_parcel(chord.to);
     cutting.from_side = chord.from_side;
@@ -156,9 +164,10 @@ Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, cons
     cutting.to = on_vertex(ring, chord.to_side, {to.x.hi, to.y.hi});
     Verdict verdict = judge_rounded(ring, chord, target, cutting);
     // A line that leaves the parcel is not pushed back into it by a rounding.
-    for (unsigned choice = 0; choice < kRoundings && verdict == Verdict::misses; ++choice) {
-        cutting.from = {rounded(from.x, choice % 3), rounded(from.y, choice / 3 % 3)};
-        cutting.to = {rounded(to.x, choice / 9 % 3), rounded(to.y, choice / 27)};
+    const unsigned of_from = chord.from_vertex ? 1 : kRoundings;
+    for (unsigned choice = 0; choice < of_from * kRoundings && verdict == Verdict::misses; ++choice) {
+        cutting.from = rounded(from, choice % of_from);
+        cutting.to = rounded(to, choice / of_from);
         if (judge_rounded(ring, chord, target, cutting) == Verdict::divides)
             return Verdict::divides;
     }

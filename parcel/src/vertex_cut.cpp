@@ -44,6 +44,7 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
         line.to = a + (b - a) * part;
         line.from_side = vertex;
         line.to_side = (vertex + k) % n;
+        line.from_vertex = true;
         lines.push_back(line);
     }
     return lines;

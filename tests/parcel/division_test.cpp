@@ -324,6 +324,35 @@ TEST(Division, ParcelsOfAnySize)
     }
 }
 
+TEST(Division, ALineThroughAVertexStartsThere)
+{
+    // A strip at UTM coordinates, where some requests can be written down and some cannot.
+    const Ring far = {{500000.3, 5.5e6}, {500003.1, 5500000.1}, {500002.9, 5500000.3}, {500000.1, 5500000.2}};
+    int divided = 0;
+    for (std::size_t vertex = 0; vertex < far.size(); ++vertex) {
+        for (int percent = 1; percent < 100; ++percent) {
+            const Division division =
+                divide(far, request(Cut::through_vertex, vertex, {share(percent, 100)}));
+            if (division.status != Status::divided) {
+                EXPECT_EQ(division.status, Status::not_reached);
+                continue;
+            }
+            ++divided;
+            EXPECT_POINT(division.lines[0].from, (far[vertex]));
+        }
+    }
+    EXPECT_GT(divided, 100);
+    EXPECT_LT(divided, 390);
+
+    // And so does every line of a series: moved, the start leaves a dent that the next line touches.
+    const Ring wider = {
+        {500000.3, 5.5e6}, {500003.1, 5500000.7}, {500002.9, 5500000.9}, {500000.1, 5500000.4}};
+    const Division parts = divide(wider, request(Cut::through_vertex, 0, equal_parts(20)));
+    ASSERT_EQ(parts.status, Status::divided);
+    for (const plparcel::DividingLine& line : parts.lines)
+        EXPECT_POINT(line.from, (wider[0]));
+}
+
 TEST(Division, NearlyNothingAndNearlyEverything)
 {
     for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {

@@ -192,4 +192,36 @@ TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
               Verdict::misses);
 }
 
+TEST(Judge, AVertexThatALineStartsFromIsNotMoved)
+{
+    // A triangle from the first vertex, 8 long; doubles are u = 2^-28 apart. Its height is 3/8 of that below one
+    // half and rounds up, which is 1.5 u too much. 1.4 u is allowed: with the start one double nearer it holds.
+    const double e = 0x1p24;
+    const double u = 0x1p-28;
+    const Ring far = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
+    const LocalRing local(far);
+    const plparcel::Wide height = plparcel::Wide(0.5) - plparcel::Wide(0.375 * u);
+    Chord chord;
+    chord.from = local.at(0);
+    chord.to = {local.at(1).x, plparcel::scaled(height, local.scale_exponent())};
+    chord.from_side = 0;
+    chord.to_side = 1;
+    chord.request_after_from = true;
+    const plparcel::Wide asked = height * 4.0;
+    const Target target{asked, plparcel::Wide(8.0) - asked, 1.4 * u * 1e9};
+    Cutting cutting;
+    EXPECT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
+    EXPECT_POINT(cutting.from, ({e + u, e}));
+    chord.from_vertex = true;
+    EXPECT_EQ(judge(far, local, chord, target, cutting), Verdict::misses);
+
+    // The other end may still be moved: 2.75 u more than a quarter need a height one double above one half.
+    chord.to.y = plparcel::scaled(plparcel::Wide(0.5) + plparcel::Wide(0.375 * u), local.scale_exponent());
+    const plparcel::Wide more = plparcel::Wide(2.0) + plparcel::Wide(2.75 * u);
+    ASSERT_EQ(judge(far, local, chord, Target{more, plparcel::Wide(8.0) - more, 1.4 * u * 1e9}, cutting),
+              Verdict::divides);
+    EXPECT_POINT(cutting.from, ({e, e}));
+    EXPECT_POINT(cutting.to, ({e + 8, e + 0.5 + u}));
+}
+
 }  // namespace
