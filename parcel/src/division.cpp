@@ -307,7 +307,7 @@ const char* describe(Status status) noexcept
     case Status::not_finite:
         return "a coordinate is not finite, or the parcel too large or too small to compute with";
     case Status::degenerate:
-        return "the parcel has fewer than three different vertices, or all of them on one line";
+        return "the parcel has fewer than three different vertices, or all of them on one line or next to it";
     case Status::ring_not_simple:
         return "the boundary crosses or touches itself";
     case Status::unknown_request:

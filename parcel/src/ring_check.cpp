@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::size_t kMinVertices = 3;
 
+// A parcel of less than this part of the square of its extent is thinner than 106 bits can tell: what its cross
+// products come to may be their rounding.
+constexpr double kThinnest = 0x1p-90;
+
 bool all_finite(const Ring& ring)
 {
     return std::all_of(ring.begin(), ring.end(),
@@ -36,6 +40,12 @@ bool on_one_line(const Ring& ring)
 {
     return std::all_of(ring.begin(), ring.end(),
                        [&ring](const PL_PNT2D_record& p) { return sign(side_of(ring[0], ring[1], p)) == 0; });
+}
+
+bool is_thin(const Ring& ring)
+{
+    const double extent = extent_of(ring).largest();
+    return !(abs(area_of(ring)) / extent / extent > kThinnest);
 }
 
 bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
@@ -112,7 +122,7 @@ Status status_of(const CleanRing& clean, RingReport& report)
         std::sort(report.meeting_sides, report.meeting_sides + 2);
         return Status::ring_not_simple;
     }
-    return Status::divided;
+    return is_thin(ring) ? Status::degenerate : Status::divided;
 }
 
 double perimeter_of(const Ring& ring)

@@ -126,7 +126,7 @@ enum class Status {
 
     // the parcel
     not_finite,       ///< a coordinate is infinite or NaN, or the parcel beyond 1e90 or below 1e-90 across
-    degenerate,       ///< fewer than three different vertices, or all of them on one line
+    degenerate,       ///< fewer than three different vertices, all of them on one line, or next to no area
     ring_not_simple,  ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
 
     // the request
@@ -162,7 +162,8 @@ struct RingReport {
 /// @return the report. A ring that touches itself, at a vertex for one, is not simple.
 ///
 /// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
-///             tolerance, and no loss at large coordinates.
+///             tolerance, and no loss at large coordinates. A ring of no more than 2^-90 of the square of its
+///             extent is called degenerate: there those bits end.
 PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// How a dividing line was found.
