@@ -1,19 +1,19 @@
 #!/usr/bin/env bash
-# check_coverage.sh <plcalc symbols> <plutil symbols> <README> <harness>...
+# check_coverage.sh <plcalc symbols> <plutil symbols> <plparcel symbols> <README> <harness>...
 #
 # The table of the README against what is exported and what is built: every exported function, by its name,
 # stands in a row; every harness of a row is among those named here, which are built, and the other way round;
 # and each harness names, in its source, what its row says that it calls.
 set -euo pipefail
 
-[ $# -gt 3 ] || {
-    echo "usage: $0 <plcalc symbols> <plutil symbols> <README> <harness>..." >&2
+[ $# -gt 4 ] || {
+    echo "usage: $0 <plcalc symbols> <plutil symbols> <plparcel symbols> <README> <harness>..." >&2
     exit 2
 }
-readme=$3
+readme=$4
 fuzz_dir=$(dirname "$readme")
-exported=$(sed 's/(.*//' "$1" "$2" | LC_ALL=C sort -u)
-shift 3
+exported=$(sed 's/(.*//' "$1" "$2" "$3" | LC_ALL=C sort -u)
+shift 4
 built=$(printf '%s\n' "$@")
 
 failed=0

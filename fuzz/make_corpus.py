@@ -342,8 +342,43 @@ def vertex_cut():
     return cut(Input)
 
 
+def wanted(seed, cut, measured, index, *amounts):
+    """What division.cpp reads behind the ring: amounts are tuples, none of them asks for equal parts."""
+    seed.selector(cut).selector(measured).byte(index)
+    if not amounts:
+        return seed.byte(0, 3)
+    seed.byte(len(amounts))
+    for kind, *values in amounts:
+        seed.byte(kind)
+        if kind == 3:
+            seed.selector(values.pop(0))
+        if kind in (2, 4):
+            seed.byte(*values)
+        else:
+            seed.number(*values)
+    return seed
+
+
+def division():
+    for i, ring in enumerate(RINGS.values()):
+        n = max(len(ring), 1)
+        yield wanted(Input().ring(ring), i % 3, i % 2, i % n, (4, 20 + 31 * i % 220))
+        yield wanted(Input().ring(ring), (i + 1) % 3, i // 2 % 2, (i + 2) % n)
+    for amounts in (((0, 1000.0),), ((1, 20.0, 35.0), (0, 250.0)), ((2, 1, 3), (2, 1, 3), (2, 1, 3)), ((2, 3, 3),),
+                    ((2, 1, 0),), ((0, NAN),), ((0, -5.0),), ((0, 5000.0),), ((0, 5000.000001),), ((1, INF, 0.0),),
+                    ((3, 7, 1.0, 2.0),), ((4, 1),), ((4, 254),), ((4, 50), (4, 50), (4, 50), (4, 50))):
+        yield wanted(Input().ring(RECTANGLE), 0, 0, 0, *amounts)
+    for cut, measured, index in ((3, 0, 0), (-1, 0, 0), (0, 2, 0), (0, 0, 255), (2 ** 31 - 1, -2 ** 31, 1)):
+        yield wanted(Input().ring(RECTANGLE), cut, measured, index, (4, 100))
+    parts = itertools.cycle((20, 125, 235, 60, 140, 249, 110, 200))
+    for i in range(6):
+        for seed in shapes(lambda: Input(True)):
+            yield wanted(seed, i % 3, i // 3, i, (4, next(parts)), *([(4, 5)] if i % 2 else []))
+
+
 HARNESSES = [primitives, directions, matrices, implicit_lines, intersections, point_line, arcs, arc_segment, polygon,
-             survey_intersections, offsets, measures, gons, parallel_cut, perpendicular_cut, vertex_cut]
+             survey_intersections, offsets, measures, gons, parallel_cut, perpendicular_cut, vertex_cut,
+             division]
 
 
 def any_bytes(name):

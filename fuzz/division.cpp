@@ -1,0 +1,210 @@
+// plparcel: division with proof. What it calls divided is looked at again, in long double.
+
+#include "plparcel/division.h"
+
+#include <cmath>
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "fuzz/check.h"
+#include "fuzz/parcel.h"
+#include "fuzz/reader.h"
+#include "plparcel/extent.h"
+
+namespace {
+
+using fuzz::Reader;
+using fuzz::Ring;
+using plparcel::Cut;
+using plparcel::Division;
+using plparcel::Status;
+using Real = long double;
+
+constexpr int kMostParts = 6;
+
+plparcel::Amount read_amount(Reader& in, const Ring& ring)
+{
+    const int kind = in.below(5);
+    if (kind == 0)
+        return plparcel::area(in.number());
+    if (kind == 1) {
+        const double length = in.number();
+        return plparcel::product(length, in.number());
+    }
+    if (kind == 2) {
+        const double part = in.byte();
+        return plparcel::share(part, in.byte());
+    }
+    if (kind == 3)
+        return {static_cast<plparcel::Given>(in.selector()), in.number(), in.number()};
+    return plparcel::area(std::fabs(fuzz::area_of(ring)) * in.byte() / 255.0);
+}
+
+plparcel::Request read_request(Reader& in, const Ring& ring)
+{
+    plparcel::Request request;
+    request.cut = static_cast<Cut>(in.selector());
+    request.measured = static_cast<plparcel::Measured>(in.selector());
+    request.index = in.byte();
+    if (!ring.empty() && request.index < 250)
+        request.index %= ring.size();
+    const int amounts = in.below(kMostParts);
+    if (amounts == 0)
+        request.amounts = plparcel::equal_parts(static_cast<std::size_t>(in.below(kMostParts + 1)));
+    for (int i = 1; i < amounts; ++i)
+        request.amounts.push_back(read_amount(in, ring));
+    return request;
+}
+
+bool is_of_the_ring(Status status)
+{
+    return status == Status::not_finite || status == Status::degenerate || status == Status::ring_not_simple;
+}
+
+Real off_line(const PL_PNT2D_record& p, const PL_PNT2D_record& from, Real run_x, Real run_y)
+{
+    return ((static_cast<Real>(p.y) - from.y) * run_x - (static_cast<Real>(p.x) - from.x) * run_y) /
+           std::hypot(run_x, run_y);
+}
+
+Real distance_to_side(const PL_PNT2D_record& p, const PL_PNT2D_record& a, const PL_PNT2D_record& b)
+{
+    const Real run_x = static_cast<Real>(b.x) - a.x;
+    const Real run_y = static_cast<Real>(b.y) - a.y;
+    const Real along = (static_cast<Real>(p.x) - a.x) * run_x + (static_cast<Real>(p.y) - a.y) * run_y;
+    if (!(along > 0.0L))
+        return fuzz::apart(p, a);
+    if (along > run_x * run_x + run_y * run_y)
+        return fuzz::apart(p, b);
+    return std::fabs(off_line(p, a, run_x, run_y));
+}
+
+Real distance_to_boundary(const Ring& ring, const PL_PNT2D_record& p)
+{
+    Real least = fuzz::apart(p, ring.front());
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        least = std::fmin(least, distance_to_side(p, ring[i], ring[fuzz::index_after(ring, i)]));
+    return least;
+}
+
+// Roundings of the two ends, and of one that was moved onto a vertex.
+constexpr double kEndSpacings = 12.0;
+
+void check_line(const Ring& ring, const plparcel::Request& request, const plparcel::DividingLine& line,
+                double spacing)
+{
+    FUZZ_CHECK(!fuzz::same(line.from, line.to));
+    FUZZ_CHECK(distance_to_boundary(ring, line.from) <= 4.0 * spacing);
+    FUZZ_CHECK(distance_to_boundary(ring, line.to) <= 4.0 * spacing);
+    const PL_PNT2D_record& a = ring[request.index];
+    const PL_PNT2D_record& b = ring[fuzz::index_after(ring, request.index)];
+    if (request.cut == Cut::through_vertex) {
+        FUZZ_CHECK(fuzz::equal(line.from, a));
+        return;
+    }
+    const Real run_x = static_cast<Real>(b.x) - a.x;
+    const Real run_y = static_cast<Real>(b.y) - a.y;
+    const Real aside = request.cut == Cut::parallel ? off_line(line.to, line.from, run_x, run_y)
+                                                    : off_line(line.to, line.from, -run_y, run_x);
+    FUZZ_CHECK(std::fabs(aside) <= kEndSpacings * spacing);
+}
+
+void check_divided(const Ring& ring, const plparcel::Request& request, const Division& division)
+{
+    constexpr double kOfParcel = 1e-9;
+    constexpr double kOfPiece = 0.01;
+    constexpr double kRounding = 1e-15;
+    FUZZ_CHECK(!division.lines.empty() && division.lines.size() <= request.amounts.size());
+    FUZZ_CHECK(division.pieces.size() == division.lines.size() + 1);
+    FUZZ_CHECK(division.bare.size() == division.lines.size());
+    FUZZ_CHECK(division.trials >= division.lines.size());
+
+    const double spacing = plparcel::coordinate_spacing(ring);
+    for (const plparcel::DividingLine& line : division.lines)
+        check_line(ring, request, line, spacing);
+
+    const double parcel = division.ring.area;
+    double sum = 0.0;
+    for (const plparcel::Piece& piece : division.pieces) {
+        FUZZ_CHECK(piece.ring.size() >= 3 && piece.area > 0.0 && piece.asked > 0.0);
+        FUZZ_CHECK(std::fabs(piece.residual) <= (kOfParcel + kRounding) * parcel);
+        FUZZ_CHECK(std::fabs(piece.residual) <= (kOfPiece + kRounding) * piece.asked);
+        FUZZ_CHECK(fuzz::near(piece.area - piece.asked, piece.residual, kRounding * piece.area));
+        const double area = fuzz::area_of(piece.ring);
+        FUZZ_CHECK((area > 0.0) == division.ring.anticlockwise);
+        FUZZ_CHECK(fuzz::near(std::fabs(area), piece.area, 1e-12 * parcel));
+        sum += piece.area;
+    }
+    FUZZ_CHECK(fuzz::near(sum, parcel, kOfParcel * static_cast<double>(division.pieces.size()) * parcel));
+}
+
+// A plainly convex parcel has a line for every request between nothing and all of it.
+bool must_divide(const Ring& ring, const plparcel::Request& request)
+{
+    const bool known = (request.cut == Cut::parallel || request.cut == Cut::perpendicular ||
+                        request.cut == Cut::through_vertex) &&
+                       (request.measured == plparcel::Measured::from_reference ||
+                        request.measured == plparcel::Measured::opposite);
+    if (!known || request.index >= ring.size() || !fuzz::plainly_convex(ring))
+        return false;
+    const double parcel = std::fabs(fuzz::area_of(ring));
+    double sum = 0.0;
+    for (const plparcel::Amount& amount : request.amounts) {
+        if (amount.given != plparcel::Given::as_area || !(amount.first >= 0.001 * parcel))
+            return false;
+        sum += amount.first;
+    }
+    return sum > 0.0 && sum <= 0.999 * parcel;
+}
+
+bool same(const Division& one, const Division& other)
+{
+    bool same = one.status == other.status && one.lines.size() == other.lines.size();
+    for (std::size_t i = 0; same && i < one.lines.size(); ++i)
+        same = fuzz::same(one.lines[i].from, other.lines[i].from) &&
+               fuzz::same(one.lines[i].to, other.lines[i].to);
+    return same;
+}
+
+void check_report(const Ring& ring, const plparcel::RingReport& report)
+{
+    FUZZ_CHECK(report.status == Status::divided || is_of_the_ring(report.status));
+    FUZZ_CHECK(report.repeated <= ring.size());
+    if (report.status == Status::ring_not_simple)
+        FUZZ_CHECK(report.meeting_sides[0] < report.meeting_sides[1] &&
+                   report.meeting_sides[1] < ring.size());
+    if (report.status != Status::divided) {
+        FUZZ_CHECK(report.area == 0.0 && report.perimeter == 0.0 && !report.anticlockwise);
+        return;
+    }
+    const double area = fuzz::area_of(ring);
+    FUZZ_CHECK(report.area > 0.0 && report.perimeter > 0.0);
+    const double around = report.perimeter * report.perimeter;
+    FUZZ_CHECK(fuzz::near(std::fabs(area), report.area, 1e-15 * (around + report.area)));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Reader in(data, size);
+    const Ring ring = fuzz::read_ring(in);
+    const plparcel::Request request = read_request(in, ring);
+
+    const plparcel::RingReport report = plparcel::check_ring(ring);
+    check_report(ring, report);
+
+    const Division division = plparcel::divide(ring, request);
+    FUZZ_CHECK(division.ring.status == report.status && fuzz::same(division.ring.area, report.area));
+    FUZZ_CHECK(is_of_the_ring(division.status) == (report.status != Status::divided));
+    FUZZ_CHECK(plparcel::describe(division.status)[0] != '\0');
+    if (division.status == Status::divided)
+        check_divided(ring, request, division);
+    else
+        FUZZ_CHECK(division.lines.empty() && division.pieces.empty());
+    if (must_divide(ring, request))
+        FUZZ_CHECK(division.status == Status::divided);
+    FUZZ_CHECK(same(division, plparcel::divide(ring, request)));
+    return 0;
+}
