@@ -33,13 +33,6 @@ LevelCut::LevelCut(const LocalRing& ring, const LevelRequest& request)
     twice_area_.push_back(sum);
 }
 
-Wide LevelCut::along_at(std::size_t side, const Wide& level) const
-{
-    const WidePoint& a = frame_[side];
-    const WidePoint& b = frame_at(side + 1);
-    return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
-}
-
 WidePoint LevelCut::on_side(std::size_t side, const Wide& level) const
 {
     const WidePoint& a = frame_[side];
@@ -48,46 +41,14 @@ WidePoint LevelCut::on_side(std::size_t side, const Wide& level) const
     return p + (ring_.at(side + 1) - p) * ((level - a.y) / (b.y - a.y));
 }
 
-std::vector<Wide> LevelCut::sorted_levels() const
-{
-    std::vector<Wide> levels;
-    for (const WidePoint& v : frame_)
-        levels.push_back(v.y);
-    std::sort(levels.begin(), levels.end());
-    return levels;
-}
-
-// No vertex lies between the two levels.
-std::vector<LevelCut::Span> LevelCut::spans(const Wide& low, const Wide& high) const
-{
-    const Wide middle = low + (high - low) * 0.5;
-    if (!(low < middle) || !(middle < high))
-        return {};
-    struct Crossing {
-        std::size_t side;
-        Wide along;
-    };
-    std::vector<Crossing> found;
-    for (std::size_t side = 0; side < frame_.size(); ++side)
-        if ((frame_[side].y < middle) != (frame_at(side + 1).y < middle))
-            found.push_back({side, along_at(side, middle)});
-    std::sort(found.begin(), found.end(),
-              [](const Crossing& a, const Crossing& b) { return a.along < b.along; });
-
-    std::vector<Span> row;
-    for (std::size_t i = 0; i + 1 < found.size(); i += 2)
-        row.push_back({found[i].side, found[i + 1].side});
-    return row;
-}
-
 // Twice the sum of the walk from `from` along the ring to `to` and straight back.
 Wide LevelCut::area_above(const Chord& chord, const Wide& level) const
 {
     const std::size_t n = frame_.size();
     const std::size_t first = (chord.from_side + 1) % n;
     const std::size_t last = chord.to_side;
-    const WidePoint from = {along_at(chord.from_side, level), level};
-    const WidePoint to = {along_at(chord.to_side, level), level};
+    const WidePoint from = {along_at(frame_, chord.from_side, level), level};
+    const WidePoint to = {along_at(frame_, chord.to_side, level), level};
     Wide walk = twice_area_[last] - twice_area_[first];
     if (last < first)
         walk = walk + twice_area_[n];
@@ -98,19 +59,21 @@ Wide LevelCut::area_above(const Chord& chord, const Wide& level) const
 // The area above sinks from the one at `low` by the trapezium below the line:
 //     width_low * u + (width_high - width_low) * u^2 / 2 = sunk / height,    u = (level - low) / height
 // and the root is written so that nothing is subtracted from its like.
-bool LevelCut::solve(const Span& span, const Wide& low, const Wide& high, Candidate& found) const
+bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
 {
+    const Wide& low = trapezium.low;
+    const Wide& high = trapezium.high;
     Chord& chord = found.chord;
     // The boundary runs upwards on the inside's right when it runs anticlockwise, on its left otherwise.
-    chord.from_side = request_.turn > 0.0 ? span.right : span.left;
-    chord.to_side = request_.turn > 0.0 ? span.left : span.right;
+    chord.from_side = request_.turn > 0.0 ? trapezium.right : trapezium.left;
+    chord.to_side = request_.turn > 0.0 ? trapezium.left : trapezium.right;
     const bool base_above = is_passed(request_.base, chord.from_side, chord.to_side, frame_.size());
     chord.request_after_from = (request_.from_base ? base_above : true) != request_.opposite;
 
     const Wide wanted = (chord.request_after_from ? request_.request : request_.rest) * up2_;
     const Wide height = high - low;
-    const Wide width_low = along_at(span.right, low) - along_at(span.left, low);
-    const Wide width_high = along_at(span.right, high) - along_at(span.left, high);
+    const Wide width_low = along_at(frame_, trapezium.right, low) - along_at(frame_, trapezium.left, low);
+    const Wide width_high = along_at(frame_, trapezium.right, high) - along_at(frame_, trapezium.left, high);
     const Wide widening = width_high - width_low;
     const Wide sunk = (area_above(chord, low) - wanted) / height;
     const Wide rim = (width_low + width_high) * kRim;
@@ -128,30 +91,48 @@ bool LevelCut::solve(const Span& span, const Wide& low, const Wide& high, Candid
     const bool on_base = request_.base == chord.from_side || request_.base == chord.to_side;
     const Wide base_middle = (frame_[request_.base].y + frame_at(request_.base + 1).y) * 0.5;
     found.preferred = request_.from_base ? level > 0.0 : on_base;
-    found.distance = abs(level - base_middle);
+    found.alone = meets_twice_only(trapezium, level);
+    found.distance = abs(level - base_middle).value();
+    found.level = level.value();
+    found.along = along_at(frame_, trapezium.left, level).value();
     return true;
+}
+
+// At the level of a vertex, whether lines just above or just below do, as far as they lie in the trapezium.
+bool LevelCut::meets_twice_only(const Trapezium& trapezium, const Wide& level) const
+{
+    int below = 0;
+    int above = 0;
+    for (std::size_t i = 0; i < frame_.size(); ++i) {
+        const Wide& a = frame_[i].y;
+        const Wide& b = frame_at(i + 1).y;
+        below += (a < level) != (b < level) ? 1 : 0;
+        above += (a > level) != (b > level) ? 1 : 0;
+    }
+    return (below == 2 && trapezium.low < level) || (above == 2 && level < trapezium.high);
+}
+
+// Of two that are alike, the lower one, or the one on the left.
+bool LevelCut::is_better(const Candidate& a, const Candidate& b)
+{
+    if (a.preferred != b.preferred)
+        return a.preferred;
+    if (a.alone != b.alone)
+        return a.alone;
+    if (a.distance != b.distance)
+        return a.distance < b.distance;
+    return a.level != b.level ? a.level < b.level : a.along < b.along;
 }
 
 std::vector<Chord> LevelCut::all_lines() const
 {
-    const std::vector<Wide> levels = sorted_levels();
     std::vector<Candidate> all;
-    for (std::size_t i = 0; i + 1 < levels.size(); ++i) {
-        const std::vector<Span> row = spans(levels[i], levels[i + 1]);
-        for (const Span& span : row) {
-            Candidate found = {};
-            found.alone = row.size() == 1;
-            if (solve(span, levels[i], levels[i + 1], found))
-                all.push_back(found);
-        }
+    for (const Trapezium& trapezium : trapeziums(frame_)) {
+        Candidate found = {};
+        if (solve(trapezium, found))
+            all.push_back(found);
     }
-    std::stable_sort(all.begin(), all.end(), [](const Candidate& a, const Candidate& b) {
-        if (a.preferred != b.preferred)
-            return a.preferred;
-        if (a.alone != b.alone)
-            return a.alone;
-        return a.distance < b.distance;
-    });
+    std::stable_sort(all.begin(), all.end(), is_better);
     std::vector<Chord> lines;
     lines.reserve(all.size());
     for (const Candidate& candidate : all)
@@ -169,9 +150,9 @@ Wide LevelCut::area_below() const
         if (!(a.y < 0.0) && !(b.y < 0.0))
             continue;
         if (a.y > 0.0)
-            a = {along_at(i, 0.0), 0.0};
+            a = {along_at(frame_, i, 0.0), 0.0};
         if (b.y > 0.0)
-            b = {along_at(i, 0.0), 0.0};
+            b = {along_at(frame_, i, 0.0), 0.0};
         twice = twice + cross(a, b);
     }
     return twice * (0.5 * request_.turn) / up2_;

@@ -2,15 +2,9 @@
 
 // Lines of one direction that cut off an area: parallels to a side, and perpendiculars.
 //
-// Every vertex has a level, its distance from a base line. Between two neighbouring levels the boundary is
-// straight, and the parcel is a row of trapeziums, each between two sides:
-//
-//        ____________________ high
-//       /  span 0 |   \ span 1 \          the parcel's inside, from its left side to its right
-//      /          |    \        \         one; a line at any level in the slab has one part in
-//     /___________|_____\________\ low    each span
-//
-// The area above a span's part of the line is a quadratic of the level. Its root is the line; no search.
+// Every vertex has a level, its distance from a base line. The parcel is a set of trapeziums, each between two
+// sides (trapeziums.h), and the area above a line in one of them is a quadratic of the line's level. Its root is
+// the line; no search.
 
 #include <cstddef>
 #include <vector>
@@ -18,6 +12,8 @@
 #include "chord.h"
 #include "local_ring.h"
 #include "plparcel/division.h"
+#include "trapeziums.h"
+#include "wide.h"
 
 namespace plparcel {
 
@@ -47,23 +43,20 @@ public:
     Wide area_below() const;
 
 private:
-    struct Span {
-        std::size_t left;
-        std::size_t right;
-    };
     struct Candidate {
         Chord chord;
         bool preferred;
         bool alone;
-        Wide distance;
+        double distance;
+        double level;
+        double along;  // of its left end
     };
 
-    std::vector<Span> spans(const Wide& low, const Wide& high) const;
-    Wide along_at(std::size_t side, const Wide& level) const;
+    static bool is_better(const Candidate& a, const Candidate& b);
+    bool meets_twice_only(const Trapezium& trapezium, const Wide& level) const;
     Wide area_above(const Chord& chord, const Wide& level) const;
-    bool solve(const Span& span, const Wide& low, const Wide& high, Candidate& found) const;
+    bool solve(const Trapezium& trapezium, Candidate& found) const;
     WidePoint on_side(std::size_t side, const Wide& level) const;
-    std::vector<Wide> sorted_levels() const;
 
     const WidePoint& frame_at(std::size_t i) const { return around(frame_, i); }
 
