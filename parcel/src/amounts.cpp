@@ -1,12 +1,16 @@
 #include "amounts.h"
 
 #include <cmath>
+#include <new>
 
 namespace plparcel {
 namespace {
 
 // Amounts that leave no more of the parcel than this part of it leave nothing: the last one is what is left.
 constexpr double kNothingLeft = 1e-9;
+
+// No more of the last one than this either, or a last amount of a billionth would take anything for itself.
+constexpr double kNothingOfLast = 0.01;
 
 bool is_known(Given given)
 {
@@ -53,7 +57,6 @@ Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
 {
     Shares shares;
     Wide left = parcel;
-    const Wide nothing = parcel * kNothingLeft;
     for (std::size_t i = 0; i < amounts.size(); ++i) {
         if (!is_known(amounts[i].given))
             return refused(Status::unknown_request, i);
@@ -62,7 +65,7 @@ Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
         const Wide wanted = area_of(amounts[i], parcel);
         left = left - wanted;
         const bool is_last_of_several = i > 0 && i + 1 == amounts.size();
-        if (is_last_of_several && abs(left) < nothing) {
+        if (is_last_of_several && abs(left) < parcel * kNothingLeft && abs(left) < wanted * kNothingOfLast) {
             shares.pieces.push_back(wanted);
             shares.status = Status::divided;
             return shares;
@@ -97,7 +100,11 @@ std::vector<Amount> equal_parts(std::size_t n)
 {
     if (n < 2)
         return {};
-    return std::vector<Amount>(n - 1, share(1.0, static_cast<double>(n)));
+    std::vector<Amount> parts;
+    if (n - 1 > parts.max_size())
+        throw std::bad_alloc();  // std::length_error otherwise
+    parts.assign(n - 1, share(1.0, static_cast<double>(n)));
+    return parts;
 }
 
 }  // namespace plparcel

@@ -19,7 +19,8 @@ struct CleanRing {
 
 CleanRing without_repeats(const Ring& ring);
 
-/// Whether two sides of a ring without repeats meet elsewhere than at a common vertex. Decided exactly.
+/// Whether two sides of a ring without repeats meet elsewhere than at a common vertex. Decided with
+/// 106 bits on the differences of coordinates: exactly wherever those are doubles.
 ///
 /// @param[out] side1, side2  two such sides, in no order; written only when true is returned
 bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
+#include <new>
 #include <vector>
 
 #include "support/bits.h"
@@ -38,6 +40,12 @@ TEST(Amounts, BecomeAreas)
         {"just less than 1e-9 too much", {area(400), area(500.0000008)}, {400, 500.0000008}},
         {"just less than 1e-9 too little", {area(400), area(499.9999992)}, {400, 499.9999992}},
         {"more than 1e-9 too little", {area(400), area(499.999999)}, {400, 499.999999, 0.000001}},
+        {"a last one of which more than a hundredth is left",
+         {area(899.9999999), area(5e-8)},
+         {899.9999999, 5e-8, 5e-8}},
+        {"a last one of which less than a hundredth is left",
+         {area(899.9999999), area(9.95e-8)},
+         {899.9999999, 9.95e-8}},
         {"alone, nearly everything", {area(899.9999999)}, {899.9999999, 0.0000001}},
     };
     for (const auto& row : rows) {
@@ -81,6 +89,7 @@ TEST(Amounts, AreRefusedWithTheOneAtFault)
         {"three halves", {share(3, 2)}, 0},
         {"everything, then something", {area(900), area(1)}, 0},
         {"too much in the end", {area(400), area(500.000001)}, 1},
+        {"twice what there is in the end, which is next to nothing", {area(899.9999999), area(2e-7)}, 1},
         {"all used up before the last", {area(400), area(500), area(1)}, 1},
         {"the second is nothing", {area(400), area(0), area(1)}, 1},
     };
@@ -90,6 +99,11 @@ TEST(Amounts, AreRefusedWithTheOneAtFault)
         EXPECT_EQ(shares.status, Status::amount_out_of_range);
         EXPECT_EQ(shares.at_amount, row.at);
     }
+}
+
+TEST(Amounts, OfMorePartsThanMemoryHoldsAreNotAllocated)
+{
+    EXPECT_THROW(equal_parts(std::numeric_limits<std::size_t>::max()), std::bad_alloc);
 }
 
 TEST(Amounts, OfAnUnknownKindAreUnknown)

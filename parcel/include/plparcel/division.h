@@ -115,7 +115,7 @@ struct Request {
     /// Side or vertex, counted from 0 in the ring as it is handed over, repeated vertices counted too.
     std::size_t index = 0;
     /// One or more. Of two or more, the last may be what is left: amounts whose sum is the parcel's area within
-    /// 1e-9 of it are cut with one line less.
+    /// 1e-9 of it, and within a hundredth of the last, are cut with one line less.
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
 };
@@ -125,7 +125,7 @@ enum class Status {
     divided,  ///< the lines hold what was asked, and lie in the parcel
 
     // the parcel
-    not_finite,       ///< a coordinate is infinite or NaN, or the parcel beyond 1e90 or below 1e-90 across
+    not_finite,       ///< a coordinate is infinite or NaN, or the parcel beyond 2e90 or below 5e-91 across
     degenerate,       ///< fewer than three different vertices, all of them on one line, or next to no area
     ring_not_simple,  ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
 
@@ -133,7 +133,7 @@ enum class Status {
     unknown_request,      ///< a cut, measure or kind of amount that does not exist
     no_such_index,        ///< the parcel has no side or vertex of that index
     side_without_length,  ///< the side's ends are the same point
-    amount_out_of_range,  ///< no amount, or not above zero, not finite, or no less than what there is to cut
+    amount_out_of_range,  ///< no amount, or no less than there is to cut, or numbers not within 1e-200 to 1e200
 
     // the cut
     base_reaches_behind,  ///< what lies behind the base side alone is more than the request along it
@@ -148,7 +148,7 @@ PLPARCEL_API const char* describe(Status status) noexcept;
 /// What is known of a ring.
 struct RingReport {
     Status status = Status::degenerate;  ///< divided when the ring can be worked on, or why it cannot
-    std::size_t repeated = 0;            ///< vertices that equal the one before them, to the last bit
+    std::size_t repeated = 0;            ///< vertices that equal the one before them; no tolerance
     bool closed = false;                 ///< the last vertex repeats the first; not counted in `repeated`
     std::size_t meeting_sides[2] = {};   ///< for ring_not_simple: two sides that meet, lower index first
     bool anticlockwise = false;          ///< how the ring runs; false unless its status is divided
@@ -175,7 +175,7 @@ enum class Found {
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
 struct DividingLine {
     /// Parallel to a side the line runs as the side does, perpendicular to it from the end nearer the side's
-    /// line, through a vertex from there.
+    /// line, through a vertex from there, to the last bit.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};         ///< the other end
     Found found = Found::by_search;  ///< how the line was found
@@ -219,10 +219,11 @@ struct Division {
 ///         included, by a measurement that shares nothing with the search: the two rings are walked and summed
 ///         with 106 bits.
 ///
-/// Tolerance   Ends of lines lie within two roundings of a coordinate, on each axis, of the side that they end on:
-///             1e-9 at 5e6. On parcels of about a square unit or less at such coordinates this alone may
-///             forbid the 1e-9, and the answer is not_reached. A line that touches the boundary between its
-///             ends makes more than two pieces.
+/// Tolerance   Ends of lines lie within 2.5 times coordinate_spacing() (extent.h) of the side that they end on:
+///             3e-9 at 5e6. One within four times that of a vertex, on each axis, is the vertex where the amount
+///             allows. On parcels of about a square unit or less at such coordinates this alone may forbid the
+///             1e-9, and the answer is not_reached. A line that touches the boundary between its ends, or passes
+///             a vertex within four spacings, makes more than two pieces.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. Where more than one
 ///             line holds the amount, those on the inner side of the base side come first (perpendicular: those
 ///             that end on it), among them those that meet the boundary twice only, among them the nearest to
