@@ -8,9 +8,12 @@
 
 #include <gdal_priv.h>
 
+#include "foot_table.h"
 #include "label_places.h"
+#include "plan_labels.h"
 #include "plan_layout.h"
 #include "program.h"
+#include "sheet_geometry.h"
 
 namespace {
 
@@ -21,6 +24,8 @@ using tool::SheetBox;
 using tool::SheetPoint;
 
 constexpr double kMillimetre = 72.0 / 25.4;
+
+const auto kFoot = [](const SheetBox&) { return 74.0; };
 
 // ------------------------------------------------------------------------------------------------------ layout
 
@@ -48,7 +53,7 @@ TEST(PlanLayout, RoundNumbers)
 TEST(PlanLayout, LiesTheWayTheParcelDoesAndIsTrueToScale)
 {
     const plparcel::Ring wide = {{500000, 5000000}, {500200, 5000000}, {500200, 5000080}, {500000, 5000080}};
-    const PlanLayout layout(wide, 1.0, Paper::a4, 74.0);
+    const PlanLayout layout(wide, 1.0, Paper::a4, kFoot);
     EXPECT_NEAR(layout.sheet().x, 297.0 * kMillimetre, 1e-9);
     EXPECT_NEAR(layout.sheet().y, 210.0 * kMillimetre, 1e-9);
     EXPECT_EQ(layout.denominator(), 1000.0);
@@ -57,11 +62,11 @@ TEST(PlanLayout, LiesTheWayTheParcelDoesAndIsTrueToScale)
     EXPECT_NEAR(layout.at(wide[0]).y - layout.at(wide[3]).y, 80.0 * kMillimetre, 1e-6);
 
     const plparcel::Ring tall = {{0, 0}, {80, 0}, {80, 200}, {0, 200}};
-    const PlanLayout upright(tall, 1.0, Paper::a3, 74.0);
+    const PlanLayout upright(tall, 1.0, Paper::a3, kFoot);
     EXPECT_NEAR(upright.sheet().x, 297.0 * kMillimetre, 1e-9);
     EXPECT_NEAR(upright.sheet().y, 420.0 * kMillimetre, 1e-9);
     // A foot is 0.3048 metres.
-    const PlanLayout feet(tall, 0.3048, Paper::a4, 74.0);
+    const PlanLayout feet(tall, 0.3048, Paper::a4, kFoot);
     EXPECT_NEAR(feet.at(tall[0]).y - feet.at(tall[3]).y, 200.0 * 304.8 / feet.denominator() * kMillimetre,
                 1e-6);
 }
@@ -72,7 +77,7 @@ TEST(PlanLayout, EveryParcelFitsWithRoomForItsLabels)
         for (const double ratio : {0.01, 0.5, 1.0, 3.0, 100.0}) {
             for (const Paper paper : {Paper::a4, Paper::a3}) {
                 const plparcel::Ring ring = {{0, 0}, {size, 0}, {size, size * ratio}, {0, size * ratio}};
-                const PlanLayout layout(ring, 1.0, paper, 120.0);
+                const PlanLayout layout(ring, 1.0, paper, [](const SheetBox&) { return 120.0; });
                 const SheetPoint low = layout.at(ring[0]);
                 const SheetPoint high = layout.at(ring[2]);
                 const double room = 15.0 * kMillimetre;
@@ -138,6 +143,110 @@ TEST(LabelPlaces, SegmentsAndBoxes)
     const SheetBox turned = tool::label_box({0, 0}, {20, 10}, 1.5707963267948966);
     EXPECT_NEAR(turned.width(), 10, 1e-9);
     EXPECT_NEAR(turned.height(), 20, 1e-9);
+}
+
+TEST(LabelPlaces, SeesLabelsInTheWay)
+{
+    LabelPlaces places({0, 0, 100, 100});
+    places.take({40, 40, 60, 50});
+    EXPECT_FALSE(places.is_clear({50, 0}, {50, 100}));
+    EXPECT_TRUE(places.is_clear({50, 0}, {50, 39}));
+    EXPECT_TRUE(places.is_clear({0, 55}, {100, 55}));
+}
+
+TEST(SheetGeometry, PlacesInsideRoomiestFirst)
+{
+    // An L: the middle of its box is outside, and neither arm has room for more than 10.
+    const std::vector<SheetPoint> outline = {{0, 0}, {20, 0}, {20, 80}, {100, 80}, {100, 100}, {0, 100}};
+    const std::vector<tool::RoomyPlace> places = tool::roomy_places(outline);
+    ASSERT_FALSE(places.empty());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        EXPECT_TRUE(tool::is_inside(outline, places[i].at));
+        if (i > 0) {
+            EXPECT_LE(places[i].room, places[i - 1].room);
+        }
+    }
+    EXPECT_GT(places[0].room, 9.0);
+    EXPECT_LE(places[0].room, 14.2) << "in the corner";
+}
+
+// -------------------------------------------------------------------------------------------------- the foot
+
+// Strips of a rectangle, parallel to its long side, and sides of a regular polygon.
+tool::Plan strips(std::size_t count)
+{
+    tool::Plan plan;
+    plan.ring = {{0, 0}, {80, 0}, {80, 50}, {0, 50}};
+    for (std::size_t i = 0; i < count; ++i) {
+        const double low = 50.0 * static_cast<double>(i) / static_cast<double>(count);
+        const double high = 50.0 * static_cast<double>(i + 1) / static_cast<double>(count);
+        plan.pieces.push_back({{0, low}, {80, low}, {80, high}, {0, high}});
+        plan.piece_labels.push_back("1234.5678");
+        if (i + 1 < count)
+            plan.lines.push_back({{80, high}, {0, high}});
+    }
+    return plan;
+}
+
+tool::AtFoot found_no_place(const tool::Plan& plan)
+{
+    tool::Canvas canvas;
+    const PlanLayout layout(plan.ring, 1.0, Paper::a4, kFoot);
+    return tool::PlanLabels(plan, layout, canvas, {}).draw();
+}
+
+TEST(Foot, TellsWhatHasNoPlaceOnTheDrawing)
+{
+    EXPECT_TRUE(found_no_place(strips(3)) == tool::AtFoot());
+    const tool::AtFoot forty = found_no_place(strips(60));
+    EXPECT_TRUE(forty.pieces);
+
+    tool::Plan stepped = strips(1);
+    stepped.ring = {{0, 0}, {80, 0}, {80, 50}, {79.8, 50.1}, {79.6, 50.0}, {79.4, 50.1}, {0, 50}};
+    const tool::AtFoot few = found_no_place(stepped);
+    EXPECT_FALSE(few.pieces);
+    EXPECT_EQ(few.sides.count(0) + few.sides.count(1) + few.sides.count(6), 0u)
+        << "the long ones have theirs";
+    EXPECT_GE(few.sides.size(), 1u);
+
+    tool::Plan round = strips(1);
+    round.ring.clear();
+    for (int i = 0; i < 200; ++i)
+        round.ring.push_back({50.0 * std::cos(i * 0.01 * 3.14159), 50.0 * std::sin(i * 0.01 * 3.14159)});
+    EXPECT_EQ(found_no_place(round).sides.size(), 200u)
+        << "all of them, lest they be looked for in two places";
+}
+
+TEST(Foot, SectionsByKind)
+{
+    const tool::Plan plan = strips(3);
+    const auto only_ends = tool::foot_sections(plan, {});
+    ASSERT_EQ(only_ends.size(), 1u);
+    EXPECT_EQ(only_ends[0].rows.size(), 4u);
+    EXPECT_EQ(only_ends[0].rows[1], "P2  E 0.0000  N 16.6667");
+    const auto all = tool::foot_sections(plan, {{0, 3}, true});
+    ASSERT_EQ(all.size(), 3u);
+    EXPECT_EQ(all[1].rows, (std::vector<std::string>{"1  1234.5678", "2  1234.5678", "3  1234.5678"}));
+    EXPECT_EQ(all[2].rows, (std::vector<std::string>{"1-2  80.00", "4-1  50.00"}));
+}
+
+TEST(Foot, GrowsWithItsRowsUpToItsHeight)
+{
+    tool::Canvas canvas;
+    const auto height = [&](std::size_t rows, double width) {
+        const tool::FootTable table({{"Ends of lines", std::vector<std::string>(rows, "P1  E 100.0000")}},
+                                    canvas, width, 300.0);
+        EXPECT_EQ(table.is_whole(), table.height() < 290.0);
+        return table.height();
+    };
+    EXPECT_EQ(height(2, 500.0), 74.0) << "the scale bar's";
+    EXPECT_EQ(height(4, 500.0), 74.0);
+    EXPECT_EQ(height(8, 500.0), 74.0) << "two columns";
+    EXPECT_GT(height(8, 260.0), 74.0) << "one, the scale bar beside it";
+    EXPECT_LE(height(8, 260.0), 120.0);
+    EXPECT_GT(height(100, 500.0), 120.0);
+    EXPECT_LT(height(100, 500.0), height(140, 500.0));
+    EXPECT_LE(height(5000, 500.0), 300.0) << "not whole";
 }
 
 // ----------------------------------------------------------------------------------------------- the program

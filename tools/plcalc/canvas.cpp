@@ -22,8 +22,6 @@ constexpr double kPngScale = 2.0;
 // Of the white rim around text, parts of its size.
 constexpr double kRim = 0.25;
 
-constexpr Colour kWhite = {1.0, 1.0, 1.0};
-
 std::string ending_of(const std::string& path)
 {
     std::string ending = std::filesystem::path(path).extension().string();
@@ -69,8 +67,26 @@ Canvas::Canvas(const std::string& path, const SheetPoint& sheet)
     require(cairo_status(cairo_.get()), path_);
     if (ending_of(path_) == ".png")
         cairo_scale(cairo_.get(), kPngScale, kPngScale);
-    set_colour(kWhite);
+    set_colour(kPaper);
     cairo_paint(cairo_.get());
+    prepare();
+}
+
+Canvas::Canvas()
+    : surface_(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1), &cairo_surface_destroy),
+      cairo_(cairo_create(surface_.get()), &cairo_destroy)
+{
+    prepare();
+}
+
+// Text as wide on every surface: a picture would round it to its dots.
+void Canvas::prepare()
+{
+    const std::unique_ptr<cairo_font_options_t, decltype(&cairo_font_options_destroy)> options(
+        cairo_font_options_create(), &cairo_font_options_destroy);
+    cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+    cairo_set_font_options(cairo_.get(), options.get());
     cairo_set_line_join(cairo_.get(), CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_cap(cairo_.get(), CAIRO_LINE_CAP_ROUND);
 }
@@ -141,7 +157,7 @@ void Canvas::text(const std::string& text, const SheetPoint& place, double size,
     cairo_rotate(cairo_.get(), angle);
     cairo_move_to(cairo_.get(), -shift * extent.x, 0.5 * kCapHeight * size);
     cairo_text_path(cairo_.get(), text.c_str());
-    set_colour(kWhite);
+    set_colour(kPaper);
     cairo_set_line_width(cairo_.get(), kRim * size);
     cairo_stroke_preserve(cairo_.get());
     cairo_new_path(cairo_.get());

@@ -18,11 +18,21 @@ struct Colour {
     double blue = 0.0;
 };
 
+// What plans are drawn with.
+constexpr Colour kInk = {0.15, 0.15, 0.15};
+constexpr Colour kGrey = {0.45, 0.45, 0.45};
+constexpr Colour kRed = {0.72, 0.11, 0.11};
+constexpr Colour kBlue = {0.10, 0.30, 0.60};
+constexpr Colour kPaper = {1.0, 1.0, 1.0};
+
 /// Where text hangs on its place.
 enum class Anchor { left, centre, right };
 
 class Canvas {
 public:
+    /// A sheet for a trial: text has its size on it, and nothing is written.
+    Canvas();
+
     /// @param[in] path   the file; its ending decides: .svg, .pdf or .png
     /// @param[in] sheet  width and height in points
     /// @throws Failure   failed when the file cannot be made
@@ -50,6 +60,7 @@ public:
     void finish();
 
 private:
+    void prepare();
     void set_colour(const Colour& colour);
     void set_font(double size, bool bold);
     void outline(const std::vector<SheetPoint>& points, bool closed);

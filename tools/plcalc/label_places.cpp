@@ -42,6 +42,12 @@ std::size_t LabelPlaces::crossings(const SheetPoint& a, const SheetPoint& b) con
     }));
 }
 
+bool LabelPlaces::is_clear(const SheetPoint& a, const SheetPoint& b) const
+{
+    return std::none_of(taken_.begin(), taken_.end(),
+                        [&](const SheetBox& box) { return runs_through(a, b, box); });
+}
+
 bool LabelPlaces::is_free(const SheetPoint& middle, const SheetPoint& size, double angle,
                           bool may_cross_lines) const
 {

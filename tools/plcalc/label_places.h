@@ -22,6 +22,9 @@ public:
     /// How many lines of the plan the segment a-b crosses.
     std::size_t crossings(const SheetPoint& a, const SheetPoint& b) const;
 
+    /// Whether the segment a-b runs through no label.
+    bool is_clear(const SheetPoint& a, const SheetPoint& b) const;
+
     /// A place that is taken.
     void take(const SheetBox& box) { taken_.push_back(box); }
 

@@ -67,7 +67,8 @@ double round_denominator(double value)
     return step_from(kSteps, value, true);
 }
 
-PlanLayout::PlanLayout(const plparcel::Ring& ring, double metres, Paper paper, double footer_height)
+PlanLayout::PlanLayout(const plparcel::Ring& ring, double metres, Paper paper,
+                       const std::function<double(const SheetBox&)>& foot_height)
 {
     const plparcel::Extent extent = plparcel::extent_of(ring);
     middle_ = {extent.low.x + extent.width() * 0.5, extent.low.y + extent.height() * 0.5};
@@ -79,7 +80,7 @@ PlanLayout::PlanLayout(const plparcel::Ring& ring, double metres, Paper paper, d
     for (const SheetPoint& sheet : {portrait, SheetPoint{portrait.y, portrait.x}}) {
         const SheetBox frame = {kMargin, kMargin, sheet.x - kMargin, sheet.y - kMargin};
         const SheetBox drawing = {frame.left, frame.top + kTitleHeight, frame.right,
-                                  frame.bottom - footer_height};
+                                  frame.bottom - foot_height(frame)};
         const double needed = std::max(width / (drawing.width() - 2.0 * kLabelRoom),
                                        height / (drawing.height() - 2.0 * kLabelRoom));
         const double denominator = round_denominator(needed);

@@ -3,6 +3,7 @@
 // Where a plan lies on its sheet: paper, round scale, and the way from coordinates to the sheet. All on the sheet
 // in points, 72 to the inch, from the upper left corner.
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -49,8 +50,9 @@ public:
     /// @param[in] ring           the parcel
     /// @param[in] metres         length of the coordinates' unit in metres
     /// @param[in] paper          the paper; it is laid the way round in which the parcel has more room
-    /// @param[in] footer_height  room needed at the bottom, points
-    PlanLayout(const plparcel::Ring& ring, double metres, Paper paper, double footer_height);
+    /// @param[in] foot_height    of a frame: room needed at its bottom, points
+    PlanLayout(const plparcel::Ring& ring, double metres, Paper paper,
+               const std::function<double(const SheetBox&)>& foot_height);
 
     SheetPoint sheet() const { return sheet_; }          ///< width and height
     SheetBox frame() const { return frame_; }            ///< inside the margin

@@ -1,0 +1,59 @@
+#pragma once
+
+// The labels on a plan's drawing, each where it covers neither another nor, where that can be had, a line.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "canvas.h"
+#include "foot_table.h"
+#include "label_places.h"
+#include "plan.h"
+#include "plan_layout.h"
+#include "sheet_geometry.h"
+
+namespace tool {
+
+class PlanLabels {
+public:
+    /// @param[in] at_foot  what the table at the foot tells, and the drawing need not
+    PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot);
+
+    /// Draws them: vertices, sides, ends of lines, pieces.
+    ///
+    /// @return what the foot must tell, because there was no place for it
+    AtFoot draw();
+
+private:
+    const SheetPoint& vertex(std::size_t i) const { return outline_[i % outline_.size()]; }
+    std::vector<SheetPoint> on_sheet(const plparcel::Ring& ring) const;
+    SheetPoint outwards(std::size_t side) const;
+    SheetPoint other_end(const PL_PNT2D_record& p) const;
+
+    void label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
+                      const Colour& colour, bool may_cross_lines);
+    void label_vertices();
+    void label_line_ends();
+
+    void label_sides();
+    bool label_side(std::size_t side);
+    std::vector<SheetPoint> outside_of(const SheetPoint& middle, const SheetPoint& out,
+                                       const SheetPoint& extent) const;
+    std::optional<SheetPoint> first_along(const std::vector<SheetPoint>& middles, const SheetPoint& extent,
+                                          double angle);
+
+    void label_pieces();
+    void number_pieces();
+    bool label_inside(const std::string& text, const std::vector<RoomyPlace>& inside);
+    bool label_beside(const std::string& text, const SheetPoint& piece);
+
+    const Plan& plan_;
+    const PlanLayout& layout_;
+    Canvas& canvas_;
+    AtFoot at_foot_;
+    LabelPlaces places_;
+    std::vector<SheetPoint> outline_;
+};
+
+}  // namespace tool
