@@ -75,6 +75,7 @@ TEST_F(Formats, WrittenByGdal)
                            {"GML", "lot.gml"},
                            {"FlatGeobuf", "lot.fgb"},
                            {"MapInfo File", "lot.tab"},
+                           {"JML", "lot.jml"},
                            {"SQLite", "lot.sqlite"}}) {
         SCOPED_TRACE(row.driver);
         make(row.name, row.driver, {std::string(row.driver) == "DXF" ? "entities" : "lot"}, {kLot}, 32632);
@@ -162,6 +163,10 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
                          "degrees.gpkg: feature 1: the coordinates are not plane (WGS 84); project them "
                          "first, for example with ogr2ogr -t_srs EPSG:32632, or correct the file's CRS if "
                          "they are"));
+    make("degrees.kml", "KML", {"lot"}, {degrees}, 4326);
+    const test::Result kml = divide("degrees.kml", "--vertex 1 --area 0.001");
+    EXPECT_EQ(kml.status, 3);
+    EXPECT_NE(kml.err.find("the coordinates are not plane (WGS 84)"), std::string::npos) << kml.err;
     // A file that says degrees of coordinates that cannot be is in disorder.
     make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 4326);
     EXPECT_EQ(divide("lot.gpkg", kStrip).status, 3);

@@ -2,6 +2,8 @@
 // stdout.
 
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include <unistd.h>
 
@@ -10,6 +12,11 @@
 namespace {
 
 class Messages : public test::ProgramTest {};
+
+bool ends_with(const std::string& text, const std::string& end)
+{
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
 
 const char* const kSquare = "POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))";
 
@@ -101,6 +108,8 @@ const UseRow kWrongUse[] = {
     {"filter that cannot be", "--vertex 1 --area 5 --where id=", nullptr},
     {"filter that lets nothing through", "--vertex 1 --area 5 --where id='7'",
      "lot.csv: --where 'id='7'' lets no feature through; list them with ogrinfo -al"},
+    {"feature that the filter keeps back", "--vertex 1 --area 5 --feature 1 --where id='7'",
+     "lot.csv: there is no feature 1 that --where lets through; list them with ogrinfo -al"},
     {"area left out", "--vertex 1 --area", "--area: give one value, A, once; see plcalc divide --help"},
     {"area twice", "--vertex 1 --area 5 --area 6",
      "--area: give one value, A, once; see plcalc divide --help"},
@@ -128,6 +137,7 @@ TEST_F(Messages, WrongUse)
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(run.err.rfind("plcalc: lot.csv: --where 'id=' cannot be understood (", 0), 0u) << run.err;
+        EXPECT_TRUE(ends_with(run.err, "); compare columns as in \"owner = 'Rossi'\"\n")) << run.err;
     }
     EXPECT_TRUE(test::fails_with(run({}), 2, "nothing to do; see plcalc --help"));
     EXPECT_TRUE(
@@ -341,12 +351,31 @@ TEST_F(Messages, FileThatCannotBeOpened)
         EXPECT_EQ(run.err.rfind("plcalc: ", 0), 0u) << run.err;
         EXPECT_EQ(run.err.find("ERROR"), std::string::npos) << run.err;
     }
-    EXPECT_EQ(divide("missing.csv", "--vertex 1 --area 5")
-                  .err.rfind("plcalc: missing.csv: there is no such file", 0),
-              0u);
+    const std::string missing = divide("missing.csv", "--vertex 1 --area 5").err;
+    EXPECT_EQ(missing.rfind("plcalc: missing.csv: there is no such file (", 0), 0u) << missing;
+    EXPECT_TRUE(ends_with(missing, "); check the name\n")) << missing;
+    const std::string unknown = divide("lot.txt", "--vertex 1 --area 5").err;
+    EXPECT_EQ(unknown.rfind("plcalc: lot.txt: not a vector file that GDAL can read (", 0), 0u) << unknown;
+    EXPECT_TRUE(ends_with(unknown, "); convert it, for example to GeoPackage\n")) << unknown;
     EXPECT_TRUE(test::fails_with(
         divide("folder", "--vertex 1 --area 5"), 3,
         "folder: this is a directory in which GDAL finds no vector file; name the file itself"));
+}
+
+// A file that ends in the middle, of formats that are read as far as they go.
+TEST_F(Messages, FileThatEndsInTheMiddle)
+{
+    const std::string feature = R"({"type": "Feature", "properties": {}, "geometry": {"type": "Polygon",)"
+                                R"( "coordinates": [[[500000, 0], [500009, 0], [500009, 9], [500000, 0]]]}})";
+    write("lots.geojsonl", feature + "\n" + feature.substr(0, 60) + "\n" + feature + "\n");
+    const std::string middle = divide("lots.geojsonl", "--vertex 1 --area 5").err;
+    EXPECT_EQ(middle.rfind("plcalc: lots.geojsonl: it cannot be read to its end (", 0), 0u) << middle;
+    EXPECT_TRUE(ends_with(middle, "); repair it\n")) << middle;
+    write("lots.gml", R"(<?xml version="1.0"?><ogr:FeatureCollection xmlns:ogr="http://ogr.maptools.org/")"
+                      R"( xmlns:gml="http://www.opengis.net/gml"><gml:featureMember><ogr:lot fid="lot.0">)");
+    const test::Result run = divide("lots.gml", "--vertex 1 --area 5");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.err.find("XML parsing"), std::string::npos) << run.err;
 }
 
 TEST_F(Messages, FileThatMayNotBeRead)
@@ -379,6 +408,11 @@ const CutRow kCannotCut[] = {
      "the requested area 30 x 40 is not below the parcel's 100.00000; ask for less"},
     {"more than a double has decimals for", kSquare, "--perpendicular 1 --area 1e300",
      "the requested area 1e+300 is not below the parcel's 100.00000; ask for less"},
+    // The parcel's South-West lies behind its side 2, which begins at an inner corner.
+    {"more behind the base than asked", "POLYGON ((0 0, 10 10, 20 10, 20 20, -40 20, -40 -10, 0 0))",
+     "--parallel 2 --area 5",
+     "what lies behind side 2 alone is more than the requested area 5; ask for more, or for another side or "
+     "kind of cut"},
     // A U open to the North: more than its right arm, along the top of it, would need a piece of the left arm.
     {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
      "--parallel 3 --area 200", kLeaves},
@@ -408,13 +442,40 @@ TEST_F(Messages, AMillionthOfAMillionthIsCutOff)
 
 // ------------------------------------------------------------------------------------------------ and the rest
 
+// A disk that takes no more: a limit on the size of files, and its signal ignored.
 TEST_F(Messages, OutputThatCannotBeWritten)
 {
-    write_wkt(kSquare);
-    const std::string command = std::string(PLCALC_PROGRAM) + " divide " + path("lot.csv") +
-                                " --vertex 1 --area 5 >/dev/full 2>" + path("err");
-    const int status = std::system(command.c_str());
-    EXPECT_EQ(WEXITSTATUS(status), 1);
+    write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");
+    const auto err_of = [&](const std::string& setup, const std::string& arguments) {
+        const std::string command = "cd " + path("") + " && ( " + setup + " " PLCALC_PROGRAM " 2>&1 " +
+                                    arguments + " ) | cat >" + path("err") +
+                                    "; test -z \"$(ls -A | grep plcalc-)\"";
+        EXPECT_EQ(std::system(command.c_str()), 0) << "left behind";
+        std::ostringstream text;
+        text << std::ifstream(path("err")).rdbuf();
+        return text.str();
+    };
+    EXPECT_EQ(err_of("", "divide lot.csv --vertex 1 --area 5 >/dev/full"),
+              "plcalc: the result could not be written to the standard output\n");
+    EXPECT_EQ(err_of("", "--help >/dev/full"),
+              "plcalc: the result could not be written to the standard output\n");
+
+    const std::string full = "trap '' XFSZ; ulimit -f 8;";
+    const std::string cut = "divide lot.csv --parallel 1 --parts 40 ";
+    const std::string plan = err_of(full, cut + "--plan plan.svg");
+    EXPECT_EQ(plan.rfind("plcalc: plan.svg: the plan could not be written (", 0), 0u) << plan;
+    EXPECT_TRUE(ends_with(plan, "); check the folder and the room on the disk\n")) << plan;
+    for (const char* out :
+         {"out.gpkg", "out.geojson", "out.shp", "out.csv", "out.gml", "out.mif", "out.fgb"}) {
+        SCOPED_TRACE(out);
+        const std::string layers =
+            err_of(full, "divide lot.csv --parallel 1 --parts 200 -o " + std::string(out));
+        EXPECT_EQ(layers.rfind("plcalc: " + std::string(out) + ": it could not be written", 0), 0u) << layers;
+        EXPECT_TRUE(ends_with(layers, "; try another format, such as OUT.gpkg\n")) << layers;
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(path("")))
+        EXPECT_NE(entry.path().stem(), "out") << entry.path();
+    EXPECT_FALSE(std::filesystem::exists(path("plan.svg")));
 }
 
 TEST_F(Messages, HelpAndVersionFitTheTerminal)

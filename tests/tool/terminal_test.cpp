@@ -3,8 +3,11 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <thread>
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -35,21 +38,30 @@ protected:
             arguments.push_back(word.data());
         arguments.push_back(nullptr);
         pid_t pid = 0;
-        ASSERT_EQ(posix_spawn(&pid, arguments[0], nullptr, nullptr, arguments.data(), environ), 0);
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        const int flags = O_WRONLY | O_CREAT | O_TRUNC;
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, path("err").c_str(), flags, 0600);
+        const int failed = posix_spawn(&pid, arguments[0], &actions, nullptr, arguments.data(), environ);
+        posix_spawn_file_actions_destroy(&actions);
+        ASSERT_EQ(failed, 0);
         // Once the folder for the work in progress is there, the guard is.
         const auto entries = [&] {
             const std::filesystem::directory_iterator folder(path(""));
             return std::distance(begin(folder), end(folder));
         };
-        for (int i = 0; i < 3000 && entries() < 2; ++i)
+        for (int i = 0; i < 3000 && entries() < 3; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        EXPECT_EQ(entries(), 2);
+        EXPECT_EQ(entries(), 3);
         kill(pid, SIGINT);
         int status = 0;
         ASSERT_EQ(waitpid(pid, &status, 0), pid);
         ASSERT_TRUE(WIFEXITED(status));
         EXPECT_EQ(WEXITSTATUS(status), 1);
-        EXPECT_EQ(entries(), 1) << "only the input";
+        EXPECT_EQ(entries(), 2) << "only the input and the message";
+        std::ostringstream err;
+        err << std::ifstream(path("err")).rdbuf();
+        EXPECT_EQ(err.str(), "plcalc: interrupted; nothing was written\n");
     }
 };
 

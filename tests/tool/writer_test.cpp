@@ -84,6 +84,7 @@ TEST_F(Writer, EveryFormatReadBack)
                                  {"sqlite", true, true, true},
                                  {"mif", false, true, true},
                                  {"csv", false, true, false},
+                                 {"jml", false, true, true},
                                  {"dxf", false, false, false}}) {
         SCOPED_TRACE(row.ending);
         const std::string out = std::string("out.") + row.ending;
@@ -199,12 +200,12 @@ TEST_F(Writer, DegreesComeFromTheCrs)
         const test::Result run = divide("plain.csv", "--parallel 1 --area 1000 -o plain." + ending);
         EXPECT_TRUE(test::fails_with(run, 2,
                                      "plain." + ending + ": this format (" +
-                                         (ending == "kml" ? out->GetDriverName() : "GeoJSONSeq") +
+                                         (ending == "kml" ? "KML" : "GeoJSONSeq") +
                                          ") holds degrees, and the parcels' file tells no CRS to come from; "
                                          "name it .gpkg for a GeoPackage"));
     }
-    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.geojsonl", "out.geojsonl", "out.kml",
-                                              "plain.csv"}));
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.geojsonl", "out-lines.kml",
+                                              "out.geojsonl", "out.kml", "plain.csv"}));
 }
 
 TEST_F(Writer, FormatsThatRoundAreRefused)
@@ -212,10 +213,11 @@ TEST_F(Writer, FormatsThatRoundAreRefused)
     write_lots();
     for (const std::string out :
          {"out.tab", "out.dgn", "out.gxt", "out.itf", "out.mvt", "out.gdb", "out.pdf"})
-        EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
-                                     "--output: no format with the ending of '" + out +
-                                         "' can be written to the last digit; name it .gpkg for a "
-                                         "GeoPackage; see plcalc divide --help"));
+        EXPECT_TRUE(
+            test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
+                             "--output: no format with the ending of '" + out +
+                                 "' can be written and read back to the last digit; name it .gpkg for a "
+                                 "GeoPackage; see plcalc divide --help"));
     // A format of pictures has the same ending.
     ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.xml").status, 0);
     EXPECT_STREQ(open("out.xml")->GetDriverName(), "GML");
@@ -237,6 +239,43 @@ TEST_F(Writer, WhatBelongedToTheReplacedGoes)
         EXPECT_EQ(left.count(name), 0u) << name;
     for (const char* name : {"out.txt", "out.pdf", "out-other.prj", "plain.csv"})
         EXPECT_EQ(left.count(name), 1u) << name;
+}
+
+TEST_F(Writer, WhatIsWrittenIsDividedAgain)
+{
+    write_lots();
+    for (const std::string ending :
+         {"gpkg", "shp", "geojson", "fgb", "gml", "sqlite", "mif", "csv", "dxf", "jml"}) {
+        SCOPED_TRACE(ending);
+        ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out." + ending).status, 0);
+        const test::Result run = divide("out." + ending, "--parallel 1 --parts 3");
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.out.find("Divided  2 of 2 parcels\n"), std::string::npos) << run.out;
+        EXPECT_NE(run.out.find(" 1000.00"), std::string::npos) << run.out;
+    }
+}
+
+// Every format with parcels of which none could be divided: what is read back is nothing but refusals, some without
+// a geometry.
+TEST_F(Writer, NothingButRefusals)
+{
+    write("lots.geojson", R"({"type": "FeatureCollection",
+        "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::32632"}},
+        "features": [
+        {"type": "Feature", "id": 1, "properties": {"owner": "Rossi"}, "geometry": {"type": "Polygon",
+         "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000060], [500000, 5000000]]]}},
+        {"type": "Feature", "id": 2, "properties": {"owner": "Neri"}, "geometry": {"type": "MultiPolygon",
+         "coordinates": [[[[500000, 5000000], [500100, 5000000], [500100, 5000060], [500000, 5000000]]],
+                         [[[500200, 5000000], [500300, 5000000], [500300, 5000060], [500200, 5000000]]]]}}]})");
+    for (const std::string ending :
+         {"gpkg", "shp", "geojson", "geojsonl", "fgb", "gml", "sqlite", "mif", "csv", "dxf", "kml", "jml"}) {
+        SCOPED_TRACE(ending);
+        const test::Result run = divide("lots.geojson", "--parallel 1 --area 1e7 -o out." + ending);
+        EXPECT_EQ(run.status, 3) << run.err;
+        EXPECT_NE(run.out.find("Divided  0 of 2 parcels\n"), std::string::npos) << run.out;
+        EXPECT_TRUE(std::filesystem::exists(path("out." + ending)));
+    }
+    EXPECT_EQ(open("out.fgb")->GetLayer(0)->GetFeatureCount(), 1) << "it has no place for two parts";
 }
 
 TEST_F(Writer, PlanAndLayersComeTogetherOrNotAtAll)
@@ -330,16 +369,17 @@ TEST_F(Writer, RefusalsLeaveNothingBehind)
     write_lots();
     EXPECT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --area 7000 -o out.gpkg").status, 4);
     EXPECT_EQ(divide("lots.geojson", "--feature 2 --parallel 1 --area 1000 -o out.gpkg").status, 3);
-    EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.foo"), 2,
-                                 "--output: no format with the ending of 'out.foo' can be written to the "
-                                 "last digit; name it .gpkg for a GeoPackage; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.foo"), 2,
+                         "--output: no format with the ending of 'out.foo' can be written and read "
+                         "back to the last digit; name it .gpkg for a GeoPackage; see plcalc divide --help"));
     EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o nowhere/out.gpkg"), 1,
                                  "nowhere/out.gpkg: it cannot be written (No such file or directory); check "
                                  "the folder and its permissions"));
     EXPECT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o out.tab").status, 2) << "coarse coordinates";
-    const test::Result no_geometry = divide("lots.geojson", "--parallel 1 --parts 2 -o out.xlsx");
-    EXPECT_EQ(no_geometry.status, 2);
-    EXPECT_EQ(no_geometry.out, "");
+    EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.xlsx"), 2,
+                                 "out.xlsx: this format (XLSX) holds no geometry; name it .gpkg for a "
+                                 "GeoPackage"));
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
 }
 

@@ -44,10 +44,10 @@ cairo_surface_t* make_surface(const std::string& path, const SheetPoint& sheet)
                                       static_cast<int>(std::ceil(sheet.y * kPngScale)));
 }
 
-void require(cairo_status_t status, const std::string& path)
+void require(cairo_status_t status, const std::string& name)
 {
     if (status != CAIRO_STATUS_SUCCESS)
-        throw Failure(ExitStatus::failed, path + ": the plan could not be written (" +
+        throw Failure(ExitStatus::failed, name + ": the plan could not be written (" +
                                               cairo_status_to_string(status) +
                                               "); check the folder and the room on the disk");
 }
@@ -60,11 +60,11 @@ bool Canvas::can_draw(const std::string& path)
     return ending == ".svg" || ending == ".pdf" || ending == ".png";
 }
 
-Canvas::Canvas(const std::string& path, const SheetPoint& sheet)
-    : path_(path), surface_(make_surface(path, sheet), &cairo_surface_destroy),
+Canvas::Canvas(const std::string& path, const SheetPoint& sheet, const std::string& name)
+    : path_(path), name_(name), surface_(make_surface(path, sheet), &cairo_surface_destroy),
       cairo_(cairo_create(surface_.get()), &cairo_destroy)
 {
-    require(cairo_status(cairo_.get()), path_);
+    require(cairo_status(cairo_.get()), name_);
     if (ending_of(path_) == ".png")
         cairo_scale(cairo_.get(), kPngScale, kPngScale);
     set_colour(kPaper);
@@ -170,11 +170,11 @@ void Canvas::text(const std::string& text, const SheetPoint& place, double size,
 void Canvas::finish()
 {
     cairo_show_page(cairo_.get());
-    require(cairo_status(cairo_.get()), path_);
+    require(cairo_status(cairo_.get()), name_);
     if (ending_of(path_) == ".png")
-        require(cairo_surface_write_to_png(surface_.get(), path_.c_str()), path_);
+        require(cairo_surface_write_to_png(surface_.get(), path_.c_str()), name_);
     cairo_surface_finish(surface_.get());
-    require(cairo_surface_status(surface_.get()), path_);
+    require(cairo_surface_status(surface_.get()), name_);
 }
 
 }  // namespace tool

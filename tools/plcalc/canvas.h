@@ -35,8 +35,9 @@ public:
 
     /// @param[in] path   the file; its ending decides: .svg, .pdf or .png
     /// @param[in] sheet  width and height in points
+    /// @param[in] name   of the file in messages
     /// @throws Failure   failed when the file cannot be made
-    Canvas(const std::string& path, const SheetPoint& sheet);
+    Canvas(const std::string& path, const SheetPoint& sheet, const std::string& name);
 
     /// Whether the ending of a file name is one that can be drawn.
     static bool can_draw(const std::string& path);
@@ -66,6 +67,7 @@ private:
     void outline(const std::vector<SheetPoint>& points, bool closed);
 
     std::string path_;
+    std::string name_;
     std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
     std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo_;
 };

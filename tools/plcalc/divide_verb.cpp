@@ -41,7 +41,7 @@ void DivideVerb::check_outputs() const
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     if (given("--output") && !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
-                  "' can be written to the last digit; name it .gpkg for a GeoPackage");
+                  "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
 }
 
 std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) const
@@ -58,7 +58,7 @@ std::unique_ptr<PendingOutput> DivideVerb::draw(const ReadParcel& read, const As
     if (!given("--plan"))
         return nullptr;
     std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_);
-    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output->path());
+    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output->path(), plan_);
     return output;
 }
 

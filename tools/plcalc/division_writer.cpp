@@ -8,6 +8,7 @@
 
 #include "exit_status.h"
 #include "plcalc/kernel.h"
+#include "vector_file.h"
 
 namespace tool {
 namespace {
@@ -33,7 +34,7 @@ std::vector<fs::path> files_there(const std::string& file)
     std::vector<fs::path> files;
     if (!fs::exists(file, error))
         return files;
-    const GDALDatasetUniquePtr there(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+    const GDALDatasetUniquePtr there = open_vector_file(file);
     const CPLStringList list(there != nullptr ? there->GetFileList() : nullptr);
     for (int i = 0; i < list.Count(); ++i) {
         const fs::path path(list[i]);
@@ -214,6 +215,7 @@ OGRFeatureUniquePtr DivisionWriter::new_feature(OGRLayer& layer, const ReadParce
 void DivisionWriter::create(OGRLayer& layer, OGRFeature& feature)
 {
     require(layer.CreateFeature(&feature) == OGRERR_NONE);
+    ++(&layer == pieces_ ? pieces_written_ : lines_written_);
 }
 
 void DivisionWriter::add(const ReadParcel& read, const plparcel::Division& division)
@@ -258,9 +260,27 @@ void DivisionWriter::add_refused(const ReadParcel& read, const std::string& reas
     } else if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
         feature->SetGeometry(geometry);
     }
+    if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())
+        return;
     set(*feature, piece_columns_[0], read.feature != nullptr ? read.feature->GetFID() : GIntBig(0));
     set(*feature, status, ("refused: " + reason).c_str());
     create(*pieces_, *feature);
+}
+
+// Not every format tells of a disk that is full.
+void DivisionWriter::require_whole(const std::string& file, const std::string& layer,
+                                   std::size_t features) const
+{
+    if (features == 0)
+        return;  // some have no empty layers, or none that can be read
+    const GDALDatasetUniquePtr written = open_vector_file(file);
+    require(written != nullptr);
+    OGRLayer* const found = lines_output_ ? written->GetLayer(0) : written->GetLayerByName(layer.c_str());
+    require(found != nullptr);
+    std::size_t count = 0;
+    for ([[maybe_unused]] const OGRFeatureUniquePtr& feature : *found)
+        ++count;
+    require(count == features && !messages_.failed());
 }
 
 std::vector<std::string> DivisionWriter::commit()
@@ -270,6 +290,8 @@ std::vector<std::string> DivisionWriter::commit()
     dataset_.reset();
     lines_dataset_.reset();
     require(!messages_.failed());
+    require_whole(output_.path(), "pieces", pieces_written_);
+    require_whole(lines_output_ ? lines_output_->path() : output_.path(), "lines", lines_written_);
     output_.commit(files_there(file_));
     if (!lines_output_)
         return {file_};

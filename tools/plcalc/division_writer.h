@@ -33,7 +33,7 @@ public:
     /// The file that a name stands for: with .gpkg behind it when it has no ending.
     static std::string file_for(const std::string& name);
 
-    /// Whether there is a format for the ending of a file name, and one that keeps coordinates to the digit.
+    /// Whether there is a format for the ending of a file name; see OutputFormat.
     static bool can_write(const std::string& file);
 
     /// @param[in] file       its ending decides on the format
@@ -45,13 +45,14 @@ public:
     /// A divided parcel.
     void add(const ReadParcel& read, const plparcel::Division& division);
 
-    /// A refused one; left out where the format has no column for the reason, as in a drawing.
+    /// A refused one. Left out where the format has no column for the reason, as in a drawing, or no place for a
+    /// parcel whose boundary is not one polygon, as in FlatGeobuf.
     void add_refused(const ReadParcel& read, const std::string& reason);
 
     /// Ends the files and puts them in their place.
     ///
     /// @return their names
-    /// @throws Failure  failed when they cannot be written
+    /// @throws Failure  failed when they cannot be written, or do not hold everything when they are read back
     std::vector<std::string> commit();
 
 private:
@@ -60,6 +61,7 @@ private:
     OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
     void create(OGRLayer& layer, OGRFeature& feature);
     void require(bool ok) const;
+    void require_whole(const std::string& file, const std::string& layer, std::size_t features) const;
     [[noreturn]] void refuse_format(const std::string& why) const;
 
     std::string file_;
@@ -70,6 +72,8 @@ private:
     GdalMessages messages_;
     GDALDatasetUniquePtr dataset_;
     GDALDatasetUniquePtr lines_dataset_;
+    std::size_t pieces_written_ = 0;
+    std::size_t lines_written_ = 0;
     OGRLayer* pieces_ = nullptr;
     OGRLayer* lines_ = nullptr;
     std::vector<int> pieces_map_;

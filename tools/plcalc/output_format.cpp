@@ -10,13 +10,15 @@ namespace tool {
 namespace {
 
 // Formats that hold several layers in name only: a folder, or drawing layers without columns.
-const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "DXF", "FlatGeobuf", "TSV"};
+const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "DXF", "FlatGeobuf", "KML", "TSV"};
 
 // Coordinates come back from these as whole numbers of some step, of a tenth of a millimetre at best.
 const char* const kRounding[] = {"DGN",        "FileGDB", "Geoconcept",  "Interlis 1",
                                  "Interlis 2", "MVT",     "OpenFileGDB", "S57"};
 
-const char* const kDegrees[] = {"GeoJSONSeq", "KML", "LIBKML"};
+const char* const kDegrees[] = {"GeoJSONSeq", "KML"};
+
+const char* const kNothingWithoutGeometry[] = {"FlatGeobuf", "OGR_GMT"};
 
 // A format of pictures that can hold vectors as well holds them as a picture does: on its page or in its dots.
 bool holds_pictures(GDALDriver& driver)
@@ -24,10 +26,18 @@ bool holds_pictures(GDALDriver& driver)
     return driver.GetMetadataItem(GDAL_DCAP_RASTER) != nullptr && !EQUAL(driver.GetDescription(), "GPKG");
 }
 
+// Writes .kml as the driver KML does, but takes an hour over ten thousand parcels.
+bool is_slow(GDALDriver& driver)
+{
+    return EQUAL(driver.GetDescription(), "LIBKML");
+}
+
+// What is written is read back: not every format tells of a disk that is full.
 bool writes_vectors(GDALDriver& driver)
 {
     return driver.GetMetadataItem(GDAL_DCAP_VECTOR) != nullptr &&
-           driver.GetMetadataItem(GDAL_DCAP_CREATE) != nullptr && !holds_pictures(driver);
+           driver.GetMetadataItem(GDAL_DCAP_CREATE) != nullptr &&
+           driver.GetMetadataItem(GDAL_DCAP_OPEN) != nullptr && !holds_pictures(driver) && !is_slow(driver);
 }
 
 bool is_listed(GDALDriver& driver, const char* item, const char* word)
@@ -79,6 +89,11 @@ bool OutputFormat::holds_two_layers() const
 bool OutputFormat::holds_degrees() const
 {
     return is_one_of(kDegrees, std::size(kDegrees));
+}
+
+bool OutputFormat::needs_geometry() const
+{
+    return is_one_of(kNothingWithoutGeometry, std::size(kNothingWithoutGeometry));
 }
 
 CPLStringList OutputFormat::layer_options() const

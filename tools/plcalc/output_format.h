@@ -13,7 +13,8 @@ namespace tool {
 
 class OutputFormat {
 public:
-    /// The format with the ending of a file name; nothing when there is none that keeps coordinates to the digit.
+    /// The format with the ending of a file name; nothing when there is none that can be written and read
+    /// back, and keeps coordinates to the digit.
     static std::optional<OutputFormat> for_file(const std::string& file);
 
     GDALDriver& driver() const { return *driver_; }
@@ -24,6 +25,9 @@ public:
     /// Whether it holds degrees, to which GDAL turns the coordinates of whatever CRS they are in. Without a CRS
     /// it takes metres for degrees.
     bool holds_degrees() const;
+
+    /// Whether a feature without a geometry is lost.
+    bool needs_geometry() const;
 
     /// For the creation of a layer.
     CPLStringList layer_options() const;

@@ -10,15 +10,13 @@
 
 #include "boundary.h"
 #include "csv_points.h"
+#include "vector_file.h"
 
 namespace tool {
 namespace {
 
 // A list longer than this is not read, it is looked up.
 constexpr std::size_t kMaxListed = 5;
-
-// Where a CSV file has its geometry.
-constexpr const char* kWktColumns = "WKT,geom,geometry,wkt_geom,the_geom";
 
 // A text longer than this is quoted by its beginning.
 constexpr std::size_t kMaxQuoted = 40;
@@ -51,19 +49,6 @@ std::string why_not_opened(const std::string& file, const GdalMessages& messages
         return "not a table that GDAL can read; a CSV file needs a header and at least two columns";
     return "not a vector file that GDAL can read" + messages.remark() +
            "; convert it, for example to GeoPackage";
-}
-
-// By the driver that will open it; the others would warn of options that they do not know.
-CPLStringList open_options(const std::string& file)
-{
-    CPLStringList options;
-    const GDALDriverH driver = GDALIdentifyDriverEx(file.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
-    const std::string format = driver != nullptr ? GDALGetDriverShortName(driver) : "";
-    if (format == "CSV")
-        options.SetNameValue("GEOM_POSSIBLE_NAMES", kWktColumns);
-    if (format == "GML")
-        options.SetNameValue("WRITE_GFS", "NO");  // a reader leaves nothing behind
-    return options;
 }
 
 // The geometry of a CSV row as it stands there; empty in other formats.
@@ -101,14 +86,6 @@ void require_open(bool opened, const std::string& file, const GdalMessages& mess
 {
     if (!opened)
         refuse(file, why_not_opened(file, messages));
-}
-
-GDALDatasetUniquePtr open_dataset(const std::string& file)
-{
-    const unsigned flags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
-    const CPLStringList options = open_options(file);
-    CPLErrorReset();
-    return GDALDatasetUniquePtr(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
 }
 
 std::vector<OGRLayer*> chosen_layers(GDALDataset& dataset, const Source& source)
@@ -149,9 +126,10 @@ ParcelFile::ParcelFile(const Source& source) : source_(source)
 {
     GDALAllRegister();
     messages_.clear();
-    dataset_ = open_dataset(source_.file);
+    dataset_ = open_vector_file(source_.file);
     require_open(dataset_ != nullptr, source_.file, messages_);
     const std::vector<OGRLayer*> layers = chosen_layers(*dataset_, source_);
+    opening_remark_ = messages_.remark();
     messages_.clear();
     if (is_format("CSV") && layers.size() == 1 && layers[0]->GetGeomType() == wkbNone &&
         find_point_columns(*layers[0]->GetLayerDefn())) {
@@ -255,7 +233,8 @@ void ParcelFile::refuse_nothing_found(const Count& count) const
         throw Failure(ExitStatus::wrong_use, source_.file + ": --where '" + *source_.where +
                                                  "' lets no feature through; list them with ogrinfo -al");
     if (count.others == 0)
-        refuse(source_.file, "there is no feature in it; draw the parcel as a polygon");
+        refuse(source_.file,
+               "there is no feature in it" + opening_remark_ + "; draw the parcel as a polygon");
     if (count.other_kind.empty() && !count.without_geometry.empty())
         refuse(source_.file + ": " + count.without_geometry, kNoGeometry);
     std::string what =
@@ -272,7 +251,7 @@ void ParcelFile::refuse_nothing_found(const Count& count) const
 // that grows when it is read again with finer steps had an arc.
 void ParcelFile::rewind_with_fine_arcs()
 {
-    fine_dataset_ = open_dataset(source_.file);
+    fine_dataset_ = open_vector_file(source_.file);
     require_open(fine_dataset_ != nullptr, source_.file, messages_);
     fine_layer_ = fine_dataset_->GetLayerByName(layer_->GetName());
     if (fine_layer_ != nullptr)
@@ -370,12 +349,6 @@ ReadParcel read_parcel(const Source& source)
     if (read->problem)
         throw *read->problem;
     return std::move(*read);
-}
-
-bool is_wkt_column(const std::string& name)
-{
-    const CPLStringList columns(CSLTokenizeString2(kWktColumns, ",", 0));
-    return columns.FindString(name.c_str()) >= 0;
 }
 
 }  // namespace tool

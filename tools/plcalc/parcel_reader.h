@@ -78,6 +78,7 @@ private:
 
     Source source_;
     GdalMessages messages_;
+    std::string opening_remark_;  // what GDAL said of a file that it opened all the same
     GDALDatasetUniquePtr dataset_;
     GDALDatasetUniquePtr fine_dataset_;  // DXF: read with finer chords, in step with the other
     OGRLayer* layer_ = nullptr;
@@ -93,8 +94,5 @@ private:
 ///
 /// @throws Failure  as ParcelFile; also when there are several, and for whatever is wrong with the parcel
 ReadParcel read_parcel(const Source& source);
-
-/// Whether a field of a CSV file is its geometry, which comes as such.
-bool is_wkt_column(const std::string& name);
 
 }  // namespace tool

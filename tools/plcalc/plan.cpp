@@ -211,11 +211,11 @@ AtFoot what_goes_to_the_foot(const Plan& plan, Paper paper)
 
 }  // namespace
 
-void draw_plan(const Plan& plan, Paper paper, const std::string& path)
+void draw_plan(const Plan& plan, Paper paper, const std::string& path, const std::string& name)
 {
     const AtFoot at_foot = what_goes_to_the_foot(plan, paper);
     const PlanLayout layout = layout_for(plan, paper, at_foot);
-    Canvas canvas(path, layout.sheet());
+    Canvas canvas(path, layout.sheet(), name);
     Drawing(plan, paper, layout, canvas).draw(at_foot);
 }
 

@@ -32,7 +32,8 @@ struct Plan {
 /// numbered vertices, north arrow, scale bar. True to a round scale.
 ///
 /// @param[in] path   .svg, .pdf or .png
+/// @param[in] name   of the file in messages
 /// @throws Failure   failed when the file cannot be written
-void draw_plan(const Plan& plan, Paper paper, const std::string& path);
+void draw_plan(const Plan& plan, Paper paper, const std::string& path, const std::string& name);
 
 }  // namespace tool

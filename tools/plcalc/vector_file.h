@@ -1,0 +1,20 @@
+#pragma once
+
+// How a vector file is opened, to read parcels and to read back what was written.
+
+#include <string>
+
+#include <gdal_priv.h>
+
+namespace tool {
+
+/// Opens a file for reading; null, and GDAL has told why, when it cannot be. Leaves nothing beside it.
+GDALDatasetUniquePtr open_vector_file(const std::string& file);
+
+/// Names of columns where a CSV file has its geometry, separated by commas.
+constexpr const char* kWktColumns = "WKT,geom,geometry,wkt_geom,the_geom";
+
+/// Whether a field of a CSV file is its geometry, which comes as such.
+bool is_wkt_column(const std::string& name);
+
+}  // namespace tool
