@@ -52,10 +52,9 @@ WidePoint about_unit(const WidePoint& v)
 WidePoint up_direction(const Stage& stage, const Reference& reference, double turn)
 {
     const WidePoint run = about_unit(from_to(reference.a, reference.b));
-    const WidePoint inwards = {-run.y * turn, run.x * turn};
-    const WidePoint up = reference.cut == Cut::parallel ? inwards : run;
     if (stage.cut == Cut::perpendicular)
-        return up;
+        return run;
+    const WidePoint up = reference.cut == Cut::parallel ? WidePoint{-run.y, run.x} : run;
     // The base side is the parcel's own, or a line that was cut before: into what is left.
     const WidePoint side = from_to(stage.ring[stage.index], around(stage.ring, stage.index + 1));
     const WidePoint into = {-side.y * turn, side.x * turn};

@@ -84,6 +84,7 @@ TEST(Amounts, AreRefusedWithTheOneAtFault)
         {"a share of a NaN", {share(1, kNan)}, 0},
         {"a share with nothing below", {share(1, 0)}, 0},
         {"a number that no one means", {area(1e-201)}, 0},
+        {"a third of two such", {share(1e201, 3e201)}, 0},
         {"everything", {area(900)}, 0},
         {"more than everything", {area(901)}, 0},
         {"three halves", {share(3, 2)}, 0},

@@ -64,6 +64,10 @@ TEST(Judge, TellsLinesThatDivideFromThoseThatDoNot)
         {"across one arm", {{30, 70}, 5, {0, 70}, 7, true}, 900, Verdict::divides},
         {"across both arms and the gap", {{100, 70}, 1, {0, 70}, 7, true}, 3600, Verdict::leaves_the_parcel},
         {"across the gap alone", {{70, 70}, 3, {30, 70}, 5, true}, 1200, Verdict::leaves_the_parcel},
+        {"across the gap, the other piece",
+         {{70, 70}, 3, {30, 70}, 5, false},
+         1200,
+         Verdict::leaves_the_parcel},
         {"along the gap's floor", {{100, 40}, 1, {0, 40}, 7, true}, 3600, Verdict::leaves_the_parcel},
         {"to the gap's corner, as its one side", {{100, 40}, 1, {70, 40}, 3, true}, 1800, Verdict::divides},
         {"to the same, as its other side", {{100, 40}, 1, {70, 40}, 4, true}, 1800, Verdict::divides},
@@ -77,6 +81,11 @@ TEST(Judge, TellsLinesThatDivideFromThoseThatDoNot)
          5600 + 2e-9 * kArea,
          Verdict::misses},
         {"an end beside its side", {{100, 20}, 1, {1e-9, 20}, 7, true}, 5600, Verdict::misses},
+        {"an end within 2.4 spacings of its side",
+         {{100, 20}, 1, {5.3e-14, 20}, 7, true},
+         5600,
+         Verdict::divides},
+        {"an end within 2.6", {{100, 20}, 1, {5.8e-14, 20}, 7, true}, 5600, Verdict::misses},
         {"an end beyond its side", {{100, 120}, 1, {0, 20}, 7, true}, 600, Verdict::misses},
         {"no length", {{100, 0}, 0, {100, 0}, 1, true}, 1, Verdict::misses},
     };
@@ -125,6 +134,28 @@ TEST(Judge, ALineThatPassesAVertexWithinFourRoundingsTouchesIt)
     EXPECT_EQ(above(0x1p-48), Verdict::leaves_the_parcel);  // 3.6e-15
     EXPECT_EQ(above(8.5e-14), Verdict::leaves_the_parcel);  // 3.8 spacings
     EXPECT_EQ(above(9.5e-14), Verdict::divides);            // 4.3
+}
+
+TEST(Judge, AVertexNearAnEndIsTouchedTheSame)
+{
+    // The notch reaches to five spacings from the left side, on which the line ends: 1.2e-13, where 9e-14 count
+    // as the end itself.
+    const Ring notched = {{0, 0}, {45, 0}, {1.2e-13, 20}, {55, 0}, {100, 0}, {100, 50}, {0, 50}};
+    const double height = 20.0 + 2e-14;
+    EXPECT_EQ(verdict(notched, {{100, height}, 4, {0, height}, 6, true}, 100.0 * (50.0 - height), 4900.0),
+              Verdict::leaves_the_parcel);
+}
+
+TEST(Judge, ASideThatTheEndsRoundingBendsOverAVertexIsNotSimple)
+{
+    // A notch ends 1e-20 above the side from (0, -1) to (100, 1). The line's end on that side, (55, 0.1), lies
+    // 5.6e-18 too high, as doubles go, and the side to it passes above the notch's tip.
+    const Ring ring = {{0, -1}, {100, 1}, {100, 50}, {51, 50}, {50, 1e-20}, {49, 50}, {0, 50}};
+    const double parcel = 4950.0;
+    const double left = 55.0 * 50.0 + 0.5 * (1.0 - 0.1) * 55.0 - 50.0;
+    EXPECT_EQ(verdict(ring, {{55, 0.1}, 0, {55, 50}, 2, true}, parcel - left, parcel),
+              Verdict::leaves_the_parcel);
+    EXPECT_EQ(verdict(ring, {{55, 0.1}, 0, {55, 50}, 2, false}, left, parcel), Verdict::leaves_the_parcel);
 }
 
 TEST(Judge, CutsTheRingInTwo)

@@ -110,8 +110,24 @@ TEST(LevelCut, AllLinesBestFirst)
     EXPECT_EQ(levels(7.5 * square), (std::vector<double>{3584.0, 1536.0}));
     // Half of the right arm, beside the left arm, and the left arm is not that large.
     EXPECT_EQ(levels(5.5 * square), (std::vector<double>{1536.0}));
+    // The whole less all of the left arm: between its lines the floor's does not count.
+    EXPECT_EQ(levels(7.0 * square), (std::vector<double>{3072.0, 1024.0}));
     // Below the gap's floor the line cuts across: no more than 4. Above it, an arm off is 5 at least.
     EXPECT_EQ(levels(4.5 * square), (std::vector<double>{}));
+}
+
+TEST(LevelCut, AtAFloorOnlyTheLinesInTheArmCount)
+{
+    // The same seen downwards, where the floor is the upper end of the arms.
+    const double square = 0x1p20;
+    LevelRequest wanted = upwards(7.0 * square, 8.0 * square);
+    wanted.up = {0.0, -1.0};
+    wanted.from_base = false;
+    const LocalRing local(kU);
+    const std::vector<Chord> lines = LevelCut(local, wanted).all_lines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_BITS(level_of(lines[0]), 3072.0);
+    EXPECT_BITS(level_of(lines[1]), 1024.0);
 }
 
 TEST(LevelCut, ThatGoWithTheBaseSideBeforeThoseBehindIt)
