@@ -440,6 +440,26 @@ TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
     EXPECT_TRUE(tip.bare[0].done);
     EXPECT_GT(std::fabs(tip.bare[0].line.start.y - tip.lines[0].from.y), 1e-3);
     EXPECT_EQ(tip.lines[0].found, Found::by_search);
+
+    // Along x, for which the search must see it turned: its bearings jump there.
+    const Ring sliver = {{1241.4290473638928, -0.00042588373025160647},
+                         {4384.2583081273888, -6.7610674937993364e-05},
+                         {-1321.6067081514782, 0.00042346424828915781}};
+    const Division across = divide(sliver, request(Cut::perpendicular, 1, {share(5, 12)}));
+    ASSERT_EQ(across.status, Status::divided);
+    EXPECT_EQ(across.lines[0].found, Found::by_search);
+}
+
+TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
+{
+    // The search ends at y = 1.15, across both arms and 97 units of the parcel's frame off.
+    const Ring u = {{0, 0}, {13, 0}, {13, 2}, {8, 2}, {8, 1}, {4, 1}, {4, 2}, {0, 2}};
+    const Division division = divide(u, request(Cut::perpendicular, 3, {share(1, 2)}));
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_TRUE(division.bare[0].done);
+    EXPECT_NEAR(division.bare[0].line.start.y, 1.0 + 2.0 / 13.0, 1e-3);
+    EXPECT_NEAR(division.lines[0].from.y, 11.0 / 13.0, 1e-15);
+    EXPECT_EQ(division.lines[0].found, Found::by_sweep);
 }
 
 TEST(Division, ResidualIsThatOfTheUnroundedNumbers)
@@ -457,20 +477,22 @@ TEST(Division, ResidualIsThatOfTheUnroundedNumbers)
 
 TEST(Division, LinesToAReentrantCornerOfAnyDirection)
 {
-    // An L on the lattice, turned by (a, b): the line to its corner holds two squares, and cuts of that kind end
-    // there from one side only. Where the line's level is rounded, it is still found.
-    for (int a = 1; a <= 12; ++a) {
-        for (int b = 0; b <= 12; ++b) {
-            SCOPED_TRACE(std::to_string(a) + ", " + std::to_string(b));
+    // An L on the lattice, its arm widening up to a height, turned by (a, b). A line that cuts off more than the
+    // arm leaves it, so that the one to the corner is found from one side only, however the share of the slanted
+    // side at which its other end lies is rounded.
+    for (int height = 4; height <= 30; ++height) {
+        for (int a = 1; a <= 7; ++a) {
+            const int b = 8 - a;
+            SCOPED_TRACE(std::to_string(height) + ", " + std::to_string(a));
             const auto at = [&](int i, int j) {
                 return PL_PNT2D_record{1.0 * (i * a - j * b), 1.0 * (i * b + j * a)};
             };
-            const Ring ring = {at(0, 0), at(5, 0), at(5, 1), at(1, 1), at(1, 3), at(0, 3)};
-            const Division division =
-                divide(ring, request(Cut::parallel, 0, {area(2.0 * (a * a + b * b))}, kThere));
+            const Ring ring = {at(0, 0), at(15, 0), at(15, 3), at(3, 3), at(3, height), at(-height, height)};
+            const double arm = 0.5 * (6 + 3 + height) * (height - 3) * (a * a + b * b);
+            const Division division = divide(ring, request(Cut::parallel, 0, {area(arm)}, kThere));
             ASSERT_EQ(division.status, Status::divided) << describe(division.status);
-            EXPECT_POINT(division.lines[0].from, (at(0, 1)));
-            EXPECT_POINT(division.lines[0].to, (at(1, 1)));
+            EXPECT_POINT(division.lines[0].from, (at(-3, 3)));
+            EXPECT_POINT(division.lines[0].to, (at(3, 3)));
         }
     }
 }
