@@ -88,7 +88,8 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
     chord.from = on_side(chord.from_side, level);
     chord.to = on_side(chord.to_side, level);
 
-    const bool on_base = request_.base == chord.from_side || request_.base == chord.to_side;
+    // What lies ahead of a perpendicular runs along its base side from there.
+    const bool on_base = request_.base == chord.from_side;
     const Wide base_middle = (frame_[request_.base].y + frame_at(request_.base + 1).y) * 0.5;
     found.preferred = request_.from_base ? level > 0.0 : on_base;
     found.alone = meets_twice_only(trapezium, level);

@@ -95,6 +95,22 @@ bool pair_meets(const Ring& ring, std::size_t i, std::size_t j)
     return segments_meet(ring[i], around(ring, i + 1), ring[j], around(ring, j + 1));
 }
 
+using Axis = double PL_PNT2D_record::*;
+
+// Along which the sides are shorter beside the ring's extent, so that fewer of them lie beside each other: a comb
+// whose teeth lie along x has all of them beside each other there.
+Axis axis_of_short_sides(const Ring& ring)
+{
+    double along_x = 0.0;
+    double along_y = 0.0;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        along_x += std::fabs(around(ring, i + 1).x - ring[i].x);
+        along_y += std::fabs(around(ring, i + 1).y - ring[i].y);
+    }
+    const Extent extent = extent_of(ring);
+    return along_x * extent.height() <= along_y * extent.width() ? &PL_PNT2D_record::x : &PL_PNT2D_record::y;
+}
+
 // The side's index in the ring as it was handed over.
 std::size_t side_as_given(const CleanRing& clean, std::size_t side)
 {
@@ -136,17 +152,20 @@ double perimeter_of(const Ring& ring)
 
 }  // namespace
 
-// Sides in the order of their western ends: each is held against those that begin before it ends.
+// Sides in the order of their western ends, or of their southern ones: each is held against those that begin before
+// it ends.
 bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2)
 {
-    const auto west = [&ring](std::size_t i) { return std::min(ring[i].x, around(ring, i + 1).x); };
-    const auto east = [&ring](std::size_t i) { return std::max(ring[i].x, around(ring, i + 1).x); };
+    const Axis axis = axis_of_short_sides(ring);
+    const auto low = [&](std::size_t i) { return std::min(ring[i].*axis, around(ring, i + 1).*axis); };
+    const auto high = [&](std::size_t i) { return std::max(ring[i].*axis, around(ring, i + 1).*axis); };
     std::vector<std::size_t> order(ring.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::stable_sort(order.begin(), order.end(),
-                     [&west](std::size_t i, std::size_t j) { return west(i) < west(j); });
+                     [&low](std::size_t i, std::size_t j) { return low(i) < low(j); });
     for (std::size_t k = 0; k < order.size(); ++k) {
-        for (std::size_t m = k + 1; m < order.size() && west(order[m]) <= east(order[k]); ++m) {
+        const double end = high(order[k]);
+        for (std::size_t m = k + 1; m < order.size() && low(order[m]) <= end; ++m) {
             if (!pair_meets(ring, order[k], order[m]))
                 continue;
             side1 = order[k];

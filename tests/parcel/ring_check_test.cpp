@@ -121,6 +121,14 @@ TEST(RingCheck, NamesTheSidesThatMeetAsTheyWereCounted)
     EXPECT_EQ(report.status, Status::ring_not_simple);
     EXPECT_EQ(report.meeting_sides[0], 0U);
     EXPECT_EQ(report.meeting_sides[1], 3U);
+
+    // The lower one first, wherever they lie.
+    for (const Ring& ring : {Ring{{2, 0}, {4, 2}, {4, 0}, {0, 2}}, Ring{{0, 2}, {2, 4}, {0, 4}, {2, 0}}}) {
+        const RingReport crossed = check_ring(ring);
+        EXPECT_EQ(crossed.status, Status::ring_not_simple);
+        EXPECT_EQ(crossed.meeting_sides[0], 0U);
+        EXPECT_EQ(crossed.meeting_sides[1], 2U);
+    }
 }
 
 }  // namespace
