@@ -180,6 +180,24 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
     expect_divided(divide("plain.geojson", kStrip));
 }
 
+TEST_F(Formats, AxesRunEastAndNorth)
+{
+    make("west.gpkg", "GPKG", {"lot"}, {kLot}, 2053);
+    EXPECT_TRUE(test::fails_with(divide("west.gpkg", kStrip), 3,
+                                 "west.gpkg: feature 1: the coordinates count to the West (Hartebeesthoek94 "
+                                 "/ Lo29), not to the East and "
+                                 "North; project them first, for example with ogr2ogr -t_srs EPSG:32632"));
+    // Northing first on paper, Easting first in files; a grid around a pole.
+    for (const int epsg : {31467, 2393, 5514, 3031, 32661}) {
+        SCOPED_TRACE(epsg);
+        const std::string name = "lot" + std::to_string(epsg) + ".gpkg";
+        make(name, "GPKG", {"lot"}, {kLot}, epsg);
+        expect_divided(divide(name, kStrip));
+    }
+    make("lot.gml", "GML", {"lot"}, {kLot}, 31467);
+    expect_divided(divide("lot.gml", kStrip));
+}
+
 // A closed polyline, on layer 0, with a bulge after vertex 2: tan of a quarter of the arc's angle.
 std::string dxf(const std::string& flag, const std::string& bulge)
 {

@@ -71,6 +71,22 @@ bool may_be_degrees(const Ring& ring)
     return true;
 }
 
+// South African and old Bohemian grids, among others: bearings and sides would come out mirrored or turned.
+bool counts_westwards(const OGRSpatialReference& crs)
+{
+    for (const int axis : {0, 1}) {
+        OGRAxisOrientation orientation = OAO_Other;
+        if (crs.GetAxis(nullptr, axis, &orientation) != nullptr && orientation == OAO_West)
+            return true;
+    }
+    return false;
+}
+
+std::string name_of(const OGRSpatialReference& crs)
+{
+    return crs.GetName() != nullptr ? crs.GetName() : "no name";
+}
+
 }  // namespace
 
 bool bounds_area(const OGRGeometry& geometry)
@@ -132,9 +148,15 @@ Ring usable_ring(Ring vertices, const std::string& where)
 
 void require_plane(const OGRSpatialReference* crs, bool stated, const Ring& ring, const std::string& where)
 {
-    if (crs == nullptr || (!crs->IsGeographic() && !crs->IsGeocentric()))
+    if (crs == nullptr)
         return;
-    const std::string name = crs->GetName() != nullptr ? crs->GetName() : "no name";
+    const std::string name = name_of(*crs);
+    if (crs->IsProjected() && counts_westwards(*crs))
+        refuse(where, "the coordinates count to the West (" + name +
+                          "), not to the East and North; project them first, for example with ogr2ogr -t_srs "
+                          "EPSG:32632");
+    if (!crs->IsGeographic() && !crs->IsGeocentric())
+        return;
     // What a GeoPackage says of a layer that was written without a CRS.
     if (name == "Undefined geographic SRS")
         return;

@@ -34,7 +34,7 @@ plparcel::Ring usable_ring(plparcel::Ring vertices, const std::string& where);
 ///                    not believed then where the coordinates cannot be degrees
 /// @param[in] ring    the coordinates
 /// @param[in] where   file and feature, for messages
-/// @throws Failure    unusable_input for degrees and for geocentric coordinates
+/// @throws Failure    unusable_input for degrees, for geocentric coordinates and for such as count to the West
 void require_plane(const OGRSpatialReference* crs, bool stated, const plparcel::Ring& ring,
                    const std::string& where);
 

@@ -35,8 +35,8 @@ public:
     /// @return why it was refused; empty when it was divided
     std::string add(const ReadParcel& read, const PrintedDivision* printed);
 
-    /// Rows, where they were kept, and summary. Its status is not `done` when a parcel was refused: that of the refusal, the smallest
-    /// when there are several.
+    /// Rows, where they were kept, and summary. Its status is not `done` when a parcel was refused: that of the
+    /// refusal, the smallest when there are several.
     ///
     /// @param[in] passed_over  features that bound no area
     Output table(std::size_t passed_over) const;
