@@ -154,6 +154,16 @@ TEST_F(Formats, LayersAndFeatures)
     expect_divided(divide("lots.gpkg", std::string("--layer yards --feature 1 ") + kStrip));
 }
 
+TEST_F(Formats, AFilterThatADatabaseDoesNotUnderstand)
+{
+    make("lots.gpkg", "GPKG", {"lots"}, {kLot, kLot}, 32632);
+    const test::Result run = divide("lots.gpkg", std::string("--where ownr='Rossi' ") + kStrip);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err.rfind("plcalc: lots.gpkg: --where 'ownr='Rossi'' cannot be understood (", 0), 0u)
+        << run.err;
+    expect_divided(divide("lots.gpkg", std::string("--where fid=2 ") + kStrip));
+}
+
 TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
 {
     const char* const degrees = "POLYGON ((9 45, 9.1 45, 9.1 45.1, 9 45))";

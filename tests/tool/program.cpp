@@ -75,7 +75,8 @@ Result ProgramTest::run(const std::vector<std::string>& arguments) const
     return result;
 }
 
-Result ProgramTest::run_on_terminal(const std::vector<std::string>& arguments, const char* no_color) const
+Result ProgramTest::run_on_terminal(const std::vector<std::string>& arguments, const char* no_color,
+                                    const char* term) const
 {
     Result result;
     int terminal = -1;
@@ -87,6 +88,7 @@ Result ProgramTest::run_on_terminal(const std::vector<std::string>& arguments, c
         for (const std::string& text : arguments)
             words.push_back(const_cast<char*>(text.c_str()));
         words.push_back(nullptr);
+        setenv("TERM", term, 1);
         unsetenv("NO_COLOR");
         if (no_color != nullptr)
             setenv("NO_COLOR", no_color, 1);

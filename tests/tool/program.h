@@ -30,7 +30,9 @@ protected:
     /// Runs it with stdout and stderr on a terminal, and tells what the terminal got; in `out`.
     ///
     /// @param[in] no_color  value of NO_COLOR; null when it is not set
-    Result run_on_terminal(const std::vector<std::string>& arguments, const char* no_color) const;
+    /// @param[in] term      value of TERM
+    Result run_on_terminal(const std::vector<std::string>& arguments, const char* no_color,
+                           const char* term = "xterm") const;
 
     /// `plcalc divide FILE`, the other arguments separated by blanks.
     Result divide(const std::string& file, const std::string& arguments) const;

@@ -72,6 +72,7 @@ TEST_F(Terminal, MessagesAreRedUnlessNoColorIsSet)
     EXPECT_EQ(run_on_terminal(words, nullptr).out.rfind(red, 0), 0u);
     EXPECT_EQ(run_on_terminal(words, "").out.rfind(red, 0), 0u) << "empty is not set";
     EXPECT_EQ(run_on_terminal(words, "1").out.rfind("plcalc: missing.csv: ", 0), 0u);
+    EXPECT_EQ(run_on_terminal(words, nullptr, "dumb").out.rfind("plcalc: missing.csv: ", 0), 0u);
     EXPECT_EQ(run(words).err.rfind("plcalc: missing.csv: ", 0), 0u) << "nor in a file";
     EXPECT_EQ(run_on_terminal(words, nullptr).status, 3);
 }
@@ -82,6 +83,9 @@ TEST_F(Terminal, AProgressBarComesAndGoes)
     const test::Result shown =
         run_on_terminal({"divide", "many.csv", "--parallel", "1", "--parts", "2", "-o", "a.gpkg"}, nullptr);
     EXPECT_EQ(shown.status, 0);
+    const test::Result dumb = run_on_terminal(
+        {"divide", "many.csv", "--parallel", "1", "--parts", "2", "-o", "b.gpkg"}, nullptr, "dumb");
+    EXPECT_EQ(dumb.out, "Divided  20000 of 20000 parcels\r\nWritten  b.gpkg\r\n");
     const std::size_t bar = shown.out.find("dividing [");
     EXPECT_NE(bar, std::string::npos) << shown.out.substr(0, 200);
     EXPECT_NE(shown.out.find(" of 20000", bar), std::string::npos);

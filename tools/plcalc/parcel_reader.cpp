@@ -103,9 +103,17 @@ std::vector<OGRLayer*> chosen_layers(GDALDataset& dataset, const Source& source)
     return layers;
 }
 
-void set_filter(OGRLayer& layer, const Source& source, const GdalMessages& messages)
+// A database understands a filter, or does not, when the first feature is asked for.
+void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages)
 {
-    if (source.where && layer.SetAttributeFilter(source.where->c_str()) != OGRERR_NONE)
+    if (!source.where)
+        return;
+    messages.clear();
+    const bool set = layer.SetAttributeFilter(source.where->c_str()) == OGRERR_NONE;
+    if (set)
+        OGRFeatureUniquePtr(layer.GetNextFeature());
+    layer.ResetReading();
+    if (!set || messages.failed())
         throw Failure(ExitStatus::wrong_use, source.file + ": --where '" + *source.where +
                                                  "' cannot be understood" + messages.remark() +
                                                  "; compare columns as in \"owner = 'Rossi'\"");
@@ -167,7 +175,7 @@ bool ParcelFile::fits(const OGRFeature& feature) const
     if (source_.feature)
         return feature.GetFID() == *source_.feature;
     const OGRGeometry* geometry = feature.GetGeometryRef();
-    return geometry != nullptr ? bounds_area(*geometry) : has_broken_wkt(feature);
+    return geometry != nullptr ? bounds_area(*geometry) : is_format("CSV") && has_broken_wkt(feature);
 }
 
 ParcelFile::Count ParcelFile::count_in(OGRLayer& layer)
@@ -269,7 +277,7 @@ void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer,
 
 Parcel ParcelFile::check(const OGRFeature& feature, OGRFeature* finer, const std::string& where) const
 {
-    if (has_broken_wkt(feature))
+    if (is_format("CSV") && has_broken_wkt(feature))
         refuse_broken_wkt(feature, where);
     const OGRGeometry* geometry = feature.GetGeometryRef();
     if (geometry == nullptr)

@@ -1,6 +1,7 @@
 #include "terminal.h"
 
 #include <cstdlib>
+#include <cstring>
 
 #include <unistd.h>
 
@@ -8,7 +9,8 @@ namespace tool {
 
 bool stderr_is_terminal()
 {
-    return isatty(STDERR_FILENO) != 0;
+    const char* const kind = std::getenv("TERM");
+    return isatty(STDERR_FILENO) != 0 && kind != nullptr && std::strcmp(kind, "dumb") != 0;
 }
 
 std::string alarming(const std::string& text)
