@@ -16,6 +16,9 @@ constexpr double kAreaSize = 10.0;
 constexpr double kLabelSize = 8.0;
 constexpr double kSmallSize = 6.5;
 
+// A side with room for so many times its length leaves enough to the numbers of its vertices.
+constexpr double kLongSide = 1.3;
+
 // More areas beside their pieces than these are a thicket of hair lines.
 constexpr std::size_t kMaxBeside = 12;
 
@@ -71,12 +74,14 @@ PlanLabels::PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canva
         places_.add_line(layout_.at(line.start), layout_.at(line.end));
 }
 
-// Sides before the ends that part them: a length off its side's middle would be taken for a part's.
+// Long sides before the ends that part them: a length off its side's middle would be taken for a part's. Ends before
+// the vertices, which may be so many that nothing else finds a place.
 AtFoot PlanLabels::draw()
 {
-    label_vertices();
-    label_sides();
+    label_sides(true);
     label_line_ends();
+    label_vertices();
+    label_sides(false);
     if (at_foot_.pieces)
         number_pieces();
     else
@@ -144,10 +149,18 @@ void PlanLabels::label_line_ends()
     }
 }
 
-void PlanLabels::label_sides()
+// How many times the length of a side has room along it.
+double PlanLabels::room_along(std::size_t side)
+{
+    const double length =
+        length_of({vertex(side + 1).x - vertex(side).x, vertex(side + 1).y - vertex(side).y});
+    return length / canvas_.size_of(side_text(plan_, side), kSmallSize).x;
+}
+
+void PlanLabels::label_sides(bool long_ones)
 {
     for (std::size_t i = 0; i < outline_.size(); ++i)
-        if (at_foot_.sides.count(i) == 0 && !label_side(i))
+        if (at_foot_.sides.count(i) == 0 && (room_along(i) > kLongSide) == long_ones && !label_side(i))
             at_foot_.sides.insert(i);
     // A few beside the drawing and most at the foot would be looked for in both.
     for (std::size_t i = 0; 2 * at_foot_.sides.size() > outline_.size() && i < outline_.size(); ++i)
@@ -166,7 +179,7 @@ bool PlanLabels::label_side(std::size_t side)
     for (const double part : {0.5, 0.35, 0.65, 0.25, 0.75})
         beside.push_back(moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, out, 7.0));
     const SheetPoint middle = {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
-    const bool fits = length_of({b.x - a.x, b.y - a.y}) > extent.x;
+    const bool fits = room_along(side) > 1.0;
     const double angle = fits ? reading_angle(a, b) : 0.0;
     const auto place = fits ? first_along(beside, extent, angle)
                             : places_.first_free(outside_of(middle, out, extent), extent);

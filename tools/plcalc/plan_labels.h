@@ -20,7 +20,7 @@ public:
     /// @param[in] at_foot  what the table at the foot tells, and the drawing need not
     PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot);
 
-    /// Draws them: vertices, sides, ends of lines, pieces.
+    /// Draws them: sides, ends of lines, vertices, pieces.
     ///
     /// @return what the foot must tell, because there was no place for it
     AtFoot draw();
@@ -36,7 +36,8 @@ private:
     void label_vertices();
     void label_line_ends();
 
-    void label_sides();
+    double room_along(std::size_t side);
+    void label_sides(bool long_ones);
     bool label_side(std::size_t side);
     std::vector<SheetPoint> outside_of(const SheetPoint& middle, const SheetPoint& out,
                                        const SheetPoint& extent) const;
