@@ -208,11 +208,11 @@ TEST_F(Writer, DegreesComeFromTheCrs)
                                               "out.geojsonl", "out.kml", "plain.csv"}));
 }
 
-TEST_F(Writer, FormatsThatRoundAreRefused)
+TEST_F(Writer, FormatsThatRoundOrCannotBeReadBackAreRefused)
 {
     write_lots();
-    for (const std::string out :
-         {"out.tab", "out.dgn", "out.gxt", "out.itf", "out.mvt", "out.gdb", "out.pdf"})
+    for (const std::string out : {"out.tab", "out.dgn", "out.gxt", "out.itf", "out.mvt", "out.gdb", "out.pdf",
+                                  "out.kmz", "out.txt", "out.sql"})
         EXPECT_TRUE(
             test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
                              "--output: no format with the ending of '" + out +
