@@ -52,6 +52,8 @@ bool touches_a_vertex(const Ring& ring, const Cutting& cutting, double reach)
     const WidePoint run = from_to(cutting.from, cutting.to);
     const double length = length_of(run);
     return std::any_of(ring.begin(), ring.end(), [&](const PL_PNT2D_record& v) {
+        if (!boxes_meet(v, v, cutting.from, cutting.to, 2.0 * reach))
+            return false;
         const WidePoint w = from_to(cutting.from, v);
         const double along = (dot(run, w) / length).value();
         const double off = (cross(run, w) / length).value();
@@ -78,11 +80,15 @@ Ring walk(const Ring& ring, const PL_PNT2D_record& start, std::size_t side, cons
     return piece;
 }
 
-bool holds(const Wide& got, const Wide& asked, const Target& target)
+double tolerance_of(const Target& target)
 {
     const double smaller = std::min(target.asked.value(), target.rest.value());
-    const double tolerance = std::min(kOfParcel * target.parcel.value(), kOfSmallerPiece * smaller);
-    return std::fabs((got - asked).value()) <= tolerance;
+    return std::min(kOfParcel * target.parcel.value(), kOfSmallerPiece * smaller);
+}
+
+bool holds(const Wide& got, const Wide& asked, const Target& target)
+{
+    return std::fabs((got - asked).value()) <= tolerance_of(target);
 }
 
 bool are_opposite(const Wide& a, const Wide& b)
@@ -99,7 +105,10 @@ bool crosses_a_side(const Ring& ring, const Cutting& cutting)
         if (side == cutting.from_side || side == cutting.to_side)
             continue;
         const PL_PNT2D_record& a = ring[side];
-        const WidePoint d = from_to(a, around(ring, side + 1));
+        const PL_PNT2D_record& b = around(ring, side + 1);
+        if (!boxes_meet(a, b, cutting.from, cutting.to, 0.0))
+            continue;
+        const WidePoint d = from_to(a, b);
         const WidePoint w = from_to(cutting.from, a);
         if (are_opposite(cross(run, w), cross(run, w + d)) && are_opposite(cross(w, d), cross(w - run, d)))
             return true;
@@ -145,6 +154,38 @@ Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target
     return measure(ring, area_of(ring) > 0.0, chord.request_after_from, target, cutting);
 }
 
+// The area of the piece that holds the request, for any ends of the line: the boundary between the two sides is
+// summed up once, the ends add two triangles to it.
+class AreaByEnds {
+public:
+    AreaByEnds(const Ring& ring, const Chord& chord)
+        : after_from_(chord.request_after_from), turn_(area_of(ring) > 0.0 ? 1.0 : -1.0)
+    {
+        const std::size_t last_side = after_from_ ? chord.to_side : chord.from_side;
+        std::size_t side = after_from_ ? chord.from_side : chord.to_side;
+        while (side != last_side) {
+            side = (side + 1) % ring.size();
+            between_.push_back(ring[side]);
+        }
+        area_between_ = area_of(between_);
+    }
+
+    Wide operator()(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const
+    {
+        const PL_PNT2D_record& first = between_.front();
+        const WidePoint start = from_to(first, after_from_ ? from : to);
+        const WidePoint stop = from_to(first, after_from_ ? to : from);
+        const Wide twice = cross(from_to(first, between_.back()), stop) + cross(stop, start);
+        return (area_between_ + twice * 0.5) * turn_;
+    }
+
+private:
+    bool after_from_;
+    Wide turn_;
+    Ring between_;
+    Wide area_between_;
+};
+
 // The three doubles nearest to a coordinate, the nearest first.
 double rounded(const Wide& v, unsigned rank)
 {
@@ -184,16 +225,21 @@ Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, cons
     cutting.to_side = chord.to_side;
     cutting.from = on_vertex(ring, chord.from_side, {from.x.hi, from.y.hi});
     cutting.to = on_vertex(ring, chord.to_side, {to.x.hi, to.y.hi});
-    Verdict verdict = judge_rounded(ring, chord, target, cutting);
-    // A line that leaves the parcel is not pushed back into it by a rounding.
+    const Verdict verdict = judge_rounded(ring, chord, target, cutting);
+    if (verdict != Verdict::misses)
+        return verdict;  // a line that leaves the parcel is not pushed back into it by a rounding
+    const AreaByEnds area(ring, chord);
     const unsigned of_from = chord.from_vertex ? 1 : kRoundings;
-    for (unsigned choice = 0; choice < of_from * kRoundings && verdict == Verdict::misses; ++choice) {
+    for (unsigned choice = 0; choice < of_from * kRoundings; ++choice) {
         cutting.from = rounded(from, choice % of_from);
         cutting.to = rounded(to, choice / of_from);
-        if (judge_rounded(ring, chord, target, cutting) == Verdict::divides)
+        // Summed up in another order, and so not to the last bit the area that is judged.
+        const bool may_hold =
+            std::fabs((area(cutting.from, cutting.to) - target.asked).value()) <= 2.0 * tolerance_of(target);
+        if (may_hold && judge_rounded(ring, chord, target, cutting) == Verdict::divides)
             return Verdict::divides;
     }
-    return verdict;
+    return Verdict::misses;
 }
 
 }  // namespace plparcel

@@ -54,20 +54,17 @@ bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_r
            p.y <= std::max(a.y, b.y);
 }
 
-bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
-                const PL_PNT2D_record& d)
+// Whether two numbers and what lies between them come within reach of two others.
+bool spans_meet(double a, double b, double c, double d, double reach)
 {
-    return std::max(std::min(a.x, b.x), std::min(c.x, d.x)) <=
-               std::min(std::max(a.x, b.x), std::max(c.x, d.x)) &&
-           std::max(std::min(a.y, b.y), std::min(c.y, d.y)) <=
-               std::min(std::max(a.y, b.y), std::max(c.y, d.y));
+    return std::max(std::min(a, b), std::min(c, d)) <= std::min(std::max(a, b), std::max(c, d)) + reach;
 }
 
 // Two sides without a common vertex.
 bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
                    const PL_PNT2D_record& d)
 {
-    if (!boxes_meet(a, b, c, d))
+    if (!boxes_meet(a, b, c, d, 0.0))
         return false;
     const int c_side = sign(side_of(a, b, c));
     const int d_side = sign(side_of(a, b, d));
@@ -151,6 +148,12 @@ double perimeter_of(const Ring& ring)
 }
 
 }  // namespace
+
+bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
+                const PL_PNT2D_record& d, double reach)
+{
+    return spans_meet(a.x, b.x, c.x, d.x, reach) && spans_meet(a.y, b.y, c.y, d.y, reach);
+}
 
 // Sides in the order of their western ends, or of their southern ones: each is held against those that begin before
 // it ends.

@@ -19,6 +19,11 @@ struct CleanRing {
 
 CleanRing without_repeats(const Ring& ring);
 
+/// Whether the upright boxes of a-b and c-d come within reach of each other: asked first, since most sides and
+/// vertices are nowhere near.
+bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
+                const PL_PNT2D_record& d, double reach);
+
 /// Whether two sides of a ring without repeats meet elsewhere than at a common vertex. Decided with
 /// 106 bits on the differences of coordinates: exactly wherever those are doubles.
 ///
