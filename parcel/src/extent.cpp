@@ -1,9 +1,25 @@
 #include "plparcel/extent.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace plparcel {
+
+double Extent::width() const noexcept
+{
+    return high.x - low.x;
+}
+
+double Extent::height() const noexcept
+{
+    return high.y - low.y;
+}
+
+double Extent::largest() const noexcept
+{
+    return std::max(width(), height());
+}
 
 Extent extent_of(const Ring& ring) noexcept
 {

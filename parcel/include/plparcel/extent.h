@@ -3,8 +3,6 @@
 /// @file
 /// How large a parcel's numbers are: the box around it, and the room between two doubles where it lies.
 
-#include <algorithm>
-
 #include "plparcel/division.h"
 
 namespace plparcel {
@@ -14,9 +12,9 @@ struct Extent {
     PL_PNT2D_record low = {};   ///< south-west corner
     PL_PNT2D_record high = {};  ///< north-east corner
 
-    double width() const noexcept { return high.x - low.x; }
-    double height() const noexcept { return high.y - low.y; }
-    double largest() const noexcept { return std::max(width(), height()); }
+    PLPARCEL_API double width() const noexcept;    ///< east to west, caller's unit
+    PLPARCEL_API double height() const noexcept;   ///< north to south, caller's unit
+    PLPARCEL_API double largest() const noexcept;  ///< the larger of the two
 };
 
 /// @param[in] ring  any ring of finite coordinates
