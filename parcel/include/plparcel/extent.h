@@ -12,9 +12,14 @@ struct Extent {
     PL_PNT2D_record low = {};   ///< south-west corner
     PL_PNT2D_record high = {};  ///< north-east corner
 
-    PLPARCEL_API double width() const noexcept;    ///< east to west, caller's unit
-    PLPARCEL_API double height() const noexcept;   ///< north to south, caller's unit
-    PLPARCEL_API double largest() const noexcept;  ///< the larger of the two
+    /// @return how far it reaches from West to East, caller's unit
+    PLPARCEL_API double width() const noexcept;
+
+    /// @return how far it reaches from South to North, caller's unit
+    PLPARCEL_API double height() const noexcept;
+
+    /// @return the larger of the two, caller's unit
+    PLPARCEL_API double largest() const noexcept;
 };
 
 /// @param[in] ring  any ring of finite coordinates
