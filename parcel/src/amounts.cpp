@@ -1,7 +1,6 @@
 #include "amounts.h"
 
 #include <cmath>
-#include <new>
 
 namespace plparcel {
 namespace {
@@ -100,11 +99,7 @@ std::vector<Amount> equal_parts(std::size_t n)
 {
     if (n < 2)
         return {};
-    std::vector<Amount> parts;
-    if (n - 1 > parts.max_size())
-        throw std::bad_alloc();  // std::length_error otherwise
-    parts.assign(n - 1, share(1.0, static_cast<double>(n)));
-    return parts;
+    return std::vector<Amount>(n - 1, share(1.0, static_cast<double>(n)));
 }
 
 }  // namespace plparcel

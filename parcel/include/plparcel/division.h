@@ -28,8 +28,8 @@
 ///
 /// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are
 /// in that unit squared. The functions keep no state, may be called from any thread and throw nothing but
-/// std::bad_alloc. Results are the same to the last bit on every machine with IEEE doubles, up to the sine and
-/// cosine with which the parcel is turned for CFrazArea.
+/// std::bad_alloc, equal_parts() apart. Results are the same to the last bit on every machine with IEEE doubles,
+/// up to the sine and cosine with which the parcel is turned for CFrazArea.
 
 #include <cstddef>
 #include <vector>
@@ -102,6 +102,8 @@ PLPARCEL_API Amount share(double part, double of) noexcept;
 
 /// @param[in] n  number of parts, 2 or more
 /// @return n - 1 shares of 1/n, which leave the last n-th; none when n is below 2
+///
+/// Degenerate  More parts than a vector can hold: std::length_error, which the vector throws.
 PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
 /// What to cut off.
