@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kMinVertices = 3;
 
-// A parcel of less than this part of the square of its extent is thinner than 106 bits can tell: what its cross
+// A parcel of no more than this part of the square of its extent is thinner than 106 bits can tell: what its cross
 // products come to may be their rounding.
 constexpr double kThinnest = 0x1p-90;
 

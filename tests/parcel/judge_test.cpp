@@ -223,6 +223,39 @@ TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
               Verdict::misses);
 }
 
+// The same strip with either piece as the request, run through either way.
+TEST(Judge, TriesTheNeighboursForEitherPieceAndEitherWayRound)
+{
+    const double e = 0x1p24;
+    const Ring anticlockwise = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
+    const Ring clockwise = {{e, e}, {e, e + 1}, {e + 8, e + 1}, {e + 8, e}};
+    const plparcel::Wide height = plparcel::Wide(0.5) + plparcel::Wide(0x1.8p-30);
+    for (const bool is_clockwise : {false, true}) {
+        const Ring& far = is_clockwise ? clockwise : anticlockwise;
+        const LocalRing local(far);
+        const plparcel::Wide level = plparcel::scaled(height, local.scale_exponent());
+        const plparcel::WidePoint west = {0.0, level};
+        const plparcel::WidePoint east = {plparcel::scaled(8.0, local.scale_exponent()), level};
+        Chord chord;  // the piece after `from` is the southern one
+        chord.from = is_clockwise ? east : west;
+        chord.to = is_clockwise ? west : east;
+        chord.from_side = is_clockwise ? 2 : 3;
+        chord.to_side = is_clockwise ? 0 : 1;
+        for (const bool southern : {true, false}) {
+            SCOPED_TRACE(is_clockwise ? "clockwise" : "anticlockwise");
+            SCOPED_TRACE(southern ? "southern" : "northern");
+            chord.request_after_from = southern;
+            const plparcel::Wide south = height * 8.0;
+            const plparcel::Wide north = plparcel::Wide(8.0) - south;
+            const Target target = southern ? Target{south, north, 8.0} : Target{north, south, 8.0};
+            Cutting cutting;
+            ASSERT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
+            EXPECT_NE(cutting.from.y, cutting.to.y);
+            EXPECT_BITS(std::fabs((cutting.got - target.asked).value()), 0x1p-28);
+        }
+    }
+}
+
 TEST(Judge, AVertexThatALineStartsFromIsNotMoved)
 {
     // A triangle from the first vertex, 8 long; doubles are u = 2^-28 apart. Its height is 3/8 of that below one
