@@ -22,11 +22,11 @@ if(PLCALC_SED)  # without it the contract's paragraphs run together
   set(DOXYGEN_INPUT_FILTER "${PLCALC_SED} -E -f cmake/contract_paragraphs.sed")
 endif()
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
-  ${PROJECT_SOURCE_DIR}/parcel/include)
+  ${PROJECT_SOURCE_DIR}/plparcel/include)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
 set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/docs/mainpage.md)
 set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_HAVE_DOT NO)
-doxygen_add_docs(docs include plutil/include parcel/include docs/mainpage.md
+doxygen_add_docs(docs include plutil/include plparcel/include docs/mainpage.md
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the public headers")

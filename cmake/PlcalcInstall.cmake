@@ -14,7 +14,7 @@ endfunction()
 
 plcalc_install(plutil plutil/include/plutil)
 plcalc_install(plcalc include/plcalc)
-plcalc_install(plparcel parcel/include/plparcel)
+plcalc_install(plparcel plparcel/include/plparcel)
 
 # With the companion, which every other component needs.
 configure_package_config_file(cmake/plcalcConfig.cmake.in ${PROJECT_BINARY_DIR}/plcalcConfig.cmake
@@ -64,7 +64,7 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR}/plutil ${PROJECT_BINARY_DIR}/parcel)
+  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR}/plutil ${PROJECT_BINARY_DIR}/plparcel)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PLUTIL_PACKAGE_NAME plutil)

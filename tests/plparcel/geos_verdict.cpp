@@ -8,7 +8,7 @@
 
 #include "support/parcels.h"
 
-namespace parcel_test {
+namespace plparcel_test {
 namespace {
 
 using plparcel::Cut;
@@ -180,4 +180,4 @@ std::string geos_objection(const witness::Geos& geos, const Ring& ring, const Re
     return "";
 }
 
-}  // namespace parcel_test
+}  // namespace plparcel_test

@@ -185,7 +185,7 @@ TEST(Properties, WhatIsRefusedCannotBeDone)
         const Division division = divide(ring, request);
         const auto parcel = static_cast<double>(std::fabs(test::signed_area(ring)));
         const bool exists =
-            parcel_test::line_exists(ring, request, request.amounts[0].first * parcel, kTrials);
+            plparcel_test::line_exists(ring, request, request.amounts[0].first * parcel, kTrials);
         existing += exists ? 1 : 0;
         if (division.status == Status::divided || division.status == Status::not_reached)
             continue;

@@ -4,7 +4,7 @@
 
 #include "plparcel/division.h"
 
-namespace parcel_test {
+namespace plparcel_test {
 
 /// Tries parallels at many levels, or rays in many directions, cuts each at its parts in the parcel, and measures
 /// the piece that should hold the request.
@@ -17,4 +17,4 @@ namespace parcel_test {
 ///         between holds it. False proves nothing.
 bool line_exists(const plparcel::Ring& ring, const plparcel::Request& request, double asked, int trials);
 
-}  // namespace parcel_test
+}  // namespace plparcel_test

@@ -9,7 +9,7 @@
 
 #include "support/parcels.h"
 
-namespace parcel_test {
+namespace plparcel_test {
 namespace {
 
 using plparcel::Cut;
@@ -221,4 +221,4 @@ bool line_exists(const Ring& ring, const Request& request, double asked, int tri
                                               : level_exists(ring, request, asked, trials);
 }
 
-}  // namespace parcel_test
+}  // namespace plparcel_test

@@ -73,7 +73,7 @@ bool none_exists(const accuracy::Request& r, const plparcel::Request& request, S
 {
     constexpr int kTrials = 2000;
     return (status == Status::base_reaches_behind || status == Status::line_leaves_parcel) &&
-           !parcel_test::line_exists(r.ring, request, r.area, kTrials);
+           !plparcel_test::line_exists(r.ring, request, r.area, kTrials);
 }
 
 std::string shown(const accuracy::Request& r)
@@ -110,7 +110,7 @@ private:
         tally.bare += bare ? 1 : 0;
         note(division, tally);
         if (division.status == Status::divided) {
-            EXPECT_EQ(parcel_test::geos_objection(geos_, r.ring, request, r.area, division), "")
+            EXPECT_EQ(plparcel_test::geos_objection(geos_, r.ring, request, r.area, division), "")
                 << kind.name << ", mode " << static_cast<int>(mode) << ", " << shown(r);
         } else {
             EXPECT_TRUE(kind.concave || none_exists(r, request, division.status))

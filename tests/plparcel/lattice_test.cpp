@@ -126,7 +126,7 @@ TEST(Lattice, DividedIsRight)
         if (division.status != Status::divided)
             continue;
         const double asked = division.pieces.at(0).asked;
-        EXPECT_EQ(parcel_test::geos_objection(geos, ring, request, asked, division), "")
+        EXPECT_EQ(plparcel_test::geos_objection(geos, ring, request, asked, division), "")
             << shown(ring, request);
     }
     for (const auto& [status, times] : tally)

@@ -7,7 +7,7 @@
 #include "plparcel/division.h"
 #include "witness/geos.h"
 
-namespace parcel_test {
+namespace plparcel_test {
 
 /// Why a division into two is wrong; empty when it is right. The line, a little prolonged, and the ring are
 /// noded and polygonised: there must be two faces, the one where the request belongs must hold it within 1e-9
@@ -22,4 +22,4 @@ std::string geos_objection(const witness::Geos& geos, const plparcel::Ring& ring
                            const plparcel::Request& request, double asked,
                            const plparcel::Division& division);
 
-}  // namespace parcel_test
+}  // namespace plparcel_test
