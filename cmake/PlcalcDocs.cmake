@@ -15,7 +15,6 @@ set(DOXYGEN_SORT_MEMBER_DOCS NO)  # the headers' own order
 set(DOXYGEN_MACRO_EXPANSION YES)
 set(DOXYGEN_EXPAND_ONLY_PREDEF YES)
 set(DOXYGEN_PREDEFINED PLCALC_API= PLUTIL_API= PLPARCEL_API= noexcept=)
-set(DOXYGEN_EXCLUDE_SYMBOLS CFrazAreaInspector)
 set(DOXYGEN_HIDE_FRIEND_COMPOUNDS YES)  # the searches behind CFrazArea
 find_program(PLCALC_SED sed)
 if(PLCALC_SED)  # without it the contract's paragraphs run together

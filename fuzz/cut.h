@@ -11,58 +11,7 @@
 #include "fuzz/parcel.h"
 #include "fuzz/reader.h"
 #include "plcalc/subdivision.h"
-
-/// Declared a friend by the class: what a search leaves behind.
-struct CFrazAreaInspector {
-    static void TrovatoPuntoMaxEtMedioConPuntoPrec(CFrazArea& f, PL_PNT2D_record& q)
-    {
-        f.TrovatoPuntoMaxEtMedioConPuntoPrec(q);
-    }
-    static bool CalcAreaDaPuntoPrimaDiVertice(CFrazArea& f, PL_PNT2D_record& r1, PL_PNT2D_record& r2)
-    {
-        return f.CalcAreaDaPuntoPrimaDiVertice(r1, r2);
-    }
-    static bool TrovataIntersezValidaSegmConLato2(const CFrazArea& f, int i,
-                                                  const PL_IMP_LINE_2D_record& line, PL_PNT2D_record& out)
-    {
-        return f.TrovataIntersezValidaSegmConLato2(i, line, out);
-    }
-    static double CalcAreaDaVertice(CFrazArea& f) { return f.CalcAreaDaVertice(); }
-    static std::int32_t start(const CFrazArea& f) { return f.IndiceInizio; }
-    static void set_line(CFrazArea& f, const PL_IMP_LINE_2D_record& line) { f.RettaMobile = line; }
-    static void set_wedge(CFrazArea& f, double start_gon, double width_gon)
-    {
-        f.AngInizio = start_gon;
-        f.AngAmpiezza = width_gon;
-    }
-    static bool found(const CFrazArea& f) { return f.Trovato; }
-    static double area(const CFrazArea& f) { return f.AreaParziale; }
-    static double requested(const CFrazArea& f) { return f.AreaRichiesta; }
-    static double line_gon(const CFrazArea& f) { return f.AngLinea; }
-
-    /// The working polygon is closed; what a search that was done has used is in its range.
-    static void check_state(const CFrazArea& f, bool done)
-    {
-        const std::size_t n = static_cast<std::size_t>(f.NumPunti);
-        FUZZ_CHECK(f.NumPunti >= 0 && f.VettPoligono.size() == n + 1 && f.VettIndici.size() >= n + 1);
-        FUZZ_CHECK(fuzz::same(f.VettPoligono.front(), f.VettPoligono.back()));
-        FUZZ_CHECK(f.NumPuntiParz == static_cast<std::int32_t>(f.VettParziale.size()));
-        FUZZ_CHECK(f.AreaParziale >= 0.0 || std::isnan(f.AreaParziale));
-        FUZZ_CHECK(f.DistLinea >= 0.0 || std::isnan(f.DistLinea));
-        FUZZ_CHECK(fuzz::within(f.AngLinea, 0.0, 400.0) || std::isnan(f.AngLinea));
-        FUZZ_CHECK(fuzz::within(f.AngInizio, 0.0, 400.0) || std::isnan(f.AngInizio));
-        FUZZ_CHECK(f.AngAmpiezza >= 0.0 || std::isnan(f.AngAmpiezza));
-        if (!done)
-            return;
-        FUZZ_CHECK(f.IndiceInizio >= 0 && f.IndiceInizio < f.NumPunti);
-        for (std::size_t j = 0; j <= n; ++j)
-            FUZZ_CHECK(f.VettIndici[j] >= 0 && f.VettIndici[j] < f.NumPunti);
-        FUZZ_CHECK(f.VettParziale.size() <= 2 * n);
-        FUZZ_CHECK(f.NumIntersez >= 0 && f.NumIntersez < f.NumPunti);
-        if (f.Trovato && f.AreaRichiesta > 0.0)
-            FUZZ_CHECK(std::fabs(f.AreaParziale - f.AreaRichiesta) <= 1.0001e-6 * f.AreaRichiesta);
-    }
-};
+#include "support/cut_inspector.h"
 
 namespace fuzz {
 
@@ -126,6 +75,31 @@ inline Request read_request(Reader& in)
     return r;
 }
 
+/// The working polygon is closed; what a search that was done has used is in its range.
+inline void check_state(const CFrazArea& f, bool done)
+{
+    using In = CFrazAreaInspector;
+    const std::size_t n = static_cast<std::size_t>(In::NumPunti(f));
+    FUZZ_CHECK(In::NumPunti(f) >= 0 && In::VettPoligono(f).size() == n + 1 &&
+               In::VettIndici(f).size() >= n + 1);
+    FUZZ_CHECK(fuzz::same(In::VettPoligono(f).front(), In::VettPoligono(f).back()));
+    FUZZ_CHECK(In::NumPuntiParz(f) == static_cast<std::int32_t>(In::VettParziale(f).size()));
+    FUZZ_CHECK(In::AreaParziale(f) >= 0.0 || std::isnan(In::AreaParziale(f)));
+    FUZZ_CHECK(In::DistLinea(f) >= 0.0 || std::isnan(In::DistLinea(f)));
+    FUZZ_CHECK(fuzz::within(In::AngLinea(f), 0.0, 400.0) || std::isnan(In::AngLinea(f)));
+    FUZZ_CHECK(fuzz::within(In::AngInizio(f), 0.0, 400.0) || std::isnan(In::AngInizio(f)));
+    FUZZ_CHECK(In::AngAmpiezza(f) >= 0.0 || std::isnan(In::AngAmpiezza(f)));
+    if (!done)
+        return;
+    FUZZ_CHECK(In::IndiceInizio(f) >= 0 && In::IndiceInizio(f) < In::NumPunti(f));
+    for (std::size_t j = 0; j <= n; ++j)
+        FUZZ_CHECK(In::VettIndici(f)[j] >= 0 && In::VettIndici(f)[j] < In::NumPunti(f));
+    FUZZ_CHECK(In::VettParziale(f).size() <= 2 * n);
+    FUZZ_CHECK(In::NumIntersez(f) >= 0 && In::NumIntersez(f) < In::NumPunti(f));
+    if (In::Trovato(f) && In::AreaRichiesta(f) > 0.0)
+        FUZZ_CHECK(std::fabs(In::AreaParziale(f) - In::AreaRichiesta(f)) <= 1.0001e-6 * In::AreaRichiesta(f));
+}
+
 inline Cut run(CFrazArea& object)
 {
     Cut cut = {false, kNoPoint, kNoPoint};
@@ -133,7 +107,7 @@ inline Cut run(CFrazArea& object)
     double z2 = kUntouched;
     cut.done = object.Esegui(cut.r1.x, cut.r1.y, z1, cut.r2.x, cut.r2.y, z2);
     FUZZ_CHECK(positive_zero(z1) && positive_zero(z2));
-    CFrazAreaInspector::check_state(object, cut.done);
+    check_state(object, cut.done);
     return cut;
 }
 

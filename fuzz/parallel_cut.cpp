@@ -26,10 +26,10 @@ void check_unknown_mode(const CPoint3dVector& parcel, const Request& r, int modo
 void check_strip(const CFrazArea& object, const Request& r, const Cut& cut)
 {
     // Across 0/400 gons the sides of the base line are not told apart.
-    const double gon = CFrazAreaInspector::line_gon(object);
+    const double gon = CFrazAreaInspector::AngLinea(object);
     if (!fuzz::within(gon, 2.0, 398.0))
         return;
-    FUZZ_CHECK(CFrazAreaInspector::found(object));
+    FUZZ_CHECK(CFrazAreaInspector::Trovato(object));
     if (!fuzz::has_direction(cut))
         return;
     const double along =
@@ -52,14 +52,14 @@ void check_private_operations(CFrazArea& object, const Request& r, Reader& in)
     const double a = in.number();
     const double b = in.number();
     const PL_IMP_LINE_2D_record line = {a, b, in.number()};
-    Inspector::set_line(object, line);
+    Inspector::RettaMobile(object) = line;
     PL_PNT2D_record r1 = {};
     PL_PNT2D_record r2 = {};
     FUZZ_CHECK(Inspector::CalcAreaDaPuntoPrimaDiVertice(object, r1, r2));
-    FUZZ_CHECK(!(Inspector::area(object) < 0.0));
+    FUZZ_CHECK(!(Inspector::AreaParziale(object) < 0.0));
 
     const std::size_t n = r.ring.size();
-    const std::size_t start = static_cast<std::size_t>(Inspector::start(object));
+    const std::size_t start = static_cast<std::size_t>(Inspector::IndiceInizio(object));
     for (std::size_t i = 1; i <= n; ++i) {
         PL_PNT2D_record got = {};
         PL_PNT2D_record want = {};

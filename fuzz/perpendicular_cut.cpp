@@ -19,11 +19,11 @@ void check_ahead(const CFrazArea& object, const Request& r, const Cut& cut)
     FUZZ_CHECK(cut.done);
     // Across 0/400 gons the sides of the perpendicular are not told apart; and the search has nothing to hold
     // on to when the perpendicular through the middle is the answer.
-    const double gon = CFrazAreaInspector::line_gon(object);
-    const double rest = CFrazAreaInspector::requested(object);
+    const double gon = CFrazAreaInspector::AngLinea(object);
+    const double rest = CFrazAreaInspector::AreaRichiesta(object);
     if (!fuzz::within(gon, 2.0, 398.0) || rest < 0.02 * r.convex_area)
         return;
-    FUZZ_CHECK(CFrazAreaInspector::found(object));
+    FUZZ_CHECK(CFrazAreaInspector::Trovato(object));
     if (!fuzz::has_direction(cut))
         return;
     const double dx = r.p2.x - r.p1.x;
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(!cut.done || fuzz::has_side(r));
     // What is cut off either half is what the other one lacks, never less than nothing.
     if (cut.done)
-        FUZZ_CHECK(!(CFrazAreaInspector::requested(object) < 0.0));
+        FUZZ_CHECK(!(CFrazAreaInspector::AreaRichiesta(object) < 0.0));
     if (r.convex_area > 0.0)
         check_ahead(object, r, cut);
     return 0;

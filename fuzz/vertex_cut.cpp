@@ -16,7 +16,7 @@ constexpr int kThroughVertex = 2;
 // What lies between the line and the side after the vertex of a convex parcel is what was asked for.
 void check_wedge(const CFrazArea& object, const Request& r, const Cut& cut)
 {
-    FUZZ_CHECK(CFrazAreaInspector::found(object));
+    FUZZ_CHECK(CFrazAreaInspector::Trovato(object));
     if (!fuzz::has_direction(cut))
         return;
     const double held = fuzz::area_beside(r.ring, cut, r.ring[fuzz::index_after(r.ring, r.side)]);
@@ -48,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // Any wedge has an area.
     if (cut.done) {
-        const double start_gon = in.number();
-        CFrazAreaInspector::set_wedge(object, start_gon, in.number());
+        CFrazAreaInspector::AngInizio(object) = in.number();
+        CFrazAreaInspector::AngAmpiezza(object) = in.number();
         FUZZ_CHECK(!(CFrazAreaInspector::CalcAreaDaVertice(object) < 0.0));
     }
     return 0;

@@ -5,12 +5,8 @@
 #include <vector>
 
 #include "plcalc/subdivision.h"
+#include "support/cut_inspector.h"
 #include "vector.h"
-
-/// Declared a friend by the class.
-struct CFrazAreaInspector {
-    static bool found(const CFrazArea& cut) { return cut.Trovato; }
-};
 
 namespace {
 
@@ -238,7 +234,7 @@ Division divide(const Request& request)
     Division division = {};
     division.parcel = std::fabs(test::signed_area(request.ring));
     division.done = cut.Esegui(chord.start.x, chord.start.y, z1, chord.end.x, chord.end.y, z2);
-    division.found = CFrazAreaInspector::found(cut);
+    division.found = CFrazAreaInspector::Trovato(cut);
     division.ran_out = chord.end.x == 0.0 && chord.end.y == 0.0;
     if (division.done && !division.ran_out)
         measure(request, chord, division);

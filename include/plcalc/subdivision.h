@@ -108,10 +108,9 @@ public:
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:
-    // The searches, with what they keep between trials; and the object as tests see it.
+    // The searches, with what they keep between trials.
     friend class plcalc::ParallelSearch;
     friend class plcalc::VertexSearch;
-    friend struct CFrazAreaInspector;
 
     // The three kinds of cut.
     bool CalcolaFrazionLineaPar();

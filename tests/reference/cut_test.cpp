@@ -8,66 +8,65 @@
 #include "reference/adversaries.h"
 #include "reference/literal_cut.h"
 #include "support/bits.h"
-
-struct CFrazAreaInspector {
-    // Every member but the parcel.
-    static void compare(const CFrazArea& got, const reference::LiteralCut& want)
-    {
-        compare_request(got, want);
-        compare_line(got, want);
-        compare_search(got, want);
-    }
-
-private:
-    static void compare_request(const CFrazArea& got, const reference::LiteralCut& want)
-    {
-        EXPECT_POINT(got.PuntoLato1, (want.PuntoLato1));
-        EXPECT_POINT(got.PuntoLato2, (want.PuntoLato2));
-        EXPECT_EQ(got.Modo, want.Modo);
-        EXPECT_EQ(got.TipoArea, want.TipoArea);
-        EXPECT_BITS(got.Valore1, want.Valore1);
-        EXPECT_BITS(got.Valore2, want.Valore2);
-        EXPECT_BITS(got.AreaRichiesta, want.AreaRichiesta);
-        EXPECT_POINT(got.PuntoVertice, (want.PuntoVertice));
-    }
-
-    static void compare_line(const CFrazArea& got, const reference::LiteralCut& want)
-    {
-        EXPECT_POINT(got.PuntoRis1, (want.PuntoRis1));
-        EXPECT_POINT(got.PuntoRis2, (want.PuntoRis2));
-        EXPECT_POINT(got.PuntoMedio, (want.PuntoMedio));
-        EXPECT_BITS(got.DistLinea, want.DistLinea);
-        EXPECT_BITS(got.AngLinea, want.AngLinea);
-        EXPECT_BITS(got.AngInizio, want.AngInizio);
-        EXPECT_BITS(got.AngAmpiezza, want.AngAmpiezza);
-        EXPECT_LINE(got.RettaBase, (want.RettaBase));
-        EXPECT_LINE(got.RettaMobile, (want.RettaMobile));
-        EXPECT_LINE(got.RettaAux, (want.RettaAux));
-    }
-
-    static void compare_search(const CFrazArea& got, const reference::LiteralCut& want)
-    {
-        EXPECT_EQ(got.Trovato, want.Trovato);
-        EXPECT_BITS(got.AreaParziale, want.AreaParziale);
-        EXPECT_EQ(got.NumIntersez, want.NumIntersez);
-        EXPECT_EQ(got.NumPuntiParz, want.NumPuntiParz);
-        EXPECT_EQ(got.NumPunti, want.NumPunti);
-        EXPECT_EQ(got.IndiceInizio, want.IndiceInizio);
-        EXPECT_EQ(got.VettIndici, want.VettIndici);
-        compare_points(got.VettPoligono, want.VettPoligono);
-        compare_points(got.VettParziale, want.VettParziale);
-    }
-
-    static void compare_points(const std::vector<PL_PNT2D_record>& got,
-                               const std::vector<PL_PNT2D_record>& want)
-    {
-        ASSERT_EQ(got.size(), want.size());
-        for (std::size_t i = 0; i < want.size(); ++i)
-            EXPECT_POINT(got[i], (want[i]));
-    }
-};
+#include "support/cut_inspector.h"
 
 namespace {
+
+using In = CFrazAreaInspector;
+
+void compare_points(const std::vector<PL_PNT2D_record>& got, const std::vector<PL_PNT2D_record>& want)
+{
+    ASSERT_EQ(got.size(), want.size());
+    for (std::size_t i = 0; i < want.size(); ++i)
+        EXPECT_POINT(got[i], (want[i]));
+}
+
+void compare_request(const CFrazArea& got, const reference::LiteralCut& want)
+{
+    EXPECT_POINT(In::PuntoLato1(got), (want.PuntoLato1));
+    EXPECT_POINT(In::PuntoLato2(got), (want.PuntoLato2));
+    EXPECT_EQ(In::Modo(got), want.Modo);
+    EXPECT_EQ(In::TipoArea(got), want.TipoArea);
+    EXPECT_BITS(In::Valore1(got), want.Valore1);
+    EXPECT_BITS(In::Valore2(got), want.Valore2);
+    EXPECT_BITS(In::AreaRichiesta(got), want.AreaRichiesta);
+    EXPECT_POINT(In::PuntoVertice(got), (want.PuntoVertice));
+}
+
+void compare_line(const CFrazArea& got, const reference::LiteralCut& want)
+{
+    EXPECT_POINT(In::PuntoRis1(got), (want.PuntoRis1));
+    EXPECT_POINT(In::PuntoRis2(got), (want.PuntoRis2));
+    EXPECT_POINT(In::PuntoMedio(got), (want.PuntoMedio));
+    EXPECT_BITS(In::DistLinea(got), want.DistLinea);
+    EXPECT_BITS(In::AngLinea(got), want.AngLinea);
+    EXPECT_BITS(In::AngInizio(got), want.AngInizio);
+    EXPECT_BITS(In::AngAmpiezza(got), want.AngAmpiezza);
+    EXPECT_LINE(In::RettaBase(got), (want.RettaBase));
+    EXPECT_LINE(In::RettaMobile(got), (want.RettaMobile));
+    EXPECT_LINE(In::RettaAux(got), (want.RettaAux));
+}
+
+void compare_search(const CFrazArea& got, const reference::LiteralCut& want)
+{
+    EXPECT_EQ(In::Trovato(got), want.Trovato);
+    EXPECT_BITS(In::AreaParziale(got), want.AreaParziale);
+    EXPECT_EQ(In::NumIntersez(got), want.NumIntersez);
+    EXPECT_EQ(In::NumPuntiParz(got), want.NumPuntiParz);
+    EXPECT_EQ(In::NumPunti(got), want.NumPunti);
+    EXPECT_EQ(In::IndiceInizio(got), want.IndiceInizio);
+    EXPECT_EQ(In::VettIndici(got), want.VettIndici);
+    compare_points(In::VettPoligono(got), want.VettPoligono);
+    compare_points(In::VettParziale(got), want.VettParziale);
+}
+
+// Every member but the parcel.
+void compare(const CFrazArea& got, const reference::LiteralCut& want)
+{
+    compare_request(got, want);
+    compare_line(got, want);
+    compare_search(got, want);
+}
 
 constexpr int kDefaultParcels = 33'000;
 
@@ -100,7 +99,7 @@ public:
         EXPECT_POINT(end2, (want_.PuntoRis2));
         EXPECT_BITS(z1, 0.0);
         EXPECT_BITS(z2, 0.0);
-        CFrazAreaInspector::compare(cut_, want_);
+        compare(cut_, want_);
         return want_.Trovato;
     }
 

@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <string>
 
-#include "inspector.h"
 #include "support/bits.h"
+#include "support/cut_state.h"
 #include "support/parcels.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 // Rows for the two kinds of cut that end in a parallel: request, answer, and what is left in the object.
 
-#include "inspector.h"
+#include "support/cut_state.h"
 
 namespace test {
 

@@ -8,8 +8,8 @@
 #include <limits>
 #include <string>
 
-#include "inspector.h"
 #include "support/bits.h"
+#include "support/cut_state.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "inspector.h"
 #include "support/bits.h"
+#include "support/cut_state.h"
 
 namespace {
 

@@ -190,7 +190,7 @@ test::Call row(const char* symbol, Outcome (*run)(Data&))
 #define FREE(result, name, parameters)                                                                       \
     row(#name #parameters, [](Data& data) { return call(static_cast<result(*) parameters>(name), data); })
 
-// The private members, which are exported too, by way of their friend.
+// The private members, which are exported too, by way of the inspector.
 #define SEARCH(name, parameters)                                                                             \
     row("CFrazArea::" #name parameters, [](Data& data) { return call(&CFrazAreaInspector::name, data); })
 

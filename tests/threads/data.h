@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "inspector.h"
 #include "plcalc/plcalc.h"
+#include "support/cut_state.h"
 
 namespace test {
 

@@ -1,4 +1,4 @@
-#include "inspector.h"
+#include "support/cut_state.h"
 
 #include <cmath>
 #include <cstdio>
