@@ -9,13 +9,13 @@
 
 #include <CLI/CLI.hpp>
 
-#include "divide_verb.h"
-#include "exit_status.h"
-#include "help.h"
-#include "measure_verb.h"
-#include "stakeout_verb.h"
-#include "terminal.h"
-#include "verb.h"
+#include "console/failure.h"
+#include "console/terminal.h"
+#include "verbs/divide_verb.h"
+#include "verbs/help.h"
+#include "verbs/measure_verb.h"
+#include "verbs/stakeout_verb.h"
+#include "verbs/verb.h"
 
 namespace {
 

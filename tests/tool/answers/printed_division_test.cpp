@@ -1,0 +1,273 @@
+// The line that is printed, as text: read back from the table and cut with means of the test's own, it holds the
+// request to a millionth of the parcel, whatever the parcel's size.
+
+#include "answers/printed_division.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <random>
+
+#include "program.h"
+#include "reports/divide_report.h"
+#include "shapes.h"
+#include "support/bits.h"
+#include "text/numbers.h"
+
+namespace {
+
+using Ring = std::vector<PL_PNT2D_record>;
+using plparcel::Cut;
+using plparcel::Status;
+using test::Point;
+using test::Shape;
+using tool::Asked;
+using tool::PrintedDivision;
+
+constexpr double kPi = 3.141592653589793;
+constexpr int kRequestsPerSize = 300;
+constexpr double kSizes[] = {1e-4, 1e-3, 0.01, 0.1, 1.0, 10.0, 100.0, 1e3, 1e4, 1e5};
+
+const PL_PNT2D_record kLocal = {0.0, 0.0};
+const PL_PNT2D_record kUtm = {432123.456, 5087654.321};
+
+Ring square(double side)
+{
+    return {{0, 0}, {side, 0}, {side, side}, {0, side}};
+}
+
+Asked asked(Cut cut, long long number, double area)
+{
+    Asked asked;
+    asked.request.cut = cut;
+    asked.request.amounts = {plparcel::area(area)};
+    asked.number = number;
+    asked.amounts = {tool::shortest(area)};
+    return asked;
+}
+
+// The table's line: what a person reads, or a script.
+struct Line {
+    PL_PNT2D_record from, to;
+};
+
+Line printed_line(const Ring& ring, const Asked& asked, const PrintedDivision& printed)
+{
+    const std::string table = tool::division_table({"lot", ring}, asked, printed);
+    const std::vector<double> from = test::numbers_after(table, "from");
+    const std::vector<double> to = test::numbers_after(table, "to");
+    return {{from.at(0), from.at(1)}, {to.at(0), to.at(1)}};
+}
+
+// How far the piece next to the request's side, or ahead of the line, misses the request; part of the parcel.
+long double miss(const Ring& ring, const Asked& asked, const Line& line)
+{
+    const Shape shape = test::shape_of(ring);
+    const long double parcel = test::area(shape);
+    const long double part =
+        test::area(test::part_after(shape, test::local(ring, line.from), test::local(ring, line.to)));
+    const long double wanted = asked.request.amounts[0].first;
+    return std::min(std::fabs(part - wanted), std::fabs(parcel - part - wanted)) / parcel;
+}
+
+// The same for the piece whose corners are the printed ends, which lie a rounding beside the boundary.
+long double miss_at_corners(const Ring& ring, const Asked& asked, const Line& line)
+{
+    const Shape shape = test::shape_of(ring);
+    const long double wanted = asked.request.amounts[0].first;
+    const Point from = test::local(ring, line.from);
+    const Point to = test::local(ring, line.to);
+    long double least = INFINITY;
+    for (const bool there : {true, false}) {
+        Shape piece = there ? test::part_after(shape, from, to) : test::part_after(shape, to, from);
+        piece.front() = there ? from : to;
+        piece.back() = there ? to : from;
+        least = std::min(least, std::fabs(test::area(piece) - wanted));
+    }
+    return least / test::area(shape);
+}
+
+struct Row {
+    const char* what;
+    double side;
+    Asked asked;
+    int decimals;
+};
+
+// The second piece of a square is what is left: a height of request over side, to so many decimals.
+const Row kRows[] = {
+    {"a hectare, to the tenth of a millimetre", 100, asked(Cut::parallel, 1, 1234.567), 4},
+    {"four decimals miss by a millionth and a half", 10, asked(Cut::parallel, 1, 12.34567), 5},
+    {"four decimals hold it, yet may turn another line", 10, asked(Cut::parallel, 1, 12.5), 5},
+    {"a tenth across", 0.1, asked(Cut::parallel, 1, 0.0012345), 7},
+    {"a tenth of a millimetre across", 1e-4, asked(Cut::parallel, 1, 3.3e-9), 10},
+    {"smaller than decimals are for", 1e-30, asked(Cut::parallel, 1, 5e-61), tool::kMaxDecimals + 1},
+};
+
+TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
+{
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        const PrintedDivision printed = tool::divide_in_print(square(row.side), row.asked);
+        ASSERT_TRUE(printed.done());
+        EXPECT_EQ(printed.resolution.decimals, row.decimals);
+        EXPECT_LE(miss(square(row.side), row.asked, printed_line(square(row.side), row.asked, printed)),
+                  1e-6L);
+    }
+}
+
+// A parcel of about that size across, of three vertices to `most`, at a place, in either direction.
+Ring random_parcel(std::mt19937_64& source, int most, double size, const PL_PNT2D_record& place, bool convex)
+{
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const int n = std::uniform_int_distribution<int>(3, most)(source);
+    Ring ring;
+    for (int i = 0; i < n; ++i) {
+        const double turn = 2.0 * kPi * (i + 0.6 * unit(source)) / n;
+        const double radius = size * (convex ? 0.5 : 0.15 + 0.35 * unit(source));
+        ring.push_back({place.x + radius * std::cos(turn), place.y + 0.7 * radius * std::sin(turn)});
+    }
+    if (unit(source) < 0.5)
+        std::reverse(ring.begin(), ring.end());
+    return ring;
+}
+
+struct Tally {
+    int printed = 0;
+    int refused_for_doubles = 0;
+};
+
+// The i-th of them is cut in the way ways[i % their number].
+Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex, int requests = kRequestsPerSize,
+                    int most_vertices = 12,
+                    const std::vector<Cut>& ways = {Cut::parallel, Cut::perpendicular, Cut::through_vertex})
+{
+    std::mt19937_64 source = test::random_source();
+    Tally tally;
+    for (int i = 0; i < requests; ++i) {
+        SCOPED_TRACE("request " + std::to_string(i));
+        const Ring ring = random_parcel(source, most_vertices, size, place, convex);
+        const double part = std::uniform_real_distribution<double>(0.03, 0.97)(source);
+        const Asked request =
+            asked(ways[static_cast<std::size_t>(i) % ways.size()],
+                  std::uniform_int_distribution<int>(1, static_cast<int>(ring.size()))(source),
+                  part * static_cast<double>(test::area(test::shape_of(ring))));
+        const PrintedDivision printed = tool::divide_in_print(ring, request);
+        if (printed.too_coarse)
+            ++tally.refused_for_doubles;
+        if (!printed.done())
+            continue;
+        ++tally.printed;
+        const Line line = printed_line(ring, request, printed);
+        EXPECT_POINT(line.from, (printed.lines[0].start));
+        EXPECT_POINT(line.to, (printed.lines[0].end));
+        EXPECT_LE(miss(ring, request, line), 1e-6L * (1.0L + 1e-6L));
+        // Beside a vertex, the piece may have that vertex for a corner or the printed end: two shapes.
+        if (request.request.cut != Cut::through_vertex) {
+            EXPECT_LE(miss_at_corners(ring, request, line), 1e-6L * (1.0L + 1e-6L));
+        }
+        if (convex) {
+            const Shape shape = test::shape_of(ring);
+            const Point from = test::local(ring, line.from);
+            const Point to = test::local(ring, line.to);
+            const long double left = test::area(test::left_of(shape, from, to));
+            const long double parcel = test::area(shape);
+            const long double off = std::min(std::fabs(left - request.request.amounts[0].first),
+                                             std::fabs(parcel - left - request.request.amounts[0].first));
+            EXPECT_LE(off, 1e-6L * (1.0L + 1e-6L) * parcel);
+        }
+    }
+    return tally;
+}
+
+TEST(PrintedDivision, HoldsTheRequestWhateverTheSize)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        const Tally tally = print_and_cut(size, kLocal, true);
+        EXPECT_EQ(tally.printed, kRequestsPerSize);
+    }
+}
+
+class TenThousand : public ::testing::TestWithParam<Cut> {};
+
+TEST_P(TenThousand, RequestsOfConvexParcelsAreCutRight)
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    const int requests = chosen != nullptr ? std::max(1, std::atoi(chosen)) : 10000;
+    EXPECT_EQ(print_and_cut(100.0, kLocal, true, requests, 40, {GetParam()}).printed, requests);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, TenThousand,
+                         ::testing::Values(Cut::parallel, Cut::perpendicular, Cut::through_vertex));
+
+TEST(PrintedDivision, HoldsTheRequestInLargeCoordinates)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        const Tally tally = print_and_cut(size, kUtm, true);
+        // At 5e6 the doubles are a nanometre apart: no line in a parcel of a decimetre holds a billionth of it.
+        if (size >= 1.0) {
+            EXPECT_EQ(tally.printed, kRequestsPerSize);
+        }
+    }
+}
+
+TEST(PrintedDivision, HoldsTheRequestInConcaveParcels)
+{
+    for (const double size : kSizes) {
+        SCOPED_TRACE(size);
+        for (const PL_PNT2D_record& place : {kLocal, kUtm}) {
+            const Tally tally = print_and_cut(size, place, false);
+            if (size >= 1.0) {
+                EXPECT_GT(tally.printed, kRequestsPerSize / 2);
+                EXPECT_EQ(tally.refused_for_doubles, 0);
+            }
+        }
+    }
+}
+
+TEST(PrintedDivision, LineThatNoDoublesHoldIsRefused)
+{
+    // Heights in steps of 2^-30 between 5e6 and 5e6 + 2^-12: 1.9e-6 of the parcel is the nearest miss half-way.
+    const Ring hair = {
+        {500000, 5000000}, {500001, 5000000}, {500001, 5000000 + 0x1p-12}, {500000, 5000000 + 0x1p-12}};
+    EXPECT_TRUE(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13)).done());
+    const PrintedDivision refused =
+        tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-13 + 0.49 * 0x1p-30));
+    EXPECT_FALSE(refused.done());
+    EXPECT_TRUE(refused.lines.empty());
+    EXPECT_TRUE(refused.areas.empty());
+}
+
+// Several lines: each piece lies between two of them, and is measured with both as they are printed.
+TEST(PrintedDivision, EveryPieceOfASeriesHolds)
+{
+    std::mt19937_64 source = test::random_source();
+    for (int i = 0; i < 600; ++i) {
+        SCOPED_TRACE("series " + std::to_string(i));
+        const double size = kSizes[static_cast<std::size_t>(i) % 10];
+        const Ring ring = random_parcel(source, 12, size, size < 1.0 || i % 2 == 0 ? kLocal : kUtm, true);
+        Asked series = asked(static_cast<Cut>(i % 3), 1 + i % static_cast<int>(ring.size()), 1.0);
+        series.request.amounts = plparcel::equal_parts(4);
+        series.amounts.assign(3, "1/4");
+        if (i % 5 == 0)
+            series.request.measured = plparcel::Measured::opposite;
+        const PrintedDivision printed = tool::divide_in_print(ring, series);
+        ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven.status);
+        ASSERT_EQ(printed.lines.size(), 3u);
+        const Shape shape = test::shape_of(ring);
+        const long double parcel = test::area(shape);
+        for (std::size_t k = 0; k < 3; ++k) {
+            const PL_LINE_2D_record& line = printed.lines[k];
+            const long double left =
+                test::area(test::left_of(shape, test::local(ring, line.start), test::local(ring, line.end)));
+            const long double before = parcel * static_cast<long double>(k + 1) / 4.0L;
+            EXPECT_LE(std::min(std::fabs(left - before), std::fabs(parcel - left - before)), 4e-6L * parcel);
+            EXPECT_NEAR(printed.areas[k], static_cast<double>(parcel / 4.0L),
+                        static_cast<double>(1e-6L * parcel));
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,259 @@
+// Set-out values: from the drawing board, by long double, and there and back through the library's own set-out.
+
+#include "answers/stakeout.h"
+
+#include <cmath>
+#include <random>
+
+#include <nlohmann/json.hpp>
+
+#include "plcalc/survey.h"
+#include "program.h"
+#include "support/bits.h"
+
+namespace {
+
+using tool::BaseLine;
+using tool::NamedPoint;
+using tool::SetOut;
+using tool::Setup;
+
+SetOut one(const PL_PNT2D_record& station, const PL_PNT2D_record& orientation, const PL_PNT2D_record& from,
+           const PL_PNT2D_record& to, const PL_PNT2D_record& point)
+{
+    return tool::set_out({{"", station}, {"", orientation}}, {{"", from}, {"", to}}, {{"p", point}}).at(0);
+}
+
+struct Row {
+    const char* what;
+    PL_PNT2D_record station, orientation, from, to, point;
+    double angle, distance, along, right;
+};
+
+const Row kRows[] = {
+    {"ahead and to the right", {0, 0}, {0, 10}, {0, 0}, {0, 10}, {5, 5}, 50, std::sqrt(50.0), 5, 5},
+    {"to the left", {0, 0}, {0, 10}, {0, 0}, {0, 10}, {-5, 5}, 350, std::sqrt(50.0), 5, -5},
+    {"behind, right stays right", {0, 0}, {0, 10}, {0, 0}, {0, 10}, {5, -5}, 150, std::sqrt(50.0), -5, 5},
+    {"behind, to the left", {0, 0}, {0, 10}, {0, 0}, {0, 10}, {-5, -5}, 250, std::sqrt(50.0), -5, -5},
+    {"on the base line", {10, 0}, {0, 0}, {0, 0}, {0, 10}, {0, 7}, 38.8800224428430, std::sqrt(149.0), 7, 0},
+    {"on the orientation", {0, 0}, {3, 4}, {0, 0}, {10, 0}, {6, 8}, 0, 10, 6, -8},
+    {"a base of a ten-thousandth",
+     {0, 0},
+     {0, 1},
+     {0, 0},
+     {1e-4, 0},
+     {2e-4, -1e-4},
+     129.5167236,
+     std::sqrt(5e-8),
+     2e-4,
+     1e-4},
+};
+
+TEST(Stakeout, FromTheDrawingBoard)
+{
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        const SetOut got = one(row.station, row.orientation, row.from, row.to, row.point);
+        EXPECT_NEAR(got.angle_gon.value(), row.angle, 1e-7);
+        EXPECT_NEAR(got.distance, row.distance, 1e-12);
+        EXPECT_NEAR(got.abscissa, row.along, 1e-12);
+        EXPECT_NEAR(got.ordinate, row.right, 1e-12);
+    }
+}
+
+TEST(Stakeout, TheStationHasNoAngle)
+{
+    const SetOut got = one({3, 4}, {0, 0}, {0, 0}, {3, 4}, {3, 4});
+    EXPECT_FALSE(got.angle_gon);
+    EXPECT_BITS(got.distance, 0.0);
+    EXPECT_NEAR(got.abscissa, 5.0, 1e-12);
+    EXPECT_NEAR(got.ordinate, 0.0, 1e-12);
+}
+
+TEST(Stakeout, ThereAndBackAndByLongDouble)
+{
+    std::mt19937_64 source = test::random_source();
+    std::uniform_real_distribution<double> away(-300.0, 300.0);
+    const long double pi = std::acos(-1.0L);
+    for (int i = 0; i < 5000; ++i) {
+        const PL_PNT2D_record place =
+            i % 2 == 0 ? PL_PNT2D_record{0, 0} : PL_PNT2D_record{512345.678, 4987654.321};
+        const auto point = [&] { return PL_PNT2D_record{place.x + away(source), place.y + away(source)}; };
+        const PL_PNT2D_record station = point();
+        const PL_PNT2D_record orientation = point();
+        const PL_PNT2D_record from = point();
+        const PL_PNT2D_record to = point();
+        const PL_PNT2D_record p = point();
+        const SetOut got = one(station, orientation, from, to, p);
+
+        PL_PNT2D_record back = {};
+        CalcPtAngDist(&station, &orientation, got.angle_gon.value(), got.distance, &back);
+        EXPECT_NEAR(back.x, p.x, 1e-7);
+        EXPECT_NEAR(back.y, p.y, 1e-7);
+
+        const long double bx = static_cast<long double>(to.x) - from.x;
+        const long double by = static_cast<long double>(to.y) - from.y;
+        const long double px = static_cast<long double>(p.x) - from.x;
+        const long double py = static_cast<long double>(p.y) - from.y;
+        const long double length = std::hypot(bx, by);
+        EXPECT_NEAR(got.abscissa, static_cast<double>((bx * px + by * py) / length), 1e-8);
+        EXPECT_NEAR(got.ordinate, static_cast<double>((px * by - py * bx) / length), 1e-8);
+        // The library's squadro swaps sides behind the first point.
+        const PL_PNT2D_record zero = {};
+        const PL_PNT2D_record ahead = {to.x - from.x, to.y - from.y};
+        CalcPtSquadro(&zero, &ahead, got.abscissa, got.abscissa >= 0.0 ? got.ordinate : -got.ordinate, &back);
+        EXPECT_NEAR(back.x + from.x, p.x, 1e-7);
+        EXPECT_NEAR(back.y + from.y, p.y, 1e-7);
+
+        long double angle = (std::atan2(static_cast<long double>(p.x) - station.x,
+                                        static_cast<long double>(p.y) - station.y) -
+                             std::atan2(static_cast<long double>(orientation.x) - station.x,
+                                        static_cast<long double>(orientation.y) - station.y)) *
+                            200.0L / pi;
+        angle += angle < 0.0L ? 400.0L : 0.0L;
+        EXPECT_NEAR(got.angle_gon.value(), static_cast<double>(angle), 1e-9);
+    }
+}
+
+// ------------------------------------------------------------------------------------------------ the program
+
+class StakeoutVerb : public test::ProgramTest {
+protected:
+    test::Result stakeout(const std::string& arguments) const
+    {
+        std::vector<std::string> words = {"stakeout", "lot.csv"};
+        std::istringstream text(arguments);
+        for (std::string word; text >> word;)
+            words.push_back(word);
+        return run(words);
+    }
+};
+
+const char* const kLot = "E,N\n0,0\n80,0\n80,60\n0,60\n";
+
+TEST_F(StakeoutVerb, TableReadsLikeThis)
+{
+    write("lot.csv", kLot);
+    const test::Result run = stakeout("--station 1 --orientation 4 --parallel 1 --area 1600 --point 40,30");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "Parcel       lot.csv\n"
+                       "Station      vertex 1  E 0.0000  N 0.0000\n"
+                       "Orientation  vertex 4  E 0.0000  N 60.0000\n"
+                       "Base line    vertex 1  E 0.0000  N 0.0000\n"
+                       "             vertex 2  E 80.0000  N 0.0000\n"
+                       "\n"
+                       "  Point        E        N  Angle, gon  Distance    Along     Right\n"
+                       "   from   0.0000  20.0000     0.00000   20.0000   0.0000  -20.0000\n"
+                       "     to  80.0000  20.0000    84.40417   82.4621  80.0000  -20.0000\n"
+                       "point 1  40.0000  30.0000    59.03345   50.0000  40.0000  -30.0000\n");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST_F(StakeoutVerb, VerticesWhenNothingElseIsNamed)
+{
+    write("lot.csv", kLot);
+    const test::Result run = stakeout("--station 40,-10 --orientation 40,100 --base 3 --csv");
+    EXPECT_EQ(run.out, "point,E,N,angle_gon,distance,along,right\n"
+                       "vertex 1,0.0000,0.0000,315.59583,41.2311,80.0000,-60.0000\n"
+                       "vertex 2,80.0000,0.0000,84.40417,41.2311,0.0000,-60.0000\n"
+                       "vertex 3,80.0000,60.0000,33.04987,80.6226,0.0000,0.0000\n"
+                       "vertex 4,0.0000,60.0000,366.95013,80.6226,80.0000,0.0000\n");
+}
+
+TEST_F(StakeoutVerb, JsonHasTheSameNumbers)
+{
+    write("lot.csv", kLot);
+    const test::Result run = stakeout("--station 1 --orientation 4 --vertex 2 --parts 3 --point 0,0 --json");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json got = nlohmann::json::parse(run.out);
+    EXPECT_EQ(got["points"].size(), 5u);
+    EXPECT_EQ(got["points"][0]["name"], "line 1 from");
+    EXPECT_EQ(got["points"][0]["distance"], 80.0);
+    EXPECT_EQ(got["points"][3]["name"], "line 2 to");
+    EXPECT_EQ(got["points"][3]["n"], 40.0);
+    EXPECT_EQ(got["points"][1]["e"], 26.6667);
+    EXPECT_TRUE(got["points"][4]["angle_gon"].is_null()) << "the station itself";
+    EXPECT_EQ(got["base_line"][0]["name"], "vertex 2");
+    EXPECT_EQ(got["station"]["n"], 0.0);
+}
+
+// Here five decimals would turn the line: divide prints it with more, and it is that one that is set out.
+TEST_F(StakeoutVerb, TheEndsHaveTheDecimalsOfTheLine)
+{
+    write("lot.csv", "E,N\n0,0\n40,0\n40,0.03\n0,0.05\n");
+    const std::string cut = "--parallel 1 --share 1/3";
+    const test::Result divided = divide("lot.csv", cut + " --json");
+    ASSERT_EQ(divided.status, 0) << divided.err;
+    const nlohmann::json line = nlohmann::json::parse(divided.out)["parcels"][0]["lines"][0];
+    const double north = line["from"]["n"];
+    ASSERT_NE(north, std::round(north * 1e5) / 1e5) << "five are what its size asks for";
+    const nlohmann::json points =
+        nlohmann::json::parse(stakeout("--station 1 --orientation 2 " + cut + " --json").out)["points"];
+    EXPECT_EQ(points[0]["e"], line["from"]["e"]);
+    EXPECT_EQ(points[0]["n"], line["from"]["n"]);
+    EXPECT_EQ(points[1]["e"], line["to"]["e"]);
+    EXPECT_EQ(points[1]["n"], line["to"]["n"]);
+    EXPECT_EQ(points[0]["right"], -north) << "offsets to the same digit";
+}
+
+TEST_F(StakeoutVerb, TheFileMayStandBehindAPoint)
+{
+    write("lot.csv", kLot);
+    const test::Result run =
+        this->run({"stakeout", "--station", "1", "--orientation", "2", "--point", "0,30", "lot.csv"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(test::numbers_after(run.out, "point 1").at(0), 0.0) << run.out;
+    EXPECT_TRUE(test::fails_with(stakeout("--station 1 --orientation 2 --point 1,2 3,4"), 2,
+                                 "'3,4' is not known here; see plcalc stakeout --help"));
+}
+
+TEST_F(StakeoutVerb, Refusals)
+{
+    write("lot.csv", kLot);
+    struct Refusal {
+        const char* arguments;
+        int status;
+        const char* text;
+    };
+    for (const Refusal& row :
+         {Refusal{"--station 1", 2,
+                  "give --station PLACE and --orientation PLACE; see plcalc stakeout --help"},
+          {"--station 1 --orientation 9", 2, "lot.csv: there is no vertex 9; the parcel has vertices 1 to 4"},
+          {"--station 0,0 --orientation 1", 2,
+           "--orientation: it is the station itself; name another place; see plcalc stakeout --help"},
+          {"--station x --orientation 1", 2,
+           "--station: 'x' is not a place; write it as E,N with points before the decimals, or as the number "
+           "of a "
+           "vertex; see plcalc stakeout --help"},
+          {"--station 1,5,5 --orientation 1", 2,
+           "--station: '1,5,5' is not a place; write it as E,N with points before the decimals, or as the "
+           "number "
+           "of a vertex; see plcalc stakeout --help"},
+          {"--station nan,1 --orientation 1", 2,
+           "--station: 'nan,1' is not a place; write it as E,N with points before the decimals, or as the "
+           "number "
+           "of a vertex; see plcalc stakeout --help"},
+          {"--station 1 --orientation 2 --base 0", 2,
+           "lot.csv: there is no side 0; the parcel has sides 1 to 4"},
+          {"--station 1 --orientation 2 --csv --json", 2,
+           "give one of --csv and --json; see plcalc stakeout --help"},
+          {"--station 1 --orientation 2 --parallel 1", 2,
+           "give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT; see plcalc "
+           "stakeout "
+           "--help"},
+          {"--station 1 --orientation 2 --parallel 1 --area 5000", 4,
+           "lot.csv: the requested area 5000 is not below the parcel's 4800.0000; ask for less"}}) {
+        SCOPED_TRACE(row.arguments);
+        EXPECT_TRUE(test::fails_with(stakeout(row.arguments), row.status, row.text));
+    }
+    write("lot.csv", "E,N\n0,0\n0,0\n80,0\n80,60\n");
+    EXPECT_TRUE(
+        test::fails_with(stakeout("--station 3 --orientation 4"), 2,
+                         "lot.csv: side 1 has no length, its two vertices are one point; choose another "
+                         "with --base"));
+    write("degrees.geojson",
+          R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})");
+    EXPECT_EQ(run({"stakeout", "degrees.geojson", "--station", "1", "--orientation", "2"}).status, 3);
+}
+
+}  // namespace

@@ -1,0 +1,106 @@
+// Numbers as the program reads and prints them.
+
+#include "text/numbers.h"
+
+#include <cmath>
+#include <locale>
+
+#include "support/bits.h"
+
+namespace {
+
+TEST(Numbers, ReadsNumbersAndNothingElse)
+{
+    struct Row {
+        const char* text;
+        double value;
+    };
+    for (const Row& row : {Row{"0", 0.0},
+                           {"-0", -0.0},
+                           {"12.5", 12.5},
+                           {" 12.5 ", 12.5},
+                           {"+3", 3.0},
+                           {"1e3", 1000.0},
+                           {"-.5", -0.5},
+                           {"5.", 5.0},
+                           {"0.1", 0x1.999999999999ap-4},
+                           {"4985117.5\r", 4985117.5}}) {
+        const std::optional<double> value = tool::parse_number(row.text);
+        ASSERT_TRUE(value.has_value()) << row.text;
+        EXPECT_BITS(*value, row.value);
+    }
+    EXPECT_TRUE(std::isnan(tool::parse_number("nan").value()));
+    EXPECT_TRUE(std::isinf(tool::parse_number("-inf").value()));
+    for (const char* text :
+         {"", " ", "x", "1 2", "1,5", "1.234,5", "0x10", "1e400", "1e-400", "12.5m", "+-3", "+", "++3"})
+        EXPECT_FALSE(tool::parse_number(text).has_value()) << text;
+}
+
+TEST(Numbers, ReadsWholeNumbersAndNothingElse)
+{
+    EXPECT_EQ(tool::parse_whole("0").value(), 0);
+    EXPECT_EQ(tool::parse_whole(" +12 ").value(), 12);
+    EXPECT_EQ(tool::parse_whole("-9223372036854775808").value(), -9223372036854775807LL - 1);
+    for (const char* text : {"", "1.0", "1e2", "9223372036854775808", "0x1", "one", "1 2"})
+        EXPECT_FALSE(tool::parse_whole(text).has_value()) << text;
+}
+
+TEST(Numbers, PrintsSoManyDecimals)
+{
+    EXPECT_EQ(tool::fixed(0.0, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.0, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.00004, 4), "0.0000");
+    EXPECT_EQ(tool::fixed(-0.00006, 4), "-0.0001");
+    EXPECT_EQ(tool::fixed(-0.00004, 5), "-0.00004");
+    EXPECT_EQ(tool::fixed(-0.000004, 5), "0.00000");
+    EXPECT_EQ(tool::fixed(4985117.4360625, 4), "4985117.4361");
+    EXPECT_EQ(tool::fixed(4985117.4360625, 7), "4985117.4360625");
+    EXPECT_EQ(tool::fixed(999999999999.0, 4), "999999999999.0000");
+    EXPECT_EQ(tool::fixed(1e12, 4), "1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(-1e12, 4), "-1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(1e-16, 17), "0.00000000000000010");
+    EXPECT_EQ(tool::fixed(1e-16, 18), "9.9999999999999998e-17");
+    EXPECT_EQ(tool::rough(0.000123456), "0.000123");
+}
+
+TEST(Numbers, PrintsNoMoreDigitsThanNeeded)
+{
+    EXPECT_EQ(tool::shortest(12.34567), "12.34567");
+    EXPECT_EQ(tool::shortest(6000.0), "6000");
+    EXPECT_EQ(tool::shortest(1e-9), "1e-09");
+    EXPECT_EQ(tool::shortest(1.0 / 3.0), "0.3333333333333333");
+    EXPECT_EQ(tool::shortest(-2.2250738585072014e-308), "-2.2250738585072014e-308");
+}
+
+TEST(Numbers, DecimalsGoDownToTheStep)
+{
+    EXPECT_EQ(tool::decimals_for(1.0), 4);
+    EXPECT_EQ(tool::decimals_for(1.1e-4), 4);
+    EXPECT_EQ(tool::decimals_for(0.9e-4), 5);
+    EXPECT_EQ(tool::decimals_for(1e-7 * 100.0), 5) << "a bit below 1e-5";
+    EXPECT_EQ(tool::decimals_for(1.1e-17), 17);
+    EXPECT_GT(tool::decimals_for(0.9e-17), tool::kMaxDecimals);
+    EXPECT_GT(tool::decimals_for(0.0), tool::kMaxDecimals);
+    EXPECT_GT(tool::decimals_for(std::nan("")), tool::kMaxDecimals);
+}
+
+// A comma before the decimals, dots between the thousands.
+class ItalianNumbers : public std::numpunct<char> {
+protected:
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(Numbers, AreTheSameInEveryLocale)
+{
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new ItalianNumbers));
+    EXPECT_EQ(tool::fixed(12345.5, 4), "12345.5000");
+    EXPECT_EQ(tool::shortest(12345.5), "12345.5");
+    EXPECT_EQ(tool::rough(0.125), "0.125");
+    EXPECT_BITS(tool::parse_number("12345.5").value(), 12345.5);
+    EXPECT_FALSE(tool::parse_number("12345,5").has_value());
+    std::locale::global(before);
+}
+
+}  // namespace

@@ -1,0 +1,243 @@
+// Many parcels in one go, several cuts of one parcel, and the same figures as JSON.
+
+#include <nlohmann/json.hpp>
+
+#include "console/progress.h"
+#include "program.h"
+
+namespace {
+
+using nlohmann::json;
+
+class Many : public test::ProgramTest {
+protected:
+    // Two squares, a point, a bow-tie, broken text, a square too small for the request.
+    void write_lots() const
+    {
+        write("lots.csv", "id,owner,WKT\n"
+                          "1,Rossi,\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n"
+                          "2,Bianchi,\"POLYGON ((200 0, 300 0, 300 50, 200 50, 200 0))\"\n"
+                          "3,nobody,POINT (1 2)\n"
+                          "4,Rossi,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n"
+                          "5,Neri,\"POLYGON ((0 0, 9 x))\"\n"
+                          "6,Neri,\"POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))\"\n"
+                          "7,nobody,\n");
+    }
+};
+
+TEST_F(Many, EveryParcelOfALayerAndASummary)
+{
+    write_lots();
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "   Parcel  line    from E   from N      to E     to N    cut off\n"
+                       "feature 1     1    0.0000  10.0000  100.0000  10.0000  1000.0000\n"
+                       "feature 2     1  200.0000  10.0000  300.0000  10.0000  1000.0000\n"
+                       "\n"
+                       "Divided  2 of 5 parcels\n"
+                       "Refused  3\n"
+                       "  1: its WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5)\n"
+                       "  1: the amount is not above zero and below what there is to cut (feature 6)\n"
+                       "  1: the boundary crosses or touches itself (feature 4)\n"
+                       "Passed over, without an area  2\n");
+    EXPECT_EQ(run.status, 3);
+}
+
+TEST_F(Many, AllDividedIsDone)
+{
+    write_lots();
+    const test::Result run = this->run({"divide", "lots.csv", "--where",
+                                        "owner = 'Rossi' and id = '1' or owner in ('Bianchi', 'nobody')",
+                                        "--parallel", "1", "--area", "1000"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Divided  2 of 2 parcels\n"), std::string::npos) << run.out;
+    EXPECT_EQ(run.out.find("Refused"), std::string::npos);
+}
+
+TEST_F(Many, CutsThatCannotBeMadeGiveTheirStatus)
+{
+    write_lots();
+    const test::Result run =
+        this->run({"divide", "lots.csv", "--where", "id in ('1', '6')", "--parallel", "1", "--area", "1000"});
+    EXPECT_EQ(run.status, 4) << run.err;
+}
+
+TEST_F(Many, OneOfThemByFeatureOrFilter)
+{
+    write_lots();
+    const test::Result by_fid = divide("lots.csv", "--feature 2 --parallel 1 --area 1000");
+    EXPECT_EQ(by_fid.status, 0) << by_fid.err;
+    EXPECT_EQ(by_fid.out.rfind("Parcel  lots.csv: feature 2\n", 0), 0u);
+    const test::Result by_owner = this->run(
+        {"divide", "lots.csv", "--where", "owner = 'Bianchi'", "--parallel", "1", "--area", "1000"});
+    EXPECT_EQ(by_owner.out, by_fid.out);
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.csv", "--feature 5 --parallel 1 --area 1000"), 3,
+                         "lots.csv: feature 5: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it"));
+}
+
+TEST_F(Many, VerbsForOneParcelAskForAChoice)
+{
+    write_lots();
+    EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv"}), 2,
+                                 "lots.csv: there are 5 parcels (feature 1, feature 2, feature 4, feature 5, "
+                                 "feature 6); choose one with --feature FID"));
+}
+
+// --------------------------------------------------------------------------------------- several cuts of one
+
+const char* const kLot = "POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))";
+
+TEST_F(Many, SeveralCutsReadLikeThis)
+{
+    write_wkt(kLot);
+    const test::Result run = divide("lot.csv", "--parallel 1 --areas 1000,20x75,25%");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "Parcel  lot.csv: feature 1\n"
+                       "        4 vertices, anticlockwise\n"
+                       "Cut     parallel to side 1, from vertex 1 to vertex 2\n"
+                       "Asked   1000, 20 x 75, 25%\n"
+                       "\n"
+                       "Dividing line 1                  E          N\n"
+                       "  from                      0.0000    10.0000\n"
+                       "  to                      100.0000    10.0000\n"
+                       "Dividing line 2                  E          N\n"
+                       "  from                      0.0000    25.0000\n"
+                       "  to                      100.0000    25.0000\n"
+                       "Dividing line 3                  E          N\n"
+                       "  from                      0.0000    40.0000\n"
+                       "  to                      100.0000    40.0000\n"
+                       "\n"
+                       "Area                     requested   measured\n"
+                       "  piece 1, along side 1  1000.0000  1000.0000\n"
+                       "  piece 2                1500.0000  1500.0000\n"
+                       "  piece 3                1500.0000  1500.0000\n"
+                       "  piece 4                2000.0000  2000.0000\n"
+                       "  parcel                            6000.0000\n"
+                       "Perimeter                            320.0000\n");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST_F(Many, ManyEqualPartsAreCounted)
+{
+    write_wkt(kLot);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --parts 5").out.find("Asked   1/5, 1/5, 1/5, 1/5\n"),
+              std::string::npos);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --parts 6").out.find("Asked   5 times 1/6\n"),
+              std::string::npos);
+    EXPECT_NE(divide("lot.csv", "--parallel 1 --areas 9,9,9,9,8").out.find("Asked   9, 9, 9, 9, 8\n"),
+              std::string::npos);
+}
+
+TEST_F(Many, AmountsInEveryForm)
+{
+    write_wkt(kLot);
+    struct Row {
+        const char* arguments;
+        double cut_off;
+    };
+    for (const Row& row : {Row{"--parallel 1 --share 1/3", 2000},
+                           {"--parallel 1 --share 25%", 1500},
+                           {"--parallel 1 --share 2.5/10", 1500},
+                           {"--parallel 1 --product 20 30", 600},
+                           {"--parallel 1 --parts 2", 3000},
+                           {"--parallel 1 --areas 600", 600}}) {
+        SCOPED_TRACE(row.arguments);
+        const test::Result run = divide("lot.csv", row.arguments);
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NEAR(test::numbers_after(run.out, "cut off").at(0), row.cut_off, 6e-3);
+        EXPECT_NEAR(test::numbers_after(run.out, "requested").at(0), row.cut_off, 1e-4);
+        EXPECT_NEAR(test::numbers_after(run.out, "from").at(1), row.cut_off / 100.0, 1e-4);
+    }
+}
+
+TEST_F(Many, TheOppositeSide)
+{
+    write_wkt(kLot);
+    struct Row {
+        const char* cut;
+        const char* label;
+        double e, n;  // of the line's far end
+    };
+    for (const Row& row : {Row{"--parallel 1", "cut off, beyond the line from side 1", 100, 50},
+                           {"--perpendicular 1", "cut off, behind towards vertex 1", 1000.0 / 60, 60},
+                           {"--vertex 1", "cut off, along side 4", 1000.0 / 30, 60}}) {
+        SCOPED_TRACE(row.cut);
+        const test::Result run = divide("lot.csv", std::string(row.cut) + " --area 1000 --opposite");
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NEAR(test::numbers_after(run.out, row.label).at(0), 1000.0, 6e-3) << run.out;
+        EXPECT_NEAR(test::numbers_after(run.out, "to").at(0), row.e, 1e-4);
+        EXPECT_NEAR(test::numbers_after(run.out, "to").at(1), row.n, 1e-4);
+    }
+}
+
+TEST_F(Many, AnAmountOfTheListThatIsTooMuch)
+{
+    write_wkt(kLot);
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--parallel 1 --areas 1000,5500"), 4,
+        "lot.csv: feature 1: the requested area 5500 (number 2 of the list), with those before it, is not "
+        "below the parcel's 6000.0000; ask for less"));
+}
+
+// ------------------------------------------------------------------------------------------------------- JSON
+
+TEST_F(Many, JsonHasTheNumbersOfTheTable)
+{
+    write_wkt("POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))");
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 12.34567 --json");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const json got = json::parse(run.out);
+    EXPECT_EQ(got["divided"], 1);
+    EXPECT_EQ(got["refused"], 0);
+    const json& lot = got["parcels"][0];
+    EXPECT_EQ(lot["parcel"], "lot.csv: feature 1");
+    EXPECT_EQ(lot["status"], "divided");
+    EXPECT_EQ(lot["cut"], "parallel");
+    EXPECT_EQ(lot["number"], 1);
+    EXPECT_EQ(lot["measured"], "from_reference");
+    EXPECT_EQ(lot["area"], 100.0);
+    EXPECT_EQ(lot["perimeter"], 40.0);
+    EXPECT_EQ(lot["pieces"][0]["given"], "12.34567");
+    const test::Result table = divide("lot.csv", "--parallel 1 --area 12.34567");
+    EXPECT_EQ(lot["lines"][0]["from"]["n"], test::numbers_after(table.out, "from").at(1));
+    EXPECT_EQ(lot["lines"][0]["to"]["e"], test::numbers_after(table.out, "to").at(0));
+    EXPECT_EQ(lot["pieces"][0]["area"], test::numbers_after(table.out, "cut off").at(0));
+    EXPECT_EQ(lot["pieces"][0]["requested"], test::numbers_after(table.out, "requested").at(0));
+    EXPECT_EQ(lot["pieces"][1]["area"], test::numbers_after(table.out, "rest").at(0));
+    EXPECT_TRUE(lot["pieces"][1]["given"].is_null());
+}
+
+TEST_F(Many, JsonOfManyTellsTheRefusedToo)
+{
+    write_lots();
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 --json");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.err, "");
+    const json got = json::parse(run.out);
+    EXPECT_EQ(got["divided"], 2);
+    EXPECT_EQ(got["refused"], 3);
+    EXPECT_EQ(got["parcels"].size(), 5u);
+    EXPECT_EQ(got["parcels"][2]["status"], "refused");
+    EXPECT_EQ(got["parcels"][3]["reason"],
+              "lots.csv: feature 5: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it");
+}
+
+TEST_F(Many, RefusalOfTheOnlyOneIsNoJson)
+{
+    write_wkt(kLot);
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 7000 --json");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_EQ(run.out, "");
+}
+
+TEST(ProgressBar, FillsFromTheLeft)
+{
+    EXPECT_EQ(tool::progress_bar("dividing", 0, 60), "dividing [                              ] 0 of 60");
+    EXPECT_EQ(tool::progress_bar("dividing", 30, 60), "dividing [###############               ] 30 of 60");
+    EXPECT_EQ(tool::progress_bar("dividing", 60, 60), "dividing [##############################] 60 of 60");
+    EXPECT_EQ(tool::progress_bar("dividing", 61, 60), "dividing [##############################] 61 of 60");
+    EXPECT_EQ(tool::progress_bar("dividing", 0, 0), "dividing [##############################] 0 of 0");
+}
+
+}  // namespace

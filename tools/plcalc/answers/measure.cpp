@@ -1,0 +1,82 @@
+#include "answers/measure.h"
+
+#include <cmath>
+#include <cstddef>
+
+#include "plcalc/survey.h"
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+using Ring = std::vector<PL_PNT2D_record>;
+
+constexpr double kTurnGon = 400.0;
+constexpr double kTurnDegrees = 360.0;
+
+// Around the first vertex: the area's sums lose digits far from the origin.
+CPoint3dVector around_first(const Ring& ring)
+{
+    CPoint3dVector points;
+    points.Reserve(static_cast<int>(ring.size()));
+    for (const PL_PNT2D_record& p : ring)
+        points.Append(p.x - ring[0].x, p.y - ring[0].y, 0.0);
+    return points;
+}
+
+// The inside lies to the left of an anticlockwise ring, and bearings count to the right.
+std::optional<double> inner_angle(const PL_PNT2D_record& before, const PL_PNT2D_record& at,
+                                  const PL_PNT2D_record& after, bool anticlockwise)
+{
+    const std::optional<double> back = bearing_gon(at, before);
+    const std::optional<double> on = bearing_gon(at, after);
+    if (!back || !on)
+        return std::nullopt;
+    return LimiteAng0_400(anticlockwise ? *on - *back : *back - *on);
+}
+
+std::string angle_text(double angle, double turn, int decimals)
+{
+    const std::string text = fixed(angle, decimals);
+    return text == fixed(turn, decimals) ? fixed(0.0, decimals) : text;
+}
+
+}  // namespace
+
+std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+{
+    const double east = to.x - from.x;
+    const double north = to.y - from.y;
+    if (east == 0.0 && north == 0.0)
+        return std::nullopt;
+    return AngoloDaAsseRifer(east, north);
+}
+
+Measures measure(const Ring& ring)
+{
+    const CPoint3dVector points = around_first(ring);
+    Measures measures;
+    measures.anticlockwise = AreaCalcolataSgn(points) > 0.0;
+    measures.area = AreaCalcolata(points);
+    measures.perimeter = PeriCalcolato(points);
+    const std::size_t n = ring.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const PL_PNT2D_record& after = ring[(i + 1) % n];
+        measures.sides.push_back({PlFunz_distance(&ring[i], &after), bearing_gon(ring[i], after)});
+        measures.vertices.push_back(
+            {inner_angle(ring[(i + n - 1) % n], ring[i], after, measures.anticlockwise)});
+    }
+    return measures;
+}
+
+std::string gon_text(const std::optional<double>& angle_gon, int decimals)
+{
+    return angle_gon ? angle_text(*angle_gon, kTurnGon, decimals) : "-";
+}
+
+std::string degree_text(const std::optional<double>& angle_gon, int decimals)
+{
+    return angle_gon ? angle_text(*angle_gon * kDegreesPerGon, kTurnDegrees, decimals) : "-";
+}
+
+}  // namespace tool

@@ -1,0 +1,206 @@
+#include "answers/printed_division.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <optional>
+
+#include "answers/pieces.h"
+#include "plparcel/extent.h"
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+using plparcel::Ring;
+using plparcel::Status;
+using Line = PL_LINE_2D_record;
+
+// Areas show the first three digits of whatever was asked for.
+constexpr double kRelRequestStep = 1e-3;
+
+// A printed line is right when no piece misses its amount by more than this part of the parcel: a square
+// decimetre on a hectare.
+constexpr long double kRelParcelTol = 1e-6L;
+
+// Nor by more than this part of itself: of a request of a millionth of the parcel, the test above would let pass
+// whatever came out, nothing at all included.
+constexpr long double kRelPieceTol = 0.01L;
+
+// An end that is off by a rounding is off by more along the line, where the line meets the boundary at a slant:
+// 64 times as much at one degree. A slant still flatter asks for more decimals.
+constexpr long double kSlantAllowance = 64.0L;
+
+// The proven line itself ends within so many spacings of doubles from the boundary.
+constexpr double kProvenSpacings = 4.0;
+
+double read_back(double coordinate, int decimals)
+{
+    return parse_number(fixed(coordinate, decimals)).value();
+}
+
+PL_PNT2D_record read_back(const PL_PNT2D_record& p, int decimals)
+{
+    return {read_back(p.x, decimals), read_back(p.y, decimals)};
+}
+
+// Half a step in the last place, on both axes.
+double rounding_of(int decimals)
+{
+    return decimals > kMaxDecimals ? 0.0 : std::sqrt(0.5) * std::pow(10.0, -decimals);
+}
+
+PL_PNT2D_record relative(const PL_PNT2D_record& p, const PL_PNT2D_record& origin)
+{
+    return {p.x - origin.x, p.y - origin.y};
+}
+
+Line relative(const Line& line, const PL_PNT2D_record& origin)
+{
+    return {relative(line.start, origin), relative(line.end, origin)};
+}
+
+Ring relative(const Ring& ring, const PL_PNT2D_record& origin)
+{
+    Ring local;
+    for (const PL_PNT2D_record& p : ring)
+        local.push_back(relative(p, origin));
+    return local;
+}
+
+bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    return p.x == q.x && p.y == q.y;
+}
+
+// The lines in two readings, in coordinates relative to the ring's first vertex.
+struct Readings {
+    std::vector<Line> printed;   // ends where they are printed
+    std::vector<Line> extended;  // ends moved along the line onto the boundary
+};
+
+std::optional<Readings> read(const Ring& ring, const std::vector<Line>& lines, double rounding)
+{
+    const PL_PNT2D_record& origin = ring.front();
+    const Ring local = relative(ring, origin);
+    const long double slack =
+        kSlantAllowance * (rounding + kProvenSpacings * plparcel::coordinate_spacing(ring));
+    Readings readings;
+    for (const Line& line : lines) {
+        Line ends = relative(line, origin);
+        readings.printed.push_back(ends);
+        if (!part_ring(local, ends.start, ends.end, slack, ends))
+            return std::nullopt;
+        readings.extended.push_back(ends);
+    }
+    return readings;
+}
+
+// A piece of the proven division with the ends of its lines moved.
+class PieceInPrint {
+public:
+    PieceInPrint(const plparcel::Division& proven, const Readings& readings, const PL_PNT2D_record& origin)
+        : proven_(proven), readings_(readings), origin_(origin)
+    {}
+
+    long double area(std::size_t piece, bool extended) const
+    {
+        Ring ring;
+        for (const PL_PNT2D_record& p : proven_.pieces[piece].ring)
+            ring.push_back(moved(p, piece, extended));
+        return std::fabs(signed_area(ring));
+    }
+
+private:
+    // The lines of piece k are k - 1 and k. Where both end, at the vertex they start from, either will do.
+    PL_PNT2D_record moved(const PL_PNT2D_record& p, std::size_t piece, bool extended) const
+    {
+        const std::size_t first = piece > 0 ? piece - 1 : 0;
+        for (std::size_t i = first; i <= piece && i < proven_.lines.size(); ++i) {
+            const bool start = same(proven_.lines[i].from, p);
+            if (!start && !same(proven_.lines[i].to, p))
+                continue;
+            const Line& line = extended ? readings_.extended[i] : readings_.printed[i];
+            return start ? line.start : line.end;
+        }
+        return relative(p, origin_);
+    }
+
+    const plparcel::Division& proven_;
+    const Readings& readings_;
+    const PL_PNT2D_record& origin_;
+};
+
+bool holds(long double got, long double asked, long double parcel)
+{
+    return std::fabs(got - asked) <= std::min(kRelParcelTol * parcel, kRelPieceTol * asked);
+}
+
+// The areas of the pieces when all of them hold what was asked, in both readings.
+std::vector<double> judged(const Ring& ring, const plparcel::Division& proven, const std::vector<Line>& lines,
+                           double rounding)
+{
+    const std::optional<Readings> readings = read(ring, lines, rounding);
+    if (!readings)
+        return {};
+    const PieceInPrint in_print(proven, *readings, ring.front());
+    std::vector<double> areas;
+    for (std::size_t i = 0; i < proven.pieces.size(); ++i) {
+        const long double asked = proven.pieces[i].asked;
+        const long double extended = in_print.area(i, true);
+        if (!holds(extended, asked, proven.ring.area) ||
+            !holds(in_print.area(i, false), asked, proven.ring.area))
+            return {};
+        areas.push_back(static_cast<double>(extended));
+    }
+    return areas;
+}
+
+plparcel::Division divide(const Ring& ring, const Asked& asked)
+{
+    plparcel::Request request = asked.request;
+    // Numbers below 1 go where there is no side or vertex.
+    request.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : ring.size();
+    return plparcel::divide(ring, request);
+}
+
+int area_decimals(const Asked& asked, double parcel_area, int decimals)
+{
+    for (const plparcel::Amount& amount : asked.request.amounts) {
+        const double wanted = area_of(amount, parcel_area);
+        if (wanted > 0.0)
+            decimals = std::max(decimals, decimals_for(kRelRequestStep * wanted));
+    }
+    return decimals;
+}
+
+}  // namespace
+
+PrintedDivision divide_in_print(const Ring& ring, const Asked& asked)
+{
+    PrintedDivision printed;
+    printed.proven = divide(ring, asked);
+    if (ring.empty())
+        return printed;
+    printed.resolution = resolution_of(ring, printed.proven.ring.area);
+    printed.resolution.area_decimals =
+        area_decimals(asked, printed.proven.ring.area, printed.resolution.area_decimals);
+    if (printed.proven.status != Status::divided)
+        return printed;
+
+    for (int& decimals = printed.resolution.decimals; decimals <= kMaxDecimals + 1; ++decimals) {
+        std::vector<Line> lines;
+        for (const plparcel::DividingLine& line : printed.proven.lines)
+            lines.push_back({read_back(line.from, decimals), read_back(line.to, decimals)});
+        printed.areas = judged(ring, printed.proven, lines, rounding_of(decimals));
+        if (!printed.areas.empty()) {
+            printed.lines = lines;
+            return printed;
+        }
+    }
+    printed.too_coarse = true;
+    return printed;
+}
+
+}  // namespace tool

@@ -1,0 +1,20 @@
+#pragma once
+
+// Draws the plan of a division, to look at and to print.
+
+#include <string>
+
+#include "plan/layout.h"
+#include "plan/plan.h"
+
+namespace tool {
+
+/// Draws the plan to a file: parcel, pieces, lines with the coordinates of their ends, sides with their lengths,
+/// numbered vertices, north arrow, scale bar. True to a round scale.
+///
+/// @param[in] path   .svg, .pdf or .png
+/// @param[in] name   of the file in messages
+/// @throws Failure   failed when the file cannot be written
+void draw_plan(const Plan& plan, Paper paper, const std::string& path, const std::string& name);
+
+}  // namespace tool

@@ -1,0 +1,303 @@
+#include "plan/labels.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tool {
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+
+// A side this near to upright, radians, is upright.
+constexpr double kUpright = 1e-6;
+
+// Sizes of text, points.
+constexpr double kAreaSize = 10.0;
+constexpr double kLabelSize = 8.0;
+constexpr double kSmallSize = 6.5;
+
+// A side with room for so many times its length leaves enough to the numbers of its vertices.
+constexpr double kLongSide = 1.3;
+
+// More areas beside their pieces than these are a thicket of hair lines.
+constexpr std::size_t kMaxBeside = 12;
+
+// From a number to the boundary of its piece, points.
+constexpr double kLeastRoom = 1.5;
+
+// Around a point, first in a direction, then to both sides of it up to a third of a turn, near before far.
+std::vector<SheetPoint> around(const SheetPoint& p, const SheetPoint& first, double near)
+{
+    std::vector<SheetPoint> places;
+    for (const double distance : {near, 1.5 * near, 2.2 * near}) {
+        for (int step = 0; step <= 4; ++step) {
+            for (const double turn : {step * kPi / 6.0, -step * kPi / 6.0}) {
+                const SheetPoint turned = {first.x * std::cos(turn) - first.y * std::sin(turn),
+                                           first.x * std::sin(turn) + first.y * std::cos(turn)};
+                places.push_back(moved(p, turned, distance));
+            }
+        }
+    }
+    return places;
+}
+
+// Small boxes along turned text: the box around all of it is far too large.
+std::vector<SheetPoint> beads_of(const SheetPoint& middle, const SheetPoint& extent, double angle)
+{
+    const int count = std::max(1, static_cast<int>(std::ceil(extent.x / extent.y)));
+    std::vector<SheetPoint> beads;
+    for (int i = 0; i < count; ++i) {
+        const double along = ((i + 0.5) / count - 0.5) * extent.x;
+        beads.push_back({middle.x + along * std::cos(angle), middle.y + along * std::sin(angle)});
+    }
+    return beads;
+}
+
+// Read from below or from the right.
+double reading_angle(const SheetPoint& a, const SheetPoint& b)
+{
+    const double angle = std::atan2(b.y - a.y, b.x - a.x);
+    if (angle >= kPi / 2.0 - kUpright)
+        return angle - kPi;
+    return angle < -kPi / 2.0 - kUpright ? angle + kPi : angle;
+}
+
+}  // namespace
+
+PlanLabels::PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot)
+    : plan_(plan), layout_(layout), canvas_(canvas), at_foot_(at_foot), places_(layout.drawing()),
+      outline_(on_sheet(plan.ring))
+{
+    for (std::size_t i = 0; i < outline_.size(); ++i)
+        places_.add_line(vertex(i), vertex(i + 1));
+    for (const PL_LINE_2D_record& line : plan_.lines)
+        places_.add_line(layout_.at(line.start), layout_.at(line.end));
+}
+
+// Long sides before the ends that part them: a length off its side's middle would be taken for a part's. Ends before
+// the vertices, which may be so many that nothing else finds a place.
+AtFoot PlanLabels::draw()
+{
+    label_sides(true);
+    label_line_ends();
+    label_vertices();
+    label_sides(false);
+    if (at_foot_.pieces)
+        number_pieces();
+    else
+        label_pieces();
+    return at_foot_;
+}
+
+std::vector<SheetPoint> PlanLabels::on_sheet(const plparcel::Ring& ring) const
+{
+    std::vector<SheetPoint> outline;
+    for (const PL_PNT2D_record& p : ring)
+        outline.push_back(layout_.at(p));
+    return outline;
+}
+
+// Out of the parcel, at right angles to a side.
+SheetPoint PlanLabels::outwards(std::size_t side) const
+{
+    const SheetPoint along = direction(vertex(side), vertex(side + 1));
+    const SheetPoint middle = {(vertex(side).x + vertex(side + 1).x) * 0.5,
+                               (vertex(side).y + vertex(side + 1).y) * 0.5};
+    const SheetPoint left = {along.y, -along.x};
+    return is_inside(outline_, moved(middle, left, 0.5)) ? SheetPoint{-left.x, -left.y} : left;
+}
+
+SheetPoint PlanLabels::other_end(const PL_PNT2D_record& p) const
+{
+    for (const PL_LINE_2D_record& line : plan_.lines) {
+        if (line.start.x == p.x && line.start.y == p.y)
+            return layout_.at(line.end);
+        if (line.end.x == p.x && line.end.y == p.y)
+            return layout_.at(line.start);
+    }
+    return layout_.at(p);
+}
+
+void PlanLabels::label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
+                              const Colour& colour, bool may_cross_lines)
+{
+    const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
+    const double near = 0.5 * std::max(extent.x, extent.y) + 4.0;
+    const auto place =
+        places_.first_free(around(p, first, near), {extent.x + 2.0, extent.y}, 0.0, may_cross_lines);
+    if (place)
+        canvas_.text(text, *place, kLabelSize, colour, Anchor::centre, true);
+}
+
+void PlanLabels::label_vertices()
+{
+    for (std::size_t i = 0; i < outline_.size(); ++i) {
+        const SheetPoint before = outwards((i + outline_.size() - 1) % outline_.size());
+        const SheetPoint after = outwards(i);
+        const SheetPoint out = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
+        label_around(std::to_string(i + 1), outline_[i], out, kInk, true);
+    }
+}
+
+// On from the line, out of the parcel. Where lines are too many for it, the table at the foot has them in order.
+void PlanLabels::label_line_ends()
+{
+    const std::vector<PL_PNT2D_record> ends = line_ends(plan_);
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        const SheetPoint p = layout_.at(ends[i]);
+        label_around(end_name(i), p, direction(other_end(ends[i]), p), kRed, false);
+    }
+}
+
+// How many times the length of a side has room along it.
+double PlanLabels::room_along(std::size_t side)
+{
+    const double length =
+        length_of({vertex(side + 1).x - vertex(side).x, vertex(side + 1).y - vertex(side).y});
+    return length / canvas_.size_of(side_text(plan_, side), kSmallSize).x;
+}
+
+void PlanLabels::label_sides(bool long_ones)
+{
+    for (std::size_t i = 0; i < outline_.size(); ++i)
+        if (at_foot_.sides.count(i) == 0 && (room_along(i) > kLongSide) == long_ones && !label_side(i))
+            at_foot_.sides.insert(i);
+    // A few beside the drawing and most at the foot would be looked for in both.
+    for (std::size_t i = 0; 2 * at_foot_.sides.size() > outline_.size() && i < outline_.size(); ++i)
+        at_foot_.sides.insert(i);
+}
+
+// Along the side where it is long enough, level beside it where not.
+bool PlanLabels::label_side(std::size_t side)
+{
+    const std::string text = side_text(plan_, side);
+    const SheetPoint a = vertex(side);
+    const SheetPoint b = vertex(side + 1);
+    const SheetPoint out = outwards(side);
+    const SheetPoint extent = canvas_.size_of(text, kSmallSize);
+    std::vector<SheetPoint> beside;
+    for (const double part : {0.5, 0.35, 0.65, 0.25, 0.75})
+        beside.push_back(moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, out, 7.0));
+    const SheetPoint middle = {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
+    const bool fits = room_along(side) > 1.0;
+    const double angle = fits ? reading_angle(a, b) : 0.0;
+    const auto place = fits ? first_along(beside, extent, angle)
+                            : places_.first_free(outside_of(middle, out, extent), extent);
+    if (place)
+        canvas_.text(text, *place, kSmallSize, kGrey, Anchor::centre, false, angle);
+    return place.has_value();
+}
+
+// Level text beside a short side. Inside the parcel or far off it would be taken for another's.
+std::vector<SheetPoint> PlanLabels::outside_of(const SheetPoint& middle, const SheetPoint& out,
+                                               const SheetPoint& extent) const
+{
+    const double near = 4.0 + 0.5 * (std::fabs(out.x) * extent.x + std::fabs(out.y) * extent.y);
+    std::vector<SheetPoint> places;
+    for (const SheetPoint& p : {moved(middle, out, near), moved(middle, out, 1.4 * near)})
+        if (!is_inside(outline_, p))
+            places.push_back(p);
+    return places;
+}
+
+std::optional<SheetPoint> PlanLabels::first_along(const std::vector<SheetPoint>& middles,
+                                                  const SheetPoint& extent, double angle)
+{
+    for (const SheetPoint& middle : middles) {
+        const std::vector<SheetPoint> beads = beads_of(middle, extent, angle);
+        const SheetPoint bead = {extent.y, extent.y};
+        const bool free = std::all_of(beads.begin(), beads.end(), [&](const SheetPoint& p) {
+            return places_.is_free(p, bead, 0.0, true);
+        });
+        if (!free)
+            continue;
+        for (const SheetPoint& p : beads)
+            places_.take(label_box(p, bead, 0.0));
+        return middle;
+    }
+    return std::nullopt;
+}
+
+// Areas in their pieces, or beside them; where that cannot be had for all of them, at the foot for all of them.
+void PlanLabels::label_pieces()
+{
+    std::size_t beside = 0;
+    for (std::size_t i = 0; i < plan_.pieces.size() && i < plan_.piece_labels.size(); ++i) {
+        const std::vector<RoomyPlace> inside = roomy_places(on_sheet(plan_.pieces[i]));
+        if (label_inside(plan_.piece_labels[i], inside))
+            continue;
+        const SheetPoint piece = inside.empty() ? layout_.at(plan_.pieces[i].front()) : inside.front().at;
+        if (++beside > kMaxBeside || !label_beside(plan_.piece_labels[i], piece)) {
+            at_foot_.pieces = true;
+            return;
+        }
+    }
+}
+
+// In a narrow one across its boundary, the middle of the number inside; in one that is hardly seen, not at all: they
+// lie in order.
+void PlanLabels::number_pieces()
+{
+    for (std::size_t i = 0; i < plan_.pieces.size(); ++i) {
+        const std::string text = std::to_string(i + 1);
+        const std::vector<RoomyPlace> inside = roomy_places(on_sheet(plan_.pieces[i]));
+        if (label_inside(text, inside))
+            continue;
+        std::vector<SheetPoint> places;
+        for (const RoomyPlace& place : inside)
+            if (place.room >= kLeastRoom)
+                places.push_back(place.at);
+        const auto place = places_.first_free(places, canvas_.size_of(text, kSmallSize, true));
+        if (place)
+            canvas_.text(text, *place, kSmallSize, kInk, Anchor::centre, true);
+    }
+}
+
+// In a piece that is wide enough.
+bool PlanLabels::label_inside(const std::string& text, const std::vector<RoomyPlace>& inside)
+{
+    for (const double size : {kAreaSize, kLabelSize, kSmallSize}) {
+        const SheetPoint extent = canvas_.size_of(text, size, true);
+        const SheetPoint needed = {extent.x + 4.0, extent.y + 2.0};
+        std::vector<SheetPoint> places;
+        for (const RoomyPlace& place : inside)
+            if (place.room >= 0.5 * std::min(needed.x, needed.y))
+                places.push_back(place.at);
+        const auto place = places_.first_free(places, needed, 0.0, false);
+        if (!place)
+            continue;
+        canvas_.text(text, *place, size, kInk, Anchor::centre, true);
+        return true;
+    }
+    return false;
+}
+
+// Outside, with a hair line to the piece that runs through no other label and none of its neighbours.
+bool PlanLabels::label_beside(const std::string& text, const SheetPoint& piece)
+{
+    constexpr double kFirst = 30.0;
+    constexpr double kStep = 8.0;
+    constexpr int kRings = 7;
+    constexpr int kDirections = 24;
+    const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
+    std::vector<SheetPoint> places;
+    for (int ring = 0; ring < kRings; ++ring) {
+        for (int i = 0; i < kDirections; ++i) {
+            const double turn = 2.0 * kPi * i / kDirections;
+            const SheetPoint p = moved(piece, {std::cos(turn), std::sin(turn)}, kFirst + kStep * ring);
+            // Across its own boundary only.
+            if (!is_inside(outline_, p) && places_.crossings(piece, p) <= 1 && places_.is_clear(piece, p))
+                places.push_back(p);
+        }
+    }
+    const auto place = places_.first_free(places, {extent.x + 4.0, extent.y + 2.0}, 0.0, false);
+    if (!place)
+        return false;
+    canvas_.stroke({piece, *place}, false, kGrey, 0.5);
+    canvas_.dot(piece, 1.0, kGrey, kGrey);
+    canvas_.text(text, *place, kLabelSize, kInk, Anchor::centre, true);
+    places_.add_line(piece, *place);
+    return true;
+}
+
+}  // namespace tool

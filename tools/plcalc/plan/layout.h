@@ -1,0 +1,53 @@
+#pragma once
+
+// Where a plan lies on its sheet: paper, round scale, and the way from coordinates to the sheet.
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "plparcel/division.h"
+#include "sheet/geometry.h"
+
+namespace tool {
+
+enum class Paper { a4, a3 };
+
+/// "A4" and "A3", in capitals or not; nothing for another text.
+std::optional<Paper> paper_of(const std::string& name);
+const char* paper_name(Paper paper);
+
+/// The sheet and the scale.
+class PlanLayout {
+public:
+    /// @param[in] ring           the parcel
+    /// @param[in] metres         length of the coordinates' unit in metres
+    /// @param[in] paper          the paper; it is laid the way round in which the parcel has more room
+    /// @param[in] foot_height    of a frame: room needed at its bottom, points
+    PlanLayout(const plparcel::Ring& ring, double metres, Paper paper,
+               const std::function<double(const SheetBox&)>& foot_height);
+
+    SheetPoint sheet() const { return sheet_; }          ///< width and height
+    SheetBox frame() const { return frame_; }            ///< inside the margin
+    SheetBox drawing() const { return drawing_; }        ///< inside the frame, without title and footer
+    double denominator() const { return denominator_; }  ///< 500 for 1:500
+    double points_per_unit() const { return points_per_unit_; }
+
+    SheetPoint at(const PL_PNT2D_record& p) const;
+
+private:
+    SheetPoint sheet_;
+    SheetBox frame_;
+    SheetBox drawing_;
+    double denominator_ = 1.0;
+    double points_per_unit_ = 1.0;
+    PL_PNT2D_record middle_ = {};
+};
+
+/// The largest of 1, 2 and 5 times a power of ten that is not above the value.
+double round_length(double value);
+
+/// The smallest round denominator, 1, 1.5, 2, 2.5 or 5 times a power of ten, that is not below the value.
+double round_denominator(double value);
+
+}  // namespace tool

@@ -1,0 +1,29 @@
+#pragma once
+
+// What the plan of a division shows.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "answers/resolution.h"
+#include "plparcel/division.h"
+
+namespace tool {
+
+struct Plan {
+    std::string title;                   ///< the parcel
+    std::vector<std::string> subtitles;  ///< what was asked
+    plparcel::Ring ring;
+    std::vector<plparcel::Ring> pieces;      ///< tinted, each with its label
+    std::vector<std::string> piece_labels;   ///< areas
+    std::vector<PL_LINE_2D_record> lines;    ///< dividing lines as printed
+    std::optional<std::size_t> base_side;    ///< drawn thick
+    std::optional<std::size_t> base_vertex;  ///< ringed
+    Resolution resolution;
+    double metres = 1.0;  ///< length of the unit
+    std::string unit;     ///< its name, "m"; empty when nobody told
+};
+
+}  // namespace tool

@@ -1,0 +1,107 @@
+#include "reports/many_report.h"
+
+#include "reports/divide_report.h"
+#include "text/numbers.h"
+#include "text/table.h"
+
+namespace tool {
+namespace {
+
+constexpr std::size_t kMaxListed = 5;
+
+// What is wrong, without the file and the feature before it and what to do after it.
+std::string core_of(const Failure& failure, const std::string& where)
+{
+    const std::string text = std::string(failure.what()).substr(where.size() + 2);
+    return text.substr(0, text.find_first_of(":;"));
+}
+
+std::string listed(const Refusals& refusals)
+{
+    std::string list;
+    for (const std::string& name : refusals.first_names)
+        list += (list.empty() ? "" : ", ") + name;
+    return refusals.count > refusals.first_names.size() ? list + ", ..." : list;
+}
+
+}  // namespace
+
+std::string ManyReport::refuse(const ReadParcel& read, const Failure& failure, const std::string& reason)
+{
+    ++refused_;
+    Refusals& refusals = refusals_[reason];
+    ++refusals.count;
+    if (refusals.first_names.size() < kMaxListed)
+        refusals.first_names.push_back(read.name);
+    if (status_ == ExitStatus::done || failure.status() < status_)
+        status_ = failure.status();
+    if (keep_ == Keep::json)
+        parcels_.push_back(
+            {{"parcel", read.parcel.where}, {"status", "refused"}, {"reason", failure.what()}});
+    return reason;
+}
+
+std::string ManyReport::add(const ReadParcel& read, const PrintedDivision* printed)
+{
+    if (printed == nullptr) {
+        return refuse(read, *read.problem, core_of(*read.problem, read.parcel.where));
+    }
+    if (!printed->done()) {
+        return refuse(read, division_failure(read.parcel, asked_, *printed), refusal_reason(*printed));
+    }
+    ++divided_;
+    if (keep_ == Keep::json)
+        parcels_.push_back(division_json(read.parcel, asked_, *printed));
+    if (keep_ == Keep::rows)
+        keep_rows(read, *printed);
+    return "";
+}
+
+void ManyReport::keep_rows(const ReadParcel& read, const PrintedDivision& printed)
+{
+    const int decimals = printed.resolution.decimals;
+    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
+        const PL_LINE_2D_record& line = printed.lines[i];
+        rows_.push_back({read.name, std::to_string(i + 1), fixed(line.start.x, decimals),
+                         fixed(line.start.y, decimals), fixed(line.end.x, decimals),
+                         fixed(line.end.y, decimals),
+                         fixed(printed.areas[i], printed.resolution.area_decimals)});
+    }
+}
+
+Output ManyReport::summary(std::size_t passed_over) const
+{
+    std::string text =
+        "Divided  " + std::to_string(divided_) + " of " + std::to_string(divided_ + refused_) + " parcels\n";
+    if (refused_ > 0)
+        text += "Refused  " + std::to_string(refused_) + "\n";
+    for (const auto& [reason, refusals] : refusals_)
+        text += "  " + std::to_string(refusals.count) + ": " + reason + " (" + listed(refusals) + ")\n";
+    if (passed_over > 0)
+        text += "Passed over, without an area  " + std::to_string(passed_over) + "\n";
+    return {text, status_};
+}
+
+Output ManyReport::table(std::size_t passed_over) const
+{
+    std::vector<std::vector<std::string>> rows = {
+        {"Parcel", "line", "from E", "from N", "to E", "to N", "cut off"}};
+    rows.insert(rows.end(), rows_.begin(), rows_.end());
+    Output output = summary(passed_over);
+    if (!rows_.empty())
+        output.text = columns(rows) + "\n" + output.text;
+    return output;
+}
+
+Output ManyReport::json(const std::vector<std::string>& written) const
+{
+    Json json;
+    json["parcels"] = parcels_;
+    json["divided"] = divided_;
+    json["refused"] = refused_;
+    if (!written.empty())
+        json["written"] = written;
+    return {dumped(json), status_};
+}
+
+}  // namespace tool

@@ -1,0 +1,109 @@
+#include "reports/stakeout_report.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "answers/measure.h"
+#include "text/json.h"
+#include "text/numbers.h"
+#include "text/table.h"
+
+namespace tool {
+namespace {
+
+constexpr double kRadPerGon = 0.015707963267948967;
+
+// The table's cells: name, E, N, angle, distance, abscissa, ordinate.
+std::vector<std::string> cells_of(const StakeoutSheet& sheet, const SetOut& point)
+{
+    const int decimals = sheet.resolution.decimals;
+    return {point.point.name,
+            fixed(point.point.at.x, decimals),
+            fixed(point.point.at.y, decimals),
+            gon_text(point.angle_gon, sheet.angle_decimals),
+            fixed(point.distance, decimals),
+            fixed(point.abscissa, decimals),
+            fixed(point.ordinate, decimals)};
+}
+
+std::string described(const NamedPoint& point, int decimals)
+{
+    const std::string place = "E " + fixed(point.at.x, decimals) + "  N " + fixed(point.at.y, decimals);
+    return point.name.empty() ? place : point.name + "  " + place;
+}
+
+// A text as one cell of a CSV file.
+std::string quoted(const std::string& text)
+{
+    if (text.find_first_of(",\"\n") == std::string::npos)
+        return text;
+    std::string cell = "\"";
+    for (const char c : text)
+        cell += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return cell + "\"";
+}
+
+}  // namespace
+
+int angle_decimals_for(const std::vector<SetOut>& points, const Resolution& resolution)
+{
+    double farthest = 0.0;
+    for (const SetOut& point : points)
+        farthest = std::max(farthest, point.distance);
+    const double step = std::pow(10.0, -resolution.decimals);
+    return farthest > 0.0 ? std::min(kMaxDecimals, decimals_for(step / (farthest * kRadPerGon)))
+                          : kAngleDecimals;
+}
+
+std::string stakeout_table(const StakeoutSheet& sheet)
+{
+    const int decimals = sheet.resolution.decimals;
+    std::vector<std::vector<std::string>> rows = {
+        {"Point", "E", "N", "Angle, gon", "Distance", "Along", "Right"}};
+    for (const SetOut& point : sheet.points)
+        rows.push_back(cells_of(sheet, point));
+    return "Parcel       " + sheet.where + "\nStation      " + described(sheet.setup.station, decimals) +
+           "\nOrientation  " + described(sheet.setup.orientation, decimals) + "\nBase line    " +
+           described(sheet.base.from, decimals) + "\n             " + described(sheet.base.to, decimals) +
+           "\n\n" + columns(rows);
+}
+
+std::string stakeout_csv(const StakeoutSheet& sheet)
+{
+    std::string text = "point,E,N,angle_gon,distance,along,right\n";
+    for (const SetOut& point : sheet.points) {
+        const std::vector<std::string> cells = cells_of(sheet, point);
+        text += quoted(cells[0]);
+        for (std::size_t i = 1; i < cells.size(); ++i)
+            text += "," + (cells[i] == "-" ? std::string() : cells[i]);
+        text += "\n";
+    }
+    return text;
+}
+
+std::string stakeout_json(const StakeoutSheet& sheet)
+{
+    const int decimals = sheet.resolution.decimals;
+    const auto point = [&](const NamedPoint& p) {
+        return Json{{"name", p.name}, {"e", number(p.at.x, decimals)}, {"n", number(p.at.y, decimals)}};
+    };
+    Json json;
+    json["parcel"] = sheet.where;
+    json["station"] = point(sheet.setup.station);
+    json["orientation"] = point(sheet.setup.orientation);
+    json["base_line"] = {point(sheet.base.from), point(sheet.base.to)};
+    json["points"] = Json::array();
+    for (const SetOut& values : sheet.points) {
+        const std::vector<std::string> cells = cells_of(sheet, values);
+        json["points"].push_back({{"name", cells[0]},
+                                  {"e", number(cells[1])},
+                                  {"n", number(cells[2])},
+                                  {"angle_gon", number(cells[3])},
+                                  {"distance", number(cells[4])},
+                                  {"along", number(cells[5])},
+                                  {"right", number(cells[6])}});
+    }
+    return dumped(json);
+}
+
+}  // namespace tool

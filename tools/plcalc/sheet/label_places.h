@@ -1,0 +1,51 @@
+#pragma once
+
+// Finds places for labels where they cover neither each other nor, where that can be had, the lines of the plan.
+
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "sheet/geometry.h"
+
+namespace tool {
+
+class LabelPlaces {
+public:
+    /// @param[in] sheet  where labels may lie
+    explicit LabelPlaces(const SheetBox& sheet) : sheet_(sheet) {}
+
+    /// A line of the plan, which labels should leave free.
+    void add_line(const SheetPoint& a, const SheetPoint& b) { lines_.emplace_back(a, b); }
+
+    /// How many lines of the plan the segment a-b crosses.
+    std::size_t crossings(const SheetPoint& a, const SheetPoint& b) const;
+
+    /// Whether the segment a-b runs through no label.
+    bool is_clear(const SheetPoint& a, const SheetPoint& b) const;
+
+    /// A place that is taken.
+    void take(const SheetBox& box) { taken_.push_back(box); }
+
+    /// Whether a label of this size, turned by the angle, is free at a place. Where it may cross lines, only
+    /// other labels count.
+    bool is_free(const SheetPoint& middle, const SheetPoint& size, double angle, bool may_cross_lines) const;
+
+    /// The first free place of some, which it takes; those that cross lines only after the others.
+    std::optional<SheetPoint> first_free(const std::vector<SheetPoint>& middles, const SheetPoint& size,
+                                         double angle = 0.0, bool may_cross_lines = true);
+
+private:
+    SheetBox sheet_;
+    std::vector<SheetBox> taken_;
+    std::vector<std::pair<SheetPoint, SheetPoint>> lines_;
+};
+
+/// The box around a label, turned or not.
+SheetBox label_box(const SheetPoint& middle, const SheetPoint& size, double angle);
+
+/// Whether a segment runs through a box.
+bool runs_through(const SheetPoint& a, const SheetPoint& b, const SheetBox& box);
+
+}  // namespace tool

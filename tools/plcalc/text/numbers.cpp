@@ -1,0 +1,93 @@
+#include "text/numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <iomanip>
+#include <locale>
+#include <sstream>
+#include <string_view>
+#include <system_error>
+
+namespace {
+
+constexpr int kMinDecimals = 4;
+constexpr int kAllDigits = 16;  // after the first one
+constexpr int kRoughDigits = 3;
+
+// A step of 1e-5 that came out a few bits short of it still asks for five decimals.
+constexpr double kStepSlack = 1.0 + 1e-12;
+
+// Up to here a double tells ten-thousandths from each other.
+constexpr double kMaxFixed = 1e12;
+
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+template <typename Number> std::optional<Number> parse_all(std::string_view text)
+{
+    text = trimmed(text);
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    Number value{};
+    const std::from_chars_result read = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (text.empty() || read.ec != std::errc() || read.ptr != text.data() + text.size())
+        return std::nullopt;
+    return value;
+}
+
+std::string formatted(double value, std::ios_base& (*notation)(std::ios_base&), int digits)
+{
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out << notation << std::setprecision(digits) << value;
+    return out.str();
+}
+
+}  // namespace
+
+namespace tool {
+
+std::optional<double> parse_number(const std::string& text)
+{
+    return parse_all<double>(text);
+}
+
+std::optional<long long> parse_whole(const std::string& text)
+{
+    return parse_all<long long>(text);
+}
+
+std::string fixed(double value, int decimals)
+{
+    if (decimals > kMaxDecimals || !(std::fabs(value) < kMaxFixed))
+        return formatted(value, std::scientific, kAllDigits);
+    const std::string text = formatted(value, std::fixed, decimals);
+    return text.find_first_not_of("-0.") == std::string::npos ? formatted(0.0, std::fixed, decimals) : text;
+}
+
+std::string shortest(double value)
+{
+    char text[32];  // the longest is -2.2250738585072014e-308
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
+int decimals_for(double step)
+{
+    int decimals = kMinDecimals;
+    while (decimals <= kMaxDecimals && !(std::pow(10.0, -decimals) <= step * kStepSlack))
+        ++decimals;
+    return decimals;
+}
+
+std::string rough(double value)
+{
+    return formatted(value, std::defaultfloat, kRoughDigits);
+}
+
+}  // namespace tool

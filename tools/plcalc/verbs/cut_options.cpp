@@ -1,0 +1,139 @@
+#include "verbs/cut_options.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <sstream>
+
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+// More parts than this are a slip of the hand.
+constexpr long long kMaxParts = 1000;
+
+constexpr double kPercent = 100.0;
+
+const char* const kCuts[] = {"--parallel", "--perpendicular", "--vertex"};
+const char* const kAmounts[] = {"--area", "--product", "--share", "--areas", "--parts"};
+
+}  // namespace
+
+CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::string& help_text)
+    : Verb(app, name, help_text)
+{
+    options().add_option("--parallel", parallel_)->type_name("SIDE");
+    options().add_option("--perpendicular", perpendicular_)->type_name("SIDE");
+    options().add_option("--vertex", vertex_)->type_name("N");
+    options().add_option("--area", area_)->type_name("A");
+    options().add_option("--product", product_)->expected(2)->type_name("A B");
+    options().add_option("--share", share_)->type_name("SHARE");
+    options().add_option("--areas", areas_)->type_name("LIST");
+    options().add_option("--parts", parts_)->type_name("COUNT");
+    options().add_flag("--opposite", opposite_);
+}
+
+bool CuttingVerb::asks_for_cut() const
+{
+    const auto is_given = [&](const char* option) { return given(option); };
+    return std::any_of(std::begin(kCuts), std::end(kCuts), is_given) ||
+           std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_;
+}
+
+plparcel::Amount CuttingVerb::share(const std::string& option, const std::string& text) const
+{
+    const std::size_t slash = text.find('/');
+    const bool percent = !text.empty() && text.back() == '%';
+    if (slash == std::string::npos && !percent)
+        wrong_use(option + ": '" + text + "' is not a share; write it as 1/3 or 25%");
+    const double part = amount(option, percent ? text.substr(0, text.size() - 1) : text.substr(0, slash));
+    const double of = percent ? kPercent : amount(option, text.substr(slash + 1));
+    if (!(part < of))
+        wrong_use(option + ": '" + text + "' is not less than the whole parcel");
+    return plparcel::share(part, of);
+}
+
+plparcel::Amount CuttingVerb::product(const std::string& option, const std::string& first,
+                                      const std::string& second) const
+{
+    const plparcel::Amount made = plparcel::product(amount(option, first), amount(option, second));
+    if (!std::isfinite(made.first * made.second) || !(made.first * made.second > 0.0))
+        wrong_use(option + ": the product of the two is not a number above 0");
+    return made;
+}
+
+// One of a list: 1000, 40x50, 1/3 or 25%.
+void CuttingVerb::add_amount(Asked& asked, const std::string& option, const std::string& text) const
+{
+    const std::size_t times = text.find('x');
+    const bool starts_with_number = text.find_first_of("0123456789.") == 0;
+    if (times != std::string::npos && starts_with_number) {
+        const plparcel::Amount made = product(option, text.substr(0, times), text.substr(times + 1));
+        asked.request.amounts.push_back(made);
+        asked.amounts.push_back(shortest(made.first) + " x " + shortest(made.second));
+    } else if (text.find_first_of("/%") != std::string::npos) {
+        asked.request.amounts.push_back(share(option, text));
+        asked.amounts.push_back(text);
+    } else {
+        asked.request.amounts.push_back(plparcel::area(amount(option, text)));
+        asked.amounts.push_back(shortest(asked.request.amounts.back().first));
+    }
+}
+
+void CuttingVerb::set_cut(Asked& asked) const
+{
+    if (std::count_if(std::begin(kCuts), std::end(kCuts), [&](const char* o) { return given(o); }) != 1)
+        wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N");
+    if (given("--parallel")) {
+        asked.request.cut = plparcel::Cut::parallel;
+        asked.number = whole("--parallel", parallel_);
+    } else if (given("--perpendicular")) {
+        asked.request.cut = plparcel::Cut::perpendicular;
+        asked.number = whole("--perpendicular", perpendicular_);
+    } else {
+        asked.request.cut = plparcel::Cut::through_vertex;
+        asked.number = whole("--vertex", vertex_);
+    }
+    asked.request.measured = opposite_ ? plparcel::Measured::opposite : plparcel::Measured::from_reference;
+}
+
+void CuttingVerb::set_amounts(Asked& asked) const
+{
+    if (std::count_if(std::begin(kAmounts), std::end(kAmounts), [&](const char* o) { return given(o); }) != 1)
+        wrong_use("give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT");
+    if (given("--area")) {
+        asked.request.amounts = {plparcel::area(amount("--area", area_))};
+        asked.amounts = {shortest(asked.request.amounts[0].first)};
+    } else if (given("--product")) {
+        const plparcel::Amount made = product("--product", product_[0], product_[1]);
+        asked.request.amounts = {made};
+        asked.amounts = {shortest(made.first) + " x " + shortest(made.second)};
+    } else if (given("--share")) {
+        asked.request.amounts = {share("--share", share_)};
+        asked.amounts = {share_};
+    } else if (given("--areas")) {
+        // The last comma is read as well: an amount that is missing behind it has been forgotten.
+        std::istringstream list(areas_ + ",");
+        for (std::string text; !areas_.empty() && std::getline(list, text, ',');)
+            add_amount(asked, "--areas", text);
+        if (asked.amounts.empty())
+            wrong_use("--areas: '" + areas_ + "' is not a list such as 1000,1/3,20x30");
+    } else {
+        const long long parts = whole("--parts", parts_);
+        if (parts < 2 || parts > kMaxParts)
+            wrong_use("--parts: '" + parts_ + "' is not a number from 2 to " + std::to_string(kMaxParts));
+        asked.request.amounts = plparcel::equal_parts(static_cast<std::size_t>(parts));
+        asked.amounts.assign(asked.request.amounts.size(), "1/" + std::to_string(parts));
+    }
+}
+
+Asked CuttingVerb::asked() const
+{
+    Asked asked;
+    set_cut(asked);
+    set_amounts(asked);
+    return asked;
+}
+
+}  // namespace tool

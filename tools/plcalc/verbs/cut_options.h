@@ -1,0 +1,45 @@
+#pragma once
+
+// The options that ask for a division: which cut, how much, which side of it.
+
+#include <string>
+#include <vector>
+
+#include "answers/request.h"
+#include "verbs/verb.h"
+
+namespace tool {
+
+/// A verb that divides.
+class CuttingVerb : public Verb {
+protected:
+    CuttingVerb(CLI::App& app, const std::string& name, const std::string& help_text);
+
+    /// Whether any of the options is given.
+    bool asks_for_cut() const;
+
+    /// The request.
+    ///
+    /// @throws Failure  wrong_use where the options do not make one
+    Asked asked() const;
+
+private:
+    void set_cut(Asked& asked) const;
+    void set_amounts(Asked& asked) const;
+    void add_amount(Asked& asked, const std::string& option, const std::string& text) const;
+    plparcel::Amount share(const std::string& option, const std::string& text) const;
+    plparcel::Amount product(const std::string& option, const std::string& first,
+                             const std::string& second) const;
+
+    std::string parallel_;
+    std::string perpendicular_;
+    std::string vertex_;
+    std::string area_;
+    std::vector<std::string> product_;
+    std::string share_;
+    std::string areas_;
+    std::string parts_;
+    bool opposite_ = false;
+};
+
+}  // namespace tool

@@ -1,0 +1,133 @@
+#include "verbs/divide_verb.h"
+
+#include "console/interrupt.h"
+#include "console/progress.h"
+#include "files/pending_output.h"
+#include "plan/content.h"
+#include "plan/drawing.h"
+#include "reports/divide_report.h"
+#include "reports/many_report.h"
+#include "sheet/canvas.h"
+#include "verbs/help.h"
+#include "writing/division_writer.h"
+
+namespace tool {
+namespace {
+
+std::string written_lines(const std::vector<std::string>& files)
+{
+    std::string text;
+    for (const std::string& file : files)
+        text += "Written  " + file + "\n";
+    return text;
+}
+
+}  // namespace
+
+DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help())
+{
+    options().add_flag("--json", json_);
+    options().add_option("--plan", plan_)->type_name("PLAN");
+    options().add_option("--paper", paper_)->type_name("A4|A3");
+    options().add_option("-o,--output", out_)->type_name("OUT");
+    options().add_flag("--overwrite", overwrite_);
+}
+
+// Before any work: a name that cannot be written is a slip that need not wait.
+void DivideVerb::check_outputs() const
+{
+    if (!paper_of(paper_))
+        wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
+    if (given("--plan") && !Canvas::can_draw(plan_))
+        wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
+    if (given("--output") && !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
+        wrong_use("--output: no format with the ending of '" + out_ +
+                  "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
+}
+
+std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) const
+{
+    if (!given("--output"))
+        return nullptr;
+    return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file.layer());
+}
+
+// Drawn, but not yet in its place; null when none is asked for.
+std::unique_ptr<PendingOutput> DivideVerb::draw(const ReadParcel& read, const Asked& asked,
+                                                const PrintedDivision& printed) const
+{
+    if (!given("--plan"))
+        return nullptr;
+    std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_);
+    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output->path(), plan_);
+    return output;
+}
+
+Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
+{
+    const std::optional<ReadParcel> read = file.next();
+    if (!read)
+        throw Failure(ExitStatus::unusable_input,
+                      source().file + ": it cannot be read a second time; leave the file as it is");
+    if (read->problem)
+        throw *read->problem;
+    const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
+    if (!printed.done())
+        throw division_failure(read->parcel, asked, printed);
+    // Both are made before either is put into its place.
+    const InterruptGuard guard;
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
+    if (writer != nullptr)
+        writer->add(*read, printed.proven);
+    const std::unique_ptr<PendingOutput> plan = draw(*read, asked, printed);
+    guard.check();
+    const std::vector<std::string> written =
+        writer != nullptr ? writer->commit() : std::vector<std::string>();
+    if (plan != nullptr)
+        plan->commit();
+    if (!json_)
+        return {division_table(read->parcel, asked, printed) + written_lines(written)};
+    ManyReport report(asked, ManyReport::Keep::json);
+    report.add(*read, &printed);
+    return report.json(written);
+}
+
+Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
+{
+    if (given("--plan"))
+        file.refuse_choice("--plan draws one of them");
+    const InterruptGuard guard;
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
+    using Keep = ManyReport::Keep;
+    ManyReport report(asked, json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
+    Progress progress("dividing", file.count());
+    while (const std::optional<ReadParcel> read = file.next()) {
+        PrintedDivision printed;
+        if (!read->problem)
+            printed = divide_in_print(read->parcel.ring, asked);
+        const std::string refused = report.add(*read, read->problem ? nullptr : &printed);
+        if (writer != nullptr && refused.empty())
+            writer->add(*read, printed.proven);
+        else if (writer != nullptr)
+            writer->add_refused(*read, refused);
+        progress.step();
+        guard.check();
+    }
+    const std::vector<std::string> written =
+        writer != nullptr ? writer->commit() : std::vector<std::string>();
+    if (json_)
+        return report.json(written);
+    Output output = report.table(file.passed_over());
+    output.text += written_lines(written);
+    return output;
+}
+
+Output DivideVerb::work() const
+{
+    const Asked asked = this->asked();
+    check_outputs();
+    ParcelFile file(source());
+    return file.count() == 1 ? one(file, asked) : many(file, asked);
+}
+
+}  // namespace tool

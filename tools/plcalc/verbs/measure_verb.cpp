@@ -1,0 +1,21 @@
+#include "verbs/measure_verb.h"
+
+#include "answers/measure.h"
+#include "reports/measure_report.h"
+#include "verbs/help.h"
+
+namespace tool {
+
+MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
+{
+    options().add_flag("--json", json_);
+}
+
+Output MeasureVerb::work() const
+{
+    const Parcel parcel = read_parcel(source()).parcel;
+    const Measures measures = measure(parcel.ring);
+    return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
+}
+
+}  // namespace tool

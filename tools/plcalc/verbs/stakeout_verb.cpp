@@ -1,0 +1,143 @@
+#include "verbs/stakeout_verb.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "answers/printed_division.h"
+#include "reports/divide_report.h"
+#include "reports/stakeout_report.h"
+#include "text/numbers.h"
+#include "verbs/help.h"
+
+namespace tool {
+namespace {
+
+NamedPoint vertex(const Parcel& parcel, std::size_t i)
+{
+    const std::size_t at = i % parcel.ring.size();
+    return {"vertex " + std::to_string(at + 1), parcel.ring[at]};
+}
+
+bool same(const NamedPoint& a, const NamedPoint& b)
+{
+    return a.at.x == b.at.x && a.at.y == b.at.y;
+}
+
+}  // namespace
+
+StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeout_help())
+{
+    options().add_option("--station", station_)->type_name("PLACE");
+    options().add_option("--orientation", orientation_)->type_name("PLACE");
+    options().add_option("--base", base_)->type_name("SIDE");
+    options()
+        .add_option("--point", points_)
+        ->type_name("PLACE")
+        ->allow_extra_args(false)  // one PLACE each time: FILE may follow
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    options().add_flag("--csv", csv_);
+    options().add_flag("--json", json_);
+}
+
+// "E,N", or the number of a vertex.
+NamedPoint StakeoutVerb::place(const std::string& option, const std::string& text, const Parcel& parcel) const
+{
+    const std::size_t comma = text.find(',');
+    if (comma != std::string::npos) {
+        const std::optional<double> east = parse_number(text.substr(0, comma));
+        const std::optional<double> north = parse_number(text.substr(comma + 1));
+        if (!east || !north || !std::isfinite(*east) || !std::isfinite(*north))
+            wrong_use(option + ": '" + text +
+                      "' is not a place; write it as E,N with points before the "
+                      "decimals, or as the number of a vertex");
+        return {"", {*east, *north}};
+    }
+    const std::optional<long long> number = parse_whole(text);
+    if (!number)
+        wrong_use(option + ": '" + text +
+                  "' is not a place; write it as E,N with points before the decimals, "
+                  "or as the number of a vertex");
+    if (*number < 1 || static_cast<unsigned long long>(*number) > parcel.ring.size())
+        throw Failure(ExitStatus::wrong_use, parcel.where + ": there is no vertex " + text +
+                                                 "; the parcel has vertices 1 to " +
+                                                 std::to_string(parcel.ring.size()));
+    return vertex(parcel, static_cast<std::size_t>(*number - 1));
+}
+
+Setup StakeoutVerb::setup(const Parcel& parcel) const
+{
+    const Setup setup = {place("--station", station_, parcel), place("--orientation", orientation_, parcel)};
+    if (same(setup.station, setup.orientation))
+        wrong_use("--orientation: it is the station itself; name another place");
+    return setup;
+}
+
+// The side that the cut is measured from, unless another is named; through a vertex the one that starts there.
+BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
+{
+    const long long number = given("--base") ? whole("--base", base_) : asks_for_cut() ? asked().number : 1;
+    if (number < 1 || static_cast<unsigned long long>(number) > parcel.ring.size())
+        throw Failure(ExitStatus::wrong_use, parcel.where + ": there is no side " + std::to_string(number) +
+                                                 "; the parcel has sides 1 to " +
+                                                 std::to_string(parcel.ring.size()));
+    const std::size_t first = static_cast<std::size_t>(number - 1);
+    const BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
+    if (same(base.from, base.to))
+        throw Failure(ExitStatus::wrong_use, parcel.where + ": side " + std::to_string(number) +
+                                                 " has no length, its two vertices are one point; choose "
+                                                 "another with --base");
+    return base;
+}
+
+// With as many decimals as the lines are right with: a sliver needs more than its size asks for.
+std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
+{
+    const Asked request = asked();
+    const PrintedDivision printed = divide_in_print(parcel.ring, request);
+    if (!printed.done())
+        throw division_failure(parcel, request, printed);
+    resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
+    std::vector<NamedPoint> ends;
+    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
+        const std::string line = printed.lines.size() > 1 ? "line " + std::to_string(i + 1) + " " : "";
+        ends.push_back({line + "from", printed.lines[i].start});
+        ends.push_back({line + "to", printed.lines[i].end});
+    }
+    return ends;
+}
+
+// The points that are named, and the ends of the lines that are asked for; without either, the vertices.
+std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, Resolution& resolution) const
+{
+    std::vector<NamedPoint> points;
+    if (asks_for_cut())
+        points = line_ends(parcel, resolution);
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        points.push_back(place("--point", points_[i], parcel));
+        if (points.back().name.empty())
+            points.back().name = "point " + std::to_string(i + 1);
+    }
+    for (std::size_t i = 0; points_.empty() && !asks_for_cut() && i < parcel.ring.size(); ++i)
+        points.push_back(vertex(parcel, i));
+    return points;
+}
+
+Output StakeoutVerb::work() const
+{
+    if (!given("--station") || !given("--orientation"))
+        wrong_use("give --station PLACE and --orientation PLACE");
+    if (csv_ && json_)
+        wrong_use("give one of --csv and --json");
+    const Parcel parcel = read_parcel(source()).parcel;
+    StakeoutSheet sheet;
+    sheet.where = parcel.where;
+    sheet.setup = setup(parcel);
+    sheet.base = base_line(parcel);
+    sheet.resolution = resolution_of(parcel.ring, 1.0);
+    sheet.points = set_out(sheet.setup, sheet.base, points(parcel, sheet.resolution));
+    sheet.angle_decimals = angle_decimals_for(sheet.points, sheet.resolution);
+    return {csv_ ? stakeout_csv(sheet) : json_ ? stakeout_json(sheet) : stakeout_table(sheet)};
+}
+
+}  // namespace tool

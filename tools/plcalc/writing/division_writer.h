@@ -1,0 +1,85 @@
+#pragma once
+
+// Writes divisions as layers of any vector format that GDAL writes.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include "answers/printed_division.h"
+#include "files/gdal_messages.h"
+#include "files/pending_output.h"
+#include "reading/parcel_reader.h"
+#include "writing/output_format.h"
+
+namespace tool {
+
+/// The layers "pieces" and "lines", in one file where the format holds several layers, in two where not:
+/// OUT.shp and OUT-lines.shp. Every feature carries the attributes of its parcel, and the layers its CRS.
+///
+/// | layer  | columns beside the parcel's own                                                   |
+/// | ------ | --------------------------------------------------------------------------------- |
+/// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, status  |
+/// | lines  | parcel (FID), line (from 1), length                                               |
+///
+/// Coordinates have all their digits: they are those of the proven lines, not those of the printed ones. A parcel
+/// that was refused is written undivided, with the reason as its status.
+class DivisionWriter {
+public:
+    /// The file that a name stands for: with .gpkg behind it when it has no ending.
+    static std::string file_for(const std::string& name);
+
+    /// Whether there is a format for the ending of a file name; see OutputFormat.
+    static bool can_write(const std::string& file);
+
+    /// @param[in] file       its ending decides on the format
+    /// @param[in] overwrite  whether what is there may go
+    /// @param[in] source     where the parcels come from
+    /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
+    DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source);
+
+    /// A divided parcel.
+    void add(const ReadParcel& read, const plparcel::Division& division);
+
+    /// A refused one. Left out where the format has no column for the reason, as in a drawing, or no place for a
+    /// parcel whose boundary is not one polygon, as in FlatGeobuf.
+    void add_refused(const ReadParcel& read, const std::string& reason);
+
+    /// Ends the files and puts them in their place.
+    ///
+    /// @return their names
+    /// @throws Failure  failed when they cannot be written, or do not hold everything when they are read back
+    std::vector<std::string> commit();
+
+private:
+    void make_layers(OGRLayer& source, const OGRSpatialReference* crs);
+    void copy_fields(OGRLayer& source, OGRLayer& target, std::vector<int>& map);
+    OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
+    void create(OGRLayer& layer, OGRFeature& feature);
+    void require(bool ok) const;
+    void require_whole(const std::string& file, const std::string& layer, std::size_t features) const;
+    [[noreturn]] void refuse_format(const std::string& why) const;
+
+    std::string file_;
+    std::string lines_file_;
+    OutputFormat format_;
+    PendingOutput output_;
+    std::optional<PendingOutput> lines_output_;
+    GdalMessages messages_;
+    GDALDatasetUniquePtr dataset_;
+    GDALDatasetUniquePtr lines_dataset_;
+    std::size_t pieces_written_ = 0;
+    std::size_t lines_written_ = 0;
+    OGRLayer* pieces_ = nullptr;
+    OGRLayer* lines_ = nullptr;
+    std::vector<int> pieces_map_;
+    std::vector<int> lines_map_;
+    std::vector<int> piece_columns_;
+    std::vector<int> line_columns_;
+};
+
+}  // namespace tool
