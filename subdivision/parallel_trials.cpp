@@ -6,6 +6,7 @@
 #include "kernel/bit_order.h"
 #include "kernel/shoelace.h"
 #include "plcalc/lines.h"
+#include "survey/direction_gon.h"
 
 namespace plcalc {
 
@@ -27,14 +28,14 @@ constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 constexpr double kSeamSlope = 0.05;
 
 // Widening of the range of lines that may meet a side, in units of |a| + |b|. Twice the stake-out margin: at
-// most once that is used up when the side's extent is. Whether it was enough is then tried.
+// most once that is used up when the side's range is. Whether it was enough is then tried.
 constexpr double kRangeMargin = 0.002;
 
-// Whether a meeting point is past the extent on the side towards which it moves: then every further line
+// Whether a meeting point is past the range on the side towards which it moves: then every further line
 // meets farther out, for each operation from c to the point is monotone in c.
-bool past(double v, bool moving_up, const Extent& extent)
+bool past(double v, bool moving_up, const SideRange& range)
 {
-    return moving_up ? v > extent.high : v < extent.low;
+    return moving_up ? v > range.high : v < range.low;
 }
 
 // Distances by their bits. Nothing lies beyond a line whose distance is no number, and a vertex whose distance
@@ -58,22 +59,22 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
     : a_(a), b_(b), base_(base),
       feet_(base), ways_settle_{false, !near_seam(BaseOffset::Facing::kAlongNormal),
                                 !near_seam(BaseOffset::Facing::kAgainstNormal)},
-      last_(n), points_(index(std::max(n, 1)) + 1), stations_(points_.size()), sides_(points_.size())
+      last_(n), points_(index(std::max(n, 1)) + 1), vertices_(points_.size()), sides_(points_.size())
 {
     if (n < 1)
         return;
     for (std::int32_t at = 0; at <= n; ++at)
         points_[index(at)] = ring[index(order[index(at)])];
     for (std::int32_t at = 2; at <= n; ++at) {
-        Station& station = stations_[index(at)];
-        station.offset = offset_of(point(at));
-        station.reach = order_or(station.offset.dist, INT64_MIN);
+        VertexFacts& facts = vertices_[index(at)];
+        facts.offset = offset_of(point(at));
+        facts.reach = order_or(facts.offset.dist, INT64_MIN);
         sides_[index(at)] = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_),
                              box_between(point(at - 1), point(at))};
         narrow_range(at);
     }
     for (std::int32_t at = 1; at < n; ++at)
-        stations_[index(at)].share = shoelace_share(point(at - 1), point(at), point(at + 1));
+        vertices_[index(at)].share = shoelace_share(point(at - 1), point(at), point(at + 1));
 }
 
 double ParallelTrials::c_through(const PL_PNT2D_record& p) const noexcept
@@ -132,7 +133,7 @@ void ParallelTrials::know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) 
 // The lines through the side's two ends, and a margin; then tried, on the axis along which the side is longer.
 void ParallelTrials::narrow_range(std::int32_t at) noexcept
 {
-    Station& station = stations_[index(at)];
+    VertexFacts& facts = vertices_[index(at)];
     const Side& side = sides_[index(at)];
     const double c1 = c_through(point(at - 1));
     const double c2 = c_through(point(at));
@@ -141,13 +142,13 @@ void ParallelTrials::narrow_range(std::int32_t at) noexcept
     const double high = std::max(c1, c2) + margin;
     const bool flat = side.line.flat();
     const bool grows = flat ? side.line.x_grows() : side.line.y_grows();
-    const Extent& extent = flat ? side.box.x : side.box.y;
-    station.c_from = INT64_MIN;
-    station.c_to = INT64_MAX;
-    if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, extent))
-        station.c_from = ordered_bits(low);
-    if (past(flat ? side.line.x_at(high) : side.line.y_at(high), grows, extent))
-        station.c_to = ordered_bits(high);
+    const SideRange& range = flat ? side.box.x : side.box.y;
+    facts.c_from = INT64_MIN;
+    facts.c_to = INT64_MAX;
+    if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, range))
+        facts.c_from = ordered_bits(low);
+    if (past(flat ? side.line.x_at(high) : side.line.y_at(high), grows, range))
+        facts.c_to = ordered_bits(high);
 }
 
 TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
@@ -157,20 +158,20 @@ TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
 
 TrialLine ParallelTrials::line_through_vertex(std::int32_t at) const noexcept
 {
-    const Station& station = stations_[index(at)];
-    return {c_through(point(at)), point(at), station.offset};
+    const VertexFacts& facts = vertices_[index(at)];
+    return {c_through(point(at)), point(at), facts.offset};
 }
 
 bool ParallelTrials::bearings_agree(TrialLine& line, std::int32_t at) noexcept
 {
-    Station& station = stations_[index(at)];
+    VertexFacts& facts = vertices_[index(at)];
     const BaseOffset::Facing way = line.offset.facing;
-    if (way != BaseOffset::Facing::kUnclear && station.offset.facing != BaseOffset::Facing::kUnclear &&
-        station.offset.facing != way)
+    if (way != BaseOffset::Facing::kUnclear && facts.offset.facing != BaseOffset::Facing::kUnclear &&
+        facts.offset.facing != way)
         return false;
-    know_bearing(station.offset, point(at));
+    know_bearing(facts.offset, point(at));
     const double line_gon = bearing(line);
-    return line_gon - kSideBandGon <= station.offset.gon && station.offset.gon <= line_gon + kSideBandGon;
+    return line_gon - kSideBandGon <= facts.offset.gon && facts.offset.gon <= line_gon + kSideBandGon;
 }
 
 double ParallelTrials::bearing(TrialLine& line) const noexcept
@@ -193,7 +194,7 @@ double ParallelTrials::signed_area(const std::vector<PL_PNT2D_record>& points,
         // Within a run the neighbours are those of the ring.
         sum = share_anew(i++) + sum;
         for (std::int32_t at = run.first + 1; at < run.last; ++at, ++i)
-            sum = stations_[index(at)].share + sum;
+            sum = vertices_[index(at)].share + sum;
         if (run.last > run.first)
             sum = share_anew(i++) + sum;
     }

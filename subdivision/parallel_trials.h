@@ -119,7 +119,7 @@ public:
 
 private:
     // What every trial line asks of every position.
-    struct Station {
+    struct VertexFacts {
         std::int64_t reach;   // its distance from the base line by its bits; the least for NaN
         std::int64_t c_from;  // lines whose c, by its bits, lies outside are proven not to meet the side
         std::int64_t c_to;
@@ -137,17 +137,17 @@ private:
 
     bool passes_by(const TrialLine& line, std::int32_t at) const noexcept
     {
-        const Station& station = stations_[index(at)];
-        return line.c_order < station.c_from || line.c_order > station.c_to;
+        const VertexFacts& facts = vertices_[index(at)];
+        return line.c_order < facts.c_from || line.c_order > facts.c_to;
     }
     bool farther(const TrialLine& line, std::int32_t at) const noexcept
     {
-        return stations_[index(at)].reach > line.reach;
+        return vertices_[index(at)].reach > line.reach;
     }
     bool surely_in_line(const TrialLine& line, std::int32_t at) const noexcept
     {
         const BaseOffset::Facing way = line.offset.facing;
-        return stations_[index(at)].offset.facing == way && ways_settle_[static_cast<std::size_t>(way)];
+        return vertices_[index(at)].offset.facing == way && ways_settle_[static_cast<std::size_t>(way)];
     }
 
     BaseOffset offset_of(const PL_PNT2D_record& p) const noexcept;
@@ -166,7 +166,7 @@ private:
     std::array<bool, 3> ways_settle_;  // whether points that face one way have bearings that agree
     std::int32_t last_;                // position of the closing point
     std::vector<PL_PNT2D_record> points_;
-    std::vector<Station> stations_;
+    std::vector<VertexFacts> vertices_;
     std::vector<Side> sides_;
 };
 

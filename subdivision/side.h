@@ -4,19 +4,19 @@
 
 #include "lines/implicit_lines.h"
 #include "lines/parallels.h"
-#include "survey/extent.h"
+#include "survey/side_range.h"
 
 namespace plcalc {
 
 /// The range of a side on both axes, the stake-out margin included.
 struct SideBox {
-    Extent x;
-    Extent y;
+    SideRange x;
+    SideRange y;
 };
 
 inline SideBox box_between(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept
 {
-    return {extent_between(from.x, to.x), extent_between(from.y, to.y)};
+    return {side_range(from.x, to.x), side_range(from.y, to.y)};
 }
 
 /// The line of a side; zeros, met by nothing, for one without length.

@@ -15,7 +15,7 @@ constexpr int kMaxWedges = 50;
 
 // Gons to radians at ten significant digits, deliberately. It costs 8e-10 rad on a full turn, a micrometre
 // at a kilometre, and the search measures what the ray cuts off. Dividing lines on file carry it.
-constexpr double kRadPerGon = 0.01570796327;
+constexpr double kRayRadPerGon = 0.01570796327;
 
 // Points on the edges of the wedge count, rounding or not.
 constexpr double kWedgeStartGon = -1e-10;
@@ -64,7 +64,7 @@ public:
             const double ray = (wide + narrow) * 0.5;
             cut_.AngAmpiezza = std::fabs(ray - fan.anchor);
             cut_.AngInizio = LimiteAng0_400(first_gon + (clockwise ? ray : fan.anchor));
-            lay((first_gon + ray) * kRadPerGon);
+            lay((first_gon + ray) * kRayRadPerGon);
             cut_.AreaParziale = measure();
             if (meets_request(cut_.AreaParziale, cut_.AreaRichiesta))
                 cut_.Trovato = true;

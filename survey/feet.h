@@ -33,7 +33,4 @@ private:
     MeetsParallels perpendiculars_;
 };
 
-/// Direction from one point to another in gons, counted anticlockwise from +x; 0 for equal points.
-double direction_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept;
-
 }  // namespace plcalc

@@ -1,6 +1,6 @@
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
-#include "survey/extent.h"
+#include "survey/side_range.h"
 
 namespace {
 
@@ -31,7 +31,7 @@ PL_IMP_LINE_2D_record line_through(double x1, double y1, double x2, double y2)
 
 bool TrovatoValNeiLimiti(double val, double lim1, double lim2) noexcept
 {
-    return plcalc::extent_between(lim1, lim2).holds(val);
+    return plcalc::side_range(lim1, lim2).holds(val);
 }
 
 bool TrovatoPuntoInSegmento(const PL_PNT2D_record& pt, const PL_PNT2D_record& a,

@@ -1,6 +1,7 @@
 #include "kernel/angle_units.h"
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
+#include "survey/direction_gon.h"
 #include "survey/feet.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "level_cut.h"
 #include "library_search.h"
 #include "local_ring.h"
-#include "vertex_cut.h"
+#include "vertex_lines.h"
 #include "wide.h"
 
 namespace plparcel {

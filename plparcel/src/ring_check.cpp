@@ -36,7 +36,7 @@ int sign(const Wide& v)
     return v > 0.0 ? 1 : (v < 0.0 ? -1 : 0);
 }
 
-bool on_one_line(const Ring& ring)
+bool is_collinear(const Ring& ring)
 {
     return std::all_of(ring.begin(), ring.end(),
                        [&ring](const PL_PNT2D_record& p) { return sign(side_of(ring[0], ring[1], p)) == 0; });
@@ -127,7 +127,7 @@ Status status_of(const CleanRing& clean, RingReport& report)
         return Status::degenerate;
     if (!is_workable(extent_of(ring).largest()))
         return Status::not_finite;
-    if (on_one_line(ring))
+    if (is_collinear(ring))
         return Status::degenerate;
     if (sides_meet(ring, report.meeting_sides[0], report.meeting_sides[1])) {
         for (std::size_t& side : report.meeting_sides)

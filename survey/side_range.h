@@ -1,15 +1,15 @@
 #pragma once
 
-// The extent of a segment on one axis: internal, not installed; for survey/ and subdivision/.
+// The range that a side covers on one axis: internal, not installed; for survey/ and subdivision/.
 
 namespace plcalc {
 
-/// A point this far outside a segment's extent is still on it, in the caller's unit: with metres the
-/// millimetre to which corners are staked out. Not the geometric tolerance, which is rounding noise.
+/// A point this far outside a side's range still counts as on the side, in the caller's unit: with metres the
+/// millimetre to which corners are staked out. The geometric tolerance is another matter: it covers rounding.
 constexpr double kStakeOutMargin = 0.001;
 
 /// The range between two coordinates, widened by the stake-out margin of 0.001 on either side.
-struct Extent {
+struct SideRange {
     double low;
     double high;
 
@@ -18,7 +18,7 @@ struct Extent {
 };
 
 /// @param[in] lim1, lim2  the coordinates in either order
-inline Extent extent_between(double lim1, double lim2) noexcept
+inline SideRange side_range(double lim1, double lim2) noexcept
 {
     if (lim1 < lim2)
         return {lim1 - kStakeOutMargin, lim2 + kStakeOutMargin};

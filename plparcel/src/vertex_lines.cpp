@@ -1,4 +1,4 @@
-#include "vertex_cut.h"
+#include "vertex_lines.h"
 
 #include <cmath>
 

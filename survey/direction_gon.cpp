@@ -1,4 +1,4 @@
-#include "survey/feet.h"
+#include "survey/direction_gon.h"
 
 namespace plcalc {
 
