@@ -11,6 +11,7 @@
 #include "fuzz/check.h"
 #include "fuzz/reader.h"
 #include "plutil/plutil.h"
+#include "support/measures.h"
 
 namespace fuzz {
 
@@ -44,18 +45,10 @@ inline double turn(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_
     return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
 }
 
-/// Signed area without the library's help: about the first vertex, in long double.
+/// Signed area without the library's help.
 inline double area_of(const Ring& ring)
 {
-    long double sum = 0.0L;
-    for (std::size_t i = 1; i + 1 < ring.size(); ++i) {
-        const long double ax = static_cast<long double>(ring[i].x) - ring[0].x;
-        const long double ay = static_cast<long double>(ring[i].y) - ring[0].y;
-        const long double bx = static_cast<long double>(ring[i + 1].x) - ring[0].x;
-        const long double by = static_cast<long double>(ring[i + 1].y) - ring[0].y;
-        sum += ax * by - ay * bx;
-    }
-    return static_cast<double>(sum / 2.0L);
+    return static_cast<double>(test::signed_area(ring));
 }
 
 inline double perimeter_of(const Ring& ring)

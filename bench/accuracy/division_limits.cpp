@@ -8,17 +8,18 @@
 #include <string>
 #include <vector>
 
-#include "divisions.h"
 #include "limits.h"
+#include "support/bare_cut.h"
+#include "support/measures.h"
 #include "support/parcel_kinds.h"
 #include "tables.h"
 
 namespace {
 
-using accuracy::Division;
-using accuracy::Mode;
-using accuracy::Request;
-using accuracy::Ring;
+using bare_cut::Division;
+using bare_cut::Mode;
+using bare_cut::Request;
+using bare_cut::Ring;
 
 using Random = std::mt19937_64;
 using Rows = std::vector<std::vector<std::string>>;

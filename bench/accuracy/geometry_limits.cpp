@@ -11,19 +11,21 @@
 #include "limits.h"
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
-#include "support/parcels.h"
+#include "support/measures.h"
+#include "support/rings.h"
 #include "tables.h"
-#include "vector.h"
 
 static_assert(LDBL_MANT_DIG >= 64, "the measurement needs a long double that is longer than a double");
 
 namespace {
 
-using accuracy::cross;
 using accuracy::Errors;
-using accuracy::from_to;
-using accuracy::Real;
-using accuracy::Vector;
+using test::cross;
+using test::from_to;
+using test::length;
+using test::perimeter;
+using test::Real;
+using test::Vector;
 
 struct Size {
     const char* name;
@@ -37,11 +39,6 @@ constexpr Size kSizes[] = {kUnit, kSite, kUtm};
 
 // Lines cross at 20 gons or more, so that the tables show the functions and not the flat crossing.
 constexpr double kLeastSine = 0.309;
-
-Real length(const Vector& v)
-{
-    return std::sqrt(v.x * v.x + v.y * v.y);
-}
 
 // How far `got` is from the point at `offset` from `from`.
 Real off(const PL_PNT2D_record& got, const PL_PNT2D_record& from, const Vector& offset)
@@ -217,14 +214,6 @@ void print_by_side(Source& source, int cases)
         rows.push_back(row);
     }
     accuracy::print_table("Errors by length of the sides, UTM size: median / largest", rows);
-}
-
-Real perimeter(const test::Ring& ring)
-{
-    Real sum = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i)
-        sum += length(from_to(ring[i], ring[(i + 1) % ring.size()]));
-    return sum;
 }
 
 struct RingErrors {

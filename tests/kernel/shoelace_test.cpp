@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "kernel/near.h"
+#include "support/measures.h"
 
 namespace {
 
@@ -59,19 +60,7 @@ TEST(ShoelaceArea, ReadsOnlyTheFirstPoints)
     EXPECT_BITS(plcalc::shoelace_area(points, 0), 0.0);
 }
 
-// Cross products in long double, a different sum of the same area.
-long double cross_product_area(const std::vector<PL_PNT2D_record>& ring)
-{
-    long double twice = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& p = ring[i];
-        const PL_PNT2D_record& q = ring[(i + 1) % ring.size()];
-        twice += static_cast<long double>(p.x) * q.y - static_cast<long double>(q.x) * p.y;
-    }
-    return twice / 2;
-}
-
-TEST(ShoelaceArea, AgreesWithCrossProductsAndChangesSignWithTheOrder)
+TEST(ShoelaceArea, AgreesWithTrianglesAndChangesSignWithTheOrder)
 {
     std::mt19937_64 random = test::random_source();
     std::uniform_int_distribution<int> count(3, 40);
@@ -84,7 +73,7 @@ TEST(ShoelaceArea, AgreesWithCrossProductsAndChangesSignWithTheOrder)
 
         // 40 terms of at most 1e6, each rounded three times and added once: far below 1e-7.
         const double area = plcalc::shoelace_area(ring.data(), ring.size());
-        EXPECT_NEAR(area, static_cast<double>(cross_product_area(ring)), 1e-7);
+        EXPECT_NEAR(area, static_cast<double>(test::signed_area(ring)), 1e-7);
         EXPECT_NEAR(plcalc::shoelace_area(reversed.data(), reversed.size()), -area, 1e-7);
     }
 }

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/parcels.h"
+#include "support/measures.h"
 
 namespace plparcel_test {
 namespace {
@@ -16,12 +16,9 @@ using plparcel::Cut;
 using plparcel::Measured;
 using plparcel::Request;
 using plparcel::Ring;
-using Real = long double;
-
-struct Point {
-    Real x;
-    Real y;
-};
+using Point = test::Vector;
+using test::cross;
+using test::Real;
 
 // A line's part in the parcel: its ends, the sides that they lie on.
 struct Part {
@@ -33,13 +30,7 @@ struct Part {
 
 Point local(const Ring& ring, std::size_t i)
 {
-    const PL_PNT2D_record& v = ring[i % ring.size()];
-    return {static_cast<Real>(v.x) - ring[0].x, static_cast<Real>(v.y) - ring[0].y};
-}
-
-Real cross(const Point& a, const Point& b)
-{
-    return a.x * b.y - a.y * b.x;
+    return test::from_to(ring[0], ring[i % ring.size()]);
 }
 
 Point minus(const Point& a, const Point& b)

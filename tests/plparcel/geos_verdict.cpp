@@ -6,7 +6,7 @@
 #include <sstream>
 #include <vector>
 
-#include "support/parcels.h"
+#include "support/measures.h"
 
 namespace plparcel_test {
 namespace {
@@ -72,15 +72,13 @@ double off_direction(const Ring& ring, const Request& request, const plparcel::D
 {
     const PL_PNT2D_record& a = at(ring, request.index);
     const PL_PNT2D_record& b = at(ring, request.index + 1);
-    const long double sx = static_cast<long double>(b.x) - a.x;
-    const long double sy = static_cast<long double>(b.y) - a.y;
-    const long double lx = static_cast<long double>(line.to.x) - line.from.x;
-    const long double ly = static_cast<long double>(line.to.y) - line.from.y;
+    const test::Vector side = test::from_to(a, b);
+    const test::Vector run = test::from_to(line.from, line.to);
     switch (request.cut) {
     case Cut::parallel:
-        return static_cast<double>(std::fabs(sx * ly - sy * lx) / std::hypot(sx, sy));
+        return static_cast<double>(std::fabs(test::cross(side, run)) / test::length(side));
     case Cut::perpendicular:
-        return static_cast<double>(std::fabs(sx * lx + sy * ly) / std::hypot(sx, sy));
+        return static_cast<double>(std::fabs(test::dot(side, run)) / test::length(side));
     case Cut::through_vertex:
         break;
     }

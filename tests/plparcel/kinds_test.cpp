@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "brute_force.h"
-#include "divisions.h"
 #include "geos_verdict.h"
 #include "plparcel/division.h"
+#include "support/bare_cut.h"
 #include "support/bits.h"
 #include "support/parcel_kinds.h"
 
@@ -26,8 +26,8 @@ using plparcel::Division;
 using plparcel::Found;
 using plparcel::Status;
 
-constexpr accuracy::Mode kModes[] = {accuracy::Mode::kParallel, accuracy::Mode::kPerpendicular,
-                                     accuracy::Mode::kVertex};
+constexpr bare_cut::Mode kModes[] = {bare_cut::Mode::kParallel, bare_cut::Mode::kPerpendicular,
+                                     bare_cut::Mode::kVertex};
 constexpr int kDefaultRequests = 20000;
 
 int requests()
@@ -48,7 +48,7 @@ struct Tally {
 };
 using Tallies = std::array<Tally, 3>;  // by mode
 
-plparcel::Request as_request(const accuracy::Request& r)
+plparcel::Request as_request(const bare_cut::Request& r)
 {
     plparcel::Request request;
     request.cut = static_cast<plparcel::Cut>(r.mode);
@@ -69,14 +69,14 @@ void note(const Division& division, Tally& tally)
 }
 
 // The dents of a mildly concave parcel now and then hide what a line would have to reach.
-bool none_exists(const accuracy::Request& r, const plparcel::Request& request, Status status)
+bool none_exists(const bare_cut::Request& r, const plparcel::Request& request, Status status)
 {
     constexpr int kTrials = 2000;
     return (status == Status::base_reaches_behind || status == Status::line_leaves_parcel) &&
            !plparcel_test::line_exists(r.ring, request, r.area, kTrials);
 }
 
-std::string shown(const accuracy::Request& r)
+std::string shown(const bare_cut::Request& r)
 {
     std::string text = "side " + std::to_string(r.side) + " area " + std::to_string(r.area) + " ring";
     char point[80];
@@ -89,7 +89,7 @@ std::string shown(const accuracy::Request& r)
 
 class Kinds : public ::testing::Test {
 protected:
-    Tally run(const test::ParcelKind& kind, accuracy::Mode mode, int count)
+    Tally run(const test::ParcelKind& kind, bare_cut::Mode mode, int count)
     {
         Tally tally;
         for (int i = 0; i < count; ++i)
@@ -98,14 +98,14 @@ protected:
     }
 
 private:
-    void judge(const test::ParcelKind& kind, accuracy::Mode mode, Tally& tally)
+    void judge(const test::ParcelKind& kind, bare_cut::Mode mode, Tally& tally)
     {
         const test::Ring ring = kind.make(random_);
         const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random_);
-        const accuracy::Request r = accuracy::request_on(random_, ring, mode, part);
+        const bare_cut::Request r = bare_cut::request_on(random_, ring, mode, part);
         const plparcel::Request request = as_request(r);
         const Division division = plparcel::divide(r.ring, request);
-        const bool bare = accuracy::divide(r).succeeded(r.area);
+        const bool bare = bare_cut::divide(r).succeeded(r.area);
         ++tally.requests;
         tally.bare += bare ? 1 : 0;
         note(division, tally);
@@ -135,7 +135,7 @@ void print_row(const char* name, const Tallies& tallies)
 
 void print_details(const char* name, const Tallies& tallies)
 {
-    for (const accuracy::Mode mode : kModes) {
+    for (const bare_cut::Mode mode : kModes) {
         const Tally& t = tallies[static_cast<std::size_t>(mode)];
         std::printf("| %s | %d | %d | %d | %d | %d |", name, static_cast<int>(mode), t.requests, t.searched,
                     t.swept, t.again);
@@ -155,7 +155,7 @@ TEST_F(Kinds, DividedIsRightAndMoreIsDividedThanByABareCall)
         "|\n| --- | --- | --- | --- | --- | --- | --- |\n");
     for (const test::ParcelKind& kind : kinds) {
         Tallies tallies;
-        for (const accuracy::Mode mode : kModes) {
+        for (const bare_cut::Mode mode : kModes) {
             Tally& tally = tallies[static_cast<std::size_t>(mode)];
             tally = run(kind, mode, count);
             EXPECT_GE(tally.divided(), tally.bare) << kind.name;

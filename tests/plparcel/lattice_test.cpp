@@ -14,7 +14,7 @@
 #include "geos_verdict.h"
 #include "plparcel/division.h"
 #include "support/bits.h"
-#include "support/parcels.h"
+#include "support/rings.h"
 #include "witness/geos.h"
 
 namespace {

@@ -13,8 +13,9 @@
 #include "brute_force.h"
 #include "plparcel/division.h"
 #include "support/bits.h"
+#include "support/measures.h"
 #include "support/parcel_kinds.h"
-#include "support/parcels.h"
+#include "support/rings.h"
 
 namespace {
 

@@ -9,6 +9,7 @@
 #include "reference/literal_cut.h"
 #include "support/bits.h"
 #include "support/cut_inspector.h"
+#include "support/rings.h"
 
 namespace {
 
@@ -80,8 +81,8 @@ int parcels()
 class Pair {
 public:
     explicit Pair(const reference::Request& request)
-        : ring_(container(request.ring)), cut_(ring_, request.p1, request.p2, request.modo, request.tipo_area,
-                                               request.valore1, request.valore2),
+        : ring_(test::parcel_of(request.ring)), cut_(ring_, request.p1, request.p2, request.modo,
+                                                     request.tipo_area, request.valore1, request.valore2),
           want_(request.ring, request.p1, request.p2, request.modo, request.tipo_area, request.valore1,
                 request.valore2)
     {}
@@ -104,14 +105,6 @@ public:
     }
 
 private:
-    static CPoint3dVector container(const std::vector<PL_PNT2D_record>& ring)
-    {
-        CPoint3dVector points;
-        for (const PL_PNT2D_record& p : ring)
-            points.Append(p.x, p.y, 0.0);
-        return points;
-    }
-
     CPoint3dVector ring_;
     CFrazArea cut_;
     reference::LiteralCut want_;

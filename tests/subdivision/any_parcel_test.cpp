@@ -11,7 +11,8 @@
 
 #include "support/bits.h"
 #include "support/cut_state.h"
-#include "support/parcels.h"
+#include "support/measures.h"
+#include "support/rings.h"
 
 namespace {
 
@@ -30,30 +31,10 @@ std::size_t upto(std::mt19937_64& random, std::size_t n)
     return std::uniform_int_distribution<std::size_t>(0, n - 1)(random);
 }
 
-Ring random_shape(std::mt19937_64& random, double size)
-{
-    switch (upto(random, 7)) {
-    case 0:
-        return test::convex_ring(random, 3 + upto(random, 20), size);
-    case 1:
-        return test::dented_ring(random, 5 + upto(random, 20), size);
-    case 2:
-        return test::star_ring(random, 5 + upto(random, 20), size);
-    case 3:
-        return test::comb_ring(random, 2 + upto(random, 4), size);
-    case 4:
-        return test::l_ring(random, size);
-    case 5:
-        return test::t_ring(random, size);
-    default:
-        return test::turned_rectangle(random, size);
-    }
-}
-
 Ring random_ring(std::mt19937_64& random)
 {
-    Ring ring =
-        random_shape(random, std::pow(10.0, std::uniform_real_distribution<double>(0.0, 4.0)(random)));
+    const double size = std::pow(10.0, std::uniform_real_distribution<double>(0.0, 4.0)(random));
+    Ring ring = test::parcel_ring(random, size);
     if (upto(random, 2) == 0)
         ring = test::reversed(ring);
     if (upto(random, 3) == 0)

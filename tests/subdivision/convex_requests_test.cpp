@@ -9,7 +9,8 @@
 
 #include "support/bits.h"
 #include "support/cut_state.h"
-#include "support/parcels.h"
+#include "support/measures.h"
+#include "support/rings.h"
 
 namespace {
 

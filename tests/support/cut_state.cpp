@@ -137,17 +137,6 @@ State state_of(const CFrazArea& object)
     return ::testing::AssertionFailure() << got_text << " differs in" << c.text();
 }
 
-CPoint3dVector parcel_of(const Points& ring)
-{
-    CPoint3dVector parcel;
-    double z = 417.25;
-    for (const PL_PNT2D_record& p : ring) {
-        parcel.Append(p.x, p.y, z);
-        z += 1.5;
-    }
-    return parcel;
-}
-
 Answer run(CFrazArea& object)
 {
     Answer a = {false, {kUntouched, kUntouched}, kUntouched, {kUntouched, kUntouched}, kUntouched};

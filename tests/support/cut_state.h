@@ -10,6 +10,7 @@
 
 #include "plcalc/subdivision.h"
 #include "support/cut_inspector.h"
+#include "support/rings.h"
 
 namespace test {
 
@@ -53,9 +54,6 @@ State state_of(const CFrazArea& object);
 /// For EXPECT_PRED_FORMAT2: every member the same to the last bit; names the ones that are not.
 ::testing::AssertionResult same_state(const char* got_text, const char* want_text, const State& got,
                                       const State& want);
-
-/// A ring as the parcel that CFrazArea reads, with heights, which must not matter.
-CPoint3dVector parcel_of(const Points& ring);
 
 /// The six outputs of Esegui and its answer. The outputs start as test::kUntouched.
 struct Answer {

@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include "support/parcels.h"
+#include "support/rings.h"
 
 namespace test {
 

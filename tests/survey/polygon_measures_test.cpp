@@ -5,13 +5,14 @@
 
 #include "plcalc/survey.h"
 #include "support/bits.h"
+#include "support/measures.h"
 
 namespace {
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-using Ring = std::vector<PL_PNT2D_record>;
+using test::Ring;
 
 // Heights that would show if they took part.
 CPoint3dVector points_of(const Ring& ring)
@@ -125,27 +126,15 @@ protected:
     std::mt19937_64 random_ = test::random_source();
 };
 
-// The other form of the shoelace formula, in long double.
+// Both in long double and by other sums than the library's.
 double exact_area(const Ring& ring)
 {
-    long double doubled = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& p = ring[i];
-        const PL_PNT2D_record& q = ring[(i + 1) % ring.size()];
-        doubled += static_cast<long double>(p.x) * q.y - static_cast<long double>(q.x) * p.y;
-    }
-    return static_cast<double>(doubled / 2);
+    return static_cast<double>(test::signed_area(ring));
 }
 
 double exact_perimeter(const Ring& ring)
 {
-    long double sum = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& p = ring[i];
-        const PL_PNT2D_record& q = ring[(i + 1) % ring.size()];
-        sum += std::hypot(static_cast<long double>(q.x) - p.x, static_cast<long double>(q.y) - p.y);
-    }
-    return static_cast<double>(sum);
+    return static_cast<double>(test::perimeter(ring));
 }
 
 // The signed area as it is defined, over arrays with a wrapped entry at either end.

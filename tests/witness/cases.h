@@ -9,7 +9,7 @@
 
 #include "plcalc/kernel.h"
 #include "support/bits.h"
-#include "support/parcels.h"
+#include "support/rings.h"
 
 namespace witness {
 

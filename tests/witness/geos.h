@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "plcalc/kernel.h"
-#include "support/parcels.h"
+#include "support/rings.h"
 
 namespace witness {
 

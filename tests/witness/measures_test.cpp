@@ -11,15 +11,6 @@ namespace {
 
 using witness::Ring;
 
-CPoint3dVector points_of(const Ring& ring)
-{
-    CPoint3dVector points;
-    points.Reserve(static_cast<int>(ring.size()));
-    for (const PL_PNT2D_record& p : ring)
-        points.Append(p.x, p.y, 0.0);
-    return points;
-}
-
 // Sum of the terms' sizes in a shoelace sum of x differences times y, and of y differences times x with x
 // counted from the first vertex: the first is the library's, the second the one of GEOS. Rounding is
 // proportional to it.
@@ -48,7 +39,7 @@ TEST_P(Measures, SignedAreaIsThatOfGeos)
     witness::Worst of_bound;
     for (int i = 0; i < witness::cases(); ++i) {
         const Ring ring = witness::random_ring(random, GetParam());
-        const CPoint3dVector points = points_of(ring);
+        const CPoint3dVector points = test::parcel_of(ring);
         const double bound = (static_cast<double>(ring.size()) + 4.0) * witness::kRounding * term_sizes(ring);
 
         const double theirs = geos.area(geos.polygon(ring));
@@ -74,7 +65,7 @@ TEST_P(Measures, PerimeterIsThatOfGeos)
     for (int i = 0; i < witness::cases(); ++i) {
         const Ring ring = witness::random_ring(random, GetParam());
         const double theirs = geos.length(geos.closed_line(ring));
-        const double ours = PeriCalcolato(points_of(ring));
+        const double ours = PeriCalcolato(test::parcel_of(ring));
         const double bound = 2.0 * (static_cast<double>(ring.size()) + 4.0) * witness::kRounding;
         ASSERT_LE(std::fabs(ours - theirs), bound * theirs) << "case " << i;
         relative.note(std::fabs(ours - theirs) / theirs, i);

@@ -19,6 +19,7 @@
 
 #include "plcalc/subdivision.h"
 #include "support/bits.h"
+#include "support/measures.h"
 #include "witness/cases.h"
 #include "witness/geos.h"
 
@@ -84,10 +85,11 @@ bool divide(const Request& r, PL_LINE_2D_record& chord)
     const auto local = [&](const PL_PNT2D_record& p) {
         return PL_PNT2D_record{p.x - origin.x, p.y - origin.y};
     };
-    CPoint3dVector parcel;
+    Ring ring;
     for (const PL_PNT2D_record& p : r.ring)
-        parcel.Append(local(p).x, local(p).y, 0.0);
+        ring.push_back(local(p));
 
+    const CPoint3dVector parcel = test::parcel_of(ring);
     CFrazArea cut(parcel, local(first(r)), local(second(r)), r.mode, kAreaAsValue, r.area, 0.0);
     double z1 = 0.0;
     double z2 = 0.0;

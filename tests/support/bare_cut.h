@@ -1,15 +1,16 @@
 #pragma once
 
-// One request to CFrazArea, and what became of it: the parcel is split along the line that came back, in long
+// One bare call of CFrazArea, and what it is worth: the parcel is split along the line that came back, in long
 // double and without the library.
 
 #include <cstddef>
 #include <random>
 
 #include "plcalc/kernel.h"
-#include "support/parcels.h"
+#include "support/measures.h"
+#include "support/rings.h"
 
-namespace accuracy {
+namespace bare_cut {
 
 using test::Ring;
 
@@ -29,13 +30,13 @@ Request request_on(std::mt19937_64& random, const Ring& ring, Mode mode, double 
 
 /// What came back, and what it is worth.
 struct Division {
-    bool done;           ///< the answer of Esegui
-    bool found;          ///< the search met its request, by its own measure
-    bool ran_out;        ///< no line of the sweep cut off more than the request: the second end is not set
-    bool beyond_end;     ///< an end lies measurably off the boundary, by less than a side may be overshot
-    bool inside;         ///< the line runs from boundary to boundary within the parcel
-    long double piece;   ///< area of the piece that should hold the request; 0 unless inside
-    long double parcel;  ///< area of the parcel
+    bool done;          ///< the answer of Esegui
+    bool found;         ///< the search met its request, by its own measure
+    bool ran_out;       ///< no line of the sweep cut off more than the request: the second end is not set
+    bool beyond_end;    ///< an end lies measurably off the boundary, by less than a side may be overshot
+    bool inside;        ///< the line runs from boundary to boundary within the parcel
+    test::Real piece;   ///< area of the piece that should hold the request; 0 unless inside
+    test::Real parcel;  ///< area of the parcel
 
     bool succeeded(double requested) const;  ///< within 1e-6 of the parcel's area
     bool other_piece_holds(double requested) const;
@@ -64,4 +65,4 @@ bool sees_whole_parcel(const Request& request);
 /// Whether the parcel's angle at the vertex is above 200 gons.
 bool is_reflex(const Request& request);
 
-}  // namespace accuracy
+}  // namespace bare_cut

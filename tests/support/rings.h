@@ -1,12 +1,13 @@
 #pragma once
 
-// Random parcels, and measures of them in long double that share no code with the library.
+// The one generator of rings: random parcels of every kind, and what may be wrong with them.
 
 #include <cstddef>
 #include <random>
 #include <vector>
 
 #include "plcalc/kernel.h"
+#include "plutil/plutil.h"
 
 namespace test {
 
@@ -37,9 +38,20 @@ Ring star_ring(std::mt19937_64& random, std::size_t n, double size);
 /// A base strip with the given number of teeth, turned by a random angle.
 Ring comb_ring(std::mt19937_64& random, std::size_t teeth, double size);
 
+/// A building with its walls along the axes: a straight base side, with a vertex on it now and then, and columns
+/// of different heights above it.
+Ring stepped_ring(std::mt19937_64& random, std::size_t columns, double size);
+
+/// Random points in a square of that size around the origin, put into an order in which no two sides cross.
+/// The only ring here that may run either way round.
+Ring crooked_ring(std::mt19937_64& random, std::size_t n, double size);
+
 /// An L, and a T, turned by a random angle.
 Ring l_ring(std::mt19937_64& random, double size);
 Ring t_ring(std::mt19937_64& random, double size);
+
+/// A parcel as surveyors meet them, of any kind above but the crooked one; at most 28 vertices.
+Ring parcel_ring(std::mt19937_64& random, double size);
 
 // --- changes to a ring ---
 
@@ -55,25 +67,7 @@ Ring with_repeated_vertices(std::mt19937_64& random, const Ring& ring);
 /// Moved to coordinates of the size of UTM, 5e5 East and 5e6 North.
 Ring at_utm_size(std::mt19937_64& random, const Ring& ring);
 
-// --- measures ---
-
-/// Area, positive anticlockwise: triangles from the first vertex, in long double.
-long double signed_area(const Ring& ring);
-
-/// Area of the part of the ring on the left of the unlimited line from p to q, never negative. For a ring
-/// that the line cuts into more than two pieces, all the pieces on the left together.
-long double area_left_of(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q);
-
-/// Whether r is on the left of the line from p to q: above zero left, below zero right.
-long double side_of(const PL_PNT2D_record& p, const PL_PNT2D_record& q, const PL_PNT2D_record& r);
-
-/// Distance of a point from the nearest point of the ring's sides.
-long double distance_to_boundary(const Ring& ring, const PL_PNT2D_record& p);
-
-/// Distance of a point from the nearest vertex of the ring.
-long double distance_to_vertices(const Ring& ring, const PL_PNT2D_record& p);
-
-/// Distance of p from the unlimited line through a and b.
-long double distance_to_line(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p);
+/// The ring as a caller hands it over, with heights, which must not matter.
+CPoint3dVector parcel_of(const Ring& ring);
 
 }  // namespace test

@@ -1,4 +1,4 @@
-#include "divisions.h"
+#include "support/bare_cut.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,17 +6,18 @@
 
 #include "plcalc/subdivision.h"
 #include "support/cut_inspector.h"
-#include "vector.h"
 
 namespace {
 
-using accuracy::cross;
-using accuracy::from_to;
-using accuracy::Mode;
-using accuracy::Real;
-using accuracy::Request;
-using accuracy::Ring;
-using accuracy::Vector;
+using bare_cut::Mode;
+using bare_cut::Request;
+using bare_cut::Ring;
+using test::cross;
+using test::dot;
+using test::from_to;
+using test::length;
+using test::Real;
+using test::Vector;
 
 constexpr int kAreaAsValue = 1;
 constexpr Real kHeld = 1e-6L;  // of the parcel's area
@@ -32,16 +33,6 @@ constexpr Real kMeasurable = 1e-9L;
 
 // Sine of an angle that counts as flat, and height over a side that counts as none, of the parcel's size.
 constexpr Real kFlat = 1e-7L;
-
-Real dot(const Vector& a, const Vector& b)
-{
-    return a.x * b.x + a.y * b.y;
-}
-
-Real length(const Vector& v)
-{
-    return std::sqrt(dot(v, v));
-}
 
 const PL_PNT2D_record& at(const Ring& ring, std::size_t i)
 {
@@ -152,7 +143,7 @@ bool holds_request(const Request& r, const PL_LINE_2D_record& chord, const Place
     return onwards(static_cast<Real>(r.side) + 0.5L) < onwards(to.position);
 }
 
-void measure(const Request& r, const PL_LINE_2D_record& chord, accuracy::Division& division)
+void measure(const Request& r, const PL_LINE_2D_record& chord, bare_cut::Division& division)
 {
     const Real limit = kOnBoundary * size_of(r.ring);
     const Place start = place_of(r.ring, chord.start);
@@ -188,7 +179,7 @@ Vector direction(const Request& r)
 
 }  // namespace
 
-namespace accuracy {
+namespace bare_cut {
 
 Request request_on(std::mt19937_64& random, const Ring& ring, Mode mode, double part)
 {
@@ -223,9 +214,7 @@ const PL_PNT2D_record& second(const Request& request)
 
 Division divide(const Request& request)
 {
-    CPoint3dVector parcel;
-    for (const PL_PNT2D_record& p : request.ring)
-        parcel.Append(p.x, p.y, 0.0);
+    const CPoint3dVector parcel = test::parcel_of(request.ring);
     CFrazArea cut(parcel, first(request), second(request), static_cast<int>(request.mode), kAreaAsValue,
                   request.area, 0.0);
     PL_LINE_2D_record chord = {};
@@ -301,4 +290,4 @@ bool is_reflex(const Request& request)
     return turn * cross(in, out) < -kFlat * length(in) * length(out);
 }
 
-}  // namespace accuracy
+}  // namespace bare_cut

@@ -1,4 +1,4 @@
-#include "support/parcels.h"
+#include "support/rings.h"
 
 #include <algorithm>
 #include <cmath>
@@ -65,34 +65,41 @@ std::vector<double> there_and_back(std::mt19937_64& random, std::size_t n, doubl
     return steps;
 }
 
-struct LongPoint {
-    long double x;
-    long double y;
-};
-
-long double cross(const LongPoint& a, const LongPoint& b)
+std::size_t upto(std::mt19937_64& random, std::size_t n)
 {
-    return a.x * b.y - a.y * b.x;
+    return std::uniform_int_distribution<std::size_t>(0, n - 1)(random);
 }
 
-LongPoint from_to(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+// Which side of a-b the point c lies on.
+double turn(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c)
 {
-    return {static_cast<long double>(to.x) - from.x, static_cast<long double>(to.y) - from.y};
+    return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
-long double length(const LongPoint& v)
+bool do_cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
+              const PL_PNT2D_record& d)
 {
-    return std::sqrt(v.x * v.x + v.y * v.y);
+    return (turn(a, b, c) > 0.0) != (turn(a, b, d) > 0.0) && (turn(c, d, a) > 0.0) != (turn(c, d, b) > 0.0);
 }
 
-long double distance_to_segment(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+// Reverses the stretch between two sides that cross. Each time the ring gets shorter, so this ends.
+void untangle(Ring& ring)
 {
-    const LongPoint d = from_to(a, b);
-    const LongPoint w = from_to(a, p);
-    const long double d2 = d.x * d.x + d.y * d.y;
-    long double t = d2 > 0 ? (w.x * d.x + w.y * d.y) / d2 : 0;
-    t = std::min<long double>(1, std::max<long double>(0, t));
-    return length({w.x - t * d.x, w.y - t * d.y});
+    const std::size_t n = ring.size();
+    bool crossing = true;
+    while (crossing) {
+        crossing = false;
+        for (std::size_t i = 0; i + 2 < n; ++i) {
+            for (std::size_t j = i + 2; j < n; ++j) {
+                const bool neighbours = i == 0 && j + 1 == n;
+                if (neighbours || !do_cross(ring[i], ring[i + 1], ring[j], ring[(j + 1) % n]))
+                    continue;
+                std::reverse(ring.begin() + static_cast<std::ptrdiff_t>(i + 1),
+                             ring.begin() + static_cast<std::ptrdiff_t>(j + 1));
+                crossing = true;
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -200,6 +207,61 @@ Ring t_ring(std::mt19937_64& random, double size)
         between(random, 0.0, kTurnRad));
 }
 
+// A base side with a vertex now and then, and the columns from right to left, the last one at the first vertex.
+Ring stepped_ring(std::mt19937_64& random, std::size_t columns, double size)
+{
+    const double half = size / 2.0;
+    const double step = size / static_cast<double>(columns);
+    const auto place = [&](std::size_t i) {
+        return i == columns ? half : static_cast<double>(i) * step - half;
+    };
+    Ring ring = {{-half, -half}};
+    for (std::size_t i = 1; i < columns; ++i)
+        if (one_in(random, 3))
+            ring.push_back({place(i), -half});
+    ring.push_back({half, -half});
+    for (std::size_t i = columns; i > 0; --i) {
+        const double top = size * between(random, 0.1, 1.0) - half;
+        ring.push_back({place(i), top});
+        ring.push_back({place(i - 1), top});
+    }
+    return ring;
+}
+
+Ring crooked_ring(std::mt19937_64& random, std::size_t n, double size)
+{
+    Ring ring;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double x = size * between(random, -0.5, 0.5);
+        ring.push_back({x, size * between(random, -0.5, 0.5)});
+    }
+    untangle(ring);
+    return ring;
+}
+
+Ring parcel_ring(std::mt19937_64& random, double size)
+{
+    const std::size_t n = 4 + upto(random, 21);
+    switch (upto(random, 8)) {
+    case 0:
+        return convex_ring(random, n, size);
+    case 1:
+        return dented_ring(random, n, size);
+    case 2:
+        return star_ring(random, n, size);
+    case 3:
+        return comb_ring(random, n / 4 + 1, size);
+    case 4:
+        return l_ring(random, size);
+    case 5:
+        return t_ring(random, size);
+    case 6:
+        return stepped_ring(random, n / 3, size);
+    default:
+        return turned_rectangle(random, size);
+    }
+}
+
 Ring reversed(const Ring& ring)
 {
     Ring out(ring);
@@ -233,6 +295,17 @@ Ring with_repeated_vertices(std::mt19937_64& random, const Ring& ring)
     return out;
 }
 
+CPoint3dVector parcel_of(const Ring& ring)
+{
+    CPoint3dVector parcel;
+    double z = 417.25;
+    for (const PL_PNT2D_record& p : ring) {
+        parcel.Append(p.x, p.y, z);
+        z += 1.5;
+    }
+    return parcel;
+}
+
 Ring at_utm_size(std::mt19937_64& random, const Ring& ring)
 {
     const double east = between(random, 2e5, 8e5);
@@ -241,63 +314,6 @@ Ring at_utm_size(std::mt19937_64& random, const Ring& ring)
     for (const PL_PNT2D_record& p : ring)
         out.push_back({p.x + east, p.y + north});
     return out;
-}
-
-long double signed_area(const Ring& ring)
-{
-    long double twice = 0;
-    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
-        twice += cross(from_to(ring[0], ring[i]), from_to(ring[0], ring[i + 1]));
-    return twice / 2;
-}
-
-long double side_of(const PL_PNT2D_record& p, const PL_PNT2D_record& q, const PL_PNT2D_record& r)
-{
-    return cross(from_to(p, q), from_to(p, r));
-}
-
-long double area_left_of(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q)
-{
-    // The ring with what is right of the line taken off: coordinates from p, to keep them small.
-    std::vector<LongPoint> left;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& next = ring[(i + 1) % ring.size()];
-        const LongPoint a = from_to(p, ring[i]);
-        const LongPoint b = from_to(p, next);
-        const long double sa = side_of(p, q, ring[i]);
-        const long double sb = side_of(p, q, next);
-        if (sa >= 0)
-            left.push_back(a);
-        if ((sa > 0 && sb < 0) || (sa < 0 && sb > 0)) {
-            const long double t = sa / (sa - sb);
-            left.push_back({a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)});
-        }
-    }
-    long double twice = 0;
-    for (std::size_t i = 0; i < left.size(); ++i)
-        twice += cross(left[i], left[(i + 1) % left.size()]);
-    return std::fabs(twice / 2);
-}
-
-long double distance_to_boundary(const Ring& ring, const PL_PNT2D_record& p)
-{
-    long double nearest = HUGE_VALL;
-    for (std::size_t i = 0; i < ring.size(); ++i)
-        nearest = std::min(nearest, distance_to_segment(ring[i], ring[(i + 1) % ring.size()], p));
-    return nearest;
-}
-
-long double distance_to_vertices(const Ring& ring, const PL_PNT2D_record& p)
-{
-    long double nearest = HUGE_VALL;
-    for (const PL_PNT2D_record& vertex : ring)
-        nearest = std::min(nearest, length(from_to(vertex, p)));
-    return nearest;
-}
-
-long double distance_to_line(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
-{
-    return std::fabs(side_of(a, b, p)) / length(from_to(a, b));
 }
 
 }  // namespace test
