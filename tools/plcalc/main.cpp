@@ -55,7 +55,7 @@ void print(const std::string& text)
 // The parser tells which option has too few or too many values, and counts them; what it needs says more.
 std::string described(const CLI::App& app, const CLI::ParseError& error)
 {
-    const std::string text = error.what();
+    std::string text = error.what();
     const std::string name = text.substr(0, text.find(':'));
     for (const CLI::App* verb : app.get_subcommands()) {
         const CLI::Option* option = verb->get_option_no_throw(name);

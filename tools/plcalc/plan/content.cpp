@@ -28,7 +28,7 @@ void set_unit(Plan& plan, const OGRFeature* feature)
 std::string title_of(const ReadParcel& read)
 {
     const std::string file = CPLGetFilename(read.file.c_str());
-    const std::string title = read.name.empty() ? file : file + ": " + read.name;
+    std::string title = read.name.empty() ? file : file + ": " + read.name;
     if (CPLIsUTF8(title.c_str(), -1))
         return title;
     const std::unique_ptr<char, decltype(&VSIFree)> ascii(CPLForceToASCII(title.c_str(), -1, '?'), &VSIFree);

@@ -67,7 +67,7 @@ NamedPoint StakeoutVerb::place(const std::string& option, const std::string& tex
 
 Setup StakeoutVerb::setup(const Parcel& parcel) const
 {
-    const Setup setup = {place("--station", station_, parcel), place("--orientation", orientation_, parcel)};
+    Setup setup = {place("--station", station_, parcel), place("--orientation", orientation_, parcel)};
     if (same(setup.station, setup.orientation))
         wrong_use("--orientation: it is the station itself; name another place");
     return setup;
@@ -82,7 +82,7 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
                                                  "; the parcel has sides 1 to " +
                                                  std::to_string(parcel.ring.size()));
     const std::size_t first = static_cast<std::size_t>(number - 1);
-    const BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
+    BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
     if (same(base.from, base.to))
         throw Failure(ExitStatus::wrong_use, parcel.where + ": side " + std::to_string(number) +
                                                  " has no length, its two vertices are one point; choose "
