@@ -62,24 +62,20 @@ struct Place {
     }
 };
 
-// A walk that merges past vertex 0 starts another round at another vertex, and may end on a later one: on rings
-// whose runs creep by less than the margin, only after as many rounds as a run has vertices. So many rounds are
-// walked and no more; a run longer than that has its vertices closer together than any survey measures.
-constexpr std::int64_t kMostRounds = 1024;
-
-// Notices a walk that goes round for ever, by Brent's method (BIT 20, 1980): the place is compared with a
-// mark that is set anew after 1, 2, 4, ... steps. No memory. And ends one that would take too long.
+// Notices a walk that goes round for ever, by Brent's method (BIT 20, 1980): the place where a round begins is
+// compared with a mark that is set anew after 1, 2, 4, ... rounds. No memory, and no walk that ends is taken
+// for one that does not: a place that comes back is the same place.
 class RoundWatch {
 public:
-    RoundWatch(const Place& start, int n) : mark_(start), most_(kMostRounds * n) {}
+    explicit RoundWatch(const Place& start) : mark_(start) {}
 
-    bool gives_up(const Place& now, std::int64_t passed)
+    bool been_here(const Place& now)
     {
-        if (now == mark_ || passed > most_)
+        if (now == mark_)
             return true;
-        if (++steps_ == reach_) {
+        if (++rounds_ == reach_) {
             mark_ = now;
-            steps_ = 0;
+            rounds_ = 0;
             reach_ *= 2;
         }
         return false;
@@ -87,50 +83,106 @@ public:
 
 private:
     Place mark_;
-    std::int64_t most_;
-    std::int64_t steps_ = 0;
+    std::int64_t rounds_ = 0;
     std::int64_t reach_ = 1;
 };
+
+// The two axes, on each of which runs of vertices count as one side.
+using Axis = double PL_PNT2D_record::*;
+constexpr Axis kNorthing = &PL_PNT2D_record::y;
+constexpr Axis kEasting = &PL_PNT2D_record::x;
 
 // Whether two coordinates are one within the margin of the second. Most are told apart by their bits.
 bool one_line(double v, double w)
 {
-    return !plcalc::surely_apart(plcalc::ordered_bits(v), plcalc::ordered_bits(w)) && is_near(v, w);
+    return !plcalc::surely_apart(plcalc::ordered_high(v), plcalc::ordered_high(w)) && is_near(v, w);
 }
 
-bool on_one_level(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+// Numbers from `low` to `high`, by their ordered bits.
+struct Span {
+    std::int64_t low = INT64_MAX;  // an empty one at first
+    std::int64_t high = INT64_MIN;
+
+    bool holds(std::int64_t bits) const { return low <= bits && bits <= high; }
+    bool holds(const Span& other) const { return low <= other.low && other.high <= high; }
+    void widen(std::int64_t bits)
+    {
+        low = bits < low ? bits : low;
+        high = bits > high ? bits : high;
+    }
+};
+
+// The numbers w for which one_line(v, w) is true beyond doubt.
+//
+// The margin is taken from w, which is at most 1e-7 of v closer to zero than v: nearly the margin of v. A part
+// in 2^20 less holds that, and every rounding here and there, a hundred times over.
+Span surely_one_line(double v)
 {
-    return one_line(p.y, q.y);
+    constexpr double kWithin = 1.0 - 0x1p-20;
+    const double margin = scaled_tol(v) * kWithin;
+    const Span span = {plcalc::ordered_bits(v - margin), plcalc::ordered_bits(v + margin)};
+    return plcalc::ordered_nan(span.low) || plcalc::ordered_nan(span.high) ? Span() : span;
 }
 
-bool on_one_plumb_line(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
-{
-    return one_line(p.x, q.x);
-}
+// The extents of the ring's vertices, so many in a row at a time, by which a long run is passed over. On the
+// stack: a walk allocates nothing.
+class Rows {
+public:
+    explicit Rows(const Ring& ring)
+    {
+        while ((ring.last() >> shift_) >= kMost)
+            ++shift_;
+        for (int i = 0; i < ring.size(); ++i) {
+            const PL_PNT2D_record& p = ring.at(i);
+            northings_[i >> shift_].widen(plcalc::ordered_bits(p.y));
+            eastings_[i >> shift_].widen(plcalc::ordered_bits(p.x));
+        }
+    }
 
-// Moves k to the last vertex of the run that is in line with vertex j; k itself is the first candidate. Counts
-// the vertices that it passes. False when the run goes all the way round.
-bool skip_run(const Ring& ring, int j, int& k, std::int64_t& passed,
-              bool (*in_line)(const PL_PNT2D_record&, const PL_PNT2D_record&))
+    // The first vertex from k on, k itself as a rule, that begins no row wholly within the span; `stop` at the
+    // latest, the start of its row when k is one.
+    int pass(const Ring& ring, Axis axis, const Span& span, int k, int stop) const
+    {
+        const Span* rows = axis == kNorthing ? northings_ : eastings_;
+        while ((k & ((1 << shift_) - 1)) == 0 && k >> shift_ != stop >> shift_ &&
+               span.holds(rows[k >> shift_])) {
+            const int next = ((k >> shift_) + 1) << shift_;
+            k = next < ring.size() ? next : 0;
+        }
+        return k;
+    }
+
+private:
+    static constexpr int kMost = 256;
+    int shift_ = 0;
+    Span northings_[kMost];
+    Span eastings_[kMost];
+};
+
+// Moves k to the last vertex of the run that is in line with vertex j; k itself is the first candidate. False
+// when the run goes all the way round.
+bool skip_run(const Ring& ring, const Rows* rows, Axis axis, int j, int& k)
 {
-    ++passed;
-    if (!in_line(ring.at(j), ring.at(k)))
+    const double v = ring.at(j).*axis;
+    if (!one_line(v, ring.at(k).*axis))
         return true;
+    const Span span = rows != nullptr ? surely_one_line(v) : Span();
     const int first = k;
     do {
         k = ring.after(k);
-        ++passed;
+        if (rows != nullptr)
+            k = rows->pass(ring, axis, span, k, first);
         if (k == first)
             return false;
-    } while (in_line(ring.at(j), ring.at(k)));
+    } while (span.holds(plcalc::ordered_bits(ring.at(k).*axis)) || one_line(v, ring.at(k).*axis));
     k = ring.before(k);
     return true;
 }
 
 // Runs of vertices on a horizontal, then on a vertical line count as one side.
-bool skip_runs(const Ring& ring, int j, int& k, std::int64_t& passed)
+bool skip_runs(const Ring& ring, const Rows* rows, int j, int& k)
 {
-    return skip_run(ring, j, k, passed, on_one_level) && skip_run(ring, j, k, passed, on_one_plumb_line);
+    return skip_run(ring, rows, kNorthing, j, k) && skip_run(ring, rows, kEasting, j, k);
 }
 
 // The point, and its level as the walk asks for it.
@@ -138,15 +190,24 @@ class TestedPoint {
 public:
     explicit TestedPoint(const PL_PNT2D_record& pt)
         : pt_(pt), low_(plcalc::ordered_bits(pt.y - scaled_tol(pt.y))),
-          high_(plcalc::ordered_bits(pt.y + scaled_tol(pt.y)))
+          high_(plcalc::ordered_bits(pt.y + scaled_tol(pt.y))),
+          comparable_(!plcalc::ordered_nan(low_) && !plcalc::ordered_nan(high_))
     {
-        comparable_ = !plcalc::ordered_nan(low_) && !plcalc::ordered_nan(high_);
+        if (comparable_) {
+            surely_below_ = plcalc::ordered_high(pt.y - scaled_tol(pt.y));
+            surely_above_ = plcalc::ordered_high(pt.y + scaled_tol(pt.y));
+        }
     }
 
     const PL_PNT2D_record& at() const { return pt_; }
 
     Level level_of(double y) const
     {
+        const std::int32_t high = plcalc::ordered_high(y);
+        if (high < surely_below_ && plcalc::ordered_high_finite(high))
+            return Level::kBelow;
+        if (high > surely_above_ && plcalc::ordered_high_finite(high))
+            return Level::kAbove;
         const std::int64_t bits = plcalc::ordered_bits(y);
         if (!comparable_ || plcalc::ordered_nan(bits))
             return Level::kNoNumber;
@@ -160,6 +221,8 @@ private:
     std::int64_t low_;
     std::int64_t high_;
     bool comparable_;
+    std::int32_t surely_below_ = INT32_MIN;  // the upper halves; nothing is beyond these at first
+    std::int32_t surely_above_ = INT32_MAX;
 };
 
 // The boundary meets the ray's line at the end of an edge, coming from i and leaving for k.
@@ -217,53 +280,126 @@ int find_rightmost(const Ring& ring)
 {
     int found = 0;
     double best = kFarWest;
+    std::int32_t best_high = plcalc::ordered_high(best);
     for (int i = 0; i < ring.size(); ++i) {
-        if (plcalc::at_least(ring.at(i).x, best)) {
+        // Farther East or clearly West by the bits, as a rule.
+        const double x = ring.at(i).x;
+        const std::int32_t high = plcalc::ordered_high(x);
+        const bool farther = high > best_high && plcalc::ordered_high_finite(high);
+        if (farther || (!plcalc::surely_apart(high, best_high) && plcalc::at_least(x, best))) {
             found = i;
-            best = ring.at(i).x;
+            best = x;
+            best_high = high;
         }
     }
     return found;
 }
 
-// Walks round the ring once, counting where the boundary passes through the ray.
+// The walk round the ring, counting where the boundary passes through the ray.
+class Walk {
+public:
+    enum class State { kGoesOn, kEnded, kAllInLine, kGoesRound };
+
+    Walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2D_record& ray)
+        : tested_(pt), ring_(ring), ray_(ray), at_{stop(ring.last()), stop(0), stop(1)}, watch_(at_)
+    {
+        int second = 1;
+        if (!skip_runs(ring_, nullptr, 0, second))
+            state_ = State::kAllInLine;
+        at_.j = stop(second);
+        watch_ = RoundWatch(at_);
+    }
+
+    /// Walks on, for so many rounds at most, or for as many as it takes when there are rows to pass over.
+    State go_on(int rounds, const Rows* rows)
+    {
+        while (state_ == State::kGoesOn && (rows != nullptr || rounds > 0))
+            if (step(rows))
+                --rounds;
+        return state_;
+    }
+
+    bool inside() const { return inside_; }
+
+private:
+    Stop stop(int at) const { return {at, tested_.level_of(ring_.at(at).y)}; }
+
+    // Takes the edge from i to j. Whether another round begins.
+    bool step(const Rows* rows)
+    {
+        int next = ring_.after(at_.j.at);
+        if (!skip_runs(ring_, rows, at_.j.at, next)) {
+            state_ = State::kAllInLine;
+            return false;
+        }
+        const Stop k = stop(next);
+        const Edge edge = classify(tested_, ring_, at_, k.level);
+        count(edge);
+
+        // Once round: the edge began at the last vertex or led to the first one. A walk that merged past both
+        // goes on, and may end on a later round.
+        const bool skips_next = edge == Edge::kEndCounts;
+        const int last = ring_.last();
+        if (at_.i.at == last || at_.j.at == 0 || (skips_next && at_.j.at == last)) {
+            state_ = State::kEnded;
+            return false;
+        }
+        const int before = at_.j.at;
+        at_ = skips_next ? Place{at_.j, k, stop(ring_.after(k.at))} : Place{at_.i, at_.j, k};
+
+        // Places that follow one another for ever cannot all lead to a greater index.
+        if (at_.j.at > before)
+            return false;
+        if (watch_.been_here(at_))
+            state_ = State::kGoesRound;
+        return true;
+    }
+
+    void count(Edge edge)
+    {
+        if (edge == Edge::kNothing)
+            return;
+        if (edge == Edge::kOrdinary) {
+            const PL_LINE_2D_record side = {ring_.at(at_.i.at), ring_.at(at_.j.at)};
+            PL_PNT2D_record meeting = {};
+            if (!PlFunz_intersect_ls(&ray_, &side, &meeting))
+                return;
+        }
+        inside_ = !inside_;
+    }
+
+    TestedPoint tested_;
+    Ring ring_;
+    PL_LINE_2D_record ray_;
+    Place at_;
+    RoundWatch watch_;
+    bool inside_ = false;
+    State state_ = State::kGoesOn;
+};
+
+// A walk ends in its first round as a rule. One that does not, because vertices creep by less than the margin
+// and each is in line with others than its neighbours are, may need thousands: then it pays to know rows of
+// vertices by their extents.
+Walk::State walk_many_rounds(Walk& walk, const Ring& ring)
+{
+    const Rows rows(ring);
+    return walk.go_on(0, &rows);
+}
+
 bool inside_by_walk(const PL_PNT2D_record& pt, const Ring& ring, const PL_LINE_2D_record& ray)
 {
-    const TestedPoint tested(pt);
-    const auto stop = [&](int at) { return Stop{at, tested.level_of(ring.at(at).y)}; };
-
-    std::int64_t passed = 0;
-    int second = 1;
-    if (!skip_runs(ring, 0, second, passed))
+    constexpr int kUsualRounds = 4;
+    Walk walk(pt, ring, ray);
+    Walk::State state = walk.go_on(kUsualRounds, nullptr);
+    if (state == Walk::State::kGoesOn)
+        state = walk_many_rounds(walk, ring);
+    switch (state) {
+    case Walk::State::kGoesRound:
+        return inside_by_half_open_count(pt, ring);
+    case Walk::State::kAllInLine:
         return false;
-    Place at = {stop(ring.last()), stop(0), stop(second)};
-
-    bool inside = false;
-    RoundWatch watch(at, ring.size());
-    for (;;) {
-        int next = ring.after(at.j.at);
-        if (!skip_runs(ring, at.j.at, next, passed))
-            return false;
-        const Stop k = stop(next);
-
-        const Edge edge = classify(tested, ring, at, k.level);
-        if (edge == Edge::kOrdinary) {
-            const PL_LINE_2D_record side = {ring.at(at.i.at), ring.at(at.j.at)};
-            PL_PNT2D_record meeting = {};
-            if (PlFunz_intersect_ls(&ray, &side, &meeting))
-                inside = !inside;
-        } else if (edge != Edge::kNothing) {
-            inside = !inside;
-        }
-
-        // Once round: the edge began at the last vertex or led to the first one. A walk that merged past
-        // both goes on, and may end on a later round.
-        const bool skips_next = edge == Edge::kEndCounts;
-        if (at.i.at == ring.last() || at.j.at == 0 || (skips_next && at.j.at == ring.last()))
-            return inside;
-        at = skips_next ? Place{at.j, k, stop(ring.after(k.at))} : Place{at.i, at.j, k};
-        if (watch.gives_up(at, passed))
-            return inside_by_half_open_count(pt, ring);
+    default:
+        return walk.inside();
     }
 }
 

@@ -26,23 +26,40 @@ constexpr bool ordered_nan(std::int64_t v) noexcept
     return v > kOrderedInfinity || v < -kOrderedInfinity;
 }
 
-/// Whether two doubles, given by their ordered bits, are farther apart than (|b| + 1) * 1e-7 beyond doubt;
+/// The upper half of ordered_bits: 32 bits, enough to tell most doubles apart. It orders as the doubles do, but
+/// for doubles that differ only in the lower half, which it takes for equal.
+inline std::int32_t ordered_high(double v) noexcept
+{
+    std::int64_t bits = 0;
+    std::memcpy(&bits, &v, sizeof bits);
+    const std::int32_t high = static_cast<std::int32_t>(bits >> 32);
+    return high >= 0 ? high : INT32_MIN - high;
+}
+
+constexpr std::int32_t kOrderedHighOne = 1023 << 20;
+constexpr std::int32_t kOrderedHighInfinity = 2047 << 20;
+
+/// Whether v, given by its ordered_high, is a number other than the infinities.
+constexpr bool ordered_high_finite(std::int32_t v) noexcept
+{
+    return v < kOrderedHighInfinity && v > -kOrderedHighInfinity;
+}
+
+/// Whether two doubles, given by their ordered_high, are farther apart than (|b| + 1) * 1e-7 beyond doubt;
 /// false may mean either.
 ///
-/// Answers for magnitudes from 1 up, where the margin is at most 2e-7 of |b|. 2^32 neighbouring doubles from
-/// a magnitude m upward span at least 2^32 * 2^-53 * m = 4.8e-7 m, more than that margin whichever of the two
-/// is the larger.
-constexpr bool surely_apart(std::int64_t a, std::int64_t b) noexcept
+/// Answers for magnitudes from 1 up, where the margin is at most 2e-7 of |b|. Upper halves that differ by 2
+/// have more than 2^32 doubles between them, and those span at least 2^32 * 2^-53 * m = 4.8e-7 m from a
+/// magnitude m upward: more than that margin, whichever of the two is the larger. Of different sign they are 2
+/// apart at least, and more than the sum of both margins.
+constexpr bool surely_apart(std::int32_t a, std::int32_t b) noexcept
 {
-    const std::int64_t size_a = a < 0 ? -a : a;
-    const std::int64_t size_b = b < 0 ? -b : b;
-    if (size_a < kOrderedOne || size_b < kOrderedOne || size_a >= kOrderedInfinity ||
-        size_b >= kOrderedInfinity)
-        return false;
-    // Of different sign they are 2 apart at least, and their ordered bits by more than any limit.
-    const std::int64_t apart =
-        (a < 0) != (b < 0) ? INT64_MAX : (size_a > size_b ? size_a - size_b : size_b - size_a);
-    return apart > (std::int64_t(1) << 32);
+    const auto beyond_one = [](std::int32_t v) {
+        const std::uint32_t size = static_cast<std::uint32_t>(v < 0 ? -v : v);
+        constexpr std::uint32_t one = kOrderedHighOne;
+        return size - one < kOrderedHighInfinity - one;
+    };
+    return beyond_one(a) && beyond_one(b) && (a > b + 1 || b > a + 1);
 }
 
 }  // namespace plcalc

@@ -37,6 +37,7 @@ int main(int argc, char** argv)
     }
     std::printf("Made by `accuracy %llu %llu`.\n", seed, cases);
     accuracy::print_geometry_limits(seed, static_cast<int>(cases));
+    accuracy::print_polygon_limits(seed, static_cast<int>(cases));
     accuracy::print_division_limits(seed, static_cast<int>(cases));
     return std::fflush(stdout) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -132,13 +132,22 @@ PLCALC_API bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_
 /// Tolerance   (|reference| + 1) * PL_EPS in every comparison; runs of vertices on one horizontal or
 ///             vertical line count as one side. Where a side is crossed is for PlFunz_intersect_ls to say,
 ///             with its margins: 1e-7 of the ray, which ends 1000 East of the rightmost vertex.
-/// Degenerate  All vertices on one x or on one y: false. The function ends for every input: once round the
-///             ring as a rule; where runs of vertices that creep by less than the margin hide vertex 0, on a
-///             later round. A count that would go round for ever, or more than 1024 times, is replaced by the
-///             textbook one: a side owns its lower end and not its upper one, without tolerance.
+/// Degenerate  All vertices on one x or on one y: false. The function ends for every input: after one round of
+///             the ring as a rule. Where runs of vertices that creep by less than the margin hide vertex 0, it
+///             goes on for as many rounds as it takes, and its own count stands. Only a count that comes back
+///             to where it has been, and would go round for ever, is replaced by the textbook one: a side owns
+///             its lower end and not its upper one, without tolerance.
 /// Aliasing    pt may be one of the vertices; rightmostIndex must not be the variable of count.
 /// Exactness   Comparisons of coordinates as they are, and PlFunz_intersect_ls.
 /// Source      Crossing number (even-odd rule).
+///
+/// Move the ring and the point to a local origin first: subtract one vertex from all of them. The margins grow
+/// with the coordinates. At 500,000 East and 5,000,000 North a point within 0.5 of level with a corner may come
+/// out wrong however far it is from the boundary: 13,101 of 2,000,000 points in rings of 12 vertices, 100 across.
+/// At a local origin 5 did, none farther than 0.0001 from the boundary.
+///
+/// A ring of n vertices has at most about 3 n places for a count to be in. The longest counts known go 4,000 rounds, on
+/// rings of 61,000 vertices no more than a few margins high, in a tenth of a second on a desktop.
 ///
 /// Not to be relied on in three situations: vertex 0 inside a horizontal or vertical run of vertices; the
 /// ray through vertex 0 where the boundary crosses it; a boundary that crosses the ray along a horizontal
