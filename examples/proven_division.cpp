@@ -12,7 +12,7 @@ int main()
 
     const plparcel::Division division = plparcel::divide(yard, request);
     if (division.status != plparcel::Status::divided) {
-        std::printf("%s\n", plparcel::describe(division.status));
+        std::printf("%s\n", plparcel::describe(division));
         return 1;
     }
     for (const plparcel::DividingLine& line : division.lines)

@@ -29,23 +29,32 @@ Wide area_of(const Amount& amount, const Wide& parcel)
     return amount.first;
 }
 
-// The numbers a person can have meant: above zero, and far from where doubles end.
-bool is_sensible(double v)
-{
-    constexpr double kLeast = 1e-200;
-    constexpr double kMost = 1e200;
-    return v >= kLeast && v <= kMost;
-}
+// The numbers that a person can have meant lie far from where doubles end.
+constexpr double kLeast = 1e-200;
+constexpr double kMost = 1e200;
 
-bool is_sensible(const Amount& amount)
+// What is wrong with an amount by itself, whatever the parcel.
+std::optional<Status> refusal_of(const Amount& amount)
 {
-    return is_sensible(amount.first) && (amount.given == Given::as_area || is_sensible(amount.second));
+    if (!is_known(amount.given))
+        return Status::unknown_request;
+    const bool is_area = amount.given == Given::as_area;
+    const bool is_share = amount.given == Given::as_share;
+    if (std::isnan(amount.first) || (!is_area && std::isnan(amount.second)))
+        return Status::unusable_amount;
+    if (is_share && !(kLeast <= amount.second && amount.second <= kMost))
+        return Status::unusable_amount;
+    if (amount.first < kLeast || (!is_area && amount.second < kLeast))
+        return Status::amount_too_small;
+    if (amount.first > kMost || (!is_area && amount.second > kMost))
+        return Status::amount_too_large;
+    return std::nullopt;
 }
 
 Shares refused(Status status, std::size_t at_amount)
 {
     Shares shares;
-    shares.status = status;
+    shares.refusal = status;
     shares.at_amount = at_amount;
     return shares;
 }
@@ -54,29 +63,28 @@ Shares refused(Status status, std::size_t at_amount)
 
 Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
 {
+    if (amounts.empty())
+        return refused(Status::no_amount, 0);
     Shares shares;
+    shares.pieces.reserve(amounts.size() + 1);
     Wide left = parcel;
     for (std::size_t i = 0; i < amounts.size(); ++i) {
-        if (!is_known(amounts[i].given))
-            return refused(Status::unknown_request, i);
-        if (!is_sensible(amounts[i]))
-            return refused(Status::amount_out_of_range, i);
+        if (const std::optional<Status> refusal = refusal_of(amounts[i]))
+            return refused(*refusal, i);
         const Wide wanted = area_of(amounts[i], parcel);
         left = left - wanted;
         const bool is_last_of_several = i > 0 && i + 1 == amounts.size();
         if (is_last_of_several && abs(left) < parcel * kNothingLeft && abs(left) < wanted * kNothingOfLast) {
             shares.pieces.push_back(wanted);
-            shares.status = Status::divided;
             return shares;
         }
-        if (!(wanted > 0.0) || !(left > 0.0))
-            return refused(Status::amount_out_of_range, i);
+        if (!(wanted > 0.0))
+            return refused(Status::amount_too_small, i);
+        if (!(left > 0.0))
+            return refused(Status::amount_too_large, i);
         shares.pieces.push_back(wanted);
     }
-    if (amounts.empty())
-        return shares;
     shares.pieces.push_back(left);
-    shares.status = Status::divided;
     return shares;
 }
 

@@ -3,6 +3,7 @@
 // From amounts as they are given to areas, and whether there is that much to cut.
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "plparcel/division.h"
@@ -12,9 +13,9 @@ namespace plparcel {
 
 /// What the pieces should hold.
 struct Shares {
-    Status status = Status::amount_out_of_range;  ///< divided when there is that much to cut
-    std::size_t at_amount = 0;                    ///< the amount to which a refusal belongs
-    std::vector<Wide> pieces;  ///< of each piece its area, what is left at the end included
+    std::optional<Status> refusal;  ///< why there are none
+    std::size_t at_amount = 0;      ///< the amount to which it belongs
+    std::vector<Wide> pieces;       ///< of each piece its area, what is left at the end included
 };
 
 /// @param[in] amounts  as requested

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "amounts.h"
-#include "local_ring.h"
 #include "one_cut.h"
 #include "ring_check.h"
 #include "wide.h"
@@ -12,12 +11,13 @@ namespace plparcel {
 namespace {
 
 // What is left after a cut begins and ends with the line, so that the line is its last side.
-Stage after(const Stage& stage, const Cutting& cutting)
+Stage after(const Stage& stage, MeasuredRing rest)
 {
     Stage next;
-    next.ring = cutting.rest;
+    next.ring = std::move(rest);
     next.measured = Measured::from_reference;
     next.index = next.ring.size() - 1;
+    next.ask_library = stage.ask_library;
     if (stage.cut != Cut::through_vertex)
         return next;  // parallel to the line before, whichever way that was found
     next.cut = Cut::through_vertex;
@@ -27,32 +27,33 @@ Stage after(const Stage& stage, const Cutting& cutting)
     return next;
 }
 
-Piece piece_of(Ring ring, const Wide& asked)
+Piece piece_of(MeasuredRing ring, const Wide& asked)
 {
     Piece piece;
-    const Wide got = abs(area_of(ring));
-    piece.ring = std::move(ring);
-    piece.area = got.value();
+    piece.area = ring.area().value();
     piece.asked = asked.value();
-    piece.residual = (got - asked).value();
+    piece.residual = (ring.area() - asked).value();
+    piece.ring = ring.take_ring();
     return piece;
 }
 
-Wide sum_from(const std::vector<Wide>& areas, std::size_t first)
+// Entry i: all areas after the i-th together.
+std::vector<Wide> sums_after(const std::vector<Wide>& areas)
 {
-    Wide sum;
-    for (std::size_t i = first; i < areas.size(); ++i)
-        sum = sum + areas[i];
-    return sum;
+    std::vector<Wide> sums(areas.size());
+    for (std::size_t i = areas.size() - 1; i > 0; --i)
+        sums[i - 1] = sums[i] + areas[i];
+    return sums;
 }
 
 void cut_all(Stage stage, const Reference& reference, const std::vector<Wide>& areas, const Wide& parcel,
              Division& division)
 {
+    const std::vector<Wide> rests = sums_after(areas);
     for (std::size_t i = 0; i + 1 < areas.size(); ++i) {
-        const Target target = {areas[i], sum_from(areas, i + 1), parcel};
-        Attempt attempt = make_cut(stage, reference, target);
-        division.bare.push_back(attempt.bare);
+        Attempt attempt = make_cut(stage, reference, {areas[i], rests[i], parcel});
+        if (stage.ask_library)
+            division.bare.push_back(attempt.bare);
         division.trials += attempt.trials;
         division.status = attempt.status;
         if (attempt.status != Status::divided) {
@@ -62,8 +63,8 @@ void cut_all(Stage stage, const Reference& reference, const std::vector<Wide>& a
             return;
         }
         division.lines.push_back(attempt.line);
-        division.pieces.push_back(piece_of(attempt.cutting.request.ring, areas[i]));
-        stage = after(stage, attempt.cutting);
+        division.pieces.push_back(piece_of(std::move(attempt.cutting.request), areas[i]));
+        stage = after(stage, std::move(attempt.cutting.rest));
     }
     division.pieces.push_back(piece_of(std::move(stage.ring), areas.back()));
 }
@@ -80,10 +81,9 @@ bool is_known(const Request& request)
 Division divide(const Ring& ring, const Request& request)
 {
     Division division;
-    const CleanRing clean = without_repeats(ring);
+    CleanRing clean = without_repeats(ring);
     division.ring = report_on(clean);
-    division.status = division.ring.status;
-    if (division.status != Status::divided)
+    if (division.ring.status != BoundaryStatus::usable)
         return division;
 
     if (!is_known(request)) {
@@ -99,16 +99,37 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::side_without_length;
         return division;
     }
-    const Wide parcel = abs(area_of(clean.ring));
+    const Wide parcel = clean.ring.area();
     const Shares shares = share_out(request.amounts, parcel);
-    division.status = shares.status;
-    division.at_amount = shares.at_amount;
-    if (shares.status != Status::divided)
+    if (shares.refusal) {
+        division.status = *shares.refusal;
+        division.at_amount = shares.at_amount;
         return division;
+    }
 
-    const Reference reference = {request.cut, clean.ring[start], around(clean.ring, start + 1)};
-    cut_all({clean.ring, request.cut, start, request.measured}, reference, shares.pieces, parcel, division);
+    const Reference reference = {request.cut, clean.ring[start], clean.ring.at(start + 1)};
+    cut_all({std::move(clean.ring), request.cut, start, request.measured, request.ask_library}, reference,
+            shares.pieces, parcel, division);
     return division;
+}
+
+const char* describe(BoundaryStatus status) noexcept
+{
+    switch (status) {
+    case BoundaryStatus::usable:
+        return "the boundary can be worked on";
+    case BoundaryStatus::not_finite:
+        return "a coordinate is not finite";
+    case BoundaryStatus::out_of_range:
+        return "the parcel is too large or too small to compute with";
+    case BoundaryStatus::too_few_vertices:
+        return "the parcel has fewer than three different vertices";
+    case BoundaryStatus::flat:
+        return "all vertices of the parcel lie on one line, or next to it";
+    case BoundaryStatus::meets_itself:
+        return "the boundary crosses or touches itself";
+    }
+    return "unknown status";
 }
 
 const char* describe(Status status) noexcept
@@ -116,20 +137,22 @@ const char* describe(Status status) noexcept
     switch (status) {
     case Status::divided:
         return "divided as asked";
-    case Status::not_finite:
-        return "a coordinate is not finite, or the parcel too large or too small to compute with";
-    case Status::degenerate:
-        return "the parcel has fewer than three different vertices, or all of them on one line or next to it";
-    case Status::ring_not_simple:
-        return "the boundary crosses or touches itself";
+    case Status::unusable_boundary:
+        return "the boundary of the parcel cannot be worked on";
     case Status::unknown_request:
         return "there is no such kind of cut, measure or amount";
     case Status::no_such_index:
         return "the parcel has no side or vertex of that index";
     case Status::side_without_length:
         return "the side has no length";
-    case Status::amount_out_of_range:
-        return "the amount is not above zero and below what there is to cut";
+    case Status::no_amount:
+        return "no amount is given";
+    case Status::unusable_amount:
+        return "an amount is given by something that is not a number to compute with";
+    case Status::amount_too_small:
+        return "the amount is not above zero";
+    case Status::amount_too_large:
+        return "the amount is not below what there is to cut";
     case Status::base_reaches_behind:
         return "the part of the parcel behind the base side alone is more than the amount";
     case Status::line_leaves_parcel:
@@ -138,6 +161,12 @@ const char* describe(Status status) noexcept
         return "the coordinates are too coarse to hold the amount within 1e-9 of the parcel";
     }
     return "unknown status";
+}
+
+const char* describe(const Division& division) noexcept
+{
+    return division.status == Status::unusable_boundary ? describe(division.ring.status)
+                                                        : describe(division.status);
 }
 
 }  // namespace plparcel

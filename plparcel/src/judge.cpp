@@ -5,7 +5,6 @@
 #include <limits>
 #include <utility>
 
-#include "plparcel/extent.h"
 #include "ring_check.h"
 
 namespace plparcel {
@@ -35,10 +34,10 @@ double length_of(const WidePoint& v)
     return std::hypot(v.x.value(), v.y.value());
 }
 
-bool is_near_side(const Ring& ring, std::size_t side, const PL_PNT2D_record& p, double reach)
+bool is_near_side(const MeasuredRing& ring, std::size_t side, const PL_PNT2D_record& p, double reach)
 {
     const PL_PNT2D_record& a = ring[side];
-    const WidePoint d = from_to(a, around(ring, side + 1));
+    const WidePoint d = from_to(a, ring.at(side + 1));
     const WidePoint w = from_to(a, p);
     const double length = length_of(d);
     const double along = (dot(d, w) / length).value();
@@ -47,11 +46,11 @@ bool is_near_side(const Ring& ring, std::size_t side, const PL_PNT2D_record& p, 
 }
 
 // Vertices next to an end do not count: how the sides go on from there is seen in the pieces.
-bool touches_a_vertex(const Ring& ring, const Cutting& cutting, double reach)
+bool touches_a_vertex(const MeasuredRing& ring, const Cutting& cutting, double reach)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
     const double length = length_of(run);
-    return std::any_of(ring.begin(), ring.end(), [&](const PL_PNT2D_record& v) {
+    return std::any_of(ring.ring().begin(), ring.ring().end(), [&](const PL_PNT2D_record& v) {
         if (!boxes_meet(v, v, cutting.from, cutting.to, 2.0 * reach))
             return false;
         const WidePoint w = from_to(cutting.from, v);
@@ -68,8 +67,8 @@ void append(Ring& piece, const PL_PNT2D_record& p)
 }
 
 // The piece from `start` on one side round to `stop` on another.
-Ring walk(const Ring& ring, const PL_PNT2D_record& start, std::size_t side, const PL_PNT2D_record& stop,
-          std::size_t last_side)
+Ring walk(const MeasuredRing& ring, const PL_PNT2D_record& start, std::size_t side,
+          const PL_PNT2D_record& stop, std::size_t last_side)
 {
     Ring piece = {start};
     while (side != last_side) {
@@ -98,14 +97,14 @@ bool are_opposite(const Wide& a, const Wide& b)
 
 // Whether the line crosses a side that it does not end on. The side belongs to one of the pieces, whose boundary
 // the line is as well, and which then meets itself: this is told in one walk, and that is not.
-bool crosses_a_side(const Ring& ring, const Cutting& cutting)
+bool crosses_a_side(const MeasuredRing& ring, const Cutting& cutting)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
     for (std::size_t side = 0; side < ring.size(); ++side) {
         if (side == cutting.from_side || side == cutting.to_side)
             continue;
         const PL_PNT2D_record& a = ring[side];
-        const PL_PNT2D_record& b = around(ring, side + 1);
+        const PL_PNT2D_record& b = ring.at(side + 1);
         if (!boxes_meet(a, b, cutting.from, cutting.to, 0.0))
             continue;
         const WidePoint d = from_to(a, b);
@@ -118,31 +117,29 @@ bool crosses_a_side(const Ring& ring, const Cutting& cutting)
 
 // Cuts along the line as it stands in `cutting` and measures. Where the line crosses or touches the boundary
 // between its ends, a piece meets itself; where it runs outside, a piece runs the other way round.
-Verdict measure(const Ring& ring, bool anticlockwise, bool request_after_from, const Target& target,
-                Cutting& cutting)
+Verdict measure(const MeasuredRing& ring, bool request_after_from, const Target& target, Cutting& cutting)
 {
     Ring after_from = walk(ring, cutting.from, cutting.from_side, cutting.to, cutting.to_side);
     Ring after_to = walk(ring, cutting.to, cutting.to_side, cutting.from, cutting.from_side);
-    cutting.request.ring = std::move(request_after_from ? after_from : after_to);
-    cutting.rest = std::move(request_after_from ? after_to : after_from);
+    cutting.request = MeasuredRing(std::move(request_after_from ? after_from : after_to));
+    cutting.rest = MeasuredRing(std::move(request_after_from ? after_to : after_from));
 
-    const Wide turn = anticlockwise ? 1.0 : -1.0;
-    cutting.got = area_of(cutting.request.ring) * turn;
-    const Wide left_over = area_of(cutting.rest) * turn;
+    const Wide turn = ring.turn();
+    const Wide got = cutting.request.signed_area() * turn;
+    const Wide left_over = cutting.rest.signed_area() * turn;
     constexpr std::size_t kMinVertices = 3;
-    if (cutting.request.ring.size() < kMinVertices || cutting.rest.size() < kMinVertices)
+    if (cutting.request.size() < kMinVertices || cutting.rest.size() < kMinVertices)
         return Verdict::misses;  // rounded onto a side
-    if (!(cutting.got > 0.0) || !(left_over > 0.0) || crosses_a_side(ring, cutting) ||
-        meets_itself(cutting.request.ring) || meets_itself(cutting.rest))
+    if (!(got > 0.0) || !(left_over > 0.0) || crosses_a_side(ring, cutting) ||
+        meets_itself(cutting.request) || meets_itself(cutting.rest))
         return Verdict::leaves_the_parcel;
-    return holds(cutting.got, target.asked, target) && holds(left_over, target.rest, target)
-               ? Verdict::divides
-               : Verdict::misses;
+    return holds(got, target.asked, target) && holds(left_over, target.rest, target) ? Verdict::divides
+                                                                                     : Verdict::misses;
 }
 
-Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target, Cutting& cutting)
+Verdict judge_rounded(const MeasuredRing& ring, const Chord& chord, const Target& target, Cutting& cutting)
 {
-    const double spacing = coordinate_spacing(ring);
+    const double spacing = ring.spacing();
     const double reach = kEndRoundings * spacing;
     const bool on_boundary = !same_place(cutting.from, cutting.to) &&
                              is_near_side(ring, cutting.from_side, cutting.from, reach) &&
@@ -151,38 +148,41 @@ Verdict judge_rounded(const Ring& ring, const Chord& chord, const Target& target
         return Verdict::misses;
     if (touches_a_vertex(ring, cutting, kTouchRoundings * spacing))
         return Verdict::leaves_the_parcel;
-    return measure(ring, area_of(ring) > 0.0, chord.request_after_from, target, cutting);
+    return measure(ring, chord.request_after_from, target, cutting);
 }
 
 // The area of the piece that holds the request, for any ends of the line: the boundary between the two sides is
 // summed up once, the ends add two triangles to it.
 class AreaByEnds {
 public:
-    AreaByEnds(const Ring& ring, const Chord& chord)
-        : after_from_(chord.request_after_from), turn_(area_of(ring) > 0.0 ? 1.0 : -1.0)
+    AreaByEnds(const MeasuredRing& ring, const Chord& chord)
+        : after_from_(chord.request_after_from), turn_(ring.turn())
     {
+        Ring between;
         const std::size_t last_side = after_from_ ? chord.to_side : chord.from_side;
         std::size_t side = after_from_ ? chord.from_side : chord.to_side;
         while (side != last_side) {
             side = (side + 1) % ring.size();
-            between_.push_back(ring[side]);
+            between.push_back(ring[side]);
         }
-        area_between_ = area_of(between_);
+        first_ = between.front();
+        last_ = between.back();
+        area_between_ = MeasuredRing(std::move(between)).signed_area();
     }
 
     Wide operator()(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const
     {
-        const PL_PNT2D_record& first = between_.front();
-        const WidePoint start = from_to(first, after_from_ ? from : to);
-        const WidePoint stop = from_to(first, after_from_ ? to : from);
-        const Wide twice = cross(from_to(first, between_.back()), stop) + cross(stop, start);
+        const WidePoint start = from_to(first_, after_from_ ? from : to);
+        const WidePoint stop = from_to(first_, after_from_ ? to : from);
+        const Wide twice = cross(from_to(first_, last_), stop) + cross(stop, start);
         return (area_between_ + twice * 0.5) * turn_;
     }
 
 private:
     bool after_from_;
     Wide turn_;
-    Ring between_;
+    PL_PNT2D_record first_ = {};  // of the boundary between the two sides
+    PL_PNT2D_record last_ = {};
     Wide area_between_;
 };
 
@@ -205,10 +205,10 @@ PL_PNT2D_record rounded(const WidePoint& p, unsigned choice)
 }
 
 // The end of its side that a point is next to, or the point.
-PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_record& p)
+PL_PNT2D_record on_vertex(const MeasuredRing& ring, std::size_t side, const PL_PNT2D_record& p)
 {
-    const double reach = kVertexRoundings * coordinate_spacing(ring);
-    for (const PL_PNT2D_record& v : {ring[side], around(ring, side + 1)})
+    const double reach = kVertexRoundings * ring.spacing();
+    for (const PL_PNT2D_record& v : {ring[side], ring.at(side + 1)})
         if (std::fabs(p.x - v.x) <= reach && std::fabs(p.y - v.y) <= reach)
             return v;
     return p;
@@ -216,7 +216,7 @@ PL_PNT2D_record on_vertex(const Ring& ring, std::size_t side, const PL_PNT2D_rec
 
 }  // namespace
 
-Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
+Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& chord, const Target& target,
               Cutting& cutting)
 {
     const WidePoint from = local.to_parcel(chord.from);

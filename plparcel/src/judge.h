@@ -5,6 +5,7 @@
 
 #include "chord.h"
 #include "local_ring.h"
+#include "measured_ring.h"
 #include "plparcel/division.h"
 #include "wide.h"
 
@@ -23,9 +24,8 @@ struct Cutting {
     PL_PNT2D_record to = {};
     std::size_t from_side = 0;
     std::size_t to_side = 0;
-    Piece request;
-    Ring rest;
-    Wide got;  ///< area of `request`
+    MeasuredRing request;  ///< the piece that should hold what is asked
+    MeasuredRing rest;     ///< the other one
 };
 
 enum class Verdict {
@@ -39,7 +39,7 @@ enum class Verdict {
 /// parcel of a few units at 5e6 they can hold an area that the nearest do not.
 ///
 /// @param[out] cutting  for `divides` complete, otherwise undefined
-Verdict judge(const Ring& ring, const LocalRing& local, const Chord& chord, const Target& target,
+Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& chord, const Target& target,
               Cutting& cutting);
 
 }  // namespace plparcel

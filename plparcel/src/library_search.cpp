@@ -49,22 +49,23 @@ PL_PNT2D_record image(const Matrix& m, const PL_PNT2D_record& p)
 
 }  // namespace
 
-bool search_line(const Ring& ring, const LocalRing& local, const SearchRequest& wanted,
+bool search_line(const MeasuredRing& ring, const LocalRing& local, const SearchRequest& wanted,
                  PL_LINE_2D_record& line)
 {
     Matrix to_local;
     set_up_frame(local, to_local);
-    const double by_deg = turn_deg(image(to_local, ring[wanted.start]),
-                                   image(to_local, around(ring, wanted.start + 1)), wanted.cut);
+    const double by_deg =
+        turn_deg(image(to_local, ring[wanted.start]), image(to_local, ring.at(wanted.start + 1)), wanted.cut);
     Matrix turn;
     Matrix turn_back;
     set_up_turn(by_deg, turn);
     set_up_turn(-by_deg, turn_back);
 
     Ring turned;
+    turned.reserve(ring.size());
     CPoint3dVector points;
     points.Reserve(static_cast<int>(ring.size()));
-    for (const PL_PNT2D_record& p : ring) {
+    for (const PL_PNT2D_record& p : ring.ring()) {
         turned.push_back(image(turn, image(to_local, p)));
         points.Append(turned.back().x, turned.back().y, 0.0);
     }

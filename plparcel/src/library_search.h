@@ -23,7 +23,7 @@ struct SearchRequest {
 /// @param[in]  wanted  what to search for
 /// @param[out] line    the answer in that frame, not turned; unproven
 /// @return what Esegui returned
-bool search_line(const Ring& ring, const LocalRing& local, const SearchRequest& wanted,
+bool search_line(const MeasuredRing& ring, const LocalRing& local, const SearchRequest& wanted,
                  PL_LINE_2D_record& line);
 
 }  // namespace plparcel

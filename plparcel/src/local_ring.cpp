@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "plparcel/extent.h"
-
 namespace plparcel {
 namespace {
 
@@ -30,19 +28,11 @@ bool is_workable(double extent)
     return std::ldexp(1.0, -kWorkableExponent) <= extent && extent <= std::ldexp(1.0, kWorkableExponent);
 }
 
-Wide area_of(const Ring& ring)
-{
-    Wide twice;
-    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
-        twice = twice + cross(from_to(ring[0], ring[i]), from_to(ring[0], ring[i + 1]));
-    return twice * 0.5;
-}
-
-LocalRing::LocalRing(const Ring& ring)
-    : origin_(ring.front()), exponent_(scale_exponent_for(extent_of(ring).largest()))
+LocalRing::LocalRing(const MeasuredRing& ring)
+    : origin_(ring[0]), exponent_(scale_exponent_for(ring.extent().largest()))
 {
     points_.reserve(ring.size());
-    for (const PL_PNT2D_record& p : ring)
+    for (const PL_PNT2D_record& p : ring.ring())
         points_.push_back(to_local(p));
 }
 

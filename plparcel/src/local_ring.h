@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "plparcel/division.h"
+#include "measured_ring.h"
 #include "wide.h"
 
 namespace plparcel {
@@ -15,13 +15,10 @@ namespace plparcel {
 /// ring's own frame stay finite and keep all their bits.
 bool is_workable(double extent);
 
-/// Signed area of an open ring, positive anticlockwise, unit squared.
-Wide area_of(const Ring& ring);
-
 class LocalRing {
 public:
     /// @param[in] ring  at least one vertex, a workable extent
-    explicit LocalRing(const Ring& ring);
+    explicit LocalRing(const MeasuredRing& ring);
 
     std::size_t size() const { return points_.size(); }
 

@@ -29,14 +29,14 @@ WidePoint up_direction(const Stage& stage, const Reference& reference, double tu
         return run;
     const WidePoint up = reference.cut == Cut::parallel ? WidePoint{-run.y, run.x} : run;
     // The base side is the parcel's own, or a line that was cut before: into what is left.
-    const WidePoint side = from_to(stage.ring[stage.index], around(stage.ring, stage.index + 1));
+    const WidePoint side = from_to(stage.ring[stage.index], stage.ring.at(stage.index + 1));
     const WidePoint into = {-side.y * turn, side.x * turn};
     return dot(up, into) < 0.0 ? WidePoint{-up.x, -up.y} : up;
 }
 
 // Whether the unlimited line crosses a side beside those that the line ends on, or at whose end it ends. Both
 // hair's breadths beside the line must: it may run along a side or touch a vertex without meeting the inside.
-bool meets_again(const Ring& ring, const Cutting& cutting)
+bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
     const auto is_end = [&cutting](const PL_PNT2D_record& p) {
@@ -46,7 +46,7 @@ bool meets_again(const Ring& ring, const Cutting& cutting)
     bool on_the_right = false;
     for (std::size_t side = 0; side < ring.size(); ++side) {
         const PL_PNT2D_record& a = ring[side];
-        const PL_PNT2D_record& b = around(ring, side + 1);
+        const PL_PNT2D_record& b = ring.at(side + 1);
         if (side == cutting.from_side || side == cutting.to_side || is_end(a) || is_end(b))
             continue;
         const Wide off_a = cross(run, from_to(cutting.from, a));
@@ -74,16 +74,17 @@ bool is_beside(const Chord& line, const PL_LINE_2D_record& found)
 class OneCut {
 public:
     OneCut(const Stage& stage, const Reference& reference, const Target& target)
-        : stage_(stage), reference_(reference), target_(target), local_(stage.ring),
-          turn_(area_of(stage.ring) > 0.0 ? 1.0 : -1.0), request_(local_.area_to_local(target.asked)),
-          rest_(local_.area_to_local(area_of(stage.ring) * turn_ - target.asked))
+        : stage_(stage), reference_(reference), target_(target), local_(stage.ring), turn_(stage.ring.turn()),
+          request_(local_.area_to_local(target.asked)),
+          rest_(local_.area_to_local(stage.ring.area() - target.asked))
     {}
 
     Attempt make() const
     {
         Attempt attempt;
         PL_LINE_2D_record found = {};
-        ask_library(attempt.bare, found);
+        if (stage_.ask_library)
+            ask_library(attempt.bare, found);
         const std::vector<Chord> lines =
             stage_.cut == Cut::through_vertex ? lines_from_the_vertex() : lines_of_levels(attempt.status);
         for (const Chord& line : lines) {

@@ -5,16 +5,18 @@
 #include <cstddef>
 
 #include "judge.h"
+#include "measured_ring.h"
 #include "plparcel/division.h"
 
 namespace plparcel {
 
 /// One cut of a series: what is left of the parcel, and from where the next amount is measured.
 struct Stage {
-    Ring ring;
+    MeasuredRing ring;
     Cut cut = Cut::parallel;
     std::size_t index = 0;  ///< side or vertex of `ring`
     Measured measured = Measured::from_reference;
+    bool ask_library = false;
 };
 
 /// The side of the whole parcel that all lines of a series take their direction from; without effect through a

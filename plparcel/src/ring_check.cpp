@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "local_ring.h"
 #include "plcalc/survey.h"
-#include "plparcel/extent.h"
 #include "plutil/plutil.h"
 #include "wide.h"
 
@@ -42,10 +42,10 @@ bool is_collinear(const Ring& ring)
                        [&ring](const PL_PNT2D_record& p) { return sign(side_of(ring[0], ring[1], p)) == 0; });
 }
 
-bool is_thin(const Ring& ring)
+bool is_thin(const MeasuredRing& ring)
 {
-    const double extent = extent_of(ring).largest();
-    return !(abs(area_of(ring)) / extent / extent > kThinnest);
+    const double extent = ring.extent().largest();
+    return !(ring.area() / extent / extent > kThinnest);
 }
 
 bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
@@ -82,29 +82,29 @@ bool runs_back(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2
     return sign(side_of(a, b, c)) == 0 && dot(from_to(b, a), from_to(b, c)) > 0.0;
 }
 
-bool pair_meets(const Ring& ring, std::size_t i, std::size_t j)
+bool pair_meets(const MeasuredRing& ring, std::size_t i, std::size_t j)
 {
     const std::size_t n = ring.size();
     if (j == (i + 1) % n)
-        return runs_back(ring[i], ring[j], around(ring, j + 1));
+        return runs_back(ring[i], ring[j], ring.at(j + 1));
     if (i == (j + 1) % n)
-        return runs_back(ring[j], ring[i], around(ring, i + 1));
-    return segments_meet(ring[i], around(ring, i + 1), ring[j], around(ring, j + 1));
+        return runs_back(ring[j], ring[i], ring.at(i + 1));
+    return segments_meet(ring[i], ring.at(i + 1), ring[j], ring.at(j + 1));
 }
 
 using Axis = double PL_PNT2D_record::*;
 
 // Along which the sides are shorter beside the ring's extent, so that fewer of them lie beside each other: a comb
 // whose teeth lie along x has all of them beside each other there.
-Axis axis_of_short_sides(const Ring& ring)
+Axis axis_of_short_sides(const MeasuredRing& ring)
 {
     double along_x = 0.0;
     double along_y = 0.0;
     for (std::size_t i = 0; i < ring.size(); ++i) {
-        along_x += std::fabs(around(ring, i + 1).x - ring[i].x);
-        along_y += std::fabs(around(ring, i + 1).y - ring[i].y);
+        along_x += std::fabs(ring.at(i + 1).x - ring[i].x);
+        along_y += std::fabs(ring.at(i + 1).y - ring[i].y);
     }
-    const Extent extent = extent_of(ring);
+    const Extent& extent = ring.extent();
     return along_x * extent.height() <= along_y * extent.width() ? &PL_PNT2D_record::x : &PL_PNT2D_record::y;
 }
 
@@ -118,24 +118,24 @@ std::size_t side_as_given(const CleanRing& clean, std::size_t side)
     return i;
 }
 
-Status status_of(const CleanRing& clean, RingReport& report)
+BoundaryStatus status_of(const CleanRing& clean, RingReport& report)
 {
-    const Ring& ring = clean.ring;
-    if (!all_finite(ring))
-        return Status::not_finite;
+    const MeasuredRing& ring = clean.ring;
+    if (!all_finite(ring.ring()))
+        return BoundaryStatus::not_finite;
     if (ring.size() < kMinVertices)
-        return Status::degenerate;
-    if (!is_workable(extent_of(ring).largest()))
-        return Status::not_finite;
-    if (is_collinear(ring))
-        return Status::degenerate;
+        return BoundaryStatus::too_few_vertices;
+    if (!is_workable(ring.extent().largest()))
+        return BoundaryStatus::out_of_range;
+    if (is_collinear(ring.ring()))
+        return BoundaryStatus::flat;
     if (sides_meet(ring, report.meeting_sides[0], report.meeting_sides[1])) {
         for (std::size_t& side : report.meeting_sides)
             side = side_as_given(clean, side);
         std::sort(report.meeting_sides, report.meeting_sides + 2);
-        return Status::ring_not_simple;
+        return BoundaryStatus::meets_itself;
     }
-    return is_thin(ring) ? Status::degenerate : Status::divided;
+    return is_thin(ring) ? BoundaryStatus::flat : BoundaryStatus::usable;
 }
 
 double perimeter_of(const Ring& ring)
@@ -157,11 +157,11 @@ bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT
 
 // Sides in the order of their western ends, or of their southern ones: each is held against those that begin before
 // it ends.
-bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2)
+bool sides_meet(const MeasuredRing& ring, std::size_t& side1, std::size_t& side2)
 {
     const Axis axis = axis_of_short_sides(ring);
-    const auto low = [&](std::size_t i) { return std::min(ring[i].*axis, around(ring, i + 1).*axis); };
-    const auto high = [&](std::size_t i) { return std::max(ring[i].*axis, around(ring, i + 1).*axis); };
+    const auto low = [&](std::size_t i) { return std::min(ring[i].*axis, ring.at(i + 1).*axis); };
+    const auto high = [&](std::size_t i) { return std::max(ring[i].*axis, ring.at(i + 1).*axis); };
     std::vector<std::size_t> order(ring.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::stable_sort(order.begin(), order.end(),
@@ -179,7 +179,7 @@ bool sides_meet(const Ring& ring, std::size_t& side1, std::size_t& side2)
     return false;
 }
 
-bool meets_itself(const Ring& ring)
+bool meets_itself(const MeasuredRing& ring)
 {
     std::size_t side1 = 0;
     std::size_t side2 = 0;
@@ -189,18 +189,20 @@ bool meets_itself(const Ring& ring)
 CleanRing without_repeats(const Ring& ring)
 {
     CleanRing clean;
+    Ring kept;
     for (const PL_PNT2D_record& p : ring) {
-        if (clean.ring.empty() || !same_place(clean.ring.back(), p))
-            clean.ring.push_back(p);
+        if (kept.empty() || !same_place(kept.back(), p))
+            kept.push_back(p);
         else
             ++clean.repeated;
-        clean.place.push_back(clean.ring.size() - 1);
+        clean.place.push_back(kept.size() - 1);
     }
-    clean.closed = clean.ring.size() > 1 && same_place(clean.ring.back(), clean.ring.front());
+    clean.closed = kept.size() > 1 && same_place(kept.back(), kept.front());
     if (clean.closed)
-        clean.ring.pop_back();
+        kept.pop_back();
     for (std::size_t& place : clean.place)
-        place %= std::max<std::size_t>(clean.ring.size(), 1);
+        place %= std::max<std::size_t>(kept.size(), 1);
+    clean.ring = MeasuredRing(std::move(kept));
     return clean;
 }
 
@@ -210,12 +212,11 @@ RingReport report_on(const CleanRing& clean)
     report.repeated = clean.repeated;
     report.closed = clean.closed;
     report.status = status_of(clean, report);
-    if (report.status != Status::divided)
+    if (report.status != BoundaryStatus::usable)
         return report;
-    const Wide signed_area = area_of(clean.ring);
-    report.anticlockwise = signed_area > 0.0;
-    report.area = abs(signed_area).value();
-    report.perimeter = perimeter_of(clean.ring);
+    report.anticlockwise = clean.ring.turn() > 0.0;
+    report.area = clean.ring.area().value();
+    report.perimeter = perimeter_of(clean.ring.ring());
     return report;
 }
 

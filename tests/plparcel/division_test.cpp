@@ -14,6 +14,7 @@ namespace {
 
 using plparcel::Amount;
 using plparcel::area;
+using plparcel::BoundaryStatus;
 using plparcel::Cut;
 using plparcel::divide;
 using plparcel::Division;
@@ -48,6 +49,13 @@ Request request(Cut cut, std::size_t index, std::vector<Amount> amounts, Measure
     made.amounts = std::move(amounts);
     made.measured = measured;
     return made;
+}
+
+// With CFrazArea's own answer beside the division.
+Division compared(const Ring& ring, Request wanted)
+{
+    wanted.ask_library = true;
+    return divide(ring, wanted);
 }
 
 struct CutRow {
@@ -128,12 +136,12 @@ struct RefusalRow {
 };
 
 const RefusalRow kRefusals[] = {
-    {"no ring", {}, request(Cut::parallel, 0, {area(1)}), Status::degenerate},
-    {"a NaN", {{0, 0}, {1, 0}, {kNan, 1}}, request(Cut::parallel, 0, {area(1)}), Status::not_finite},
+    {"no ring", {}, request(Cut::parallel, 0, {area(1)}), Status::unusable_boundary},
+    {"a NaN", {{0, 0}, {1, 0}, {kNan, 1}}, request(Cut::parallel, 0, {area(1)}), Status::unusable_boundary},
     {"a bow tie",
      {{0, 0}, {1, 1}, {1, 0}, {0, 1}},
      request(Cut::parallel, 0, {area(1)}),
-     Status::ring_not_simple},
+     Status::unusable_boundary},
     {"an unknown cut", kLot, request(static_cast<Cut>(3), 0, {area(1)}), Status::unknown_request},
     {"an unknown measure", kLot, request(Cut::parallel, 0, {area(1)}, static_cast<Measured>(2)),
      Status::unknown_request},
@@ -149,12 +157,12 @@ const RefusalRow kRefusals[] = {
      {{0, 0}, {9, 0}, {9, 9}, {0, 0}},
      request(Cut::perpendicular, 3, {area(1)}),
      Status::side_without_length},
-    {"no amount", kLot, request(Cut::parallel, 0, {}), Status::amount_out_of_range},
-    {"an amount of nothing", kLot, request(Cut::parallel, 0, {area(0)}), Status::amount_out_of_range},
-    {"everything", kLot, request(Cut::parallel, 0, {area(5000)}), Status::amount_out_of_range},
-    {"more than that", kLot, request(Cut::through_vertex, 0, {area(5001)}), Status::amount_out_of_range},
+    {"no amount", kLot, request(Cut::parallel, 0, {}), Status::no_amount},
+    {"an amount of nothing", kLot, request(Cut::parallel, 0, {area(0)}), Status::amount_too_small},
+    {"everything", kLot, request(Cut::parallel, 0, {area(5000)}), Status::amount_too_large},
+    {"more than that", kLot, request(Cut::through_vertex, 0, {area(5001)}), Status::amount_too_large},
     {"an amount that is not a number", kLot, request(Cut::parallel, 0, {area(kNan)}),
-     Status::amount_out_of_range},
+     Status::unusable_amount},
     {"L, less than what is behind", kL, request(Cut::parallel, 2, {area(2399)}), Status::base_reaches_behind},
     {"L, beyond, so that less is left", kL, request(Cut::parallel, 2, {area(4001)}, kThere),
      Status::base_reaches_behind},
@@ -201,6 +209,18 @@ TEST(Division, EveryStatusHasItsWords)
     for (int i = 0; i <= static_cast<int>(Status::not_reached) + 1; ++i)
         all.insert(describe(static_cast<Status>(i)));
     EXPECT_EQ(all.size(), static_cast<std::size_t>(Status::not_reached) + 2);
+    all.clear();
+    for (int i = 0; i <= static_cast<int>(BoundaryStatus::meets_itself) + 1; ++i)
+        all.insert(describe(static_cast<BoundaryStatus>(i)));
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(BoundaryStatus::meets_itself) + 2);
+}
+
+TEST(Division, IsDescribedByWhatIsWrong)
+{
+    EXPECT_STREQ(describe(divide({{0, 0}, {1, 1}, {1, 0}, {0, 1}}, request(Cut::parallel, 0, {area(1)}))),
+                 "the boundary crosses or touches itself");
+    EXPECT_STREQ(describe(divide(kLot, request(Cut::parallel, 0, {area(5001)}))),
+                 "the amount is not below what there is to cut");
 }
 
 TEST(Division, OneAfterAnother)
@@ -240,7 +260,7 @@ TEST(Division, OneAfterAnother)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        const Division division = divide(kLot, row.request);
+        const Division division = compared(kLot, row.request);
         ASSERT_EQ(division.status, Status::divided) << describe(division.status);
         ASSERT_EQ(division.lines.size(), row.lines.size());
         ASSERT_EQ(division.pieces.size(), row.lines.size() + 1);
@@ -262,15 +282,15 @@ TEST(Division, OneAfterAnother)
 TEST(Division, ASeriesThatCannotBeFinishedNamesTheAmount)
 {
     // The strip of the U holds 4000; half of the rest is in two arms.
-    const Division division = divide(kU, request(Cut::parallel, 0, {area(1000), area(1000), area(3000)}));
+    const Division division = compared(kU, request(Cut::parallel, 0, {area(1000), area(1000), area(3000)}));
     EXPECT_EQ(division.status, Status::line_leaves_parcel);
     EXPECT_EQ(division.at_amount, 2U);
     EXPECT_TRUE(division.lines.empty());
     EXPECT_TRUE(division.pieces.empty());
     EXPECT_EQ(division.bare.size(), 3U);
 
-    const Division too_much = divide(kU, request(Cut::parallel, 0, {area(7000), area(700)}));
-    EXPECT_EQ(too_much.status, Status::amount_out_of_range);
+    const Division too_much = compared(kU, request(Cut::parallel, 0, {area(7000), area(700)}));
+    EXPECT_EQ(too_much.status, Status::amount_too_large);
     EXPECT_EQ(too_much.at_amount, 1U);
     EXPECT_TRUE(too_much.bare.empty());
 }
@@ -409,7 +429,7 @@ TEST(Division, NearlyNothingAndNearlyEverything)
 
 TEST(Division, KeepsTheBareAnswer)
 {
-    const Division division = divide(kLot, request(Cut::parallel, 0, {area(1000)}));
+    const Division division = compared(kLot, request(Cut::parallel, 0, {area(1000)}));
     ASSERT_EQ(division.bare.size(), 1U);
     EXPECT_TRUE(division.bare[0].done);
     EXPECT_NEAR(division.bare[0].line.start.y, 10.0, 1e-4);  // within a millionth of the request
@@ -418,8 +438,11 @@ TEST(Division, KeepsTheBareAnswer)
     EXPECT_EQ(division.lines[0].found, Found::by_search);
     EXPECT_FALSE(division.lines[0].meets_again);
     EXPECT_EQ(division.trials, 1U);
+    const Division not_asked = divide(kLot, request(Cut::parallel, 0, {area(1000)}));
+    EXPECT_TRUE(not_asked.bare.empty());
+    EXPECT_EQ(not_asked.lines[0].found, Found::by_sweep);
 
-    const Division swept = divide(kU, request(Cut::parallel, 0, {area(7000)}));
+    const Division swept = compared(kU, request(Cut::parallel, 0, {area(7000)}));
     ASSERT_EQ(swept.status, Status::divided);
     EXPECT_TRUE(swept.bare[0].done);
     EXPECT_EQ(swept.lines[0].found, Found::by_sweep);
@@ -429,13 +452,13 @@ TEST(Division, KeepsTheBareAnswer)
 TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
 {
     for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {
-        const Division beyond = divide(kLot, request(cut, 0, {area(1000)}, kThere));
+        const Division beyond = compared(kLot, request(cut, 0, {area(1000)}, kThere));
         ASSERT_EQ(beyond.status, Status::divided);
         EXPECT_EQ(beyond.lines[0].found, Found::by_search);
     }
     // In the tip of a triangle a millionth of the rest is millimetres, and as many units in the parcel's frame.
     const Ring triangle = {{0, 0}, {100, 0}, {0, 100}};
-    const Division tip = divide(triangle, request(Cut::parallel, 0, {share(1.0 - 1e-8, 1)}));
+    const Division tip = compared(triangle, request(Cut::parallel, 0, {share(1.0 - 1e-8, 1)}));
     ASSERT_EQ(tip.status, Status::divided);
     EXPECT_TRUE(tip.bare[0].done);
     EXPECT_GT(std::fabs(tip.bare[0].line.start.y - tip.lines[0].from.y), 1e-3);
@@ -445,7 +468,7 @@ TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
     const Ring sliver = {{1241.4290473638928, -0.00042588373025160647},
                          {4384.2583081273888, -6.7610674937993364e-05},
                          {-1321.6067081514782, 0.00042346424828915781}};
-    const Division across = divide(sliver, request(Cut::perpendicular, 1, {share(5, 12)}));
+    const Division across = compared(sliver, request(Cut::perpendicular, 1, {share(5, 12)}));
     ASSERT_EQ(across.status, Status::divided);
     EXPECT_EQ(across.lines[0].found, Found::by_search);
 }
@@ -454,7 +477,7 @@ TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
 {
     // The search ends at y = 1.15, across both arms and 97 units of the parcel's frame off.
     const Ring u = {{0, 0}, {13, 0}, {13, 2}, {8, 2}, {8, 1}, {4, 1}, {4, 2}, {0, 2}};
-    const Division division = divide(u, request(Cut::perpendicular, 3, {share(1, 2)}));
+    const Division division = compared(u, request(Cut::perpendicular, 3, {share(1, 2)}));
     ASSERT_EQ(division.status, Status::divided);
     EXPECT_TRUE(division.bare[0].done);
     EXPECT_NEAR(division.bare[0].line.start.y, 1.0 + 2.0 / 13.0, 1e-3);

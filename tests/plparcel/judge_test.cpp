@@ -12,6 +12,7 @@ using plparcel::Chord;
 using plparcel::Cutting;
 using plparcel::judge;
 using plparcel::LocalRing;
+using plparcel::MeasuredRing;
 using plparcel::Ring;
 using plparcel::Target;
 using plparcel::Verdict;
@@ -33,14 +34,15 @@ struct Ends {
 
 Verdict verdict(const Ring& ring, const Ends& ends, double asked, double parcel, Cutting& cutting)
 {
-    const LocalRing local(ring);
+    const MeasuredRing measured(ring);
+    const LocalRing local(measured);
     Chord chord;
     chord.from = local.to_local(ends.from);
     chord.to = local.to_local(ends.to);
     chord.from_side = ends.from_side;
     chord.to_side = ends.to_side;
     chord.request_after_from = ends.request_after_from;
-    return judge(ring, local, chord, Target{asked, parcel - asked, parcel}, cutting);
+    return judge(measured, local, chord, Target{asked, parcel - asked, parcel}, cutting);
 }
 
 Verdict verdict(const Ring& ring, const Ends& ends, double asked, double parcel)
@@ -164,11 +166,11 @@ TEST(Judge, CutsTheRingInTwo)
     ASSERT_EQ(verdict(kU, {{100, 20}, 1, {0, 20}, 7, true}, 5600, kArea, cutting), Verdict::divides);
     EXPECT_POINT(cutting.from, ({100, 20}));
     EXPECT_POINT(cutting.to, ({0, 20}));
-    EXPECT_BITS(cutting.got.hi, 5600.0);
-    ASSERT_EQ(cutting.request.ring.size(), 8U);
-    EXPECT_POINT(cutting.request.ring.front(), ({100, 20}));
-    EXPECT_POINT(cutting.request.ring[1], ({100, 100}));
-    EXPECT_POINT(cutting.request.ring.back(), ({0, 20}));
+    EXPECT_BITS(cutting.request.area().hi, 5600.0);
+    ASSERT_EQ(cutting.request.size(), 8U);
+    EXPECT_POINT(cutting.request.ring().front(), ({100, 20}));
+    EXPECT_POINT(cutting.request[1], ({100, 100}));
+    EXPECT_POINT(cutting.request.ring().back(), ({0, 20}));
     ASSERT_EQ(cutting.rest.size(), 4U);
     EXPECT_POINT(cutting.rest[0], ({0, 20}));
     EXPECT_POINT(cutting.rest[1], ({0, 0}));
@@ -183,7 +185,7 @@ TEST(Judge, EndsNextToAVertexAreTheVertex)
     const double near = 40.0 + 5e-14;
     ASSERT_EQ(verdict(kU, {{100, 40}, 1, {70, near}, 3, true}, 1800, kArea, cutting), Verdict::divides);
     EXPECT_POINT(cutting.to, ({70, 40}));
-    EXPECT_EQ(cutting.request.ring.size(), 4U);
+    EXPECT_EQ(cutting.request.size(), 4U);
     EXPECT_EQ(cutting.rest.size(), 7U);
 
     ASSERT_EQ(verdict(kU, {{100, 40}, 1, {70, 40.0 + 1.5e-13}, 3, true}, 1800, kArea, cutting),
@@ -197,7 +199,7 @@ TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
     // At 2^24 doubles are 2^-28 apart. 8 wide and 1 high: both ends 3/8 of that too low are 1.1e-8 of area, and
     // 8e-9 is what is allowed.
     const double e = 0x1p24;
-    const Ring far = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
+    const MeasuredRing far(Ring{{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}});
     const LocalRing local(far);
     Chord chord;
     // Height 0.5 + 3/8 of a spacing at both ends: to the nearest, both round to 0.5.
@@ -214,7 +216,7 @@ TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
               Verdict::divides);
     // One end up, one down: within an eighth of a spacing of the middle.
     EXPECT_NE(cutting.from.y, cutting.to.y);
-    EXPECT_BITS(std::fabs((cutting.got - asked).value()), 0x1p-28);
+    EXPECT_BITS(std::fabs((cutting.request.area() - asked).value()), 0x1p-28);
 
     // At 2^30 they are 2.4e-7 apart, which no choice makes up for.
     const double f = 0x1p30;
@@ -231,7 +233,7 @@ TEST(Judge, TriesTheNeighboursForEitherPieceAndEitherWayRound)
     const Ring clockwise = {{e, e}, {e, e + 1}, {e + 8, e + 1}, {e + 8, e}};
     const plparcel::Wide height = plparcel::Wide(0.5) + plparcel::Wide(0x1.8p-30);
     for (const bool is_clockwise : {false, true}) {
-        const Ring& far = is_clockwise ? clockwise : anticlockwise;
+        const MeasuredRing far(is_clockwise ? clockwise : anticlockwise);
         const LocalRing local(far);
         const plparcel::Wide level = plparcel::scaled(height, local.scale_exponent());
         const plparcel::WidePoint west = {0.0, level};
@@ -251,7 +253,7 @@ TEST(Judge, TriesTheNeighboursForEitherPieceAndEitherWayRound)
             Cutting cutting;
             ASSERT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
             EXPECT_NE(cutting.from.y, cutting.to.y);
-            EXPECT_BITS(std::fabs((cutting.got - target.asked).value()), 0x1p-28);
+            EXPECT_BITS(std::fabs((cutting.request.area() - target.asked).value()), 0x1p-28);
         }
     }
 }
@@ -262,7 +264,7 @@ TEST(Judge, AVertexThatALineStartsFromIsNotMoved)
     // half and rounds up, which is 1.5 u too much. 1.4 u is allowed: with the start one double nearer it holds.
     const double e = 0x1p24;
     const double u = 0x1p-28;
-    const Ring far = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
+    const MeasuredRing far(Ring{{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}});
     const LocalRing local(far);
     const plparcel::Wide height = plparcel::Wide(0.5) - plparcel::Wide(0.375 * u);
     Chord chord;

@@ -54,6 +54,7 @@ plparcel::Request as_request(const bare_cut::Request& r)
     request.cut = static_cast<plparcel::Cut>(r.mode);
     request.index = r.side;
     request.amounts = {plparcel::area(r.area)};
+    request.ask_library = true;
     return request;
 }
 

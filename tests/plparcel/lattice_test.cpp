@@ -95,7 +95,7 @@ TEST(Lattice, RingsAreSimpleWhereGeosSaysSo)
     int simple = 0;
     for (int i = 0; i < 20000; ++i) {
         const Ring ring = lattice_ring(random);
-        const bool is_simple = plparcel::check_ring(ring).status == Status::divided;
+        const bool is_simple = plparcel::check_ring(ring).status == plparcel::BoundaryStatus::usable;
         EXPECT_EQ(is_simple, geos.is_valid(geos.polygon(ring)))
             << shown(ring, Request{Cut::parallel, 0, {plparcel::share(1, 1)}, Measured::from_reference});
         simple += is_simple ? 1 : 0;
@@ -111,7 +111,7 @@ TEST(Lattice, DividedIsRight)
     std::map<Status, int> tally;
     for (int i = 0; i < 20000; ++i) {
         const Ring lattice = lattice_ring(random);
-        if (plparcel::check_ring(lattice).status != Status::divided || has_repeats(lattice))
+        if (plparcel::check_ring(lattice).status != plparcel::BoundaryStatus::usable || has_repeats(lattice))
             continue;
         const Ring ring = changed(random, lattice);
         Request request;

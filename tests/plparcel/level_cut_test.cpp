@@ -13,6 +13,7 @@ using plparcel::Chord;
 using plparcel::LevelCut;
 using plparcel::LevelRequest;
 using plparcel::LocalRing;
+using plparcel::MeasuredRing;
 using plparcel::Ring;
 using plparcel::WidePoint;
 
@@ -57,7 +58,7 @@ TEST(LevelCut, RootOfATrapezium)
     };
     for (const auto& row : rows) {
         const std::vector<Chord> lines =
-            LevelCut(LocalRing(kTriangle), upwards(row.below, parcel)).all_lines();
+            LevelCut(LocalRing(MeasuredRing(kTriangle)), upwards(row.below, parcel)).all_lines();
         ASSERT_EQ(lines.size(), 1U) << row.what;
         EXPECT_NEAR(level_of(lines[0]), row.level, 4e-16 * row.level) << row.what;
         EXPECT_EQ(lines[0].from_side, 1U) << row.what;
@@ -70,9 +71,9 @@ TEST(LevelCut, EitherPieceEitherWayRound)
 {
     const double parcel = 0x1p24;
     LevelRequest wanted = upwards(0x1p22, parcel);
-    EXPECT_BITS(level_of(LevelCut(LocalRing(kSquare), wanted).all_lines().at(0)), 1024.0);
+    EXPECT_BITS(level_of(LevelCut(LocalRing(MeasuredRing(kSquare)), wanted).all_lines().at(0)), 1024.0);
     wanted.opposite = true;
-    const Chord beyond = LevelCut(LocalRing(kSquare), wanted).all_lines().at(0);
+    const Chord beyond = LevelCut(LocalRing(MeasuredRing(kSquare)), wanted).all_lines().at(0);
     EXPECT_BITS(level_of(beyond), 3072.0);
     EXPECT_TRUE(beyond.request_after_from);
 
@@ -81,7 +82,7 @@ TEST(LevelCut, EitherPieceEitherWayRound)
     wanted = upwards(0x1p22, parcel);
     wanted.base = 3;
     wanted.turn = -1.0;
-    const Chord line = LevelCut(LocalRing(clockwise), wanted).all_lines().at(0);
+    const Chord line = LevelCut(LocalRing(MeasuredRing(clockwise)), wanted).all_lines().at(0);
     EXPECT_BITS(level_of(line), 1024.0);
     EXPECT_EQ(line.from_side, 0U);
     EXPECT_EQ(line.to_side, 2U);
@@ -89,7 +90,7 @@ TEST(LevelCut, EitherPieceEitherWayRound)
     // Not with the base side: the piece above.
     wanted = upwards(0x1p22, parcel);
     wanted.from_base = false;
-    EXPECT_BITS(level_of(LevelCut(LocalRing(kSquare), wanted).all_lines().at(0)), 3072.0);
+    EXPECT_BITS(level_of(LevelCut(LocalRing(MeasuredRing(kSquare)), wanted).all_lines().at(0)), 3072.0);
 }
 
 TEST(LevelCut, AllLinesBestFirst)
@@ -97,7 +98,7 @@ TEST(LevelCut, AllLinesBestFirst)
     // The strip holds 4 squares of 1024, the left arm 1, the right arm 3.
     const double square = 0x1p20;
     const double parcel = 8.0 * square;
-    const LocalRing local(kU);
+    const LocalRing local{MeasuredRing(kU)};
     const auto levels = [&](double request) {
         std::vector<double> found;
         for (const Chord& line : LevelCut(local, upwards(request, parcel)).all_lines())
@@ -123,7 +124,7 @@ TEST(LevelCut, AtAFloorOnlyTheLinesInTheArmCount)
     LevelRequest wanted = upwards(7.0 * square, 8.0 * square);
     wanted.up = {0.0, -1.0};
     wanted.from_base = false;
-    const LocalRing local(kU);
+    const LocalRing local{MeasuredRing(kU)};
     const std::vector<Chord> lines = LevelCut(local, wanted).all_lines();
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_BITS(level_of(lines[0]), 3072.0);
@@ -138,7 +139,7 @@ TEST(LevelCut, ThatGoWithTheBaseSideBeforeThoseBehindIt)
     wanted.up = {0.0, -1.0};
     wanted.zero = {3072.0, 1024.0};
     wanted.base = 4;
-    const LocalRing local(kU);
+    const LocalRing local{MeasuredRing(kU)};
     const LevelCut cut(local, wanted);
     EXPECT_BITS(cut.area_below().value(), 4.0 * square);
     const std::vector<Chord> lines = cut.all_lines();
@@ -155,7 +156,7 @@ TEST(LevelCut, PerpendicularsThatEndOnTheBaseSideComeFirst)
     wanted.up = {1.0, 0.0};
     wanted.from_base = false;
     wanted.base = 2;
-    const LocalRing local(kU);
+    const LocalRing local{MeasuredRing(kU)};
     const std::vector<Chord> lines = LevelCut(local, wanted).all_lines();
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_BITS(lines[0].from.x.value(), 4096.0 - 768.0);
@@ -165,7 +166,7 @@ TEST(LevelCut, PerpendicularsThatEndOnTheBaseSideComeFirst)
 
 TEST(LevelCut, AreaBelow)
 {
-    const LocalRing local(kU);
+    const LocalRing local{MeasuredRing(kU)};
     const double square = 0x1p20;
     const struct {
         double zero;

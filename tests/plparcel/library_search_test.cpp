@@ -46,9 +46,10 @@ void expect_line(const Ring& ring, Cut cut)
     if (cut == Cut::through_vertex)
         wanted = {ring[0], between(1, 2, 0.4)};
 
-    const LocalRing local(ring);
+    const plparcel::MeasuredRing measured(ring);
+    const LocalRing local(measured);
     PL_LINE_2D_record line = {};
-    ASSERT_TRUE(search_line(ring, local, {cut, 0, plparcel::area_of(ring).value() / 5.0}, line));
+    ASSERT_TRUE(search_line(measured, local, {cut, 0, measured.area().value() / 5.0}, line));
     const double straight =
         std::max(distance(local, wanted.start, line.start), distance(local, wanted.end, line.end));
     const double crossed =

@@ -10,10 +10,10 @@
 
 namespace {
 
+using plparcel::BoundaryStatus;
 using plparcel::check_ring;
 using plparcel::Ring;
 using plparcel::RingReport;
-using plparcel::Status;
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
@@ -23,53 +23,57 @@ TEST(RingCheck, SaysWhetherARingCanBeWorkedOn)
     const struct {
         const char* what;
         Ring ring;
-        Status status;
+        BoundaryStatus status;
     } rows[] = {
-        {"nothing", {}, Status::degenerate},
-        {"a point", {{1, 2}}, Status::degenerate},
-        {"two points", {{1, 2}, {3, 4}}, Status::degenerate},
-        {"two points, closed", {{1, 2}, {3, 4}, {1, 2}}, Status::degenerate},
-        {"one point, four times", {{1, 2}, {1, 2}, {1, 2}, {1, 2}}, Status::degenerate},
-        {"there and back on one line", {{0, 0}, {1, 1}, {2, 2}, {1.5, 1.5}}, Status::degenerate},
-        {"a triangle", {{0, 0}, {1, 0}, {0, 1}}, Status::divided},
-        {"a triangle a hair from flat", {{0, 0}, {1, 0x1.0000000000001p-88}, {2, 0}}, Status::divided},
-        {"and a bit flatter", {{0, 0}, {1, 0x1p-88}, {2, 0}}, Status::degenerate},
-        {"the same upright and clockwise", {{0, 0}, {0x1.0000000000001p-88, 1}, {0, 2}}, Status::divided},
-        {"and a bit flatter, upright", {{0, 0}, {0x1p-88, 1}, {0, 2}}, Status::degenerate},
+        {"nothing", {}, BoundaryStatus::too_few_vertices},
+        {"a point", {{1, 2}}, BoundaryStatus::too_few_vertices},
+        {"two points", {{1, 2}, {3, 4}}, BoundaryStatus::too_few_vertices},
+        {"two points, closed", {{1, 2}, {3, 4}, {1, 2}}, BoundaryStatus::too_few_vertices},
+        {"one point, four times", {{1, 2}, {1, 2}, {1, 2}, {1, 2}}, BoundaryStatus::too_few_vertices},
+        {"there and back on one line", {{0, 0}, {1, 1}, {2, 2}, {1.5, 1.5}}, BoundaryStatus::flat},
+        {"a triangle", {{0, 0}, {1, 0}, {0, 1}}, BoundaryStatus::usable},
+        {"a triangle a hair from flat", {{0, 0}, {1, 0x1.0000000000001p-88}, {2, 0}}, BoundaryStatus::usable},
+        {"and a bit flatter", {{0, 0}, {1, 0x1p-88}, {2, 0}}, BoundaryStatus::flat},
+        {"the same upright and clockwise",
+         {{0, 0}, {0x1.0000000000001p-88, 1}, {0, 2}},
+         BoundaryStatus::usable},
+        {"and a bit flatter, upright", {{0, 0}, {0x1p-88, 1}, {0, 2}}, BoundaryStatus::flat},
         {"coordinates of which no products can be compared",
          {{0x1p-1054, -0x1.e8p-791}, {0x1p-1028, 0x1.bp-977}, {0x1p145, 0x1.ep-879}, {0x1p-1007, 0}, {0, 0}},
-         Status::degenerate},
-        {"a NaN", {{0, 0}, {1, 0}, {0, kNan}}, Status::not_finite},
-        {"an infinite East", {{0, 0}, {kInf, 0}, {0, 1}}, Status::not_finite},
-        {"an infinite vertex among too few", {{0, 0}, {-kInf, 0}}, Status::not_finite},
-        {"an extent that overflows", {{-1.5e308, 0}, {1.5e308, 0}, {0, 1}}, Status::not_finite},
-        {"2^300 across", {{0, 0}, {0x1p300, 0}, {0, 0x1p300}}, Status::divided},
-        {"a bit more", {{0, 0}, {0x1.0000000000001p300, 0}, {0, 0x1p300}}, Status::not_finite},
-        {"2^-300 across", {{0, 0}, {0x1p-300, 0}, {0, 0x1p-300}}, Status::divided},
+         BoundaryStatus::flat},
+        {"a NaN", {{0, 0}, {1, 0}, {0, kNan}}, BoundaryStatus::not_finite},
+        {"an infinite East", {{0, 0}, {kInf, 0}, {0, 1}}, BoundaryStatus::not_finite},
+        {"an infinite vertex among too few", {{0, 0}, {-kInf, 0}}, BoundaryStatus::not_finite},
+        {"an extent that overflows", {{-1.5e308, 0}, {1.5e308, 0}, {0, 1}}, BoundaryStatus::out_of_range},
+        {"2^300 across", {{0, 0}, {0x1p300, 0}, {0, 0x1p300}}, BoundaryStatus::usable},
+        {"a bit more", {{0, 0}, {0x1.0000000000001p300, 0}, {0, 0x1p300}}, BoundaryStatus::out_of_range},
+        {"2^-300 across", {{0, 0}, {0x1p-300, 0}, {0, 0x1p-300}}, BoundaryStatus::usable},
         {"a bit less",
          {{0, 0}, {0x1.fffffffffffffp-301, 0}, {0, 0x1.fffffffffffffp-301}},
-         Status::not_finite},
-        {"a bow tie", {{0, 0}, {1, 1}, {1, 0}, {0, 1}}, Status::ring_not_simple},
-        {"a bow tie of no area", {{0, 0}, {2, 2}, {2, 0}, {0, 2}}, Status::ring_not_simple},
-        {"a vertex on another side", {{0, 0}, {4, 0}, {4, 4}, {2, 0}, {0, 4}}, Status::ring_not_simple},
+         BoundaryStatus::out_of_range},
+        {"a bow tie", {{0, 0}, {1, 1}, {1, 0}, {0, 1}}, BoundaryStatus::meets_itself},
+        {"a bow tie of no area", {{0, 0}, {2, 2}, {2, 0}, {0, 2}}, BoundaryStatus::meets_itself},
+        {"a vertex on another side", {{0, 0}, {4, 0}, {4, 4}, {2, 0}, {0, 4}}, BoundaryStatus::meets_itself},
         {"one double above that side",
          {{0, 0}, {4, 0}, {4, 4}, {2, std::numeric_limits<double>::denorm_min()}, {0, 4}},
-         Status::divided},
+         BoundaryStatus::usable},
         {"a vertex twice, not in a row",
          {{0, 0}, {2, 2}, {4, 0}, {4, 4}, {2, 2}, {0, 4}},
-         Status::ring_not_simple},
-        {"a spike", {{0, 0}, {4, 0}, {4, 4}, {4, 6}, {4, 4}, {0, 4}}, Status::ring_not_simple},
+         BoundaryStatus::meets_itself},
+        {"a spike", {{0, 0}, {4, 0}, {4, 4}, {4, 6}, {4, 4}, {0, 4}}, BoundaryStatus::meets_itself},
         {"a spike that comes back part of the way",
          {{0, 0}, {4, 0}, {4, 6}, {4, 4}, {0, 4}},
-         Status::ring_not_simple},
+         BoundaryStatus::meets_itself},
         {"a side that lies in another",
          {{0, 0}, {6, 0}, {6, 4}, {4, 0}, {2, 0}, {0, 4}},
-         Status::ring_not_simple},
-        {"a side around another", {{2, 0}, {4, 0}, {6, 4}, {8, 0}, {0, 0}, {0, 4}}, Status::ring_not_simple},
-        {"vertices on sides, straight on", {{0, 0}, {2, 0}, {4, 0}, {4, 4}, {0, 4}}, Status::divided},
+         BoundaryStatus::meets_itself},
+        {"a side around another",
+         {{2, 0}, {4, 0}, {6, 4}, {8, 0}, {0, 0}, {0, 4}},
+         BoundaryStatus::meets_itself},
+        {"vertices on sides, straight on", {{0, 0}, {2, 0}, {4, 0}, {4, 4}, {0, 4}}, BoundaryStatus::usable},
         {"an E, whose sides see each other's lines",
          {{0, 0}, {9, 0}, {9, 1}, {1, 1}, {1, 2}, {9, 2}, {9, 3}, {1, 3}, {1, 4}, {9, 4}, {9, 5}, {0, 5}},
-         Status::divided},
+         BoundaryStatus::usable},
     };
     for (const auto& row : rows)
         EXPECT_EQ(check_ring(row.ring).status, row.status) << row.what;
@@ -83,7 +87,7 @@ TEST(RingCheck, DecidesBeyondDoublePrecision)
     const double twice = std::fma(0.3, 0.3, -rounded) - std::fma(0.1, 0.9, -rounded);
     ASSERT_NE(twice, 0.0);
     const RingReport report = check_ring({{0, 0}, {0.3, 0.9}, {0.1, 0.3}});
-    EXPECT_EQ(report.status, Status::divided);
+    EXPECT_EQ(report.status, BoundaryStatus::usable);
     EXPECT_EQ(report.anticlockwise, twice > 0.0);
     EXPECT_BITS(report.area, std::fabs(twice) / 2.0);
 }
@@ -99,7 +103,7 @@ TEST(RingCheck, ReportsWhatItToleratesAndMeasures)
 
     const RingReport messy =
         check_ring({{0, 0}, {0, 0}, {0, 50}, {100, 50}, {100, 50}, {100, 50}, {100, 0}, {0, 0}, {0, 0}});
-    EXPECT_EQ(messy.status, Status::divided);
+    EXPECT_EQ(messy.status, BoundaryStatus::usable);
     EXPECT_EQ(messy.repeated, 4U);
     EXPECT_TRUE(messy.closed);
     EXPECT_FALSE(messy.anticlockwise);
@@ -118,14 +122,14 @@ TEST(RingCheck, NamesTheSidesThatMeetAsTheyWereCounted)
 {
     // Sides 0, 1 and 3 have length; the vertices 2 and 3 are one.
     const RingReport report = check_ring({{0, 0}, {1, 1}, {1, 0}, {1, 0}, {0, 1}, {0, 0}});
-    EXPECT_EQ(report.status, Status::ring_not_simple);
+    EXPECT_EQ(report.status, BoundaryStatus::meets_itself);
     EXPECT_EQ(report.meeting_sides[0], 0U);
     EXPECT_EQ(report.meeting_sides[1], 3U);
 
     // The lower one first, wherever they lie.
     for (const Ring& ring : {Ring{{2, 0}, {4, 2}, {4, 0}, {0, 2}}, Ring{{0, 2}, {2, 4}, {0, 4}, {2, 0}}}) {
         const RingReport crossed = check_ring(ring);
-        EXPECT_EQ(crossed.status, Status::ring_not_simple);
+        EXPECT_EQ(crossed.status, BoundaryStatus::meets_itself);
         EXPECT_EQ(crossed.meeting_sides[0], 0U);
         EXPECT_EQ(crossed.meeting_sides[1], 2U);
     }

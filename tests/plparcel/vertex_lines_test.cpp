@@ -11,6 +11,7 @@ namespace {
 using plparcel::Chord;
 using plparcel::lines_from_vertex;
 using plparcel::LocalRing;
+using plparcel::MeasuredRing;
 using plparcel::Ring;
 
 // Local coordinates are those below: 4096 across.
@@ -31,7 +32,7 @@ TEST(VertexCut, TriangleOnEachSide)
         {"three quarters", kTriangle * 1.5, 2, {2048, 4096}},
         {"next to nothing", 0x1p-10, 1, {4096, 0x1p-21}},
     };
-    const LocalRing local(kSquare);
+    const LocalRing local{MeasuredRing(kSquare)};
     for (const Row& row : rows) {
         const std::vector<Chord> lines = lines_from_vertex(local, 1.0, 0, row.area);
         ASSERT_EQ(lines.size(), 1U) << row.what;
@@ -46,7 +47,7 @@ TEST(VertexCut, TriangleOnEachSide)
 
 TEST(VertexCut, ToAVertexFromBothItsSides)
 {
-    const std::vector<Chord> lines = lines_from_vertex(LocalRing(kSquare), 1.0, 0, kTriangle);
+    const std::vector<Chord> lines = lines_from_vertex(LocalRing(MeasuredRing(kSquare)), 1.0, 0, kTriangle);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].to_side, 1U);
     EXPECT_EQ(lines[1].to_side, 2U);
@@ -58,7 +59,8 @@ TEST(VertexCut, ClockwiseFromAnyVertex)
 {
     const Ring clockwise = {{0, 0}, {0, 4096}, {4096, 4096}, {4096, 0}};
     // From (4096, 4096), towards (4096, 0) first.
-    const std::vector<Chord> lines = lines_from_vertex(LocalRing(clockwise), -1.0, 2, kTriangle / 2);
+    const std::vector<Chord> lines =
+        lines_from_vertex(LocalRing(MeasuredRing(clockwise)), -1.0, 2, kTriangle / 2);
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].from_side, 2U);
     EXPECT_EQ(lines[0].to_side, 3U);
@@ -73,7 +75,8 @@ TEST(VertexCut, OnSidesThatRunBackTheAreaSinks)
     const Ring bent = {{0, 0}, {4096, 0}, {3072, 3072}, {4096, 1024}, {4096, 4096}, {0, 4096}};
     const double before = 4096.0 * 3072.0 / 2;
     const double back = (4096.0 * 3072.0 - 1024.0 * 3072.0) / 2;
-    const std::vector<Chord> lines = lines_from_vertex(LocalRing(bent), 1.0, 0, before - back / 2);
+    const std::vector<Chord> lines =
+        lines_from_vertex(LocalRing(MeasuredRing(bent)), 1.0, 0, before - back / 2);
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[0].to_side, 1U);
     EXPECT_EQ(lines[1].to_side, 2U);
@@ -85,7 +88,8 @@ TEST(VertexCut, OnSidesThatRunBackTheAreaSinks)
 TEST(VertexCut, SidesInLineWithTheVertexHoldNothing)
 {
     const Ring straight_on = {{0, 0}, {2048, 0}, {4096, 0}, {4096, 4096}, {0, 4096}};
-    const std::vector<Chord> lines = lines_from_vertex(LocalRing(straight_on), 1.0, 0, kTriangle / 2);
+    const std::vector<Chord> lines =
+        lines_from_vertex(LocalRing(MeasuredRing(straight_on)), 1.0, 0, kTriangle / 2);
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].to_side, 2U);
 }

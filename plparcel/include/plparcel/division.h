@@ -19,7 +19,7 @@
 /// if (division.status == plparcel::Status::divided)
 ///     draw(division.lines[0].from, division.lines[0].to);  // (0, 10) to (100, 10)
 /// else
-///     say(plparcel::describe(division.status));
+///     say(plparcel::describe(division));
 /// ```
 ///
 /// A third of the parcel, along a side: `request.amounts = {plparcel::share(1.0, 3.0)}`. Four heirs:
@@ -28,8 +28,9 @@
 ///
 /// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are
 /// in that unit squared. The functions keep no state, may be called from any thread and throw nothing but
-/// std::bad_alloc, equal_parts() apart. Results are the same to the last bit on every machine with IEEE doubles,
-/// up to the sine and cosine with which the parcel is turned for CFrazArea.
+/// std::bad_alloc, equal_parts() apart. Results are the same to the last bit on every machine with IEEE doubles;
+/// Division::bare and DividingLine::found only up to the sine and cosine with which the parcel is turned for
+/// CFrazArea.
 
 #include <cstddef>
 #include <vector>
@@ -120,22 +121,62 @@ struct Request {
     /// 1e-9 of it, and within a hundredth of the last, are cut with one line less.
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
+    /// Whether CFrazArea is asked as well, for a comparison: fills Division::bare and DividingLine::found, at
+    /// about the cost of the division itself and far more on parcels of thousands of vertices. No line depends
+    /// on its answer.
+    bool ask_library = false;
 };
+
+/// Whether a boundary can be worked on.
+enum class BoundaryStatus {
+    usable,            ///< a simple ring with an area
+    not_finite,        ///< a coordinate is infinite or NaN
+    out_of_range,      ///< beyond 2e90 or below 5e-91 across
+    too_few_vertices,  ///< fewer than three different ones
+    flat,              ///< all vertices on one line, or next to no area
+    meets_itself       ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
+};
+
+/// @param[in] status  any status
+/// @return a sentence's worth in English, without a full stop; never null
+PLPARCEL_API const char* describe(BoundaryStatus status) noexcept;
+
+/// What is known of a ring.
+struct RingReport {
+    BoundaryStatus status = BoundaryStatus::too_few_vertices;  ///< usable, or why it is not
+    std::size_t repeated = 0;           ///< vertices that equal the one before them; no tolerance
+    bool closed = false;                ///< the last vertex repeats the first; not counted in `repeated`
+    std::size_t meeting_sides[2] = {};  ///< for meets_itself: two sides that meet, lower index first
+    bool anticlockwise = false;         ///< how the ring runs; false unless it is usable
+    double area = 0.0;                  ///< unit squared; 0 unless the ring is usable
+    double perimeter = 0.0;             ///< caller's unit; 0 unless the ring is usable
+};
+
+/// Checks and measures a ring.
+///
+/// @param[in] ring  the vertices; repeated ones and a closing one do no harm
+/// @return the report. A ring that touches itself, at a vertex for one, meets itself.
+///
+/// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
+///             tolerance, and no loss at large coordinates. A ring of no more than 2^-90 of the square of its
+///             extent is called flat: there those bits end.
+PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// What became of a request.
 enum class Status {
     divided,  ///< the lines hold what was asked, and lie in the parcel
 
     // the parcel
-    not_finite,       ///< a coordinate is infinite or NaN, or the parcel beyond 2e90 or below 5e-91 across
-    degenerate,       ///< fewer than three different vertices, all of them on one line, or next to no area
-    ring_not_simple,  ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
+    unusable_boundary,  ///< the ring cannot be worked on; Division::ring says why
 
     // the request
     unknown_request,      ///< a cut, measure or kind of amount that does not exist
     no_such_index,        ///< the parcel has no side or vertex of that index
     side_without_length,  ///< the side's ends are the same point
-    amount_out_of_range,  ///< no amount, or no less than there is to cut, or numbers not within 1e-200 to 1e200
+    no_amount,            ///< the list of amounts is empty
+    unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
+    amount_too_small,     ///< not above zero, or given by a number below 1e-200
+    amount_too_large,     ///< no less than there is to cut, or given by a number above 1e200
 
     // the cut
     base_reaches_behind,  ///< what lies behind the base side alone is more than the request along it
@@ -147,31 +188,10 @@ enum class Status {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(Status status) noexcept;
 
-/// What is known of a ring.
-struct RingReport {
-    Status status = Status::degenerate;  ///< divided when the ring can be worked on, or why it cannot
-    std::size_t repeated = 0;            ///< vertices that equal the one before them; no tolerance
-    bool closed = false;                 ///< the last vertex repeats the first; not counted in `repeated`
-    std::size_t meeting_sides[2] = {};   ///< for ring_not_simple: two sides that meet, lower index first
-    bool anticlockwise = false;          ///< how the ring runs; false unless its status is divided
-    double area = 0.0;                   ///< unit squared; 0 unless its status is divided
-    double perimeter = 0.0;              ///< caller's unit; 0 unless its status is divided
-};
-
-/// Checks and measures a ring.
-///
-/// @param[in] ring  the vertices; repeated ones and a closing one do no harm
-/// @return the report. A ring that touches itself, at a vertex for one, is not simple.
-///
-/// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
-///             tolerance, and no loss at large coordinates. A ring of no more than 2^-90 of the square of its
-///             extent is called degenerate: there those bits end.
-PLPARCEL_API RingReport check_ring(const Ring& ring);
-
 /// How a dividing line was found.
 enum class Found {
-    by_search,  ///< CFrazArea's line, brought to rest on the amount between the two sides that it meets
-    by_sweep    ///< another one: CFrazArea's was wrong, or is not the first by the order that divide() gives
+    by_search,  ///< CFrazArea was asked, and its line is this one up to its millionth of the amount
+    by_sweep    ///< CFrazArea was not asked, was wrong, or found one that divide() puts behind this one
 };
 
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
@@ -179,8 +199,8 @@ struct DividingLine {
     /// Parallel to a side the line runs as the side does, perpendicular to it from the end nearer the side's
     /// line, through a vertex from there, to the last bit.
     PL_PNT2D_record from = {};
-    PL_PNT2D_record to = {};         ///< the other end
-    Found found = Found::by_search;  ///< how the line was found
+    PL_PNT2D_record to = {};        ///< the other end
+    Found found = Found::by_sweep;  ///< how the line was found
     /// Prolonged beyond its ends, the line meets what was left of the parcel again: another line of the same
     /// direction through another part of it may be what was meant.
     bool meets_again = false;
@@ -202,14 +222,18 @@ struct BareAnswer {
 
 /// The answer to a request.
 struct Division {
-    Status status = Status::degenerate;  ///< divided, or why not
-    std::size_t at_amount = 0;           ///< unless divided: index of the amount that could not be cut
-    RingReport ring;                     ///< what was found out about the parcel
-    std::vector<DividingLine> lines;     ///< in the order of the amounts; empty unless divided
+    Status status = Status::unusable_boundary;  ///< divided, or why not
+    std::size_t at_amount = 0;                  ///< unless divided: index of the amount that could not be cut
+    RingReport ring;                            ///< what was found out about the parcel
+    std::vector<DividingLine> lines;            ///< in the order of the amounts; empty unless divided
     std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
-    std::vector<BareAnswer> bare;  ///< one per cut that was tried, a failed one included
+    std::vector<BareAnswer> bare;  ///< where it was asked for: one per cut that was tried, a failed one too
     std::size_t trials = 0;        ///< lines that were worked out and measured, beside those of CFrazArea
 };
+
+/// @param[in] division  any answer
+/// @return describe() of its status, or of its boundary's where that is what is wrong; never null
+PLPARCEL_API const char* describe(const Division& division) noexcept;
 
 /// Divides a parcel.
 ///

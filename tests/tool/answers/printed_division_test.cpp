@@ -254,7 +254,7 @@ TEST(PrintedDivision, EveryPieceOfASeriesHolds)
         if (i % 5 == 0)
             series.request.measured = plparcel::Measured::opposite;
         const PrintedDivision printed = tool::divide_in_print(ring, series);
-        ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven.status);
+        ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven);
         ASSERT_EQ(printed.lines.size(), 3u);
         const Shape shape = test::shape_of(ring);
         const long double parcel = test::area(shape);

@@ -37,7 +37,7 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
                        "Divided  2 of 5 parcels\n"
                        "Refused  3\n"
                        "  1: its WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5)\n"
-                       "  1: the amount is not above zero and below what there is to cut (feature 6)\n"
+                       "  1: the amount is not below what there is to cut (feature 6)\n"
                        "  1: the boundary crosses or touches itself (feature 4)\n"
                        "Passed over, without an area  2\n");
     EXPECT_EQ(run.status, 3);

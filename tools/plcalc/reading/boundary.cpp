@@ -131,12 +131,13 @@ Ring usable_ring(Ring vertices, const std::string& where)
                    "vertex " + std::to_string(i + 1) + " has a coordinate that is not finite; correct it");
     const plparcel::RingReport report = plparcel::check_ring(vertices);
     switch (report.status) {
-    case plparcel::Status::divided:
+    case plparcel::BoundaryStatus::usable:
         return vertices;
-    case plparcel::Status::degenerate:
+    case plparcel::BoundaryStatus::too_few_vertices:
+    case plparcel::BoundaryStatus::flat:
         refuse(where, "the parcel has fewer than three different vertices, or all of them on one line; "
                       "correct its coordinates");
-    case plparcel::Status::ring_not_simple:
+    case plparcel::BoundaryStatus::meets_itself:
         refuse(where,
                "the boundary crosses or touches itself: " + side_name(report.meeting_sides[0], vertices) +
                    ", meets " + side_name(report.meeting_sides[1], vertices) +

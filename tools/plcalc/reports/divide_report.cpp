@@ -126,22 +126,13 @@ std::string described_amount(const Asked& asked, std::size_t at)
     return asked.amounts.size() > 1 ? text + " (number " + std::to_string(at + 1) + " of the list)" : text;
 }
 
-// What the amounts up to one of them make together.
-double sum_up_to(const Asked& asked, std::size_t at, double parcel_area)
-{
-    double sum = 0.0;
-    for (std::size_t i = 0; i <= at && i < asked.request.amounts.size(); ++i)
-        sum += area_of(asked.request.amounts[i], parcel_area);
-    return sum;
-}
-
 std::string out_of_range(const Parcel& parcel, const Asked& asked, const PrintedDivision& printed)
 {
     const std::size_t at = printed.proven.at_amount;
     const double area = printed.proven.ring.area;
     const std::string amount = "the requested area " + described_amount(asked, at);
     const std::string whole = "the parcel's " + fixed(area, resolution_of(parcel.ring, area).area_decimals);
-    if (sum_up_to(asked, at, area) < 0.5 * area)
+    if (printed.proven.status == Status::amount_too_small)
         return amount + " is next to nothing beside " + whole + "; ask for more";
     return amount + (at > 0 ? ", with those before it," : "") + " is not below " + whole + "; ask for less";
 }
@@ -231,7 +222,7 @@ Json division_json(const Parcel& parcel, const Asked& asked, const PrintedDivisi
 
 std::string refusal_reason(const PrintedDivision& printed)
 {
-    return printed.too_coarse ? kTooCoarse : plparcel::describe(printed.proven.status);
+    return printed.too_coarse ? kTooCoarse : plparcel::describe(printed.proven);
 }
 
 Failure division_failure(const Parcel& parcel, const Asked& asked, const PrintedDivision& printed)
@@ -248,7 +239,10 @@ Failure division_failure(const Parcel& parcel, const Asked& asked, const Printed
         return failure(ExitStatus::wrong_use, numbered("side", asked.number) +
                                                   " has no length, its two vertices are one point; "
                                                   "choose the side before or after it");
-    case Status::amount_out_of_range:
+    case Status::no_amount:
+    case Status::unusable_amount:
+    case Status::amount_too_small:
+    case Status::amount_too_large:
         return failure(ExitStatus::cannot_cut, out_of_range(parcel, asked, printed));
     case Status::base_reaches_behind:
         return failure(ExitStatus::cannot_cut, "what lies behind " + numbered("side", asked.number) +
@@ -267,7 +261,7 @@ Failure division_failure(const Parcel& parcel, const Asked& asked, const Printed
         break;
     }
     return failure(ExitStatus::unusable_input,
-                   std::string(plparcel::describe(status)) + "; correct the parcel");
+                   std::string(plparcel::describe(printed.proven)) + "; correct the parcel");
 }
 
 }  // namespace tool
