@@ -1,6 +1,7 @@
 // plcalc: the command-line program. Hands the arguments to a verb and turns what goes wrong into one line on
 // stderr and an exit status.
 
+#include <csignal>
 #include <cstddef>
 #include <exception>
 #include <iostream>
@@ -121,6 +122,8 @@ ExitStatus run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    // A file that becomes too large is a write that fails, of which a message tells, and not the program's end.
+    std::signal(SIGXFSZ, SIG_IGN);
     ExitStatus status = ExitStatus::failed;
     try {
         status = run(argc, argv);

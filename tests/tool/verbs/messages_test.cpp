@@ -460,7 +460,29 @@ TEST_F(Messages, AMillionthOfAMillionthIsCutOff)
 
 // ------------------------------------------------------------------------------------------------ and the rest
 
-// A disk that takes no more: a limit on the size of files, and its signal ignored.
+// The configuration of a font library that has no cache yet, and keeps its caches in this folder.
+std::string empty_font_cache(const std::string& folder)
+{
+    return "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\"><fontconfig>"
+           "<include ignore_missing=\"yes\">/etc/fonts/conf.d</include><dir>/usr/share/fonts</dir>"
+           "<cachedir>" +
+           folder + "</cachedir></fontconfig>";
+}
+
+// A home that cannot be written, a first run there: the plan is drawn, and nothing is said about caches.
+TEST_F(Messages, FontCacheThatCannotBeWritten)
+{
+    write_wkt(kSquare);
+    write("fonts.conf", empty_font_cache(path("lot.csv/cache")));
+    setenv("FONTCONFIG_FILE", path("fonts.conf").c_str(), 1);
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 50 --plan plan.svg");
+    unsetenv("FONTCONFIG_FILE");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_TRUE(std::filesystem::exists(path("plan.svg")));
+}
+
+// A disk that takes no more: a limit on the size of files, which the font library's caches meet too.
 TEST_F(Messages, OutputThatCannotBeWritten)
 {
     write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");
@@ -478,7 +500,8 @@ TEST_F(Messages, OutputThatCannotBeWritten)
     EXPECT_EQ(err_of("", "--help >/dev/full"),
               "plcalc: the result could not be written to the standard output\n");
 
-    const std::string full = "trap '' XFSZ; ulimit -f 8;";
+    write("fonts.conf", empty_font_cache(path("cache")));
+    const std::string full = "export FONTCONFIG_FILE=" + path("fonts.conf") + "; ulimit -f 8;";
     const std::string cut = "divide lot.csv --parallel 1 --parts 40 ";
     const std::string plan = err_of(full, cut + "--plan plan.svg");
     EXPECT_EQ(plan.rfind("plcalc: plan.svg: the plan could not be written (", 0), 0u) << plan;

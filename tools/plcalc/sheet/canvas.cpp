@@ -7,6 +7,8 @@
 
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "console/failure.h"
 
@@ -21,6 +23,45 @@ constexpr double kPngScale = 2.0;
 
 // Of the white rim around text, parts of its size.
 constexpr double kRim = 0.25;
+
+// While it lives, what a library writes to stderr goes nowhere.
+class StderrSilenced {
+public:
+    StderrSilenced() : kept_(dup(STDERR_FILENO))
+    {
+        const int nowhere = open("/dev/null", O_WRONLY);
+        if (kept_ >= 0 && nowhere >= 0)
+            dup2(nowhere, STDERR_FILENO);
+        if (nowhere >= 0)
+            close(nowhere);
+    }
+    ~StderrSilenced()
+    {
+        if (kept_ < 0)
+            return;
+        dup2(kept_, STDERR_FILENO);
+        close(kept_);
+    }
+    StderrSilenced(const StderrSilenced&) = delete;
+    StderrSilenced& operator=(const StderrSilenced&) = delete;
+
+private:
+    int kept_;
+};
+
+// The first text that is measured makes the font library read its caches. It writes those that are missing, and
+// where it cannot (a home that is read-only, a limit on the size of files) it complains on stderr and goes on
+// without. It takes no handler for its messages.
+void load_fonts(cairo_t* cairo)
+{
+    static bool loaded = false;
+    if (loaded)
+        return;
+    const StderrSilenced silenced;
+    cairo_text_extents_t ignored;
+    cairo_text_extents(cairo, "0", &ignored);
+    loaded = true;
+}
 
 std::string ending_of(const std::string& path)
 {
@@ -89,6 +130,7 @@ void Canvas::prepare()
     cairo_set_font_options(cairo_.get(), options.get());
     cairo_set_line_join(cairo_.get(), CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_cap(cairo_.get(), CAIRO_LINE_CAP_ROUND);
+    load_fonts(cairo_.get());
 }
 
 void Canvas::set_colour(const Colour& colour)
