@@ -8,7 +8,7 @@ root_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # What every build needs, and what the command-line program and the tests need on top.
 build_packages=(g++ cmake ninja-build pkg-config)
 tool_packages=(libgdal-dev libcli11-dev libcairo2-dev nlohmann-json3-dev)
-test_packages=(clang libgtest-dev librapidcheck-dev libgeos-dev gdal-bin binutils dpkg-dev python3 git
+test_packages=(clang libgtest-dev librapidcheck-dev libgeos-dev gdal-bin binutils dpkg-dev file python3 git
                doxygen clang-format clang-tidy shellcheck)
 
 say() {
@@ -55,6 +55,14 @@ ensure_packages() {
     as_root apt-get update -qq
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         "${missing[@]}" >/dev/null
+}
+
+# Clang with the run-time of its sanitizers and of libFuzzer, which is a package of its own or a part of clang, from
+# one release to the next.
+ensure_clang() {
+    ensure_packages clang
+    ! echo 'int main() {}' | clang++ -fsanitize=address,undefined -x c++ - -o /dev/null 2>/dev/null || return 0
+    ensure_packages "libclang-rt-$(clang -dumpversion | cut -d. -f1)-dev"
 }
 
 # build_preset <preset> [target...]: configures and builds it on as many cores as there are.
