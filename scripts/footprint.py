@@ -1,13 +1,16 @@
 #!/usr/bin/env python3
 """Prints, in Markdown, the stripped size of libraries and the largest stack frames of their functions.
 
-    footprint.py --strip STRIP --build FOLDER LIBRARY...    FOLDER holds the compiler's .su files
+    footprint.py --strip STRIP --build FOLDER [--document FILE] LIBRARY...
+
+FOLDER holds the compiler's .su files. Ends with status 1 when the tables of the document are others.
 """
 
 import argparse
 import pathlib
 import re
 import subprocess
+import sys
 import tempfile
 
 SHOWN = 12
@@ -20,10 +23,11 @@ def stripped_size(strip, library):
         return copy.stat().st_size
 
 
-def frames(build):
-    """(bytes, file, function) of every function of the library's own sources."""
+def frames(build, names):
+    """(bytes, file, function) of every function of the libraries' own sources."""
     found = {}
-    for usage in pathlib.Path(build).rglob("*_objects.dir/**/*.su"):
+    usages = [usage for name in names for usage in pathlib.Path(build).rglob(f"{name}_objects.dir/**/*.su")]
+    for usage in usages:
         for line in usage.read_text(encoding="utf-8").splitlines():
             place, size, _ = line.split("\t")
             path, _, _, function = place.split(":", 3)
@@ -35,19 +39,34 @@ def frames(build):
     return sorted(((size, *key) for key, size in found.items()), reverse=True)
 
 
+def tables(options):
+    """The lines of both tables."""
+    names = [pathlib.Path(library).name.split(".so")[0] for library in options.libraries]
+    yield "| library | stripped, bytes |"
+    yield "| --- | ---: |"
+    for name, library in zip(names, options.libraries):
+        yield f"| {name} | {stripped_size(options.strip, library)} |"
+    yield ""
+    yield "| function | file | frame, bytes |"
+    yield "| --- | --- | ---: |"
+    for size, path, function in frames(options.build, [name.removeprefix("lib") for name in names])[:SHOWN]:
+        yield f"| `{function}` | `{path}` | {size} |"
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--strip", required=True)
     parser.add_argument("--build", required=True)
+    parser.add_argument("--document", type=pathlib.Path)
     parser.add_argument("libraries", nargs="+")
     options = parser.parse_args()
 
-    print("| library | stripped, bytes |\n| --- | ---: |")
-    for library in options.libraries:
-        print(f"| {pathlib.Path(library).name.split('.so')[0]} | {stripped_size(options.strip, library)} |")
-    print("\n| function | file | frame, bytes |\n| --- | --- | ---: |")
-    for size, path, name in frames(options.build)[:SHOWN]:
-        print(f"| `{name}` | `{path}` | {size} |")
+    lines = list(tables(options))
+    print("\n".join(lines))
+    if options.document:
+        shown = [line for line in options.document.read_text(encoding="utf-8").splitlines() if line.startswith("|")]
+        if shown != [line for line in lines if line]:
+            sys.exit(f"{options.document} shows other figures: put those above in their place")
 
 
 if __name__ == "__main__":
