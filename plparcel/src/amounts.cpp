@@ -18,14 +18,10 @@ bool is_known(Given given)
 
 Wide area_of(const Amount& amount, const Wide& parcel)
 {
-    switch (amount.given) {
-    case Given::as_area:
-        break;
-    case Given::as_product:
+    if (amount.given == Given::as_product)
         return exact_product(amount.first, amount.second);
-    case Given::as_share:
+    if (amount.given == Given::as_share)
         return parcel * amount.first / amount.second;
-    }
     return amount.first;
 }
 

@@ -62,7 +62,7 @@ bool touches_a_vertex(const MeasuredRing& ring, const Cutting& cutting, double r
 
 void append(Ring& piece, const PL_PNT2D_record& p)
 {
-    if (piece.empty() || !same_place(piece.back(), p))
+    if (!same_place(piece.back(), p))
         piece.push_back(p);
 }
 
@@ -90,31 +90,6 @@ bool holds(const Wide& got, const Wide& asked, const Target& target)
     return std::fabs((got - asked).value()) <= tolerance_of(target);
 }
 
-bool are_opposite(const Wide& a, const Wide& b)
-{
-    return (a < 0.0 && b > 0.0) || (a > 0.0 && b < 0.0);
-}
-
-// Whether the line crosses a side that it does not end on. The side belongs to one of the pieces, whose boundary
-// the line is as well, and which then meets itself: this is told in one walk, and that is not.
-bool crosses_a_side(const MeasuredRing& ring, const Cutting& cutting)
-{
-    const WidePoint run = from_to(cutting.from, cutting.to);
-    for (std::size_t side = 0; side < ring.size(); ++side) {
-        if (side == cutting.from_side || side == cutting.to_side)
-            continue;
-        const PL_PNT2D_record& a = ring[side];
-        const PL_PNT2D_record& b = ring.at(side + 1);
-        if (!boxes_meet(a, b, cutting.from, cutting.to, 0.0))
-            continue;
-        const WidePoint d = from_to(a, b);
-        const WidePoint w = from_to(cutting.from, a);
-        if (are_opposite(cross(run, w), cross(run, w + d)) && are_opposite(cross(w, d), cross(w - run, d)))
-            return true;
-    }
-    return false;
-}
-
 // Cuts along the line as it stands in `cutting` and measures. Where the line crosses or touches the boundary
 // between its ends, a piece meets itself; where it runs outside, a piece runs the other way round.
 Verdict measure(const MeasuredRing& ring, bool request_after_from, const Target& target, Cutting& cutting)
@@ -130,8 +105,7 @@ Verdict measure(const MeasuredRing& ring, bool request_after_from, const Target&
     constexpr std::size_t kMinVertices = 3;
     if (cutting.request.size() < kMinVertices || cutting.rest.size() < kMinVertices)
         return Verdict::misses;  // rounded onto a side
-    if (!(got > 0.0) || !(left_over > 0.0) || crosses_a_side(ring, cutting) ||
-        meets_itself(cutting.request) || meets_itself(cutting.rest))
+    if (!(got > 0.0) || !(left_over > 0.0) || meets_itself(cutting.request) || meets_itself(cutting.rest))
         return Verdict::leaves_the_parcel;
     return holds(got, target.asked, target) && holds(left_over, target.rest, target) ? Verdict::divides
                                                                                      : Verdict::misses;

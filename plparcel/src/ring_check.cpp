@@ -76,19 +76,13 @@ bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_
            (a_side == 0 && in_box(c, d, a)) || (b_side == 0 && in_box(c, d, b));
 }
 
-// The sides a-b and b-c: they share b, and more only when the second runs back along the first.
-bool runs_back(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c)
-{
-    return sign(side_of(a, b, c)) == 0 && dot(from_to(b, a), from_to(b, c)) > 0.0;
-}
-
+// Neighbours share a vertex. Where the second runs back along the first, its end lies on the first or the first's
+// start on it, and a side that begins or ends there meets one of the two.
 bool pair_meets(const MeasuredRing& ring, std::size_t i, std::size_t j)
 {
     const std::size_t n = ring.size();
-    if (j == (i + 1) % n)
-        return runs_back(ring[i], ring[j], ring.at(j + 1));
-    if (i == (j + 1) % n)
-        return runs_back(ring[j], ring[i], ring.at(i + 1));
+    if (j == (i + 1) % n || i == (j + 1) % n)
+        return false;
     return segments_meet(ring[i], ring.at(i + 1), ring[j], ring.at(j + 1));
 }
 

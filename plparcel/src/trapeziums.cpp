@@ -47,7 +47,7 @@ private:
         return order;
     }
 
-    // The sides at some vertices: those that end there leave the row, and only then, with none in it that ends
+    // The sides at some vertices: those in the row end there and leave it. Only then, with none in it that ends
     // below, those that begin there join it.
     void pass(const std::vector<std::size_t>& sides, const Wide& above)
     {
@@ -55,13 +55,13 @@ private:
             return (ring_[side].y < above) != (around(ring_, side + 1).y < above);
         };
         for (const std::size_t side : sides) {
-            if (!is_in_row_[side] || is_met(side))
+            if (!is_in_row_[side])
                 continue;
             row_.erase(std::find(row_.begin(), row_.end(), side));
             is_in_row_[side] = false;
         }
         for (const std::size_t side : sides) {
-            if (is_in_row_[side] || !is_met(side))
+            if (!is_met(side))
                 continue;
             row_.insert(place_of(side, above), side);
             is_in_row_[side] = true;

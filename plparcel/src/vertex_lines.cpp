@@ -5,19 +5,18 @@
 namespace plparcel {
 namespace {
 
-// An area that misses a triangle's rim by this part of what was summed up lies on the rim.
+// An area that is larger than a triangle by this part of what was summed up ends with it: rounding must not lose the
+// line to a vertex behind which the boundary turns back.
 constexpr double kRim = 1e-28;
 
-// How much of a triangle is wanted, as a part of it; below 0 or above 1 when that is none or more.
+// How much of a triangle is wanted, as a part of it; below 0 when that is none or more.
 Wide part_of(const Wide& missing, const Wide& triangle, double rim)
 {
     const Wide inwards = triangle < 0.0 ? -missing : missing;
     const Wide size = abs(triangle);
-    if (inwards < 0.0)
-        return inwards < -rim ? -1.0 : 0.0;
-    if (inwards > size)
-        return inwards > size + rim ? 2.0 : 1.0;
-    return size > 0.0 ? inwards / size : Wide(-1.0);
+    if (inwards < 0.0 || inwards > size + rim || !(size > 0.0))
+        return -1.0;
+    return inwards < size ? inwards / size : Wide(1.0);
 }
 
 }  // namespace
@@ -37,7 +36,7 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
         const double rim = kRim * (std::fabs(swept.hi) + std::fabs(triangle.hi));
         swept = swept + triangle;
         const Wide part = part_of(missing, triangle, rim);
-        if (part < 0.0 || part > 1.0)
+        if (part < 0.0)
             continue;
         Chord line;
         line.from = start;
