@@ -4,25 +4,33 @@
 
 namespace test {
 
-void check_cut(const CutRow& row, int modo, int calls)
-{
-    using In = CFrazAreaInspector;
-    SCOPED_TRACE(row.what);
-    const CPoint3dVector parcel = parcel_of(row.request.ring);
-    CFrazArea cut(parcel, row.request.p1, row.request.p2, modo, 1, row.request.area, kUntouched);
-    Answer answer = run(cut);
-    for (int call = 1; call < calls; ++call)
-        answer = run(cut);
+namespace {
 
+CutEnds base_of(const CutRow& row)
+{
+    if (row.side == kNoSide)
+        return row.points;
+    const auto first = static_cast<std::size_t>(row.side);
+    return {row.parcel[first], row.parcel[(first + 1) % row.parcel.size()]};
+}
+
+void check_answer(const CutRow& row, const Answer& answer)
+{
     EXPECT_EQ(answer.done, row.done);
-    EXPECT_POINT(answer.p1, (row.ends.PuntoRis1));
-    EXPECT_POINT(answer.p2, (row.ends.PuntoRis2));
+    EXPECT_POINT(answer.p1, (row.line.first));
+    EXPECT_POINT(answer.p2, (row.line.second));
     EXPECT_BITS(answer.z1, 0.0);
     EXPECT_BITS(answer.z2, 0.0);
-    EXPECT_POINT(In::PuntoRis1(cut), (row.ends.PuntoRis1));
-    EXPECT_POINT(In::PuntoRis2(cut), (row.ends.PuntoRis2));
-    EXPECT_POINT(In::PuntoLato1(cut), (row.ends.PuntoLato1));
-    EXPECT_POINT(In::PuntoLato2(cut), (row.ends.PuntoLato2));
+}
+
+void check_members(const CutRow& row, CFrazArea& cut)
+{
+    using In = CFrazAreaInspector;
+    const CutEnds base = row.base.value_or(base_of(row));
+    EXPECT_POINT(In::PuntoRis1(cut), (row.line.first));
+    EXPECT_POINT(In::PuntoRis2(cut), (row.line.second));
+    EXPECT_POINT(In::PuntoLato1(cut), (base.first));
+    EXPECT_POINT(In::PuntoLato2(cut), (base.second));
     EXPECT_EQ(In::NumIntersez(cut), row.counts.NumIntersez);
     EXPECT_EQ(In::NumPuntiParz(cut), row.counts.NumPuntiParz);
     EXPECT_EQ(In::Trovato(cut), row.counts.Trovato);
@@ -31,7 +39,22 @@ void check_cut(const CutRow& row, int modo, int calls)
     EXPECT_BITS(In::DistLinea(cut), row.measures.DistLinea);
     EXPECT_NEAR(In::AngLinea(cut), row.measures.AngLinea, 1e-10);
     EXPECT_BITS(In::AreaParziale(cut), row.measures.AreaParziale);
-    EXPECT_BITS(In::AreaRichiesta(cut), row.measures.AreaRichiesta);
+    EXPECT_BITS(In::AreaRichiesta(cut), row.measures.AreaRichiesta.value_or(row.area));
+}
+
+}  // namespace
+
+void check_cut(const CutRow& row, int modo, int calls)
+{
+    SCOPED_TRACE(row.what);
+    const CPoint3dVector parcel = parcel_of(row.parcel);
+    const CutEnds base = base_of(row);
+    CFrazArea cut(parcel, base.first, base.second, modo, 1, row.area, kUntouched);
+    Answer answer = run(cut);
+    for (int call = 1; call < calls; ++call)
+        answer = run(cut);
+    check_answer(row, answer);
+    check_members(row, cut);
 }
 
 }  // namespace test

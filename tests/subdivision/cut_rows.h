@@ -2,47 +2,49 @@
 
 // Rows for the two kinds of cut that end in a parallel: request, answer, and what is left in the object.
 
+#include <optional>
+
 #include "support/cut_state.h"
 
 namespace test {
 
-struct CutRequest {
-    Points ring;
-    PL_PNT2D_record p1;  // base side
-    PL_PNT2D_record p2;
-    double area;
-};
+/// The row's `points` are handed over instead of a side.
+constexpr int kNoSide = -1;
 
+/// Two points, in the order of the class's members.
 struct CutEnds {
-    PL_PNT2D_record PuntoRis1;
-    PL_PNT2D_record PuntoRis2;
-    PL_PNT2D_record PuntoLato1;
-    PL_PNT2D_record PuntoLato2;
+    PL_PNT2D_record first = {0.0, 0.0};
+    PL_PNT2D_record second = {0.0, 0.0};
 };
 
 struct CutCounts {
-    std::int32_t NumIntersez;
-    std::int32_t NumPuntiParz;
-    bool Trovato;
-    std::int32_t NumPunti;
-    std::int32_t IndiceInizio;
+    std::int32_t NumIntersez = 0;
+    std::int32_t NumPuntiParz = 0;
+    bool Trovato = false;
+    std::int32_t NumPunti = 0;
+    std::int32_t IndiceInizio = -1;
 };
 
 struct CutMeasures {
-    double DistLinea;
-    double AngLinea;  // within 1e-10 gon: from the platform's arctangent, it decides only bands of a gon
-    double AreaParziale;
-    double AreaRichiesta;
+    double DistLinea = 0.0;
+    double AngLinea =
+        0.0;  // within 1e-10 gon: from the platform's arctangent, it decides only bands of a gon
+    double AreaParziale = 0.0;
+    std::optional<double> AreaRichiesta = {};  // the row's area, unless said otherwise
 };
 
 /// The request, what Esegui answers, and the members as the search leaves them.
 struct CutRow {
     const char* what;
-    CutRequest request;
-    bool done;
-    CutEnds ends;
-    CutCounts counts;
-    CutMeasures measures;
+    Ring parcel;
+    int side = kNoSide;   // the base side, by the index of its first vertex
+    CutEnds points = {};  // what is handed over where that is no side of the parcel, bit by bit
+    double area;          // what is requested
+    bool done = true;
+    CutEnds line = {};                 // what Esegui writes: PuntoRis1, PuntoRis2
+    std::optional<CutEnds> base = {};  // PuntoLato1, PuntoLato2: as handed over, unless said otherwise
+    CutCounts counts = {};
+    CutMeasures measures = {};
 };
 
 /// Runs the request of a row in the given mode and as often as told, and compares all of it.

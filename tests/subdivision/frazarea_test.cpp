@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "cut_parcels.h"
 #include "support/bits.h"
 #include "support/cut_state.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 using In = CFrazAreaInspector;
 using test::Indices;
+using test::kRectangle;
 using test::kUntouched;
 using test::Points;
 
@@ -26,8 +28,6 @@ static_assert(std::is_constructible<CFrazArea, CPoint3dVector&, PL_PNT2D_record,
 static_assert(!std::is_constructible<CFrazArea, CPoint3dVector, PL_PNT2D_record, PL_PNT2D_record, int, int,
                                      double, double>::value,
               "a temporary parcel would be gone before it is read");
-
-const Points kRectangle = {{0, 0}, {128, 0}, {128, 64}, {0, 64}};
 
 TEST(Constructor, NotesTheRequestAndZeroesTheRest)
 {
