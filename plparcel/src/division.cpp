@@ -1,5 +1,7 @@
 #include "plparcel/division.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "amounts.h"
@@ -69,6 +71,14 @@ void cut_all(Stage stage, const Reference& reference, const std::vector<Wide>& a
     division.pieces.push_back(piece_of(std::move(stage.ring), areas.back()));
 }
 
+// Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
+// which coordinate a tie between two doubles is rounded to must not depend on where the caller began.
+MeasuredRing begun_at(Ring ring, std::size_t start)
+{
+    std::rotate(ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(start), ring.end());
+    return MeasuredRing(std::move(ring));
+}
+
 bool is_known(const Request& request)
 {
     const bool cut = request.cut == Cut::parallel || request.cut == Cut::perpendicular ||
@@ -99,7 +109,8 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::side_without_length;
         return division;
     }
-    const Wide parcel = clean.ring.area();
+    MeasuredRing measured = begun_at(clean.ring.take_ring(), start);
+    const Wide parcel = measured.area();
     const Shares shares = share_out(request.amounts, parcel);
     if (shares.refusal) {
         division.status = *shares.refusal;
@@ -107,8 +118,8 @@ Division divide(const Ring& ring, const Request& request)
         return division;
     }
 
-    const Reference reference = {request.cut, clean.ring[start], clean.ring.at(start + 1)};
-    cut_all({std::move(clean.ring), request.cut, start, request.measured, request.ask_library}, reference,
+    const Reference reference = {request.cut, measured[0], measured[1]};
+    cut_all({std::move(measured), request.cut, 0, request.measured, request.ask_library}, reference,
             shares.pieces, parcel, division);
     return division;
 }

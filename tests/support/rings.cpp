@@ -270,6 +270,13 @@ Ring reversed(const Ring& ring)
     return out;
 }
 
+Ring begun_at(const Ring& ring, std::size_t vertex)
+{
+    Ring out(ring);
+    std::rotate(out.begin(), out.begin() + static_cast<std::ptrdiff_t>(vertex), out.end());
+    return out;
+}
+
 Ring with_vertices_on_sides(std::mt19937_64& random, const Ring& ring)
 {
     Ring out;

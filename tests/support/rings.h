@@ -58,6 +58,9 @@ Ring parcel_ring(std::mt19937_64& random, double size);
 /// The same ring the other way round, from the same first vertex.
 Ring reversed(const Ring& ring);
 
+/// The same ring begun at another vertex.
+Ring begun_at(const Ring& ring, std::size_t vertex);
+
 /// With a vertex on some of its sides, as near to them as doubles allow.
 Ring with_vertices_on_sides(std::mt19937_64& random, const Ring& ring);
 

@@ -237,7 +237,8 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 
 /// Divides a parcel.
 ///
-/// @param[in] ring     a simple ring, either direction; repeated vertices and a closing one do no harm
+/// @param[in] ring     a simple ring, either direction; repeated vertices and a closing one do no harm. At which
+///                     vertex it begins makes no difference to status, lines and pieces, to the last bit
 /// @param[in] request  what to cut off
 /// @return `divided` only when every line lies in the parcel with its ends on the boundary and makes exactly
 ///         two pieces of what was left, and every piece holds its amount within 1e-9 of the parcel's area and
