@@ -111,7 +111,7 @@ class Workshop:
         self.programs.append(Program("golden_replay", replay, "golden", [str(v) for v in vectors], False))
         for path in sorted(self.build.glob("fuzz/fuzz_replay_*")):
             if path.is_file() and os.access(path, os.X_OK):
-                corpus = self.source / "fuzz/corpus" / path.name[len("fuzz_replay_") :]
+                corpus = self.source / "fuzz/corpus" / (path.name[len("fuzz_replay_") :] + ".txt")
                 self.programs.append(Program(path.name, path, "fuzz", [str(corpus)], False))
         if len({program.folder for program in self.programs}) < 8:
             raise SetupError(f"tests are missing in {self.build}")
