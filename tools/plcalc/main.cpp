@@ -24,7 +24,7 @@ using tool::ExitStatus;
 using tool::Failure;
 
 // A file name may hold a line break; a message may not.
-std::string on_one_line(std::string text)
+std::string printable(std::string text)
 {
     for (char& c : text)
         if (static_cast<unsigned char>(c) < ' ')
@@ -34,7 +34,7 @@ std::string on_one_line(std::string text)
 
 ExitStatus complain(ExitStatus status, const std::string& text)
 {
-    std::cerr << tool::alarming("plcalc:") << ' ' << on_one_line(text) << '\n';
+    std::cerr << tool::alarming("plcalc:") << ' ' << printable(text) << '\n';
     return status;
 }
 
@@ -43,14 +43,14 @@ void print(const std::string& text)
 {
     std::cout << text << std::flush;
     if (!std::cout)
-        throw Failure(ExitStatus::failed, "the result could not be written to the standard output");
+        throw Failure(ExitStatus::failed, {}, "the result could not be written to the standard output", "");
 }
 
 [[noreturn]] void refuse_arguments(const CLI::App& app, const std::string& what)
 {
     const std::vector<CLI::App*> verbs = app.get_subcommands();
     const std::string verb = verbs.empty() ? "" : " " + verbs.front()->get_name();
-    throw Failure(ExitStatus::wrong_use, what + "; see plcalc" + verb + " --help");
+    throw Failure(ExitStatus::wrong_use, {}, what, "see plcalc" + verb + " --help");
 }
 
 // The parser tells which option has too few or too many values, and counts them; what it needs says more.
@@ -90,7 +90,7 @@ template <std::size_t n> ExitStatus run_chosen(const tool::Verb* const (&verbs)[
         print(output.text);
         return output.status;
     }
-    throw Failure(ExitStatus::wrong_use, "nothing to do; see plcalc --help");
+    throw Failure(ExitStatus::wrong_use, {}, "nothing to do", "see plcalc --help");
 }
 
 ExitStatus run(int argc, char** argv)
@@ -128,7 +128,7 @@ int main(int argc, char** argv)
     try {
         status = run(argc, argv);
     } catch (const Failure& failure) {
-        status = complain(failure.status(), failure.what());
+        status = complain(failure.status, sentence(failure));
     } catch (const std::exception& error) {
         status = complain(ExitStatus::failed, std::string("stopped: ") + error.what());
     }

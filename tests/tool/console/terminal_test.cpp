@@ -79,12 +79,17 @@ TEST_F(Terminal, MessagesAreRedUnlessNoColorIsSet)
 
 TEST_F(Terminal, AProgressBarComesAndGoes)
 {
+    // Many lines each, so that the work takes longer than the half second before the bar, on fast machines too.
     write_many(20000);
-    const test::Result shown =
-        run_on_terminal({"divide", "many.csv", "--parallel", "1", "--parts", "2", "-o", "a.gpkg"}, nullptr);
+    const std::vector<std::string> words = {"divide", "many.csv", "--parallel", "1", "--parts", "9", "-o"};
+    const auto with_output = [&](const char* file) {
+        std::vector<std::string> all = words;
+        all.push_back(file);
+        return all;
+    };
+    const test::Result shown = run_on_terminal(with_output("a.gpkg"), nullptr);
     EXPECT_EQ(shown.status, 0);
-    const test::Result dumb = run_on_terminal(
-        {"divide", "many.csv", "--parallel", "1", "--parts", "2", "-o", "b.gpkg"}, nullptr, "dumb");
+    const test::Result dumb = run_on_terminal(with_output("b.gpkg"), nullptr, "dumb");
     EXPECT_EQ(dumb.out, "Divided  20000 of 20000 parcels\r\nWritten  b.gpkg\r\n");
     const std::size_t bar = shown.out.find("dividing [");
     EXPECT_NE(bar, std::string::npos) << shown.out.substr(0, 200);

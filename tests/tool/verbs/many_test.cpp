@@ -43,6 +43,23 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
     EXPECT_EQ(run.status, 3);
 }
 
+// What is quoted from the file may hold whatever punctuation it likes.
+TEST_F(Many, AReasonIsTheWholeReason)
+{
+    write("lots.csv", "id,WKT\n"
+                      "1,\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n"
+                      "2,\"SRID=32632;POLYGON ((0 0, 9 0, 9 9))\"\n"
+                      "3,circle: 5; 5\n"
+                      "4,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n");
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000");
+    EXPECT_NE(run.out.find("  1: its WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' cannot be read (feature 2)\n"
+                           "  1: its WKT 'circle: 5; 5' cannot be read (feature 3)\n"
+                           "  1: the boundary crosses or touches itself (feature 4)\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_EQ(run.status, 3);
+}
+
 TEST_F(Many, AllDividedIsDone)
 {
     write_lots();

@@ -4,13 +4,21 @@
 
 #include <string>
 
+#include "console/failure.h"
 #include "plparcel/division.h"
 
 namespace tool {
 
+/// The unit of a parcel's coordinates.
+struct LengthUnit {
+    std::string name;     ///< "m"; empty when the file tells none
+    double metres = 1.0;  ///< its length
+};
+
 struct Parcel {
-    std::string where;    ///< the file and the feature, as messages name them
+    Place place;          ///< the file and the feature
     plparcel::Ring ring;  ///< in the file's order, the closing vertex left out
+    LengthUnit unit;      ///< of the ring's coordinates
 };
 
 }  // namespace tool

@@ -181,7 +181,7 @@ PrintedDivision divide_in_print(const Ring& ring, const Asked& asked)
 {
     PrintedDivision printed;
     printed.proven = divide(ring, asked);
-    if (ring.empty())
+    if (printed.proven.status == Status::unusable_boundary)
         return printed;
     printed.resolution = resolution_of(ring, printed.proven.ring.area);
     printed.resolution.area_decimals =

@@ -1,8 +1,8 @@
 #pragma once
 
-// The one home of the program's exit statuses and of the way a verb gives up.
+// The exit statuses, and how the program gives up.
 
-#include <stdexcept>
+#include <exception>
 #include <string>
 
 namespace tool {
@@ -16,17 +16,33 @@ enum class ExitStatus {
     cannot_cut = 4       ///< a parcel that cannot be divided as asked
 };
 
-/// Ends the verb: main() prints the text, one line on stderr, and returns the status.
-class Failure : public std::runtime_error {
-public:
-    /// @param[in] status  what the program returns
-    /// @param[in] text    where: what is wrong; what to do
-    Failure(ExitStatus status, const std::string& text) : std::runtime_error(text), status_(status) {}
+/// What a message is about. It does not name a part that is empty.
+struct Place {
+    std::string file;  ///< as the command line names it
+    std::string
+        feature;  ///< in the file: "feature 3", or "layer lots: feature 3" where there are several layers
 
-    ExitStatus status() const { return status_; }
-
-private:
-    ExitStatus status_;
+    /// "lots.gpkg: layer lots: feature 3".
+    std::string text() const;
 };
+
+/// Ends the verb. main() makes a sentence of it and returns its status.
+struct Failure : std::exception {
+    Failure(ExitStatus failure_status, Place failure_place, std::string what_is_wrong, std::string what_to_do,
+            std::string more = "");
+
+    /// `problem`, for those who know no more than std::exception.
+    const char* what() const noexcept override { return problem.c_str(); }
+
+    ExitStatus status;    ///< what the program returns
+    Place place;          ///< empty where the command line itself is wrong
+    std::string problem;  ///< what is wrong; parcels with the same problem are counted together
+    std::string advice;   ///< what to do; may be empty
+    std::string detail;   ///< where exactly the parcel has the problem; may be empty
+};
+
+/// "lots.csv: feature 4: the boundary crosses itself: side 1 meets side 3; correct it": place, problem, detail and
+/// advice.
+std::string sentence(const Failure& failure);
 
 }  // namespace tool

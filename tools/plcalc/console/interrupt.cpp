@@ -37,7 +37,7 @@ InterruptGuard::~InterruptGuard()
 void InterruptGuard::check() const
 {
     if (interrupted != 0)
-        throw Failure(ExitStatus::failed, "interrupted; nothing was written");
+        throw Failure(ExitStatus::failed, {}, "interrupted", "nothing was written");
 }
 
 }  // namespace tool

@@ -14,14 +14,14 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void refuse_existing(const fs::path& path)
 {
-    throw Failure(ExitStatus::wrong_use,
-                  path.string() + ": there is such a file; choose another name or give --overwrite");
+    throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "there is such a file",
+                  "choose another name or give --overwrite");
 }
 
 [[noreturn]] void fail(const fs::path& path, const std::string& why)
 {
-    throw Failure(ExitStatus::failed, path.string() + ": it cannot be written (" + why +
-                                          "); check the folder and its permissions");
+    throw Failure(ExitStatus::failed, {path.string(), ""}, "it cannot be written (" + why + ")",
+                  "check the folder and its permissions");
 }
 
 }  // namespace
@@ -30,7 +30,7 @@ PendingOutput::PendingOutput(const std::string& path, bool overwrite) : target_(
 {
     std::error_code error;
     if (!target_.has_filename() || fs::is_directory(target_, error))
-        throw Failure(ExitStatus::wrong_use, path + ": this is a folder; name a file in it");
+        throw Failure(ExitStatus::wrong_use, {path, ""}, "this is a folder", "name a file in it");
     if (!overwrite_ && fs::exists(target_, error))
         refuse_existing(target_);
     const fs::path parent = target_.has_parent_path() ? target_.parent_path() : fs::path(".");

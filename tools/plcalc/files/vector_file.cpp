@@ -1,6 +1,13 @@
 #include "files/vector_file.h"
 
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include <cpl_conv.h>
 #include <cpl_string.h>
+
+#include "console/failure.h"
 
 namespace tool {
 namespace {
@@ -18,6 +25,28 @@ CPLStringList open_options(const std::string& file)
     return options;
 }
 
+Failure why_not_opened(const std::string& file, const GdalMessages& messages)
+{
+    const auto failure = [&](const std::string& problem, const std::string& advice) {
+        return Failure(ExitStatus::unusable_input, {file, ""}, problem, advice);
+    };
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(file, ignored);
+    if (!std::filesystem::exists(status))
+        return failure("there is no such file" + messages.remark(), "check the name");
+    if (std::filesystem::is_directory(status))
+        return failure("this is a directory in which GDAL finds no vector file", "name the file itself");
+    if (!std::ifstream(file).good())
+        return failure("the file may not be read", "check its permissions");
+    if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, ignored) == 0)
+        return failure("the file is empty", "write the parcel to it again");
+    if (EQUAL(CPLGetExtension(file.c_str()), "csv"))
+        return failure("not a table that GDAL can read",
+                       "a CSV file needs a header and at least two columns");
+    return failure("not a vector file that GDAL can read" + messages.remark(),
+                   "convert it, for example to GeoPackage");
+}
+
 }  // namespace
 
 GDALDatasetUniquePtr open_vector_file(const std::string& file)
@@ -26,6 +55,14 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file)
     const CPLStringList options = open_options(file);
     CPLErrorReset();
     return GDALDatasetUniquePtr(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
+}
+
+GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages)
+{
+    GDALDatasetUniquePtr dataset = open_vector_file(file);
+    if (dataset == nullptr)
+        throw why_not_opened(file, messages);
+    return dataset;
 }
 
 bool is_wkt_column(const std::string& name)

@@ -39,7 +39,7 @@ FootTable foot_of(const Plan& plan, const AtFoot& at_foot, Canvas& canvas, const
 PlanLayout layout_for(const Plan& plan, Paper paper, const AtFoot& at_foot)
 {
     Canvas trial;
-    return {plan.ring, plan.metres, paper,
+    return {plan.ring, plan.unit.metres, paper,
             [&](const SheetBox& frame) { return foot_of(plan, at_foot, trial, frame).height(); }};
 }
 
@@ -176,13 +176,13 @@ private:
             canvas_.fill(field, i % 2 == 0 ? kInk : kPaper);
             canvas_.stroke(field, true, kInk, 0.6);
         }
-        const std::string unit = plan_.unit.empty() ? "" : " " + plan_.unit;
+        const std::string unit = plan_.unit.name.empty() ? "" : " " + plan_.unit.name;
         canvas_.text("0", {left, right_end.y + 13.0}, kSmallSize, kInk);
         canvas_.text(shortest(length) + unit, {right_end.x, right_end.y + 13.0}, kSmallSize, kInk,
                      Anchor::right);
         canvas_.text("Scale 1:" + shortest(layout_.denominator()) + " on " + paper_name(paper_),
                      {right_end.x, right_end.y + 28.0}, kTextSize, kInk, Anchor::right, true);
-        if (plan_.unit.empty())
+        if (plan_.unit.name.empty())
             canvas_.text("coordinates taken as metres", {right_end.x, right_end.y + 40.0}, kSmallSize, kGrey,
                          Anchor::right);
     }

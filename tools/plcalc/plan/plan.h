@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "answers/parcel.h"
 #include "answers/resolution.h"
 #include "plparcel/division.h"
 
@@ -22,8 +23,7 @@ struct Plan {
     std::optional<std::size_t> base_side;    ///< drawn thick
     std::optional<std::size_t> base_vertex;  ///< ringed
     Resolution resolution;
-    double metres = 1.0;  ///< length of the unit
-    std::string unit;     ///< its name, "m"; empty when nobody told
+    LengthUnit unit;  ///< of the coordinates
 };
 
 }  // namespace tool

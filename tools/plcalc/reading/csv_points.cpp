@@ -28,19 +28,18 @@ int find_field(const OGRFeatureDefn& table, const char* name)
     return -1;
 }
 
-double coordinate(const OGRFeature& row, int field, const std::string& where)
+double coordinate(const OGRFeature& row, int field, const tool::Place& file)
 {
     const std::string text = row.GetFieldAsString(field);
     const std::optional<double> value = tool::parse_number(text);
     if (value)
         return *value;
     const std::string name = stripped(row.GetFieldDefnRef(field)->GetNameRef());
-    const std::string what = text.empty() ? " is empty; fill it in"
-                                          : " is '" + text +
-                                                "', not a number; write it with a point before "
-                                                "the decimals";
-    throw tool::Failure(tool::ExitStatus::unusable_input,
-                        where + ": row " + std::to_string(row.GetFID()) + ": " + name + what);
+    const tool::Place place = {file.file, "row " + std::to_string(row.GetFID())};
+    if (text.empty())
+        throw tool::Failure(tool::ExitStatus::unusable_input, place, name + " is empty", "fill it in");
+    throw tool::Failure(tool::ExitStatus::unusable_input, place, name + " is '" + text + "', not a number",
+                        "write it with a point before the decimals");
 }
 
 }  // namespace
@@ -57,12 +56,11 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table)
     return std::nullopt;
 }
 
-std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns,
-                                         const std::string& where)
+std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns, const Place& file)
 {
     std::vector<PL_PNT2D_record> points;
     for (const OGRFeatureUniquePtr& row : table)
-        points.push_back({coordinate(*row, columns.east, where), coordinate(*row, columns.north, where)});
+        points.push_back({coordinate(*row, columns.east, file), coordinate(*row, columns.north, file)});
     return points;
 }
 

@@ -8,6 +8,7 @@
 
 #include <ogrsf_frmts.h>
 
+#include "console/failure.h"
 #include "plcalc/kernel.h"
 
 namespace tool {
@@ -24,9 +25,9 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 
 /// The rows as points, in the file's order.
 ///
+/// @param[in] file  the file, for messages
 /// @throws Failure  unusable_input for a row without a number in both columns. A comma before the decimals is
 ///                  refused rather than guessed at: 1,250 is one thing here and another there.
-std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns,
-                                         const std::string& where);
+std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns, const Place& file);
 
 }  // namespace tool

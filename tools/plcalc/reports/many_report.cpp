@@ -1,6 +1,7 @@
 #include "reports/many_report.h"
 
 #include "reports/divide_report.h"
+#include "reports/refusal.h"
 #include "text/numbers.h"
 #include "text/table.h"
 
@@ -8,13 +9,6 @@ namespace tool {
 namespace {
 
 constexpr std::size_t kMaxListed = 5;
-
-// What is wrong, without the file and the feature before it and what to do after it.
-std::string core_of(const Failure& failure, const std::string& where)
-{
-    const std::string text = std::string(failure.what()).substr(where.size() + 2);
-    return text.substr(0, text.find_first_of(":;"));
-}
 
 std::string listed(const Refusals& refusals)
 {
@@ -26,43 +20,45 @@ std::string listed(const Refusals& refusals)
 
 }  // namespace
 
-std::string ManyReport::refuse(const ReadParcel& read, const Failure& failure, const std::string& reason)
+std::string ManyReport::refuse(const Failure& failure, const std::string& reason)
 {
     ++refused_;
     Refusals& refusals = refusals_[reason];
     ++refusals.count;
     if (refusals.first_names.size() < kMaxListed)
-        refusals.first_names.push_back(read.name);
-    if (status_ == ExitStatus::done || failure.status() < status_)
-        status_ = failure.status();
+        refusals.first_names.push_back(failure.place.feature);
+    if (status_ == ExitStatus::done || failure.status < status_)
+        status_ = failure.status;
     if (keep_ == Keep::json)
         parcels_.push_back(
-            {{"parcel", read.parcel.where}, {"status", "refused"}, {"reason", failure.what()}});
+            {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}});
     return reason;
 }
 
-std::string ManyReport::add(const ReadParcel& read, const PrintedDivision* printed)
+std::string ManyReport::add(const Failure& problem)
 {
-    if (printed == nullptr) {
-        return refuse(read, *read.problem, core_of(*read.problem, read.parcel.where));
-    }
-    if (!printed->done()) {
-        return refuse(read, division_failure(read.parcel, asked_, *printed), refusal_reason(*printed));
-    }
+    return refuse(problem, problem.problem);
+}
+
+std::string ManyReport::add(const Answer& answer)
+{
+    if (!answer.printed.done())
+        return refuse(refusal(answer), refusal_reason(answer));
     ++divided_;
     if (keep_ == Keep::json)
-        parcels_.push_back(division_json(read.parcel, asked_, *printed));
+        parcels_.push_back(division_json(answer));
     if (keep_ == Keep::rows)
-        keep_rows(read, *printed);
+        keep_rows(answer);
     return "";
 }
 
-void ManyReport::keep_rows(const ReadParcel& read, const PrintedDivision& printed)
+void ManyReport::keep_rows(const Answer& answer)
 {
+    const PrintedDivision& printed = answer.printed;
     const int decimals = printed.resolution.decimals;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
         const PL_LINE_2D_record& line = printed.lines[i];
-        rows_.push_back({read.name, std::to_string(i + 1), fixed(line.start.x, decimals),
+        rows_.push_back({answer.parcel.place.feature, std::to_string(i + 1), fixed(line.start.x, decimals),
                          fixed(line.start.y, decimals), fixed(line.end.x, decimals),
                          fixed(line.end.y, decimals),
                          fixed(printed.areas[i], printed.resolution.area_decimals)});

@@ -7,10 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "answers/printed_division.h"
-#include "answers/request.h"
+#include "answers/answer.h"
+#include "console/failure.h"
 #include "console/output.h"
-#include "reading/parcel_reader.h"
 #include "text/json.h"
 
 namespace tool {
@@ -23,17 +22,20 @@ struct Refusals {
 
 class ManyReport {
 public:
-    /// What is kept of each parcel: of a million, what nobody prints would fill the memory.
+    /// What is kept of each parcel. Layers can hold a million; keep only what will be printed.
     enum class Keep { rows, json, counts };
 
-    ManyReport(const Asked& asked, Keep keep) : asked_(asked), keep_(keep) {}
+    explicit ManyReport(Keep keep) : keep_(keep) {}
 
-    /// A parcel that was read.
+    /// A parcel that was divided or refused.
     ///
-    /// @param[in] read     the parcel
-    /// @param[in] printed  its division, or null when there was a problem with the parcel
     /// @return why it was refused; empty when it was divided
-    std::string add(const ReadParcel& read, const PrintedDivision* printed);
+    std::string add(const Answer& answer);
+
+    /// A parcel that could not be worked on.
+    ///
+    /// @return why
+    std::string add(const Failure& problem);
 
     /// Rows, where they were kept, and summary. Its status is not `done` when a parcel was refused: that of the
     /// refusal, the smallest when there are several.
@@ -45,11 +47,10 @@ public:
     Output json(const std::vector<std::string>& written) const;
 
 private:
-    void keep_rows(const ReadParcel& read, const PrintedDivision& printed);
+    void keep_rows(const Answer& answer);
     Output summary(std::size_t passed_over) const;
-    std::string refuse(const ReadParcel& read, const Failure& failure, const std::string& reason);
+    std::string refuse(const Failure& failure, const std::string& reason);
 
-    const Asked& asked_;
     Keep keep_;
     std::vector<std::vector<std::string>> rows_;
     Json parcels_ = Json::array();

@@ -42,8 +42,8 @@ std::string vertices_table(const Parcel& parcel, const Measures& measures, const
 std::string measures_table(const Parcel& parcel, const Measures& measures)
 {
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
-    return "Parcel  " + parcel.where + "\n        " + std::to_string(parcel.ring.size()) + " vertices, " +
-           direction_name(measures.anticlockwise) + "\n\n" +
+    return "Parcel  " + parcel.place.text() + "\n        " + std::to_string(parcel.ring.size()) +
+           " vertices, " + direction_name(measures.anticlockwise) + "\n\n" +
            labelled({{"Area", {fixed(measures.area, resolution.area_decimals)}},
                      {"Perimeter", {fixed(measures.perimeter, resolution.decimals)}}}) +
            "\n" + sides_table(measures, resolution) + "\n" + vertices_table(parcel, measures, resolution);
@@ -53,7 +53,7 @@ std::string measures_json(const Parcel& parcel, const Measures& measures)
 {
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
     Json json;
-    json["parcel"] = parcel.where;
+    json["parcel"] = parcel.place.text();
     json["orientation"] = direction_name(measures.anticlockwise);
     json["area"] = number(measures.area, resolution.area_decimals);
     json["perimeter"] = number(measures.perimeter, resolution.decimals);

@@ -11,7 +11,8 @@
 namespace tool {
 namespace {
 
-constexpr double kRadPerGon = 0.015707963267948967;
+// Arc of a gon at radius 1, which is half a turn of 200 gons.
+constexpr double kArcOfGon = 3.141592653589793 / 200.0;
 
 // The table's cells: name, E, N, angle, distance, abscissa, ordinate.
 std::vector<std::string> cells_of(const StakeoutSheet& sheet, const SetOut& point)
@@ -51,7 +52,7 @@ int angle_decimals_for(const std::vector<SetOut>& points, const Resolution& reso
     for (const SetOut& point : points)
         farthest = std::max(farthest, point.distance);
     const double step = std::pow(10.0, -resolution.decimals);
-    return farthest > 0.0 ? std::min(kMaxDecimals, decimals_for(step / (farthest * kRadPerGon)))
+    return farthest > 0.0 ? std::min(kMaxDecimals, decimals_for(step / (farthest * kArcOfGon)))
                           : kAngleDecimals;
 }
 
@@ -62,8 +63,9 @@ std::string stakeout_table(const StakeoutSheet& sheet)
         {"Point", "E", "N", "Angle, gon", "Distance", "Along", "Right"}};
     for (const SetOut& point : sheet.points)
         rows.push_back(cells_of(sheet, point));
-    return "Parcel       " + sheet.where + "\nStation      " + described(sheet.setup.station, decimals) +
-           "\nOrientation  " + described(sheet.setup.orientation, decimals) + "\nBase line    " +
+    return "Parcel       " + sheet.parcel.text() + "\nStation      " +
+           described(sheet.setup.station, decimals) + "\nOrientation  " +
+           described(sheet.setup.orientation, decimals) + "\nBase line    " +
            described(sheet.base.from, decimals) + "\n             " + described(sheet.base.to, decimals) +
            "\n\n" + columns(rows);
 }
@@ -88,7 +90,7 @@ std::string stakeout_json(const StakeoutSheet& sheet)
         return Json{{"name", p.name}, {"e", number(p.at.x, decimals)}, {"n", number(p.at.y, decimals)}};
     };
     Json json;
-    json["parcel"] = sheet.where;
+    json["parcel"] = sheet.parcel.text();
     json["station"] = point(sheet.setup.station);
     json["orientation"] = point(sheet.setup.orientation);
     json["base_line"] = {point(sheet.base.from), point(sheet.base.to)};

@@ -13,7 +13,7 @@ namespace tool {
 
 /// Everything about one job of setting out.
 struct StakeoutSheet {
-    std::string where;  ///< the parcel
+    Place parcel;  ///< where the parcel stands
     Setup setup;
     BaseLine base;
     std::vector<SetOut> points;

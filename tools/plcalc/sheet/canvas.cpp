@@ -88,9 +88,9 @@ cairo_surface_t* make_surface(const std::string& path, const SheetPoint& sheet)
 void require(cairo_status_t status, const std::string& name)
 {
     if (status != CAIRO_STATUS_SUCCESS)
-        throw Failure(ExitStatus::failed, name + ": the plan could not be written (" +
-                                              cairo_status_to_string(status) +
-                                              "); check the folder and the room on the disk");
+        throw Failure(ExitStatus::failed, {name, ""},
+                      std::string("the plan could not be written (") + cairo_status_to_string(status) + ")",
+                      "check the folder and the room on the disk");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "plan/drawing.h"
 #include "reports/divide_report.h"
 #include "reports/many_report.h"
+#include "reports/refusal.h"
 #include "sheet/canvas.h"
 #include "verbs/help.h"
 #include "writing/division_writer.h"
@@ -53,13 +54,12 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) 
 }
 
 // Drawn, but not yet in its place; null when none is asked for.
-std::unique_ptr<PendingOutput> DivideVerb::draw(const ReadParcel& read, const Asked& asked,
-                                                const PrintedDivision& printed) const
+std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer) const
 {
     if (!given("--plan"))
         return nullptr;
     std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_);
-    draw_plan(plan_of(read, asked, printed), *paper_of(paper_), output->path(), plan_);
+    draw_plan(plan_of(answer), *paper_of(paper_), output->path(), plan_);
     return output;
 }
 
@@ -67,49 +67,59 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
 {
     const std::optional<ReadParcel> read = file.next();
     if (!read)
-        throw Failure(ExitStatus::unusable_input,
-                      source().file + ": it cannot be read a second time; leave the file as it is");
+        throw vanished(source());
     if (read->problem)
         throw *read->problem;
-    const PrintedDivision printed = divide_in_print(read->parcel.ring, asked);
-    if (!printed.done())
-        throw division_failure(read->parcel, asked, printed);
+    const Answer answer = tool::answer(read->parcel, asked);
+    if (!answer.printed.done())
+        throw refusal(answer);
     // Both are made before either is put into its place.
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     if (writer != nullptr)
-        writer->add(*read, printed.proven);
-    const std::unique_ptr<PendingOutput> plan = draw(*read, asked, printed);
+        writer->add(*read, answer.printed.proven);
+    const std::unique_ptr<PendingOutput> plan = draw(answer);
     guard.check();
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (plan != nullptr)
         plan->commit();
     if (!json_)
-        return {division_table(read->parcel, asked, printed) + written_lines(written)};
-    ManyReport report(asked, ManyReport::Keep::json);
-    report.add(*read, &printed);
+        return {division_table(answer) + written_lines(written)};
+    ManyReport report(ManyReport::Keep::json);
+    report.add(answer);
     return report.json(written);
+}
+
+// Into the report and, where there is a writer, into the layers.
+void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& report,
+                     DivisionWriter* writer) const
+{
+    if (read.problem) {
+        const std::string reason = report.add(*read.problem);
+        if (writer != nullptr)
+            writer->add_refused(read, reason);
+        return;
+    }
+    const Answer answer = tool::answer(read.parcel, asked);
+    const std::string refused = report.add(answer);
+    if (writer != nullptr && refused.empty())
+        writer->add(read, answer.printed.proven);
+    else if (writer != nullptr)
+        writer->add_refused(read, refused);
 }
 
 Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
 {
     if (given("--plan"))
-        file.refuse_choice("--plan draws one of them");
+        file.refuse_several("--plan draws one of them");
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     using Keep = ManyReport::Keep;
-    ManyReport report(asked, json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
+    ManyReport report(json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
     while (const std::optional<ReadParcel> read = file.next()) {
-        PrintedDivision printed;
-        if (!read->problem)
-            printed = divide_in_print(read->parcel.ring, asked);
-        const std::string refused = report.add(*read, read->problem ? nullptr : &printed);
-        if (writer != nullptr && refused.empty())
-            writer->add(*read, printed.proven);
-        else if (writer != nullptr)
-            writer->add_refused(*read, refused);
+        add(*read, asked, report, writer.get());
         progress.step();
         guard.check();
     }

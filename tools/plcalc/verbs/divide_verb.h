@@ -5,13 +5,14 @@
 #include <memory>
 #include <string>
 
-#include "answers/printed_division.h"
-#include "reading/parcel_reader.h"
+#include "answers/answer.h"
+#include "reading/parcel_file.h"
 #include "verbs/cut_options.h"
 
 namespace tool {
 
 class DivisionWriter;
+class ManyReport;
 class PendingOutput;
 
 class DivideVerb : public CuttingVerb {
@@ -24,9 +25,9 @@ private:
     void check_outputs() const;
     std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file) const;
     Output one(ParcelFile& file, const Asked& asked) const;
+    void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
     Output many(ParcelFile& file, const Asked& asked) const;
-    std::unique_ptr<PendingOutput> draw(const ReadParcel& read, const Asked& asked,
-                                        const PrintedDivision& printed) const;
+    std::unique_ptr<PendingOutput> draw(const Answer& answer) const;
 
     bool json_ = false;
     bool overwrite_ = false;

@@ -1,6 +1,7 @@
 #include "verbs/measure_verb.h"
 
 #include "answers/measure.h"
+#include "reading/parcel_file.h"
 #include "reports/measure_report.h"
 #include "verbs/help.h"
 
@@ -14,6 +15,7 @@ MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
 Output MeasureVerb::work() const
 {
     const Parcel parcel = read_parcel(source()).parcel;
+    require_usable(parcel);
     const Measures measures = measure(parcel.ring);
     return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
 }

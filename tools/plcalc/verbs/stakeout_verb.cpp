@@ -4,8 +4,9 @@
 #include <cmath>
 #include <optional>
 
-#include "answers/printed_division.h"
-#include "reports/divide_report.h"
+#include "answers/answer.h"
+#include "reading/parcel_file.h"
+#include "reports/refusal.h"
 #include "reports/stakeout_report.h"
 #include "text/numbers.h"
 #include "verbs/help.h"
@@ -59,9 +60,8 @@ NamedPoint StakeoutVerb::place(const std::string& option, const std::string& tex
                   "' is not a place; write it as E,N with points before the decimals, "
                   "or as the number of a vertex");
     if (*number < 1 || static_cast<unsigned long long>(*number) > parcel.ring.size())
-        throw Failure(ExitStatus::wrong_use, parcel.where + ": there is no vertex " + text +
-                                                 "; the parcel has vertices 1 to " +
-                                                 std::to_string(parcel.ring.size()));
+        throw Failure(ExitStatus::wrong_use, parcel.place, "there is no vertex " + text,
+                      "the parcel has vertices 1 to " + std::to_string(parcel.ring.size()));
     return vertex(parcel, static_cast<std::size_t>(*number - 1));
 }
 
@@ -78,15 +78,14 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 {
     const long long number = given("--base") ? whole("--base", base_) : asks_for_cut() ? asked().number : 1;
     if (number < 1 || static_cast<unsigned long long>(number) > parcel.ring.size())
-        throw Failure(ExitStatus::wrong_use, parcel.where + ": there is no side " + std::to_string(number) +
-                                                 "; the parcel has sides 1 to " +
-                                                 std::to_string(parcel.ring.size()));
+        throw Failure(ExitStatus::wrong_use, parcel.place, "there is no side " + std::to_string(number),
+                      "the parcel has sides 1 to " + std::to_string(parcel.ring.size()));
     const std::size_t first = static_cast<std::size_t>(number - 1);
     BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
     if (same(base.from, base.to))
-        throw Failure(ExitStatus::wrong_use, parcel.where + ": side " + std::to_string(number) +
-                                                 " has no length, its two vertices are one point; choose "
-                                                 "another with --base");
+        throw Failure(ExitStatus::wrong_use, parcel.place,
+                      "side " + std::to_string(number) + " has no length, its two vertices are one point",
+                      "choose another with --base");
     return base;
 }
 
@@ -94,9 +93,10 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
 {
     const Asked request = asked();
-    const PrintedDivision printed = divide_in_print(parcel.ring, request);
+    const Answer answer = tool::answer(parcel, request);
+    const PrintedDivision& printed = answer.printed;
     if (!printed.done())
-        throw division_failure(parcel, request, printed);
+        throw refusal(answer);
     resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
     std::vector<NamedPoint> ends;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
@@ -130,8 +130,10 @@ Output StakeoutVerb::work() const
     if (csv_ && json_)
         wrong_use("give one of --csv and --json");
     const Parcel parcel = read_parcel(source()).parcel;
+    if (!asks_for_cut())
+        require_usable(parcel);  // a division does so itself
     StakeoutSheet sheet;
-    sheet.where = parcel.where;
+    sheet.parcel = parcel.place;
     sheet.setup = setup(parcel);
     sheet.base = base_line(parcel);
     sheet.resolution = resolution_of(parcel.ring, 1.0);

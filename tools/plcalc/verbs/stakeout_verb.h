@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "answers/parcel.h"
 #include "answers/resolution.h"
 #include "answers/stakeout.h"
 #include "verbs/cut_options.h"

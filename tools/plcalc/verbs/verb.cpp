@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 
+#include "reports/refusal.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -21,7 +22,14 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
 
 void Verb::wrong_use(const std::string& what) const
 {
-    throw Failure(ExitStatus::wrong_use, what + "; see plcalc " + app_->get_name() + " --help");
+    throw Failure(ExitStatus::wrong_use, {}, what, "see plcalc " + app_->get_name() + " --help");
+}
+
+void Verb::require_usable(const Parcel& parcel)
+{
+    const plparcel::RingReport report = plparcel::check_ring(parcel.ring);
+    if (report.status != plparcel::BoundaryStatus::usable)
+        throw unusable_boundary(parcel, report);
 }
 
 Source Verb::source() const

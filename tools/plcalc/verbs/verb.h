@@ -7,8 +7,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include "answers/parcel.h"
 #include "console/output.h"
-#include "reading/parcel_reader.h"
+#include "reading/source.h"
 
 namespace tool {
 
@@ -46,6 +47,11 @@ protected:
 
     /// An area or a length: finite and above 0.
     double amount(const std::string& option, const std::string& text) const;
+
+    /// For a verb that does not divide, which would check the ring itself.
+    ///
+    /// @throws Failure  unusable_input for a parcel whose ring cannot be worked on
+    static void require_usable(const Parcel& parcel);
 
     [[noreturn]] void wrong_use(const std::string& what) const;
 

@@ -156,15 +156,16 @@ DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, OGRLayer
 
 void DivisionWriter::refuse_format(const std::string& why) const
 {
-    throw Failure(ExitStatus::wrong_use, file_ + ": this format (" + format_.driver().GetDescription() +
-                                             ") " + why + "; name it .gpkg for a GeoPackage");
+    throw Failure(ExitStatus::wrong_use, {file_, ""},
+                  std::string("this format (") + format_.driver().GetDescription() + ") " + why,
+                  "name it .gpkg for a GeoPackage");
 }
 
 void DivisionWriter::require(bool ok) const
 {
     if (!ok)
-        throw Failure(ExitStatus::failed, file_ + ": it could not be written" + messages_.remark() +
-                                              "; try another format, such as OUT.gpkg");
+        throw Failure(ExitStatus::failed, {file_, ""}, "it could not be written" + messages_.remark(),
+                      "try another format, such as OUT.gpkg");
 }
 
 void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* crs)
@@ -254,11 +255,11 @@ void DivisionWriter::add_refused(const ReadParcel& read, const std::string& reas
         return;
     const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
-    if (!read.parcel.ring.empty()) {
+    if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
+        feature->SetGeometry(geometry);
+    } else if (!read.parcel.ring.empty()) {
         const OGRPolygon polygon = polygon_of(read.parcel.ring);
         feature->SetGeometry(&polygon);
-    } else if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
-        feature->SetGeometry(geometry);
     }
     if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())
         return;

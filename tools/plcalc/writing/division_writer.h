@@ -10,10 +10,9 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
-#include "answers/printed_division.h"
 #include "files/gdal_messages.h"
 #include "files/pending_output.h"
-#include "reading/parcel_reader.h"
+#include "reading/parcel_file.h"
 #include "writing/output_format.h"
 
 namespace tool {

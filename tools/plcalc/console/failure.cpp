@@ -1,0 +1,29 @@
+#include "console/failure.h"
+
+#include <utility>
+
+namespace tool {
+
+std::string Place::text() const
+{
+    return file.empty() || feature.empty() ? file + feature : file + ": " + feature;
+}
+
+Failure::Failure(ExitStatus failure_status, Place failure_place, std::string what_is_wrong,
+                 std::string what_to_do, std::string more)
+    : status(failure_status), place(std::move(failure_place)), problem(std::move(what_is_wrong)),
+      advice(std::move(what_to_do)), detail(std::move(more))
+{}
+
+std::string sentence(const Failure& failure)
+{
+    const std::string place = failure.place.text();
+    std::string text = place.empty() ? failure.problem : place + ": " + failure.problem;
+    if (!failure.detail.empty())
+        text += ": " + failure.detail;
+    if (!failure.advice.empty())
+        text += "; " + failure.advice;
+    return text;
+}
+
+}  // namespace tool

@@ -1,0 +1,46 @@
+#include "reading/csv_wkt.h"
+
+#include <cstddef>
+#include <string>
+
+#include <cpl_string.h>
+
+#include "files/vector_file.h"
+
+namespace tool {
+namespace {
+
+// A longer text is quoted by its beginning.
+constexpr std::size_t kMaxQuoted = 40;
+
+std::string wkt_of(const OGRFeature& row)
+{
+    for (int field = 0; field < row.GetFieldCount(); ++field)
+        if (is_wkt_column(row.GetFieldDefnRef(field)->GetNameRef()))
+            return row.GetFieldAsString(field);
+    return "";
+}
+
+std::string quoted(const std::string& text)
+{
+    return "'" + (text.size() > kMaxQuoted ? text.substr(0, kMaxQuoted) + "..." : text) + "'";
+}
+
+}  // namespace
+
+bool has_broken_wkt(const OGRFeature& row)
+{
+    return row.GetGeometryRef() == nullptr && !wkt_of(row).empty();
+}
+
+Failure broken_wkt(const OGRFeature& row, const Place& place)
+{
+    const std::string wkt = wkt_of(row);
+    const bool nan = CPLString(wkt).ifind("nan") != std::string::npos;
+    return {ExitStatus::unusable_input, place,
+            "its WKT " + quoted(wkt) + " cannot be read" +
+                (nan ? ", a coordinate in it is not a number" : ""),
+            "correct it"};
+}
+
+}  // namespace tool

@@ -1,0 +1,29 @@
+#pragma once
+
+// A request in words: which cut, how much, and what each piece is called.
+
+#include <cstddef>
+#include <string>
+
+#include "answers/request.h"
+
+namespace tool {
+
+/// "side 3".
+std::string numbered(const char* what, long long number);
+
+/// "parallel to side 1, from vertex 1 to vertex 2".
+///
+/// @param[in] vertices  how many the parcel has
+std::string described_cut(const Asked& asked, std::size_t vertices);
+
+/// "40 x 50, 1/3": as they were given. Many equal ones are counted: "9 times 1/10".
+std::string described_amounts(const Asked& asked);
+
+/// "Cut parallel to side 1, from vertex 1 to vertex 2: 40 x 50".
+std::string cut_sentence(const Asked& asked, std::size_t vertices);
+
+/// What a piece is, from 0 to the last one, which is the rest: "along side 2", "rest".
+std::string piece_name(const Asked& asked, std::size_t vertices, std::size_t piece);
+
+}  // namespace tool

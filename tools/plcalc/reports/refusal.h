@@ -1,0 +1,25 @@
+#pragma once
+
+// Why there is no dividing line, or why nothing at all can be done with a parcel.
+
+#include <string>
+
+#include "answers/answer.h"
+#include "console/failure.h"
+
+namespace tool {
+
+/// The failure that ends the verb.
+///
+/// @param[in] answer  one that is not done()
+Failure refusal(const Answer& answer);
+
+/// The same in a few words without numbers, for counting.
+std::string refusal_reason(const Answer& answer);
+
+/// A ring that nothing can be done with.
+///
+/// @param[in] report  of the parcel's ring, which is not usable
+Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& report);
+
+}  // namespace tool
