@@ -150,12 +150,12 @@ PLCALC_API bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_
 ///
 /// Move the ring and the point to a local origin first: subtract one vertex from all of them. The margins grow
 /// with the coordinates. At 500,000 East and 5,000,000 North a point within 0.5 of level with a corner may come
-/// out wrong however far it is from the boundary: 13,101 of 2,000,000 points in rings of 12 vertices, 100 across.
-/// At a local origin 5 did, none farther than 0.0001 from the boundary.
+/// out wrong however far it is from the boundary: 13,101 of 2,000,000 points in rings of 12 vertices, 100
+/// across. At a local origin 5 did, none farther than 0.0001 from the boundary.
 ///
 /// The work is bounded: in a ring of n vertices a count can be in about 3 n states at most. The longest counts
-/// known go 4,000 rounds, on rings of 61,000 vertices that are no more than a few margins high; they take a tenth
-/// of a second on a desktop.
+/// known go 4,000 rounds, on rings of 61,000 vertices that are no more than a few margins high; they take a
+/// tenth of a second on a desktop.
 ///
 /// Do not rely on the result in three situations: vertex 0 lies inside a horizontal or vertical run of
 /// vertices; the ray passes through vertex 0 where the boundary crosses it; the boundary crosses the ray along

@@ -1,9 +1,9 @@
 #pragma once
 
 /// @file
-/// The mark of everything that an application may call.
+/// PLCALC_API, which marks everything that an application may call.
 ///
-/// The library is built with hidden visibility: a function without PLCALC_API stays private.
+/// The library is built with hidden visibility, so that a function without PLCALC_API stays private.
 ///
 /// | how plcalc is built or used        | define             | PLCALC_API becomes      |
 /// | ---------------------------------- | ------------------ | ----------------------- |
@@ -12,10 +12,10 @@
 /// | Windows DLL, in an application     | nothing            | dllimport               |
 /// | static, anywhere                   | PLCALC_STATIC      | nothing                 |
 ///
-/// The CMake targets and the pkg-config files define what is needed.
+/// The CMake targets and the pkg-config files set the right define.
 
 /// @def PLCALC_API
-/// Stands before everything that is exported.
+/// Precedes every exported declaration.
 
 #if defined(PLCALC_STATIC)
 #define PLCALC_API

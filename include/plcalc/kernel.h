@@ -5,7 +5,8 @@
 /// polar points, and plane transformation matrices.
 ///
 /// Every function here either has no side effects or writes only through the pointers that it is given. None
-/// allocates memory, and all may be called from any thread. Coordinates are in the caller's unit, x East, y North.
+/// allocates memory, and all may be called from any thread. Coordinates are in the caller's unit, x East, y
+/// North.
 
 #include <cstdint>
 

@@ -17,7 +17,8 @@ class VertexSearch;
 
 /// Divides a parcel in two so that one piece has a requested area.
 ///
-/// One object per request: construct it, call Esegui once, read the dividing line. Three kinds of cut:
+/// Use one object per request: construct it and call Esegui once, which writes the dividing line. There are
+/// three kinds of cut:
 ///
 /// | modo | the line runs                | p1, p2                                   | the requested area lies  |
 /// | ---- | ---------------------------- | ---------------------------------------- | ------------------------ |
@@ -25,58 +26,60 @@ class VertexSearch;
 /// | 1    | perpendicular to side p1-p2  | consecutive vertices, in the ring's order | ahead, from p1 to p2     |
 /// | 2    | through the vertex p1        | p1 a vertex, p2 without effect            | next to the side after p1 |
 ///
-/// A result of true means that the search ran, not that it met the request: on parcels whose pieces the line
-/// leaves, on requests not below the parcel's area and on requests that are not above zero the line does not
-/// hold what was asked. Measure the pieces.
+/// A result of true means that the search ran, not that it met the request. The line does not hold what was
+/// asked for when it leaves the parcel on its way, and when the request is zero, negative, or not below the
+/// parcel's area. So measure the pieces.
 ///
-/// Prepare the parcel for good answers: shift it to a local origin (at coordinates of 5e6 the ends of the line
-/// lie off the boundary, by up to 2e-4 with sides of 10, and the cut through a vertex misses the 1e-6 in a tenth of
-/// the requests on parcels 100 across, in most on smaller ones) and turn it so that the direction in which the
-/// line moves stays away from +x: across the base side in mode 0, along it in mode 1.
+/// For good answers prepare the parcel in two ways. Shift it to a local origin: at coordinates of 5e6 the ends
+/// of the line lie up to 2e-4 off the boundary with sides of 10, and the cut through a vertex misses the 1e-6
+/// in a tenth of the requests on parcels 100 across, and in most requests on smaller ones. And turn it so that
+/// the direction in which the line moves is not near +x: that direction is across the base side in mode 0, and
+/// along it in mode 1.
 ///
-/// The parcel is shared, not copied: the vector must outlive the object and stay as it is until Esegui has
-/// returned. One thread at a time per object; objects may share a parcel across threads.
+/// The parcel is shared, not copied: the vector must outlive the object and must not change until Esegui has
+/// returned. An object serves one thread at a time; objects in several threads may share a parcel.
 ///
-/// Tolerance   The search ends when the area is met within a relative 1e-6, strictly: in modes 0 and 2 of the
-///             request, in mode 1 of the rest that is cut from the half of the parcel. Sides are met up to
-///             0.001 beyond their ends, as IntersezLineaInSegmOK has it; a vertex is on the line's side when
-///             its direction from the base line is within 1 gon of the line's.
-/// Exactness   Every operation in a fixed order, from the line equations to the shoelace sum; gons become
-///             radians by 0.01570796327 for the ray of mode 2. The ends lie on the lines of two sides to
-///             rounding, up to 0.001 beyond the side.
-/// Source      Bisection, 30 halvings of the distance at most in modes 0 and 1, 49 rays in mode 2.
+/// Tolerance   The search ends when the area differs by less than a relative 1e-6: in modes 0 and 2 of the
+///             request, in mode 1 of what is still to be cut from one half of the parcel. A side counts as met
+///             up to 0.001 beyond its ends, as in IntersezLineaInSegmOK. In modes 0 and 1 a vertex lies beyond
+///             the line when it is farther from the base line and its direction from there is within 1 gon of
+///             the line's.
+/// Exactness   Every operation has its fixed place, from the line equations to the shoelace sum. For the ray of
+///             mode 2 gons become radians by 0.01570796327. The ends lie on the lines of two sides, up to
+///             rounding, and up to 0.001 beyond the ends of those sides.
+/// Source      Bisection: at most 30 halvings of the distance in modes 0 and 1, at most 49 rays in mode 2.
 class PLCALC_API CFrazArea {
 public:
-    /// Notes the request; nothing is computed yet.
+    /// Notes the request. Nothing is computed yet.
     ///
-    /// @param[in] poly      the ring, open (first vertex not repeated), either direction; heights are ignored
-    /// @param[in] p1, p2    reference side or vertex: compared with the ring's vertices by ==, without any
-    ///                      tolerance; -0.0 is found as 0.0, and a NaN never
+    /// @param[in] poly      the ring, in either direction, its first vertex not repeated; heights are ignored
+    /// @param[in] p1, p2    reference side or vertex; compared with the ring's vertices by ==, without any
+    ///                      tolerance: -0.0 equals 0.0, and a NaN equals nothing
     /// @param[in] modo      0 parallel, 1 perpendicular, 2 through a vertex
-    /// @param[in] tipoArea  0: the area is valore2 * valore1; 1: it is valore1; any other: no area is set, and
-    ///                      0 is searched for
+    /// @param[in] tipoArea  0: the area is valore2 * valore1; 1: it is valore1; any other value sets no area,
+    ///                      so that 0 is searched for
     /// @param[in] valore1   first datum: a length or an area, caller's unit
     /// @param[in] valore2   second datum: a length, or without effect
     ///
-    /// Aliasing    The points are copied; poly is kept by reference.
+    /// Aliasing    The points are copied, poly is kept by reference.
     CFrazArea(const CPoint3dVector& poly, PL_PNT2D_record p1, PL_PNT2D_record p2, int modo, int tipoArea,
               double valore1, double valore2) noexcept;
 
-    /// A temporary would be gone before Esegui reads it.
+    /// Deleted, because a temporary parcel would be gone before Esegui reads it.
     CFrazArea(const CPoint3dVector&& poly, PL_PNT2D_record p1, PL_PNT2D_record p2, int modo, int tipoArea,
               double valore1, double valore2) = delete;
 
-    /// Copies everything, working values and results included; the parcel stays shared.
+    /// Copies everything, working values and results included. The parcel stays shared.
     ///
     /// @param[in] other  the object to copy
     ///
-    /// Degenerate  The working vectors are copied to the heap: std::bad_alloc may be thrown.
+    /// Degenerate  The working vectors are copied to the heap, so std::bad_alloc may be thrown.
     CFrazArea(const CFrazArea& other);
 
-    /// Not assignable: it refers to its parcel for life.
+    /// Deleted, because an object keeps referring to the parcel that it was made with.
     CFrazArea& operator=(const CFrazArea&) = delete;
 
-    /// Releases the working vectors; the parcel is not touched.
+    /// Releases the working vectors. The parcel is not touched.
     ~CFrazArea();
 
     /// Searches the dividing line.
@@ -85,18 +88,19 @@ public:
     /// @param[out] z1      always 0
     /// @param[out] x2, y2  second end of the line, caller's unit
     /// @param[out] z2      always 0
-    /// @return false when the reference side or vertex is not in the ring, a perpendicular meets no other
-    ///         side, the parcel has too few points, or modo is unknown; the outputs then hold what the
-    ///         object held, zeros at first. True otherwise, with the reservations above.
+    /// @return false when the reference side or vertex is not in the ring, when a perpendicular meets no other
+    ///         side, when the parcel has too few points, and when modo is unknown; the outputs are then what
+    ///         the object holds as its result, which is zeros at first. Otherwise true, which does not say that
+    ///         the request is met: see above.
     ///
-    /// Degenerate  Modes 0 and 1 need two points, mode 2 one. A request of 0 is never met: the search runs to
-    ///             its end. A negative one, and -0.0, is taken as met by the first line that is tried; mode 1
-    ///             subtracts it from the half of the parcel first. A second call starts from what the first one
-    ///             left: in mode 1 with another reference side, which the parcel as a rule does not have, so
-    ///             that the result is false and the outputs are the first call's.
-    /// Aliasing    The outputs are written last, in the order of the arguments, and read nowhere.
-    /// Exactness   Above, at the class. The bits do not depend on what the object has done before, but for the
-    ///             second call.
+    /// Degenerate  Modes 0 and 1 need two points, mode 2 needs one. A request of 0 is never met: the search
+    ///             runs to its end. A negative one, and -0.0, counts as met by the first line that is tried;
+    ///             mode 1 first subtracts it from one half of the parcel. A second call starts from what the
+    ///             first one left. In mode 1 that is another reference side, which is as a rule not a side of
+    ///             the parcel: the result is then false, and the outputs are those of the first call.
+    /// Aliasing    The outputs are written last, in the order of the arguments, and are never read.
+    /// Exactness   See the class. The bits do not depend on what other objects have done, nor on what this one
+    ///             has done, except in a second call.
     ///
     /// Memory and time, for n vertices: the object keeps 52 bytes per vertex. While it runs, a search takes
     /// about 180 more in modes 0 and 1 and 90 more in mode 2 on 64-bit machines; std::bad_alloc is the one
@@ -108,7 +112,7 @@ public:
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:
-    // The searches, with what they keep between trials.
+    // The searches behind Esegui, which keep values between trials.
     friend class plcalc::ParallelSearch;
     friend class plcalc::VertexSearch;
 
@@ -117,7 +121,9 @@ private:
     bool CalcolaFrazionLineaPerp();
     bool CalcolaFrazionPuntoVer();
 
-    // The searches' steps.
+    // Steps of the searches. Esegui calls neither these three nor TrovataIntersezValidaSegmConLato2 below: its
+    // searches keep between trials what these compute anew, and come to the same bits. The names are settled,
+    // and the four are exported like the rest.
     void TrovatoPuntoMaxEtMedioConPuntoPrec(PL_PNT2D_record& q);
     bool CalcAreaDaPuntoPrimaDiVertice(PL_PNT2D_record& r1, PL_PNT2D_record& r2);
     double CalcAreaDaVertice();

@@ -4,17 +4,17 @@
 /// plutil, the companion of plcalc: the point container of a parcel, and five operations on angles and
 /// coordinates in gons (400 to the circle).
 ///
-/// A bearing runs from North (+y) towards East (+x), as on a theodolite's circle. The five operations take
-/// and return doubles, keep no state, never loop and may be called from any thread.
+/// A bearing counts from North (+y) towards East (+x), as on a theodolite's circle. The five operations take
+/// and return doubles, keep no state, contain no loop and may be called from any thread.
 ///
-/// Defines of the build: PLUTIL_STATIC for a static library, PLUTIL_BUILDING while the DLL is built.
+/// Define PLUTIL_STATIC to use or build a static library, and PLUTIL_BUILDING to build the DLL.
 
 #include <cassert>
 #include <cstddef>
 #include <initializer_list>
 
 /// @def PLUTIL_API
-/// Stands before everything that is exported.
+/// Precedes every exported declaration.
 
 #if defined(PLUTIL_STATIC)
 #define PLUTIL_API
@@ -35,14 +35,14 @@ struct CPoint3d {
     double z;  ///< height, caller's unit
 };
 
-/// The vertices of a polygon, in order, over one contiguous array. A value: copies are independent.
+/// The vertices of a polygon, in order, in one contiguous array. It is a value type: copies are independent.
 ///
-/// What may allocate may throw std::bad_alloc; Append and Reserve then leave the points as they were. Reading
-/// never allocates, and may be done from several threads at once.
+/// Members that allocate may throw std::bad_alloc; Append and Reserve then leave the points as they were.
+/// Reading never allocates, and several threads may read at once.
 ///
-/// The three readers are inline, so that reading a coordinate is no call: what this class holds is part of the
-/// binary interface, and the library's SOVERSION changes with it. Another container under the same name serves
-/// when plcalc is built with its header.
+/// The three readers are inline, so that reading a coordinate costs no call. That makes the data members part
+/// of the binary interface, and the library's SOVERSION changes with them. Another container of the same name
+/// can take this one's place when plcalc is built with its header.
 class PLUTIL_API CPoint3dVector {
 public:
     /// No points.
@@ -56,7 +56,7 @@ public:
     /// Copies all points. @param[in] other  the vector to copy
     CPoint3dVector(const CPoint3dVector& other);
 
-    /// Takes the points over; other is left empty. @param[in] other  the vector to empty
+    /// Takes the points over and leaves other empty. @param[in] other  the vector to empty
     CPoint3dVector(CPoint3dVector&& other) noexcept;
 
     /// Replaces all points. @param[in] other  the vector to copy @return this vector
@@ -75,22 +75,23 @@ public:
     /// Exactness   The very bits of the arguments.
     void Append(double x, double y, double z);
 
-    /// Makes room, so that Append does not allocate up to there.
+    /// Makes room for a number of points, so that Append need not allocate until there are so many.
     ///
-    /// @param[in] n  number of points to have room for; a smaller one than now, 0 or less changes nothing
+    /// @param[in] n  number of points; when there is room for as many already, nothing changes
     void Reserve(int n);
 
-    /// Drops all points; the room stays.
+    /// Removes all points and keeps the room.
     void Clear() noexcept;
 
-    /// How many points there are.
+    /// Number of points.
     ///
-    /// @return number of points, which must not exceed 2^31 - 1; 0 when there are none
+    /// @return how many points there are; more than 2^31 - 1 must not be stored
     int GetNoPoits() const noexcept { return static_cast<int>(count_); }
 
     /// East of a point.
     ///
-    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted unless NDEBUG is defined
+    /// @param[in] index  0 to GetNoPoits() - 1; any other is an error of the caller, asserted unless NDEBUG is
+    ///                   set
     /// @return x of that point, caller's unit, as it was stored
     double GetXcoordAt(int index) const noexcept
     {
@@ -100,7 +101,8 @@ public:
 
     /// North of a point.
     ///
-    /// @param[in] index  0 to GetNoPoits() - 1; another is the caller's error, asserted unless NDEBUG is defined
+    /// @param[in] index  0 to GetNoPoits() - 1; any other is an error of the caller, asserted unless NDEBUG is
+    ///                   set
     /// @return y of that point, caller's unit, as it was stored
     double GetYcoordAt(int index) const noexcept
     {
@@ -109,8 +111,8 @@ public:
     }
 
 private:
-    // Not a container of the standard library: how that one lies in memory changes with the settings of whoever
-    // includes this header.
+    // No container of the standard library: its layout in memory depends on the settings of whoever includes
+    // this header.
     CPoint3d* points_ = nullptr;
     std::size_t count_ = 0;
     std::size_t room_ = 0;
@@ -121,23 +123,23 @@ private:
 ///
 /// @param[in] a, b  components, any common unit
 /// @return gons in [0, 400); 0 for the zero vector; exactly 0, 100, 200, 300 in the four cardinal directions;
-///         NaN when a component is
+///         NaN when a component is NaN
 ///
-/// Tolerance   None: the cardinal directions are those with a component of exactly 0.0 or -0.0.
+/// Tolerance   None: a direction is cardinal when a component is exactly 0.0 or -0.0.
 /// Degenerate  Infinite components are taken as atan2 takes them: 50 for two positive ones.
-/// Exactness   atan2(a, b) of the platform times 63.66197723675813, and 400 added when negative; where that
-///             rounds to 400, 0.
+/// Exactness   atan2(a, b) of the platform times 63.66197723675813, plus 400 when that is negative, and 0 when
+///             the sum rounds to 400.
 PLUTIL_API double AngoloDaAsseRifer(double a, double b) noexcept;
 
 /// The same direction within one turn.
 ///
 /// @param[in] angle  gons, any number of turns
-/// @return in [0, 400); a value within 1e-10 below 400 comes out as 0: a direction that misses the start of
-///         the circle by a rounding error is at its start, not almost a turn away. NaN for NaN and
+/// @return in [0, 400); a value within 1e-10 below 400 comes out as 0, so that a rounding error just before the
+///         start of the circle does not put a direction almost a full turn away. NaN for NaN and
 ///         infinities; never -0.0.
 ///
 /// Tolerance   1e-10 gon below the full turn, inclusive; none above 0.
-/// Exactness   The remainder of whole turns, which is exact, and 400 added, rounded once, when negative.
+/// Exactness   The remainder after whole turns, which is exact, plus 400, rounded once, when it is negative.
 PLUTIL_API double LimiteAng0_400(double angle) noexcept;
 
 /// The same direction within half a turn either way.
@@ -146,7 +148,7 @@ PLUTIL_API double LimiteAng0_400(double angle) noexcept;
 /// @return in (-200, 200]; NaN for NaN and infinities; never -0.0
 ///
 /// Tolerance   None.
-/// Exactness   Exact: the remainder of whole turns, and the difference of near numbers.
+/// Exactness   Exact: a remainder after whole turns, and a difference of near numbers.
 PLUTIL_API double LimiteAng200_200(double angle) noexcept;
 
 /// East component of a displacement.
@@ -156,8 +158,9 @@ PLUTIL_API double LimiteAng200_200(double angle) noexcept;
 /// @return distance * sin(bearing); exact at the four cardinal bearings; never -0.0. NaN for a bearing that is
 ///         NaN or infinite.
 ///
-/// Exactness   Whole turns and quarters are taken off first; the rest, below 100, times 0.015707963267948967
-///             goes through sine or cosine of the platform and is multiplied by the distance, each rounded.
+/// Exactness   Whole turns and quarters are taken off first. The rest, below 100, is multiplied by
+///             0.015707963267948967; the platform's sine or cosine of it is multiplied by the distance. Each
+///             step is rounded.
 PLUTIL_API double CalcCoordEst(double distance, double angle) noexcept;
 
 /// North component of a displacement.
