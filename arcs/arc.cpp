@@ -9,13 +9,14 @@ namespace {
 
 constexpr int kRcCollinear = 5;
 
-// Whether the way from `from` up to `to` passes `via`; all in radians within one turn, from below to.
+// Whether the way from `from` up to `to` passes `via`. All are in radians within one turn, and `from` is below
+// `to`.
 bool passes(double from, double via, double to)
 {
     return plcalc::at_most(via, to) && plcalc::at_least(via, from);
 }
 
-// The end angles in the order in which the anticlockwise sweep holds the middle point.
+// The two end angles, in the order in which the anticlockwise sweep contains the middle point.
 std::pair<double, double> sweep_through(double dir1, double dir2, double dir3)
 {
     if (plcalc::below(dir1, dir3))
@@ -30,7 +31,7 @@ std::pair<double, double> sweep_through(double dir1, double dir2, double dir3)
 int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, const PL_PNT2D_record* p3,
                      ARC_2D_record* arc) noexcept
 {
-    // Relative to p1, so that national coordinates do not eat the digits.
+    // Relative to p1, so that large coordinates cost no digits.
     const double ax = p2->x - p1->x;
     const double ay = p2->y - p1->y;
     const double bx = p3->x - p1->x;

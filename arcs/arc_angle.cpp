@@ -40,11 +40,11 @@ int quadrant_of_angle(double angle, const AngleUnit& unit)
         return 2;
     if (above(a, unit.half) && at_most(a, unit.three_quarters))
         return 3;
-    return 4;  // also the margin below a full turn, which lies a hair below zero by now
+    return 4;  // also an angle in the margin below a full turn, which is slightly below zero here
 }
 
-// Only the axes have a number of their own. Anything between is 4: nobody asks for the quadrant of a
-// pseudo-angle, which says it by itself, and those who ask for its axis rely on this.
+// Tells which axis a pseudo-angle is on; anything between the axes is 4. Its quadrant needs no function: it is
+// the whole part of the pseudo-angle.
 int axis_of_pseudo(double a_pseudo)
 {
     const double a = plcalc::within_one_turn(a_pseudo, plcalc::kPseudoTurn);
@@ -57,7 +57,7 @@ int axis_of_pseudo(double a_pseudo)
     return 4;
 }
 
-// The quarter turn that a pseudo-angle is near to; 0.0 when it is near none.
+// The quarter turn that a pseudo-angle is near; 0.0 when it is near none.
 double near_quarter(double a_pseudo, const AngleUnit& unit)
 {
     if (is_near(a_pseudo, 1.0))
@@ -69,7 +69,7 @@ double near_quarter(double a_pseudo, const AngleUnit& unit)
     return 0.0;
 }
 
-// Pseudo-angle of a vector, not null, that is not the +y axis.
+// Pseudo-angle of a vector that is neither null nor along +y.
 double pseudo_in_quadrant(int quadrant, double dx, double dy)
 {
     switch (quadrant) {
@@ -138,8 +138,8 @@ double PlFunz_pseudo_to_angle(int unit, double pseudo) noexcept
     if (plcalc::is_zero(t))
         return near_quarter(a, to);
 
-    // A hair below a quarter turn is still the first quadrant in degrees but already the second in radians.
-    // It shows only above a full turn: below, near_quarter has answered.
+    // Just below a quarter turn degrees still take the first quadrant, radians already the second. That shows
+    // only above a full turn; below it near_quarter has answered.
     if (radians ? below(a, 1.0) : at_most(a, 1.0))
         return rest;
     if (below(a, 2.0))

@@ -4,8 +4,8 @@
 
 #include "plcalc/kernel.h"
 
-/// Rectangle when both ends lie in one quadrant: the chord's, or the full circle's when the sweep goes all
-/// the way round.
+/// Rectangle when both ends lie in one quadrant: that of the chord, or that of the full circle when the sweep
+/// goes nearly all the way round.
 ///
 /// @param[out] rect                the rectangle
 /// @param[in]  start_pnt, end_pnt  the arc's ends
@@ -15,7 +15,7 @@ void PlFunz_arc_rect_same_quadrant(PL_RECT_2D_record* rect, const PL_PNT2D_recor
                                    const PL_PNT2D_record* end_pnt, int quadrant,
                                    const ARC_2D_record* arc) noexcept;
 
-/// Rectangle of an arc by the quadrants of its ends.
+/// Rectangle of an arc, found from the quadrants of its ends.
 ///
 /// @param[in]  arc                 centre and radius are read
 /// @param[in]  start_pnt, end_pnt  the arc's ends

@@ -9,8 +9,9 @@
 
 namespace {
 
-// Radians to degrees at twelve significant digits, deliberately. A full turn comes out 1.1e-10 degrees long,
-// far inside the margin of the sweep test, the only user; arcs on file were met or missed with it.
+// Radians to degrees at twelve significant digits, deliberately. A full turn comes out off by 1.1e-10 degrees,
+// far inside the margin of the sweep test, which alone uses it. It stays, to keep results comparable between
+// versions.
 constexpr double kDegPerRadShort = 57.2957795131;
 
 constexpr int kOppositeSides = 1;
@@ -24,7 +25,7 @@ struct SweepDeg {
     double end_deg;
 };
 
-// Crossings of circle and segment before the sweep is asked.
+// Crossings of circle and segment, not yet tested against the sweep.
 struct Crossings {
     int n;
     PL_PNT2D_record q1;
@@ -36,8 +37,7 @@ bool in_rect(const PL_RECT_2D_record& rect, const PL_PNT2D_record& p)
     return PlFunz_pnt_in_rect(&rect, &p) == 1;
 }
 
-// Unlike everywhere else an unknown unit is read as degrees here: applications that leave the unit unset
-// store degrees.
+// Unlike everywhere else an unknown unit is read as degrees here. The contract says so.
 double arc_angle_deg(PL_AngleMeasType angle_type, double angle)
 {
     switch (angle_type) {
@@ -82,7 +82,7 @@ Crossings circle_crossings(const ARC_2D_record& arc, const PL_LINE_2D_record& se
     return found;
 }
 
-// Whether the two boxes have a corner of one in the other. The last four are the corners that are no ends.
+// Whether a corner of one box lies in the other box. The last four corners are no ends of the segment.
 bool boxes_share_corner(const PL_RECT_2D_record& arc_rect, const PL_RECT_2D_record& seg_rect,
                         const PL_LINE_2D_record& seg)
 {
@@ -93,7 +93,7 @@ bool boxes_share_corner(const PL_RECT_2D_record& arc_rect, const PL_RECT_2D_reco
            in_rect(seg_rect, {arc_rect.xmax, arc_rect.ymin});
 }
 
-// Cheap comparisons first: they spare root and arctangents for a segment that is nowhere near.
+// Cheap comparisons come first: a segment that is far from the arc then costs no root and no arctangent.
 bool may_meet(const PL_RECT_2D_record& arc_rect, const PL_RECT_2D_record& seg_rect,
               const PL_LINE_2D_record& seg)
 {
@@ -124,7 +124,8 @@ bool report_one(const PL_PNT2D_record& q, PL_PNT2D_record* pnt1, int* n_pnts)
 bool report_pair(const SweepDeg& sweep, const Crossings& found, PL_PNT2D_record* pnt1, PL_PNT2D_record* pnt2,
                  int* n_pnts)
 {
-    // A whole circle crossed twice gives the farther point alone. Lopsided, and relied on.
+    // A full circle that is crossed twice gives only the farther point. That stays, to keep results comparable
+    // between versions.
     if (full_circle(sweep))
         return report_one(found.q2, pnt1, n_pnts);
 
@@ -168,7 +169,7 @@ int PlFunz_seg_relation(const PL_LINE_2D_record* a, const PL_LINE_2D_record* b) 
 {
     const double dx = b->end.x - b->start.x;
     const double dy = b->end.y - b->start.y;
-    // The second side is measured from the other end of b: the same sign, other bits.
+    // The second side is measured from the other end of b, which gives the same sign but other bits.
     const double side1 = (a->start.y - b->start.y) * dx - (a->start.x - b->start.x) * dy;
     const double side2 = (a->end.y - b->end.y) * dx - (a->end.x - b->end.x) * dy;
     const double product = side1 * side2;
@@ -201,7 +202,7 @@ bool PlFunz_intarcline_ls(const ARC_2D_record* arc, const PL_LINE_2D_record* seg
         return report_pair(sweep_of(*arc), found, pnt1, pnt2, n_pnts);
     }
 
-    // A single point must also lie in the arc's own box; a pair is not asked.
+    // A single point must also lie in the arc's own box; two points need not.
     if (!first_in_box || !in_rect(arc_rect, found.q1))
         return false;
     const SweepDeg sweep = sweep_of(*arc);

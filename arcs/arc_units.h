@@ -1,13 +1,13 @@
 #pragma once
 
-// How the unit of an arc record is told to the functions that number their units in their own way:
-// internal, not installed; for arcs/. The one home of these tables.
+// The unit of an arc record, translated for the functions that have their own numbers for units: internal, not
+// installed; for arcs/. These tables exist only here.
 
 #include "kernel/angle_units.h"
 
 namespace plcalc {
 
-/// Selector for PlFunz_arcangle; an unknown unit is radians.
+/// Selector for PlFunz_arcangle; an unknown unit is read as radians.
 constexpr int arcangle_unit(PL_AngleMeasType angle_type)
 {
     return angle_type == PL_DEGREES        ? kArcAngleDegrees
@@ -15,7 +15,7 @@ constexpr int arcangle_unit(PL_AngleMeasType angle_type)
                                            : kArcAngleRadians;
 }
 
-/// Selector for PlFunz_pntangledist; an unknown unit is radians.
+/// Selector for PlFunz_pntangledist; an unknown unit is read as radians.
 constexpr int polar_unit(PL_AngleMeasType angle_type)
 {
     return angle_type == PL_DEGREES        ? kPolarDegrees

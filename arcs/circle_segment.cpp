@@ -56,7 +56,7 @@ bool PlFunz_intcircleseg(const PL_CIRCLE_2D_record* circle, const PL_LINE_2D_rec
     PlFunz_set_param_line(0.0, 0.0, 0.0, 0.0, &line);
     if (PlFunz_param_line_2p(&seg->start, &seg->end, &line) == kRcSamePoints)
         return false;
-    // A segment up to 3.16e-4 long keeps its length as direction, and all below is computed with that.
+    // The direction of a segment up to 3.16e-4 long stays as long as the segment, and what follows uses it so.
     PlFunz_param_line_normalise(&line);
 
     const double wx = circle->x - line.x;

@@ -22,7 +22,8 @@ struct PL_PARAM_LINE_2D_record {
 /// Fills a circle.
 void PlFunz_set_circle(double x, double y, double r, PL_CIRCLE_2D_record* out) noexcept;
 
-/// Fills a parametric line. The arguments go axis by axis, x dx y dy, the record point by point.
+/// Fills a parametric line. The arguments come axis by axis (x, dx, y, dy), the fields of the record in another
+/// order.
 void PlFunz_set_param_line(double x, double dx, double y, double dy, PL_PARAM_LINE_2D_record* out) noexcept;
 
 /// Parametric line from a to b.
@@ -40,9 +41,9 @@ int PlFunz_param_line_normalise(PL_PARAM_LINE_2D_record* line) noexcept;
 ///
 /// @param[in]  circle  the circle
 /// @param[in]  seg     the segment
-/// @param[out] q1      the reported point nearer the segment's start. Written as soon as the line is not
-///                     clear of the circle, on the segment or not.
-/// @param[out] q2      the other point of the line; written when the line crosses the circle
+/// @param[out] q1      the first point to report. Written whenever the line meets the circle, whether the point
+///                     is on the segment or not.
+/// @param[out] q2      the other meeting point; written when the line crosses the circle
 /// @param[out] n       how many of them lie in the segment's box: 0, 1 or 2
 /// @return whether there is one
 bool PlFunz_intcircleseg(const PL_CIRCLE_2D_record* circle, const PL_LINE_2D_record* seg, PL_PNT2D_record* q1,

@@ -6,8 +6,8 @@
 
 namespace {
 
-// No survey holds more turns. Each step up to here moves the angle by a turn to within 6e-11 of it, so the
-// loops below end; beyond, a turn could round away altogether.
+// No survey holds more turns. Up to here each step changes the angle by a turn to within 6e-11, so the loops
+// below end; for much larger angles a turn would be lost in rounding.
 constexpr double kMostTurns = 65536.0;
 
 }  // namespace

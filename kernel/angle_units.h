@@ -28,10 +28,11 @@ static_assert(kRadians.half == 2.0 * kRadians.quarter && kRadians.three_quarters
 constexpr double kPseudoTurn = 4.0;
 
 // Degrees to radians at thirteen significant digits, deliberately. The cut costs 1.2e-12 rad on a full
-// turn, a nanometre at one kilometre, far inside PL_EPS. Do not "complete" it: filed results carry it.
+// turn, a nanometre at one kilometre, far inside PL_EPS. Do not "complete" it: results stay
+// comparable between versions.
 constexpr double kRadPerDeg = 0.01745329251994;
 
-// Every family of functions numbers its units in its own way; applications pass the numbers, so they stay.
+// Each family of functions has its own numbers for the units. They are part of the interface, so they stay.
 
 /// Selector of PlFunz_pntangledist; any number but these is radians.
 enum PolarUnit : int { kPolarDegrees = 0, kPolarRadians = 1, kPolarPseudo = 2 };
@@ -52,11 +53,12 @@ double bring_near(double angle, double turn) noexcept;
 
 /// Takes off whole turns, one at a time, while the angle is not below the turn's margin.
 ///
-/// The steps round as they go, and callers rely on the bits, so this is no remainder. A NaN stays.
+/// Each step rounds, so that the result may differ in its last bits from a remainder. The steps define the
+/// result. A NaN stays.
 double drop_turns(double angle, double turn) noexcept;
 
-/// An angle within one turn: [-PL_EPS, turn - tol(turn)), except that one which comes to lie in the margin
-/// below a turn is taken a turn back and ends between -tol(turn) and 0.
+/// An angle within one turn: [-PL_EPS, turn - tol(turn)). An angle in the margin below a turn counts as a whole
+/// turn, which is taken off: it ends between -tol(turn) and 0.
 double within_one_turn(double angle, double turn) noexcept;
 
 }  // namespace plcalc

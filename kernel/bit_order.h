@@ -1,7 +1,7 @@
 #pragma once
 
-// Doubles compared by their bits: internal, not installed; for loops on targets where every double operation
-// is a routine, and as good as any comparison elsewhere.
+// Doubles compared by their bits: internal, not installed. This is for loops on targets where every double
+// operation is a routine; elsewhere it is as good as any other comparison.
 
 #include <cstdint>
 #include <cstring>
@@ -26,8 +26,8 @@ constexpr bool ordered_nan(std::int64_t v) noexcept
     return v > kOrderedInfinity || v < -kOrderedInfinity;
 }
 
-/// The upper half of ordered_bits: 32 bits, enough to tell most doubles apart. It orders as the doubles do, but
-/// for doubles that differ only in the lower half, which it takes for equal.
+/// The upper half of ordered_bits: 32 bits, enough to tell most doubles apart. It orders as the doubles do,
+/// except that doubles which differ only in the lower half are equal.
 inline std::int32_t ordered_high(double v) noexcept
 {
     std::int64_t bits = 0;

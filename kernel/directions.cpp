@@ -5,7 +5,7 @@
 
 namespace {
 
-// Full-circle arctangent: the axes by themselves, then the acute angle in its quadrant.
+// Full-circle arctangent: first the axes, then the acute angle within its quadrant.
 double direction(double x, double y, const plcalc::AngleUnit& unit)
 {
     if (plcalc::is_zero(x)) {
@@ -47,7 +47,7 @@ void PlFunz_pseudo_angdist(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2,
     else if (dy < -PL_EPS)
         v = v + plcalc::kPseudoTurn;
 
-    // The distance stays squared: it is compared, never shown.
+    // The distance stays squared: it is only compared, never shown.
     *angle = v * 90.0;
     *dist = PlFunz_sumsqrdparms(dx, dy);
 }

@@ -4,11 +4,11 @@
 
 namespace {
 
-// A factor at or below this, negative ones included, is no scale. In the factor's own measure, so it is not
+// A factor at or below this, negative ones included, counts as no scale. A factor has no unit, so this is not
 // PL_EPS, which is a length.
 constexpr double kLeastScale = 1e-7;
 
-// M := M * T. The product is built aside because every entry of it needs a whole row of M.
+// M := M * T. The product is built in an array of its own, because each entry needs a whole row of M.
 void append(const double (&T)[3][3], double (*M)[3])
 {
     double P[3][3];
@@ -57,7 +57,7 @@ void PlFunz_translatematrix2d(double dx, double dy, double (*M)[3]) noexcept
 
 void PlFunz_scalematrix2d(double sx, double sy, const PL_PNT2D_record* centre, double (*M)[3]) noexcept
 {
-    // Only both together count as "no scale given"; a mirror in both axes falls under it.
+    // Only both together count as "no scale given". A mirror in both axes is such a case.
     if (sx <= kLeastScale && sy <= kLeastScale) {
         sx = 1.0;
         sy = 1.0;
@@ -74,8 +74,8 @@ void PlFunz_scalematrix2d(double sx, double sy, const PL_PNT2D_record* centre, d
 
 void PlFunz_transformpnt2d(const double (*M)[3], const PL_PNT2D_record* in, PL_PNT2D_record* out) noexcept
 {
-    // x is stored before y is computed, and y reads x again: with one record for both, y comes from the new
-    // x. Applications have adapted to it; TrasfPt is the way that works in place.
+    // x is stored before y is computed, and y reads x again: with one record for both, y comes from the new x.
+    // That stays, to keep results comparable between versions; TrasfPt works in place.
     out->x = (M[1][0] * in->y + M[0][0] * in->x) + M[2][0];
     out->y = (M[1][1] * in->y + M[0][1] * in->x) + M[2][1];
 }

@@ -28,8 +28,7 @@ PL_PNT2D_record offset_rad(double dist, double dir_rad)
     return {dist * std::cos(turned), dist * std::sin(turned)};
 }
 
-// Point at a distance in a direction given as a pseudo-angle. The distance loses its sign here, and only
-// here: applications pass lengths of either sign with this unit.
+// Point at a distance in a direction given as a pseudo-angle. In this unit alone the distance loses its sign.
 PL_PNT2D_record polar_point_pseudo(const PL_PNT2D_record& origin, double dist, double a_pseudo)
 {
     using plcalc::at_most;
@@ -44,9 +43,9 @@ PL_PNT2D_record polar_point_pseudo(const PL_PNT2D_record& origin, double dist, d
     const double along = (1.0 - t * t) * r;
     const double across = 2.0 * t * r;
 
-    // At 1 and 2 the next quadrant's formula is right, since t is 0 there. A value a hair below has t near 1:
-    // below 1 it lands a quarter turn early, at +x, below 2 a quarter turn late, at -y. And 3 has no such case
-    // and gives -x. All three stay: arcs on file were computed with them.
+    // At 1 and 2 the next quadrant's formula is right, since t is 0 there. A value just below has t near 1:
+    // below 1 it lands a quarter turn early, at +x, and below 2 a quarter turn late, at -y. For 3 there is no
+    // such case, and it gives -x. All three stay, to keep results comparable between versions.
     if (at_most(a, 1.0)) {
         if (is_near(a, 1.0))
             return {origin.x + across, origin.y + along};
@@ -71,7 +70,7 @@ void PlFunz_pntangledist(int unit, const PL_PNT2D_record* origin, double dist, d
         *out = polar_point_pseudo(*origin, dist, angle);
     } else {
         const double dir_rad = unit == plcalc::kPolarDegrees ? angle * plcalc::kRadPerDeg : angle;
-        // The offsets pass through the result, so out must not be the origin's record.
+        // The offsets are written to out first, so it must not be the origin's record.
         *out = offset_rad(dist, dir_rad);
         out->x = origin->x + out->x;
         out->y = origin->y + out->y;

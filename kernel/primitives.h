@@ -1,7 +1,7 @@
 #pragma once
 
-// The smallest computations, for use inside other functions: internal, not installed; for every folder. Inline,
-// because a call through the table of exported functions takes longer than most of them.
+// The smallest computations, for use inside other functions: internal, not installed; for every folder. They
+// are inline, because a call through the table of exported functions takes longer than most of them.
 
 #include "kernel/square_root.h"
 #include "kernel/tolerance.h"
@@ -20,7 +20,7 @@ inline double sum_of_squares(double a, double b) noexcept
     return a * a + b * b;
 }
 
-/// Length of a step. The square of dy comes first: filed distances were added up so.
+/// Length of a step (dx, dy).
 inline double step_length(double dx, double dy) noexcept
 {
     return square_root(dy * dy + dx * dx);

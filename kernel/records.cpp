@@ -3,7 +3,7 @@
 
 #include "plcalc/kernel.h"
 
-// Applications written in other languages read these records by offset.
+// Programs in other languages read these records by offset.
 static_assert(std::is_standard_layout<ARC_2D_record>::value && std::is_trivial<ARC_2D_record>::value,
               "records are plain");
 static_assert(sizeof(PL_PNT2D_record) == 16 && offsetof(PL_PNT2D_record, y) == 8, "x, y");
@@ -22,8 +22,8 @@ static_assert(sizeof(PL_RECT_3D_record) == 48 && offsetof(PL_RECT_3D_record, ymi
                   offsetof(PL_RECT_3D_record, ymax) == 32 && offsetof(PL_RECT_3D_record, zmax) == 40,
               "xmin, ymin, zmin, xmax, ymax, zmax");
 
-// A pointer to an arc may stand for a pointer to its centre. Where doubles are aligned to 4 bytes, as on
-// 32-bit x86, the record is 4 bytes shorter behind angle_type.
+// A pointer to an arc can serve as a pointer to its centre. Where doubles are aligned to 4 bytes, as on 32-bit
+// x86, nothing is inserted after angle_type, and the record is 4 bytes shorter.
 static_assert(offsetof(ARC_2D_record, centre) == 0 && offsetof(ARC_2D_record, radius) == 16 &&
                   offsetof(ARC_2D_record, angle_type) == 24,
               "centre, radius, angle_type");
@@ -63,7 +63,7 @@ void PlFunz_set_rect_3d(double xmin, double ymin, double zmin, double xmax, doub
 void PlFunz_set_arc_2d(double centre_x, double centre_y, double radius, PL_AngleMeasType angle_type,
                        double start_angle, double end_angle, ARC_2D_record* arc) noexcept
 {
-    // The only setter that looks at its pointer: callers pass null for "no arc wanted".
+    // The only setter that tests its pointer: null stands for "no arc wanted".
     if (arc == nullptr)
         return;
     *arc = {{centre_x, centre_y}, radius, angle_type, start_angle, end_angle};

@@ -17,7 +17,7 @@ inline double shoelace_share(const PL_PNT2D_record& before, const PL_PNT2D_recor
 
 /// Signed area of the closed ring of the first n points, positive anticlockwise; 0 for n = 0.
 ///
-/// The shares are added in index order, each to the sum so far: the bits depend on it.
+/// The shares are added in index order, each to the sum so far: another order gives other bits.
 inline double shoelace_area(const PL_PNT2D_record* points, std::size_t n) noexcept
 {
     if (n == 0)

@@ -29,37 +29,37 @@ inline bool is_zero(double v)
     return std::fabs(v) <= PL_EPS;
 }
 
-/// Both steps inside PL_EPS: too short to have a direction. False when either is NaN.
+/// Whether both steps are within PL_EPS: too short to have a direction. False when either is NaN.
 inline bool is_short(double dx, double dy)
 {
     return is_zero(dx) && is_zero(dy);
 }
 
-/// a clearly below r, the margin taken from r.
+/// Whether a is clearly below r, the margin taken from r.
 constexpr bool below(double a, double r)
 {
     return a < r - scaled_tol(r);
 }
 
-/// a clearly above r, the margin taken from r.
+/// Whether a is clearly above r, the margin taken from r.
 constexpr bool above(double a, double r)
 {
     return a > r + scaled_tol(r);
 }
 
-/// a not above r but for the margin taken from r. Not the negation of above() when a NaN is about.
+/// Whether a is at most r plus the margin taken from r. With a NaN this is not the negation of above().
 constexpr bool at_most(double a, double r)
 {
     return a <= r + scaled_tol(r);
 }
 
-/// a not below r but for the margin taken from r. Not the negation of below() when a NaN is about.
+/// Whether a is at least r less the margin taken from r. With a NaN this is not the negation of below().
 constexpr bool at_least(double a, double r)
 {
     return a >= r - scaled_tol(r);
 }
 
-/// |a - r| within the margin taken from r.
+/// Whether |a - r| is within the margin taken from r.
 inline bool is_near(double a, double r)
 {
     return std::fabs(a - r) <= scaled_tol(r);

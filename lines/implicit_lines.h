@@ -9,8 +9,8 @@ namespace plcalc {
 constexpr int kRcSamePoints = 2;
 constexpr int kRcNoNormal = 3;
 
-/// The line through two points that are (dx, dy) apart. Its normal (a, b) is the direction p1 to p2 turned to
-/// the left.
+/// The line through two points that are (dx, dy) apart. Its normal (a, b) is the vector from p1 to p2, turned
+/// to the left.
 inline PL_IMP_LINE_2D_record line_along(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2, double dx,
                                         double dy) noexcept
 {
@@ -29,8 +29,8 @@ inline int line_between(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2,
     return 0;
 }
 
-/// Whether the unit normal has to turn round: it points from the origin to the line, and upward for a line
-/// through the origin.
+/// Whether the unit normal must be reversed, so that it points from the origin to the line, or upward for a
+/// line through the origin.
 inline bool points_the_wrong_way(const PL_IMP_LINE_2D_record& line) noexcept
 {
     if (line.c > PL_EPS)

@@ -8,8 +8,9 @@
 
 namespace {
 
-// The parameter of a segment, 0 at its start and 1 at its end. The lower margin is absolute and the upper
-// one scaled, twice as wide: a segment is a hair longer at its end, and filed results depend on it.
+// Whether the parameter of a segment, 0 at its start and 1 at its end, lies on it. The lower margin is absolute
+// and the upper one scaled, which makes it twice as wide. That stays, to keep results comparable between
+// versions.
 bool on_segment(double parameter)
 {
     return parameter >= -PL_EPS && plcalc::at_most(parameter, 1.0);
@@ -44,12 +45,12 @@ bool PlFunz_intersect_ils(const PL_IMP_LINE_2D_record* line, const PL_LINE_2D_re
         return true;
     }
 
-    // Left to right. The box is not indifferent to it: in a near-tie of y its limits come from the end.
+    // From left to right: when the y of both ends nearly tie, the limits of the box come from the second end.
     PL_LINE_2D_record ordered = *seg;
     if (plcalc::above(ordered.start.x, ordered.end.x))
         std::swap(ordered.start, ordered.end);
 
-    // The meeting point stays in out also when it lies outside the segment: callers read it.
+    // The meeting point stays in out even when it lies outside the segment: the contract says so.
     return PlFunz_intersect_ile(line, &segment_line, out) && PlFunz_pnt_in_segbox(&ordered, out);
 }
 

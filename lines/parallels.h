@@ -10,9 +10,9 @@ namespace plcalc {
 
 /// Where a fixed line meets the parallels a*x + b*y + c = 0 that differ in c alone.
 ///
-/// A search that moves a line, and a perpendicular dropped from one point after the other, ask this again and
-/// again. What does not depend on c is computed once; the operations and their bits are those of a single
-/// intersection, which is made of this class.
+/// A search that moves a line asks this again and again, and so does whoever drops perpendiculars from many
+/// points. What does not depend on c is computed once. The operations and their bits are those of a single
+/// intersection, which uses this class too.
 class MeetsParallels {
 public:
     /// Meets nothing.
@@ -32,11 +32,11 @@ public:
         cb_ = fixed.c * b;
     }
 
-    /// Whether the parallel with this c is met at all: never when parallel to the fixed line, and not when
-    /// its three coefficients agree with the fixed line's within PL_EPS.
+    /// Whether the parallel with this c is met at all. It is not when it is parallel to the fixed line, and not
+    /// when its three coefficients agree with those of the fixed line within PL_EPS.
     bool meets(double c) const noexcept { return !parallel_ && !(same_direction_ && is_zero(c_ - c)); }
 
-    /// x of the meeting point, in which c enters by three operations, each weakly monotone in it.
+    /// x of the meeting point. It takes three operations from c, each weakly monotone in c.
     double x_at(double c) const noexcept { return (b_ * c - cb_) * inv_; }
 
     /// y of the meeting point; as x_at.

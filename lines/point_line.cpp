@@ -8,11 +8,12 @@
 
 namespace {
 
-// Half a turn in radians at fourteen significant digits, deliberately. The cut is 5.9e-13 rad, far inside
-// the margin of the comparison; collinearity on file was judged with it.
+// Half a turn in radians at fourteen significant digits, deliberately. The cut is 5.9e-13 rad, far inside the
+// margin of the comparison. It stays, to keep results comparable between
+// versions.
 constexpr double kHalfTurnRad = 3.1415926535892;
 
-// Opposite directions become one. Only the half turn is folded: a direction just below a full turn comes
+// Makes opposite directions equal. Only one half turn is subtracted: a direction just below a full turn comes
 // out near half a turn, not near zero.
 double fold_half_turn(double dir_rad)
 {
@@ -26,8 +27,8 @@ double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* se
     const double dx = seg->end.x - seg->start.x;
     const double dy = seg->end.y - seg->start.y;
     PL_IMP_LINE_2D_record line = plcalc::line_along(seg->start, seg->end, dx, dy);
-    // Refused below 3.16e-4: the raw line then measures, and callers know it. A segment without length is among
-    // those refused, and asked for only there.
+    // A segment up to 3.16e-4 long has no normal form, and the raw line then gives the result, as the contract
+    // says. A segment without length has none either, so its length is tested only then.
     if (plcalc::normalise(line) != 0 && plcalc::is_short(dx, dy))
         return plcalc::distance(*p, seg->start);
     return p->y * line.b + p->x * line.a + line.c;

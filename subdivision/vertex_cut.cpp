@@ -14,7 +14,8 @@ namespace {
 constexpr int kMaxWedges = 50;
 
 // Gons to radians at ten significant digits, deliberately. It costs 8e-10 rad on a full turn, a micrometre
-// at a kilometre, and the search measures what the ray cuts off. Dividing lines on file carry it.
+// at a kilometre, and the search measures what the ray cuts off. It stays, to keep results comparable between
+// versions.
 constexpr double kRayRadPerGon = 0.01570796327;
 
 // Points on the edges of the wedge count, rounding or not.

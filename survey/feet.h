@@ -9,15 +9,15 @@ namespace plcalc {
 
 /// Drops perpendiculars from one point after the other on a line.
 ///
-/// The perpendiculars are parallels, so that all but their constant term is computed once. The feet are those
-/// of PlFunz_linepntperpend and PlFunz_intersect_ile, to the last bit.
+/// The perpendiculars are parallel to each other, so everything but their constant term is computed once. The
+/// feet have the bits of PlFunz_linepntperpend and PlFunz_intersect_ile.
 class FeetOnLine {
 public:
     explicit FeetOnLine(const PL_IMP_LINE_2D_record& line) noexcept
         : a_(line.a), b_(line.b), perpendiculars_(line, line.b, line.a * -1.0)
     {}
 
-    /// Foot of the perpendicular from pt; false, and foot as it was, for a line without direction.
+    /// Foot of the perpendicular from pt. A line without direction gives false and leaves foot as it was.
     bool find(const PL_PNT2D_record& pt, PL_PNT2D_record& foot) const noexcept
     {
         const double c = a_ * pt.y - b_ * pt.x;

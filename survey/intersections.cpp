@@ -15,7 +15,7 @@ void snap_nearer_end(PL_PNT2D_record* a, PL_PNT2D_record* b, const PL_PNT2D_reco
     *(from_a2 < from_b2 ? a : b) = meeting;
 }
 
-// The line through two coordinate pairs; of zeros, which meets nothing, when they coincide.
+// The line through two points; when they coincide, a line of zeros, which meets nothing.
 PL_IMP_LINE_2D_record line_through(double x1, double y1, double x2, double y2)
 {
     PL_PNT2D_record p1;
@@ -53,7 +53,7 @@ bool CalcoloIntersezioneRette(double x1, double y1, double x2, double y2, double
     const PL_IMP_LINE_2D_record l2 = line_through(x3, y3, x4, y4);
     PL_PNT2D_record meeting = {};
     if (!PlFunz_intersect_ile(&l1, &l2, &meeting)) {
-        // Not left alone: callers draw from the outputs, and the first point is at least on the line.
+        // The outputs are always written, and the first point is at least on the first line.
         xOut = x1;
         yOut = y1;
         return false;
@@ -74,7 +74,7 @@ bool CalcoloIntersezioneRetteExt(double x1, double y1, double x2, double y2, dou
     const double ex = x1 - x3;
     const double ey = y1 - y3;
 
-    // Exact comparisons: whoever calls this one wants the meeting point of lines that are almost parallel.
+    // Exact comparisons, because this function is there for lines that are almost parallel.
     if (den == 0.0) {
         if (ex * d1y != ey * d1x)
             return false;

@@ -21,8 +21,8 @@ double distance2(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
     return dist2;
 }
 
-// The distance of two points, with the sign of the direction in which the second one lies: both ways are
-// set out, and the nearer end tells. A tie is behind, so that equal points give -0.0.
+// The distance of two points, positive when the second one lies ahead: the distance is set out both ways, and
+// the nearer end tells. A tie counts as behind, so that equal points give -0.0.
 double signed_distance(const PL_PNT2D_record& from, const PL_PNT2D_record& target, double dist,
                        double dir_deg)
 {
@@ -94,8 +94,8 @@ void CalcPtSquadro(const PL_PNT2D_record* a, const PL_PNT2D_record* b, double ab
     PL_IMP_LINE_2D_record perpendicular = {};
     PlFunz_linepntperpend(&line, &foot, &perpendicular);
 
-    // Along the perpendicular a positive distance goes left of a to b. Behind a the sides swap: the sign
-    // rule follows the abscissa, as field books on file have it.
+    // Along the perpendicular a positive distance leads to the left of the way from a to b. Behind a the two
+    // sides are exchanged: the sign of the ordinate follows that of the abscissa.
     CalcPtAtDistSuLineaImp(&perpendicular, &foot, absc >= 0.0 ? -ord : ord, out);
 }
 

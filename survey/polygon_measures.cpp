@@ -9,7 +9,7 @@
 
 namespace {
 
-// Rings up to here are copied to the stack, a kilobyte; most parcels are smaller.
+// Rings up to this size, a kilobyte, are copied to the stack. Most parcels are smaller.
 constexpr int kSmallRing = 64;
 
 PL_PNT2D_record plan_point(const CPoint3dVector& pts, int i)
@@ -23,8 +23,8 @@ double side_length(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
     return plcalc::step_length(to.x - from.x, to.y - from.y);
 }
 
-// Each vertex is read once and in order, and the first share already needs the last one: hence a copy. Four at a
-// time: one at a time, counting would take as long as copying.
+// Each vertex is read once and in order, but the first share already needs the last vertex: hence a copy. It is
+// made four points at a time, because counting single points would take as long as copying them.
 inline double area_of_copy(const CPoint3dVector& pts, int n, PL_PNT2D_record* ring)
 {
     int i = 0;
@@ -39,7 +39,7 @@ inline double area_of_copy(const CPoint3dVector& pts, int n, PL_PNT2D_record* ri
 double area_of_large_ring(const CPoint3dVector& pts, int n)
 {
     const std::size_t size = static_cast<std::size_t>(n);
-    // The compiler asks for more than any int, which is left out of the coverage.
+    // The compiler adds a branch for more points than an int can count; coverage leaves it out.
     const std::unique_ptr<PL_PNT2D_record[]> ring(new PL_PNT2D_record[size]);  // GCOVR_EXCL_BR_LINE
     return area_of_copy(pts, n, ring.get());
 }

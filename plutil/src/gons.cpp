@@ -12,13 +12,13 @@ constexpr double kQuarterTurnGon = 100.0;
 constexpr double kGonPerRad = 63.66197723675813;
 constexpr double kRadPerGon = 0.015707963267948967;
 
-// A direction this close below a full turn is the start of the circle. A cut through a vertex measures
-// directions from the edge of its wedge: a point on that edge which rounding puts just before it would
-// otherwise count as a full turn away, and 47 of 52,000 random cuts then hold the wrong area.
+// A direction this close below a full turn counts as the start of the circle. A cut through a vertex measures
+// directions from the edge of its wedge, and rounding may put a point on that edge just before it. Such a point
+// would otherwise count as a full turn away: in 47 of 52,000 random cuts the piece then had the wrong area.
 constexpr double kAlmostTurnGon = kTurnGon - 1e-10;
 
-// [0, 400), exact but for the one addition of a turn; NaN for NaN and infinities. Most angles hold no whole turn,
-// and a remainder takes longer than everything else here.
+// [0, 400), exact except for the one addition of a turn; NaN for NaN and infinities. Most angles are less than
+// a turn, and a remainder takes longer than everything else here.
 double within_turn(double angle)
 {
     const double rest = std::fabs(angle) < kTurnGon ? angle : std::fmod(angle, kTurnGon);
@@ -28,8 +28,8 @@ double within_turn(double angle)
     return r < kTurnGon ? r : r - kTurnGon;  // a tiny negative remainder rounds up to the whole turn
 }
 
-// A direction as full quarter turns and the rest in radians. The rest is below a quarter turn, so that sine
-// and cosine see small arguments and are exact, 0 and 1, where it is zero.
+// A direction as whole quarter turns and the rest in radians. The rest is below a quarter turn, so sine and
+// cosine get small arguments, and are exactly 0 and 1 where the rest is zero.
 struct QuarterTurns {
     int quarters;
     double rest_rad;
@@ -58,7 +58,7 @@ double positive_zero(double v)
 
 double AngoloDaAsseRifer(double a, double b) noexcept
 {
-    // The cardinal directions by themselves: exact, whatever the platform's atan2 makes of them.
+    // The cardinal directions come first, so that they are exact whatever the platform's atan2 gives.
     if (a == 0.0 && !std::isnan(b))
         return b >= 0.0 ? 0.0 : kHalfTurnGon;
     if (b == 0.0 && !std::isnan(a))

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Room that the first point makes: most parcels need no more.
+// Room that the first point allocates. Most parcels need no more.
 constexpr std::size_t kFirstRoom = 8;
 
 // A new array with room for so many points, the first of which are copies.
@@ -89,8 +89,8 @@ void CPoint3dVector::Clear() noexcept
 
 namespace plutil {
 
-/// The readers as routines, for whoever looks them up by name: taking their addresses makes the compiler emit
-/// what the header would only have it inline.
+/// The readers as routines, for programs that look them up by name. Taking their addresses makes the compiler
+/// emit them; otherwise it would only inline them.
 struct Readers {
     int (CPoint3dVector::*count)() const;
     double (CPoint3dVector::*x_at)(int) const;

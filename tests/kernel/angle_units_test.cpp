@@ -25,7 +25,7 @@ TEST(AngleUnits, ConstantsKeepTheirBits)
     EXPECT_BITS(kDegrees.full, 360.0);
     EXPECT_BITS(kPseudoTurn, 4.0);
 
-    // One double above the one nearest to 180 / pi, which is 57.29577951308232: filed directions carry it.
+    // One double above the one nearest to 180 / pi, which is 57.29577951308232: this one is settled.
     EXPECT_BITS(kDegrees.per_rad, 0x1.ca5dc1a63c1f9p+5);
     // Thirteen digits of pi / 180, 950 doubles below the nearest one.
     EXPECT_BITS(plcalc::kRadPerDeg, 0x1.1df46a2529983p-6);

@@ -16,7 +16,7 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 constexpr PL_IMP_LINE_2D_record kUntouchedLine = {kUntouched, kUntouched, kUntouched};
 
-// The result stands last in the one and first in the other: callers have compiled against both.
+// The result comes last in one and first in the other: both orders are settled.
 static_assert(std::is_same<decltype(&PlFunz_linepntperpend),
                            void (*)(const PL_IMP_LINE_2D_record*, const PL_PNT2D_record*,
                                     PL_IMP_LINE_2D_record*) noexcept>::value,
