@@ -105,17 +105,6 @@ TEST(Measure, RandomParcelsByLongDouble)
     }
 }
 
-TEST(Measure, AnglesAsTextStayBelowAFullTurn)
-{
-    EXPECT_EQ(tool::gon_text(399.99994, 4), "399.9999");
-    EXPECT_EQ(tool::gon_text(399.99996, 4), "0.0000");
-    EXPECT_EQ(tool::degree_text(399.99994, 4), "359.9999");
-    EXPECT_EQ(tool::degree_text(399.99999, 4), "0.0000");
-    EXPECT_EQ(tool::degree_text(100.0, 4), "90.0000");
-    EXPECT_EQ(tool::gon_text(std::nullopt, 4), "-");
-    EXPECT_EQ(tool::degree_text(std::nullopt, 4), "-");
-}
-
 // ------------------------------------------------------------------------------------------------ the program
 
 class MeasureVerb : public test::ProgramTest {};

@@ -81,7 +81,7 @@ TEST_F(Terminal, AProgressBarComesAndGoes)
 {
     // Many lines each, so that the work takes longer than the half second before the bar, on fast machines too.
     write_many(20000);
-    const std::vector<std::string> words = {"divide", "many.csv", "--parallel", "1", "--parts", "9", "-o"};
+    const std::vector<std::string> words = {"divide", "many.csv", "--parallel", "1", "--parts", "4", "-o"};
     const auto with_output = [&](const char* file) {
         std::vector<std::string> all = words;
         all.push_back(file);

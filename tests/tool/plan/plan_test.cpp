@@ -236,7 +236,6 @@ TEST(Foot, GrowsWithItsRowsUpToItsHeight)
     const auto height = [&](std::size_t rows, double width) {
         const tool::FootTable table({{"Ends of lines", std::vector<std::string>(rows, "P1  E 100.0000")}},
                                     canvas, width, 300.0);
-        EXPECT_EQ(table.is_whole(), table.height() < 290.0);
         return table.height();
     };
     EXPECT_EQ(height(2, 500.0), 74.0) << "the scale bar's";

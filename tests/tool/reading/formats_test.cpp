@@ -2,7 +2,6 @@
 // them hold the same parcel, 100 by 50 with a corner at (500000, 5000000).
 
 #include <filesystem>
-#include <memory>
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

@@ -2,7 +2,6 @@
 // exact rational arithmetic by divisions.py beside it.
 
 #include <cmath>
-#include <memory>
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

@@ -1,6 +1,5 @@
 // Help, man page and completion tell of the same options, and of all of them.
 
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <set>

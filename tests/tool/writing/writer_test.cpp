@@ -1,6 +1,5 @@
 // Divisions written by the program and read back through GDAL.
 
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <set>

@@ -1,18 +1,13 @@
 #include "answers/measure.h"
 
-#include <cmath>
 #include <cstddef>
 
 #include "plcalc/survey.h"
-#include "text/numbers.h"
 
 namespace tool {
 namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
-
-constexpr double kTurnGon = 400.0;
-constexpr double kTurnDegrees = 360.0;
 
 // Around the first vertex: the area's sums lose digits far from the origin.
 CPoint3dVector around_first(const Ring& ring)
@@ -33,12 +28,6 @@ std::optional<double> inner_angle(const PL_PNT2D_record& before, const PL_PNT2D_
     if (!back || !on)
         return std::nullopt;
     return LimiteAng0_400(anticlockwise ? *on - *back : *back - *on);
-}
-
-std::string angle_text(double angle, double turn, int decimals)
-{
-    const std::string text = fixed(angle, decimals);
-    return text == fixed(turn, decimals) ? fixed(0.0, decimals) : text;
 }
 
 }  // namespace
@@ -67,16 +56,6 @@ Measures measure(const Ring& ring)
             {inner_angle(ring[(i + n - 1) % n], ring[i], after, measures.anticlockwise)});
     }
     return measures;
-}
-
-std::string gon_text(const std::optional<double>& angle_gon, int decimals)
-{
-    return angle_gon ? angle_text(*angle_gon, kTurnGon, decimals) : "-";
-}
-
-std::string degree_text(const std::optional<double>& angle_gon, int decimals)
-{
-    return angle_gon ? angle_text(*angle_gon * kDegreesPerGon, kTurnDegrees, decimals) : "-";
 }
 
 }  // namespace tool

@@ -3,15 +3,11 @@
 // What can be measured on a parcel's boundary, by the library's own functions.
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "plcalc/kernel.h"
 
 namespace tool {
-
-/// Degrees in a gon, the other way round than 10/9: exact where a gon is a multiple of 10.
-constexpr double kDegreesPerGon = 0.9;
 
 /// A side, from its vertex to the next one.
 struct MeasuredSide {
@@ -39,11 +35,5 @@ std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_re
 
 /// @param[in] ring  a simple ring of three different vertices at least, the first not repeated
 Measures measure(const std::vector<PL_PNT2D_record>& ring);
-
-/// An angle in gons as text, below a full turn also after rounding; "-" for none.
-std::string gon_text(const std::optional<double>& angle_gon, int decimals);
-
-/// The same angle in degrees.
-std::string degree_text(const std::optional<double>& angle_gon, int decimals);
 
 }  // namespace tool

@@ -21,9 +21,4 @@ Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area)
             decimals_for(kRelAreaStep * area)};
 }
 
-const char* direction_name(bool anticlockwise)
-{
-    return anticlockwise ? "anticlockwise" : "clockwise";
-}
-
 }  // namespace tool

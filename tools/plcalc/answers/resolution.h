@@ -14,13 +14,8 @@ struct Resolution {
     int area_decimals = 4;  ///< of areas
 };
 
-/// A tenth of a milligon is what a theodolite reads.
-constexpr int kAngleDecimals = 4;
-
 /// A rounding moves a line by no more than a millionth of the parcel's extent, and an area by no more than the
 /// tenth part of a millionth of it; four decimals at least.
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
-
-const char* direction_name(bool anticlockwise);
 
 }  // namespace tool

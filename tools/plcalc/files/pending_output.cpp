@@ -1,9 +1,9 @@
 #include "files/pending_output.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <system_error>
-#include <vector>
 
 #include "console/failure.h"
 

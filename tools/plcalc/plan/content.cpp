@@ -5,7 +5,7 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
-#include "reports/cut_words.h"
+#include "reports/words.h"
 #include "text/numbers.h"
 
 namespace tool {

@@ -47,9 +47,6 @@ public:
     /// @param[in] max_height  of the foot; rows beyond it are left out, and "..." tells
     FootTable(const std::vector<FootSection>& sections, Canvas& canvas, double width, double max_height);
 
-    /// Whether no row is left out.
-    bool is_whole() const { return shown_ == cells_.size(); }
-
     /// Of the foot that holds it, points.
     double height() const;
 

@@ -8,9 +8,6 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-// A side this near to upright, radians, is upright.
-constexpr double kUpright = 1e-6;
-
 // Sizes of text, points.
 constexpr double kAreaSize = 10.0;
 constexpr double kLabelSize = 8.0;
@@ -24,43 +21,6 @@ constexpr std::size_t kMaxBeside = 12;
 
 // From a number to the boundary of its piece, points.
 constexpr double kLeastRoom = 1.5;
-
-// Around a point, first in a direction, then to both sides of it up to a third of a turn, near before far.
-std::vector<SheetPoint> around(const SheetPoint& p, const SheetPoint& first, double near)
-{
-    std::vector<SheetPoint> places;
-    for (const double distance : {near, 1.5 * near, 2.2 * near}) {
-        for (int step = 0; step <= 4; ++step) {
-            for (const double turn : {step * kPi / 6.0, -step * kPi / 6.0}) {
-                const SheetPoint turned = {first.x * std::cos(turn) - first.y * std::sin(turn),
-                                           first.x * std::sin(turn) + first.y * std::cos(turn)};
-                places.push_back(moved(p, turned, distance));
-            }
-        }
-    }
-    return places;
-}
-
-// Small boxes along turned text: the box around all of it is far too large.
-std::vector<SheetPoint> beads_of(const SheetPoint& middle, const SheetPoint& extent, double angle)
-{
-    const int count = std::max(1, static_cast<int>(std::ceil(extent.x / extent.y)));
-    std::vector<SheetPoint> beads;
-    for (int i = 0; i < count; ++i) {
-        const double along = ((i + 0.5) / count - 0.5) * extent.x;
-        beads.push_back({middle.x + along * std::cos(angle), middle.y + along * std::sin(angle)});
-    }
-    return beads;
-}
-
-// Read from below or from the right.
-double reading_angle(const SheetPoint& a, const SheetPoint& b)
-{
-    const double angle = std::atan2(b.y - a.y, b.x - a.x);
-    if (angle >= kPi / 2.0 - kUpright)
-        return angle - kPi;
-    return angle < -kPi / 2.0 - kUpright ? angle + kPi : angle;
-}
 
 }  // namespace
 
@@ -124,7 +84,7 @@ void PlanLabels::label_around(const std::string& text, const SheetPoint& p, cons
     const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
     const double near = 0.5 * std::max(extent.x, extent.y) + 4.0;
     const auto place =
-        places_.first_free(around(p, first, near), {extent.x + 2.0, extent.y}, 0.0, may_cross_lines);
+        places_.first_free(places_around(p, first, near), {extent.x + 2.0, extent.y}, 0.0, may_cross_lines);
     if (place)
         canvas_.text(text, *place, kLabelSize, colour, Anchor::centre, true);
 }
@@ -181,7 +141,7 @@ bool PlanLabels::label_side(std::size_t side)
     const SheetPoint middle = {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
     const bool fits = room_along(side) > 1.0;
     const double angle = fits ? reading_angle(a, b) : 0.0;
-    const auto place = fits ? first_along(beside, extent, angle)
+    const auto place = fits ? places_.first_free_along(beside, extent, angle)
                             : places_.first_free(outside_of(middle, out, extent), extent);
     if (place)
         canvas_.text(text, *place, kSmallSize, kGrey, Anchor::centre, false, angle);
@@ -198,24 +158,6 @@ std::vector<SheetPoint> PlanLabels::outside_of(const SheetPoint& middle, const S
         if (!is_inside(outline_, p))
             places.push_back(p);
     return places;
-}
-
-std::optional<SheetPoint> PlanLabels::first_along(const std::vector<SheetPoint>& middles,
-                                                  const SheetPoint& extent, double angle)
-{
-    for (const SheetPoint& middle : middles) {
-        const std::vector<SheetPoint> beads = beads_of(middle, extent, angle);
-        const SheetPoint bead = {extent.y, extent.y};
-        const bool free = std::all_of(beads.begin(), beads.end(), [&](const SheetPoint& p) {
-            return places_.is_free(p, bead, 0.0, true);
-        });
-        if (!free)
-            continue;
-        for (const SheetPoint& p : beads)
-            places_.take(label_box(p, bead, 0.0));
-        return middle;
-    }
-    return std::nullopt;
 }
 
 // Areas in their pieces, or beside them; where that cannot be had for all of them, at the foot for all of them.

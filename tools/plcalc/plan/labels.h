@@ -2,7 +2,6 @@
 
 // The labels on a plan's drawing, each where it covers neither another nor, where that can be had, a line.
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,8 +40,6 @@ private:
     bool label_side(std::size_t side);
     std::vector<SheetPoint> outside_of(const SheetPoint& middle, const SheetPoint& out,
                                        const SheetPoint& extent) const;
-    std::optional<SheetPoint> first_along(const std::vector<SheetPoint>& middles, const SheetPoint& extent,
-                                          double angle);
 
     void label_pieces();
     void number_pieces();

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "plparcel/extent.h"
-#include "text/numbers.h"
 
 namespace tool {
 namespace {

@@ -1,6 +1,5 @@
 #include "reading/csv_points.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <cpl_string.h>

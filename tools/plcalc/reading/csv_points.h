@@ -3,7 +3,6 @@
 // A parcel whose vertices are the rows of a table.
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include <ogrsf_frmts.h>

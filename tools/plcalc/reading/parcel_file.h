@@ -3,10 +3,8 @@
 // Reads parcels from any vector file that GDAL opens.
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

@@ -3,8 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "answers/resolution.h"
-#include "reports/cut_words.h"
+#include "reports/words.h"
 #include "text/numbers.h"
 #include "text/table.h"
 

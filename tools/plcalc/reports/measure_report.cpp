@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "answers/resolution.h"
+#include "reports/words.h"
+#include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
 #include "text/table.h"

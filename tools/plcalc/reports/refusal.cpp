@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "answers/resolution.h"
-#include "reports/cut_words.h"
+#include "reports/words.h"
 #include "text/numbers.h"
 
 namespace tool {

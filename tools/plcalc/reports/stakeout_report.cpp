@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "answers/measure.h"
+#include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
 #include "text/table.h"

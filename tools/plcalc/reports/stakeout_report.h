@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "answers/parcel.h"
 #include "answers/resolution.h"
 #include "answers/stakeout.h"
+#include "console/failure.h"
 
 namespace tool {
 

@@ -3,7 +3,6 @@
 // Points and boxes on a sheet, in points of 72 to the inch, from the upper left corner; and the small geometry that
 // places of labels need.
 
-#include <utility>
 #include <vector>
 
 namespace tool {

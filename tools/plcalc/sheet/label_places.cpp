@@ -4,6 +4,26 @@
 #include <cmath>
 
 namespace tool {
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+
+// A side this near to upright, radians, is upright.
+constexpr double kUpright = 1e-6;
+
+// Small boxes along turned text: the box around all of it is far too large.
+std::vector<SheetPoint> beads_of(const SheetPoint& middle, const SheetPoint& extent, double angle)
+{
+    const int count = std::max(1, static_cast<int>(std::ceil(extent.x / extent.y)));
+    std::vector<SheetPoint> beads;
+    for (int i = 0; i < count; ++i) {
+        const double along = ((i + 0.5) / count - 0.5) * extent.x;
+        beads.push_back({middle.x + along * std::cos(angle), middle.y + along * std::sin(angle)});
+    }
+    return beads;
+}
+
+}  // namespace
 
 SheetBox label_box(const SheetPoint& middle, const SheetPoint& size, double angle)
 {
@@ -14,9 +34,9 @@ SheetBox label_box(const SheetPoint& middle, const SheetPoint& size, double angl
     return {middle.x - half_width, middle.y - half_height, middle.x + half_width, middle.y + half_height};
 }
 
-// The part of the segment between two values of one coordinate, as parameters from 0 to 1.
 bool runs_through(const SheetPoint& a, const SheetPoint& b, const SheetBox& box)
 {
+    // The part of the segment inside the box, as parameters from 0 to 1.
     double from = 0.0;
     double to = 1.0;
     const auto clip = [&](double start, double run, double low, double high) {
@@ -78,6 +98,46 @@ std::optional<SheetPoint> LabelPlaces::first_free(const std::vector<SheetPoint>&
         }
     }
     return std::nullopt;
+}
+
+std::optional<SheetPoint> LabelPlaces::first_free_along(const std::vector<SheetPoint>& middles,
+                                                        const SheetPoint& extent, double angle)
+{
+    for (const SheetPoint& middle : middles) {
+        const std::vector<SheetPoint> beads = beads_of(middle, extent, angle);
+        const SheetPoint bead = {extent.y, extent.y};
+        const bool free = std::all_of(beads.begin(), beads.end(),
+                                      [&](const SheetPoint& p) { return is_free(p, bead, 0.0, true); });
+        if (!free)
+            continue;
+        for (const SheetPoint& p : beads)
+            take(label_box(p, bead, 0.0));
+        return middle;
+    }
+    return std::nullopt;
+}
+
+std::vector<SheetPoint> places_around(const SheetPoint& p, const SheetPoint& first, double near)
+{
+    std::vector<SheetPoint> places;
+    for (const double distance : {near, 1.5 * near, 2.2 * near}) {
+        for (int step = 0; step <= 4; ++step) {
+            for (const double turn : {step * kPi / 6.0, -step * kPi / 6.0}) {
+                const SheetPoint turned = {first.x * std::cos(turn) - first.y * std::sin(turn),
+                                           first.x * std::sin(turn) + first.y * std::cos(turn)};
+                places.push_back(moved(p, turned, distance));
+            }
+        }
+    }
+    return places;
+}
+
+double reading_angle(const SheetPoint& a, const SheetPoint& b)
+{
+    const double angle = std::atan2(b.y - a.y, b.x - a.x);
+    if (angle >= kPi / 2.0 - kUpright)
+        return angle - kPi;
+    return angle < -kPi / 2.0 - kUpright ? angle + kPi : angle;
 }
 
 }  // namespace tool

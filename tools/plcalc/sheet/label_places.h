@@ -36,11 +36,23 @@ public:
     std::optional<SheetPoint> first_free(const std::vector<SheetPoint>& middles, const SheetPoint& size,
                                          double angle = 0.0, bool may_cross_lines = true);
 
+    /// The same for text along a line, of which the box would be far too large: small boxes along it must be free.
+    /// It may cross lines.
+    std::optional<SheetPoint> first_free_along(const std::vector<SheetPoint>& middles, const SheetPoint& size,
+                                               double angle);
+
 private:
     SheetBox sheet_;
     std::vector<SheetBox> taken_;
     std::vector<std::pair<SheetPoint, SheetPoint>> lines_;
 };
+
+/// Places around a point: first in a direction of length 1, then to both sides of it up to a third of a
+/// turn, near ones before far ones.
+std::vector<SheetPoint> places_around(const SheetPoint& p, const SheetPoint& first, double near);
+
+/// The angle of text along a line so that it is read from below or from the right, radians, clockwise.
+double reading_angle(const SheetPoint& a, const SheetPoint& b);
 
 /// The box around a label, turned or not.
 SheetBox label_box(const SheetPoint& middle, const SheetPoint& size, double angle);

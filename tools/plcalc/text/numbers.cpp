@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kMinDecimals = 4;
 constexpr int kAllDigits = 16;  // after the first one
-constexpr int kRoughDigits = 3;
 
 // A step of 1e-5 that came out a few bits short of it still asks for five decimals.
 constexpr double kStepSlack = 1.0 + 1e-12;
@@ -83,11 +82,6 @@ int decimals_for(double step)
     while (decimals <= kMaxDecimals && !(std::pow(10.0, -decimals) <= step * kStepSlack))
         ++decimals;
     return decimals;
-}
-
-std::string rough(double value)
-{
-    return formatted(value, std::defaultfloat, kRoughDigits);
 }
 
 }  // namespace tool

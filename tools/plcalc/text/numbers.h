@@ -28,7 +28,4 @@ std::string shortest(double value);
 /// kMaxDecimals where there are none.
 int decimals_for(double step);
 
-/// Three significant digits, for the size of an error.
-std::string rough(double value);
-
 }  // namespace tool

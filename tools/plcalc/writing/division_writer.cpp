@@ -1,6 +1,5 @@
 #include "writing/division_writer.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include <cpl_conv.h>
@@ -9,14 +8,12 @@
 #include "console/failure.h"
 #include "files/vector_file.h"
 #include "plcalc/kernel.h"
+#include "writing/columns.h"
 
 namespace tool {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Names of columns that formats keep for themselves.
-const char* const kReserved[] = {"fid", "ogc_fid", "geom", "geometry", "wkt"};
 
 std::string lines_file_of(const std::string& file)
 {
@@ -50,44 +47,6 @@ std::vector<fs::path> files_there(const std::string& file)
 bool is_plane(const OGRSpatialReference* crs)
 {
     return crs != nullptr && !crs->IsGeographic() && !crs->IsGeocentric();
-}
-
-// A name that no column has yet.
-std::string free_name(OGRLayer& layer, const std::string& wanted)
-{
-    const auto is_taken = [&](const std::string& name) {
-        return layer.GetLayerDefn()->GetFieldIndex(name.c_str()) >= 0 ||
-               std::any_of(std::begin(kReserved), std::end(kReserved),
-                           [&](const char* reserved) { return EQUAL(reserved, name.c_str()); });
-    };
-    std::string name = wanted;
-    for (int i = 1; is_taken(name); ++i)
-        name = wanted + "_" + std::to_string(i);
-    return name;
-}
-
-// Makes a column, as text where the format has none of its type, and tells its place; -1 where it has no columns.
-int make_column(OGRLayer& layer, OGRFieldDefn& field, const OutputFormat& format)
-{
-    const int place = layer.GetLayerDefn()->GetFieldCount();
-    for (const OGRFieldType type : {format.type_for(field.GetType()), OFTString}) {
-        field.SetType(type);
-        if (layer.CreateField(&field) == OGRERR_NONE && layer.GetLayerDefn()->GetFieldCount() > place)
-            return place;
-    }
-    return -1;
-}
-
-// Our columns, found by their place: a format may change their names.
-std::vector<int> make_columns(OGRLayer& layer, const OutputFormat& format,
-                              const std::vector<std::pair<const char*, OGRFieldType>>& columns)
-{
-    std::vector<int> places;
-    for (const auto& [name, type] : columns) {
-        OGRFieldDefn field(free_name(layer, name).c_str(), type);
-        places.push_back(make_column(layer, field, format));
-    }
-    return places;
 }
 
 template <typename Value> void set(OGRFeature& feature, int place, const Value& value)

@@ -2,7 +2,6 @@
 
 // Writes divisions as layers of any vector format that GDAL writes.
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>

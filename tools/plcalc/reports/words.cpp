@@ -1,7 +1,6 @@
-#include "reports/cut_words.h"
+#include "reports/words.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace tool {
 namespace {
@@ -44,6 +43,11 @@ std::string place_of_first(const Asked& asked, std::size_t vertices)
 }
 
 }  // namespace
+
+const char* direction_name(bool anticlockwise)
+{
+    return anticlockwise ? "anticlockwise" : "clockwise";
+}
 
 std::string numbered(const char* what, long long number)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-// A request in words: which cut, how much, and what each piece is called.
+// What reports call things: a ring's direction, a cut, the amounts, the pieces.
 
 #include <cstddef>
 #include <string>
@@ -8,6 +8,9 @@
 #include "answers/request.h"
 
 namespace tool {
+
+/// "anticlockwise" or "clockwise".
+const char* direction_name(bool anticlockwise);
 
 /// "side 3".
 std::string numbered(const char* what, long long number);
