@@ -9,8 +9,7 @@
 namespace {
 
 // Half a turn in radians at fourteen significant digits, deliberately. The cut is 5.9e-13 rad, far inside the
-// margin of the comparison. It stays, to keep results comparable between
-// versions.
+// margin of the comparison. It stays, to keep results comparable between versions.
 constexpr double kHalfTurnRad = 3.1415926535892;
 
 // Makes opposite directions equal. Only one half turn is subtracted: a direction just below a full turn comes
