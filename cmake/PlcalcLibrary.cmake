@@ -8,7 +8,7 @@ function(plcalc_configure_objects target prefix)
     VISIBILITY_INLINES_HIDDEN ON
     POSITION_INDEPENDENT_CODE ON)
   target_link_libraries(${target} PRIVATE plcalc_fp plcalc_warnings)
-  if(NOT MSVC)
+  if(NOT MSVC AND NOT EMSCRIPTEN)  # whose compiler refuses the flag, having nothing to put in place
     # Nobody puts a function of the same name in our functions' place: they may call each other directly, and
     # be inlined.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
