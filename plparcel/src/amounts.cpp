@@ -8,6 +8,9 @@ namespace {
 // Amounts that leave no more of the parcel than this part of it leave nothing: the last one is what is left.
 constexpr double kNothingLeft = 1e-9;
 
+// What rounding alone may leave of a parcel that is asked for whole: a share of n out of n, or its area as a double.
+constexpr double kRounding = 0x1p-53;
+
 // No more of the last one than this either, or a last amount of a billionth would take anything for itself.
 constexpr double kNothingOfLast = 0.01;
 
@@ -76,7 +79,7 @@ Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
         }
         if (!(wanted > 0.0))
             return refused(Status::amount_too_small, i);
-        if (!(left > 0.0))
+        if (!(left > parcel * kRounding))
             return refused(Status::amount_too_large, i);
         shares.pieces.push_back(wanted);
     }

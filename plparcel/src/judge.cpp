@@ -5,17 +5,12 @@
 #include <limits>
 #include <utility>
 
+#include "area_by_ends.h"
+#include "nearby_ends.h"
 #include "ring_check.h"
 
 namespace plparcel {
 namespace {
-
-// Both pieces hold what they should within this part of the whole parcel.
-constexpr double kOfParcel = 1e-9;
-
-// And within this part of the smaller piece: of a request of a billionth of the parcel the test above would let
-// pass whatever came out, nothing at all included.
-constexpr double kOfSmallerPiece = 0.01;
 
 // An end lies this many times the spacing of doubles at the ring's largest coordinate from its side, at most:
 // rounding each axis to the third nearest double at worst takes it 1.5 spacings on each, 2.1 in all.
@@ -79,15 +74,9 @@ Ring walk(const MeasuredRing& ring, const PL_PNT2D_record& start, std::size_t si
     return piece;
 }
 
-double tolerance_of(const Target& target)
+bool holds(const Wide& got, const Wide& wanted, const Target& target)
 {
-    const double smaller = std::min(target.asked.value(), target.rest.value());
-    return std::min(kOfParcel * target.parcel.value(), kOfSmallerPiece * smaller);
-}
-
-bool holds(const Wide& got, const Wide& asked, const Target& target)
-{
-    return std::fabs((got - asked).value()) <= tolerance_of(target);
+    return std::fabs((got - wanted).value()) <= target.granted(wanted);
 }
 
 // Cuts along the line as it stands in `cutting` and measures. Where the line crosses or touches the boundary
@@ -124,41 +113,6 @@ Verdict judge_rounded(const MeasuredRing& ring, const Chord& chord, const Target
         return Verdict::leaves_the_parcel;
     return measure(ring, chord.request_after_from, target, cutting);
 }
-
-// The area of the piece that holds the request, for any ends of the line: the boundary between the two sides is
-// summed up once, the ends add two triangles to it.
-class AreaByEnds {
-public:
-    AreaByEnds(const MeasuredRing& ring, const Chord& chord)
-        : after_from_(chord.request_after_from), turn_(ring.turn())
-    {
-        Ring between;
-        const std::size_t last_side = after_from_ ? chord.to_side : chord.from_side;
-        std::size_t side = after_from_ ? chord.from_side : chord.to_side;
-        while (side != last_side) {
-            side = (side + 1) % ring.size();
-            between.push_back(ring[side]);
-        }
-        first_ = between.front();
-        last_ = between.back();
-        area_between_ = MeasuredRing(std::move(between)).signed_area();
-    }
-
-    Wide operator()(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const
-    {
-        const WidePoint start = from_to(first_, after_from_ ? from : to);
-        const WidePoint stop = from_to(first_, after_from_ ? to : from);
-        const Wide twice = cross(from_to(first_, last_), stop) + cross(stop, start);
-        return (area_between_ + twice * 0.5) * turn_;
-    }
-
-private:
-    bool after_from_;
-    Wide turn_;
-    PL_PNT2D_record first_ = {};  // of the boundary between the two sides
-    PL_PNT2D_record last_ = {};
-    Wide area_between_;
-};
 
 // The three doubles nearest to a coordinate, the nearest first.
 double rounded(const Wide& v, unsigned rank)
@@ -202,18 +156,26 @@ Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& cho
     const Verdict verdict = judge_rounded(ring, chord, target, cutting);
     if (verdict != Verdict::misses)
         return verdict;  // a line that leaves the parcel is not pushed back into it by a rounding
-    const AreaByEnds area(ring, chord);
+    const AreaByEnds area(ring, chord, chord.request_after_from);
     const unsigned of_from = chord.from_vertex ? 1 : kRoundings;
     for (unsigned choice = 0; choice < of_from * kRoundings; ++choice) {
         cutting.from = rounded(from, choice % of_from);
         cutting.to = rounded(to, choice / of_from);
         // Summed up in another order, and so not to the last bit the area that is judged.
-        const bool may_hold =
-            std::fabs((area(cutting.from, cutting.to) - target.asked).value()) <= 2.0 * tolerance_of(target);
+        const bool may_hold = std::fabs((area(cutting.from, cutting.to) - target.asked).value()) <=
+                              2.0 * target.granted(target.asked);
         if (may_hold && judge_rounded(ring, chord, target, cutting) == Verdict::divides)
             return Verdict::divides;
     }
-    return Verdict::misses;
+    const auto divides = [&](const PL_PNT2D_record& start, const PL_PNT2D_record& end) {
+        cutting.from = start;
+        cutting.to = end;
+        return judge_rounded(ring, chord, target, cutting) == Verdict::divides;
+    };
+    const PL_PNT2D_record nearest_from = {from.x.hi, from.y.hi};
+    const PL_PNT2D_record nearest_to = {to.x.hi, to.y.hi};
+    return offer_nearby_ends(ring, chord, target, nearest_from, nearest_to, divides) ? Verdict::divides
+                                                                                     : Verdict::misses;
 }
 
 }  // namespace plparcel

@@ -7,16 +7,10 @@
 #include "local_ring.h"
 #include "measured_ring.h"
 #include "plparcel/division.h"
+#include "target.h"
 #include "wide.h"
 
 namespace plparcel {
-
-/// What is wanted of a line.
-struct Target {
-    Wide asked;   ///< area of the piece that holds the request, unit squared
-    Wide rest;    ///< area of the other piece
-    Wide parcel;  ///< area of the whole parcel, of which the tolerance is a part
-};
 
 /// A line as it would be returned, and the two pieces that it makes.
 struct Cutting {
@@ -35,8 +29,9 @@ enum class Verdict {
 };
 
 /// Rounds a chord to the parcel's coordinates and judges it. An end next to a vertex is moved onto it. Where
-/// that, or rounding to the nearest, misses the target, the other neighbours of the coordinates are tried: on a
-/// parcel of a few units at 5e6 they can hold an area that the nearest do not.
+/// that, or rounding to the nearest, misses the target, the other neighbours of the coordinates are tried, and then
+/// all doubles within some spacings: on a parcel of a few units at 5e6 they can hold an area that the
+/// nearest do not.
 ///
 /// @param[out] cutting  for `divides` complete, otherwise undefined
 Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& chord, const Target& target,

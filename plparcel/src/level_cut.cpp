@@ -12,8 +12,8 @@ bool is_passed(std::size_t side, std::size_t from, std::size_t to, std::size_t n
     return way != 0 && way < (to + n - from) % n;
 }
 
-// Half a unit in the last place of 106 bits, with room: an area that far outside a slab is on its rim.
-constexpr double kRim = 1e-28;
+// Some units in the last place of 106 bits: an area that far outside a trapezium is on its rim.
+constexpr double kRim = 2e-28;
 
 }  // namespace
 
@@ -76,8 +76,10 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
     const Wide width_high = along_at(frame_, trapezium.right, high) - along_at(frame_, trapezium.left, high);
     const Wide widening = width_high - width_low;
     const Wide sunk = (area_above(chord, low) - wanted) / height;
-    const Wide rim = (width_low + width_high) * kRim;
-    if (sunk < -rim || sunk > (width_low + width_high) * 0.5 + rim)
+    const Wide whole = (width_low + width_high) * 0.5;
+    const Wide outside = sunk < 0.0 ? -sunk : sunk - whole;
+    chord.beside_the_amount = outside > whole * kRim;
+    if (chord.beside_the_amount && outside > request_.granted * up2_ / height)
         return false;
 
     const Wide under_root = width_low * width_low + widening * sunk * 2.0;

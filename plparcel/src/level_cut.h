@@ -26,6 +26,7 @@ struct LevelRequest {
     bool opposite;     ///< the request is the other piece
     Wide request;      ///< its area, local units
     Wide rest;         ///< that of the other piece
+    Wide granted;      ///< by how much a line may miss the request, local units
     double turn;       ///< 1 when the ring runs anticlockwise, -1 clockwise
 };
 
@@ -33,7 +34,8 @@ class LevelCut {
 public:
     LevelCut(const LocalRing& ring, const LevelRequest& request);
 
-    /// All lines that hold the request, the better ones first: those above level 0 (where the request does not
+    /// All lines that hold the request, and those at the level of a vertex that miss it by no more than is
+    /// granted, the better ones first: those above level 0 (where the request does not
     /// go with the base side, those that end on it), among them those that meet the boundary twice only, among
     /// them the nearest to level 0 (to the base side's middle). Those that leave the parcel by touching its
     /// boundary are among them.

@@ -1,5 +1,6 @@
 #include "one_cut.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -34,27 +35,51 @@ WidePoint up_direction(const Stage& stage, const Reference& reference, double tu
     return dot(up, into) < 0.0 ? WidePoint{-up.x, -up.y} : up;
 }
 
-// Whether the unlimited line crosses a side beside those that the line ends on, or at whose end it ends. Both
-// hair's breadths beside the line must: it may run along a side or touch a vertex without meeting the inside.
-bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
+// Where a hair's breadth beside the line of a cut is inside a piece: from and to, one after the other, along the line.
+std::vector<Wide> inside_beside(const MeasuredRing& piece, const Cutting& cutting, bool on_the_left)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
-    const auto is_end = [&cutting](const PL_PNT2D_record& p) {
-        return same_place(p, cutting.from) || same_place(p, cutting.to);
-    };
-    bool on_the_left = false;
-    bool on_the_right = false;
-    for (std::size_t side = 0; side < ring.size(); ++side) {
-        const PL_PNT2D_record& a = ring[side];
-        const PL_PNT2D_record& b = ring.at(side + 1);
-        if (side == cutting.from_side || side == cutting.to_side || is_end(a) || is_end(b))
-            continue;
-        const Wide off_a = cross(run, from_to(cutting.from, a));
-        const Wide off_b = cross(run, from_to(cutting.from, b));
-        on_the_left = on_the_left || (off_a > 0.0) != (off_b > 0.0);
-        on_the_right = on_the_right || (off_a < 0.0) != (off_b < 0.0);
+    const auto is_beyond = [on_the_left](const Wide& off) { return on_the_left ? off > 0.0 : off < 0.0; };
+    std::vector<Wide> crossed;
+    for (std::size_t side = 0; side < piece.size(); ++side) {
+        const WidePoint a = from_to(cutting.from, piece[side]);
+        const WidePoint b = from_to(cutting.from, piece.at(side + 1));
+        const Wide off_a = cross(run, a);
+        const Wide off_b = cross(run, b);
+        if (is_beyond(off_a) != is_beyond(off_b))
+            crossed.push_back(dot(run, a + (b - a) * (off_a / (off_a - off_b))));
     }
-    return on_the_left && on_the_right;
+    std::sort(crossed.begin(), crossed.end());
+    return crossed;
+}
+
+// Whether the unlimited line runs through the inside of a piece again, further than a touch of `reach`. Both hair's
+// breadths beside the line must be inside at the same place: it may run along a side or touch a vertex without
+// meeting the inside.
+bool meets_inside(const MeasuredRing& piece, const Cutting& cutting, double reach)
+{
+    const std::vector<Wide> left = inside_beside(piece, cutting, true);
+    const std::vector<Wide> right = inside_beside(piece, cutting, false);
+    const WidePoint run = from_to(cutting.from, cutting.to);
+    const Wide shortest = sqrt(dot(run, run)) * reach;
+    std::size_t l = 0;
+    std::size_t r = 0;
+    while (l + 1 < left.size() && r + 1 < right.size()) {
+        const Wide& begin = left[l] > right[r] ? left[l] : right[r];
+        const Wide& end = left[l + 1] < right[r + 1] ? left[l + 1] : right[r + 1];
+        if (end - begin > shortest)
+            return true;
+        (left[l + 1] < right[r + 1] ? l : r) += 2;
+    }
+    return false;
+}
+
+// Prolonged beyond its ends. The line is a side of both pieces, which is on one hair's breadth only.
+bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
+{
+    constexpr double kTouchRoundings = 4.0;
+    const double reach = kTouchRoundings * ring.spacing();
+    return meets_inside(cutting.request, cutting, reach) || meets_inside(cutting.rest, cutting, reach);
 }
 
 // Whether a line is the one that the library found, brought to rest: both in a frame 4096 to 8192 across. Where
@@ -97,7 +122,7 @@ public:
                     attempt.bare.done && is_beside(line, found) ? Found::by_search : Found::by_sweep;
                 break;
             }
-            if (verdict == Verdict::misses)
+            if (verdict == Verdict::misses && !line.beside_the_amount)
                 attempt.status = Status::not_reached;
         }
         return attempt;
@@ -129,6 +154,7 @@ private:
         request.opposite = stage_.measured == Measured::opposite;
         request.request = request_;
         request.rest = rest_;
+        request.granted = local_.area_to_local(target_.granted());
         request.turn = turn_;
         const LevelCut levels(local_, request);
         const Wide& of_base = request.opposite ? rest_ : request_;
@@ -140,7 +166,8 @@ private:
     std::vector<Chord> lines_from_the_vertex() const
     {
         const bool after = stage_.measured == Measured::from_reference;
-        std::vector<Chord> lines = lines_from_vertex(local_, turn_, stage_.index, after ? request_ : rest_);
+        std::vector<Chord> lines = lines_from_vertex(local_, turn_, stage_.index, after ? request_ : rest_,
+                                                     local_.area_to_local(target_.granted()));
         for (Chord& line : lines)
             line.request_after_from = after;
         return lines;

@@ -5,24 +5,30 @@
 namespace plparcel {
 namespace {
 
-// An area that is larger than a triangle by this part of what was summed up ends with it: rounding must not lose the
-// line to a vertex behind which the boundary turns back.
+// An area that misses a triangle's rim by this part of what was summed up lies on the rim.
 constexpr double kRim = 1e-28;
 
-// How much of a triangle is wanted, as a part of it; below 0 when that is none or more.
-Wide part_of(const Wide& missing, const Wide& triangle, double rim)
+// How much of a triangle is wanted, as a part of it.
+struct Part {
+    Wide part;     // 0 to 1
+    Wide outside;  // what is wanted less than nothing, or more than all
+};
+
+Part part_of(const Wide& missing, const Wide& triangle)
 {
     const Wide inwards = triangle < 0.0 ? -missing : missing;
     const Wide size = abs(triangle);
-    if (inwards < 0.0 || inwards > size + rim || !(size > 0.0))
-        return -1.0;
-    return inwards < size ? inwards / size : Wide(1.0);
+    if (inwards < 0.0)
+        return {0.0, -inwards};
+    if (inwards > size)
+        return {1.0, inwards - size};
+    return {size > 0.0 ? inwards / size : Wide(0.0), 0.0};
 }
 
 }  // namespace
 
 std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
-                                     const Wide& after_from)
+                                     const Wide& after_from, const Wide& granted)
 {
     const WidePoint& start = ring.at(vertex);
     const std::size_t n = ring.size();
@@ -35,12 +41,13 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
         const Wide missing = after_from - swept;
         const double rim = kRim * (std::fabs(swept.hi) + std::fabs(triangle.hi));
         swept = swept + triangle;
-        const Wide part = part_of(missing, triangle, rim);
-        if (part < 0.0)
-            continue;
+        const Part part = part_of(missing, triangle);
         Chord line;
+        line.beside_the_amount = part.outside > rim;
+        if (line.beside_the_amount && part.outside > granted)
+            continue;
         line.from = start;
-        line.to = a + (b - a) * part;
+        line.to = a + (b - a) * part.part;
         line.from_side = vertex;
         line.to_side = (vertex + k) % n;
         line.from_vertex = true;

@@ -17,8 +17,10 @@ namespace plparcel {
 /// @param[in] turn        1 anticlockwise, -1 clockwise
 /// @param[in] vertex      where the line starts
 /// @param[in] after_from  area next to the side after the vertex, local units
-/// @return the lines to all such points, in the order of the sides. Those that leave the parcel are among them.
+/// @param[in] granted     by how much a line may miss it, local units
+/// @return the lines to all such points, and to the vertices that miss the area by no more than is granted, in the
+///         order of the sides. Those that leave the parcel are among them.
 std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
-                                     const Wide& after_from);
+                                     const Wide& after_from, const Wide& granted);
 
 }  // namespace plparcel

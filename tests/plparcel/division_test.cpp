@@ -128,6 +128,72 @@ TEST(Division, FindsTheLine)
     }
 }
 
+// Up to its re-entrant corners an arm of the U holds 1800, and a wedge of the L 1200. A billionth of the U is 7.6e-6,
+// of the L 6.4e-6.
+TEST(Division, ALineThatBelongsAtAVertexGoesThere)
+{
+    const Ring to_the_decimetre = {{0, 0}, {60.1, 0}, {60.1, 20.1}, {40.3, 20.1}, {40.3, 50.2}, {0, 50.2}};
+    const CutRow rows[] = {
+        {"doubles hold 5e-17 less up to the corner",
+         to_the_decimetre,
+         request(Cut::parallel, 0, {area(1208.01)}),
+         {0, 20.1},
+         {40.3, 20.1}},
+        {"along the floor's far side, which is not the lines' own",
+         kL,
+         request(Cut::parallel, 0, {area(4000)}),
+         {0, 40},
+         {40, 40}},
+        {"just less than a billionth too much",
+         kU,
+         request(Cut::parallel, 0, {area(1800.0000075)}, kThere),
+         {0, 40},
+         {30, 40}},
+        {"the same from a vertex",
+         kL,
+         request(Cut::through_vertex, 1, {area(1200.0000063)}),
+         {100, 0},
+         {40, 40}},
+    };
+    for (const CutRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(row.ring, row.request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_POINT(division.lines[0].from, (row.from));
+        EXPECT_POINT(division.lines[0].to, (row.to));
+    }
+    EXPECT_EQ(divide(kU, request(Cut::parallel, 0, {area(1800.0000077)}, kThere)).status,
+              Status::line_leaves_parcel);
+    EXPECT_EQ(divide(kL, request(Cut::through_vertex, 1, {area(1200.0000065)})).status,
+              Status::line_leaves_parcel);
+}
+
+TEST(Division, TheWholeParcelIsTooMuchHoweverItIsSaid)
+{
+    const Ring triangle = {{-18.535025382192728, 43.324551290358166},
+                           {43.304300846685635, -5.1382467886298002},
+                           {-7.7591347769279011, -49.287684788839144}};
+    const double whole = plparcel::check_ring(triangle).area;
+    for (const Amount& amount : {share(6, 6), share(7, 7), share(10, 9), area(whole)})
+        EXPECT_EQ(divide(triangle, request(Cut::parallel, 0, {amount})).status, Status::amount_too_large);
+    const Division thirds = divide(triangle, request(Cut::parallel, 0, {share(2, 3), share(1, 3), area(1)}));
+    EXPECT_EQ(thirds.status, Status::amount_too_large);
+    EXPECT_EQ(thirds.at_amount, 1U);
+}
+
+// At 5e5 there are 16 doubles for one at 5e6. A parcel of 0.13 across, in halves.
+TEST(Division, TheFinerAxisIsUsedWhereTheCoarserOneCannotHold)
+{
+    const Ring ring = {{505920.83025423501, 5046082.9372970602}, {505920.80931969569, 5046082.9363120683},
+                       {505920.80637674703, 5046082.9355209619}, {505920.78580248245, 5046082.9113715328},
+                       {505920.78106889268, 5046082.8910925072}, {505920.80062363954, 5046082.8874178743},
+                       {505920.82559251331, 5046082.8971765675}};
+    const Division division = divide(ring, request(Cut::parallel, 1, {share(10, 11)}));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_NEAR(division.pieces[0].residual, 0.0, 1e-9 * division.ring.area);
+    EXPECT_NEAR(division.pieces[1].residual, 0.0, 1e-9 * division.ring.area);
+}
+
 struct RefusalRow {
     const char* what;
     Ring ring;
@@ -447,6 +513,25 @@ TEST(Division, KeepsTheBareAnswer)
     EXPECT_TRUE(swept.bare[0].done);
     EXPECT_EQ(swept.lines[0].found, Found::by_sweep);
     EXPECT_TRUE(swept.lines[0].meets_again);
+}
+
+TEST(Division, AProlongationThatOnlyTouchesDoesNotMeetAgain)
+{
+    // A C. From (-10, -30) the line runs up to (-10, 10), and prolonged along a side at either end.
+    const Ring c = {{0, 10}, {-10, 10}, {-10, 30}, {-30, 30}, {-30, -30}, {-10, -30}, {-10, -40}, {0, -40}};
+    const Division along = divide(c, request(Cut::through_vertex, 5, {area(1200)}, kThere));
+    ASSERT_EQ(along.status, Status::divided);
+    EXPECT_POINT(along.lines[0].to, ({-10, 10}));
+    EXPECT_FALSE(along.lines[0].meets_again);
+    // One arm of the U; the other has its tip at the level of the line, or a unit above.
+    for (const double tip : {60.0, 61.0}) {
+        SCOPED_TRACE(tip);
+        const Ring u = {{0, 0}, {100, 0}, {100, tip}, {70, tip}, {70, 40}, {30, 40}, {30, 100}, {0, 100}};
+        const Division cut = divide(u, request(Cut::parallel, 0, {area(1200)}, kThere));
+        ASSERT_EQ(cut.status, Status::divided);
+        EXPECT_POINT(cut.lines[0].to, ({30, 60}));
+        EXPECT_EQ(cut.lines[0].meets_again, tip > 60.0);
+    }
 }
 
 TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)

@@ -60,7 +60,8 @@ Request any_request(Random& random, const Ring& ring)
 std::string shown(const Ring& ring, const Request& request, std::size_t begun_at)
 {
     char text[160];
-    std::snprintf(text, sizeof text, "begun at %zu, cut %d, index %zu, measured %d, %zu amounts, share %g of %g, ring", begun_at,
+    std::snprintf(text, sizeof text,
+                  "begun at %zu, cut %d, index %zu, measured %d, %zu amounts, share %g of %g, ring", begun_at,
                   static_cast<int>(request.cut), request.index, static_cast<int>(request.measured),
                   request.amounts.size(), request.amounts[0].first, request.amounts[0].second);
     std::string all = text;

@@ -34,7 +34,7 @@ TEST(VertexCut, TriangleOnEachSide)
     };
     const LocalRing local{MeasuredRing(kSquare)};
     for (const Row& row : rows) {
-        const std::vector<Chord> lines = lines_from_vertex(local, 1.0, 0, row.area);
+        const std::vector<Chord> lines = lines_from_vertex(local, 1.0, 0, row.area, 0.0);
         ASSERT_EQ(lines.size(), 1U) << row.what;
         EXPECT_EQ(lines[0].from_side, 0U) << row.what;
         EXPECT_EQ(lines[0].to_side, row.to_side) << row.what;
@@ -42,12 +42,13 @@ TEST(VertexCut, TriangleOnEachSide)
         EXPECT_BITS(lines[0].to.x.value(), row.to.x);
         EXPECT_BITS(lines[0].to.y.value(), row.to.y);
     }
-    EXPECT_TRUE(lines_from_vertex(local, 1.0, 0, 2.1 * kTriangle).empty());
+    EXPECT_TRUE(lines_from_vertex(local, 1.0, 0, 2.1 * kTriangle, 0.0).empty());
 }
 
 TEST(VertexCut, ToAVertexFromBothItsSides)
 {
-    const std::vector<Chord> lines = lines_from_vertex(LocalRing(MeasuredRing(kSquare)), 1.0, 0, kTriangle);
+    const std::vector<Chord> lines =
+        lines_from_vertex(LocalRing(MeasuredRing(kSquare)), 1.0, 0, kTriangle, 0.0);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].to_side, 1U);
     EXPECT_EQ(lines[1].to_side, 2U);
@@ -60,7 +61,7 @@ TEST(VertexCut, ClockwiseFromAnyVertex)
     const Ring clockwise = {{0, 0}, {0, 4096}, {4096, 4096}, {4096, 0}};
     // From (4096, 4096), towards (4096, 0) first.
     const std::vector<Chord> lines =
-        lines_from_vertex(LocalRing(MeasuredRing(clockwise)), -1.0, 2, kTriangle / 2);
+        lines_from_vertex(LocalRing(MeasuredRing(clockwise)), -1.0, 2, kTriangle / 2, 0.0);
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].from_side, 2U);
     EXPECT_EQ(lines[0].to_side, 3U);
@@ -76,7 +77,7 @@ TEST(VertexCut, OnSidesThatRunBackTheAreaSinks)
     const double before = 4096.0 * 3072.0 / 2;
     const double back = (4096.0 * 3072.0 - 1024.0 * 3072.0) / 2;
     const std::vector<Chord> lines =
-        lines_from_vertex(LocalRing(MeasuredRing(bent)), 1.0, 0, before - back / 2);
+        lines_from_vertex(LocalRing(MeasuredRing(bent)), 1.0, 0, before - back / 2, 0.0);
     ASSERT_EQ(lines.size(), 3U);
     EXPECT_EQ(lines[0].to_side, 1U);
     EXPECT_EQ(lines[1].to_side, 2U);
@@ -89,7 +90,7 @@ TEST(VertexCut, SidesInLineWithTheVertexHoldNothing)
 {
     const Ring straight_on = {{0, 0}, {2048, 0}, {4096, 0}, {4096, 4096}, {0, 4096}};
     const std::vector<Chord> lines =
-        lines_from_vertex(LocalRing(MeasuredRing(straight_on)), 1.0, 0, kTriangle / 2);
+        lines_from_vertex(LocalRing(MeasuredRing(straight_on)), 1.0, 0, kTriangle / 2, 0.0);
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].to_side, 2U);
 }

@@ -159,7 +159,9 @@ struct RingReport {
 ///
 /// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
 ///             tolerance, and no loss at large coordinates. A ring of no more than 2^-90 of the square of its
-///             extent is called flat: there those bits end.
+///             extent is called flat: there those bits end. Before that, a decision may already be that of a
+///             rounding where coordinates differ by less than 1e-15 of their size, or an area is below 1e-12 of
+///             the square of the extent.
 PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// What became of a request.
@@ -251,6 +253,10 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             allows. On parcels of about a square unit or less at such coordinates this alone may forbid the
 ///             1e-9, and the answer is not_reached. A line that touches the boundary between its ends, or passes
 ///             a vertex within four spacings, makes more than two pieces.
+/// Refused     A refusal speaks of the lines that hold the amount exactly: line_leaves_parcel that each of them
+///             makes more than two pieces, not_reached that doubles next to the ends of one that does not do not
+///             hold it. Another line 25 spacings away may pass. Where a line to a vertex, or at its level,
+///             misses the amount by no more than is granted, it is tried as well.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. Where more than one
 ///             line holds the amount, those on the inner side of the base side come first (perpendicular: those
 ///             that end on it), among them those that meet the boundary twice only, among them the nearest to

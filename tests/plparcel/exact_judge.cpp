@@ -1,0 +1,667 @@
+#include "exact_judge.h"
+
+#include <gmpxx.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace plparcel_test {
+namespace {
+
+using plparcel::Cut;
+using plparcel::Division;
+using plparcel::Measured;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::Status;
+using Number = mpq_class;
+
+struct Point {
+    Number x;
+    Number y;
+};
+
+using Polygon = std::vector<Point>;
+
+Point operator-(const Point& a, const Point& b)
+{
+    return {a.x - b.x, a.y - b.y};
+}
+
+Point at_part(const Point& a, const Point& b, const Number& part)
+{
+    return {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+}
+
+Number cross(const Point& a, const Point& b)
+{
+    return a.x * b.y - a.y * b.x;
+}
+
+Number dot(const Point& a, const Point& b)
+{
+    return a.x * b.x + a.y * b.y;
+}
+
+Point exact(const PL_PNT2D_record& p)
+{
+    return {Number(p.x), Number(p.y)};
+}
+
+Polygon exact(const Ring& ring)
+{
+    Polygon polygon;
+    for (const PL_PNT2D_record& p : ring)
+        polygon.push_back(exact(p));
+    return polygon;
+}
+
+const Point& vertex(const Polygon& polygon, std::size_t i)
+{
+    return polygon[i % polygon.size()];
+}
+
+// Twice the area, above zero anticlockwise.
+Number twice_area(const Polygon& polygon)
+{
+    Number twice = 0;
+    for (std::size_t i = 1; i + 1 < polygon.size(); ++i)
+        twice += cross(polygon[i] - polygon[0], polygon[i + 1] - polygon[0]);
+    return twice;
+}
+
+bool segments_meet(const Point& a, const Point& b, const Point& c, const Point& d)
+{
+    const auto on = [](const Point& p, const Point& q, const Point& r) {
+        return sgn(cross(q - p, r - p)) == 0 && sgn(dot(p - r, q - r)) <= 0;
+    };
+    const int ab = sgn(cross(b - a, c - a)) * sgn(cross(b - a, d - a));
+    const int cd = sgn(cross(d - c, a - c)) * sgn(cross(d - c, b - c));
+    return (ab < 0 && cd < 0) || on(a, b, c) || on(a, b, d) || on(c, d, a) || on(c, d, b);
+}
+
+bool is_simple(const Polygon& polygon)
+{
+    const std::size_t n = polygon.size();
+    if (n < 3)
+        return false;
+    for (std::size_t i = 0; i < n; ++i) {
+        const Point& a = vertex(polygon, i);
+        const Point& b = vertex(polygon, i + 1);
+        const Point& c = vertex(polygon, i + 2);
+        if (sgn(cross(b - a, c - b)) == 0 && sgn(dot(b - a, c - b)) <= 0)
+            return false;
+        for (std::size_t k = i + 2; k < n; ++k) {
+            const bool neighbours = i == 0 && k + 1 == n;
+            if (!neighbours && segments_meet(a, b, vertex(polygon, k), vertex(polygon, k + 1)))
+                return false;
+        }
+    }
+    return true;
+}
+
+// A line that holds the amount, or comes within the tolerance of it.
+struct Line {
+    Point from;
+    Point to;
+    std::size_t from_side = 0;
+    std::size_t to_side = 0;
+};
+
+// What the request is about, exactly.
+struct Case {
+    Polygon ring;
+    Request request;
+    Number parcel;
+    Number asked;
+    Number spacing;
+    bool anticlockwise = true;
+
+    Number rest() const { return parcel - asked; }
+
+    // Of one piece.
+    Number tolerance(const Number& amount) const
+    {
+        const Number of_parcel = parcel * Number(1e-9);
+        const Number of_piece = amount * Number(0.01);
+        return std::min(of_parcel, of_piece);
+    }
+
+    Number tolerance() const
+    {
+        const Number of_asked = tolerance(asked);
+        const Number of_rest = tolerance(rest());
+        return std::min(of_asked, of_rest);
+    }
+};
+
+Case case_of(const Ring& ring, const Request& request)
+{
+    Case c;
+    c.ring = exact(ring);
+    c.request = request;
+    const Number twice = twice_area(c.ring);
+    c.anticlockwise = sgn(twice) > 0;
+    c.parcel = abs(twice) / 2;
+    const plparcel::Amount& amount = request.amounts[0];
+    c.asked = Number(amount.first);
+    if (amount.given == plparcel::Given::as_share)
+        c.asked = c.parcel * Number(amount.first) / Number(amount.second);
+    double largest = 0.0;
+    for (const PL_PNT2D_record& p : ring)
+        largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
+    c.spacing = Number(std::ldexp(largest, -52));
+    return c;
+}
+
+// The piece from the line's `from` along the ring to its `to`.
+Polygon piece_after(const Case& c, const Line& line)
+{
+    Polygon piece = {line.from};
+    for (std::size_t side = line.from_side; side != line.to_side;) {
+        side = (side + 1) % c.ring.size();
+        piece.push_back(c.ring[side]);
+    }
+    piece.push_back(line.to);
+    return piece;
+}
+
+Number area_after(const Case& c, const Line& line)
+{
+    return twice_area(piece_after(c, line)) / (c.anticlockwise ? 2 : -2);
+}
+
+bool is_between_sides(const Case& c, std::size_t side, const Line& line)
+{
+    for (std::size_t at = line.from_side; at != line.to_side;) {
+        at = (at + 1) % c.ring.size();
+        if (at == side)
+            return at != line.to_side;
+    }
+    return false;
+}
+
+// Part of the way from one border of a family of lines to the other at which the area is met, for an area that is
+// a polynomial of the second degree of that part: its values at 0, 1/2 and 1.
+Number part_that_holds(const std::array<Number, 3>& area, const Number& wanted)
+{
+    const Number second = 2 * (area[0] - 2 * area[1] + area[2]);
+    const Number first = area[2] - area[0] - second;
+    const bool grows = area[2] > area[0];
+    Number low = 0;
+    Number high = 1;
+    for (int bit = 0; bit < 120; ++bit) {
+        const Number middle = (low + high) / 2;
+        const Number value = area[0] + middle * (first + middle * second);
+        ((value < wanted) == grows ? low : high) = middle;
+    }
+    return low;
+}
+
+// The lines of one family between two sides: those that hold the wanted area, or at a border come close enough.
+template <class Family>
+void collect(const Case& c, const Number& wanted, const Family& line_at, bool& holds_exactly,
+             std::vector<Line>& lines)
+{
+    const Number parts[] = {0, Number(1) / 2, 1};
+    std::array<Number, 3> area;
+    for (std::size_t i = 0; i < 3; ++i)
+        area[i] = area_after(c, line_at(parts[i]));
+    if (area[0] == area[2])
+        return;
+    const Number low = std::min(area[0], area[2]);
+    const Number high = std::max(area[0], area[2]);
+    if (low < wanted && wanted < high) {
+        holds_exactly = true;
+        lines.push_back(line_at(part_that_holds(area, wanted)));
+    }
+    for (const std::size_t border : {std::size_t{0}, std::size_t{2}})
+        if (abs(area[border] - wanted) <= c.tolerance())
+            lines.push_back(line_at(parts[border]));
+}
+
+Point on_level(const Case& c, std::size_t side, const std::vector<Number>& levels, const Number& level)
+{
+    const std::size_t next = (side + 1) % c.ring.size();
+    return at_part(c.ring[side], c.ring[next], (level - levels[side]) / (levels[next] - levels[side]));
+}
+
+// Parallels and perpendiculars.
+void collect_levels(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
+{
+    const std::size_t n = c.ring.size();
+    const Point& a = vertex(c.ring, c.request.index);
+    const Point run = vertex(c.ring, c.request.index + 1) - a;
+    const bool parallel = c.request.cut == Cut::parallel;
+    std::vector<Number> levels;
+    std::vector<Number> along;
+    for (const Point& p : c.ring) {
+        levels.push_back(parallel ? cross(run, p - a) : dot(run, p - a));
+        along.push_back(parallel ? dot(run, p - a) : -cross(run, p - a));
+    }
+    std::vector<Number> sorted = levels;
+    std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    for (std::size_t k = 0; k + 1 < sorted.size(); ++k) {
+        const Number low = sorted[k];
+        const Number high = sorted[k + 1];
+        const Number middle = (low + high) / 2;
+        std::vector<std::pair<Number, std::size_t>> met;
+        for (std::size_t i = 0; i < n; ++i) {
+            const std::size_t j = (i + 1) % n;
+            if ((levels[i] < middle) != (levels[j] < middle))
+                met.emplace_back(
+                    along[i] + (along[j] - along[i]) * (middle - levels[i]) / (levels[j] - levels[i]), i);
+        }
+        std::sort(met.begin(), met.end());
+        for (std::size_t m = 0; m + 1 < met.size(); m += 2) {
+            // Levels grow to the left of `along`; an anticlockwise boundary runs upwards on the inside's right.
+            Line line;
+            line.from_side = c.anticlockwise ? met[m + 1].second : met[m].second;
+            line.to_side = c.anticlockwise ? met[m].second : met[m + 1].second;
+            const bool of_after = (parallel ? is_between_sides(c, c.request.index, line) : true) !=
+                                  (c.request.measured == Measured::opposite);
+            const auto line_at = [&](const Number& part) {
+                const Number level = low + (high - low) * part;
+                Line made = line;
+                made.from = on_level(c, line.from_side, levels, level);
+                made.to = on_level(c, line.to_side, levels, level);
+                return made;
+            };
+            collect(c, of_after ? c.asked : c.rest(), line_at, holds_exactly, lines);
+        }
+    }
+}
+
+// Around a vertex, from the direction of the side after it on.
+struct Around {
+    Point first;
+    int turn;
+
+    // 0 in the half turn that begins with `first`, 1 in the other.
+    int half(const Point& d) const
+    {
+        const int side = turn * sgn(cross(first, d));
+        return side > 0 || (side == 0 && sgn(dot(first, d)) > 0) ? 0 : 1;
+    }
+
+    bool operator()(const Point& a, const Point& b) const
+    {
+        return half(a) != half(b) ? half(a) < half(b) : turn * sgn(cross(a, b)) > 0;
+    }
+};
+
+void collect_rays(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
+{
+    const std::size_t n = c.ring.size();
+    const std::size_t v = c.request.index;
+    const Point& start = c.ring[v];
+    const Around before = {vertex(c.ring, v + 1) - start, c.anticlockwise ? 1 : -1};
+    const Point last = vertex(c.ring, v + n - 1) - start;
+    std::vector<Point> directions;
+    for (std::size_t k = 1; k < n; ++k) {
+        const Point d = vertex(c.ring, v + k) - start;
+        if (!before(last, d))
+            directions.push_back(d);
+    }
+    std::sort(directions.begin(), directions.end(), before);
+    for (std::size_t k = 0; k + 1 < directions.size(); ++k) {
+        const Point& right = directions[k];
+        const Point& left = directions[k + 1];
+        if (!before(right, left))
+            continue;
+        const Point between = {right.x + left.x, right.y + left.y};
+        Number nearest;
+        std::size_t met = n;
+        for (std::size_t i = 1; i + 1 < n; ++i) {
+            const std::size_t side = (v + i) % n;
+            const Point p = c.ring[side] - start;
+            const Point q = vertex(c.ring, side + 1) - start;
+            const Number off_p = cross(between, p);
+            const Number off_q = cross(between, q);
+            if (sgn(off_p) * sgn(off_q) >= 0)
+                continue;
+            const Number way = dot(at_part(p, q, off_p / (off_p - off_q)), between);
+            if (sgn(way) > 0 && (met == n || way < nearest)) {
+                nearest = way;
+                met = side;
+            }
+        }
+        if (met == n)
+            continue;
+        const auto hit = [&](const Point& d) -> Number {
+            const Point p = c.ring[met] - start;
+            const Point q = vertex(c.ring, met + 1) - start;
+            const Number off_p = cross(d, p);
+            return off_p / (off_p - cross(d, q));
+        };
+        const Number from_part = hit(right);
+        const Number to_part = hit(left);
+        const auto line_at = [&](const Number& part) {
+            Line made;
+            made.from = start;
+            made.from_side = v;
+            made.to_side = met;
+            made.to = at_part(c.ring[met], vertex(c.ring, met + 1), from_part + (to_part - from_part) * part);
+            return made;
+        };
+        const bool of_after = c.request.measured == Measured::from_reference;
+        collect(c, of_after ? c.asked : c.rest(), line_at, holds_exactly, lines);
+    }
+}
+
+Number largest_of(const Point& d)
+{
+    const Number x = abs(d.x);
+    const Number y = abs(d.y);
+    return std::max(x, y);
+}
+
+// Clear of every vertex between its ends by so much more than what counts as touching that no rounding matters, its
+// ends on vertices or clear of them.
+bool lies_clear(const Case& c, const Line& line)
+{
+    const Number reach = 8 * c.spacing;
+    const Point run = line.to - line.from;
+    const Number length2 = dot(run, run);
+    if (largest_of(run) <= 4 * reach)
+        return false;
+    for (const Point& v : c.ring) {
+        const Point w = v - line.from;
+        const Number from_end = largest_of(w);
+        const Number to_end = largest_of(v - line.to);
+        const Number near = std::min(from_end, to_end);
+        if (sgn(near) == 0)
+            continue;
+        if (near <= reach)
+            return false;
+        const Number off = cross(run, w);
+        const Number along = dot(run, w);
+        const bool beside = sgn(along) > 0 && along < length2;
+        if (beside && off * off <= reach * reach * length2)
+            return false;
+    }
+    return true;
+}
+
+// The doubles within one and a half spacings of a number; where they lie densely, two hundred of them.
+std::vector<double> doubles_near(const Number& v, const Number& spacing)
+{
+    const double near = v.get_d();
+    const double next = std::nextafter(std::fabs(near), std::numeric_limits<double>::infinity());
+    const double step = std::max(next - std::fabs(near), spacing.get_d() / 64);
+    std::vector<double> found;
+    for (int i = -100; i <= 100; ++i) {
+        const double d = near + i * step;
+        if (abs(Number(d) - v) <= spacing * Number(1.5))
+            found.push_back(d);
+    }
+    return found;
+}
+
+std::vector<PL_PNT2D_record> points_near(const Point& p, const Number& spacing)
+{
+    std::vector<PL_PNT2D_record> found;
+    for (const double x : doubles_near(p.x, spacing))
+        for (const double y : doubles_near(p.y, spacing))
+            found.push_back({x, y});
+    return found;
+}
+
+using Real = long double;
+
+// Area of a piece by its two ends on the line, to the precision of long double on differences from one end.
+class AreaOfEnds {
+public:
+    AreaOfEnds(const Case& c, const Line& line)
+    {
+        const Polygon piece = piece_after(c, line);
+        const Point& first = piece[1];
+        const Point& last = piece[piece.size() - 2];
+        origin_ = {first.x.get_d(), first.y.get_d()};
+        Polygon between(piece.begin() + 1, piece.end() - 1);
+        const int sign = c.anticlockwise ? 1 : -1;
+        between_ = real(twice_area(between) * sign / 2);
+        last_x_ = real(last.x - first.x);
+        last_y_ = real(last.y - first.y);
+        sign_ = static_cast<Real>(sign) / 2;
+    }
+
+    Real operator()(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const
+    {
+        const Real fx = static_cast<Real>(from.x) - origin_.x;
+        const Real fy = static_cast<Real>(from.y) - origin_.y;
+        const Real tx = static_cast<Real>(to.x) - origin_.x;
+        const Real ty = static_cast<Real>(to.y) - origin_.y;
+        return between_ + sign_ * (last_x_ * ty - last_y_ * tx + tx * fy - ty * fx);
+    }
+
+    static Real real(const Number& v)
+    {
+        const double high = v.get_d();
+        const Number rest = v - Number(high);
+        return static_cast<Real>(high) + rest.get_d();
+    }
+
+private:
+    PL_PNT2D_record origin_ = {};
+    Real between_ = 0;
+    Real last_x_ = 0;
+    Real last_y_ = 0;
+    Real sign_ = 0;
+};
+
+Line reversed(const Line& line)
+{
+    return {line.to, line.from, line.to_side, line.from_side};
+}
+
+bool request_is_after(const Case& c, const Line& line)
+{
+    const Number after = area_after(c, line);
+    const Number miss = abs(after - c.asked);
+    const Number other_miss = abs(c.parcel - after - c.asked);
+    return miss <= other_miss;
+}
+
+// Whether doubles next to a line's ends hold the amount.
+bool doubles_hold(const Case& c, const Line& line)
+{
+    const AreaOfEnds after(c, line);
+    const AreaOfEnds before(c, reversed(line));
+    const bool request_after = request_is_after(c, line);
+    const Number rest = c.rest();
+    const Number& of_after = request_after ? c.asked : rest;
+    const Number& of_before = request_after ? rest : c.asked;
+    // A hair inside, so that what is judged at the limit in one sum and in another does not differ.
+    const Real inside = 0.999L;
+    const Real wanted_after = AreaOfEnds::real(of_after);
+    const Real wanted_before = AreaOfEnds::real(of_before);
+    const Real reach_after = inside * AreaOfEnds::real(c.tolerance(of_after));
+    const Real reach_before = inside * AreaOfEnds::real(c.tolerance(of_before));
+    const bool from_vertex = c.request.cut == Cut::through_vertex;
+    const std::vector<PL_PNT2D_record> froms =
+        from_vertex ? std::vector<PL_PNT2D_record>{{line.from.x.get_d(), line.from.y.get_d()}}
+                    : points_near(line.from, c.spacing);
+    const std::vector<PL_PNT2D_record> tos = points_near(line.to, c.spacing);
+    for (const PL_PNT2D_record& from : froms)
+        for (const PL_PNT2D_record& to : tos)
+            if (std::fabs(after(from, to) - wanted_after) <= reach_after &&
+                std::fabs(before(to, from) - wanted_before) <= reach_before)
+                return true;
+    return false;
+}
+
+std::string objection_to_refusal(const Case& c, Status status)
+{
+    if (status == Status::amount_too_large)
+        return c.asked * (1 + Number(0x1p-52)) >= c.parcel ? "" : "there is more than that to cut";
+    if (status == Status::amount_too_small)
+        return sgn(c.asked) <= 0 ? "" : "the amount is above zero";
+    if (c.asked >= c.parcel)
+        return "the amount is no less than the parcel";
+    bool holds_exactly = false;
+    std::vector<Line> lines;
+    if (c.request.cut == Cut::through_vertex)
+        collect_rays(c, holds_exactly, lines);
+    else
+        collect_levels(c, holds_exactly, lines);
+    const bool too_coarse = status == Status::not_reached;
+    for (const Line& line : lines) {
+        if (!lies_clear(c, line) || (too_coarse && !doubles_hold(c, line)))
+            continue;
+        return "a line holds it, from " + std::to_string(line.from.x.get_d()) + " " +
+               std::to_string(line.from.y.get_d()) + " to " + std::to_string(line.to.x.get_d()) + " " +
+               std::to_string(line.to.y.get_d());
+    }
+    return "";
+}
+
+bool is_on_boundary(const Case& c, const Point& p)
+{
+    const Number reach2 = c.spacing * c.spacing * Number(6.25);
+    for (std::size_t i = 0; i < c.ring.size(); ++i) {
+        const Point d = vertex(c.ring, i + 1) - c.ring[i];
+        const Point w = p - c.ring[i];
+        const Number along = dot(d, w);
+        const Number length2 = dot(d, d);
+        const Point past = p - vertex(c.ring, i + 1);
+        const Number off2 = sgn(along) < 0    ? dot(w, w)
+                            : along > length2 ? dot(past, past)
+                                              : Number(cross(d, w) * cross(d, w) / length2);
+        if (off2 <= reach2)
+            return true;
+    }
+    return false;
+}
+
+bool same(const Point& a, const Point& b)
+{
+    return a.x == b.x && a.y == b.y;
+}
+
+// Whether a piece is one end, vertices of the ring one after another, and the other end; and which vertices.
+bool is_walk(const Case& c, const Polygon& piece, const Point& from, const Point& to, std::vector<bool>& seen)
+{
+    const std::size_t n = piece.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const Point& first = piece[i];
+        const Point& last = vertex(piece, i + n - 1);
+        if (!((same(first, from) && same(last, to)) || (same(first, to) && same(last, from))))
+            continue;
+        std::size_t at = c.ring.size();
+        for (std::size_t k = 1; k + 1 < n; ++k) {
+            const Point& p = vertex(piece, i + k);
+            if (at == c.ring.size()) {
+                at = 0;
+                while (at < c.ring.size() && !same(c.ring[at], p))
+                    ++at;
+            } else {
+                at = (at + 1) % c.ring.size();
+            }
+            if (at == c.ring.size() || !same(c.ring[at], p))
+                return false;
+            seen[at] = true;
+        }
+        return true;
+    }
+    return false;
+}
+
+bool has_side(const Polygon& piece, const Point& a, const Point& b)
+{
+    for (std::size_t i = 0; i < piece.size(); ++i)
+        if (same(piece[i], a) && same(vertex(piece, i + 1), b))
+            return true;
+    return false;
+}
+
+// Whether the piece that should hold the request lies where it was asked to.
+bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, const Point& to)
+{
+    const Point& a = vertex(c.ring, c.request.index);
+    const Point& b = vertex(c.ring, c.request.index + 1);
+    const bool near = c.request.measured == Measured::from_reference;
+    if (c.request.cut == Cut::through_vertex) {
+        // Along the side after the vertex, or the one before; the line may end on that side.
+        const Point& before = vertex(c.ring, c.request.index + c.ring.size() - 1);
+        const Point& along = near ? b : before;
+        const auto runs_along = [&](const Point& p) {
+            return !same(p, a) && largest_of(p - a) > 8 * c.spacing &&
+                   cross(along - a, p - a) * cross(along - a, p - a) <=
+                       64 * c.spacing * c.spacing * dot(along - a, along - a) &&
+                   sgn(dot(along - a, p - a)) > 0;
+        };
+        for (std::size_t i = 0; i < piece.size(); ++i)
+            if (same(piece[i], a))
+                return near ? runs_along(vertex(piece, i + 1))
+                            : runs_along(vertex(piece, i + piece.size() - 1));
+        return false;
+    }
+    if (c.request.cut == Cut::parallel)
+        return has_side(piece, a, b) == near;
+    const bool forward = has_side(piece, from, to);
+    const Point run = forward ? to - from : from - to;
+    const Point inward = c.anticlockwise ? Point{-run.y, run.x} : Point{run.y, -run.x};
+    return (sgn(dot(inward, b - a)) > 0) == near;
+}
+
+bool runs_as_asked(const Case& c, const Point& from, const Point& to)
+{
+    const Point& a = vertex(c.ring, c.request.index);
+    if (c.request.cut == Cut::through_vertex)
+        return same(from, a);
+    const Point side = vertex(c.ring, c.request.index + 1) - a;
+    const Point run = to - from;
+    const Number aside = c.request.cut == Cut::parallel ? cross(side, run) : dot(side, run);
+    const Number reach = 12 * c.spacing;
+    return aside * aside <= reach * reach * dot(side, side);
+}
+
+std::string objection_to_division(const Case& c, const Division& division)
+{
+    if (division.lines.size() != 1 || division.pieces.size() != 2)
+        return "one line and two pieces were asked for";
+    const Point from = exact(division.lines[0].from);
+    const Point to = exact(division.lines[0].to);
+    if (!is_on_boundary(c, from) || !is_on_boundary(c, to))
+        return "an end does not lie on the boundary";
+    if (!runs_as_asked(c, from, to))
+        return "the line does not run as asked";
+    std::vector<bool> seen(c.ring.size());
+    for (std::size_t i = 0; i < 2; ++i) {
+        const Polygon piece = exact(division.pieces[i].ring);
+        const Number wanted = i == 0 ? c.asked : c.rest();
+        const Number area = twice_area(piece) / (c.anticlockwise ? 2 : -2);
+        const Number miss = abs(area - wanted);
+        if (!is_simple(piece))
+            return "a piece meets itself";
+        if (!is_walk(c, piece, from, to, seen))
+            return "a piece is not the boundary from end to end";
+        if (miss > c.tolerance(wanted) * Number(1.0 + 1e-12))
+            return "a piece does not hold its amount";
+        if (i == 0 && !lies_where_asked(c, piece, from, to))
+            return "the amount lies on the wrong side";
+    }
+    for (std::size_t i = 0; i < seen.size(); ++i)
+        if (!seen[i] && largest_of(c.ring[i] - from) > 8 * c.spacing &&
+            largest_of(c.ring[i] - to) > 8 * c.spacing)
+            return "a vertex belongs to no piece";
+    return "";
+}
+
+}  // namespace
+
+std::string exact_objection(const Ring& ring, const Request& request, const Division& division)
+{
+    const Case c = case_of(ring, request);
+    return division.status == Status::divided ? objection_to_division(c, division)
+                                              : objection_to_refusal(c, division.status);
+}
+
+}  // namespace plparcel_test
