@@ -4,7 +4,6 @@
 // what an output holds before a call.
 
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <vector>
 
 #include "fuzz/check.h"
 #include "fuzz/parcel.h"

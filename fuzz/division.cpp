@@ -4,8 +4,6 @@
 
 #include <cmath>
 #include <cstddef>
-#include <utility>
-#include <vector>
 
 #include "fuzz/check.h"
 #include "fuzz/parcel.h"

@@ -1,4 +1,3 @@
-#include <cmath>
 #include <utility>
 
 #include "lines/implicit_lines.h"

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
 #include <map>
 #include <random>
 #include <string>

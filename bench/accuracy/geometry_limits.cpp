@@ -3,7 +3,6 @@
 
 #include <cfloat>
 #include <cmath>
-#include <cstddef>
 #include <random>
 #include <string>
 #include <vector>

@@ -1,6 +1,5 @@
 // Prints, call by call, the double operations by kind and their weighted sum.
 
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <string>

@@ -1,5 +1,4 @@
 #include "arc_checks.h"
-#include "arcs/arc_distance.h"
 #include "plcalc/arcs.h"
 
 namespace {

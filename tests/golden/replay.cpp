@@ -6,7 +6,6 @@
 /// describes the format.
 
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

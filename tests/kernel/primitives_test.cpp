@@ -1,7 +1,6 @@
 #include "plcalc/kernel.h"
 
 #include <cmath>
-#include <limits>
 
 #include "kernel/near.h"
 

@@ -1,6 +1,5 @@
 #include "kernel/shoelace.h"
 
-#include <cmath>
 #include <vector>
 
 #include "kernel/near.h"

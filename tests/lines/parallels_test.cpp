@@ -1,8 +1,5 @@
 #include "lines/parallels.h"
 
-#include <limits>
-
-#include "plcalc/lines.h"
 #include "support/bits.h"
 
 namespace {

@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "local_ring.h"
-#include "support/bits.h"
 
 namespace {
 

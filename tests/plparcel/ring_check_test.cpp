@@ -2,8 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
-#include <vector>
 
 #include "plparcel/division.h"
 #include "support/bits.h"

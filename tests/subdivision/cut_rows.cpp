@@ -1,6 +1,7 @@
 #include "cut_rows.h"
 
 #include "support/bits.h"
+#include "support/cut_state.h"
 
 namespace test {
 

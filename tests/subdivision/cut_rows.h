@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "support/cut_state.h"
+#include "support/rings.h"
 
 namespace test {
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <new>
 #include <type_traits>
-#include <utility>
 
 #include "cut_parcels.h"
 #include "support/bits.h"

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
 
 #include "cut_parcels.h"
 #include "cut_rows.h"
 #include "support/bits.h"
+#include "support/cut_state.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include "cut_parcels.h"
 #include "cut_rows.h"
 #include "support/bits.h"
+#include "support/cut_state.h"
 
 namespace {
 

@@ -5,12 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "plcalc/subdivision.h"
 #include "support/cut_inspector.h"
-#include "support/rings.h"
 
 namespace test {
 

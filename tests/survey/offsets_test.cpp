@@ -1,7 +1,6 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <string>
 
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"

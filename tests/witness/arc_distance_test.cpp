@@ -7,10 +7,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "plcalc/arcs.h"
-#include "support/bits.h"
 #include "witness/cases.h"
 #include "witness/geos.h"
 

@@ -13,7 +13,6 @@
 #include <cmath>
 
 #include "plcalc/arcs.h"
-#include "support/bits.h"
 #include "witness/cases.h"
 #include "witness/geos.h"
 

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "plcalc/survey.h"
-#include "support/bits.h"
 #include "witness/cases.h"
 #include "witness/geos.h"
 

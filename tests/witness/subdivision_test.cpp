@@ -13,7 +13,6 @@
 //               bisections need not reach 1e-6 of so small a rest
 //   band        the searched line's normal lies within 1e-6 gon of +x, where directions jump from 400 to 0
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
