@@ -26,6 +26,25 @@ constexpr bool ordered_nan(std::int64_t v) noexcept
     return v > kOrderedInfinity || v < -kOrderedInfinity;
 }
 
+/// The magnitude of v as a whole number that orders as magnitudes do; a NaN is greater than every other.
+inline std::uint64_t magnitude_bits(double v) noexcept
+{
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &v, sizeof bits);
+    return bits & ~(std::uint64_t(1) << 63);
+}
+
+/// The greater of two magnitudes; NaN when one is.
+inline double greater_magnitude(double v, double w) noexcept
+{
+    const std::uint64_t bits_v = magnitude_bits(v);
+    const std::uint64_t bits_w = magnitude_bits(w);
+    const std::uint64_t bits = bits_v < bits_w ? bits_w : bits_v;
+    double greater = 0.0;
+    std::memcpy(&greater, &bits, sizeof greater);
+    return greater;
+}
+
 /// The upper half of ordered_bits: 32 bits, enough to tell most doubles apart. It orders as the doubles do,
 /// except that doubles which differ only in the lower half are equal.
 inline std::int32_t ordered_high(double v) noexcept

@@ -5,6 +5,7 @@
 #include <cfloat>
 #include <cmath>
 
+#include "kernel/bit_order.h"
 #include "plcalc/kernel.h"
 
 #ifdef __FAST_MATH__
@@ -23,10 +24,10 @@ constexpr double scaled_tol(double r)
     return ((r < 0.0 ? -r : r) + 1.0) * PL_EPS;
 }
 
-/// |v| <= PL_EPS; false for NaN.
+/// |v| <= PL_EPS; false for NaN. By the bits: a comparison of doubles is a routine on the devices.
 inline bool is_zero(double v)
 {
-    return std::fabs(v) <= PL_EPS;
+    return magnitude_bits(v) <= magnitude_bits(PL_EPS);
 }
 
 /// Whether both steps are within PL_EPS: too short to have a direction. False when either is NaN.

@@ -21,7 +21,7 @@ public:
     /// @param[in] fixed  the line that stays
     /// @param[in] a, b   coefficients of the parallels
     MeetsParallels(const PL_IMP_LINE_2D_record& fixed, double a, double b) noexcept
-        : a_(fixed.a), b_(fixed.b), c_(fixed.c), same_direction_(is_zero(fixed.a - a) && is_zero(fixed.b - b))
+        : a_(fixed.a), b_(fixed.b), c_(fixed.c), same_direction_(agree(fixed.a, a) && agree(fixed.b, b))
     {
         const double det = b * fixed.a - fixed.b * a;
         parallel_ = is_zero(det);
@@ -42,16 +42,16 @@ public:
     /// y of the meeting point; as x_at.
     double y_at(double c) const noexcept { return (ca_ - a_ * c) * inv_; }
 
-    /// Whether the fixed line runs along x rather than y.
-    bool flat() const noexcept { return std::fabs(b_) >= std::fabs(a_); }
-
-    /// Whether x_at grows with c; meaningless on a fixed line that is vertical.
-    bool x_grows() const noexcept { return (b_ > 0.0) == (inv_ > 0.0); }
-
-    /// Whether y_at grows with c; meaningless on a fixed line that is horizontal.
-    bool y_grows() const noexcept { return (a_ > 0.0) != (inv_ > 0.0); }
+    /// Whether they meet but for lines that are one.
+    bool have_direction() const noexcept { return !parallel_; }
 
 private:
+    // |v - w| <= PL_EPS; most are told apart by their bits.
+    static bool agree(double v, double w) noexcept
+    {
+        return !surely_apart(ordered_high(v), ordered_high(w)) && is_zero(v - w);
+    }
+
     double a_ = 0.0;  // the fixed line
     double b_ = 0.0;
     double c_ = 0.0;

@@ -5,6 +5,7 @@
 #include "plcalc/lines.h"
 #include "plcalc/subdivision.h"
 #include "subdivision/parallel_trials.h"
+#include "subdivision/partial_polygon.h"
 #include "subdivision/search.h"
 
 namespace plcalc {
@@ -17,9 +18,14 @@ constexpr int kMaxBisections = 30;
 // The vertex after the two of the base side, where the sweep starts.
 constexpr std::int32_t kFirstSwept = 2;
 
+// From so many crossings on both ends of the chord and its midpoint are written.
+constexpr std::size_t kWholeChord = 2;
+
 }  // namespace
 
 /// The search for a line parallel to the base side, over the working values of its object.
+///
+/// A trial leaves what the next one needs; what only shows in the object is written when the search is over.
 class ParallelSearch {
 public:
     /// A search that lays its own lines.
@@ -28,10 +34,9 @@ public:
     /// A search over lines with the coefficients of `moving`.
     ParallelSearch(CFrazArea& cut, const PL_IMP_LINE_2D_record& moving)
         : cut_(cut),
-          trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b)
-    {
-        runs_.reserve(2 * static_cast<std::size_t>(std::max(cut.NumPunti, 1)));
-    }
+          trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b),
+          piece_(trials_.points())
+    {}
 
     // A line through each vertex in the ring's order, until one cuts off more than the request: the line
     // asked for lies between that vertex and the base side.
@@ -39,11 +44,10 @@ public:
     {
         std::int32_t v = kFirstSwept;
         do {
-            lay(trials_.line_through_vertex(v));
-            // A line of the sweep is a probe: its second end is not the result's.
-            PL_PNT2D_record probe_end = {};
-            measure(cut_.PuntoRis1, probe_end);
-            if (cut_.AreaParziale > cut_.AreaRichiesta)
+            line_ = trials_.line_through_vertex(v);
+            cut_off();
+            probe();
+            if (piece_.exceeds(cut_.AreaRichiesta))
                 bisect(trials_.point(v));
             ++v;
         } while (v < cut_.NumPunti && !cut_.Trovato);
@@ -53,90 +57,109 @@ public:
     // on the wrong side moves to the chord's second end, as far from the base line as the midpoint was.
     PL_PNT2D_record bisect(PL_PNT2D_record q)
     {
+        using Verdict = PartialPolygon::Verdict;
         cut_.Trovato = false;
         PL_PNT2D_record f = trials_.foot(q);
         for (int bisections = 0; bisections < kMaxBisections && !cut_.Trovato;) {
-            lay(trials_.line_through({(q.x + f.x) * 0.5, (q.y + f.y) * 0.5}));
-            measure(cut_.PuntoRis1, cut_.PuntoRis2);
-            if (meets_request(cut_.AreaParziale, cut_.AreaRichiesta)) {
+            line_ = trials_.line_through({(q.x + f.x) * 0.5, (q.y + f.y) * 0.5});
+            cut_off();
+            take_chord(piece_.single_points(), cut_.PuntoRis2);
+            const Verdict verdict = piece_.against(cut_.AreaRichiesta);
+            if (verdict == Verdict::kMeets) {
                 cut_.Trovato = true;
             } else {
                 ++bisections;
-                (cut_.AreaParziale < cut_.AreaRichiesta ? f : q) = cut_.PuntoRis2;
+                (verdict == Verdict::kBelow ? f : q) = cut_.PuntoRis2;
             }
         }
         return q;
     }
 
-    // The bearing of a line is asked for only in doubt. The last one's is the object's.
-    void note_bearing() { cut_.AngLinea = trials_.bearing(line_); }
-
-    // Area between the base side and the line: once round the parcel from the base side, keeping the
-    // vertices that are not beyond the line, and every crossing. r1 and r2 get the chord's ends.
-    void measure(PL_PNT2D_record& r1, PL_PNT2D_record& r2)
+    // Area between the base side and the line, with the object's second end or another.
+    void measure(const TrialLine& line, PL_PNT2D_record& r1, PL_PNT2D_record& r2)
     {
-        start_partial();
+        line_ = line;
+        cut_off();
+        cut_.NumIntersez = 0;
+        for (const PL_PNT2D_record& crossing : piece_.single_points())
+            cut_.TrovaLimitiSegmento(r1, r2, crossing);
+        show_piece();
+    }
+
+    // The last line, for whoever looks at the object, and what it cuts off.
+    void show()
+    {
+        settle_probe();
+        cut_.RettaMobile = {cut_.RettaBase.a, cut_.RettaBase.b, line_.c};
+        cut_.DistLinea = trials_.distance(line_);
+        cut_.AngLinea = trials_.bearing(line_);
+        show_piece();
+    }
+
+private:
+    // Once round the parcel from the base side, keeping the vertices that are not beyond the line, and every
+    // crossing.
+    void cut_off()
+    {
+        piece_.clear(crossings_before_);
+        piece_.append_vertices(0, 1);
         for (std::int32_t at = kFirstSwept; at <= cut_.NumPunti; ++at) {
             // Most of the ring is far from the line.
             const std::int32_t kept = trials_.kept_until(line_, at);
-            append_vertices(at, kept - 1);
+            piece_.append_vertices(at, kept - 1);
             at = trials_.beyond_until(line_, kept);
             if (at > cut_.NumPunti)
                 break;
 
             PL_PNT2D_record crossing;
-            if (trials_.meets_side(line_, at, crossing)) {
-                append_crossing(crossing);
-                cut_.TrovaLimitiSegmento(r1, r2, crossing);
-            }
+            if (trials_.meets_side(line_, at, crossing))
+                piece_.append_point(crossing);
             if (!trials_.beyond(line_, at))
-                append_vertices(at, at);
+                piece_.append_vertices(at, at);
         }
-        cut_.AreaParziale = std::fabs(trials_.signed_area(cut_.VettParziale, runs_));
+        // A chord leaves nothing of those before it to be seen: one that needs no more than the crossings before.
+        if (probe_open_ && piece_.single_points().size() < kWholeChord)
+            take_probe(crossings_before_);
+        probe_open_ = false;
     }
 
-    void take(const TrialLine& line) { line_ = line; }
-
-private:
-    void lay(const TrialLine& line)
-    {
-        line_ = line;
-        cut_.RettaMobile = {cut_.RettaBase.a, cut_.RettaBase.b, line.c};
-        cut_.DistLinea = line.offset.dist;
-    }
-
-    void start_partial()
+    void take_chord(const std::vector<PL_PNT2D_record>& crossings, PL_PNT2D_record& r2)
     {
         cut_.NumIntersez = 0;
-        cut_.VettParziale.clear();
-        cut_.NumPuntiParz = 0;
-        runs_.clear();
-        append_vertices(0, 1);
+        for (const PL_PNT2D_record& crossing : crossings)
+            cut_.TrovaLimitiSegmento(cut_.PuntoRis1, r2, crossing);
     }
 
-    void append_crossing(const PL_PNT2D_record& p)
+    // A line of the sweep is a probe: its second end is not the result's. Its chord is put off, since the next
+    // line's takes its place as a rule.
+    void probe() { probe_open_ = true; }
+
+    void settle_probe()
     {
-        cut_.IncrementaVett(p);
-        runs_.push_back({ParallelTrials::kCrossing, ParallelTrials::kCrossing});
+        if (probe_open_)
+            take_probe(piece_.single_points());
+        probe_open_ = false;
     }
 
-    void append_vertices(std::int32_t first, std::int32_t last)
+    void take_probe(const std::vector<PL_PNT2D_record>& crossings)
     {
-        if (last < first)
-            return;
-        const PL_PNT2D_record* points = &trials_.point(first);
-        cut_.VettParziale.insert(cut_.VettParziale.end(), points, points + (last + 1 - first));
-        cut_.NumPuntiParz += last + 1 - first;
-        if (!runs_.empty() && runs_.back().last + 1 == first)
-            runs_.back().last = last;
-        else
-            runs_.push_back({first, last});
+        PL_PNT2D_record probe_end = {};
+        take_chord(crossings, probe_end);
+    }
+
+    void show_piece()
+    {
+        piece_.write_to(cut_.VettParziale);
+        cut_.NumPuntiParz = piece_.size();
+        cut_.AreaParziale = piece_.area();
     }
 
     CFrazArea& cut_;
     ParallelTrials trials_;
-    TrialLine line_ = {0.0, {}, {}};         // the current one
-    std::vector<ParallelTrials::Run> runs_;  // the partial polygon by positions
+    PartialPolygon piece_;
+    TrialLine line_;                                 // the current one
+    bool probe_open_ = false;                        // its chord has not been taken
+    std::vector<PL_PNT2D_record> crossings_before_;  // of the line before it
 };
 
 }  // namespace plcalc
@@ -155,7 +178,7 @@ bool CFrazArea::CalcolaFrazionLineaPar()
 
     plcalc::ParallelSearch search(*this);
     search.sweep();
-    search.note_bearing();
+    search.show();
     return true;
 }
 
@@ -163,17 +186,17 @@ void CFrazArea::TrovatoPuntoMaxEtMedioConPuntoPrec(PL_PNT2D_record& q)
 {
     plcalc::ParallelSearch search(*this);
     q = search.bisect(q);
-    search.note_bearing();
+    search.show();
 }
 
 bool CFrazArea::CalcAreaDaPuntoPrimaDiVertice(PL_PNT2D_record& r1, PL_PNT2D_record& r2)
 {
-    plcalc::BaseOffset offset;
-    offset.dist = DistLinea;
-    offset.gon = AngLinea;
-    offset.gon_known = true;
-    plcalc::ParallelSearch search(*this, RettaMobile);
-    search.take({RettaMobile.c, {}, offset});
-    search.measure(r1, r2);
+    plcalc::TrialLine line;
+    line.c = RettaMobile.c;
+    line.offset.dist = DistLinea;
+    line.offset.gon = AngLinea;
+    line.offset.known = true;
+    line.offset.gon_known = true;
+    plcalc::ParallelSearch(*this, RettaMobile).measure(line, r1, r2);
     return true;
 }

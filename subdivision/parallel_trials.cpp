@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "kernel/bit_order.h"
-#include "kernel/shoelace.h"
 #include "plcalc/lines.h"
+#include "subdivision/clearance.h"
 #include "survey/direction_gon.h"
 
 namespace plcalc {
@@ -27,31 +27,36 @@ constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 // A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
 constexpr double kSeamSlope = 0.05;
 
-// Widening of the range of lines that may meet a side, in units of |a| + |b|. Twice the stake-out margin: at
-// most once that is used up when the side's range is. Whether it was enough is then tried.
-constexpr double kRangeMargin = 0.002;
+// The bearing of a point that faces clearly along the normal is within a third of a gon of the normal's. So one that
+// is this near to the normal's agrees with all of them, and one that is so far with none.
+constexpr double kAgreesGon = 0.6;
+constexpr double kDisagreesGon = 1.4;
 
-// Whether a meeting point is past the range on the side towards which it moves: then every further line
-// meets farther out, for each operation from c to the point is monotone in c.
-bool past(double v, bool moving_up, const SideRange& range)
+// Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the origin.
+constexpr double kSizeBound = 8.0;  // of what a trial line is laid through: the parcel's size so many times
+constexpr double kOfVertex = 0x1p-45;    // constants against distances
+constexpr double kNearBase = 1.1e-4;     // more than the distance at which a facing is clear,
+constexpr double kOfNearBase = 0x1p-40;  // and than what a foot may be off for it
+constexpr double kGreatestSize = 1e90;   // beyond, products may overflow
+
+SideIndex::Range numbers_between(double low, double high)
 {
-    return moving_up ? v > range.high : v < range.low;
+    const SideIndex::Range range = {ordered_bits(low), ordered_bits(high)};
+    return ordered_nan(range.low) || ordered_nan(range.high) ? TrialLine::kAll : range;
 }
 
-// Distances by their bits. Nothing lies beyond a line whose distance is no number, and a vertex whose distance
-// is none lies beyond nothing.
-std::int64_t order_or(double dist, std::int64_t if_nan)
+SideIndex::Range between(double c1, double c2)
 {
-    const std::int64_t order = ordered_bits(dist);
-    return ordered_nan(order) ? if_nan : order;
+    return ordered_bits(c1) < ordered_bits(c2) ? numbers_between(c1, c2) : numbers_between(c2, c1);
+}
+
+SideIndex::Range around(double c1, double c2, double margin)
+{
+    const bool rising = ordered_bits(c1) < ordered_bits(c2);
+    return numbers_between((rising ? c1 : c2) - margin, (rising ? c2 : c1) + margin);
 }
 
 }  // namespace
-
-TrialLine::TrialLine(double constant, const PL_PNT2D_record& p, const BaseOffset& from_base) noexcept
-    : c(constant), through(p), offset(from_base), c_order(ordered_bits(constant)),
-      reach(order_or(from_base.dist, INT64_MAX))
-{}
 
 ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
                                const std::vector<std::int32_t>& order, std::int32_t n,
@@ -59,22 +64,39 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
     : a_(a), b_(b), base_(base),
       feet_(base), ways_settle_{false, !near_seam(BaseOffset::Facing::kAlongNormal),
                                 !near_seam(BaseOffset::Facing::kAgainstNormal)},
-      last_(n), points_(index(std::max(n, 1)) + 1), vertices_(points_.size()), sides_(points_.size())
+      last_(n), points_(index(std::max(n, 1)) + 1), constants_(points_.size()), sides_near_(points_.size()),
+      offsets_(points_.size()), sides_(points_.size())
 {
     if (n < 1)
         return;
-    for (std::int32_t at = 0; at <= n; ++at)
+    for (std::int32_t at = 0; at <= n; ++at) {
         points_[index(at)] = ring[index(order[index(at)])];
-    for (std::int32_t at = 2; at <= n; ++at) {
-        VertexFacts& facts = vertices_[index(at)];
-        facts.offset = offset_of(point(at));
-        facts.reach = order_or(facts.offset.dist, INT64_MIN);
-        sides_[index(at)] = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_),
-                             box_between(point(at - 1), point(at))};
-        narrow_range(at);
+        constants_[index(at)] = c_through(point(at));
     }
-    for (std::int32_t at = 1; at < n; ++at)
-        vertices_[index(at)].share = shoelace_share(point(at - 1), point(at), point(at + 1));
+    note_ranges();
+}
+
+// The constants of the lines that may meet a side: those between its two ends', and a margin. What all sides need
+// of it is the line's to add.
+void ParallelTrials::note_ranges() noexcept
+{
+    const double coefficients = std::fabs(a_) + std::fabs(b_);
+    const Clearance clearance(points_, coefficients);
+    const double base_off = std::fabs(base_.c) * inverse_bound(std::max(std::fabs(a_), std::fabs(b_)));
+    farthest_ = kSizeBound * (clearance.greatest() + base_off);
+    greatest_c_ = 4.0 * coefficients * clearance.greatest();
+    margin_ = greater_magnitude(clearance.of_most_sides(), kOfVertex * coefficients * farthest_);
+    near_base_ = coefficients * (kNearBase + kOfNearBase * farthest_);
+    tells_ = a_ == base_.a && b_ == base_.b && feet_.have_direction() && farthest_ < kGreatestSize;
+
+    for (std::size_t at = 2; at < points_.size(); ++at) {
+        const double of_side = clearance.of_side(points_[at - 1], points_[at]);
+        const double from = constants_[at - 1];
+        const double to = constants_[at];
+        const bool usual = magnitude_bits(of_side) <= magnitude_bits(margin_);
+        sides_near_.note(at, usual ? between(from, to) : around(from, to, of_side));
+    }
+    sides_near_.build();
 }
 
 double ParallelTrials::c_through(const PL_PNT2D_record& p) const noexcept
@@ -117,9 +139,25 @@ BaseOffset ParallelTrials::offset_of(const PL_PNT2D_record& p) const noexcept
 {
     const PL_PNT2D_record at = foot(p);
     BaseOffset offset;
-    offset.dist = distance(at, p);
+    offset.dist = plcalc::distance(at, p);
     offset.facing = facing(at, p, offset.dist);
+    offset.known = true;
     return offset;
+}
+
+const BaseOffset& ParallelTrials::vertex_offset(std::int32_t at) noexcept
+{
+    BaseOffset& offset = offsets_[index(at)];
+    if (!offset.known)
+        offset = offset_of(point(at));
+    return offset;
+}
+
+const BaseOffset& ParallelTrials::line_offset(TrialLine& line) noexcept
+{
+    if (!line.offset.known)
+        line.offset = line.vertex >= 0 ? vertex_offset(line.vertex) : offset_of(line.through);
+    return line.offset;
 }
 
 void ParallelTrials::know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) const noexcept
@@ -130,75 +168,148 @@ void ParallelTrials::know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) 
     offset.gon_known = true;
 }
 
-// The lines through the side's two ends, and a margin; then tried, on the axis along which the side is longer.
-void ParallelTrials::narrow_range(std::int32_t at) noexcept
+TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) noexcept
 {
-    VertexFacts& facts = vertices_[index(at)];
-    const Side& side = sides_[index(at)];
-    const double c1 = c_through(point(at - 1));
-    const double c2 = c_through(point(at));
-    const double margin = kRangeMargin * (std::fabs(a_) + std::fabs(b_));
-    const double low = std::min(c1, c2) - margin;
-    const double high = std::max(c1, c2) + margin;
-    const bool flat = side.line.flat();
-    const bool grows = flat ? side.line.x_grows() : side.line.y_grows();
-    const SideRange& range = flat ? side.box.x : side.box.y;
-    facts.c_from = INT64_MIN;
-    facts.c_to = INT64_MAX;
-    if (past(flat ? side.line.x_at(low) : side.line.y_at(low), !grows, range))
-        facts.c_from = ordered_bits(low);
-    if (past(flat ? side.line.x_at(high) : side.line.y_at(high), grows, range))
-        facts.c_to = ordered_bits(high);
+    TrialLine line;
+    line.c = c_through(p);
+    line.through = p;
+    aim(line);
+    return line;
 }
 
-TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) const noexcept
+TrialLine ParallelTrials::line_through_vertex(std::int32_t at) noexcept
 {
-    return {c_through(p), p, offset_of(p)};
+    TrialLine line;
+    line.c = constants_[index(at)];
+    line.through = point(at);
+    line.vertex = at;
+    aim(line);
+    return line;
 }
 
-TrialLine ParallelTrials::line_through_vertex(std::int32_t at) const noexcept
+// Finds out what the line's constant tells. Nothing, where bearings jump at 0/400.
+void ParallelTrials::aim(TrialLine& line) noexcept
 {
-    const VertexFacts& facts = vertices_[index(at)];
-    return {c_through(point(at)), point(at), facts.offset};
+    const std::uint64_t farthest = magnitude_bits(farthest_);
+    const bool small = magnitude_bits(line.through.x) <= farthest &&
+                       magnitude_bits(line.through.y) <= farthest &&
+                       magnitude_bits(line.c) <= magnitude_bits(greatest_c_);
+    if (!tells_ || !small)
+        return;
+    double low = line.c - margin_;
+    double high = line.c + margin_;
+    line.meets = numbers_between(low, high);
+    const double off_base = line.c - base_.c;
+    bool settled = false;
+    if (magnitude_bits(off_base) > magnitude_bits(near_base_)) {
+        settled = settle_facing(line, std::signbit(off_base) ? BaseOffset::Facing::kAlongNormal
+                                                             : BaseOffset::Facing::kAgainstNormal);
+    } else {
+        // What lies near the base line too need not face clearly: it is asked one by one.
+        low = std::min(low, base_.c - near_base_ - margin_);
+        high = std::max(high, base_.c + near_base_ + margin_);
+        settled = settle_near_base(line);
+    }
+    if (!settled)
+        return;
+    line.doubts = numbers_between(low, high);
+}
+
+// A line that faces one way drops what lies farther out that way, and nothing else.
+bool ParallelTrials::settle_facing(TrialLine& line, BaseOffset::Facing way) const noexcept
+{
+    line.drops_below = way == BaseOffset::Facing::kAlongNormal;
+    line.drops_above = way == BaseOffset::Facing::kAgainstNormal;
+    return ways_settle_[static_cast<std::size_t>(way)];
+}
+
+// So near the base line that the bearing must tell which way the line faces, if any.
+bool ParallelTrials::settle_near_base(TrialLine& line) noexcept
+{
+    const BaseOffset::Facing way = line_offset(line).facing;
+    if (way != BaseOffset::Facing::kUnclear)
+        return settle_facing(line, way);
+    const double gon = bearing(line);
+    for (const BaseOffset::Facing each :
+         {BaseOffset::Facing::kAlongNormal, BaseOffset::Facing::kAgainstNormal}) {
+        const double apart = std::fabs(gon - normal_gon(each));
+        const bool agrees = apart <= kAgreesGon;
+        if (!ways_settle_[static_cast<std::size_t>(each)] || !(agrees || apart >= kDisagreesGon))
+            return false;
+        (each == BaseOffset::Facing::kAlongNormal ? line.drops_below : line.drops_above) = agrees;
+    }
+    return true;
+}
+
+double ParallelTrials::normal_gon(BaseOffset::Facing way) const noexcept
+{
+    const double size =
+        std::max(std::fabs(a_), std::fabs(b_)) * (way == BaseOffset::Facing::kAlongNormal ? 1 : -1);
+    return direction_gon({0.0, 0.0}, {a_ / size, b_ / size});
+}
+
+std::int32_t ParallelTrials::clear_until(const TrialLine& line, std::int32_t at, bool beyond) const noexcept
+{
+    while (at <= last_) {
+        const SideIndex::Place place = sides_near_.place(index(at), line.doubts);
+        if (place == SideIndex::Place::kNear)
+            return at;
+        if ((place == SideIndex::Place::kBelow ? line.drops_below : line.drops_above) != beyond)
+            return at;
+        at = static_cast<std::int32_t>(sides_near_.end_of(index(at), place, line.doubts));
+    }
+    return last_ + 1;
+}
+
+bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) noexcept
+{
+    if (sides_near_.place(index(at), line.meets) != SideIndex::Place::kNear)
+        return false;
+    Side& side = sides_[index(at)];
+    if (!side.known)
+        side = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_), true};
+    return meets_within(side.line, point(at - 1), point(at), line.c, crossing);
+}
+
+bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
+{
+    const std::int64_t c = ordered_bits(constants_[index(at)]);
+    if (c < line.doubts.low)
+        return line.drops_below;
+    if (c > line.doubts.high)
+        return line.drops_above;
+    // Farther, and in a direction that agrees. The vertex that the line goes through is as far.
+    if (at == line.vertex || !(vertex_offset(at).dist > line_offset(line).dist))
+        return false;
+    const BaseOffset::Facing way = line.offset.facing;
+    if (way != BaseOffset::Facing::kUnclear && offsets_[index(at)].facing == way &&
+        ways_settle_[static_cast<std::size_t>(way)])
+        return true;
+    return bearings_agree(line, at);
 }
 
 bool ParallelTrials::bearings_agree(TrialLine& line, std::int32_t at) noexcept
 {
-    VertexFacts& facts = vertices_[index(at)];
+    BaseOffset& offset = offsets_[index(at)];
     const BaseOffset::Facing way = line.offset.facing;
-    if (way != BaseOffset::Facing::kUnclear && facts.offset.facing != BaseOffset::Facing::kUnclear &&
-        facts.offset.facing != way)
+    if (way != BaseOffset::Facing::kUnclear && offset.facing != BaseOffset::Facing::kUnclear &&
+        offset.facing != way)
         return false;
-    know_bearing(facts.offset, point(at));
+    know_bearing(offset, point(at));
     const double line_gon = bearing(line);
-    return line_gon - kSideBandGon <= facts.offset.gon && facts.offset.gon <= line_gon + kSideBandGon;
+    return line_gon - kSideBandGon <= offset.gon && offset.gon <= line_gon + kSideBandGon;
 }
 
-double ParallelTrials::bearing(TrialLine& line) const noexcept
+double ParallelTrials::distance(TrialLine& line) noexcept
 {
+    return line_offset(line).dist;
+}
+
+double ParallelTrials::bearing(TrialLine& line) noexcept
+{
+    line_offset(line);
     know_bearing(line.offset, line.through);
     return line.offset.gon;
-}
-
-double ParallelTrials::signed_area(const std::vector<PL_PNT2D_record>& points,
-                                   const std::vector<Run>& runs) const noexcept
-{
-    const std::size_t count = points.size();
-    const auto share_anew = [&](std::size_t i) {
-        return shoelace_share(points[i == 0 ? count - 1 : i - 1], points[i],
-                              points[i + 1 == count ? 0 : i + 1]);
-    };
-    double sum = 0.0;
-    std::size_t i = 0;
-    for (const Run& run : runs) {
-        // Within a run the neighbours are those of the ring.
-        sum = share_anew(i++) + sum;
-        for (std::int32_t at = run.first + 1; at < run.last; ++at, ++i)
-            sum = vertices_[index(at)].share + sum;
-        if (run.last > run.first)
-            sum = share_anew(i++) + sum;
-    }
-    return sum;
 }
 
 }  // namespace plcalc

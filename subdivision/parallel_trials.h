@@ -10,6 +10,7 @@
 #include "lines/parallels.h"
 #include "plcalc/kernel.h"
 #include "subdivision/side.h"
+#include "subdivision/side_index.h"
 #include "survey/feet.h"
 
 namespace plcalc {
@@ -19,30 +20,33 @@ struct BaseOffset {
     /// Which way from the base line, where that is beyond doubt; else the bearing itself must tell.
     enum class Facing : std::uint8_t { kUnclear, kAlongNormal, kAgainstNormal };
 
-    double dist = 0.0;  ///< from the base line, never negative
+    double dist = 0.0;  ///< from the base line, never negative; once known
     double gon = 0.0;   ///< direction from the foot, counted anticlockwise from +x; once gon_known
+    bool known = false;
     bool gon_known = false;
-    Facing facing = Facing::kUnclear;
+    Facing facing = Facing::kUnclear;  ///< once known
 };
 
 /// A trial line, parallel to the base side.
 struct TrialLine {
-    /// Through a point that lies so from the base line.
-    TrialLine(double constant, const PL_PNT2D_record& p, const BaseOffset& from_base) noexcept;
+    double c = 0.0;                  ///< constant term; a and b are those of the base line
+    PL_PNT2D_record through = {};    ///< the point that it was laid through
+    std::int32_t vertex = -1;        ///< the position of that point, when it is a vertex
+    BaseOffset offset;               ///< of that point
+    SideIndex::Range meets = kAll;   ///< constants, the line's and a margin: sides out of reach are not met
+    SideIndex::Range doubts = kAll;  ///< those and more: vertices outside are known by their constants,
+    bool drops_below = false;        ///< whether those with less lie beyond the line,
+    bool drops_above = false;        ///< and those with more
 
-    double c;                 ///< constant term; a and b are those of the base line
-    PL_PNT2D_record through;  ///< the point that it was laid through
-    BaseOffset offset;        ///< of that point
-    std::int64_t c_order;     ///< c by its bits, which every side asks for
-    std::int64_t reach;       ///< distance from the base line by its bits; the greatest for NaN
+    static constexpr SideIndex::Range kAll = {INT64_MIN, INT64_MAX};
 };
 
 /// What stays the same while the line moves, kept for the time of one search.
 ///
-/// Distance and bearing of every vertex from the base line, the line of every side, what a meeting point
-/// needs of it, the side's extent, the range of lines that can meet it, and the vertex's share in the area:
-/// none of them depends on the moving line, so each is computed once, by the operations that measuring anew
-/// for every line would take. Every answer has the bits of that.
+/// Every vertex has the constant of its own parallel to the base side. By those a trial line knows on which side of
+/// it most of the parcel lies, and finds the sides and vertices that it comes near. Only these are met and measured,
+/// as IntersezLineaInSegmOK and CalcDistPuntoDaRetta have it, to the last bit, and what such a side or vertex needs
+/// is computed when it is first asked for. docs/exact-and-fast.md has the proofs.
 class ParallelTrials {
 public:
     /// @param[in] ring   the working polygon
@@ -53,103 +57,58 @@ public:
     ParallelTrials(const std::vector<PL_PNT2D_record>& ring, const std::vector<std::int32_t>& order,
                    std::int32_t n, const PL_IMP_LINE_2D_record& base, double a, double b);
 
-    /// The point at a position: 0 and 1 the base side, 2 to n - 1 the other vertices, n again 0. One after the
-    /// other in memory.
+    /// The points by position: 0 and 1 the base side, 2 to n - 1 the other vertices, n again 0.
+    const std::vector<PL_PNT2D_record>& points() const { return points_; }
     const PL_PNT2D_record& point(std::int32_t at) const { return points_[index(at)]; }
 
     /// Foot of the perpendicular from a point on the base line; the origin when that has no direction.
     PL_PNT2D_record foot(const PL_PNT2D_record& p) const noexcept;
 
     /// The line through a point.
-    TrialLine line_through(const PL_PNT2D_record& p) const noexcept;
+    TrialLine line_through(const PL_PNT2D_record& p) noexcept;
 
     /// The line through the vertex at a position, 2 to n.
-    TrialLine line_through_vertex(std::int32_t at) const noexcept;
+    TrialLine line_through_vertex(std::int32_t at) noexcept;
 
     /// The first position from `at` on whose vertex may lie beyond the line or whose side may be met by it;
     /// n + 1 for none. Those before it are neither, beyond doubt.
     std::int32_t kept_until(const TrialLine& line, std::int32_t at) const noexcept
     {
-        while (at <= last_ && passes_by(line, at) && !farther(line, at))
-            ++at;
-        return at;
+        return clear_until(line, at, false);
     }
 
     /// The first position from `at` on whose vertex may not lie beyond the line or whose side may be met by it;
     /// n + 1 for none. Those before it lie beyond, beyond doubt.
     std::int32_t beyond_until(const TrialLine& line, std::int32_t at) const noexcept
     {
-        while (at <= last_ && passes_by(line, at) && farther(line, at) && surely_in_line(line, at))
-            ++at;
-        return at;
+        return clear_until(line, at, true);
     }
 
     /// Whether the line meets the side that ends at a position, 2 to n, and where.
-    bool meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) const noexcept
-    {
-        const Side& side = sides_[index(at)];
-        return !passes_by(line, at) && meets_within(side.line, line.c, side.box, crossing);
-    }
+    bool meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) noexcept;
 
     /// Whether the vertex at a position, 2 to n, lies beyond the line as seen from the base side: farther,
     /// and in a direction within a gon of the line's, compared without folding at 0/400.
-    bool beyond(TrialLine& line, std::int32_t at) noexcept
-    {
-        return farther(line, at) && (surely_in_line(line, at) || bearings_agree(line, at));
-    }
+    bool beyond(TrialLine& line, std::int32_t at) noexcept;
+
+    /// Distance of the trial line from the base line.
+    double distance(TrialLine& line) noexcept;
 
     /// Direction from the base line to the trial line in gons.
-    double bearing(TrialLine& line) const noexcept;
-
-    /// Vertices of a partial polygon that follow each other in the ring, by their positions.
-    struct Run {
-        std::int32_t first;
-        std::int32_t last;
-    };
-
-    /// The position of a point that is no vertex: not next to any.
-    static constexpr std::int32_t kCrossing = -2;
-
-    /// Signed area of a partial polygon, as the shoelace sum over its points.
-    ///
-    /// @param[in] points  the partial polygon
-    /// @param[in] runs    the same by positions; a crossing is a run from kCrossing to kCrossing
-    double signed_area(const std::vector<PL_PNT2D_record>& points,
-                       const std::vector<Run>& runs) const noexcept;
+    double bearing(TrialLine& line) noexcept;
 
 private:
-    // What every trial line asks of every position.
-    struct VertexFacts {
-        std::int64_t reach;   // its distance from the base line by its bits; the least for NaN
-        std::int64_t c_from;  // lines whose c, by its bits, lies outside are proven not to meet the side
-        std::int64_t c_to;
-        double share;  // in the area, between its two neighbours
-        BaseOffset offset;
-    };
-
-    // The side that ends at a position: asked when the line may meet it.
+    // The side that ends at a position, once it has been asked for.
     struct Side {
         MeetsParallels line;
-        SideBox box;
+        bool known = false;
     };
 
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
 
-    bool passes_by(const TrialLine& line, std::int32_t at) const noexcept
-    {
-        const VertexFacts& facts = vertices_[index(at)];
-        return line.c_order < facts.c_from || line.c_order > facts.c_to;
-    }
-    bool farther(const TrialLine& line, std::int32_t at) const noexcept
-    {
-        return vertices_[index(at)].reach > line.reach;
-    }
-    bool surely_in_line(const TrialLine& line, std::int32_t at) const noexcept
-    {
-        const BaseOffset::Facing way = line.offset.facing;
-        return vertices_[index(at)].offset.facing == way && ways_settle_[static_cast<std::size_t>(way)];
-    }
-
+    std::int32_t clear_until(const TrialLine& line, std::int32_t at, bool beyond) const noexcept;
+    const BaseOffset& vertex_offset(std::int32_t at) noexcept;
+    const BaseOffset& line_offset(TrialLine& line) noexcept;
     BaseOffset offset_of(const PL_PNT2D_record& p) const noexcept;
     void know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) const noexcept;
     BaseOffset::Facing facing(const PL_PNT2D_record& foot, const PL_PNT2D_record& p,
@@ -157,7 +116,12 @@ private:
     bool near_seam(BaseOffset::Facing way) const noexcept;
     bool bearings_agree(TrialLine& line, std::int32_t at) noexcept;
     double c_through(const PL_PNT2D_record& p) const noexcept;
-    void narrow_range(std::int32_t at) noexcept;
+
+    void note_ranges() noexcept;
+    void aim(TrialLine& line) noexcept;
+    bool settle_facing(TrialLine& line, BaseOffset::Facing way) const noexcept;
+    bool settle_near_base(TrialLine& line) noexcept;
+    double normal_gon(BaseOffset::Facing way) const noexcept;
 
     double a_;
     double b_;
@@ -166,8 +130,16 @@ private:
     std::array<bool, 3> ways_settle_;  // whether points that face one way have bearings that agree
     std::int32_t last_;                // position of the closing point
     std::vector<PL_PNT2D_record> points_;
-    std::vector<VertexFacts> vertices_;
+    std::vector<double> constants_;  // of the parallel through each point
+    SideIndex sides_near_;
+    std::vector<BaseOffset> offsets_;
     std::vector<Side> sides_;
+
+    bool tells_ = false;       // whether constants tell on which side of a line a vertex lies
+    double farthest_ = 0.0;    // no trial line passes through a point with a greater coordinate
+    double greatest_c_ = 0.0;  // nor has a greater constant
+    double margin_ = 0.0;      // constants nearer to a line's than this tell nothing
+    double near_base_ = 0.0;   // lines whose constants are nearer to the base line's face no clear way
 };
 
 }  // namespace plcalc

@@ -3,6 +3,7 @@
 
 #include "plcalc/lines.h"
 #include "plcalc/subdivision.h"
+#include "subdivision/partial_polygon.h"
 #include "subdivision/search.h"
 #include "subdivision/vertex_trials.h"
 
@@ -17,10 +18,6 @@ constexpr int kMaxWedges = 50;
 // at a kilometre, and the search measures what the ray cuts off. It stays, to keep results comparable between
 // versions.
 constexpr double kRayRadPerGon = 0.01570796327;
-
-// Points on the edges of the wedge count, rounding or not.
-constexpr double kWedgeStartGon = -1e-10;
-constexpr double kWedgeWidening = 1.0000000001;
 
 // The fan of directions in which the vertex sees the parcel, in gons from the direction of point 1. The
 // search runs from `open` towards `anchor`, the edge from which wedges are measured.
@@ -50,7 +47,8 @@ void widen(Fan& fan, double turned, bool clockwise)
 class VertexSearch {
 public:
     explicit VertexSearch(CFrazArea& cut)
-        : cut_(cut), trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.PuntoVertice)
+        : cut_(cut), trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.PuntoVertice),
+          piece_(trials_.points())
     {}
 
     // Halves the angle between the two edges of the fan until the wedge between the anchor and the ray holds
@@ -66,37 +64,22 @@ public:
             cut_.AngAmpiezza = std::fabs(ray - fan.anchor);
             cut_.AngInizio = LimiteAng0_400(first_gon + (clockwise ? ray : fan.anchor));
             lay((first_gon + ray) * kRayRadPerGon);
-            cut_.AreaParziale = measure();
-            if (meets_request(cut_.AreaParziale, cut_.AreaRichiesta))
+            cut_off();
+            const PartialPolygon::Verdict verdict = piece_.against(cut_.AreaRichiesta);
+            if (verdict == PartialPolygon::Verdict::kMeets)
                 cut_.Trovato = true;
             else
-                (cut_.AreaParziale < cut_.AreaRichiesta ? narrow : wide) = ray;
+                (verdict == PartialPolygon::Verdict::kBelow ? narrow : wide) = ray;
         }
+        cut_.AreaParziale = show_piece();
     }
 
-    // Area of the wedge: the points that the vertex sees within it, and the ray's crossings. The vertex
-    // itself comes in with point 1, when that lies in the wedge.
+    // The wedge as the object has it.
     double measure()
     {
-        cut_.NumIntersez = 0;
-        cut_.PuntoRis1 = cut_.PuntoVertice;
-        cut_.VettParziale.clear();
-        cut_.NumPuntiParz = 0;
-        trials_.measure_from_gon(cut_.AngInizio);
-
-        for (std::int32_t at = 1; at < cut_.NumPunti; ++at) {
-            PL_PNT2D_record crossing = {};
-            if (at > 1 && trials_.meets_side(cut_.RettaAux, at, crossing)) {
-                cut_.IncrementaVett(crossing);
-                cut_.TrovaLimitiSegmento2(cut_.PuntoRis1, cut_.PuntoRis2, crossing);
-            }
-            if (in_wedge(trials_.from_start_gon(at))) {
-                if (at == 1)
-                    cut_.IncrementaVett(cut_.PuntoVertice);
-                cut_.IncrementaVett(trials_.point(at));
-            }
-        }
-        return cut_.AreaCalcolataDaVett(cut_.NumPuntiParz, cut_.VettParziale);
+        trials_.lay_ray(cut_.RettaAux);
+        cut_off();
+        return show_piece();
     }
 
 private:
@@ -115,20 +98,45 @@ private:
         return fan;
     }
 
+    // The wedge: the points that the vertex sees within it, and the ray's crossings. The vertex itself comes in
+    // with point 1, when that lies in the wedge.
+    void cut_off()
+    {
+        cut_.NumIntersez = 0;
+        cut_.PuntoRis1 = cut_.PuntoVertice;
+        piece_.clear();
+        trials_.lay_wedge(cut_.AngInizio, cut_.AngAmpiezza);
+
+        for (std::int32_t at = 1; at < cut_.NumPunti; ++at) {
+            PL_PNT2D_record crossing = {};
+            if (at > 1 && trials_.meets_side(at, crossing)) {
+                piece_.append_point(crossing);
+                cut_.TrovaLimitiSegmento2(cut_.PuntoRis1, cut_.PuntoRis2, crossing);
+            }
+            if (trials_.in_wedge(at))
+                piece_.append_vertices(at == 1 ? 0 : at, at);
+        }
+    }
+
+    // Its area, and its points for whoever looks at the object.
+    double show_piece()
+    {
+        piece_.write_to(cut_.VettParziale);
+        cut_.NumPuntiParz = piece_.size();
+        return piece_.area();
+    }
+
     void lay(double ray_rad)
     {
         const PL_PNT2D_record& vertex = cut_.PuntoVertice;
         const PL_PNT2D_record on_ray = {vertex.x + std::cos(ray_rad), vertex.y + std::sin(ray_rad)};
         PlFunz_lineeq_ile(&vertex, &on_ray, &cut_.RettaAux);
-    }
-
-    bool in_wedge(double from_start_gon) const
-    {
-        return from_start_gon >= kWedgeStartGon && from_start_gon <= cut_.AngAmpiezza * kWedgeWidening;
+        trials_.lay_ray(cut_.RettaAux, ray_rad);
     }
 
     CFrazArea& cut_;
     VertexTrials trials_;
+    PartialPolygon piece_;
 };
 
 }  // namespace plcalc

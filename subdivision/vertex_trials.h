@@ -11,8 +11,11 @@
 namespace plcalc {
 
 /// What stays the same while the ray turns, kept for the time of one search: in which direction the vertex sees
-/// each point, and the line and extent of each side. The ray meets the sides as IntersezLineaInSegmOK has it,
-/// to the last bit.
+/// each point.
+///
+/// Directions are kept a second time as whole parts of a turn. By those most sides are told to lie clear of a ray,
+/// and most points to lie inside or outside a wedge; where it is close, the side is met and the direction compared
+/// as IntersezLineaInSegmOK and LimiteAng0_400 have it, to the last bit.
 class VertexTrials {
 public:
     /// @param[in] ring   the working polygon
@@ -22,40 +25,93 @@ public:
     VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::vector<std::int32_t>& order,
                  std::int32_t n, const PL_PNT2D_record& from);
 
-    /// The point at a position, 1 to n - 1, or 1 when there is only the vertex.
-    const PL_PNT2D_record& point(std::int32_t at) const { return seen_[index(at)].point; }
+    /// The vertex, then the points at positions 1 to n - 1, or 1 when there is only the vertex.
+    const std::vector<PL_PNT2D_record>& points() const { return points_; }
 
-    /// Direction in which it is seen, in gons anticlockwise from +x.
+    /// Direction in which a point is seen, in gons anticlockwise from +x.
     double seen_at_gon(std::int32_t at) const { return seen_[index(at)].dir_gon; }
 
-    /// Measures every direction from here, until told otherwise. Most searches keep it all the way, since the
-    /// wedge of an anticlockwise parcel starts at the anchor.
-    void measure_from_gon(double start_gon) noexcept;
+    /// Lays the line along the ray.
+    ///
+    /// @param[in] line     through the vertex and a point one unit along the ray
+    /// @param[in] ray_rad  direction of that point
+    void lay_ray(const PL_IMP_LINE_2D_record& line, double ray_rad) noexcept;
 
-    /// Direction in which the point at a position is seen, 1 to n - 1, from there in gons.
-    double from_start_gon(std::int32_t at) const { return seen_[index(at)].from_start_gon; }
+    /// Lays any line. Every side is then met anew.
+    void lay_ray(const PL_IMP_LINE_2D_record& line) noexcept;
+
+    /// Lays the wedge that starts in one direction and is so wide.
+    void lay_wedge(double start_gon, double width_gon) noexcept;
 
     /// Whether the line along the ray meets the side that ends at a position, 2 to n - 1, and where.
-    bool meets_side(const PL_IMP_LINE_2D_record& ray, std::int32_t at,
-                    PL_PNT2D_record& crossing) const noexcept
+    bool meets_side(std::int32_t at, PL_PNT2D_record& crossing) const noexcept
+    {
+        const Place place = place_of(at);
+        if (place != Place::kNear && place == place_of(at - 1))
+            return false;
+        return meets_near_side(at, crossing);
+    }
+
+    /// Whether the point at a position, 1 to n - 1, lies in the wedge, its edges included.
+    bool in_wedge(std::int32_t at) const noexcept
     {
         const Seen& seen = seen_[index(at)];
-        return meets_within(MeetsParallels(seen.side, ray.a, ray.b), ray.c, seen.box, crossing);
+        const Turn from_start = seen.direction - wedge_start_;
+        if (seen.clear != kNeverClear) {
+            if (from_start - kOffTurn < surely_inside_)
+                return true;
+            if (from_start - outside_from_ < surely_outside_)
+                return false;
+        }
+        return in_wedge_by_gons(seen.dir_gon);
     }
 
 private:
+    // A part of a full turn, in units of 2^-32 of it. Differences wrap round as directions do.
+    using Turn = std::uint32_t;
+    static constexpr Turn kHalfTurn = Turn(1) << 31;
+    static constexpr Turn kQuarterTurn = Turn(1) << 30;
+    static constexpr Turn kNeverClear = kQuarterTurn;
+    static constexpr Turn kOffTurn = 64;  // what a direction may be off, several times over
+
     struct Seen {
-        PL_PNT2D_record point;
         double dir_gon;
-        double from_start_gon;
-        PL_IMP_LINE_2D_record side;  // that ends here
-        SideBox box;
+        Turn direction;
+        Turn clear;  // of a line that is farther off than this, both sides that end here are on one side
     };
 
-    static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
+    enum class Place : std::uint8_t { kNear, kLeft, kRight };
 
+    static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
+    static Turn turn_of_gon(double gon) noexcept;
+
+    Place place_of(std::int32_t at) const noexcept
+    {
+        const Seen& seen = seen_[index(at)];
+        const Turn off = seen.direction - ray_;
+        const Turn off_line = off & (kHalfTurn - 1);
+        if (!ray_known_ || off_line - seen.clear >= kHalfTurn - 2 * seen.clear)
+            return Place::kNear;
+        return off < kHalfTurn ? Place::kLeft : Place::kRight;
+    }
+
+    bool meets_near_side(std::int32_t at, PL_PNT2D_record& crossing) const noexcept;
+    bool in_wedge_by_gons(double dir_gon) const noexcept;
+    void know_clearances() noexcept;
+
+    std::vector<PL_PNT2D_record> points_;
     std::vector<Seen> seen_;
-    double start_gon_;  // of which from_start_gon is; NaN at first, which no start equals
+
+    PL_IMP_LINE_2D_record line_ = {};
+    Turn ray_ = 0;
+    bool ray_known_ = false;  // as a part of a turn
+
+    double start_gon_ = 0.0;
+    double width_gon_ = 0.0;
+    Turn wedge_start_ = 0;
+    Turn surely_inside_ = 0;  // so much of a turn, from kOffTurn past the wedge's start on
+    Turn outside_from_ = 0;
+    Turn surely_outside_ = 0;  // so much from there on
 };
 
 }  // namespace plcalc

@@ -27,6 +27,9 @@ public:
         return true;
     }
 
+    /// Whether the line has a direction, so that there are feet.
+    bool have_direction() const noexcept { return perpendiculars_.have_direction(); }
+
 private:
     double a_;
     double b_;

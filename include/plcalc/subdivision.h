@@ -103,12 +103,12 @@ public:
     ///             has done, except in a second call.
     ///
     /// Memory and time, for n vertices: the object keeps 52 bytes per vertex. While it runs, a search takes
-    /// about 180 more in modes 0 and 1 and 90 more in mode 2 on 64-bit machines; std::bad_alloc is the one
-    /// exception that may be thrown, and the object can only be destroyed after it. Mode 2 looks at
-    /// every side 49 times at most. Mode 0 tries a line through each vertex until one cuts off more than the
-    /// request, and bisects from there: n * n side tests when that is the last vertex. A request that no line
-    /// meets, such as 0, bisects anew at every vertex, which makes 31 * n * n: a tenth of a second for 1000
-    /// vertices on a desktop.
+    /// about 200 more in modes 0 and 1 and 60 more in mode 2 on 64-bit machines; std::bad_alloc is the one
+    /// exception that may be thrown, and the object can only be destroyed after it. Mode 2 turns at most 49
+    /// rays, each of which compares every direction once and meets only the sides near it. Mode 0 tries a line
+    /// through each vertex until one cuts off more than the request, and bisects from there. A line meets only
+    /// the sides near it and finds them in a logarithmic number of steps each. A request that no line meets,
+    /// such as 0, bisects anew at every vertex: 31 * n lines.
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:

@@ -51,32 +51,4 @@ TEST(MeetsParallels, AlmostTheSameDirectionIsToldByC)
     EXPECT_TRUE(meets.meets(6.0));
 }
 
-TEST(MeetsParallels, FlatAlongXWhicheverWayItRuns)
-{
-    for (const double a : {0.5, -0.5})
-        for (const double b : {2.0, -2.0}) {
-            EXPECT_TRUE(MeetsParallels({a, b, 7}, 1, 0).flat()) << a << ", " << b;
-            EXPECT_FALSE(MeetsParallels({b, a, 7}, 1, 0).flat()) << b << ", " << a;
-        }
-    EXPECT_TRUE(MeetsParallels({3, -3, 7}, 1, 0).flat()) << "a diagonal counts as flat";
-}
-
-TEST(MeetsParallels, GrowsAsItSays)
-{
-    std::mt19937_64 random = test::random_source();
-    std::uniform_real_distribution<double> any(-100.0, 100.0);
-    int met = 0;
-    for (int i = 0; i < 20000; ++i) {
-        const MeetsParallels meets({any(random), any(random), any(random)}, any(random), any(random));
-        const double c = any(random);
-        const double more = test::up(c + 1e-6 * (i % 100));
-        if (!meets.meets(c))
-            continue;
-        ++met;
-        EXPECT_TRUE(meets.x_grows() ? meets.x_at(more) >= meets.x_at(c) : meets.x_at(more) <= meets.x_at(c));
-        EXPECT_TRUE(meets.y_grows() ? meets.y_at(more) >= meets.y_at(c) : meets.y_at(more) <= meets.y_at(c));
-    }
-    EXPECT_GT(met, 19000);
-}
-
 }  // namespace

@@ -1,0 +1,79 @@
+#pragma once
+
+// How far from a line a side must be to be out of its reach: internal, not installed; for subdivision/.
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "kernel/bit_order.h"
+#include "kernel/tolerance.h"
+#include "survey/side_range.h"
+
+namespace plcalc {
+
+/// A power of two that is at least 1 / v and at most twice that, for a normal v above zero; infinity where there is
+/// none, NaN for NaN. Spares the division, which is a routine of 500 instructions on the devices.
+inline double inverse_bound(double v) noexcept
+{
+    std::int64_t bits = 0;
+    std::memcpy(&bits, &v, sizeof bits);
+    const std::int64_t exponent = bits >> 52;
+    if (exponent <= 0 || exponent >= 2046)
+        return v != v ? v : INFINITY;
+    bits = (2046 - exponent) << 52;
+    double bound = 0.0;
+    std::memcpy(&bound, &bits, sizeof bound);
+    return bound;
+}
+
+/// What rounding may do to lines through the points of one parcel.
+///
+/// docs/exact-and-fast.md proves it: a line that has both ends of a side on one side of it, and more than of_side
+/// off, is not met by that side, rounding and stake-out margin included.
+class Clearance {
+public:
+    /// @param[in] points        those of the parcel
+    /// @param[in] coefficients  |a| + |b| of the lines, at most
+    Clearance(const std::vector<PL_PNT2D_record>& points, double coefficients) noexcept
+    {
+        for (const PL_PNT2D_record& p : points)
+            greatest_ = greater_magnitude(greatest_, greater_magnitude(p.x, p.y));
+        fixed_ = coefficients * (kStakeOutMargin * 1.01 + kOfSize * greatest_);
+        by_length_ = coefficients * (kOfSize * greatest_ * greatest_);
+        common_ = fixed_ * 1.125;
+        small_inverse_ = magnitude_bits(0.0625 * (fixed_ / by_length_));
+        if (!(common_ < INFINITY) || !(by_length_ > 0.0))
+            small_inverse_ = 0;
+    }
+
+    /// Greatest coordinate in magnitude; NaN when one is no number.
+    double greatest() const noexcept { return greatest_; }
+
+    /// What of_side is for most sides, all of them but very short ones far from the origin.
+    double of_most_sides() const noexcept { return common_; }
+
+    /// What |a x + b y + c| must exceed at both ends, for a line whose |c| is at most 4 coefficients * greatest();
+    /// infinite or NaN when it cannot be told.
+    double of_side(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const noexcept
+    {
+        const double length = greater_magnitude(to.x - from.x, to.y - from.y);
+        if (magnitude_bits(length) <= magnitude_bits(PL_EPS))
+            return 0.0;  // no line goes along it, and none meets it
+        // What a length adds is nothing beside the stake-out margin, as a rule.
+        const double inverse = inverse_bound(length);
+        return magnitude_bits(inverse) <= small_inverse_ ? common_ : fixed_ + by_length_ * inverse;
+    }
+
+private:
+    static constexpr double kOfSize = 0x1p-47;  // 64 half ulps of 1
+
+    double greatest_ = 0.0;
+    double fixed_;
+    double by_length_;
+    double common_;                // for every side that is long enough,
+    std::uint64_t small_inverse_;  // which is told by the bits of its inverse
+};
+
+}  // namespace plcalc

@@ -1,0 +1,86 @@
+#pragma once
+
+// The piece that a trial line cuts off: internal, not installed; for subdivision/.
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "plcalc/kernel.h"
+
+namespace plcalc {
+
+/// A partial polygon: vertices of the parcel that follow one another, and single points in between.
+///
+/// Most trials only ask whether its area is above or below a request. That is told from sums over the parcel's
+/// vertices that are made once, with a bound for what rounding may have done to either; where the bound leaves a
+/// doubt, the area is added up point by point. Every answer is the one that the area itself gives.
+class PartialPolygon {
+public:
+    /// @param[in] ring  points of the parcel, each the neighbour of the next; they stay as they are
+    explicit PartialPolygon(const std::vector<PL_PNT2D_record>& ring);
+
+    void clear() noexcept;
+
+    /// The points of the parcel from one position to another; none when last is before first.
+    void append_vertices(std::int32_t first, std::int32_t last);
+    void append_point(const PL_PNT2D_record& p);
+
+    /// The single points.
+    const std::vector<PL_PNT2D_record>& single_points() const noexcept { return singles_; }
+
+    /// Starts anew, and hands over the single points.
+    void clear(std::vector<PL_PNT2D_record>& single_points) noexcept
+    {
+        single_points.swap(singles_);
+        clear();
+    }
+
+    /// Number of points.
+    std::int32_t size() const noexcept { return size_; }
+
+    /// Area, as CFrazArea::AreaCalcolataDaVett has it, to the last bit.
+    double area() const noexcept;
+
+    /// Whether the area is above the request.
+    bool exceeds(double requested) const noexcept;
+
+    /// How a search goes on: the area meets the request as meets_request has it, or else is below it or not.
+    enum class Verdict : std::uint8_t { kMeets, kBelow, kNotBelow };
+    Verdict against(double requested) const noexcept;
+
+    /// Writes the points, one after the other.
+    void write_to(std::vector<PL_PNT2D_record>& points) const;
+
+private:
+    // Points in a row: positions in the parcel, or for a single point ~index into singles_, twice.
+    struct Run {
+        std::int32_t first;
+        std::int32_t last;
+    };
+    // The area but for rounding, and what that may be off, either way; NaN when it cannot be told.
+    struct Estimate {
+        double area;
+        double off;
+    };
+
+    const PL_PNT2D_record& point(std::int32_t at) const noexcept
+    {
+        return at >= 0 ? ring_[static_cast<std::size_t>(at)] : singles_[static_cast<std::size_t>(~at)];
+    }
+    double share(std::int32_t at) const noexcept { return shares_[static_cast<std::size_t>(at)]; }
+    double sum_up_to(std::int32_t at) const noexcept { return sums_[static_cast<std::size_t>(at)]; }
+    template <class Add, class AddBetween> void add_up(Add add, AddBetween add_between) const noexcept;
+    Estimate estimate() const noexcept;
+
+    const std::vector<PL_PNT2D_record>& ring_;
+    std::vector<double> shares_;  // of each point between its two neighbours in the ring; not of the ends
+    std::vector<double> sums_;    // of the shares up to each point
+    double greatest_sum_ = 0.0;   // in magnitude; NaN when one is no number
+    double two_sums_ = 0.0;       // twice that
+    std::vector<Run> runs_;
+    std::vector<PL_PNT2D_record> singles_;
+    std::int32_t size_ = 0;
+};
+
+}  // namespace plcalc
