@@ -27,7 +27,7 @@ public:
     std::vector<Point> ring()
     {
         const int n = chance(0.8) ? whole(4, 24) : whole(25, 120);
-        switch (whole(0, 5)) {
+        switch (whole(0, 8)) {
         case 0:
             return polar(n, 1.0, 1.0);
         case 1:
@@ -38,9 +38,58 @@ public:
             return comb(n / 4 + 1);
         case 4:
             return {{0, 0}, {real(1, 3), 0}, {real(1, 3), real(0.5, 2)}, {0, real(0.5, 2)}};
-        default:
+        case 5:
             return spikes_behind(n);
+        case 6:
+            return lattice(n);
+        case 7:
+            return needle(n);
+        default:
+            return coast(n);
         }
+    }
+
+    // Points of a small grid in any order: level, plumb and repeated ones, and lines through many of them.
+    std::vector<Point> lattice(int n)
+    {
+        const int side = whole(2, 6);
+        std::vector<Point> points;
+        for (int i = 0; i < n; ++i)
+            points.push_back({whole(0, side) / 2.0, whole(0, side) / 2.0});
+        return points;
+    }
+
+    // Out along one line and back along another, a hair beside it.
+    std::vector<Point> needle(int n)
+    {
+        const double width = std::pow(10.0, real(-7.0, -1.0));
+        std::vector<Point> points;
+        for (int i = 0; i < n; ++i) {
+            const bool back = 2 * i >= n;
+            const double along = back ? 2.0 * (n - i) / n : 2.0 * i / n;
+            points.push_back({along + real(-0.1, 0.1) / n, (back ? width : 0.0) + real(-0.2, 0.2) * width});
+        }
+        return points;
+    }
+
+    // A rugged outline: the middle of each side moves off it, again and again.
+    std::vector<Point> coast(int n)
+    {
+        std::vector<Point> points = {{0, 0}, {1, -0.3}, {1.2, 0.8}, {0.2, 1}};
+        double rough = 0.35;
+        while (static_cast<int>(points.size()) * 2 <= std::max(n, 8)) {
+            std::vector<Point> finer;
+            for (std::size_t i = 0; i < points.size(); ++i) {
+                const Point& p = points[i];
+                const Point& q = points[(i + 1) % points.size()];
+                const double off = real(-rough, rough);
+                finer.push_back(p);
+                finer.push_back(
+                    {(p.x + q.x) / 2.0 - off * (q.y - p.y), (p.y + q.y) / 2.0 + off * (q.x - p.x)});
+            }
+            points = finer;
+        }
+        return points;
     }
 
     // Round a centre, the radius between two limits: convex, jagged or star.

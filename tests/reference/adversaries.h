@@ -20,9 +20,10 @@ struct Request {
     double valore2;
 };
 
-/// Convex, jagged, star and comb rings, rectangles, parts behind the base line; 4 to 120 vertices; local and
-/// national coordinates; nearly parallel, very short and repeated sides; vertices within a millimetre and
-/// within ulps of each other's level; base sides whose normal lies on +x; requests that tie a comparison.
+/// Convex, jagged, star and comb rings, rectangles, lattices, needles, coasts, parts behind the base line; 4 to
+/// 120 vertices; local and national coordinates; nearly parallel, very short and repeated sides; vertices within
+/// a millimetre and within ulps of each other's level; base sides whose normal lies on +x; requests that tie a
+/// comparison.
 Request adversary(std::mt19937_64& random, int modo);
 
 /// What is no parcel: no points, one, two and a few; coordinates and areas that are NaN, infinite, near the
