@@ -1,5 +1,5 @@
-// plcalc: the command-line program. Hands the arguments to a verb and turns what goes wrong into one line on
-// stderr and an exit status.
+// plcalc: the command-line program. Hands the arguments to a verb and turns a failure into one line on stderr
+// and an exit status.
 
 #include <csignal>
 #include <cstddef>
@@ -38,12 +38,12 @@ ExitStatus complain(ExitStatus status, const std::string& text)
     return status;
 }
 
-// What goes to stdout is complete and right, or is nothing.
+// Prints complete results only.
 void print(const std::string& text)
 {
     std::cout << text << std::flush;
     if (!std::cout)
-        throw Failure(ExitStatus::failed, {}, "the result could not be written to the standard output", "");
+        throw Failure(ExitStatus::failed, {}, "the result could not be written to standard output", "");
 }
 
 [[noreturn]] void refuse_arguments(const CLI::App& app, const std::string& what)
@@ -53,7 +53,7 @@ void print(const std::string& text)
     throw Failure(ExitStatus::wrong_use, {}, what, "see plcalc" + verb + " --help");
 }
 
-// The parser tells which option has too few or too many values, and counts them; what it needs says more.
+// The parser says how many values an option got; it helps more to say which values it takes.
 std::string described(const CLI::App& app, const CLI::ParseError& error)
 {
     std::string text = error.what();
@@ -76,8 +76,8 @@ void parse(CLI::App& app, int argc, char** argv)
         refuse_arguments(app, described(app, error));
     }
     for (const std::string& unknown : app.remaining(true)) {
-        if (unknown != "--")  // the mark after which nothing is an option
-            refuse_arguments(app, "'" + unknown + "' is not known here");
+        if (unknown != "--")  // after this mark nothing is an option
+            refuse_arguments(app, "'" + unknown + "' is not an argument of this command");
     }
 }
 
@@ -90,7 +90,7 @@ template <std::size_t n> ExitStatus run_chosen(const tool::Verb* const (&verbs)[
         print(output.text);
         return output.status;
     }
-    throw Failure(ExitStatus::wrong_use, {}, "nothing to do", "see plcalc --help");
+    throw Failure(ExitStatus::wrong_use, {}, "no verb is given", "see plcalc --help");
 }
 
 ExitStatus run(int argc, char** argv)
@@ -122,7 +122,7 @@ ExitStatus run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    // A file that becomes too large is a write that fails, of which a message tells, and not the program's end.
+    // When a file grows too large, the write fails and a message says so; the signal would end the program.
     std::signal(SIGXFSZ, SIG_IGN);
     ExitStatus status = ExitStatus::failed;
     try {

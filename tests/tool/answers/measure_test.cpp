@@ -162,10 +162,11 @@ TEST_F(MeasureVerb, SmallParcelsGetMoreDecimals)
 TEST_F(MeasureVerb, Refusals)
 {
     write("lot.csv", "E,N\n0,0\n80,0\n");
-    EXPECT_TRUE(test::fails_with(
-        run({"measure"}), 2, "which FILE? Give the one that holds the parcel; see plcalc measure --help"));
+    EXPECT_TRUE(
+        test::fails_with(run({"measure"}), 2,
+                         "FILE is missing; give the file that holds the parcel; see plcalc measure --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "--area", "5"}), 2,
-                                 "'--area' is not known here; see plcalc measure --help"));
+                                 "'--area' is not an argument of this command; see plcalc measure --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "--feature"}), 2,
                                  "--feature: give one value, FID, once; see plcalc measure --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv"}), 3,

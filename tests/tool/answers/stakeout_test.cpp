@@ -204,7 +204,7 @@ TEST_F(StakeoutVerb, TheFileMayStandBehindAPoint)
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(test::numbers_after(run.out, "point 1").at(0), 0.0) << run.out;
     EXPECT_TRUE(test::fails_with(stakeout("--station 1 --orientation 2 --point 1,2 3,4"), 2,
-                                 "'3,4' is not known here; see plcalc stakeout --help"));
+                                 "'3,4' is not an argument of this command; see plcalc stakeout --help"));
 }
 
 TEST_F(StakeoutVerb, Refusals)
@@ -220,19 +220,16 @@ TEST_F(StakeoutVerb, Refusals)
                   "give --station PLACE and --orientation PLACE; see plcalc stakeout --help"},
           {"--station 1 --orientation 9", 2, "lot.csv: there is no vertex 9; the parcel has vertices 1 to 4"},
           {"--station 0,0 --orientation 1", 2,
-           "--orientation: it is the station itself; name another place; see plcalc stakeout --help"},
+           "--orientation: this is the station itself; name another place; see plcalc stakeout --help"},
           {"--station x --orientation 1", 2,
-           "--station: 'x' is not a place; write it as E,N with points before the decimals, or as the number "
-           "of a "
+           "--station: 'x' is not a place; write E,N with points before the decimals, or the number of a "
            "vertex; see plcalc stakeout --help"},
           {"--station 1,5,5 --orientation 1", 2,
-           "--station: '1,5,5' is not a place; write it as E,N with points before the decimals, or as the "
-           "number "
-           "of a vertex; see plcalc stakeout --help"},
+           "--station: '1,5,5' is not a place; write E,N with points before the decimals, or the number of a "
+           "vertex; see plcalc stakeout --help"},
           {"--station nan,1 --orientation 1", 2,
-           "--station: 'nan,1' is not a place; write it as E,N with points before the decimals, or as the "
-           "number "
-           "of a vertex; see plcalc stakeout --help"},
+           "--station: 'nan,1' is not a place; write E,N with points before the decimals, or the number of a "
+           "vertex; see plcalc stakeout --help"},
           {"--station 1 --orientation 2 --base 0", 2,
            "lot.csv: there is no side 0; the parcel has sides 1 to 4"},
           {"--station 1 --orientation 2 --csv --json", 2,
@@ -242,14 +239,14 @@ TEST_F(StakeoutVerb, Refusals)
            "stakeout "
            "--help"},
           {"--station 1 --orientation 2 --parallel 1 --area 5000", 4,
-           "lot.csv: the requested area 5000 is not below the parcel's 4800.0000; ask for less"}}) {
+           "lot.csv: the requested area 5000 is not less than the parcel's area 4800.0000; ask for less"}}) {
         SCOPED_TRACE(row.arguments);
         EXPECT_TRUE(test::fails_with(stakeout(row.arguments), row.status, row.text));
     }
     write("lot.csv", "E,N\n0,0\n0,0\n80,0\n80,60\n");
     EXPECT_TRUE(
         test::fails_with(stakeout("--station 3 --orientation 4"), 2,
-                         "lot.csv: side 1 has no length, its two vertices are one point; choose another "
+                         "lot.csv: side 1 has no length: its two vertices are one point; choose another "
                          "with --base"));
     write("degrees.geojson",
           R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})");

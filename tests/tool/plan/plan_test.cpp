@@ -387,8 +387,9 @@ TEST_F(Plans, NothingIsOverwrittenUnasked)
 {
     write_wkt(kLot);
     write("plan.svg", "mine");
-    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg"), 2,
-                                 "plan.svg: there is such a file; choose another name or give --overwrite"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg"), 2,
+                         "plan.svg: the file exists already; choose another name or add --overwrite"));
     EXPECT_EQ(content("plan.svg"), "mine");
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg --overwrite").status, 0);
     EXPECT_NE(content("plan.svg").find("<svg"), std::string::npos);
@@ -404,16 +405,17 @@ TEST_F(Plans, RefusedWishes)
                                  "--help"));
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan plan.pdf --paper A5"), 2,
                                  "--paper: 'A5' is neither A4 nor A3; see plcalc divide --help"));
-    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan nowhere/plan.pdf"), 1,
-                                 "nowhere/plan.pdf: it cannot be written (No such file or directory); check "
-                                 "the folder and its permissions"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan nowhere/plan.pdf"), 1,
+                         "nowhere/plan.pdf: the file cannot be written (No such file or directory); check "
+                         "the folder and its permissions"));
     std::filesystem::create_directory(path("folder.pdf"));
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan folder.pdf"), 2,
                                  "folder.pdf: this is a folder; name a file in it"));
     write("lots.csv", std::string("id,WKT\n1,\"") + kLot + "\"\n2,\"" + kLot + "\"\n");
     EXPECT_TRUE(test::fails_with(divide("lots.csv", "--parallel 1 --area 1000 --plan plan.pdf"), 2,
-                                 "lots.csv: there are 2 parcels (feature 1, feature 2), --plan draws one of "
-                                 "them; choose one with --feature FID"));
+                                 "lots.csv: there are 2 parcels (feature 1, feature 2), and --plan draws "
+                                 "only one; choose one with --feature FID"));
     EXPECT_FALSE(std::filesystem::exists(path("plan.pdf")));
 }
 

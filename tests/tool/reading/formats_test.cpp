@@ -145,7 +145,7 @@ TEST_F(Formats, LayersAndFeatures)
         divide("lots.gpkg", kStrip), 2,
         "lots.gpkg: several layers hold parcels (fields: 1, yards: 1); choose one with --layer NAME"));
     EXPECT_TRUE(test::fails_with(divide("lots.gpkg", std::string("--layer barns ") + kStrip), 2,
-                                 "lots.gpkg: there is no layer 'barns'; it has fields, yards"));
+                                 "lots.gpkg: there is no layer 'barns'; choose one of: fields, yards"));
     EXPECT_TRUE(test::fails_with(
         divide("lots.gpkg", std::string("--layer yards --feature 2 ") + kStrip), 3,
         "lots.gpkg: layer yards: feature 2: the geometry is a POINT; a polygon or a closed line is needed"));
@@ -158,7 +158,9 @@ TEST_F(Formats, AFilterThatADatabaseDoesNotUnderstand)
     make("lots.gpkg", "GPKG", {"lots"}, {kLot, kLot}, 32632);
     const test::Result run = divide("lots.gpkg", std::string("--where ownr='Rossi' ") + kStrip);
     EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.err.rfind("plcalc: lots.gpkg: --where 'ownr='Rossi'' cannot be understood (", 0), 0u)
+    EXPECT_EQ(
+        run.err.rfind("plcalc: lots.gpkg: --where 'ownr='Rossi'' is not a filter that GDAL understands (", 0),
+        0u)
         << run.err;
     expect_divided(divide("lots.gpkg", std::string("--where fid=2 ") + kStrip));
 }
@@ -192,10 +194,10 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
 TEST_F(Formats, AxesRunEastAndNorth)
 {
     make("west.gpkg", "GPKG", {"lot"}, {kLot}, 2053);
-    EXPECT_TRUE(test::fails_with(divide("west.gpkg", kStrip), 3,
-                                 "west.gpkg: feature 1: the coordinates count to the West (Hartebeesthoek94 "
-                                 "/ Lo29), not to the East and "
-                                 "North; project them first, for example with ogr2ogr -t_srs EPSG:32632"));
+    EXPECT_TRUE(test::fails_with(
+        divide("west.gpkg", kStrip), 3,
+        "west.gpkg: feature 1: the coordinates increase to the West (Hartebeesthoek94 "
+        "/ Lo29), not to the East; project them first, for example with ogr2ogr -t_srs EPSG:32632"));
     // Northing first on paper, Easting first in files; a grid around a pole.
     for (const int epsg : {31467, 2393, 5514, 3031, 32661}) {
         SCOPED_TRACE(epsg);
@@ -224,13 +226,13 @@ TEST_F(Formats, DrawingsWithArcsAreRefused)
         write("lot.dxf", dxf("1", bulge));
         EXPECT_TRUE(test::fails_with(
             divide("lot.dxf", kStrip), 3,
-            "lot.dxf: feature 0: the boundary has arcs; replace them by chords in the drawing first"))
+            "lot.dxf: feature 0: the boundary has arcs; replace them with chords in the drawing first"))
             << bulge;
     }
     write("lot.dxf", dxf("0", "0"));
     EXPECT_TRUE(
         test::fails_with(divide("lot.dxf", kStrip), 3,
-                         "lot.dxf: there is no polygon and no closed line in it (features: 2, the first a "
+                         "lot.dxf: the file holds no polygon and no closed line (features: 2, the first a "
                          "LINESTRING); draw the parcel as a polygon"));
 }
 

@@ -36,10 +36,10 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
                        "\n"
                        "Divided  2 of 5 parcels\n"
                        "Refused  3\n"
-                       "  1: its WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5)\n"
+                       "  1: the WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5)\n"
                        "  1: the amount is not below what there is to cut (feature 6)\n"
                        "  1: the boundary crosses or touches itself (feature 4)\n"
-                       "Passed over, without an area  2\n");
+                       "Skipped, without an area  2\n");
     EXPECT_EQ(run.status, 3);
 }
 
@@ -52,8 +52,8 @@ TEST_F(Many, AReasonIsTheWholeReason)
                       "3,circle: 5; 5\n"
                       "4,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n");
     const test::Result run = divide("lots.csv", "--parallel 1 --area 1000");
-    EXPECT_NE(run.out.find("  1: its WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' cannot be read (feature 2)\n"
-                           "  1: its WKT 'circle: 5; 5' cannot be read (feature 3)\n"
+    EXPECT_NE(run.out.find("  1: the WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' cannot be read (feature 2)\n"
+                           "  1: the WKT 'circle: 5; 5' cannot be read (feature 3)\n"
                            "  1: the boundary crosses or touches itself (feature 4)\n"),
               std::string::npos)
         << run.out;
@@ -90,7 +90,7 @@ TEST_F(Many, OneOfThemByFeatureOrFilter)
     EXPECT_EQ(by_owner.out, by_fid.out);
     EXPECT_TRUE(
         test::fails_with(divide("lots.csv", "--feature 5 --parallel 1 --area 1000"), 3,
-                         "lots.csv: feature 5: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it"));
+                         "lots.csv: feature 5: the WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it"));
 }
 
 TEST_F(Many, VerbsForOneParcelAskForAChoice)
@@ -191,10 +191,10 @@ TEST_F(Many, TheOppositeSide)
 TEST_F(Many, AnAmountOfTheListThatIsTooMuch)
 {
     write_wkt(kLot);
-    EXPECT_TRUE(test::fails_with(
-        divide("lot.csv", "--parallel 1 --areas 1000,5500"), 4,
-        "lot.csv: feature 1: the requested area 5500 (number 2 of the list), with those before it, is not "
-        "below the parcel's 6000.0000; ask for less"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --areas 1000,5500"), 4,
+                         "lot.csv: feature 1: the requested area 5500 (number 2 of the list), together with "
+                         "those before it, is not less than the parcel's area 6000.0000; ask for less"));
 }
 
 // ------------------------------------------------------------------------------------------------------- JSON
@@ -237,7 +237,7 @@ TEST_F(Many, JsonOfManyTellsTheRefusedToo)
     EXPECT_EQ(got["parcels"].size(), 5u);
     EXPECT_EQ(got["parcels"][2]["status"], "refused");
     EXPECT_EQ(got["parcels"][3]["reason"],
-              "lots.csv: feature 5: its WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it");
+              "lots.csv: feature 5: the WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it");
 }
 
 TEST_F(Many, RefusalOfTheOnlyOneIsNoJson)

@@ -77,7 +77,8 @@ const UseRow kWrongUse[] = {
      "lot.csv: feature 1: there is no vertex -1; the parcel has vertices 1 to 4"},
     {"largest integer", "--vertex 9223372036854775807 --area 5",
      "lot.csv: feature 1: there is no vertex 9223372036854775807; the parcel has vertices 1 to 4"},
-    {"no such layer", "--layer lots --vertex 1 --area 5", "lot.csv: there is no layer 'lots'; it has lot"},
+    {"no such layer", "--layer lots --vertex 1 --area 5",
+     "lot.csv: there is no layer 'lots'; choose one of: lot"},
     {"no such feature", "--feature 2 --vertex 1 --area 5",
      "lot.csv: there is no feature 2; list them with ogrinfo -al"},
     {"feature not a number", "--feature A2 --vertex 1 --area 5",
@@ -109,9 +110,9 @@ const UseRow kWrongUse[] = {
      "--parts: '1001' is not a number from 2 to 1000; see plcalc divide --help"},
     {"filter that cannot be", "--vertex 1 --area 5 --where id=", nullptr},
     {"filter that lets nothing through", "--vertex 1 --area 5 --where id='7'",
-     "lot.csv: --where 'id='7'' lets no feature through; list them with ogrinfo -al"},
+     "lot.csv: --where 'id='7'' matches no feature; list them with ogrinfo -al"},
     {"feature that the filter keeps back", "--vertex 1 --area 5 --feature 1 --where id='7'",
-     "lot.csv: there is no feature 1 that --where lets through; list them with ogrinfo -al"},
+     "lot.csv: there is no feature 1 that passes --where; list them with ogrinfo -al"},
     {"area left out", "--vertex 1 --area", "--area: give one value, A, once; see plcalc divide --help"},
     {"area twice", "--vertex 1 --area 5 --area 6",
      "--area: give one value, A, once; see plcalc divide --help"},
@@ -122,8 +123,9 @@ const UseRow kWrongUse[] = {
     {"layer left out", "--vertex 1 --area 5 --layer",
      "--layer: give one value, NAME, once; see plcalc divide --help"},
     {"option that is not there", "--vertex 1 --surface 5",
-     "'--surface' is not known here; see plcalc divide --help"},
-    {"second file", "b.csv --vertex 1 --area 5", "'b.csv' is not known here; see plcalc divide --help"},
+     "'--surface' is not an argument of this command; see plcalc divide --help"},
+    {"second file", "b.csv --vertex 1 --area 5",
+     "'b.csv' is not an argument of this command; see plcalc divide --help"},
 };
 
 TEST_F(Messages, WrongUse)
@@ -138,16 +140,20 @@ TEST_F(Messages, WrongUse)
         }
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err.rfind("plcalc: lot.csv: --where 'id=' cannot be understood (", 0), 0u) << run.err;
+        EXPECT_EQ(run.err.rfind("plcalc: lot.csv: --where 'id=' is not a filter that GDAL understands (", 0),
+                  0u)
+            << run.err;
         EXPECT_TRUE(ends_with(run.err, "); compare columns as in \"owner = 'Rossi'\"\n")) << run.err;
     }
-    EXPECT_TRUE(test::fails_with(run({}), 2, "nothing to do; see plcalc --help"));
+    EXPECT_TRUE(test::fails_with(run({}), 2, "no verb is given; see plcalc --help"));
+    EXPECT_TRUE(test::fails_with(run({"share", "lot.csv"}), 2,
+                                 "'share' is not an argument of this command; see plcalc --help"));
     EXPECT_TRUE(
-        test::fails_with(run({"share", "lot.csv"}), 2, "'share' is not known here; see plcalc --help"));
-    EXPECT_TRUE(test::fails_with(run({"divide", "--vertex", "1", "--area", "5"}), 2,
-                                 "which FILE? Give the one that holds the parcel; see plcalc divide --help"));
-    EXPECT_TRUE(test::fails_with(run({"divide", "", "--vertex", "1", "--area", "5"}), 2,
-                                 "which FILE? Give the one that holds the parcel; see plcalc divide --help"));
+        test::fails_with(run({"divide", "--vertex", "1", "--area", "5"}), 2,
+                         "FILE is missing; give the file that holds the parcel; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(run({"divide", "", "--vertex", "1", "--area", "5"}), 2,
+                         "FILE is missing; give the file that holds the parcel; see plcalc divide --help"));
     EXPECT_TRUE(test::fails_with(
         run({"divide", "lot.csv", "--vertex", "1", "--area", ""}), 2,
         "--area: '' is not a number above 0, with a point before the decimals; see plcalc divide --help"));
@@ -155,7 +161,7 @@ TEST_F(Messages, WrongUse)
         test::fails_with(run({"divide", "lot.csv", "--vertex", "1", "--areas", ""}), 2,
                          "--areas: '' is not a list such as 1000,1/3,20x30; see plcalc divide --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "divide"}), 2,
-                                 "'divide' is not known here; see plcalc measure --help"))
+                                 "'divide' is not an argument of this command; see plcalc measure --help"))
         << "one verb at a time";
 }
 
@@ -166,7 +172,7 @@ TEST_F(Messages, RepeatedVerticesLeaveASideWithoutLength)
         EXPECT_TRUE(test::fails_with(divide("lot.csv", std::string(cut) + " --area 5"), 2,
                                      std::string("lot.csv: feature 1: side ") +
                                          cut[std::string(cut).size() - 1] +
-                                         " has no length, its two vertices are one point; choose the side "
+                                         " has no length: its two vertices are one point; choose the side "
                                          "before or after it"));
     EXPECT_EQ(divide("lot.csv", "--parallel 2 --area 5").status, 0);
     EXPECT_EQ(divide("lot.csv", "--vertex 1 --area 5").status, 0);
@@ -190,10 +196,10 @@ struct GeometryRow {
 };
 
 const GeometryRow kUnusable[] = {
-    {"POLYGON EMPTY", "feature 1: the geometry is empty; draw the parcel or choose another feature with "
-                      "--feature"},
-    {"MULTIPOLYGON EMPTY", "feature 1: the geometry is empty; draw the parcel or choose another feature with "
-                           "--feature"},
+    {"POLYGON EMPTY",
+     "feature 1: the geometry is empty; draw the parcel, or choose another feature with --feature"},
+    {"MULTIPOLYGON EMPTY",
+     "feature 1: the geometry is empty; draw the parcel, or choose another feature with --feature"},
     {"POLYGON ((0 0, 1 1, 0 0))", "feature 1: the parcel has fewer than three different vertices, or all of "
                                   "them on one line; correct its coordinates"},
     {"POLYGON ((0 0, 1 1, 1 1, 1 1, 0 0))", "feature 1: the parcel has fewer than three different vertices, "
@@ -204,12 +210,12 @@ const GeometryRow kUnusable[] = {
      "feature 1: the parcel has holes (1); only a parcel with one boundary can be divided"},
     {"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))",
      "feature 1: the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from "
-     "vertex 3 to 4; correct it so that every vertex and side is passed once"},
+     "vertex 3 to 4; correct it so that it passes every vertex and side once"},
     {"MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 9, 20 0)))",
-     "feature 1: the parcel has 2 parts; divide them one by one: ogr2ogr -explodecollections makes each a "
-     "feature"},
+     "feature 1: the parcel has 2 parts; divide them one by one; ogr2ogr -explodecollections makes a feature "
+     "of each"},
     {"CURVEPOLYGON (CIRCULARSTRING (0 0, 5 5, 10 0, 5 -5, 0 0))",
-     "feature 1: the boundary has curves; replace them by chords first, for example with ogr2ogr -nlt "
+     "feature 1: the boundary has curves; replace them with chords first, for example with ogr2ogr -nlt "
      "CONVERT_TO_LINEAR"},
     {"TIN (((0 0, 9 0, 9 9, 0 0)))",
      "feature 1: the geometry is a TIN; a polygon or a closed line is needed"},
@@ -218,20 +224,20 @@ const GeometryRow kUnusable[] = {
     {"POLYGON ((0 0, 1e300 0, 1e300 1e300, 0 1e300, 0 0))",
      "feature 1: the parcel is too large or too small to compute with; check its coordinates"},
     {"POINT (1 2)",
-     "there is no polygon and no closed line in it (features: 1, the first a POINT); a CSV file "
+     "the file holds no polygon and no closed line (features: 1, the first a POINT); a CSV file "
      "needs a header and a column WKT, or a vertex per row in columns E and N"},
     {"LINESTRING (0 0, 9 0, 9 9)",
-     "there is no polygon and no closed line in it (features: 1, the first a LINESTRING); a CSV file needs a "
+     "the file holds no polygon and no closed line (features: 1, the first a LINESTRING); a CSV file needs a "
      "header and a column WKT, or a vertex per row in columns E and N"},
-    {"GARBAGE", "feature 1: its WKT 'GARBAGE' cannot be read; correct it"},
+    {"GARBAGE", "feature 1: the WKT 'GARBAGE' cannot be read; correct it"},
     {"POLYGON ((0 0, 10 0, 10 10, 0 10",
-     "feature 1: its WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
+     "feature 1: the WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
     {"POLYGON ((0 0, 100 0, 100 100, 50 150, 0 100, 0 50, 0 x, 0 0))",
-     "feature 1: its WKT 'POLYGON ((0 0, 100 0, 100 100, 50 150, 0...' cannot be read; correct it"},
-    {"POLYGON ((0 0, nan 0, 10 10, 0 10, 0 0))", "feature 1: its WKT 'POLYGON ((0 0, nan 0, 10 10, 0 10, 0 "
+     "feature 1: the WKT 'POLYGON ((0 0, 100 0, 100 100, 50 150, 0...' cannot be read; correct it"},
+    {"POLYGON ((0 0, nan 0, 10 10, 0 10, 0 0))", "feature 1: the WKT 'POLYGON ((0 0, nan 0, 10 10, 0 10, 0 "
                                                  "0))' cannot be read, a coordinate in it is not "
                                                  "a number; correct it"},
-    {"", "feature 1: it has no geometry; draw the parcel or choose another feature with --feature"},
+    {"", "feature 1: the feature has no geometry; draw the parcel, or choose another feature with --feature"},
 };
 
 TEST_F(Messages, GeometryThatCannotBeUsed)
@@ -252,8 +258,8 @@ TEST_F(Messages, TinyAreasAreShown)
 {
     write_wkt("POLYGON ((0 0, 1e-4 0, 1e-4 1e-4, 0 1e-4, 0 0))");
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 1.5e-8"), 4,
-                                 "lot.csv: feature 1: the requested area 1.5e-08 is not below the parcel's "
-                                 "0.000000010000000; ask for less"));
+                                 "lot.csv: feature 1: the requested area 1.5e-08 is not less than the "
+                                 "parcel's area 0.000000010000000; ask for less"));
     const test::Result run = divide("lot.csv", "--parallel 1 --area 2.5e-9");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out.find(" 0.0000\n"), std::string::npos) << run.out;
@@ -266,11 +272,10 @@ TEST_F(Messages, ParcelTooSmallForItsCoordinates)
               "5000000.000244140625, 500000 5000000))");
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 0.0001220703125").status, 0);
     const test::Result run = divide("lot.csv", "--parallel 1 --area 0.00012207076");
-    EXPECT_TRUE(
-        test::fails_with(run, 4,
-                         "lot.csv: feature 1: coordinates are too large for so small a parcel: no line "
-                         "holds the amount once its ends are rounded to numbers; move the parcel to "
-                         "an origin nearby"));
+    EXPECT_TRUE(test::fails_with(
+        run, 4,
+        "lot.csv: feature 1: the coordinates are too large for so small a parcel: no line holds the "
+        "requested area once its ends are rounded to numbers; use coordinates from an origin nearby"));
 }
 
 struct FileRow {
@@ -281,9 +286,9 @@ struct FileRow {
 };
 
 const FileRow kUnusableFiles[] = {
-    {"nothing in it", "a.csv", "", "the file is empty; write the parcel to it again"},
+    {"nothing in it", "a.csv", "", "the file is empty; save the parcel to it again"},
     {"comma before the decimals", "a.csv", "E;N\n0,5;0\n100;0\n100;50\n",
-     "row 1: E is '0,5', not a number; write it with a point before the decimals"},
+     "row 1: E is '0,5', not a number; use a point before the decimals"},
     {"cell without a number", "a.csv", "E,N\n0,0\n100,\n100,50\n", "row 2: N is empty; fill it in"},
     {"coordinate not a number", "a.csv", "E,N\n0,0\nnan,3\n100,50\n",
      "vertex 2 has a coordinate that is not finite; correct it"},
@@ -295,29 +300,29 @@ const FileRow kUnusableFiles[] = {
      "coordinates"},
     {"rows in the wrong order", "a.csv", "E,N\n0,0\n100,50\n100,0\n0,50\n",
      "the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from vertex 3 to 4; "
-     "correct it so that "
-     "every vertex and side is passed once"},
+     "correct it so that it passes every vertex and side once"},
     {"no header", "a.csv", "0,0\n100,0\n100,50\n",
-     "there is no polygon and no closed line in it (features: 3); a CSV file needs a header and a column "
+     "the file holds no polygon and no closed line (features: 3); a CSV file needs a header and a column "
      "WKT, "
      "or a vertex per row in columns E and N"},
     {"East without its North", "a.csv", "E,Y\n0,0\n100,0\n100,50\n",
-     "there is no polygon and no closed line in it (features: 3); a CSV file needs a header and a column "
+     "the file holds no polygon and no closed line (features: 3); a CSV file needs a header and a column "
      "WKT, "
      "or a vertex per row in columns E and N"},
     {"one column", "a.csv", "WKT\n\"POLYGON ((0 0, 9 0, 9 9, 0 0))\"\n",
-     "not a table that GDAL can read; a CSV file needs a header and at least two columns"},
+     "GDAL cannot read this file as a table; a CSV file needs a header and at least two columns"},
     {"no features", "a.geojson", R"({"type": "FeatureCollection", "features": []})",
-     "there is no feature in it; draw the parcel as a polygon"},
+     "the file holds no feature; draw the parcel as a polygon"},
     {"no geometry", "a.geojson",
      R"({"type": "FeatureCollection", "features": [{"type": "Feature", "properties": {}, "geometry": null}]})",
-     "feature 0: it has no geometry; draw the parcel or choose another feature with --feature"},
+     "feature 0: the feature has no geometry; draw the parcel, or choose another feature with --feature"},
     {"a coordinate NaN", "a.geojson",
      R"({"type": "Polygon", "coordinates": [[[NaN, 0], [1000, 0], [1000, 900], [0, 900], [0, 0]]]})",
      "feature 0: vertex 1 has a coordinate that is not finite; correct it"},
     {"degrees", "a.geojson",
      R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})",
-     "feature 0: the coordinates are not plane (WGS 84); project them first, for example with ogr2ogr -t_srs "
+     "feature 0: the coordinates are not plane (WGS 84); project them first, for example with ogr2ogr "
+     "-t_srs "
      "EPSG:32632, or correct the file's CRS if they are"},
 };
 
@@ -333,8 +338,8 @@ TEST_F(Messages, FileThatCannotBeUsed)
                                  std::string("a.geojson: ") + kUnusableFiles[13].text));
     write("b.geojson", kUnusableFiles[11].content);
     EXPECT_TRUE(test::fails_with(divide("b.geojson", "--feature 0 --vertex 1 --area 5"), 3,
-                                 "b.geojson: feature 0: it has no geometry; draw the parcel or choose "
-                                 "another feature with --feature"));
+                                 "b.geojson: feature 0: the feature has no geometry; draw the parcel, or "
+                                 "choose another feature with --feature"));
 }
 
 // Here GDAL's own words are folded in; they are not ours to fix.
@@ -357,11 +362,12 @@ TEST_F(Messages, FileThatCannotBeOpened)
     EXPECT_EQ(missing.rfind("plcalc: missing.csv: there is no such file (", 0), 0u) << missing;
     EXPECT_TRUE(ends_with(missing, "); check the name\n")) << missing;
     const std::string unknown = divide("lot.txt", "--vertex 1 --area 5").err;
-    EXPECT_EQ(unknown.rfind("plcalc: lot.txt: not a vector file that GDAL can read (", 0), 0u) << unknown;
+    EXPECT_EQ(unknown.rfind("plcalc: lot.txt: GDAL cannot read this file as vector data (", 0), 0u)
+        << unknown;
     EXPECT_TRUE(ends_with(unknown, "); convert it, for example to GeoPackage\n")) << unknown;
     EXPECT_TRUE(test::fails_with(
         divide("folder", "--vertex 1 --area 5"), 3,
-        "folder: this is a directory in which GDAL finds no vector file; name the file itself"));
+        "folder: this is a folder in which GDAL finds no vector file; name the file itself"));
 }
 
 // A file that ends in the middle, of formats that are read as far as they go.
@@ -371,7 +377,7 @@ TEST_F(Messages, FileThatEndsInTheMiddle)
                                 R"( "coordinates": [[[500000, 0], [500009, 0], [500009, 9], [500000, 0]]]}})";
     write("lots.geojsonl", feature + "\n" + feature.substr(0, 60) + "\n" + feature + "\n");
     const std::string middle = divide("lots.geojsonl", "--vertex 1 --area 5").err;
-    EXPECT_EQ(middle.rfind("plcalc: lots.geojsonl: it cannot be read to its end (", 0), 0u) << middle;
+    EXPECT_EQ(middle.rfind("plcalc: lots.geojsonl: the file cannot be read to its end (", 0), 0u) << middle;
     EXPECT_TRUE(ends_with(middle, "); repair it\n")) << middle;
     write("lots.gml", R"(<?xml version="1.0"?><ogr:FeatureCollection xmlns:ogr="http://ogr.maptools.org/")"
                       R"( xmlns:gml="http://www.opengis.net/gml"><gml:featureMember><ogr:lot fid="lot.0">)");
@@ -394,7 +400,7 @@ TEST_F(Messages, FileThatMayNotBeRead)
     write_wkt(kSquare);
     std::filesystem::permissions(path("lot.csv"), std::filesystem::perms::none);
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 5"), 3,
-                                 "lot.csv: the file may not be read; check its permissions"));
+                                 "lot.csv: plcalc may not read the file; check its permissions"));
 }
 
 TEST_F(Messages, ATableThatGdalGivesUp)
@@ -415,27 +421,26 @@ struct CutRow {
     const char* text;
 };
 
-const char* const kLeaves = "every line that holds the requested area 200 leaves the parcel or touches its "
-                            "boundary on the way; ask for "
-                            "another side, vertex or kind of cut";
+const char* const kLeaves = "every line that cuts off the requested area 200 leaves the parcel or touches "
+                            "its boundary on the way; choose another side, vertex or kind of cut";
 
 const CutRow kCannotCut[] = {
     {"the whole parcel", kSquare, "--vertex 1 --area 100",
-     "the requested area 100 is not below the parcel's 100.00000; ask for less"},
+     "the requested area 100 is not less than the parcel's area 100.00000; ask for less"},
     {"more than the parcel", kSquare, "--parallel 1 --product 30 40",
-     "the requested area 30 x 40 is not below the parcel's 100.00000; ask for less"},
+     "the requested area 30 x 40 is not less than the parcel's area 100.00000; ask for less"},
     {"more than a double has decimals for", kSquare, "--perpendicular 1 --area 1e300",
-     "the requested area 1e+300 is not below the parcel's 100.00000; ask for less"},
+     "the requested area 1e+300 is not less than the parcel's area 100.00000; ask for less"},
     // The parcel's South-West lies behind its side 2, which begins at an inner corner.
     {"more behind the base than asked", "POLYGON ((0 0, 10 10, 20 10, 20 20, -40 20, -40 -10, 0 0))",
      "--parallel 2 --area 5",
-     "what lies behind side 2 alone is more than the requested area 5; ask for more, or for another side or "
-     "kind of cut"},
+     "the part of the parcel behind side 2 alone is larger than the requested area 5; ask for more, or "
+     "choose another side or kind of cut"},
     // A U open to the North: more than its right arm, along the top of it, would need a piece of the left arm.
     {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
      "--parallel 3 --area 200", kLeaves},
     {"next to nothing", kSquare, "--perpendicular 1 --area 1e-300",
-     "the requested area 1e-300 is next to nothing beside the parcel's 100.00000; ask for more"},
+     "the requested area 1e-300 is too small beside the parcel's area 100.00000; ask for more"},
 };
 
 TEST_F(Messages, CutThatCannotBeMade)
@@ -496,9 +501,9 @@ TEST_F(Messages, OutputThatCannotBeWritten)
         return text.str();
     };
     EXPECT_EQ(err_of("", "divide lot.csv --vertex 1 --area 5 >/dev/full"),
-              "plcalc: the result could not be written to the standard output\n");
+              "plcalc: the result could not be written to standard output\n");
     EXPECT_EQ(err_of("", "--help >/dev/full"),
-              "plcalc: the result could not be written to the standard output\n");
+              "plcalc: the result could not be written to standard output\n");
 
     write("fonts.conf", empty_font_cache(path("cache")));
     const std::string full = "export FONTCONFIG_FILE=" + path("fonts.conf") + "; ulimit -f 8;";
@@ -511,7 +516,8 @@ TEST_F(Messages, OutputThatCannotBeWritten)
         SCOPED_TRACE(out);
         const std::string layers =
             err_of(full, "divide lot.csv --parallel 1 --parts 200 -o " + std::string(out));
-        EXPECT_EQ(layers.rfind("plcalc: " + std::string(out) + ": it could not be written", 0), 0u) << layers;
+        EXPECT_EQ(layers.rfind("plcalc: " + std::string(out) + ": the file could not be written", 0), 0u)
+            << layers;
         EXPECT_TRUE(ends_with(layers, "; try another format, such as OUT.gpkg\n")) << layers;
     }
     for (const auto& entry : std::filesystem::directory_iterator(path("")))

@@ -200,7 +200,7 @@ TEST_F(Writer, DegreesComeFromTheCrs)
         EXPECT_TRUE(test::fails_with(run, 2,
                                      "plain." + ending + ": this format (" +
                                          (ending == "kml" ? "KML" : "GeoJSONSeq") +
-                                         ") holds degrees, and the parcels' file tells no CRS to come from; "
+                                         ") stores degrees, and the input has no CRS to convert from; "
                                          "name it .gpkg for a GeoPackage"));
     }
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.geojsonl", "out-lines.kml",
@@ -351,11 +351,12 @@ TEST_F(Writer, NothingIsOverwrittenUnasked)
     write("out.gpkg", "mine");
     write("out-lines.shp", "mine");
     const std::string cut = "--feature 1 --parallel 1 --parts 2 -o ";
-    EXPECT_TRUE(test::fails_with(divide("lots.geojson", cut + "out.gpkg"), 2,
-                                 "out.gpkg: there is such a file; choose another name or give --overwrite"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", cut + "out.gpkg"), 2,
+                         "out.gpkg: the file exists already; choose another name or add --overwrite"));
     EXPECT_TRUE(
         test::fails_with(divide("lots.geojson", cut + "out.shp"), 2,
-                         "out-lines.shp: there is such a file; choose another name or give --overwrite"));
+                         "out-lines.shp: the file exists already; choose another name or add --overwrite"));
     EXPECT_EQ(content("out.gpkg"), "mine");
     EXPECT_EQ(content("out-lines.shp"), "mine");
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.shp", "out.gpkg"}));
@@ -372,12 +373,13 @@ TEST_F(Writer, RefusalsLeaveNothingBehind)
         test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.foo"), 2,
                          "--output: no format with the ending of 'out.foo' can be written and read "
                          "back to the last digit; name it .gpkg for a GeoPackage; see plcalc divide --help"));
-    EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o nowhere/out.gpkg"), 1,
-                                 "nowhere/out.gpkg: it cannot be written (No such file or directory); check "
-                                 "the folder and its permissions"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o nowhere/out.gpkg"), 1,
+                         "nowhere/out.gpkg: the file cannot be written (No such file or directory); check "
+                         "the folder and its permissions"));
     EXPECT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o out.tab").status, 2) << "coarse coordinates";
     EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.xlsx"), 2,
-                                 "out.xlsx: this format (XLSX) holds no geometry; name it .gpkg for a "
+                                 "out.xlsx: this format (XLSX) cannot store geometry; name it .gpkg for a "
                                  "GeoPackage"));
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
 }

@@ -8,7 +8,7 @@
 
 namespace tool {
 
-/// Parcel and request are those of the caller and must outlive the answer.
+/// Refers to the parcel and the request of the caller, which must outlive it.
 struct Answer {
     const Parcel& parcel;
     const Asked& asked;

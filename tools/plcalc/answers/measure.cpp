@@ -9,7 +9,7 @@ namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
 
-// Around the first vertex: the area's sums lose digits far from the origin.
+// Relative to the first vertex, because the sums of the area lose digits far from the origin.
 CPoint3dVector around_first(const Ring& ring)
 {
     CPoint3dVector points;

@@ -1,6 +1,6 @@
 #pragma once
 
-// What can be measured on a parcel's boundary, by the library's own functions.
+// Measures a parcel's boundary with the library's own functions.
 
 #include <optional>
 #include <vector>
@@ -12,7 +12,7 @@ namespace tool {
 /// A side, from its vertex to the next one.
 struct MeasuredSide {
     double length = 0.0;                ///< parcel's unit
-    std::optional<double> bearing_gon;  ///< from North towards East, [0, 400); none without length
+    std::optional<double> bearing_gon;  ///< from North towards East, [0, 400); none for a side without length
 };
 
 /// A vertex.
@@ -33,7 +33,7 @@ struct Measures {
 /// Bearing from one point to another in gons, [0, 400); none for the same point.
 std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to);
 
-/// @param[in] ring  a simple ring of three different vertices at least, the first not repeated
+/// @param[in] ring  a simple ring of at least three different vertices, the first not repeated
 Measures measure(const std::vector<PL_PNT2D_record>& ring);
 
 }  // namespace tool

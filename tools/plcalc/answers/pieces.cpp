@@ -7,8 +7,8 @@ namespace {
 
 using Ring = std::vector<PL_PNT2D_record>;
 
-// Crossings nearer to an end than this part of the line's length are that end: at a vertex, the two sides
-// that share it report it both.
+// A crossing nearer to an end of the line than this part of its length is that end: at a vertex, both sides
+// that share it report a crossing.
 constexpr long double kSamePointRel = 1e-9L;
 
 // A place where the unlimited line meets a side.
@@ -16,7 +16,7 @@ struct Crossing {
     long double along;  // distance from p towards q
 };
 
-// The line p-q as an axis: `along` it, `left` of it.
+// The line p-q as an axis, with distances `along` it and `left` of it.
 class Axis {
 public:
     Axis(const PL_PNT2D_record& p, const PL_PNT2D_record& q) : p_(p)
@@ -53,8 +53,8 @@ const PL_PNT2D_record& end_of(const Ring& ring, std::size_t side)
     return ring[(side + 1) % ring.size()];
 }
 
-// Every side that the line meets, ends included: at a vertex on the line both of its sides are listed. A side
-// that lies in the line is listed by its middle; its neighbours are, at its ends.
+// Lists every side that the line meets, ends included: at a vertex on the line, both of its sides. A side
+// that lies in the line is listed with its middle; its neighbours are listed with its ends.
 std::vector<Crossing> crossings(const Ring& ring, const Axis& axis)
 {
     std::vector<Crossing> found;
@@ -96,7 +96,8 @@ bool any_between(const std::vector<Crossing>& found, long double from, long doub
     return false;
 }
 
-// Half-open count of the sides that a ray to the East crosses. The point is not on the boundary.
+// Counts the sides, each without its upper end, that a ray to the East crosses. The point is not on the
+// boundary.
 bool contains(const Ring& ring, const PL_PNT2D_record& p)
 {
     bool inside = false;
@@ -118,7 +119,7 @@ namespace tool {
 
 long double signed_area(const Ring& ring)
 {
-    // Around the first vertex, so that a piece far from the origin loses nothing.
+    // Relative to the first vertex, so that a piece far from the origin loses no digits.
     long double twice = 0.0L;
     for (std::size_t i = 1; i + 1 < ring.size(); ++i) {
         const long double ux = static_cast<long double>(ring[i].x) - ring[0].x;

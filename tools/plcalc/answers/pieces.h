@@ -1,7 +1,7 @@
 #pragma once
 
-// Where a line that is given by two points parts a ring, without regard to how it was found. All of it in long
-// double, on local coordinates.
+// Finds where a line given by two points parts a ring, without regard to how the line was found. Computes in
+// long double, on local coordinates.
 
 #include <vector>
 

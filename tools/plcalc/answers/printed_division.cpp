@@ -20,18 +20,18 @@ using Line = PL_LINE_2D_record;
 constexpr double kRelRequestStep = 1e-3;
 
 // A printed line is right when no piece misses its amount by more than this part of the parcel: a square
-// decimetre on a hectare.
+// decimetre in a hectare.
 constexpr long double kRelParcelTol = 1e-6L;
 
-// Nor by more than this part of itself: of a request of a millionth of the parcel, the test above would let pass
-// whatever came out, nothing at all included.
+// Nor may a piece miss its amount by more than this part of itself. For a request of a millionth of the
+// parcel the limit above would accept any piece, even an empty one.
 constexpr long double kRelPieceTol = 0.01L;
 
-// An end that is off by a rounding is off by more along the line, where the line meets the boundary at a slant:
-// 64 times as much at one degree. A slant still flatter asks for more decimals.
+// Where the line meets the boundary at a slant, a rounded end lies farther from it along the line: 64 times
+// the rounding at one degree. A flatter slant needs more decimals.
 constexpr long double kSlantAllowance = 64.0L;
 
-// The proven line itself ends within so many spacings of doubles from the boundary.
+// The proven line ends within this many spacings of doubles from the boundary.
 constexpr double kProvenSpacings = 4.0;
 
 double read_back(double coordinate, int decimals)
@@ -112,7 +112,7 @@ public:
     }
 
 private:
-    // The lines of piece k are k - 1 and k. Where both end, at the vertex they start from, either will do.
+    // Lines k - 1 and k bound piece k. At the vertex from which both start, either will do.
     PL_PNT2D_record moved(const PL_PNT2D_record& p, std::size_t piece, bool extended) const
     {
         const std::size_t first = piece > 0 ? piece - 1 : 0;
@@ -136,7 +136,7 @@ bool holds(long double got, long double asked, long double parcel)
     return std::fabs(got - asked) <= std::min(kRelParcelTol * parcel, kRelPieceTol * asked);
 }
 
-// The areas of the pieces when all of them hold what was asked, in both readings.
+// The areas of the pieces if all of them hold what was asked in both readings; otherwise none.
 std::vector<double> judged(const Ring& ring, const plparcel::Division& proven, const std::vector<Line>& lines,
                            double rounding)
 {
@@ -159,7 +159,7 @@ std::vector<double> judged(const Ring& ring, const plparcel::Division& proven, c
 plparcel::Division divide(const Ring& ring, const Asked& asked)
 {
     plparcel::Request request = asked.request;
-    // Numbers below 1 go where there is no side or vertex.
+    // A number below 1 becomes an index that no side or vertex has.
     request.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : ring.size();
     return plparcel::divide(ring, request);
 }

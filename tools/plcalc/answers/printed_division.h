@@ -1,7 +1,7 @@
 #pragma once
 
-// A division as it can be written down: what counts is not the line that was found but the one that is printed,
-// because that one is staked out.
+// A division as it can be written down. What counts is the printed line, not the line that was found, because
+// the printed one is staked out.
 
 #include <vector>
 
@@ -12,13 +12,13 @@
 
 namespace tool {
 
-/// A division whose lines have a few decimals only.
+/// A division whose lines have only a few decimals.
 struct PrintedDivision {
     plparcel::Division proven;  ///< as it was found, with all digits
-    /// Lines could be found, but none with coordinates that can be written down and hold what was asked.
+    /// Lines were found, but no way of writing down their coordinates holds what was asked.
     bool too_coarse = false;
     std::vector<PL_LINE_2D_record> lines;  ///< the printed ones, read back; empty unless done()
-    std::vector<double> areas;             ///< of the pieces that those make, in the order of the amounts
+    std::vector<double> areas;             ///< of the pieces between them, in the order of the amounts
     Resolution resolution;                 ///< decimals of what is printed
 
     bool done() const { return proven.status == plparcel::Status::divided && !too_coarse; }
@@ -26,11 +26,11 @@ struct PrintedDivision {
 
 /// Divides a parcel and rounds the lines to as few decimals as hold what was asked.
 ///
-/// Rounded lines are judged as they will be read, both with their ends as corners of the pieces and run on to
-/// the boundary: every line must part the parcel in two, every piece hold its amount to 1e-6 of the parcel's
-/// area and to a hundredth of itself. The decimals are 4 at least, and at least so many that a rounding stays
-/// below a millionth of the parcel's extent, lest it turn the line; from there on the first that hold are
-/// taken, in the end all that a double has.
+/// Rounded lines are judged as people will read them: once with their ends as corners of the pieces, once
+/// extended to the boundary. Every line must part the parcel in two, and every piece must hold its amount to
+/// 1e-6 of the parcel's area and to a hundredth of itself. There are at least 4 decimals, and at least as
+/// many as keep the rounding below a millionth of the parcel's extent, so that it does not turn the line.
+/// Decimals are added until the lines hold, up to all that a double has.
 ///
 /// @param[in] ring   the parcel, as plparcel::divide takes it
 /// @param[in] asked  what to cut off

@@ -1,6 +1,6 @@
 #pragma once
 
-// What is asked of a parcel, as it stands on the command line.
+// A request as the command line states it.
 
 #include <string>
 #include <vector>

@@ -5,8 +5,8 @@
 
 namespace {
 
-// A line may be off by this part of the parcel's extent, which is what its area may be off by too. Half a step
-// in the last place is the rounding.
+// The last decimal of a coordinate, as a part of the parcel's extent. Rounding moves a line by half of it, a
+// millionth of the extent.
 constexpr double kRelExtentStep = 2e-6;
 
 constexpr double kRelAreaStep = 1e-7;

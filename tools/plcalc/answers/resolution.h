@@ -14,8 +14,8 @@ struct Resolution {
     int area_decimals = 4;  ///< of areas
 };
 
-/// A rounding moves a line by no more than a millionth of the parcel's extent, and an area by no more than the
-/// tenth part of a millionth of it; four decimals at least.
+/// At least four decimals, and as many as keep the rounding of a coordinate below a millionth of the parcel's
+/// extent and the rounding of an area below a ten-millionth of the area.
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
 
 }  // namespace tool

@@ -9,9 +9,9 @@
 namespace tool {
 namespace {
 
-// The base line's own frame: from its first point, for implicit lines lose digits far from the origin; and some
-// thousands long, by a power of two, for the library takes a line of less than 3.2e-4 for none. Differences of
-// neighbouring coordinates and powers of two are exact.
+// The base line's own frame. It starts at the line's first point, because implicit lines lose digits far from
+// the origin. A power of two makes it some thousands long, because the library takes a line shorter than
+// 3.2e-4 for none. Differences of neighbouring coordinates and powers of two are exact.
 class BaseFrame {
 public:
     explicit BaseFrame(const BaseLine& base) : origin_(base.from.at)
@@ -49,7 +49,7 @@ void set_offsets(const BaseLine& base, const PL_PNT2D_record& at, SetOut& values
     const PL_PNT2D_record to = frame.to_local(base.to.at);
     const PL_PNT2D_record point = frame.to_local(at);
     PL_PNT2D_record foot = {};
-    // "+ 0.0": no "-0.0" for a point on the line.
+    // "+ 0.0" turns the "-0.0" of a point on the line into "0.0".
     values.ordinate = frame.from_local(DistSegmDaPt(&from, &to, &point, &foot)) + 0.0;
     values.abscissa = frame.from_local(DistPtSuSegmDaPt(&from, &to, &from, &foot)) + 0.0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// How points are set out: polar from a station, and at right angles from a base line. By the library's own
-// functions.
+// Computes how points are set out, polar from a station and at right angles from a base line, with the
+// library's own functions.
 
 #include <optional>
 #include <string>
@@ -36,7 +36,7 @@ struct SetOut {
         angle_gon;          ///< clockwise from the orientation, [0, 400); none at the station itself
     double distance = 0.0;  ///< from the station, unit
     double abscissa = 0.0;  ///< along the base line from its first point, unit; negative behind it
-    double ordinate = 0.0;  ///< off the base line, unit; positive to the right, whatever the abscissa
+    double ordinate = 0.0;  ///< off the base line, unit; positive to the right at every abscissa
 };
 
 /// @param[in] setup   station and orientation are different points

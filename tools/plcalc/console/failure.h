@@ -11,12 +11,12 @@ namespace tool {
 enum class ExitStatus {
     done = 0,            ///< every number printed is right
     failed = 1,          ///< neither the request nor the parcel is to blame: no memory, output not written
-    wrong_use = 2,       ///< options, or a side, vertex or feature that is not there
+    wrong_use = 2,       ///< options, or a side, vertex or feature that does not exist
     unusable_input = 3,  ///< a file or geometry that cannot be worked on
     cannot_cut = 4       ///< a parcel that cannot be divided as asked
 };
 
-/// What a message is about. It does not name a part that is empty.
+/// What a message is about. A part that is empty is left out of it.
 struct Place {
     std::string file;  ///< as the command line names it
     std::string
@@ -36,7 +36,7 @@ struct Failure : std::exception {
 
     ExitStatus status;    ///< what the program returns
     Place place;          ///< empty where the command line itself is wrong
-    std::string problem;  ///< what is wrong; parcels with the same problem are counted together
+    std::string problem;  ///< what is wrong
     std::string advice;   ///< what to do; may be empty
     std::string detail;   ///< where exactly the parcel has the problem; may be empty
 };

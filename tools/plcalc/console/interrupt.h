@@ -1,13 +1,14 @@
 #pragma once
 
-// Ctrl-C while files are being written: the work stops between two parcels, and what is half done goes away.
+// Ctrl-C while files are being written: the work stops between two parcels, and half-written files are
+// removed.
 
 #include <csignal>
 
 namespace tool {
 
-/// While it lives, an interruption (SIGINT, SIGTERM, SIGHUP) is noted instead of ending the program. One at a
-/// time.
+/// While it lives, it notes an interruption (SIGINT, SIGTERM, SIGHUP) that would otherwise end the program.
+/// Only one may live at a time.
 class InterruptGuard {
 public:
     InterruptGuard();

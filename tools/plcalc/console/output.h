@@ -1,6 +1,6 @@
 #pragma once
 
-// What the program answers when it gets its work done.
+// What a verb returns when its work is done.
 
 #include <string>
 

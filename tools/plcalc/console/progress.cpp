@@ -11,7 +11,7 @@ constexpr std::size_t kPlaces = 30;
 constexpr std::chrono::milliseconds kFirst(500);
 constexpr std::chrono::milliseconds kEvery(100);
 
-// Back to the line's start, and nothing on it.
+// Returns to the start of the line and clears it.
 constexpr const char* kClearLine = "\r\x1b[K";
 
 }  // namespace

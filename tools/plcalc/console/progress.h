@@ -8,7 +8,8 @@
 
 namespace tool {
 
-/// Shows itself on stderr, only when that is a terminal and only after the first half second; takes itself away.
+/// Appears on stderr after the first half second, only if stderr is a terminal, and removes itself at the
+/// end.
 class Progress {
 public:
     /// @param[in] what   what is being done, "dividing"

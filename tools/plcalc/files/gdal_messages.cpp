@@ -2,7 +2,7 @@
 
 namespace {
 
-// A message longer than this hides what is to be done about it.
+// A longer message would hide the advice that follows it.
 constexpr std::size_t kMaxLength = 160;
 
 std::string on_one_line(const char* text)

@@ -1,6 +1,6 @@
 #pragma once
 
-// What GDAL and the libraries under it have to say, kept instead of printed.
+// Keeps what GDAL and the libraries under it would print.
 
 #include <string>
 
@@ -8,7 +8,7 @@
 
 namespace tool {
 
-/// Collects the messages of this thread while it lives. None reaches stderr.
+/// Collects the messages of this thread while it lives, and keeps them off stderr.
 class GdalMessages {
 public:
     GdalMessages();
@@ -19,13 +19,13 @@ public:
     /// Forgets what has been said so far.
     void clear();
 
-    /// Whether something failed, not only warned.
+    /// Whether any message was an error, not only a warning.
     bool failed() const { return failed_; }
 
-    /// The first failure, or the first warning when nothing failed, on one line; empty when nothing was said.
+    /// The first error, or the first warning if there was no error, on one line; empty if there was neither.
     const std::string& text() const { return failed_ ? failure_ : warning_; }
 
-    /// `text()` as a remark, " (so and so)"; empty when nothing was said.
+    /// `text()` in brackets after a blank; empty if there is none.
     std::string remark() const;
 
 private:

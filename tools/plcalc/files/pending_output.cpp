@@ -14,13 +14,13 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void refuse_existing(const fs::path& path)
 {
-    throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "there is such a file",
-                  "choose another name or give --overwrite");
+    throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the file exists already",
+                  "choose another name or add --overwrite");
 }
 
 [[noreturn]] void fail(const fs::path& path, const std::string& why)
 {
-    throw Failure(ExitStatus::failed, {path.string(), ""}, "it cannot be written (" + why + ")",
+    throw Failure(ExitStatus::failed, {path.string(), ""}, "the file cannot be written (" + why + ")",
                   "check the folder and its permissions");
 }
 

@@ -12,7 +12,8 @@
 namespace tool {
 namespace {
 
-// By the driver that will open it; the others would warn of options that they do not know.
+// Only the options of the driver that will open the file; the others would warn of options that they do not
+// know.
 CPLStringList open_options(const std::string& file)
 {
     CPLStringList options;
@@ -21,7 +22,7 @@ CPLStringList open_options(const std::string& file)
     if (format == "CSV")
         options.SetNameValue("GEOM_POSSIBLE_NAMES", kWktColumns);
     if (format == "GML")
-        options.SetNameValue("WRITE_GFS", "NO");  // a reader leaves nothing behind
+        options.SetNameValue("WRITE_GFS", "NO");  // reading leaves nothing behind
     return options;
 }
 
@@ -35,15 +36,15 @@ Failure why_not_opened(const std::string& file, const GdalMessages& messages)
     if (!std::filesystem::exists(status))
         return failure("there is no such file" + messages.remark(), "check the name");
     if (std::filesystem::is_directory(status))
-        return failure("this is a directory in which GDAL finds no vector file", "name the file itself");
+        return failure("this is a folder in which GDAL finds no vector file", "name the file itself");
     if (!std::ifstream(file).good())
-        return failure("the file may not be read", "check its permissions");
+        return failure("plcalc may not read the file", "check its permissions");
     if (std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, ignored) == 0)
-        return failure("the file is empty", "write the parcel to it again");
+        return failure("the file is empty", "save the parcel to it again");
     if (EQUAL(CPLGetExtension(file.c_str()), "csv"))
-        return failure("not a table that GDAL can read",
+        return failure("GDAL cannot read this file as a table",
                        "a CSV file needs a header and at least two columns");
-    return failure("not a vector file that GDAL can read" + messages.remark(),
+    return failure("GDAL cannot read this file as vector data" + messages.remark(),
                    "convert it, for example to GeoPackage");
 }
 

@@ -10,19 +10,20 @@
 
 namespace tool {
 
-/// Opens a file for reading; null, and GDAL has told why, when it cannot be. Leaves nothing beside it.
+/// Opens a file for reading and leaves nothing beside it. Null if it cannot be opened; GDAL's messages say
+/// why.
 GDALDatasetUniquePtr open_vector_file(const std::string& file);
 
-/// The same for a file that has to be readable.
+/// The same for a file that must be readable.
 ///
 /// @param[in] messages  what GDAL has said since the call began
 /// @throws Failure      unusable_input, with the reason why the file cannot be opened
 GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages);
 
-/// Names of columns where a CSV file has its geometry, separated by commas.
+/// The names of columns in which a CSV file may have its geometry, separated by commas.
 constexpr const char* kWktColumns = "WKT,geom,geometry,wkt_geom,the_geom";
 
-/// Whether a field of a CSV file is its geometry, which comes as such.
+/// Whether a column of a CSV file holds its geometry.
 bool is_wkt_column(const std::string& name);
 
 }  // namespace tool

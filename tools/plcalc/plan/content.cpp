@@ -11,7 +11,7 @@
 namespace tool {
 namespace {
 
-// The file without its folders, and the feature; no bytes that are no text.
+// The file without its folders, and the feature; bytes that are not text become question marks.
 std::string title_of(const Place& place)
 {
     std::string title = Place{CPLGetFilename(place.file.c_str()), place.feature}.text();

@@ -13,7 +13,7 @@ namespace {
 
 using plparcel::Ring;
 
-// Told apart by neighbours, also in grey print.
+// Neighbouring tints differ in grey print too.
 constexpr Colour kTints[] = {{0.97, 0.86, 0.66}, {0.80, 0.90, 0.81}, {0.82, 0.86, 0.96},
                              {0.97, 0.82, 0.80}, {0.90, 0.84, 0.94}, {0.96, 0.95, 0.75}};
 
@@ -24,10 +24,11 @@ constexpr double kSmallSize = 6.5;
 
 constexpr double kFootIndent = 10.0;
 
-// No more of the frame is the foot's.
+// The foot takes at most this part of the frame.
 constexpr double kMaxFoot = 0.45;
 
-// A table that grew makes the drawing smaller, and may want more. After so many times it gets what it has.
+// A larger table makes the drawing smaller, which may push more labels into the table. After this many rounds
+// the layout stays.
 constexpr int kMaxTrials = 4;
 
 FootTable foot_of(const Plan& plan, const AtFoot& at_foot, Canvas& canvas, const SheetBox& frame)
@@ -112,7 +113,7 @@ private:
         canvas_.stroke({{d.left, d.bottom}, {d.right, d.bottom}}, false, kGrey, 0.5);
     }
 
-    // In the upper right corner of the title, where no parcel comes.
+    // In the upper right corner of the title, where no parcel is drawn.
     void draw_north_arrow()
     {
         const SheetBox f = layout_.frame();
@@ -122,7 +123,7 @@ private:
         canvas_.text("N", {tip.x, tip.y + 40.0}, kTextSize, kInk, Anchor::centre, true);
     }
 
-    // As much of the text as there is room for.
+    // As much of the text as fits.
     std::string fitted(std::string text, double size, bool bold, double room)
     {
         bool cut = false;
@@ -157,7 +158,7 @@ private:
         draw_scale_bar({f.right - 12.0, d.bottom + 20.0});
     }
 
-    // Four fields, its right end given.
+    // Four fields; the right end is given.
     void draw_scale_bar(const SheetPoint& right_end)
     {
         constexpr double kLongest = 150.0;
@@ -194,7 +195,7 @@ private:
     std::vector<SheetPoint> outline_;
 };
 
-// What the foot must tell: what finds no place on the drawing that it leaves.
+// What the foot must hold: the labels that find no place on the drawing that it leaves.
 AtFoot what_goes_to_the_foot(const Plan& plan, Paper paper)
 {
     AtFoot at_foot;

@@ -9,8 +9,8 @@
 
 namespace tool {
 
-/// Draws the plan to a file: parcel, pieces, lines with the coordinates of their ends, sides with their lengths,
-/// numbered vertices, north arrow, scale bar. True to a round scale.
+/// Draws the plan to a file at a round scale: parcel, pieces, lines with the coordinates of their ends, sides
+/// with their lengths, numbered vertices, north arrow and scale bar.
 ///
 /// @param[in] path   .svg, .pdf or .png
 /// @param[in] name   of the file in messages

@@ -13,7 +13,7 @@ constexpr double kPadding = 12.0;
 constexpr double kColumnGap = 14.0;
 constexpr double kMinHeight = 74.0;  // for the scale bar
 
-// Rows that a foot of the least height has, and as many as text of full size may fill.
+// Rows of the lowest foot, and the most rows in text of full size.
 constexpr std::size_t kFewRows = 4;
 constexpr std::size_t kManyRows = 8;
 
@@ -97,7 +97,7 @@ void FootTable::set_style(Canvas& canvas, const Style& style)
         cell.width = canvas.size_of(cell.text, style.size, cell.title).x;
 }
 
-// Whether all of it has room.
+// Whether all cells fit.
 bool FootTable::break_into(double width, std::size_t rows)
 {
     const std::size_t below_scale =
@@ -124,7 +124,7 @@ bool FootTable::break_into(double width, std::size_t rows)
     return shown_ == cells_.size();
 }
 
-// With the next cells: no gap above the first, no title below the last.
+// Fills a column with the next cells: no gap above the first, no title below the last.
 void FootTable::fill_column(double left, std::size_t first, std::size_t rows)
 {
     if (cells_[shown_].text.empty())

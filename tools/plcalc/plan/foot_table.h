@@ -1,6 +1,6 @@
 #pragma once
 
-// The table at the foot of a plan: the ends of the lines, and what found no place beside what it tells of.
+// The table at the foot of a plan: the ends of the lines, and the labels that found no place on the drawing.
 
 #include <cstddef>
 #include <set>
@@ -12,10 +12,10 @@
 
 namespace tool {
 
-/// What the table tells beside the ends of the lines.
+/// What the table holds beside the ends of the lines.
 struct AtFoot {
     std::set<std::size_t> sides;  ///< lengths of these
-    bool pieces = false;          ///< areas; on the drawing the pieces have their numbers
+    bool pieces = false;          ///< whether it holds the areas; the drawing then numbers the pieces
 
     bool operator==(const AtFoot& other) const { return sides == other.sides && pieces == other.pieces; }
 };
@@ -27,7 +27,8 @@ std::vector<PL_PNT2D_record> line_ends(const Plan& plan);
 /// "P1" for the first of them.
 std::string end_name(std::size_t end);
 
-/// The length of a side as it is written. Centimetres are what a plan is read to; a smaller parcel shows more.
+/// The length of a side as it is written: to the centimetre, which is as fine as a plan is read, or finer on
+/// a small parcel.
 std::string side_text(const Plan& plan, std::size_t side);
 
 /// A part of the table.
@@ -41,18 +42,18 @@ std::vector<FootSection> foot_sections(const Plan& plan, const AtFoot& at_foot);
 /// The table, broken into columns around the scale bar.
 class FootTable {
 public:
-    /// @param[in] sections    one at least; with a title each when there are several
+    /// @param[in] sections    at least one; each has a title if there are several
     /// @param[in] canvas      to measure text
     /// @param[in] width       room for the columns, points
-    /// @param[in] max_height  of the foot; rows beyond it are left out, and "..." tells
+    /// @param[in] max_height  of the foot; rows beyond it are left out, and "..." stands in their place
     FootTable(const std::vector<FootSection>& sections, Canvas& canvas, double width, double max_height);
 
-    /// Of the foot that holds it, points.
+    /// Height of the foot that holds the table, points.
     double height() const;
 
     void draw(Canvas& canvas, const SheetPoint& upper_left) const;
 
-    /// Size of the upper right corner that is the scale bar's.
+    /// Size of the upper right corner, which is left to the scale bar.
     static constexpr SheetPoint kScaleCorner = {180.0, 66.0};
 
 private:

@@ -13,10 +13,10 @@ constexpr double kAreaSize = 10.0;
 constexpr double kLabelSize = 8.0;
 constexpr double kSmallSize = 6.5;
 
-// A side with room for so many times its length leaves enough to the numbers of its vertices.
+// A side this many times as long as its label leaves room for the numbers of its vertices.
 constexpr double kLongSide = 1.3;
 
-// More areas beside their pieces than these are a thicket of hair lines.
+// With more areas beside their pieces than this, the hair lines make a thicket.
 constexpr std::size_t kMaxBeside = 12;
 
 // From a number to the boundary of its piece, points.
@@ -34,8 +34,8 @@ PlanLabels::PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canva
         places_.add_line(layout_.at(line.start), layout_.at(line.end));
 }
 
-// Long sides before the ends that part them: a length off its side's middle would be taken for a part's. Ends before
-// the vertices, which may be so many that nothing else finds a place.
+// Long sides come before the ends of lines on them: a length away from the middle of its side would be read
+// as the length of a part. Ends come before the vertices, which may be so many that they leave no room.
 AtFoot PlanLabels::draw()
 {
     label_sides(true);
@@ -57,7 +57,7 @@ std::vector<SheetPoint> PlanLabels::on_sheet(const plparcel::Ring& ring) const
     return outline;
 }
 
-// Out of the parcel, at right angles to a side.
+// The direction out of the parcel, at right angles to a side.
 SheetPoint PlanLabels::outwards(std::size_t side) const
 {
     const SheetPoint along = direction(vertex(side), vertex(side + 1));
@@ -99,7 +99,8 @@ void PlanLabels::label_vertices()
     }
 }
 
-// On from the line, out of the parcel. Where lines are too many for it, the table at the foot has them in order.
+// In the direction of the line, outside the parcel. Where there are too many lines, the table at the foot has
+// their ends in order.
 void PlanLabels::label_line_ends()
 {
     const std::vector<PL_PNT2D_record> ends = line_ends(plan_);
@@ -109,7 +110,7 @@ void PlanLabels::label_line_ends()
     }
 }
 
-// How many times the length of a side has room along it.
+// How many times the label of a side fits along it.
 double PlanLabels::room_along(std::size_t side)
 {
     const double length =
@@ -122,12 +123,12 @@ void PlanLabels::label_sides(bool long_ones)
     for (std::size_t i = 0; i < outline_.size(); ++i)
         if (at_foot_.sides.count(i) == 0 && (room_along(i) > kLongSide) == long_ones && !label_side(i))
             at_foot_.sides.insert(i);
-    // A few beside the drawing and most at the foot would be looked for in both.
+    // If most lengths stand at the foot, all of them do: nobody should have to look in two places.
     for (std::size_t i = 0; 2 * at_foot_.sides.size() > outline_.size() && i < outline_.size(); ++i)
         at_foot_.sides.insert(i);
 }
 
-// Along the side where it is long enough, level beside it where not.
+// Along the side if it is long enough, level beside it if not.
 bool PlanLabels::label_side(std::size_t side)
 {
     const std::string text = side_text(plan_, side);
@@ -148,7 +149,8 @@ bool PlanLabels::label_side(std::size_t side)
     return place.has_value();
 }
 
-// Level text beside a short side. Inside the parcel or far off it would be taken for another's.
+// Places for level text beside a short side. Inside the parcel or far off, the text would seem to belong to
+// another side.
 std::vector<SheetPoint> PlanLabels::outside_of(const SheetPoint& middle, const SheetPoint& out,
                                                const SheetPoint& extent) const
 {
@@ -160,7 +162,7 @@ std::vector<SheetPoint> PlanLabels::outside_of(const SheetPoint& middle, const S
     return places;
 }
 
-// Areas in their pieces, or beside them; where that cannot be had for all of them, at the foot for all of them.
+// Areas stand in their pieces or beside them. If one finds no place, all of them stand at the foot.
 void PlanLabels::label_pieces()
 {
     std::size_t beside = 0;
@@ -176,8 +178,8 @@ void PlanLabels::label_pieces()
     }
 }
 
-// In a narrow one across its boundary, the middle of the number inside; in one that is hardly seen, not at all: they
-// lie in order.
+// In a narrow piece the number may cross its boundary, with its middle inside. A piece that is hardly visible
+// gets none: pieces lie in order.
 void PlanLabels::number_pieces()
 {
     for (std::size_t i = 0; i < plan_.pieces.size(); ++i) {
@@ -195,7 +197,7 @@ void PlanLabels::number_pieces()
     }
 }
 
-// In a piece that is wide enough.
+// Writes the label in the piece if that is wide enough.
 bool PlanLabels::label_inside(const std::string& text, const std::vector<RoomyPlace>& inside)
 {
     for (const double size : {kAreaSize, kLabelSize, kSmallSize}) {
@@ -214,7 +216,8 @@ bool PlanLabels::label_inside(const std::string& text, const std::vector<RoomyPl
     return false;
 }
 
-// Outside, with a hair line to the piece that runs through no other label and none of its neighbours.
+// Writes the label outside the parcel, with a hair line to the piece that crosses no other label and no other
+// piece.
 bool PlanLabels::label_beside(const std::string& text, const SheetPoint& piece)
 {
     constexpr double kFirst = 30.0;
@@ -227,7 +230,7 @@ bool PlanLabels::label_beside(const std::string& text, const SheetPoint& piece)
         for (int i = 0; i < kDirections; ++i) {
             const double turn = 2.0 * kPi * i / kDirections;
             const SheetPoint p = moved(piece, {std::cos(turn), std::sin(turn)}, kFirst + kStep * ring);
-            // Across its own boundary only.
+            // The hair line crosses only the boundary of its own piece.
             if (!is_inside(outline_, p) && places_.crossings(piece, p) <= 1 && places_.is_clear(piece, p))
                 places.push_back(p);
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-// The labels on a plan's drawing, each where it covers neither another nor, where that can be had, a line.
+// The labels on a plan's drawing. None covers another, and none covers a line if there is another place.
 
 #include <string>
 #include <vector>
@@ -16,12 +16,12 @@ namespace tool {
 
 class PlanLabels {
 public:
-    /// @param[in] at_foot  what the table at the foot tells, and the drawing need not
+    /// @param[in] at_foot  what the table at the foot holds already
     PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot);
 
     /// Draws them: sides, ends of lines, vertices, pieces.
     ///
-    /// @return what the foot must tell, because there was no place for it
+    /// @return what the foot must hold, because it found no place on the drawing
     AtFoot draw();
 
 private:

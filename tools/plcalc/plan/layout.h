@@ -1,6 +1,6 @@
 #pragma once
 
-// Where a plan lies on its sheet: paper, round scale, and the way from coordinates to the sheet.
+// Where a plan lies on its sheet: paper, round scale, and how coordinates become points of the sheet.
 
 #include <functional>
 #include <optional>
@@ -13,7 +13,7 @@ namespace tool {
 
 enum class Paper { a4, a3 };
 
-/// "A4" and "A3", in capitals or not; nothing for another text.
+/// The paper called "A4" or "A3", in capitals or not; nothing for any other text.
 std::optional<Paper> paper_of(const std::string& name);
 const char* paper_name(Paper paper);
 
@@ -22,8 +22,8 @@ class PlanLayout {
 public:
     /// @param[in] ring           the parcel
     /// @param[in] metres         length of the coordinates' unit in metres
-    /// @param[in] paper          the paper; it is laid the way round in which the parcel has more room
-    /// @param[in] foot_height    of a frame: room needed at its bottom, points
+    /// @param[in] paper          the paper, upright or lying, whichever leaves the parcel more room
+    /// @param[in] foot_height    the room that the foot of a given frame needs, points
     PlanLayout(const plparcel::Ring& ring, double metres, Paper paper,
                const std::function<double(const SheetBox&)>& foot_height);
 

@@ -13,7 +13,7 @@ using plparcel::Ring;
     throw Failure(ExitStatus::unusable_input, place, problem, advice);
 }
 
-// The member of a collection of one, of whatever depth; the geometry itself when it is none.
+// The only member of a collection, however deep; the geometry itself if it is not a collection.
 const OGRGeometry& single_member(const OGRGeometry& geometry)
 {
     const OGRGeometry* inner = &geometry;
@@ -35,7 +35,7 @@ bool is_closed_line(const OGRGeometry& geometry)
     const OGRCurve* line = geometry.toCurve();
     line->StartPoint(&first);
     line->EndPoint(&last);
-    // In plan: a boundary that ends higher than it began is closed all the same.
+    // Heights do not count: a boundary that ends higher than it began is closed all the same.
     return line->getNumPoints() > 2 && first.getX() == last.getX() && first.getY() == last.getY();
 }
 
@@ -65,24 +65,24 @@ bool bounds_area(const OGRGeometry& geometry)
 
 Failure without_geometry(const Place& place)
 {
-    return {ExitStatus::unusable_input, place, "it has no geometry",
-            "draw the parcel or choose another feature with --feature"};
+    return {ExitStatus::unusable_input, place, "the feature has no geometry",
+            "draw the parcel, or choose another feature with --feature"};
 }
 
 Ring ring_of(const OGRGeometry& geometry, const Place& place)
 {
     const OGRGeometry& inner = single_member(geometry);
     if (inner.IsEmpty())
-        refuse(place, "the geometry is empty", "draw the parcel or choose another feature with --feature");
+        refuse(place, "the geometry is empty", "draw the parcel, or choose another feature with --feature");
     if (inner.hasCurveGeometry(TRUE))
         refuse(place, "the boundary has curves",
-               "replace them by chords first, for example with ogr2ogr -nlt CONVERT_TO_LINEAR");
+               "replace them with chords first, for example with ogr2ogr -nlt CONVERT_TO_LINEAR");
     const std::unique_ptr<OGRGeometry> straight(inner.getLinearGeometry());
     const OGRwkbGeometryType type = wkbFlatten(straight->getGeometryType());
     if (type == wkbMultiPolygon)
         refuse(place,
                "the parcel has " + std::to_string(straight->toMultiPolygon()->getNumGeometries()) + " parts",
-               "divide them one by one: ogr2ogr -explodecollections makes each a feature");
+               "divide them one by one; ogr2ogr -explodecollections makes a feature of each");
     if (type == wkbLineString)
         return vertices_of(*straight->toLineString());
     if (type != wkbPolygon && type != wkbTriangle)

@@ -1,6 +1,6 @@
 #pragma once
 
-// From a geometry to a ring.
+// Turns a geometry into a ring.
 
 #include <ogr_geometry.h>
 
@@ -16,11 +16,11 @@ bool bounds_area(const OGRGeometry& geometry);
 /// A feature without a geometry.
 Failure without_geometry(const Place& place);
 
-/// The ring of a geometry that bounds an area, as it stands there: whether it can be divided is not asked.
+/// The ring of a geometry that bounds an area. Whether it can be divided is not checked here.
 ///
-/// @param[in] geometry  the geometry; heights and measures are left aside
+/// @param[in] geometry  the geometry; heights and measures are ignored
 /// @param[in] place     file and feature, for messages
-/// @return the vertices in order, the closing one left out
+/// @return the vertices in order, without the closing one
 /// @throws Failure      unusable_input: an empty geometry, several parts, curves or holes
 plparcel::Ring ring_of(const OGRGeometry& geometry, const Place& place);
 

@@ -20,7 +20,8 @@ bool may_be_degrees(const Ring& ring)
     return true;
 }
 
-// South African and old Bohemian grids, among others: bearings and sides would come out mirrored or turned.
+// South African and old Bohemian grids do so, among others: bearings and sides would come out mirrored or
+// turned.
 bool counts_westwards(const OGRSpatialReference& crs)
 {
     for (const int axis : {0, 1}) {
@@ -45,11 +46,11 @@ void require_plane(const OGRSpatialReference* crs, bool stated, const Ring& ring
     const std::string name = name_of(*crs);
     if (crs->IsProjected() && counts_westwards(*crs))
         throw Failure(ExitStatus::unusable_input, place,
-                      "the coordinates count to the West (" + name + "), not to the East and North",
+                      "the coordinates increase to the West (" + name + "), not to the East",
                       "project them first, for example with ogr2ogr -t_srs EPSG:32632");
     if (!crs->IsGeographic() && !crs->IsGeocentric())
         return;
-    // What a GeoPackage says of a layer that was written without a CRS.
+    // GeoPackage gives this name to a layer that was written without a CRS.
     if (name == "Undefined geographic SRS")
         return;
     if (!stated && !may_be_degrees(ring))

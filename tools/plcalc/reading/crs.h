@@ -9,18 +9,19 @@
 
 namespace tool {
 
-/// Refuses coordinates that are not plane ones.
+/// Refuses coordinates that are not plane.
 ///
-/// @param[in] crs     the coordinate reference system, or null when the file tells none
-/// @param[in] stated  whether the file states it: a format may stand for degrees by default (GeoJSON), and is
-///                    not believed then where the coordinates cannot be degrees
+/// @param[in] crs     the coordinate reference system, or null if the file has none
+/// @param[in] stated  whether the file states the CRS. GeoJSON stands for degrees by default; that default is
+///                    ignored if the coordinates cannot be degrees.
 /// @param[in] ring    the coordinates
 /// @param[in] place   file and feature, for messages
-/// @throws Failure    unusable_input for degrees, for geocentric coordinates and for such as count to the West
+/// @throws Failure    unusable_input for degrees, for geocentric coordinates and for coordinates that
+///                    increase to the West
 void require_plane(const OGRSpatialReference* crs, bool stated, const plparcel::Ring& ring,
                    const Place& place);
 
-/// The unit of a projected CRS; without a name, and a metre long, for any other and for null.
+/// The unit of a projected CRS. For any other, and for null, it has no name and is a metre long.
 LengthUnit unit_of(const OGRSpatialReference* crs);
 
 }  // namespace tool

@@ -9,7 +9,8 @@
 
 namespace {
 
-// Never one name of one pair with one of another: in a file with X, Y and E they would not belong together.
+// A name of one pair never goes with a name of another: in a file with X, Y and E they would not belong
+// together.
 constexpr std::pair<const char*, const char*> kPairs[] = {
     {"E", "N"}, {"East", "North"}, {"Easting", "Northing"}, {"Est", "Nord"}, {"X", "Y"},
 };
@@ -38,7 +39,7 @@ double coordinate(const OGRFeature& row, int field, const tool::Place& file)
     if (text.empty())
         throw tool::Failure(tool::ExitStatus::unusable_input, place, name + " is empty", "fill it in");
     throw tool::Failure(tool::ExitStatus::unusable_input, place, name + " is '" + text + "', not a number",
-                        "write it with a point before the decimals");
+                        "use a point before the decimals");
 }
 
 }  // namespace

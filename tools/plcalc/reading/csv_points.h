@@ -12,14 +12,14 @@
 
 namespace tool {
 
-/// Where East and North stand in a table.
+/// The columns of East and North in a table.
 struct PointColumns {
     int east = -1;   ///< field index
     int north = -1;  ///< field index
 };
 
-/// The columns with coordinates: E and N, East and North, Easting and Northing, Est and Nord, X and Y, in
-/// capitals or not; the first of these pairs that is there as a pair.
+/// Finds the columns with coordinates: the first of the pairs E and N, East and North, Easting and Northing,
+/// Est and Nord, X and Y that the table has, in capitals or not.
 std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 
 /// The rows as points, in the file's order.

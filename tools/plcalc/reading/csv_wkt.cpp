@@ -10,7 +10,7 @@
 namespace tool {
 namespace {
 
-// A longer text is quoted by its beginning.
+// Of a longer text only the beginning is quoted.
 constexpr std::size_t kMaxQuoted = 40;
 
 std::string wkt_of(const OGRFeature& row)
@@ -38,7 +38,7 @@ Failure broken_wkt(const OGRFeature& row, const Place& place)
     const std::string wkt = wkt_of(row);
     const bool nan = CPLString(wkt).ifind("nan") != std::string::npos;
     return {ExitStatus::unusable_input, place,
-            "its WKT " + quoted(wkt) + " cannot be read" +
+            "the WKT " + quoted(wkt) + " cannot be read" +
                 (nan ? ", a coordinate in it is not a number" : ""),
             "correct it"};
 }

@@ -9,7 +9,7 @@
 namespace tool {
 namespace {
 
-// A longer list is not read, it is looked up.
+// Nobody reads a longer list in a message.
 constexpr std::size_t kMaxListed = 5;
 
 // What a layer holds.
@@ -39,7 +39,7 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
     }
     if (messages.failed())
         throw Failure(ExitStatus::unusable_input, {source.file, ""},
-                      "it cannot be read to its end" + messages.remark(), "repair it");
+                      "the file cannot be read to its end" + messages.remark(), "repair it");
     return count;
 }
 
@@ -59,9 +59,9 @@ void add_to(Count& none, const Count& count)
     if (source.feature)
         throw Failure(ExitStatus::wrong_use, file,
                       "there is no feature " + std::to_string(*source.feature) +
-                          (source.where ? " that --where lets through" : ""),
+                          (source.where ? " that passes --where" : ""),
                       "list them with ogrinfo -al");
-    throw Failure(ExitStatus::wrong_use, file, "--where '" + *source.where + "' lets no feature through",
+    throw Failure(ExitStatus::wrong_use, file, "--where '" + *source.where + "' matches no feature",
                   "list them with ogrinfo -al");
 }
 
@@ -73,12 +73,12 @@ void add_to(Count& none, const Count& count)
     if (source.feature || (source.where && none.choice.others == 0))
         refuse_choice_of_feature(source);
     if (none.choice.others == 0)
-        throw Failure(ExitStatus::unusable_input, file, "there is no feature in it" + opening_remark, draw);
+        throw Failure(ExitStatus::unusable_input, file, "the file holds no feature" + opening_remark, draw);
     if (none.other_kind.empty() && !none.without_geometry.empty())
         throw without_geometry({source.file, none.without_geometry});
     const std::string first = none.other_kind.empty() ? "" : ", the first a " + none.other_kind;
     throw Failure(ExitStatus::unusable_input, file,
-                  "there is no polygon and no closed line in it (features: " +
+                  "the file holds no polygon and no closed line (features: " +
                       std::to_string(none.choice.others) + first + ")",
                   is_format(dataset, "CSV")
                       ? "a CSV file needs a header and a column WKT, or a vertex per row in columns E and N"
@@ -118,7 +118,7 @@ std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source)
     }
     if (layers.empty() && source.layer)
         throw Failure(ExitStatus::wrong_use, {source.file, ""}, "there is no layer '" + *source.layer + "'",
-                      "it has " + (names.empty() ? "none" : names));
+                      names.empty() ? "the file has none" : "choose one of: " + names);
     return layers;
 }
 
@@ -134,7 +134,8 @@ void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages)
     layer.ResetReading();
     if (!set || messages.failed())
         throw Failure(ExitStatus::wrong_use, {source.file, ""},
-                      "--where '" + *source.where + "' cannot be understood" + messages.remark(),
+                      "--where '" + *source.where + "' is not a filter that GDAL understands" +
+                          messages.remark(),
                       "compare columns as in \"owner = 'Rossi'\"");
 }
 

@@ -22,19 +22,20 @@ struct LayerChoice {
     std::vector<std::string> first_names;  ///< of the first parcels
 };
 
-/// The only layer with parcels, filtered as the source says, its reading at the start.
+/// Finds the only layer with parcels. It is filtered as the source says and ready to be read from its start.
 ///
 /// @param[in] messages  what GDAL said while it opened the file; it receives what GDAL says from now on
-/// @throws Failure      wrong_use for a layer, feature or filter that is not there, or when several layers hold
-///                      parcels; unusable_input when the file holds none or cannot be read to its end
+/// @throws Failure      wrong_use for a layer or feature that does not exist, for a filter that cannot be
+///                      used, or if several layers hold parcels; unusable_input if the file holds no parcel
+///                      or cannot be read to its end
 LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages);
 
-/// The layers that the source lets us look into.
+/// The layer that the source names, or all layers if it names none.
 ///
-/// @throws Failure  wrong_use where there is none of the name
+/// @throws Failure  wrong_use if there is no layer of that name
 std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source);
 
-/// Lets only the features through that the source asks for.
+/// Makes the layer return only the features that match the filter of the source.
 ///
 /// @throws Failure  wrong_use for a filter that the layer does not understand
 void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages);
@@ -42,10 +43,10 @@ void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages);
 /// Whether a feature that passed the filter is one of the parcels.
 bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& source);
 
-/// "feature 3"; with the layer before it where the file has several.
+/// "feature 3"; with the layer in front if the file has several.
 std::string feature_name(const OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset);
 
-/// Whether the file is of the format that GDAL calls so.
+/// Whether the file has the format with this name in GDAL.
 bool is_format(GDALDataset& dataset, const char* name);
 
 }  // namespace tool

@@ -13,8 +13,8 @@
 namespace tool {
 namespace {
 
-// A chord for every tenth of a degree: an arc shorter than that stands out from its chord by less than half a
-// millimetre at a radius of a kilometre.
+// A chord for every tenth of a degree. A shorter arc differs from its chord by less than half a millimetre at
+// a radius of a kilometre.
 constexpr const char* kFineArcStep = "0.1";
 
 bool is_table_of_points(GDALDataset& dataset, const std::vector<OGRLayer*>& layers)
@@ -46,8 +46,8 @@ ParcelFile::ParcelFile(const Source& source) : source_(source)
     choice_.parcels = 1;
 }
 
-// The DXF reader replaces arcs by chords without telling, as many as OGR_ARC_STEPSIZE asks for. A boundary
-// that grows when it is read again with finer steps had an arc.
+// The DXF reader silently replaces arcs with chords, as many as OGR_ARC_STEPSIZE asks for. A boundary with
+// more vertices when it is read again with finer steps has an arc.
 void ParcelFile::open_with_fine_arcs()
 {
     fine_dataset_ = open_or_refuse(source_.file, messages_);
@@ -71,10 +71,11 @@ void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer, 
 {
     if (finer == nullptr || finer->GetFID() != feature.GetFID() || finer->GetGeometryRef() == nullptr)
         throw Failure(ExitStatus::unusable_input, place,
-                      "it could not be read a second time, to look for arcs", "leave the file as it is");
+                      "the boundary could not be read a second time, to look for arcs",
+                      "leave the file alone until plcalc is done");
     if (finer->GetGeometryRef()->WkbSize() != feature.GetGeometryRef()->WkbSize())
         throw Failure(ExitStatus::unusable_input, place, "the boundary has arcs",
-                      "replace them by chords in the drawing first");
+                      "replace them with chords in the drawing first");
 }
 
 // Completes a parcel whose place is known.
@@ -151,8 +152,8 @@ Failure vanished(const Source& source)
 {
     return {ExitStatus::unusable_input,
             {source.file, ""},
-            "it cannot be read a second time",
-            "leave the file as it is"};
+            "the file changed while it was being read",
+            "leave the file alone until plcalc is done"};
 }
 
 ReadParcel read_parcel(const Source& source)

@@ -20,7 +20,7 @@ namespace tool {
 /// A feature that bounds an area, or should.
 struct ReadParcel {
     Parcel parcel;                   ///< its ring is empty when there is a problem
-    std::optional<Failure> problem;  ///< why it has no ring, or none in plane coordinates
+    std::optional<Failure> problem;  ///< why it has no ring in plane coordinates
     OGRFeatureUniquePtr feature;     ///< null where the vertices were rows of a table
 };
 
@@ -45,9 +45,9 @@ public:
     /// The layer that the parcels come from.
     OGRLayer& layer() const { return *choice_.layer; }
 
-    /// Gives up because there are several parcels.
+    /// Gives up because the file holds several parcels.
     ///
-    /// @param[in] why  what stands against it, or nothing
+    /// @param[in] why  what else there is to say, or nothing
     [[noreturn]] void refuse_several(const std::string& why) const;
 
 private:
@@ -72,7 +72,7 @@ private:
 /// @throws Failure  as ParcelFile; also when there are several, and for whatever is wrong with the parcel
 ReadParcel read_parcel(const Source& source);
 
-/// A file that held a parcel when it was counted, and does not any more.
+/// The failure for a file whose parcels have gone since they were counted.
 Failure vanished(const Source& source);
 
 }  // namespace tool

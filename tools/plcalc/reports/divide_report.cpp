@@ -18,7 +18,8 @@ std::string line_label(std::size_t line, std::size_t count)
     return count > 1 ? "Dividing line " + std::to_string(line + 1) : "Dividing line";
 }
 
-// One request: asked and got under each other. Several: next to each other.
+// With one request, the requested and the measured area stand below each other; with several, beside each
+// other.
 std::vector<Row> area_rows(const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;

@@ -9,8 +9,8 @@
 
 namespace tool {
 
-/// The table: parcel, cut, the amounts as they were asked for, the lines' ends, the areas of the pieces, area and
-/// perimeter of the parcel. Columns aligned, every line ended.
+/// The table: parcel, cut, the amounts as they were given, the ends of the lines, the areas of the pieces,
+/// area and perimeter of the parcel. Columns are aligned, and every line is ended.
 ///
 /// @param[in] answer  one that is done()
 std::string division_table(const Answer& answer);

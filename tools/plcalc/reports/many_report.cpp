@@ -74,7 +74,7 @@ Output ManyReport::summary(std::size_t passed_over) const
     for (const auto& [reason, refusals] : refusals_)
         text += "  " + std::to_string(refusals.count) + ": " + reason + " (" + listed(refusals) + ")\n";
     if (passed_over > 0)
-        text += "Passed over, without an area  " + std::to_string(passed_over) + "\n";
+        text += "Skipped, without an area  " + std::to_string(passed_over) + "\n";
     return {text, status_};
 }
 

@@ -37,8 +37,8 @@ public:
     /// @return why
     std::string add(const Failure& problem);
 
-    /// Rows, where they were kept, and summary. Its status is not `done` when a parcel was refused: that of the
-    /// refusal, the smallest when there are several.
+    /// The rows, if they were kept, and the summary. If parcels were refused, the status is the smallest of
+    /// the refusals.
     ///
     /// @param[in] passed_over  features that bound no area
     Output table(std::size_t passed_over) const;

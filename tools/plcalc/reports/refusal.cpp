@@ -16,9 +16,8 @@ using plparcel::BoundaryStatus;
 using plparcel::Cut;
 using plparcel::Status;
 
-constexpr const char* kTooCoarse =
-    "coordinates are too large for so small a parcel: no line holds the amount once its ends are rounded to "
-    "numbers";
+constexpr const char* kTooCoarse = "the coordinates are too large for so small a parcel: no line holds the "
+                                   "requested area once its ends are rounded to numbers";
 
 Failure wrong_use(const Answer& answer, const std::string& problem, const std::string& advice)
 {
@@ -68,11 +67,12 @@ Failure out_of_range(const Answer& answer)
     const double area = answer.printed.proven.ring.area;
     const std::string amount = described_amount(answer);
     const std::string whole =
-        "the parcel's " + fixed(area, resolution_of(answer.parcel.ring, area).area_decimals);
+        "the parcel's area " + fixed(area, resolution_of(answer.parcel.ring, area).area_decimals);
     if (answer.printed.proven.status == Status::amount_too_small)
-        return cannot_cut(answer, amount + " is next to nothing beside " + whole, "ask for more");
-    return cannot_cut(answer, amount + (at > 0 ? ", with those before it," : "") + " is not below " + whole,
-                      "ask for less");
+        return cannot_cut(answer, amount + " is too small beside " + whole, "ask for more");
+    return cannot_cut(
+        answer, amount + (at > 0 ? ", together with those before it," : "") + " is not less than " + whole,
+        "ask for less");
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& repo
                        "correct its coordinates");
     case BoundaryStatus::meets_itself:
         return failure("the boundary crosses or touches itself",
-                       "correct it so that every vertex and side is passed once",
+                       "correct it so that it passes every vertex and side once",
                        side_name(report.meeting_sides[0], parcel.ring) + ", meets " +
                            side_name(report.meeting_sides[1], parcel.ring));
     case BoundaryStatus::out_of_range:
@@ -121,7 +121,7 @@ Failure refusal(const Answer& answer)
         return no_such_number(answer);
     case Status::side_without_length:
         return wrong_use(
-            answer, numbered("side", answer.asked.number) + " has no length, its two vertices are one point",
+            answer, numbered("side", answer.asked.number) + " has no length: its two vertices are one point",
             "choose the side before or after it");
     case Status::no_amount:
     case Status::unusable_amount:
@@ -130,17 +130,17 @@ Failure refusal(const Answer& answer)
         return out_of_range(answer);
     case Status::base_reaches_behind:
         return cannot_cut(answer,
-                          "what lies behind " + numbered("side", answer.asked.number) +
-                              " alone is more than " + described_amount(answer),
-                          "ask for more, or for another side or kind of cut");
+                          "the part of the parcel behind " + numbered("side", answer.asked.number) +
+                              " alone is larger than " + described_amount(answer),
+                          "ask for more, or choose another side or kind of cut");
     case Status::line_leaves_parcel:
         return cannot_cut(answer,
-                          "every line that holds " + described_amount(answer) +
+                          "every line that cuts off " + described_amount(answer) +
                               " leaves the parcel or touches its boundary on the way",
-                          "ask for another side, vertex or kind of cut");
+                          "choose another side, vertex or kind of cut");
     case Status::not_reached:
     case Status::divided:
-        return cannot_cut(answer, kTooCoarse, "move the parcel to an origin nearby");
+        return cannot_cut(answer, kTooCoarse, "use coordinates from an origin nearby");
     default:
         break;
     }

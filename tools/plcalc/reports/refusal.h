@@ -14,10 +14,10 @@ namespace tool {
 /// @param[in] answer  one that is not done()
 Failure refusal(const Answer& answer);
 
-/// The same in a few words without numbers, for counting.
+/// The reason in a few words without numbers, by which refusals are counted.
 std::string refusal_reason(const Answer& answer);
 
-/// A ring that nothing can be done with.
+/// The failure for a ring that cannot be worked on.
 ///
 /// @param[in] report  of the parcel's ring, which is not usable
 Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& report);

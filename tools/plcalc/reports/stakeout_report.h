@@ -18,7 +18,7 @@ struct StakeoutSheet {
     BaseLine base;
     std::vector<SetOut> points;
     Resolution resolution;   ///< decimals of lengths
-    int angle_decimals = 4;  ///< enough that no point moves by more than a length's last decimal
+    int angle_decimals = 4;  ///< so many that no point moves by more than the last decimal of a length
 };
 
 /// Angles with as many decimals as the farthest point needs.

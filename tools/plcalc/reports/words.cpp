@@ -8,7 +8,7 @@ namespace {
 using plparcel::Cut;
 using plparcel::Measured;
 
-// Vertices count on from the last to the first.
+// After the last vertex comes the first.
 long long after(long long number, std::size_t vertices)
 {
     return number % static_cast<long long>(vertices) + 1;
@@ -25,7 +25,7 @@ std::string described_side(long long number, std::size_t vertices)
            std::to_string(after(number, vertices));
 }
 
-// Where the piece lies that is cut off first.
+// Where the first piece lies.
 std::string place_of_first(const Asked& asked, std::size_t vertices)
 {
     const bool near = asked.request.measured == Measured::from_reference;

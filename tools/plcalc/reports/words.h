@@ -20,7 +20,7 @@ std::string numbered(const char* what, long long number);
 /// @param[in] vertices  how many the parcel has
 std::string described_cut(const Asked& asked, std::size_t vertices);
 
-/// "40 x 50, 1/3": as they were given. Many equal ones are counted: "9 times 1/10".
+/// "40 x 50, 1/3", as they were given. Many equal amounts are counted: "9 times 1/10".
 std::string described_amounts(const Asked& asked);
 
 /// "Cut parallel to side 1, from vertex 1 to vertex 2: 40 x 50".

@@ -11,7 +11,7 @@ constexpr double kPi = 3.141592653589793;
 // A side this near to upright, radians, is upright.
 constexpr double kUpright = 1e-6;
 
-// Small boxes along turned text: the box around all of it is far too large.
+// The middles of small boxes along turned text: the box around all of it is far too large.
 std::vector<SheetPoint> beads_of(const SheetPoint& middle, const SheetPoint& extent, double angle)
 {
     const int count = std::max(1, static_cast<int>(std::ceil(extent.x / extent.y)));
@@ -77,7 +77,8 @@ bool LabelPlaces::is_free(const SheetPoint& middle, const SheetPoint& size, doub
     for (const SheetBox& other : taken_)
         if (box.meets(other))
             return false;
-    // The box around turned text is wider than the text; along its line it would always be crossed.
+    // The box around turned text is wider than the text, so the line that the text follows would always cross
+    // it.
     if (may_cross_lines || angle != 0.0)
         return true;
     return std::none_of(lines_.begin(), lines_.end(),

@@ -1,6 +1,7 @@
 #pragma once
 
-// Finds places for labels where they cover neither each other nor, where that can be had, the lines of the plan.
+// Finds places for labels. No label covers another, and none covers a line of the plan if there is another
+// place.
 
 #include <cstddef>
 #include <optional>
@@ -28,16 +29,16 @@ public:
     /// A place that is taken.
     void take(const SheetBox& box) { taken_.push_back(box); }
 
-    /// Whether a label of this size, turned by the angle, is free at a place. Where it may cross lines, only
+    /// Whether a label of this size, turned by the angle, has room at a place. If it may cross lines, only
     /// other labels count.
     bool is_free(const SheetPoint& middle, const SheetPoint& size, double angle, bool may_cross_lines) const;
 
-    /// The first free place of some, which it takes; those that cross lines only after the others.
+    /// Takes the first free one of some places. Places that cross lines come after all others.
     std::optional<SheetPoint> first_free(const std::vector<SheetPoint>& middles, const SheetPoint& size,
                                          double angle = 0.0, bool may_cross_lines = true);
 
-    /// The same for text along a line, of which the box would be far too large: small boxes along it must be free.
-    /// It may cross lines.
+    /// The same for text along a line, which may cross lines. The box around turned text is far too large, so
+    /// small boxes along the text must be free.
     std::optional<SheetPoint> first_free_along(const std::vector<SheetPoint>& middles, const SheetPoint& size,
                                                double angle);
 

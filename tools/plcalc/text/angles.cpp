@@ -8,7 +8,7 @@ namespace {
 constexpr double kTurnGon = 400.0;
 constexpr double kTurnDegrees = 360.0;
 
-// Not divided by 10/9: exact where an angle is a multiple of 10 gon.
+// A product with 0.9, not a division by 10/9, is exact for multiples of 10 gon.
 constexpr double kDegreesPerGon = 0.9;
 
 std::string angle_text(double angle, double turn, int decimals)

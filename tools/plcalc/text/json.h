@@ -10,13 +10,13 @@ namespace tool {
 
 using Json = nlohmann::ordered_json;
 
-/// The number as it stands in the table; null for what is none ("-").
+/// The number as the table has it; null for "-".
 Json number(const std::string& text);
 
 /// A number with so many decimals, as `fixed` writes it.
 Json number(double value, int decimals);
 
-/// Indented, every line ended. A name that is not UTF-8 keeps what can be read of it.
+/// Indented, with every line ended. Of a name that is not UTF-8 the readable part is kept.
 std::string dumped(const Json& json);
 
 }  // namespace tool

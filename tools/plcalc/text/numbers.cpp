@@ -13,10 +13,10 @@ namespace {
 constexpr int kMinDecimals = 4;
 constexpr int kAllDigits = 16;  // after the first one
 
-// A step of 1e-5 that came out a few bits short of it still asks for five decimals.
+// A step that came out a few bits below 1e-5 still gets five decimals.
 constexpr double kStepSlack = 1.0 + 1e-12;
 
-// Up to here a double tells ten-thousandths from each other.
+// Up to here a double can hold ten-thousandths.
 constexpr double kMaxFixed = 1e12;
 
 std::string_view trimmed(std::string_view text)

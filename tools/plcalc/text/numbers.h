@@ -1,31 +1,32 @@
 #pragma once
 
-// Numbers as text, the same in every locale: a point before the decimals, nothing between the thousands.
+// Numbers as text, the same in every locale: a point before the decimals and nothing between the thousands.
 
 #include <optional>
 #include <string>
 
 namespace tool {
 
-/// The number that the whole text is, blanks around it allowed; "nan" and "inf" are numbers here. Nothing for
-/// anything else ("12,5", "12.5 m", "") and for what no double holds ("1e400").
+/// Reads a text that is a number from end to end, blanks around it allowed; "nan" and "inf" are numbers here.
+/// Nothing for any other text ("12,5", "12.5 m", "") and for what no double holds ("1e400").
 std::optional<double> parse_number(const std::string& text);
 
-/// The whole number that the whole text is, blanks around it allowed; nothing for anything else.
+/// Reads a text that is a whole number from end to end, blanks around it allowed; nothing for any other text.
 std::optional<long long> parse_whole(const std::string& text);
 
-/// The most decimals that a number is written with before it gets an exponent.
+/// A number with more decimals is written with an exponent.
 constexpr int kMaxDecimals = 17;
 
-/// So many decimals, never "-0.0000". More than kMaxDecimals, and values from 1e12 on, where a double runs out
-/// of decimals, get all their digits and an exponent: read back, they are the same double.
+/// The value with this many decimals, never "-0.0000". With more than kMaxDecimals, and from 1e12 on, where a
+/// double runs out of decimals, the value is written with all its digits and an exponent; read back, it is
+/// the same double.
 std::string fixed(double value, int decimals);
 
-/// As few digits as tell the double from every other: 12.5 is "12.5".
+/// The shortest text that reads back as the same double: 12.5 is "12.5".
 std::string shortest(double value);
 
-/// The decimals, 4 at least, with which a step in the last place is no longer than `step`; more than
-/// kMaxDecimals where there are none.
+/// How many decimals, at least 4, make the last place no larger than `step`; more than kMaxDecimals if none
+/// do.
 int decimals_for(double step);
 
 }  // namespace tool

@@ -13,11 +13,11 @@ struct Row {
     std::vector<std::string> cells;
 };
 
-/// Labels to the left; cells to the right, all of them as wide as the widest. Every line ended, none with
-/// blanks behind.
+/// Labels on the left, cells on the right, each as wide as the widest. Every line is ended, and none has
+/// trailing blanks.
 std::string labelled(const std::vector<Row>& rows);
 
-/// Columns of numbers, each as wide as its widest cell and aligned to the right. Every line ended.
+/// Columns of numbers, each as wide as its widest cell and aligned to the right. Every line is ended.
 std::string columns(const std::vector<std::vector<std::string>>& rows);
 
 }  // namespace tool

@@ -10,7 +10,7 @@
 namespace tool {
 namespace {
 
-// More parts than this are a slip of the hand.
+// Nobody means more parts than this.
 constexpr long long kMaxParts = 1000;
 
 constexpr double kPercent = 100.0;
@@ -113,7 +113,7 @@ void CuttingVerb::set_amounts(Asked& asked) const
         asked.request.amounts = {share("--share", share_)};
         asked.amounts = {share_};
     } else if (given("--areas")) {
-        // The last comma is read as well: an amount that is missing behind it has been forgotten.
+        // A comma at the end is refused: the amount after it has been forgotten.
         std::istringstream list(areas_ + ",");
         for (std::string text; !areas_.empty() && std::getline(list, text, ',');)
             add_amount(asked, "--areas", text);

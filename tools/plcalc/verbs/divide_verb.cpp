@@ -34,7 +34,7 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_flag("--overwrite", overwrite_);
 }
 
-// Before any work: a name that cannot be written is a slip that need not wait.
+// Before any work, so that a wrong name is reported at once.
 void DivideVerb::check_outputs() const
 {
     if (!paper_of(paper_))
@@ -53,7 +53,7 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) 
     return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file.layer());
 }
 
-// Drawn, but not yet in its place; null when none is asked for.
+// Draws the plan, but does not move it into its place; null if none is asked for.
 std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer) const
 {
     if (!given("--plan"))
@@ -73,7 +73,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     const Answer answer = tool::answer(read->parcel, asked);
     if (!answer.printed.done())
         throw refusal(answer);
-    // Both are made before either is put into its place.
+    // Both are written before either is moved into its place.
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     if (writer != nullptr)
@@ -91,7 +91,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     return report.json(written);
 }
 
-// Into the report and, where there is a writer, into the layers.
+// Adds a parcel to the report and, if there is a writer, to the layers.
 void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& report,
                      DivisionWriter* writer) const
 {
@@ -112,7 +112,7 @@ void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& rep
 Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
 {
     if (given("--plan"))
-        file.refuse_several("--plan draws one of them");
+        file.refuse_several("and --plan draws only one");
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     using Keep = ManyReport::Keep;

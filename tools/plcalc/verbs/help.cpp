@@ -14,82 +14,81 @@ std::string general_help()
 Usage: plcalc VERB ...
 
 Verbs
-  divide      the lines that cut requested areas off a parcel
-  measure     area, perimeter, sides, bearings and angles of a parcel
-  stakeout    angles, distances and right-angle offsets to set points out
+  divide      finds the lines that cut requested areas off a parcel
+  measure     prints area, perimeter, sides, bearings and angles of a parcel
+  stakeout    prints angles, distances and right-angle offsets for setting out
 
 Options
-  -h, --help  this text; plcalc VERB --help tells about a verb
-  --version   the version
+  -h, --help  prints this text; plcalc VERB --help explains a verb
+  --version   prints the version
 
 Messages on a terminal are coloured unless NO_COLOR is set.
 
 Exit status
-  0  done, every number printed is right
+  0  done; every number printed is right
   1  out of memory, or the output could not be written
-  2  wrong use: options, or a side, vertex, layer or feature that is not there
-  3  input that cannot be used: the file, its geometry or its coordinates
-  4  a parcel that cannot be cut as asked
-  Of many parcels the refused ones are counted by reason beside the divided
-  ones, and the smallest of their statuses is returned.
+  2  wrong use: options, or a side, vertex, layer or feature that does not exist
+  3  the file, its geometry or its coordinates cannot be used
+  4  the parcel cannot be cut as asked
+  With many parcels the output counts the refused ones by reason, and the
+  status is the smallest of theirs.
 )";
 }
 
 std::string divide_help()
 {
-    return R"(plcalc divide: the lines that cut requested areas off a parcel
+    return R"(plcalc divide: finds the lines that cut requested areas off a parcel
 
 Usage: plcalc divide FILE CUT AREA [OPTION ...]
 
 FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...
-      with parcels as polygons without holes or as closed lines;
-      or CSV with a column WKT, or with a vertex per row in columns E and N
-      (also East and North, Easting and Northing, Est and Nord, X and Y).
-      Plane coordinates, E to the East and N to the North, in any unit.
+      Parcels are polygons without holes, or closed lines. A CSV file needs a
+      column WKT, or a vertex per row in columns E and N (or East and North,
+      Easting and Northing, Est and Nord, X and Y).
+      Coordinates are plane, E to the East and N to the North, in any unit.
 
 CUT, one of
-  --parallel SIDE       line parallel to the side; the area lies along the side
-  --perpendicular SIDE  line at right angles to the side; the area lies ahead,
-                        where the side runs to
-  --vertex N            line from the vertex; the area lies along side N,
-                        the one that starts there
-  Vertices and sides count from 1 in the order of the file; the vertex that
-  closes the ring is not counted. Side 1 runs from vertex 1 to vertex 2, the
-  last side from the last vertex to vertex 1.
+  --parallel SIDE       a line parallel to the side; the area lies along it
+  --perpendicular SIDE  a line at right angles to the side; the area lies ahead
+                        of the line, where the side runs to
+  --vertex N            a line from vertex N; the area lies along side N, which
+                        starts there
+  Vertices and sides count from 1 in the order of the file, without the vertex
+  that closes the ring. Side 1 runs from vertex 1 to vertex 2, the last side
+  from the last vertex to vertex 1.
 
 AREA, one of
   --area A              the area, in the square of the file's unit
   --product A B         the area as the product of two lengths
   --share S             a share of the parcel: 1/3 or 25%
-  --areas LIST          several, cut off one after another: 1000,1/4,20x35
+  --areas LIST          several areas, cut off one after another: 1000,1/4,20x35
   --parts COUNT         equal parts
-  --opposite            the area lies on the other side: beyond the line,
-                        behind it, along the side before the vertex
+  --opposite            puts the area on the other side: beyond the line, behind
+                        it, or along the side that ends at the vertex
 
 Options
-  --layer NAME          only this layer of the file
-  --feature FID         only the feature with this number (ogrinfo -al FILE
-                        lists them); otherwise every parcel of the layer
-  --where FILTER        only features that fit, as in "owner = 'Rossi'"
-  -o, --output OUT      writes the pieces and the lines as layers of OUT, in
-                        the format of its ending (GeoPackage without one;
-                        lines in a second file where a format holds one
-                        layer), with the parcel's columns and CRS and with
-                        all digits
-  --plan PLAN           draws a plan, true to a round scale, to PLAN.pdf,
-                        PLAN.svg or PLAN.png; --paper A3 instead of A4
-  --overwrite           files that are there may be replaced
-  --json                for programs, with the same numbers
-  -h, --help            this text
+  --layer NAME          reads only this layer of the file
+  --feature FID         reads only the feature with this number, as ogrinfo -al
+                        FILE lists it; without it, every parcel is divided
+  --where FILTER        reads only features that match, as in "owner = 'Rossi'"
+  -o, --output OUT      writes the pieces and the lines as layers of OUT. The
+                        ending of OUT chooses the format, GeoPackage if there is
+                        none; a format of one layer gets the lines in a second
+                        file. Columns and CRS of the parcels come along, and
+                        coordinates keep all their digits.
+  --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
+                        PLAN.png; --paper A3 takes A3 instead of A4
+  --overwrite           replaces files that exist
+  --json                prints JSON with the same numbers
+  -h, --help            prints this text
 
-Printed are the ends of the lines, the areas of the pieces as measured
-afterwards, and the parcel's area and perimeter. A line is right as it is
-printed, with its four decimals or, in a small parcel, more: it parts the
-parcel in exactly two, and every piece holds its area to within a millionth of
-the parcel's. Otherwise nothing is printed but one line on stderr, and the exit
-status is not 0 (see plcalc --help). Of many parcels those that could be
-divided are listed, the others counted by reason, and the exit status tells
-that there were some.
+The output gives the ends of the lines, the areas of the pieces, and the area
+and perimeter of the parcel. Lines have four decimals, or more in a small
+parcel. A line is proven as it is printed: it parts the parcel in exactly two,
+and every piece holds its area to within a millionth of the parcel's. Where
+there is no such line, plcalc prints one line on stderr and nothing else, and
+the exit status says why (see plcalc --help). With many parcels it lists those
+that it could divide and counts the others by reason.
 
 Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
@@ -102,23 +101,24 @@ Examples
 
 std::string measure_help()
 {
-    return R"(plcalc measure: area, perimeter, sides, bearings and angles of a parcel
+    return R"(plcalc measure: prints area, perimeter, sides, bearings and angles of a parcel
 
-Usage: plcalc measure FILE [--layer NAME] [--feature FID] [--json]
+Usage: plcalc measure FILE [OPTION ...]
 
 FILE  a parcel as plcalc divide takes it (see plcalc divide --help)
 
-Printed are the area, the perimeter and the direction of the ring; for every
-side its length and its bearing, from North towards East; for every vertex the
-angle inside the parcel. Angles are in gons, 400 to the circle, and in degrees.
-A side whose two vertices are one point has no bearing: "-".
+The output gives the area, the perimeter and the direction of the ring, the
+length and the bearing of every side, and the angle inside the parcel at every
+vertex. Bearings count from North towards East. Angles are in gons, 400 to the
+circle, and in degrees. A side between two equal vertices has no bearing: "-".
 
 Options
-  --layer NAME          only this layer of the file
-  --feature FID         only the feature with this number
-  --where FILTER        only the feature that fits, as in "owner = 'Rossi'"
-  --json                for programs, with the same numbers
-  -h, --help            this text
+  --layer NAME          reads only this layer of the file
+  --feature FID         reads only the feature with this number
+  --where FILTER        reads only the feature that matches, as in
+                        "owner = 'Rossi'"
+  --json                prints JSON with the same numbers
+  -h, --help            prints this text
 
 Examples
   plcalc measure examples/published.csv
@@ -128,35 +128,37 @@ Examples
 
 std::string stakeout_help()
 {
-    return R"(plcalc stakeout: angles, distances and right-angle offsets to set points out
+    return R"(plcalc stakeout: prints angles, distances and offsets for setting points out
 
 Usage: plcalc stakeout FILE --station PLACE --orientation PLACE [OPTION ...]
 
 FILE   a parcel as plcalc divide takes it (see plcalc divide --help)
 PLACE  E,N in the file's coordinates, or the number of a vertex
 
-Set out are
-  the ends of the dividing lines, where a cut and an area are asked for as of
-  plcalc divide: --parallel SIDE --area A, --vertex N --parts COUNT, ...
+What is set out
+  CUT AREA              the ends of the dividing lines, with the options of
+                        plcalc divide: --parallel SIDE --area A, ...
   --point PLACE         a point of your own; may be given several times
-  the vertices of the parcel, without any of these
+  Without any of these, the vertices of the parcel are set out.
 
 Options
   --station PLACE       where the instrument stands
   --orientation PLACE   where its circle reads 0
-  --base SIDE           base line of the offsets; otherwise the side of the cut,
-                        or side 1
-  --csv                 for spreadsheets
-  --json                for programs
-  --layer NAME          only this layer of the file
-  --feature FID         only the feature with this number
-  --where FILTER        only the feature that fits, as in "owner = 'Rossi'"
-  -h, --help            this text
+  --base SIDE           base line of the offsets; without it, the side of the
+                        cut, or side 1 where nothing is cut
+  --csv                 prints CSV for spreadsheets
+  --json                prints JSON for programs
+  --layer NAME          reads only this layer of the file
+  --feature FID         reads only the feature with this number
+  --where FILTER        reads only the feature that matches, as in
+                        "owner = 'Rossi'"
+  -h, --help            prints this text
 
-Angles are in gons, clockwise from the orientation; distances from the station.
-"Along" counts from the first point of the base line towards the second and is
-negative behind it; "Right" is the distance at right angles, negative to the
-left. Angles have as many decimals as the farthest point needs.
+Angles are in gons, clockwise from the orientation; distances count from the
+station. "Along" counts from the first point of the base line towards the
+second and is negative behind it. "Right" is the distance at right angles to
+the line and is negative to its left. Angles have as many decimals as the
+farthest point needs.
 
 Examples
   plcalc stakeout examples/published.csv --station 4 --orientation 1 \

@@ -1,6 +1,6 @@
 #pragma once
 
-// What --help and --version print. 80 columns are enough for all of it.
+// What --help and --version print, in at most 80 columns.
 
 #include <string>
 

@@ -35,7 +35,7 @@ StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeou
     options()
         .add_option("--point", points_)
         ->type_name("PLACE")
-        ->allow_extra_args(false)  // one PLACE each time: FILE may follow
+        ->allow_extra_args(false)  // one PLACE each time, because FILE may follow
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     options().add_flag("--csv", csv_);
     options().add_flag("--json", json_);
@@ -49,16 +49,15 @@ NamedPoint StakeoutVerb::place(const std::string& option, const std::string& tex
         const std::optional<double> east = parse_number(text.substr(0, comma));
         const std::optional<double> north = parse_number(text.substr(comma + 1));
         if (!east || !north || !std::isfinite(*east) || !std::isfinite(*north))
-            wrong_use(option + ": '" + text +
-                      "' is not a place; write it as E,N with points before the "
-                      "decimals, or as the number of a vertex");
+            wrong_use(
+                option + ": '" + text +
+                "' is not a place; write E,N with points before the decimals, or the number of a vertex");
         return {"", {*east, *north}};
     }
     const std::optional<long long> number = parse_whole(text);
     if (!number)
         wrong_use(option + ": '" + text +
-                  "' is not a place; write it as E,N with points before the decimals, "
-                  "or as the number of a vertex");
+                  "' is not a place; write E,N with points before the decimals, or the number of a vertex");
     if (*number < 1 || static_cast<unsigned long long>(*number) > parcel.ring.size())
         throw Failure(ExitStatus::wrong_use, parcel.place, "there is no vertex " + text,
                       "the parcel has vertices 1 to " + std::to_string(parcel.ring.size()));
@@ -69,11 +68,11 @@ Setup StakeoutVerb::setup(const Parcel& parcel) const
 {
     Setup setup = {place("--station", station_, parcel), place("--orientation", orientation_, parcel)};
     if (same(setup.station, setup.orientation))
-        wrong_use("--orientation: it is the station itself; name another place");
+        wrong_use("--orientation: this is the station itself; name another place");
     return setup;
 }
 
-// The side that the cut is measured from, unless another is named; through a vertex the one that starts there.
+// The side that --base names, or the side of the cut; for a cut through a vertex, the side that starts there.
 BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 {
     const long long number = given("--base") ? whole("--base", base_) : asks_for_cut() ? asked().number : 1;
@@ -84,12 +83,12 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
     BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
     if (same(base.from, base.to))
         throw Failure(ExitStatus::wrong_use, parcel.place,
-                      "side " + std::to_string(number) + " has no length, its two vertices are one point",
+                      "side " + std::to_string(number) + " has no length: its two vertices are one point",
                       "choose another with --base");
     return base;
 }
 
-// With as many decimals as the lines are right with: a sliver needs more than its size asks for.
+// A sliver needs more decimals than its size asks for: as many as its lines have.
 std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
 {
     const Asked request = asked();
@@ -107,7 +106,7 @@ std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution
     return ends;
 }
 
-// The points that are named, and the ends of the lines that are asked for; without either, the vertices.
+// The ends of the lines that are asked for and the points that are named; without either, the vertices.
 std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, Resolution& resolution) const
 {
     std::vector<NamedPoint> points;
@@ -131,7 +130,7 @@ Output StakeoutVerb::work() const
         wrong_use("give one of --csv and --json");
     const Parcel parcel = read_parcel(source()).parcel;
     if (!asks_for_cut())
-        require_usable(parcel);  // a division does so itself
+        require_usable(parcel);  // a division checks the ring itself
     StakeoutSheet sheet;
     sheet.parcel = parcel.place;
     sheet.setup = setup(parcel);

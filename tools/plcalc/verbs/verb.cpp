@@ -35,7 +35,7 @@ void Verb::require_usable(const Parcel& parcel)
 Source Verb::source() const
 {
     if (file_.empty())
-        wrong_use("which FILE? Give the one that holds the parcel");
+        wrong_use("FILE is missing; give the file that holds the parcel");
     Source source;
     source.file = file_;
     if (given("--layer"))

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the verbs have in common: --help, how a FILE and a feature are named, how options become numbers, and the
-// way a wrong one is refused.
+// What the verbs have in common: --help, the choice of a file and a feature, and how options become numbers
+// or are refused.
 
 #include <string>
 
@@ -13,7 +13,7 @@
 
 namespace tool {
 
-/// A verb. Its options hold text: what a number is, is decided in one place for all of them.
+/// A verb. Its options hold text, so that one place decides for all of them what a number is.
 class Verb {
 public:
     virtual ~Verb() = default;
@@ -21,9 +21,9 @@ public:
     /// After parsing: whether the command line names this verb.
     bool chosen() const { return app_->parsed(); }
 
-    /// Does the work, or tells how it is asked for.
+    /// Does the work, or returns the help text.
     ///
-    /// @throws Failure  for whatever keeps it from being done as asked
+    /// @throws Failure  if the work cannot be done as asked
     Output run() const { return help_ ? Output{help_text_} : work(); }
 
 protected:
@@ -34,7 +34,7 @@ protected:
     Verb(const Verb&) = delete;
     Verb& operator=(const Verb&) = delete;
 
-    /// For options of its own.
+    /// To which a verb adds its own options.
     CLI::App& options() { return *app_; }
 
     /// Whether the option stands on the command line.
@@ -48,7 +48,7 @@ protected:
     /// An area or a length: finite and above 0.
     double amount(const std::string& option, const std::string& text) const;
 
-    /// For a verb that does not divide, which would check the ring itself.
+    /// Checks the ring, for verbs that do not divide: a division checks it itself.
     ///
     /// @throws Failure  unusable_input for a parcel whose ring cannot be worked on
     static void require_usable(const Parcel& parcel);

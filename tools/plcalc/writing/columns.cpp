@@ -8,7 +8,7 @@
 namespace tool {
 namespace {
 
-// Names of columns that formats keep for themselves.
+// Column names that formats keep for themselves.
 const char* const kReserved[] = {"fid", "ogc_fid", "geom", "geometry", "wkt"};
 
 }  // namespace

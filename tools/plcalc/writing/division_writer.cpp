@@ -21,10 +21,10 @@ std::string lines_file_of(const std::string& file)
     return (path.parent_path() / (path.stem().string() + "-lines" + path.extension().string())).string();
 }
 
-// What other programs put beside a Shapefile, and GDAL does not list: CRS and index.
+// CRS and index that other programs put beside a Shapefile, and that GDAL does not list.
 const char* const kBesideShapefile[] = {".qpj", ".sbn", ".sbx"};
 
-// The files of a dataset that is there, as far as they lie beside it and have its name.
+// The files of an existing dataset that lie beside it and have its name.
 std::vector<fs::path> files_there(const std::string& file)
 {
     std::error_code error;
@@ -100,7 +100,7 @@ DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, OGRLayer
     const OGRSpatialReference* const crs =
         is_plane(source.GetSpatialRef()) ? source.GetSpatialRef() : nullptr;
     if (format_.holds_degrees() && crs == nullptr)
-        refuse_format("holds degrees, and the parcels' file tells no CRS to come from");
+        refuse_format("stores degrees, and the input has no CRS to convert from");
     GDALDriver& driver = format_.driver();
     dataset_.reset(driver.Create(output_.path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
     require(dataset_ != nullptr);
@@ -123,7 +123,7 @@ void DivisionWriter::refuse_format(const std::string& why) const
 void DivisionWriter::require(bool ok) const
 {
     if (!ok)
-        throw Failure(ExitStatus::failed, {file_, ""}, "it could not be written" + messages_.remark(),
+        throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
                       "try another format, such as OUT.gpkg");
 }
 
@@ -140,20 +140,20 @@ void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* cr
     pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, wkbPolygon, list);
     require(pieces_ != nullptr);
     if (pieces_->GetLayerDefn()->GetGeomFieldCount() == 0)
-        refuse_format("holds no geometry");
+        refuse_format("cannot store geometry");
     copy_fields(source, *pieces_, pieces_map_);
     piece_columns_ = make_columns(*pieces_, format_, kPieceColumns);
     lines_ = lines_in.CreateLayer(lines_name.c_str(), shared, wkbLineString, list);
     require(lines_ != nullptr);
     copy_fields(source, *lines_, lines_map_);
     line_columns_ = make_columns(*lines_, format_, kLineColumns);
-    messages_.clear();  // a format that has no columns has said so, and is right
+    messages_.clear();  // drop the warning of a format without columns
 }
 
 void DivisionWriter::copy_fields(OGRLayer& source, OGRLayer& target, std::vector<int>& map)
 {
     if (source.GetGeomType() == wkbNone)
-        return;  // a table of points: its rows are vertices, not parcels
+        return;  // the rows of a table of points are vertices, not parcels
     const OGRFeatureDefn& fields = *source.GetLayerDefn();
     for (int i = 0; i < fields.GetFieldCount(); ++i) {
         OGRFieldDefn field(fields.GetFieldDefn(i));
@@ -227,12 +227,12 @@ void DivisionWriter::add_refused(const ReadParcel& read, const std::string& reas
     create(*pieces_, *feature);
 }
 
-// Not every format tells of a disk that is full.
+// Reads the file back, because not every format reports a full disk.
 void DivisionWriter::require_whole(const std::string& file, const std::string& layer,
                                    std::size_t features) const
 {
     if (features == 0)
-        return;  // some have no empty layers, or none that can be read
+        return;  // some formats have no empty layers, or cannot read them
     const GDALDatasetUniquePtr written = open_vector_file(file);
     require(written != nullptr);
     OGRLayer* const found = lines_output_ ? written->GetLayer(0) : written->GetLayerByName(layer.c_str());

@@ -16,41 +16,41 @@
 
 namespace tool {
 
-/// The layers "pieces" and "lines", in one file where the format holds several layers, in two where not:
-/// OUT.shp and OUT-lines.shp. Every feature carries the attributes of its parcel, and the layers its CRS.
+/// Writes the layers "pieces" and "lines". A format that holds one layer gets two files: OUT.shp and
+/// OUT-lines.shp. Every feature carries the attributes of its parcel, and both layers its CRS.
 ///
 /// | layer  | columns beside the parcel's own                                                   |
 /// | ------ | --------------------------------------------------------------------------------- |
 /// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, status  |
 /// | lines  | parcel (FID), line (from 1), length                                               |
 ///
-/// Coordinates have all their digits: they are those of the proven lines, not those of the printed ones. A parcel
-/// that was refused is written undivided, with the reason as its status.
+/// Coordinates have all their digits: they are those of the proven lines, not of the printed ones. A refused
+/// parcel is written undivided, with the reason as its status.
 class DivisionWriter {
 public:
-    /// The file that a name stands for: with .gpkg behind it when it has no ending.
+    /// The file that a name stands for: the name, with .gpkg behind it if it has no ending.
     static std::string file_for(const std::string& name);
 
     /// Whether there is a format for the ending of a file name; see OutputFormat.
     static bool can_write(const std::string& file);
 
-    /// @param[in] file       its ending decides on the format
-    /// @param[in] overwrite  whether what is there may go
+    /// @param[in] file       its ending chooses the format
+    /// @param[in] overwrite  whether an existing file may be replaced
     /// @param[in] source     where the parcels come from
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source);
 
-    /// A divided parcel.
+    /// Adds a divided parcel.
     void add(const ReadParcel& read, const plparcel::Division& division);
 
-    /// A refused one. Left out where the format has no column for the reason, as in a drawing, or no place for a
-    /// parcel whose boundary is not one polygon, as in FlatGeobuf.
+    /// Adds a refused parcel. It is left out if the format has no column for the reason, like DXF, or cannot
+    /// store a parcel whose boundary is not a polygon, like FlatGeobuf.
     void add_refused(const ReadParcel& read, const std::string& reason);
 
-    /// Ends the files and puts them in their place.
+    /// Completes the files and moves them into their place.
     ///
     /// @return their names
-    /// @throws Failure  failed when they cannot be written, or do not hold everything when they are read back
+    /// @throws Failure  failed if they cannot be written, or do not hold everything when they are read back
     std::vector<std::string> commit();
 
 private:

@@ -9,10 +9,10 @@
 namespace tool {
 namespace {
 
-// Formats that hold several layers in name only: a folder, or drawing layers without columns.
+// Formats whose several layers are not what we need: files in a folder, or drawing layers without columns.
 const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "DXF", "FlatGeobuf", "KML", "TSV"};
 
-// Coordinates come back from these as whole numbers of some step, of a tenth of a millimetre at best.
+// Formats that round coordinates to a step, a tenth of a millimetre at best.
 const char* const kRounding[] = {"DGN",        "FileGDB", "Geoconcept",  "Interlis 1",
                                  "Interlis 2", "MVT",     "OpenFileGDB", "S57"};
 
@@ -20,19 +20,20 @@ const char* const kDegrees[] = {"GeoJSONSeq", "KML"};
 
 const char* const kNothingWithoutGeometry[] = {"FlatGeobuf", "OGR_GMT"};
 
-// A format of pictures that can hold vectors as well holds them as a picture does: on its page or in its dots.
+// Formats of pictures that can also hold vectors place them on a page or turn them into dots.
 bool holds_pictures(GDALDriver& driver)
 {
     return driver.GetMetadataItem(GDAL_DCAP_RASTER) != nullptr && !EQUAL(driver.GetDescription(), "GPKG");
 }
 
-// Writes .kml as the driver KML does, but takes an hour over ten thousand parcels.
+// This driver writes .kml as the driver KML does, but takes an hour for ten thousand parcels.
 bool is_slow(GDALDriver& driver)
 {
     return EQUAL(driver.GetDescription(), "LIBKML");
 }
 
-// What is written is read back: not every format tells of a disk that is full.
+// The format must also be readable: what was written is read back, because not every format reports a full
+// disk.
 bool writes_vectors(GDALDriver& driver)
 {
     return driver.GetMetadataItem(GDAL_DCAP_VECTOR) != nullptr &&
@@ -68,7 +69,8 @@ std::optional<OutputFormat> OutputFormat::for_file(const std::string& file)
     if (driver == nullptr)
         return std::nullopt;
     const OutputFormat format(*driver);
-    // MapInfo's MIF is text and keeps every digit; its TAB steps, over a projection's full range, by a centimetre.
+    // MapInfo's MIF is text and keeps every digit; its TAB rounds to a centimetre over the full range of a
+    // projection.
     if (EQUAL(ending.c_str(), "tab") || format.is_one_of(kRounding, std::size(kRounding)))
         return std::nullopt;
     return format;
@@ -103,10 +105,10 @@ CPLStringList OutputFormat::layer_options() const
     if (name == "CSV")
         options.SetNameValue("GEOMETRY", "AS_WKT");
     if (name == "ESRI Shapefile")
-        options.SetNameValue("ENCODING", "UTF-8");  // its own, ISO-8859-1, knows the West of Europe only
+        options.SetNameValue("ENCODING", "UTF-8");  // the default, ISO-8859-1, knows only Western Europe
     if (name == "GeoJSONSeq")
         options.SetNameValue("COORDINATE_PRECISION",
-                             "15");  // its own, 7 decimals of a degree, is a centimetre
+                             "15");  // the default, 7 decimals of a degree, is a centimetre
     return options;
 }
 

@@ -13,8 +13,8 @@ namespace tool {
 
 class OutputFormat {
 public:
-    /// The format with the ending of a file name; nothing when there is none that can be written and read
-    /// back, and keeps coordinates to the digit.
+    /// The format for the ending of a file name; nothing if no format with that ending can be written, be
+    /// read back and keep every digit.
     static std::optional<OutputFormat> for_file(const std::string& file);
 
     GDALDriver& driver() const { return *driver_; }
@@ -22,17 +22,17 @@ public:
     /// Whether one file holds several layers with columns of their own.
     bool holds_two_layers() const;
 
-    /// Whether it holds degrees, to which GDAL turns the coordinates of whatever CRS they are in. Without a CRS
-    /// it takes metres for degrees.
+    /// Whether it holds degrees. GDAL converts the coordinates to degrees from their CRS; without a CRS it
+    /// takes metres for degrees.
     bool holds_degrees() const;
 
-    /// Whether a feature without a geometry is lost.
+    /// Whether it loses a feature without a geometry.
     bool needs_geometry() const;
 
-    /// For the creation of a layer.
+    /// Options for creating a layer.
     CPLStringList layer_options() const;
 
-    /// The type, or text where the format has none like it.
+    /// The type, or text if the format does not have the type.
     OGRFieldType type_for(OGRFieldType type) const;
 
 private:
