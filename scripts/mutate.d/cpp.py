@@ -1,4 +1,4 @@
-"""As much of C++ as the library's formatting lets one read without a compiler: tokens, brackets, functions.
+"""As much of C++ as the project's formatting lets one read without a compiler: tokens, brackets, functions.
 
 It leans on .clang-format: a binary operator has white space on both sides, a pointer's star, a template's angle
 bracket and an operator of one operand have not.
@@ -15,6 +15,7 @@ _TOKEN = re.compile(
     r"""
     (?P<comment>//[^\n]*|/\*.*?\*/)
   | (?P<directive>^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*)
+  | (?P<raw>R"(?P<mark>[^(\s]*)\(.*?\)(?P=mark)")
   | (?P<string>"(?:[^"\\\n]|\\.)*"|'(?:[^'\\\n]|\\.)*')
   | (?P<number>(?:0x[0-9a-fA-F']+|\d[\d']*(?:\.\d*)?(?:[eE][-+]?\d+)?)[uUlLfF]*)
   | (?P<name>[A-Za-z_]\w*)
@@ -48,10 +49,11 @@ class Source:
         self.path = path
         self.text = text
         self.tokens = [
-            Token(match.lastgroup, match.group(), match.start())
+            Token("string" if match.group("raw") else match.lastgroup, match.group(), match.start())
             for match in _TOKEN.finditer(text)
             if match.lastgroup not in ("comment", "directive")
         ]
+        self.within = [None] * len(self.tokens)  # by token: the bracket that is open around it
         self.partner = self._match_brackets()
         self.names_in = {}  # by function: what is named in its head and body
         self._name_functions()
@@ -61,6 +63,7 @@ class Source:
         partner = {}
         opened = []
         for i, token in enumerate(self.tokens):
+            self.within[i] = opened[-1] if opened else None
             if token.kind != "sign":
                 continue
             if token.text in CLOSES:

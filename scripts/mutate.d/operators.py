@@ -1,17 +1,23 @@
-"""The changes: one comparison, sign, operand, constant or order of operations at a time.
+"""The changes: one comparison, sign, operand, constant, statement or order of operations at a time.
 
 What cannot change a result by construction is not made: a + b for b + a, another order of operations where one of
 them halves or doubles, or of integers, which is exact, the starting value of a variable whose address is handed out
 to be filled in, the zero of a member that holds nothing yet, a NaN made by other operations, the memory asked for
-ahead, the dimension of an array.
+ahead, the dimension of an array. Nor is the order of operations changed where no bits are promised, nor a colour or
+a distance on a drawing: one tenth of a millimetre more is as good.
 """
 
 import re
 from dataclasses import dataclass
 
-from cpp import CONTROL, Source, as_one_line
+from cpp import CLOSES, CONTROL, OPENS, Source, as_one_line
 
-KINDS = ("comparison", "sign", "operand", "constant", "order")
+KINDS = ("comparison", "sign", "operand", "constant", "statement", "order")
+
+# Where results are defined to the last bit. plparcel computes with 106 bits and is judged by what it holds; what the
+# program prints is rounded.
+BITS_ARE_THE_CONTRACT = ("kernel/", "lines/", "arcs/", "survey/", "subdivision/", "plutil/")
+DRAWINGS = ("tools/plcalc/plan/", "tools/plcalc/sheet/")
 
 
 @dataclass(frozen=True)
@@ -58,6 +64,14 @@ NAMED_COMPARISONS = {
     "PlFunz_max_tol": ("PlFunz_min_tol",),
     "min": ("max",),
     "max": ("min",),
+    "fmax": ("fmin",),
+    "fmin": ("fmax",),
+    "all_of": ("any_of",),
+    "any_of": ("all_of",),
+    "none_of": ("any_of",),
+    "lower_bound": ("upper_bound",),
+    "floor": ("ceil",),
+    "ceil": ("floor",),
 }
 
 SIGNS = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "/", "<<": ">>", ">>": "<<", "&": "|", "|": "&"}
@@ -72,6 +86,10 @@ PAIRS = [
     ("absc", "ord"), ("NumPunti", "NumPuntiParz"), ("push_back", "pop_back"), ("turned", "rest"),
     ("from_a2", "from_b2"), ("a2", "b2"), ("from_start", "from_end"), ("dist", "gon"), ("line", "station"),
     ("AreaParziale", "AreaRichiesta"), ("size", "across"), ("root", "lack"), ("fraction", "exponent"),
+    ("left", "right"), ("top", "bottom"), ("width", "height"), ("hi", "lo"), ("front", "back"), ("row", "column"),
+    ("asked", "rest"), ("request", "rest"), ("from_side", "to_side"), ("above", "below"), ("width_low", "width_high"),
+    ("one", "other"), ("here", "there"), ("name", "text"), ("lines", "pieces"), ("area", "perimeter"),
+    ("area", "asked"), ("left_", "right_"), ("top_", "bottom_"), ("width_", "height_"), ("from_", "to_"),
 ]  # fmt: skip
 SIBLINGS = {}
 for _one, _other in PAIRS:
@@ -89,8 +107,12 @@ _FIELDS = {"a": "b", "b": "a", "c": "a"}
 # has two terms, two tests are joined by "and". Their own bodies are changed as all others.
 SYMMETRIC = {
     "is_short", "PlFunz_sumsqrdparms", "PlFunz_distance", "PlFunz_samepnt", "CalcDist", "equal", "midpoint",
-    "extent_between", "distance2",
+    "extent_between", "distance2", "same_place", "same", "hypot", "min", "max", "fmin", "fmax", "dot", "exact_sum",
+    "exact_product",
 }  # fmt: skip
+
+# Statements without which everything is as it was, only slower.
+WITHOUT_EFFECT = {"reserve", "Reserve", "make_room", "static_assert", "assert", "static_cast"}
 
 # The value comes first, then two limits in any order.
 LIMITS = {"TrovatoValNeiLimiti"}
@@ -142,8 +164,9 @@ def next_number(text):
 class Changes:
     """All mutants of one source."""
 
-    def __init__(self, source: Source):
+    def __init__(self, source: Source, enums):
         self.source = source
+        self.enums = enums
         self.found = {}
 
     def all(self):
@@ -156,6 +179,8 @@ class Changes:
                 self.sign(i)
             elif token.kind == "name" and token.function:
                 self.name(i)
+            if token.function and self._begins_a_statement(i):
+                self.statement(i)
         return sorted(self.found.values(), key=lambda mutant: (mutant.start, mutant.end, mutant.replacement))
 
     def add(self, kind, first, last, replacement):
@@ -173,7 +198,7 @@ class Changes:
     # --- constants ---
 
     def constant(self, i):
-        if self._is_dimension(i) or self._is_filled_in(i) or self._is_placeholder(i):
+        if self._is_dimension(i) or self._is_filled_in(i) or self._is_placeholder(i) or self._is_drawn(i):
             return
         self.add("constant", i, i, next_number(self.source.tokens[i].text))
 
@@ -203,9 +228,13 @@ class Changes:
         )
 
     def _is_placeholder(self, i):
-        """The zero of a class's member that holds nothing yet."""
+        """The zero of a class's or record's member that holds nothing yet."""
         tokens = self.source.tokens
-        return not tokens[i].function and tokens[i].text == "0.0" and tokens[i - 2].text.endswith("_")
+        at_rest = tokens[i - 1].text == "=" and tokens[i + 1].text == ";" and tokens[i - 4].text != "constexpr"
+        return not tokens[i].function and tokens[i].text in ("0", "0.0") and at_rest
+
+    def _is_drawn(self, i):
+        return self.source.path.startswith(DRAWINGS) and "." in self.source.tokens[i].text
 
     # --- comparisons and signs ---
 
@@ -218,7 +247,7 @@ class Changes:
                 self.add("sign", i, i, SIGNS[text])
             elif text in STEPS:
                 self.add("sign", i, i, STEPS[text])
-            if text in ("+", "-", "*", "/"):
+            if text in ("+", "-", "*", "/") and self.source.path.startswith(BITS_ARE_THE_CONTRACT):
                 self.order(i)
         elif text in ("++", "--"):
             self.add("sign", i, i, STEPS[text])
@@ -240,12 +269,33 @@ class Changes:
         if called:
             for other in NAMED_COMPARISONS.get(token.text, ()):
                 self.add("comparison", i, i, other)
-            if token.text == "fabs":
-                self.add("sign", i - 2, i, "")  # with its std::
+            if token.text in ("fabs", "abs"):
+                with_std = source.tokens[i - 1].text == "::"
+                self.add("sign", i - 2 if with_std else i, i, "")
+            if token.text in ("if", "while"):
+                self.condition(i)
             self.arguments(i)
+        self.enumerator(i)
         if not self._is_declared(i):
             for other in siblings_of(source, i):
                 self.add("operand", i, i, other)
+
+    def condition(self, i):
+        """A question that is asked the other way round, where it is no comparison."""
+        source = self.source
+        opened, closed = i + 1, source.partner[i + 1]
+        inside = range(opened + 1, closed)
+        if any(source.tokens[at].text in (*COMPARISONS, "!", ";", "=") for at in inside):
+            return
+        self.add("comparison", opened + 1, closed - 1, f"!({source.slice(opened + 1, closed - 1)})")
+
+    def enumerator(self, i):
+        """Another value of the same enumeration."""
+        tokens = self.source.tokens
+        values = self.enums.get(tokens[i - 2].text, ())
+        if tokens[i - 1].text != "::" or tokens[i].text not in values or "case" in (tokens[i - 3].text, tokens[i - 5].text):
+            return
+        self.add("constant", i, i, values[(values.index(tokens[i].text) + 1) % len(values)])
 
     def _is_declared(self, i):
         """A name behind its type."""
@@ -278,6 +328,58 @@ class Changes:
             limits = source.tokens[i].text in LIMITS and left != opened
             if one != other and not limits:
                 self.add("operand", left + 1, right - 1, f"{other}, {one}")
+
+    # --- statements ---
+
+    def _begins_a_statement(self, i):
+        tokens = self.source.tokens
+        before = tokens[i - 1]
+        around = self.source.within[i]
+        if before.function != tokens[i].function or around is None or tokens[around].text != "{":
+            return False
+        if before.text == ")":
+            return tokens[self.source.partner[i - 1] - 1].text in ("if", "for", "while")
+        return before.text in (";", "{", "}", "else")
+
+    def statement(self, i):
+        """A call or an assignment is left out."""
+        tokens = self.source.tokens
+        at = i
+        ends = None
+        while at < len(tokens):
+            text = tokens[at].text
+            if text == ";":
+                ends = at
+                break
+            if text == "{" or text in OPENS:
+                return  # a body, or the last part of a for
+            if text in CLOSES:
+                at = self.source.partner[at]
+            at += 1
+        words = [token.text for token in tokens[i:ends]]
+        if ends is None or not words or words[0] in CONTROL | {"throw", "break", "continue", "using", "auto", "const"}:
+            return
+        if WITHOUT_EFFECT & set(words) or not self._changes_something(i, ends):
+            return
+        self.add("statement", i, ends, ";")
+
+    def _changes_something(self, first, end):
+        """An expression whose result is not declared: no two names in a row, a call or an assignment at its end."""
+        tokens = self.source.tokens
+        at = first
+        assigned = tokens[first].text in ("++", "--") or tokens[end - 1].text in ("++", "--")
+        while at < end:
+            token, after = tokens[at], tokens[at + 1]
+            if token.kind == "name" and after.kind == "name":
+                return assigned
+            if token.text in (">", "&", "*") and after.kind == "name" and not self.source.is_binary(at) and not assigned and at > first:
+                return False
+            if token.text == "=" or token.text in STEPS:
+                assigned = True
+            if token.text in CLOSES:
+                at = self.source.partner[at]
+            at += 1
+        return assigned or tokens[end - 1].text == ")"
 
     # --- order of operations ---
 
@@ -415,5 +517,16 @@ class Changes:
         return found
 
 
-def mutants_of(path, text):
-    return Changes(Source(path, text)).all()
+def enums_of(texts):
+    """Enumerators by the name of their enumeration, from sources."""
+    found = {}
+    for text in texts:
+        for name, body in re.findall(r"\benum class (\w+)[^{;]*\{([^}]*)\}", text):
+            values = re.findall(r"^\s*(\w+)", re.sub(r"//[^\n]*", "", body).replace(",", "\n"), re.MULTILINE)
+            if len(values) > 1:
+                found[name] = values
+    return found
+
+
+def mutants_of(path, text, enums):
+    return Changes(Source(path, text), enums).all()

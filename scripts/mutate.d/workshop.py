@@ -5,6 +5,7 @@ import os
 import re
 import resource
 import shutil
+import signal
 import subprocess
 import time
 from dataclasses import dataclass, field
@@ -21,13 +22,22 @@ FEWER = {
 # Assertions stay on, and the standard library's too: an index too far is seen as in the suite's sanitized build.
 FLAGS = "-O1 -D_GLIBCXX_ASSERTIONS"
 
+PLPARCEL = "plparcel/src"
+PROGRAM = "tools/plcalc"
+
 SLOW_TEST_MS = 150
 LEAST_CPU_SECONDS = 20
 TIMES_AS_LONG = 10
 MEMORY = 4 << 30
 
 # Folder of the sources to folder of the tests.
-TESTS_OF = {"plutil/src": "plutil"}
+TESTS_OF = {"plutil/src": "plutil", PLPARCEL: "plparcel"}
+
+# What an object of these goes into; of plcalc and plutil, everything.
+PROGRAMS_OF = {PLPARCEL: ("plparcel_tests", "fuzz_replay_division"), PROGRAM: ("tool_tests",)}
+
+# What is built to see whether a change compiles, and to another code.
+OBJECTS_OF = {PLPARCEL: ("plparcel_objects",), PROGRAM: ("plcalc_tool",)}
 
 
 class SetupError(Exception):
@@ -43,8 +53,13 @@ class Program:
     folder: str
     arguments: list = field(default_factory=list)
     is_gtest: bool = True
-    slow: list = field(default_factory=list)  # names of its slow tests
+    runs_others: bool = False  # most of its time is spent in programs that it starts, a limit for each of them
+    milliseconds: dict = field(default_factory=dict)  # by test
     cpu_seconds: float = 0.0
+    seconds: float = 0.0
+
+    def tests(self, wanted):
+        return [name for name, took in self.milliseconds.items() if wanted(name, took)]
 
 
 @dataclass
@@ -58,7 +73,9 @@ class Verdict:
 class Workshop:
     """Builds and tests in a folder of its own."""
 
-    def __init__(self, root, folder):
+    def __init__(self, root, folder, folders):
+        """folders: those whose sources will be changed, which decides what is built."""
+        self.folders = folders
         self.root = Path(root)
         self.source = Path(folder) / "source"
         self.build = Path(folder) / "build"
@@ -74,10 +91,12 @@ class Workshop:
         self._must(
             ["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
              f"-DCMAKE_CXX_FLAGS={FLAGS}", f"-DCMAKE_EXE_LINKER_FLAGS={linker}", "-DCMAKE_CXX_COMPILER=g++",
-             "-DBUILD_SHARED_LIBS=OFF", "-DPLCALC_BUILD_TOOL=OFF", "-DPLCALC_WERROR=OFF"],
+             "-DBUILD_SHARED_LIBS=OFF", f"-DPLCALC_BUILD_TOOL={'ON' if PROGRAM in self.folders else 'OFF'}",
+             "-DPLCALC_WERROR=OFF"],
             "configuring",
         )  # fmt: skip
-        self._must(["cmake", "--build", self.build, "-j", "1"], "building")
+        targets = [target for folder in self.folders for target in PROGRAMS_OF.get(folder, ("all",))]
+        self._must(["cmake", "--build", self.build, "-j", "1", "--target", *targets], "building")
         self._find_programs()
         self.objects = self._hash_objects()
 
@@ -106,19 +125,24 @@ class Workshop:
         for path in sorted(paths):
             if path.name.endswith("_tests"):
                 self.programs.append(Program(path.name, path, path.parent.name))
+                self.programs[-1].runs_others = path.name == "tool_tests"
         replay = self.build / "tests/golden/golden_replay"
         vectors = [v for v in (self.source / "tests/golden").glob("*.txt") if v.name != "CMakeLists.txt"]
-        self.programs.append(Program("golden_replay", replay, "golden", [str(v) for v in vectors], False))
+        if replay.is_file():
+            self.programs.append(Program("golden_replay", replay, "golden", [str(v) for v in vectors], False))
         for path in sorted(self.build.glob("fuzz/fuzz_replay_*")):
             if path.is_file() and os.access(path, os.X_OK):
                 corpus = self.source / "fuzz/corpus" / (path.name[len("fuzz_replay_") :] + ".txt")
                 self.programs.append(Program(path.name, path, "fuzz", [str(corpus)], False))
-        if len({program.folder for program in self.programs}) < 8:
-            raise SetupError(f"tests are missing in {self.build}")
+        found = {program.target for program in self.programs}
+        for folder in self.folders:
+            if not found.issuperset(PROGRAMS_OF.get(folder, ("golden_replay", f"{TESTS_OF.get(folder, folder)}_tests"))):
+                raise SetupError(f"tests are missing in {self.build}: {' '.join(sorted(found))}")
 
     def measure(self):
         """Runs all tests of the unchanged tree once: they must pass, and how long each takes is noted."""
         for program in self.programs:
+            started = time.monotonic()
             before = resource.getrusage(resource.RUSAGE_CHILDREN)
             done = subprocess.run(
                 [program.path, *program.arguments], capture_output=True, text=True, check=False, env=environment()
@@ -127,13 +151,14 @@ class Workshop:
             if done.returncode != 0:
                 raise SetupError(f"{program.target} fails in the unchanged tree:\n{done.stdout[-3000:]}")
             program.cpu_seconds = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+            program.seconds = time.monotonic() - started
             if program.is_gtest:
                 times = re.findall(r"^\[ +OK \] (\S+?),? .*\((\d+) ms\)$", done.stdout, re.MULTILINE)
-                program.slow = [name for name, ms in times if int(ms) > SLOW_TEST_MS]
+                program.milliseconds = {name: int(ms) for name, ms in times}
 
     def take_measures_of(self, other):
         for mine, theirs in zip(self.programs, other.programs):
-            mine.cpu_seconds, mine.slow = theirs.cpu_seconds, theirs.slow
+            mine.cpu_seconds, mine.seconds, mine.milliseconds = theirs.cpu_seconds, theirs.seconds, theirs.milliseconds
 
     # --- one mutant ---
 
@@ -145,7 +170,7 @@ class Workshop:
         self.changed = (path, text)
         path.write_text(mutant.apply(text))
 
-        if not self._builds(["plcalc_objects", "plutil_objects"]):
+        if not self._builds(OBJECTS_OF.get(self._folder_of(mutant), ("plcalc_objects", "plutil_objects"))):
             return Verdict("stillborn")
         if self._hash_objects() == self.objects:
             return Verdict("same code")
@@ -168,42 +193,66 @@ class Workshop:
 
     def _hash_objects(self):
         objects = [*self.build.glob("CMakeFiles/plcalc_objects.dir/**/*.o"),
-                   *self.build.glob("plutil/CMakeFiles/plutil_objects.dir/**/*.o")]  # fmt: skip
+                   *self.build.glob("plutil/CMakeFiles/plutil_objects.dir/**/*.o"),
+                   *self.build.glob("plparcel/CMakeFiles/plparcel_objects.dir/**/*.o"),
+                   *self.build.glob("tools/plcalc/CMakeFiles/**/*.o")]  # fmt: skip
         return {path: hashlib.sha256(path.read_bytes()).digest() for path in objects}
 
+    def _folder_of(self, mutant):
+        return next(folder for folder in self.folders if mutant.path.startswith(folder + "/"))
+
     def _order_for(self, mutant):
-        """Programs with the tests to run: the quick ones of its folder, the golden vectors, its slow ones, the rest."""
-        folder = folder_of(mutant.path)
-        folder = TESTS_OF.get(folder, folder)
-        own = [program for program in self.programs if program.folder == folder]
-        golden = [program for program in self.programs if program.folder == "golden"]
-        rest = [program for program in self.programs if program not in own + golden]
-        rest.sort(key=lambda program: program.cpu_seconds)
-        yield from ((program, "quick") for program in own)
-        yield from ((program, "all") for program in golden)
-        yield from ((program, "slow") for program in own if program.slow)
-        yield from ((program, "quick") for program in rest)
-        yield from ((program, "slow") for program in rest if program.slow)
+        """Programs with the tests to run: the quick ones of its folder, the golden vectors, its slow ones, the rest.
+
+        Of the program's tests first those of the changed room, then all others.
+        """
+        folder = self._folder_of(mutant)
+        if folder == PROGRAM:
+            yield from self._order_for_room(mutant.path)
+            return
+        named = TESTS_OF.get(folder, folder)
+        wanted = PROGRAMS_OF.get(folder) or [p.target for p in self.programs if p.target != "tool_tests"]
+        programs = [program for program in self.programs if program.target in wanted]
+        own = [program for program in programs if program.folder == named]
+        golden = [program for program in programs if program.folder == "golden"]
+        rest = sorted((p for p in programs if p not in own + golden), key=lambda program: program.cpu_seconds)
+        yield from ((program, program.tests(_is_quick)) for program in own)
+        yield from ((program, []) for program in golden)
+        yield from ((program, program.tests(_is_slow)) for program in own)
+        yield from ((program, program.tests(_is_quick)) for program in rest)
+        yield from ((program, program.tests(_is_slow)) for program in rest if program.is_gtest)
+
+    def _order_for_room(self, path):
+        program = next(program for program in self.programs if program.target == "tool_tests")
+        room = Path(path).parent.name
+        text = "".join(file.read_text() for file in (self.source / "tests/tool" / room).glob("*.cpp"))
+        suites = set(re.findall(r"^TEST(?:_[FP])?\((\w+),", text, re.MULTILINE))
+        own = program.tests(lambda name, _: bool(suites & set(re.split(r"[./]", name))))
+        quick = [name for name in program.tests(_is_quick) if name not in own]
+        slow = [name for name in program.tests(_is_slow) if name not in own]
+        yield from ((program, tests) for tests in (own, quick, slow))
 
     def _fails(self, program, tests):
         """How it fails, or nothing."""
         command = [str(program.path), *program.arguments]
         if program.is_gtest:
-            chosen = ":".join(program.slow)
-            pattern = f"-{chosen}" if tests == "quick" and chosen else chosen if tests == "slow" else "*"
-            command += [f"--gtest_filter={pattern}", "--gtest_brief=1", "--gtest_fail_fast"]
-        cpu = int(LEAST_CPU_SECONDS + TIMES_AS_LONG * program.cpu_seconds)
+            if not tests:
+                return ""
+            command += [f"--gtest_filter={':'.join(tests)}", "--gtest_brief=1", "--gtest_fail_fast"]
+        longest = max(program.milliseconds.values(), default=0) / 1000 if program.runs_others else program.cpu_seconds
+        cpu = int(LEAST_CPU_SECONDS + TIMES_AS_LONG * longest)
 
         limits = ["prlimit", f"--cpu={cpu}:{cpu + 5}", f"--as={MEMORY}", "--core=0"]
         started = time.monotonic()
         process = subprocess.Popen(
-            limits + command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment()
-        )
+            limits + command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment(),
+            start_new_session=True,
+        )  # fmt: skip
         try:
             # Processor time is what counts, on a busy machine too; this is for one that sleeps.
-            status = process.wait(timeout=100 * cpu)
+            status = process.wait(timeout=cpu + TIMES_AS_LONG * program.seconds if program.runs_others else 100 * cpu)
         except subprocess.TimeoutExpired:
-            process.kill()
+            os.killpg(process.pid, signal.SIGKILL)
             process.wait()
             return f" hangs after {time.monotonic() - started:.0f} s"
         if status == 0:
@@ -217,5 +266,9 @@ def environment():
     return {**os.environ, **FEWER}
 
 
-def folder_of(path):
-    return path.rsplit("/", 1)[0]
+def _is_slow(_, milliseconds):
+    return milliseconds > SLOW_TEST_MS
+
+
+def _is_quick(_, milliseconds):
+    return milliseconds <= SLOW_TEST_MS
