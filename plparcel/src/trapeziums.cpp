@@ -13,7 +13,7 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 class Sweep {
 public:
     explicit Sweep(const std::vector<WidePoint>& ring)
-        : ring_(ring), is_in_row_(ring.size()), right_of_(ring.size(), kNone)
+        : ring_(ring), has_joined_(ring.size()), right_of_(ring.size(), kNone)
     {}
 
     std::vector<Trapezium> run()
@@ -47,24 +47,23 @@ private:
         return order;
     }
 
-    // The sides at some vertices: those in the row end there and leave it. Only then, with none in it that ends
-    // below, those that begin there join it.
+    // The sides at some vertices: those that have joined the row end there and leave it. Only then, with none in it
+    // that ends below, those that begin there join it.
     void pass(const std::vector<std::size_t>& sides, const Wide& above)
     {
         const auto is_met = [&](std::size_t side) {
             return (ring_[side].y < above) != (around(ring_, side + 1).y < above);
         };
         for (const std::size_t side : sides) {
-            if (!is_in_row_[side])
+            if (!has_joined_[side])
                 continue;
             row_.erase(std::find(row_.begin(), row_.end(), side));
-            is_in_row_[side] = false;
         }
         for (const std::size_t side : sides) {
             if (!is_met(side))
                 continue;
             row_.insert(place_of(side, above), side);
-            is_in_row_[side] = true;
+            has_joined_[side] = true;
         }
     }
 
@@ -101,7 +100,7 @@ private:
 
     const std::vector<WidePoint>& ring_;
     std::vector<std::size_t> row_;       // the sides that a line meets, from left to right
-    std::vector<bool> is_in_row_;        // by side
+    std::vector<bool> has_joined_;       // by side
     std::vector<std::size_t> right_of_;  // by left side, while pairing up
     std::vector<std::size_t> open_;      // those of found_ that reach up to the row
     std::vector<Trapezium> found_;

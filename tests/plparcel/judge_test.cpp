@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "support/bits.h"
+#include "support/rings.h"
 
 namespace {
 
@@ -89,6 +90,7 @@ TEST(Judge, TellsLinesThatDivideFromThoseThatDoNot)
          Verdict::divides},
         {"an end within 2.6", {{100, 20}, 1, {5.8e-14, 20}, 7, true}, 5600, Verdict::misses},
         {"an end beyond its side", {{100, 120}, 1, {0, 20}, 7, true}, 600, Verdict::misses},
+        {"an end before its side", {{100, -20}, 1, {0, 20}, 7, true}, 7600, Verdict::misses},
         {"no length", {{100, 0}, 0, {100, 0}, 1, true}, 1, Verdict::misses},
     };
     for (const auto& row : rows)
@@ -225,35 +227,48 @@ TEST(Judge, TriesTheNeighboursWhereTheNearestRoundingMisses)
               Verdict::misses);
 }
 
-// The same strip with either piece as the request, run through either way.
+// The same strip between two gables, with either piece as the request, run through either way, and 2^20 times as
+// large.
+//        .-+-.
+//       |     |   8 wide, 1 high at the walls, 1.5 between the gables' tips
+//        '-+-'
 TEST(Judge, TriesTheNeighboursForEitherPieceAndEitherWayRound)
 {
-    const double e = 0x1p24;
-    const Ring anticlockwise = {{e, e}, {e + 8, e}, {e + 8, e + 1}, {e, e + 1}};
-    const Ring clockwise = {{e, e}, {e, e + 1}, {e + 8, e + 1}, {e + 8, e}};
     const plparcel::Wide height = plparcel::Wide(0.5) + plparcel::Wide(0x1.8p-30);
-    for (const bool is_clockwise : {false, true}) {
-        const MeasuredRing far(is_clockwise ? clockwise : anticlockwise);
-        const LocalRing local(far);
-        const plparcel::Wide level = plparcel::scaled(height, local.scale_exponent());
-        const plparcel::WidePoint west = {0.0, level};
-        const plparcel::WidePoint east = {plparcel::scaled(8.0, local.scale_exponent()), level};
-        Chord chord;  // the piece after `from` is the southern one
-        chord.from = is_clockwise ? east : west;
-        chord.to = is_clockwise ? west : east;
-        chord.from_side = is_clockwise ? 2 : 3;
-        chord.to_side = is_clockwise ? 0 : 1;
-        for (const bool southern : {true, false}) {
-            SCOPED_TRACE(is_clockwise ? "clockwise" : "anticlockwise");
-            SCOPED_TRACE(southern ? "southern" : "northern");
-            chord.request_after_from = southern;
-            const plparcel::Wide south = height * 8.0;
-            const plparcel::Wide north = plparcel::Wide(8.0) - south;
-            const Target target = southern ? Target{south, north, 8.0} : Target{north, south, 8.0};
-            Cutting cutting;
-            ASSERT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
-            EXPECT_NE(cutting.from.y, cutting.to.y);
-            EXPECT_BITS(std::fabs((cutting.request.area() - target.asked).value()), 0x1p-28);
+    const plparcel::Wide south = height * 8.0 + plparcel::Wide(1.0);
+    const plparcel::Wide north = plparcel::Wide(10.0) - south;
+    const PL_PNT2D_record shape[] = {{0, 0}, {4, -0.25}, {8, 0}, {8, 1}, {4, 1.25}, {0, 1}};
+    for (const int exponent : {0, 20}) {
+        Ring anticlockwise;
+        for (const PL_PNT2D_record& p : shape)
+            anticlockwise.push_back({std::ldexp(0x1p24 + p.x, exponent), std::ldexp(0x1p24 + p.y, exponent)});
+        for (const bool is_clockwise : {false, true}) {
+            const MeasuredRing far(is_clockwise ? test::reversed(anticlockwise) : anticlockwise);
+            const LocalRing local(far);
+            const int to_local = local.scale_exponent() + exponent;
+            const plparcel::Wide level = plparcel::scaled(height, to_local);
+            const plparcel::WidePoint west = {0.0, level};
+            const plparcel::WidePoint east = {plparcel::scaled(8.0, to_local), level};
+            Chord chord;  // the piece after `from` is the southern one
+            chord.from = is_clockwise ? east : west;
+            chord.to = is_clockwise ? west : east;
+            chord.from_side = is_clockwise ? 3 : 5;
+            chord.to_side = is_clockwise ? 0 : 2;
+            for (const bool southern : {true, false}) {
+                SCOPED_TRACE(exponent);
+                SCOPED_TRACE(is_clockwise ? "clockwise" : "anticlockwise");
+                SCOPED_TRACE(southern ? "southern" : "northern");
+                chord.request_after_from = southern;
+                // Of 8, not of 10: 8e-9 is granted, and the nearest doubles miss by 1.1e-8.
+                const plparcel::Wide asked = plparcel::scaled(southern ? south : north, 2 * exponent);
+                const plparcel::Wide rest = plparcel::scaled(southern ? north : south, 2 * exponent);
+                const Target target = {asked, rest, std::ldexp(8.0, 2 * exponent)};
+                Cutting cutting;
+                ASSERT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
+                EXPECT_NE(cutting.from.y, cutting.to.y);
+                EXPECT_BITS(std::fabs((cutting.request.area() - asked).value()),
+                            std::ldexp(0x1p-28, 2 * exponent));
+            }
         }
     }
 }

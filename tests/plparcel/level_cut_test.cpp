@@ -24,7 +24,7 @@ const Ring kTriangle = {{0, 0}, {4096, 0}, {0, 4096}};
 const Ring kU = {{0, 0},       {4096, 0},    {4096, 4096}, {3072, 4096},
                  {3072, 1024}, {1024, 1024}, {1024, 2048}, {0, 2048}};
 
-LevelRequest upwards(double request, double parcel)
+LevelRequest upwards(const plparcel::Wide& request, double parcel)
 {
     LevelRequest wanted = {};
     wanted.up = {0.0, 1.0};
@@ -67,6 +67,23 @@ TEST(LevelCut, RootOfATrapezium)
     }
 }
 
+TEST(LevelCut, NothingAndEverythingEndInTheTip)
+{
+    // Amounts so small that 106 bits of the parcel do not tell them from nothing.
+    const double parcel = 0x1p23;
+    const std::vector<Chord> upper =
+        LevelCut(LocalRing(MeasuredRing(kTriangle)), upwards(parcel, parcel)).all_lines();
+    ASSERT_EQ(upper.size(), 1U);
+    EXPECT_BITS(level_of(upper[0]), 4096.0);
+
+    const Ring standing = {{0, 0}, {2048, 4096}, {-2048, 4096}};
+    LevelRequest wanted = upwards(parcel, parcel);
+    wanted.from_base = false;
+    const std::vector<Chord> lower = LevelCut(LocalRing(MeasuredRing(standing)), wanted).all_lines();
+    ASSERT_EQ(lower.size(), 1U);
+    EXPECT_BITS(level_of(lower[0]), 0.0);
+}
+
 TEST(LevelCut, EitherPieceEitherWayRound)
 {
     const double parcel = 0x1p24;
@@ -99,7 +116,7 @@ TEST(LevelCut, AllLinesBestFirst)
     const double square = 0x1p20;
     const double parcel = 8.0 * square;
     const LocalRing local{MeasuredRing(kU)};
-    const auto levels = [&](double request) {
+    const auto levels = [&](const plparcel::Wide& request) {
         std::vector<double> found;
         for (const Chord& line : LevelCut(local, upwards(request, parcel)).all_lines())
             found.push_back(level_of(line));
@@ -113,6 +130,9 @@ TEST(LevelCut, AllLinesBestFirst)
     EXPECT_EQ(levels(5.5 * square), (std::vector<double>{1536.0}));
     // The whole less all of the left arm: between its lines the floor's does not count.
     EXPECT_EQ(levels(7.0 * square), (std::vector<double>{3072.0, 1024.0}));
+    // A rounding more or less of it changes nothing.
+    EXPECT_EQ(levels(plparcel::Wide(7.0 * square, 1e-22)), (std::vector<double>{3072.0, 1024.0}));
+    EXPECT_EQ(levels(plparcel::Wide(7.0 * square, -1e-22)), (std::vector<double>{3072.0, 1024.0}));
     // Below the gap's floor the line cuts across: no more than 4. Above it, an arm off is 5 at least.
     EXPECT_EQ(levels(4.5 * square), (std::vector<double>{}));
 }
@@ -171,11 +191,20 @@ TEST(LevelCut, AreaBelow)
     const struct {
         double zero;
         double area;
-    } rows[] = {{-1.0, 0.0},   {0.0, 0.0},    {512.0, 2.0}, {1024.0, 4.0},
-                {1536.0, 5.0}, {3072.0, 7.0}, {5000.0, 8.0}};
+    } rows[] = {{-1.0, 0.0},
+                {0.0, 0.0},
+                {512.0, 2.0},
+                {1023.9375, 4.0 - 0x1p-12},
+                {1024.0, 4.0},
+                {1024.0625, 4.0 + 0x1p-13},
+                {1536.0, 5.0},
+                {2047.9375, 6.0 - 0x1p-13},
+                {2048.0625, 6.0 + 0x1p-14},
+                {3072.0, 7.0},
+                {5000.0, 8.0}};
     for (const auto& row : rows) {
         LevelRequest wanted = upwards(square, 8.0 * square);
-        wanted.zero = {0.0, row.zero};
+        wanted.zero = {-512.0, row.zero};
         EXPECT_BITS(LevelCut(local, wanted).area_below().value(), row.area * square);
     }
 }

@@ -86,6 +86,41 @@ TEST(VertexCut, OnSidesThatRunBackTheAreaSinks)
     EXPECT_EQ(lines[2].to_side, 3U);
 }
 
+TEST(VertexCut, WhereSidesTurnBackARoundingLosesNoLine)
+{
+    // The ring of the row above, up to where the sides turn back, and up to where they turn again. There a rounding is
+    // 6e-22 and 1.1e-21 at most. From the bottom up to 4096, 3328 the last side makes good for what was swept back.
+    const Ring bent = {{0, 0}, {4096, 0}, {3072, 3072}, {4096, 1024}, {4096, 4096}, {0, 4096}};
+    const double top = 4096.0 * 3072.0 / 2;
+    const double bottom = top - (4096.0 * 3072.0 - 1024.0 * 3072.0) / 2;
+    const LocalRing local{MeasuredRing(bent)};
+    const struct {
+        const char* what;
+        double area;
+        double more;
+        std::vector<PL_PNT2D_record> to;
+    } rows[] = {
+        {"at the top", top, 0.0, {{3072, 3072}, {3072, 3072}, {4096, 3328}}},
+        {"a rounding less", top, -3e-22, {{3072, 3072}, {3072, 3072}, {4096, 3328}}},
+        {"a rounding more", top, 3e-22, {{3072, 3072}, {3072, 3072}, {4096, 3328}}},
+        {"more than a rounding", top, 3e-21, {{4096, 3328}}},
+        {"at the bottom", bottom, 0.0, {{3840, 768}, {4096, 1024}, {4096, 1024}}},
+        {"a rounding more", bottom, 3e-22, {{3840, 768}, {4096, 1024}, {4096, 1024}}},
+        {"a rounding less", bottom, -3e-22, {{3840, 768}, {4096, 1024}, {4096, 1024}}},
+        {"less than a rounding less", bottom, -3e-21, {{3840, 768}}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const plparcel::Wide area = plparcel::Wide(row.area) + plparcel::Wide(row.more);
+        const std::vector<Chord> lines = lines_from_vertex(local, 1.0, 0, area, 0.0);
+        ASSERT_EQ(lines.size(), row.to.size());
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            EXPECT_BITS(lines[i].to.x.value(), row.to[i].x);
+            EXPECT_BITS(lines[i].to.y.value(), row.to[i].y);
+        }
+    }
+}
+
 TEST(VertexCut, SidesInLineWithTheVertexHoldNothing)
 {
     const Ring straight_on = {{0, 0}, {2048, 0}, {4096, 0}, {4096, 4096}, {0, 4096}};
