@@ -1,5 +1,5 @@
-// What holds on every parcel, sensible or not: each call ends, a result of true or false means what it says,
-// the working members agree with one another, and a line that is reported as found lies on the boundary.
+// What holds on every parcel, sensible or not: each call ends, true and false mean what the contract says, the
+// working members agree with one another, and the ends of a line that is found lie on the boundary.
 
 #include <gtest/gtest.h>
 
@@ -21,8 +21,9 @@ using test::Ring;
 
 constexpr int kParcels = 3000;
 
-// A crossing is on a side's line and at most 0.001 outside its box. At coordinates of a map the line itself
-// is known to some 1e-9 of its distance from the origin, more where the two cross at a sharp angle.
+// A crossing lies on the line of a side and at most 0.001 outside the side's box. At the coordinates of a map
+// the line itself is off by some 1e-9 of its distance from the origin, and by more where the two cross at a
+// sharp angle.
 constexpr long double kOutsideCorner = 0.001415L;
 constexpr long double kRoundingLocal = 1e-6L;
 
@@ -101,8 +102,8 @@ Request random_request(std::mt19937_64& random, const Ring& ring)
             share * area};
 }
 
-// Whether the mode promises true: the reference is in the ring, and there are points enough. Nothing is said
-// of a perpendicular, which may meet nothing.
+// Whether the mode promises true: the reference is in the ring, and there are enough points. A perpendicular
+// may still meet nothing.
 bool reference_found(const Request& r, const PL_PNT2D_record& p1, const PL_PNT2D_record& p2)
 {
     for (std::size_t k = 0; k < r.ring.size(); ++k)
@@ -165,7 +166,7 @@ CFrazArea cut_of(const CPoint3dVector& parcel, const Request& r)
 
 void expect_ends_on_boundary(const Request& r, CFrazArea& cut, const test::Answer& line, long double allowed)
 {
-    // With one crossing or none an end is not a crossing of the last line.
+    // With fewer crossings, one end of the line is no crossing.
     if (!In::Trovato(cut) || In::NumIntersez(cut) < (r.modo == 2 ? 1 : 2))
         return;
     if (r.modo != 2) {
@@ -209,7 +210,7 @@ TEST(AnyParcel, WhateverTheNumbersItEndsAndKeepsItsWord)
         const CPoint3dVector parcel = test::parcel_of(r.ring);
         CFrazArea cut = cut_of(parcel, r);
         run_and_check(r, cut);
-        // Again, from what the first call left; and a copy does the same.
+        // A second call starts from what the first one left; a copy must do the same.
         CFrazArea copy(cut);
         const test::Answer second = test::run(cut);
         const test::Answer of_copy = test::run(copy);

@@ -1,7 +1,7 @@
 #pragma once
 
-// The parcels that the tables of cuts share. Their first vertex is at the lower left or at the origin, and they
-// run anticlockwise; test::reversed turns them round.
+// The parcels that the tables of cuts share. They run anticlockwise unless they say otherwise; test::reversed
+// turns them round.
 
 #include "support/rings.h"
 
@@ -38,7 +38,7 @@ inline const Ring kDented = {{0.5, 0.25}, {90.75, -10.5}, {120.25, 70.5}, {55.5,
 /// 2^21 by 64: thirty halvings of its length are exact.
 inline const Ring kStrip = {{0, 0}, {0x1p21, 0}, {0x1p21, 64}, {0, 64}};
 
-/// Lower on the right: the vertices after the base side lie 32 and 64 above it.
+/// A base of 128, 32 high on the right and 64 on the left.
 inline const Ring kSloped = {{0, 0}, {128, 0}, {128, 32}, {0, 64}};
 
 inline const Ring kTriangle = {{0, 0}, {128, 0}, {0, 64}};
@@ -56,7 +56,8 @@ inline const Ring kTeeth = {{0, 0}, {128, 0}, {128, 64}, {96, 64}, {96, 32}, {32
 /// kRectangle with its first vertex twice: its first side has no length.
 inline const Ring kFirstVertexTwice = {{0, 0}, {0, 0}, {128, 0}, {128, 64}, {0, 64}};
 
-/// Round a rectangle of 64 by 32 and then round a square of 64: the side from (0,0) to (64,0) is there twice.
+/// First round a rectangle of 64 by 32, then round a square of 64: the ring has the side from (0,0) to (64,0)
+/// twice.
 inline const Ring kSideTwice = {{0, 0}, {64, 0}, {64, 32}, {0, 32}, {0, 0}, {64, 0}, {64, 64}, {0, 64}};
 
 /// An L, its inner corner at (20,20).

@@ -27,8 +27,8 @@ struct CutCounts {
 
 struct CutMeasures {
     double DistLinea = 0.0;
-    double AngLinea =
-        0.0;  // within 1e-10 gon: from the platform's arctangent, it decides only bands of a gon
+    // Compared within 1e-10 gon: it comes from the platform's arctangent, and the search only compares it within 1 gon.
+    double AngLinea = 0.0;
     double AreaParziale = 0.0;
     std::optional<double> AreaRichiesta = {};  // the row's area, unless said otherwise
 };

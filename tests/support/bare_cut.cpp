@@ -22,16 +22,18 @@ using test::Vector;
 constexpr int kAreaAsValue = 1;
 constexpr Real kHeld = 1e-6L;  // of the parcel's area
 
-// An end within this of the boundary is on it, a part of the line as short as this is no part; of the
-// parcel's size: a tenth of a millimetre on a hundred metres.
+// Of the parcel's size: an end this near to the boundary is on it, and a part of the line this short is none.
+// That is a tenth of a millimetre on a hundred metres.
 constexpr Real kOnBoundary = 1e-6L;
 
-// A side counts as met up to 0.001 beyond its end on each axis. An end that lies there is farther off the
-// boundary than rounding at a local origin can bring it, which is this at most, of the parcel's size.
+// A side counts as met up to 0.001 beyond its end on each axis. Rounding at a local origin can put an end off
+// the boundary by the second figure at most, which is of the parcel's size; an end that is farther off lies
+// beyond a side.
 constexpr Real kSideMargin = 0.00142L;
 constexpr Real kMeasurable = 1e-9L;
 
-// Sine of an angle that counts as flat, and height over a side that counts as none, of the parcel's size.
+// The sine of an angle that counts as flat; also the height over a side, of the parcel's size, that counts as
+// none.
 constexpr Real kFlat = 1e-7L;
 
 const PL_PNT2D_record& at(const Ring& ring, std::size_t i)
@@ -52,7 +54,7 @@ bool is_anticlockwise(const Ring& ring)
     return test::signed_area(ring) > 0;
 }
 
-// Where on the boundary a point lies: the side's index and, after the point, how much of the side is done.
+// Where on the boundary a point lies: the index of the side, plus the fraction of the side before the point.
 struct Place {
     Real position;
     Real off;
@@ -88,7 +90,7 @@ bool contains(const Ring& ring, const Vector& from_first)
     return inside;
 }
 
-// The chord between its meetings with the boundary: the middle of every part must be in the parcel.
+// The boundary divides the chord into parts; the middle of each part must lie in the parcel.
 bool runs_inside(const Ring& ring, const PL_LINE_2D_record& chord)
 {
     const Vector d = from_to(chord.start, chord.end);
@@ -115,7 +117,7 @@ bool runs_inside(const Ring& ring, const PL_LINE_2D_record& chord)
     return true;
 }
 
-// Area of the piece that the boundary bounds from `from` onwards to `to`, closed by the chord.
+// Area between the chord and the boundary from `from` onwards to `to`.
 Real area_between(const Ring& ring, const Place& from, const PL_PNT2D_record& p_from, const Place& to,
                   const PL_PNT2D_record& p_to)
 {
@@ -258,7 +260,7 @@ bool has_part_behind(const Request& request)
             return ahead * cross(d, from_to(a, p)) < -kFlat * size * length(d);
         });
     }
-    // How often the boundary crosses the perpendicular through the middle, beside the side itself.
+    // How often the boundary crosses the perpendicular through the middle, the base side included.
     int crossings = 0;
     const auto ahead_of_middle = [&](const PL_PNT2D_record& p) {
         return dot(from_to(a, p), d) - dot(d, d) / 2 > 0;

@@ -1,7 +1,7 @@
 #pragma once
 
-// One bare call of CFrazArea, and what it is worth: the parcel is split along the line that came back, in long
-// double and without the library.
+// A single call of CFrazArea, and what it is worth: the parcel is split along the resulting line in long
+// double, without the library.
 
 #include <cstddef>
 #include <random>
@@ -23,12 +23,12 @@ struct Request {
     double area;
 };
 
-/// A request on a ring: either direction round, any side or vertex.
+/// A random request on a ring, which may be reversed, for a random side or vertex.
 ///
-/// @param[in] part  what to cut off, of the parcel's area
+/// @param[in] part  the share of the parcel's area to cut off
 Request request_on(std::mt19937_64& random, const Ring& ring, Mode mode, double part);
 
-/// What came back, and what it is worth.
+/// The result, and what it is worth.
 struct Division {
     bool done;          ///< the answer of Esegui
     bool found;         ///< the search met its request, by its own measure
@@ -51,12 +51,12 @@ const PL_PNT2D_record& second(const Request& request);
 /// The same request with the parcel moved so that its first vertex is the origin.
 Request at_local_origin(const Request& request);
 
-/// The same request with the parcel turned so that the direction a to b becomes that of +x, or of +y.
+/// The same request with the parcel turned so that the base side runs along +x, or along +y.
 Request turned_to_x(const Request& request);
 Request turned_to_y(const Request& request);
 
-/// Whether the parcel has a part behind the line from which the search measures: behind the side in the
-/// parallel mode; in the perpendicular mode, whether the perpendicular leaves the parcel and enters again.
+/// In the parallel mode whether the parcel has a part behind the base side; in the perpendicular mode whether
+/// the perpendicular through the side's middle leaves the parcel and enters it again.
 bool has_part_behind(const Request& request);
 
 /// Whether the vertex sees every point of the parcel.

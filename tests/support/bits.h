@@ -1,6 +1,6 @@
 #pragma once
 
-// Comparison of doubles by bits, and where random numbers come from.
+// Comparison of doubles by their bits, and the source of random numbers.
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 
 namespace test {
 
-/// For EXPECT_PRED_FORMAT2: the same bits, so that -0.0 is not 0.0; one NaN is as good as another. Prints
-/// both in hexadecimal and in decimal.
+/// For EXPECT_PRED_FORMAT2: whether two doubles have the same bits, so that -0.0 is not 0.0; any NaN equals any
+/// NaN. Prints both in hexadecimal and in decimal.
 ::testing::AssertionResult same_bits(const char* got_text, const char* want_text, double got, double want);
 
 /// Points, compared coordinate by coordinate.
@@ -26,7 +26,7 @@ namespace test {
 double up(double v);
 double down(double v);
 
-/// A value that no computation gives by chance: outputs are filled with it to see whether they were written.
+/// A value that no computation gives by chance. Tests fill outputs with it, to see whether they are written.
 constexpr double kUntouched = 0x1.5p+77;
 
 /// Random numbers of a property test. The seed is PLCALC_SEED from the environment, otherwise a fixed one;

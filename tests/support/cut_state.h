@@ -1,6 +1,7 @@
 #pragma once
 
-// What a call of CFrazArea gives and leaves: the outputs of Esegui, and a snapshot of all private members.
+// What a call of CFrazArea returns and leaves behind: the outputs of Esegui, and a snapshot of all private
+// members.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ namespace test {
 using Points = std::vector<PL_PNT2D_record>;
 using Indices = std::vector<std::int32_t>;
 
-/// Every member of a CFrazArea but its parcel, in the order in which the class declares them.
+/// Every member of a CFrazArea except its parcel, in the order in which the class declares them.
 struct State {
     PL_PNT2D_record PuntoLato1;
     PL_PNT2D_record PuntoLato2;
@@ -49,7 +50,7 @@ struct State {
 /// The object's state as it is now.
 State state_of(const CFrazArea& object);
 
-/// For EXPECT_PRED_FORMAT2: every member the same to the last bit; names the ones that are not.
+/// For EXPECT_PRED_FORMAT2: whether every member is the same to the last bit. Names the members that differ.
 ::testing::AssertionResult same_state(const char* got_text, const char* want_text, const State& got,
                                       const State& want);
 

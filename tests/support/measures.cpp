@@ -63,7 +63,7 @@ Real side_of(const PL_PNT2D_record& p, const PL_PNT2D_record& q, const PL_PNT2D_
 
 Real area_left_of(const Ring& ring, const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
-    // The ring with what is right of the line taken off: coordinates from p, to keep them small.
+    // The ring without what lies to the right of the line. Coordinates count from p, which keeps them small.
     std::vector<Vector> left;
     for (std::size_t i = 0; i < ring.size(); ++i) {
         const PL_PNT2D_record& next = ring[(i + 1) % ring.size()];

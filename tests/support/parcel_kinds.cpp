@@ -19,7 +19,8 @@ std::size_t whole(Random& random, std::size_t low, std::size_t high)
     return std::uniform_int_distribution<std::size_t>(low, high)(random);
 }
 
-// A rectangle at some distance from the origin, its sides along the axes but for `tilt_rad` either way.
+// A rectangle at some distance from the origin, its sides along the axes and then turned by `tilt_rad`, either
+// way.
 Ring tilted_rectangle(Random& random, double tilt_rad)
 {
     const double w = between(random, 0.1, 1.0) * kKindsAcross;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The kinds of parcel over which rates of success are given.
+// The kinds of parcel for which the documents give rates of success.
 
 #include <random>
 #include <vector>

@@ -38,8 +38,8 @@ std::vector<double> sorted_directions(std::mt19937_64& random, std::size_t n)
     return dirs_rad;
 }
 
-// n steps along one axis that lead from one end of [0, size] to the other and back: random places in
-// between, each given to the way out or to the way back.
+// n steps along one axis that lead from one end of [0, size] to the other and back. The stops are random
+// places, and each belongs to the way there or to the way back.
 std::vector<double> there_and_back(std::mt19937_64& random, std::size_t n, double size)
 {
     std::vector<double> places;
@@ -206,7 +206,8 @@ Ring t_ring(std::mt19937_64& random, double size)
         between(random, 0.0, kTurnRad));
 }
 
-// A base side with a vertex now and then, and the columns from right to left, the last one at the first vertex.
+// First the base side, with a vertex now and then, then the columns from right to left. The last one ends at
+// the first vertex.
 Ring stepped_ring(std::mt19937_64& random, std::size_t columns, double size)
 {
     const double half = size / 2.0;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The one generator of rings: random parcels of every kind, and what may be wrong with them.
+// The one generator of rings: random parcels of every kind, and the flaws that parcels have.
 
 #include <cstddef>
 #include <random>
@@ -14,13 +14,13 @@ namespace test {
 /// A ring of vertices, open: the first one is not repeated.
 using Ring = std::vector<PL_PNT2D_record>;
 
-// --- generators: rings run anticlockwise, of the given overall size, near the origin ---
+// --- generators: the rings run anticlockwise, near the origin, and are as large as asked ---
 
-/// Convex, its vertices on a turned ellipse, in any rhythm.
+/// Convex: vertices at random intervals on a turned ellipse.
 Ring ellipse_ring(std::mt19937_64& random, std::size_t n, double size);
 
-/// Convex, from n random edge vectors that add up to zero, put in the order of their directions: long and
-/// short sides, sharp and flat corners.
+/// Convex: n random side vectors that add up to zero, in the order of their directions. Sides are long and
+/// short, corners sharp and flat.
 Ring edge_vector_ring(std::mt19937_64& random, std::size_t n, double size);
 
 /// Convex: one of the two above.
@@ -29,21 +29,21 @@ Ring convex_ring(std::mt19937_64& random, std::size_t n, double size);
 /// A rectangle turned by a random angle.
 Ring turned_rectangle(std::mt19937_64& random, double size);
 
-/// A convex ring with one vertex in four pulled in by up to a fifth: mildly concave.
+/// Mildly concave: a convex ring in which one vertex in four is pulled in by up to a fifth.
 Ring dented_ring(std::mt19937_64& random, std::size_t n, double size);
 
-/// Radii between a fifth and the whole, in the order of their directions: concave, seen whole from the origin.
+/// Concave: vertices at random distances from the origin, which sees all of the ring.
 Ring star_ring(std::mt19937_64& random, std::size_t n, double size);
 
 /// A base strip with the given number of teeth, turned by a random angle.
 Ring comb_ring(std::mt19937_64& random, std::size_t teeth, double size);
 
-/// A building with its walls along the axes: a straight base side, with a vertex on it now and then, and columns
-/// of different heights above it.
+/// A building with its walls along the axes: a straight base side, with a vertex on it now and then, and
+/// columns of different heights above it.
 Ring stepped_ring(std::mt19937_64& random, std::size_t columns, double size);
 
 /// Random points in a square of that size around the origin, put into an order in which no two sides cross.
-/// The only ring here that may run either way round.
+/// This ring alone may run either way round.
 Ring crooked_ring(std::mt19937_64& random, std::size_t n, double size);
 
 /// An L, and a T, turned by a random angle.
@@ -61,13 +61,13 @@ Ring reversed(const Ring& ring);
 /// The same ring begun at another vertex.
 Ring begun_at(const Ring& ring, std::size_t vertex);
 
-/// With a vertex on some of its sides, as near to them as doubles allow.
+/// The ring with vertices on some of its sides, as near to them as doubles allow.
 Ring with_vertices_on_sides(std::mt19937_64& random, const Ring& ring);
 
-/// With some vertices twice in a row.
+/// The ring with some vertices repeated.
 Ring with_repeated_vertices(std::mt19937_64& random, const Ring& ring);
 
-/// Moved to coordinates of the size of UTM, 5e5 East and 5e6 North.
+/// The ring moved to coordinates of UTM size, about 5e5 East and 5e6 North.
 Ring at_utm_size(std::mt19937_64& random, const Ring& ring);
 
 /// The ring as a caller hands it over, with heights, which must not matter.
