@@ -1,11 +1,11 @@
 #pragma once
 
 /// @file
-/// Division of a parcel that proves itself: the line that cuts off what was asked, or the reason why there is
-/// none.
+/// Division of a parcel with proof: the line that cuts off what was asked for, or the reason why there is none.
 ///
-/// CFrazArea answers with the line that its search ended at, and leaves it to the caller to judge it. Here the
-/// parcel is checked, prepared, cut and measured, and only a line that holds what was asked is called divided:
+/// CFrazArea returns the line at which its search ended, and leaves it to the caller to check that line. The
+/// functions here check the parcel, prepare, cut and measure it, and call it divided only when its lines hold what
+/// was asked for:
 ///
 /// ```cpp
 /// const std::vector<PL_PNT2D_record> lot = {{0.0, 0.0}, {100.0, 0.0}, {100.0, 50.0}, {0.0, 50.0}};
@@ -26,11 +26,10 @@
 /// `request.amounts = plparcel::equal_parts(4)`. A strip as a product of two lengths, then 250 more next to it:
 /// `request.amounts = {plparcel::product(20.0, 30.0), plparcel::area(250.0)}`.
 ///
-/// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are
-/// in that unit squared. The functions keep no state, may be called from any thread and throw nothing but
-/// std::bad_alloc, equal_parts() apart. Results are the same to the last bit on every machine with IEEE doubles;
-/// Division::bare and DividingLine::found only up to the sine and cosine with which the parcel is turned for
-/// CFrazArea.
+/// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are in
+/// that unit squared. The functions keep no state and may be called from any thread. They throw nothing but
+/// std::bad_alloc, except equal_parts(). Results are the same to the last bit on every machine with IEEE doubles,
+/// except Division::bare and DividingLine::found, for which the platform's sine and cosine turn the parcel.
 
 #include <cstddef>
 #include <vector>
@@ -38,8 +37,8 @@
 #include "plcalc/kernel.h"
 
 /// @def PLPARCEL_API
-/// Stands before everything that is exported. Defines of the build: PLPARCEL_STATIC for a static library,
-/// PLPARCEL_BUILDING while the DLL is built.
+/// Precedes every exported declaration. Define PLPARCEL_STATIC to use or build a static library, and
+/// PLPARCEL_BUILDING to build the DLL.
 
 #if defined(PLPARCEL_STATIC)
 #define PLPARCEL_API
@@ -55,7 +54,7 @@
 
 namespace plparcel {
 
-/// The vertices of a parcel in order, either direction round. Side i runs from vertex i to the next one.
+/// The vertices of a parcel in order, clockwise or anticlockwise. Side i runs from vertex i to the next one.
 using Ring = std::vector<PL_PNT2D_record>;
 
 /// How the dividing line runs. The numbers are those of CFrazArea's modes.
@@ -77,15 +76,15 @@ enum class Measured { from_reference, opposite };
 /// How an amount is given.
 enum class Given {
     as_area,     ///< first: unit squared
-    as_product,  ///< first * second, two lengths
+    as_product,  ///< first * second, both lengths
     as_share     ///< first / second of the parcel's area
 };
 
 /// What one piece should hold.
 struct Amount {
     Given given;    ///< what the two numbers are
-    double first;   ///< area, length or numerator
-    double second;  ///< without effect, length or denominator
+    double first;   ///< for the three kinds: area, length or numerator
+    double second;  ///< for the three kinds: without effect, length or denominator
 };
 
 /// @param[in] value  unit squared
@@ -96,38 +95,37 @@ PLPARCEL_API Amount area(double value) noexcept;
 /// @return an amount given as their product
 PLPARCEL_API Amount product(double length1, double length2) noexcept;
 
-/// @param[in] part  numerator: 1 of a third, 25 of 25 %
-/// @param[in] of    denominator: 3 of a third, 100 of 25 %; the quotient is not rounded
+/// @param[in] part  numerator: 1 for a third, 25 for 25 %
+/// @param[in] of    denominator: 3 for a third, 100 for 25 %; the quotient is not rounded
 /// @return an amount given as a share of the parcel's area
 PLPARCEL_API Amount share(double part, double of) noexcept;
 
 /// @param[in] n  number of parts, 2 or more
-/// @return n - 1 shares of 1/n, which leave the last n-th; none when n is below 2
+/// @return n - 1 shares of 1/n, which leave one more; none when n is below 2
 ///
-/// Degenerate  More parts than a vector can hold: std::length_error, which the vector throws.
+/// Degenerate  For more parts than a vector can hold, the vector throws std::length_error.
 PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
 /// What to cut off.
 ///
-/// Several amounts are cut one after another, each off what the one before left: the first next to the side or
-/// vertex as `measured` says, the next next to the first line, and so on. All lines have the direction that the
-/// side of the whole parcel gives them, or start at the same vertex. What is left after the last amount is the
-/// last piece.
+/// Several amounts are cut one after another, each off what the cut before it left. The first lies at the side or
+/// vertex, as `measured` says, the second beside the first line, and so on. The side of the whole parcel gives all
+/// lines their direction, or all start at the same vertex. What is left after the last amount is the last piece.
 struct Request {
     Cut cut = Cut::parallel;  ///< which way the line runs
-    /// Side or vertex, counted from 0 in the ring as it is handed over, repeated vertices counted too.
+    /// Side or vertex, counted from 0 in the ring as handed over; repeated vertices count too.
     std::size_t index = 0;
-    /// One or more. Of two or more, the last may be what is left: amounts whose sum is the parcel's area within
-    /// 1e-9 of it, and within a hundredth of the last, are cut with one line less.
+    /// One or more. When there are two or more, the last may be what is left: if the sum of all is the parcel's
+    /// area within 1e-9 of it, and within a hundredth of the last amount, one line less is cut.
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
-    /// Whether CFrazArea is asked as well, for a comparison: fills Division::bare and DividingLine::found, at
-    /// about the cost of the division itself and far more on parcels of thousands of vertices. No line depends
-    /// on its answer.
+    /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
+    /// no line depends on them. It costs about as much as the division itself, and far more on parcels of
+    /// thousands of vertices.
     bool ask_library = false;
 };
 
-/// Whether a boundary can be worked on.
+/// Whether a boundary can be used.
 enum class BoundaryStatus {
     usable,            ///< a simple ring with an area
     not_finite,        ///< a coordinate is infinite or NaN
@@ -141,10 +139,10 @@ enum class BoundaryStatus {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(BoundaryStatus status) noexcept;
 
-/// What is known of a ring.
+/// What check_ring() finds out about a ring.
 struct RingReport {
     BoundaryStatus status = BoundaryStatus::too_few_vertices;  ///< usable, or why it is not
-    std::size_t repeated = 0;           ///< vertices that equal the one before them; no tolerance
+    std::size_t repeated = 0;           ///< vertices that equal the one before, without tolerance
     bool closed = false;                ///< the last vertex repeats the first; not counted in `repeated`
     std::size_t meeting_sides[2] = {};  ///< for meets_itself: two sides that meet, lower index first
     bool anticlockwise = false;         ///< how the ring runs; false unless it is usable
@@ -154,22 +152,22 @@ struct RingReport {
 
 /// Checks and measures a ring.
 ///
-/// @param[in] ring  the vertices; repeated ones and a closing one do no harm
-/// @return the report. A ring that touches itself, at a vertex for one, meets itself.
+/// @param[in] ring  the vertices; repeated vertices and a closing one do no harm
+/// @return the report. A ring that touches itself, even at a vertex only, meets itself.
 ///
-/// Exactness   Decided and measured with 106 bits on the differences of the coordinates, and rounded once: no
-///             tolerance, and no loss at large coordinates. A ring of no more than 2^-90 of the square of its
-///             extent is called flat: there those bits end. Before that, a decision may already be that of a
-///             rounding where coordinates differ by less than 1e-15 of their size, or an area is below 1e-12 of
-///             the square of the extent.
+/// Exactness   Everything is decided and measured with 106 bits on the differences of the coordinates, and rounded
+///             once: without tolerance, and without loss at large coordinates. A ring counts as flat when its
+///             area is at most 2^-90 of the square of its extent, where those bits end. Rounding may decide
+///             before that, where coordinates differ by less than 1e-15 of their size or an area is below 1e-12
+///             of the square of the extent.
 PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// What became of a request.
 enum class Status {
-    divided,  ///< the lines hold what was asked, and lie in the parcel
+    divided,  ///< the lines hold what was asked for, and lie in the parcel
 
     // the parcel
-    unusable_boundary,  ///< the ring cannot be worked on; Division::ring says why
+    unusable_boundary,  ///< the ring cannot be used; Division::ring says why
 
     // the request
     unknown_request,      ///< a cut, measure or kind of amount that does not exist
@@ -178,12 +176,12 @@ enum class Status {
     no_amount,            ///< the list of amounts is empty
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
-    amount_too_large,     ///< no less than there is to cut, or given by a number above 1e200
+    amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200
 
     // the cut
-    base_reaches_behind,  ///< what lies behind the base side alone is more than the request along it
+    base_reaches_behind,  ///< the part of the parcel behind the base side is larger than the request
     line_leaves_parcel,   ///< every line that holds the amount makes more than two pieces
-    not_reached           ///< coordinates are too coarse for the amount to be met within 1e-9 of the parcel
+    not_reached           ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
 };
 
 /// @param[in] status  any status
@@ -192,19 +190,19 @@ PLPARCEL_API const char* describe(Status status) noexcept;
 
 /// How a dividing line was found.
 enum class Found {
-    by_search,  ///< CFrazArea was asked, and its line is this one up to its millionth of the amount
-    by_sweep    ///< CFrazArea was not asked, was wrong, or found one that divide() puts behind this one
+    by_search,  ///< CFrazArea was called, and its line is this one up to its millionth of the amount
+    by_sweep    ///< CFrazArea was not called, was wrong, or found a line that divide() ranks after this one
 };
 
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
 struct DividingLine {
-    /// Parallel to a side the line runs as the side does, perpendicular to it from the end nearer the side's
-    /// line, through a vertex from there, to the last bit.
+    /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
+    /// through a vertex from that vertex, to the last bit.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};        ///< the other end
     Found found = Found::by_sweep;  ///< how the line was found
-    /// Prolonged beyond its ends, the line meets what was left of the parcel again: another line of the same
-    /// direction through another part of it may be what was meant.
+    /// Whether the line, prolonged beyond its ends, meets what was left of the parcel again: another line of the
+    /// same direction through another part of it may be what was meant.
     bool meets_again = false;
 };
 
@@ -212,55 +210,54 @@ struct DividingLine {
 struct Piece {
     Ring ring;              ///< runs as the parcel does, first vertex not repeated
     double area = 0.0;      ///< of this ring, unit squared
-    double asked = 0.0;     ///< what it should hold; of the last piece, what is left of the parcel
-    double residual = 0.0;  ///< got minus asked, unit squared, computed before either is rounded
+    double asked = 0.0;     ///< what it should hold; for the last piece, what is left of the parcel
+    double residual = 0.0;  ///< what it holds less what it should, unit squared, before either is rounded
 };
 
-/// What CFrazArea answered to one cut, before anything was done about it.
+/// What CFrazArea itself answered to one cut.
 struct BareAnswer {
     bool done = false;            ///< what Esegui returned
-    PL_LINE_2D_record line = {};  ///< its line, in the parcel's coordinates; unproven
+    PL_LINE_2D_record line = {};  ///< its line, in the parcel's coordinates, unproven
 };
 
 /// The answer to a request.
 struct Division {
     Status status = Status::unusable_boundary;  ///< divided, or why not
     std::size_t at_amount = 0;                  ///< unless divided: index of the amount that could not be cut
-    RingReport ring;                            ///< what was found out about the parcel
+    RingReport ring;                            ///< what check_ring() says of the parcel
     std::vector<DividingLine> lines;            ///< in the order of the amounts; empty unless divided
     std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
-    std::vector<BareAnswer> bare;  ///< where it was asked for: one per cut that was tried, a failed one too
-    std::size_t trials = 0;        ///< lines that were worked out and measured, beside those of CFrazArea
+    std::vector<BareAnswer> bare;  ///< if asked for, one per cut that was tried, including a failed one
+    std::size_t trials = 0;        ///< lines that were computed and measured, without those of CFrazArea
 };
 
 /// @param[in] division  any answer
-/// @return describe() of its status, or of its boundary's where that is what is wrong; never null
+/// @return describe() of its status, or of the boundary's status when the boundary is at fault; never null
 PLPARCEL_API const char* describe(const Division& division) noexcept;
 
 /// Divides a parcel.
 ///
-/// @param[in] ring     a simple ring, either direction; repeated vertices and a closing one do no harm. At which
-///                     vertex it begins makes no difference to status, lines and pieces, to the last bit
+/// @param[in] ring     a simple ring, in either direction; repeated vertices and a closing one do no harm. The vertex
+///                     at which it begins changes no bit of status, lines and pieces
 /// @param[in] request  what to cut off
-/// @return `divided` only when every line lies in the parcel with its ends on the boundary and makes exactly
-///         two pieces of what was left, and every piece holds its amount within 1e-9 of the parcel's area and
-///         within a hundredth of itself. That is judged on the coordinates that are returned, rounding
-///         included, by a measurement that shares nothing with the search: the two rings are walked and summed
-///         with 106 bits.
+/// @return `divided` only when every line lies in the parcel with its ends on the boundary and makes exactly two
+///         pieces of what was left, and every piece holds its amount within 1e-9 of the parcel's area and within a
+///         hundredth of itself. The returned, rounded coordinates are judged, by a measurement that shares nothing
+///         with the search: it walks both rings and sums with 106 bits.
 ///
-/// Tolerance   Ends of lines lie within 2.5 times coordinate_spacing() (extent.h) of the side that they end on:
-///             3e-9 at 5e6. One within four times that of a vertex, on each axis, is the vertex where the amount
-///             allows. On parcels of about a square unit or less at such coordinates this alone may forbid the
-///             1e-9, and the answer is not_reached. A line that touches the boundary between its ends, or passes
-///             a vertex within four spacings, makes more than two pieces.
-/// Refused     A refusal speaks of the lines that hold the amount exactly: line_leaves_parcel that each of them
-///             makes more than two pieces, not_reached that doubles next to the ends of one that does not do not
-///             hold it. Another line 25 spacings away may pass. Where a line to a vertex, or at its level,
-///             misses the amount by no more than is granted, it is tried as well.
-/// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. Where more than one
-///             line holds the amount, those on the inner side of the base side come first (perpendicular: those
-///             that end on it), among them those that meet the boundary twice only, among them the nearest to
-///             the base side's line (perpendicular: to its middle).
+/// Tolerance   The end of a line lies within 2.5 times coordinate_spacing() (extent.h) of its side: 3e-9 at 5e6. An
+///             end within four spacings of a vertex, on each axis, is moved to the vertex if the amount allows it.
+///             On parcels of about a square unit or less at such coordinates this alone may make the 1e-9
+///             impossible, and the answer is then not_reached. A line that touches the boundary between its ends,
+///             or passes a vertex within four spacings, makes more than two pieces.
+/// Refused     A refusal is about the lines that hold the amount exactly. line_leaves_parcel says that each of them
+///             makes more than two pieces; not_reached says that one of them makes two, but no doubles next to its
+///             ends hold the amount. Another line, 25 spacings away, might still pass. A line to a vertex, or at
+///             its level, is also tried when it misses the amount by no more than the tolerance.
+/// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
+///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
+///             end on it). Among these come first the lines that meet the boundary only twice, and among these the
+///             one nearest to the line of the base side (for a perpendicular: to its middle).
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 
 }  // namespace plparcel
