@@ -13,8 +13,8 @@
 
 namespace plcalc {
 
-/// A power of two that is at least 1 / v and at most twice that, for a normal v above zero; infinity where there is
-/// none, NaN for NaN. Spares the division, which is a routine of 500 instructions on the devices.
+/// A power of two that is at least 1 / v and at most twice that, for a normal v above zero; infinity where
+/// there is none, NaN for NaN. It saves a division, which is a routine of 500 instructions on the devices.
 inline double inverse_bound(double v) noexcept
 {
     std::int64_t bits = 0;
@@ -30,12 +30,12 @@ inline double inverse_bound(double v) noexcept
 
 /// What rounding may do to lines through the points of one parcel.
 ///
-/// docs/exact-and-fast.md proves it: a line that has both ends of a side on one side of it, and more than of_side
-/// off, is not met by that side, rounding and stake-out margin included.
+/// docs/exact-and-fast.md proves this: when both ends of a side lie on one side of a line and more than of_side
+/// from it, the line does not meet that side, rounding and stake-out margin included.
 class Clearance {
 public:
-    /// @param[in] points        those of the parcel
-    /// @param[in] coefficients  |a| + |b| of the lines, at most
+    /// @param[in] points        the points of the parcel
+    /// @param[in] coefficients  an upper bound of |a| + |b| of the lines
     Clearance(const std::vector<PL_PNT2D_record>& points, double coefficients) noexcept
     {
         for (const PL_PNT2D_record& p : points)
@@ -51,17 +51,17 @@ public:
     /// Greatest coordinate in magnitude; NaN when one is no number.
     double greatest() const noexcept { return greatest_; }
 
-    /// What of_side is for most sides, all of them but very short ones far from the origin.
+    /// What of_side is for all sides except very short ones far from the origin.
     double of_most_sides() const noexcept { return common_; }
 
-    /// What |a x + b y + c| must exceed at both ends, for a line whose |c| is at most 4 coefficients * greatest();
-    /// infinite or NaN when it cannot be told.
+    /// What |a x + b y + c| must exceed at both ends, for a line whose |c| is at most 4 coefficients *
+    /// greatest(); infinite or NaN when it cannot be told.
     double of_side(const PL_PNT2D_record& from, const PL_PNT2D_record& to) const noexcept
     {
         const double length = greater_magnitude(to.x - from.x, to.y - from.y);
         if (magnitude_bits(length) <= magnitude_bits(PL_EPS))
-            return 0.0;  // no line goes along it, and none meets it
-        // What a length adds is nothing beside the stake-out margin, as a rule.
+            return 0.0;  // a side without length, which no line meets
+        // As a rule the length adds next to nothing to the stake-out margin.
         const double inverse = inverse_bound(length);
         return magnitude_bits(inverse) <= small_inverse_ ? common_ : fixed_ + by_length_ * inverse;
     }
@@ -72,8 +72,8 @@ private:
     double greatest_ = 0.0;
     double fixed_;
     double by_length_;
-    double common_;                // for every side that is long enough,
-    std::uint64_t small_inverse_;  // which is told by the bits of its inverse
+    double common_;                // for every side that is long enough
+    std::uint64_t small_inverse_;  // a side is, when the bits of its inverse are at most these
 };
 
 }  // namespace plcalc

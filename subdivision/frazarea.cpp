@@ -59,7 +59,7 @@ bool CFrazArea::Esegui(double& x1, double& y1, double& z1, double& x2, double& y
         break;
     }
 
-    // Written in every case: an application that draws without looking at the result draws what it drew.
+    // The outputs are always written: after a failure they hold the previous result.
     x1 = PuntoRis1.x;
     y1 = PuntoRis1.y;
     z1 = 0.0;

@@ -12,20 +12,22 @@ namespace plcalc {
 
 namespace {
 
-// Thirty halvings bring a strip to a billionth of its depth: what has not met the request by then will not.
+// Thirty halvings reduce a strip to a billionth of its depth. A search that has not met the request by then
+// will not meet it.
 constexpr int kMaxBisections = 30;
 
 // The vertex after the two of the base side, where the sweep starts.
 constexpr std::int32_t kFirstSwept = 2;
 
-// From so many crossings on both ends of the chord and its midpoint are written.
+// From this many crossings on, both ends of the chord and its midpoint are written.
 constexpr std::size_t kWholeChord = 2;
 
 }  // namespace
 
 /// The search for a line parallel to the base side, over the working values of its object.
 ///
-/// A trial leaves what the next one needs; what only shows in the object is written when the search is over.
+/// A trial keeps what the next one needs. What is only visible in the object is written when the search is
+/// over.
 class ParallelSearch {
 public:
     /// A search that lays its own lines.
@@ -38,8 +40,8 @@ public:
           piece_(trials_.points())
     {}
 
-    // A line through each vertex in the ring's order, until one cuts off more than the request: the line
-    // asked for lies between that vertex and the base side.
+    // Tries a line through each vertex in the ring's order, until one cuts off more than the request: the
+    // wanted line lies between that vertex and the base side.
     void sweep()
     {
         std::int32_t v = kFirstSwept;
@@ -86,7 +88,7 @@ public:
         show_piece();
     }
 
-    // The last line, for whoever looks at the object, and what it cuts off.
+    // Writes the last line, and what it cuts off, into the object.
     void show()
     {
         settle_probe();
@@ -117,7 +119,8 @@ private:
             if (!trials_.beyond(line_, at))
                 piece_.append_vertices(at, at);
         }
-        // A chord leaves nothing of those before it to be seen: one that needs no more than the crossings before.
+        // A chord leaves nothing of those before it to be seen: one that needs no more than the crossings
+        // before.
         if (probe_open_ && piece_.single_points().size() < kWholeChord)
             take_probe(crossings_before_);
         probe_open_ = false;
@@ -130,8 +133,8 @@ private:
             cut_.TrovaLimitiSegmento(cut_.PuntoRis1, r2, crossing);
     }
 
-    // A line of the sweep is a probe: its second end is not the result's. Its chord is put off, since the next
-    // line's takes its place as a rule.
+    // A line of the sweep is a probe: its second end is not that of the result. Its chord is taken later, if at
+    // all, since as a rule that of the next line takes its place.
     void probe() { probe_open_ = true; }
 
     void settle_probe()

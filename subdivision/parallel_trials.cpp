@@ -27,12 +27,14 @@ constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 // A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
 constexpr double kSeamSlope = 0.05;
 
-// The bearing of a point that faces clearly along the normal is within a third of a gon of the normal's. So one that
-// is this near to the normal's agrees with all of them, and one that is so far with none.
+// The bearing of a point that clearly faces along the normal is within a third of a gon of the normal's. So a
+// bearing that is this near to the normal's agrees with all of them, and one that is that far from it agrees
+// with none.
 constexpr double kAgreesGon = 0.6;
 constexpr double kDisagreesGon = 1.4;
 
-// Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the origin.
+// Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the
+// origin.
 constexpr double kSizeBound = 8.0;  // of what a trial line is laid through: the parcel's size so many times
 constexpr double kOfVertex = 0x1p-45;    // constants against distances
 constexpr double kNearBase = 1.1e-4;     // more than the distance at which a facing is clear,
@@ -76,8 +78,8 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
     note_ranges();
 }
 
-// The constants of the lines that may meet a side: those between its two ends', and a margin. What all sides need
-// of it is the line's to add.
+// The constants of the lines that may meet a side: those between the constants of its two ends, and a margin.
+// The part of the margin that is the same for all sides is added to the line.
 void ParallelTrials::note_ranges() noexcept
 {
     const double coefficients = std::fabs(a_) + std::fabs(b_);
@@ -187,7 +189,7 @@ TrialLine ParallelTrials::line_through_vertex(std::int32_t at) noexcept
     return line;
 }
 
-// Finds out what the line's constant tells. Nothing, where bearings jump at 0/400.
+// Finds out what the line's constant decides: nothing where bearings jump at 0/400.
 void ParallelTrials::aim(TrialLine& line) noexcept
 {
     const std::uint64_t farthest = magnitude_bits(farthest_);
@@ -205,7 +207,7 @@ void ParallelTrials::aim(TrialLine& line) noexcept
         settled = settle_facing(line, std::signbit(off_base) ? BaseOffset::Facing::kAlongNormal
                                                              : BaseOffset::Facing::kAgainstNormal);
     } else {
-        // What lies near the base line too need not face clearly: it is asked one by one.
+        // Points that lie near the base line as well may face no clear way; they are tested one by one.
         low = std::min(low, base_.c - near_base_ - margin_);
         high = std::max(high, base_.c + near_base_ + margin_);
         settled = settle_near_base(line);
@@ -278,7 +280,8 @@ bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
         return line.drops_below;
     if (c > line.doubts.high)
         return line.drops_above;
-    // Farther, and in a direction that agrees. The vertex that the line goes through is as far.
+    // Beyond means farther, and in a direction that agrees. The vertex that the line goes through is equally
+    // far.
     if (at == line.vertex || !(vertex_offset(at).dist > line_offset(line).dist))
         return false;
     const BaseOffset::Facing way = line.offset.facing;

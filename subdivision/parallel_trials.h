@@ -17,7 +17,8 @@ namespace plcalc {
 
 /// Where a point lies from the base line: its distance, and the direction to it from its foot.
 struct BaseOffset {
-    /// Which way from the base line, where that is beyond doubt; else the bearing itself must tell.
+    /// On which side of the base line the point lies, where that is beyond doubt; otherwise its bearing
+    /// decides.
     enum class Facing : std::uint8_t { kUnclear, kAlongNormal, kAgainstNormal };
 
     double dist = 0.0;  ///< from the base line, never negative; once known
@@ -43,10 +44,10 @@ struct TrialLine {
 
 /// What stays the same while the line moves, kept for the time of one search.
 ///
-/// Every vertex has the constant of its own parallel to the base side. By those a trial line knows on which side of
-/// it most of the parcel lies, and finds the sides and vertices that it comes near. Only these are met and measured,
-/// as IntersezLineaInSegmOK and CalcDistPuntoDaRetta have it, to the last bit, and what such a side or vertex needs
-/// is computed when it is first asked for. docs/exact-and-fast.md has the proofs.
+/// The parallel to the base side through a vertex has a constant term. Comparing these, a trial line knows on
+/// which side of it most of the parcel lies, and finds the sides and vertices that it comes near. Only these
+/// are met and measured, with the bits of IntersezLineaInSegmOK and CalcDistPuntoDaRetta; what such a side or
+/// vertex needs is computed when it is first asked for. docs/exact-and-fast.md has the proofs.
 class ParallelTrials {
 public:
     /// @param[in] ring   the working polygon
@@ -70,15 +71,15 @@ public:
     /// The line through the vertex at a position, 2 to n.
     TrialLine line_through_vertex(std::int32_t at) noexcept;
 
-    /// The first position from `at` on whose vertex may lie beyond the line or whose side may be met by it;
-    /// n + 1 for none. Those before it are neither, beyond doubt.
+    /// The first position from `at` on whose vertex may lie beyond the line, or whose side the line may meet; n
+    /// + 1 for none. For the positions before it neither is possible.
     std::int32_t kept_until(const TrialLine& line, std::int32_t at) const noexcept
     {
         return clear_until(line, at, false);
     }
 
-    /// The first position from `at` on whose vertex may not lie beyond the line or whose side may be met by it;
-    /// n + 1 for none. Those before it lie beyond, beyond doubt.
+    /// The first position from `at` on whose vertex may not lie beyond the line, or whose side the line may
+    /// meet; n + 1 for none. The vertices before it certainly lie beyond.
     std::int32_t beyond_until(const TrialLine& line, std::int32_t at) const noexcept
     {
         return clear_until(line, at, true);
@@ -127,7 +128,7 @@ private:
     double b_;
     PL_IMP_LINE_2D_record base_;
     FeetOnLine feet_;
-    std::array<bool, 3> ways_settle_;  // whether points that face one way have bearings that agree
+    std::array<bool, 3> ways_settle_;  // for each facing, whether the bearings of such points agree
     std::int32_t last_;                // position of the closing point
     std::vector<PL_PNT2D_record> points_;
     std::vector<double> constants_;  // of the parallel through each point
@@ -135,11 +136,11 @@ private:
     std::vector<BaseOffset> offsets_;
     std::vector<Side> sides_;
 
-    bool tells_ = false;       // whether constants tell on which side of a line a vertex lies
+    bool tells_ = false;       // whether the constants show on which side of a line a vertex lies
     double farthest_ = 0.0;    // no trial line passes through a point with a greater coordinate
     double greatest_c_ = 0.0;  // nor has a greater constant
-    double margin_ = 0.0;      // constants nearer to a line's than this tell nothing
-    double near_base_ = 0.0;   // lines whose constants are nearer to the base line's face no clear way
+    double margin_ = 0.0;      // a constant that is nearer to the line's decides nothing
+    double near_base_ = 0.0;   // a line whose constant is nearer to the base line's faces no clear way
 };
 
 }  // namespace plcalc

@@ -10,12 +10,12 @@ namespace plcalc {
 
 namespace {
 
-// What a sum of m doubles may be off, of its greatest partial sum and for each addition: half an ulp, doubled for
-// the additions that the bound itself takes.
+// The error of a sum, per addition, relative to its greatest partial sum: half an ulp, doubled for the
+// additions that the bound itself takes.
 constexpr double kOffPerAddition = 0x1p-52;
 
-// A little more than the relative 1e-6 that ends a search: what differs by more does not meet the request, however
-// the difference and its quotient are rounded.
+// A little more than the relative 1e-6 that ends a search: an area that differs by more does not meet the
+// request, however the difference and its quotient are rounded.
 constexpr double kSurelyApart = 1.0001e-6;
 constexpr double kLeastRequest = 1e-300;  // below, a product with it loses digits
 
@@ -59,8 +59,8 @@ void PartialPolygon::append_point(const PL_PNT2D_record& p)
     ++size_;
 }
 
-// Hands over the shares in the order in which the area adds them: at a run's ends, where a neighbour need not be
-// the ring's, one by one, and those between its ends together.
+// Hands over the shares in the order in which the area adds them. The shares at the ends of a run, whose
+// neighbours need not be those of the ring, come one by one, those in between together.
 template <class Add, class AddBetween>
 void PartialPolygon::add_up(Add add, AddBetween add_between) const noexcept
 {

@@ -12,9 +12,9 @@ namespace plcalc {
 
 /// A partial polygon: vertices of the parcel that follow one another, and single points in between.
 ///
-/// Most trials only ask whether its area is above or below a request. That is told from sums over the parcel's
-/// vertices that are made once, with a bound for what rounding may have done to either; where the bound leaves a
-/// doubt, the area is added up point by point. Every answer is the one that the area itself gives.
+/// Most trials only need to know whether its area is above or below a request. Sums over the parcel's vertices,
+/// made once, decide that, with a bound for the rounding of both ways to add. Where the bound leaves a doubt,
+/// the area is added up point by point. Every answer is the one that the area itself would give.
 class PartialPolygon {
 public:
     /// @param[in] ring  points of the parcel, each the neighbour of the next; they stay as they are
@@ -29,7 +29,7 @@ public:
     /// The single points.
     const std::vector<PL_PNT2D_record>& single_points() const noexcept { return singles_; }
 
-    /// Starts anew, and hands over the single points.
+    /// Empties the polygon and returns its single points.
     void clear(std::vector<PL_PNT2D_record>& single_points) noexcept
     {
         single_points.swap(singles_);
@@ -39,17 +39,17 @@ public:
     /// Number of points.
     std::int32_t size() const noexcept { return size_; }
 
-    /// Area, as CFrazArea::AreaCalcolataDaVett has it, to the last bit.
+    /// Area, with the bits of CFrazArea::AreaCalcolataDaVett.
     double area() const noexcept;
 
     /// Whether the area is above the request.
     bool exceeds(double requested) const noexcept;
 
-    /// How a search goes on: the area meets the request as meets_request has it, or else is below it or not.
+    /// How a search goes on: whether the area meets the request (see meets_request), is below it, or neither.
     enum class Verdict : std::uint8_t { kMeets, kBelow, kNotBelow };
     Verdict against(double requested) const noexcept;
 
-    /// Writes the points, one after the other.
+    /// Writes the points in order.
     void write_to(std::vector<PL_PNT2D_record>& points) const;
 
 private:
@@ -58,7 +58,7 @@ private:
         std::int32_t first;
         std::int32_t last;
     };
-    // The area but for rounding, and what that may be off, either way; NaN when it cannot be told.
+    // The area up to rounding, and a bound for its error; NaN when there is none.
     struct Estimate {
         double area;
         double off;

@@ -5,10 +5,10 @@
 
 namespace {
 
-// What ends a search, relative to the request: a square decimetre on ten hectares.
+// The relative difference from the request that ends a search: a square decimetre on a hectare.
 constexpr double kRelAreaTol = 1e-6;
 
-// Without a tolerance, deliberately: the caller hands back the ring's own coordinates.
+// There is deliberately no tolerance: the caller hands back the ring's own coordinates.
 bool equal(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
     return p.x == q.x && p.y == q.y;

@@ -10,8 +10,8 @@
 
 namespace plcalc {
 
-/// Index of the first side that runs from p1 to p2 in the ring's order; -1 for none. Compared by ==, without
-/// any tolerance: -0.0 is 0.0, and a NaN is never found.
+/// Index of the first side that runs from p1 to p2 in the ring's order; -1 for none. Points are compared by ==,
+/// without any tolerance: -0.0 equals 0.0, and a NaN is never found.
 ///
 /// @param[in] ring  n points and a copy of the first, so that the closing side is found too
 /// @param[in] n     number of points without that copy
@@ -25,11 +25,11 @@ std::int32_t find_vertex(const std::vector<PL_PNT2D_record>& ring, std::int32_t 
 /// Index of the j-th point counted from `start`, round the ring of n points.
 std::int32_t round_from(std::int32_t start, std::int32_t j, std::int32_t n) noexcept;
 
-/// Whether the area meets the request within the relative 1e-6, strictly, that ends every search: callers ask
-/// for areas above zero.
+/// Whether the area meets the request, which ends every search: they must differ by less than a relative 1e-6.
+/// Requests should be above zero.
 ///
-/// The difference is divided by the request as it is. So 0.0 and NaN are never met, every area meets a negative
-/// request, and every area but 0 meets -0.0; an area that is NaN meets nothing.
+/// The difference is divided by the request, whatever that is. So no area meets 0.0 or NaN, every area meets a
+/// negative request, and every area except 0 meets -0.0. An area that is NaN meets nothing.
 bool meets_request(double area, double requested) noexcept;
 
 }  // namespace plcalc

@@ -8,7 +8,7 @@
 
 namespace plcalc {
 
-/// The line of a side; zeros, met by nothing, for one without length.
+/// The line of a side. For a side without length it is all zeros and meets nothing.
 inline PL_IMP_LINE_2D_record side_line(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept
 {
     PL_IMP_LINE_2D_record line = {};
@@ -16,8 +16,8 @@ inline PL_IMP_LINE_2D_record side_line(const PL_PNT2D_record& from, const PL_PNT
     return line;
 }
 
-/// Whether a line meets a side, to the last bit as IntersezLineaInSegmOK has it, and where; crossing stays when
-/// it does not.
+/// Whether a line meets a side, and where, with the bits of IntersezLineaInSegmOK. When it does not, crossing
+/// stays as it was.
 ///
 /// @param[in] side      the side's line among the parallels of the trial line
 /// @param[in] from, to  its ends

@@ -8,7 +8,7 @@ SideIndex::SideIndex(std::size_t count) : width_(1)
 {
     while (width_ < count)
         width_ *= 2;
-    // Positions that are not there widen nothing.
+    // Positions beyond the last one do not widen a range.
     ranges_.assign(2 * width_, {INT64_MAX, INT64_MIN});
 }
 
@@ -24,7 +24,7 @@ std::size_t SideIndex::end_of(std::size_t at, Place place, const Range& asked) c
     std::size_t i = width_ + at;
     std::size_t size = 1;
     for (;;) {
-        // Up while the wider stretch that begins here is at this place too.
+        // Moves up while the wider stretch that begins here is at this place too.
         while (i % 2 == 0 && ranges_[i / 2].from(asked) == place) {
             i /= 2;
             size *= 2;
@@ -33,7 +33,7 @@ std::size_t SideIndex::end_of(std::size_t at, Place place, const Range& asked) c
             at += size;
             ++i;
             if ((i & (i - 1)) == 0)
-                return at;  // past the last stretch of this step, which is past everything
+                return at;  // past the last stretch of this step, and so past everything
             continue;
         }
         if (size == 1)

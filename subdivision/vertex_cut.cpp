@@ -11,7 +11,7 @@ namespace plcalc {
 
 namespace {
 
-// At most one wedge fewer is evaluated: the fan is then halved to a rounding error of its width.
+// One wedge less than this is evaluated at most: by then the fan is halved to a rounding error of its width.
 constexpr int kMaxWedges = 50;
 
 // Gons to radians at ten significant digits, deliberately. It costs 8e-10 rad on a full turn, a micrometre
@@ -19,8 +19,8 @@ constexpr int kMaxWedges = 50;
 // versions.
 constexpr double kRayRadPerGon = 0.01570796327;
 
-// The fan of directions in which the vertex sees the parcel, in gons from the direction of point 1. The
-// search runs from `open` towards `anchor`, the edge from which wedges are measured.
+// The fan of directions in which the vertex sees the parcel, in gons from the direction of point 1. Wedges are
+// measured from the edge `anchor`; the search runs from `open` towards it.
 struct Fan {
     double open;
     double anchor;
@@ -74,7 +74,7 @@ public:
         cut_.AreaParziale = show_piece();
     }
 
-    // The wedge as the object has it.
+    // The wedge that the object holds.
     double measure()
     {
         trials_.lay_ray(cut_.RettaAux);
@@ -83,7 +83,7 @@ public:
     }
 
 private:
-    // From point to point the turn is below half a circle, so the sum unwinds the directions.
+    // From each point to the next the turn is below half a circle, so the sum of the turns gives the whole fan.
     Fan open_fan(bool clockwise) const
     {
         Fan fan = {0.0, 0.0};
@@ -118,7 +118,7 @@ private:
         }
     }
 
-    // Its area, and its points for whoever looks at the object.
+    // Writes its area and its points into the object.
     double show_piece()
     {
         piece_.write_to(cut_.VettParziale);

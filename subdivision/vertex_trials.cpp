@@ -13,16 +13,16 @@ namespace {
 constexpr double kTurnPerGon = 4294967296.0 / 400.0;
 constexpr double kTurnPerRad = 683565275.5764316;  // 2^32 / (2 pi)
 
-// Directions of rays are whole turns off when the boundary winds round the vertex. Beyond this many radians, which
-// no boundary does, they are not reduced.
+// The direction of a ray contains whole turns when the boundary winds round the vertex. Beyond this many
+// radians, which no boundary reaches, it is not reduced.
 constexpr double kMostRad = 1e6;
 
-// Points on the edges of the wedge count, rounding or not.
+// Points on the edges of the wedge count, in spite of rounding.
 constexpr double kWedgeStartGon = -1e-10;
 constexpr double kWedgeWidening = 1.0000000001;
 
-// Gons by which a ray must miss a point at distance 1 for the point's sides to be clear of it: at 100 gon a sine is
-// 2 / pi of its angle, no smaller share below; the line's coefficients are those of a step of 1.
+// Gons by which a ray must miss a point at distance 1 for the point's sides to be clear of it: at 100 gon a
+// sine is 2 / pi of its angle, no smaller share below; the line's coefficients are those of a step of 1.
 constexpr double kGonPerClearance = 102.0;
 constexpr double kCoefficients = 1.4143;   // |a| + |b|
 constexpr double kOfLine = 0x1p-50;        // times the square of the size: what the line misses the vertex by
@@ -46,7 +46,7 @@ VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::
     if (n < 1)
         return;
     for (std::size_t at = 1; at < points_.size(); ++at) {
-        // A single point is its own next one.
+        // A single point is its own neighbour.
         points_[at] = ring[index(order[at])];
         seen_[at].dir_gon = AngoloDaAsseRifer(points_[at].y - from.y, points_[at].x - from.x);
         seen_[at].direction = turn_of_gon(seen_[at].dir_gon);
@@ -56,13 +56,14 @@ VertexTrials::VertexTrials(const std::vector<PL_PNT2D_record>& ring, const std::
 
 VertexTrials::Turn VertexTrials::turn_of_gon(double gon) noexcept
 {
-    // A direction that is no number is never clear, and its turn not asked for.
+    // A direction that is NaN is never clear, and its turn is never used.
     if (!within_turn(gon))
         return 0;
     return static_cast<Turn>(static_cast<std::int64_t>(gon * kTurnPerGon));
 }
 
-// From the vertex, at distance r, a side's clearance d is seen under d / r; rounding of the ray's line adds to it.
+// From the vertex, at distance r, a side's clearance d is seen under d / r; rounding of the ray's line adds to
+// it.
 void VertexTrials::know_clearances() noexcept
 {
     const Clearance clearance(points_, kCoefficients);

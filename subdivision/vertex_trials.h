@@ -10,12 +10,12 @@
 
 namespace plcalc {
 
-/// What stays the same while the ray turns, kept for the time of one search: in which direction the vertex sees
-/// each point.
+/// What stays the same while the ray turns, kept for the time of one search: the direction in which the vertex
+/// sees each point.
 ///
-/// Directions are kept a second time as whole parts of a turn. By those most sides are told to lie clear of a ray,
-/// and most points to lie inside or outside a wedge; where it is close, the side is met and the direction compared
-/// as IntersezLineaInSegmOK and LimiteAng0_400 have it, to the last bit.
+/// Each direction is also kept as an integer, in parts of a turn. Comparing these shows that most sides are
+/// clear of a ray, and that most points lie inside or outside a wedge. In close cases the side is met and the
+/// direction is compared with the bits of IntersezLineaInSegmOK and LimiteAng0_400.
 class VertexTrials {
 public:
     /// @param[in] ring   the working polygon
@@ -37,10 +37,10 @@ public:
     /// @param[in] ray_rad  direction of that point
     void lay_ray(const PL_IMP_LINE_2D_record& line, double ray_rad) noexcept;
 
-    /// Lays any line. Every side is then met anew.
+    /// Lays any line. Every side is then computed.
     void lay_ray(const PL_IMP_LINE_2D_record& line) noexcept;
 
-    /// Lays the wedge that starts in one direction and is so wide.
+    /// Lays the wedge, from its first direction and its width.
     void lay_wedge(double start_gon, double width_gon) noexcept;
 
     /// Whether the line along the ray meets the side that ends at a position, 2 to n - 1, and where.
@@ -72,12 +72,12 @@ private:
     static constexpr Turn kHalfTurn = Turn(1) << 31;
     static constexpr Turn kQuarterTurn = Turn(1) << 30;
     static constexpr Turn kNeverClear = kQuarterTurn;
-    static constexpr Turn kOffTurn = 64;  // what a direction may be off, several times over
+    static constexpr Turn kOffTurn = 64;  // several times the error of a direction
 
     struct Seen {
         double dir_gon;
         Turn direction;
-        Turn clear;  // of a line that is farther off than this, both sides that end here are on one side
+        Turn clear;  // a line farther off than this has both sides that end here on one side of it
     };
 
     enum class Place : std::uint8_t { kNear, kLeft, kRight };

@@ -102,13 +102,14 @@ public:
     /// Exactness   See the class. The bits do not depend on what other objects have done, nor on what this one
     ///             has done, except in a second call.
     ///
-    /// Memory and time, for n vertices: the object keeps 52 bytes per vertex. While it runs, a search takes
-    /// about 200 more in modes 0 and 1 and 60 more in mode 2 on 64-bit machines; std::bad_alloc is the one
-    /// exception that may be thrown, and the object can only be destroyed after it. Mode 2 turns at most 49
-    /// rays, each of which compares every direction once and meets only the sides near it. Mode 0 tries a line
-    /// through each vertex until one cuts off more than the request, and bisects from there. A line meets only
-    /// the sides near it and finds them in a logarithmic number of steps each. A request that no line meets,
-    /// such as 0, bisects anew at every vertex: 31 * n lines.
+    /// Memory, for n vertices: the object keeps 52 bytes per vertex. While a search runs, it takes about 200
+    /// more per vertex in modes 0 and 1, and 60 more in mode 2, on 64-bit machines. std::bad_alloc is the only
+    /// exception that may be thrown; after it the object can only be destroyed.
+    ///
+    /// Time, for n vertices: mode 2 turns at most 49 rays. Each compares every direction once and meets only
+    /// the sides near it. Mode 0 tries a line through each vertex until one cuts off more than the request, and
+    /// bisects from there. A line meets only the sides near it, and finds each of them in a logarithmic number
+    /// of steps. A request that no line meets, such as 0, is bisected anew at every vertex: 31 * n lines.
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:
@@ -121,9 +122,9 @@ private:
     bool CalcolaFrazionLineaPerp();
     bool CalcolaFrazionPuntoVer();
 
-    // Steps of the searches. Esegui calls neither these three nor TrovataIntersezValidaSegmConLato2 below: its
-    // searches keep between trials what these compute anew, and come to the same bits. The names are settled,
-    // and the four are exported like the rest.
+    // Steps of the searches. Esegui calls none of these three, and neither IncrementaVett nor
+    // TrovataIntersezValidaSegmConLato2 below: its searches keep between trials what these compute anew, and
+    // come to the same bits. All five stay, because their names are settled and exported.
     void TrovatoPuntoMaxEtMedioConPuntoPrec(PL_PNT2D_record& q);
     bool CalcAreaDaPuntoPrimaDiVertice(PL_PNT2D_record& r1, PL_PNT2D_record& r2);
     double CalcAreaDaVertice();
