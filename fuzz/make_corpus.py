@@ -4,6 +4,7 @@ by libFuzzer so that no seed is kept that reaches nothing new.
 
     python3 make_corpus.py build/fuzz/fuzz                 corpus/ anew, from the seeds below
     python3 make_corpus.py build/fuzz/fuzz --found DIR     the same, with what runs have found in DIR/<harness>
+    python3 make_corpus.py build/fuzz/fuzz --out DIR       the same to DIR, and corpus/ stays as it is
     python3 make_corpus.py --seeds DIR                     the seeds alone, as they are, to DIR/<harness>.txt
 """
 
@@ -542,6 +543,7 @@ def main():
     parser = argparse.ArgumentParser(description="Writes the seed corpus of the fuzz harnesses.")
     parser.add_argument("programs", nargs="?", type=pathlib.Path, help="folder of the fuzz_<harness> programs")
     parser.add_argument("--found", type=pathlib.Path, help="folder of what runs have found, one per harness")
+    parser.add_argument("--out", type=pathlib.Path, default=HERE / "corpus", help="write the corpus here instead")
     parser.add_argument("--seeds", type=pathlib.Path, help="write the seeds here, as they are, and stop")
     args = parser.parse_args()
     if (args.programs is None) == (args.seeds is None):
@@ -554,11 +556,11 @@ def main():
             seeds.write(args.seeds / f"{name}.txt", named)
             continue
         # A seed that has its name in the corpus keeps it, whoever gave it.
-        target = HERE / "corpus" / f"{name}.txt"
-        if target.exists():
-            named.update((old, data) for old, data in seeds.read(target).items() if data not in named.values())
+        present = HERE / "corpus" / f"{name}.txt"
+        if present.exists():
+            named.update((old, data) for old, data in seeds.read(present).items() if data not in named.values())
         kept = minimised(args.programs / f"fuzz_{name}", named, args.found and args.found / name)
-        seeds.write(target, kept)
+        seeds.write(args.out / f"{name}.txt", kept)
         print(f"{name}: {len(kept)} of {len(named)} seeds")
 
 

@@ -10,13 +10,13 @@
 
 #include "limits.h"
 #include "plcalc/arcs.h"
-#include "support/parcels.h"
+#include "support/measures.h"
+#include "support/rings.h"
 #include "tables.h"
-#include "vector.h"
 
 namespace {
 
-using accuracy::Real;
+using test::Real;
 
 constexpr std::size_t kCorners = 12;
 constexpr double kExtent = 100.0;
@@ -29,8 +29,8 @@ bool truly_inside(const PL_PNT2D_record& p, const test::Ring& ring)
 {
     bool inside = false;
     for (std::size_t i = 0; i < ring.size(); ++i) {
-        const accuracy::Vector a = accuracy::from_to(p, ring[i]);
-        const accuracy::Vector b = accuracy::from_to(p, ring[(i + 1) % ring.size()]);
+        const test::Vector a = test::from_to(p, ring[i]);
+        const test::Vector b = test::from_to(p, ring[(i + 1) % ring.size()]);
         if ((a.y > 0) != (b.y > 0) && a.x - a.y * (b.x - a.x) / (b.y - a.y) > 0)
             inside = !inside;
     }
@@ -41,7 +41,7 @@ Real off_level(const PL_PNT2D_record& p, const test::Ring& ring)
 {
     Real least = kExtent;
     for (const PL_PNT2D_record& corner : ring)
-        least = std::min(least, std::fabs(accuracy::from_to(p, corner).y));
+        least = std::min(least, std::fabs(test::from_to(p, corner).y));
     return least;
 }
 
