@@ -384,11 +384,38 @@ TEST_F(Writer, RefusalsLeaveNothingBehind)
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
 }
 
-TEST_F(Writer, TheSourceMayBeReplacedByItsDivision)
+// The pieces would take the place of everything else that the file holds.
+TEST_F(Writer, TheSourceIsNeverReplaced)
 {
     write_lots();
-    ASSERT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o lots.geojson --overwrite").status, 3);
-    EXPECT_EQ(open("lots.geojson")->GetLayer(0)->GetFeatureCount(), 5);
+    const std::string before = content("lots.geojson");
+    std::filesystem::create_symlink("lots.geojson", path("symlink.geojson"));
+    std::filesystem::create_hard_link(path("lots.geojson"), path("hardlink.geojson"));
+    for (const char* name : {"lots.geojson", "./lots.geojson", "symlink.geojson", "hardlink.geojson"}) {
+        SCOPED_TRACE(name);
+        for (const char* overwrite : {"", " --overwrite"})
+            EXPECT_TRUE(test::fails_with(
+                divide("lots.geojson", std::string("--parallel 1 --parts 2 -o ") + name + overwrite), 2,
+                std::string(name) + ": the parcels come from this file; choose another name"));
+    }
+    EXPECT_EQ(content("lots.geojson"), before);
+    EXPECT_EQ(files(), (std::set<std::string>{"hardlink.geojson", "lots.geojson", "symlink.geojson"}));
+}
+
+// Nor is a file that belongs to it: a Shapefile is several.
+TEST_F(Writer, NoPartOfTheSourceIsReplaced)
+{
+    write_lots();
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o lots.shp").status, 0);
+    const std::string columns = content("lots.dbf");
+    for (const char* name : {"lots.shp", "lots.dbf"})
+        EXPECT_TRUE(test::fails_with(
+            divide("lots.shp", std::string("--feature 0 --parallel 1 --parts 2 --overwrite -o ") + name), 2,
+            std::string(name) + ": the parcels come from this file; choose another name"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.dbf", "--feature 0 --parallel 1 --parts 2 --overwrite -o lots.shp"), 2,
+                         "lots.shp: the parcels come from this file; choose another name"));
+    EXPECT_EQ(content("lots.dbf"), columns);
 }
 
 TEST_F(Writer, JsonNamesTheFiles)

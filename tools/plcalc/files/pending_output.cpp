@@ -12,12 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void refuse_existing(const fs::path& path)
-{
-    throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the file exists already",
-                  "choose another name or add --overwrite");
-}
-
 [[noreturn]] void fail(const fs::path& path, const std::string& why)
 {
     throw Failure(ExitStatus::failed, {path.string(), ""}, "the file cannot be written (" + why + ")",
@@ -26,13 +20,13 @@ namespace fs = std::filesystem;
 
 }  // namespace
 
-PendingOutput::PendingOutput(const std::string& path, bool overwrite) : target_(path), overwrite_(overwrite)
+PendingOutput::PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources)
+    : target_(path), overwrite_(overwrite), sources_(sources)
 {
     std::error_code error;
     if (!target_.has_filename() || fs::is_directory(target_, error))
         throw Failure(ExitStatus::wrong_use, {path, ""}, "this is a folder", "name a file in it");
-    if (!overwrite_ && fs::exists(target_, error))
-        refuse_existing(target_);
+    require_replaceable(target_);
     const fs::path parent = target_.has_parent_path() ? target_.parent_path() : fs::path(".");
     std::string name = (parent / ".plcalc-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr)
@@ -44,6 +38,25 @@ PendingOutput::~PendingOutput()
 {
     std::error_code ignored;
     fs::remove_all(folder_, ignored);
+}
+
+// A symbolic or hard link to a source is the source.
+bool PendingOutput::is_source(const fs::path& path) const
+{
+    std::error_code error;  // a path that does not exist is none
+    return std::any_of(sources_.begin(), sources_.end(),
+                       [&](const std::string& source) { return fs::equivalent(source, path, error); });
+}
+
+void PendingOutput::require_replaceable(const fs::path& path) const
+{
+    std::error_code error;
+    if (is_source(path))
+        throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the parcels come from this file",
+                      "choose another name");
+    if (!overwrite_ && fs::exists(path, error))
+        throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the file exists already",
+                      "choose another name or add --overwrite");
 }
 
 std::string PendingOutput::path() const
@@ -59,8 +72,7 @@ void PendingOutput::commit(const std::vector<fs::path>& replaced)
         written.push_back(entry.path().filename());
     const fs::path parent = target_.parent_path();
     for (const fs::path& name : written)
-        if (!overwrite_ && fs::exists(parent / name, error))
-            refuse_existing(parent / name);
+        require_replaceable(parent / name);
     for (const fs::path& name : written) {
         fs::rename(folder_ / name, parent / name, error);
         if (error)
@@ -70,7 +82,7 @@ void PendingOutput::commit(const std::vector<fs::path>& replaced)
         return std::find(written.begin(), written.end(), path.filename()) != written.end();
     };
     for (const fs::path& path : replaced)
-        if (!is_new(path))
+        if (!is_new(path) && !is_source(path))
             fs::remove(path, error);
 }
 

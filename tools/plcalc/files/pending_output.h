@@ -14,8 +14,9 @@ class PendingOutput {
 public:
     /// @param[in] path       where the file is to be; files that a format puts beside it move with it
     /// @param[in] overwrite  whether an existing file may be replaced
+    /// @param[in] sources    files that are being read; none of them is ever replaced, by whatever path
     /// @throws Failure       wrong_use if there is a file that must stay; failed if nothing can be written
-    PendingOutput(const std::string& path, bool overwrite);
+    PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources);
     ~PendingOutput();
     PendingOutput(const PendingOutput&) = delete;
     PendingOutput& operator=(const PendingOutput&) = delete;
@@ -31,9 +32,13 @@ public:
     void commit(const std::vector<std::filesystem::path>& replaced = {});
 
 private:
+    bool is_source(const std::filesystem::path& path) const;
+    void require_replaceable(const std::filesystem::path& path) const;
+
     std::filesystem::path target_;
     std::filesystem::path folder_;
     bool overwrite_;
+    std::vector<std::string> sources_;
 };
 
 }  // namespace tool

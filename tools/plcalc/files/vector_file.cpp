@@ -66,6 +66,12 @@ GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages&
     return dataset;
 }
 
+std::vector<std::string> files_of(GDALDataset& dataset)
+{
+    const CPLStringList list(dataset.GetFileList());
+    return {list.List(), list.List() + list.Count()};
+}
+
 bool is_wkt_column(const std::string& name)
 {
     const CPLStringList columns(CSLTokenizeString2(kWktColumns, ",", 0));

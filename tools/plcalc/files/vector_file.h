@@ -3,6 +3,7 @@
 // How a vector file is opened, to read parcels and to read back what was written.
 
 #include <string>
+#include <vector>
 
 #include <gdal_priv.h>
 
@@ -19,6 +20,9 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file);
 /// @param[in] messages  what GDAL has said since the call began
 /// @throws Failure      unusable_input, with the reason why the file cannot be opened
 GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages);
+
+/// The files that an open dataset consists of, by name; GDAL's other names, "PG:..." or "/vsizip/...", too.
+std::vector<std::string> files_of(GDALDataset& dataset);
 
 /// The names of columns in which a CSV file may have its geometry, separated by commas.
 constexpr const char* kWktColumns = "WKT,geom,geometry,wkt_geom,the_geom";

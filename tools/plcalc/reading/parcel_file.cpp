@@ -135,6 +135,14 @@ std::optional<ReadParcel> ParcelFile::next()
     return std::nullopt;
 }
 
+// With the name by which it was opened, whether or not GDAL lists it.
+std::vector<std::string> ParcelFile::files() const
+{
+    std::vector<std::string> files = files_of(*dataset_);
+    files.push_back(source_.file);
+    return files;
+}
+
 void ParcelFile::refuse_several(const std::string& why) const
 {
     std::string list;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
@@ -44,6 +45,9 @@ public:
 
     /// The layer that the parcels come from.
     OGRLayer& layer() const { return *choice_.layer; }
+
+    /// The files that are read.
+    std::vector<std::string> files() const;
 
     /// Gives up because the file holds several parcels.
     ///

@@ -50,15 +50,15 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) 
 {
     if (!given("--output"))
         return nullptr;
-    return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file.layer());
+    return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file);
 }
 
 // Draws the plan, but does not move it into its place; null if none is asked for.
-std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer) const
+std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer, const ParcelFile& file) const
 {
     if (!given("--plan"))
         return nullptr;
-    std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_);
+    std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_, file.files());
     draw_plan(plan_of(answer), *paper_of(paper_), output->path(), plan_);
     return output;
 }
@@ -78,7 +78,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     if (writer != nullptr)
         writer->add(*read, answer.printed.proven);
-    const std::unique_ptr<PendingOutput> plan = draw(answer);
+    const std::unique_ptr<PendingOutput> plan = draw(answer, file);
     guard.check();
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();

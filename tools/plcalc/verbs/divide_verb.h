@@ -27,7 +27,7 @@ private:
     Output one(ParcelFile& file, const Asked& asked) const;
     void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
     Output many(ParcelFile& file, const Asked& asked) const;
-    std::unique_ptr<PendingOutput> draw(const Answer& answer) const;
+    std::unique_ptr<PendingOutput> draw(const Answer& answer, const ParcelFile& file) const;
 
     bool json_ = false;
     bool overwrite_ = false;

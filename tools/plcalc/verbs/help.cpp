@@ -78,7 +78,7 @@ Options
                         coordinates keep all their digits.
   --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
                         PLAN.png; --paper A3 takes A3 instead of A4
-  --overwrite           replaces files that exist
+  --overwrite           replaces files that exist, but never FILE
   --json                prints JSON with the same numbers
   -h, --help            prints this text
 

@@ -32,9 +32,8 @@ std::vector<fs::path> files_there(const std::string& file)
     if (!fs::exists(file, error))
         return files;
     const GDALDatasetUniquePtr there = open_vector_file(file);
-    const CPLStringList list(there != nullptr ? there->GetFileList() : nullptr);
-    for (int i = 0; i < list.Count(); ++i) {
-        const fs::path path(list[i]);
+    for (const std::string& name : there != nullptr ? files_of(*there) : std::vector<std::string>()) {
+        const fs::path path(name);
         if (path.parent_path() == fs::path(file).parent_path() && path.stem() == fs::path(file).stem())
             files.push_back(path);
     }
@@ -94,9 +93,10 @@ bool DivisionWriter::can_write(const std::string& file)
     return OutputFormat::for_file(file).has_value();
 }
 
-DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source)
-    : file_(file), format_(OutputFormat::for_file(file).value()), output_(file, overwrite)
+DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
+    : file_(file), format_(OutputFormat::for_file(file).value()), output_(file, overwrite, parcels.files())
 {
+    OGRLayer& source = parcels.layer();
     const OGRSpatialReference* const crs =
         is_plane(source.GetSpatialRef()) ? source.GetSpatialRef() : nullptr;
     if (format_.holds_degrees() && crs == nullptr)
@@ -106,7 +106,7 @@ DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, OGRLayer
     require(dataset_ != nullptr);
     if (!format_.holds_two_layers()) {
         lines_file_ = lines_file_of(file_);
-        lines_output_.emplace(lines_file_, overwrite);
+        lines_output_.emplace(lines_file_, overwrite, parcels.files());
         lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
         require(lines_dataset_ != nullptr);
     }

@@ -36,9 +36,9 @@ public:
 
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced
-    /// @param[in] source     where the parcels come from
+    /// @param[in] parcels    where the parcels come from; its files are never replaced
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    DivisionWriter(const std::string& file, bool overwrite, OGRLayer& source);
+    DivisionWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
 
     /// Adds a divided parcel.
     void add(const ReadParcel& read, const plparcel::Division& division);
