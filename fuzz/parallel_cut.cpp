@@ -42,7 +42,7 @@ void check_strip(const CFrazArea& object, const Request& r, const Cut& cut)
     FUZZ_CHECK(fuzz::near(held, fuzz::requested_area(r), fuzz::area_slack(r)));
 }
 
-// The operations that the search is made of, on any line.
+// The private operations that no search calls, on any line.
 void check_private_operations(CFrazArea& object, const Request& r, Reader& in)
 {
     using Inspector = CFrazAreaInspector;
@@ -57,6 +57,11 @@ void check_private_operations(CFrazArea& object, const Request& r, Reader& in)
     PL_PNT2D_record r2 = {};
     FUZZ_CHECK(Inspector::CalcAreaDaPuntoPrimaDiVertice(object, r1, r2));
     FUZZ_CHECK(!(Inspector::AreaParziale(object) < 0.0));
+
+    const std::int32_t points = Inspector::NumPuntiParz(object);
+    Inspector::IncrementaVett(object, q);
+    FUZZ_CHECK(Inspector::NumPuntiParz(object) == points + 1);
+    FUZZ_CHECK(fuzz::same(Inspector::VettParziale(object).back(), q));
 
     const std::size_t n = r.ring.size();
     const std::size_t start = static_cast<std::size_t>(Inspector::IndiceInizio(object));
