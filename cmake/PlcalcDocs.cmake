@@ -1,4 +1,4 @@
-# The target `docs`: the public headers as HTML. A warning is an error: a name without its contract is one.
+# The target `docs` makes HTML of the public headers. A warning, such as for a name without a contract, is an error.
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
   return()

@@ -1,17 +1,17 @@
-# Flags in two interface targets, neither of which an application ever sees:
-#   plcalc_fp        what the bits of the results depend on; library, tests and benchmarks link it
-#   plcalc_warnings  what a maintainer wants to be told
+# Two interface targets with flags. An application sees neither of them:
+#   plcalc_fp        flags on which the bits of the results depend; library, tests and benchmarks link it
+#   plcalc_warnings  warnings for maintainers
 
 add_library(plcalc_fp INTERFACE)
 if(MSVC)
   target_compile_options(plcalc_fp INTERFACE /fp:precise)
 else()
-  # A fused multiply-add rounds once where the results are defined with two roundings. The variable exists so
-  # that scripts/test-targets can prove that the golden vectors notice.
+  # A fused multiply-add rounds once, but the results are defined with two roundings. The variable exists so that
+  # scripts/test-targets can prove that the golden vectors notice such an operation.
   set(PLCALC_FP_CONTRACT off CACHE STRING "Contraction of a*b + c: off, or the results are wrong")
   mark_as_advanced(PLCALC_FP_CONTRACT)
   target_compile_options(plcalc_fp INTERFACE -ffp-contract=${PLCALC_FP_CONTRACT} -fno-fast-math)
-  # Nobody reads errno after a square root; without it the root is one instruction.
+  # Nobody reads errno after a square root. Without errno the root is a single instruction.
   target_compile_options(plcalc_fp INTERFACE -fno-math-errno)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86_64|AMD64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
     # The x87 unit keeps more bits than a double has.

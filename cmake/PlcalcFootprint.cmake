@@ -1,4 +1,4 @@
-# The target `footprint`: what the libraries take on a device without an FPU. Configure with the preset armel:
+# The target `footprint` shows how much room the libraries take on a device without an FPU. Configure with the preset armel:
 # -Os and -fstack-usage. Fails when docs/footprint.md shows other figures.
 if(NOT CMAKE_SYSTEM_PROCESSOR STREQUAL "arm")
   return()

@@ -24,7 +24,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/plcalcConfig.cmake ${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
   DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plutil)
 
-# Relocatable: the prefix is found from where the file lies. A static library says so to its users.
+# The .pc file finds the prefix from its own place, so it may be moved. A static library says so to its users.
 set(PLCALC_PC_DEFINES "")
 set(PLUTIL_PC_DEFINES "")
 set(PLPARCEL_PC_DEFINES "")

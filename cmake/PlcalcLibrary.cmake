@@ -1,4 +1,4 @@
-# How plcalc and plutil are built: one way for both.
+# The libraries are all built in one way.
 
 # plcalc_configure_objects(<object library> <PREFIX>): hidden visibility, exact arithmetic, <PREFIX>_STATIC or
 # <PREFIX>_BUILDING for the export mark.
@@ -9,8 +9,8 @@ function(plcalc_configure_objects target prefix)
     POSITION_INDEPENDENT_CODE ON)
   target_link_libraries(${target} PRIVATE plcalc_fp plcalc_warnings)
   if(NOT MSVC AND NOT EMSCRIPTEN)  # whose compiler refuses the flag, having nothing to put in place
-    # Nobody puts a function of the same name in our functions' place: they may call each other directly, and
-    # be inlined.
+    # Our functions cannot be replaced by others of the same name, so they may call each other directly and be
+    # inlined.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
   endif()
   if(BUILD_SHARED_LIBS)

@@ -1,11 +1,11 @@
-# What the scripts share: set-up of the machine, and saying what happens. Sourced, never run.
+# Functions that the scripts share: they set up the machine and say what happens. Sourced, never run.
 # shellcheck shell=bash
 
 set -euo pipefail
 
 root_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-# What every build needs, and what the command-line program and the tests need on top.
+# Packages that every build needs, and those that the command-line program and the tests need in addition.
 build_packages=(g++ cmake ninja-build pkg-config)
 tool_packages=(libgdal-dev libcli11-dev libcairo2-dev nlohmann-json3-dev)
 test_packages=(clang libgtest-dev librapidcheck-dev libgeos-dev libgmp-dev gdal-bin binutils dpkg-dev file python3 git
@@ -24,7 +24,7 @@ is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-# Runs a command as root: as it is, or through sudo where that asks no password.
+# Runs a command as root, directly or through sudo if that asks for no password.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
         "$@"
@@ -33,8 +33,8 @@ as_root() {
     fi
 }
 
-# ensure_packages <package>...: installs what is missing from Debian's or Ubuntu's packages. Where that is
-# not possible, names what is missing and stops.
+# ensure_packages <package>...: installs the packages that are missing, from Debian or Ubuntu. Where that is not
+# possible, it names them and stops.
 ensure_packages() {
     local missing=() package
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
@@ -57,8 +57,8 @@ ensure_packages() {
         "${missing[@]}" >/dev/null
 }
 
-# Clang with the run-time of its sanitizers and of libFuzzer, which is a package of its own or a part of clang, from
-# one release to the next.
+# Clang with the run-time of its sanitizers and of libFuzzer. Depending on the release, that is a package of its own or
+# a part of clang.
 ensure_clang() {
     ensure_packages clang
     ! echo 'int main() {}' | clang++ -fsanitize=address,undefined -x c++ - -o /dev/null 2>/dev/null || return 0
