@@ -1,6 +1,6 @@
 #pragma once
 
-// Whether a line that divides as asked exists at all, found by trying many, in long double.
+// Whether a line that divides as requested exists at all, found by trying many in long double.
 
 #include "plparcel/division.h"
 

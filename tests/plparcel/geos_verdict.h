@@ -1,6 +1,6 @@
 #pragma once
 
-// What GEOS says of a division: it cuts the ring itself.
+// The verdict of GEOS on a division: it cuts the ring itself.
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-// Rings on a small lattice, where everything that is rare elsewhere happens all the time: vertices level with each
-// other, sides in one line, lines that run through vertices and along sides, rings that touch themselves.
+// Rings on a small lattice, where everything that is rare elsewhere is common: vertices level with each other, sides in
+// one line, lines that run through vertices and along sides, rings that touch themselves.
 
 #include <random>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// How many cases a witness sees, at which coordinates, and what it keeps of them.
+// The number of cases, their coordinates, and the largest differences.
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ int cases();
 /// Random numbers of the witnesses.
 class Random {
 public:
-    /// Every size has a stream of its own, from the printed seed.
+    /// Each size has a stream of its own, made from the printed seed.
     explicit Random(const Size& size) : source_(test::random_source()() + size.stream) {}
 
     std::mt19937_64& source() { return source_; }
@@ -50,10 +50,10 @@ private:
 
 using test::Ring;
 
-/// A random simple ring: half of them random points untangled, half parcels of all kinds; either direction.
+/// A random simple ring, in either direction: half of them are random points untangled, half parcels of all kinds.
 Ring random_ring(Random& random, const Size& size);
 
-/// Largest of what it is told, with the case that gave it.
+/// The largest of the values noted, and the case that gave it.
 class Worst {
 public:
     void note(double value, int index)

@@ -1,7 +1,7 @@
 #pragma once
 
-// GEOS, as far as the witnesses ask it. Everything is exact doubles in and out; GEOS keeps no tolerance in the
-// operations used here.
+// The functions of GEOS that the witnesses call. Doubles go in and out unchanged, and GEOS uses no tolerance in these
+// operations.
 
 #include <geos_c.h>
 

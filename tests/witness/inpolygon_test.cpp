@@ -6,8 +6,8 @@
 //   boundary  the boundary meets the point's parallel to the x axis within 2 * margin(x), or within 1e-7 of
 //             the ray's length, of the point
 //   start     vertex 0 lies inside a run, in line with both neighbours: |dx| <= margin(x) of both, or |dy| <=
-//             margin(y) of both. The walk round the ring does not begin at a corner then, and its answer is
-//             not to be relied on.
+//             margin(y) of both. The walk round the ring then begins at no corner, and its answer is not
+//             reliable.
 
 #include <algorithm>
 #include <cmath>
