@@ -580,7 +580,7 @@ TEST_F(RandomBase, PerpendicularFallsOnTheSegmentExactlyWhenThePointIsBesideIt)
 
 TEST_F(RandomBase, DistanceFromALineIsUnsignedAndItsAnglePointsAwayFromTheLine)
 {
-    constexpr double kRadPerGon = 0.015707963267948966;
+    constexpr double kRadPerGon = 0.015707963267948967;
     for (int i = 0; i < kRounds; ++i) {
         draw_base();
         const PL_PNT2D_record p = point();
@@ -613,7 +613,7 @@ TEST_F(RandomBase, PolarSetOutHasItsAngleAndDistanceAndLeadsBack)
         CalcPtAngDist(&a_, &b_, angle_gon, dist, &p);
         ASSERT_NEAR(std::hypot(p.x - a_.x, p.y - a_.y), dist, 1e-9);
         // Clockwise from the base: the ordinate is to the right for 0 to 200 gon.
-        const double rad = angle_gon * 0.015707963267948966;
+        const double rad = angle_gon * 0.015707963267948967;
         ASSERT_NEAR(static_cast<double>(along(p)), dist * std::cos(rad), 1e-9);
         ASSERT_NEAR(static_cast<double>(across(p)), dist * std::sin(rad), 1e-9);
         PL_PNT2D_record home = {};

@@ -1,9 +1,9 @@
 // Distance of points from arcs, against the distance that GEOS measures to a line string of 4096 chords.
 //
-// A chord lies inside its circle by at most the sagitta. So the two distances differ by that, by rounding, and by two
-// rules of the library. A point just beyond an end of the arc, within the margin, is measured along the radius instead
-// of from the end. And when the two ends are equally far, within 1e-7 of the distance plus one, the library takes the
-// one at end_angle, even if it is farther by that much.
+// A chord lies inside its circle by at most the sagitta. So the two distances differ by that, by rounding, and
+// by two rules of the library. A point just beyond an end of the arc, within the margin, is measured along the
+// radius instead of from the end. And when the two ends are equally far, within 1e-7 of the distance plus one,
+// the library takes the one at end_angle, even if it is farther by that much.
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-// The functions of GEOS that the witnesses call. Doubles go in and out unchanged, and GEOS uses no tolerance in these
-// operations.
+// The functions of GEOS that the witnesses call. Doubles go in and out unchanged, and GEOS uses no tolerance in
+// these operations.
 
 #include <geos_c.h>
 

@@ -1,8 +1,9 @@
 // Where two segments meet, against GEOS, which decides exactly.
 //
-// The library decides with tolerances. Outside their zone both agree. Inside it the library's window is the wider one, so
-// that it never misses a meeting that GEOS finds, except between segments that it takes for parallel. The zone, with t and u the parameters of the two segments and `rounding` the error that doubles
-// can bring into them:
+// The library decides with tolerances. Outside their zone both agree. Inside it the library's window is the
+// wider one, so that it never misses a meeting that GEOS finds, except between segments that it takes for
+// parallel. The zone, with t and u the parameters of the two segments and `rounding` the error that doubles can
+// bring into them:
 //   parallel   |determinant| <= 1e-7 + rounding
 //   end        t or u in [-1e-7 - rounding, rounding] or [1 - rounding, 1 + 2e-7 + rounding]
 // A meeting point is compared where rounding leaves 1e-9 of the extent to it; flatter crossings are counted.

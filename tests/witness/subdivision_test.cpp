@@ -1,9 +1,9 @@
-// GEOS measures the area that a dividing line cuts off a convex parcel: it nodes and polygonises the ring and the line,
-// extended beyond both ends, and measures the piece on the request's side.
+// GEOS measures the area that a dividing line cuts off a convex parcel: it nodes and polygonises the ring and
+// the line, extended beyond both ends, and measures the piece on the request's side.
 //
-// The parcel lies at a local origin. At UTM size its first vertex is subtracted first and added to the line afterwards,
-// as an application should do. The piece holds the request within 1e-6 of it, in the
-// perpendicular cut within 1e-6 of the rest that is cut off one half. These cases are counted and left out:
+// The parcel lies at a local origin. At UTM size its first vertex is subtracted first and added to the line
+// afterwards, as an application should do. The piece holds the request within 1e-6 of it, in the perpendicular
+// cut within 1e-6 of the rest that is cut off one half. These cases are counted and left out:
 //   millimetre  the dividing line, or the perpendicular through the side's middle, passes within
 //               0.001 * sqrt(2) of a vertex: a side counts as met up to 0.001 beyond its ends on each axis
 //   short base  the base line, the side or in the perpendicular cut the perpendicular's part in the parcel, is
