@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "area_by_ends.h"
+#include "meeting_sides.h"
 #include "nearby_ends.h"
-#include "ring_check.h"
 
 namespace plparcel {
 namespace {
@@ -94,7 +94,7 @@ Verdict measure(const MeasuredRing& ring, bool request_after_from, const Target&
     constexpr std::size_t kMinVertices = 3;
     if (cutting.request.size() < kMinVertices || cutting.rest.size() < kMinVertices)
         return Verdict::misses;  // rounded onto a side
-    if (!(got > 0.0) || !(left_over > 0.0) || meets_itself(cutting.request) || meets_itself(cutting.rest))
+    if (!(got > 0.0) || !(left_over > 0.0) || meeting_sides(cutting.request) || meeting_sides(cutting.rest))
         return Verdict::leaves_the_parcel;
     return holds(got, target.asked, target) && holds(left_over, target.rest, target) ? Verdict::divides
                                                                                      : Verdict::misses;

@@ -31,6 +31,13 @@ LevelCut::LevelCut(const LocalRing& ring, const LevelRequest& request)
         sum = sum + cross(frame_[i], frame_at(i + 1));
     }
     twice_area_.push_back(sum);
+    for (std::size_t i = 0; i < frame_.size(); ++i) {
+        const bool rises = frame_[i].y < frame_at(i + 1).y;
+        low_ends_.push_back(rises ? frame_[i].y : frame_at(i + 1).y);
+        high_ends_.push_back(rises ? frame_at(i + 1).y : frame_[i].y);
+    }
+    std::sort(low_ends_.begin(), low_ends_.end());
+    std::sort(high_ends_.begin(), high_ends_.end());
 }
 
 WidePoint LevelCut::on_side(std::size_t side, const Wide& level) const
@@ -101,18 +108,19 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
     return true;
 }
 
-// At the level of a vertex, whether lines just above or just below do, as far as they lie in the trapezium.
+// At the level of a vertex, whether lines just above or just below do, as far as they lie in the trapezium. A line
+// meets as many sides as have begun and not ended.
 bool LevelCut::meets_twice_only(const Trapezium& trapezium, const Wide& level) const
 {
-    int below = 0;
-    int above = 0;
-    for (std::size_t i = 0; i < frame_.size(); ++i) {
-        const Wide& a = frame_[i].y;
-        const Wide& b = frame_at(i + 1).y;
-        below += (a < level) != (b < level) ? 1 : 0;
-        above += (a > level) != (b > level) ? 1 : 0;
-    }
-    return (below == 2 && trapezium.low < level) || (above == 2 && level < trapezium.high);
+    const auto up_to = [&level](const std::vector<Wide>& levels) {
+        return std::upper_bound(levels.begin(), levels.end(), level) - levels.begin();
+    };
+    const auto below = [&level](const std::vector<Wide>& levels) {
+        return std::lower_bound(levels.begin(), levels.end(), level) - levels.begin();
+    };
+    const bool just_below = below(low_ends_) - below(high_ends_) == 2;
+    const bool just_above = up_to(low_ends_) - up_to(high_ends_) == 2;
+    return (just_below && trapezium.low < level) || (just_above && level < trapezium.high);
 }
 
 // Of two that are alike, the lower one, or the one on the left.

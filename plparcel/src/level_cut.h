@@ -66,6 +66,8 @@ private:
     LevelRequest request_;
     std::vector<WidePoint> frame_;  // x along the lines, y the level; both times the length of `up`
     std::vector<Wide> twice_area_;  // entry i: sum of cross(i, i + 1) over the vertices before i
+    std::vector<Wide> low_ends_;    // levels at which sides begin, in order
+    std::vector<Wide> high_ends_;   // and at which they end
     Wide up2_;                      // areas are multiplied by it on the way into the frame
 };
 

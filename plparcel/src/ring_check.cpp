@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <optional>
 #include <utility>
 
 #include "local_ring.h"
+#include "meeting_sides.h"
 #include "plcalc/survey.h"
 #include "plutil/plutil.h"
 #include "wide.h"
@@ -25,81 +26,22 @@ bool all_finite(const Ring& ring)
                        [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
-// Left of a-b above zero, right below.
-Wide side_of(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
-{
-    return cross(from_to(a, b), from_to(a, p));
-}
-
-int sign(const Wide& v)
-{
-    return v > 0.0 ? 1 : (v < 0.0 ? -1 : 0);
-}
-
 bool is_collinear(const Ring& ring)
 {
     return std::all_of(ring.begin(), ring.end(),
-                       [&ring](const PL_PNT2D_record& p) { return sign(side_of(ring[0], ring[1], p)) == 0; });
+                       [&ring](const PL_PNT2D_record& p) { return side_sign(ring[0], ring[1], p) == 0; });
+}
+
+// Told by its box, where products of coordinates may not be.
+bool is_thin(const Extent& extent)
+{
+    return !(std::min(extent.width(), extent.height()) / extent.largest() > kThinnest);
 }
 
 bool is_thin(const MeasuredRing& ring)
 {
     const double extent = ring.extent().largest();
     return !(ring.area() / extent / extent > kThinnest);
-}
-
-bool in_box(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
-{
-    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
-           p.y <= std::max(a.y, b.y);
-}
-
-// Whether two numbers and what lies between them come within reach of two others.
-bool spans_meet(double a, double b, double c, double d, double reach)
-{
-    return std::max(std::min(a, b), std::min(c, d)) <= std::min(std::max(a, b), std::max(c, d)) + reach;
-}
-
-// Two sides without a common vertex.
-bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
-                   const PL_PNT2D_record& d)
-{
-    if (!boxes_meet(a, b, c, d, 0.0))
-        return false;
-    const int c_side = sign(side_of(a, b, c));
-    const int d_side = sign(side_of(a, b, d));
-    const int a_side = sign(side_of(c, d, a));
-    const int b_side = sign(side_of(c, d, b));
-    if (c_side * d_side < 0 && a_side * b_side < 0)
-        return true;
-    return (c_side == 0 && in_box(a, b, c)) || (d_side == 0 && in_box(a, b, d)) ||
-           (a_side == 0 && in_box(c, d, a)) || (b_side == 0 && in_box(c, d, b));
-}
-
-// Neighbours share a vertex. Where the second runs back along the first, its end lies on the first or the first's
-// start on it, and a side that begins or ends there meets one of the two.
-bool pair_meets(const MeasuredRing& ring, std::size_t i, std::size_t j)
-{
-    const std::size_t n = ring.size();
-    if (j == (i + 1) % n || i == (j + 1) % n)
-        return false;
-    return segments_meet(ring[i], ring.at(i + 1), ring[j], ring.at(j + 1));
-}
-
-using Axis = double PL_PNT2D_record::*;
-
-// Along which the sides are shorter beside the ring's extent, so that fewer of them lie beside each other: a comb
-// whose teeth lie along x has all of them beside each other there.
-Axis axis_of_short_sides(const MeasuredRing& ring)
-{
-    double along_x = 0.0;
-    double along_y = 0.0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        along_x += std::fabs(ring.at(i + 1).x - ring[i].x);
-        along_y += std::fabs(ring.at(i + 1).y - ring[i].y);
-    }
-    const Extent& extent = ring.extent();
-    return along_x * extent.height() <= along_y * extent.width() ? &PL_PNT2D_record::x : &PL_PNT2D_record::y;
 }
 
 // The side's index in the ring as it was handed over.
@@ -121,11 +63,11 @@ BoundaryStatus status_of(const CleanRing& clean, RingReport& report)
         return BoundaryStatus::too_few_vertices;
     if (!is_workable(ring.extent().largest()))
         return BoundaryStatus::out_of_range;
-    if (is_collinear(ring.ring()))
+    if (is_thin(ring.extent()) || is_collinear(ring.ring()))
         return BoundaryStatus::flat;
-    if (sides_meet(ring, report.meeting_sides[0], report.meeting_sides[1])) {
-        for (std::size_t& side : report.meeting_sides)
-            side = side_as_given(clean, side);
+    if (const std::optional<SidePair> met = meeting_sides(ring)) {
+        report.meeting_sides[0] = side_as_given(clean, met->one);
+        report.meeting_sides[1] = side_as_given(clean, met->other);
         std::sort(report.meeting_sides, report.meeting_sides + 2);
         return BoundaryStatus::meets_itself;
     }
@@ -142,43 +84,6 @@ double perimeter_of(const Ring& ring)
 }
 
 }  // namespace
-
-bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
-                const PL_PNT2D_record& d, double reach)
-{
-    return spans_meet(a.x, b.x, c.x, d.x, reach) && spans_meet(a.y, b.y, c.y, d.y, reach);
-}
-
-// Sides in the order of their western ends, or of their southern ones: each is held against those that begin before
-// it ends.
-bool sides_meet(const MeasuredRing& ring, std::size_t& side1, std::size_t& side2)
-{
-    const Axis axis = axis_of_short_sides(ring);
-    const auto low = [&](std::size_t i) { return std::min(ring[i].*axis, ring.at(i + 1).*axis); };
-    const auto high = [&](std::size_t i) { return std::max(ring[i].*axis, ring.at(i + 1).*axis); };
-    std::vector<std::size_t> order(ring.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&low](std::size_t i, std::size_t j) { return low(i) < low(j); });
-    for (std::size_t k = 0; k < order.size(); ++k) {
-        const double end = high(order[k]);
-        for (std::size_t m = k + 1; m < order.size() && low(order[m]) <= end; ++m) {
-            if (!pair_meets(ring, order[k], order[m]))
-                continue;
-            side1 = order[k];
-            side2 = order[m];
-            return true;
-        }
-    }
-    return false;
-}
-
-bool meets_itself(const MeasuredRing& ring)
-{
-    std::size_t side1 = 0;
-    std::size_t side2 = 0;
-    return sides_meet(ring, side1, side2);
-}
 
 CleanRing without_repeats(const Ring& ring)
 {

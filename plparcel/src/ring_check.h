@@ -20,20 +20,6 @@ struct CleanRing {
 
 CleanRing without_repeats(const Ring& ring);
 
-/// Whether the upright boxes of a-b and c-d come within reach of each other: asked first, since most sides and
-/// vertices are nowhere near.
-bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
-                const PL_PNT2D_record& d, double reach);
-
-/// Whether two sides of a ring without repeats meet elsewhere than at a common vertex. Decided with
-/// 106 bits on the differences of coordinates: exactly wherever those are doubles.
-///
-/// @param[out] side1, side2  two such sides, in no order; written only when true is returned
-bool sides_meet(const MeasuredRing& ring, std::size_t& side1, std::size_t& side2);
-
-/// The same without the sides.
-bool meets_itself(const MeasuredRing& ring);
-
 /// Says whether a ring can be worked on, and what it measures.
 RingReport report_on(const CleanRing& clean);
 

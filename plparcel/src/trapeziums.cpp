@@ -1,20 +1,72 @@
 #include "trapeziums.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <numeric>
+#include <set>
 
 namespace plparcel {
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+// Where a side is at a level, and how far off that may be.
+struct Rough {
+    double along;
+    double error;
+};
+
+Rough rough_along(const std::vector<WidePoint>& ring, std::size_t side, double level)
+{
+    constexpr double kRoundings = 4e-15;  // more than a dozen of 1.1e-16 each
+    const WidePoint& a = ring[side];
+    const WidePoint& b = around(ring, side + 1);
+    const double run = b.x.hi - a.x.hi;
+    const double rise = b.y.hi - a.y.hi;
+    const double levels = std::fabs(level) + std::fabs(a.y.hi) + std::fabs(b.y.hi);
+    return {a.x.hi + run * ((level - a.y.hi) / rise),
+            kRoundings * (std::fabs(a.x.hi) + std::fabs(b.x.hi) + std::fabs(run / rise) * levels)};
+}
+
+// Sides that a line at a level meets, from left to right. The level may grow as long as they are met.
+class IsLeftOf {
+public:
+    IsLeftOf(const std::vector<WidePoint>& ring, const Wide& level) : ring_(&ring), level_(&level) {}
+
+    bool operator()(std::size_t a, std::size_t b) const
+    {
+        const Rough rough_a = rough_along(*ring_, a, level_->hi);
+        const Rough rough_b = rough_along(*ring_, b, level_->hi);
+        if (std::fabs(rough_a.along - rough_b.along) > rough_a.error + rough_b.error)
+            return rough_a.along < rough_b.along;
+        return along_at(*ring_, a, *level_) < along_at(*ring_, b, *level_);
+    }
+
+private:
+    const std::vector<WidePoint>* ring_;
+    const Wide* level_;
+};
+
+bool runs_anticlockwise(const std::vector<WidePoint>& ring)
+{
+    Wide twice;
+    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
+        twice = twice + cross(ring[i] - ring[0], ring[i + 1] - ring[0]);
+    return twice > 0.0;
+}
+
 // Goes through the levels upwards. Between two neighbouring ones a line meets the same sides in the same order;
-// only at vertices do sides come and go.
+// only at vertices do sides come and go, and only the trapeziums beside them begin and end.
 class Sweep {
 public:
     explicit Sweep(const std::vector<WidePoint>& ring)
-        : ring_(ring), has_joined_(ring.size()), right_of_(ring.size(), kNone)
+        : ring_(ring), anticlockwise_(runs_anticlockwise(ring)), row_(IsLeftOf(ring, level_)),
+          place_(ring.size(), row_.end()), open_(ring.size(), kNone)
     {}
+
+    Sweep(const Sweep&) = delete;
+    Sweep& operator=(const Sweep&) = delete;
 
     std::vector<Trapezium> run()
     {
@@ -28,16 +80,20 @@ public:
             const Wide middle = low + (high - low) * 0.5;
             if (!(low < middle) || !(middle < high))
                 continue;
-            pass(sides, middle);
-            sides.clear();
+            leave(sides, low);
+            level_ = middle;
+            join(sides);
             pair_up(low);
+            sides.clear();
         }
-        row_.clear();
-        pair_up(ring_[order.back()].y);
+        for (const std::size_t side : row_)
+            close(side, ring_[order.back()].y);
         return std::move(found_);
     }
 
 private:
+    using Row = std::multiset<std::size_t, IsLeftOf>;
+
     std::vector<std::size_t> upwards() const
     {
         std::vector<std::size_t> order(ring_.size());
@@ -47,62 +103,79 @@ private:
         return order;
     }
 
-    // The sides at some vertices: those that have joined the row end there and leave it. Only then, with none in it
-    // that ends below, those that begin there join it.
-    void pass(const std::vector<std::size_t>& sides, const Wide& above)
+    // Whether the inside lies on a side's right. An anticlockwise boundary runs downwards there.
+    bool is_left(std::size_t side) const
     {
-        const auto is_met = [&](std::size_t side) {
-            return (ring_[side].y < above) != (around(ring_, side + 1).y < above);
-        };
+        return (around(ring_, side + 1).y < ring_[side].y) == anticlockwise_;
+    }
+
+    // Sides in the row that end at a level.
+    void leave(const std::vector<std::size_t>& sides, const Wide& level)
+    {
         for (const std::size_t side : sides) {
-            if (!has_joined_[side])
+            if (place_[side] == row_.end())
                 continue;
-            row_.erase(std::find(row_.begin(), row_.end(), side));
-        }
-        for (const std::size_t side : sides) {
-            if (!is_met(side))
-                continue;
-            row_.insert(place_of(side, above), side);
-            has_joined_[side] = true;
+            if (is_left(side))
+                close(side, level);
+            const Row::iterator next = row_.erase(place_[side]);
+            place_[side] = row_.end();
+            if (next != row_.begin())
+                touched_.push_back(*std::prev(next));
         }
     }
 
-    std::vector<std::size_t>::iterator place_of(std::size_t side, const Wide& level)
+    // Only then, with none in the row that ends below, those that begin.
+    void join(const std::vector<std::size_t>& sides)
     {
-        return std::lower_bound(
-            row_.begin(), row_.end(), along_at(ring_, side, level),
-            [&](std::size_t other, const Wide& along) { return along_at(ring_, other, level) < along; });
+        for (const std::size_t side : sides) {
+            if ((ring_[side].y < level_) == (around(ring_, side + 1).y < level_))
+                continue;
+            place_[side] = row_.insert(side);
+            touched_.push_back(side);
+        }
+        const std::size_t joined = touched_.size();
+        for (std::size_t i = 0; i < joined; ++i) {
+            const Row::iterator place = place_[touched_[i]];
+            if (place != row_.end() && place != row_.begin())
+                touched_.push_back(*std::prev(place));
+        }
     }
 
-    // Trapeziums whose sides are neighbours no more end at a level, those of new neighbours begin.
+    // Of the left sides beside which something came or went: a trapezium whose right side is another one now ends at
+    // the level, and one with that side begins.
     void pair_up(const Wide& level)
     {
-        for (std::size_t i = 0; i + 1 < row_.size(); i += 2)
-            right_of_[row_[i]] = row_[i + 1];
-        std::vector<std::size_t> open;
-        for (const std::size_t index : open_) {
-            Trapezium& trapezium = found_[index];
-            trapezium.high = level;
-            if (right_of_[trapezium.left] != trapezium.right)
+        touched_.erase(
+            std::remove_if(touched_.begin(), touched_.end(),
+                           [this](std::size_t side) { return place_[side] == row_.end() || !is_left(side); }),
+            touched_.end());
+        std::sort(touched_.begin(), touched_.end(), IsLeftOf(ring_, level_));
+        for (const std::size_t side : touched_) {
+            const Row::iterator next = std::next(place_[side]);
+            if (next == row_.end() || (open_[side] != kNone && found_[open_[side]].right == *next))
                 continue;
-            right_of_[trapezium.left] = kNone;
-            open.push_back(index);
+            close(side, level);
+            open_[side] = found_.size();
+            found_.push_back({side, *next, level, level});
         }
-        for (std::size_t i = 0; i + 1 < row_.size(); i += 2) {
-            if (right_of_[row_[i]] == kNone)
-                continue;
-            right_of_[row_[i]] = kNone;
-            open.push_back(found_.size());
-            found_.push_back({row_[i], row_[i + 1], level, level});
-        }
-        open_ = std::move(open);
+        touched_.clear();
+    }
+
+    void close(std::size_t left, const Wide& level)
+    {
+        if (open_[left] == kNone)
+            return;
+        found_[open_[left]].high = level;
+        open_[left] = kNone;
     }
 
     const std::vector<WidePoint>& ring_;
-    std::vector<std::size_t> row_;       // the sides that a line meets, from left to right
-    std::vector<bool> has_joined_;       // by side
-    std::vector<std::size_t> right_of_;  // by left side, while pairing up
-    std::vector<std::size_t> open_;      // those of found_ that reach up to the row
+    bool anticlockwise_;
+    Wide level_;                        // at which the row is in order
+    Row row_;                           // the sides that a line meets, from left to right
+    std::vector<Row::iterator> place_;  // of each side in the row, or its end
+    std::vector<std::size_t> open_;     // by left side: that of found_ which reaches up to the row
+    std::vector<std::size_t> touched_;  // sides beside which something came or went since the last pairing
     std::vector<Trapezium> found_;
 };
 

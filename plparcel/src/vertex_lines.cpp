@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "visibility.h"
+
 namespace plparcel {
 namespace {
 
@@ -32,25 +34,39 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
 {
     const WidePoint& start = ring.at(vertex);
     const std::size_t n = ring.size();
-    std::vector<Chord> lines;
+    std::vector<Sight> ends;
+    std::vector<bool> beside;
     Wide swept;  // up to the side's first end
     for (std::size_t k = 1; k + 1 < n; ++k) {
-        const WidePoint& a = ring.at(vertex + k);
-        const WidePoint& b = ring.at(vertex + k + 1);
-        const Wide triangle = cross(a - start, b - start) * (0.5 * turn);
+        const Wide triangle =
+            cross(ring.at(vertex + k) - start, ring.at(vertex + k + 1) - start) * (0.5 * turn);
         const Wide missing = after_from - swept;
         const double rim = kRim * (std::fabs(swept.hi) + std::fabs(triangle.hi));
         swept = swept + triangle;
         const Part part = part_of(missing, triangle);
-        Chord line;
-        line.beside_the_amount = part.outside > rim;
-        if (line.beside_the_amount && part.outside > granted)
+        const bool is_beside = part.outside > rim;
+        if (is_beside && part.outside > granted)
             continue;
+        ends.push_back({k, part.part});
+        beside.push_back(is_beside);
+    }
+    if (ends.empty())
+        return {};
+
+    const std::vector<bool> seen = seen_from(ring, turn, vertex, ends);
+    std::vector<Chord> lines;
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        if (!seen[i])
+            continue;
+        const WidePoint& a = ring.at(vertex + ends[i].side);
+        const WidePoint& b = ring.at(vertex + ends[i].side + 1);
+        Chord line;
         line.from = start;
-        line.to = a + (b - a) * part.part;
+        line.to = a + (b - a) * ends[i].part;
         line.from_side = vertex;
-        line.to_side = (vertex + k) % n;
+        line.to_side = (vertex + ends[i].side) % n;
         line.from_vertex = true;
+        line.beside_the_amount = beside[i];
         lines.push_back(line);
     }
     return lines;

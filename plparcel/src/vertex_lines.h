@@ -18,8 +18,9 @@ namespace plparcel {
 /// @param[in] vertex      where the line starts
 /// @param[in] after_from  area next to the side after the vertex, local units
 /// @param[in] granted     by how much a line may miss it, local units
-/// @return the lines to all such points, and to the vertices that miss the area by no more than is granted, in the
-///         order of the sides. Those that leave the parcel are among them.
+/// @return the lines to all such points, and to the vertices that miss the area by no more than is granted, in the order of
+///         the sides. Those that a side stands before are left out, those that touch the boundary on
+///         their way may be among them.
 std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
                                      const Wide& after_from, const Wide& granted);
 

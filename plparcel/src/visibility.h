@@ -1,0 +1,27 @@
+#pragma once
+
+// What of a ring is seen from one of its vertices.
+
+#include <cstddef>
+#include <vector>
+
+#include "local_ring.h"
+#include "wide.h"
+
+namespace plparcel {
+
+/// A place on a side, counted from the vertex that looks: side k runs from the k-th vertex after it to the next.
+struct Sight {
+    std::size_t side = 0;
+    Wide part;  ///< 0 at the side's first end, 1 at the other: a vertex is given by exactly these
+};
+
+/// Which of some places a vertex sees: those to which a straight line meets no other side on its way. One sweep of a
+/// ray around the vertex. Lines that touch a vertex on their way may be among them.
+///
+/// @param[in] turn  1 when the ring runs anticlockwise, -1 clockwise
+/// @return one entry a place
+std::vector<bool> seen_from(const LocalRing& ring, double turn, std::size_t vertex,
+                            const std::vector<Sight>& places);
+
+}  // namespace plparcel
