@@ -188,6 +188,52 @@ TEST_F(Messages, PointsAreOneParcel)
                          "points.csv: its rows are the vertices of one parcel; leave --where out"));
 }
 
+// Two lots one after the other would be one parcel of six vertices.
+TEST_F(Messages, ATableOfSeveralParcels)
+{
+    struct Row {
+        const char* what;
+        const char* table;
+        const char* text;
+    };
+    const char* const advice =
+        "; save each parcel in a file of its own, or remove the column if it says nothing "
+        "about parcels";
+    const Row kSeveral[] = {
+        {"lots one after the other", "lot,E,N\nA,0,0\nA,9,0\nA,9,9\nB,20,0\nB,29,0\nB,29,9\n",
+         "row 4: lot changes from 'A' to 'B', as if another parcel began"},
+        {"the id of the lots", "E,N,id\n0,0,1\n9,0,1\n9,9,1\n20,0,2\n29,0,2\n29,9,2\n",
+         "row 4: id changes from '1' to '2', as if another parcel began"},
+        {"a name in the first row of each", "name,E,N\nA,0,0\n,9,0\n,9,9\nB,20,0\n,29,0\n,29,9\n",
+         "row 2: name changes from 'A' to '', as if another parcel began"},
+        {"lots in turns", "plot,E,N\nA,0,0\nB,9,0\nA,9,9\nB,0,9\n",
+         "row 2: plot changes from 'A' to 'B', as if another parcel began"},
+    };
+    for (const Row& row : kSeveral) {
+        SCOPED_TRACE(row.what);
+        write("lots.csv", row.table);
+        EXPECT_TRUE(test::fails_with(divide("lots.csv", "--vertex 1 --area 5"), 3,
+                                     std::string("lots.csv: ") + row.text + advice));
+    }
+}
+
+TEST_F(Messages, ATableOfOneParcelWithMoreColumns)
+{
+    const char* const kOne[] = {
+        "lot,E,N\nA,0,0\nA,9,0\nA,9,9\n",                              // one lot
+        "id,E,N\n1,0,0\n2,9,0\n3,9,9\n",                               // numbers of points
+        "point,E,N\n1,0,0\n2,9,0\n3,9,9\n1,0,0\n",                     // closed with the first
+        "P,N,E,Z,code\n1,0,0,5,stone\n2,0,9,5,stone\n3,9,9,6,nail\n",  // heights and marks
+        "E,N,Height,Description\n0,0,5.1,a\n9,0,5.1,a\n9,9,5.2,b\n",   // the same, in words
+    };
+    for (const char* table : kOne) {
+        SCOPED_TRACE(table);
+        write("lot.csv", table);
+        const test::Result run = divide("lot.csv", "--vertex 1 --area 5");
+        EXPECT_EQ(run.status, 0) << run.err;
+    }
+}
+
 // ----------------------------------------------------------------------------------------- unusable input: 3
 
 struct GeometryRow {

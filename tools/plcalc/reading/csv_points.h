@@ -25,7 +25,9 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 /// The rows as points, in the file's order.
 ///
 /// @param[in] file  the file, for messages
-/// @throws Failure  unusable_input for a row without a number in both columns. A comma before the decimals is
+/// @throws Failure  unusable_input for a row without a number in both columns, and for a table that seems to hold
+///                  several parcels: one in which another column changes, and has a value more than once. Columns
+///                  of heights, codes and descriptions may do so. A comma before the decimals is
 ///                  refused rather than guessed at: 1,250 is one thing here and another there.
 std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns, const Place& file);
 
