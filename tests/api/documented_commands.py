@@ -39,7 +39,7 @@ ELSEWHERE = {
 SCRIPTS = ("scripts/", ".ci/")
 PROGRAMS = ("cmake ", "ctest ", "python3 ", "pkg-config ", "man ", "valgrind ", "ogr2ogr ")
 FOLDERS = ("build/", "tests/", "fuzz/", "bench/", "examples/")
-PLACEHOLDER = re.compile(r"<[^<>]+>|\[[^\[\]]*\]?|…|\.\.\.|(?<![-\w])(N|DIR|FILE)\b")
+PLACEHOLDER = re.compile(r"<[^<>]+>|\[[^\[\]]*\]?|…|\.\.\.|(?<![-\w])(N|DIR|FILE|VERB|NAME)\b")
 
 # As many cases as show that it runs.
 SMALL = (("accuracy 20261121 10000", "accuracy 20261121 20"), ("PLCALC_WITNESS_CASES=100000", "PLCALC_WITNESS_CASES=20"))
