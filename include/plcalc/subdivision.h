@@ -102,8 +102,8 @@ public:
     /// Exactness   See the class. The bits do not depend on what other objects have done, nor on what this one
     ///             has done, except in a second call.
     ///
-    /// Memory, for n vertices: the object keeps 52 bytes per vertex. While a search runs, it takes about 200
-    /// more per vertex in modes 0 and 1, and 60 more in mode 2, on 64-bit machines. std::bad_alloc is the only
+    /// Memory, for n vertices: the object keeps 52 bytes per vertex. While a search runs, it takes up to 200
+    /// more per vertex in modes 0 and 1, and up to 60 more in mode 2, on 64-bit machines. std::bad_alloc is the only
     /// exception that may be thrown; after it the object can only be destroyed.
     ///
     /// Time, for n vertices: mode 2 turns at most 49 rays. Each compares every direction once and meets only

@@ -36,12 +36,12 @@ Meeting meeting_near(const Shape& shape, const Point& a, const Point& b, const P
 
 long double cross(const Point& o, const Point& p, const Point& q)
 {
-    return (p.x - o.x) * (q.y - o.y) - (p.y - o.y) * (q.x - o.x);
+    return cross({p.x - o.x, p.y - o.y}, {q.x - o.x, q.y - o.y});
 }
 
 Point local(const std::vector<PL_PNT2D_record>& ring, const PL_PNT2D_record& p)
 {
-    return {static_cast<long double>(p.x) - ring[0].x, static_cast<long double>(p.y) - ring[0].y};
+    return from_to(ring[0], p);
 }
 
 Shape shape_of(const std::vector<PL_PNT2D_record>& ring)
@@ -58,7 +58,7 @@ long double area(const Shape& shape)
     for (std::size_t i = 0; i < shape.size(); ++i) {
         const Point& p = shape[i];
         const Point& q = shape[(i + 1) % shape.size()];
-        twice += p.x * q.y - q.x * p.y;
+        twice += cross(p, q);
     }
     return std::fabs(twice) / 2.0L;
 }
@@ -69,7 +69,7 @@ long double perimeter(const Shape& shape)
     for (std::size_t i = 0; i < shape.size(); ++i) {
         const Point& p = shape[i];
         const Point& q = shape[(i + 1) % shape.size()];
-        sum += std::hypot(q.x - p.x, q.y - p.y);
+        sum += length({q.x - p.x, q.y - p.y});
     }
     return sum;
 }

@@ -4,14 +4,11 @@
 
 #include <vector>
 
-#include "plcalc/kernel.h"
+#include "support/measures.h"
 
 namespace test {
 
-struct Point {
-    long double x, y;
-};
-
+using Point = Vector;
 using Shape = std::vector<Point>;
 
 /// Twice the area of the triangle o p q, positive anticlockwise.
