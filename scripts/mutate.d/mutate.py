@@ -4,6 +4,7 @@ import argparse
 import collections
 import queue
 import random
+import signal
 import sys
 import threading
 from pathlib import Path
@@ -223,6 +224,8 @@ def write_results(run, path):
 
 
 def main():
+    # Where Ctrl-C was ignored when this was started, it would be by all tests, and some of them press it.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     chosen = arguments()
     try:
         known = unseen.read(LIST)

@@ -97,6 +97,9 @@ struct Row {
 // The second piece of a square is what is left: a height of request over side, to so many decimals.
 const Row kRows[] = {
     {"a hectare, to the tenth of a millimetre", 100, asked(Cut::parallel, 1, 1234.567), 4},
+    {"fifty across: 2e-6 of it is the fourth decimal", 50, asked(Cut::parallel, 1, 1000), 4},
+    {"a hair less", 49.999, asked(Cut::parallel, 1, 999.98), 5},
+    {"forty across", 40, asked(Cut::parallel, 1, 800), 5},
     {"four decimals miss by a millionth and a half", 10, asked(Cut::parallel, 1, 12.34567), 5},
     {"four decimals hold it, yet may turn another line", 10, asked(Cut::parallel, 1, 12.5), 5},
     {"a tenth across", 0.1, asked(Cut::parallel, 1, 0.0012345), 7},

@@ -1,6 +1,7 @@
 // The plan: its scale to the dot, what is where on the sheet, labels that do not cover each other, and files that
 // are whole or not there.
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -86,6 +87,24 @@ TEST(PlanLayout, EveryParcelFitsWithRoomForItsLabels)
                 EXPECT_LE(low.y, layout.drawing().bottom - room);
                 EXPECT_GE(high.y, layout.drawing().top + room);
             }
+        }
+    }
+}
+
+TEST(PlanLayout, WhereAnOblongParcelBeginsMakesNoDifference)
+{
+    for (const double height : {80.0, 500.0}) {
+        plparcel::Ring ring = {{0, 0}, {200, 0}, {200, height}, {0, height}};
+        const PlanLayout first(ring, 1.0, Paper::a4, kFoot);
+        EXPECT_EQ(first.sheet().x > first.sheet().y, height < 200.0);
+        for (std::size_t i = 1; i < ring.size(); ++i) {
+            std::rotate(ring.begin(), ring.begin() + 1, ring.end());
+            const PlanLayout other(ring, 1.0, Paper::a4, kFoot);
+            EXPECT_EQ(other.sheet().x, first.sheet().x);
+            EXPECT_EQ(other.sheet().y, first.sheet().y);
+            EXPECT_EQ(other.denominator(), first.denominator());
+            EXPECT_EQ(other.at({0, 0}).x, first.at({0, 0}).x);
+            EXPECT_EQ(other.at({0, 0}).y, first.at({0, 0}).y);
         }
     }
 }

@@ -178,7 +178,9 @@ TEST_F(Many, TheOppositeSide)
     };
     for (const Row& row : {Row{"--parallel 1", "cut off, beyond the line from side 1", 100, 50},
                            {"--perpendicular 1", "cut off, behind towards vertex 1", 1000.0 / 60, 60},
-                           {"--vertex 1", "cut off, along side 4", 1000.0 / 30, 60}}) {
+                           {"--vertex 1", "cut off, along side 4", 1000.0 / 30, 60},
+                           {"--vertex 3", "cut off, along side 2", 100.0 - 1000.0 / 30, 0},
+                           {"--vertex 4", "cut off, along side 3", 100, 40}}) {
         SCOPED_TRACE(row.cut);
         const test::Result run = divide("lot.csv", std::string(row.cut) + " --area 1000 --opposite");
         ASSERT_EQ(run.status, 0) << run.err;
