@@ -96,6 +96,7 @@ TEST(Amounts, AreRefusedWithTheOneAtFault)
         {"a share of a NaN", {share(1, kNan)}, 0, Status::unusable_amount},
         {"a product with a NaN", {product(3, kNan)}, 0, Status::unusable_amount},
         {"a length without end", {product(3, kInf)}, 0, Status::amount_too_large},
+        {"a length that no one means", {product(1e-200, 2e200)}, 0, Status::amount_too_large},
         {"a share of nothing", {share(0, 3)}, 0, Status::amount_too_small},
         {"a share of less than nothing", {share(1, -3)}, 0, Status::unusable_amount},
         {"a share without end", {share(kInf, 3)}, 0, Status::amount_too_large},
