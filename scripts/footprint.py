@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints, in Markdown, the stripped size of libraries and the largest stack frames of their functions.
 
-    footprint.py --strip STRIP --build FOLDER [--document FILE] LIBRARY...
+    footprint.py --strip STRIP --build FOLDER [--document FILE [--write]] LIBRARY...
 
 FOLDER holds the compiler's .su files. Ends with status 1 when the tables of the document are others.
 """
@@ -58,15 +58,20 @@ def main():
     parser.add_argument("--strip", required=True)
     parser.add_argument("--build", required=True)
     parser.add_argument("--document", type=pathlib.Path)
+    parser.add_argument("--write", action="store_true", help="put the tables into the document")
     parser.add_argument("libraries", nargs="+")
     options = parser.parse_args()
 
     lines = list(tables(options))
     print("\n".join(lines))
-    if options.document:
-        shown = [line for line in options.document.read_text(encoding="utf-8").splitlines() if line.startswith("|")]
-        if shown != [line for line in lines if line]:
-            sys.exit(f"{options.document} shows other figures: put those above in their place")
+    if not options.document:
+        return
+    text = options.document.read_text(encoding="utf-8")
+    measured = re.sub(r"(^\|.*\n)(^(\||$).*\n)*(?<=\|\n)", "\n".join(lines) + "\n", text, count=1, flags=re.MULTILINE)
+    if options.write:
+        options.document.write_text(measured, encoding="utf-8")
+    elif measured != text:
+        sys.exit(f"{options.document} shows other figures: build footprint_document, and look at what changed")
 
 
 if __name__ == "__main__":
