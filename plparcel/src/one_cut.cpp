@@ -14,13 +14,6 @@
 namespace plparcel {
 namespace {
 
-// A vector of the same direction, its longer component 1 to 2.
-WidePoint about_unit(const WidePoint& v)
-{
-    const int exponent = std::ilogb(std::fmax(std::fabs(v.x.value()), std::fabs(v.y.value())));
-    return {scaled(v.x, -exponent), scaled(v.y, -exponent)};
-}
-
 // Where a reference runs, as levels see it: across the lines, and into the parcel when the lines go with its
 // side.
 WidePoint up_direction(const Stage& stage, const Reference& reference, double turn)

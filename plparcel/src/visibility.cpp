@@ -93,13 +93,6 @@ private:
     WidePoint first_;
 };
 
-// Of the same direction, its longer component 1 to 2.
-WidePoint about_unit(const WidePoint& v)
-{
-    const int exponent = std::ilogb(std::fmax(std::fabs(v.x.hi), std::fabs(v.y.hi)));
-    return {scaled(v.x, -exponent), scaled(v.y, -exponent)};
-}
-
 // Turns a ray around the vertex, from the side after it to the side before it, with the sides that it meets in
 // their order: the first one is what is seen.
 class RaySweep {

@@ -154,6 +154,13 @@ inline Wide dot(const WidePoint& a, const WidePoint& b)
     return a.x * b.x + a.y * b.y;
 }
 
+/// The same direction, the longer component 1 to 2; exact.
+inline WidePoint about_unit(const WidePoint& v)
+{
+    const int exponent = std::ilogb(std::fmax(std::fabs(v.x.value()), std::fabs(v.y.value())));
+    return {scaled(v.x, -exponent), scaled(v.y, -exponent)};
+}
+
 /// The vector from a to b, exactly.
 inline WidePoint from_to(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
 {

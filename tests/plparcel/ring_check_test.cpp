@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "plparcel/division.h"
 #include "support/bits.h"
@@ -135,6 +136,69 @@ TEST(RingCheck, NamesTheSidesThatMeetAsTheyWereCounted)
         EXPECT_EQ(crossed.meeting_sides[0], 0U);
         EXPECT_EQ(crossed.meeting_sides[1], 2U);
     }
+}
+
+// Exact, on whole coordinates.
+double cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);
+}
+
+double dot(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return (b.x - a.x) * (p.x - a.x) + (b.y - a.y) * (p.y - a.y);
+}
+
+bool lies_on(const PL_PNT2D_record& p, const PL_PNT2D_record& a, const PL_PNT2D_record& b)
+{
+    return cross(a, b, p) == 0.0 && dot(p, a, b) <= 0.0;
+}
+
+bool sides_meet(const Ring& ring, std::size_t i, std::size_t j)
+{
+    const std::size_t n = ring.size();
+    const PL_PNT2D_record& a = ring[i];
+    const PL_PNT2D_record& b = ring[(i + 1) % n];
+    const PL_PNT2D_record& c = ring[j];
+    const PL_PNT2D_record& d = ring[(j + 1) % n];
+    if (j == (i + 1) % n)
+        return cross(b, a, d) == 0.0 && dot(b, a, d) > 0.0;
+    if (i == (j + 1) % n)
+        return cross(a, b, c) == 0.0 && dot(a, b, c) > 0.0;
+    return (cross(a, b, c) * cross(a, b, d) < 0.0 && cross(c, d, a) * cross(c, d, b) < 0.0) ||
+           lies_on(c, a, b) || lies_on(d, a, b) || lies_on(a, c, d) || lies_on(b, c, d);
+}
+
+bool any_sides_meet(const Ring& ring)
+{
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        for (std::size_t j = i + 1; j < ring.size(); ++j)
+            if (sides_meet(ring, i, j))
+                return true;
+    return false;
+}
+
+// Few places for many vertices: sides cross, touch, run back and lie in each other.
+TEST(RingCheck, FindsSidesThatMeetAsAllPairsTell)
+{
+    std::mt19937_64 random = test::random_source();
+    int simple = 0;
+    int meeting = 0;
+    for (int i = 0; i < 100000; ++i) {
+        Ring ring;
+        const std::size_t places = 2 + random() % 5;
+        for (std::size_t n = 3 + random() % 7; n > 0; --n)
+            ring.push_back({static_cast<double>(random() % places), static_cast<double>(random() % places)});
+        const RingReport report = check_ring(ring);
+        if (report.repeated > 0 || report.closed || report.status == BoundaryStatus::flat)
+            continue;
+        ASSERT_EQ(report.status == BoundaryStatus::usable, !any_sides_meet(ring));
+        ++(report.status == BoundaryStatus::usable ? simple : meeting);
+        ASSERT_TRUE(report.status == BoundaryStatus::usable ||
+                    sides_meet(ring, report.meeting_sides[0], report.meeting_sides[1]));
+    }
+    EXPECT_GT(simple, 5000);
+    EXPECT_GT(meeting, 20000);
 }
 
 }  // namespace
