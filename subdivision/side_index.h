@@ -10,12 +10,12 @@
 
 namespace plcalc {
 
-/// For each side, in the ring's order, the range of constants of the parallels that come near it. The ranges
-/// form a pyramid: each step up holds the least and the greatest constant of two neighbours below. So the next
-/// side that a line comes near is found without looking at the sides in between.
+/// The constants of the parallels that come near each side, in the ring's order, as a pyramid: each step up holds
+/// the least and the greatest of two neighbours below. So the next side that a line comes near is found without
+/// passing those in between.
 ///
-/// Constants are compared by their ordered bits. A position is out of reach of a range of constants when its
-/// own range lies wholly below or wholly above it.
+/// Constants by their ordered bits. A position is out of reach of a range of constants when its own range lies
+/// wholly below it or wholly above it.
 class SideIndex {
 public:
     enum class Place : std::uint8_t { kBelow, kNear, kAbove };
@@ -44,7 +44,8 @@ public:
         return ranges_[width_ + at].from(asked);
     }
 
-    /// The first position from `at` on that is not at the given place; width() or more for none.
+    /// The first position from `at` on that is at another place than this one, which is below or above; past the
+    /// last one for none.
     std::size_t end_of(std::size_t at, Place place, const Range& asked) const noexcept;
 
 private:

@@ -66,4 +66,79 @@ TEST(VertexTrials, MeetsSidesAsALineCutsASegment)
     EXPECT_GT(met, 3000);
 }
 
+// Points about the ray, off it by no more than a few times what a side may be and still be met, in pairs across its
+// direction; and about the edges of a wedge. Whatever the directions tell, the answers are those of meeting and
+// comparing anew.
+int expect_answers_of_meeting_anew(std::mt19937_64& random, const PL_PNT2D_record& vertex, double farthest)
+{
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const double ray_rad = random() % 3 == 0 ? 0.7853981633974483 : 6.3 * unit(random);
+    const double turn = random() % 2 == 0 ? 1.5707963267948966 : 3.1 * unit(random);
+    const double margin = 0.001 + 1e-15 * farthest * farthest;
+    const auto about_ray = [&](double along, double off) {
+        return PL_PNT2D_record{vertex.x + along * std::cos(ray_rad) - off * std::sin(ray_rad),
+                               vertex.y + along * std::sin(ray_rad) + off * std::cos(ray_rad)};
+    };
+    std::vector<PL_PNT2D_record> ring = {vertex, about_ray(10.0, -50.0)};
+    for (int i = 0; i < 3; ++i) {
+        const double along = (unit(random) - 0.3) * std::pow(10.0, 3.0 * unit(random));
+        const double off = 2.5 * margin * unit(random) * (random() % 2 == 0 ? 1.0 : -1.0);
+        const double length = std::copysign(30.0 * unit(random), off);
+        ring.push_back(about_ray(along, off));
+        ring.push_back(about_ray(along + length * std::cos(turn), off + length * std::sin(turn)));
+    }
+    const std::int32_t n = static_cast<std::int32_t>(ring.size());
+    std::vector<std::int32_t> order;
+    for (std::int32_t at = 0; at <= n; ++at)
+        order.push_back(at % n);
+    VertexTrials trials(ring, order, n, vertex);
+
+    const PL_PNT2D_record on_ray = {vertex.x + std::cos(ray_rad), vertex.y + std::sin(ray_rad)};
+    PL_IMP_LINE_2D_record line = {};
+    PlFunz_lineeq_ile(&vertex, &on_ray, &line);
+    trials.lay_ray(line, ray_rad);
+    const double hairs[] = {0.0, 1e-10, -1e-10, 5e-11, 1e-9, -1e-9, 1e-6, -1e-6, 1e-5};
+    const double start =
+        LimiteAng0_400(trials.seen_at_gon(1 + static_cast<int>(random() % 6)) + hairs[random() % 9]);
+    const double end = trials.seen_at_gon(1 + static_cast<int>(random() % 6)) + hairs[random() % 9];
+    const double width = LimiteAng0_400(end - start);
+    trials.lay_wedge(start, width);
+    int met = 0;
+    for (std::int32_t at = 1; at < n; ++at) {
+        const double from_start = LimiteAng0_400(trials.seen_at_gon(at) - start);
+        EXPECT_EQ(trials.in_wedge(at), from_start >= -1e-10 && from_start <= width * 1.0000000001);
+        if (at == 1)
+            continue;
+        const std::size_t to = static_cast<std::size_t>(at);
+        PL_PNT2D_record got = {};
+        PL_PNT2D_record want = {};
+        const bool meets = IntersezLineaInSegmOK(ring[to - 1], ring[to], line, want);
+        EXPECT_EQ(trials.meets_side(at, got), meets);
+        if (meets) {
+            EXPECT_POINT(got, (want));
+            ++met;
+        }
+    }
+    return met;
+}
+
+TEST(VertexTrials, DirectionsTellWhatMeetingAnewWould)
+{
+    std::mt19937_64 random = test::random_source();
+    const struct {
+        PL_PNT2D_record vertex;
+        double farthest;
+    } kPlaces[] = {{{0, 0}, 1000},
+                   {{300, -200}, 1000},
+                   {{500000, 5000000}, 5e6},
+                   {{-3e7, 2e7}, 3e7},
+                   {{1e10, 1e10}, 1e10}};
+    for (const auto& place : kPlaces) {
+        int met = 0;
+        for (int i = 0; i < 40000 && !HasFailure(); ++i)
+            met += expect_answers_of_meeting_anew(random, place.vertex, place.farthest);
+        EXPECT_GT(met, 1000);
+    }
+}
+
 }  // namespace
