@@ -4,43 +4,56 @@
 
 namespace plcalc {
 
+namespace {
+
+// The first position from `at` on for which this does not hold: up while it holds for the wider stretch that begins
+// here, on past the stretch, and down to where it ends.
+template <class Holds> std::size_t first_without(std::size_t at, std::size_t width, Holds holds) noexcept
+{
+    std::size_t i = width + at;
+    std::size_t size = 1;
+    for (;;) {
+        while (i % 2 == 0 && holds(i / 2)) {
+            i /= 2;
+            size *= 2;
+        }
+        while (!holds(i)) {
+            if (size == 1)
+                return at;
+            i *= 2;
+            size /= 2;
+        }
+        at += size;
+        ++i;
+        if ((i & (i - 1)) == 0)
+            return at;  // that was the last stretch of its step
+    }
+}
+
+}  // namespace
+
+// Positions that are not there widen nothing.
 SideIndex::SideIndex(std::size_t count) : width_(1)
 {
     while (width_ < count)
         width_ *= 2;
-    // Positions beyond the last one do not widen a range.
-    ranges_.assign(2 * width_, {INT64_MAX, INT64_MIN});
+    lows_.assign(2 * width_, INT64_MAX);
+    highs_.assign(2 * width_, INT64_MIN);
 }
 
 void SideIndex::build() noexcept
 {
-    for (std::size_t i = width_ - 1; i > 0; --i)
-        ranges_[i] = {std::min(ranges_[2 * i].low, ranges_[2 * i + 1].low),
-                      std::max(ranges_[2 * i].high, ranges_[2 * i + 1].high)};
+    for (std::size_t i = width_ - 1; i > 0; --i) {
+        lows_[i] = std::min(lows_[2 * i], lows_[2 * i + 1]);
+        highs_[i] = std::max(highs_[2 * i], highs_[2 * i + 1]);
+    }
 }
 
 std::size_t SideIndex::end_of(std::size_t at, Place place, const Range& asked) const noexcept
 {
-    std::size_t i = width_ + at;
-    std::size_t size = 1;
-    for (;;) {
-        // Moves up while the wider stretch that begins here is at this place too.
-        while (i % 2 == 0 && ranges_[i / 2].from(asked) == place) {
-            i /= 2;
-            size *= 2;
-        }
-        if (ranges_[i].from(asked) == place) {
-            at += size;
-            ++i;
-            if ((i & (i - 1)) == 0)
-                return at;  // past the last stretch of this step, and so past everything
-            continue;
-        }
-        if (size == 1)
-            return at;
-        i *= 2;
-        size /= 2;
-    }
+    if (place == Place::kBelow)
+        return first_without(at, width_, [&](std::size_t i) { return highs_[i] < asked.low; });
+    return first_without(at, width_, [&](std::size_t i) { return lows_[i] > asked.high; });
 }
 
 }  // namespace plcalc

@@ -24,9 +24,8 @@ constexpr double kWedgeWidening = 1.0000000001;
 // Gons by which a ray must miss a point at distance 1 for the point's sides to be clear of it: at 100 gon a
 // sine is 2 / pi of its angle, no smaller share below; the line's coefficients are those of a step of 1.
 constexpr double kGonPerClearance = 102.0;
-constexpr double kCoefficients = 1.4143;   // |a| + |b|
-constexpr double kOfLine = 0x1p-50;        // times the square of the size: what the line misses the vertex by
-constexpr double kOfRay = 0x1p-44;         // times the size: gons by which its point one unit away is off
+constexpr double kCoefficients = 1.4143;  // |a| + |b|
+constexpr double kOfLine = 0x1p-49;  // times the square of the size: what rounding may do to the ray's line
 constexpr double kGreatestSize = 0x1p+40;  // beyond, that point tells no direction
 
 // From 0 to 400, by the bits.
@@ -69,14 +68,14 @@ void VertexTrials::know_clearances() noexcept
     const Clearance clearance(points_, kCoefficients);
     const double size = clearance.greatest() + 1.0;
     const double of_line = kOfLine * size * size;
-    const double of_ray = kOfRay * size + 2.0 * kOffTurn / kTurnPerGon;
+    const double of_turn = 2.0 * kOffTurn / kTurnPerGon;
     double before = 0.0;
     for (std::size_t at = 1; at < points_.size(); ++at) {
         const PL_PNT2D_record& p = points_[at];
         const double after = at + 1 < points_.size() ? clearance.of_side(p, points_[at + 1]) : 0.0;
         const double off = greater_magnitude(before, after) + of_line;
         const double away = greater_magnitude(p.x - points_[0].x, p.y - points_[0].y);
-        const double gon = off * (kGonPerClearance * inverse_bound(away)) + of_ray;
+        const double gon = off * (kGonPerClearance * inverse_bound(away)) + of_turn;
         seen_[at].clear =
             gon < 100.0 && size < kGreatestSize ? static_cast<Turn>(gon * kTurnPerGon) + 1 : kNeverClear;
         before = after;

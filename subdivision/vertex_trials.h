@@ -72,7 +72,7 @@ private:
     static constexpr Turn kHalfTurn = Turn(1) << 31;
     static constexpr Turn kQuarterTurn = Turn(1) << 30;
     static constexpr Turn kNeverClear = kQuarterTurn;
-    static constexpr Turn kOffTurn = 64;  // several times the error of a direction
+    static constexpr Turn kOffTurn = 4;  // more than a direction, and the edge of a wedge, may be off
 
     struct Seen {
         double dir_gon;
