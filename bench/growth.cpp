@@ -53,7 +53,9 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: growth [cuts], a whole number from 1 to %d\n", kMostCuts);
         return 2;
     }
-    std::printf("%d cuts each, milliseconds of the processor\n\n| mode | vertices | median | 9 of 10 | worst |\n", cuts);
+    std::printf(
+        "%d cuts each, milliseconds of the processor\n\n| mode | vertices | median | 9 of 10 | worst |\n",
+        cuts);
     std::printf("| --- | --- | --- | --- | --- |\n");
     for (int modo = 0; modo < 3; ++modo)
         for (const int n : {1024, 4096, 16384, 65536})

@@ -55,6 +55,18 @@ void add_parts(std::vector<PL_PNT2D_record>& finer, const PL_PNT2D_record& p, co
 
 }  // namespace
 
+std::vector<PL_PNT2D_record> slit_ring(int n)
+{
+    constexpr double kHalfOpen = 0.02;  // of the slit, in radians
+    std::vector<PL_PNT2D_record> points = {{395, 300.5}, {405, 300.5}};
+    for (int i = 0; i < n - 3; ++i) {
+        const double dir = kHalfOpen + (kTwoPi - 2.0 * kHalfOpen) * i / (n - 4);
+        points.push_back({400.0 + 90.0 * std::cos(dir), 300.0 + 60.0 * std::sin(dir)});
+    }
+    points.push_back({395, 299.5});
+    return points;
+}
+
 std::vector<PL_PNT2D_record> coast_ring(int n, unsigned seed)
 {
     std::mt19937 random(seed);

@@ -44,7 +44,7 @@ CPoint3dVector parcel_of(const std::vector<PL_PNT2D_record>& ring)
     return parcel;
 }
 
-void count_cut(const char* kind, int modo, const std::vector<PL_PNT2D_record>& ring)
+void count_cut(const char* kind, int modo, const std::vector<PL_PNT2D_record>& ring, bool literally = true)
 {
     const CPoint3dVector parcel = parcel_of(ring);
     const double area = 0.37 * AreaCalcolata(parcel);
@@ -53,6 +53,8 @@ void count_cut(const char* kind, int modo, const std::vector<PL_PNT2D_record>& r
     CFrazArea cut(parcel, ring[0], ring[1], modo, 1, area, 0.0);
     double x1 = 0, y1 = 0, z1 = 0, x2 = 0, y2 = 0, z2 = 0;
     count(what, [&] { cut.Esegui(x1, y1, z1, x2, y2, z2); });
+    if (!literally)
+        return;
     reference::LiteralCut literal(ring, ring[0], ring[1], modo, area);
     count("  literally", [&] { literal.run(); });
 }
@@ -120,6 +122,9 @@ int main()
             count_cut("convex", modo, bench::convex_ring(n));
         for (int n : {16, 64})
             count_cut("dented", modo, bench::dented_ring(n));
+        for (int n : {1024, 4096})  // the literal form takes minutes
+            count_cut("convex", modo, bench::convex_ring(n), false);
     }
+    count_cut("half behind", 0, bench::slit_ring(64));
     return 0;
 }
