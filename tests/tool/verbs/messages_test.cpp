@@ -276,6 +276,9 @@ const GeometryRow kUnusable[] = {
      "the file holds no polygon and no closed line (features: 1, the first a LINESTRING); a CSV file needs a "
      "header and a column WKT, or a vertex per row in columns E and N"},
     {"GARBAGE", "feature 1: the WKT 'GARBAGE' cannot be read; correct it"},
+    {"SRID=32632;POLYGON ((0 0, 9 0, 9 9))", "feature 1: the WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' "
+                                             "cannot be read; leave out 'SRID=...;' before the "
+                                             "geometry"},
     {"POLYGON ((0 0, 10 0, 10 10, 0 10",
      "feature 1: the WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
     {"POLYGON ((0 0, 100 0, 100 100, 50 150, 0 100, 0 50, 0 x, 0 0))",
@@ -298,6 +301,10 @@ TEST_F(Messages, GeometryThatCannotBeUsed)
     EXPECT_TRUE(test::fails_with(
         divide("lot.csv", "--feature 1 --vertex 1 --area 5"), 3,
         "lot.csv: feature 1: the geometry is a POINT; a polygon or a closed line is needed"));
+    write_wkt("LINESTRING (0 0, 9 0, 9 9)");
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--feature 1 --vertex 1 --area 5"), 3,
+        "lot.csv: feature 1: the geometry is a LINESTRING; a polygon or a closed line is needed"));
 }
 
 TEST_F(Messages, TinyAreasAreShown)

@@ -83,7 +83,7 @@ Ring ring_of(const OGRGeometry& geometry, const Place& place)
         refuse(place,
                "the parcel has " + std::to_string(straight->toMultiPolygon()->getNumGeometries()) + " parts",
                "divide them one by one; ogr2ogr -explodecollections makes a feature of each");
-    if (type == wkbLineString)
+    if (type == wkbLineString && is_closed_line(*straight))
         return vertices_of(*straight->toLineString());
     if (type != wkbPolygon && type != wkbTriangle)
         refuse(place, std::string("the geometry is a ") + straight->getGeometryName(),

@@ -21,7 +21,7 @@ Failure without_geometry(const Place& place);
 /// @param[in] geometry  the geometry; heights and measures are ignored
 /// @param[in] place     file and feature, for messages
 /// @return the vertices in order, without the closing one
-/// @throws Failure      unusable_input: an empty geometry, several parts, curves or holes
+/// @throws Failure      unusable_input: an empty geometry, several parts, curves, holes or an open line
 plparcel::Ring ring_of(const OGRGeometry& geometry, const Place& place);
 
 /// Drops the last vertex where it repeats the first.

@@ -37,10 +37,11 @@ Failure broken_wkt(const OGRFeature& row, const Place& place)
 {
     const std::string wkt = wkt_of(row);
     const bool nan = CPLString(wkt).ifind("nan") != std::string::npos;
+    const bool has_srid = CPLString(wkt).ifind("SRID=") == 0;
     return {ExitStatus::unusable_input, place,
             "the WKT " + quoted(wkt) + " cannot be read" +
                 (nan ? ", a coordinate in it is not a number" : ""),
-            "correct it"};
+            has_srid ? "leave out 'SRID=...;' before the geometry" : "correct it"};
 }
 
 }  // namespace tool
