@@ -42,7 +42,16 @@ protected:
         posix_spawn_file_actions_init(&actions);
         const int flags = O_WRONLY | O_CREAT | O_TRUNC;
         posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, path("err").c_str(), flags, 0600);
-        const int failed = posix_spawn(&pid, arguments[0], &actions, nullptr, arguments.data(), environ);
+        // Jobs in the background may ignore Ctrl-C, and programs inherit that.
+        sigset_t ctrl_c;
+        sigemptyset(&ctrl_c);
+        sigaddset(&ctrl_c, SIGINT);
+        posix_spawnattr_t attributes;
+        posix_spawnattr_init(&attributes);
+        posix_spawnattr_setsigdefault(&attributes, &ctrl_c);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+        const int failed = posix_spawn(&pid, arguments[0], &actions, &attributes, arguments.data(), environ);
+        posix_spawnattr_destroy(&attributes);
         posix_spawn_file_actions_destroy(&actions);
         ASSERT_EQ(failed, 0);
         // Once the folder for the work in progress is there, the guard is.
