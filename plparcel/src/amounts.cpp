@@ -5,13 +5,14 @@
 namespace plparcel {
 namespace {
 
-// Amounts that leave no more of the parcel than this part of it leave nothing: the last one is what is left.
+// Amounts that leave less than this part of the parcel leave nothing: the last amount is then what is left.
 constexpr double kNothingLeft = 1e-9;
 
 // What rounding alone may leave of a parcel that is asked for whole: a share of n out of n, or its area as a double.
 constexpr double kRounding = 0x1p-53;
 
-// No more of the last one than this either, or a last amount of a billionth would take anything for itself.
+// They must also leave less than this part of the last amount. Otherwise a last amount of a billionth of the parcel
+// would accept whatever is left.
 constexpr double kNothingOfLast = 0.01;
 
 bool is_known(Given given)
@@ -28,7 +29,7 @@ Wide area_of(const Amount& amount, const Wide& parcel)
     return amount.first;
 }
 
-// The numbers that a person can have meant lie far from where doubles end.
+// No number that a person can mean lies outside these.
 constexpr double kLeast = 1e-200;
 constexpr double kMost = 1e200;
 

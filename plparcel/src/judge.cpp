@@ -16,12 +16,12 @@ namespace {
 // rounding each axis to the third nearest double at worst takes it 1.5 spacings on each, 2.1 in all.
 constexpr double kEndRoundings = 2.5;
 
-// An end this many times that spacing from a vertex, on each axis, is moved onto it where the area allows: it
-// would leave a side of a nanometre, or lie beyond the vertex.
+// An end within this many times that spacing of a vertex, on each axis, is moved onto it where the area allows.
+// Otherwise it would leave a side of a nanometre, or lie beyond the vertex.
 constexpr double kVertexRoundings = 4.0;
 
-// A line this many times that spacing from a vertex between its ends touches it: which side it passes on is a
-// matter of rounding.
+// A line that passes within this many times that spacing of a vertex touches it: on which side it passes is a matter
+// of rounding.
 constexpr double kTouchRoundings = 4.0;
 
 double length_of(const WidePoint& v)
@@ -40,7 +40,7 @@ bool is_near_side(const MeasuredRing& ring, std::size_t side, const PL_PNT2D_rec
     return std::fabs(off) <= reach && -reach <= along && along <= length + reach;
 }
 
-// Vertices next to an end do not count: how the sides go on from there is seen in the pieces.
+// Vertices next to an end do not count: the pieces show how the sides go on from there.
 bool touches_a_vertex(const MeasuredRing& ring, const Cutting& cutting, double reach)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);

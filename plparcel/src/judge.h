@@ -28,10 +28,9 @@ enum class Verdict {
     misses              ///< two pieces that hold something else, or the ends do not lie where they should
 };
 
-/// Rounds a chord to the parcel's coordinates and judges it. An end next to a vertex is moved onto it. Where
-/// that, or rounding to the nearest, misses the target, the other neighbours of the coordinates are tried, and then
-/// all doubles within some spacings: on a parcel of a few units at 5e6 they can hold an area that the
-/// nearest do not.
+/// Rounds a chord to the parcel's coordinates and judges it. An end next to a vertex is moved onto it. Where the
+/// rounded line misses the target, the other neighbours of the coordinates are tried, and then all doubles within some
+/// spacings: on a parcel of a few units at 5e6 these can hold an area that the nearest ones do not.
 ///
 /// @param[out] cutting  for `divides` complete, otherwise undefined
 Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& chord, const Target& target,

@@ -5,14 +5,14 @@
 namespace plparcel {
 namespace {
 
-// Whether a side of the walk from `from` on to `to` is `side`, the two ends not counted.
+// Whether the walk along the ring from side `from` to side `to` passes `side`, the two ends not counted.
 bool is_passed(std::size_t side, std::size_t from, std::size_t to, std::size_t n)
 {
     const std::size_t way = (side + n - from) % n;
     return way != 0 && way < (to + n - from) % n;
 }
 
-// Some units in the last place of 106 bits: an area that far outside a trapezium is on its rim.
+// Some units in the last place of 106 bits: an area that misses a trapezium by no more is on its rim.
 constexpr double kRim = 2e-28;
 
 }  // namespace
@@ -65,7 +65,7 @@ Wide LevelCut::area_above(const Chord& chord, const Wide& level) const
 
 // The area above sinks from the one at `low` by the trapezium below the line:
 //     width_low * u + (width_high - width_low) * u^2 / 2 = sunk / height,    u = (level - low) / height
-// and the root is written so that nothing is subtracted from its like.
+// and the root is written so that no two nearly equal numbers are subtracted.
 bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
 {
     const Wide& low = trapezium.low;
@@ -108,8 +108,8 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
     return true;
 }
 
-// At the level of a vertex, whether lines just above or just below do, as far as they lie in the trapezium. A line
-// meets as many sides as have begun and not ended.
+// A line meets as many sides as have begun and not ended. At the level of a vertex the lines just above and just
+// below count instead, as far as they lie in the trapezium.
 bool LevelCut::meets_twice_only(const Trapezium& trapezium, const Wide& level) const
 {
     const auto up_to = [&level](const std::vector<Wide>& levels) {
@@ -123,7 +123,7 @@ bool LevelCut::meets_twice_only(const Trapezium& trapezium, const Wide& level) c
     return (just_below && trapezium.low < level) || (just_above && level < trapezium.high);
 }
 
-// Of two that are alike, the lower one, or the one on the left.
+// Of two that are equally good, the lower one, or the one on the left, comes first.
 bool LevelCut::is_better(const Candidate& a, const Candidate& b)
 {
     if (a.preferred != b.preferred)
@@ -151,7 +151,8 @@ std::vector<Chord> LevelCut::all_lines() const
     return lines;
 }
 
-// The ring with what is above taken off; a part that hangs together only along level 0 adds nothing there.
+// The area of the ring with everything above level 0 cut away. Parts below may then hang together only along level 0,
+// which adds no area.
 Wide LevelCut::area_below() const
 {
     Wide twice;

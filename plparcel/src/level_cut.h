@@ -34,11 +34,10 @@ class LevelCut {
 public:
     LevelCut(const LocalRing& ring, const LevelRequest& request);
 
-    /// All lines that hold the request, and those at the level of a vertex that miss it by no more than is
-    /// granted, the better ones first: those above level 0 (where the request does not
-    /// go with the base side, those that end on it), among them those that meet the boundary twice only, among
-    /// them the nearest to level 0 (to the base side's middle). Those that leave the parcel by touching its
-    /// boundary are among them.
+    /// All lines that hold the request, and those at the level of a vertex that miss it by no more than is granted.
+    /// First come the lines above level 0; for perpendiculars, those that end on the base side. Among equals come
+    /// first those that meet the boundary only twice, and among these the nearest to level 0; for perpendiculars, to
+    /// the base side's middle. Some of the lines may touch the boundary on their way.
     std::vector<Chord> all_lines() const;
 
     /// Area of what lies below level 0, local units.

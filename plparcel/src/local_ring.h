@@ -11,8 +11,8 @@
 
 namespace plparcel {
 
-/// Whether a ring's larger extent is one that can be worked with: 2^-300 to 2^300, so that products of four lengths in the
-/// ring's own frame stay finite and keep all their bits.
+/// Whether a ring's larger extent can be worked with: 2^-300 to 2^300, so that products of four lengths in the ring's
+/// own frame stay finite and keep all their bits.
 bool is_workable(double extent);
 
 class LocalRing {

@@ -81,9 +81,9 @@ private:
     const MeasuredRing* ring_;
 };
 
-// Goes through the vertices from West to East, with the sides that a line from South to North meets there in their
-// order. Of two sides that meet, some two that do are neighbours in it before they meet. M. I. Shamos and D. Hoey,
-// "Geometric intersection problems", 1976.
+// Goes through the vertices from West to East and keeps the sides that a line from South to North meets there, in
+// order. If any two sides meet, then two that meet are neighbours in that order before they do. M. I. Shamos and
+// D. Hoey, "Geometric intersection problems", 1976.
 class Sweep {
 public:
     explicit Sweep(const MeasuredRing& ring)
@@ -183,7 +183,7 @@ bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT
 
 int side_sign(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
 {
-    // Doubles tell where the difference is larger than the roundings of its seven operations, and nothing has sunk
+    // Doubles decide where the difference exceeds the rounding of its seven operations, and no product has sunk
     // below the smallest double. J. R. Shewchuk, "Adaptive precision floating-point arithmetic", 1997.
     constexpr double kRoundings = 4e-16;
     constexpr double kLeast = 1e-280;

@@ -14,9 +14,9 @@ struct SidePair {
     std::size_t other;
 };
 
-/// Two sides of a ring without repeats that meet elsewhere than at a common vertex, in no order; none where there are
-/// no such. Decided with 106 bits on the differences of coordinates: exactly wherever those are doubles. Costs
-/// n log n, whatever the shape.
+/// Two sides of a ring without repeats that meet elsewhere than at a common vertex, in no order; nothing if no two do.
+/// Decided with 106 bits on the differences of coordinates: exactly wherever those are doubles. Costs n log n,
+/// whatever the shape.
 std::optional<SidePair> meeting_sides(const MeasuredRing& ring);
 
 /// Which side of a-b a point lies on: 1 left, -1 right, 0 on its line.

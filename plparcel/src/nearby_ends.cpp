@@ -10,10 +10,10 @@
 namespace plparcel {
 namespace {
 
-// A line that so many roundings do not mend is not one that rounding has spoilt.
+// When so many pairs of ends have been refused, rounding is not what is wrong with the line.
 constexpr int kMostOffers = 64;
 
-// Of one coordinate, on each side.
+// How many values of one coordinate are tried on each side.
 constexpr double kMostSteps = 64.0;
 
 double spacing_at(double v)
@@ -45,13 +45,13 @@ std::vector<PL_PNT2D_record> points_near(const PL_PNT2D_record& p, double reach)
     return found;
 }
 
-// A way that a coordinate may be moved.
+// From where to where a coordinate may be moved.
 struct Span {
     double low;
     double high;
 };
 
-// As far as the area stays within what is granted.
+// The moves for which the area stays within what is granted.
 Span span_that_holds(double miss, double growth, double granted)
 {
     constexpr double kNoEnd = std::numeric_limits<double>::infinity();
@@ -113,7 +113,7 @@ bool offer_nearby_ends(const MeasuredRing& ring, const Chord& chord, const Targe
             end.*finer += 0.5 * span.low + 0.5 * span.high;
             const double move = end.*finer - to.*finer;
             if (move < span.low || move > span.high)
-                continue;  // no double in there
+                continue;  // no double in the span
             if (take(start, end))
                 return true;
             if (++offers == kMostOffers)

@@ -14,8 +14,8 @@
 namespace plparcel {
 namespace {
 
-// Where a reference runs, as levels see it: across the lines, and into the parcel when the lines go with its
-// side.
+// The direction in which levels grow: across the lines, and for parallels to a side or an earlier line into the
+// parcel.
 WidePoint up_direction(const Stage& stage, const Reference& reference, double turn)
 {
     const WidePoint run = about_unit(from_to(reference.a, reference.b));
@@ -28,7 +28,8 @@ WidePoint up_direction(const Stage& stage, const Reference& reference, double tu
     return dot(up, into) < 0.0 ? WidePoint{-up.x, -up.y} : up;
 }
 
-// Where a hair's breadth beside the line of a cut is inside a piece: from and to, one after the other, along the line.
+// Where a piece lies just beside the line of a cut, on its left or on its right: the places along the line at which
+// the piece begins and ends, in turn.
 std::vector<Wide> inside_beside(const MeasuredRing& piece, const Cutting& cutting, bool on_the_left)
 {
     const WidePoint run = from_to(cutting.from, cutting.to);
@@ -46,9 +47,8 @@ std::vector<Wide> inside_beside(const MeasuredRing& piece, const Cutting& cuttin
     return crossed;
 }
 
-// Whether the unlimited line runs through the inside of a piece again, further than a touch of `reach`. Both hair's
-// breadths beside the line must be inside at the same place: it may run along a side or touch a vertex without
-// meeting the inside.
+// Whether the unlimited line runs through the inside of a piece for longer than `reach`. There the piece lies on both
+// sides of the line; where the line only runs along a side or touches a vertex, it does not.
 bool meets_inside(const MeasuredRing& piece, const Cutting& cutting, double reach)
 {
     const std::vector<Wide> left = inside_beside(piece, cutting, true);
@@ -67,7 +67,8 @@ bool meets_inside(const MeasuredRing& piece, const Cutting& cutting, double reac
     return false;
 }
 
-// Prolonged beyond its ends. The line is a side of both pieces, which is on one hair's breadth only.
+// Whether the line meets the ring again beyond its ends. Between them it is a side of both pieces, each of which lies
+// on one side of it only.
 bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
 {
     constexpr double kTouchRoundings = 4.0;
@@ -75,9 +76,9 @@ bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
     return meets_inside(cutting.request, cutting, reach) || meets_inside(cutting.rest, cutting, reach);
 }
 
-// Whether a line is the one that the library found, brought to rest: both in a frame 4096 to 8192 across. Where
-// the parcel ends in a tip, or an end lies on a side that the line meets at a sharp angle, a millionth of the area
-// is a thousandth of that.
+// Whether a line is the one that the library found, to within the library's millionth of the area. Both are in a frame
+// 4096 to 8192 across. Where the parcel ends in a tip, or the line meets a side at a sharp angle, a millionth of the
+// area moves an end by a thousandth of that.
 bool is_beside(const Chord& line, const PL_LINE_2D_record& found)
 {
     constexpr double kBeside = 8.0;
@@ -136,7 +137,7 @@ private:
         return {p.x.value(), p.y.value()};
     }
 
-    // Parallels and perpendiculars; and what it means when none of them divides.
+    // Parallels and perpendiculars. `otherwise` becomes the reason when none of them divides.
     std::vector<Chord> lines_of_levels(Status& otherwise) const
     {
         LevelRequest request = {};
@@ -166,7 +167,7 @@ private:
         return lines;
     }
 
-    // Parallel as the side runs, perpendicular from the end nearer to the side's line.
+    // A parallel runs as the side does, a perpendicular starts at the end nearer to the side's line.
     DividingLine dividing_line(const Cutting& cutting) const
     {
         DividingLine line;

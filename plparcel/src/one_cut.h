@@ -1,6 +1,6 @@
 #pragma once
 
-// One cut: asks the search, tries all lines of the kind, and keeps the first that the judge lets pass.
+// One cut: tries the lines of the kind that hold the amount, and keeps the first that the judge lets pass.
 
 #include <cstddef>
 

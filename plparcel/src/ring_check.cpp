@@ -16,8 +16,8 @@ namespace {
 
 constexpr std::size_t kMinVertices = 3;
 
-// A parcel of no more than this part of the square of its extent is thinner than 106 bits can tell: what its cross
-// products come to may be their rounding.
+// A parcel whose area is no more than this part of the square of its extent is too thin for 106 bits: its cross
+// products may be nothing but rounding.
 constexpr double kThinnest = 0x1p-90;
 
 bool all_finite(const Ring& ring)
@@ -32,7 +32,7 @@ bool is_collinear(const Ring& ring)
                        [&ring](const PL_PNT2D_record& p) { return side_sign(ring[0], ring[1], p) == 0; });
 }
 
-// Told by its box, where products of coordinates may not be.
+// Decided by the box: in one so thin, products of coordinates may be nothing but rounding.
 bool is_thin(const Extent& extent)
 {
     return !(std::min(extent.width(), extent.height()) / extent.largest() > kThinnest);

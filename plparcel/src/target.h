@@ -18,8 +18,8 @@ struct Target {
     {
         // Both pieces hold what they should within this part of the whole parcel.
         constexpr double kOfParcel = 1e-9;
-        // And within this part of themselves: of a request of a billionth of the parcel the test above would let
-        // pass whatever came out, nothing at all included.
+        // And within this part of themselves: for a request of a billionth of the parcel the test above alone would
+        // accept any piece, even an empty one.
         constexpr double kOfPiece = 0.01;
         return std::min(kOfParcel * parcel.value(), kOfPiece * piece.value());
     }

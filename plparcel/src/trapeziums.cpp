@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-// Where a side is at a level, and how far off that may be.
+// Where a side is at a level, and how far off that value may be.
 struct Rough {
     double along;
     double error;
@@ -124,7 +124,7 @@ private:
         }
     }
 
-    // Only then, with none in the row that ends below, those that begin.
+    // The sides that begin at the level; called after leave(), so that no side in the row has ended.
     void join(const std::vector<std::size_t>& sides)
     {
         for (const std::size_t side : sides) {
@@ -141,8 +141,8 @@ private:
         }
     }
 
-    // Of the left sides beside which something came or went: a trapezium whose right side is another one now ends at
-    // the level, and one with that side begins.
+    // Looks at the left sides beside which a side came or went. Where the right neighbour has changed, the trapezium
+    // ends at this level, and one with the new neighbour begins.
     void pair_up(const Wide& level)
     {
         touched_.erase(
@@ -174,7 +174,7 @@ private:
     Wide level_;                        // at which the row is in order
     Row row_;                           // the sides that a line meets, from left to right
     std::vector<Row::iterator> place_;  // of each side in the row, or its end
-    std::vector<std::size_t> open_;     // by left side: that of found_ which reaches up to the row
+    std::vector<std::size_t> open_;     // by left side: index in found_ of the trapezium that is still open
     std::vector<std::size_t> touched_;  // sides beside which something came or went since the last pairing
     std::vector<Trapezium> found_;
 };

@@ -3,7 +3,7 @@
 // The inside of a ring as a set of trapeziums, for lines of one direction. A point's first coordinate goes along
 // the lines, its second is its level.
 //
-//             /|                   Through every vertex a line, as far as the inside goes on both sides. Each
+//             /|                   A line runs through every vertex, as far as the inside goes on both sides. Each
 //            / |   ____ high       trapezium lies between two sides: a line at any level in it runs from its
 //           /__|  /   |            left side to its right one and meets nothing on the way. There are about as
 //          /   |_/    |            many of them as vertices.

@@ -7,13 +7,13 @@
 namespace plparcel {
 namespace {
 
-// An area that misses a triangle's rim by this part of what was summed up lies on the rim.
+// An area that misses a triangle by no more than this part of what was summed up is on its rim.
 constexpr double kRim = 1e-28;
 
 // How much of a triangle is wanted, as a part of it.
 struct Part {
     Wide part;     // 0 to 1
-    Wide outside;  // what is wanted less than nothing, or more than all
+    Wide outside;  // by how much what is wanted is below zero, or above the whole triangle
 };
 
 Part part_of(const Wide& missing, const Wide& triangle)

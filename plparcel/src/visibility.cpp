@@ -9,7 +9,7 @@
 namespace plparcel {
 namespace {
 
-// How far along a direction a side is met, in lengths of that direction, and how far off that may be.
+// How far along a direction a side is met, in lengths of that direction, and how far off that value may be.
 struct Rough {
     double way;
     double error;
@@ -140,7 +140,7 @@ public:
 private:
     using Row = std::multiset<std::size_t, IsNearer>;
 
-    // A vertex from the one that looks, as if the ring ran anticlockwise.
+    // A vertex seen from the one that looks; a clockwise ring is mirrored, so that every ring runs anticlockwise.
     static WidePoint mirrored(const LocalRing& ring, double turn, std::size_t vertex, std::size_t k)
     {
         const WidePoint d = ring.at(vertex + k) - ring.at(vertex);

@@ -16,11 +16,11 @@ struct Sight {
     Wide part;  ///< 0 at the side's first end, 1 at the other: a vertex is given by exactly these
 };
 
-/// Which of some places a vertex sees: those to which a straight line meets no other side on its way. One sweep of a
-/// ray around the vertex. Lines that touch a vertex on their way may be among them.
+/// Which of some places a vertex sees: those to which a straight line meets no other side on its way. A line that
+/// touches a vertex on its way may count as seen. Found by turning a ray around the vertex once.
 ///
 /// @param[in] turn  1 when the ring runs anticlockwise, -1 clockwise
-/// @return one entry a place
+/// @return one entry for each place
 std::vector<bool> seen_from(const LocalRing& ring, double turn, std::size_t vertex,
                             const std::vector<Sight>& places);
 

@@ -155,11 +155,11 @@ struct RingReport {
 /// @param[in] ring  the vertices; repeated vertices and a closing one do no harm
 /// @return the report. A ring that touches itself, even at a vertex only, meets itself.
 ///
-/// Exactness   Everything is decided and measured with 106 bits on the differences of the coordinates, and rounded
-///             once: without tolerance, and without loss at large coordinates. A ring counts as flat when its
-///             area is at most 2^-90 of the square of its extent, where those bits end. Rounding may decide
-///             before that, where coordinates differ by less than 1e-15 of their size or an area is below 1e-12
-///             of the square of the extent.
+/// Exactness   The status is decided, and the area measured, with 106 bits on the differences of the coordinates,
+///             without tolerance and without loss at large coordinates. The area is rounded once; the perimeter is
+///             that of PeriCalcolato. A ring counts as flat when its area is at most 2^-90 of the square of its extent,
+///             where those bits end. Rounding may decide before that, where coordinates differ by less than 1e-15
+///             of their size or an area is below 1e-12 of the square of the extent.
 PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// What became of a request.
@@ -201,8 +201,8 @@ struct DividingLine {
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};        ///< the other end
     Found found = Found::by_sweep;  ///< how the line was found
-    /// Whether the line, prolonged beyond its ends, meets what was left of the parcel again: another line of the
-    /// same direction through another part of it may be what was meant.
+    /// Whether the line, prolonged beyond its ends, meets what was left of the parcel again. Another line of the same
+    /// direction, through another part of the parcel, may then be what was meant.
     bool meets_again = false;
 };
 
