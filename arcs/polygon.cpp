@@ -313,9 +313,11 @@ public:
     /// Walks on, for so many rounds at most, or for as many as it takes when there are rows to pass over.
     State go_on(int rounds, const Rows* rows)
     {
-        while (state_ == State::kGoesOn && (rows != nullptr || rounds > 0))
+        while (state_ == State::kGoesOn && (rows != nullptr || rounds > 0)) {
+            pass_clear_sides();
             if (step(rows))
                 --rounds;
+        }
         return state_;
     }
 
@@ -323,6 +325,27 @@ public:
 
 private:
     Stop stop(int at) const { return {at, tested_.level_of(ring_.at(at).y)}; }
+
+    // Most of the ring: sides above the ray or below it, with both coordinates of each vertex plainly other than
+    // those of the one before. Nothing counts, no run is skipped, and no round begins or ends.
+    void pass_clear_sides()
+    {
+        const Level level = at_.i.level;
+        if ((level != Level::kBelow && level != Level::kAbove) || at_.i.at == ring_.last() || at_.j.at == 0)
+            return;
+        std::int32_t x = plcalc::ordered_high(ring_.at(at_.j.at).x);
+        std::int32_t y = plcalc::ordered_high(ring_.at(at_.j.at).y);
+        while (at_.j.level == level && at_.j.at != ring_.last()) {
+            const PL_PNT2D_record& next = ring_.at(at_.j.at + 1);
+            const std::int32_t next_x = plcalc::ordered_high(next.x);
+            const std::int32_t next_y = plcalc::ordered_high(next.y);
+            if (!plcalc::surely_apart(y, next_y) || !plcalc::surely_apart(x, next_x))
+                return;
+            at_ = {at_.i, at_.j, {at_.j.at + 1, tested_.level_of(next.y)}};
+            x = next_x;
+            y = next_y;
+        }
+    }
 
     // Takes the edge from i to j. Whether another round begins.
     bool step(const Rows* rows)
