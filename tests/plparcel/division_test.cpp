@@ -621,6 +621,27 @@ TEST(Division, FoundByTheSearchThoughNearlyAlongTheAxes)
     }
 }
 
+// Turned the wrong way, a side a hair off a diagonal would come to lie twice as far off an axis.
+TEST(Division, FoundByTheSearchThoughNearlyAlongADiagonal)
+{
+    for (const double tilt : {-1.6e-11, 1.6e-11}) {
+        for (const double eighths : {1.0, 3.0, 5.0, 7.0}) {
+            const double direction = eighths * std::atan(1.0) + tilt;
+            const double c = std::cos(direction);
+            const double s = std::sin(direction);
+            Ring ring;
+            for (const PL_PNT2D_record& p : {PL_PNT2D_record{0, 0}, {100, 0}, {100, 60}, {70, 90}, {0, 60}})
+                ring.push_back({c * p.x - s * p.y, s * p.x + c * p.y});
+            for (const Cut cut : {Cut::parallel, Cut::perpendicular}) {
+                SCOPED_TRACE(std::to_string(eighths) + " of eight, " + std::to_string(tilt * 1e11));
+                const Division division = compared(ring, request(cut, 0, {share(1, 4)}));
+                ASSERT_EQ(division.status, Status::divided);
+                EXPECT_EQ(division.lines[0].found, Found::by_search);
+            }
+        }
+    }
+}
+
 TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
 {
     // The search ends at y = 1.15, across both arms and 97 units of the parcel's frame off.
