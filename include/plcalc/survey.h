@@ -176,8 +176,8 @@ PLCALC_API double DistPtSuSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_reco
 ///                   (dx*dx + dy*dy <= PL_EPS) it is untouched, and the distance is taken from what it held.
 /// @return positive to the right of the way from a to b, negative to the left, -0.0 when pt is its own foot
 ///
-/// Set out again by CalcPtSquadro with the abscissa of its foot, a point behind a comes back on the other side
-/// of the base: there CalcPtSquadro exchanges the sides and this function does not. With a = (10, 10) and b =
+/// A point behind a that CalcPtSquadro sets out again, with the abscissa of its foot, comes back on the other
+/// side of the base: there CalcPtSquadro exchanges the sides and this function does not. With a = (10, 10) and b =
 /// (20, 10) the point (0, 15) measures -10 and -5, which CalcPtSquadro sets out at (0, 5). Change the sign of
 /// the ordinate where the abscissa is negative.
 ///

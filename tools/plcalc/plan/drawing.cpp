@@ -20,7 +20,6 @@ constexpr Colour kTints[] = {{0.97, 0.86, 0.66}, {0.80, 0.90, 0.81}, {0.82, 0.86
 // Sizes of text, points.
 constexpr double kTitleSize = 14.0;
 constexpr double kTextSize = 9.0;
-constexpr double kSmallSize = 6.5;
 
 constexpr double kFootIndent = 10.0;
 

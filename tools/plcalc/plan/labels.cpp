@@ -6,12 +6,9 @@
 namespace tool {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-
 // Sizes of text, points.
 constexpr double kAreaSize = 10.0;
 constexpr double kLabelSize = 8.0;
-constexpr double kSmallSize = 6.5;
 
 // A side this many times as long as its label leaves room for the numbers of its vertices.
 constexpr double kLongSide = 1.3;

@@ -16,7 +16,6 @@ namespace tool {
 namespace {
 
 constexpr const char* kFont = "DejaVu Sans";
-constexpr double kPi = 3.141592653589793;
 
 // Dots to the point in a PNG: 144 to the inch.
 constexpr double kPngScale = 2.0;

@@ -25,6 +25,9 @@ constexpr Colour kRed = {0.72, 0.11, 0.11};
 constexpr Colour kBlue = {0.10, 0.30, 0.60};
 constexpr Colour kPaper = {1.0, 1.0, 1.0};
 
+// The smallest text on a plan, points.
+constexpr double kSmallSize = 6.5;
+
 /// Where text hangs on its place.
 enum class Anchor { left, centre, right };
 

@@ -7,6 +7,8 @@
 
 namespace tool {
 
+constexpr double kPi = 3.141592653589793;
+
 /// A size or a place on the sheet.
 struct SheetPoint {
     double x = 0.0;

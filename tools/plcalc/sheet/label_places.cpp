@@ -6,8 +6,6 @@
 namespace tool {
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-
 // A side this near to upright, radians, is upright.
 constexpr double kUpright = 1e-6;
 
