@@ -10,13 +10,11 @@
 
 #include <CLI/CLI.hpp>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 #include "console/terminal.h"
-#include "verbs/divide_verb.h"
 #include "verbs/help.h"
-#include "verbs/measure_verb.h"
-#include "verbs/stakeout_verb.h"
 #include "verbs/verb.h"
+#include "verbs/verbs.h"
 
 namespace {
 

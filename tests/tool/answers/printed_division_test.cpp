@@ -9,7 +9,7 @@
 #include <random>
 
 #include "program.h"
-#include "reports/divide_report.h"
+#include "reports/parcel_reports.h"
 #include "shapes.h"
 #include "support/bits.h"
 #include "text/numbers.h"

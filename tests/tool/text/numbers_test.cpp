@@ -1,9 +1,10 @@
-// Numbers as the program reads and prints them.
+// Numbers as the program reads and prints them, and angles in gons and in degrees.
 
 #include "text/numbers.h"
 
 #include <cmath>
 #include <locale>
+#include <optional>
 
 #include "support/bits.h"
 
@@ -99,6 +100,17 @@ TEST(Numbers, AreTheSameInEveryLocale)
     EXPECT_BITS(tool::parse_number("12345.5").value(), 12345.5);
     EXPECT_FALSE(tool::parse_number("12345,5").has_value());
     std::locale::global(before);
+}
+
+TEST(Angles, AsTextStayBelowAFullTurn)
+{
+    EXPECT_EQ(tool::gon_text(399.99994, 4), "399.9999");
+    EXPECT_EQ(tool::gon_text(399.99996, 4), "0.0000");
+    EXPECT_EQ(tool::degree_text(399.99994, 4), "359.9999");
+    EXPECT_EQ(tool::degree_text(399.99999, 4), "0.0000");
+    EXPECT_EQ(tool::degree_text(100.0, 4), "90.0000");
+    EXPECT_EQ(tool::gon_text(std::nullopt, 4), "-");
+    EXPECT_EQ(tool::degree_text(std::nullopt, 4), "-");
 }
 
 }  // namespace

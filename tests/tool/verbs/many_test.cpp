@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "console/progress.h"
+#include "console/terminal.h"
 #include "program.h"
 
 namespace {

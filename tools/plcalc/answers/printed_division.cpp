@@ -202,4 +202,9 @@ PrintedDivision divide_in_print(const Ring& ring, const Asked& asked)
     return printed;
 }
 
+Answer answer(const Parcel& parcel, const Asked& asked)
+{
+    return {parcel, asked, divide_in_print(parcel.ring, asked)};
+}
+
 }  // namespace tool

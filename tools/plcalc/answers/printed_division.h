@@ -5,8 +5,7 @@
 
 #include <vector>
 
-#include "answers/request.h"
-#include "answers/resolution.h"
+#include "answers/question.h"
 #include "plcalc/kernel.h"
 #include "plparcel/division.h"
 
@@ -35,5 +34,16 @@ struct PrintedDivision {
 /// @param[in] ring   the parcel, as plparcel::divide takes it
 /// @param[in] asked  what to cut off
 PrintedDivision divide_in_print(const plparcel::Ring& ring, const Asked& asked);
+
+/// What the program answers to a request: the parcel, what was asked of it, and the division that came out. It refers
+/// to the parcel and the request of the caller, which must outlive it.
+struct Answer {
+    const Parcel& parcel;
+    const Asked& asked;
+    PrintedDivision printed;  ///< of this parcel, as asked; not done() where it was refused
+};
+
+/// Divides the parcel as asked.
+Answer answer(const Parcel& parcel, const Asked& asked);
 
 }  // namespace tool

@@ -1,6 +1,6 @@
 #include "console/interrupt.h"
 
-#include "console/failure.h"
+#include "console/outcome.h"
 
 namespace tool {
 namespace {

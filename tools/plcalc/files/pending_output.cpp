@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 
 namespace tool {
 namespace {

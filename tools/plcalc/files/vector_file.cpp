@@ -7,7 +7,7 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 
 namespace tool {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "answers/parcel.h"
-#include "answers/resolution.h"
+#include "answers/printed_division.h"
+#include "answers/question.h"
 #include "plparcel/division.h"
 
 namespace tool {
@@ -25,5 +25,10 @@ struct Plan {
     Resolution resolution;
     LengthUnit unit;  ///< of the coordinates
 };
+
+/// From a division to its plan: the printed lines, the pieces between them, and the unit of the parcel's CRS.
+///
+/// @param[in] answer  one that is done()
+Plan plan_of(const Answer& answer);
 
 }  // namespace tool

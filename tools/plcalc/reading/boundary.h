@@ -4,7 +4,7 @@
 
 #include <ogr_geometry.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 #include "plparcel/division.h"
 
 namespace tool {

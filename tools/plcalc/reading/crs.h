@@ -4,8 +4,8 @@
 
 #include <ogr_spatialref.h>
 
-#include "answers/parcel.h"
-#include "console/failure.h"
+#include "answers/question.h"
+#include "console/outcome.h"
 
 namespace tool {
 

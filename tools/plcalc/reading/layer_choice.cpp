@@ -2,9 +2,9 @@
 
 #include <cpl_string.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 #include "reading/boundary.h"
-#include "reading/csv_wkt.h"
+#include "reading/csv.h"
 
 namespace tool {
 namespace {

@@ -7,8 +7,7 @@
 #include "files/vector_file.h"
 #include "reading/boundary.h"
 #include "reading/crs.h"
-#include "reading/csv_points.h"
-#include "reading/csv_wkt.h"
+#include "reading/csv.h"
 
 namespace tool {
 namespace {

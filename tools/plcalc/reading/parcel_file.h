@@ -10,8 +10,8 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
-#include "answers/parcel.h"
-#include "console/failure.h"
+#include "answers/question.h"
+#include "console/outcome.h"
 #include "files/gdal_messages.h"
 #include "reading/layer_choice.h"
 #include "reading/source.h"

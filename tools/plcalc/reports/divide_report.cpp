@@ -1,4 +1,4 @@
-#include "reports/divide_report.h"
+#include "reports/parcel_reports.h"
 
 #include <cstddef>
 #include <vector>

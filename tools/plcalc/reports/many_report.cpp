@@ -1,6 +1,6 @@
 #include "reports/many_report.h"
 
-#include "reports/divide_report.h"
+#include "reports/parcel_reports.h"
 #include "reports/refusal.h"
 #include "text/numbers.h"
 #include "text/table.h"

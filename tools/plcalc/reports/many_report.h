@@ -7,9 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "answers/answer.h"
-#include "console/failure.h"
-#include "console/output.h"
+#include "answers/printed_division.h"
+#include "console/outcome.h"
 #include "text/json.h"
 
 namespace tool {

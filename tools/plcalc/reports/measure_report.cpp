@@ -1,11 +1,10 @@
-#include "reports/measure_report.h"
+#include "reports/parcel_reports.h"
 
 #include <cstddef>
 #include <vector>
 
-#include "answers/resolution.h"
+#include "answers/question.h"
 #include "reports/words.h"
-#include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
 #include "text/table.h"

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "answers/resolution.h"
+#include "answers/question.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "answers/answer.h"
-#include "console/failure.h"
+#include "answers/printed_division.h"
+#include "console/outcome.h"
 
 namespace tool {
 

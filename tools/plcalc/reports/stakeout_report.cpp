@@ -1,9 +1,8 @@
-#include "reports/stakeout_report.h"
+#include "reports/parcel_reports.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
 #include "text/table.h"

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "answers/request.h"
+#include "answers/question.h"
 
 namespace tool {
 

@@ -10,7 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 
 namespace tool {
 namespace {

@@ -48,6 +48,18 @@ std::string formatted(double value, std::ios_base& (*notation)(std::ios_base&), 
     return out.str();
 }
 
+constexpr double kTurnGon = 400.0;
+constexpr double kTurnDegrees = 360.0;
+
+// A product with 0.9, not a division by 10/9, is exact for multiples of 10 gon.
+constexpr double kDegreesPerGon = 0.9;
+
+std::string angle_text(double angle, double turn, int decimals)
+{
+    const std::string text = tool::fixed(angle, decimals);
+    return text == tool::fixed(turn, decimals) ? tool::fixed(0.0, decimals) : text;
+}
+
 }  // namespace
 
 namespace tool {
@@ -82,6 +94,16 @@ int decimals_for(double step)
     while (decimals <= kMaxDecimals && !(std::pow(10.0, -decimals) <= step * kStepSlack))
         ++decimals;
     return decimals;
+}
+
+std::string gon_text(const std::optional<double>& angle_gon, int decimals)
+{
+    return angle_gon ? angle_text(*angle_gon, kTurnGon, decimals) : "-";
+}
+
+std::string degree_text(const std::optional<double>& angle_gon, int decimals)
+{
+    return angle_gon ? angle_text(*angle_gon * kDegreesPerGon, kTurnDegrees, decimals) : "-";
 }
 
 }  // namespace tool

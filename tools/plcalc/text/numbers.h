@@ -1,6 +1,6 @@
 #pragma once
 
-// Numbers as text, the same in every locale: a point before the decimals and nothing between the thousands.
+// Numbers and angles as text, the same in every locale: a point before the decimals and nothing between the thousands.
 
 #include <optional>
 #include <string>
@@ -28,5 +28,14 @@ std::string shortest(double value);
 /// How many decimals, at least 4, make the last place no larger than `step`; more than kMaxDecimals if none
 /// do.
 int decimals_for(double step);
+
+/// A tenth of a milligon is what a theodolite reads.
+constexpr int kAngleDecimals = 4;
+
+/// An angle in gons as text, below a full turn after rounding too; "-" for none.
+std::string gon_text(const std::optional<double>& angle_gon, int decimals);
+
+/// The same angle in degrees.
+std::string degree_text(const std::optional<double>& angle_gon, int decimals);
 
 }  // namespace tool

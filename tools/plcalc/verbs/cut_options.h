@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "answers/request.h"
+#include "answers/question.h"
 #include "verbs/verb.h"
 
 namespace tool {

@@ -1,8 +1,8 @@
-#include "verbs/measure_verb.h"
+#include "verbs/verbs.h"
 
 #include "answers/measure.h"
 #include "reading/parcel_file.h"
-#include "reports/measure_report.h"
+#include "reports/parcel_reports.h"
 #include "verbs/help.h"
 
 namespace tool {

@@ -1,13 +1,13 @@
-#include "verbs/stakeout_verb.h"
+#include "verbs/verbs.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 
-#include "answers/answer.h"
+#include "answers/printed_division.h"
 #include "reading/parcel_file.h"
+#include "reports/parcel_reports.h"
 #include "reports/refusal.h"
-#include "reports/stakeout_report.h"
 #include "text/numbers.h"
 #include "verbs/help.h"
 

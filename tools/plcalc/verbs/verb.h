@@ -7,8 +7,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "answers/parcel.h"
-#include "console/output.h"
+#include "answers/question.h"
+#include "console/outcome.h"
 #include "reading/source.h"
 
 namespace tool {

@@ -5,7 +5,7 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 #include "files/vector_file.h"
 #include "plcalc/kernel.h"
 #include "writing/columns.h"

@@ -1,4 +1,4 @@
-#include "answers/resolution.h"
+#include "answers/question.h"
 
 #include "plparcel/extent.h"
 #include "text/numbers.h"
@@ -19,6 +19,19 @@ Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area)
 {
     return {decimals_for(kRelExtentStep * plparcel::extent_of(ring).largest()),
             decimals_for(kRelAreaStep * area)};
+}
+
+double area_of(const plparcel::Amount& amount, double parcel_area)
+{
+    switch (amount.given) {
+    case plparcel::Given::as_product:
+        return amount.first * amount.second;
+    case plparcel::Given::as_share:
+        return parcel_area * amount.first / amount.second;
+    case plparcel::Given::as_area:
+        break;
+    }
+    return amount.first;
 }
 
 }  // namespace tool

@@ -1,4 +1,4 @@
-#include "console/failure.h"
+#include "console/outcome.h"
 
 #include <utility>
 

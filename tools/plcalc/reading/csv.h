@@ -1,13 +1,13 @@
 #pragma once
 
-// A parcel whose vertices are the rows of a table.
+// CSV tables: a parcel whose vertices are the rows, and parcels as WKT that cannot be read.
 
 #include <optional>
 #include <vector>
 
 #include <ogrsf_frmts.h>
 
-#include "console/failure.h"
+#include "console/outcome.h"
 #include "plcalc/kernel.h"
 
 namespace tool {
@@ -30,5 +30,13 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 ///                  of heights, codes and descriptions may do so. A comma before the decimals is
 ///                  refused rather than guessed at: 1,250 is one thing here and another there.
 std::vector<PL_PNT2D_record> read_points(OGRLayer& table, const PointColumns& columns, const Place& file);
+
+/// Whether the row has text where its geometry should be, and no geometry. GDAL passes on rows whose WKT it cannot
+/// read; one of them may be the parcel that the user means.
+bool has_broken_wkt(const OGRFeature& row);
+
+/// @param[in] row   one that has_broken_wkt()
+/// @param[in] place file and feature
+Failure broken_wkt(const OGRFeature& row, const Place& place);
 
 }  // namespace tool

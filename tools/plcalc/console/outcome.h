@@ -1,6 +1,6 @@
 #pragma once
 
-// The exit statuses, and how the program gives up.
+// How a verb ends: with its output or with a failure.
 
 #include <exception>
 #include <string>
@@ -14,6 +14,12 @@ enum class ExitStatus {
     wrong_use = 2,       ///< options, or a side, vertex or feature that does not exist
     unusable_input = 3,  ///< a file or geometry that cannot be worked on
     cannot_cut = 4       ///< a parcel that cannot be divided as asked
+};
+
+/// What a verb hands to the shell.
+struct Output {
+    std::string text;                      ///< for stdout
+    ExitStatus status = ExitStatus::done;  ///< not `done` where some parcels of many could not be worked on
 };
 
 /// What a message is about. A part that is empty is left out of it.

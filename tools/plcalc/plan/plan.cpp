@@ -1,4 +1,4 @@
-#include "plan/content.h"
+#include "plan/plan.h"
 
 #include <memory>
 

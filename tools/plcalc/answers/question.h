@@ -1,0 +1,52 @@
+#pragma once
+
+// The question: a parcel as it stands in a file, how many decimals its figures need, and the request as the command
+// line states it.
+
+#include <string>
+#include <vector>
+
+#include "console/outcome.h"
+#include "plcalc/kernel.h"
+#include "plparcel/division.h"
+
+namespace tool {
+
+/// The unit of a parcel's coordinates.
+struct LengthUnit {
+    std::string name;     ///< "m"; empty when the file does not say
+    double metres = 1.0;  ///< its length
+};
+
+struct Parcel {
+    Place place;          ///< the file and the feature
+    plparcel::Ring ring;  ///< in the file's order, without the closing vertex
+    LengthUnit unit;      ///< of the ring's coordinates
+};
+
+/// How many decimals a parcel's figures need: as many as its size asks for.
+struct Resolution {
+    int decimals = 4;       ///< of coordinates and lengths
+    int area_decimals = 4;  ///< of areas
+};
+
+/// At least four decimals, and as many as keep the rounding of a coordinate below a millionth of the parcel's
+/// extent and the rounding of an area below a ten-millionth of the area.
+Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
+
+/// One request.
+struct Asked {
+    plparcel::Request request;  ///< complete but for `index`, which needs a parcel
+    /// Side or vertex, from 1, in the order of the ring as it stands in the file. Side k runs from vertex k to
+    /// k + 1.
+    long long number = 0;
+    std::vector<std::string> amounts;  ///< as they were given, "40 x 50" or "1/3"; one per amount
+};
+
+/// An amount in the parcel's unit squared.
+///
+/// @param[in] amount       as a value, a product or a share
+/// @param[in] parcel_area  of the whole
+double area_of(const plparcel::Amount& amount, double parcel_area);
+
+}  // namespace tool

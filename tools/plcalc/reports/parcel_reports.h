@@ -1,0 +1,53 @@
+#pragma once
+
+// What the verbs print about one parcel: tables for people, JSON for programs, CSV for spreadsheets, with the same
+// numbers.
+
+#include <string>
+#include <vector>
+
+#include "answers/measure.h"
+#include "answers/printed_division.h"
+#include "answers/question.h"
+#include "answers/stakeout.h"
+#include "console/outcome.h"
+#include "text/json.h"
+
+namespace tool {
+
+// --- plcalc divide ---
+
+/// The table: parcel, cut, the amounts as they were given, the ends of the lines, the areas of the pieces,
+/// area and perimeter of the parcel. Columns are aligned, and every line is ended.
+///
+/// @param[in] answer  one that is done()
+std::string division_table(const Answer& answer);
+
+/// The same numbers.
+Json division_json(const Answer& answer);
+
+// --- plcalc measure ---
+
+std::string measures_table(const Parcel& parcel, const Measures& measures);
+std::string measures_json(const Parcel& parcel, const Measures& measures);
+
+// --- plcalc stakeout ---
+
+/// Everything about one job of setting out.
+struct StakeoutSheet {
+    Place parcel;  ///< where the parcel stands
+    Setup setup;
+    BaseLine base;
+    std::vector<SetOut> points;
+    Resolution resolution;   ///< decimals of lengths
+    int angle_decimals = 4;  ///< so many that no point moves by more than the last decimal of a length
+};
+
+/// Angles with as many decimals as the farthest point needs.
+int angle_decimals_for(const std::vector<SetOut>& points, const Resolution& resolution);
+
+std::string stakeout_table(const StakeoutSheet& sheet);
+std::string stakeout_csv(const StakeoutSheet& sheet);
+std::string stakeout_json(const StakeoutSheet& sheet);
+
+}  // namespace tool

@@ -1,0 +1,76 @@
+#pragma once
+
+// The verbs: each takes its options and goes its way from file to output.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "answers/printed_division.h"
+#include "answers/question.h"
+#include "answers/stakeout.h"
+#include "reading/parcel_file.h"
+#include "verbs/cut_options.h"
+#include "verbs/verb.h"
+
+namespace tool {
+
+class DivisionWriter;
+class ManyReport;
+class PendingOutput;
+
+/// `plcalc divide`: one parcel, or every parcel of a layer.
+class DivideVerb : public CuttingVerb {
+public:
+    explicit DivideVerb(CLI::App& app);
+
+private:
+    Output work() const override;
+
+    void check_outputs() const;
+    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file) const;
+    Output one(ParcelFile& file, const Asked& asked) const;
+    void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
+    Output many(ParcelFile& file, const Asked& asked) const;
+    std::unique_ptr<PendingOutput> draw(const Answer& answer, const ParcelFile& file) const;
+
+    bool json_ = false;
+    bool overwrite_ = false;
+    std::string plan_;
+    std::string out_;
+    std::string paper_ = "A4";
+};
+
+/// `plcalc measure`: area, perimeter, sides and angles of a parcel.
+class MeasureVerb : public Verb {
+public:
+    explicit MeasureVerb(CLI::App& app);
+
+private:
+    Output work() const override;
+
+    bool json_ = false;
+};
+
+/// `plcalc stakeout`: set-out values for the ends of dividing lines, or for any points.
+class StakeoutVerb : public CuttingVerb {
+public:
+    explicit StakeoutVerb(CLI::App& app);
+
+private:
+    Output work() const override;
+    NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel) const;
+    Setup setup(const Parcel& parcel) const;
+    BaseLine base_line(const Parcel& parcel) const;
+    std::vector<NamedPoint> points(const Parcel& parcel, Resolution& resolution) const;
+    std::vector<NamedPoint> line_ends(const Parcel& parcel, Resolution& resolution) const;
+
+    std::string station_;
+    std::string orientation_;
+    std::string base_;
+    std::vector<std::string> points_;
+    bool csv_ = false;
+    bool json_ = false;
+};
+
+}  // namespace tool
