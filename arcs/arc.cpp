@@ -1,6 +1,7 @@
+#include "arcs/arc.h"
+
 #include <utility>
 
-#include "arcs/arc_units.h"
 #include "kernel/square_root.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"
@@ -27,6 +28,17 @@ std::pair<double, double> sweep_through(double dir1, double dir2, double dir3)
 }
 
 }  // namespace
+
+namespace plcalc {
+
+bool in_sweep(double dir, double start, double end) noexcept
+{
+    if (below(end, start))
+        return !(below(dir, start) && above(dir, end));
+    return at_least(dir, start) && at_most(dir, end);
+}
+
+}  // namespace plcalc
 
 int PlFunz_arc_3pnts(const PL_PNT2D_record* p1, const PL_PNT2D_record* p2, const PL_PNT2D_record* p3,
                      ARC_2D_record* arc) noexcept

@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "arcs/arc_units.h"
-#include "arcs/sweep.h"
+#include "arcs/arc.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"
 

@@ -1,8 +1,8 @@
 #include "arcs/arc_segment.h"
 
+#include "arcs/arc.h"
 #include "arcs/arc_angle.h"
 #include "arcs/circle_segment.h"
-#include "arcs/sweep.h"
 #include "kernel/angle_units.h"
 #include "kernel/tolerance.h"
 #include "plcalc/arcs.h"

@@ -2,7 +2,7 @@
 
 #include "kernel/square_root.h"
 #include "kernel/tolerance.h"
-#include "lines/segment_box.h"
+#include "lines/point_line.h"
 
 namespace {
 

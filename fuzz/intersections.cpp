@@ -3,7 +3,7 @@
 #include "fuzz/check.h"
 #include "fuzz/reader.h"
 #include "kernel/tolerance.h"
-#include "lines/segment_box.h"
+#include "lines/point_line.h"
 #include "plcalc/lines.h"
 
 namespace {

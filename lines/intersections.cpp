@@ -2,7 +2,7 @@
 
 #include "lines/implicit_lines.h"
 #include "lines/parallels.h"
-#include "lines/segment_box.h"
+#include "lines/point_line.h"
 #include "plcalc/lines.h"
 
 namespace {

@@ -1,8 +1,11 @@
+#include "lines/point_line.h"
+
 // The one call upward in the library: collinearity is judged by the direction angle of arcs/, so that a
 // point is in line here exactly when arcs see it in that direction.
 #include "plcalc/arcs.h"
 
 #include "kernel/angle_units.h"
+#include "kernel/tolerance.h"
 #include "lines/implicit_lines.h"
 #include "plcalc/lines.h"
 
@@ -39,4 +42,16 @@ bool PlFunz_pnts_in_line(const PL_PNT2D_record* p0, const PL_PNT2D_record* p1,
     const double dir1_rad = fold_half_turn(PlFunz_arcangle(plcalc::kArcAngleRadians, p0, p1));
     const double dir2_rad = fold_half_turn(PlFunz_arcangle(plcalc::kArcAngleRadians, p0, p2));
     return plcalc::is_near(dir1_rad, dir2_rad);
+}
+
+bool PlFunz_pnt_in_segbox(const PL_LINE_2D_record* seg, const PL_PNT2D_record* p) noexcept
+{
+    using plcalc::at_least;
+    using plcalc::at_most;
+
+    const double xmin = PlFunz_min_tol(seg->start.x, seg->end.x);
+    const double ymin = PlFunz_min_tol(seg->start.y, seg->end.y);
+    const double xmax = PlFunz_max_tol(seg->start.x, seg->end.x);
+    const double ymax = PlFunz_max_tol(seg->start.y, seg->end.y);
+    return at_least(p->x, xmin) && at_most(p->x, xmax) && at_least(p->y, ymin) && at_most(p->y, ymax);
 }

@@ -6,7 +6,7 @@
 #include "kernel/bit_order.h"
 #include "plcalc/lines.h"
 #include "subdivision/clearance.h"
-#include "survey/direction_gon.h"
+#include "survey/offsets.h"
 
 namespace plcalc {
 

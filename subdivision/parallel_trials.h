@@ -11,7 +11,7 @@
 #include "plcalc/kernel.h"
 #include "subdivision/side.h"
 #include "subdivision/side_index.h"
-#include "survey/feet.h"
+#include "survey/offsets.h"
 
 namespace plcalc {
 

@@ -1,12 +1,15 @@
+#include "survey/offsets.h"
+
 #include "kernel/angle_units.h"
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
-#include "survey/direction_gon.h"
-#include "survey/feet.h"
 
 namespace {
 
 constexpr double kQuarterTurnDeg = 90.0;
+
+// Degrees to gons: the double nearest 10/9.
+constexpr double kGonPerDeg = 1.1111111111111112;
 
 double direction_deg(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
 {
@@ -34,6 +37,15 @@ double signed_distance(const PL_PNT2D_record& from, const PL_PNT2D_record& targe
 }
 
 }  // namespace
+
+namespace plcalc {
+
+double direction_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept
+{
+    return PlFunz_arctan_deg(to.x - from.x, to.y - from.y) * kGonPerDeg;
+}
+
+}  // namespace plcalc
 
 void CalcPtAtDistSuSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* from,
                         double dist, PL_PNT2D_record* out) noexcept

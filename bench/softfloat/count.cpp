@@ -6,8 +6,7 @@
 
 #include "counters.h"
 #include "plcalc/plcalc.h"
-#include "reference/literal_cut.h"
-#include "reference/literal_polygon.h"
+#include "reference/literal.h"
 #include "shapes.h"
 
 namespace {

@@ -1,3 +1,5 @@
+#include "arcs/arc.h"
+
 #include "arc_checks.h"
 #include "plcalc/arcs.h"
 
@@ -10,6 +12,7 @@ using test::kNaN;
 using test::kPi;
 using test::kThreeHalfPi;
 using test::kUntouched;
+using test::tol;
 using test::unknown;
 using test::up;
 
@@ -479,6 +482,88 @@ TEST(ArcThroughThreePoints, HoldsItsThreePoints)
             const double cross = (p2.x - p1.x) * (p3.y - p1.y) - (p3.x - p1.x) * (p2.y - p1.y);
             ASSERT_EQ(as_given, cross > 0.0);
         }
+    }
+}
+
+struct UnitRow {
+    const char* what;
+    PL_AngleMeasType angle_type;
+    int arcangle;
+    int polar;
+};
+
+// Three numberings of the same three units; only the pairs below make an arc's ends lie in its own sweep.
+const UnitRow kUnitRows[] = {
+    {"radians", PL_RADIANS, 2, 1},
+    {"degrees", PL_DEGREES, 1, 0},
+    {"pseudo-angle", PL_PSEUDO_ANGLE, 0, 2},
+    {"unknown: radians", test::unknown(3), 2, 1},
+    {"unknown: radians", test::unknown(7), 2, 1},
+    {"unknown, negative: radians", test::unknown(-1), 2, 1},
+    {"unknown, lowest: radians", test::unknown(std::numeric_limits<std::int32_t>::min()), 2, 1},
+    {"unknown, highest: radians", test::unknown(std::numeric_limits<std::int32_t>::max()), 2, 1},
+};
+
+TEST(ArcUnits, Table)
+{
+    for (const UnitRow& row : kUnitRows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(plcalc::arcangle_unit(row.angle_type), row.arcangle);
+        EXPECT_EQ(plcalc::polar_unit(row.angle_type), row.polar);
+    }
+}
+
+struct SweepRow {
+    const char* what;
+    double dir;
+    double start;
+    double end;
+    bool want;
+};
+
+const SweepRow kSweepRows[] = {
+    {"in the middle", 30, 10, 50, true},
+    {"before", 5, 10, 50, false},
+    {"behind", 55, 10, 50, false},
+    {"on the start", 10, 10, 50, true},
+    {"on the end", 50, 10, 50, true},
+    {"on the margin below the start", 300 - tol(300), 300, 350, true},
+    {"just outside the margin below the start", down(300 - tol(300)), 300, 350, false},
+    {"on the margin above the end", 350 + tol(350), 300, 350, true},
+    {"just outside the margin above the end", up(350 + tol(350)), 300, 350, false},
+    {"the margin at zero is absolute", -1e-7, 0, 1, true},
+    {"just outside it", down(-1e-7), 0, 1, false},
+    {"start and end equal: that direction alone", 20, 20, 20, true},
+    {"start and end equal: no other", 21, 20, 20, false},
+    {"as stored: a turn more is another direction", 370, 10, 50, false},
+    {"across zero: after the start", 350, 300, 60, true},
+    {"across zero: zero", 0, 300, 60, true},
+    {"across zero: before the end", 30, 300, 60, true},
+    {"across zero: the gap", 100, 300, 60, false},
+    {"across zero: on the margin below the start", 300 - tol(300), 300, 60, true},
+    {"across zero: just outside the margin below the start", down(300 - tol(300)), 300, 60, false},
+    {"across zero: on the margin above the end", 260 + tol(260), 300, 260, true},
+    {"across zero: just outside the margin above the end", up(260 + tol(260)), 300, 260, false},
+    {"end on the margin below the start: does not cross zero", 310, 300, 300 - tol(300), false},
+    {"end just outside that margin: crosses zero", 310, 300, down(300 - tol(300)), true},
+    {"negative angles: the margin grows with their size", down(-300 - tol(-300)), -300, -250, false},
+    {"negative angles: on the margin", -300 - tol(-300), -300, -250, true},
+    {"a NaN direction is not between", kNaN, 10, 50, false},
+    {"a NaN direction is not in the gap either", kNaN, 300, 60, true},
+    {"a NaN start: not across zero, and nothing is above it", 30, kNaN, 50, false},
+    {"a NaN end", 30, 10, kNaN, false},
+    {"an infinite direction", kInf, 10, 50, false},
+    {"an infinite direction across zero", kInf, 300, 60, true},
+    {"everything from a finite start on", 1e300, 10, kInf, true},
+    {"everything up to the end from minus infinity", 30, -kInf, 50, true},
+    {"an infinite start has no margin: nothing is above it", 30, kInf, 50, false},
+};
+
+TEST(Sweep, Table)
+{
+    for (const SweepRow& row : kSweepRows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(plcalc::in_sweep(row.dir, row.start, row.end), row.want);
     }
 }
 

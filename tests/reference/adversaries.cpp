@@ -5,7 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "reference/literal_cut.h"
+#include "reference/literal.h"
 
 namespace reference {
 

@@ -6,7 +6,7 @@
 
 #include "plcalc/subdivision.h"
 #include "reference/adversaries.h"
-#include "reference/literal_cut.h"
+#include "reference/literal.h"
 #include "support/bits.h"
 #include "support/cut_inspector.h"
 #include "support/rings.h"

@@ -1,4 +1,4 @@
-#include "reference/literal_cut.h"
+#include "reference/literal.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "reference/literal_polygon.h"
+#include "reference/literal.h"
 
 #include <cstdint>
 

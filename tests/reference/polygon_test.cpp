@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "plcalc/arcs.h"
-#include "reference/literal_polygon.h"
+#include "reference/literal.h"
 #include "support/bits.h"
 
 namespace {

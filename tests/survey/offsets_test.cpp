@@ -1,3 +1,5 @@
+#include "survey/offsets.h"
+
 #include <cmath>
 #include <limits>
 #include <random>
@@ -624,6 +626,37 @@ TEST_F(RandomBase, PolarSetOutHasItsAngleAndDistanceAndLeadsBack)
         ASSERT_NEAR(home.x, a_.x, 1e-9);
         ASSERT_NEAR(home.y, a_.y, 1e-9);
     }
+}
+
+using plcalc::FeetOnLine;
+
+TEST(FeetOnLine, OneLineManyPoints)
+{
+    const FeetOnLine feet({0.0, 10.0, -20.0});  // y = 2
+    PL_PNT2D_record foot = {};
+    ASSERT_TRUE(feet.find({3.0, 7.0}, foot));
+    EXPECT_POINT(foot, (PL_PNT2D_record{3.0, 2.0}));
+    ASSERT_TRUE(feet.find({-4.5, -1.0}, foot));
+    EXPECT_POINT(foot, (PL_PNT2D_record{-4.5, 2.0}));
+    ASSERT_TRUE(feet.find({8.0, 2.0}, foot));
+    EXPECT_POINT(foot, (PL_PNT2D_record{8.0, 2.0}));
+}
+
+TEST(FeetOnLine, WithoutDirectionThereIsNone)
+{
+    const FeetOnLine feet({0.0, 0.0, 5.0});
+    PL_PNT2D_record foot = {test::kUntouched, test::kUntouched};
+    EXPECT_FALSE(feet.find({3.0, 7.0}, foot));
+    EXPECT_POINT(foot, (PL_PNT2D_record{test::kUntouched, test::kUntouched}));
+}
+
+TEST(DirectionGon, AxesAndDiagonal)
+{
+    EXPECT_BITS(plcalc::direction_gon({1, 1}, {5, 1}), 0.0);
+    EXPECT_BITS(plcalc::direction_gon({1, 1}, {1, 5}), 90.0 * 1.1111111111111112);
+    EXPECT_BITS(plcalc::direction_gon({1, 1}, {-5, 1}), 180.0 * 1.1111111111111112);
+    EXPECT_BITS(plcalc::direction_gon({1, 1}, {1, -5}), 270.0 * 1.1111111111111112);
+    EXPECT_BITS(plcalc::direction_gon({1, 1}, {1, 1}), 0.0);
 }
 
 }  // namespace

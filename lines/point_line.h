@@ -1,6 +1,6 @@
 #pragma once
 
-// The box of a segment: internal, not installed; for lines/ and arcs/.
+// A point in the box of a segment: internal, not installed; for lines/ and arcs/.
 
 #include "plcalc/kernel.h"
 

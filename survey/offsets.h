@@ -1,6 +1,6 @@
 #pragma once
 
-// Feet of perpendiculars on one line: internal, not installed; for survey/ and subdivision/.
+// Pieces of right-angle offsets, feet and their directions: internal, not installed; for survey/ and subdivision/.
 
 #include "lines/parallels.h"
 #include "plcalc/kernel.h"
@@ -35,5 +35,8 @@ private:
     double b_;
     MeetsParallels perpendiculars_;
 };
+
+/// Direction from one point to another in gons, counted anticlockwise from +x; 0 for equal points.
+double direction_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to) noexcept;
 
 }  // namespace plcalc

@@ -1,6 +1,6 @@
 #pragma once
 
-// The subdivision evaluated literally: every trial line measures every vertex and meets every side anew. It
+// Literal forms. The subdivision: every trial line measures every vertex and meets every side anew. It
 // keeps nothing between trials, so it has nothing to keep wrongly; the library's form must equal it to the
 // last bit, results and working values.
 
@@ -73,5 +73,9 @@ private:
     void number_from_start();
     bool met() const;
 };
+
+/// As PlFunz_inpolygon, with every comparison made anew at every edge, for comparing bit and cost.
+bool literal_inpolygon(const PL_PNT2D_record* pt, const PL_PNT2D_record* vertices, const int* count,
+                       int* rightmostIndex);
 
 }  // namespace reference
