@@ -20,10 +20,6 @@ constexpr double kEndRoundings = 2.5;
 // Otherwise it would leave a side of a nanometre, or lie beyond the vertex.
 constexpr double kVertexRoundings = 4.0;
 
-// A line that passes within this many times that spacing of a vertex touches it: on which side it passes is a matter
-// of rounding.
-constexpr double kTouchRoundings = 4.0;
-
 double length_of(const WidePoint& v)
 {
     return std::hypot(v.x.value(), v.y.value());

@@ -12,6 +12,10 @@
 
 namespace plparcel {
 
+/// A line that passes within this many times the spacing of doubles, at the ring's largest coordinate, of a vertex
+/// touches it: on which side it passes is a matter of rounding.
+constexpr double kTouchRoundings = 4.0;
+
 /// A line as it would be returned, and the two pieces that it makes.
 struct Cutting {
     PL_PNT2D_record from = {};

@@ -71,7 +71,6 @@ bool meets_inside(const MeasuredRing& piece, const Cutting& cutting, double reac
 // on one side of it only.
 bool meets_again(const MeasuredRing& ring, const Cutting& cutting)
 {
-    constexpr double kTouchRoundings = 4.0;
     const double reach = kTouchRoundings * ring.spacing();
     return meets_inside(cutting.request, cutting, reach) || meets_inside(cutting.rest, cutting, reach);
 }
@@ -112,8 +111,7 @@ public:
             if (verdict == Verdict::divides) {
                 attempt.status = Status::divided;
                 attempt.line = dividing_line(attempt.cutting);
-                attempt.line.found =
-                    attempt.bare.done && is_beside(line, found) ? Found::by_search : Found::by_sweep;
+                attempt.line.library_agrees = attempt.bare.done && is_beside(line, found);
                 break;
             }
             if (verdict == Verdict::misses && !line.beside_the_amount)

@@ -19,7 +19,6 @@ using plparcel::Cut;
 using plparcel::divide;
 using plparcel::Division;
 using plparcel::equal_parts;
-using plparcel::Found;
 using plparcel::Measured;
 using plparcel::product;
 using plparcel::Request;
@@ -551,17 +550,17 @@ TEST(Division, KeepsTheBareAnswer)
     EXPECT_NEAR(division.bare[0].line.start.y, 10.0, 1e-4);  // within a millionth of the request
     EXPECT_NEAR(division.bare[0].line.end.y, 10.0, 1e-4);
     EXPECT_NE(division.bare[0].line.start.y, 10.0);
-    EXPECT_EQ(division.lines[0].found, Found::by_search);
+    EXPECT_TRUE(division.lines[0].library_agrees);
     EXPECT_FALSE(division.lines[0].meets_again);
     EXPECT_EQ(division.trials, 1U);
     const Division not_asked = divide(kLot, request(Cut::parallel, 0, {area(1000)}));
     EXPECT_TRUE(not_asked.bare.empty());
-    EXPECT_EQ(not_asked.lines[0].found, Found::by_sweep);
+    EXPECT_FALSE(not_asked.lines[0].library_agrees);
 
     const Division swept = compared(kU, request(Cut::parallel, 0, {area(7000)}));
     ASSERT_EQ(swept.status, Status::divided);
     EXPECT_TRUE(swept.bare[0].done);
-    EXPECT_EQ(swept.lines[0].found, Found::by_sweep);
+    EXPECT_FALSE(swept.lines[0].library_agrees);
     EXPECT_TRUE(swept.lines[0].meets_again);
 }
 
@@ -589,7 +588,7 @@ TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
     for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {
         const Division beyond = compared(kLot, request(cut, 0, {area(1000)}, kThere));
         ASSERT_EQ(beyond.status, Status::divided);
-        EXPECT_EQ(beyond.lines[0].found, Found::by_search);
+        EXPECT_TRUE(beyond.lines[0].library_agrees);
     }
     // In the tip of a triangle a millionth of the rest is millimetres, and as many units in the parcel's frame.
     const Ring triangle = {{0, 0}, {100, 0}, {0, 100}};
@@ -597,7 +596,7 @@ TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
     ASSERT_EQ(tip.status, Status::divided);
     EXPECT_TRUE(tip.bare[0].done);
     EXPECT_GT(std::fabs(tip.bare[0].line.start.y - tip.lines[0].from.y), 1e-3);
-    EXPECT_EQ(tip.lines[0].found, Found::by_search);
+    EXPECT_TRUE(tip.lines[0].library_agrees);
 }
 
 // Of sides 1e-9 rad off the axes CFrazArea loses some lines, shares of nearly a half among them, unless the parcel is
@@ -614,7 +613,7 @@ TEST(Division, FoundByTheSearchThoughNearlyAlongTheAxes)
                     SCOPED_TRACE(std::to_string(side) + ", " + std::to_string(per_mille) + " of 1000");
                     const Division division = compared(ring, request(cut, side, {share(per_mille, 1000)}));
                     ASSERT_EQ(division.status, Status::divided);
-                    EXPECT_EQ(division.lines[0].found, Found::by_search);
+                    EXPECT_TRUE(division.lines[0].library_agrees);
                 }
             }
         }
@@ -636,7 +635,7 @@ TEST(Division, FoundByTheSearchThoughNearlyAlongADiagonal)
                 SCOPED_TRACE(std::to_string(eighths) + " of eight, " + std::to_string(tilt * 1e11));
                 const Division division = compared(ring, request(cut, 0, {share(1, 4)}));
                 ASSERT_EQ(division.status, Status::divided);
-                EXPECT_EQ(division.lines[0].found, Found::by_search);
+                EXPECT_TRUE(division.lines[0].library_agrees);
             }
         }
     }
@@ -651,7 +650,7 @@ TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
     EXPECT_TRUE(division.bare[0].done);
     EXPECT_NEAR(division.bare[0].line.start.y, 1.0 + 2.0 / 13.0, 1e-3);
     EXPECT_NEAR(division.lines[0].from.y, 11.0 / 13.0, 1e-15);
-    EXPECT_EQ(division.lines[0].found, Found::by_sweep);
+    EXPECT_FALSE(division.lines[0].library_agrees);
 }
 
 TEST(Division, ResidualIsThatOfTheUnroundedNumbers)

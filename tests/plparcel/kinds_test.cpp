@@ -23,7 +23,6 @@
 namespace {
 
 using plparcel::Division;
-using plparcel::Found;
 using plparcel::Status;
 
 constexpr bare_cut::Mode kModes[] = {bare_cut::Mode::kParallel, bare_cut::Mode::kPerpendicular,
@@ -38,13 +37,13 @@ int requests()
 
 struct Tally {
     int requests = 0;
-    int bare = 0;      // held by a bare call of CFrazArea on the parcel as it is
-    int searched = 0;  // divided by its line, brought to rest
-    int swept = 0;     // divided by another line
-    int again = 0;     // of them, the line prolonged meets the parcel again
+    int bare = 0;    // held by a bare call of CFrazArea on the parcel as it is
+    int agreed = 0;  // divided by the line of CFrazArea, up to its millionth
+    int others = 0;  // divided by another line
+    int again = 0;   // of them, the line prolonged meets the parcel again
     std::map<Status, int> refused;
 
-    int divided() const { return searched + swept; }
+    int divided() const { return agreed + others; }
 };
 using Tallies = std::array<Tally, 3>;  // by mode
 
@@ -65,7 +64,7 @@ void note(const Division& division, Tally& tally)
         return;
     }
     const plparcel::DividingLine& line = division.lines[0];
-    ++(line.found == Found::by_search ? tally.searched : tally.swept);
+    ++(line.library_agrees ? tally.agreed : tally.others);
     tally.again += line.meets_again ? 1 : 0;
 }
 
@@ -138,8 +137,8 @@ void print_details(const char* name, const Tallies& tallies)
 {
     for (const bare_cut::Mode mode : kModes) {
         const Tally& t = tallies[static_cast<std::size_t>(mode)];
-        std::printf("| %s | %d | %d | %d | %d | %d |", name, static_cast<int>(mode), t.requests, t.searched,
-                    t.swept, t.again);
+        std::printf("| %s | %d | %d | %d | %d | %d |", name, static_cast<int>(mode), t.requests, t.agreed,
+                    t.others, t.again);
         for (const auto& [status, times] : t.refused)
             std::printf(" %d %s;", times, plparcel::describe(status));
         std::printf(" |\n");
@@ -164,7 +163,7 @@ TEST_F(Kinds, DividedIsRightAndMoreIsDividedThanByABareCall)
         print_row(kind.name, tallies);
         all.push_back(tallies);
     }
-    std::printf("\n| parcel | mode | requests | by search | by sweep | meets again | refused |\n"
+    std::printf("\n| parcel | mode | requests | the library's line | another line | meets again | refused |\n"
                 "| --- | --- | --- | --- | --- | --- | --- |\n");
     for (std::size_t i = 0; i < kinds.size(); ++i)
         print_details(kinds[i].name, all[i]);

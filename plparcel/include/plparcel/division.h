@@ -188,19 +188,14 @@ enum class Status {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(Status status) noexcept;
 
-/// How a dividing line was found.
-enum class Found {
-    by_search,  ///< CFrazArea was called, and its line is this one up to its millionth of the amount
-    by_sweep    ///< CFrazArea was not called, was wrong, or found a line that divide() ranks after this one
-};
-
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
     /// through a vertex from that vertex, to the last bit.
     PL_PNT2D_record from = {};
-    PL_PNT2D_record to = {};        ///< the other end
-    Found found = Found::by_sweep;  ///< how the line was found
+    PL_PNT2D_record to = {};  ///< the other end
+    /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
+    bool library_agrees = false;
     /// Whether the line, prolonged beyond its ends, meets what was left of the parcel again. Another line of the same
     /// direction, through another part of the parcel, may then be what was meant.
     bool meets_again = false;
