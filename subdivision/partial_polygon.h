@@ -66,7 +66,10 @@ private:
 
     const PL_PNT2D_record& point(std::int32_t at) const noexcept
     {
-        return at >= 0 ? ring_[static_cast<std::size_t>(at)] : singles_[static_cast<std::size_t>(~at)];
+        if (at >= 0)
+            return ring_[static_cast<std::size_t>(at)];
+        const std::int32_t single = ~at;
+        return singles_[static_cast<std::size_t>(single)];
     }
     double share(std::int32_t at) const noexcept { return shares_[static_cast<std::size_t>(at)]; }
     double sum_up_to(std::int32_t at) const noexcept { return sums_[static_cast<std::size_t>(at)]; }
