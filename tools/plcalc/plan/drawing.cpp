@@ -82,9 +82,9 @@ private:
 
     void draw_boundary()
     {
-        canvas_.stroke(outline_, true, kInk, 1.0);
+        canvas_.stroke(outline_, kInk, 1.0);
         if (plan_.base_side)
-            canvas_.stroke({vertex(*plan_.base_side), vertex(*plan_.base_side + 1)}, false, kBlue, 3.0);
+            canvas_.line(vertex(*plan_.base_side), vertex(*plan_.base_side + 1), kBlue, 3.0);
         for (std::size_t i = 0; i < outline_.size(); ++i)
             canvas_.dot(outline_[i], 1.8, kPaper, kInk);
         if (plan_.base_vertex)
@@ -96,7 +96,7 @@ private:
         for (const PL_LINE_2D_record& line : plan_.lines) {
             const SheetPoint a = layout_.at(line.start);
             const SheetPoint b = layout_.at(line.end);
-            canvas_.stroke({a, b}, false, kRed, 1.6);
+            canvas_.line(a, b, kRed, 1.6);
             canvas_.dot(a, 2.2, kRed, kRed);
             canvas_.dot(b, 2.2, kRed, kRed);
         }
@@ -105,11 +105,11 @@ private:
     void draw_frame()
     {
         const SheetBox f = layout_.frame();
-        canvas_.stroke({{f.left, f.top}, {f.right, f.top}, {f.right, f.bottom}, {f.left, f.bottom}}, true,
-                       kGrey, 0.7);
+        canvas_.stroke({{f.left, f.top}, {f.right, f.top}, {f.right, f.bottom}, {f.left, f.bottom}}, kGrey,
+                       0.7);
         const SheetBox d = layout_.drawing();
-        canvas_.stroke({{d.left, d.top}, {d.right, d.top}}, false, kGrey, 0.5);
-        canvas_.stroke({{d.left, d.bottom}, {d.right, d.bottom}}, false, kGrey, 0.5);
+        canvas_.line({d.left, d.top}, {d.right, d.top}, kGrey, 0.5);
+        canvas_.line({d.left, d.bottom}, {d.right, d.bottom}, kGrey, 0.5);
     }
 
     // In the upper right corner of the title, where no parcel is drawn.
@@ -118,7 +118,7 @@ private:
         const SheetBox f = layout_.frame();
         const SheetPoint tip = {f.right - 24.0, f.top + 10.0};
         canvas_.fill({tip, {tip.x - 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk);
-        canvas_.stroke({tip, {tip.x + 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, true, kInk, 0.7);
+        canvas_.stroke({tip, {tip.x + 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk, 0.7);
         canvas_.text("N", {tip.x, tip.y + 40.0}, kTextSize, kInk, Anchor::centre, true);
     }
 
@@ -174,7 +174,7 @@ private:
                                                    {next, right_end.y + kHeight},
                                                    {x, right_end.y + kHeight}};
             canvas_.fill(field, i % 2 == 0 ? kInk : kPaper);
-            canvas_.stroke(field, true, kInk, 0.6);
+            canvas_.stroke(field, kInk, 0.6);
         }
         const std::string unit = plan_.unit.name.empty() ? "" : " " + plan_.unit.name;
         canvas_.text("0", {left, right_end.y + 13.0}, kSmallSize, kInk);

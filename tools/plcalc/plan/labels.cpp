@@ -235,7 +235,7 @@ bool PlanLabels::label_beside(const std::string& text, const SheetPoint& piece)
     const auto place = places_.first_free(places, {extent.x + 4.0, extent.y + 2.0}, 0.0, false);
     if (!place)
         return false;
-    canvas_.stroke({piece, *place}, false, kGrey, 0.5);
+    canvas_.line(piece, *place, kGrey, 0.5);
     canvas_.dot(piece, 1.0, kGrey, kGrey);
     canvas_.text(text, *place, kLabelSize, kInk, Anchor::centre, true);
     places_.add_line(piece, *place);

@@ -144,28 +144,40 @@ void Canvas::set_font(double size, bool bold)
     cairo_set_font_size(cairo_.get(), size);
 }
 
-void Canvas::outline(const std::vector<SheetPoint>& points, bool closed)
+void Canvas::trace(const std::vector<SheetPoint>& outline)
 {
     cairo_new_path(cairo_.get());
-    for (const SheetPoint& p : points)
+    for (const SheetPoint& p : outline)
         cairo_line_to(cairo_.get(), p.x, p.y);
-    if (closed)
-        cairo_close_path(cairo_.get());
+    cairo_close_path(cairo_.get());
 }
 
-void Canvas::fill(const std::vector<SheetPoint>& points, const Colour& colour)
+void Canvas::draw_traced(const Colour& colour, double width)
 {
-    outline(points, true);
+    set_colour(colour);
+    cairo_set_line_width(cairo_.get(), width);
+    cairo_stroke(cairo_.get());
+}
+
+void Canvas::fill(const std::vector<SheetPoint>& outline, const Colour& colour)
+{
+    trace(outline);
     set_colour(colour);
     cairo_fill(cairo_.get());
 }
 
-void Canvas::stroke(const std::vector<SheetPoint>& points, bool closed, const Colour& colour, double width)
+void Canvas::stroke(const std::vector<SheetPoint>& outline, const Colour& colour, double width)
 {
-    outline(points, closed);
-    set_colour(colour);
-    cairo_set_line_width(cairo_.get(), width);
-    cairo_stroke(cairo_.get());
+    trace(outline);
+    draw_traced(colour, width);
+}
+
+void Canvas::line(const SheetPoint& from, const SheetPoint& to, const Colour& colour, double width)
+{
+    cairo_new_path(cairo_.get());
+    cairo_move_to(cairo_.get(), from.x, from.y);
+    cairo_line_to(cairo_.get(), to.x, to.y);
+    draw_traced(colour, width);
 }
 
 void Canvas::dot(const SheetPoint& centre, double radius, const Colour& inside, const Colour& rim)

@@ -46,7 +46,8 @@ public:
     static bool can_draw(const std::string& path);
 
     void fill(const std::vector<SheetPoint>& outline, const Colour& colour);
-    void stroke(const std::vector<SheetPoint>& points, bool closed, const Colour& colour, double width);
+    void stroke(const std::vector<SheetPoint>& outline, const Colour& colour, double width);
+    void line(const SheetPoint& from, const SheetPoint& to, const Colour& colour, double width);
     void dot(const SheetPoint& centre, double radius, const Colour& inside, const Colour& rim);
 
     /// How much room a text takes.
@@ -67,7 +68,8 @@ private:
     void prepare();
     void set_colour(const Colour& colour);
     void set_font(double size, bool bold);
-    void outline(const std::vector<SheetPoint>& points, bool closed);
+    void trace(const std::vector<SheetPoint>& outline);
+    void draw_traced(const Colour& colour, double width);
 
     std::string path_;
     std::string name_;
