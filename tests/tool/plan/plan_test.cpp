@@ -12,6 +12,7 @@
 #include "plan/foot_table.h"
 #include "plan/labels.h"
 #include "plan/layout.h"
+#include "plan/plan.h"
 #include "program.h"
 #include "sheet/geometry.h"
 #include "sheet/label_places.h"
@@ -236,6 +237,38 @@ TEST(Foot, TellsWhatHasNoPlaceOnTheDrawing)
         << "all of them, lest they be looked for in two places";
 }
 
+// A strip of land 240 by 2 in lots side by side, each too low for its area: a hair line leads to it.
+tool::Plan row_of_lots(std::size_t count)
+{
+    tool::Plan plan;
+    plan.ring = {{0, 0}, {240, 0}, {240, 2}, {0, 2}};
+    for (std::size_t i = 0; i < count; ++i) {
+        const double left = 240.0 * static_cast<double>(i) / static_cast<double>(count);
+        const double right = 240.0 * static_cast<double>(i + 1) / static_cast<double>(count);
+        plan.pieces.push_back({{left, 0}, {right, 0}, {right, 2}, {left, 2}});
+        plan.piece_labels.push_back("36.92");
+    }
+    return plan;
+}
+
+TEST(Foot, HasTheAreasWhereHairLinesWouldMakeAThicket)
+{
+    EXPECT_FALSE(found_no_place(row_of_lots(12)).pieces);
+    EXPECT_TRUE(found_no_place(row_of_lots(13)).pieces) << "one more than twelve";
+}
+
+TEST(Foot, HasTheAreasIfOneFindsNoPlace)
+{
+    tool::Plan plan = strips(1);
+    plan.piece_labels = {"1984.0000", "32.0000", "1984.0000"};
+    plan.pieces = {
+        {{0, 0}, {80, 0}, {80, 24.8}, {0, 24.8}},
+        {{0, 24.8}, {80, 24.8}, {80, 25.2}, {0, 25.2}},  // too low, and its middle far from any end
+        {{0, 25.2}, {80, 25.2}, {80, 50}, {0, 50}}};
+    plan.lines = {{{0, 24.8}, {80, 24.8}}, {{0, 25.2}, {80, 25.2}}};
+    EXPECT_TRUE(found_no_place(plan).pieces);
+}
+
 TEST(Foot, SectionsByKind)
 {
     const tool::Plan plan = strips(3);
@@ -265,6 +298,58 @@ TEST(Foot, GrowsWithItsRowsUpToItsHeight)
     EXPECT_GT(height(100, 500.0), 120.0);
     EXPECT_LT(height(100, 500.0), height(140, 500.0));
     EXPECT_LE(height(5000, 500.0), 300.0) << "not whole";
+}
+
+// Rows are 12 points high, 9 in small text; 12 points are free above and below. The scale bar's corner is 180 by 66
+// points, so five rows of the column under it stay free, or six small ones.
+TEST(Foot, LeavesTheScaleBarsCornerFree)
+{
+    struct Row {
+        const char* what;
+        std::size_t rows;
+        double height;
+    };
+    tool::Canvas canvas;
+    const std::string wide = "P1  E 123456789012.0000  N 123456789012.0000";
+    const double column = canvas.size_of(wide, 8.0).x;
+    ASSERT_GT(column, 170.0) << "the second of two columns lies under the scale bar";
+    for (const Row& row : {Row{"one column", 4, 74.0},
+                           {"5 + 0", 5, 84.0},
+                           {"6 + 1", 7, 96.0},
+                           {"7 + 2", 8, 108.0},
+                           {"7 + 2, full", 9, 108.0},
+                           {"8 + 3", 10, 120.0},
+                           {"8 + 3, full", 11, 120.0},
+                           {"small: 9 + 3", 12, 105.0}}) {
+        SCOPED_TRACE(row.what);
+        const tool::FootTable table({{"Ends of lines", std::vector<std::string>(row.rows, wide)}}, canvas,
+                                    2.0 * column + 20.0, 300.0);
+        EXPECT_EQ(table.height(), row.height);
+    }
+}
+
+// ----------------------------------------------------------------------------------------------- the contents
+
+TEST(PlanContents, TitleIsTheFilesNameAsText)
+{
+    struct Row {
+        tool::Place place;
+        const char* title;
+    };
+    // In Latin-1, as old file names are.
+    const std::string latin1 = std::string("Stra\xDF") + "e.csv";
+    for (const Row& row : {Row{{"lots/North/lot.csv", ""}, "lot.csv"},
+                           {{"lots/lot.gpkg", "feature 3"}, "lot.gpkg: feature 3"},
+                           {{"Grünfläche.csv", ""}, "Grünfläche.csv"},
+                           {{latin1, ""}, "Stra?e.csv"}}) {
+        tool::Asked asked;
+        asked.request.cut = plparcel::Cut::parallel;
+        asked.request.amounts = {plparcel::area(1000)};
+        asked.number = 1;
+        asked.amounts = {"1000"};
+        const tool::Parcel parcel = {row.place, {{0, 0}, {80, 0}, {80, 50}, {0, 50}}, {}};
+        EXPECT_EQ(tool::plan_of(tool::answer(parcel, asked)).title, row.title);
+    }
 }
 
 // ----------------------------------------------------------------------------------------------- the program
@@ -389,8 +474,11 @@ TEST_F(Plans, DifficultParcelsAreDrawn)
 TEST_F(Plans, TitlesOfEveryKindAreDrawn)
 {
     const std::string long_name(180, 'x');
-    for (const std::string& name :
-         {std::string("\xff\xfe.csv"), std::string("Grünfläche.csv"), long_name + ".csv"}) {
+    std::string of_two_and_three_bytes;  // a cut inside a character leaves no text
+    for (int i = 0; i < 34; ++i)
+        of_two_and_three_bytes += "üé€";
+    for (const std::string& name : {std::string("\xff\xfe.csv"), std::string("Grünfläche.csv"),
+                                    long_name + ".csv", of_two_and_three_bytes + ".csv"}) {
         SCOPED_TRACE(name);
         write(name, "E,N\n0,0\n80,0\n80,50\n0,50\n");
         const test::Result run = divide(name, "--parallel 1 --parts 40 --plan plan.png --overwrite");

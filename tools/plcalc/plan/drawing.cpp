@@ -122,14 +122,15 @@ private:
         canvas_.text("N", {tip.x, tip.y + 40.0}, kTextSize, kInk, Anchor::centre, true);
     }
 
-    // As much of the text as fits.
+    // As much of the text as fits, in whole characters: the bytes of one after its first are 10xxxxxx.
     std::string fitted(std::string text, double size, bool bold, double room)
     {
         bool cut = false;
-        while (text.size() > 1 && canvas_.size_of(cut ? text + "..." : text, size, bold).x > room) {
-            text.pop_back();
-            while (!text.empty() && (text.back() & 0xC0) == 0x80)
-                text.pop_back();
+        while (!text.empty() && canvas_.size_of(cut ? text + "..." : text, size, bold).x > room) {
+            std::size_t last = text.size() - 1;
+            while (last > 0 && (text[last] & 0xC0) == 0x80)
+                --last;
+            text.resize(last);
             cut = true;
         }
         return cut ? text + "..." : text;
