@@ -119,6 +119,34 @@ TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
     }
 }
 
+struct AmountRow {
+    const char* what;
+    plparcel::Amount amount;
+    double area;        // of a square of 100 by 100
+    int area_decimals;  // the fourth digit of the amount, and four at least
+};
+
+const AmountRow kAmounts[] = {
+    {"an area", plparcel::area(2000), 2000, 4},
+    {"a product", plparcel::product(40, 50), 2000, 4},
+    {"a share", plparcel::share(1, 5), 2000, 4},
+    {"a small area", plparcel::area(0.004), 0.004, 6},
+    {"a small product, its large factor first", plparcel::product(400, 0.00001), 0.004, 6},
+    {"a small product, its small factor first", plparcel::product(0.00001, 400), 0.004, 6},
+    {"a small share", plparcel::share(1, 2500000), 0.004, 6},
+};
+
+TEST(PrintedDivision, AreasShowTheDigitsOfEveryKindOfAmount)
+{
+    for (const AmountRow& row : kAmounts) {
+        SCOPED_TRACE(row.what);
+        EXPECT_NEAR(tool::area_of(row.amount, 10000.0), row.area, 1e-12 * row.area);
+        Asked request = asked(Cut::parallel, 1, 1.0);
+        request.request.amounts = {row.amount};
+        EXPECT_EQ(tool::divide_in_print(square(100), request).resolution.area_decimals, row.area_decimals);
+    }
+}
+
 // A parcel of about that size across, of three vertices to `most`, at a place, in either direction.
 Ring random_parcel(std::mt19937_64& source, int most, double size, const PL_PNT2D_record& place, bool convex)
 {

@@ -7,6 +7,7 @@
 #include <ogrsf_frmts.h>
 
 #include "program.h"
+#include "reading/parcel_file.h"
 
 namespace {
 
@@ -234,6 +235,53 @@ TEST_F(Formats, DrawingsWithArcsAreRefused)
         test::fails_with(divide("lot.dxf", kStrip), 3,
                          "lot.dxf: the file holds no polygon and no closed line (features: 2, the first a "
                          "LINESTRING); draw the parcel as a polygon"));
+}
+
+// A drawing of so much text, so many times the same lot, and text again.
+std::string drawing(int texts_before, int lots, int texts_after)
+{
+    const std::string text = "0\nTEXT\n8\nnotes\n10\n500050\n20\n5000025\n40\n2\n1\nlot\n";
+    const std::string lot =
+        "0\nLWPOLYLINE\n8\nlots\n90\n3\n70\n1\n10\n0\n20\n0\n10\n90\n20\n0\n10\n0\n20\n90\n";
+    std::string drawing = "0\nSECTION\n2\nENTITIES\n";
+    for (int i = 0; i < texts_before; ++i)
+        drawing += text;
+    for (int i = 0; i < lots; ++i)
+        drawing += lot;
+    for (int i = 0; i < texts_after; ++i)
+        drawing += text;
+    return drawing + "0\nENDSEC\n0\nEOF\n";
+}
+
+// To look for arcs, a drawing is read twice. The second reader has the first 4096 bytes of a long file already, and
+// does not see that somebody saves another drawing in the meantime.
+TEST_F(Formats, ADrawingThatIsSavedWhileItIsRead)
+{
+    struct Row {
+        const char* what;
+        std::string saved;
+        std::vector<bool> straight;  // of each lot, whether it could be read twice
+    };
+    const std::string original = drawing(0, 1, 1000);
+    for (const Row& row : {Row{"as it was", original, {true}},
+                           {"the lot is another feature now", drawing(1, 1, 1000), {false}},
+                           {"another lot, and little text", drawing(0, 2, 1), {true, false}}}) {
+        SCOPED_TRACE(row.what);
+        write("lots.dxf", original);
+        tool::ParcelFile file({path("lots.dxf"), {}, {}, "Layer = 'lots'"});
+        write("lots.dxf", row.saved);
+        std::vector<bool> straight;
+        while (const std::optional<tool::ReadParcel> read = file.next()) {
+            straight.push_back(!read->problem);
+            if (!read->problem)
+                continue;
+            EXPECT_EQ(read->problem->problem,
+                      "the boundary could not be read a second time, to look for arcs");
+            EXPECT_EQ(read->problem->advice, "leave the file alone until plcalc is done");
+            EXPECT_EQ(read->problem->status, tool::ExitStatus::unusable_input);
+        }
+        EXPECT_EQ(straight, row.straight);
+    }
 }
 
 TEST_F(Formats, EveryExampleIsDivided)

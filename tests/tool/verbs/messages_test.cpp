@@ -429,9 +429,11 @@ TEST_F(Messages, FileThatEndsInTheMiddle)
     const std::string feature = R"({"type": "Feature", "properties": {}, "geometry": {"type": "Polygon",)"
                                 R"( "coordinates": [[[500000, 0], [500009, 0], [500009, 9], [500000, 0]]]}})";
     write("lots.geojsonl", feature + "\n" + feature.substr(0, 60) + "\n" + feature + "\n");
-    const std::string middle = divide("lots.geojsonl", "--vertex 1 --area 5").err;
-    EXPECT_EQ(middle.rfind("plcalc: lots.geojsonl: the file cannot be read to its end (", 0), 0u) << middle;
-    EXPECT_TRUE(ends_with(middle, "); repair it\n")) << middle;
+    const test::Result middle = divide("lots.geojsonl", "--vertex 1 --area 5");
+    EXPECT_EQ(middle.status, 3);
+    EXPECT_EQ(middle.err.rfind("plcalc: lots.geojsonl: the file cannot be read to its end (", 0), 0u)
+        << middle.err;
+    EXPECT_TRUE(ends_with(middle.err, "); repair it\n")) << middle.err;
     write("lots.gml", R"(<?xml version="1.0"?><ogr:FeatureCollection xmlns:ogr="http://ogr.maptools.org/")"
                       R"( xmlns:gml="http://www.opengis.net/gml"><gml:featureMember><ogr:lot fid="lot.0">)");
     const test::Result run = divide("lots.gml", "--vertex 1 --area 5");
@@ -546,9 +548,12 @@ TEST_F(Messages, OutputThatCannotBeWritten)
     write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");
     const auto err_of = [&](const std::string& setup, const std::string& arguments) {
         const std::string command = "cd " + path("") + " && ( " + setup + " " PLCALC_PROGRAM " 2>&1 " +
-                                    arguments + " ) | cat >" + path("err") +
+                                    arguments + "; echo $? >status ) | cat >" + path("err") +
                                     "; test -z \"$(ls -A | grep plcalc-)\"";
         EXPECT_EQ(std::system(command.c_str()), 0) << "left behind";
+        int status = -1;
+        std::ifstream(path("status")) >> status;
+        EXPECT_EQ(status, 1);
         std::ostringstream text;
         text << std::ifstream(path("err")).rdbuf();
         return text.str();
