@@ -221,6 +221,8 @@ TEST_F(StakeoutVerb, Refusals)
           {"--station 1 --orientation 9", 2, "lot.csv: there is no vertex 9; the parcel has vertices 1 to 4"},
           {"--station 0,0 --orientation 1", 2,
            "--orientation: this is the station itself; name another place; see plcalc stakeout --help"},
+          {"--station 1 --orientation 5", 2, "lot.csv: there is no vertex 5; the parcel has vertices 1 to 4"},
+          {"--station 0 --orientation 1", 2, "lot.csv: there is no vertex 0; the parcel has vertices 1 to 4"},
           {"--station x --orientation 1", 2,
            "--station: 'x' is not a place; write E,N with points before the decimals, or the number of a "
            "vertex; see plcalc stakeout --help"},
@@ -232,6 +234,8 @@ TEST_F(StakeoutVerb, Refusals)
            "vertex; see plcalc stakeout --help"},
           {"--station 1 --orientation 2 --base 0", 2,
            "lot.csv: there is no side 0; the parcel has sides 1 to 4"},
+          {"--station 1 --orientation 2 --base 5", 2,
+           "lot.csv: there is no side 5; the parcel has sides 1 to 4"},
           {"--station 1 --orientation 2 --csv --json", 2,
            "give one of --csv and --json; see plcalc stakeout --help"},
           {"--station 1 --orientation 2 --parallel 1", 2,
@@ -243,6 +247,7 @@ TEST_F(StakeoutVerb, Refusals)
         SCOPED_TRACE(row.arguments);
         EXPECT_TRUE(test::fails_with(stakeout(row.arguments), row.status, row.text));
     }
+    EXPECT_EQ(stakeout("--station 1 --orientation 4 --base 4").status, 0);
     write("lot.csv", "E,N\n0,0\n0,0\n80,0\n80,60\n");
     EXPECT_TRUE(
         test::fails_with(stakeout("--station 3 --orientation 4"), 2,

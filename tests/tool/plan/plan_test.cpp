@@ -274,10 +274,13 @@ TEST(Foot, SectionsByKind)
     const tool::Plan plan = strips(3);
     const auto only_ends = tool::foot_sections(plan, {});
     ASSERT_EQ(only_ends.size(), 1u);
+    EXPECT_EQ(only_ends[0].title, "Ends of lines");
     EXPECT_EQ(only_ends[0].rows.size(), 4u);
     EXPECT_EQ(only_ends[0].rows[1], "P2  E 0.0000  N 16.6667");
     const auto all = tool::foot_sections(plan, {{0, 3}, true});
     ASSERT_EQ(all.size(), 3u);
+    EXPECT_EQ(all[1].title, "Pieces");
+    EXPECT_EQ(all[2].title, "Sides");
     EXPECT_EQ(all[1].rows, (std::vector<std::string>{"1  1234.5678", "2  1234.5678", "3  1234.5678"}));
     EXPECT_EQ(all[2].rows, (std::vector<std::string>{"1-2  80.00", "4-1  50.00"}));
 }
@@ -330,6 +333,19 @@ TEST(Foot, LeavesTheScaleBarsCornerFree)
 
 // ----------------------------------------------------------------------------------------------- the contents
 
+// The plan of a lot of 80 by 50 from which 1000 are cut off.
+tool::Plan plan_of_lot(const tool::Place& place, const tool::LengthUnit& unit, plparcel::Cut cut,
+                       long long number)
+{
+    tool::Asked asked;
+    asked.request.cut = cut;
+    asked.request.amounts = {plparcel::area(1000)};
+    asked.number = number;
+    asked.amounts = {"1000"};
+    const tool::Parcel parcel = {place, {{0, 0}, {80, 0}, {80, 50}, {0, 50}}, unit};
+    return tool::plan_of(tool::answer(parcel, asked));
+}
+
 TEST(PlanContents, TitleIsTheFilesNameAsText)
 {
     struct Row {
@@ -341,15 +357,44 @@ TEST(PlanContents, TitleIsTheFilesNameAsText)
     for (const Row& row : {Row{{"lots/North/lot.csv", ""}, "lot.csv"},
                            {{"lots/lot.gpkg", "feature 3"}, "lot.gpkg: feature 3"},
                            {{"Grünfläche.csv", ""}, "Grünfläche.csv"},
-                           {{latin1, ""}, "Stra?e.csv"}}) {
-        tool::Asked asked;
-        asked.request.cut = plparcel::Cut::parallel;
-        asked.request.amounts = {plparcel::area(1000)};
-        asked.number = 1;
-        asked.amounts = {"1000"};
-        const tool::Parcel parcel = {row.place, {{0, 0}, {80, 0}, {80, 50}, {0, 50}}, {}};
-        EXPECT_EQ(tool::plan_of(tool::answer(parcel, asked)).title, row.title);
+                           {{latin1, ""}, "Stra?e.csv"}})
+        EXPECT_EQ(plan_of_lot(row.place, {}, plparcel::Cut::parallel, 1).title, row.title);
+}
+
+TEST(PlanContents, FiguresHaveTheUnitOfTheCoordinates)
+{
+    struct Row {
+        tool::LengthUnit unit;
+        const char* parcel;
+        const char* piece;
+    };
+    for (const Row& row :
+         {Row{{"", 1.0}, "Parcel 4000.0000, perimeter 260.0000", "1000.0000"},
+          {{"m", 1.0}, "Parcel 4000.0000 m\u00b2, perimeter 260.0000 m", "1000.0000 m\u00b2"},
+          {{"foot", 0.3048},
+           "Parcel 4000.0000 square foot, perimeter 260.0000 foot",
+           "1000.0000 square foot"}}) {
+        const tool::Plan plan = plan_of_lot({"lot.csv", ""}, row.unit, plparcel::Cut::parallel, 3);
+        EXPECT_EQ(plan.subtitles,
+                  (std::vector<std::string>{"Cut parallel to side 3, from vertex 3 to vertex 4: 1000",
+                                            row.parcel}));
+        ASSERT_EQ(plan.piece_labels.size(), 2u);
+        EXPECT_EQ(plan.piece_labels[0], row.piece);
+        EXPECT_EQ(plan.unit.metres, row.unit.metres);
     }
+}
+
+TEST(PlanContents, TheBaseIsThatOfTheRequest)
+{
+    using plparcel::Cut;
+    for (const Cut cut : {Cut::parallel, Cut::perpendicular}) {
+        const tool::Plan side = plan_of_lot({"lot.csv", ""}, {}, cut, 3);
+        EXPECT_EQ(side.base_side, 2u);
+        EXPECT_FALSE(side.base_vertex);
+    }
+    const tool::Plan vertex = plan_of_lot({"lot.csv", ""}, {}, Cut::through_vertex, 3);
+    EXPECT_EQ(vertex.base_vertex, 2u);
+    EXPECT_FALSE(vertex.base_side);
 }
 
 // ----------------------------------------------------------------------------------------------- the program

@@ -192,6 +192,28 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
     expect_divided(divide("plain.geojson", kStrip));
 }
 
+// Longitudes reach 360 and latitudes 90. What is beyond can be no degrees, whatever GeoJSON stands for.
+TEST_F(Formats, GeoJsonMayHoldDegreesUpToTheirEnd)
+{
+    struct Row {
+        const char* what;
+        const char* corner;
+        int status;
+    };
+    for (const Row& row : {Row{"all around, to the pole", "360, 90", 3},
+                           {"West and South", "-360, -90", 3},
+                           {"beyond all longitudes", "360.5, 90", 0},
+                           {"beyond them in the West", "-360.5, 90", 0},
+                           {"beyond the pole", "360, 90.5", 0},
+                           {"beyond the other pole", "360, -90.5", 0}}) {
+        SCOPED_TRACE(row.what);
+        write("lot.geojson", std::string(R"({"type": "Polygon", "coordinates": [[[0, 0], [50, 0], [)") +
+                                 row.corner + R"(], [0, 0]]]})");
+        const test::Result run = divide("lot.geojson", "--vertex 1 --share 1/2");
+        EXPECT_EQ(run.status, row.status) << run.err;
+    }
+}
+
 TEST_F(Formats, AxesRunEastAndNorth)
 {
     make("west.gpkg", "GPKG", {"lot"}, {kLot}, 2053);
@@ -282,6 +304,20 @@ TEST_F(Formats, ADrawingThatIsSavedWhileItIsRead)
         }
         EXPECT_EQ(straight, row.straight);
     }
+}
+
+TEST_F(Formats, ADrawingThatIsEmptiedWhileItIsRead)
+{
+    write("lots.dxf", drawing(0, 1, 1000));
+    const tool::Source source = {path("lots.dxf"), {}, {}, {}};
+    tool::ParcelFile file(source);
+    ASSERT_EQ(file.count(), 1u);
+    write("lots.dxf", "");
+    EXPECT_FALSE(file.next());
+    const tool::Failure failure = tool::vanished(source);
+    EXPECT_EQ(failure.status, tool::ExitStatus::unusable_input);
+    EXPECT_EQ(tool::sentence(failure), path("lots.dxf") + ": the file changed while it was being read; leave "
+                                                          "the file alone until plcalc is done");
 }
 
 TEST_F(Formats, EveryExampleIsDivided)

@@ -101,6 +101,41 @@ TEST_F(Many, VerbsForOneParcelAskForAChoice)
                                  "feature 6); choose one with --feature FID"));
 }
 
+// Five of them are named, and dots stand for the others.
+TEST_F(Many, LongListsAreCutShort)
+{
+    struct Row {
+        int lots;
+        const char* list;
+    };
+    const char* const five = "feature 1, feature 2, feature 3, feature 4, feature 5";
+    const std::string six = std::string(five) + ", ...";
+    for (const Row& row : {Row{5, five}, {6, six.c_str()}}) {
+        std::string lots = "id,WKT\n";
+        for (int i = 0; i < row.lots; ++i)
+            lots += std::to_string(i) + ",\"POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))\"\n";
+        write("lots.csv", lots);
+        const std::string count = std::to_string(row.lots);
+        EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv"}), 2,
+                                     "lots.csv: there are " + count + " parcels (" + row.list +
+                                         "); choose one with --feature FID"));
+        EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 100").out,
+                  "Divided  0 of " + count + " parcels\nRefused  " + count + "\n  " + count +
+                      ": the amount is not below what there is to cut (" + row.list + ")\n");
+    }
+}
+
+// Of two exit statuses the smaller is returned, whichever comes first.
+TEST_F(Many, AFileInDisorderCountsMoreThanACut)
+{
+    const std::string broken = "1,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n";
+    const std::string small = "2,\"POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))\"\n";
+    for (const std::string& lots : {broken + small, small + broken, small + broken + small}) {
+        write("lots.csv", "id,WKT\n" + lots);
+        EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 1000").status, 3) << lots;
+    }
+}
+
 // --------------------------------------------------------------------------------------- several cuts of one
 
 const char* const kLot = "POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))";

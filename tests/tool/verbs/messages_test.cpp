@@ -232,6 +232,13 @@ TEST_F(Messages, ATableOfOneParcelWithMoreColumns)
         const test::Result run = divide("lot.csv", "--vertex 1 --area 5");
         EXPECT_EQ(run.status, 0) << run.err;
     }
+    // What is said of points may be the same for two of three.
+    for (const char* column : {"Z",     "H",    "Height",      "Elev",   "Elevation", "Altitude", "Quota",
+                               "Code",  "Desc", "Description", "Remark", "Remarks",   "Comment",  "Note",
+                               "Notes", "D",    "Type",        "Kind",   "Mark",      "Date",     "time"}) {
+        write("lot.csv", std::string(column) + ",E,N\nA,0,0\nA,9,0\nB,9,9\n");
+        EXPECT_EQ(divide("lot.csv", "--vertex 1 --area 5").status, 0) << column;
+    }
 }
 
 // ----------------------------------------------------------------------------------------- unusable input: 3
@@ -283,6 +290,12 @@ const GeometryRow kUnusable[] = {
      "feature 1: the WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
     {"POLYGON ((0 0, 100 0, 100 100, 50 150, 0 100, 0 50, 0 x, 0 0))",
      "feature 1: the WKT 'POLYGON ((0 0, 100 0, 100 100, 50 150, 0...' cannot be read; correct it"},
+    {"POINT (1000000000000000000000000000000 x",
+     "feature 1: the WKT 'POINT (1000000000000000000000000000000 x' "
+     "cannot be read; correct it"},
+    {"POINT (1000000000000000000000000000000 xy",
+     "feature 1: the WKT 'POINT (1000000000000000000000000000000 x...' "
+     "cannot be read; correct it"},
     {"POLYGON ((0 0, nan 0, 10 10, 0 10, 0 0))", "feature 1: the WKT 'POLYGON ((0 0, nan 0, 10 10, 0 10, 0 "
                                                  "0))' cannot be read, a coordinate in it is not "
                                                  "a number; correct it"},
