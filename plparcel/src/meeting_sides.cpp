@@ -109,9 +109,8 @@ private:
     {
         std::vector<std::size_t> order(ring_.size());
         std::iota(order.begin(), order.end(), std::size_t{0});
-        std::sort(order.begin(), order.end(), [this](std::size_t a, std::size_t b) {
-            return comes_before(ring_[a], ring_[b]) || (same_place(ring_[a], ring_[b]) && a < b);
-        });
+        std::stable_sort(order.begin(), order.end(),
+                         [this](std::size_t a, std::size_t b) { return comes_before(ring_[a], ring_[b]); });
         return order;
     }
 

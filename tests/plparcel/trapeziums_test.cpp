@@ -64,6 +64,17 @@ TEST(Trapeziums, ReachFromVertexToVertex)
                       {{2, 3, 0, 3}, {0, 1, 0, 3}, {2, 1, 3, 9}});
 }
 
+//                1     The boundary crosses itself at the level 4.85. What lies right of that runs the other way
+//   3 --       / |     round: the upright side 1 would be a left one, with nothing on its right.
+//   |     -- /   |
+//   |      /  -- 2
+//   |   /
+//   0 /
+TEST(Trapeziums, AnEarThatRunsTheOtherWayRoundHasNone)
+{
+    expect_trapeziums("crossed", {{0, 0}, {9, 9}, {9, 3}, {0, 7}}, {{3, 0, 0, 3}, {3, 2, 3, 7}});
+}
+
 Wide area_of(const std::vector<WidePoint>& ring, const Trapezium& t)
 {
     const Wide low = along_at(ring, t.right, t.low) - along_at(ring, t.left, t.low);

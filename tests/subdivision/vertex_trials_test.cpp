@@ -128,11 +128,8 @@ TEST(VertexTrials, DirectionsTellWhatMeetingAnewWould)
     const struct {
         PL_PNT2D_record vertex;
         double farthest;
-    } kPlaces[] = {{{0, 0}, 1000},
-                   {{300, -200}, 1000},
-                   {{500000, 5000000}, 5e6},
-                   {{-3e7, 2e7}, 3e7},
-                   {{1e10, 1e10}, 1e10}};
+    } kPlaces[] = {{{0, 0}, 1000},     {{300, -200}, 1000},  {{500000, 5000000}, 5e6},
+                   {{-3e7, 2e7}, 3e7}, {{1e10, 1e10}, 1e10}, {{-2e12, 1e12}, 2e12}};
     for (const auto& place : kPlaces) {
         int met = 0;
         for (int i = 0; i < 40000 && !HasFailure(); ++i)

@@ -323,6 +323,23 @@ TEST(CalcAreaDaPuntoPrimaDiVertice, TheTrialLineHasItsOwnCoefficients)
     }
 }
 
+TEST(CalcAreaDaPuntoPrimaDiVertice, BesideAnUprightSideAsWell)
+{
+    for (const double scale : {1.0, 2.0, 0.5, -1.0}) {
+        CFrazArea f = square_at_half_height();
+        In::IndiceInizio(f) = 3;
+        In::VettIndici(f) = {3, 0, 1, 2, 3};
+        In::RettaBase(f) = {4, 0, 0};
+        In::RettaMobile(f) = {4 * scale, 0, -8 * scale};
+        In::AngLinea(f) = 0;
+        PL_PNT2D_record r1 = {kU, kU};
+        PL_PNT2D_record r2 = {kU, kU};
+        EXPECT_TRUE(In::CalcAreaDaPuntoPrimaDiVertice(f, r1, r2));
+        EXPECT_BITS(In::AreaParziale(f), 8.0);
+        EXPECT_DOUBLE_EQ(r1.x, 2.0);
+    }
+}
+
 TEST(CalcAreaDaPuntoPrimaDiVertice, TheBaseSideIsReadRoundTheRing)
 {
     // The base side is the closing one; the copy of the first point is spoilt to show that it is not read.
