@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -9,6 +10,7 @@
 
 #include "plparcel/division.h"
 #include "support/bits.h"
+#include "support/rings.h"
 
 namespace {
 
@@ -651,6 +653,34 @@ TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
     EXPECT_NEAR(division.bare[0].line.start.y, 1.0 + 2.0 / 13.0, 1e-3);
     EXPECT_NEAR(division.lines[0].from.y, 11.0 / 13.0, 1e-15);
     EXPECT_FALSE(division.lines[0].library_agrees);
+}
+
+// 27 + 8 + 6 lie below 5, where the left arm ends. The search's line runs along that end and across the gap; the one
+// that divides crosses the right arm only: one end of it is an end of the other.
+TEST(Division, FoundByTheSweepWhereOneEndOfTheSearchedLineIsFarOff)
+{
+    const Ring anticlockwise = {{0, 0}, {9, 0}, {9, 8}, {6, 8}, {6, 3}, {4, 3}, {4, 5}, {0, 5}};
+    const Ring clockwise = test::reversed(anticlockwise);
+    const struct {
+        Ring ring;
+        Cut cut;
+        std::size_t side;
+        bool begins_on_the_right;
+    } rows[] = {{anticlockwise, Cut::parallel, 0, true}, {clockwise, Cut::perpendicular, 6, false}};
+    for (const auto& row : rows) {
+        const Division division = compared(row.ring, request(row.cut, row.side, {area(41)}));
+        ASSERT_EQ(division.status, Status::divided);
+        ASSERT_TRUE(division.bare[0].done);
+        const PL_LINE_2D_record& searched = division.bare[0].line;
+        EXPECT_NEAR(searched.start.x, row.begins_on_the_right ? 9.0 : 0.0, 1e-3);
+        EXPECT_NEAR(searched.end.x, row.begins_on_the_right ? 0.0 : 9.0, 1e-3);
+        EXPECT_NEAR(searched.start.y, 5.0, 1e-3);
+        const plparcel::DividingLine& line = division.lines[0];
+        EXPECT_NEAR(std::min(line.from.x, line.to.x), 6.0, 1e-15);
+        EXPECT_NEAR(std::max(line.from.x, line.to.x), 9.0, 1e-15);
+        EXPECT_NEAR(line.from.y, 5.0, 1e-15);
+        EXPECT_EQ(line.found, Found::by_sweep);
+    }
 }
 
 TEST(Division, ResidualIsThatOfTheUnroundedNumbers)

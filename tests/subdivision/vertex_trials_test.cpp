@@ -66,6 +66,23 @@ TEST(VertexTrials, MeetsSidesAsALineCutsASegment)
     EXPECT_GT(met, 3000);
 }
 
+// From 2^40 on the directions tell nothing, so that each side is met.
+TEST(VertexTrials, AParcelOfTwoMillionMillions)
+{
+    constexpr double kSide = 0x1p+41;
+    VertexTrials trials({{0, 0}, {kSide, 0}, {kSide, kSide}, {0, kSide}, {0, 0}}, {0, 1, 2, 3, 0}, 4, {0, 0});
+    const PL_PNT2D_record vertex = {0, 0};
+    const PL_PNT2D_record on_ray = {2, 1};
+    PL_IMP_LINE_2D_record line = {};
+    PlFunz_lineeq_ile(&vertex, &on_ray, &line);
+    trials.lay_ray(line, std::atan2(1.0, 2.0));
+    PL_PNT2D_record crossing = {};
+    EXPECT_TRUE(trials.meets_side(2, crossing));
+    EXPECT_DOUBLE_EQ(crossing.x, kSide);
+    EXPECT_DOUBLE_EQ(crossing.y, kSide / 2.0);
+    EXPECT_FALSE(trials.meets_side(3, crossing));  // at twice its length
+}
+
 // Points about the ray, off it by no more than a few times what a side may be and still be met, in pairs across its
 // direction; and about the edges of a wedge. Whatever the directions tell, the answers are those of meeting and
 // comparing anew.
@@ -128,8 +145,11 @@ TEST(VertexTrials, DirectionsTellWhatMeetingAnewWould)
     const struct {
         PL_PNT2D_record vertex;
         double farthest;
-    } kPlaces[] = {{{0, 0}, 1000},     {{300, -200}, 1000},  {{500000, 5000000}, 5e6},
-                   {{-3e7, 2e7}, 3e7}, {{1e10, 1e10}, 1e10}, {{-2e12, 1e12}, 2e12}};
+    } kPlaces[] = {{{0, 0}, 1000},
+                   {{300, -200}, 1000},
+                   {{500000, 5000000}, 5e6},
+                   {{-3e7, 2e7}, 3e7},
+                   {{1e10, 1e10}, 1e10}};
     for (const auto& place : kPlaces) {
         int met = 0;
         for (int i = 0; i < 40000 && !HasFailure(); ++i)
