@@ -7,11 +7,9 @@ namespace {
 using plparcel::Attempt;
 using plparcel::Cut;
 using plparcel::make_cut;
-using plparcel::Measured;
 using plparcel::Stage;
 using plparcel::Status;
 using plparcel::Target;
-using plparcel::Wide;
 
 // The diagonal leaves 500000 on each side, and may miss each by 0.001. It misses the request by 0.0009, so it is tried,
 // and first; but what should remain, after earlier cuts, it misses by 0.0011. Beyond the corner, 1.8e-6 along the upper
