@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include <gdal_priv.h>
+#include <sys/stat.h>
 
 #include "plan/foot_table.h"
 #include "plan/labels.h"
@@ -547,6 +548,11 @@ TEST_F(Plans, NothingIsOverwrittenUnasked)
     EXPECT_NE(content("plan.svg").find("<svg"), std::string::npos);
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 9000 --plan plan.svg --overwrite").status, 4);
     EXPECT_NE(content("plan.svg").find("<svg"), std::string::npos) << "a refused division leaves it alone";
+    // What is no file is never replaced: a pipe stands for the devices.
+    ASSERT_EQ(mkfifo(path("pipe.svg").c_str(), 0600), 0);
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 50 --plan pipe.svg --overwrite"), 2,
+                                 "pipe.svg: this is a device or a pipe, not a file; choose another name"));
+    EXPECT_TRUE(std::filesystem::is_fifo(path("pipe.svg")));
 }
 
 TEST_F(Plans, RefusedWishes)

@@ -54,6 +54,10 @@ void PendingOutput::require_replaceable(const fs::path& path) const
     if (is_source(path))
         throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the parcels come from this file",
                       "choose another name");
+    // A renamed file would take the place of the device itself, which root may do even to /dev/null.
+    if (fs::is_other(path, error))
+        throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "this is a device or a pipe, not a file",
+                      "choose another name");
     if (!overwrite_ && fs::exists(path, error))
         throw Failure(ExitStatus::wrong_use, {path.string(), ""}, "the file exists already",
                       "choose another name or add --overwrite");
