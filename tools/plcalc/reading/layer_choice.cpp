@@ -9,9 +9,6 @@
 namespace tool {
 namespace {
 
-// Nobody reads a longer list in a message.
-constexpr std::size_t kMaxListed = 5;
-
 // What a layer holds.
 struct Count {
     LayerChoice choice;
@@ -25,9 +22,7 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
     count.choice.layer = &layer;
     for (const OGRFeatureUniquePtr& feature : layer) {
         if (is_parcel(*feature, dataset, source)) {
-            ++count.choice.parcels;
-            if (count.choice.first_names.size() < kMaxListed)
-                count.choice.first_names.push_back(feature_name(*feature, layer, dataset));
+            count.choice.parcels.add([&] { return feature_name(*feature, layer, dataset); });
             continue;
         }
         ++count.choice.others;
@@ -152,13 +147,13 @@ LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessage
     std::size_t with_parcels = 0;
     for (OGRLayer* layer : layers) {
         const Count count = count_in(*layer, dataset, source, messages);
-        if (count.choice.parcels == 0) {
+        if (count.choice.parcels.count() == 0) {
             add_to(none, count);
             continue;
         }
         ++with_parcels;
         list += (list.empty() ? "" : ", ") + std::string(layer->GetName()) + ": " +
-                std::to_string(count.choice.parcels);
+                std::to_string(count.choice.parcels.count());
         choice = count.choice;
     }
     if (with_parcels == 0)

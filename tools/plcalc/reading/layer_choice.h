@@ -11,15 +11,15 @@
 
 #include "files/gdal_messages.h"
 #include "reading/source.h"
+#include "text/name_list.h"
 
 namespace tool {
 
 /// A layer with parcels.
 struct LayerChoice {
     OGRLayer* layer = nullptr;
-    std::size_t parcels = 0;               ///< how many it holds
-    std::size_t others = 0;                ///< features that bound no area
-    std::vector<std::string> first_names;  ///< of the first parcels
+    NameList parcels;        ///< what it holds
+    std::size_t others = 0;  ///< features that bound no area
 };
 
 /// Finds the only layer with parcels. It is filtered as the source says and ready to be read from its start.

@@ -42,7 +42,7 @@ ParcelFile::ParcelFile(const Source& source) : source_(source)
                       std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
     messages_.clear();
     choice_.layer = layers[0];
-    choice_.parcels = 1;
+    choice_.parcels.add([&] { return source_.file; });
 }
 
 // The DXF reader silently replaces arcs with chords, as many as OGR_ARC_STEPSIZE asks for. A boundary with
@@ -144,14 +144,9 @@ std::vector<std::string> ParcelFile::files() const
 
 void ParcelFile::refuse_several(const std::string& why) const
 {
-    std::string list;
-    for (const std::string& name : choice_.first_names)
-        list += (list.empty() ? "" : ", ") + name;
-    if (choice_.parcels > choice_.first_names.size())
-        list += ", ...";
     throw Failure(ExitStatus::wrong_use, {source_.file, ""},
-                  "there are " + std::to_string(choice_.parcels) + " parcels (" + list + ")" +
-                      (why.empty() ? "" : ", " + why),
+                  "there are " + std::to_string(choice_.parcels.count()) + " parcels (" +
+                      choice_.parcels.text() + ")" + (why.empty() ? "" : ", " + why),
                   "choose one with --feature FID");
 }
 

@@ -35,7 +35,7 @@ public:
     explicit ParcelFile(const Source& source);
 
     /// How many parcels there are: at least one.
-    std::size_t count() const { return choice_.parcels; }
+    std::size_t count() const { return choice_.parcels.count(); }
 
     /// How many features of the layer bound no area.
     std::size_t passed_over() const { return choice_.others; }

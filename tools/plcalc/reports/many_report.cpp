@@ -6,27 +6,11 @@
 #include "text/table.h"
 
 namespace tool {
-namespace {
-
-constexpr std::size_t kMaxListed = 5;
-
-std::string listed(const Refusals& refusals)
-{
-    std::string list;
-    for (const std::string& name : refusals.first_names)
-        list += (list.empty() ? "" : ", ") + name;
-    return refusals.count > refusals.first_names.size() ? list + ", ..." : list;
-}
-
-}  // namespace
 
 std::string ManyReport::refuse(const Failure& failure, const std::string& reason)
 {
     ++refused_;
-    Refusals& refusals = refusals_[reason];
-    ++refusals.count;
-    if (refusals.first_names.size() < kMaxListed)
-        refusals.first_names.push_back(failure.place.feature);
+    refusals_[reason].add([&] { return failure.place.feature; });
     if (status_ == ExitStatus::done || failure.status < status_)
         status_ = failure.status;
     if (keep_ == Keep::json)
@@ -71,8 +55,8 @@ Output ManyReport::summary(std::size_t passed_over) const
         "Divided  " + std::to_string(divided_) + " of " + std::to_string(divided_ + refused_) + " parcels\n";
     if (refused_ > 0)
         text += "Refused  " + std::to_string(refused_) + "\n";
-    for (const auto& [reason, refusals] : refusals_)
-        text += "  " + std::to_string(refusals.count) + ": " + reason + " (" + listed(refusals) + ")\n";
+    for (const auto& [reason, refused] : refusals_)
+        text += "  " + std::to_string(refused.count()) + ": " + reason + " (" + refused.text() + ")\n";
     if (passed_over > 0)
         text += "Skipped, without an area  " + std::to_string(passed_over) + "\n";
     return {text, status_};

@@ -10,14 +10,9 @@
 #include "answers/printed_division.h"
 #include "console/outcome.h"
 #include "text/json.h"
+#include "text/name_list.h"
 
 namespace tool {
-
-/// Why parcels were refused, and which.
-struct Refusals {
-    std::size_t count = 0;
-    std::vector<std::string> first_names;
-};
 
 class ManyReport {
 public:
@@ -55,7 +50,7 @@ private:
     Json parcels_ = Json::array();
     std::size_t divided_ = 0;
     std::size_t refused_ = 0;
-    std::map<std::string, Refusals> refusals_;
+    std::map<std::string, NameList> refusals_;  // the parcels by reason
     ExitStatus status_ = ExitStatus::done;
 };
 
