@@ -6,8 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "numbers/wide.h"
 #include "plparcel/division.h"
-#include "wide.h"
 
 namespace plparcel {
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "amounts.h"
+#include "boundary/ring_check.h"
+#include "numbers/wide.h"
 #include "one_cut.h"
-#include "ring_check.h"
-#include "wide.h"
 
 namespace plparcel {
 namespace {

@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "level_cut.h"
-#include "library_search.h"
-#include "local_ring.h"
-#include "vertex_lines.h"
-#include "wide.h"
+#include "boundary/local_ring.h"
+#include "lines/level_cut.h"
+#include "lines/library_search.h"
+#include "lines/vertex_lines.h"
+#include "numbers/wide.h"
 
 namespace plparcel {
 namespace {

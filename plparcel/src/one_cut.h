@@ -4,9 +4,9 @@
 
 #include <cstddef>
 
-#include "judge.h"
-#include "measured_ring.h"
+#include "boundary/measured_ring.h"
 #include "plparcel/division.h"
+#include "verdict/judge.h"
 
 namespace plparcel {
 

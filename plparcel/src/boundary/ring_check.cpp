@@ -1,0 +1,127 @@
+#include "boundary/ring_check.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "boundary/local_ring.h"
+#include "boundary/meeting_sides.h"
+#include "numbers/wide.h"
+#include "plcalc/survey.h"
+#include "plutil/plutil.h"
+
+namespace plparcel {
+namespace {
+
+constexpr std::size_t kMinVertices = 3;
+
+// A parcel whose area is no more than this part of the square of its extent is too thin for 106 bits: its cross
+// products may be nothing but rounding.
+constexpr double kThinnest = 0x1p-90;
+
+bool all_finite(const Ring& ring)
+{
+    return std::all_of(ring.begin(), ring.end(),
+                       [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
+}
+
+bool is_collinear(const Ring& ring)
+{
+    return std::all_of(ring.begin(), ring.end(),
+                       [&ring](const PL_PNT2D_record& p) { return side_sign(ring[0], ring[1], p) == 0; });
+}
+
+// Decided by the box: in one so thin, products of coordinates may be nothing but rounding.
+bool is_thin(const Extent& extent)
+{
+    return !(std::min(extent.width(), extent.height()) / extent.largest() > kThinnest);
+}
+
+bool is_thin(const MeasuredRing& ring)
+{
+    const double extent = ring.extent().largest();
+    return !(ring.area() / extent / extent > kThinnest);
+}
+
+// The side's index in the ring as it was handed over.
+std::size_t side_as_given(const CleanRing& clean, std::size_t side)
+{
+    const std::size_t n = clean.place.size();
+    std::size_t i = 0;
+    while (clean.place[i] != side || clean.place[(i + 1) % n] == side)
+        ++i;
+    return i;
+}
+
+BoundaryStatus status_of(const CleanRing& clean, RingReport& report)
+{
+    const MeasuredRing& ring = clean.ring;
+    if (!all_finite(ring.ring()))
+        return BoundaryStatus::not_finite;
+    if (ring.size() < kMinVertices)
+        return BoundaryStatus::too_few_vertices;
+    if (!is_workable(ring.extent().largest()))
+        return BoundaryStatus::out_of_range;
+    if (is_thin(ring.extent()) || is_collinear(ring.ring()))
+        return BoundaryStatus::flat;
+    if (const std::optional<SidePair> met = meeting_sides(ring)) {
+        report.meeting_sides[0] = side_as_given(clean, met->one);
+        report.meeting_sides[1] = side_as_given(clean, met->other);
+        std::sort(report.meeting_sides, report.meeting_sides + 2);
+        return BoundaryStatus::meets_itself;
+    }
+    return is_thin(ring) ? BoundaryStatus::flat : BoundaryStatus::usable;
+}
+
+double perimeter_of(const Ring& ring)
+{
+    CPoint3dVector points;
+    points.Reserve(static_cast<int>(ring.size()));
+    for (const PL_PNT2D_record& p : ring)
+        points.Append(p.x, p.y, 0.0);
+    return PeriCalcolato(points);
+}
+
+}  // namespace
+
+CleanRing without_repeats(const Ring& ring)
+{
+    CleanRing clean;
+    Ring kept;
+    for (const PL_PNT2D_record& p : ring) {
+        if (kept.empty() || !same_place(kept.back(), p))
+            kept.push_back(p);
+        else
+            ++clean.repeated;
+        clean.place.push_back(kept.size() - 1);
+    }
+    clean.closed = kept.size() > 1 && same_place(kept.back(), kept.front());
+    if (clean.closed)
+        kept.pop_back();
+    for (std::size_t& place : clean.place)
+        place %= std::max<std::size_t>(kept.size(), 1);
+    clean.ring = MeasuredRing(std::move(kept));
+    return clean;
+}
+
+RingReport report_on(const CleanRing& clean)
+{
+    RingReport report;
+    report.repeated = clean.repeated;
+    report.closed = clean.closed;
+    report.status = status_of(clean, report);
+    if (report.status != BoundaryStatus::usable)
+        return report;
+    report.anticlockwise = clean.ring.turn() > 0.0;
+    report.area = clean.ring.area().value();
+    report.perimeter = perimeter_of(clean.ring.ring());
+    return report;
+}
+
+RingReport check_ring(const Ring& ring)
+{
+    return report_on(without_repeats(ring));
+}
+
+}  // namespace plparcel

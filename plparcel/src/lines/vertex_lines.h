@@ -1,0 +1,27 @@
+#pragma once
+
+// Lines from a vertex that cut off an area.
+
+#include <cstddef>
+#include <vector>
+
+#include "boundary/local_ring.h"
+#include "lines/chord.h"
+
+namespace plparcel {
+
+/// The triangle that a line from the vertex sweeps along a side grows in proportion to the way along that side. So each
+/// side has at most one point to which the line cuts off the area.
+///
+/// @param[in] ring        the parcel in its own frame
+/// @param[in] turn        1 anticlockwise, -1 clockwise
+/// @param[in] vertex      where the line starts
+/// @param[in] after_from  area next to the side after the vertex, local units
+/// @param[in] granted     by how much a line may miss it, local units
+/// @return the lines to all such points, and to the vertices that miss the area by no more than is granted, in the
+///         order of the sides. Lines that a side hides are left out; lines that touch the boundary on their way may be among
+///         them.
+std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
+                                     const Wide& after_from, const Wide& granted);
+
+}  // namespace plparcel

@@ -1,0 +1,145 @@
+#include "lines/visibility.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include "boundary/local_ring.h"
+#include "boundary/measured_ring.h"
+#include "support/bits.h"
+#include "support/rings.h"
+
+namespace {
+
+using plparcel::LocalRing;
+using plparcel::MeasuredRing;
+using plparcel::Ring;
+using plparcel::Sight;
+
+std::vector<bool> seen(const Ring& ring, std::size_t vertex, const std::vector<Sight>& places)
+{
+    const MeasuredRing measured(ring);
+    return seen_from(LocalRing(measured), measured.turn(), vertex, places);
+}
+
+//   7 --- 6           3 --- 2      From the vertex 0 the right arm is hidden but for the foot of its outer wall: the
+//   |     |           |     |      corner 4 stands before the rest.
+//   |     5 --------- 4     |
+//   0 --------------------- 1
+const Ring kU = {{0, 0}, {100, 0}, {100, 60}, {70, 60}, {70, 20}, {30, 20}, {30, 60}, {0, 60}};
+
+TEST(Visibility, EndsWhereACornerStandsBefore)
+{
+    const struct {
+        const char* what;
+        Sight place;
+        bool seen;
+    } rows[] = {
+        {"the outer wall of the right arm, at its foot", {1, 0.25}, true},
+        {"just below 28.57, where the line past the corner meets it", {1, 0.476}, true},
+        {"just above that", {1, 0.477}, false},
+        {"the end of the right arm", {2, 0.5}, false},
+        {"the wall within the right arm, from behind", {3, 0.5}, false},
+        {"the floor of the gap, from below", {4, 0.5}, true},
+        {"the wall within the left arm", {5, 0.5}, true},
+        {"the end of the left arm", {6, 0.5}, true},
+        {"a corner", {4, 0.0}, true},
+        {"the same as the end of the side before", {3, 1.0}, true},
+        {"the corner behind it", {3, 0.0}, false},
+    };
+    std::vector<Sight> places;
+    for (const auto& row : rows)
+        places.push_back(row.place);
+    const Ring clockwise = test::reversed(kU);
+    const std::vector<bool> got = seen(kU, 0, places);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        EXPECT_EQ(got[i], rows[i].seen) << rows[i].what;
+    // The other way round, sides count backwards.
+    for (Sight& place : places)
+        place = {kU.size() - 1 - place.side, plparcel::Wide(1.0) - place.part};
+    const std::vector<bool> mirrored = seen(clockwise, 0, places);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        EXPECT_EQ(mirrored[i], got[i]) << rows[i].what;
+}
+
+double cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);
+}
+
+// Whole coordinates times 2, so that middles of sides are whole as well and all of this is exact.
+enum class Seen { yes, no, touching };
+
+Seen seen_by_all_sides(const Ring& ring, double turn, std::size_t vertex, std::size_t side,
+                       const PL_PNT2D_record& p)
+{
+    const std::size_t n = ring.size();
+    const PL_PNT2D_record& v = ring[vertex];
+    const PL_PNT2D_record& next = ring[(vertex + 1) % n];
+    const PL_PNT2D_record& last = ring[(vertex + n - 1) % n];
+    const double after = turn * cross(v, next, p);
+    const double before = turn * cross(v, last, p);
+    const bool convex = turn * cross(v, next, last) > 0.0;
+    if (convex ? after < 0.0 || before > 0.0 : after < 0.0 && before > 0.0)
+        return Seen::no;
+    if (after == 0.0 || before == 0.0)
+        return Seen::touching;
+    bool touches = false;
+    for (std::size_t i = 0; i < n; ++i) {
+        if (i == vertex || i == (vertex + n - 1) % n || i == side)
+            continue;
+        const PL_PNT2D_record& a = ring[i];
+        const PL_PNT2D_record& b = ring[(i + 1) % n];
+        const double off_a = cross(v, p, a);
+        const double off_b = cross(v, p, b);
+        const double off_v = cross(a, b, v);
+        const double off_p = cross(a, b, p);
+        if (off_a * off_b < 0.0 && off_v * off_p < 0.0)
+            return Seen::no;
+        touches = touches || (off_a * off_b <= 0.0 && off_v * off_p <= 0.0);
+    }
+    return touches ? Seen::touching : Seen::yes;
+}
+
+TEST(Visibility, IsWhatNoSideStandsBefore)
+{
+    std::mt19937_64 random = test::random_source();
+    int yes = 0;
+    int no = 0;
+    for (int i = 0; i < 60000; ++i) {
+        Ring ring;
+        for (std::size_t n = 4 + random() % 7; n > 0; --n)
+            ring.push_back(
+                {4.0 * static_cast<double>(random() % 7), 4.0 * static_cast<double>(random() % 7)});
+        const plparcel::RingReport report = plparcel::check_ring(ring);
+        if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
+            continue;
+        const double turn = report.anticlockwise ? 1.0 : -1.0;
+        const std::size_t n = ring.size();
+        const std::size_t vertex = random() % n;
+        std::vector<Sight> places;
+        for (std::size_t k = 1; k + 1 < n; ++k)
+            for (const double part : {0.25, 0.5, 0.75})
+                places.push_back({k, part});
+        const std::vector<bool> got = seen(ring, vertex, places);
+        for (std::size_t k = 0; k < places.size(); ++k) {
+            const std::size_t side = (vertex + places[k].side) % n;
+            const PL_PNT2D_record& a = ring[side];
+            const PL_PNT2D_record& b = ring[(side + 1) % n];
+            const double part = places[k].part.hi;
+            const PL_PNT2D_record p = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+            const Seen wanted = seen_by_all_sides(ring, turn, vertex, side, p);
+            if (wanted == Seen::touching)
+                continue;
+            ++(wanted == Seen::yes ? yes : no);
+            ASSERT_EQ(got[k], wanted == Seen::yes)
+                << "of " << n << " vertices, from " << vertex << " to side " << side;
+        }
+    }
+    EXPECT_GT(yes, 10000);
+    EXPECT_GT(no, 10000);
+}
+
+}  // namespace

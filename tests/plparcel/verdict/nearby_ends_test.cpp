@@ -1,0 +1,58 @@
+#include "verdict/nearby_ends.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+
+namespace {
+
+using plparcel::Chord;
+using plparcel::MeasuredRing;
+using plparcel::Target;
+using plparcel::Wide;
+
+//    3 (0,8)------(8,8) 2     The line from the corner 2 to the middle of the lower side leaves a triangle of 16 on the
+//       |         /  |        right. Its area does not grow when the line's end moves up or down, on the finer axis;
+//       |     /      |        it grows by 4 for each unit that the end moves to the left.
+//    0 (0,0)-(4,0)-(8,0) 1
+std::size_t offered(const Wide& rest)
+{
+    const MeasuredRing square({{0, 0}, {8, 0}, {8, 8}, {0, 8}});
+    Chord chord;
+    chord.from_side = 2;
+    chord.to_side = 0;
+    chord.request_after_from = true;
+    chord.from_vertex = true;
+    std::size_t offers = 0;
+    const auto refuse = [&offers](const PL_PNT2D_record&, const PL_PNT2D_record&) {
+        ++offers;
+        return false;
+    };
+    const bool taken = offer_nearby_ends(square, chord, Target{48.0, rest, 64.0}, {8, 8}, {4, 0}, refuse);
+    EXPECT_FALSE(taken);
+    return offers;
+}
+
+// Seven doubles of x lie within 1.75 spacings of 8: 4 itself, and three of its own spacings on either side.
+TEST(NearbyEnds, WhereAMoveOnTheFinerAxisChangesNothing)
+{
+    const double granted = 1e-9 * 64.0;
+    const struct {
+        const char* what;
+        Wide rest;
+        std::size_t offers;
+    } rows[] = {
+        {"held by them all", 16.0, 7},
+        {"too little by what is granted: at 4, and to the left", Wide(16.0) + granted, 4},
+        {"by a hair more: to the left only", Wide(16.0) + std::nextafter(granted, 1.0), 3},
+        {"too much by what is granted: at 4, and to the right", Wide(16.0) - granted, 4},
+        {"by a hair more: to the right only", Wide(16.0) - std::nextafter(granted, 1.0), 3},
+        {"too little by twice that: by none", Wide(16.0) + 2.0 * granted, 0},
+        {"too much by twice that: by none", Wide(16.0) - 2.0 * granted, 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(offered(row.rest), row.offers) << row.what;
+}
+
+}  // namespace
