@@ -43,6 +43,55 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
     EXPECT_EQ(run.status, 3);
 }
 
+// ------------------------------------------------------------------------------- tables with a vertex in each row
+
+TEST_F(Many, ATableOfSeveralParcels)
+{
+    const char* const kRows[] = {
+        "lot,E,N\nA,0,0\nA,9,0\nA,9,9\nB,20,0\nB,29,0\nB,29,9\n",
+        "E,N,Lot No.\n0,0,A\n9,0,A\n9,9,A\n0,0,A\n20,0,B\n29,0,B\n29,9,B\n",  // the first is closed
+        "particella;N;E\nA;0;0\nA;0;9\nA;9;9\nB;0;20\nB;0;29\nB;9;29\n",
+        "point,Flurstück,E,N\n1,A,0,0\n2,A,9,0\n3,A,9,9\n1,B,20,0\n2,B,29,0\n3,B,29,9\n",
+        "id,E,N\nA,0,0\nA,9,0\nA,9,9\nB,20,0\nB,29,0\nB,29,9\n",
+        "lot,owner,Z,E,N\nA,x,1,0,0\nA,x,1,9,0\nA,x,2,9,9\nB,x,2,20,0\nB,x,2,29,0\nB,x,1,29,9\n",
+    };
+    const char* const kNames[] = {"lot", "Lot No.", "particella", "Flurstück", "id", "lot"};
+    for (std::size_t i = 0; i < std::size(kRows); ++i) {
+        SCOPED_TRACE(kRows[i]);
+        write("lots.csv", kRows[i]);
+        const test::Result run = divide("lots.csv", "--vertex 1 --share 1/2 --json");
+        ASSERT_EQ(run.status, 0) << run.err;
+        const json got = json::parse(run.out);
+        ASSERT_EQ(got["parcels"].size(), 2u);
+        const std::string name = std::string("lots.csv: ") + kNames[i];
+        EXPECT_EQ(got["parcels"][0]["parcel"], name + " A");
+        EXPECT_EQ(got["parcels"][1]["parcel"], name + " B");
+        EXPECT_EQ(got["parcels"][0]["area"], 40.5);
+        EXPECT_EQ(got["parcels"][1]["area"], 40.5);
+        EXPECT_EQ(got["parcels"][1]["lines"][0]["from"]["e"], 20.0);
+    }
+}
+
+TEST_F(Many, OneParcelOfATable)
+{
+    write("lots.csv", "lot,point,E,N\nA,1,0,0\nA,2,9,0\nA,3,9,9\nB,1,20,0\nB,2,29,0\nB,3,29,9\n");
+    EXPECT_EQ(run({"measure", "lots.csv", "--feature", "2"}).out.rfind("Parcel  lots.csv: lot B\n", 0), 0u);
+    EXPECT_EQ(run({"measure", "lots.csv", "--where", "lot = 'B'"}).out.rfind("Parcel  lots.csv: lot B\n", 0),
+              0u);
+    EXPECT_TRUE(
+        test::fails_with(run({"measure", "lots.csv"}), 2,
+                         "lots.csv: there are 2 parcels (lot A, lot B); choose one with --feature and "
+                         "its number in the file, from 1"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv", "--feature", "3"}), 2,
+                                 "lots.csv: there is no feature 3; count the parcels of the table from 1"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv", "--where", "lot = 'C'"}), 2,
+                                 "lots.csv: --where 'lot = 'C'' matches no feature; count the parcels of the "
+                                 "table from 1"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv", "--where", "point < '3'"}), 2,
+                                 "lots.csv: lot A: --where 'point < '3'' matches only some of its vertices; "
+                                 "compare a column that is the same in all rows of a parcel"));
+}
+
 // What is quoted from the file may hold whatever punctuation it likes.
 TEST_F(Many, AReasonIsTheWholeReason)
 {

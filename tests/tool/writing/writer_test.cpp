@@ -334,6 +334,17 @@ TEST_F(Writer, PointsAndCsvSources)
     EXPECT_EQ(points->GetLayerByName("pieces")->GetFeatureCount(), 2);
     EXPECT_LT(points->GetLayerByName("pieces")->GetLayerDefn()->GetFieldIndex("E"), 0)
         << "columns of vertices";
+    write("table.csv", "lot,owner,point,E,N\nA,Rossi,1,0,0\nA,Rossi,2,9,0\nA,Rossi,3,9,9\n"
+                       "B,Neri,1,20,0\nB,Neri,2,29,0\nB,Neri,3,29,9\n");
+    ASSERT_EQ(divide("table.csv", "--vertex 1 --parts 2 -o table.gpkg").status, 0);
+    const GDALDatasetUniquePtr table = open("table.gpkg");
+    OGRLayer* const lots = table->GetLayerByName("pieces");
+    ASSERT_EQ(lots->GetFeatureCount(), 4);
+    const OGRFeatureUniquePtr last(lots->GetFeature(4));
+    EXPECT_STREQ(last->GetFieldAsString("lot"), "B");
+    EXPECT_STREQ(last->GetFieldAsString("owner"), "Neri");
+    EXPECT_EQ(last->GetFieldAsInteger("parcel"), 2);
+    EXPECT_LT(lots->GetLayerDefn()->GetFieldIndex("point"), 0) << "columns of vertices";
     write("lots.csv", "id,WKT,note\n007,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\",good\n");
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --parts 2 -o lots.gpkg").status, 0);
     const GDALDatasetUniquePtr out = open("lots.gpkg");

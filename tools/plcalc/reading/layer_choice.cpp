@@ -48,25 +48,13 @@ void add_to(Count& none, const Count& count)
         none.without_geometry = count.without_geometry;
 }
 
-[[noreturn]] void refuse_choice_of_feature(const Source& source)
-{
-    const Place file = {source.file, ""};
-    if (source.feature)
-        throw Failure(ExitStatus::wrong_use, file,
-                      "there is no feature " + std::to_string(*source.feature) +
-                          (source.where ? " that passes --where" : ""),
-                      "list them with ogrinfo -al");
-    throw Failure(ExitStatus::wrong_use, file, "--where '" + *source.where + "' matches no feature",
-                  "list them with ogrinfo -al");
-}
-
 [[noreturn]] void refuse_nothing_found(const Count& none, GDALDataset& dataset, const Source& source,
                                        const std::string& opening_remark)
 {
     const Place file = {source.file, ""};
     const char* const draw = "draw the parcel as a polygon";
     if (source.feature || (source.where && none.choice.others == 0))
-        refuse_choice_of_feature(source);
+        refuse_choice_of_feature(source, "list them with ogrinfo -al");
     if (none.choice.others == 0)
         throw Failure(ExitStatus::unusable_input, file, "the file holds no feature" + opening_remark, draw);
     if (none.other_kind.empty() && !none.without_geometry.empty())
@@ -81,6 +69,17 @@ void add_to(Count& none, const Count& count)
 }
 
 }  // namespace
+
+void refuse_choice_of_feature(const Source& source, const std::string& advice)
+{
+    const Place file = {source.file, ""};
+    if (source.feature)
+        throw Failure(ExitStatus::wrong_use, file,
+                      "there is no feature " + std::to_string(*source.feature) +
+                          (source.where ? " that passes --where" : ""),
+                      advice);
+    throw Failure(ExitStatus::wrong_use, file, "--where '" + *source.where + "' matches no feature", advice);
+}
 
 bool is_format(GDALDataset& dataset, const char* name)
 {

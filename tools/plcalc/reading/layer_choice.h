@@ -35,6 +35,9 @@ LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessage
 /// @throws Failure  wrong_use if there is no layer of that name
 std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source);
 
+/// Gives up because no feature is the one that the source asks for, or none passes its filter.
+[[noreturn]] void refuse_choice_of_feature(const Source& source, const std::string& advice);
+
 /// Makes the layer return only the features that match the filter of the source.
 ///
 /// @throws Failure  wrong_use for a filter that the layer does not understand

@@ -1,5 +1,6 @@
 #include "reading/parcel_file.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <cpl_conv.h>
@@ -30,19 +31,70 @@ ParcelFile::ParcelFile(const Source& source) : source_(source)
     messages_.clear();
     dataset_ = open_or_refuse(source_.file, messages_);
     const std::vector<OGRLayer*> layers = named_layers(*dataset_, source_);
-    of_points_ = is_table_of_points(*dataset_, layers);
-    if (!of_points_) {
-        choice_ = choose_layer(*dataset_, source_, messages_);
-        if (is_format(*dataset_, "DXF"))
-            open_with_fine_arcs();
+    if (is_table_of_points(*dataset_, layers)) {
+        open_table(*layers[0]);
         return;
     }
-    if (source_.feature || source_.where)
-        throw Failure(ExitStatus::wrong_use, {source_.file, ""}, "its rows are the vertices of one parcel",
-                      std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
+    choice_ = choose_layer(*dataset_, source_, messages_);
+    if (is_format(*dataset_, "DXF"))
+        open_with_fine_arcs();
+}
+
+void ParcelFile::open_table(OGRLayer& layer)
+{
+    const Place file = {source_.file, ""};
     messages_.clear();
-    choice_.layer = layers[0];
-    choice_.parcels.add([&] { return source_.file; });
+    table_.emplace(layer, file);
+    if (!messages_.text().empty())
+        throw Failure(ExitStatus::unusable_input, file, "the table cannot be read" + messages_.remark(),
+                      "correct it");
+    if (!table_->names_parcels() && (source_.feature || source_.where))
+        throw Failure(ExitStatus::wrong_use, file, "its rows are the vertices of one parcel",
+                      std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
+    choose_in_table(layer);
+    choice_.layer = &layer;
+    for (const TableParcel& parcel : table_->parcels())
+        choice_.parcels.add([&] { return parcel.name.empty() ? source_.file : parcel.name; });
+}
+
+// Keeps the parcels that the source asks for.
+void ParcelFile::choose_in_table(OGRLayer& layer)
+{
+    std::vector<TableParcel>& parcels = table_->parcels();
+    if (source_.feature)
+        parcels.erase(std::remove_if(parcels.begin(), parcels.end(),
+                                     [&](const TableParcel& parcel) {
+                                         return parcel.feature->GetFID() != *source_.feature;
+                                     }),
+                      parcels.end());
+    if (source_.where) {
+        const std::vector<bool> passes = rows_that_pass(layer);
+        std::vector<TableParcel> chosen;
+        for (TableParcel& parcel : parcels) {
+            const auto first = passes.begin() + parcel.first_row;
+            const auto end = passes.begin() + parcel.last_row + 1;
+            const auto passed = std::count(first, end, true);
+            if (passed != 0 && passed != end - first)
+                throw Failure(ExitStatus::wrong_use, {source_.file, parcel.name},
+                              "--where '" + *source_.where + "' matches only some of its vertices",
+                              "compare a column that is the same in all rows of a parcel");
+            if (passed != 0)
+                chosen.push_back(std::move(parcel));
+        }
+        parcels = std::move(chosen);
+    }
+    if (parcels.empty())
+        refuse_choice_of_feature(source_, "count the parcels of the table from 1");
+}
+
+// By row number.
+std::vector<bool> ParcelFile::rows_that_pass(OGRLayer& layer)
+{
+    std::vector<bool> passes(static_cast<std::size_t>(table_->last_row()) + 1);
+    set_filter(layer, source_, messages_);
+    for (const OGRFeatureUniquePtr& row : layer)
+        passes[static_cast<std::size_t>(row->GetFID())] = true;
+    return passes;
 }
 
 // The DXF reader silently replaces arcs with chords, as many as OGR_ARC_STEPSIZE asks for. A boundary with
@@ -95,28 +147,21 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     parcel.unit = unit_of(crs);
 }
 
-ReadParcel ParcelFile::read_points_as_parcel()
+ReadParcel ParcelFile::next_of_table()
 {
-    const Place file = {source_.file, ""};
-    std::vector<PL_PNT2D_record> points =
-        read_points(*choice_.layer, *find_point_columns(*choice_.layer->GetLayerDefn()), file);
-    if (!messages_.text().empty())
-        throw Failure(ExitStatus::unusable_input, file, "the table cannot be read" + messages_.remark(),
-                      "correct it");
-    drop_closing_vertex(points);
+    TableParcel& row = table_->parcels()[next_in_table_++];
     ReadParcel read;
-    read.parcel = {file, std::move(points), {}};
+    read.parcel = {{source_.file, row.name}, std::move(row.ring), {}};
+    read.feature = std::move(row.feature);
     return read;
 }
 
 std::optional<ReadParcel> ParcelFile::next()
 {
-    if (of_points_) {
-        if (points_done_)
-            return std::nullopt;
-        points_done_ = true;
-        return read_points_as_parcel();
-    }
+    if (table_ && next_in_table_ == table_->parcels().size())
+        return std::nullopt;
+    if (table_)
+        return next_of_table();
     while (OGRFeatureUniquePtr feature{choice_.layer->GetNextFeature()}) {
         const OGRFeatureUniquePtr finer = next_with_fine_arcs();
         if (!is_parcel(*feature, *dataset_, source_))
@@ -134,6 +179,11 @@ std::optional<ReadParcel> ParcelFile::next()
     return std::nullopt;
 }
 
+const OGRFeatureDefn& ParcelFile::columns() const
+{
+    return table_ ? table_->columns() : *choice_.layer->GetLayerDefn();
+}
+
 // With the name by which it was opened, whether or not GDAL lists it.
 std::vector<std::string> ParcelFile::files() const
 {
@@ -147,7 +197,8 @@ void ParcelFile::refuse_several(const std::string& why) const
     throw Failure(ExitStatus::wrong_use, {source_.file, ""},
                   "there are " + std::to_string(choice_.parcels.count()) + " parcels (" +
                       choice_.parcels.text() + ")" + (why.empty() ? "" : ", " + why),
-                  "choose one with --feature FID");
+                  table_ ? "choose one with --feature and its number in the file, from 1"
+                         : "choose one with --feature FID");
 }
 
 Failure vanished(const Source& source)

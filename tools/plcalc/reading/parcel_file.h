@@ -14,6 +14,7 @@
 #include "console/outcome.h"
 #include "files/gdal_messages.h"
 #include "reading/layer_choice.h"
+#include "reading/point_table.h"
 #include "reading/source.h"
 
 namespace tool {
@@ -22,11 +23,11 @@ namespace tool {
 struct ReadParcel {
     Parcel parcel;                   ///< its ring is empty when there is a problem
     std::optional<Failure> problem;  ///< why it has no ring in plane coordinates
-    OGRFeatureUniquePtr feature;     ///< null where the vertices were rows of a table
+    OGRFeatureUniquePtr feature;     ///< null where all rows of a table of points are one parcel
 };
 
 /// The parcels of one layer: polygons without holes, closed lines, or the points of a CSV file with a column for
-/// East and one for North.
+/// East and one for North, and perhaps one for the parcel's name.
 class ParcelFile {
 public:
     /// Opens the file, chooses the layer and counts its parcels.
@@ -46,6 +47,9 @@ public:
     /// The layer that the parcels come from.
     OGRLayer& layer() const { return *choice_.layer; }
 
+    /// The columns of the parcels' features.
+    const OGRFeatureDefn& columns() const;
+
     /// The files that are read.
     std::vector<std::string> files() const;
 
@@ -59,7 +63,10 @@ private:
     OGRFeatureUniquePtr next_with_fine_arcs();
     void require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const;
     void complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel) const;
-    ReadParcel read_points_as_parcel();
+    void open_table(OGRLayer& layer);
+    void choose_in_table(OGRLayer& layer);
+    std::vector<bool> rows_that_pass(OGRLayer& layer);
+    ReadParcel next_of_table();
 
     Source source_;
     GdalMessages messages_;
@@ -67,8 +74,8 @@ private:
     GDALDatasetUniquePtr fine_dataset_;  // DXF: read with finer chords, in step with the other
     LayerChoice choice_;
     OGRLayer* fine_layer_ = nullptr;
-    bool of_points_ = false;
-    bool points_done_ = false;
+    std::optional<PointTable> table_;  // CSV with a vertex in each row
+    std::size_t next_in_table_ = 0;
 };
 
 /// The only parcel of the source.

@@ -44,7 +44,8 @@ Usage: plcalc divide FILE CUT AREA [OPTION ...]
 FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...
       Parcels are polygons without holes, or closed lines. A CSV file needs a
       column WKT, or a vertex per row in columns E and N (or East and North,
-      Easting and Northing, Est and Nord, X and Y).
+      Easting and Northing, Est and Nord, X and Y); there, rows with the same
+      lot, parcel or plot are a parcel.
       Coordinates are plane, E to the East and N to the North, in any unit.
 
 CUT, one of

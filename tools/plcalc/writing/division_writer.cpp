@@ -110,7 +110,7 @@ DivisionWriter::DivisionWriter(const std::string& file, bool overwrite, const Pa
         lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
         require(lines_dataset_ != nullptr);
     }
-    make_layers(source, crs);
+    make_layers(parcels.columns(), crs);
 }
 
 void DivisionWriter::refuse_format(const std::string& why) const
@@ -127,7 +127,7 @@ void DivisionWriter::require(bool ok) const
                       "try another format, such as OUT.gpkg");
 }
 
-void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* crs)
+void DivisionWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs)
 {
     OGRSpatialReference* const shared = const_cast<OGRSpatialReference*>(crs);
     const bool two_files = lines_dataset_ != nullptr;
@@ -141,20 +141,17 @@ void DivisionWriter::make_layers(OGRLayer& source, const OGRSpatialReference* cr
     require(pieces_ != nullptr);
     if (pieces_->GetLayerDefn()->GetGeomFieldCount() == 0)
         refuse_format("cannot store geometry");
-    copy_fields(source, *pieces_, pieces_map_);
+    copy_fields(columns, *pieces_, pieces_map_);
     piece_columns_ = make_columns(*pieces_, format_, kPieceColumns);
     lines_ = lines_in.CreateLayer(lines_name.c_str(), shared, wkbLineString, list);
     require(lines_ != nullptr);
-    copy_fields(source, *lines_, lines_map_);
+    copy_fields(columns, *lines_, lines_map_);
     line_columns_ = make_columns(*lines_, format_, kLineColumns);
     messages_.clear();  // drop the warning of a format without columns
 }
 
-void DivisionWriter::copy_fields(OGRLayer& source, OGRLayer& target, std::vector<int>& map)
+void DivisionWriter::copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map)
 {
-    if (source.GetGeomType() == wkbNone)
-        return;  // the rows of a table of points are vertices, not parcels
-    const OGRFeatureDefn& fields = *source.GetLayerDefn();
     for (int i = 0; i < fields.GetFieldCount(); ++i) {
         OGRFieldDefn field(fields.GetFieldDefn(i));
         const bool wanted = !is_wkt_column(field.GetNameRef());

@@ -54,8 +54,8 @@ public:
     std::vector<std::string> commit();
 
 private:
-    void make_layers(OGRLayer& source, const OGRSpatialReference* crs);
-    void copy_fields(OGRLayer& source, OGRLayer& target, std::vector<int>& map);
+    void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
+    void copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map);
     OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
     void create(OGRLayer& layer, OGRFeature& feature);
     void require(bool ok) const;

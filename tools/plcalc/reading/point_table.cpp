@@ -1,0 +1,322 @@
+#include "reading/point_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+#include <utility>
+
+#include <cpl_string.h>
+
+#include "reading/boundary.h"
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+// A name of one pair never goes with a name of another: in a file with X, Y and E they would not belong
+// together.
+constexpr std::pair<const char*, const char*> kPairs[] = {
+    {"e", "n"}, {"east", "north"}, {"easting", "northing"}, {"est", "nord"}, {"x", "y"},
+};
+
+// What the parcel of a point is called.
+const char* const kOfParcels[] = {
+    "lot",        "parcel",  "plot",  "lotto",          "parcella",   "particella",      "mappale",
+    "parcelle",   "parcela", "finca", "flurst\u00fcck", "flurstueck", "grundst\u00fcck", "parzelle",
+    "grundstueck"};
+
+// Its number or name.
+const char* const kEndings[] = {"id", "no", "nr", "num", "number", "name", "numero", "nummer"};
+
+// Columns that say something about a point, and may say it about several.
+const char* const kOfPoints[] = {"z",     "h",    "height",      "elev",   "elevation", "altitude", "quota",
+                                 "code",  "desc", "description", "remark", "remarks",   "comment",  "note",
+                                 "notes", "d",    "type",        "kind",   "mark",      "date",     "time"};
+
+constexpr std::size_t kFewestVertices = 3;
+
+std::string stripped(const char* name)
+{
+    return CPLString(name).Trim();
+}
+
+std::string name_of_field(const OGRFeatureDefn& table, int field)
+{
+    return stripped(table.GetFieldDefn(field)->GetNameRef());
+}
+
+// "Lot No." and "lot_no" are one name.
+std::string plain(const std::string& name)
+{
+    CPLString lower(name);
+    std::string text;
+    for (const char c : lower.tolower())
+        if (std::string(" _-.#").find(c) == std::string::npos)
+            text += c;
+    return text;
+}
+
+template <std::size_t n> bool is_one_of(const std::string& name, const char* const (&known)[n])
+{
+    return std::any_of(std::begin(known), std::end(known), [&](const char* word) { return name == word; });
+}
+
+bool names_parcel(const std::string& name)
+{
+    return std::any_of(std::begin(kOfParcels), std::end(kOfParcels), [&](const std::string& word) {
+        return name.rfind(word, 0) == 0 && (name == word || is_one_of(name.substr(word.size()), kEndings));
+    });
+}
+
+int find_field(const OGRFeatureDefn& table, const std::string& name)
+{
+    for (int i = 0; i < table.GetFieldCount(); ++i)
+        if (plain(name_of_field(table, i)) == name)
+            return i;
+    return -1;
+}
+
+Failure unusable_row(const Place& file, GIntBig row, const std::string& problem, const std::string& advice)
+{
+    return {ExitStatus::unusable_input, {file.file, "row " + std::to_string(row)}, problem, advice};
+}
+
+double coordinate(const OGRFeature& row, int field, const Place& file)
+{
+    const std::string text = row.GetFieldAsString(field);
+    const std::optional<double> value = parse_number(text);
+    if (value)
+        return *value;
+    const std::string name = stripped(row.GetFieldDefnRef(field)->GetNameRef());
+    if (text.empty())
+        throw unusable_row(file, row.GetFID(), name + " is empty", "fill it in");
+    throw unusable_row(file, row.GetFID(), name + " is '" + text + "', not a number",
+                       "use a point before the decimals");
+}
+
+// What stands in a column, row by row of a parcel.
+class ColumnValues {
+public:
+    void add(const OGRFeature& row, int field)
+    {
+        const std::string value = row.GetFieldAsString(field);
+        if (values_.empty())
+            first_ = value;
+        if (!values_.insert(value).second)
+            repeats_ = true;
+        if (values_.size() == 2 && change_row_ < 0) {
+            change_row_ = row.GetFID();
+            changed_to_ = value;
+        }
+    }
+
+    bool changes() const { return change_row_ >= 0; }
+
+    // A value that several rows share, but not all of them, names a parcel rather than a point.
+    bool seem_to_name_parcels() const { return repeats_ && changes(); }
+
+    Failure failure(const Place& file, const std::string& name) const
+    {
+        return unusable_row(
+            file, change_row_,
+            name + " changes from '" + first_ + "' to '" + changed_to_ + "', as if another parcel began",
+            "call the column 'lot' if it names the parcels, or remove it if it says nothing about them");
+    }
+
+private:
+    std::set<std::string> values_;
+    std::string first_;
+    std::string changed_to_;
+    GIntBig change_row_ = -1;
+    bool repeats_ = false;
+};
+
+// The columns that could name parcels, but are not said to.
+class OtherColumns {
+public:
+    OtherColumns(const OGRFeatureDefn& table, const PointColumns& known)
+    {
+        for (int i = 0; i < table.GetFieldCount(); ++i) {
+            const std::string name = name_of_field(table, i);
+            const bool of_parcel = std::count(known.parcel.begin(), known.parcel.end(), i) > 0;
+            if (i != known.east && i != known.north && !of_parcel && !is_one_of(plain(name), kOfPoints))
+                columns_.push_back({i, name, {}, true});
+        }
+    }
+
+    void begin_parcel()
+    {
+        for (Column& column : columns_)
+            column.values = {};
+    }
+
+    void add(const OGRFeature& row)
+    {
+        for (Column& column : columns_)
+            column.values.add(row, column.field);
+    }
+
+    void end_parcel(const Place& file)
+    {
+        for (Column& column : columns_) {
+            if (column.values.seem_to_name_parcels())
+                throw column.values.failure(file, column.name);
+            column.shared = column.shared && !column.values.changes();
+        }
+    }
+
+    // Those that had one value in every parcel.
+    std::vector<int> shared() const
+    {
+        std::vector<int> fields;
+        for (const Column& column : columns_)
+            if (column.shared)
+                fields.push_back(column.field);
+        return fields;
+    }
+
+private:
+    struct Column {
+        int field;
+        std::string name;
+        ColumnValues values;
+        bool shared;
+    };
+
+    std::vector<Column> columns_;
+};
+
+// Whether every value of the column stands in at least three rows, one after the other, and nowhere else.
+bool parts_rows_into_parcels(OGRLayer& table, int field)
+{
+    std::set<std::string> seen;
+    std::string current;
+    std::size_t rows = kFewestVertices;
+    for (const OGRFeatureUniquePtr& row : table) {
+        const std::string value = row->GetFieldAsString(field);
+        if (!seen.empty() && value == current) {
+            ++rows;
+            continue;
+        }
+        if (rows < kFewestVertices || value.empty() || !seen.insert(value).second)
+            return false;
+        current = value;
+        rows = 1;
+    }
+    return seen.size() > 1 && rows >= kFewestVertices;
+}
+
+bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    return p.x == q.x && p.y == q.y;
+}
+
+}  // namespace
+
+std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table)
+{
+    PointColumns columns;
+    for (const auto& [east_name, north_name] : kPairs) {
+        columns.east = find_field(table, east_name);
+        columns.north = find_field(table, north_name);
+        if (columns.east >= 0 && columns.north >= 0)
+            break;
+    }
+    if (columns.east < 0 || columns.north < 0)
+        return std::nullopt;
+    for (int i = 0; i < table.GetFieldCount(); ++i)
+        if (names_parcel(plain(name_of_field(table, i))))
+            columns.parcel.push_back(i);
+    return columns;
+}
+
+PointTable::PointTable(OGRLayer& table, const Place& file)
+    : columns_(find_point_columns(*table.GetLayerDefn()).value()), definition_(new OGRFeatureDefn("parcels"))
+{
+    definition_->Reference();
+    definition_->SetGeomType(wkbNone);
+    const int id = find_field(*table.GetLayerDefn(), "id");
+    if (columns_.parcel.empty() && id >= 0 && parts_rows_into_parcels(table, id))
+        columns_.parcel.push_back(id);
+    read_rows(table, file);
+}
+
+PointTable::~PointTable()
+{
+    parcels_.clear();
+    definition_->Release();
+}
+
+// "lot A"; "lot A part 2" where two columns name a parcel.
+std::string PointTable::name_of(const OGRFeature& row, const Place& file) const
+{
+    std::string text;
+    for (const int field : columns_.parcel) {
+        const std::string column = stripped(row.GetFieldDefnRef(field)->GetNameRef());
+        const std::string value = stripped(row.GetFieldAsString(field));
+        if (value.empty())
+            throw unusable_row(file, row.GetFID(), column + " is empty", "fill it in");
+        text += (text.empty() ? "" : " ") + column + " " + value;
+    }
+    return text;
+}
+
+void PointTable::read_rows(OGRLayer& table, const Place& file)
+{
+    OtherColumns others(*table.GetLayerDefn(), columns_);
+    std::set<std::string> names;
+    for (const OGRFeatureUniquePtr& row : table) {
+        const std::string name = name_of(*row, file);
+        if (parcels_.empty() || name != parcels_.back().name) {
+            if (!names.insert(name).second)
+                throw unusable_row(file, row->GetFID(), name + " comes back after " + parcels_.back().name,
+                                   "put the rows of each parcel one after the other");
+            if (!parcels_.empty())
+                others.end_parcel(file);
+            others.begin_parcel();
+            parcels_.emplace_back();
+            parcels_.back().name = name;
+            parcels_.back().first_row = row->GetFID();
+        }
+        TableParcel& parcel = parcels_.back();
+        parcel.last_row = last_row_ = row->GetFID();
+        parcel.ring.push_back(
+            {coordinate(*row, columns_.east, file), coordinate(*row, columns_.north, file)});
+        // The row that closes the ring may have the name of the first.
+        if (parcel.ring.size() == 1 || !same(parcel.ring.front(), parcel.ring.back()))
+            others.add(*row);
+    }
+    if (parcels_.empty())
+        parcels_.emplace_back();  // a header without rows is a parcel without vertices
+    else
+        others.end_parcel(file);
+    for (TableParcel& parcel : parcels_)
+        drop_closing_vertex(parcel.ring);
+    if (names_parcels())
+        make_features(table, others.shared());
+}
+
+void PointTable::make_features(OGRLayer& table, const std::vector<int>& shared)
+{
+    std::vector<int> fields = columns_.parcel;
+    fields.insert(fields.end(), shared.begin(), shared.end());
+    for (const int field : fields) {
+        OGRFieldDefn column(table.GetLayerDefn()->GetFieldDefn(field));
+        column.SetName(name_of_field(*table.GetLayerDefn(), field).c_str());
+        definition_->AddFieldDefn(&column);
+    }
+    std::size_t next = 0;
+    for (const OGRFeatureUniquePtr& row : table) {
+        if (next == parcels_.size())
+            break;
+        if (row->GetFID() != parcels_[next].first_row)
+            continue;
+        OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(definition_));
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            feature->SetField(static_cast<int>(i), row->GetFieldAsString(fields[i]));
+        parcels_[next++].feature = std::move(feature);
+        parcels_[next - 1].feature->SetFID(static_cast<GIntBig>(next));
+    }
+}
+
+}  // namespace tool

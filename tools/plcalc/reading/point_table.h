@@ -1,0 +1,79 @@
+#pragma once
+
+// CSV tables with a vertex in each row: which columns hold what, and the parcels that the rows make.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <ogrsf_frmts.h>
+
+#include "console/outcome.h"
+#include "plparcel/division.h"
+
+namespace tool {
+
+/// The columns of a table of points, as field indices.
+struct PointColumns {
+    int east = -1;
+    int north = -1;
+    std::vector<int> parcel;  ///< those that name the parcel of a point; none where all rows are one parcel
+};
+
+/// Finds the columns with coordinates: the first of the pairs E and N, East and North, Easting and Northing,
+/// Est and Nord, X and Y that the table has, in capitals or not. Columns called lot, parcel or plot, in other
+/// languages too, name the parcel of a point.
+std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
+
+/// A parcel of a table of points.
+struct TableParcel {
+    std::string name;     ///< "lot A"; empty where all rows are one parcel
+    plparcel::Ring ring;  ///< in the order of the rows, without the closing one
+    GIntBig first_row = 0;
+    GIntBig last_row = 0;
+    OGRFeatureUniquePtr
+        feature;  ///< what the rows agree upon; its number counts from 1. Null as `name` is empty.
+};
+
+/// The parcels of a table, in the file's order.
+class PointTable {
+public:
+    /// Reads the whole table. Rows with the same name of a parcel make the parcel. Where no column is called so,
+    /// a column `id` with at least three rows to each value names the parcels.
+    ///
+    /// @param[in] file  the file, for messages
+    /// @throws Failure  unusable_input for a row without a number in both columns, for a parcel whose rows do not
+    ///                  follow one another, and where another column changes within a parcel and has a value more
+    ///                  than once, as if it named a part of it. Columns of heights, codes and descriptions may do
+    ///                  so. A comma before the decimals is refused rather than guessed at: 1,250 is one thing here
+    ///                  and another there.
+    PointTable(OGRLayer& table, const Place& file);
+    ~PointTable();
+    PointTable(const PointTable&) = delete;
+    PointTable& operator=(const PointTable&) = delete;
+
+    /// At least one.
+    std::vector<TableParcel>& parcels() { return parcels_; }
+
+    /// The number of the last row; 0 where there is none.
+    GIntBig last_row() const { return last_row_; }
+
+    /// Whether a column names the parcels.
+    bool names_parcels() const { return !columns_.parcel.empty(); }
+
+    /// The columns whose values belong to a parcel rather than to a point; none where all rows are one parcel.
+    OGRFeatureDefn& columns() const { return *definition_; }
+
+private:
+    void read_rows(OGRLayer& table, const Place& file);
+    void make_features(OGRLayer& table, const std::vector<int>& shared);
+    std::string name_of(const OGRFeature& row, const Place& file) const;
+
+    PointColumns columns_;
+    OGRFeatureDefn* definition_;
+    std::vector<TableParcel> parcels_;
+    GIntBig last_row_ = 0;
+};
+
+}  // namespace tool
