@@ -6,8 +6,7 @@ int main()
 {
     const plparcel::Ring yard = {{0, 0}, {60, 0}, {60, 20}, {40, 20}, {40, 50}, {0, 50}};
     plparcel::Request request;
-    request.cut = plparcel::Cut::perpendicular;
-    request.index = 0;  // the side from (0, 0) to (60, 0)
+    request.line = plparcel::perpendicular_to(0);  // the side from (0, 0) to (60, 0)
     request.amounts = plparcel::equal_parts(3);
 
     const plparcel::Division division = plparcel::divide(yard, request);

@@ -43,12 +43,12 @@ plparcel::Amount read_amount(Reader& in, const Ring& ring)
 plparcel::Request read_request(Reader& in, const Ring& ring)
 {
     plparcel::Request request;
-    request.cut = static_cast<Cut>(in.selector());
+    request.line.cut = static_cast<Cut>(in.selector());
     request.measured = static_cast<plparcel::Measured>(in.selector());
-    request.index = in.byte();
-    if (!ring.empty() && request.index < 250)
-        request.index %= ring.size();
-    request.ask_library = request.index % 2 == 1;
+    request.line.index = in.byte();
+    if (!ring.empty() && request.line.index < 250)
+        request.line.index %= ring.size();
+    request.ask_library = request.line.index % 2 == 1;
     const int amounts = in.below(kMostParts);
     if (amounts == 0)
         request.amounts = plparcel::equal_parts(static_cast<std::size_t>(in.below(kMostParts + 1)));
@@ -92,16 +92,16 @@ void check_line(const Ring& ring, const plparcel::Request& request, const plparc
     FUZZ_CHECK(!fuzz::same(line.from, line.to));
     FUZZ_CHECK(distance_to_boundary(ring, line.from) <= 4.0 * spacing);
     FUZZ_CHECK(distance_to_boundary(ring, line.to) <= 4.0 * spacing);
-    const PL_PNT2D_record& a = ring[request.index];
-    const PL_PNT2D_record& b = ring[fuzz::index_after(ring, request.index)];
-    if (request.cut == Cut::through_vertex) {
+    const PL_PNT2D_record& a = ring[request.line.index];
+    const PL_PNT2D_record& b = ring[fuzz::index_after(ring, request.line.index)];
+    if (request.line.cut == Cut::through_vertex) {
         FUZZ_CHECK(fuzz::equal(line.from, a));
         return;
     }
     const Real run_x = static_cast<Real>(b.x) - a.x;
     const Real run_y = static_cast<Real>(b.y) - a.y;
-    const Real aside = request.cut == Cut::parallel ? off_line(line.to, line.from, run_x, run_y)
-                                                    : off_line(line.to, line.from, -run_y, run_x);
+    const Real aside = request.line.cut == Cut::parallel ? off_line(line.to, line.from, run_x, run_y)
+                                                         : off_line(line.to, line.from, -run_y, run_x);
     FUZZ_CHECK(std::fabs(aside) <= kEndSpacings * spacing);
 }
 
@@ -138,11 +138,11 @@ void check_divided(const Ring& ring, const plparcel::Request& request, const Div
 // A plainly convex parcel has a line for every request between nothing and all of it.
 bool must_divide(const Ring& ring, const plparcel::Request& request)
 {
-    const bool known = (request.cut == Cut::parallel || request.cut == Cut::perpendicular ||
-                        request.cut == Cut::through_vertex) &&
+    const bool known = (request.line.cut == Cut::parallel || request.line.cut == Cut::perpendicular ||
+                        request.line.cut == Cut::through_vertex) &&
                        (request.measured == plparcel::Measured::from_reference ||
                         request.measured == plparcel::Measured::opposite);
-    if (!known || request.index >= ring.size() || !fuzz::plainly_convex(ring))
+    if (!known || request.line.index >= ring.size() || !fuzz::plainly_convex(ring))
         return false;
     const double parcel = std::fabs(fuzz::area_of(ring));
     double sum = 0.0;

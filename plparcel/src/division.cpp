@@ -81,8 +81,8 @@ MeasuredRing begun_at(Ring ring, std::size_t start)
 
 bool is_known(const Request& request)
 {
-    const bool cut = request.cut == Cut::parallel || request.cut == Cut::perpendicular ||
-                     request.cut == Cut::through_vertex;
+    const bool cut = request.line.cut == Cut::parallel || request.line.cut == Cut::perpendicular ||
+                     request.line.cut == Cut::through_vertex;
     return cut && (request.measured == Measured::from_reference || request.measured == Measured::opposite);
 }
 
@@ -100,12 +100,12 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::unknown_request;
         return division;
     }
-    if (request.index >= ring.size()) {
+    if (request.line.index >= ring.size()) {
         division.status = Status::no_such_index;
         return division;
     }
-    const std::size_t start = clean.place[request.index];
-    if (request.cut != Cut::through_vertex && around(clean.place, request.index + 1) == start) {
+    const std::size_t start = clean.place[request.line.index];
+    if (request.line.cut != Cut::through_vertex && around(clean.place, request.line.index + 1) == start) {
         division.status = Status::side_without_length;
         return division;
     }
@@ -118,8 +118,8 @@ Division divide(const Ring& ring, const Request& request)
         return division;
     }
 
-    const Reference reference = {request.cut, measured[0], measured[1]};
-    cut_all({std::move(measured), request.cut, 0, request.measured, request.ask_library}, reference,
+    const Reference reference = {request.line.cut, measured[0], measured[1]};
+    cut_all({std::move(measured), request.line.cut, 0, request.measured, request.ask_library}, reference,
             shares.pieces, parcel, division);
     return division;
 }

@@ -91,10 +91,10 @@ bool is_after(const Ring& ring, const Part& part, std::size_t i)
 Real request_area(const Ring& ring, const Request& request, const Part& part, Real parcel)
 {
     const Real after = area_after(ring, part);
-    bool wants_after = is_after(ring, part, request.index);
-    if (request.cut == Cut::perpendicular) {
+    bool wants_after = is_after(ring, part, request.line.index);
+    if (request.line.cut == Cut::perpendicular) {
         // The piece after p lies right of p-q in an anticlockwise ring.
-        const Point ahead = minus(local(ring, request.index + 1), local(ring, request.index));
+        const Point ahead = minus(local(ring, request.line.index + 1), local(ring, request.line.index));
         const bool ahead_is_right = cross(minus(part.q, part.p), ahead) < 0;
         wants_after = ahead_is_right == (test::signed_area(ring) > 0);
     }
@@ -126,9 +126,9 @@ Areas areas_at_level(const Ring& ring, const Request& request, const Point& at, 
 bool level_exists(const Ring& ring, const Request& request, double asked, int trials)
 {
     const Real parcel = std::fabs(test::signed_area(ring));
-    const Point a = local(ring, request.index);
-    const Point side = minus(local(ring, request.index + 1), a);
-    const Point run = request.cut == Cut::parallel ? side : Point{-side.y, side.x};
+    const Point a = local(ring, request.line.index);
+    const Point side = minus(local(ring, request.line.index + 1), a);
+    const Point run = request.line.cut == Cut::parallel ? side : Point{-side.y, side.x};
     const Point up = {-run.y, run.x};
     Real low = HUGE_VALL;
     Real high = -HUGE_VALL;
@@ -153,11 +153,11 @@ bool level_exists(const Ring& ring, const Request& request, double asked, int tr
 Areas areas_on_ray(const Ring& ring, const Request& request, const Point& run, Real parcel)
 {
     const std::size_t n = ring.size();
-    const Point v = local(ring, request.index);
+    const Point v = local(ring, request.line.index);
     Real first = HUGE_VALL;
-    Part part = {v, v, request.index, request.index};
+    Part part = {v, v, request.line.index, request.line.index};
     for (std::size_t k = 1; k + 1 < n; ++k) {
-        const std::size_t i = (request.index + k) % n;
+        const std::size_t i = (request.line.index + k) % n;
         const Point a = minus(local(ring, i), v);
         const Point b = minus(local(ring, i + 1), v);
         const Real off_a = cross(run, a);
@@ -173,7 +173,7 @@ Areas areas_on_ray(const Ring& ring, const Request& request, const Point& run, R
             part.q_side = i;
         }
     }
-    if (part.q_side == request.index)
+    if (part.q_side == request.line.index)
         return {};
     const Real after = area_after(ring, part);
     return {{{part.p_side, part.q_side}, request.measured == Measured::opposite ? parcel - after : after}};
@@ -185,9 +185,9 @@ bool ray_exists(const Ring& ring, const Request& request, double asked, int tria
     constexpr Real kTurn = 6.283185307179586476925L;
     const std::size_t n = ring.size();
     const Real parcel = std::fabs(test::signed_area(ring));
-    const Point v = local(ring, request.index);
-    const Point next = minus(local(ring, request.index + 1), v);
-    const Point last = minus(local(ring, request.index + n - 1), v);
+    const Point v = local(ring, request.line.index);
+    const Point next = minus(local(ring, request.line.index + 1), v);
+    const Point last = minus(local(ring, request.line.index + n - 1), v);
     const Real turn = test::signed_area(ring) > 0 ? 1 : -1;
     const Real start = std::atan2(next.y, next.x);
     Real opening = turn * (std::atan2(last.y, last.x) - start);
@@ -208,8 +208,8 @@ bool ray_exists(const Ring& ring, const Request& request, double asked, int tria
 
 bool line_exists(const Ring& ring, const Request& request, double asked, int trials)
 {
-    return request.cut == Cut::through_vertex ? ray_exists(ring, request, asked, trials)
-                                              : level_exists(ring, request, asked, trials);
+    return request.line.cut == Cut::through_vertex ? ray_exists(ring, request, asked, trials)
+                                                   : level_exists(ring, request, asked, trials);
 }
 
 }  // namespace plparcel_test

@@ -50,8 +50,8 @@ const Ring kC = {{0, 0},   {100, 0}, {100, 10}, {20, 10}, {20, 50}, {78, 50},
 Request request(Cut cut, std::size_t index, std::vector<Amount> amounts, Measured measured = kHere)
 {
     Request made;
-    made.cut = cut;
-    made.index = index;
+    made.line.cut = cut;
+    made.line.index = index;
     made.amounts = std::move(amounts);
     made.measured = measured;
     return made;

@@ -235,9 +235,9 @@ Point on_level(const Case& c, std::size_t side, const std::vector<Number>& level
 void collect_levels(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
 {
     const std::size_t n = c.ring.size();
-    const Point& a = vertex(c.ring, c.request.index);
-    const Point run = vertex(c.ring, c.request.index + 1) - a;
-    const bool parallel = c.request.cut == Cut::parallel;
+    const Point& a = vertex(c.ring, c.request.line.index);
+    const Point run = vertex(c.ring, c.request.line.index + 1) - a;
+    const bool parallel = c.request.line.cut == Cut::parallel;
     std::vector<Number> levels;
     std::vector<Number> along;
     for (const Point& p : c.ring) {
@@ -264,7 +264,7 @@ void collect_levels(const Case& c, bool& holds_exactly, std::vector<Line>& lines
             Line line;
             line.from_side = c.anticlockwise ? met[m + 1].second : met[m].second;
             line.to_side = c.anticlockwise ? met[m].second : met[m + 1].second;
-            const bool of_after = (parallel ? is_between_sides(c, c.request.index, line) : true) !=
+            const bool of_after = (parallel ? is_between_sides(c, c.request.line.index, line) : true) !=
                                   (c.request.measured == Measured::opposite);
             const auto line_at = [&](const Number& part) {
                 const Number level = low + (high - low) * part;
@@ -299,7 +299,7 @@ struct Around {
 void collect_rays(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
 {
     const std::size_t n = c.ring.size();
-    const std::size_t v = c.request.index;
+    const std::size_t v = c.request.line.index;
     const Point& start = c.ring[v];
     const Around before = {vertex(c.ring, v + 1) - start, c.anticlockwise ? 1 : -1};
     const Point last = vertex(c.ring, v + n - 1) - start;
@@ -484,7 +484,7 @@ bool doubles_hold(const Case& c, const Line& line)
     const Real wanted_before = AreaOfEnds::real(of_before);
     const Real reach_after = inside * AreaOfEnds::real(c.tolerance(of_after));
     const Real reach_before = inside * AreaOfEnds::real(c.tolerance(of_before));
-    const bool from_vertex = c.request.cut == Cut::through_vertex;
+    const bool from_vertex = c.request.line.cut == Cut::through_vertex;
     const std::vector<PL_PNT2D_record> froms =
         from_vertex ? std::vector<PL_PNT2D_record>{{line.from.x.get_d(), line.from.y.get_d()}}
                     : points_near(line.from, c.spacing);
@@ -507,7 +507,7 @@ std::string objection_to_refusal(const Case& c, Status status)
         return "the amount is no less than the parcel";
     bool holds_exactly = false;
     std::vector<Line> lines;
-    if (c.request.cut == Cut::through_vertex)
+    if (c.request.line.cut == Cut::through_vertex)
         collect_rays(c, holds_exactly, lines);
     else
         collect_levels(c, holds_exactly, lines);
@@ -584,12 +584,12 @@ bool has_side(const Polygon& piece, const Point& a, const Point& b)
 // Whether the piece that should hold the request lies where it was asked to.
 bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, const Point& to)
 {
-    const Point& a = vertex(c.ring, c.request.index);
-    const Point& b = vertex(c.ring, c.request.index + 1);
+    const Point& a = vertex(c.ring, c.request.line.index);
+    const Point& b = vertex(c.ring, c.request.line.index + 1);
     const bool near = c.request.measured == Measured::from_reference;
-    if (c.request.cut == Cut::through_vertex) {
+    if (c.request.line.cut == Cut::through_vertex) {
         // Along the side after the vertex, or the one before; the line may end on that side.
-        const Point& before = vertex(c.ring, c.request.index + c.ring.size() - 1);
+        const Point& before = vertex(c.ring, c.request.line.index + c.ring.size() - 1);
         const Point& along = near ? b : before;
         const auto runs_along = [&](const Point& p) {
             return !same(p, a) && largest_of(p - a) > 8 * c.spacing &&
@@ -603,7 +603,7 @@ bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, co
                             : runs_along(vertex(piece, i + piece.size() - 1));
         return false;
     }
-    if (c.request.cut == Cut::parallel)
+    if (c.request.line.cut == Cut::parallel)
         return has_side(piece, a, b) == near;
     const bool forward = has_side(piece, from, to);
     const Point run = forward ? to - from : from - to;
@@ -613,12 +613,12 @@ bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, co
 
 bool runs_as_asked(const Case& c, const Point& from, const Point& to)
 {
-    const Point& a = vertex(c.ring, c.request.index);
-    if (c.request.cut == Cut::through_vertex)
+    const Point& a = vertex(c.ring, c.request.line.index);
+    if (c.request.line.cut == Cut::through_vertex)
         return same(from, a);
-    const Point side = vertex(c.ring, c.request.index + 1) - a;
+    const Point side = vertex(c.ring, c.request.line.index + 1) - a;
     const Point run = to - from;
-    const Number aside = c.request.cut == Cut::parallel ? cross(side, run) : dot(side, run);
+    const Number aside = c.request.line.cut == Cut::parallel ? cross(side, run) : dot(side, run);
     const Number reach = 12 * c.spacing;
     return aside * aside <= reach * reach * dot(side, side);
 }

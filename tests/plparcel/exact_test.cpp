@@ -99,8 +99,8 @@ Ring any_parcel(std::mt19937_64& random)
 Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
 {
     Request request;
-    request.cut = static_cast<Cut>(below(random, 3));
-    request.index = below(random, ring.size());
+    request.line.cut = static_cast<Cut>(below(random, 3));
+    request.line.index = below(random, ring.size());
     request.measured = static_cast<Measured>(below(random, 2));
     if (below(random, 2) == 0) {
         request.amounts = {plparcel::area(parcel * between(random, 0.01, 0.99))};
@@ -114,8 +114,8 @@ Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
 std::string shown(const Ring& ring, const Request& request)
 {
     char text[120];
-    std::snprintf(text, sizeof text, "%d %zu %d 1 %d %.17g %.17g %zu", static_cast<int>(request.cut),
-                  request.index, static_cast<int>(request.measured),
+    std::snprintf(text, sizeof text, "%d %zu %d 1 %d %.17g %.17g %zu", static_cast<int>(request.line.cut),
+                  request.line.index, static_cast<int>(request.measured),
                   static_cast<int>(request.amounts[0].given), request.amounts[0].first,
                   request.amounts[0].second, ring.size());
     std::string all = text;

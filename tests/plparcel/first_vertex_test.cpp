@@ -45,8 +45,8 @@ Ring any_ring(Random& random)
 Request any_request(Random& random, const Ring& ring)
 {
     Request request;
-    request.cut = static_cast<Cut>(whole(random, 0, 2));
-    request.index = whole(random, 0, ring.size() - 1);
+    request.line.cut = static_cast<Cut>(whole(random, 0, 2));
+    request.line.index = whole(random, 0, ring.size() - 1);
     request.measured = whole(random, 0, 1) == 0 ? Measured::from_reference : Measured::opposite;
     const double of = whole(random, 0, 1) == 0 ? 16.0 : 12.0;
     if (whole(random, 0, 3) == 0)
@@ -61,7 +61,7 @@ std::string shown(const Ring& ring, const Request& request, std::size_t begun_at
     char text[160];
     std::snprintf(text, sizeof text,
                   "begun at %zu, cut %d, index %zu, measured %d, %zu amounts, share %g of %g, ring", begun_at,
-                  static_cast<int>(request.cut), request.index, static_cast<int>(request.measured),
+                  static_cast<int>(request.line.cut), request.line.index, static_cast<int>(request.measured),
                   request.amounts.size(), request.amounts[0].first, request.amounts[0].second);
     std::string all = text;
     for (const PL_PNT2D_record& p : ring) {
@@ -74,7 +74,7 @@ std::string shown(const Ring& ring, const Request& request, std::size_t begun_at
 Division begun_at(const Ring& ring, const Request& request, std::size_t vertex)
 {
     Request moved = request;
-    moved.index = (request.index + ring.size() - vertex) % ring.size();
+    moved.line.index = (request.line.index + ring.size() - vertex) % ring.size();
     return divide(test::begun_at(ring, vertex), moved);
 }
 

@@ -57,9 +57,9 @@ PL_PNT2D_record between(const PL_PNT2D_record& a, const PL_PNT2D_record& b, doub
 // A point in the piece of the request, or next to it.
 PL_PNT2D_record point_of_request(const Ring& ring, const Request& request, const plparcel::DividingLine& line)
 {
-    const PL_PNT2D_record& a = at(ring, request.index);
-    const PL_PNT2D_record& b = at(ring, request.index + 1);
-    if (request.cut != Cut::perpendicular)
+    const PL_PNT2D_record& a = at(ring, request.line.index);
+    const PL_PNT2D_record& b = at(ring, request.line.index + 1);
+    if (request.line.cut != Cut::perpendicular)
         return between(a, b, 0.5);
     // Ahead of the line's middle.
     const PL_PNT2D_record middle = between(line.from, line.to, 0.5);
@@ -70,11 +70,11 @@ PL_PNT2D_record point_of_request(const Ring& ring, const Request& request, const
 // Sine of the angle by which the line does not run as asked, times its length.
 double off_direction(const Ring& ring, const Request& request, const plparcel::DividingLine& line)
 {
-    const PL_PNT2D_record& a = at(ring, request.index);
-    const PL_PNT2D_record& b = at(ring, request.index + 1);
+    const PL_PNT2D_record& a = at(ring, request.line.index);
+    const PL_PNT2D_record& b = at(ring, request.line.index + 1);
     const test::Vector side = test::from_to(a, b);
     const test::Vector run = test::from_to(line.from, line.to);
-    switch (request.cut) {
+    switch (request.line.cut) {
     case Cut::parallel:
         return static_cast<double>(std::fabs(test::cross(side, run)) / test::length(side));
     case Cut::perpendicular:

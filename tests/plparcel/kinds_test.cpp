@@ -50,8 +50,8 @@ using Tallies = std::array<Tally, 3>;  // by mode
 plparcel::Request as_request(const bare_cut::Request& r)
 {
     plparcel::Request request;
-    request.cut = static_cast<plparcel::Cut>(r.mode);
-    request.index = r.side;
+    request.line.cut = static_cast<plparcel::Cut>(r.mode);
+    request.line.index = r.side;
     request.amounts = {plparcel::area(r.area)};
     request.ask_library = true;
     return request;

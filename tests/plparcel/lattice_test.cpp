@@ -35,8 +35,8 @@ int whole(Random& random, int low, int high)
 
 std::string shown(const Ring& ring, const Request& request)
 {
-    std::string text = "cut " + std::to_string(static_cast<int>(request.cut)) + " index " +
-                       std::to_string(request.index) + " measured " +
+    std::string text = "cut " + std::to_string(static_cast<int>(request.line.cut)) + " index " +
+                       std::to_string(request.line.index) + " measured " +
                        std::to_string(static_cast<int>(request.measured)) + " share " +
                        std::to_string(request.amounts[0].first / request.amounts[0].second) + " ring";
     char point[80];
@@ -55,8 +55,8 @@ TEST(Lattice, RingsAreSimpleWhereGeosSaysSo)
     for (int i = 0; i < 20000; ++i) {
         const Ring ring = lattice_ring(random);
         const bool is_simple = plparcel::check_ring(ring).status == plparcel::BoundaryStatus::usable;
-        EXPECT_EQ(is_simple, geos.is_valid(geos.polygon(ring)))
-            << shown(ring, Request{Cut::parallel, 0, {plparcel::share(1, 1)}, Measured::from_reference});
+        EXPECT_EQ(is_simple, geos.is_valid(geos.polygon(ring))) << shown(
+            ring, Request{plparcel::parallel_to(0), {plparcel::share(1, 1)}, Measured::from_reference});
         simple += is_simple ? 1 : 0;
     }
     EXPECT_GT(simple, 8000);
@@ -74,8 +74,8 @@ TEST(Lattice, DividedIsRight)
             continue;
         const Ring ring = changed(random, lattice);
         Request request;
-        request.cut = static_cast<Cut>(whole(random, 0, 2));
-        request.index = static_cast<std::size_t>(whole(random, 0, static_cast<int>(ring.size()) - 1));
+        request.line.cut = static_cast<Cut>(whole(random, 0, 2));
+        request.line.index = static_cast<std::size_t>(whole(random, 0, static_cast<int>(ring.size()) - 1));
         request.measured = whole(random, 0, 1) == 0 ? Measured::from_reference : Measured::opposite;
         // Sixteenths and twelfths: half of the areas under the lattice's lines are among them.
         const int of = whole(random, 0, 1) == 0 ? 16 : 12;

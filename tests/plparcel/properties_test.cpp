@@ -49,8 +49,8 @@ Ring any_ring(Random& random)
 Request any_request(Random& random, const Ring& ring)
 {
     Request request;
-    request.cut = static_cast<Cut>(whole(random, 0, 2));
-    request.index = whole(random, 0, ring.size() - 1);
+    request.line.cut = static_cast<Cut>(whole(random, 0, 2));
+    request.line.index = whole(random, 0, ring.size() - 1);
     request.measured = whole(random, 0, 1) == 0 ? Measured::from_reference : Measured::opposite;
     request.amounts = {plparcel::share(between(random, 0.01, 0.99), 1.0)};
     return request;
@@ -58,8 +58,8 @@ Request any_request(Random& random, const Ring& ring)
 
 std::string shown(const Ring& ring, const Request& request)
 {
-    std::string text = "cut " + std::to_string(static_cast<int>(request.cut)) + " index " +
-                       std::to_string(request.index) + " measured " +
+    std::string text = "cut " + std::to_string(static_cast<int>(request.line.cut)) + " index " +
+                       std::to_string(request.line.index) + " measured " +
                        std::to_string(static_cast<int>(request.measured)) + " ring";
     char point[80];
     for (const PL_PNT2D_record& p : ring) {
@@ -115,8 +115,9 @@ TEST(Properties, ARingTheOtherWayRoundHasTheSameLines)
         Request request = any_request(random, ring);
         const Division one = divide(ring, request);
         // Vertex 0 stays, the others count backwards; so do the sides. Ahead and after become behind and before.
-        request.index = request.cut == Cut::through_vertex ? (n - request.index) % n : n - 1 - request.index;
-        if (request.cut != Cut::parallel)
+        request.line.index = request.line.cut == Cut::through_vertex ? (n - request.line.index) % n
+                                                                     : n - 1 - request.line.index;
+        if (request.line.cut != Cut::parallel)
             request.measured =
                 request.measured == Measured::opposite ? Measured::from_reference : Measured::opposite;
         expect_same_line(one, divide(test::reversed(ring), request), shown(ring, request));

@@ -11,8 +11,7 @@
 /// const std::vector<PL_PNT2D_record> lot = {{0.0, 0.0}, {100.0, 0.0}, {100.0, 50.0}, {0.0, 50.0}};
 ///
 /// plparcel::Request request;
-/// request.cut = plparcel::Cut::parallel;
-/// request.index = 0;                                     // the side from (0, 0) to (100, 0)
+/// request.line = plparcel::parallel_to(0);               // the side from (0, 0) to (100, 0)
 /// request.amounts = {plparcel::area(1000.0)};
 ///
 /// const plparcel::Division division = plparcel::divide(lot, request);
@@ -34,35 +33,10 @@
 #include <cstddef>
 #include <vector>
 
-#include "plcalc/kernel.h"
-
-/// @def PLPARCEL_API
-/// Precedes every exported declaration. Define PLPARCEL_STATIC to use or build a static library, and
-/// PLPARCEL_BUILDING to build the DLL.
-
-#if defined(PLPARCEL_STATIC)
-#define PLPARCEL_API
-#elif defined(_WIN32)
-#if defined(PLPARCEL_BUILDING)
-#define PLPARCEL_API __declspec(dllexport)
-#else
-#define PLPARCEL_API __declspec(dllimport)
-#endif
-#else
-#define PLPARCEL_API __attribute__((visibility("default")))
-#endif
+#include "plparcel/boundary.h"
+#include "plparcel/line.h"
 
 namespace plparcel {
-
-/// The vertices of a parcel in order, clockwise or anticlockwise. Side i runs from vertex i to the next one.
-using Ring = std::vector<PL_PNT2D_record>;
-
-/// How the dividing line runs. The numbers are those of CFrazArea's modes.
-enum class Cut {
-    parallel = 0,       ///< parallel to a side
-    perpendicular = 1,  ///< perpendicular to a side
-    through_vertex = 2  ///< from a vertex
-};
 
 /// Which piece holds the amount.
 ///
@@ -112,9 +86,7 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 /// vertex, as `measured` says, the second beside the first line, and so on. The side of the whole parcel gives all
 /// lines their direction, or all start at the same vertex. What is left after the last amount is the last piece.
 struct Request {
-    Cut cut = Cut::parallel;  ///< which way the line runs
-    /// Side or vertex, counted from 0 in the ring as handed over; repeated vertices count too.
-    std::size_t index = 0;
+    Line line;  ///< how the line runs
     /// One or more. When there are two or more, the last may be what is left: if the sum of all is the parcel's
     /// area within 1e-9 of it, and within a hundredth of the last amount, one line less is cut.
     std::vector<Amount> amounts;
@@ -124,43 +96,6 @@ struct Request {
     /// thousands of vertices.
     bool ask_library = false;
 };
-
-/// Whether a boundary can be used.
-enum class BoundaryStatus {
-    usable,            ///< a simple ring with an area
-    not_finite,        ///< a coordinate is infinite or NaN
-    out_of_range,      ///< beyond 2e90 or below 5e-91 across
-    too_few_vertices,  ///< fewer than three different ones
-    flat,              ///< all vertices on one line, or next to no area
-    meets_itself       ///< two sides meet elsewhere than at a common vertex; see RingReport::meeting_sides
-};
-
-/// @param[in] status  any status
-/// @return a sentence's worth in English, without a full stop; never null
-PLPARCEL_API const char* describe(BoundaryStatus status) noexcept;
-
-/// What check_ring() finds out about a ring.
-struct RingReport {
-    BoundaryStatus status = BoundaryStatus::too_few_vertices;  ///< usable, or why it is not
-    std::size_t repeated = 0;           ///< vertices that equal the one before, without tolerance
-    bool closed = false;                ///< the last vertex repeats the first; not counted in `repeated`
-    std::size_t meeting_sides[2] = {};  ///< for meets_itself: two sides that meet, lower index first
-    bool anticlockwise = false;         ///< how the ring runs; false unless it is usable
-    double area = 0.0;                  ///< unit squared; 0 unless the ring is usable
-    double perimeter = 0.0;             ///< caller's unit; 0 unless the ring is usable
-};
-
-/// Checks and measures a ring.
-///
-/// @param[in] ring  the vertices; repeated vertices and a closing one do no harm
-/// @return the report. A ring that touches itself, even at a vertex only, meets itself.
-///
-/// Exactness   The status is decided, and the area measured, with 106 bits on the differences of the coordinates,
-///             without tolerance and without loss at large coordinates. The area is rounded once; the perimeter is
-///             that of PeriCalcolato. A ring counts as flat when its area is at most 2^-90 of the square of its extent,
-///             where those bits end. Rounding may decide before that, where coordinates differ by less than 1e-15
-///             of their size or an area is below 1e-12 of the square of the extent.
-PLPARCEL_API RingReport check_ring(const Ring& ring);
 
 /// What became of a request.
 enum class Status {

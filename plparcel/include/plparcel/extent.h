@@ -3,7 +3,7 @@
 /// @file
 /// The box around a parcel, and the spacing of doubles where it lies.
 
-#include "plparcel/division.h"
+#include "plparcel/boundary.h"
 
 namespace plparcel {
 

@@ -39,7 +39,7 @@ Ring square(double side)
 Asked asked(Cut cut, long long number, double area)
 {
     Asked asked;
-    asked.request.cut = cut;
+    asked.request.line.cut = cut;
     asked.request.amounts = {plparcel::area(area)};
     asked.number = number;
     asked.amounts = {tool::shortest(area)};
@@ -194,7 +194,7 @@ Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex, int 
         EXPECT_POINT(line.to, (printed.lines[0].end));
         EXPECT_LE(miss(ring, request, line), 1e-6L * (1.0L + 1e-6L));
         // Beside a vertex, the piece may have that vertex for a corner or the printed end: two shapes.
-        if (request.request.cut != Cut::through_vertex) {
+        if (request.request.line.cut != Cut::through_vertex) {
             EXPECT_LE(miss_at_corners(ring, request, line), 1e-6L * (1.0L + 1e-6L));
         }
         if (convex) {

@@ -339,7 +339,7 @@ tool::Plan plan_of_lot(const tool::Place& place, const tool::LengthUnit& unit, p
                        long long number)
 {
     tool::Asked asked;
-    asked.request.cut = cut;
+    asked.request.line.cut = cut;
     asked.request.amounts = {plparcel::area(1000)};
     asked.number = number;
     asked.amounts = {"1000"};

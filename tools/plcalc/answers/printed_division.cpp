@@ -160,7 +160,7 @@ plparcel::Division divide(const Ring& ring, const Asked& asked)
 {
     plparcel::Request request = asked.request;
     // A number below 1 becomes an index that no side or vertex has.
-    request.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : ring.size();
+    request.line.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : ring.size();
     return plparcel::divide(ring, request);
 }
 

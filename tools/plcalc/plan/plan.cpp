@@ -44,7 +44,7 @@ Plan plan_of(const Answer& answer)
         plan.piece_labels.push_back(fixed(printed.areas[i], printed.resolution.area_decimals) + square);
     }
     const std::size_t index = static_cast<std::size_t>(answer.asked.number - 1);
-    if (answer.asked.request.cut == plparcel::Cut::through_vertex)
+    if (answer.asked.request.line.cut == plparcel::Cut::through_vertex)
         plan.base_vertex = index;
     else
         plan.base_side = index;

@@ -97,7 +97,7 @@ Json division_json(const Answer& answer)
     Json json;
     json["parcel"] = answer.parcel.place.text();
     json["status"] = "divided";
-    json["cut"] = cut_name(asked.request.cut);
+    json["cut"] = cut_name(asked.request.line.cut);
     json["number"] = asked.number;
     json["measured"] = asked.request.measured == Measured::from_reference ? "from_reference" : "opposite";
     json["area"] = number(ring.area, area_decimals);

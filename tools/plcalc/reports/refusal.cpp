@@ -45,7 +45,7 @@ std::size_t first_not_finite(const plparcel::Ring& ring)
 
 Failure no_such_number(const Answer& answer)
 {
-    const bool vertex = answer.asked.request.cut == Cut::through_vertex;
+    const bool vertex = answer.asked.request.line.cut == Cut::through_vertex;
     return wrong_use(answer, "there is no " + numbered(vertex ? "vertex" : "side", answer.asked.number),
                      std::string("the parcel has ") + (vertex ? "vertices" : "sides") + " 1 to " +
                          std::to_string(answer.parcel.ring.size()));

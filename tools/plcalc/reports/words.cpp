@@ -29,7 +29,7 @@ std::string described_side(long long number, std::size_t vertices)
 std::string place_of_first(const Asked& asked, std::size_t vertices)
 {
     const bool near = asked.request.measured == Measured::from_reference;
-    switch (asked.request.cut) {
+    switch (asked.request.line.cut) {
     case Cut::parallel:
         return near ? "along " + numbered("side", asked.number)
                     : "beyond the line from " + numbered("side", asked.number);
@@ -56,7 +56,7 @@ std::string numbered(const char* what, long long number)
 
 std::string described_cut(const Asked& asked, std::size_t vertices)
 {
-    switch (asked.request.cut) {
+    switch (asked.request.line.cut) {
     case Cut::parallel:
         return "parallel to " + described_side(asked.number, vertices);
     case Cut::perpendicular:

@@ -86,13 +86,13 @@ void CuttingVerb::set_cut(Asked& asked) const
     if (std::count_if(std::begin(kCuts), std::end(kCuts), [&](const char* o) { return given(o); }) != 1)
         wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N");
     if (given("--parallel")) {
-        asked.request.cut = plparcel::Cut::parallel;
+        asked.request.line.cut = plparcel::Cut::parallel;
         asked.number = whole("--parallel", parallel_);
     } else if (given("--perpendicular")) {
-        asked.request.cut = plparcel::Cut::perpendicular;
+        asked.request.line.cut = plparcel::Cut::perpendicular;
         asked.number = whole("--perpendicular", perpendicular_);
     } else {
-        asked.request.cut = plparcel::Cut::through_vertex;
+        asked.request.line.cut = plparcel::Cut::through_vertex;
         asked.number = whole("--vertex", vertex_);
     }
     asked.request.measured = opposite_ ? plparcel::Measured::opposite : plparcel::Measured::from_reference;
