@@ -53,7 +53,7 @@ struct Line {
 
 Line printed_line(const Ring& ring, const Asked& asked, const PrintedDivision& printed)
 {
-    const std::string table = tool::division_table({{{"lot", ""}, ring, {}}, asked, printed});
+    const std::string table = tool::division_table({{{"lot", ""}, ring, {}, {}, {}, {}}, asked, printed});
     const std::vector<double> from = test::numbers_after(table, "from");
     const std::vector<double> to = test::numbers_after(table, "to");
     return {{from.at(0), from.at(1)}, {to.at(0), to.at(1)}};

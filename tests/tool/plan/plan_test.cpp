@@ -343,7 +343,7 @@ tool::Plan plan_of_lot(const tool::Place& place, const tool::LengthUnit& unit, p
     asked.request.amounts = {plparcel::area(1000)};
     asked.number = number;
     asked.amounts = {"1000"};
-    const tool::Parcel parcel = {place, {{0, 0}, {80, 0}, {80, 50}, {0, 50}}, unit};
+    const tool::Parcel parcel = {place, {{0, 0}, {80, 0}, {80, 50}, {0, 50}}, unit, {}, {}, {}};
     return tool::plan_of(tool::answer(parcel, asked));
 }
 

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -83,8 +84,7 @@ TEST_F(Writer, EveryFormatReadBack)
                                  {"sqlite", true, true, true},
                                  {"mif", false, true, true},
                                  {"csv", false, true, false},
-                                 {"jml", false, true, true},
-                                 {"dxf", false, false, false}}) {
+                                 {"jml", false, true, true}}) {
         SCOPED_TRACE(row.ending);
         const std::string out = std::string("out.") + row.ending;
         const test::Result run =
@@ -314,16 +314,155 @@ TEST_F(Writer, ManyWithTheRefusedUndivided)
     EXPECT_EQ(refused->GetGeometryRef()->toPolygon()->getExteriorRing()->getNumPoints(), 5);
 }
 
-TEST_F(Writer, ADrawingHasNoPlaceForTheRefused)
+// ---------------------------------------------------------------------------------------------------- drawings
+
+// What a drawing holds, from the group codes of the file itself: layer and kind of each entity, and its values.
+struct Entity {
+    std::string kind;
+    std::multimap<int, std::string> values;
+
+    std::string value(int code) const
+    {
+        const auto found = values.find(code);
+        return found != values.end() ? found->second : "";
+    }
+};
+
+struct Drawing {
+    std::map<std::string, std::string> variables;  // of the header, by name
+    std::map<std::string, std::string> colours;    // of the layers, by name
+    std::set<std::string> handles;
+    bool handles_differ = true;
+    std::vector<Entity> entities;
+
+    explicit Drawing(const std::string& text)
+    {
+        std::istringstream lines(text);
+        std::string section, table, variable, layer;
+        for (std::string code, value; std::getline(lines, code) && std::getline(lines, value);) {
+            const int group = std::stoi(code);
+            if (group == 2 && (section.empty() || section == "next"))
+                section = value;
+            else if (group == 0 && value == "SECTION")
+                section = "next";
+            else if (section == "HEADER" && group == 9)
+                variable = value;
+            else if (section == "HEADER")
+                variables.emplace(variable, value);
+            else if (section == "TABLES" && group == 0)
+                table = value;
+            else if (section == "TABLES" && table == "LAYER" && group == 2)
+                layer = value;
+            else if (section == "TABLES" && table == "LAYER" && group == 62)
+                colours[layer] = value;
+            else if (section == "ENTITIES" && group == 0 && value != "ENDSEC")
+                entities.push_back({value, {}});
+            else if (section == "ENTITIES" && !entities.empty())
+                entities.back().values.emplace(group, value);
+            if (group == 5 && section != "HEADER")
+                handles_differ = handles.insert(value).second && handles_differ;
+        }
+    }
+
+    std::vector<Entity> on(const std::string& layer) const
+    {
+        std::vector<Entity> found;
+        for (const Entity& entity : entities)
+            if (entity.value(8) == layer)
+                found.push_back(entity);
+        return found;
+    }
+};
+
+TEST_F(Writer, ADrawingIsReadyToBeWorkedOn)
 {
-    write("lots.csv", "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n2,\"POLYGON ((0 0, 9 x))\"\n"
-                      "3,\"POLYGON ((0 0, 1 0, 1 1, 0 1, 0 0))\"\n");
+    write_lots();
+    const test::Result run = divide("lots.geojson", "--feature 1 --parallel 1 --areas 1000,1/3 -o out.dxf");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Written  out.dxf\n"), std::string::npos) << run.out;
+    EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out.dxf"})) << "one file";
+    const Drawing drawing(content("out.dxf"));
+    EXPECT_EQ(std::stoi(drawing.variables.at("$INSUNITS")), 6) << "metres";
+    EXPECT_EQ(std::stoi(drawing.variables.at("$MEASUREMENT")), 1) << "metric";
+    EXPECT_TRUE(drawing.handles_differ);
+    for (const auto& [layer, colour] :
+         {std::pair("pieces", 3), {"lines", 1}, {"points", 5}, {"labels", 7}, {"undivided", 6}})
+        EXPECT_EQ(std::stoi(drawing.colours.at(layer)), colour) << layer;
+
+    const std::vector<Entity> pieces = drawing.on("pieces");
+    ASSERT_EQ(pieces.size(), 3u);
+    for (const Entity& piece : pieces) {
+        EXPECT_EQ(piece.kind, "LWPOLYLINE");
+        EXPECT_EQ(std::stoi(piece.value(70)), 1) << "closed";
+        EXPECT_EQ(std::stoi(piece.value(90)), 4) << "no vertex twice";
+        EXPECT_EQ(piece.values.count(10), 4u);
+        EXPECT_EQ(piece.value(62), "") << "colour of the layer";
+    }
+    ASSERT_EQ(drawing.on("lines").size(), 2u);
+    for (const Entity& line : drawing.on("lines")) {
+        EXPECT_EQ(line.kind, "LWPOLYLINE");
+        EXPECT_EQ(std::stoi(line.value(70)), 0) << "open";
+    }
+    ASSERT_EQ(drawing.on("points").size(), 4u);
+    for (const Entity& point : drawing.on("points"))
+        EXPECT_EQ(point.kind, "POINT");
+    std::set<std::string> labels;
+    for (const Entity& label : drawing.on("labels")) {
+        EXPECT_EQ(label.kind, "MTEXT");
+        EXPECT_GT(std::stod(label.value(40)), 0.5) << "it can be read beside its piece";
+        EXPECT_LT(std::stod(label.value(40)), 10.0);
+        labels.insert(label.value(1));
+    }
+    EXPECT_EQ(labels, (std::set<std::string>{"P1", "P2", "P3", "P4", "A\\P1000.0000\\Pasked\\~1000.0000",
+                                             "B\\P2000.0000\\Pasked\\~2000.0000", "C\\P3000.0000\\Prest"}));
+    EXPECT_EQ(drawing.entities.size(), 3u + 2u + 4u + 7u);
+}
+
+TEST_F(Writer, ADrawingHasTheUnitOfTheCrs)
+{
+    struct Row {
+        const char* crs;
+        int unit;
+        int metric;
+    };
+    for (const Row& row : {Row{"EPSG::32632", 6, 1}, {"EPSG::2263", 21, 0}, {"EPSG::2222", 2, 0}}) {
+        SCOPED_TRACE(row.crs);
+        write("lot.geojson",
+              std::string(R"({"type": "FeatureCollection", "crs": {"type": "name", "properties":
+            {"name": "urn:ogc:def:crs:)") +
+                  row.crs + R"("}}, "features": [{"type": "Feature", "id": 1,
+            "properties": {}, "geometry": {"type": "Polygon", "coordinates":
+            [[[500000, 500000], [500100, 500000], [500100, 500060], [500000, 500000]]]}}]})");
+        ASSERT_EQ(divide("lot.geojson", "--parallel 1 --parts 2 -o out.dxf --overwrite").status, 0);
+        const Drawing drawing(content("out.dxf"));
+        EXPECT_EQ(std::stoi(drawing.variables.at("$INSUNITS")), row.unit);
+        EXPECT_EQ(std::stoi(drawing.variables.at("$MEASUREMENT")), row.metric);
+    }
+    write_wkt("POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))");
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --parts 2 -o out.dxf --overwrite").status, 0);
+    EXPECT_EQ(std::stoi(Drawing(content("out.dxf")).variables.at("$INSUNITS")), 0) << "nobody knows";
+}
+
+TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
+{
+    write("lots.csv",
+          "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n2,\"POLYGON ((0 0, 9 x))\"\n"
+          "3,\"POLYGON ((0 0, 1 0, 1 1, 0 1, 0 0))\"\n"
+          "4,\"MULTIPOLYGON (((200 0, 210 0, 210 10, 200 0)), ((220 0, 230 0, 230 10, 220 0)))\"\n");
     const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf");
     EXPECT_EQ(run.status, 3) << run.err;
-    EXPECT_NE(run.out.find("Written  out.dxf\nWritten  out-lines.dxf\n"), std::string::npos) << run.out;
-    EXPECT_EQ(open("out.dxf")->GetLayer(0)->GetFeatureCount(), 2);
+    EXPECT_NE(run.out.find("Written  out.dxf\n"), std::string::npos) << run.out;
+    const Drawing drawing(content("out.dxf"));
+    EXPECT_EQ(drawing.on("pieces").size(), 2u);
+    EXPECT_EQ(drawing.on("undivided").size(), 3u)
+        << "a square and two triangles; what is no geometry cannot be drawn";
+    std::set<std::string> labels;
+    for (const Entity& label : drawing.on("labels"))
+        labels.insert(label.value(1).substr(0, label.value(1).find("\\~")));
+    EXPECT_EQ(labels, (std::set<std::string>{"1a\\P1000.0000\\Pasked", "1b\\P5000.0000\\Prest", "P1", "P2",
+                                             "refused:"}));
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.csv").status, 3);
-    EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 4);
+    EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 5);
 }
 
 TEST_F(Writer, PointsAndCsvSources)

@@ -19,9 +19,12 @@ struct LengthUnit {
 };
 
 struct Parcel {
-    Place place;          ///< the file and the feature
-    plparcel::Ring ring;  ///< in the file's order, without the closing vertex
-    LengthUnit unit;      ///< of the ring's coordinates
+    Place place;                           ///< the file and the feature
+    plparcel::Ring ring;                   ///< in the file's order, without the closing vertex
+    LengthUnit unit;                       ///< of the ring's coordinates
+    std::string crs;                       ///< name of their CRS; empty when the file does not say
+    std::string name;                      ///< of the parcel, "1234/5"; empty when nobody says
+    std::vector<std::string> point_names;  ///< of the vertices; empty when the file has none
 };
 
 /// How many decimals a parcel's figures need: as many as its size asks for.

@@ -73,4 +73,14 @@ LengthUnit unit_of(const OGRSpatialReference* crs)
     return {metre ? "m" : name, metres};
 }
 
+std::string crs_name(const OGRSpatialReference* crs)
+{
+    if (crs == nullptr || !crs->IsProjected())
+        return "";
+    const char* const authority = crs->GetAuthorityName(nullptr);
+    const char* const code = crs->GetAuthorityCode(nullptr);
+    const bool listed = authority != nullptr && code != nullptr;
+    return name_of(*crs) + (listed ? std::string(" (") + authority + ":" + code + ")" : "");
+}
+
 }  // namespace tool

@@ -2,6 +2,8 @@
 
 // What a parcel's coordinate reference system says: whether the coordinates are plane, and their unit.
 
+#include <string>
+
 #include <ogr_spatialref.h>
 
 #include "answers/question.h"
@@ -23,5 +25,8 @@ void require_plane(const OGRSpatialReference* crs, bool stated, const plparcel::
 
 /// The unit of a projected CRS. For any other, and for null, it has no name and is a metre long.
 LengthUnit unit_of(const OGRSpatialReference* crs);
+
+/// "WGS 84 / UTM zone 32N (EPSG:32632)"; empty for null and for a CRS that only says that it is unknown.
+std::string crs_name(const OGRSpatialReference* crs);
 
 }  // namespace tool

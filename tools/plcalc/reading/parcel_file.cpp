@@ -145,13 +145,15 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
         require_straight(feature, finer, parcel.place);
     parcel.ring = std::move(ring);
     parcel.unit = unit_of(crs);
+    parcel.crs = crs_name(crs);
 }
 
 ReadParcel ParcelFile::next_of_table()
 {
     TableParcel& row = table_->parcels()[next_in_table_++];
     ReadParcel read;
-    read.parcel = {{source_.file, row.name}, std::move(row.ring), {}};
+    read.parcel.place = {source_.file, row.name};
+    read.parcel.ring = std::move(row.ring);
     read.feature = std::move(row.feature);
     return read;
 }

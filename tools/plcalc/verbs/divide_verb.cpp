@@ -50,7 +50,7 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) 
 {
     if (!given("--output"))
         return nullptr;
-    return std::make_unique<DivisionWriter>(DivisionWriter::file_for(out_), overwrite_, file);
+    return DivisionWriter::make(DivisionWriter::file_for(out_), overwrite_, file);
 }
 
 // Draws the plan, but does not move it into its place; null if none is asked for.
@@ -77,7 +77,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file);
     if (writer != nullptr)
-        writer->add(*read, answer.printed.proven);
+        writer->add(*read, answer);
     const std::unique_ptr<PendingOutput> plan = draw(answer, file);
     guard.check();
     const std::vector<std::string> written =
@@ -104,7 +104,7 @@ void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& rep
     const Answer answer = tool::answer(read.parcel, asked);
     const std::string refused = report.add(answer);
     if (writer != nullptr && refused.empty())
-        writer->add(read, answer.printed.proven);
+        writer->add(read, answer);
     else if (writer != nullptr)
         writer->add_refused(read, refused);
 }

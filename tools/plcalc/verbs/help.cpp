@@ -76,7 +76,9 @@ Options
                         ending of OUT chooses the format, GeoPackage if there is
                         none; a format of one layer gets the lines in a second
                         file. Columns and CRS of the parcels come along, and
-                        coordinates keep all their digits.
+                        coordinates keep all their digits. OUT.dxf is a drawing
+                        with closed polylines, lines, new points and labels on
+                        layers of their own, in the unit of the CRS.
   --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
                         PLAN.png; --paper A3 takes A3 instead of A4
   --overwrite           replaces files that exist, but never FILE

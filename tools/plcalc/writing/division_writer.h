@@ -1,83 +1,49 @@
 #pragma once
 
-// Writes divisions as layers of any vector format that GDAL writes.
+// Writes divisions to a file. What the file is, its ending says.
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
-
-#include "files/gdal_messages.h"
-#include "files/pending_output.h"
+#include "answers/printed_division.h"
 #include "reading/parcel_file.h"
-#include "writing/output_format.h"
 
 namespace tool {
 
-/// Writes the layers "pieces" and "lines". A format that holds one layer gets two files: OUT.shp and
-/// OUT-lines.shp. Every feature carries the attributes of its parcel, and both layers its CRS.
-///
-/// | layer  | columns beside the parcel's own                                                   |
-/// | ------ | --------------------------------------------------------------------------------- |
-/// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, status  |
-/// | lines  | parcel (FID), line (from 1), length                                               |
-///
-/// Coordinates have all their digits: they are those of the proven lines, not of the printed ones. A refused
-/// parcel is written undivided, with the reason as its status.
+/// One output under way. Parcels are added one after another.
 class DivisionWriter {
 public:
     /// The file that a name stands for: the name, with .gpkg behind it if it has no ending.
     static std::string file_for(const std::string& name);
 
-    /// Whether there is a format for the ending of a file name; see OutputFormat.
+    /// Whether there is a writer for the ending of a file name.
     static bool can_write(const std::string& file);
 
+    /// The writer for a file: a DrawingWriter for .dxf, else a LayerWriter.
+    ///
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced
     /// @param[in] parcels    where the parcels come from; its files are never replaced
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    DivisionWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    static std::unique_ptr<DivisionWriter> make(const std::string& file, bool overwrite,
+                                                const ParcelFile& parcels);
+
+    virtual ~DivisionWriter() = default;
 
     /// Adds a divided parcel.
-    void add(const ReadParcel& read, const plparcel::Division& division);
+    ///
+    /// @param[in] answer  one that is done()
+    virtual void add(const ReadParcel& read, const Answer& answer) = 0;
 
-    /// Adds a refused parcel. It is left out if the format has no column for the reason, like DXF, or cannot
-    /// store a parcel whose boundary is not a polygon, like FlatGeobuf.
-    void add_refused(const ReadParcel& read, const std::string& reason);
+    /// Adds a refused parcel, undivided.
+    virtual void add_refused(const ReadParcel& read, const std::string& reason) = 0;
 
     /// Completes the files and moves them into their place.
     ///
     /// @return their names
     /// @throws Failure  failed if they cannot be written, or do not hold everything when they are read back
-    std::vector<std::string> commit();
-
-private:
-    void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
-    void copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map);
-    OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
-    void create(OGRLayer& layer, OGRFeature& feature);
-    void require(bool ok) const;
-    void require_whole(const std::string& file, const std::string& layer, std::size_t features) const;
-    [[noreturn]] void refuse_format(const std::string& why) const;
-
-    std::string file_;
-    std::string lines_file_;
-    OutputFormat format_;
-    PendingOutput output_;
-    std::optional<PendingOutput> lines_output_;
-    GdalMessages messages_;
-    GDALDatasetUniquePtr dataset_;
-    GDALDatasetUniquePtr lines_dataset_;
-    std::size_t pieces_written_ = 0;
-    std::size_t lines_written_ = 0;
-    OGRLayer* pieces_ = nullptr;
-    OGRLayer* lines_ = nullptr;
-    std::vector<int> pieces_map_;
-    std::vector<int> lines_map_;
-    std::vector<int> piece_columns_;
-    std::vector<int> line_columns_;
+    virtual std::vector<std::string> commit() = 0;
 };
 
 }  // namespace tool

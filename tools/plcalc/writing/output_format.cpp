@@ -9,8 +9,8 @@
 namespace tool {
 namespace {
 
-// Formats whose several layers are not what we need: files in a folder, or drawing layers without columns.
-const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "DXF", "FlatGeobuf", "KML", "TSV"};
+// Formats whose several layers are not what we need: files in a folder.
+const char* const kOneLayer[] = {"ESRI Shapefile", "MapInfo File", "CSV", "FlatGeobuf", "KML", "TSV"};
 
 // Formats that round coordinates to a step, a tenth of a millimetre at best.
 const char* const kRounding[] = {"DGN",        "FileGDB", "Geoconcept",  "Interlis 1",

@@ -1,0 +1,153 @@
+#include "answers/division_points.h"
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+using Key = std::pair<double, double>;
+
+constexpr std::size_t kLetters = 26;
+
+Key key_of(const PL_PNT2D_record& p)
+{
+    return {p.x, p.y};
+}
+
+// The number behind P in the name of a point.
+std::optional<long long> number_behind_p(const std::string& name)
+{
+    const bool begins = name.size() > 1 && (name[0] == 'P' || name[0] == 'p') &&
+                        std::isdigit(static_cast<unsigned char>(name[1]));
+    return begins ? parse_whole(name.substr(1)) : std::nullopt;
+}
+
+std::string letters(std::size_t index, char first)
+{
+    std::string text;
+    for (std::size_t rest = index + 1; rest > 0; rest = (rest - 1) / kLetters)
+        text.insert(text.begin(), static_cast<char>(first + (rest - 1) % kLetters));
+    return text;
+}
+
+// Collects the points of one answer.
+class PointCollector {
+public:
+    explicit PointCollector(const Answer& answer) : answer_(answer)
+    {
+        add_corners();
+        add_lines();
+        add_pieces();
+        sort_along_sides();
+    }
+
+    DivisionPoints take() { return std::move(points_); }
+
+private:
+    void add_corners()
+    {
+        const Parcel& parcel = answer_.parcel;
+        for (std::size_t i = 0; i < parcel.ring.size(); ++i) {
+            const bool named = i < parcel.point_names.size() && !parcel.point_names[i].empty();
+            const std::string name = named ? parcel.point_names[i] : std::to_string(i + 1);
+            points_.points.push_back({name, parcel.ring[i], parcel.ring[i]});
+            index_.emplace(key_of(parcel.ring[i]), i);
+            if (const std::optional<long long> number = number_behind_p(name))
+                last_number_ = std::max(last_number_, *number);
+        }
+        points_.corners = parcel.ring.size();
+        points_.on_side.resize(points_.corners);
+    }
+
+    std::size_t end(const PL_PNT2D_record& exact, const PL_PNT2D_record& printed)
+    {
+        const auto [found, is_new] = index_.emplace(key_of(exact), points_.points.size());
+        if (is_new)
+            points_.points.push_back({"P" + std::to_string(++last_number_), exact, printed});
+        return found->second;
+    }
+
+    void add_lines()
+    {
+        const PrintedDivision& printed = answer_.printed;
+        for (std::size_t i = 0; i < printed.proven.lines.size(); ++i) {
+            const plparcel::DividingLine& exact = printed.proven.lines[i];
+            const std::size_t from = end(exact.from, printed.lines[i].start);
+            points_.lines.push_back({from, end(exact.to, printed.lines[i].end)});
+        }
+    }
+
+    void add_pieces()
+    {
+        for (const plparcel::Piece& piece : answer_.printed.proven.pieces) {
+            std::vector<std::size_t> corners;
+            for (const PL_PNT2D_record& p : piece.ring)
+                corners.push_back(end(p, p));
+            points_.pieces.push_back(std::move(corners));
+        }
+    }
+
+    bool is_line(std::size_t from, std::size_t to) const
+    {
+        return lines_.count({std::min(from, to), std::max(from, to)}) > 0;
+    }
+
+    // Pieces run as the parcel does, so that the point after a new one on the boundary is that of the piece after it.
+    void sort_along_sides()
+    {
+        for (const DivisionPoints::Line& line : points_.lines)
+            lines_.insert({std::min(line.from, line.to), std::max(line.from, line.to)});
+        std::map<std::size_t, std::size_t> next;
+        for (const std::vector<std::size_t>& piece : points_.pieces)
+            for (std::size_t i = 0; i < piece.size(); ++i) {
+                const std::size_t to = piece[(i + 1) % piece.size()];
+                if (to >= points_.corners && !is_line(piece[i], to))
+                    next[piece[i]] = to;
+            }
+        for (std::size_t side = 0; side < points_.corners; ++side) {
+            const std::size_t corner = index_.at(key_of(points_.points[side].exact));
+            const bool last_of_equals = key_of(points_.points[(side + 1) % points_.corners].exact) !=
+                                        key_of(points_.points[side].exact);
+            for (auto on = next.find(corner); last_of_equals && on != next.end(); on = next.find(on->second))
+                points_.on_side[side].push_back(on->second);
+        }
+    }
+
+    const Answer& answer_;
+    DivisionPoints points_;
+    std::map<Key, std::size_t> index_;
+    std::set<std::pair<std::size_t, std::size_t>> lines_;
+    long long last_number_ = 0;
+};
+
+}  // namespace
+
+std::vector<std::size_t> DivisionPoints::along(std::size_t side) const
+{
+    std::vector<std::size_t> all = {side};
+    all.insert(all.end(), on_side[side].begin(), on_side[side].end());
+    all.push_back((side + 1) % corners);
+    return all;
+}
+
+DivisionPoints points_of(const Answer& answer)
+{
+    return PointCollector(answer).take();
+}
+
+std::string piece_title(const std::string& parcel, std::size_t piece)
+{
+    if (parcel.empty())
+        return letters(piece, 'A');
+    const bool ends_with_digit = std::isdigit(static_cast<unsigned char>(parcel.back())) != 0;
+    return ends_with_digit ? parcel + letters(piece, 'a') : parcel + "-" + letters(piece, 'A');
+}
+
+}  // namespace tool

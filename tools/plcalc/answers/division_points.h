@@ -1,0 +1,51 @@
+#pragma once
+
+// The points of a division and their names: the corners of the parcel, and the new points at the ends of the lines.
+// Plan, drawing, lists and report all call a point by the name that it has here.
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "answers/printed_division.h"
+#include "plcalc/kernel.h"
+
+namespace tool {
+
+struct DivisionPoint {
+    std::string name;
+    PL_PNT2D_record exact;    ///< with all digits
+    PL_PNT2D_record printed;  ///< as it is written and staked out; a corner as it stands in the file
+};
+
+/// The points by their index: corners come first, in the order of the ring.
+struct DivisionPoints {
+    /// Two points, by index.
+    struct Line {
+        std::size_t from;
+        std::size_t to;
+    };
+
+    std::vector<DivisionPoint> points;
+    std::size_t corners = 0;                        ///< how many of the points are corners
+    std::vector<Line> lines;                        ///< the dividing lines
+    std::vector<std::vector<std::size_t>> on_side;  ///< new points of each side, in the side's direction
+    std::vector<std::vector<std::size_t>> pieces;   ///< corners of each piece, in the ring's direction
+
+    /// The points along a side from its first corner to its last.
+    std::vector<std::size_t> along(std::size_t side) const;
+};
+
+/// Corners have the names of the file, or their numbers from 1. New points are P1, P2, ... in the order of the lines;
+/// where corners have such names already, counting goes on after them. The end of a line at a corner is that corner.
+///
+/// @param[in] answer  one that is done()
+DivisionPoints points_of(const Answer& answer);
+
+/// What a piece is called: A, B, ..., Z, AA; or 1234/5a of the parcel 1234/5, and North-A of the parcel North.
+///
+/// @param[in] parcel  name of the parcel; may be empty
+/// @param[in] piece   from 0
+std::string piece_title(const std::string& parcel, std::size_t piece);
+
+}  // namespace tool

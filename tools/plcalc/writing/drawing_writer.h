@@ -1,0 +1,63 @@
+#pragma once
+
+// Writes divisions as a drawing, DXF, that is ready to be worked on.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include "files/gdal_messages.h"
+#include "files/pending_output.h"
+#include "writing/division_writer.h"
+
+namespace tool {
+
+/// One file in the unit of the parcels' CRS, or without a unit where the CRS is not known.
+///
+/// | layer     | colour  | what it holds                                                                      |
+/// | --------- | ------- | ---------------------------------------------------------------------------------- |
+/// | pieces    | green   | a closed LWPOLYLINE for each piece                                                 |
+/// | lines     | red     | the dividing lines, open LWPOLYLINEs                                               |
+/// | points    | blue    | the new points                                                                     |
+/// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |
+/// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
+///
+/// Coordinates are those of the proven lines. GDAL writes fifteen digits of them: a hundredth of a micrometre at a
+/// northing of 5,000,000 m.
+class DrawingWriter : public DivisionWriter {
+public:
+    /// Whether a file with this name is a drawing.
+    static bool writes(const std::string& file);
+
+    /// As DivisionWriter::make().
+    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    ~DrawingWriter() override;
+
+    void add(const ReadParcel& read, const Answer& answer) override;
+    void add_refused(const ReadParcel& read, const std::string& reason) override;
+    std::vector<std::string> commit() override;
+
+private:
+    /// Where a label hangs on its place.
+    enum class Hangs { centred, upper_right };
+
+    void draw(const char* layer, const OGRGeometry& geometry, const std::string& style = "");
+    void draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs);
+    void draw_ring(const char* layer, const plparcel::Ring& ring);
+    void require(bool ok) const;
+
+    std::string file_;
+    PendingOutput output_;
+    GdalMessages messages_;
+    std::string template_;  // a file in memory
+    GDALDatasetUniquePtr dataset_;
+    OGRLayer* entities_ = nullptr;
+    bool several_parcels_;
+    std::size_t points_ = 0;
+    std::size_t written_ = 0;
+};
+
+}  // namespace tool
