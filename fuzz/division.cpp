@@ -54,6 +54,9 @@ plparcel::Request read_request(Reader& in, const Ring& ring)
         request.amounts = plparcel::equal_parts(static_cast<std::size_t>(in.below(kMostParts + 1)));
     for (int i = 1; i < amounts; ++i)
         request.amounts.push_back(read_amount(in, ring));
+    request.line.bearing = in.number();
+    request.line.a = in.point();
+    request.line.b = in.point();
     return request;
 }
 
@@ -86,12 +89,31 @@ Real distance_to_boundary(const Ring& ring, const PL_PNT2D_record& p)
 // Roundings of the two ends, and of one that was moved onto a vertex.
 constexpr double kEndSpacings = 12.0;
 
+bool is_free(Cut cut)
+{
+    return cut == Cut::at_bearing || cut == Cut::along_segment;
+}
+
+void check_free_direction(const plparcel::Line& asked, const plparcel::DividingLine& line, double spacing)
+{
+    const Real bearing_rad =
+        std::fmod(static_cast<Real>(asked.bearing), 400.0L) * (std::acos(-1.0L) / 200.0L);
+    const bool is_bearing = asked.cut == Cut::at_bearing;
+    const Real run_x = is_bearing ? std::sin(bearing_rad) : static_cast<Real>(asked.b.x) - asked.a.x;
+    const Real run_y = is_bearing ? std::cos(bearing_rad) : static_cast<Real>(asked.b.y) - asked.a.y;
+    FUZZ_CHECK(std::fabs(off_line(line.to, line.from, run_x, run_y)) <= kEndSpacings * spacing);
+}
+
 void check_line(const Ring& ring, const plparcel::Request& request, const plparcel::DividingLine& line,
                 double spacing)
 {
     FUZZ_CHECK(!fuzz::same(line.from, line.to));
     FUZZ_CHECK(distance_to_boundary(ring, line.from) <= 4.0 * spacing);
     FUZZ_CHECK(distance_to_boundary(ring, line.to) <= 4.0 * spacing);
+    if (is_free(request.line.cut)) {
+        check_free_direction(request.line, line, spacing);
+        return;
+    }
     const PL_PNT2D_record& a = ring[request.line.index];
     const PL_PNT2D_record& b = ring[fuzz::index_after(ring, request.line.index)];
     if (request.line.cut == Cut::through_vertex) {
@@ -112,7 +134,8 @@ void check_divided(const Ring& ring, const plparcel::Request& request, const Div
     constexpr double kRounding = 1e-15;
     FUZZ_CHECK(!division.lines.empty() && division.lines.size() <= request.amounts.size());
     FUZZ_CHECK(division.pieces.size() == division.lines.size() + 1);
-    FUZZ_CHECK(division.bare.size() == (request.ask_library ? division.lines.size() : 0));
+    const bool asked_library = request.ask_library && !is_free(request.line.cut);
+    FUZZ_CHECK(division.bare.size() == (asked_library ? division.lines.size() : 0));
     FUZZ_CHECK(division.trials >= division.lines.size());
 
     const double spacing = plparcel::coordinate_spacing(ring);

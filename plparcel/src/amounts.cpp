@@ -1,5 +1,6 @@
 #include "amounts.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace plparcel {
@@ -17,7 +18,8 @@ constexpr double kNothingOfLast = 0.01;
 
 bool is_known(Given given)
 {
-    return given == Given::as_area || given == Given::as_product || given == Given::as_share;
+    return given == Given::as_area || given == Given::as_product || given == Given::as_share ||
+           given == Given::as_width;
 }
 
 Wide area_of(const Amount& amount, const Wide& parcel)
@@ -26,6 +28,8 @@ Wide area_of(const Amount& amount, const Wide& parcel)
         return exact_product(amount.first, amount.second);
     if (amount.given == Given::as_share)
         return parcel * amount.first / amount.second;
+    if (amount.given == Given::as_width)
+        return 0.0;
     return amount.first;
 }
 
@@ -38,7 +42,7 @@ std::optional<Status> refusal_of(const Amount& amount)
 {
     if (!is_known(amount.given))
         return Status::unknown_request;
-    const bool is_area = amount.given == Given::as_area;
+    const bool is_area = amount.given == Given::as_area || amount.given == Given::as_width;  // one number
     const bool is_share = amount.given == Given::as_share;
     if (std::isnan(amount.first) || (!is_area && std::isnan(amount.second)))
         return Status::unusable_amount;
@@ -65,6 +69,8 @@ Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
 {
     if (amounts.empty())
         return refused(Status::no_amount, 0);
+    const auto is_width = [](const Amount& amount) { return amount.given == Given::as_width; };
+    const bool has_width = std::any_of(amounts.begin(), amounts.end(), is_width);
     Shares shares;
     shares.pieces.reserve(amounts.size() + 1);
     Wide left = parcel;
@@ -73,12 +79,14 @@ Shares share_out(const std::vector<Amount>& amounts, const Wide& parcel)
             return refused(*refusal, i);
         const Wide wanted = area_of(amounts[i], parcel);
         left = left - wanted;
-        const bool is_last_of_several = i > 0 && i + 1 == amounts.size();
+        if (has_width)
+            shares.widths.push_back(is_width(amounts[i]) ? amounts[i].first : 0.0);
+        const bool is_last_of_several = i > 0 && i + 1 == amounts.size() && !has_width;
         if (is_last_of_several && abs(left) < parcel * kNothingLeft && abs(left) < wanted * kNothingOfLast) {
             shares.pieces.push_back(wanted);
             return shares;
         }
-        if (!(wanted > 0.0))
+        if (!(wanted > 0.0) && !is_width(amounts[i]))
             return refused(Status::amount_too_small, i);
         if (!(left > parcel * kRounding))
             return refused(Status::amount_too_large, i);
@@ -101,6 +109,11 @@ Amount product(double length1, double length2) noexcept
 Amount share(double part, double of) noexcept
 {
     return {Given::as_share, part, of};
+}
+
+Amount width(double distance) noexcept
+{
+    return {Given::as_width, distance, 1.0};
 }
 
 std::vector<Amount> equal_parts(std::size_t n)

@@ -16,6 +16,8 @@ struct Shares {
     std::optional<Status> refusal;  ///< why there are none
     std::size_t at_amount = 0;      ///< the amount to which it belongs
     std::vector<Wide> pieces;       ///< of each piece its area, what is left at the end included
+    /// With a width among the amounts: the width of each, or 0. Its area in `pieces` is then 0, and not known yet.
+    std::vector<double> widths;
 };
 
 /// @param[in] amounts  as requested

@@ -1,11 +1,15 @@
 #include "plparcel/division.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "amounts.h"
+#include "boundary/local_ring.h"
 #include "boundary/ring_check.h"
+#include "lines/direction.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
 
@@ -48,12 +52,30 @@ std::vector<Wide> sums_after(const std::vector<Wide>& areas)
     return sums;
 }
 
-void cut_all(Stage stage, const Reference& reference, const std::vector<Wide>& areas, const Wide& parcel,
+// The next cut of a series, of an area or of a width. With widths among the amounts, `left` is what should be left
+// before it; without, the rests are known.
+Attempt next_cut(const Stage& stage, const Reference& reference, const Shares& shares, std::size_t i,
+                 const Target& target)
+{
+    if (shares.widths.empty())
+        return make_cut(stage, reference, target);
+    const Wide left = target.asked + target.rest;
+    if (shares.widths[i] > 0.0)
+        return make_strip(stage, reference, shares.widths[i], left, target.parcel);
+    Attempt none;
+    none.status = Status::amount_too_large;
+    return target.rest > 0.0 ? make_cut(stage, reference, target) : none;
+}
+
+void cut_all(Stage stage, const Reference& reference, const Shares& shares, const Wide& parcel,
              Division& division)
 {
+    const std::vector<Wide>& areas = shares.pieces;
     const std::vector<Wide> rests = sums_after(areas);
+    Wide left = parcel;
     for (std::size_t i = 0; i + 1 < areas.size(); ++i) {
-        Attempt attempt = make_cut(stage, reference, {areas[i], rests[i], parcel});
+        const Wide rest = shares.widths.empty() ? rests[i] : left - areas[i];
+        Attempt attempt = next_cut(stage, reference, shares, i, {areas[i], rest, parcel});
         if (stage.ask_library)
             division.bare.push_back(attempt.bare);
         division.trials += attempt.trials;
@@ -65,10 +87,11 @@ void cut_all(Stage stage, const Reference& reference, const std::vector<Wide>& a
             return;
         }
         division.lines.push_back(attempt.line);
-        division.pieces.push_back(piece_of(std::move(attempt.cutting.request), areas[i]));
+        division.pieces.push_back(piece_of(std::move(attempt.cutting.request), attempt.asked));
+        left = left - attempt.asked;
         stage = after(stage, std::move(attempt.cutting.rest));
     }
-    division.pieces.push_back(piece_of(std::move(stage.ring), areas.back()));
+    division.pieces.push_back(piece_of(std::move(stage.ring), shares.widths.empty() ? areas.back() : left));
 }
 
 // Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
@@ -81,9 +104,58 @@ MeasuredRing begun_at(Ring ring, std::size_t start)
 
 bool is_known(const Request& request)
 {
-    const bool cut = request.line.cut == Cut::parallel || request.line.cut == Cut::perpendicular ||
-                     request.line.cut == Cut::through_vertex;
-    return cut && (request.measured == Measured::from_reference || request.measured == Measured::opposite);
+    const Cut cut = request.line.cut;
+    const bool known =
+        cut == Cut::parallel || cut == Cut::perpendicular || cut == Cut::through_vertex || is_free(cut);
+    return known && (request.measured == Measured::from_reference || request.measured == Measured::opposite);
+}
+
+// The first from the West, and of these from the South: the same wherever the ring begins.
+std::size_t westmost(const Ring& ring)
+{
+    const auto comes_before = [](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
+        return a.x < b.x || (a.x == b.x && a.y < b.y);
+    };
+    return static_cast<std::size_t>(std::min_element(ring.begin(), ring.end(), comes_before) - ring.begin());
+}
+
+bool has_direction(const Line& line)
+{
+    if (line.cut == Cut::at_bearing)
+        return std::isfinite(line.bearing);
+    const double dx = std::fabs(line.b.x - line.a.x);
+    const double dy = std::fabs(line.b.y - line.a.y);
+    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
+}
+
+// At which vertex of the ring without repeats the work begins, or why there is none.
+std::optional<Status> find_start(const CleanRing& clean, const Line& line, std::size_t& start)
+{
+    if (is_free(line.cut)) {
+        start = westmost(clean.ring.ring());
+        return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
+    }
+    if (line.index >= clean.place.size())
+        return Status::no_such_index;
+    start = clean.place[line.index];
+    if (line.cut != Cut::through_vertex && around(clean.place, line.index + 1) == start)
+        return Status::side_without_length;
+    return std::nullopt;
+}
+
+Reference reference_of(const Line& line, const MeasuredRing& begun)
+{
+    if (line.cut == Cut::at_bearing)
+        return {line.cut, begun[0], direction_of(line.bearing)};
+    if (line.cut == Cut::along_segment)
+        return {line.cut, begun[0], from_to(line.a, line.b)};
+    return {line.cut, begun[0], from_to(begun[0], begun[1])};
+}
+
+bool has_width(const std::vector<Amount>& amounts)
+{
+    return std::any_of(amounts.begin(), amounts.end(),
+                       [](const Amount& amount) { return amount.given == Given::as_width; });
 }
 
 }  // namespace
@@ -100,13 +172,13 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::unknown_request;
         return division;
     }
-    if (request.line.index >= ring.size()) {
-        division.status = Status::no_such_index;
+    std::size_t start = 0;
+    if (const std::optional<Status> refusal = find_start(clean, request.line, start)) {
+        division.status = *refusal;
         return division;
     }
-    const std::size_t start = clean.place[request.line.index];
-    if (request.line.cut != Cut::through_vertex && around(clean.place, request.line.index + 1) == start) {
-        division.status = Status::side_without_length;
+    if (request.line.cut == Cut::through_vertex && has_width(request.amounts)) {
+        division.status = Status::no_width;
         return division;
     }
     MeasuredRing measured = begun_at(clean.ring.take_ring(), start);
@@ -118,9 +190,10 @@ Division divide(const Ring& ring, const Request& request)
         return division;
     }
 
-    const Reference reference = {request.line.cut, measured[0], measured[1]};
-    cut_all({std::move(measured), request.line.cut, 0, request.measured, request.ask_library}, reference,
-            shares.pieces, parcel, division);
+    const Reference reference = reference_of(request.line, measured);
+    const bool ask_library = request.ask_library && !is_free(request.line.cut);
+    cut_all({std::move(measured), request.line.cut, 0, request.measured, ask_library}, reference, shares,
+            parcel, division);
     return division;
 }
 
@@ -156,6 +229,10 @@ const char* describe(Status status) noexcept
         return "the parcel has no side or vertex of that index";
     case Status::side_without_length:
         return "the side has no length";
+    case Status::no_direction:
+        return "the bearing or the segment gives the line no direction";
+    case Status::no_width:
+        return "a line through a vertex cuts off no width";
     case Status::no_amount:
         return "no amount is given";
     case Status::unusable_amount:

@@ -26,4 +26,21 @@ Line through_vertex(std::size_t vertex) noexcept
     return line;
 }
 
+Line at_bearing(double bearing_gon) noexcept
+{
+    Line line;
+    line.cut = Cut::at_bearing;
+    line.bearing = bearing_gon;
+    return line;
+}
+
+Line along_segment(const PL_PNT2D_record& a, const PL_PNT2D_record& b) noexcept
+{
+    Line line;
+    line.cut = Cut::along_segment;
+    line.a = a;
+    line.b = b;
+    return line;
+}
+
 }  // namespace plparcel

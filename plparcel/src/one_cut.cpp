@@ -18,10 +18,12 @@ namespace {
 // parcel.
 WidePoint up_direction(const Stage& stage, const Reference& reference, double turn)
 {
-    const WidePoint run = about_unit(from_to(reference.a, reference.b));
+    const WidePoint run = about_unit(reference.run);
     if (stage.cut == Cut::perpendicular)
         return run;
-    const WidePoint up = reference.cut == Cut::parallel ? WidePoint{-run.y, run.x} : run;
+    if (is_free(stage.cut))
+        return {run.y, -run.x};
+    const WidePoint up = reference.cut == Cut::perpendicular ? run : WidePoint{-run.y, run.x};
     // The base side is the parcel's own, or a line that was cut before: into what is left.
     const WidePoint side = from_to(stage.ring[stage.index], stage.ring.at(stage.index + 1));
     const WidePoint into = {-side.y * turn, side.x * turn};
@@ -106,21 +108,63 @@ public:
         const std::vector<Chord> lines =
             stage_.cut == Cut::through_vertex ? lines_from_the_vertex() : lines_of_levels(attempt.status);
         for (const Chord& line : lines) {
-            ++attempt.trials;
-            const Verdict verdict = judge(stage_.ring, local_, line, target_, attempt.cutting);
-            if (verdict == Verdict::divides) {
-                attempt.status = Status::divided;
-                attempt.line = dividing_line(attempt.cutting);
-                attempt.line.library_agrees = attempt.bare.done && is_beside(line, found);
+            if (!passes(line, target_, attempt))
+                continue;
+            attempt.line.library_agrees = attempt.bare.done && is_beside(line, found);
+            break;
+        }
+        return attempt;
+    }
+
+    Attempt make_strip(double width) const
+    {
+        const LevelCut levels(local_, level_request());
+        const Wide level = level_at(levels, width);
+        Attempt attempt;
+        attempt.status = Status::amount_too_large;
+        for (const Chord& line : levels.lines_at(level)) {
+            const Wide asked = local_.area_to_parcel(levels.request_area(line, level));
+            const Wide rest = target_.rest - asked;
+            if (!(asked > 0.0) || !(rest > 0.0))
+                continue;
+            if (attempt.status == Status::amount_too_large)
+                attempt.status = Status::line_leaves_parcel;
+            if (passes(line, {asked, rest, target_.parcel}, attempt))
                 break;
-            }
-            if (verdict == Verdict::misses && !line.beside_the_amount)
-                attempt.status = Status::not_reached;
         }
         return attempt;
     }
 
 private:
+    // Judges a line. `attempt` becomes divided, or too coarse for it, or stays what it was.
+    bool passes(const Chord& line, const Target& target, Attempt& attempt) const
+    {
+        ++attempt.trials;
+        const Verdict verdict = judge(stage_.ring, local_, line, target, attempt.cutting);
+        if (verdict == Verdict::divides) {
+            attempt.status = Status::divided;
+            attempt.asked = target.asked;
+            attempt.line = dividing_line(attempt.cutting);
+        } else if (verdict == Verdict::misses && !line.beside_the_amount) {
+            attempt.status = Status::not_reached;
+        }
+        return verdict == Verdict::divides;
+    }
+
+    // Where a line lies that is so far from where its piece begins.
+    Wide level_at(const LevelCut& levels, double width) const
+    {
+        const bool opposite = stage_.measured == Measured::opposite;
+        const bool from_base = stage_.cut == Cut::parallel;
+        Wide begin = levels.begin();
+        if (stage_.cut == Cut::perpendicular)
+            begin = levels.level_of(opposite ? stage_.index : stage_.index + 1);
+        else if (from_base && !opposite)
+            begin = 0.0;
+        const Wide away = levels.scale() * local_.length_to_local(width);
+        return from_base == opposite ? begin - away : begin + away;
+    }
+
     void ask_library(BareAnswer& bare, PL_LINE_2D_record& line) const
     {
         const bool from_reference = stage_.measured == Measured::from_reference;
@@ -135,22 +179,28 @@ private:
         return {p.x.value(), p.y.value()};
     }
 
-    // Parallels and perpendiculars. `otherwise` becomes the reason when none of them divides.
-    std::vector<Chord> lines_of_levels(Status& otherwise) const
+    LevelRequest level_request() const
     {
         LevelRequest request = {};
         request.up = up_direction(stage_, reference_, turn_);
         request.zero = local_.at(stage_.index);
         request.base = stage_.index;
         request.from_base = stage_.cut == Cut::parallel;
+        request.free = is_free(stage_.cut);
         request.opposite = stage_.measured == Measured::opposite;
         request.request = request_;
         request.rest = rest_;
         request.granted = local_.area_to_local(target_.granted());
         request.turn = turn_;
-        const LevelCut levels(local_, request);
-        const Wide& of_base = request.opposite ? rest_ : request_;
-        if (request.from_base && levels.area_below() > of_base)
+        return request;
+    }
+
+    // Lines of one direction. `otherwise` becomes the reason when none of them divides.
+    std::vector<Chord> lines_of_levels(Status& otherwise) const
+    {
+        const LevelCut levels(local_, level_request());
+        const Wide& of_base = stage_.measured == Measured::opposite ? rest_ : request_;
+        if (stage_.cut == Cut::parallel && levels.area_below() > of_base)
             otherwise = Status::base_reaches_behind;
         return levels.all_lines();
     }
@@ -165,19 +215,19 @@ private:
         return lines;
     }
 
-    // A parallel runs as the side does, a perpendicular starts at the end nearer to the side's line.
+    // A parallel runs as the side does, a line of a bearing or a segment as these do, a perpendicular starts at the end nearer to the side's line.
     DividingLine dividing_line(const Cutting& cutting) const
     {
         DividingLine line;
         line.from = cutting.from;
         line.to = cutting.to;
         line.meets_again = meets_again(stage_.ring, cutting);
-        const WidePoint run = from_to(reference_.a, reference_.b);
+        const WidePoint& run = reference_.run;
         const Wide off_from = abs(cross(run, from_to(reference_.a, line.from)));
         const Wide off_to = abs(cross(run, from_to(reference_.a, line.to)));
         const bool against = dot(run, from_to(line.from, line.to)) < 0.0;
-        if ((reference_.cut == Cut::parallel && against) ||
-            (reference_.cut == Cut::perpendicular && off_to < off_from))
+        const bool runs_along = reference_.cut == Cut::parallel || is_free(reference_.cut);
+        if ((runs_along && against) || (reference_.cut == Cut::perpendicular && off_to < off_from))
             std::swap(line.from, line.to);
         return line;
     }
@@ -196,6 +246,12 @@ private:
 Attempt make_cut(const Stage& stage, const Reference& reference, const Target& target)
 {
     return OneCut(stage, reference, target).make();
+}
+
+Attempt make_strip(const Stage& stage, const Reference& reference, double width, const Wide& left,
+                   const Wide& parcel)
+{
+    return OneCut(stage, reference, {0.0, left, parcel}).make_strip(width);
 }
 
 }  // namespace plparcel

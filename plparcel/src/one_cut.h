@@ -19,18 +19,25 @@ struct Stage {
     bool ask_library = false;
 };
 
-/// The side of the whole parcel that all lines of a series take their direction from; without effect through a
-/// vertex.
+/// Where all lines of a series take their direction from: a side of the whole parcel, a bearing or a segment. Without
+/// effect through a vertex.
 struct Reference {
     Cut cut;
-    PL_PNT2D_record a;
-    PL_PNT2D_record b;
+    PL_PNT2D_record a;  ///< the first end of the side; without effect for a bearing or a segment
+    WidePoint run;      ///< its direction, of any length
 };
+
+/// Whether lines take their direction from no side.
+inline bool is_free(Cut cut)
+{
+    return cut == Cut::at_bearing || cut == Cut::along_segment;
+}
 
 /// One cut, made or not.
 struct Attempt {
     Status status = Status::line_leaves_parcel;
     Cutting cutting;
+    Wide asked;  ///< what the piece of the request should hold
     DividingLine line;
     BareAnswer bare;
     std::size_t trials = 0;
@@ -40,5 +47,13 @@ struct Attempt {
 /// @param[in] reference  where the line's direction comes from
 /// @param[in] target     what it should cut off
 Attempt make_cut(const Stage& stage, const Reference& reference, const Target& target);
+
+/// Cuts off a strip; the line has a direction.
+///
+/// @param[in] width   how far the line lies from the base side, or from where the request begins
+/// @param[in] left    what the ring should hold, unit squared
+/// @param[in] parcel  the whole parcel, of which the tolerance is a part
+Attempt make_strip(const Stage& stage, const Reference& reference, double width, const Wide& left,
+                   const Wide& parcel);
 
 }  // namespace plparcel

@@ -139,7 +139,7 @@ TEST(Amounts, OfMorePartsThanMemoryHoldsAreNotAllocated)
 
 TEST(Amounts, OfAnUnknownKindAreUnknown)
 {
-    const Shares shares = plparcel::share_out({area(1), {static_cast<plparcel::Given>(3), 1, 1}}, 900.0);
+    const Shares shares = plparcel::share_out({area(1), {static_cast<plparcel::Given>(99), 1, 1}}, 900.0);
     EXPECT_EQ(shares.refusal, Status::unknown_request);
     EXPECT_EQ(shares.at_amount, 1U);
 }

@@ -225,6 +225,36 @@ void collect(const Case& c, const Number& wanted, const Family& line_at, bool& h
             lines.push_back(line_at(parts[border]));
 }
 
+bool is_free(Cut cut)
+{
+    return cut == Cut::at_bearing || cut == Cut::along_segment;
+}
+
+// The direction that the request names: of a side, a segment, or a bearing. That of a bearing is good to the 64 bits of
+// the machine's own sine and cosine, a thousandth of a spacing.
+Point run_of(const Case& c)
+{
+    const plparcel::Line& line = c.request.line;
+    if (line.cut == Cut::along_segment)
+        return exact(line.b) - exact(line.a);
+    if (line.cut == Cut::at_bearing) {
+        const long double turn = std::fmod(static_cast<long double>(line.bearing), 400.0L);
+        const long double bearing_rad = turn * (std::acos(-1.0L) / 200.0L);
+        const auto number = [](long double v) -> Number {
+            const double high = static_cast<double>(v);
+            return Number(high) + Number(static_cast<double>(v - high));
+        };
+        return {number(std::sin(bearing_rad)), number(std::cos(bearing_rad))};
+    }
+    return vertex(c.ring, line.index + 1) - vertex(c.ring, line.index);
+}
+
+// Where levels begin.
+const Point& level_zero(const Case& c)
+{
+    return vertex(c.ring, is_free(c.request.line.cut) ? 0 : c.request.line.index);
+}
+
 Point on_level(const Case& c, std::size_t side, const std::vector<Number>& levels, const Number& level)
 {
     const std::size_t next = (side + 1) % c.ring.size();
@@ -235,14 +265,17 @@ Point on_level(const Case& c, std::size_t side, const std::vector<Number>& level
 void collect_levels(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
 {
     const std::size_t n = c.ring.size();
-    const Point& a = vertex(c.ring, c.request.line.index);
-    const Point run = vertex(c.ring, c.request.line.index + 1) - a;
+    const Point& a = level_zero(c);
+    const Point run = run_of(c);
     const bool parallel = c.request.line.cut == Cut::parallel;
+    // Across the lines: to the left of a parallel, ahead of a perpendicular, to the right of the others.
+    const Point side = {-run.y, run.x};
+    const Point up = parallel ? side : (is_free(c.request.line.cut) ? Point{run.y, -run.x} : run);
     std::vector<Number> levels;
     std::vector<Number> along;
     for (const Point& p : c.ring) {
-        levels.push_back(parallel ? cross(run, p - a) : dot(run, p - a));
-        along.push_back(parallel ? dot(run, p - a) : -cross(run, p - a));
+        levels.push_back(dot(up, p - a));
+        along.push_back(-cross(up, p - a));
     }
     std::vector<Number> sorted = levels;
     std::sort(sorted.begin(), sorted.end());
@@ -608,7 +641,9 @@ bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, co
     const bool forward = has_side(piece, from, to);
     const Point run = forward ? to - from : from - to;
     const Point inward = c.anticlockwise ? Point{-run.y, run.x} : Point{run.y, -run.x};
-    return (sgn(dot(inward, b - a)) > 0) == near;
+    const Point asked = run_of(c);
+    const Point towards = is_free(c.request.line.cut) ? Point{asked.y, -asked.x} : asked;
+    return (sgn(dot(inward, towards)) > 0) == near;
 }
 
 bool runs_as_asked(const Case& c, const Point& from, const Point& to)
@@ -616,9 +651,11 @@ bool runs_as_asked(const Case& c, const Point& from, const Point& to)
     const Point& a = vertex(c.ring, c.request.line.index);
     if (c.request.line.cut == Cut::through_vertex)
         return same(from, a);
-    const Point side = vertex(c.ring, c.request.line.index + 1) - a;
+    const Point side = run_of(c);
     const Point run = to - from;
-    const Number aside = c.request.line.cut == Cut::parallel ? cross(side, run) : dot(side, run);
+    if (c.request.line.cut != Cut::perpendicular && sgn(dot(side, run)) <= 0)
+        return false;
+    const Number aside = c.request.line.cut == Cut::perpendicular ? dot(side, run) : cross(side, run);
     const Number reach = 12 * c.spacing;
     return aside * aside <= reach * reach * dot(side, side);
 }

@@ -96,11 +96,22 @@ Ring any_parcel(std::mt19937_64& random)
     }
 }
 
+// At any angle, or where the parcel's sides may run: along the axes, or half way between them.
+double any_bearing(std::mt19937_64& random)
+{
+    return below(random, 3) == 0 ? 50.0 * static_cast<double>(below(random, 16)) - 400.0
+                                 : between(random, -400.0, 800.0);
+}
+
 Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
 {
     Request request;
-    request.line.cut = static_cast<Cut>(below(random, 3));
+    request.line.cut = static_cast<Cut>(below(random, 5));
     request.line.index = below(random, ring.size());
+    request.line.bearing = any_bearing(random);
+    request.line.a = ring[below(random, ring.size())];
+    request.line.b = {request.line.a.x + between(random, -9.0, 9.0),
+                      request.line.a.y + between(random, -9.0, 9.0)};
     request.measured = static_cast<Measured>(below(random, 2));
     if (below(random, 2) == 0) {
         request.amounts = {plparcel::area(parcel * between(random, 0.01, 0.99))};
@@ -113,12 +124,15 @@ Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
 
 std::string shown(const Ring& ring, const Request& request)
 {
-    char text[120];
+    char text[300];
+    std::snprintf(text, sizeof text, "bearing %.17g segment %.17g %.17g %.17g %.17g: ", request.line.bearing,
+                  request.line.a.x, request.line.a.y, request.line.b.x, request.line.b.y);
+    std::string all = text;
     std::snprintf(text, sizeof text, "%d %zu %d 1 %d %.17g %.17g %zu", static_cast<int>(request.line.cut),
                   request.line.index, static_cast<int>(request.measured),
                   static_cast<int>(request.amounts[0].given), request.amounts[0].first,
                   request.amounts[0].second, ring.size());
-    std::string all = text;
+    all += text;
     for (const PL_PNT2D_record& p : ring) {
         std::snprintf(text, sizeof text, " %.17g %.17g", p.x, p.y);
         all += text;

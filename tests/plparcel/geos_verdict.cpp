@@ -59,6 +59,14 @@ PL_PNT2D_record point_of_request(const Ring& ring, const Request& request, const
 {
     const PL_PNT2D_record& a = at(ring, request.line.index);
     const PL_PNT2D_record& b = at(ring, request.line.index + 1);
+    if (request.line.cut == Cut::at_bearing || request.line.cut == Cut::along_segment) {
+        // On the right of the line's middle.
+        const PL_PNT2D_record& from = line.from;
+        const PL_PNT2D_record& to = line.to;
+        const PL_PNT2D_record middle = between(from, to, 0.5);
+        const double step = kProlonged * size_of(ring) / std::hypot(to.x - from.x, to.y - from.y);
+        return {middle.x + step * (to.y - from.y), middle.y - step * (to.x - from.x)};
+    }
     if (request.line.cut != Cut::perpendicular)
         return between(a, b, 0.5);
     // Ahead of the line's middle.
@@ -74,11 +82,20 @@ double off_direction(const Ring& ring, const Request& request, const plparcel::D
     const PL_PNT2D_record& b = at(ring, request.line.index + 1);
     const test::Vector side = test::from_to(a, b);
     const test::Vector run = test::from_to(line.from, line.to);
+    const test::Vector along = test::from_to(request.line.a, request.line.b);
+    const double bearing_rad = request.line.bearing * (std::acos(-1.0) / 200.0);
+    const test::Vector bearing = {std::sin(bearing_rad), std::cos(bearing_rad)};
     switch (request.line.cut) {
     case Cut::parallel:
         return static_cast<double>(std::fabs(test::cross(side, run)) / test::length(side));
     case Cut::perpendicular:
         return static_cast<double>(std::fabs(test::dot(side, run)) / test::length(side));
+    case Cut::at_bearing:
+        // The bearing in radians is good to some units in the last place.
+        return static_cast<double>(
+            std::fmax(0.0L, std::fabs(test::cross(bearing, run)) - 1e-15L * test::length(run)));
+    case Cut::along_segment:
+        return static_cast<double>(std::fabs(test::cross(along, run)) / test::length(along));
     case Cut::through_vertex:
         break;
     }

@@ -74,7 +74,10 @@ TEST(Lattice, DividedIsRight)
             continue;
         const Ring ring = changed(random, lattice);
         Request request;
-        request.line.cut = static_cast<Cut>(whole(random, 0, 2));
+        request.line.cut = static_cast<Cut>(whole(random, 0, 4));
+        request.line.bearing = 25.0 * whole(random, 0, 15);
+        request.line.a = ring[0];
+        request.line.b = ring[2];
         request.line.index = static_cast<std::size_t>(whole(random, 0, static_cast<int>(ring.size()) - 1));
         request.measured = whole(random, 0, 1) == 0 ? Measured::from_reference : Measured::opposite;
         // Sixteenths and twelfths: half of the areas under the lattice's lines are among them.

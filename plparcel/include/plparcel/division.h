@@ -45,20 +45,22 @@ namespace plparcel {
 /// | parallel       | the piece that the side belongs to            | the piece beyond       |
 /// | perpendicular  | ahead of the line, where the side runs to     | behind the line        |
 /// | through_vertex | next to the side after the vertex             | next to the one before |
+/// | at_bearing, along_segment | on the right of the line as it runs | on its left          |
 enum class Measured { from_reference, opposite };
 
 /// How an amount is given.
 enum class Given {
     as_area,     ///< first: unit squared
     as_product,  ///< first * second, both lengths
-    as_share     ///< first / second of the parcel's area
+    as_share,    ///< first / second of the parcel's area
+    as_width     ///< first: a distance, caller's unit; it places the line, and the area follows
 };
 
 /// What one piece should hold.
 struct Amount {
     Given given;    ///< what the two numbers are
-    double first;   ///< for the three kinds: area, length or numerator
-    double second;  ///< for the three kinds: without effect, length or denominator
+    double first;   ///< for the four kinds: area, length, numerator or width
+    double second;  ///< for the four kinds: without effect, length, denominator or without effect
 };
 
 /// @param[in] value  unit squared
@@ -74,6 +76,20 @@ PLPARCEL_API Amount product(double length1, double length2) noexcept;
 /// @return an amount given as a share of the parcel's area
 PLPARCEL_API Amount share(double part, double of) noexcept;
 
+/// A strip of a given width, or a frontage along a side: the line lies that far from where its piece begins.
+///
+/// | cut                       | from_reference                     | opposite                          |
+/// | ------------------------- | ---------------------------------- | --------------------------------- |
+/// | parallel                  | from the side                      | from the vertex farthest from it  |
+/// | perpendicular             | from the side's second end         | from the side's first end         |
+/// | at_bearing, along_segment | from the vertex farthest right     | from the vertex farthest left     |
+///
+/// Each width but the first is counted from the line before. Areas and widths may be mixed.
+///
+/// @param[in] distance  caller's unit, at right angles to the line
+/// @return an amount given as a width
+PLPARCEL_API Amount width(double distance) noexcept;
+
 /// @param[in] n  number of parts, 2 or more
 /// @return n - 1 shares of 1/n, which leave one more; none when n is below 2
 ///
@@ -88,11 +104,12 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 struct Request {
     Line line;  ///< how the line runs
     /// One or more. When there are two or more, the last may be what is left: if the sum of all is the parcel's
-    /// area within 1e-9 of it, and within a hundredth of the last amount, one line less is cut.
+    /// area within 1e-9 of it, and within a hundredth of the last amount, one line less is cut. With a width among
+    /// them, what is left after the last is a piece of its own.
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
-    /// no line depends on them. It costs about as much as the division itself, and far more on parcels of
+    /// no line depends on them. It has no answer for at_bearing and along_segment, and none for a width. It costs about as much as the division itself, and far more on parcels of
     /// thousands of vertices.
     bool ask_library = false;
 };
@@ -108,10 +125,13 @@ enum class Status {
     unknown_request,      ///< a cut, measure or kind of amount that does not exist
     no_such_index,        ///< the parcel has no side or vertex of that index
     side_without_length,  ///< the side's ends are the same point
+    no_direction,         ///< a bearing that is not finite, or a segment that is not or has no length
+    no_width,             ///< a width, and a line through a vertex
     no_amount,            ///< the list of amounts is empty
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
-    amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200
+    amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200; a width that
+                          ///< reaches beyond what is left
 
     // the cut
     base_reaches_behind,  ///< the part of the parcel behind the base side is larger than the request
@@ -126,7 +146,7 @@ PLPARCEL_API const char* describe(Status status) noexcept;
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
-    /// through a vertex from that vertex, to the last bit.
+    /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
     /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
@@ -138,9 +158,11 @@ struct DividingLine {
 
 /// A piece of the divided parcel.
 struct Piece {
-    Ring ring;              ///< runs as the parcel does, first vertex not repeated
-    double area = 0.0;      ///< of this ring, unit squared
-    double asked = 0.0;     ///< what it should hold; for the last piece, what is left of the parcel
+    Ring ring;          ///< runs as the parcel does, first vertex not repeated
+    double area = 0.0;  ///< of this ring, unit squared
+    /// What it should hold; for the last piece, what is left of the parcel; for a width, what lies between the
+    /// unrounded lines.
+    double asked = 0.0;
     double residual = 0.0;  ///< what it holds less what it should, unit squared, before either is rounded
 };
 
@@ -187,7 +209,8 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
 ///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the
-///             one nearest to the line of the base side (for a perpendicular: to its middle).
+///             one nearest to the line of the base side (for a perpendicular: to its middle; at a bearing or along a
+///             segment: to the vertex farthest to the right, for `opposite` to the left).
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 
 }  // namespace plparcel

@@ -37,8 +37,13 @@ public:
     /// Back, not rounded to doubles yet.
     WidePoint to_parcel(const WidePoint& p) const;
 
+    Wide length_to_local(double length) const { return scaled(length, exponent_); }
+
     /// An area of the parcel, unit squared, as one of the local frame.
     Wide area_to_local(const Wide& area) const { return scaled(area, 2 * exponent_); }
+
+    /// And back.
+    Wide area_to_parcel(const Wide& area) const { return scaled(area, -2 * exponent_); }
 
 private:
     PL_PNT2D_record origin_;

@@ -1,6 +1,7 @@
 #include "lines/level_cut.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace plparcel {
 namespace {
@@ -38,6 +39,8 @@ LevelCut::LevelCut(const LocalRing& ring, const LevelRequest& request)
     }
     std::sort(low_ends_.begin(), low_ends_.end());
     std::sort(high_ends_.begin(), high_ends_.end());
+    lowest_ = low_ends_.front();
+    highest_ = high_ends_.back();
 }
 
 WidePoint LevelCut::on_side(std::size_t side, const Wide& level) const
@@ -70,13 +73,8 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
 {
     const Wide& low = trapezium.low;
     const Wide& high = trapezium.high;
+    found = between_sides(trapezium);
     Chord& chord = found.chord;
-    // The boundary runs upwards on the inside's right when it runs anticlockwise, on its left otherwise.
-    chord.from_side = request_.turn > 0.0 ? trapezium.right : trapezium.left;
-    chord.to_side = request_.turn > 0.0 ? trapezium.left : trapezium.right;
-    const bool base_above = is_passed(request_.base, chord.from_side, chord.to_side, frame_.size());
-    chord.request_after_from = (request_.from_base ? base_above : true) != request_.opposite;
-
     const Wide wanted = (chord.request_after_from ? request_.request : request_.rest) * up2_;
     const Wide height = high - low;
     const Wide width_low = along_at(frame_, trapezium.right, low) - along_at(frame_, trapezium.left, low);
@@ -93,19 +91,37 @@ bool LevelCut::solve(const Trapezium& trapezium, Candidate& found) const
     const Wide divisor = width_low + (under_root > 0.0 ? sqrt(under_root) : Wide(0.0));
     Wide u = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
     u = u < 0.0 ? Wide(0.0) : (u > 1.0 ? Wide(1.0) : u);
-    const Wide level = low + height * u;
+    complete(trapezium, low + height * u, found);
+    return true;
+}
+
+LevelCut::Candidate LevelCut::between_sides(const Trapezium& trapezium) const
+{
+    Candidate found = {};
+    Chord& chord = found.chord;
+    // The boundary runs upwards on the inside's right when it runs anticlockwise, on its left otherwise.
+    chord.from_side = request_.turn > 0.0 ? trapezium.right : trapezium.left;
+    chord.to_side = request_.turn > 0.0 ? trapezium.left : trapezium.right;
+    const bool base_above = is_passed(request_.base, chord.from_side, chord.to_side, frame_.size());
+    chord.request_after_from = (request_.from_base ? base_above : true) != request_.opposite;
+    return found;
+}
+
+// The line's ends, and what its place in the order depends on.
+void LevelCut::complete(const Trapezium& trapezium, const Wide& level, Candidate& found) const
+{
+    Chord& chord = found.chord;
     chord.from = on_side(chord.from_side, level);
     chord.to = on_side(chord.to_side, level);
 
     // What lies ahead of a perpendicular runs along its base side from there.
     const bool on_base = request_.base == chord.from_side;
     const Wide base_middle = (frame_[request_.base].y + frame_at(request_.base + 1).y) * 0.5;
-    found.preferred = request_.from_base ? level > 0.0 : on_base;
+    found.preferred = request_.free || (request_.from_base ? level > 0.0 : on_base);
     found.alone = meets_twice_only(trapezium, level);
-    found.distance = abs(level - base_middle).value();
+    found.distance = abs(level - (request_.free ? begin() : base_middle)).value();
     found.level = level.value();
     found.along = along_at(frame_, trapezium.left, level).value();
-    return true;
 }
 
 // A line meets as many sides as have begun and not ended. At the level of a vertex the lines just above and just
@@ -143,6 +159,29 @@ std::vector<Chord> LevelCut::all_lines() const
         if (solve(trapezium, found))
             all.push_back(found);
     }
+    return in_order(std::move(all));
+}
+
+std::vector<Chord> LevelCut::lines_at(const Wide& level) const
+{
+    std::vector<Candidate> all;
+    for (const Trapezium& trapezium : trapeziums(frame_)) {
+        if (level < trapezium.low || level > trapezium.high)
+            continue;
+        all.push_back(between_sides(trapezium));
+        complete(trapezium, level, all.back());
+    }
+    return in_order(std::move(all));
+}
+
+Wide LevelCut::request_area(const Chord& chord, const Wide& level) const
+{
+    const Wide above = area_above(chord, level);
+    return (chord.request_after_from ? above : twice_area_.back() * (0.5 * request_.turn) - above) / up2_;
+}
+
+std::vector<Chord> LevelCut::in_order(std::vector<Candidate> all)
+{
     std::stable_sort(all.begin(), all.end(), is_better);
     std::vector<Chord> lines;
     lines.reserve(all.size());

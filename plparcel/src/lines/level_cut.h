@@ -23,6 +23,7 @@ struct LevelRequest {
     WidePoint zero;    ///< a point at level 0
     std::size_t base;  ///< the side that levels are counted from, or along
     bool from_base;    ///< parallel: the request is the piece of the base side; otherwise the one above
+    bool free;         ///< a direction without a side: `base` is without effect, the request is the one above
     bool opposite;     ///< the request is the other piece
     Wide request;      ///< its area, local units
     Wide rest;         ///< that of the other piece
@@ -38,7 +39,23 @@ public:
     /// First come the lines above level 0; for perpendiculars, those that end on the base side. Among equals come
     /// first those that meet the boundary only twice, and among these the nearest to level 0; for perpendiculars, to
     /// the base side's middle. Some of the lines may touch the boundary on their way.
+    /// Without a base side the nearest to where the request begins: the highest level, for `opposite` the lowest.
     std::vector<Chord> all_lines() const;
+
+    /// All lines at a level, in the same order.
+    std::vector<Chord> lines_at(const Wide& level) const;
+
+    /// Where the request begins, unless it lies above or below the base side: the highest level, or the lowest.
+    Wide begin() const { return request_.opposite == request_.from_base ? highest_ : lowest_; }
+
+    /// The level of one end of the base side.
+    const Wide& level_of(std::size_t vertex) const { return frame_at(vertex).y; }
+
+    /// Levels are distances times this.
+    Wide scale() const { return sqrt(up2_); }
+
+    /// What a line at a level makes of the request, local units.
+    Wide request_area(const Chord& chord, const Wide& level) const;
 
     /// Area of what lies below level 0, local units.
     Wide area_below() const;
@@ -53,6 +70,9 @@ private:
         double along;  // of its left end
     };
 
+    void complete(const Trapezium& trapezium, const Wide& level, Candidate& found) const;
+    static std::vector<Chord> in_order(std::vector<Candidate> all);
+    Candidate between_sides(const Trapezium& trapezium) const;
     static bool is_better(const Candidate& a, const Candidate& b);
     bool meets_twice_only(const Trapezium& trapezium, const Wide& level) const;
     Wide area_above(const Chord& chord, const Wide& level) const;
@@ -67,7 +87,9 @@ private:
     std::vector<Wide> twice_area_;  // entry i: sum of cross(i, i + 1) over the vertices before i
     std::vector<Wide> low_ends_;    // levels at which sides begin, in order
     std::vector<Wide> high_ends_;   // and at which they end
-    Wide up2_;                      // areas are multiplied by it on the way into the frame
+    Wide lowest_;
+    Wide highest_;
+    Wide up2_;  // areas are multiplied by it on the way into the frame
 };
 
 }  // namespace plparcel

@@ -1,5 +1,7 @@
 #include "answers/question.h"
 
+#include <limits>
+
 #include "plparcel/extent.h"
 #include "text/numbers.h"
 
@@ -28,6 +30,8 @@ double area_of(const plparcel::Amount& amount, double parcel_area)
         return amount.first * amount.second;
     case plparcel::Given::as_share:
         return parcel_area * amount.first / amount.second;
+    case plparcel::Given::as_width:
+        return std::numeric_limits<double>::quiet_NaN();  // the line decides
     case plparcel::Given::as_area:
         break;
     }

@@ -53,6 +53,10 @@ const char* cut_name(Cut cut)
         return "parallel";
     case Cut::perpendicular:
         return "perpendicular";
+    case Cut::at_bearing:
+        return "bearing";
+    case Cut::along_segment:
+        return "segment";
     case Cut::through_vertex:
         break;
     }

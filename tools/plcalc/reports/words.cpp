@@ -36,6 +36,9 @@ std::string place_of_first(const Asked& asked, std::size_t vertices)
     case Cut::perpendicular:
         return near ? "ahead towards " + numbered("vertex", after(asked.number, vertices))
                     : "behind towards " + numbered("vertex", asked.number);
+    case Cut::at_bearing:
+    case Cut::along_segment:
+        return near ? "on the right of the line" : "on the left of the line";
     case Cut::through_vertex:
         break;
     }
@@ -61,6 +64,10 @@ std::string described_cut(const Asked& asked, std::size_t vertices)
         return "parallel to " + described_side(asked.number, vertices);
     case Cut::perpendicular:
         return "perpendicular to " + described_side(asked.number, vertices);
+    case Cut::at_bearing:
+        return "at the bearing";
+    case Cut::along_segment:
+        return "along the segment";
     case Cut::through_vertex:
         break;
     }
