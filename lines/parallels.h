@@ -42,6 +42,12 @@ public:
     /// y of the meeting point; as x_at.
     double y_at(double c) const noexcept { return (ca_ - a_ * c) * inv_; }
 
+    /// Whether one of the parallels may be the fixed line itself, so that the two do not meet.
+    bool may_be_one() const noexcept { return parallel_ || same_direction_; }
+
+    /// Magnitude of 1 / the determinant, by which the crossings are multiplied; 0 when nothing is met.
+    double inverse_determinant() const noexcept { return std::fabs(inv_); }
+
     /// Whether they meet but for lines that are one.
     bool have_direction() const noexcept { return !parallel_; }
 

@@ -34,6 +34,8 @@ inline double inverse_bound(double v) noexcept
 /// from it, the line does not meet that side, rounding and stake-out margin included.
 class Clearance {
 public:
+    Clearance() = default;
+
     /// @param[in] points        the points of the parcel
     /// @param[in] coefficients  an upper bound of |a| + |b| of the lines
     Clearance(const std::vector<PL_PNT2D_record>& points, double coefficients) noexcept
@@ -70,10 +72,10 @@ private:
     static constexpr double kOfSize = 0x1p-47;  // 64 half ulps of 1
 
     double greatest_ = 0.0;
-    double fixed_;
-    double by_length_;
-    double common_;                // for every side that is long enough
-    std::uint64_t small_inverse_;  // a side is, when the bits of its inverse are at most these
+    double fixed_ = 0.0;
+    double by_length_ = 0.0;
+    double common_ = 0.0;              // for every side that is long enough
+    std::uint64_t small_inverse_ = 0;  // a side is, when the bits of its inverse are at most these
 };
 
 }  // namespace plcalc

@@ -4,6 +4,7 @@
 
 #include "plcalc/lines.h"
 #include "plcalc/subdivision.h"
+#include "subdivision/hopeless_lines.h"
 #include "subdivision/parallel_trials.h"
 #include "subdivision/partial_polygon.h"
 #include "subdivision/search.h"
@@ -37,7 +38,7 @@ public:
     ParallelSearch(CFrazArea& cut, const PL_IMP_LINE_2D_record& moving)
         : cut_(cut),
           trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b),
-          piece_(trials_.points())
+          piece_(trials_.points()), hopeless_(trials_, piece_, cut.AreaRichiesta)
     {}
 
     // Tries a line through each vertex in the ring's order, until one cuts off more than the request: the
@@ -50,31 +51,17 @@ public:
             cut_off();
             probe();
             if (piece_.exceeds(cut_.AreaRichiesta))
-                bisect(trials_.point(v));
+                bisect_from(v);
             ++v;
         } while (v < cut_.NumPunti && !cut_.Trovato);
     }
 
-    // Halves the distance between the base line and q until the line there cuts off the request. The bound
-    // on the wrong side moves to the chord's second end, as far from the base line as the midpoint was.
-    PL_PNT2D_record bisect(PL_PNT2D_record q)
+    // Bisects between the base line and q.
+    PL_PNT2D_record bisect(const PL_PNT2D_record& q)
     {
-        using Verdict = PartialPolygon::Verdict;
-        cut_.Trovato = false;
-        PL_PNT2D_record f = trials_.foot(q);
-        for (int bisections = 0; bisections < kMaxBisections && !cut_.Trovato;) {
-            line_ = trials_.line_through({(q.x + f.x) * 0.5, (q.y + f.y) * 0.5});
-            cut_off();
-            take_chord(piece_.single_points(), cut_.PuntoRis2);
-            const Verdict verdict = piece_.against(cut_.AreaRichiesta);
-            if (verdict == Verdict::kMeets) {
-                cut_.Trovato = true;
-            } else {
-                ++bisections;
-                (verdict == Verdict::kBelow ? f : q) = cut_.PuntoRis2;
-            }
-        }
-        return q;
+        Bisection between = {q, trials_.foot(q)};
+        halve(between, kMaxBisections);
+        return between.q;
     }
 
     // Area between the base side and the line, with the object's second end or another.
@@ -91,6 +78,10 @@ public:
     // Writes the last line, and what it cuts off, into the object.
     void show()
     {
+        if (bisection_open_ && probe_open_)
+            finish_bisection_before_line();
+        else if (bisection_open_)
+            finish_bisection();
         settle_probe();
         cut_.RettaMobile = {cut_.RettaBase.a, cut_.RettaBase.b, line_.c};
         cut_.DistLinea = trials_.distance(line_);
@@ -99,9 +90,74 @@ public:
     }
 
 private:
+    // The line lies between the parallels through two points.
+    struct Bisection {
+        PL_PNT2D_record q;
+        PL_PNT2D_record f;
+        int lines = 0;  // tried so far
+    };
+
+    // Halves the distance between the two until the line there cuts off the request. The bound on the wrong side
+    // moves to the chord's second end, as far from the base line as the midpoint was.
+    void halve(Bisection& between, int most_lines)
+    {
+        using Verdict = PartialPolygon::Verdict;
+        cut_.Trovato = false;
+        while (between.lines < most_lines && !cut_.Trovato) {
+            const PL_PNT2D_record& q = between.q;
+            const PL_PNT2D_record& f = between.f;
+            line_ = trials_.line_through({(q.x + f.x) * 0.5, (q.y + f.y) * 0.5});
+            cut_off();
+            bisection_open_ = false;
+            take_chord(piece_.single_points(), cut_.PuntoRis2);
+            const Verdict verdict = piece_.against(cut_.AreaRichiesta);
+            if (verdict == Verdict::kMeets) {
+                cut_.Trovato = true;
+            } else {
+                ++between.lines;
+                (verdict == Verdict::kBelow ? between.f : between.q) = cut_.PuntoRis2;
+            }
+        }
+    }
+
+    // A bisection that cannot succeed leaves only the chord of its last line. It is finished when that is seen.
+    void bisect_from(std::int32_t v)
+    {
+        Bisection between = {trials_.point(v), trials_.foot(trials_.point(v))};
+        halve(between, 1);
+        if (cut_.Trovato)
+            return;
+        if (piece_.single_points().size() >= kWholeChord && hopeless_.up_to(v)) {
+            open_ = between;
+            bisection_open_ = true;
+            return;
+        }
+        halve(between, kMaxBisections);
+        if (!cut_.Trovato)
+            hopeless_.note_futile(kMaxBisections, piece_.single_points().size());
+    }
+
+    void finish_bisection()
+    {
+        bisection_open_ = false;
+        halve(open_, kMaxBisections);
+    }
+
+    // As it would have been before the current line was laid.
+    void finish_bisection_before_line()
+    {
+        const TrialLine line = line_;
+        const bool probe_open = probe_open_;
+        probe_open_ = false;
+        finish_bisection();
+        line_ = line;
+        cut_parcel();
+        probe_open_ = probe_open;
+    }
+
     // Once round the parcel from the base side, keeping the vertices that are not beyond the line, and every
     // crossing.
-    void cut_off()
+    void cut_parcel()
     {
         piece_.clear(crossings_before_);
         piece_.append_vertices(0, 1);
@@ -119,10 +175,20 @@ private:
             if (!trials_.beyond(line_, at))
                 piece_.append_vertices(at, at);
         }
-        // A chord leaves nothing of those before it to be seen: one that needs no more than the crossings
-        // before.
-        if (probe_open_ && piece_.single_points().size() < kWholeChord)
-            take_probe(crossings_before_);
+    }
+
+    // Cuts the parcel by the line. A chord leaves nothing of those before it to be seen, unless the line meets
+    // fewer than two sides.
+    void cut_off()
+    {
+        cut_parcel();
+        if (piece_.single_points().size() < kWholeChord && (probe_open_ || bisection_open_)) {
+            const std::vector<PL_PNT2D_record> crossings_of_probe = crossings_before_;
+            if (bisection_open_)
+                finish_bisection_before_line();
+            if (probe_open_)
+                take_probe(crossings_of_probe);
+        }
         probe_open_ = false;
     }
 
@@ -160,7 +226,10 @@ private:
     CFrazArea& cut_;
     ParallelTrials trials_;
     PartialPolygon piece_;
+    HopelessLines hopeless_;
     TrialLine line_;                                 // the current one
+    Bisection open_ = {};                            // goes on from here,
+    bool bisection_open_ = false;                    // if it is finished at all
     bool probe_open_ = false;                        // its chord has not been taken
     std::vector<PL_PNT2D_record> crossings_before_;  // of the line before it
 };

@@ -25,7 +25,7 @@ constexpr double kClearProduct = 1e300;  // beyond, a product may have overflowe
 constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 
 // A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
-constexpr double kSeamSlope = 0.05;
+constexpr double kSeamSlope = 0.01;
 
 // The bearing of a point that clearly faces along the normal is within a third of a gon of the normal's. So a
 // bearing that is this near to the normal's agrees with all of them, and one that is that far from it agrees
@@ -36,10 +36,12 @@ constexpr double kDisagreesGon = 1.4;
 // Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the
 // origin.
 constexpr double kSizeBound = 8.0;  // of what a trial line is laid through: the parcel's size so many times
-constexpr double kOfVertex = 0x1p-45;    // constants against distances
-constexpr double kNearBase = 1.1e-4;     // more than the distance at which a facing is clear,
-constexpr double kOfNearBase = 0x1p-40;  // and than what a foot may be off for it
-constexpr double kGreatestSize = 1e90;   // beyond, products may overflow
+constexpr double kOfVertex = 0x1p-45;     // constants against distances
+constexpr double kNearBase = 1.1e-4;      // more than the distance at which a facing is clear,
+constexpr double kOfNearBase = 0x1p-40;   // and than what a foot may be off for it
+constexpr double kGreatestSize = 1e90;    // beyond, products may overflow
+constexpr double kOfCrossing = 0x1p-46;   // a crossing off its line, for a determinant of 1
+constexpr double kMostForBearings = 1e6;  // beyond, rounding may turn a step of 1e-7 by more than 0.6 gon
 
 SideIndex::Range numbers_between(double low, double high)
 {
@@ -83,16 +85,17 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
 void ParallelTrials::note_ranges() noexcept
 {
     const double coefficients = std::fabs(a_) + std::fabs(b_);
-    const Clearance clearance(points_, coefficients);
+    clearance_ = Clearance(points_, coefficients);
     const double base_off = std::fabs(base_.c) * inverse_bound(std::max(std::fabs(a_), std::fabs(b_)));
-    farthest_ = kSizeBound * (clearance.greatest() + base_off);
-    greatest_c_ = 4.0 * coefficients * clearance.greatest();
-    margin_ = greater_magnitude(clearance.of_most_sides(), kOfVertex * coefficients * farthest_);
+    farthest_ = kSizeBound * (clearance_.greatest() + base_off);
+    greatest_c_ = 4.0 * coefficients * clearance_.greatest();
+    vertex_margin_ = kOfVertex * coefficients * farthest_;
+    margin_ = greater_magnitude(clearance_.of_most_sides(), vertex_margin_);
     near_base_ = coefficients * (kNearBase + kOfNearBase * farthest_);
     tells_ = a_ == base_.a && b_ == base_.b && feet_.have_direction() && farthest_ < kGreatestSize;
 
     for (std::size_t at = 2; at < points_.size(); ++at) {
-        const double of_side = clearance.of_side(points_[at - 1], points_[at]);
+        const double of_side = clearance_.of_side(points_[at - 1], points_[at]);
         const double from = constants_[at - 1];
         const double to = constants_[at];
         const bool usual = magnitude_bits(of_side) <= magnitude_bits(margin_);
@@ -267,10 +270,59 @@ bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D
 {
     if (sides_near_.place(index(at), line.meets) != SideIndex::Place::kNear)
         return false;
+    return meets_within(side(at), point(at - 1), point(at), line.c, crossing);
+}
+
+const MeetsParallels& ParallelTrials::side(std::int32_t at) noexcept
+{
     Side& side = sides_[index(at)];
     if (!side.known)
         side = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_), true};
-    return meets_within(side.line, point(at - 1), point(at), line.c, crossing);
+    return side.line;
+}
+
+double ParallelTrials::crossing_off(std::int32_t at) noexcept
+{
+    const double size = (std::fabs(a_) + std::fabs(b_)) * clearance_.greatest();
+    return kOfCrossing * size * (size * side(at).inverse_determinant() + 1.0);
+}
+
+// A crossing moves one way as the constant grows. So what holds for both ends holds in between.
+bool ParallelTrials::all_meet_side(double low, double high, std::int32_t at,
+                                   PL_PNT2D_record& crossing) noexcept
+{
+    const MeetsParallels& met = side(at);
+    const PL_PNT2D_record& from = point(at - 1);
+    const PL_PNT2D_record& to = point(at);
+    return !met.may_be_one() && meets_within(met, from, to, low, crossing) &&
+           meets_within(met, from, to, high, crossing) &&
+           meets_within(met, from, to, (low + high) * 0.5, crossing);
+}
+
+TrialLine ParallelTrials::any_line_between(double low, double high, bool drops_below,
+                                           bool drops_above) const noexcept
+{
+    TrialLine line;
+    line.doubts = numbers_between(low - margin_, high + margin_);
+    line.drops_below = drops_below;
+    line.drops_above = drops_above;
+    return line;
+}
+
+// A bearing near the base line is that of its normal, or its smaller step counts as zero, or both: then it lies on
+// an axis.
+bool ParallelTrials::few_bearings() const noexcept
+{
+    if (!tells_ || !ways_settle_[1] || !ways_settle_[2] || !(farthest_ <= kMostForBearings))
+        return false;
+    for (const BaseOffset::Facing way :
+         {BaseOffset::Facing::kAlongNormal, BaseOffset::Facing::kAgainstNormal})
+        for (const double axis_gon : {0.0, 100.0, 200.0, 300.0}) {
+            const double apart = std::fabs(axis_gon - normal_gon(way));
+            if (!(apart <= kAgreesGon || apart >= kDisagreesGon))
+                return false;
+        }
+    return true;
 }
 
 bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept

@@ -3,12 +3,14 @@
 // A parcel as a line moving parallel to its base side meets it: internal, not installed; for subdivision/.
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "lines/parallels.h"
 #include "plcalc/kernel.h"
+#include "subdivision/clearance.h"
 #include "subdivision/side.h"
 #include "subdivision/side_index.h"
 #include "survey/offsets.h"
@@ -98,6 +100,49 @@ public:
     /// Direction from the base line to the trial line in gons.
     double bearing(TrialLine& line) noexcept;
 
+    /// A line that may be any with a constant from low to high. Vertices that lie on one side of all are dropped as
+    /// told; near the others it tells nothing.
+    TrialLine any_line_between(double low, double high, bool drops_below, bool drops_above) const noexcept;
+
+    /// Whether every line with a constant from low to high meets the side that ends at a position, and where the
+    /// one in the middle does.
+    bool all_meet_side(double low, double high, std::int32_t at, PL_PNT2D_record& crossing) noexcept;
+
+    /// Whether the bearing of any line near the base line agrees with all vertices on one side of it, or with none.
+    bool few_bearings() const noexcept;
+
+    /// Position of the closing point.
+    std::int32_t last() const noexcept { return last_; }
+
+    /// Constant of the parallel through a point.
+    double constant(std::int32_t at) const noexcept { return constants_[index(at)]; }
+    double base_constant() const noexcept { return base_.c; }
+
+    /// Length of the normal: a step across the lines changes the constant by so much for each unit.
+    double normal_length() const noexcept { return std::sqrt(a_ * a_ + b_ * b_); }
+
+    /// How far along the lines a point lies, times that length.
+    double along(const PL_PNT2D_record& p) const noexcept { return b_ * p.x - a_ * p.y; }
+
+    /// Greatest coordinate in magnitude.
+    double greatest() const noexcept { return clearance_.greatest(); }
+
+    /// A line whose constant is nearer to the base line's faces no clear way.
+    double near_base() const noexcept { return near_base_; }
+
+    /// A vertex lies on the side of a line that its constant says, when that differs from the line's by more.
+    double vertex_margin() const noexcept { return vertex_margin_; }
+
+    /// How much the constant of a line that meets the side that ends at a position may lie outside those of its two
+    /// ends.
+    double reach(std::int32_t at) const noexcept
+    {
+        return greater_magnitude(margin_, clearance_.of_side(point(at - 1), point(at)));
+    }
+
+    /// How much the constant through a crossing with that side may differ from that of the line.
+    double crossing_off(std::int32_t at) noexcept;
+
 private:
     // The side that ends at a position, once it has been asked for.
     struct Side {
@@ -107,6 +152,7 @@ private:
 
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
 
+    const MeetsParallels& side(std::int32_t at) noexcept;
     std::int32_t clear_until(const TrialLine& line, std::int32_t at, bool beyond) const noexcept;
     const BaseOffset& vertex_offset(std::int32_t at) noexcept;
     const BaseOffset& line_offset(TrialLine& line) noexcept;
@@ -132,6 +178,7 @@ private:
     std::int32_t last_;                // position of the closing point
     std::vector<PL_PNT2D_record> points_;
     std::vector<double> constants_;  // of the parallel through each point
+    Clearance clearance_;
     SideIndex sides_near_;
     std::vector<BaseOffset> offsets_;
     std::vector<Side> sides_;
@@ -139,8 +186,9 @@ private:
     bool tells_ = false;       // whether the constants show on which side of a line a vertex lies
     double farthest_ = 0.0;    // no trial line passes through a point with a greater coordinate
     double greatest_c_ = 0.0;  // nor has a greater constant
-    double margin_ = 0.0;      // a constant that is nearer to the line's decides nothing
-    double near_base_ = 0.0;   // a line whose constant is nearer to the base line's faces no clear way
+    double vertex_margin_ = 0.0;
+    double margin_ = 0.0;     // a constant that is nearer to the line's decides nothing
+    double near_base_ = 0.0;  // a line whose constant is nearer to the base line's faces no clear way
 };
 
 }  // namespace plcalc

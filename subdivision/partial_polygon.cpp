@@ -130,6 +130,16 @@ PartialPolygon::Verdict PartialPolygon::against(double requested) const noexcept
     return exact < requested ? Verdict::kBelow : Verdict::kNotBelow;
 }
 
+bool PartialPolygon::surely_apart_from(double requested, double doubt) const noexcept
+{
+    if (!(requested > kLeastRequest))
+        return false;
+    const Estimate now = estimate();
+    const double off = now.off + doubt;
+    return now.area - off > requested * (1.0 + kSurelyApart) ||
+           now.area + off < requested * (1.0 - kSurelyApart);
+}
+
 void PartialPolygon::write_to(std::vector<PL_PNT2D_record>& points) const
 {
     points.clear();

@@ -49,6 +49,9 @@ public:
     enum class Verdict : std::uint8_t { kMeets, kBelow, kNotBelow };
     Verdict against(double requested) const noexcept;
 
+    /// Whether an area that differs from this one by no more than `doubt` certainly does not meet the request.
+    bool surely_apart_from(double requested, double doubt) const noexcept;
+
     /// Writes the points in order.
     void write_to(std::vector<PL_PNT2D_record>& points) const;
 

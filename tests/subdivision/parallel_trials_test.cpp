@@ -212,13 +212,14 @@ TEST(ParallelTrials, BearingsOnBothSidesOfTheSeam)
 {
     std::mt19937_64 random = test::random_source();
     std::uniform_real_distribution<double> slope(-0.0015, 0.0005);
+    std::uniform_real_distribution<double> wider_slope(-0.012, 0.012);
     std::uniform_real_distribution<double> exponent(-4.1, 0.0);
     std::uniform_real_distribution<double> along(1.0, 99.0);
     std::uniform_real_distribution<double> size(-2.0, 2.0);
     std::uniform_int_distribution<int> digits(0, 6);
     for (int i = 0; i < 10000 && !HasFailure(); ++i) {
         const double far = std::pow(10.0, digits(random));
-        const double lean = slope(random);
+        const double lean = i % 3 == 0 ? wider_slope(random) : slope(random);
         const auto near_base = [&] {
             const double t = along(random);
             const double out = std::pow(10.0, exponent(random));
