@@ -133,9 +133,8 @@ private:
             return comes_before_(a.direction, b.direction);
         };
         // The second half turn against the line is the first one of the line.
-        const auto half = std::find_if(ahead.begin() + 1, ahead.end(), [&](const Event& e) {
-            return !comes_before_(e.direction, against);
-        });
+        const auto half = std::find_if(ahead.begin() + 1, ahead.end(),
+                                       [&](const Event& e) { return !comes_before_(e.direction, against); });
         std::rotate(behind.begin(), behind.begin() + (half - ahead.begin() - 1), behind.end());
         ahead.insert(half, {against, Event::Of::nothing, 0});
         std::vector<Event> events;
@@ -229,8 +228,7 @@ private:
         // Where both halves are of the same length.
         const Wide root_ahead = sqrt(ahead.alpha);
         const Wide root_behind = sqrt(behind.alpha);
-        const Wide t =
-            (root_behind - root_ahead) / (root_ahead * behind.beta - root_behind * ahead.beta);
+        const Wide t = (root_behind - root_ahead) / (root_ahead * behind.beta - root_behind * ahead.beta);
         if (!(t > 0.0 && t < 1.0))
             return;
         const Line extreme = line_at(t);

@@ -11,10 +11,10 @@
 namespace plparcel {
 
 struct PointRequest {
-    WidePoint point;            ///< inside the ring and on none of its sides, in the ring's own frame
-    WidePoint first;            ///< a direction; the lines come in their order clockwise from it
-    Wide on_right;              ///< area on the right of the line, local units
-    Wide granted;               ///< by how much a line may miss it, local units
+    WidePoint point;               ///< inside the ring and on none of its sides, in the ring's own frame
+    WidePoint first;               ///< a direction; the lines come in their order clockwise from it
+    Wide on_right;                 ///< area on the right of the line, local units
+    Wide granted;                  ///< by how much a line may miss it, local units
     bool request_on_right = true;  ///< the piece on the right is the one that should hold the request
 };
 

@@ -29,7 +29,7 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
 /// @param[in] place       next to the side, in the ring's own frame
 /// @param[in] after_from  area next to the rest of that side, with the place as a vertex between its ends
 /// @return the lines; their sides are those of the ring without that vertex
-std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::size_t side, const WidePoint& place,
-                                    const Wide& after_from, const Wide& granted);
+std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::size_t side,
+                                    const WidePoint& place, const Wide& after_from, const Wide& granted);
 
 }  // namespace plparcel

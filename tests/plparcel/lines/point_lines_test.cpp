@@ -152,7 +152,8 @@ TEST(PointLines, ThatMissByWhatIsGrantedComeLast)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
-        const std::vector<Chord> lines = through(kSquare, {1024, 1024}, row.on_right, {0, 1}, row.granted).lines;
+        const std::vector<Chord> lines =
+            through(kSquare, {1024, 1024}, row.on_right, {0, 1}, row.granted).lines;
         ASSERT_EQ(lines.size(), row.lines);
         for (const Chord& line : lines)
             EXPECT_EQ(line.beside_the_amount, row.on_right < least);
@@ -266,7 +267,8 @@ TEST(PointLines, AreAllThatManyDirectionsShow)
             ring = test::reversed(ring);
         const MeasuredRing measured(ring);
         const LocalRing local(measured);
-        const double wanted = measured.area().value() * std::uniform_real_distribution<double>(0.1, 0.9)(random);
+        const double wanted =
+            measured.area().value() * std::uniform_real_distribution<double>(0.1, 0.9)(random);
         PointRequest request = {};
         request.point = local.to_local(p);
         request.first = {0.0, 1.0};
@@ -276,8 +278,8 @@ TEST(PointLines, AreAllThatManyDirectionsShow)
         std::vector<long double> bearings;
         for (const Chord& line : lines) {
             const WidePoint run = line.to - line.from;
-            long double bearing = std::atan2(static_cast<long double>(run.x.value()),
-                                             static_cast<long double>(run.y.value()));
+            long double bearing =
+                std::atan2(static_cast<long double>(run.x.value()), static_cast<long double>(run.y.value()));
             bearing += bearing < 0 ? kTurn : 0;
             EXPECT_TRUE(bearings.empty() || bearings.back() <= bearing + 1e-12L) << kind.name;
             bearings.push_back(bearing);
@@ -289,10 +291,12 @@ TEST(PointLines, AreAllThatManyDirectionsShow)
             const bool same_sides = before.ahead == now.ahead && before.behind == now.behind;
             if (same_sides && (before.right < wanted) != (now.right < wanted)) {
                 ++found;
-                EXPECT_TRUE(std::any_of(bearings.begin(), bearings.end(), [k](long double bearing) {
-                    return bearing >= kTurn * (k - 1) / kDirections - 1e-9L &&
-                           bearing <= kTurn * k / kDirections + 1e-9L;
-                })) << kind.name << " direction " << k;
+                EXPECT_TRUE(std::any_of(bearings.begin(), bearings.end(),
+                                        [k](long double bearing) {
+                                            return bearing >= kTurn * (k - 1) / kDirections - 1e-9L &&
+                                                   bearing <= kTurn * k / kDirections + 1e-9L;
+                                        }))
+                    << kind.name << " direction " << k;
             }
             before = now;
         }
