@@ -8,11 +8,18 @@
 
 namespace plcalc {
 
+/// Twice the share below, which is half of this to the last bit.
+inline double twice_shoelace_share(const PL_PNT2D_record& before, const PL_PNT2D_record& p,
+                                   const PL_PNT2D_record& after) noexcept
+{
+    return (before.x - after.x) * p.y;
+}
+
 /// Share of a point in the signed area of its ring, between the points before and after it.
 inline double shoelace_share(const PL_PNT2D_record& before, const PL_PNT2D_record& p,
                              const PL_PNT2D_record& after) noexcept
 {
-    return ((before.x - after.x) * p.y) * 0.5;
+    return twice_shoelace_share(before, p, after) * 0.5;
 }
 
 /// Signed area of the closed ring of the first n points, positive anticlockwise; 0 for n = 0.

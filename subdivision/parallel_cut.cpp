@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -39,7 +40,9 @@ public:
         : cut_(cut),
           trials_(cut.VettPoligono, cut.VettIndici, cut.NumPunti, cut.RettaBase, moving.a, moving.b),
           piece_(trials_.points()), hopeless_(trials_, piece_, cut.AreaRichiesta)
-    {}
+    {
+        crossings_before_.reserve(PartialPolygon::kUsualSinglePoints);
+    }
 
     // Tries a line through each vertex in the ring's order, until one cuts off more than the request: the
     // wanted line lies between that vertex and the base side.
@@ -83,6 +86,7 @@ public:
         else if (bisection_open_)
             finish_bisection();
         settle_probe();
+        settle_midpoint();
         cut_.RettaMobile = {cut_.RettaBase.a, cut_.RettaBase.b, line_.c};
         cut_.DistLinea = trials_.distance(line_);
         cut_.AngLinea = trials_.bearing(line_);
@@ -192,11 +196,36 @@ private:
         probe_open_ = false;
     }
 
+    // Most lines meet two sides, and the midpoint of their chord is not seen: the next line has another.
     void take_chord(const std::vector<PL_PNT2D_record>& crossings, PL_PNT2D_record& r2)
     {
         cut_.NumIntersez = 0;
+        if (crossings.size() == kWholeChord) {
+            cut_.NumIntersez = static_cast<std::int32_t>(kWholeChord);
+            cut_.PuntoRis1 = crossings[0];
+            r2 = crossings[1];
+            chord_ = {crossings[0], crossings[1]};
+            midpoint_open_ = true;
+            return;
+        }
         for (const PL_PNT2D_record& crossing : crossings)
             cut_.TrovaLimitiSegmento(cut_.PuntoRis1, r2, crossing);
+        if (crossings.size() > kWholeChord)
+            midpoint_open_ = false;
+    }
+
+    void settle_midpoint()
+    {
+        if (!midpoint_open_)
+            return;
+        midpoint_open_ = false;
+        const std::int32_t crossings = cut_.NumIntersez;
+        cut_.NumIntersez = 0;
+        PL_PNT2D_record r1 = {};
+        PL_PNT2D_record r2 = {};
+        for (const PL_PNT2D_record& crossing : chord_)
+            cut_.TrovaLimitiSegmento(r1, r2, crossing);
+        cut_.NumIntersez = crossings;
     }
 
     // A line of the sweep is a probe: its second end is not that of the result. Its chord is taken later, if at
@@ -231,6 +260,8 @@ private:
     Bisection open_ = {};                            // goes on from here,
     bool bisection_open_ = false;                    // if it is finished at all
     bool probe_open_ = false;                        // its chord has not been taken
+    std::array<PL_PNT2D_record, 2> chord_ = {};      // the last one with two ends,
+    bool midpoint_open_ = false;                     // whose midpoint has not been taken
     std::vector<PL_PNT2D_record> crossings_before_;  // of the line before it
 };
 

@@ -68,14 +68,13 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
     : a_(a), b_(b), base_(base),
       feet_(base), ways_settle_{false, !near_seam(BaseOffset::Facing::kAlongNormal),
                                 !near_seam(BaseOffset::Facing::kAgainstNormal)},
-      last_(n), points_(index(std::max(n, 1)) + 1), constants_(points_.size()), sides_near_(points_.size()),
-      offsets_(points_.size()), sides_(points_.size())
+      last_(n), points_(index(std::max(n, 1)) + 1), positions_(points_.size()), sides_near_(points_.size())
 {
     if (n < 1)
         return;
     for (std::int32_t at = 0; at <= n; ++at) {
         points_[index(at)] = ring[index(order[index(at)])];
-        constants_[index(at)] = c_through(point(at));
+        positions_[index(at)].c = c_through(point(at));
     }
     note_ranges();
 }
@@ -96,8 +95,8 @@ void ParallelTrials::note_ranges() noexcept
 
     for (std::size_t at = 2; at < points_.size(); ++at) {
         const double of_side = clearance_.of_side(points_[at - 1], points_[at]);
-        const double from = constants_[at - 1];
-        const double to = constants_[at];
+        const double from = positions_[at - 1].c;
+        const double to = positions_[at].c;
         const bool usual = magnitude_bits(of_side) <= magnitude_bits(margin_);
         sides_near_.note(at, usual ? between(from, to) : around(from, to, of_side));
     }
@@ -152,7 +151,7 @@ BaseOffset ParallelTrials::offset_of(const PL_PNT2D_record& p) const noexcept
 
 const BaseOffset& ParallelTrials::vertex_offset(std::int32_t at) noexcept
 {
-    BaseOffset& offset = offsets_[index(at)];
+    BaseOffset& offset = positions_[index(at)].offset;
     if (!offset.known)
         offset = offset_of(point(at));
     return offset;
@@ -185,7 +184,7 @@ TrialLine ParallelTrials::line_through(const PL_PNT2D_record& p) noexcept
 TrialLine ParallelTrials::line_through_vertex(std::int32_t at) noexcept
 {
     TrialLine line;
-    line.c = constants_[index(at)];
+    line.c = positions_[index(at)].c;
     line.through = point(at);
     line.vertex = at;
     aim(line);
@@ -275,10 +274,12 @@ bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D
 
 const MeetsParallels& ParallelTrials::side(std::int32_t at) noexcept
 {
-    Side& side = sides_[index(at)];
-    if (!side.known)
-        side = {MeetsParallels(side_line(point(at - 1), point(at)), a_, b_), true};
-    return side.line;
+    Position& here = positions_[index(at)];
+    if (!here.side_known) {
+        here.side = MeetsParallels(side_line(point(at - 1), point(at)), a_, b_);
+        here.side_known = true;
+    }
+    return here.side;
 }
 
 double ParallelTrials::crossing_off(std::int32_t at) noexcept
@@ -327,7 +328,7 @@ bool ParallelTrials::few_bearings() const noexcept
 
 bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
 {
-    const std::int64_t c = ordered_bits(constants_[index(at)]);
+    const std::int64_t c = ordered_bits(positions_[index(at)].c);
     if (c < line.doubts.low)
         return line.drops_below;
     if (c > line.doubts.high)
@@ -337,7 +338,7 @@ bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
     if (at == line.vertex || !(vertex_offset(at).dist > line_offset(line).dist))
         return false;
     const BaseOffset::Facing way = line.offset.facing;
-    if (way != BaseOffset::Facing::kUnclear && offsets_[index(at)].facing == way &&
+    if (way != BaseOffset::Facing::kUnclear && positions_[index(at)].offset.facing == way &&
         ways_settle_[static_cast<std::size_t>(way)])
         return true;
     return bearings_agree(line, at);
@@ -345,7 +346,7 @@ bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
 
 bool ParallelTrials::bearings_agree(TrialLine& line, std::int32_t at) noexcept
 {
-    BaseOffset& offset = offsets_[index(at)];
+    BaseOffset& offset = positions_[index(at)].offset;
     const BaseOffset::Facing way = line.offset.facing;
     if (way != BaseOffset::Facing::kUnclear && offset.facing != BaseOffset::Facing::kUnclear &&
         offset.facing != way)

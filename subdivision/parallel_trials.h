@@ -115,7 +115,7 @@ public:
     std::int32_t last() const noexcept { return last_; }
 
     /// Constant of the parallel through a point.
-    double constant(std::int32_t at) const noexcept { return constants_[index(at)]; }
+    double constant(std::int32_t at) const noexcept { return positions_[index(at)].c; }
     double base_constant() const noexcept { return base_.c; }
 
     /// Length of the normal: a step across the lines changes the constant by so much for each unit.
@@ -144,10 +144,12 @@ public:
     double crossing_off(std::int32_t at) noexcept;
 
 private:
-    // The side that ends at a position, once it has been asked for.
-    struct Side {
-        MeetsParallels line;
-        bool known = false;
+    // What is kept of a vertex, and of the side that ends there.
+    struct Position {
+        double c = 0.0;     // constant of the parallel through the vertex
+        BaseOffset offset;  // once it has been asked for
+        MeetsParallels side;
+        bool side_known = false;  // once it has been asked for
     };
 
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
@@ -177,11 +179,9 @@ private:
     std::array<bool, 3> ways_settle_;  // for each facing, whether the bearings of such points agree
     std::int32_t last_;                // position of the closing point
     std::vector<PL_PNT2D_record> points_;
-    std::vector<double> constants_;  // of the parallel through each point
+    std::vector<Position> positions_;
     Clearance clearance_;
     SideIndex sides_near_;
-    std::vector<BaseOffset> offsets_;
-    std::vector<Side> sides_;
 
     bool tells_ = false;       // whether the constants show on which side of a line a vertex lies
     double farthest_ = 0.0;    // no trial line passes through a point with a greater coordinate

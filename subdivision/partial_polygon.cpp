@@ -17,18 +17,20 @@ constexpr double kOffPerAddition = 0x1p-52;
 // A little more than the relative 1e-6 that ends a search: an area that differs by more does not meet the
 // request, however the difference and its quotient are rounded.
 constexpr double kSurelyApart = 1.0001e-6;
-constexpr double kLeastRequest = 1e-300;  // below, a product with it loses digits
+constexpr double kLeastArea = 1e-300;    // below, a product with it, or half of it, loses digits
+constexpr double kGreatestArea = 1e300;  // beyond, twice it may be infinite
+constexpr std::uint64_t kBinade = std::uint64_t(1) << 52;  // what doubling adds to the bits
 
 }  // namespace
 
-PartialPolygon::PartialPolygon(const std::vector<PL_PNT2D_record>& ring)
-    : ring_(ring), shares_(ring.size()), sums_(ring.size())
+PartialPolygon::PartialPolygon(const std::vector<PL_PNT2D_record>& ring) : ring_(ring), shares_(ring.size())
 {
     runs_.reserve(ring.size());
+    singles_.reserve(kUsualSinglePoints);
     for (std::size_t at = 1; at + 1 < ring.size(); ++at) {
-        shares_[at] = shoelace_share(ring[at - 1], ring[at], ring[at + 1]);
-        sums_[at] = shares_[at] + sums_[at - 1];
-        greatest_sum_ = greater_magnitude(greatest_sum_, sums_[at]);
+        const double twice = twice_shoelace_share(ring[at - 1], ring[at], ring[at + 1]);
+        shares_[at] = {twice * 0.5, twice + shares_[at - 1].twice_sum};
+        greatest_sum_ = greater_magnitude(greatest_sum_, shares_[at].twice_sum);
     }
     two_sums_ = greatest_sum_ + greatest_sum_;
 }
@@ -59,10 +61,10 @@ void PartialPolygon::append_point(const PL_PNT2D_record& p)
     ++size_;
 }
 
-// Hands over the shares in the order in which the area adds them. The shares at the ends of a run, whose
-// neighbours need not be those of the ring, come one by one, those in between together.
-template <class Add, class AddBetween>
-void PartialPolygon::add_up(Add add, AddBetween add_between) const noexcept
+// Hands over the points, each between its two neighbours, in the order in which the area adds their shares. Those at
+// the ends of a run, whose neighbours need not be those of the ring, come one by one, those in between together.
+template <class AddPoint, class AddBetween>
+void PartialPolygon::add_up(AddPoint add_point, AddBetween add_between) const noexcept
 {
     for (std::size_t i = 0; i < runs_.size(); ++i) {
         const Run& run = runs_[i];
@@ -70,22 +72,26 @@ void PartialPolygon::add_up(Add add, AddBetween add_between) const noexcept
         const PL_PNT2D_record& after =
             point(i + 1 == runs_.size() ? runs_.front().first : runs_[i + 1].first);
         if (run.first == run.last) {
-            add(shoelace_share(before, point(run.first), after));
+            add_point(before, point(run.first), after);
             continue;
         }
-        add(shoelace_share(before, point(run.first), point(run.first + 1)));
-        add_between(run.first, run.last);
-        add(shoelace_share(point(run.last - 1), point(run.last), after));
+        add_point(before, point(run.first), point(run.first + 1));
+        if (run.first + 1 < run.last)
+            add_between(run.first, run.last);
+        add_point(point(run.last - 1), point(run.last), after);
     }
 }
 
 double PartialPolygon::area() const noexcept
 {
     double sum = 0.0;
-    const auto add = [&](double share_of_point) { sum = share_of_point + sum; };
-    add_up(add, [&](std::int32_t first, std::int32_t last) {
+    const auto add_point = [&](const PL_PNT2D_record& before, const PL_PNT2D_record& p,
+                               const PL_PNT2D_record& after) {
+        sum = shoelace_share(before, p, after) + sum;
+    };
+    add_up(add_point, [&](std::int32_t first, std::int32_t last) {
         for (std::int32_t at = first + 1; at < last; ++at)
-            add(share(at));
+            sum = share(at) + sum;
     });
     return std::fabs(sum);
 }
@@ -98,7 +104,11 @@ PartialPolygon::Estimate PartialPolygon::estimate() const noexcept
         sum += part;
         peak = greater_magnitude(peak, sum);
     };
-    add_up(add, [&](std::int32_t first, std::int32_t last) { add(sum_up_to(last - 1) - sum_up_to(first)); });
+    const auto add_point = [&](const PL_PNT2D_record& before, const PL_PNT2D_record& p,
+                               const PL_PNT2D_record& after) { add(twice_shoelace_share(before, p, after)); };
+    add_up(add_point, [&](std::int32_t first, std::int32_t last) {
+        add(twice_sum_up_to(last - 1) - twice_sum_up_to(first));
+    });
     const std::size_t additions = static_cast<std::size_t>(size_) + ring_.size() + 4 * runs_.size() + 8;
     return {std::fabs(sum), kOffPerAddition * static_cast<double>(additions) * (peak + two_sums_)};
 }
@@ -106,21 +116,25 @@ PartialPolygon::Estimate PartialPolygon::estimate() const noexcept
 bool PartialPolygon::exceeds(double requested) const noexcept
 {
     const Estimate now = estimate();
-    if (now.area - now.off > requested)
-        return true;
-    if (now.area + now.off <= requested)
-        return false;
+    if (magnitude_bits(now.twice_area) > magnitude_bits(kLeastArea) &&
+        ordered_bits(requested) < ordered_bits(kGreatestArea)) {
+        const double twice_requested = requested + requested;
+        if (now.twice_area - now.off > twice_requested)
+            return true;
+        if (now.twice_area + now.off <= twice_requested)
+            return false;
+    }
     return area() > requested;
 }
 
 PartialPolygon::Verdict PartialPolygon::against(double requested) const noexcept
 {
-    if (requested > kLeastRequest) {
+    if (ordered_bits(requested) > ordered_bits(kLeastArea)) {
         const Estimate now = estimate();
-        if (now.area > requested) {
-            if (now.area - now.off > requested * (1.0 + kSurelyApart))
+        if (magnitude_bits(now.twice_area) > magnitude_bits(requested) + kBinade) {
+            if (now.twice_area - now.off > requested * (2.0 * (1.0 + kSurelyApart)))
                 return Verdict::kNotBelow;
-        } else if (now.area + now.off < requested * (1.0 - kSurelyApart)) {
+        } else if (now.twice_area + now.off < requested * (2.0 * (1.0 - kSurelyApart))) {
             return Verdict::kBelow;
         }
     }
@@ -132,12 +146,12 @@ PartialPolygon::Verdict PartialPolygon::against(double requested) const noexcept
 
 bool PartialPolygon::surely_apart_from(double requested, double doubt) const noexcept
 {
-    if (!(requested > kLeastRequest))
+    if (!(requested > kLeastArea))
         return false;
     const Estimate now = estimate();
-    const double off = now.off + doubt;
-    return now.area - off > requested * (1.0 + kSurelyApart) ||
-           now.area + off < requested * (1.0 - kSurelyApart);
+    const double off = now.off + 2.0 * doubt;
+    return now.twice_area - off > requested * (2.0 * (1.0 + kSurelyApart)) ||
+           now.twice_area + off < requested * (2.0 * (1.0 - kSurelyApart));
 }
 
 void PartialPolygon::write_to(std::vector<PL_PNT2D_record>& points) const

@@ -29,6 +29,9 @@ public:
     /// The single points.
     const std::vector<PL_PNT2D_record>& single_points() const noexcept { return singles_; }
 
+    /// Room for as many single points as most lines need.
+    static constexpr std::size_t kUsualSinglePoints = 8;
+
     /// Empties the polygon and returns its single points.
     void clear(std::vector<PL_PNT2D_record>& single_points) noexcept
     {
@@ -61,9 +64,15 @@ private:
         std::int32_t first;
         std::int32_t last;
     };
-    // The area up to rounding, and a bound for its error; NaN when there is none.
+    // Of each point of the parcel between its two neighbours, not of the ends; and twice the sum up to there.
+    struct Share {
+        double own = 0.0;
+        double twice_sum = 0.0;
+    };
+    // Twice the area up to rounding, and a bound for its error; NaN when there is none. Twice, to save a
+    // multiplication for each point.
     struct Estimate {
-        double area;
+        double twice_area;
         double off;
     };
 
@@ -74,16 +83,19 @@ private:
         const std::int32_t single = ~at;
         return singles_[static_cast<std::size_t>(single)];
     }
-    double share(std::int32_t at) const noexcept { return shares_[static_cast<std::size_t>(at)]; }
-    double sum_up_to(std::int32_t at) const noexcept { return sums_[static_cast<std::size_t>(at)]; }
-    template <class Add, class AddBetween> void add_up(Add add, AddBetween add_between) const noexcept;
+    double share(std::int32_t at) const noexcept { return shares_[static_cast<std::size_t>(at)].own; }
+    double twice_sum_up_to(std::int32_t at) const noexcept
+    {
+        return shares_[static_cast<std::size_t>(at)].twice_sum;
+    }
+    template <class AddPoint, class AddBetween>
+    void add_up(AddPoint add_point, AddBetween add_between) const noexcept;
     Estimate estimate() const noexcept;
 
     const std::vector<PL_PNT2D_record>& ring_;
-    std::vector<double> shares_;  // of each point between its two neighbours in the ring; not of the ends
-    std::vector<double> sums_;    // of the shares up to each point
-    double greatest_sum_ = 0.0;   // in magnitude; NaN when one is no number
-    double two_sums_ = 0.0;       // twice that
+    std::vector<Share> shares_;
+    double greatest_sum_ = 0.0;  // of the twice_sum in magnitude; NaN when one is no number
+    double two_sums_ = 0.0;      // twice that
     std::vector<Run> runs_;
     std::vector<PL_PNT2D_record> singles_;
     std::int32_t size_ = 0;

@@ -37,23 +37,23 @@ SideIndex::SideIndex(std::size_t count) : width_(1)
 {
     while (width_ < count)
         width_ *= 2;
-    lows_.assign(2 * width_, INT64_MAX);
-    highs_.assign(2 * width_, INT64_MIN);
+    nodes_.assign(2 * width_, {INT64_MAX, INT64_MIN});
 }
 
 void SideIndex::build() noexcept
 {
     for (std::size_t i = width_ - 1; i > 0; --i) {
-        lows_[i] = std::min(lows_[2 * i], lows_[2 * i + 1]);
-        highs_[i] = std::max(highs_[2 * i], highs_[2 * i + 1]);
+        const Range& left = nodes_[2 * i];
+        const Range& right = nodes_[2 * i + 1];
+        nodes_[i] = {std::min(left.low, right.low), std::max(left.high, right.high)};
     }
 }
 
 std::size_t SideIndex::end_of(std::size_t at, Place place, const Range& asked) const noexcept
 {
     if (place == Place::kBelow)
-        return first_without(at, width_, [&](std::size_t i) { return highs_[i] < asked.low; });
-    return first_without(at, width_, [&](std::size_t i) { return lows_[i] > asked.high; });
+        return first_without(at, width_, [&](std::size_t i) { return nodes_[i].high < asked.low; });
+    return first_without(at, width_, [&](std::size_t i) { return nodes_[i].low > asked.high; });
 }
 
 }  // namespace plcalc

@@ -36,26 +36,18 @@ public:
     explicit SideIndex(std::size_t count);
 
     /// Notes the range of one position; build() when all are there.
-    void note(std::size_t at, const Range& range) noexcept
-    {
-        lows_[width_ + at] = range.low;
-        highs_[width_ + at] = range.high;
-    }
+    void note(std::size_t at, const Range& range) noexcept { nodes_[width_ + at] = range; }
     void build() noexcept;
 
-    Place place(std::size_t at, const Range& asked) const noexcept
-    {
-        return Range{lows_[width_ + at], highs_[width_ + at]}.from(asked);
-    }
+    Place place(std::size_t at, const Range& asked) const noexcept { return nodes_[width_ + at].from(asked); }
 
     /// The first position from `at` on that is at another place than this one, which is below or above; past the
     /// last one for none.
     std::size_t end_of(std::size_t at, Place place, const Range& asked) const noexcept;
 
 private:
-    std::size_t width_;                // positions, rounded up to a power of two
-    std::vector<std::int64_t> lows_;   // the two below i are at 2 i and 2 i + 1; positions from width_ on
-    std::vector<std::int64_t> highs_;  // likewise
+    std::size_t width_;         // positions, rounded up to a power of two
+    std::vector<Range> nodes_;  // the two below i are at 2 i and 2 i + 1; positions from width_ on
 };
 
 }  // namespace plcalc

@@ -101,7 +101,8 @@ void VertexTrials::lay_wedge(double start_gon, double width_gon) noexcept
     width_gon_ = width_gon;
     wedge_start_ = turn_of_gon(start_gon);
     const Turn width = turn_of_gon(width_gon);
-    const bool tells = within_turn(start_gon) && within_turn(width_gon) && width_gon < 399.0;
+    const bool tells =
+        within_turn(start_gon) && within_turn(width_gon) && ordered_bits(width_gon) < ordered_bits(399.0);
     surely_inside_ = tells && width > 2 * kOffTurn ? width - 2 * kOffTurn : 0;
     outside_from_ = width + kOffTurn;
     surely_outside_ = tells ? Turn(0) - width - 2 * kOffTurn : 0;
@@ -109,6 +110,9 @@ void VertexTrials::lay_wedge(double start_gon, double width_gon) noexcept
 
 bool VertexTrials::in_wedge_by_gons(double dir_gon) const noexcept
 {
+    // As a rule one point is seen just where the wedge starts, in every trial.
+    if (surely_inside_ > 0 && ordered_bits(dir_gon) == ordered_bits(start_gon_))
+        return true;
     const double from_start_gon = LimiteAng0_400(dir_gon - start_gon_);
     return from_start_gon >= kWedgeStartGon && from_start_gon <= width_gon_ * kWedgeWidening;
 }
