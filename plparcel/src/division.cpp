@@ -7,8 +7,9 @@
 #include <utility>
 
 #include "amounts.h"
-#include "boundary/local_ring.h"
+#include "boundary/locate.h"
 #include "boundary/ring_check.h"
+#include "line_start.h"
 #include "lines/direction.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
@@ -17,19 +18,30 @@ namespace plparcel {
 namespace {
 
 // What is left after a cut begins and ends with the line, so that the line is its last side.
-Stage after(const Stage& stage, MeasuredRing rest)
+Stage after(const Stage& stage, const PL_PNT2D_record& from, MeasuredRing rest)
 {
     Stage next;
     next.ring = std::move(rest);
     next.measured = Measured::from_reference;
     next.index = next.ring.size() - 1;
     next.ask_library = stage.ask_library;
-    if (stage.cut != Cut::through_vertex)
-        return next;  // parallel to the line before, whichever way that was found
-    next.cut = Cut::through_vertex;
-    next.measured = stage.measured;
-    // The rest was walked from the line's far end when it lies before the vertex, otherwise from the vertex.
-    next.index = stage.measured == Measured::from_reference ? next.ring.size() - 1 : 0;
+    const bool from_is_last = same_place(next.ring[next.index], from);
+    switch (stage.cut) {
+    case Cut::through_point:
+        // The next line starts at the point, and its piece lies at the half of this line that runs to its end.
+        next.cut = Cut::through_place;
+        next.measured = from_is_last ? Measured::from_reference : Measured::opposite;
+        next.point = foot_on_side(next.ring, next.index, stage.point);
+        break;
+    case Cut::through_vertex:
+    case Cut::through_place:
+        next.cut = Cut::through_vertex;
+        next.measured = stage.measured;
+        next.index = from_is_last ? next.index : 0;
+        break;
+    default:
+        break;  // parallel to the line before, whichever way that was found
+    }
     return next;
 }
 
@@ -89,7 +101,7 @@ void cut_all(Stage stage, const Reference& reference, const Shares& shares, cons
         division.lines.push_back(attempt.line);
         division.pieces.push_back(piece_of(std::move(attempt.cutting.request), attempt.asked));
         left = left - attempt.asked;
-        stage = after(stage, std::move(attempt.cutting.rest));
+        stage = after(stage, division.lines.back().from, std::move(attempt.cutting.rest));
     }
     division.pieces.push_back(piece_of(std::move(stage.ring), shares.widths.empty() ? areas.back() : left));
 }
@@ -105,42 +117,8 @@ MeasuredRing begun_at(Ring ring, std::size_t start)
 bool is_known(const Request& request)
 {
     const Cut cut = request.line.cut;
-    const bool known =
-        cut == Cut::parallel || cut == Cut::perpendicular || cut == Cut::through_vertex || is_free(cut);
+    const bool known = cut == Cut::parallel || cut == Cut::perpendicular || is_free(cut) || has_start(cut);
     return known && (request.measured == Measured::from_reference || request.measured == Measured::opposite);
-}
-
-// The first from the West, and of these from the South: the same wherever the ring begins.
-std::size_t westmost(const Ring& ring)
-{
-    const auto comes_before = [](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
-        return a.x < b.x || (a.x == b.x && a.y < b.y);
-    };
-    return static_cast<std::size_t>(std::min_element(ring.begin(), ring.end(), comes_before) - ring.begin());
-}
-
-bool has_direction(const Line& line)
-{
-    if (line.cut == Cut::at_bearing)
-        return std::isfinite(line.bearing);
-    const double dx = std::fabs(line.b.x - line.a.x);
-    const double dy = std::fabs(line.b.y - line.a.y);
-    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
-}
-
-// At which vertex of the ring without repeats the work begins, or why there is none.
-std::optional<Status> find_start(const CleanRing& clean, const Line& line, std::size_t& start)
-{
-    if (is_free(line.cut)) {
-        start = westmost(clean.ring.ring());
-        return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
-    }
-    if (line.index >= clean.place.size())
-        return Status::no_such_index;
-    start = clean.place[line.index];
-    if (line.cut != Cut::through_vertex && around(clean.place, line.index + 1) == start)
-        return Status::side_without_length;
-    return std::nullopt;
 }
 
 Reference reference_of(const Line& line, const MeasuredRing& begun)
@@ -172,16 +150,16 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::unknown_request;
         return division;
     }
-    std::size_t start = 0;
-    if (const std::optional<Status> refusal = find_start(clean, request.line, start)) {
-        division.status = *refusal;
+    const LineStart start = start_of(clean, request);
+    if (start.refusal) {
+        division.status = *start.refusal;
         return division;
     }
-    if (request.line.cut == Cut::through_vertex && has_width(request.amounts)) {
+    if (has_start(request.line.cut) && has_width(request.amounts)) {
         division.status = Status::no_width;
         return division;
     }
-    MeasuredRing measured = begun_at(clean.ring.take_ring(), start);
+    MeasuredRing measured = begun_at(clean.ring.take_ring(), start.vertex);
     const Wide parcel = measured.area();
     const Shares shares = share_out(request.amounts, parcel);
     if (shares.refusal) {
@@ -191,9 +169,16 @@ Division divide(const Ring& ring, const Request& request)
     }
 
     const Reference reference = reference_of(request.line, measured);
-    const bool ask_library = request.ask_library && !is_free(request.line.cut);
-    cut_all({std::move(measured), request.line.cut, 0, request.measured, ask_library}, reference, shares,
-            parcel, division);
+    Stage stage;
+    stage.ring = std::move(measured);
+    stage.cut = start.cut;
+    stage.measured = start.measured;
+    stage.ask_library = request.ask_library && is_of_the_library(start.cut);
+    stage.point = start.point;
+    stage.point_stays = start.point_stays;
+    if (start.cut == Cut::through_point)
+        stage.first = direction_of(request.line.bearing);
+    cut_all(std::move(stage), reference, shares, parcel, division);
     return division;
 }
 
@@ -232,7 +217,11 @@ const char* describe(Status status) noexcept
     case Status::no_direction:
         return "the bearing or the segment gives the line no direction";
     case Status::no_width:
-        return "a line through a vertex cuts off no width";
+        return "a line through a vertex, a place or a point cuts off no width";
+    case Status::no_such_place:
+        return "the place does not lie on that side";
+    case Status::point_outside:
+        return "the point lies outside the parcel";
     case Status::no_amount:
         return "no amount is given";
     case Status::unusable_amount:
@@ -243,6 +232,8 @@ const char* describe(Status status) noexcept
         return "the amount is not below what there is to cut";
     case Status::base_reaches_behind:
         return "the part of the parcel behind the base side alone is more than the amount";
+    case Status::no_line_through_point:
+        return "no straight line through the point cuts that amount off";
     case Status::line_leaves_parcel:
         return "every line that holds the amount makes more than two pieces";
     case Status::not_reached:

@@ -43,4 +43,22 @@ Line along_segment(const PL_PNT2D_record& a, const PL_PNT2D_record& b) noexcept
     return line;
 }
 
+Line through_place(std::size_t side, double along) noexcept
+{
+    Line line;
+    line.cut = Cut::through_place;
+    line.index = side;
+    line.along = along;
+    return line;
+}
+
+Line through_point(const PL_PNT2D_record& point, double bearing) noexcept
+{
+    Line line;
+    line.cut = Cut::through_point;
+    line.a = point;
+    line.bearing = bearing;
+    return line;
+}
+
 }  // namespace plparcel

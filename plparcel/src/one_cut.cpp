@@ -8,6 +8,7 @@
 #include "boundary/local_ring.h"
 #include "lines/level_cut.h"
 #include "lines/library_search.h"
+#include "lines/point_lines.h"
 #include "lines/vertex_lines.h"
 #include "numbers/wide.h"
 
@@ -105,8 +106,7 @@ public:
         PL_LINE_2D_record found = {};
         if (stage_.ask_library)
             ask_library(attempt.bare, found);
-        const std::vector<Chord> lines =
-            stage_.cut == Cut::through_vertex ? lines_from_the_vertex() : lines_of_levels(attempt.status);
+        const std::vector<Chord> lines = all_lines(attempt.status);
         for (const Chord& line : lines) {
             if (!passes(line, target_, attempt))
                 continue;
@@ -136,6 +136,19 @@ public:
     }
 
 private:
+    std::vector<Chord> all_lines(Status& otherwise) const
+    {
+        switch (stage_.cut) {
+        case Cut::through_vertex:
+        case Cut::through_place:
+            return lines_from_the_boundary();
+        case Cut::through_point:
+            return lines_through_the_point(otherwise);
+        default:
+            return lines_of_levels(otherwise);
+        }
+    }
+
     // Judges a line. `attempt` becomes divided, or too coarse for it, or stays what it was.
     bool passes(const Chord& line, const Target& target, Attempt& attempt) const
     {
@@ -205,13 +218,35 @@ private:
         return levels.all_lines();
     }
 
-    std::vector<Chord> lines_from_the_vertex() const
+    std::vector<Chord> lines_from_the_boundary() const
     {
         const bool after = stage_.measured == Measured::from_reference;
-        std::vector<Chord> lines = lines_from_vertex(local_, turn_, stage_.index, after ? request_ : rest_,
-                                                     local_.area_to_local(target_.granted()));
-        for (Chord& line : lines)
+        const bool at_vertex = stage_.cut == Cut::through_vertex;
+        const Wide& after_from = after ? request_ : rest_;
+        const Wide granted = local_.area_to_local(target_.granted());
+        std::vector<Chord> lines = at_vertex
+                                       ? lines_from_vertex(local_, turn_, stage_.index, after_from, granted)
+                                       : lines_from_place(local_, turn_, stage_.index,
+                                                          local_.to_local(stage_.point), after_from, granted);
+        for (Chord& line : lines) {
             line.request_after_from = after;
+            line.from_stays = at_vertex || stage_.point_stays;
+        }
+        return lines;
+    }
+
+    // `otherwise` becomes the reason when there are none.
+    std::vector<Chord> lines_through_the_point(Status& otherwise) const
+    {
+        PointRequest request = {};
+        request.point = local_.to_local(stage_.point);
+        request.first = stage_.first;
+        request.request_on_right = stage_.measured == Measured::from_reference;
+        request.on_right = request.request_on_right ? request_ : rest_;
+        request.granted = local_.area_to_local(target_.granted());
+        std::vector<Chord> lines = lines_through_point(local_, turn_, request).lines;
+        if (lines.empty())
+            otherwise = Status::no_line_through_point;
         return lines;
     }
 

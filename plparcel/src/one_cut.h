@@ -14,13 +14,16 @@ namespace plparcel {
 struct Stage {
     MeasuredRing ring;
     Cut cut = Cut::parallel;
-    std::size_t index = 0;  ///< side or vertex of `ring`
+    std::size_t index = 0;  ///< side or vertex of `ring`; without effect through a point
     Measured measured = Measured::from_reference;
     bool ask_library = false;
+    PL_PNT2D_record point = {};  ///< through_place: on side `index`; through_point: inside
+    bool point_stays = false;    ///< through_place: the line starts there to the last bit
+    WidePoint first = {};        ///< through_point: the direction from which lines are counted, clockwise
 };
 
 /// Where all lines of a series take their direction from: a side of the whole parcel, a bearing or a segment. Without
-/// effect through a vertex.
+/// effect through a vertex, a place or a point.
 struct Reference {
     Cut cut;
     PL_PNT2D_record a;  ///< the first end of the side; without effect for a bearing or a segment
@@ -31,6 +34,18 @@ struct Reference {
 inline bool is_free(Cut cut)
 {
     return cut == Cut::at_bearing || cut == Cut::along_segment;
+}
+
+/// Whether lines have no direction but a start, or a point on their way.
+inline bool has_start(Cut cut)
+{
+    return cut == Cut::through_vertex || cut == Cut::through_place || cut == Cut::through_point;
+}
+
+/// Whether CFrazArea knows lines of that kind.
+inline bool is_of_the_library(Cut cut)
+{
+    return cut == Cut::parallel || cut == Cut::perpendicular || cut == Cut::through_vertex;
 }
 
 /// One cut, made or not.

@@ -33,6 +33,11 @@ Point operator-(const Point& a, const Point& b)
     return {a.x - b.x, a.y - b.y};
 }
 
+Point operator+(const Point& a, const Point& b)
+{
+    return {a.x + b.x, a.y + b.y};
+}
+
 Point at_part(const Point& a, const Point& b, const Number& part)
 {
     return {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
@@ -388,6 +393,131 @@ void collect_rays(const Case& c, bool& holds_exactly, std::vector<Line>& lines)
     }
 }
 
+// Lines through a point inside, in all directions. Between two that meet vertices the line ends on the same two sides,
+// and the area turns back at most once, where both halves are of the same length.
+class ChordsThrough {
+public:
+    ChordsThrough(const Case& c, const Point& p) : c_(c), p_(p) {}
+
+    void collect(const Number& wanted_after, bool& holds_exactly, std::vector<Line>& lines)
+    {
+        wanted_ = wanted_after;
+        holds_exactly_ = &holds_exactly;
+        lines_ = &lines;
+        const std::vector<Point> directions = all_directions();
+        const std::size_t n = directions.size();
+        std::vector<Line> between;
+        for (std::size_t k = 0; k < n; ++k)
+            between.push_back(sides_between(directions[k], directions[(k + 1) % n]));
+        for (std::size_t k = 0; k < n; ++k) {
+            const Line& before = between[(k + n - 1) % n];
+            for (const std::size_t behind : {before.from_side, between[k].from_side})
+                for (const std::size_t ahead : {before.to_side, between[k].to_side})
+                    border(line_in(directions[k], behind, ahead));
+            inside(between[k], directions[k], directions[(k + 1) % n]);
+        }
+    }
+
+private:
+    std::vector<Point> all_directions() const
+    {
+        std::vector<Point> directions;
+        for (const Point& v : c_.ring) {
+            directions.push_back(v - p_);
+            directions.push_back(p_ - v);
+        }
+        const Around before = {{1, 0}, 1};
+        std::sort(directions.begin(), directions.end(), before);
+        const auto same_direction = [&before](const Point& a, const Point& b) { return !before(a, b); };
+        directions.erase(std::unique(directions.begin(), directions.end(), same_direction), directions.end());
+        return directions;
+    }
+
+    Line sides_between(const Point& right, const Point& left) const
+    {
+        const Point d = {right.x + left.x, right.y + left.y};
+        Line line;
+        Number ahead = 0;
+        Number behind = 0;
+        for (std::size_t side = 0; side < c_.ring.size(); ++side) {
+            const Point a = c_.ring[side] - p_;
+            const Point b = vertex(c_.ring, side + 1) - p_;
+            const Number off_a = cross(d, a);
+            const Number off_b = cross(d, b);
+            if (sgn(off_a) * sgn(off_b) >= 0)
+                continue;
+            const Number way = dot(at_part(a, b, off_a / (off_a - off_b)), d);
+            if (sgn(way) > 0 && (sgn(ahead) == 0 || way < ahead)) {
+                ahead = way;
+                line.to_side = side;
+            }
+            if (sgn(way) < 0 && (sgn(behind) == 0 || way > behind)) {
+                behind = way;
+                line.from_side = side;
+            }
+        }
+        return line;
+    }
+
+    Point hit(const Point& d, std::size_t side) const
+    {
+        const Point& a = c_.ring[side];
+        const Point& b = vertex(c_.ring, side + 1);
+        const Number off_a = cross(d, a - p_);
+        return at_part(a, b, off_a / (off_a - cross(d, b - p_)));
+    }
+
+    Line line_in(const Point& d, std::size_t behind, std::size_t ahead) const
+    {
+        return {hit(d, behind), hit(d, ahead), behind, ahead};
+    }
+
+    void border(const Line& line)
+    {
+        if (abs(area_after(c_, line) - wanted_) <= c_.tolerance())
+            lines_->push_back(line);
+    }
+
+    void inside(const Line& sides, const Point& right, const Point& left)
+    {
+        const auto line_at = [&](const Number& t) {
+            return line_in(at_part(right, left, t), sides.from_side, sides.to_side);
+        };
+        // Lengths in those of the direction: quotients of which only the denominators depend on t.
+        const auto denominator = [&](const Number& t, std::size_t side) {
+            const Point along = vertex(c_.ring, side + 1) - c_.ring[side];
+            return Number(cross(at_part(right, left, t), along) / cross(c_.ring[side] - p_, along));
+        };
+        const Number at_right = denominator(0, sides.to_side) + denominator(0, sides.from_side);
+        const Number at_left = denominator(1, sides.to_side) + denominator(1, sides.from_side);
+        std::vector<Number> parts = {0};
+        if (sgn(at_right) * sgn(at_left) < 0) {
+            parts.push_back(at_right / (at_right - at_left));
+            border(line_at(parts.back()));
+        }
+        parts.push_back(1);
+        for (std::size_t k = 0; k + 1 < parts.size(); ++k) {
+            Number low = parts[k];
+            Number high = parts[k + 1];
+            const bool below_first = area_after(c_, line_at(low)) < wanted_;
+            if (below_first == (area_after(c_, line_at(high)) < wanted_))
+                continue;
+            for (int bit = 0; bit < 110; ++bit) {
+                const Number middle = (low + high) / 2;
+                ((area_after(c_, line_at(middle)) < wanted_) == below_first ? low : high) = middle;
+            }
+            *holds_exactly_ = true;
+            lines_->push_back(line_at(low));
+        }
+    }
+
+    const Case& c_;
+    Point p_;
+    Number wanted_;
+    bool* holds_exactly_ = nullptr;
+    std::vector<Line>* lines_ = nullptr;
+};
+
 Number largest_of(const Point& d)
 {
     const Number x = abs(d.x);
@@ -530,20 +660,156 @@ bool doubles_hold(const Case& c, const Line& line)
     return false;
 }
 
+// Where the line of a request starts, or what it goes through.
+struct Start {
+    enum class Where { vertex, side, inside, outside };
+
+    Where where = Where::outside;
+    std::size_t index = 0;  // the vertex or the side
+    Point p;
+};
+
+bool is_inside(const Case& c, const Point& p)
+{
+    bool inside = false;
+    for (std::size_t i = 0; i < c.ring.size(); ++i) {
+        const Point& a = c.ring[i];
+        const Point& b = vertex(c.ring, i + 1);
+        if ((a.y > p.y) != (b.y > p.y) && (sgn(cross(b - a, p - a)) > 0) == (b.y > a.y))
+            inside = !inside;
+    }
+    return inside;
+}
+
+Number distance2(const Point& a, const Point& b, const Point& p)
+{
+    const Point d = b - a;
+    const Number along = dot(d, p - a);
+    const Number length2 = dot(d, d);
+    if (sgn(along) < 0)
+        return dot(p - a, p - a);
+    if (along > length2)
+        return dot(p - b, p - b);
+    return cross(d, p - a) * cross(d, p - a) / length2;
+}
+
+// The place on a side, rounded to doubles.
+Point place_of(const Case& c)
+{
+    const Point& a = vertex(c.ring, c.request.line.index);
+    const Point d = vertex(c.ring, c.request.line.index + 1) - a;
+    constexpr int kBits = 256;
+    const mpf_class length = sqrt(mpf_class(dot(d, d), kBits));
+    const Point p = at_part(a, a + d, Number(c.request.line.along) / Number(length));
+    const auto nearest = [](const Number& v) {
+        double best = v.get_d();  // towards zero
+        for (const double other : {std::nextafter(best, HUGE_VAL), std::nextafter(best, -HUGE_VAL)})
+            if (abs(Number(other) - v) < abs(Number(best) - v))
+                best = other;
+        return Number(best);
+    };
+    return {nearest(p.x), nearest(p.y)};
+}
+
+// Within four spacings of a vertex on each axis; on a side, within two and a half of it.
+Start start_of(const Case& c)
+{
+    const bool by_side = c.request.line.cut == Cut::through_place;
+    Start start;
+    start.p = by_side ? place_of(c) : exact(c.request.line.a);
+    Number least = -1;
+    for (std::size_t i = 0; i < c.ring.size(); ++i) {
+        const Point w = start.p - c.ring[i];
+        if (largest_of(w) <= 4 * c.spacing && (sgn(least) < 0 || dot(w, w) < least)) {
+            least = dot(w, w);
+            start.where = Start::Where::vertex;
+            start.index = i;
+        }
+    }
+    if (start.where == Start::Where::vertex)
+        return start;
+    if (by_side) {
+        start.where = Start::Where::side;
+        start.index = c.request.line.index;
+        return start;
+    }
+    for (std::size_t i = 0; i < c.ring.size(); ++i) {
+        const Number off2 = distance2(c.ring[i], vertex(c.ring, i + 1), start.p);
+        if (off2 <= c.spacing * c.spacing * Number(6.25) && (sgn(least) < 0 || off2 < least)) {
+            least = off2;
+            start.where = Start::Where::side;
+            start.index = i;
+        }
+    }
+    if (start.where != Start::Where::side && is_inside(c, start.p))
+        start.where = Start::Where::inside;
+    return start;
+}
+
+bool starts_at_a_point(const Case& c)
+{
+    return c.request.line.cut == Cut::through_place || c.request.line.cut == Cut::through_point;
+}
+
+// The same request from a vertex: of the ring, or put in where the line starts.
+Case from_vertex(const Case& c, const Start& start)
+{
+    Case same = c;
+    same.request.line.cut = Cut::through_vertex;
+    same.request.line.index = start.index;
+    if (start.where == Start::Where::side) {
+        same.request.line.index = start.index + 1;
+        same.ring.insert(same.ring.begin() + static_cast<std::ptrdiff_t>(start.index) + 1, start.p);
+    }
+    // On the right of a line into the parcel lies what comes next in an anticlockwise ring.
+    if (c.request.line.cut == Cut::through_point && !c.anticlockwise)
+        same.request.measured =
+            c.request.measured == Measured::opposite ? Measured::from_reference : Measured::opposite;
+    return same;
+}
+
+std::string objection_to_refusal(const Case& c, Status status);
+
+std::string objection_to_refused_point(const Case& c, Status status)
+{
+    if (status == Status::no_such_place)
+        return "the place is on the side";
+    const Start start = start_of(c);
+    if (status == Status::point_outside)
+        return start.where == Start::Where::outside ? "" : "the point is not outside";
+    if (start.where == Start::Where::outside)
+        return "the point is outside";
+    return start.where == Start::Where::inside ? "inside"
+                                               : objection_to_refusal(from_vertex(c, start), status);
+}
+
 std::string objection_to_refusal(const Case& c, Status status)
 {
+    if (status == Status::point_outside || status == Status::no_such_place)
+        return objection_to_refused_point(c, status);
     if (status == Status::amount_too_large)
         return c.asked * (1 + Number(0x1p-52)) >= c.parcel ? "" : "there is more than that to cut";
     if (status == Status::amount_too_small)
         return sgn(c.asked) <= 0 ? "" : "the amount is above zero";
     if (c.asked >= c.parcel)
         return "the amount is no less than the parcel";
+    if (starts_at_a_point(c)) {
+        const std::string objection = objection_to_refused_point(c, status);
+        if (objection != "inside")
+            return objection;
+    }
     bool holds_exactly = false;
     std::vector<Line> lines;
     if (c.request.line.cut == Cut::through_vertex)
         collect_rays(c, holds_exactly, lines);
+    else if (c.request.line.cut == Cut::through_point)
+        ChordsThrough(c, exact(c.request.line.a))
+            .collect(c.anticlockwise == (c.request.measured == Measured::from_reference) ? c.asked : c.rest(),
+                     holds_exactly, lines);
     else
         collect_levels(c, holds_exactly, lines);
+    if (status == Status::no_line_through_point && holds_exactly)
+        return "a line through the point holds it";
     const bool too_coarse = status == Status::not_reached;
     for (const Line& line : lines) {
         if (!lies_clear(c, line) || (too_coarse && !doubles_hold(c, line)))
@@ -614,9 +880,42 @@ bool has_side(const Polygon& piece, const Point& a, const Point& b)
     return false;
 }
 
+// The same for a line through a point or from a place.
+bool lies_on_the_right(const Case& c, const Polygon& piece, const Point& from, const Point& to)
+{
+    const bool right = c.anticlockwise ? has_side(piece, to, from) : has_side(piece, from, to);
+    return right == (c.request.measured == Measured::from_reference);
+}
+
+bool passes_the_start(const Case& c, const Point& from, const Point& to)
+{
+    const Start start = start_of(c);
+    if (start.where == Start::Where::vertex)
+        return same(from, c.ring[start.index]);
+    if (start.where == Start::Where::side && c.request.line.cut == Cut::through_point)
+        return same(from, start.p);
+    const Point w = start.p - from;
+    if (start.where == Start::Where::side)
+        return largest_of(w) <= 3 * c.spacing;
+    const Point run = to - from;
+    const Number off = cross(run, w);
+    return start.where == Start::Where::inside && sgn(dot(run, w)) > 0 && dot(run, w) < dot(run, run) &&
+           off * off <= 36 * c.spacing * c.spacing * dot(run, run);
+}
+
 // Whether the piece that should hold the request lies where it was asked to.
 bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, const Point& to)
 {
+    if (c.request.line.cut == Cut::through_point)
+        return lies_on_the_right(c, piece, from, to);
+    if (c.request.line.cut == Cut::through_place) {
+        // What is next to the rest of the side follows its end.
+        Case directed = c;
+        if (!c.anticlockwise)
+            directed.request.measured =
+                c.request.measured == Measured::opposite ? Measured::from_reference : Measured::opposite;
+        return lies_on_the_right(directed, piece, from, to);
+    }
     const Point& a = vertex(c.ring, c.request.line.index);
     const Point& b = vertex(c.ring, c.request.line.index + 1);
     const bool near = c.request.measured == Measured::from_reference;
@@ -648,6 +947,8 @@ bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, co
 
 bool runs_as_asked(const Case& c, const Point& from, const Point& to)
 {
+    if (starts_at_a_point(c))
+        return passes_the_start(c, from, to);
     const Point& a = vertex(c.ring, c.request.line.index);
     if (c.request.line.cut == Cut::through_vertex)
         return same(from, a);

@@ -20,6 +20,7 @@ namespace {
 
 using plparcel::Cut;
 using plparcel::Division;
+using plparcel::Line;
 using plparcel::Measured;
 using plparcel::Request;
 using plparcel::Ring;
@@ -103,15 +104,56 @@ double any_bearing(std::mt19937_64& random)
                                  : between(random, -400.0, 800.0);
 }
 
-Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
+// Lines that have a direction, and those from a vertex.
+Line any_line(std::mt19937_64& random, const Ring& ring)
+{
+    Line line;
+    line.cut = static_cast<Cut>(below(random, 5));
+    line.index = below(random, ring.size());
+    line.bearing = any_bearing(random);
+    line.a = ring[below(random, ring.size())];
+    line.b = {line.a.x + between(random, -9.0, 9.0), line.a.y + between(random, -9.0, 9.0)};
+    return line;
+}
+
+Line any_place(std::mt19937_64& random, const Ring& ring)
+{
+    const std::size_t side = below(random, ring.size());
+    const PL_PNT2D_record& a = ring[side];
+    const PL_PNT2D_record& b = ring[(side + 1) % ring.size()];
+    const double part =
+        below(random, 4) == 0 ? static_cast<double>(below(random, 5)) / 4.0 : between(random, 0.0, 1.0);
+    if (below(random, 2) == 0)
+        return plparcel::through_place(side, std::hypot(b.x - a.x, b.y - a.y) * part);
+    return plparcel::through_point({a.x + part * (b.x - a.x), a.y + part * (b.y - a.y)},
+                                   between(random, 0.0, 400.0));
+}
+
+// Inside, now and then outside, in line with sides, in the middle of two vertices.
+Line any_point(std::mt19937_64& random, const Ring& ring)
+{
+    const PL_PNT2D_record& a = ring[below(random, ring.size())];
+    const PL_PNT2D_record& b = ring[below(random, ring.size())];
+    const PL_PNT2D_record& d = ring[below(random, ring.size())];
+    const double bearing = below(random, 2) == 0 ? 0.0 : between(random, 0.0, 400.0);
+    switch (below(random, 4)) {
+    case 0:
+        return plparcel::through_point({0.5 * a.x + 0.5 * b.x, 0.5 * a.y + 0.5 * b.y}, bearing);
+    case 1:
+        return plparcel::through_point({a.x, d.y}, bearing);
+    default: {
+        const double u = between(random, 0.0, 1.0);
+        const double v = between(random, 0.0, 1.0 - u);
+        return plparcel::through_point(
+            {a.x + u * (b.x - a.x) + v * (d.x - a.x), a.y + u * (b.y - a.y) + v * (d.y - a.y)}, bearing);
+    }
+    }
+}
+
+Request any_request(std::mt19937_64& random, const Line& line, double parcel)
 {
     Request request;
-    request.line.cut = static_cast<Cut>(below(random, 5));
-    request.line.index = below(random, ring.size());
-    request.line.bearing = any_bearing(random);
-    request.line.a = ring[below(random, ring.size())];
-    request.line.b = {request.line.a.x + between(random, -9.0, 9.0),
-                      request.line.a.y + between(random, -9.0, 9.0)};
+    request.line = line;
     request.measured = static_cast<Measured>(below(random, 2));
     if (below(random, 2) == 0) {
         request.amounts = {plparcel::area(parcel * between(random, 0.01, 0.99))};
@@ -125,8 +167,9 @@ Request any_request(std::mt19937_64& random, const Ring& ring, double parcel)
 std::string shown(const Ring& ring, const Request& request)
 {
     char text[300];
-    std::snprintf(text, sizeof text, "bearing %.17g segment %.17g %.17g %.17g %.17g: ", request.line.bearing,
-                  request.line.a.x, request.line.a.y, request.line.b.x, request.line.b.y);
+    std::snprintf(
+        text, sizeof text, "along %.17g bearing %.17g segment %.17g %.17g %.17g %.17g: ", request.line.along,
+        request.line.bearing, request.line.a.x, request.line.a.y, request.line.b.x, request.line.b.y);
     std::string all = text;
     std::snprintf(text, sizeof text, "%d %zu %d 1 %d %.17g %.17g %zu", static_cast<int>(request.line.cut),
                   request.line.index, static_cast<int>(request.measured),
@@ -146,7 +189,7 @@ void expect_right(const Ring& ring, const Request& request, const Division& divi
         << describe(division) << ": " << shown(ring, request);
 }
 
-TEST(Exact, NoWrongDivisionAndNoFalseRefusal)
+void expect_none_wrong(Line (*make_line)(std::mt19937_64&, const Ring&))
 {
     std::mt19937_64 random = test::random_source();
     std::map<std::string, int> tally;
@@ -156,7 +199,7 @@ TEST(Exact, NoWrongDivisionAndNoFalseRefusal)
         const plparcel::RingReport report = plparcel::check_ring(ring);
         if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
             continue;
-        const Request request = any_request(random, ring, report.area);
+        const Request request = any_request(random, make_line(random, ring), report.area);
         const Division division = divide(ring, request);
         expect_right(ring, request, division);
         ++tally[describe(division)];
@@ -164,6 +207,21 @@ TEST(Exact, NoWrongDivisionAndNoFalseRefusal)
     }
     for (const auto& [what, times] : tally)
         std::printf("  %7d %s\n", times, what.c_str());
+}
+
+TEST(Exact, NoWrongDivisionAndNoFalseRefusal)
+{
+    expect_none_wrong(any_line);
+}
+
+TEST(Exact, NoneWrongFromAPlace)
+{
+    expect_none_wrong(any_place);
+}
+
+TEST(Exact, NoneWrongThroughAPoint)
+{
+    expect_none_wrong(any_point);
 }
 
 TEST(Exact, AnLOfThreeSquaresIsDividedHoweverItIsTurned)

@@ -54,19 +54,26 @@ PL_PNT2D_record between(const PL_PNT2D_record& a, const PL_PNT2D_record& b, doub
     return {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)};
 }
 
+// A little to the right of the line's middle.
+PL_PNT2D_record right_of(const Ring& ring, const plparcel::DividingLine& line)
+{
+    const PL_PNT2D_record& from = line.from;
+    const PL_PNT2D_record& to = line.to;
+    const PL_PNT2D_record middle = between(from, to, 0.5);
+    const double step = kProlonged * size_of(ring) / std::hypot(to.x - from.x, to.y - from.y);
+    return {middle.x + step * (to.y - from.y), middle.y - step * (to.x - from.x)};
+}
+
 // A point in the piece of the request, or next to it.
 PL_PNT2D_record point_of_request(const Ring& ring, const Request& request, const plparcel::DividingLine& line)
 {
     const PL_PNT2D_record& a = at(ring, request.line.index);
     const PL_PNT2D_record& b = at(ring, request.line.index + 1);
-    if (request.line.cut == Cut::at_bearing || request.line.cut == Cut::along_segment) {
-        // On the right of the line's middle.
-        const PL_PNT2D_record& from = line.from;
-        const PL_PNT2D_record& to = line.to;
-        const PL_PNT2D_record middle = between(from, to, 0.5);
-        const double step = kProlonged * size_of(ring) / std::hypot(to.x - from.x, to.y - from.y);
-        return {middle.x + step * (to.y - from.y), middle.y - step * (to.x - from.x)};
-    }
+    if (request.line.cut == Cut::at_bearing || request.line.cut == Cut::along_segment ||
+        request.line.cut == Cut::through_point)
+        return right_of(ring, line);
+    if (request.line.cut == Cut::through_place)
+        return between(line.from, b, kProlonged);
     if (request.line.cut != Cut::perpendicular)
         return between(a, b, 0.5);
     // Ahead of the line's middle.
@@ -96,6 +103,19 @@ double off_direction(const Ring& ring, const Request& request, const plparcel::D
             std::fmax(0.0L, std::fabs(test::cross(bearing, run)) - 1e-15L * test::length(run)));
     case Cut::along_segment:
         return static_cast<double>(std::fabs(test::cross(along, run)) / test::length(along));
+    case Cut::through_place: {
+        // The place is rounded, and the end once more.
+        const double length = static_cast<double>(test::length(side));
+        const PL_PNT2D_record place = between(a, b, request.line.along / length);
+        return 0.5 * std::hypot(line.from.x - place.x, line.from.y - place.y);
+    }
+    case Cut::through_point: {
+        // Up to six roundings, of which four count.
+        const test::Vector to_point = test::from_to(line.from, request.line.a);
+        const bool starts_there = line.from.x == request.line.a.x && line.from.y == request.line.a.y;
+        const double off = static_cast<double>(std::fabs(test::cross(run, to_point)) / test::length(run));
+        return starts_there ? 0.0 : off * 4.0 / 6.0;
+    }
     case Cut::through_vertex:
         break;
     }

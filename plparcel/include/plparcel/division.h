@@ -46,6 +46,8 @@ namespace plparcel {
 /// | perpendicular  | ahead of the line, where the side runs to     | behind the line        |
 /// | through_vertex | next to the side after the vertex             | next to the one before |
 /// | at_bearing, along_segment | on the right of the line as it runs | on its left          |
+/// | through_place  | next to the rest of the side, after the place | next to its beginning  |
+/// | through_point  | on the right of the line as it runs           | on its left            |
 enum class Measured { from_reference, opposite };
 
 /// How an amount is given.
@@ -100,7 +102,9 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 ///
 /// Several amounts are cut one after another, each off what the cut before it left. The first lies at the side or
 /// vertex, as `measured` says, the second beside the first line, and so on. The side of the whole parcel gives all
-/// lines their direction, or all start at the same vertex. What is left after the last amount is the last piece.
+/// lines their direction, or all start at the same vertex or place. The lines after a line through a point inside
+/// start at that point, the next piece lies beside the half of the first line that runs to its end, and so round the
+/// point. What is left after the last amount is the last piece.
 struct Request {
     Line line;  ///< how the line runs
     /// One or more. When there are two or more, the last may be what is left: if the sum of all is the parcel's
@@ -126,7 +130,9 @@ enum class Status {
     no_such_index,        ///< the parcel has no side or vertex of that index
     side_without_length,  ///< the side's ends are the same point
     no_direction,         ///< a bearing that is not finite, or a segment that is not or has no length
-    no_width,             ///< a width, and a line through a vertex
+    no_width,             ///< a width, and a line through a vertex, a place or a point
+    no_such_place,        ///< the distance along the side is not a number from 0 to its length
+    point_outside,        ///< the point lies outside the parcel, or is not finite
     no_amount,            ///< the list of amounts is empty
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
@@ -134,9 +140,10 @@ enum class Status {
                           ///< reaches beyond what is left
 
     // the cut
-    base_reaches_behind,  ///< the part of the parcel behind the base side is larger than the request
-    line_leaves_parcel,   ///< every line that holds the amount makes more than two pieces
-    not_reached           ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
+    base_reaches_behind,    ///< the part of the parcel behind the base side is larger than the request
+    no_line_through_point,  ///< in no direction does the line through the point cut the amount off
+    line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
+    not_reached             ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
 };
 
 /// @param[in] status  any status
@@ -146,7 +153,10 @@ PLPARCEL_API const char* describe(Status status) noexcept;
 /// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
-    /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do.
+    /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do. A line
+    /// from a place or a point on the boundary starts there, to the last bit where the point was given by its
+    /// coordinates; one through a point inside runs in the direction that has the amount on its right, or for
+    /// `opposite` on its left.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
     /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
@@ -206,6 +216,13 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             makes more than two pieces; not_reached says that one of them makes two, but no doubles next to its
 ///             ends hold the amount. Another line, 25 spacings away, might still pass. A line to a vertex, or at
 ///             its level, is also tried when it misses the amount by no more than the tolerance.
+/// Points      A point within 2.5 spacings of a side lies on it, and the line starts there; one within four spacings of
+///             a vertex, on each axis, is that vertex. A line through a point inside passes it within six spacings, and
+///             ends where it first meets the boundary on either side of the point. Where several such lines hold the
+///             amount, the first that passes counts, clockwise from Line::bearing; where the area stays as the line
+///             turns, as in the middle of a rectangle, that is the line at this bearing. Lines that miss the amount by
+///             no more than the tolerance, through a vertex or of the greatest or least area that there is, come
+///             after those that hold it.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
 ///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the

@@ -15,18 +15,22 @@ enum class Cut {
     perpendicular = 1,   ///< perpendicular to a side
     through_vertex = 2,  ///< from a vertex
     at_bearing,          ///< in the direction of a bearing
-    along_segment        ///< in the direction of a segment, which may lie anywhere: the axis of a road
+    along_segment,       ///< in the direction of a segment, which may lie anywhere: the axis of a road
+    through_place,       ///< from a place on the boundary, given by a side and the distance along it
+    through_point        ///< through a point inside; from a point on the boundary
 };
 
 /// The direction of a line, or the point that it starts from. The amount decides where it lies.
 struct Line {
     Cut cut = Cut::parallel;  ///< which way the line runs
     /// Side or vertex, counted from 0 in the ring as handed over; repeated vertices count too. Without effect for
-    /// at_bearing and along_segment.
+    /// at_bearing, along_segment and through_point.
     std::size_t index = 0;
     double bearing = 0.0;    ///< at_bearing: gons, clockwise from North, any finite number of turns
-    PL_PNT2D_record a = {};  ///< along_segment: where the segment begins
+                             ///< through_point: likewise, where to look first
+    PL_PNT2D_record a = {};  ///< along_segment: where the segment begins; through_point: the point
     PL_PNT2D_record b = {};  ///< along_segment: where it ends; only the direction from a to b counts
+    double along = 0.0;      ///< through_place: distance from the side's first end, caller's unit
 };
 
 /// @param[in] side  counted from 0
@@ -48,5 +52,16 @@ PLPARCEL_API Line at_bearing(double bearing_gon) noexcept;
 /// @param[in] a, b  the ends of a segment, on the parcel or away from it
 /// @return a line in the direction from a to b
 PLPARCEL_API Line along_segment(const PL_PNT2D_record& a, const PL_PNT2D_record& b) noexcept;
+
+/// @param[in] side   counted from 0
+/// @param[in] along  distance from the side's first end, caller's unit; 0 is that vertex, the side's length the next
+/// @return a line from that place on the boundary
+PLPARCEL_API Line through_place(std::size_t side, double along) noexcept;
+
+/// @param[in] point    in the parcel or on its boundary
+/// @param[in] bearing  gons, clockwise from North; where several lines through a point inside hold the amount, the first
+///                     is the one whose direction comes first, clockwise from this bearing
+/// @return a line through that point
+PLPARCEL_API Line through_point(const PL_PNT2D_record& point, double bearing = 0.0) noexcept;
 
 }  // namespace plparcel

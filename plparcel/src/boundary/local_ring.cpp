@@ -36,6 +36,13 @@ LocalRing::LocalRing(const MeasuredRing& ring)
         points_.push_back(to_local(p));
 }
 
+LocalRing LocalRing::with_vertex_on(std::size_t side, const WidePoint& p) const
+{
+    LocalRing more = *this;
+    more.points_.insert(more.points_.begin() + static_cast<std::ptrdiff_t>(side) + 1, p);
+    return more;
+}
+
 WidePoint LocalRing::to_local(const PL_PNT2D_record& p) const
 {
     const WidePoint shifted = from_to(origin_, p);

@@ -20,6 +20,9 @@ public:
     /// @param[in] ring  at least one vertex, a workable extent
     explicit LocalRing(const MeasuredRing& ring);
 
+    /// The same frame with a vertex more, between the first end of a side and its other end.
+    LocalRing with_vertex_on(std::size_t side, const WidePoint& p) const;
+
     std::size_t size() const { return points_.size(); }
 
     /// A vertex; counts round the ring.

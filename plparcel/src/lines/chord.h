@@ -21,8 +21,8 @@ struct Chord {
     std::size_t from_side = 0;  ///< the sides that they lie on
     std::size_t to_side = 0;
     bool request_after_from = false;  ///< the piece after `from` is the one that should hold the request
-    bool from_vertex = false;         ///< `from` is the first end of its side, and stays there
-    bool beside_the_amount = false;   ///< ends on vertices, and holds the amount not exactly but near enough
+    bool from_stays = false;         ///< `from` was given, as a vertex or by its coordinates, and stays there
+    bool beside_the_amount = false;  ///< ends on vertices, and holds the amount not exactly but near enough
 };
 
 }  // namespace plparcel

@@ -65,9 +65,21 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
         line.to = a + (b - a) * ends[i].part;
         line.from_side = vertex;
         line.to_side = (vertex + ends[i].side) % n;
-        line.from_vertex = true;
+        line.from_stays = true;
         line.beside_the_amount = beside[i];
         lines.push_back(line);
+    }
+    return lines;
+}
+
+std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::size_t side,
+                                    const WidePoint& place, const Wide& after_from, const Wide& granted)
+{
+    std::vector<Chord> lines =
+        lines_from_vertex(ring.with_vertex_on(side, place), turn, side + 1, after_from, granted);
+    for (Chord& line : lines) {
+        line.from_side = side;
+        line.to_side -= line.to_side > side ? 1 : 0;
     }
     return lines;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// Lines from a vertex that cut off an area.
+// Lines from a vertex, or from a place on a side, that cut off an area.
 
 #include <cstddef>
 #include <vector>
@@ -23,5 +23,13 @@ namespace plparcel {
 ///         them.
 std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
                                      const Wide& after_from, const Wide& granted);
+
+/// The same from a place on a side.
+///
+/// @param[in] place       next to the side, in the ring's own frame
+/// @param[in] after_from  area next to the rest of that side, with the place as a vertex between its ends
+/// @return the lines; their sides are those of the ring without that vertex
+std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::size_t side,
+                                    const WidePoint& place, const Wide& after_from, const Wide& granted);
 
 }  // namespace plparcel

@@ -1,97 +1,13 @@
 #include "lines/visibility.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numeric>
 #include <set>
 
+#include "lines/ray.h"
+
 namespace plparcel {
 namespace {
-
-// How far along a direction a side is met, in lengths of that direction, and how far off that value may be.
-struct Rough {
-    double way;
-    double error;
-};
-
-double rough_cross(const WidePoint& a, const WidePoint& b, double& error)
-{
-    constexpr double kRoundings = 2e-15;  // more than half a dozen of 1.1e-16 each
-    const double one = a.x.hi * b.y.hi;
-    const double other = a.y.hi * b.x.hi;
-    error = kRoundings * (std::fabs(one) + std::fabs(other));
-    return one - other;
-}
-
-// A side as the ray passes over it: anticlockwise.
-struct Span {
-    WidePoint begin;
-    WidePoint end;
-    std::size_t begin_vertex = 0;
-    std::size_t end_vertex = 0;
-    bool is_radial = false;  // seen from its end: other sides hide what it would hide
-};
-
-Rough rough_way(const Span& span, const WidePoint& direction)
-{
-    const WidePoint along = span.end - span.begin;
-    double off_error = 0.0;
-    double lean_error = 0.0;
-    const double off = rough_cross(span.begin, along, off_error);
-    const double lean = rough_cross(direction, along, lean_error);
-    if (!(std::fabs(lean) > 4.0 * lean_error))
-        return {0.0, std::numeric_limits<double>::infinity()};
-    const double way = off / lean;
-    return {way, 2.0 * (off_error + std::fabs(way) * lean_error) / std::fabs(lean)};
-}
-
-Wide way_to(const Span& span, const WidePoint& direction)
-{
-    const WidePoint along = span.end - span.begin;
-    return cross(span.begin, along) / cross(direction, along);
-}
-
-// Sides that a ray meets, the nearest first. The ray may turn as long as they are met.
-class IsNearer {
-public:
-    IsNearer(const std::vector<Span>& spans, const WidePoint& ray) : spans_(&spans), ray_(&ray) {}
-
-    bool operator()(std::size_t a, std::size_t b) const
-    {
-        const Rough rough_a = rough_way((*spans_)[a], *ray_);
-        const Rough rough_b = rough_way((*spans_)[b], *ray_);
-        if (std::fabs(rough_a.way - rough_b.way) > rough_a.error + rough_b.error)
-            return rough_a.way < rough_b.way;
-        return way_to((*spans_)[a], *ray_) < way_to((*spans_)[b], *ray_);
-    }
-
-private:
-    const std::vector<Span>* spans_;
-    const WidePoint* ray_;
-};
-
-// Anticlockwise from a first direction on.
-class ComesBefore {
-public:
-    explicit ComesBefore(const WidePoint& first) : first_(first) {}
-
-    bool operator()(const WidePoint& a, const WidePoint& b) const
-    {
-        const int half_a = half_of(a);
-        const int half_b = half_of(b);
-        return half_a != half_b ? half_a < half_b : cross(a, b) > 0.0;
-    }
-
-private:
-    int half_of(const WidePoint& d) const
-    {
-        const Wide side = cross(first_, d);
-        return side > 0.0 || (!(side < 0.0) && dot(first_, d) > 0.0) ? 0 : 1;
-    }
-
-    WidePoint first_;
-};
 
 // Turns a ray around the vertex, from the side after it to the side before it, with the sides that it meets in
 // their order: the first one is what is seen.
@@ -104,7 +20,7 @@ public:
             points_.push_back(mirrored(ring, turn, vertex, k));
         spans_.resize(points_.size());
         for (std::size_t k = 1; k + 1 < points_.size(); ++k)
-            spans_[k] = span_of(k);
+            spans_[k] = span_between(points_, k, k + 1);
         place_.assign(points_.size(), row_.end());
     }
 
@@ -145,14 +61,6 @@ private:
     {
         const WidePoint d = ring.at(vertex + k) - ring.at(vertex);
         return {turn < 0.0 ? -d.x : d.x, d.y};
-    }
-
-    Span span_of(std::size_t side) const
-    {
-        const Wide swept = cross(points_[side], points_[side + 1]);
-        if (swept < 0.0)
-            return {points_[side + 1], points_[side], side + 1, side, false};
-        return {points_[side], points_[side + 1], side, side + 1, !(swept > 0.0)};
     }
 
     // The vertices within the parcel's angle, in the order in which the ray comes to them.

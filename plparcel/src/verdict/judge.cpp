@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "boundary/locate.h"
 #include "boundary/meeting_sides.h"
 #include "verdict/area_by_ends.h"
 #include "verdict/nearby_ends.h"
@@ -12,28 +13,9 @@
 namespace plparcel {
 namespace {
 
-// An end lies this many times the spacing of doubles at the ring's largest coordinate from its side, at most:
-// rounding each axis to the third nearest double at worst takes it 1.5 spacings on each, 2.1 in all.
-constexpr double kEndRoundings = 2.5;
-
-// An end within this many times that spacing of a vertex, on each axis, is moved onto it where the area allows.
-// Otherwise it would leave a side of a nanometre, or lie beyond the vertex.
-constexpr double kVertexRoundings = 4.0;
-
 double length_of(const WidePoint& v)
 {
     return std::hypot(v.x.value(), v.y.value());
-}
-
-bool is_near_side(const MeasuredRing& ring, std::size_t side, const PL_PNT2D_record& p, double reach)
-{
-    const PL_PNT2D_record& a = ring[side];
-    const WidePoint d = from_to(a, ring.at(side + 1));
-    const WidePoint w = from_to(a, p);
-    const double length = length_of(d);
-    const double along = (dot(d, w) / length).value();
-    const double off = (cross(d, w) / length).value();
-    return std::fabs(off) <= reach && -reach <= along && along <= length + reach;
 }
 
 // Vertices next to an end do not count: the pieces show how the sides go on from there.
@@ -99,10 +81,9 @@ Verdict measure(const MeasuredRing& ring, bool request_after_from, const Target&
 Verdict judge_rounded(const MeasuredRing& ring, const Chord& chord, const Target& target, Cutting& cutting)
 {
     const double spacing = ring.spacing();
-    const double reach = kEndRoundings * spacing;
     const bool on_boundary = !same_place(cutting.from, cutting.to) &&
-                             is_near_side(ring, cutting.from_side, cutting.from, reach) &&
-                             is_near_side(ring, cutting.to_side, cutting.to, reach);
+                             is_on_side(ring, cutting.from_side, cutting.from) &&
+                             is_on_side(ring, cutting.to_side, cutting.to);
     if (!on_boundary)
         return Verdict::misses;
     if (touches_a_vertex(ring, cutting, kTouchRoundings * spacing))
@@ -131,9 +112,8 @@ PL_PNT2D_record rounded(const WidePoint& p, unsigned choice)
 // The end of its side that a point is next to, or the point.
 PL_PNT2D_record on_vertex(const MeasuredRing& ring, std::size_t side, const PL_PNT2D_record& p)
 {
-    const double reach = kVertexRoundings * ring.spacing();
     for (const PL_PNT2D_record& v : {ring[side], ring.at(side + 1)})
-        if (std::fabs(p.x - v.x) <= reach && std::fabs(p.y - v.y) <= reach)
+        if (is_at_vertex(ring, v, p))
             return v;
     return p;
 }
@@ -153,7 +133,7 @@ Verdict judge(const MeasuredRing& ring, const LocalRing& local, const Chord& cho
     if (verdict != Verdict::misses)
         return verdict;  // a line that leaves the parcel is not pushed back into it by a rounding
     const AreaByEnds area(ring, chord, chord.request_after_from);
-    const unsigned of_from = chord.from_vertex ? 1 : kRoundings;
+    const unsigned of_from = chord.from_stays ? 1 : kRoundings;
     for (unsigned choice = 0; choice < of_from * kRoundings; ++choice) {
         cutting.from = rounded(from, choice % of_from);
         cutting.to = rounded(to, choice / of_from);

@@ -101,7 +101,7 @@ bool offer_nearby_ends(const MeasuredRing& ring, const Chord& chord, const Targe
     const Holding asked(ring, chord, chord.request_after_from, target.asked, target.granted(target.asked));
     const Holding rest(ring, chord, !chord.request_after_from, target.rest, target.granted(target.rest));
     int offers = 0;
-    for (const PL_PNT2D_record& start : points_near(from, chord.from_vertex ? 0.0 : reach)) {
+    for (const PL_PNT2D_record& start : points_near(from, chord.from_stays ? 0.0 : reach)) {
         for (const double coarse : doubles_near(to.*coarser, reach)) {
             PL_PNT2D_record end = to;
             end.*coarser = coarse;

@@ -38,7 +38,7 @@ TEST(VertexCut, TriangleOnEachSide)
         ASSERT_EQ(lines.size(), 1U) << row.what;
         EXPECT_EQ(lines[0].from_side, 0U) << row.what;
         EXPECT_EQ(lines[0].to_side, row.to_side) << row.what;
-        EXPECT_TRUE(lines[0].from_vertex) << row.what;
+        EXPECT_TRUE(lines[0].from_stays) << row.what;
         EXPECT_BITS(lines[0].to.x.value(), row.to.x);
         EXPECT_BITS(lines[0].to.y.value(), row.to.y);
     }

@@ -293,7 +293,7 @@ TEST(Judge, AVertexThatALineStartsFromIsNotMoved)
     Cutting cutting;
     EXPECT_EQ(judge(far, local, chord, target, cutting), Verdict::divides);
     EXPECT_POINT(cutting.from, ({e + u, e}));
-    chord.from_vertex = true;
+    chord.from_stays = true;
     EXPECT_EQ(judge(far, local, chord, target, cutting), Verdict::misses);
 
     // The other end may still be moved: 2.75 u more than a quarter need a height one double above one half.

@@ -23,7 +23,7 @@ std::size_t offered(const Wide& rest)
     chord.from_side = 2;
     chord.to_side = 0;
     chord.request_after_from = true;
-    chord.from_vertex = true;
+    chord.from_stays = true;
     std::size_t offers = 0;
     const auto refuse = [&offers](const PL_PNT2D_record&, const PL_PNT2D_record&) {
         ++offers;

@@ -57,6 +57,10 @@ const char* cut_name(Cut cut)
         return "bearing";
     case Cut::along_segment:
         return "segment";
+    case Cut::through_place:
+        return "place";
+    case Cut::through_point:
+        return "point";
     case Cut::through_vertex:
         break;
     }

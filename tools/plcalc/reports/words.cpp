@@ -36,6 +36,10 @@ std::string place_of_first(const Asked& asked, std::size_t vertices)
     case Cut::perpendicular:
         return near ? "ahead towards " + numbered("vertex", after(asked.number, vertices))
                     : "behind towards " + numbered("vertex", asked.number);
+    case Cut::through_place:
+        return near ? "towards " + numbered("vertex", after(asked.number, vertices))
+                    : "towards " + numbered("vertex", asked.number);
+    case Cut::through_point:
     case Cut::at_bearing:
     case Cut::along_segment:
         return near ? "on the right of the line" : "on the left of the line";
@@ -68,6 +72,10 @@ std::string described_cut(const Asked& asked, std::size_t vertices)
         return "at the bearing";
     case Cut::along_segment:
         return "along the segment";
+    case Cut::through_place:
+        return "from a place on " + described_side(asked.number, vertices);
+    case Cut::through_point:
+        return "through the point";
     case Cut::through_vertex:
         break;
     }

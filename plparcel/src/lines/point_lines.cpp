@@ -1,0 +1,305 @@
+#include "lines/point_lines.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "lines/ray.h"
+#include "lines/round_view.h"
+
+namespace plparcel {
+namespace {
+
+// An area that misses what is wanted by no more than this part of the parcel holds it.
+constexpr double kRim = 1e-28;
+
+// The ring is mirrored, so that anticlockwise in here is clockwise on the ground, as bearings run.
+WidePoint mirrored(const WidePoint& p)
+{
+    return {-p.x, p.y};
+}
+
+bool is_zero(const Wide& a)
+{
+    return !(a < 0.0) && !(a > 0.0);
+}
+
+bool same_place(const WidePoint& a, const WidePoint& b)
+{
+    return is_zero(a.x - b.x) && is_zero(a.y - b.y);
+}
+
+// A direction in which something changes: one half of the line comes to another side, or nothing for the first
+// direction and the one against it.
+struct Event {
+    enum class Of { ahead, behind, nothing };
+
+    WidePoint direction;
+    Of of = Of::nothing;
+    std::size_t side = 0;  // the one that the half then ends on
+};
+
+// The sides on which the line ends, ahead of the point and behind it.
+struct Ends {
+    std::size_t ahead;
+    std::size_t behind;
+};
+
+// A line in one direction, from the point.
+struct Line {
+    WidePoint ahead;
+    WidePoint behind;
+    Ends sides;
+    Wide right;  // the area on its right
+};
+
+// What one half of the line has swept: alpha t / (1 + beta t).
+struct Swept {
+    Wide alpha;
+    Wide beta;
+
+    Wide at(const Wide& t) const { return alpha * t / (beta * t + 1.0); }
+};
+
+// The parts of the way at which right(0) - ahead + behind is as wanted; `more` is right(0) less what is wanted. A root
+// at one of the two vertices is left to the line through it.
+std::vector<Wide> roots(const Wide& more, const Swept& ahead, const Swept& behind)
+{
+    const Wide a = more * ahead.beta * behind.beta - ahead.alpha * behind.beta + behind.alpha * ahead.beta;
+    const Wide b = more * (ahead.beta + behind.beta) - ahead.alpha + behind.alpha;
+    const Wide discriminant = b * b - a * more * 4.0;
+    if (discriminant < 0.0)
+        return {};
+    const Wide root = sqrt(discriminant);
+    const Wide half = (b < 0.0 ? b - root : b + root) * -0.5;  // the larger of the two by magnitude
+    std::vector<Wide> found;
+    for (const Wide& t : {half / a, more / half})
+        if (t > kRim && t < Wide(1.0) - kRim)
+            found.push_back(t);
+    if (found.size() == 2 && found[1] < found[0])
+        std::swap(found[0], found[1]);
+    return found;
+}
+
+class TurningLine {
+public:
+    TurningLine(const LocalRing& ring, double turn, const PointRequest& request)
+        : request_(request), turn_(turn), first_(mirrored(request.first))
+    {
+        const std::size_t n = ring.size();
+        for (std::size_t k = 0; k < n; ++k)
+            points_.push_back(mirrored(ring.at(k) - request.point));
+        twice_area_.emplace_back(0.0);
+        for (std::size_t k = 0; k < n; ++k)
+            twice_area_.push_back(twice_area_.back() + cross(points_[k], at(k + 1)));
+        parcel_ = abs(twice_area_.back()) * 0.5;
+        rim_ = kRim * parcel_.hi;
+    }
+
+    PointLines run()
+    {
+        std::vector<std::size_t> next(points_.size());
+        for (std::size_t k = 0; k < next.size(); ++k)
+            next[k] = (k + 1) % next.size();
+        const std::vector<Sector> sectors = seen_all_round(points_, next, first_);
+        if (sectors.empty())
+            return {};
+        const std::vector<Event> events = events_of(sectors);
+        Ends now = ends_before(events);
+        for (std::size_t i = 0; i < events.size();) {
+            const Ends before = now;
+            const WidePoint& direction = events[i].direction;
+            for (; i < events.size() && !comes_before_(direction, events[i].direction); ++i)
+                pass(events[i], now);
+            at_vertices(direction, before, now);
+            between(direction, events[i % events.size()].direction, now);
+        }
+        return finished();
+    }
+
+private:
+    const WidePoint& at(std::size_t i) const { return around(points_, i); }
+
+    std::vector<Event> events_of(const std::vector<Sector>& sectors) const
+    {
+        const WidePoint against = first_ * -1.0;
+        std::vector<Event> ahead = {{first_, Event::Of::nothing, 0}};
+        std::vector<Event> behind;
+        for (const Sector& sector : sectors) {
+            ahead.push_back({sector.begin, Event::Of::ahead, sector.side});
+            behind.push_back({sector.begin * -1.0, Event::Of::behind, sector.side});
+        }
+        const auto order = [this](const Event& a, const Event& b) {
+            return comes_before_(a.direction, b.direction);
+        };
+        // The second half turn against the line is the first one of the line.
+        const auto half = std::find_if(ahead.begin() + 1, ahead.end(),
+                                       [&](const Event& e) { return !comes_before_(e.direction, against); });
+        std::rotate(behind.begin(), behind.begin() + (half - ahead.begin() - 1), behind.end());
+        ahead.insert(half, {against, Event::Of::nothing, 0});
+        std::vector<Event> events;
+        std::merge(ahead.begin(), ahead.end(), behind.begin(), behind.end(), std::back_inserter(events),
+                   order);
+        return events;
+    }
+
+    static Ends ends_before(const std::vector<Event>& events)
+    {
+        Ends ends = {};
+        for (const Event& event : events)
+            pass(event, ends);
+        return ends;
+    }
+
+    static void pass(const Event& event, Ends& ends)
+    {
+        if (event.of == Event::Of::ahead)
+            ends.ahead = event.side;
+        if (event.of == Event::Of::behind)
+            ends.behind = event.side;
+    }
+
+    // Where a direction, or the one against it, meets a side; a vertex exactly where it runs through that.
+    WidePoint hit(std::size_t side, const WidePoint& direction) const
+    {
+        const WidePoint& a = points_[side];
+        const WidePoint& b = at(side + 1);
+        const Wide off_a = cross(direction, a);
+        const Wide off_b = cross(direction, b);
+        return is_zero(off_b) ? b : a + (b - a) * (off_a / (off_a - off_b));
+    }
+
+    Line line_in(const WidePoint& direction, const Ends& sides) const
+    {
+        Line line = {hit(sides.ahead, direction), hit(sides.behind, direction), sides, 0.0};
+        const std::size_t first = sides.behind + 1;
+        const std::size_t last = sides.ahead;
+        Wide between = twice_area_[last] - twice_area_[first];
+        if (last < first)
+            between = between + twice_area_.back();
+        const Wide twice = cross(line.behind, at(first)) + between + cross(points_[last], line.ahead);
+        const Wide after = twice * (-0.5 * turn_);
+        line.right = turn_ > 0.0 ? after : parcel_ - after;
+        return line;
+    }
+
+    // All lines in a direction through vertices: each half may end where it ended before, or where it ends from now on.
+    void at_vertices(const WidePoint& direction, const Ends& before, const Ends& now)
+    {
+        std::vector<Line> lines;
+        for (const std::size_t ahead : {before.ahead, now.ahead})
+            for (const std::size_t behind : {before.behind, now.behind}) {
+                const Line line = line_in(direction, {ahead, behind});
+                const bool is_there = std::any_of(lines.begin(), lines.end(), [&line](const Line& other) {
+                    return same_place(other.ahead, line.ahead) && same_place(other.behind, line.behind);
+                });
+                if (is_there)
+                    continue;
+                lines.push_back(line);
+                propose(line);
+            }
+    }
+
+    Swept swept_by(std::size_t side, const WidePoint& from, const WidePoint& to) const
+    {
+        const WidePoint along = at(side + 1) - points_[side];
+        const Wide quotient = cross(to, along) / cross(from, along);
+        return {cross(hit(side, from), hit(side, to)) * 0.5 * quotient, quotient - 1.0};
+    }
+
+    void between(const WidePoint& from, const WidePoint& to, const Ends& sides)
+    {
+        const WidePoint u = about_unit(from);
+        const WidePoint f = about_unit(to) - u;
+        const auto line_at = [&](const Wide& t) { return line_in(u + f * t, sides); };
+        const Swept ahead = swept_by(sides.ahead, u, u + f);
+        const Swept behind = swept_by(sides.behind, u, u + f);
+        const Line first = line_at(0.0);
+        const Line last = line_at(1.0);
+        note_range(first.right, last.right);
+        const bool stays = holds(first) && holds(last) && holds(line_at(0.5));
+        if (stays) {
+            exact_.push_back(chord_of(line_at(0.5)));
+            return;
+        }
+        const std::vector<Wide> parts = roots(first.right - request_.on_right, ahead, behind);
+        for (const Wide& t : parts)
+            exact_.push_back(chord_of(line_at(t)));
+        // Where both halves are of the same length.
+        const Wide root_ahead = sqrt(ahead.alpha);
+        const Wide root_behind = sqrt(behind.alpha);
+        const Wide t = (root_behind - root_ahead) / (root_ahead * behind.beta - root_behind * ahead.beta);
+        if (!(t > 0.0 && t < 1.0))
+            return;
+        const Line extreme = line_at(t);
+        note_range(first.right, extreme.right);
+        note_range(extreme.right, last.right);
+        if (parts.empty())
+            propose(extreme);
+    }
+
+    bool holds(const Line& line) const { return !(abs(line.right - request_.on_right) > rim_); }
+
+    void propose(const Line& line)
+    {
+        if (holds(line)) {
+            exact_.push_back(chord_of(line));
+        } else if (!(abs(line.right - request_.on_right) > request_.granted)) {
+            beside_.push_back(chord_of(line));
+            beside_.back().beside_the_amount = true;
+        }
+    }
+
+    Chord chord_of(const Line& line) const
+    {
+        Chord chord;
+        chord.from = request_.point + mirrored(line.behind);
+        chord.to = request_.point + mirrored(line.ahead);
+        chord.from_side = line.sides.behind;
+        chord.to_side = line.sides.ahead;
+        chord.request_after_from = (turn_ > 0.0) == request_.request_on_right;
+        return chord;
+    }
+
+    void note_range(const Wide& one, const Wide& other)
+    {
+        ranges_.push_back(other < one ? AreaRange{other, one} : AreaRange{one, other});
+    }
+
+    PointLines finished()
+    {
+        PointLines all;
+        all.lines = std::move(exact_);
+        all.lines.insert(all.lines.end(), beside_.begin(), beside_.end());
+        std::sort(ranges_.begin(), ranges_.end(),
+                  [](const AreaRange& a, const AreaRange& b) { return a.least < b.least; });
+        for (const AreaRange& range : ranges_) {
+            if (all.ranges.empty() || range.least > all.ranges.back().most + rim_)
+                all.ranges.push_back(range);
+            else if (range.most > all.ranges.back().most)
+                all.ranges.back().most = range.most;
+        }
+        return all;
+    }
+
+    const PointRequest& request_;
+    double turn_;
+    WidePoint first_;
+    ComesBefore comes_before_{first_};
+    std::vector<WidePoint> points_;  // from the point
+    std::vector<Wide> twice_area_;   // entry i: sum of cross(k, k + 1) over the vertices before i
+    Wide parcel_;
+    Wide rim_;
+    std::vector<Chord> exact_;
+    std::vector<Chord> beside_;
+    std::vector<AreaRange> ranges_;
+};
+
+}  // namespace
+
+PointLines lines_through_point(const LocalRing& ring, double turn, const PointRequest& request)
+{
+    return TurningLine(ring, turn, request).run();
+}
+
+}  // namespace plparcel

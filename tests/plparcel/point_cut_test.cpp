@@ -1,0 +1,411 @@
+// Lines from a place on the boundary, and through a point inside.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "plparcel/extent.h"
+#include "support/bits.h"
+#include "support/parcel_kinds.h"
+#include "support/rings.h"
+
+namespace {
+
+using plparcel::area;
+using plparcel::Cut;
+using plparcel::divide;
+using plparcel::Division;
+using plparcel::Line;
+using plparcel::Measured;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::share;
+using plparcel::Status;
+using plparcel::through_place;
+using plparcel::through_point;
+
+//   3 ------- 2      5 --- 4
+//   |         |      |     |
+//   |         |      |     3 --- 2
+//   |         |      |           |
+//   0 ------- 1      0 --------- 1
+const Ring kSquare = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+const Ring kSquareClockwise = {{0, 0}, {0, 100}, {100, 100}, {100, 0}};
+const Ring kEl = {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 100}, {0, 100}};
+// A vertex in the middle of the bottom.
+const Ring kStraightOn = {{0, 0}, {50, 0}, {100, 0}, {100, 100}, {0, 100}};
+const double kNan = std::nan("");
+
+Division cut(const Ring& ring, const Line& line, double asked, Measured measured = Measured::from_reference)
+{
+    Request request;
+    request.line = line;
+    request.amounts = {area(asked)};
+    request.measured = measured;
+    return divide(ring, request);
+}
+
+struct Row {
+    const char* what;
+    const Ring& ring;
+    Line line;
+    double asked;
+    Measured measured;
+    Status status;
+    PL_PNT2D_record from;
+    PL_PNT2D_record to;
+};
+
+constexpr Measured kNear = Measured::from_reference;
+constexpr Measured kFar = Measured::opposite;
+
+void expect_rows(const std::vector<Row>& rows)
+{
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Division division = cut(row.ring, row.line, row.asked, row.measured);
+        EXPECT_EQ(division.status, row.status) << describe(division);
+        if (division.status != Status::divided || row.status != Status::divided)
+            continue;
+        EXPECT_POINT(division.lines[0].from, (row.from));
+        EXPECT_POINT(division.lines[0].to, (row.to));
+        EXPECT_NEAR(division.pieces[0].area, row.asked, 1e-9 * division.ring.area);
+    }
+}
+
+TEST(PlaceCut, StartsAtTheDistanceAlongTheSide)
+{
+    expect_rows({
+        {"a triangle ahead of the place",
+         kSquare,
+         through_place(0, 20),
+         2000,
+         kNear,
+         Status::divided,
+         {20, 0},
+         {100, 50}},
+        {"behind it", kSquare, through_place(0, 20), 500, kFar, Status::divided, {20, 0}, {0, 50}},
+        {"straight across", kSquare, through_place(0, 20), 8000, kNear, Status::divided, {20, 0}, {20, 100}},
+        {"to a vertex", kSquare, through_place(0, 20), 4000, kNear, Status::divided, {20, 0}, {100, 100}},
+        {"clockwise, side 3 runs along the bottom to the West",
+         kSquareClockwise,
+         through_place(3, 20),
+         2000,
+         kNear,
+         Status::divided,
+         {80, 0},
+         {0, 50}},
+        {"at the side's first end: the vertex",
+         kSquare,
+         through_place(0, 0),
+         2500,
+         kNear,
+         Status::divided,
+         {0, 0},
+         {100, 50}},
+        {"at its other end",
+         kSquare,
+         through_place(0, 100),
+         2500,
+         kNear,
+         Status::divided,
+         {100, 0},
+         {50, 100}},
+        {"a hair beyond it, as rounding brings it",
+         kSquare,
+         through_place(0, test::up(100.0)),
+         2500,
+         kNear,
+         Status::divided,
+         {100, 0},
+         {50, 100}},
+        {"on a side in one line with the next",
+         kStraightOn,
+         through_place(0, 20),
+         2000,
+         kNear,
+         Status::divided,
+         {20, 0},
+         {100, 50}},
+        {"between 1750, to the reflex vertex of an L, and 2500, past it",
+         kEl,
+         through_place(0, 80),
+         2000,
+         kNear,
+         Status::line_leaves_parcel,
+         {},
+         {}},
+        {"past the reflex vertex",
+         kEl,
+         through_place(0, 80),
+         2500.5,
+         kNear,
+         Status::divided,
+         {80, 0},
+         {19.99, 100}},
+        {"to the reflex vertex", kEl, through_place(0, 80), 1750, kNear, Status::divided, {80, 0}, {50, 50}},
+        {"beyond the end", kSquare, through_place(0, 100.001), 2500, kNear, Status::no_such_place, {}, {}},
+        {"before the beginning",
+         kSquare,
+         through_place(0, -0.001),
+         2500,
+         kNear,
+         Status::no_such_place,
+         {},
+         {}},
+        {"no number", kSquare, through_place(0, kNan), 2500, kNear, Status::no_such_place, {}, {}},
+        {"no such side", kSquare, through_place(4, 20), 2500, kNear, Status::no_such_index, {}, {}},
+    });
+}
+
+TEST(PlaceCut, StartsAtAPointOnTheBoundary)
+{
+    const PL_PNT2D_record third = {100.0 / 3.0, 0.0};
+    expect_rows({
+        {"the amount on the right of the line",
+         kSquare,
+         through_point({20, 0}),
+         2000,
+         kNear,
+         Status::divided,
+         {20, 0},
+         {100, 50}},
+        {"on its left", kSquare, through_point({20, 0}), 500, kFar, Status::divided, {20, 0}, {0, 50}},
+        {"whichever way the ring runs",
+         kSquareClockwise,
+         through_point({20, 0}),
+         2000,
+         kNear,
+         Status::divided,
+         {20, 0},
+         {100, 50}},
+        {"to the last bit",
+         kSquare,
+         through_point(third),
+         5000,
+         kNear,
+         Status::divided,
+         third,
+         {100.0 - third.x, 100}},
+        {"a vertex", kSquare, through_point({100, 100}), 2500, kNear, Status::divided, {100, 100}, {0, 50}},
+        {"next to it",
+         kSquare,
+         through_point({100, test::up(100)}),
+         2500,
+         kNear,
+         Status::divided,
+         {100, 100},
+         {0, 50}},
+        {"a hair outside: on the boundary",
+         kSquare,
+         through_point({20, -0x1p-46}),
+         2000,
+         kNear,
+         Status::divided,
+         {20, -0x1p-46},
+         {100, 50}},
+        {"2.5 spacings of 2^-52 * 100 are 5.6e-14: more is outside",
+         kSquare,
+         through_point({20, -5.7e-14}),
+         2000,
+         kNear,
+         Status::point_outside,
+         {},
+         {}},
+        {"on the prolongation of a side",
+         kSquare,
+         through_point({120, 0}),
+         2000,
+         kNear,
+         Status::point_outside,
+         {},
+         {}},
+        {"outside, in the notch of an L",
+         kEl,
+         through_point({75, 75}),
+         2000,
+         kNear,
+         Status::point_outside,
+         {},
+         {}},
+        {"no number", kSquare, through_point({kNan, 0}), 2000, kNear, Status::point_outside, {}, {}},
+        {"a bearing that is no number",
+         kSquare,
+         through_point({20, 0}, kNan),
+         2000,
+         kNear,
+         Status::no_direction,
+         {},
+         {}},
+        {"infinite", kSquare, through_point({0, HUGE_VAL}), 2000, kNear, Status::point_outside, {}, {}},
+    });
+}
+
+TEST(PlaceCut, EqualPartsFanOut)
+{
+    Request request;
+    request.line = through_place(0, 50);
+    request.amounts = plparcel::equal_parts(4);
+    const Division division = divide(kSquare, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    const PL_PNT2D_record ends[] = {{100, 100}, {50, 100}, {0, 100}};
+    ASSERT_EQ(division.lines.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_POINT(division.lines[i].from, ({50, 0}));
+        EXPECT_POINT(division.lines[i].to, (ends[i]));
+    }
+}
+
+TEST(PointCut, RunsThroughThePoint)
+{
+    expect_rows({
+        {"the least corner, from 25 inside of both its sides",
+         kSquare,
+         through_point({25, 25}),
+         1250,
+         kNear,
+         Status::divided,
+         {0, 50},
+         {50, 0}},
+        {"less than that",
+         kSquare,
+         through_point({25, 25}),
+         1249,
+         kNear,
+         Status::no_line_through_point,
+         {},
+         {}},
+        {"less by what is granted",
+         kSquare,
+         through_point({25, 25}),
+         1250 - 0.9e-5,
+         kNear,
+         Status::divided,
+         {0, 50},
+         {50, 0}},
+        {"by a little more",
+         kSquare,
+         through_point({25, 25}),
+         1250 - 1.1e-5,
+         kNear,
+         Status::no_line_through_point,
+         {},
+         {}},
+        {"legs 75 and 37.5: the first from the North",
+         kSquare,
+         through_point({25, 25}),
+         1406.25,
+         kNear,
+         Status::divided,
+         {0, 37.5},
+         {75, 0}},
+        {"from South-East on the other",
+         kSquare,
+         through_point({25, 25}, 150),
+         1406.25,
+         kNear,
+         Status::divided,
+         {0, 75},
+         {37.5, 0}},
+        {"on the left of the line",
+         kSquare,
+         through_point({25, 25}),
+         1406.25,
+         kFar,
+         Status::divided,
+         {75, 0},
+         {0, 37.5}},
+        {"whichever way the ring runs",
+         kSquareClockwise,
+         through_point({25, 25}),
+         1406.25,
+         kNear,
+         Status::divided,
+         {0, 37.5},
+         {75, 0}},
+        {"the diagonal", kSquare, through_point({25, 25}), 5000, kNear, Status::divided, {0, 0}, {100, 100}},
+        {"the middle: the line at the bearing",
+         kSquare,
+         through_point({50, 50}),
+         5000,
+         kNear,
+         Status::divided,
+         {50, 0},
+         {50, 100}},
+        {"another bearing",
+         kSquare,
+         through_point({50, 50}, 350),
+         5000,
+         kNear,
+         Status::divided,
+         {100, 0},
+         {0, 100}},
+        {"the middle, and anything but half",
+         kSquare,
+         through_point({50, 50}),
+         4000,
+         kNear,
+         Status::no_line_through_point,
+         {},
+         {}},
+        {"to the reflex vertex of an L",
+         kEl,
+         through_point({25, 25}),
+         3750,
+         kNear,
+         Status::divided,
+         {0, 0},
+         {50, 50}},
+        {"through a vertex on a straight side",
+         kStraightOn,
+         through_point({50, 50}),
+         5000,
+         kNear,
+         Status::divided,
+         {50, 0},
+         {50, 100}},
+    });
+}
+
+TEST(PointCut, OfManyPartsGoesRoundThePoint)
+{
+    Request request;
+    request.line = through_point({50, 50});
+    request.amounts = {share(1, 2), share(1, 8), share(1, 4)};
+    const Division division = divide(kSquare, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    ASSERT_EQ(division.lines.size(), 3U);
+    ASSERT_EQ(division.pieces.size(), 4U);
+    const PL_PNT2D_record ends[] = {{50, 100}, {0, 100}, {0, 0}};
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_POINT(division.lines[i].from, (i == 0 ? PL_PNT2D_record{50, 0} : PL_PNT2D_record{50, 50}));
+        EXPECT_POINT(division.lines[i].to, (ends[i]));
+    }
+    EXPECT_BITS(division.pieces[3].area, 1250.0);
+}
+
+TEST(PointCut, OnSmallParcelsAtUtmSize)
+{
+    for (const double size : {0.5, 5.0, 50.0}) {
+        SCOPED_TRACE(size);
+        Ring ring = kSquare;
+        for (PL_PNT2D_record& p : ring)
+            p = {500000.0 + 0.01 * size * p.x, 5000000.0 + 0.01 * size * p.y};
+        const PL_PNT2D_record point = {500000.0 + 0.3 * size, 5000000.0 + 0.35 * size};
+        const Division division = cut(ring, through_point(point), 0.4 * size * size);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        const plparcel::DividingLine& line = division.lines[0];
+        const double dx = line.to.x - line.from.x;
+        const double dy = line.to.y - line.from.y;
+        const double off = (dx * (point.y - line.from.y) - dy * (point.x - line.from.x)) / std::hypot(dx, dy);
+        EXPECT_LE(std::fabs(off), 6.0 * plparcel::coordinate_spacing(ring));
+    }
+}
+
+}  // namespace
