@@ -174,12 +174,26 @@ Division divide(const Ring& ring, const Request& request)
     stage.cut = start.cut;
     stage.measured = start.measured;
     stage.ask_library = request.ask_library && is_of_the_library(start.cut);
+    stage.alternative = request.alternative;
     stage.point = start.point;
     stage.point_stays = start.point_stays;
     if (start.cut == Cut::through_point)
         stage.first = direction_of(request.line.bearing);
     cut_all(std::move(stage), reference, shares, parcel, division);
     return division;
+}
+
+std::vector<Division> all_divisions(const Ring& ring, const Request& request)
+{
+    std::vector<Division> all;
+    Request next = request;
+    do {
+        all.push_back(divide(ring, next));
+        ++next.alternative;
+    } while (all.back().status == Status::divided);
+    if (all.size() > 1)
+        all.pop_back();
+    return all;
 }
 
 const char* describe(BoundaryStatus status) noexcept
@@ -236,6 +250,8 @@ const char* describe(Status status) noexcept
         return "no straight line through the point cuts that amount off";
     case Status::line_leaves_parcel:
         return "every line that holds the amount makes more than two pieces";
+    case Status::no_further_line:
+        return "there are fewer lines that hold the amount";
     case Status::not_reached:
         return "the coordinates are too coarse to hold the amount within 1e-9 of the parcel";
     }

@@ -107,13 +107,14 @@ public:
         if (stage_.ask_library)
             ask_library(attempt.bare, found);
         const std::vector<Chord> lines = all_lines(attempt.status);
+        Passed passed;
         for (const Chord& line : lines) {
-            if (!passes(line, target_, attempt))
+            if (!passes(line, target_, attempt) || !is_chosen(line, attempt, passed))
                 continue;
             attempt.line.library_agrees = attempt.bare.done && is_beside(line, found);
-            break;
+            return attempt;
         }
-        return attempt;
+        return none_of(attempt, passed);
     }
 
     Attempt make_strip(double width) const
@@ -122,6 +123,7 @@ public:
         const Wide level = level_at(levels, width);
         Attempt attempt;
         attempt.status = Status::amount_too_large;
+        Passed passed;
         for (const Chord& line : levels.lines_at(level)) {
             const Wide asked = local_.area_to_parcel(levels.request_area(line, level));
             const Wide rest = target_.rest - asked;
@@ -129,13 +131,37 @@ public:
                 continue;
             if (attempt.status == Status::amount_too_large)
                 attempt.status = Status::line_leaves_parcel;
-            if (passes(line, {asked, rest, target_.parcel}, attempt))
-                break;
+            if (passes(line, {asked, rest, target_.parcel}, attempt) && is_chosen(line, attempt, passed))
+                return attempt;
         }
-        return attempt;
+        return none_of(attempt, passed);
     }
 
 private:
+    using Passed = std::vector<DividingLine>;  // lines that divide, but come before the one that is asked for
+
+    // Whether a line that passes is the one that is asked for. The same line comes more than once where it ends at a
+    // vertex. One that holds the amount only nearly stands for those that hold it, and counts only as the first.
+    bool is_chosen(const Chord& line, const Attempt& attempt, Passed& passed) const
+    {
+        const bool is_known = std::any_of(passed.begin(), passed.end(), [&](const DividingLine& other) {
+            return same_place(other.from, attempt.line.from) && same_place(other.to, attempt.line.to);
+        });
+        if (is_known || (line.beside_the_amount && !passed.empty()))
+            return false;
+        if (passed.size() == stage_.alternative)
+            return true;
+        passed.push_back(attempt.line);
+        return false;
+    }
+
+    static Attempt none_of(Attempt attempt, const Passed& passed)
+    {
+        if (!passed.empty())
+            attempt.status = Status::no_further_line;
+        return attempt;
+    }
+
     std::vector<Chord> all_lines(Status& otherwise) const
     {
         switch (stage_.cut) {

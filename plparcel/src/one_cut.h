@@ -17,9 +17,10 @@ struct Stage {
     std::size_t index = 0;  ///< side or vertex of `ring`; without effect through a point
     Measured measured = Measured::from_reference;
     bool ask_library = false;
-    PL_PNT2D_record point = {};  ///< through_place: on side `index`; through_point: inside
-    bool point_stays = false;    ///< through_place: the line starts there to the last bit
-    WidePoint first = {};        ///< through_point: the direction from which lines are counted, clockwise
+    std::size_t alternative = 0;  ///< how many lines that divide to pass over
+    PL_PNT2D_record point = {};   ///< through_place: on side `index`; through_point: inside
+    bool point_stays = false;     ///< through_place: the line starts there to the last bit
+    WidePoint first = {};         ///< through_point: the direction from which lines are counted, clockwise
 };
 
 /// Where all lines of a series take their direction from: a side of the whole parcel, a bearing or a segment. Without

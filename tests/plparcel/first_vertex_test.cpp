@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <random>
@@ -19,6 +20,7 @@ namespace {
 using plparcel::Cut;
 using plparcel::divide;
 using plparcel::Division;
+using plparcel::Line;
 using plparcel::Measured;
 using plparcel::Request;
 using plparcel::Ring;
@@ -42,11 +44,32 @@ Ring any_ring(Random& random)
     return whole(random, 0, 1) == 0 ? ring : test::reversed(ring);
 }
 
+// Along, across or from a side or vertex; from a place on a side; through a point between three vertices, often in line
+// with some.
+Line any_line(Random& random, const Ring& ring)
+{
+    const std::size_t index = whole(random, 0, ring.size() - 1);
+    const double part = static_cast<double>(whole(random, 0, 8)) / 8.0;
+    const PL_PNT2D_record& a = ring[index];
+    const PL_PNT2D_record& b = ring[(index + 1) % ring.size()];
+    const PL_PNT2D_record& c = ring[whole(random, 0, ring.size() - 1)];
+    const std::size_t kind = whole(random, 0, 4);
+    if (kind == 3)
+        return plparcel::through_place(index, part * std::hypot(b.x - a.x, b.y - a.y));
+    if (kind == 4)
+        return plparcel::through_point(
+            {0.5 * c.x + 0.5 * (a.x + part * (b.x - a.x)), 0.5 * c.y + 0.5 * (a.y + part * (b.y - a.y))},
+            50.0 * static_cast<double>(whole(random, 0, 7)));
+    Line line;
+    line.cut = static_cast<Cut>(kind);
+    line.index = index;
+    return line;
+}
+
 Request any_request(Random& random, const Ring& ring)
 {
     Request request;
-    request.line.cut = static_cast<Cut>(whole(random, 0, 2));
-    request.line.index = whole(random, 0, ring.size() - 1);
+    request.line = any_line(random, ring);
     request.measured = whole(random, 0, 1) == 0 ? Measured::from_reference : Measured::opposite;
     const double of = whole(random, 0, 1) == 0 ? 16.0 : 12.0;
     if (whole(random, 0, 3) == 0)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -167,6 +168,50 @@ TEST_F(Kinds, DividedIsRightAndMoreIsDividedThanByABareCall)
                 "| --- | --- | --- | --- | --- | --- | --- |\n");
     for (std::size_t i = 0; i < kinds.size(); ++i)
         print_details(kinds[i].name, all[i]);
+}
+
+// From places on sides and through points between three vertices.
+plparcel::Line any_start(std::mt19937_64& random, const test::Ring& ring)
+{
+    std::uniform_real_distribution<double> between(0.0, 1.0);
+    const std::size_t side = random() % ring.size();
+    const PL_PNT2D_record& a = ring[side];
+    const PL_PNT2D_record& b = ring[(side + 1) % ring.size()];
+    const PL_PNT2D_record& c = ring[random() % ring.size()];
+    const double part = between(random);
+    if (random() % 2 == 0)
+        return plparcel::through_place(side, part * std::hypot(b.x - a.x, b.y - a.y));
+    const double in = between(random);
+    const PL_PNT2D_record d = {a.x + part * (b.x - a.x), a.y + part * (b.y - a.y)};
+    return plparcel::through_point({d.x + in * (c.x - d.x), d.y + in * (c.y - d.y)}, 400.0 * between(random));
+}
+
+TEST(KindsOfStarts, WhatIsDividedFromAPlaceOrThroughAPointIsRightByGeos)
+{
+    std::mt19937_64 random = test::random_source();
+    witness::Geos geos;
+    std::map<std::string, int> tally;
+    const int count = requests();
+    for (int i = 0; i < count; ++i) {
+        const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
+        const test::Ring ring = kinds[random() % kinds.size()].make(random);
+        plparcel::Request request;
+        request.line = any_start(random, ring);
+        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random);
+        const double asked = part * plparcel::check_ring(ring).area;
+        request.amounts = {plparcel::area(asked)};
+        if (random() % 2 == 0)
+            request.measured = plparcel::Measured::opposite;
+        const Division division = plparcel::divide(ring, request);
+        ++tally[plparcel::describe(division)];
+        if (division.status != Status::divided)
+            continue;
+        EXPECT_EQ(plparcel_test::geos_objection(geos, ring, request, asked, division), "")
+            << i << ": cut " << static_cast<int>(request.line.cut) << " side " << request.line.index;
+    }
+    for (const auto& [what, times] : tally)
+        std::printf("  %7d %s\n", times, what.c_str());
+    EXPECT_GT(tally["divided as asked"], count / 2);
 }
 
 }  // namespace

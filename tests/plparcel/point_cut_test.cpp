@@ -390,6 +390,59 @@ TEST(PointCut, OfManyPartsGoesRoundThePoint)
     EXPECT_BITS(division.pieces[3].area, 1250.0);
 }
 
+TEST(PointCut, AllLinesCanBeHadInTheirOrder)
+{
+    const struct {
+        const char* what;
+        const Ring& ring;
+        Line line;
+        double asked;
+        std::vector<PL_LINE_2D_record> lines;
+    } rows[] = {
+        {"both legs",
+         kSquare,
+         through_point({25, 25}),
+         1406.25,
+         {{{0, 37.5}, {75, 0}}, {{0, 75}, {37.5, 0}}}},
+        {"the diagonal either way, to a vertex only once",
+         kSquare,
+         through_point({25, 25}),
+         5000,
+         {{{0, 0}, {100, 100}}, {{100, 100}, {0, 0}}}},
+        {"the least corner, and what is less by what is granted: once",
+         kSquare,
+         through_point({25, 25}),
+         1250 - 0.9e-5,
+         {{{0, 50}, {50, 0}}}},
+        {"a parallel: one", kSquare, plparcel::parallel_to(0), 2500, {{{0, 25}, {100, 25}}}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Request request;
+        request.line = row.line;
+        request.amounts = {area(row.asked)};
+        const std::vector<Division> all = plparcel::all_divisions(row.ring, request);
+        ASSERT_EQ(all.size(), row.lines.size());
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            ASSERT_EQ(all[i].status, Status::divided) << describe(all[i]);
+            EXPECT_POINT(all[i].lines[0].from, (row.lines[i].start));
+            EXPECT_POINT(all[i].lines[0].to, (row.lines[i].end));
+        }
+        request.alternative = all.size();
+        EXPECT_EQ(divide(row.ring, request).status, Status::no_further_line);
+    }
+}
+
+TEST(PointCut, WithoutALineTheReasonIsTold)
+{
+    Request request;
+    request.line = through_point({25, 25});
+    request.amounts = {area(1249)};
+    const std::vector<Division> all = plparcel::all_divisions(kSquare, request);
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].status, Status::no_line_through_point);
+}
+
 TEST(PointCut, OnSmallParcelsAtUtmSize)
 {
     for (const double size : {0.5, 5.0, 50.0}) {

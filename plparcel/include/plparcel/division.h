@@ -112,6 +112,9 @@ struct Request {
     /// them, what is left after the last is a piece of its own.
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
+    /// Which of the lines that hold the first amount: 0 for the first one in the order that divide() states, 1 for the
+    /// second. A line that holds the amount only nearly counts only as the first.
+    std::size_t alternative = 0;
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
     /// no line depends on them. It has no answer for at_bearing and along_segment, and none for a width. It costs about as much as the division itself, and far more on parcels of
     /// thousands of vertices.
@@ -142,6 +145,7 @@ enum class Status {
     // the cut
     base_reaches_behind,    ///< the part of the parcel behind the base side is larger than the request
     no_line_through_point,  ///< in no direction does the line through the point cut the amount off
+    no_further_line,        ///< there are no more lines than Request::alternative says
     line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
     not_reached             ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
 };
@@ -229,5 +233,16 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             one nearest to the line of the base side (for a perpendicular: to its middle; at a bearing or along a
 ///             segment: to the vertex farthest to the right, for `opposite` to the left).
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
+
+/// All divisions that a request allows: with each of the lines that hold its first amount, in the order in which divide()
+/// states.
+///
+/// @param[in] ring, request  as for divide()
+/// @return one division for each line, from Request::alternative on; where there is none, the one that says why. The
+///         last of n lines costs as much as n divisions.
+///
+/// Degenerate  Where the area stays as a line through a point turns, every direction holds it. The line at
+///             Line::bearing, those through vertices and one between each two of them stand for all.
+PLPARCEL_API std::vector<Division> all_divisions(const Ring& ring, const Request& request);
 
 }  // namespace plparcel
