@@ -57,6 +57,18 @@ plparcel::Request read_request(Reader& in, const Ring& ring)
     request.line.bearing = in.number();
     request.line.a = in.point();
     request.line.b = in.point();
+    constexpr int kAnyStart = 4;
+    const int start = in.below(kAnyStart);
+    if (start >= 2)
+        request.line.cut = start == 2 ? Cut::through_place : Cut::through_point;
+    if (start >= 2 && !ring.empty()) {
+        // Half-way between two vertices: often inside, and on a side, at a vertex or in line with others.
+        const PL_PNT2D_record& v = ring[in.byte() % ring.size()];
+        const PL_PNT2D_record& w = ring[in.byte() % ring.size()];
+        request.line.a = {0.5 * v.x + 0.5 * w.x, 0.5 * v.y + 0.5 * w.y};
+    }
+    request.line.along = request.line.bearing;
+    request.alternative = static_cast<std::size_t>(in.below(kAnyStart)) % 2;
     return request;
 }
 
@@ -104,10 +116,24 @@ void check_free_direction(const plparcel::Line& asked, const plparcel::DividingL
     FUZZ_CHECK(std::fabs(off_line(line.to, line.from, run_x, run_y)) <= kEndSpacings * spacing);
 }
 
+// A line through a point inside has it on its way; those after it start there, beside the first line.
+void check_point(const Ring& ring, const PL_PNT2D_record& p, const plparcel::DividingLine& line,
+                 double spacing)
+{
+    const bool starts_there = fuzz::apart(p, line.from) <= kEndSpacings * spacing;
+    FUZZ_CHECK(starts_there || distance_to_boundary(ring, line.from) <= 4.0 * spacing);
+    FUZZ_CHECK(distance_to_boundary(ring, line.to) <= 4.0 * spacing);
+    FUZZ_CHECK(distance_to_side(p, line.from, line.to) <= kEndSpacings * spacing);
+}
+
 void check_line(const Ring& ring, const plparcel::Request& request, const plparcel::DividingLine& line,
                 double spacing)
 {
     FUZZ_CHECK(!fuzz::same(line.from, line.to));
+    if (request.line.cut == Cut::through_point) {
+        check_point(ring, request.line.a, line, spacing);
+        return;
+    }
     FUZZ_CHECK(distance_to_boundary(ring, line.from) <= 4.0 * spacing);
     FUZZ_CHECK(distance_to_boundary(ring, line.to) <= 4.0 * spacing);
     if (is_free(request.line.cut)) {
@@ -118,6 +144,11 @@ void check_line(const Ring& ring, const plparcel::Request& request, const plparc
     const PL_PNT2D_record& b = ring[fuzz::index_after(ring, request.line.index)];
     if (request.line.cut == Cut::through_vertex) {
         FUZZ_CHECK(fuzz::equal(line.from, a));
+        return;
+    }
+    if (request.line.cut == Cut::through_place) {
+        FUZZ_CHECK(distance_to_side(line.from, a, b) <= kEndSpacings * spacing);
+        FUZZ_CHECK(std::fabs(fuzz::apart(line.from, a) - request.line.along) <= kEndSpacings * spacing);
         return;
     }
     const Real run_x = static_cast<Real>(b.x) - a.x;
@@ -134,7 +165,9 @@ void check_divided(const Ring& ring, const plparcel::Request& request, const Div
     constexpr double kRounding = 1e-15;
     FUZZ_CHECK(!division.lines.empty() && division.lines.size() <= request.amounts.size());
     FUZZ_CHECK(division.pieces.size() == division.lines.size() + 1);
-    const bool asked_library = request.ask_library && !is_free(request.line.cut);
+    const Cut cut = request.line.cut;
+    const bool of_library = cut == Cut::parallel || cut == Cut::perpendicular || cut == Cut::through_vertex;
+    const bool asked_library = request.ask_library && of_library;
     FUZZ_CHECK(division.bare.size() == (asked_library ? division.lines.size() : 0));
     FUZZ_CHECK(division.trials >= division.lines.size());
 
@@ -165,7 +198,7 @@ bool must_divide(const Ring& ring, const plparcel::Request& request)
                         request.line.cut == Cut::through_vertex) &&
                        (request.measured == plparcel::Measured::from_reference ||
                         request.measured == plparcel::Measured::opposite);
-    if (!known || request.line.index >= ring.size() || !fuzz::plainly_convex(ring))
+    if (!known || request.alternative > 0 || request.line.index >= ring.size() || !fuzz::plainly_convex(ring))
         return false;
     const double parcel = std::fabs(fuzz::area_of(ring));
     double sum = 0.0;

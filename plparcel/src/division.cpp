@@ -173,7 +173,7 @@ Division divide(const Ring& ring, const Request& request)
     stage.ring = std::move(measured);
     stage.cut = start.cut;
     stage.measured = start.measured;
-    stage.ask_library = request.ask_library && is_of_the_library(start.cut);
+    stage.ask_library = request.ask_library && is_of_the_library(request.line.cut);
     stage.alternative = request.alternative;
     stage.point = start.point;
     stage.point_stays = start.point_stays;

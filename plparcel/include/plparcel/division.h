@@ -116,8 +116,8 @@ struct Request {
     /// second. A line that holds the amount only nearly counts only as the first.
     std::size_t alternative = 0;
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
-    /// no line depends on them. It has no answer for at_bearing and along_segment, and none for a width. It costs about as much as the division itself, and far more on parcels of
-    /// thousands of vertices.
+    /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths. It costs
+    /// about as much as the division itself, and far more on parcels of thousands of vertices.
     bool ask_library = false;
 };
 

@@ -1,7 +1,7 @@
 #include "lines/point_lines.h"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 #include <iterator>
 
 #include "lines/ray.h"
@@ -57,8 +57,6 @@ struct Line {
 struct Swept {
     Wide alpha;
     Wide beta;
-
-    Wide at(const Wide& t) const { return alpha * t / (beta * t + 1.0); }
 };
 
 // The parts of the way at which right(0) - ahead + behind is as wanted; `more` is right(0) less what is wanted. A root
@@ -98,21 +96,24 @@ public:
 
     PointLines run()
     {
-        std::vector<std::size_t> next(points_.size());
-        for (std::size_t k = 0; k < next.size(); ++k)
-            next[k] = (k + 1) % next.size();
-        const std::vector<Sector> sectors = seen_all_round(points_, next, first_);
+        std::vector<std::size_t> next_vertex(points_.size());
+        for (std::size_t k = 0; k < next_vertex.size(); ++k)
+            next_vertex[k] = (k + 1) % next_vertex.size();
+        const std::vector<Sector> sectors = seen_all_round(points_, next_vertex, first_);
         if (sectors.empty())
             return {};
         const std::vector<Event> events = events_of(sectors);
         Ends now = ends_before(events);
+        Line arriving = line_in(events.front().direction, now);
         for (std::size_t i = 0; i < events.size();) {
-            const Ends before = now;
             const WidePoint& direction = events[i].direction;
             for (; i < events.size() && !comes_before_(direction, events[i].direction); ++i)
                 pass(events[i], now);
-            at_vertices(direction, before, now);
-            between(direction, events[i % events.size()].direction, now);
+            const WidePoint& next = events[i % events.size()].direction;
+            const Line leaving = line_in(direction, now);
+            at_vertices(direction, arriving, leaving);
+            arriving = line_in(next, now);
+            between(direction, next, leaving, arriving);
         }
         return finished();
     }
@@ -184,20 +185,24 @@ private:
     }
 
     // All lines in a direction through vertices: each half may end where it ended before, or where it ends from now on.
-    void at_vertices(const WidePoint& direction, const Ends& before, const Ends& now)
+    void at_vertices(const WidePoint& direction, const Line& arriving, const Line& leaving)
     {
-        std::vector<Line> lines;
-        for (const std::size_t ahead : {before.ahead, now.ahead})
-            for (const std::size_t behind : {before.behind, now.behind}) {
-                const Line line = line_in(direction, {ahead, behind});
-                const bool is_there = std::any_of(lines.begin(), lines.end(), [&line](const Line& other) {
-                    return same_place(other.ahead, line.ahead) && same_place(other.behind, line.behind);
-                });
-                if (is_there)
-                    continue;
-                lines.push_back(line);
-                propose(line);
-            }
+        std::vector<Line> lines = {arriving};
+        const bool both_change =
+            arriving.sides.ahead != leaving.sides.ahead && arriving.sides.behind != leaving.sides.behind;
+        if (both_change) {
+            lines.push_back(line_in(direction, {arriving.sides.ahead, leaving.sides.behind}));
+            lines.push_back(line_in(direction, {leaving.sides.ahead, arriving.sides.behind}));
+        }
+        lines.push_back(leaving);
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const auto end = lines.begin() + static_cast<std::ptrdiff_t>(i);
+            const bool is_there = std::any_of(lines.begin(), end, [&line = lines[i]](const Line& other) {
+                return same_place(other.ahead, line.ahead) && same_place(other.behind, line.behind);
+            });
+            if (!is_there)
+                propose(lines[i]);
+        }
     }
 
     Swept swept_by(std::size_t side, const WidePoint& from, const WidePoint& to) const
@@ -207,24 +212,46 @@ private:
         return {cross(hit(side, from), hit(side, to)) * 0.5 * quotient, quotient - 1.0};
     }
 
-    void between(const WidePoint& from, const WidePoint& to, const Ends& sides)
+    // Whether what is wanted may lie between two lines: no further from the first one's area than all that either half
+    // sweeps. Asked in doubles, since most lines are nowhere near.
+    bool may_hold(const Line& first, const Line& last) const
     {
+        constexpr double kRoundings = 1e-12;
+        const double lost = 0.5 * std::fabs(cross(first.ahead, last.ahead).hi);
+        const double won = 0.5 * std::fabs(cross(first.behind, last.behind).hi);
+        const double reach = request_.granted.hi + kRoundings * parcel_.hi;
+        const double more = first.right.hi - request_.on_right.hi;
+        return -won - reach <= more && more <= lost + reach;
+    }
+
+    // Which half is longer: above zero the one ahead.
+    static double longer(const Line& line)
+    {
+        return (dot(line.ahead, line.ahead) - dot(line.behind, line.behind)).value();
+    }
+
+    void between(const WidePoint& from, const WidePoint& to, const Line& first, const Line& last)
+    {
+        note_range(first.right, last.right);
+        const bool turns_back = longer(first) * longer(last) < 0.0;
+        const bool may_hold_it = may_hold(first, last);
+        if (!turns_back && !may_hold_it)
+            return;
+        const Ends& sides = first.sides;
         const WidePoint u = about_unit(from);
         const WidePoint f = about_unit(to) - u;
         const auto line_at = [&](const Wide& t) { return line_in(u + f * t, sides); };
         const Swept ahead = swept_by(sides.ahead, u, u + f);
         const Swept behind = swept_by(sides.behind, u, u + f);
-        const Line first = line_at(0.0);
-        const Line last = line_at(1.0);
-        note_range(first.right, last.right);
-        const bool stays = holds(first) && holds(last) && holds(line_at(0.5));
-        if (stays) {
-            exact_.push_back(chord_of(line_at(0.5)));
-            return;
-        }
-        const std::vector<Wide> parts = roots(first.right - request_.on_right, ahead, behind);
+        std::vector<Wide> parts;
+        if (may_hold_it)
+            parts = holds(first) && holds(last) && holds(line_at(0.5))
+                        ? std::vector<Wide>{0.5}
+                        : roots(first.right - request_.on_right, ahead, behind);
         for (const Wide& t : parts)
             exact_.push_back(chord_of(line_at(t)));
+        if (!turns_back)
+            return;
         // Where both halves are of the same length.
         const Wide root_ahead = sqrt(ahead.alpha);
         const Wide root_behind = sqrt(behind.alpha);
