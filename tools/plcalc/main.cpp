@@ -1,6 +1,7 @@
 // plcalc: the command-line program. Hands the arguments to a verb and turns a failure into one line on stderr
 // and an exit status.
 
+#include <cerrno>
 #include <csignal>
 #include <cstddef>
 #include <exception>
@@ -39,9 +40,11 @@ ExitStatus complain(ExitStatus status, const std::string& text)
 // Prints complete results only.
 void print(const std::string& text)
 {
+    errno = 0;
     std::cout << text << std::flush;
     if (!std::cout)
-        throw Failure(ExitStatus::failed, {}, "the result could not be written to standard output", "");
+        throw Failure(ExitStatus::failed, {}, "the result could not be written to standard output", "",
+                      errno == ENOSPC ? "the disk is full" : "");
 }
 
 [[noreturn]] void refuse_arguments(const CLI::App& app, const std::string& what)
@@ -66,13 +69,32 @@ std::string described(const CLI::App& app, const CLI::ParseError& error)
     return text;
 }
 
+// "--help=foo" gives a value to an option that takes none.
+void refuse_values_of_flags(const CLI::App& app, int argc, char** argv)
+{
+    std::vector<const CLI::App*> parsers = {&app};
+    for (const CLI::App* verb : app.get_subcommands())
+        parsers.push_back(verb);
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        const std::string name = argument.substr(0, argument.find('='));
+        for (const CLI::App* parser : parsers) {
+            const CLI::Option* option = name != argument ? parser->get_option_no_throw(name) : nullptr;
+            if (option != nullptr && option->get_items_expected_max() == 0)
+                refuse_arguments(app, name + ": it takes no value");
+        }
+    }
+}
+
 void parse(CLI::App& app, int argc, char** argv)
 {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        refuse_values_of_flags(app, argc, argv);
         refuse_arguments(app, described(app, error));
     }
+    refuse_values_of_flags(app, argc, argv);
     for (const std::string& unknown : app.remaining(true)) {
         if (unknown != "--")  // after this mark nothing is an option
             refuse_arguments(app, "'" + unknown + "' is not an argument of this command");

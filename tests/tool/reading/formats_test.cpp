@@ -1,7 +1,10 @@
 // Every format the program is meant to read, written here by GDAL or by hand. Only the ring matters: all of
 // them hold the same parcel, 100 by 50 with a corner at (500000, 5000000).
 
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
@@ -28,6 +31,15 @@ protected:
         const double depth = level ? from.at(1) - 5000000.0 : from.at(0) - 500000.0;
         const double width = level ? 50.0 : 100.0;
         EXPECT_NEAR(std::fmin(depth, width - depth), 1000.0 / length, 2e-4) << run.out;
+    }
+
+    double run_measure(const std::string& options)
+    {
+        std::vector<std::string> words = {"measure", "lot.csv"};
+        std::istringstream text(options);
+        for (std::string word; text >> word;)
+            words.push_back(word);
+        return test::numbers_after(run(words).out, "Area").at(0);
     }
 
     // A dataset with the layers named, each with the geometries given.
@@ -104,8 +116,7 @@ TEST_F(Formats, CsvWithGeometry)
 TEST_F(Formats, CsvWithPoints)
 {
     const std::string points = kLotPoints;
-    for (const char* header :
-         {"E,N", "e,n", "East,North", "EASTING,NORTHING", "Est,Nord", "X,Y", " E , N "}) {
+    for (const char* header : {"E,N", "e,n", "East,North", "EASTING,NORTHING", "Est,Nord", " E , N "}) {
         SCOPED_TRACE(header);
         write("lot.csv", std::string(header) + "\n" + points);
         expect_divided(divide("lot.csv", kStrip));
@@ -119,6 +130,338 @@ TEST_F(Formats, CsvWithPoints)
     write("lot.csv",
           "E\tN\tX\n500000\t5000000\t1\n500100\t5000000\t2\n500100\t5000050\t3\n500000\t5000050\t4\n");
     expect_divided(divide("lot.csv", kStrip));
+}
+
+// As spreadsheets and controllers of many countries write tables.
+TEST_F(Formats, TablesOfManyCountries)
+{
+    const std::string german = "500000,00;5000000,00\n500100,00;5000000,00\n500100,00;5000050,00\n"
+                               "500000,00;5000050,00\n";
+    const std::string tabs = "500000\t5000000\n500100\t5000000\n500100\t5000050\n500000\t5000050\n";
+    struct Row {
+        const char* name;
+        std::string table;
+    };
+    for (const Row& row : {Row{"lot.csv", "Rechtswert;Hochwert\n" + german},
+                           {"lot.csv", "RW [m];HW [m]\n" + german},
+                           {"lot.csv", "Ost;Nord\r\n" + german},
+                           {"lot.csv", "sep=;\r\nEst (m);Nord (m)\r\n" + german},
+                           {"lot.csv", "Este;Norte\n" + german},
+                           {"lot.csv", "E;N\n500000,000;5000000,000\n500100,000;5000000,000\n"
+                                       "500100,000;5000050,000\n500000,000;5000050,000\n"},
+                           {"lot.csv", "E,N\n\"500000,0\",5000000\n500100,5000000\n500100,5000050\n"
+                                       "500000,5000050\n"},
+                           {"lot.txt", std::string("E,N\n") + kLotPoints},
+                           {"lot.txt", "E\tN\n" + tabs},
+                           {"lot.txt", "  E        N\n  500000 5000000\n500100   5000000\n500100 5000050\n"
+                                       "500000 5000050\n"},
+                           {"lot.tsv", "E\tN\n" + tabs}}) {
+        SCOPED_TRACE(row.table);
+        write(row.name, row.table);
+        expect_divided(divide(row.name, kStrip));
+    }
+    write("lot.csv", "Rechtswert;Hochwert\n" + german);
+    EXPECT_EQ(divide("lot.csv", kStrip).out.rfind("Parcel  lot.csv (commas stand before the decimals)\n", 0),
+              0u);
+}
+
+// Half of them is one number here and another there; a point in one row, and commas are not for decimals.
+TEST_F(Formats, CommasThatCouldPartThousands)
+{
+    for (const char* table :
+         {"E,N\n\"1,250\",0\n0,0\n0,9\n", "E\tN\n1,250\t0\n0\t0\n0\t900\n", "E;N\n1,250;0\n0.5;0\n0;9\n"}) {
+        write("lot.csv", table);
+        EXPECT_TRUE(
+            test::fails_with(divide("lot.csv", "--vertex 1 --share 1/2"), 3,
+                             "lot.csv: row 1: E is '1,250', not a number; use a point before the decimals"))
+            << table;
+    }
+}
+
+TEST_F(Formats, TablesWithoutAHeader)
+{
+    const std::string pnezd = "1,5000000.0,500000.0,10.5,peg\n2,5000000.0,500100.0,10.5,peg\n"
+                              "3,5000050.0,500100.0,11.5,nail\n4,5000050.0,500000.0,11.5,nail\n";
+    write("lot.txt", pnezd);
+    write("head.csv", "a,b,c,d,e\n" + pnezd);
+    for (const char* name : {"lot.txt", "head.csv"}) {
+        const test::Result run = divide(name, std::string("--columns P,N,E,Z,D ") + kStrip);
+        EXPECT_EQ(test::numbers_after(run.out, "parcel").at(0), 5000.0) << run.err;
+        EXPECT_NE(run.out.find(" 500000.0000  5000010.0000       10.7000\n"), std::string::npos) << run.out;
+    }
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.txt", kStrip), 3,
+        "lot.txt: the file holds no polygon and no closed line (features: 4); a table needs a "
+        "header with a column WKT, or with E and N for a vertex in each row; without a "
+        "header, name the columns, as in --columns P,N,E,Z,D"));
+    make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 0);
+    EXPECT_TRUE(test::fails_with(divide("lot.gpkg", std::string("--columns E,N ") + kStrip), 2,
+                                 "lot.gpkg: --columns is for tables; leave --columns out"));
+}
+
+TEST_F(Formats, TextInUtf16)
+{
+    const std::string table = std::string("Flurst\u00fcck,E,N\n") +
+                              "\u0141,500000,5000000\n\u0141,500100,5000000\n"
+                              "\u0141,500100,5000050\n\u0141,500000,5000050\n";
+    for (const char* encoding : {"UTF-16LE", "UTF-16BE"}) {
+        write("utf8", table);
+        const std::string command =
+            std::string("(printf '") + (encoding[6] == 'L' ? "\\377\\376" : "\\376\\377") +
+            "'; iconv -f UTF-8 -t " + encoding + " " + path("utf8") + ") >" + path("lot.csv");
+        ASSERT_EQ(std::system(command.c_str()), 0);
+        const test::Result run = divide("lot.csv", kStrip);
+        expect_divided(run);
+        EXPECT_EQ(run.out.rfind("Parcel  lot.csv: Flurst\u00fcck \u0141\n", 0), 0u) << run.out;
+    }
+    write("lot.csv", std::string("\xFF\xFE") + "E\0,");
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", kStrip), 3,
+                                 "lot.csv: the text begins as UTF-16, but is not; save it as CSV in UTF-8"));
+}
+
+TEST_F(Formats, StandardInput)
+{
+    write("lot.csv", std::string("E,N\n") + kLotPoints);
+    write("wkt.csv", std::string("id,WKT\n1,\"") + kLot + "\"\n");
+    write("lot.geojson", R"({"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000],
+                             [500100, 5000050], [500000, 5000050], [500000, 5000000]]]})");
+    write("lot.dxf",
+          "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n8\n0\n90\n4\n70\n1\n10\n500000\n20\n5000000\n10\n500100\n"
+          "20\n5000000\n10\n500100\n20\n5000050\n10\n500000\n20\n5000050\n0\nENDSEC\n0\nEOF\n");
+    make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 32632);
+    make("lot.gml", "GML", {"lot"}, {kLot}, 32632);
+    for (const char* file : {"lot.csv", "wkt.csv", "lot.geojson", "lot.dxf", "lot.gpkg", "lot.gml"}) {
+        for (const char* name : {"-", "/vsistdin/", "/dev/stdin"}) {
+            SCOPED_TRACE(std::string(file) + " as " + name);
+            const std::string command = std::string(PLCALC_PROGRAM) + " divide " + name + " " + kStrip +
+                                        " <" + path(file) + " >" + path("out") + " 2>" + path("err");
+            test::Result run;
+            run.status = std::system(command.c_str());
+            std::ostringstream out, err;
+            out << std::ifstream(path("out")).rdbuf();
+            err << std::ifstream(path("err")).rdbuf();
+            run.out = out.str();
+            run.err = err.str();
+            expect_divided(run);
+        }
+    }
+}
+
+TEST_F(Formats, WktWithItsCrs)
+{
+    const auto table = [](const std::string& srid, const std::string& other) {
+        return "id,WKT\n1,\"SRID=" + srid + ";" + kLot + "\"\n2,\"SRID=" + other + ";" + kLot + "\"\n";
+    };
+    write("lot.csv", table("32632", "32632"));
+    expect_divided(divide("lot.csv", std::string("--feature 1 ") + kStrip));
+    EXPECT_EQ(divide("lot.csv", std::string("-o out.kml ") + kStrip).status, 0) << "the CRS is known";
+    write("lot.csv", table("32632", "32633"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", kStrip), 3,
+                         "lot.csv: feature 2: it has SRID 32633, and one before it 32632; project all to the "
+                         "same CRS"));
+    write("lot.csv", table("4326", "4326"));
+    EXPECT_EQ(divide("lot.csv", std::string("--feature 1 ") + kStrip).status, 3) << "degrees";
+}
+
+TEST_F(Formats, PolygonsOfSeveralParts)
+{
+    write_wkt("MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 9, 20 0)), EMPTY)");
+    const test::Result run = divide("lot.csv", "--vertex 1 --share 1/2 -o out.gpkg");
+    EXPECT_EQ(run.status, 3) << run.err;
+    EXPECT_NE(run.out.find("Divided  2 of 3 parcels\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("(feature 1 part 3)"), std::string::npos) << run.out;
+    const GDALDatasetUniquePtr out(GDALDataset::Open(path("out.gpkg").c_str(), GDAL_OF_VECTOR));
+    std::vector<int> parcels;
+    for (const OGRFeatureUniquePtr& piece : *out->GetLayerByName("pieces"))
+        parcels.push_back(piece->GetFieldAsInteger("parcel"));
+    EXPECT_EQ(parcels, (std::vector<int>{1, 1, 1, 1, 1})) << "one id for all parts";
+    EXPECT_EQ(run_measure("--part 2"), 45.0);
+    EXPECT_EQ(run_measure("--feature 1 --part 1"), 40.5);
+    EXPECT_TRUE(test::fails_with(this->run({"measure", "lot.csv", "--part", "4"}), 2,
+                                 "lot.csv: there is no part 4; list them with ogrinfo -al"));
+}
+
+// Where X is North, a parcel that is read with X as East is mirrored.
+TEST_F(Formats, WhichOfXAndYIsEast)
+{
+    struct Row {
+        const char* what;
+        const char* options;
+        bool x_is_east;
+        const char* why;
+    };
+    const std::string east = std::string("X,Y\n") + kLotPoints;
+    const std::string north = "X,Y\n5000000,500000\n5000000,500100\n5000050,500100\n5000050,500000\n";
+    for (const Row& row : {Row{"told", "--axes en", true, "X is East and Y North, as --axes says"},
+                           {"told", "--axes ne", false, "X is North and Y East, as --axes says"},
+                           {"a CRS with E and N: X is its first", "--crs EPSG:32632", true,
+                            "X is East and Y North, as in WGS 84 / UTM zone 32N"},
+                           {"the same with N first", "--crs EPSG:3044", false,
+                            "X is North and Y East, as in ETRS89 / UTM zone 32N (N-E)"},
+                           {"both: the command line wins", "--axes en --crs EPSG:3044", true,
+                            "X is East and Y North, as --axes says"}}) {
+        SCOPED_TRACE(row.options);
+        write("lot.csv", row.x_is_east ? east : north);
+        const test::Result run = divide("lot.csv", std::string(row.options) + " " + kStrip);
+        expect_divided(run);
+        EXPECT_EQ(run.out.substr(0, run.out.find('\n')), std::string("Parcel  lot.csv (") + row.why + ")");
+    }
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", kStrip), 2,
+                         "lot.csv: columns X and Y do not say which of them is East; add --axes en if X is "
+                         "East, --axes ne if X is North, or name the CRS with --crs"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", std::string("--axes xy ") + kStrip), 2,
+                         "--axes: 'xy' is neither en (X is East) nor ne (X is North); see plcalc divide "
+                         "--help"));
+    write("lot.csv", std::string("E,N\n") + kLotPoints);
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", std::string("--axes en ") + kStrip), 2,
+                                 "lot.csv: --axes is for tables with columns X and Y; leave --axes out"));
+}
+
+// German, Polish and old Swiss grids call North X; French and new Swiss ones do not.
+TEST_F(Formats, XAndYAsTheCrsNamesThem)
+{
+    struct Row {
+        const char* crs;
+        bool x_is_east;
+        double east;
+        double north;
+    };
+    for (const Row& row : {Row{"EPSG:31467", false, 3500000, 5400000},
+                           {"EPSG:2180", false, 500000, 500000},
+                           {"EPSG:21781", false, 600000, 200000},
+                           {"EPSG:2056", true, 2600000, 1200000},
+                           {"EPSG:2154", true, 700000, 6900000},
+                           {"EPSG:25832", true, 500000, 5400000}}) {
+        SCOPED_TRACE(row.crs);
+        std::string table = "X,Y\n";
+        for (const auto& [e, n] : {std::pair{0, 0}, {100, 0}, {100, 50}, {0, 50}}) {
+            const std::string east = std::to_string(row.east + e);
+            const std::string north = std::to_string(row.north + n);
+            table += row.x_is_east ? east + "," + north + "\n" : north + "," + east + "\n";
+        }
+        write("lot.csv", table);
+        const test::Result run = this->run({"measure", "lot.csv", "--crs", row.crs});
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.out.find("4 vertices, anticlockwise\n"), std::string::npos) << run.out;
+        EXPECT_NE(
+            run.out.find(row.x_is_east ? "(X is East and Y North, as in" : "(X is North and Y East, as in"),
+            std::string::npos)
+            << run.out;
+    }
+    // South African grids count to the West and to the South.
+    EXPECT_EQ(run({"measure", "lot.csv", "--crs", "EPSG:2053"}).status, 2)
+        << "which of them is East is not told";
+    EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "--crs", "EPSG:9"}), 2,
+                                 "'EPSG:9' is not a CRS that PROJ knows; name it as EPSG:25832"));
+}
+
+TEST_F(Formats, ACrsOfTheCommandLine)
+{
+    make("plain.gpkg", "GPKG", {"lot"}, {kLot}, 0);
+    make("utm.gpkg", "GPKG", {"lot"}, {kLot}, 32632);
+    expect_divided(divide("plain.gpkg", std::string("--crs EPSG:32632 ") + kStrip));
+    expect_divided(divide("utm.gpkg", std::string("--crs EPSG:32632 ") + kStrip));
+    EXPECT_TRUE(
+        test::fails_with(divide("utm.gpkg", std::string("--crs EPSG:32633 ") + kStrip), 2,
+                         "utm.gpkg: the file has a CRS of its own (WGS 84 / UTM zone 32N), and --crs names "
+                         "another; leave --crs out, or project the file with ogr2ogr -t_srs EPSG:32633"));
+    // It goes with the pieces, and lets degrees be computed.
+    ASSERT_EQ(divide("plain.gpkg", std::string("--crs EPSG:32632 -o out.kml ") + kStrip).status, 0);
+    OGRSpatialReference utm;
+    utm.importFromEPSG(32632);
+    const char* const esri[] = {"FORMAT=WKT1_ESRI", nullptr};
+    char* wkt = nullptr;
+    ASSERT_EQ(utm.exportToWkt(&wkt, esri), OGRERR_NONE);
+    write("lot.prj", wkt);
+    CPLFree(wkt);
+    write("lot.csv", std::string("X,Y\n") + kLotPoints);
+    expect_divided(divide("lot.csv", kStrip));
+}
+
+// A map's projection stretches what it shows.
+TEST_F(Formats, LengthsAreTrueToScale)
+{
+    struct Row {
+        const char* what;
+        int epsg;
+        double east;
+        double north;
+        const char* factor;  // null where it is within a thousandth
+        const char* zone;
+    };
+    // Factors by hand: 1 / cos(latitude) on a sphere, 0.9996 (1 + d^2 / 2 R^2) in UTM.
+    for (const Row& row : {Row{"Web Mercator at 45 degrees North", 3857, 1000000, 5621521, "1.41", "32632"},
+                           {"and in Buenos Aires", 3857, -6500000, -4100000, "1.2", "32721"},
+                           {"in Bergen, whose zone is wider", 3857, 590000, 8490000, "2.0", "32632"},
+                           {"UTM on its central meridian", 32632, 500000, 5000000, nullptr, ""},
+                           {"a bit less than three degrees from it", 32632, 820000, 100000, nullptr, ""},
+                           {"and much farther", 32632, 1100000, 5000000, "1.004", "32633"}}) {
+        SCOPED_TRACE(row.what);
+        const auto corner = [&](int e, int n) {
+            return std::to_string(row.east + e) + " " + std::to_string(row.north + n);
+        };
+        make("lot.gpkg", "GPKG", {"lot"},
+             {"POLYGON ((" + corner(0, 0) + ", " + corner(100, 0) + ", " + corner(100, 50) + ", " +
+              corner(0, 50) + ", " + corner(0, 0) + "))"},
+             row.epsg);
+        const test::Result run = divide("lot.gpkg", kStrip);
+        const test::Result accepted = divide("lot.gpkg", std::string("--any-scale ") + kStrip);
+        std::filesystem::remove(path("lot.gpkg"));
+        ASSERT_EQ(accepted.status, 0) << accepted.err;
+        if (row.factor == nullptr) {
+            EXPECT_EQ(run.status, 0) << run.err;
+            continue;
+        }
+        EXPECT_EQ(run.status, 3);
+        EXPECT_NE(run.err.find(std::string(" are ") + row.factor), std::string::npos) << run.err;
+        EXPECT_NE(
+            run.err.find(std::string(" times those on the ground here; project them first, for example with "
+                                     "ogr2ogr -t_srs EPSG:") +
+                         row.zone + ", or accept it with --any-scale\n"),
+            std::string::npos)
+            << run.err;
+        EXPECT_NE(accepted.out.substr(0, accepted.out.find('\n')).find(row.factor), std::string::npos);
+    }
+}
+
+TEST_F(Formats, AreasOnTheGround)
+{
+    make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 32632);
+    const auto ground = [&](const std::string& amount) {
+        return divide("lot.gpkg", "--ground-factor 0.9996 --parallel 1 " + amount);
+    };
+    // 5000 in the plane is 5000 / 0.9996^2 on the ground; 1000 on the ground is a strip of 1000 * 0.9996^2 / 100.
+    const test::Result run = ground("--area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out.rfind(
+                  "Parcel  lot.gpkg: feature 1 (areas and lengths on the ground: ground factor 0.9996)\n", 0),
+              0u);
+    EXPECT_NEAR(test::numbers_after(run.out, "parcel").at(0), 5000.0 / (0.9996 * 0.9996), 1e-4);
+    EXPECT_NEAR(test::numbers_after(run.out, "Perimeter").at(0), 300.0 / 0.9996, 1e-4);
+    EXPECT_EQ(test::numbers_after(run.out, "requested").at(0), 1000.0);
+    EXPECT_NEAR(test::numbers_after(run.out, "cut off").at(0), 1000.0, 5e-3);
+    EXPECT_NEAR(test::numbers_after(run.out, "from").at(1), 5000000.0 + 10.0 * 0.9996 * 0.9996, 1e-4);
+    const test::Result product = ground("--product 20 50");
+    EXPECT_EQ(test::numbers_after(product.out, "from"), test::numbers_after(run.out, "from"));
+    const test::Result share = ground("--share 1/2");
+    EXPECT_EQ(test::numbers_after(share.out, "from").at(1), 5000025.0) << "a share is the same in the plane";
+    EXPECT_TRUE(
+        test::fails_with(ground("--area 5004.01"), 4,
+                         "lot.gpkg: feature 1: the requested area 5004.01 is not less than the parcel's area "
+                         "5004.0024; ask for less"));
+    EXPECT_TRUE(test::fails_with(divide("lot.gpkg", std::string("--ground-factor 2 ") + kStrip), 2,
+                                 "--ground-factor: '2' is not the factor by which lengths on the ground "
+                                 "become lengths in the plane, such as "
+                                 "0.99962; see plcalc divide --help"));
+    const test::Result measured = this->run({"measure", "lot.gpkg", "--ground-factor", "0.9996"});
+    EXPECT_NEAR(test::numbers_after(measured.out, "Area").at(0), 5000.0 / (0.9996 * 0.9996), 1e-4);
+    const test::Result set_out = this->run({"stakeout", "lot.gpkg", "--ground-factor", "0.9996", "--station",
+                                            "1", "--orientation", "2", "--point", "3", "--csv"});
+    EXPECT_NE(set_out.out.find("vertex 3,500100.0000,5000050.0000,"), std::string::npos) << "in the plane";
+    EXPECT_NE(set_out.out.find(",111.8481,100.0400,-50.0200\n"), std::string::npos) << set_out.out;
 }
 
 TEST_F(Formats, OtherGeometriesThatBoundOneArea)
@@ -220,16 +563,16 @@ TEST_F(Formats, AxesRunEastAndNorth)
     EXPECT_TRUE(test::fails_with(
         divide("west.gpkg", kStrip), 3,
         "west.gpkg: feature 1: the coordinates increase to the West (Hartebeesthoek94 "
-        "/ Lo29), not to the East; project them first, for example with ogr2ogr -t_srs EPSG:32632"));
+        "/ Lo29), not to the East; project them first, for example with ogr2ogr -t_srs EPSG:32734"));
     // Northing first on paper, Easting first in files; a grid around a pole.
     for (const int epsg : {31467, 2393, 5514, 3031, 32661}) {
         SCOPED_TRACE(epsg);
         const std::string name = "lot" + std::to_string(epsg) + ".gpkg";
         make(name, "GPKG", {"lot"}, {kLot}, epsg);
-        expect_divided(divide(name, kStrip));
+        expect_divided(divide(name, std::string("--any-scale ") + kStrip));
     }
     make("lot.gml", "GML", {"lot"}, {kLot}, 31467);
-    expect_divided(divide("lot.gml", kStrip));
+    expect_divided(divide("lot.gml", std::string("--any-scale ") + kStrip));
 }
 
 // A closed polyline, on layer 0, with a bulge after vertex 2: tan of a quarter of the arc's angle.
@@ -257,6 +600,61 @@ TEST_F(Formats, DrawingsWithArcsAreRefused)
         test::fails_with(divide("lot.dxf", kStrip), 3,
                          "lot.dxf: the file holds no polygon and no closed line (features: 2, the first a "
                          "LINESTRING); draw the parcel as a polygon"));
+}
+
+// A layer in the table of a drawing's layers: its flags and its colour, negative where it is switched off.
+std::string dxf_layer(const std::string& name, const std::string& flags, const std::string& color)
+{
+    return "0\nLAYER\n2\n" + name + "\n70\n" + flags + "\n62\n" + color + "\n6\nCONTINUOUS\n";
+}
+
+// A closed polyline that is kLot, with further codes behind its layer.
+std::string dxf_lot(const std::string& layer, const std::string& codes = "")
+{
+    return "0\nLWPOLYLINE\n8\n" + layer + "\n" + codes +
+           "90\n4\n70\n1\n10\n500000\n20\n5000000\n10\n500100\n20\n5000000\n10\n500100\n20\n5000050\n"
+           "10\n500000\n20\n5000050\n";
+}
+
+std::string dxf_of(const std::string& entities)
+{
+    return "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n4\n" + dxf_layer("LOTS", "0", "7") +
+           dxf_layer("HOUSES", "0", "1") + dxf_layer("OFF", "0", "-7") + dxf_layer("FROZEN", "1", "7") +
+           "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+}
+
+TEST_F(Formats, OnlyWhatADrawingShowsInModelSpace)
+{
+    const std::string hidden =
+        dxf_lot("LOTS", "67\n1\n") + dxf_lot("OFF") + dxf_lot("FROZEN") + dxf_lot("LOTS", "60\n1\n");
+    write("lot.dxf", dxf_of(hidden + dxf_lot("LOTS")));
+    expect_divided(divide("lot.dxf", kStrip));
+    write("lot.dxf", dxf_of(hidden + dxf_lot("LOTS") + dxf_lot("LOTS")));
+    const test::Result two = divide("lot.dxf", kStrip);
+    EXPECT_NE(two.out.find("Divided  2 of 2 parcels\nSkipped, in paper space or not shown  4\n"),
+              std::string::npos)
+        << two.out << two.err;
+    write("lot.dxf", dxf_of(hidden));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", kStrip), 3,
+        "lot.dxf: all that could be parcels is in paper space, or on layers that are switched "
+        "off or frozen (features: 4); draw the parcel in model space, on a layer that is "
+        "shown"));
+}
+
+TEST_F(Formats, TheLayersOfADrawing)
+{
+    write("lot.dxf", dxf_of(dxf_lot("LOTS") + dxf_lot("HOUSES") + dxf_lot("HOUSES")));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", kStrip), 2,
+        "lot.dxf: several layers hold parcels (HOUSES: 2, LOTS: 1); choose one with --layer NAME"));
+    expect_divided(divide("lot.dxf", std::string("--layer LOTS ") + kStrip));
+    EXPECT_NE(
+        divide("lot.dxf", std::string("--layer HOUSES ") + kStrip).out.find("Divided  2 of 2 parcels\n"),
+        std::string::npos);
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", std::string("--layer ROADS ") + kStrip), 2,
+        "lot.dxf: there is no parcel on the layer 'ROADS'; choose one of: HOUSES: 2, LOTS: 1"));
 }
 
 // A drawing of so much text, so many times the same lot, and text again.

@@ -1,5 +1,6 @@
 // Help, man page and completion tell of the same options, and of all of them.
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <set>
@@ -30,7 +31,7 @@ protected:
             text.replace(at, 2, "-");
         Words found;
         for (std::size_t at = text.find("--"); at != std::string::npos; at = text.find("--", at + 2)) {
-            const std::size_t end = text.find_first_not_of("abcdefghijklmnopqrstuvwxyz", at + 2);
+            const std::size_t end = text.find_first_not_of("abcdefghijklmnopqrstuvwxyz-", at + 2);
             if (end > at + 2)
                 found.insert(text.substr(at, end - at));
         }
@@ -94,6 +95,10 @@ TEST_F(Manual, TheManPageIsWellFormed)
                                 path("page") + " 2>" + path("warnings");
     EXPECT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(content(path("warnings").c_str()), "");
+    std::istringstream page(content(path("page").c_str()));
+    for (std::string line; std::getline(page, line);)
+        EXPECT_LE(std::count_if(line.begin(), line.end(), [](char c) { return (c & 0xC0) != 0x80; }), 80)
+            << line;
     EXPECT_NE(content(path("page").c_str()).find("plane surveying and land parcels"), std::string::npos);
 }
 

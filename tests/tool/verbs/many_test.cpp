@@ -1,5 +1,7 @@
 // Many parcels in one go, several cuts of one parcel, and the same figures as JSON.
 
+#include <sstream>
+
 #include <nlohmann/json.hpp>
 
 #include "console/terminal.h"
@@ -35,7 +37,7 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
                        "feature 2     1  200.0000  10.0000  300.0000  10.0000  1000.0000\n"
                        "\n"
                        "Divided  2 of 5 parcels\n"
-                       "Refused  3\n"
+                       "Refused  3 in lots.csv\n"
                        "  1: the WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5)\n"
                        "  1: the amount is not below what there is to cut (feature 6)\n"
                        "  1: the boundary crosses or touches itself (feature 4)\n"
@@ -92,16 +94,41 @@ TEST_F(Many, OneParcelOfATable)
                                  "compare a column that is the same in all rows of a parcel"));
 }
 
+// Coordinates of UTM, and a long name.
+TEST_F(Many, ListsFitATerminal)
+{
+    write("lots.csv", "lot,E,N\n"
+                      "A,500000,5000000\nA,500100,5000000\nA,500100,5000100\n"
+                      "1234/56-78,500200,5000000\n1234/56-78,500300,5000000\n1234/56-78,500300,5000100\n");
+    const auto expect_narrow = [](const test::Result& run) {
+        EXPECT_EQ(run.status, 0) << run.err;
+        std::istringstream lines(run.out);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(line.size(), 80u) << line;
+    };
+    const test::Result many = divide("lots.csv", "--vertex 1 --share 1/2");
+    expect_narrow(many);
+    EXPECT_NE(many.out.find("         lot A     1  from  500000.0000  5000000.0000  2500.0000\n"
+                            "                        to  500100.0000  5000050.0000\n"),
+              std::string::npos)
+        << many.out;
+    const test::Result points = run({"stakeout", "lots.csv", "--feature", "1", "--station", "499000,5000020",
+                                     "--orientation", "1", "--vertex", "1", "--areas", "1000,1000"});
+    expect_narrow(points);
+    EXPECT_NE(points.out.find("      Point            E             N\n"), std::string::npos) << points.out;
+    expect_narrow(run({"measure", "lots.csv", "--feature", "2"}));
+}
+
 // What is quoted from the file may hold whatever punctuation it likes.
 TEST_F(Many, AReasonIsTheWholeReason)
 {
     write("lots.csv", "id,WKT\n"
                       "1,\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n"
-                      "2,\"SRID=32632;POLYGON ((0 0, 9 0, 9 9))\"\n"
+                      "2,\"SRID=32632;POLYGON ((0 0, 9 x))\"\n"
                       "3,circle: 5; 5\n"
                       "4,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n");
     const test::Result run = divide("lots.csv", "--parallel 1 --area 1000");
-    EXPECT_NE(run.out.find("  1: the WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' cannot be read (feature 2)\n"
+    EXPECT_NE(run.out.find("  1: the WKT 'SRID=32632;POLYGON ((0 0, 9 x))' cannot be read (feature 2)\n"
                            "  1: the WKT 'circle: 5; 5' cannot be read (feature 3)\n"
                            "  1: the boundary crosses or touches itself (feature 4)\n"),
               std::string::npos)
@@ -169,7 +196,7 @@ TEST_F(Many, LongListsAreCutShort)
                                      "lots.csv: there are " + count + " parcels (" + row.list +
                                          "); choose one with --feature FID"));
         EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 100").out,
-                  "Divided  0 of " + count + " parcels\nRefused  " + count + "\n  " + count +
+                  "Divided  0 of " + count + " parcels\nRefused  " + count + " in lots.csv\n  " + count +
                       ": the amount is not below what there is to cut (" + row.list + ")\n");
     }
 }

@@ -160,6 +160,11 @@ TEST_F(Messages, WrongUse)
     EXPECT_TRUE(
         test::fails_with(run({"divide", "lot.csv", "--vertex", "1", "--areas", ""}), 2,
                          "--areas: '' is not a list such as 1000,1/3,20x30; see plcalc divide --help"));
+    for (const char* flag : {"--help", "-h"})
+        EXPECT_EQ(run({"measure", std::string(flag) + "=foo"}).status, 2) << flag;
+    EXPECT_TRUE(test::fails_with(run({"--help=foo"}), 2, "--help: it takes no value; see plcalc --help"));
+    EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "--json=yes"}), 2,
+                                 "--json: it takes no value; see plcalc measure --help"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lot.csv", "divide"}), 2,
                                  "'divide' is not an argument of this command; see plcalc measure --help"))
         << "one verb at a time";
@@ -209,6 +214,10 @@ TEST_F(Messages, ATableOfSeveralParcelsInDisorder)
          "the parcels, or remove it if it says nothing about them"},
         {"lots in turns", "plot,E,N\nA,0,0\nB,9,0\nA,9,9\nB,0,9\n",
          "row 3: plot A comes back after plot B; put the rows of each parcel one after the other"},
+        {"lots with an empty line between them", "E,N\n0,0\n9,0\n9,9\n\n20,0\n29,0\n29,9\n",
+         "row 3: an empty line follows, as if another parcel began; add a column lot that names the parcel "
+         "of each "
+         "row, or remove the empty line"},
         {"a lot in the first row only", "lot,E,N\nA,0,0\n,9,0\n,9,9\n", "row 2: lot is empty; fill it in"},
         {"an id of two rows", "id,E,N\n1,0,0\n1,9,0\n2,9,9\n2,20,0\n",
          "row 3: id changes from '1' to '2', as if another parcel began; call the column 'lot' if it names "
@@ -270,9 +279,6 @@ const GeometryRow kUnusable[] = {
     {"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))",
      "feature 1: the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from "
      "vertex 3 to 4; correct it so that it passes every vertex and side once"},
-    {"MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 9, 20 0)))",
-     "feature 1: the parcel has 2 parts; divide them one by one; ogr2ogr -explodecollections makes a feature "
-     "of each"},
     {"CURVEPOLYGON (CIRCULARSTRING (0 0, 5 5, 10 0, 5 -5, 0 0))",
      "feature 1: the boundary has curves; replace them with chords first, for example with ogr2ogr -nlt "
      "CONVERT_TO_LINEAR"},
@@ -282,16 +288,16 @@ const GeometryRow kUnusable[] = {
      "feature 1: vertex 1 has a coordinate that is not finite; correct it"},
     {"POLYGON ((0 0, 1e300 0, 1e300 1e300, 0 1e300, 0 0))",
      "feature 1: the parcel is too large or too small to compute with; check its coordinates"},
-    {"POINT (1 2)",
-     "the file holds no polygon and no closed line (features: 1, the first a POINT); a CSV file "
-     "needs a header and a column WKT, or a vertex per row in columns E and N"},
+    {"POINT (1 2)", "the file holds no polygon and no closed line (features: 1, the first a POINT); a table "
+                    "needs a header with a column WKT, or with E and N for a vertex in each row; without a "
+                    "header, name the columns, as in --columns P,N,E,Z,D"},
     {"LINESTRING (0 0, 9 0, 9 9)",
-     "the file holds no polygon and no closed line (features: 1, the first a LINESTRING); a CSV file needs a "
-     "header and a column WKT, or a vertex per row in columns E and N"},
+     "the file holds no polygon and no closed line (features: 1, the first a LINESTRING); a table needs a "
+     "header with a column WKT, or with E and N for a vertex in each row; without a header, name the "
+     "columns, as in --columns P,N,E,Z,D"},
     {"GARBAGE", "feature 1: the WKT 'GARBAGE' cannot be read; correct it"},
-    {"SRID=32632;POLYGON ((0 0, 9 0, 9 9))", "feature 1: the WKT 'SRID=32632;POLYGON ((0 0, 9 0, 9 9))' "
-                                             "cannot be read; leave out 'SRID=...;' before the "
-                                             "geometry"},
+    {"SRID=32632;POLYGON ((0 0, 9 x))",
+     "feature 1: the WKT 'SRID=32632;POLYGON ((0 0, 9 x))' cannot be read; correct it"},
     {"POLYGON ((0 0, 10 0, 10 10, 0 10",
      "feature 1: the WKT 'POLYGON ((0 0, 10 0, 10 10, 0 10' cannot be read; correct it"},
     {"POLYGON ((0 0, 100 0, 100 100, 50 150, 0 100, 0 50, 0 x, 0 0))",
@@ -359,8 +365,6 @@ struct FileRow {
 
 const FileRow kUnusableFiles[] = {
     {"nothing in it", "a.csv", "", "the file is empty; save the parcel to it again"},
-    {"comma before the decimals", "a.csv", "E;N\n0,5;0\n100;0\n100;50\n",
-     "row 1: E is '0,5', not a number; use a point before the decimals"},
     {"cell without a number", "a.csv", "E,N\n0,0\n100,\n100,50\n", "row 2: N is empty; fill it in"},
     {"coordinate not a number", "a.csv", "E,N\n0,0\nnan,3\n100,50\n",
      "vertex 2 has a coordinate that is not finite; correct it"},
@@ -374,13 +378,13 @@ const FileRow kUnusableFiles[] = {
      "the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from vertex 3 to 4; "
      "correct it so that it passes every vertex and side once"},
     {"no header", "a.csv", "0,0\n100,0\n100,50\n",
-     "the file holds no polygon and no closed line (features: 3); a CSV file needs a header and a column "
-     "WKT, "
-     "or a vertex per row in columns E and N"},
+     "the file holds no polygon and no closed line (features: 3); a table needs a header with a column WKT, "
+     "or with E and N for a vertex in each row; without a header, name the columns, as in --columns "
+     "P,N,E,Z,D"},
     {"East without its North", "a.csv", "E,Y\n0,0\n100,0\n100,50\n",
-     "the file holds no polygon and no closed line (features: 3); a CSV file needs a header and a column "
-     "WKT, "
-     "or a vertex per row in columns E and N"},
+     "the file holds no polygon and no closed line (features: 3); a table needs a header with a column WKT, "
+     "or with E and N for a vertex in each row; without a header, name the columns, as in --columns "
+     "P,N,E,Z,D"},
     {"one column", "a.csv", "WKT\n\"POLYGON ((0 0, 9 0, 9 9, 0 0))\"\n",
      "GDAL cannot read this file as a table; a CSV file needs a header and at least two columns"},
     {"no features", "a.geojson", R"({"type": "FeatureCollection", "features": []})",
@@ -407,8 +411,8 @@ TEST_F(Messages, FileThatCannotBeUsed)
                                      std::string(row.name) + ": " + row.text));
     }
     EXPECT_TRUE(test::fails_with(divide("a.geojson", "--feature 0 --vertex 1 --area 5"), 3,
-                                 std::string("a.geojson: ") + kUnusableFiles[13].text));
-    write("b.geojson", kUnusableFiles[11].content);
+                                 std::string("a.geojson: ") + kUnusableFiles[12].text));
+    write("b.geojson", kUnusableFiles[10].content);
     EXPECT_TRUE(test::fails_with(divide("b.geojson", "--feature 0 --vertex 1 --area 5"), 3,
                                  "b.geojson: feature 0: the feature has no geometry; draw the parcel, or "
                                  "choose another feature with --feature"));
@@ -417,11 +421,11 @@ TEST_F(Messages, FileThatCannotBeUsed)
 // Here GDAL's own words are folded in; they are not ours to fix.
 TEST_F(Messages, FileThatCannotBeOpened)
 {
-    write("lot.txt", "E,N\n0,0\n9,0\n9,9\n");
+    write("lot.odd", "E,N\n0,0\n9,0\n9,9\n");
     write("broken.geojson", "{");
     write("broken.gpkg", "SQLite format 3");
     std::filesystem::create_directory(path("folder"));
-    for (const char* file : {"lot.txt", "broken.geojson", "broken.gpkg", "missing.csv", "folder", "a\nb.csv",
+    for (const char* file : {"lot.odd", "broken.geojson", "broken.gpkg", "missing.csv", "folder", "a\nb.csv",
                              "/dev/null", "PG:nothing"}) {
         const test::Result run = this->run({"divide", file, "--vertex", "1", "--area", "5"});
         EXPECT_EQ(run.status, 3) << file;
@@ -431,10 +435,9 @@ TEST_F(Messages, FileThatCannotBeOpened)
         EXPECT_EQ(run.err.find("ERROR"), std::string::npos) << run.err;
     }
     const std::string missing = divide("missing.csv", "--vertex 1 --area 5").err;
-    EXPECT_EQ(missing.rfind("plcalc: missing.csv: there is no such file (", 0), 0u) << missing;
-    EXPECT_TRUE(ends_with(missing, "); check the name\n")) << missing;
-    const std::string unknown = divide("lot.txt", "--vertex 1 --area 5").err;
-    EXPECT_EQ(unknown.rfind("plcalc: lot.txt: GDAL cannot read this file as vector data (", 0), 0u)
+    EXPECT_EQ(missing, "plcalc: missing.csv: there is no such file; check the name\n");
+    const std::string unknown = divide("lot.odd", "--vertex 1 --area 5").err;
+    EXPECT_EQ(unknown.rfind("plcalc: lot.odd: GDAL cannot read this file as vector data (", 0), 0u)
         << unknown;
     EXPECT_TRUE(ends_with(unknown, "); convert it, for example to GeoPackage\n")) << unknown;
     EXPECT_TRUE(test::fails_with(
@@ -535,6 +538,23 @@ TEST_F(Messages, AMillionthOfAMillionthIsCutOff)
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(test::numbers_after(run.out, "cut off").at(0), 1e-9);
     EXPECT_EQ(test::numbers_after(run.out, "from").at(1), 1e-10);
+    EXPECT_TRUE(ends_with(run.out,
+                          "\nDividing line is within 0.01 m of side 1: staked out, the two cannot be told "
+                          "apart\n"))
+        << run.out;
+}
+
+// Here the strip's depth is the area by 10.
+TEST_F(Messages, ALineWithinTheStakeOutPrecision)
+{
+    write_wkt(kSquare);
+    for (const auto& [area, told] : {std::pair{"0.099", true}, {"0.1", true}, {"0.101", false}})
+        EXPECT_EQ(divide("lot.csv", std::string("--parallel 1 --area ") + area).out.find("told apart") !=
+                      std::string::npos,
+                  told)
+            << area;
+    const test::Result json = divide("lot.csv", "--parallel 2 --area 0.05 --json");
+    EXPECT_NE(json.out.find("\"at_side\": 2"), std::string::npos) << json.out;
 }
 
 // ------------------------------------------------------------------------------------------------ and the rest
@@ -578,9 +598,9 @@ TEST_F(Messages, OutputThatCannotBeWritten)
         return text.str();
     };
     EXPECT_EQ(err_of("", "divide lot.csv --vertex 1 --area 5 >/dev/full"),
-              "plcalc: the result could not be written to standard output\n");
+              "plcalc: the result could not be written to standard output: the disk is full\n");
     EXPECT_EQ(err_of("", "--help >/dev/full"),
-              "plcalc: the result could not be written to standard output\n");
+              "plcalc: the result could not be written to standard output: the disk is full\n");
 
     write("fonts.conf", empty_font_cache(path("cache")));
     const std::string full = "export FONTCONFIG_FILE=" + path("fonts.conf") + "; ulimit -f 8;";
@@ -600,6 +620,24 @@ TEST_F(Messages, OutputThatCannotBeWritten)
     for (const auto& entry : std::filesystem::directory_iterator(path("")))
         EXPECT_NE(entry.path().stem(), "out") << entry.path();
     EXPECT_FALSE(std::filesystem::exists(path("plan.svg")));
+}
+
+// A disk of a few pages, where root can mount one.
+TEST_F(Messages, AFullDiskIsCalledSo)
+{
+    write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");
+    std::filesystem::create_directory(path("disk"));
+    if (std::system(("mount -t tmpfs -o size=64k none " + path("disk") + " 2>/dev/null").c_str()) != 0)
+        GTEST_SKIP() << "nothing can be mounted here";
+    for (const char* out : {"-o disk/out.gpkg", "-o disk/out.geojson", "-o disk/out.shp", "-o disk/out.gml",
+                            "-o disk/out.fgb", "--plan disk/out.svg"}) {
+        SCOPED_TRACE(out);
+        const std::string name = std::string(out).substr(std::string(out).find(' ') + 1);
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", std::string("--parallel 1 --parts 900 ") + out), 1,
+                                     name + ": the disk is full; make room on it, or write to another"));
+        EXPECT_TRUE(std::filesystem::is_empty(path("disk")));
+    }
+    EXPECT_EQ(std::system(("umount " + path("disk")).c_str()), 0);
 }
 
 TEST_F(Messages, HelpAndVersionFitTheTerminal)

@@ -6,6 +6,10 @@
 #include <set>
 #include <sstream>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
@@ -254,8 +258,7 @@ TEST_F(Writer, WhatIsWrittenIsDividedAgain)
     }
 }
 
-// Every format with parcels of which none could be divided: what is read back is nothing but refusals, some without
-// a geometry.
+// Every format with parcels of which none could be divided: what is read back is nothing but refusals.
 TEST_F(Writer, NothingButRefusals)
 {
     write("lots.geojson", R"({"type": "FeatureCollection",
@@ -270,11 +273,11 @@ TEST_F(Writer, NothingButRefusals)
          {"gpkg", "shp", "geojson", "geojsonl", "fgb", "gml", "sqlite", "mif", "csv", "dxf", "kml", "jml"}) {
         SCOPED_TRACE(ending);
         const test::Result run = divide("lots.geojson", "--parallel 1 --area 1e7 -o out." + ending);
-        EXPECT_EQ(run.status, 3) << run.err;
-        EXPECT_NE(run.out.find("Divided  0 of 2 parcels\n"), std::string::npos) << run.out;
+        EXPECT_EQ(run.status, 4) << run.err;
+        EXPECT_NE(run.out.find("Divided  0 of 3 parcels\n"), std::string::npos) << run.out;
         EXPECT_TRUE(std::filesystem::exists(path("out." + ending)));
     }
-    EXPECT_EQ(open("out.fgb")->GetLayer(0)->GetFeatureCount(), 1) << "it has no place for two parts";
+    EXPECT_EQ(open("out.fgb")->GetLayer(0)->GetFeatureCount(), 3) << "each part by itself";
 }
 
 TEST_F(Writer, PlanAndLayersComeTogetherOrNotAtAll)
@@ -289,6 +292,59 @@ TEST_F(Writer, PlanAndLayersComeTogetherOrNotAtAll)
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out.gpkg", "plan.svg"}));
 }
 
+// On a plane of height 100 + E / 10 + N / 5 every point has its height, by whatever line it came.
+TEST_F(Writer, HeightsGoWithThePoints)
+{
+    write("lot.csv", "E,N,Z\n0,0,100\n80,0,108\n80,40,116\n0,40,108\n");
+    write("lot.geojson",
+          R"({"type": "Polygon", "coordinates": [[[0, 400, 180], [800, 400, 260], [800, 440, 268],
+                             [0, 440, 188], [0, 400, 180]]]})");
+    for (const std::string in : {"lot.csv", "lot.geojson"}) {
+        for (const std::string ending : {"gpkg", "shp", "geojson", "csv"}) {
+            SCOPED_TRACE(in + " " + ending);
+            const std::string out = "out." + ending;
+            const test::Result run = divide(in, "--overwrite --perpendicular 1 --share 1/3 -o " + out);
+            ASSERT_EQ(run.status, 0) << run.err;
+            const GDALDatasetUniquePtr written = open(out);
+            ASSERT_NE(written, nullptr);
+            int points = 0;
+            for (const OGRFeatureUniquePtr& feature : *written->GetLayer(0)) {
+                const OGRGeometry* geometry = feature->GetGeometryRef();
+                if (geometry == nullptr || wkbFlatten(geometry->getGeometryType()) != wkbPolygon)
+                    continue;
+                for (const OGRPoint& p : *geometry->toPolygon()->getExteriorRing()) {
+                    EXPECT_TRUE(p.Is3D());
+                    EXPECT_NEAR(p.getZ(), 100.0 + p.getX() / 10.0 + p.getY() / 5.0, 1e-9);
+                    ++points;
+                }
+            }
+            EXPECT_EQ(points, 10);
+        }
+        const nlohmann::json got =
+            nlohmann::json::parse(divide(in, "--perpendicular 1 --share 1/3 --json").out);
+        const nlohmann::json from = got["parcels"][0]["lines"][0]["from"];
+        EXPECT_NEAR(from["z"], 100.0 + double(from["e"]) / 10.0 + double(from["n"]) / 5.0, 1e-4);
+    }
+    const test::Result set_out =
+        run({"stakeout", "lot.csv", "--station", "1", "--orientation", "2", "--point", "3", "--csv"});
+    EXPECT_NE(set_out.out.find("point,E,N,Z,angle_gon"), std::string::npos) << set_out.out;
+    EXPECT_NE(set_out.out.find("vertex 3,80.0000,40.0000,116.0000,"), std::string::npos) << set_out.out;
+}
+
+TEST_F(Writer, WhereSomeVerticesHaveHeights)
+{
+    write("lot.csv", "E,N,Z\n0,0,100\n80,0,\n80,40,116\n0,40,108\n");
+    const test::Result run = divide("lot.csv", "--parallel 1 --share 1/2 -o out.gpkg");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out.rfind("Parcel  lot.csv (not every vertex has a height)\n", 0), 0u) << run.out;
+    EXPECT_NE(run.out.find("Heights are not written: some vertices have none\n"), std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("  20.0000   104.0000\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("  20.0000          -\n"), std::string::npos) << run.out;
+    EXPECT_FALSE(
+        OGRFeatureUniquePtr(open("out.gpkg")->GetLayer(0)->GetNextFeature())->GetGeometryRef()->Is3D());
+}
+
 TEST_F(Writer, ManyWithTheRefusedUndivided)
 {
     write_lots();
@@ -296,7 +352,7 @@ TEST_F(Writer, ManyWithTheRefusedUndivided)
     EXPECT_EQ(run.status, 3);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.out, "Divided  2 of 3 parcels\n"
-                       "Refused  1\n"
+                       "Refused  1 in lots.geojson\n"
                        "  1: the boundary crosses or touches itself (feature 2)\n"
                        "Written  halves.gpkg\n");
     EXPECT_EQ(files(), (std::set<std::string>{"halves.gpkg", "lots.geojson"}));
@@ -462,7 +518,7 @@ TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
     EXPECT_EQ(labels, (std::set<std::string>{"1a\\P1000.0000\\Pasked", "1b\\P5000.0000\\Prest", "P1", "P2",
                                              "refused:"}));
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.csv").status, 3);
-    EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 5);
+    EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 6);
 }
 
 TEST_F(Writer, PointsAndCsvSources)
@@ -532,6 +588,90 @@ TEST_F(Writer, RefusalsLeaveNothingBehind)
                                  "out.xlsx: this format (XLSX) cannot store geometry; name it .gpkg for a "
                                  "GeoPackage"));
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
+}
+
+// A project's file holds more than the divisions.
+TEST_F(Writer, OtherLayersOfADatabaseStay)
+{
+    write_lots();
+    for (const std::string ending : {"gpkg", "sqlite"}) {
+        SCOPED_TRACE(ending);
+        const std::string name = "project." + ending;
+        GDALDriver& driver = *GetGDALDriverManager()->GetDriverByName(ending == "gpkg" ? "GPKG" : "SQLite");
+        {
+            const GDALDatasetUniquePtr project(
+                driver.Create(path(name).c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+            for (const char* layer : {"parcels", "Lines", "buildings"}) {
+                OGRLayer& made = *project->CreateLayer(layer, nullptr, wkbPoint);
+                OGRFeature feature(made.GetLayerDefn());
+                ASSERT_EQ(made.CreateFeature(&feature), OGRERR_NONE);
+            }
+        }
+        const std::string cut = "--feature 1 --parallel 1 --parts 3 -o " + name;
+        EXPECT_EQ(divide("lots.geojson", cut).status, 2);
+        for (int round = 0; round < 2; ++round) {
+            ASSERT_EQ(divide("lots.geojson", cut + " --overwrite").status, 0);
+            const GDALDatasetUniquePtr project = open(name);
+            std::set<std::string> layers;
+            for (OGRLayer* layer : project->GetLayers())
+                layers.insert(layer->GetName() + std::string(" ") + std::to_string(layer->GetFeatureCount()));
+            EXPECT_EQ(layers, (std::set<std::string>{"parcels 1", "buildings 1", "pieces 3", "lines 2"}));
+        }
+    }
+    // A refusal leaves everything as it was.
+    const std::string before = content("project.gpkg");
+    EXPECT_EQ(
+        divide("lots.geojson", "--feature 1 --parallel 1 --area 1e7 --overwrite -o project.gpkg").status, 4);
+    EXPECT_EQ(content("project.gpkg"), before);
+    // Changes that a program has not yet put into the file would be lost.
+    write("project.gpkg-wal", "something");
+    EXPECT_TRUE(test::fails_with(
+        divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 --overwrite -o project.gpkg"), 2,
+        "project.gpkg: another program is at work on the file, or was stopped ('project.gpkg-wal' is beside "
+        "it); close the file there, or choose another name"));
+    EXPECT_EQ(content("project.gpkg"), before);
+}
+
+TEST_F(Writer, ALinkLeadsToTheFile)
+{
+    write_lots();
+    std::filesystem::create_directory(path("store"));
+    std::filesystem::create_symlink("store/out.gpkg", path("link.gpkg"));
+    const std::string cut = "--feature 1 --parallel 1 --parts 2 --plan plan.svg -o link.gpkg";
+    std::filesystem::create_symlink("store/plan.svg", path("plan.svg"));
+    for (const char* overwrite : {"", " --overwrite"}) {
+        const test::Result run = divide("lots.geojson", cut + overwrite);
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_TRUE(std::filesystem::is_symlink(path("link.gpkg")));
+        EXPECT_TRUE(std::filesystem::is_symlink(path("plan.svg")));
+        EXPECT_NE(open("store/out.gpkg"), nullptr);
+        EXPECT_NE(content("store/plan.svg"), "");
+    }
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", cut), 2,
+                         "link.gpkg: the file exists already; choose another name or add --overwrite"));
+    std::filesystem::create_symlink("round.gpkg", path("round.gpkg"));
+    EXPECT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o round.gpkg").status, 2);
+}
+
+// A run that is killed cannot tidy up. A folder of the same name that a living run has is left alone.
+TEST_F(Writer, WhatAKilledRunLeftIsRemoved)
+{
+    write_lots();
+    for (const char* folder : {".plcalc-killed", ".plcalc-living", ".plcalc-other-name"})
+        std::filesystem::create_directory(path(folder));
+    for (const char* file : {".plcalc-killed/out.gpkg", ".plcalc-living/out.gpkg", ".plcalc-a-file"})
+        write(file, "half");
+    const int living = ::open(path(".plcalc-living").c_str(), O_RDONLY);
+    ASSERT_EQ(flock(living, LOCK_EX), 0);
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.shp").status, 0);
+    std::set<std::string> left = files();
+    EXPECT_EQ(left.count(".plcalc-killed"), 0u);
+    EXPECT_EQ(left.count(".plcalc-living") + left.count(".plcalc-other-name") + left.count(".plcalc-a-file"),
+              3u);
+    close(living);
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.gpkg").status, 0);
+    EXPECT_EQ(files().count(".plcalc-living"), 0u);
 }
 
 // The pieces would take the place of everything else that the file holds.

@@ -33,7 +33,7 @@ std::string letters(std::size_t index, char first)
 {
     std::string text;
     for (std::size_t rest = index + 1; rest > 0; rest = (rest - 1) / kLetters)
-        text.insert(text.begin(), static_cast<char>(first + (rest - 1) % kLetters));
+        text.insert(text.begin(), static_cast<char>(first + static_cast<int>((rest - 1) % kLetters)));
     return text;
 }
 

@@ -58,4 +58,14 @@ Measures measure(const Ring& ring)
     return measures;
 }
 
+Measures measure(const Parcel& parcel)
+{
+    Measures measures = measure(parcel.ring);
+    measures.area /= parcel.ground_factor * parcel.ground_factor;
+    measures.perimeter = on_ground(parcel, measures.perimeter);
+    for (MeasuredSide& side : measures.sides)
+        side.length = on_ground(parcel, side.length);
+    return measures;
+}
+
 }  // namespace tool

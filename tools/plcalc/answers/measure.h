@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "answers/question.h"
 #include "plcalc/kernel.h"
 
 namespace tool {
@@ -35,5 +36,8 @@ std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_re
 
 /// @param[in] ring  a simple ring of at least three different vertices, the first not repeated
 Measures measure(const std::vector<PL_PNT2D_record>& ring);
+
+/// The measures of a parcel on the ground.
+Measures measure(const Parcel& parcel);
 
 }  // namespace tool

@@ -202,9 +202,53 @@ PrintedDivision divide_in_print(const Ring& ring, const Asked& asked)
     return printed;
 }
 
+namespace {
+
+// What is asked for on the ground is cut off in the plane.
+Asked in_plane(Asked asked, double ground_factor)
+{
+    for (plparcel::Amount& amount : asked.request.amounts) {
+        switch (amount.given) {
+        case plparcel::Given::as_area:
+            amount.first *= ground_factor * ground_factor;
+            break;
+        case plparcel::Given::as_product:
+            amount.first *= ground_factor;
+            amount.second *= ground_factor;
+            break;
+        case plparcel::Given::as_width:
+            amount.first *= ground_factor;
+            break;
+        case plparcel::Given::as_share:
+            break;  // the same in both
+        }
+    }
+    return asked;
+}
+
+void bring_to_ground(PrintedDivision& printed, double ground_factor)
+{
+    const double square = ground_factor * ground_factor;
+    printed.proven.ring.area /= square;
+    printed.proven.ring.perimeter /= ground_factor;
+    for (plparcel::Piece& piece : printed.proven.pieces) {
+        piece.area /= square;
+        piece.asked /= square;
+        piece.residual /= square;
+    }
+    for (double& area : printed.areas)
+        area /= square;
+}
+
+}  // namespace
+
 Answer answer(const Parcel& parcel, const Asked& asked)
 {
-    return {parcel, asked, divide_in_print(parcel.ring, asked)};
+    if (parcel.ground_factor == 1.0)
+        return {parcel, asked, divide_in_print(parcel.ring, asked)};
+    Answer answer = {parcel, asked, divide_in_print(parcel.ring, in_plane(asked, parcel.ground_factor))};
+    bring_to_ground(answer.printed, parcel.ground_factor);
+    return answer;
 }
 
 }  // namespace tool

@@ -1,5 +1,6 @@
 #include "answers/question.h"
 
+#include <cmath>
 #include <limits>
 
 #include "plparcel/extent.h"
@@ -16,6 +17,24 @@ constexpr double kRelAreaStep = 1e-7;
 }  // namespace
 
 namespace tool {
+
+double on_ground(const Parcel& parcel, double length)
+{
+    return length / parcel.ground_factor;
+}
+
+std::optional<double> known_height(double height)
+{
+    return std::isfinite(height) ? std::optional<double>(height) : std::nullopt;
+}
+
+std::string heading(const Place& place, const std::vector<std::string>& assumed)
+{
+    std::string clauses;
+    for (const std::string& clause : assumed)
+        clauses += (clauses.empty() ? "" : "; ") + clause;
+    return place.text() + (clauses.empty() ? "" : " (" + clauses + ")");
+}
 
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area)
 {

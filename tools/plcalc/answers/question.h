@@ -3,6 +3,7 @@
 // The question: a parcel as it stands in a file, how many decimals its figures need, and the request as the command
 // line states it.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,22 @@ struct Parcel {
     std::string crs;                       ///< name of their CRS; empty when the file does not say
     std::string name;                      ///< of the parcel, "1234/5"; empty when nobody says
     std::vector<std::string> point_names;  ///< of the vertices; empty when the file has none
+    /// Of the vertices, NaN for one without; empty where no vertex has one.
+    std::vector<double> heights = {};
+    /// Length in the plane of a length 1 on the ground. Coordinates are in the plane; areas and lengths that are asked
+    /// for or reported are on the ground.
+    double ground_factor = 1.0;
+    std::vector<std::string> assumed = {};  ///< what a reader must know about the figures, as clauses
 };
+
+/// A length on the ground.
+double on_ground(const Parcel& parcel, double length);
+
+/// A height as it is kept in a parcel; nothing for NaN.
+std::optional<double> known_height(double height);
+
+/// "lots.csv: lot A (X is East)": the place, and what was assumed of it.
+std::string heading(const Place& place, const std::vector<std::string>& assumed);
 
 /// How many decimals a parcel's figures need: as many as its size asks for.
 struct Resolution {

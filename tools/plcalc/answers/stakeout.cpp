@@ -56,7 +56,8 @@ void set_offsets(const BaseLine& base, const PL_PNT2D_record& at, SetOut& values
 
 }  // namespace
 
-std::vector<SetOut> set_out(const Setup& setup, const BaseLine& base, const std::vector<NamedPoint>& points)
+std::vector<SetOut> set_out(const Setup& setup, const BaseLine& base, const std::vector<NamedPoint>& points,
+                            double ground_factor)
 {
     std::vector<SetOut> all;
     for (const NamedPoint& point : points) {
@@ -64,6 +65,9 @@ std::vector<SetOut> set_out(const Setup& setup, const BaseLine& base, const std:
         values.point = point;
         set_polar(setup, point.at, values);
         set_offsets(base, point.at, values);
+        values.distance /= ground_factor;
+        values.abscissa /= ground_factor;
+        values.ordinate /= ground_factor;
         all.push_back(values);
     }
     return all;

@@ -15,6 +15,7 @@ namespace tool {
 struct NamedPoint {
     std::string name;
     PL_PNT2D_record at = {};
+    std::optional<double> height = {};
 };
 
 /// Where the instrument stands and what it is oriented on.
@@ -42,6 +43,8 @@ struct SetOut {
 /// @param[in] setup   station and orientation are different points
 /// @param[in] base    its two points are different
 /// @param[in] points  what to set out
-std::vector<SetOut> set_out(const Setup& setup, const BaseLine& base, const std::vector<NamedPoint>& points);
+/// @param[in] ground_factor  length in the plane of a length 1 on the ground, where distances and offsets are
+std::vector<SetOut> set_out(const Setup& setup, const BaseLine& base, const std::vector<NamedPoint>& points,
+                            double ground_factor = 1.0);
 
 }  // namespace tool

@@ -8,6 +8,7 @@
 #include <cpl_string.h>
 
 #include "console/outcome.h"
+#include "files/text_source.h"
 
 namespace tool {
 namespace {
@@ -26,6 +27,12 @@ CPLStringList open_options(const std::string& file)
     return options;
 }
 
+// What the system says of a missing file is what we say.
+std::string remark_on_missing(const GdalMessages& messages)
+{
+    return messages.text().find("No such file or directory") != std::string::npos ? "" : messages.remark();
+}
+
 Failure why_not_opened(const std::string& file, const GdalMessages& messages)
 {
     const auto failure = [&](const std::string& problem, const std::string& advice) {
@@ -33,8 +40,11 @@ Failure why_not_opened(const std::string& file, const GdalMessages& messages)
     };
     std::error_code ignored;
     const std::filesystem::file_status status = std::filesystem::status(file, ignored);
+    if (is_standard_input(file))
+        return failure("GDAL cannot read the standard input" + messages.remark(),
+                       "a table needs a header; any other format must be text, or GeoPackage or FlatGeobuf");
     if (!std::filesystem::exists(status))
-        return failure("there is no such file" + messages.remark(), "check the name");
+        return failure("there is no such file" + remark_on_missing(messages), "check the name");
     if (std::filesystem::is_directory(status))
         return failure("this is a folder in which GDAL finds no vector file", "name the file itself");
     if (!std::ifstream(file).good())
@@ -58,11 +68,12 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file)
     return GDALDatasetUniquePtr(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
 }
 
-GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages)
+GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages,
+                                    const std::string& shown)
 {
     GDALDatasetUniquePtr dataset = open_vector_file(file);
     if (dataset == nullptr)
-        throw why_not_opened(file, messages);
+        throw why_not_opened(shown, messages);
     return dataset;
 }
 

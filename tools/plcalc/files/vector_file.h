@@ -17,9 +17,11 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file);
 
 /// The same for a file that must be readable.
 ///
+/// @param[in] shown     its name in messages, where it is opened by another
 /// @param[in] messages  what GDAL has said since the call began
 /// @throws Failure      unusable_input, with the reason why the file cannot be opened
-GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages);
+GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages,
+                                    const std::string& shown);
 
 /// The files that an open dataset consists of, by name; GDAL's other names, "PG:..." or "/vsizip/...", too.
 std::vector<std::string> files_of(GDALDataset& dataset);

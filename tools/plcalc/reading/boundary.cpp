@@ -1,5 +1,6 @@
 #include "reading/boundary.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -39,13 +40,18 @@ bool is_closed_line(const OGRGeometry& geometry)
     return line->getNumPoints() > 2 && first.getX() == last.getX() && first.getY() == last.getY();
 }
 
-Ring vertices_of(const OGRSimpleCurve& line)
+Boundary vertices_of(const OGRSimpleCurve& line)
 {
-    Ring ring;
-    for (int i = 0; i < line.getNumPoints(); ++i)
-        ring.push_back({line.getX(i), line.getY(i)});
-    drop_closing_vertex(ring);
-    return ring;
+    Boundary boundary;
+    for (int i = 0; i < line.getNumPoints(); ++i) {
+        boundary.ring.push_back({line.getX(i), line.getY(i)});
+        if (line.Is3D())
+            boundary.heights.push_back(line.getZ(i));
+    }
+    drop_closing_vertex(boundary.ring);
+    if (line.Is3D())
+        boundary.heights.resize(boundary.ring.size());
+    return boundary;
 }
 
 }  // namespace
@@ -63,13 +69,27 @@ bool bounds_area(const OGRGeometry& geometry)
     return OGR_GT_IsSurface(type) || OGR_GT_IsSubClassOf(type, wkbMultiSurface) || is_closed_line(inner);
 }
 
+int parts_of(const OGRGeometry& geometry)
+{
+    const OGRGeometry& inner = single_member(geometry);
+    if (!OGR_GT_IsSubClassOf(inner.getGeometryType(), wkbMultiSurface))
+        return 1;
+    return std::max(1, inner.toGeometryCollection()->getNumGeometries());
+}
+
+const OGRGeometry& part_of(const OGRGeometry& geometry, int part)
+{
+    return parts_of(geometry) == 1 ? geometry
+                                   : *single_member(geometry).toGeometryCollection()->getGeometryRef(part);
+}
+
 Failure without_geometry(const Place& place)
 {
     return {ExitStatus::unusable_input, place, "the feature has no geometry",
             "draw the parcel, or choose another feature with --feature"};
 }
 
-Ring ring_of(const OGRGeometry& geometry, const Place& place)
+Boundary boundary_of(const OGRGeometry& geometry, const Place& place)
 {
     const OGRGeometry& inner = single_member(geometry);
     if (inner.IsEmpty())
@@ -79,10 +99,6 @@ Ring ring_of(const OGRGeometry& geometry, const Place& place)
                "replace them with chords first, for example with ogr2ogr -nlt CONVERT_TO_LINEAR");
     const std::unique_ptr<OGRGeometry> straight(inner.getLinearGeometry());
     const OGRwkbGeometryType type = wkbFlatten(straight->getGeometryType());
-    if (type == wkbMultiPolygon)
-        refuse(place,
-               "the parcel has " + std::to_string(straight->toMultiPolygon()->getNumGeometries()) + " parts",
-               "divide them one by one; ogr2ogr -explodecollections makes a feature of each");
     if (type == wkbLineString && is_closed_line(*straight))
         return vertices_of(*straight->toLineString());
     if (type != wkbPolygon && type != wkbTriangle)

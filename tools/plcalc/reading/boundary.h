@@ -2,6 +2,8 @@
 
 // Turns a geometry into a ring.
 
+#include <vector>
+
 #include <ogr_geometry.h>
 
 #include "console/outcome.h"
@@ -16,13 +18,27 @@ bool bounds_area(const OGRGeometry& geometry);
 /// A feature without a geometry.
 Failure without_geometry(const Place& place);
 
-/// The ring of a geometry that bounds an area. Whether it can be divided is not checked here.
+/// A ring and its heights.
+struct Boundary {
+    plparcel::Ring ring;
+    std::vector<double> heights;  ///< of the vertices; empty where the geometry has none
+};
+
+/// How many polygons the geometry has; 1 for any that is no collection of them.
+int parts_of(const OGRGeometry& geometry);
+
+/// One of its polygons.
 ///
-/// @param[in] geometry  the geometry; heights and measures are ignored
+/// @param[in] part  from 0
+const OGRGeometry& part_of(const OGRGeometry& geometry, int part);
+
+/// The boundary of a geometry that bounds an area. Whether it can be divided is not checked here.
+///
+/// @param[in] geometry  the geometry; measures are ignored
 /// @param[in] place     file and feature, for messages
 /// @return the vertices in order, without the closing one
-/// @throws Failure      unusable_input: an empty geometry, several parts, curves, holes or an open line
-plparcel::Ring ring_of(const OGRGeometry& geometry, const Place& place);
+/// @throws Failure      unusable_input: an empty geometry, curves, holes or an open line
+Boundary boundary_of(const OGRGeometry& geometry, const Place& place);
 
 /// Drops the last vertex where it repeats the first.
 void drop_closing_vertex(plparcel::Ring& ring);

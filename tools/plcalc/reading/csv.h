@@ -2,11 +2,18 @@
 
 // CSV tables with a geometry in each row: WKT that cannot be read.
 
+#include <optional>
+
 #include <ogrsf_frmts.h>
 
 #include "console/outcome.h"
 
 namespace tool {
+
+/// Reads WKT with "SRID=...;" before it, which GDAL passes on unread.
+///
+/// @return the SRID; nothing for any other row, and for a 0, which stands for none
+std::optional<int> read_ewkt(OGRFeature& row);
 
 /// Whether the row has text where its geometry should be, and no geometry. GDAL passes on rows whose WKT it cannot
 /// read; one of them may be the parcel that the user means.

@@ -1,5 +1,7 @@
 #include "reading/layer_choice.h"
 
+#include <map>
+
 #include <cpl_string.h>
 
 #include "console/outcome.h"
@@ -14,19 +16,76 @@ struct Count {
     LayerChoice choice;
     std::string other_kind;        // geometry of the first feature that bounds no area
     std::string without_geometry;  // name of the first feature without any, though it could have one
+    std::map<std::string, std::size_t> by_layer;  // parcels
+    std::map<std::string, std::size_t>
+        on_other_layers;  // of a drawing: what would be parcels, but for --layer
 };
+
+// The layer of a drawing on which a feature lies; the layer of any other file.
+std::string layer_of(const OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset)
+{
+    return is_format(dataset, "DXF") ? feature.GetFieldAsString("Layer") : layer.GetName();
+}
+
+// GDAL makes what a drawing does not show fully transparent, in "PEN(c:#00000000)".
+bool is_shown(const OGRFeature& feature)
+{
+    const std::string style = feature.GetStyleString() != nullptr ? feature.GetStyleString() : "";
+    const std::size_t color = style.find("c:#");
+    constexpr std::size_t kAlpha = 9;  // behind "c:#rrggbb"
+    return color == std::string::npos || style.compare(color + kAlpha, 2, "00") != 0;
+}
+
+bool is_hidden(const OGRFeature& feature, GDALDataset& dataset)
+{
+    return is_format(dataset, "DXF") && (feature.GetFieldAsInteger("PaperSpace") != 0 || !is_shown(feature));
+}
+
+void add_parts(NameList& parcels, const std::string& feature, const OGRGeometry* geometry,
+               const Source& source)
+{
+    const int parts = geometry != nullptr ? parts_of(*geometry) : 1;
+    for (int part = 1; part <= parts; ++part)
+        if (!source.part || *source.part == part)
+            parcels.add([&] { return part_name(feature, part, parts); });
+}
+
+void note_srid(const std::optional<int>& srid, LayerChoice& choice, const Place& place)
+{
+    if (srid && choice.srid && *srid != *choice.srid)
+        throw Failure(ExitStatus::unusable_input, place,
+                      "it has SRID " + std::to_string(*srid) + ", and one before it " +
+                          std::to_string(*choice.srid),
+                      "project all to the same CRS");
+    if (srid)
+        choice.srid = srid;
+}
 
 Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, const GdalMessages& messages)
 {
     Count count;
     count.choice.layer = &layer;
+    count.choice.heights = true;
     for (const OGRFeatureUniquePtr& feature : layer) {
+        if (is_format(dataset, "CSV"))
+            note_srid(read_ewkt(*feature), count.choice,
+                      {source.file, feature_name(*feature, layer, dataset)});
+        const OGRGeometry* geometry = feature->GetGeometryRef();
         if (is_parcel(*feature, dataset, source)) {
-            count.choice.parcels.add([&] { return feature_name(*feature, layer, dataset); });
+            add_parts(count.choice.parcels, feature_name(*feature, layer, dataset), geometry, source);
+            const bool heights = geometry != nullptr && geometry->Is3D();
+            count.choice.heights = count.choice.heights && heights;
+            count.choice.some_heights = count.choice.some_heights || heights;
+            ++count.by_layer[layer_of(*feature, layer, dataset)];
+            continue;
+        }
+        if (geometry != nullptr && bounds_area(*geometry) && is_hidden(*feature, dataset)) {
+            ++count.choice.hidden;
             continue;
         }
         ++count.choice.others;
-        const OGRGeometry* geometry = feature->GetGeometryRef();
+        if (geometry != nullptr && bounds_area(*geometry))
+            ++count.on_other_layers[layer_of(*feature, layer, dataset)];
         if (geometry != nullptr && count.other_kind.empty())
             count.other_kind = geometry->getGeometryName();
         if (geometry == nullptr && layer.GetGeomType() != wkbNone && count.without_geometry.empty())
@@ -42,10 +101,21 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
 void add_to(Count& none, const Count& count)
 {
     none.choice.others += count.choice.others;
+    none.choice.hidden += count.choice.hidden;
+    none.on_other_layers.insert(count.on_other_layers.begin(), count.on_other_layers.end());
     if (none.other_kind.empty())
         none.other_kind = count.other_kind;
     if (none.without_geometry.empty())
         none.without_geometry = count.without_geometry;
+}
+
+// "lots: 3, roads: 1".
+std::string counted(const std::map<std::string, std::size_t>& layers)
+{
+    std::string list;
+    for (const auto& [name, parcels] : layers)
+        list += (list.empty() ? "" : ", ") + name + ": " + std::to_string(parcels);
+    return list;
 }
 
 [[noreturn]] void refuse_nothing_found(const Count& none, GDALDataset& dataset, const Source& source,
@@ -53,8 +123,19 @@ void add_to(Count& none, const Count& count)
 {
     const Place file = {source.file, ""};
     const char* const draw = "draw the parcel as a polygon";
-    if (source.feature || (source.where && none.choice.others == 0))
+    if (!source.feature && !none.on_other_layers.empty())
+        throw Failure(ExitStatus::wrong_use, file,
+                      "there is no parcel on the layer '" + source.layer.value_or("") + "'",
+                      "choose one of: " + counted(none.on_other_layers));
+    if (source.feature || source.part || (source.where && none.choice.others + none.choice.hidden == 0))
         refuse_choice_of_feature(source, "list them with ogrinfo -al");
+    if (none.choice.hidden > 0)
+        throw Failure(
+            ExitStatus::unusable_input, file,
+            "all that could be parcels is in paper space, or on layers that are switched off or frozen "
+            "(features: " +
+                std::to_string(none.choice.hidden) + ")",
+            "draw the parcel in model space, on a layer that is shown");
     if (none.choice.others == 0)
         throw Failure(ExitStatus::unusable_input, file, "the file holds no feature" + opening_remark, draw);
     if (none.other_kind.empty() && !none.without_geometry.empty())
@@ -64,7 +145,8 @@ void add_to(Count& none, const Count& count)
                   "the file holds no polygon and no closed line (features: " +
                       std::to_string(none.choice.others) + first + ")",
                   is_format(dataset, "CSV")
-                      ? "a CSV file needs a header and a column WKT, or a vertex per row in columns E and N"
+                      ? "a table needs a header with a column WKT, or with E and N for a vertex in each row; "
+                        "without a header, name the columns, as in --columns P,N,E,Z,D"
                       : draw);
 }
 
@@ -73,6 +155,9 @@ void add_to(Count& none, const Count& count)
 void refuse_choice_of_feature(const Source& source, const std::string& advice)
 {
     const Place file = {source.file, ""};
+    if (source.part)
+        throw Failure(ExitStatus::wrong_use, file, "there is no part " + std::to_string(*source.part),
+                      advice);
     if (source.feature)
         throw Failure(ExitStatus::wrong_use, file,
                       "there is no feature " + std::to_string(*source.feature) +
@@ -86,6 +171,11 @@ bool is_format(GDALDataset& dataset, const char* name)
     return dataset.GetDriver() != nullptr && EQUAL(dataset.GetDriverName(), name);
 }
 
+std::string part_name(const std::string& feature, int part, int parts)
+{
+    return parts > 1 ? feature + " part " + std::to_string(part) : feature;
+}
+
 std::string feature_name(const OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset)
 {
     const std::string number = "feature " + std::to_string(feature.GetFID());
@@ -96,6 +186,10 @@ bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& so
 {
     if (source.feature)
         return feature.GetFID() == *source.feature;
+    if (is_hidden(feature, dataset))
+        return false;
+    if (is_format(dataset, "DXF") && source.layer && *source.layer != feature.GetFieldAsString("Layer"))
+        return false;
     const OGRGeometry* geometry = feature.GetGeometryRef();
     return geometry != nullptr ? bounds_area(*geometry)
                                : is_format(dataset, "CSV") && has_broken_wkt(feature);
@@ -106,7 +200,7 @@ std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source)
     std::vector<OGRLayer*> layers;
     std::string names;
     for (OGRLayer* layer : dataset.GetLayers()) {
-        if (!source.layer || *source.layer == layer->GetName())
+        if (!source.layer || *source.layer == layer->GetName() || is_format(dataset, "DXF"))
             layers.push_back(layer);
         names += (names.empty() ? "" : ", ") + std::string(layer->GetName());
     }
@@ -142,23 +236,21 @@ LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessage
         set_filter(*layer, source, messages);
     LayerChoice choice;
     Count none;
-    std::string list;
-    std::size_t with_parcels = 0;
+    std::map<std::string, std::size_t> with_parcels;
     for (OGRLayer* layer : layers) {
         const Count count = count_in(*layer, dataset, source, messages);
         if (count.choice.parcels.count() == 0) {
             add_to(none, count);
             continue;
         }
-        ++with_parcels;
-        list += (list.empty() ? "" : ", ") + std::string(layer->GetName()) + ": " +
-                std::to_string(count.choice.parcels.count());
+        with_parcels.insert(count.by_layer.begin(), count.by_layer.end());
         choice = count.choice;
     }
-    if (with_parcels == 0)
+    if (with_parcels.empty())
         refuse_nothing_found(none, dataset, source, opening_remark);
-    if (with_parcels > 1)
-        throw Failure(ExitStatus::wrong_use, {source.file, ""}, "several layers hold parcels (" + list + ")",
+    if (with_parcels.size() > 1)
+        throw Failure(ExitStatus::wrong_use, {source.file, ""},
+                      "several layers hold parcels (" + counted(with_parcels) + ")",
                       "choose one with --layer NAME");
     choice.layer->ResetReading();
     return choice;

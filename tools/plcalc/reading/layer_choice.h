@@ -3,6 +3,7 @@
 // Which layer of a file holds the parcels, and how many there are.
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,11 +19,15 @@ namespace tool {
 /// A layer with parcels.
 struct LayerChoice {
     OGRLayer* layer = nullptr;
-    NameList parcels;        ///< what it holds
-    std::size_t others = 0;  ///< features that bound no area
+    NameList parcels;           ///< what it holds
+    std::optional<int> srid;    ///< of the geometries, where a table names one
+    std::size_t others = 0;     ///< features that bound no area
+    std::size_t hidden = 0;     ///< of a drawing: in paper space, or not shown
+    bool heights = false;       ///< whether all vertices of all parcels have heights
+    bool some_heights = false;  ///< whether any vertex has one
 };
 
-/// Finds the only layer with parcels. It is filtered as the source says and ready to be read from its start.
+/// Finds the only layer with parcels; in a drawing, the only one of the drawing's layers. It is filtered as the source says and ready to be read from its start.
 ///
 /// @param[in] messages  what GDAL said while it opened the file; it receives what GDAL says from now on
 /// @throws Failure      wrong_use for a layer or feature that does not exist, for a filter that cannot be
@@ -30,7 +35,8 @@ struct LayerChoice {
 ///                      or cannot be read to its end
 LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages);
 
-/// The layer that the source names, or all layers if it names none.
+/// The layer that the source names, or all layers if it names none. A drawing is one layer for GDAL; is_parcel() tells
+/// its layers apart.
 ///
 /// @throws Failure  wrong_use if there is no layer of that name
 std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source);
@@ -43,8 +49,12 @@ std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source);
 /// @throws Failure  wrong_use for a filter that the layer does not understand
 void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages);
 
-/// Whether a feature that passed the filter is one of the parcels.
+/// Whether a feature that passed the filter is one of the parcels. In a drawing, parcels lie in model space, on layers
+/// that are neither switched off nor frozen.
 bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& source);
+
+/// "feature 3 part 2", or "feature 3" if it has one part.
+std::string part_name(const std::string& feature, int part, int parts);
 
 /// "feature 3"; with the layer in front if the file has several.
 std::string feature_name(const OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset);

@@ -1,17 +1,22 @@
 #include "reading/parcel_file.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include <cpl_conv.h>
+#include <cpl_vsi.h>
 
 #include "files/vector_file.h"
 #include "reading/boundary.h"
-#include "reading/crs.h"
 #include "reading/csv.h"
+#include "text/numbers.h"
 
 namespace tool {
 namespace {
+
+// Longer lines are no rows of numbers.
+constexpr int kMaxLine = 1000000;
 
 // A chord for every tenth of a degree. A shorter arc differs from its chord by less than half a millimetre at
 // a radius of a kilometre.
@@ -23,38 +28,132 @@ bool is_table_of_points(GDALDataset& dataset, const std::vector<OGRLayer*>& laye
            find_point_columns(*layers[0]->GetLayerDefn());
 }
 
+bool has_all_heights(const std::vector<double>& heights)
+{
+    return !heights.empty() &&
+           std::all_of(heights.begin(), heights.end(), [](double z) { return std::isfinite(z); });
+}
+
 }  // namespace
 
-ParcelFile::ParcelFile(const Source& source) : source_(source)
+ParcelFile::ParcelFile(const Source& source) : source_(source), plane_(source_)
 {
     GDALAllRegister();
     messages_.clear();
-    dataset_ = open_or_refuse(source_.file, messages_);
+    opened_.emplace(source_.file, source_.columns);
+    dataset_ = open_or_refuse(opened_->name(), messages_, source_.file);
+    if (source_.crs)
+        crs_ = crs_named(*source_.crs);
     const std::vector<OGRLayer*> layers = named_layers(*dataset_, source_);
     if (is_table_of_points(*dataset_, layers)) {
         open_table(*layers[0]);
         return;
     }
+    require_no_axes();
     choice_ = choose_layer(*dataset_, source_, messages_);
+    take_crs_of_file();
     if (is_format(*dataset_, "DXF"))
         open_with_fine_arcs();
+}
+
+// The CRS that the file states, where GDAL does not see it; --crs must agree with any that is stated. GeoJSON without a
+// CRS is given degrees by GDAL.
+void ParcelFile::take_crs_of_file()
+{
+    const OGRSpatialReference* own = choice_.layer->GetSpatialRef();
+    std::optional<OGRSpatialReference> of_srid;
+    if (choice_.srid)
+        own = &of_srid.emplace(crs_named("EPSG:" + std::to_string(*choice_.srid)));
+    if (!crs_)
+        crs_ = of_srid;
+    if (own == nullptr || !source_.crs || is_placeholder(*own) || own->IsSame(&*crs_))
+        return;
+    if ((is_format(*dataset_, "GeoJSON") || is_format(*dataset_, "GeoJSONSeq")) && own->IsGeographic())
+        return;
+    throw Failure(ExitStatus::wrong_use, {source_.file, ""},
+                  std::string("the file has a CRS of its own (") + own->GetName() +
+                      "), and --crs names another",
+                  "leave --crs out, or project the file with ogr2ogr -t_srs " + *source_.crs);
+}
+
+void ParcelFile::require_no_axes() const
+{
+    if (source_.axes)
+        throw Failure(ExitStatus::wrong_use, {source_.file, ""}, "--axes is for tables with columns X and Y",
+                      "leave --axes out");
+}
+
+// What X and Y mean: what the command line says, or the CRS.
+PointColumns ParcelFile::table_columns(OGRLayer& layer)
+{
+    PointColumns columns = find_point_columns(*layer.GetLayerDefn()).value();
+    if (!columns.x_and_y) {
+        require_no_axes();
+        return columns;
+    }
+    const std::optional<XAxis> x = source_.axes ? source_.axes : crs_ ? x_axis_of(*crs_) : std::nullopt;
+    if (!x)
+        throw Failure(ExitStatus::wrong_use, {source_.file, ""},
+                      "columns X and Y do not say which of them is East",
+                      "add --axes en if X is East, --axes ne if X is North, or name the CRS with --crs");
+    if (*x == XAxis::north)
+        std::swap(columns.east, columns.north);
+    assumed_.push_back(std::string(*x == XAxis::east ? "X is East and Y North" : "X is North and Y East") +
+                       ", as " + (source_.axes ? "--axes says" : std::string("in ") + crs_->GetName()));
+    return columns;
 }
 
 void ParcelFile::open_table(OGRLayer& layer)
 {
     const Place file = {source_.file, ""};
     messages_.clear();
-    table_.emplace(layer, file);
+    if (!crs_)
+        crs_ = crs_beside(source_.file);
+    messages_.clear();
+    const PointColumns columns = table_columns(layer);
+    table_.emplace(layer, columns, opened_->separator(), file);
+    if (table_->decimal_commas())
+        assumed_.push_back("commas stand before the decimals");
     if (!messages_.text().empty())
         throw Failure(ExitStatus::unusable_input, file, "the table cannot be read" + messages_.remark(),
                       "correct it");
+    if (!table_->names_parcels())
+        require_whole_table();
     if (!table_->names_parcels() && (source_.feature || source_.where))
         throw Failure(ExitStatus::wrong_use, file, "its rows are the vertices of one parcel",
                       std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
     choose_in_table(layer);
     choice_.layer = &layer;
-    for (const TableParcel& parcel : table_->parcels())
+    choice_.heights = true;
+    for (const TableParcel& parcel : table_->parcels()) {
         choice_.parcels.add([&] { return parcel.name.empty() ? source_.file : parcel.name; });
+        choice_.heights = choice_.heights && has_all_heights(parcel.heights);
+        choice_.some_heights = choice_.some_heights || !parcel.heights.empty();
+    }
+}
+
+// GDAL passes over empty lines; people part one lot from the next with them.
+void ParcelFile::require_whole_table() const
+{
+    VSILFILE* const file = VSIFOpenL(opened_->name().c_str(), "rb");
+    std::size_t row = 0;  // the header
+    bool gap = false;
+    bool parted = false;
+    while (file != nullptr && !parted) {
+        const char* const line = CPLReadLine2L(file, kMaxLine, nullptr);
+        if (line == nullptr)
+            break;
+        const bool empty = std::string(line).find_first_not_of(" \t\r,;") == std::string::npos;
+        parted = gap && !empty && row > 1;
+        gap = empty;
+        row += empty ? 0 : 1;
+    }
+    if (file != nullptr)
+        VSIFCloseL(file);
+    if (parted)
+        throw Failure(ExitStatus::unusable_input, {source_.file, "row " + std::to_string(row - 2)},
+                      "an empty line follows, as if another parcel began",
+                      "add a column lot that names the parcel of each row, or remove the empty line");
 }
 
 // Keeps the parcels that the source asks for.
@@ -101,7 +200,7 @@ std::vector<bool> ParcelFile::rows_that_pass(OGRLayer& layer)
 // more vertices when it is read again with finer steps has an arc.
 void ParcelFile::open_with_fine_arcs()
 {
-    fine_dataset_ = open_or_refuse(source_.file, messages_);
+    fine_dataset_ = open_or_refuse(opened_->name(), messages_, source_.file);
     fine_layer_ = fine_dataset_->GetLayerByName(choice_.layer->GetName());
     if (fine_layer_ != nullptr)
         set_filter(*fine_layer_, source_, messages_);
@@ -129,32 +228,61 @@ void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer, 
                       "replace them with chords in the drawing first");
 }
 
+// What the command line says of all parcels, and what must be said of their heights.
+void ParcelFile::complete_from_source(Parcel& parcel) const
+{
+    parcel.ground_factor = source_.ground_factor;
+    parcel.assumed.insert(parcel.assumed.end(), assumed_.begin(), assumed_.end());
+    if (source_.ground_factor != 1.0)
+        parcel.assumed.push_back("areas and lengths on the ground: ground factor " +
+                                 shortest(source_.ground_factor));
+    if (!parcel.heights.empty() && !has_all_heights(parcel.heights))
+        parcel.assumed.push_back("not every vertex has a height");
+}
+
 // Completes a parcel whose place is known.
-void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel) const
+void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel)
 {
     if (is_format(*dataset_, "CSV") && has_broken_wkt(feature))
         throw broken_wkt(feature, parcel.place);
     const OGRGeometry* geometry = feature.GetGeometryRef();
     if (geometry == nullptr)
         throw without_geometry(parcel.place);
-    plparcel::Ring ring = ring_of(*geometry, parcel.place);
-    const OGRSpatialReference* const crs = geometry->getSpatialReference();
-    const bool crs_stated = !is_format(*dataset_, "GeoJSON") && !is_format(*dataset_, "GeoJSONSeq");
-    require_plane(crs, crs_stated, ring, parcel.place);
+    Boundary boundary = boundary_of(part_of(*geometry, part_), parcel.place);
+    Parcel read;
+    read.place = parcel.place;
+    read.ring = std::move(boundary.ring);
+    read.heights = std::move(boundary.heights);
+    const OGRSpatialReference* const crs = crs_ ? &*crs_ : geometry->getSpatialReference();
+    const bool stated = crs_ || (!is_format(*dataset_, "GeoJSON") && !is_format(*dataset_, "GeoJSONSeq"));
+    plane_.require(crs, stated, read);
     if (fine_dataset_ != nullptr)
         require_straight(feature, finer, parcel.place);
-    parcel.ring = std::move(ring);
-    parcel.unit = unit_of(crs);
-    parcel.crs = crs_name(crs);
+    read.unit = unit_of(crs);
+    read.crs = crs_name(crs);
+    complete_from_source(read);
+    parcel = std::move(read);
 }
 
 ReadParcel ParcelFile::next_of_table()
 {
     TableParcel& row = table_->parcels()[next_in_table_++];
     ReadParcel read;
-    read.parcel.place = {source_.file, row.name};
-    read.parcel.ring = std::move(row.ring);
     read.feature = std::move(row.feature);
+    read.parcel.place = {source_.file, row.name};
+    try {
+        Parcel parcel;
+        parcel.place = read.parcel.place;
+        parcel.ring = std::move(row.ring);
+        parcel.heights = std::move(row.heights);
+        parcel.unit = unit_of(crs());
+        parcel.crs = crs_name(crs());
+        plane_.require(crs(), true, parcel);
+        complete_from_source(parcel);
+        read.parcel = std::move(parcel);
+    } catch (const Failure& failure) {
+        read.problem = failure;
+    }
     return read;
 }
 
@@ -164,26 +292,62 @@ std::optional<ReadParcel> ParcelFile::next()
         return std::nullopt;
     if (table_)
         return next_of_table();
-    while (OGRFeatureUniquePtr feature{choice_.layer->GetNextFeature()}) {
-        const OGRFeatureUniquePtr finer = next_with_fine_arcs();
-        if (!is_parcel(*feature, *dataset_, source_))
-            continue;
-        ReadParcel read;
-        read.parcel.place = {source_.file, feature_name(*feature, *choice_.layer, *dataset_)};
-        try {
-            complete(*feature, finer.get(), read.parcel);
-        } catch (const Failure& failure) {
-            read.problem = failure;
-        }
-        read.feature = std::move(feature);
-        return read;
+    while (feature_ != nullptr || next_feature()) {
+        const bool wanted = !source_.part || *source_.part == part_ + 1;
+        if (wanted)
+            return next_part();
+        if (++part_ == parts_)
+            feature_.reset();
     }
     return std::nullopt;
+}
+
+// Goes to the next feature that is one or several parcels.
+bool ParcelFile::next_feature()
+{
+    while ((feature_ = OGRFeatureUniquePtr(choice_.layer->GetNextFeature())) != nullptr) {
+        finer_ = next_with_fine_arcs();
+        if (is_format(*dataset_, "CSV"))
+            read_ewkt(*feature_);
+        if (!is_parcel(*feature_, *dataset_, source_))
+            continue;
+        part_ = 0;
+        parts_ = feature_->GetGeometryRef() != nullptr ? parts_of(*feature_->GetGeometryRef()) : 1;
+        return true;
+    }
+    return false;
+}
+
+// One part of the feature; its columns and number go with each.
+ReadParcel ParcelFile::next_part()
+{
+    ReadParcel read;
+    read.parcel.place = {source_.file,
+                         part_name(feature_name(*feature_, *choice_.layer, *dataset_), part_ + 1, parts_)};
+    try {
+        complete(*feature_, finer_.get(), read.parcel);
+    } catch (const Failure& failure) {
+        read.problem = failure;
+    }
+    if (parts_ == 1) {
+        read.feature = std::move(feature_);
+        return read;
+    }
+    read.feature.reset(feature_->Clone());
+    read.feature->SetGeometry(&part_of(*feature_->GetGeometryRef(), part_));
+    if (++part_ == parts_)
+        feature_.reset();
+    return read;
 }
 
 const OGRFeatureDefn& ParcelFile::columns() const
 {
     return table_ ? table_->columns() : *choice_.layer->GetLayerDefn();
+}
+
+const OGRSpatialReference* ParcelFile::crs() const
+{
+    return crs_ ? &*crs_ : table_ ? nullptr : choice_.layer->GetSpatialRef();
 }
 
 // With the name by which it was opened, whether or not GDAL lists it.
@@ -199,8 +363,9 @@ void ParcelFile::refuse_several(const std::string& why) const
     throw Failure(ExitStatus::wrong_use, {source_.file, ""},
                   "there are " + std::to_string(choice_.parcels.count()) + " parcels (" +
                       choice_.parcels.text() + ")" + (why.empty() ? "" : ", " + why),
-                  table_ ? "choose one with --feature and its number in the file, from 1"
-                         : "choose one with --feature FID");
+                  table_            ? "choose one with --feature and its number in the file, from 1"
+                  : source_.feature ? "choose one with --part N"
+                                    : "choose one with --feature FID");
 }
 
 Failure vanished(const Source& source)

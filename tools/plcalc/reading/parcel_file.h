@@ -13,6 +13,8 @@
 #include "answers/question.h"
 #include "console/outcome.h"
 #include "files/gdal_messages.h"
+#include "files/text_source.h"
+#include "reading/crs.h"
 #include "reading/layer_choice.h"
 #include "reading/point_table.h"
 #include "reading/source.h"
@@ -44,8 +46,17 @@ public:
     /// The next parcel: one ring without curves, in plane coordinates. Nothing after the last.
     std::optional<ReadParcel> next();
 
-    /// The layer that the parcels come from.
-    OGRLayer& layer() const { return *choice_.layer; }
+    /// How many features of a drawing could be parcels, but lie in paper space or are not shown.
+    std::size_t hidden() const { return choice_.hidden; }
+
+    /// Whether every vertex has a height.
+    bool has_heights() const { return choice_.heights; }
+
+    /// Whether some vertices have heights and others have none.
+    bool lacks_heights() const { return choice_.some_heights && !choice_.heights; }
+
+    /// The CRS of the coordinates; null where there is none.
+    const OGRSpatialReference* crs() const;
 
     /// The columns of the parcels' features.
     const OGRFeatureDefn& columns() const;
@@ -62,7 +73,14 @@ private:
     void open_with_fine_arcs();
     OGRFeatureUniquePtr next_with_fine_arcs();
     void require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const;
-    void complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel) const;
+    bool next_feature();
+    ReadParcel next_part();
+    void complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel);
+    void complete_from_source(Parcel& parcel) const;
+    void take_crs_of_file();
+    void require_whole_table() const;
+    void require_no_axes() const;
+    PointColumns table_columns(OGRLayer& layer);
     void open_table(OGRLayer& layer);
     void choose_in_table(OGRLayer& layer);
     std::vector<bool> rows_that_pass(OGRLayer& layer);
@@ -70,12 +88,20 @@ private:
 
     Source source_;
     GdalMessages messages_;
+    std::optional<TextSource> opened_;  // outlives the datasets
     GDALDatasetUniquePtr dataset_;
     GDALDatasetUniquePtr fine_dataset_;  // DXF: read with finer chords, in step with the other
     LayerChoice choice_;
     OGRLayer* fine_layer_ = nullptr;
+    OGRFeatureUniquePtr feature_;  // of which parts are still to come
+    OGRFeatureUniquePtr finer_;
+    int part_ = 0;  // the next one, from 0
+    int parts_ = 0;
     std::optional<PointTable> table_;  // CSV with a vertex in each row
     std::size_t next_in_table_ = 0;
+    std::optional<OGRSpatialReference> crs_;  // where the file does not state it
+    std::vector<std::string> assumed_;        // of a table
+    PlaneCheck plane_;
 };
 
 /// The only parcel of the source.

@@ -1,7 +1,9 @@
 #include "reading/point_table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -16,7 +18,9 @@ namespace {
 // A name of one pair never goes with a name of another: in a file with X, Y and E they would not belong
 // together.
 constexpr std::pair<const char*, const char*> kPairs[] = {
-    {"e", "n"}, {"east", "north"}, {"easting", "northing"}, {"est", "nord"}, {"x", "y"},
+    {"e", "n"},      {"east", "north"}, {"easting", "northing"},
+    {"est", "nord"}, {"ost", "nord"},   {"rechtswert", "hochwert"},
+    {"rw", "hw"},    {"este", "norte"}, {"x", "y"},
 };
 
 // What the parcel of a point is called.
@@ -29,9 +33,14 @@ const char* const kOfParcels[] = {
 const char* const kEndings[] = {"id", "no", "nr", "num", "number", "name", "numero", "nummer"};
 
 // Columns that say something about a point, and may say it about several.
-const char* const kOfPoints[] = {"z",     "h",    "height",      "elev",   "elevation", "altitude", "quota",
-                                 "code",  "desc", "description", "remark", "remarks",   "comment",  "note",
-                                 "notes", "d",    "type",        "kind",   "mark",      "date",     "time"};
+const char* const kOfPoints[] = {"z",         "h",        "height", "elev",        "elevation",  "altitude",
+                                 "quota",     "code",     "desc",   "description", "remark",     "remarks",
+                                 "comment",   "note",     "notes",  "d",           "type",       "kind",
+                                 "mark",      "date",     "time",   "cota",        "hoehe",      "h\u00f6he",
+                                 "bemerkung", "remarque", "nota",   "descripcion", "descrizione"};
+
+const char* const kHeights[] = {"z",        "h",     "height", "elev",  "elevation",
+                                "altitude", "quota", "cota",   "hoehe", "h\u00f6he"};
 
 constexpr std::size_t kFewestVertices = 3;
 
@@ -45,10 +54,10 @@ std::string name_of_field(const OGRFeatureDefn& table, int field)
     return stripped(table.GetFieldDefn(field)->GetNameRef());
 }
 
-// "Lot No." and "lot_no" are one name.
+// "Lot No." and "lot_no" are one name, and so are "E [m]" and "E".
 std::string plain(const std::string& name)
 {
-    CPLString lower(name);
+    CPLString lower(name.substr(0, name.find_first_of("[(")));
     std::string text;
     for (const char c : lower.tolower())
         if (std::string(" _-.#").find(c) == std::string::npos)
@@ -81,10 +90,43 @@ Failure unusable_row(const Place& file, GIntBig row, const std::string& problem,
     return {ExitStatus::unusable_input, {file.file, "row " + std::to_string(row)}, problem, advice};
 }
 
-double coordinate(const OGRFeature& row, int field, const Place& file)
+std::string with_point(std::string text)
+{
+    std::replace(text.begin(), text.end(), ',', '.');
+    return text;
+}
+
+// Whether the number can only be meant with decimals behind its comma: thousands stand in groups of three.
+bool shows_decimal_comma(const std::string& text)
+{
+    const std::size_t comma = text.find(',');
+    if (comma == std::string::npos || !parse_number(with_point(text)))
+        return false;
+    const std::size_t first = text.find_first_of("0123456789");
+    return text.size() - comma != 4 || comma - first > 3 || text[first] == '0';
+}
+
+// Whether commas stand before the decimals of a table's coordinates. One point before decimals, and none do.
+bool has_decimal_commas(OGRLayer& table, const PointColumns& columns, char separator)
+{
+    bool commas = false;
+    bool shown = separator == ';';
+    for (const OGRFeatureUniquePtr& row : table) {
+        for (const int field : {columns.east, columns.north}) {
+            const std::string text = row->GetFieldAsString(field);
+            if (text.find('.') != std::string::npos)
+                return false;
+            commas = commas || text.find(',') != std::string::npos;
+            shown = shown || shows_decimal_comma(text);
+        }
+    }
+    return commas && shown;
+}
+
+double coordinate(const OGRFeature& row, int field, bool decimal_commas, const Place& file)
 {
     const std::string text = row.GetFieldAsString(field);
-    const std::optional<double> value = parse_number(text);
+    const std::optional<double> value = parse_number(decimal_commas ? with_point(text) : text);
     if (value)
         return *value;
     const std::string name = stripped(row.GetFieldDefnRef(field)->GetNameRef());
@@ -92,6 +134,22 @@ double coordinate(const OGRFeature& row, int field, const Place& file)
         throw unusable_row(file, row.GetFID(), name + " is empty", "fill it in");
     throw unusable_row(file, row.GetFID(), name + " is '" + text + "', not a number",
                        "use a point before the decimals");
+}
+
+// Other text than a number is no height.
+double height(const OGRFeature& row, int field, bool decimal_commas)
+{
+    const std::string text = field >= 0 ? row.GetFieldAsString(field) : "";
+    const std::optional<double> value = parse_number(decimal_commas ? with_point(text) : text);
+    return value && std::isfinite(*value) ? *value : std::numeric_limits<double>::quiet_NaN();
+}
+
+void finish(TableParcel& parcel)
+{
+    drop_closing_vertex(parcel.ring);
+    parcel.heights.resize(parcel.ring.size());
+    if (std::none_of(parcel.heights.begin(), parcel.heights.end(), [](double z) { return std::isfinite(z); }))
+        parcel.heights.clear();
 }
 
 // What stands in a column, row by row of a parcel.
@@ -219,25 +277,30 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table)
     for (const auto& [east_name, north_name] : kPairs) {
         columns.east = find_field(table, east_name);
         columns.north = find_field(table, north_name);
+        columns.x_and_y = std::string(east_name) == "x";
         if (columns.east >= 0 && columns.north >= 0)
             break;
     }
     if (columns.east < 0 || columns.north < 0)
         return std::nullopt;
+    for (const char* name : kHeights)
+        if (columns.height < 0)
+            columns.height = find_field(table, name);
     for (int i = 0; i < table.GetFieldCount(); ++i)
         if (names_parcel(plain(name_of_field(table, i))))
             columns.parcel.push_back(i);
     return columns;
 }
 
-PointTable::PointTable(OGRLayer& table, const Place& file)
-    : columns_(find_point_columns(*table.GetLayerDefn()).value()), definition_(new OGRFeatureDefn("parcels"))
+PointTable::PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file)
+    : columns_(columns), definition_(new OGRFeatureDefn("parcels"))
 {
     definition_->Reference();
     definition_->SetGeomType(wkbNone);
     const int id = find_field(*table.GetLayerDefn(), "id");
     if (columns_.parcel.empty() && id >= 0 && parts_rows_into_parcels(table, id))
         columns_.parcel.push_back(id);
+    decimal_commas_ = has_decimal_commas(table, columns_, separator);
     read_rows(table, file);
 }
 
@@ -280,8 +343,9 @@ void PointTable::read_rows(OGRLayer& table, const Place& file)
         }
         TableParcel& parcel = parcels_.back();
         parcel.last_row = last_row_ = row->GetFID();
-        parcel.ring.push_back(
-            {coordinate(*row, columns_.east, file), coordinate(*row, columns_.north, file)});
+        parcel.ring.push_back({coordinate(*row, columns_.east, decimal_commas_, file),
+                               coordinate(*row, columns_.north, decimal_commas_, file)});
+        parcel.heights.push_back(height(*row, columns_.height, decimal_commas_));
         // The row that closes the ring may have the name of the first.
         if (parcel.ring.size() == 1 || !same(parcel.ring.front(), parcel.ring.back()))
             others.add(*row);
@@ -291,7 +355,7 @@ void PointTable::read_rows(OGRLayer& table, const Place& file)
     else
         others.end_parcel(file);
     for (TableParcel& parcel : parcels_)
-        drop_closing_vertex(parcel.ring);
+        finish(parcel);
     if (names_parcels())
         make_features(table, others.shared());
 }

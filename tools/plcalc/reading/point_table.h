@@ -18,18 +18,23 @@ namespace tool {
 struct PointColumns {
     int east = -1;
     int north = -1;
+    int height = -1;       ///< -1 where there is none
+    bool x_and_y = false;  ///< whether they are called X and Y, so that which is East must be known otherwise
     std::vector<int> parcel;  ///< those that name the parcel of a point; none where all rows are one parcel
 };
 
 /// Finds the columns with coordinates: the first of the pairs E and N, East and North, Easting and Northing,
-/// Est and Nord, X and Y that the table has, in capitals or not. Columns called lot, parcel or plot, in other
+/// Est and Nord, Ost and Nord, Rechtswert and Hochwert, RW and HW, Este and Norte, X and Y that the table has, in capitals or
+/// not, with a unit behind them or without; X is taken as East until it is known better. A column
+/// called Z, H or height, or an Italian word for it, holds heights. Columns called lot, parcel or plot, in other
 /// languages too, name the parcel of a point.
 std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 
 /// A parcel of a table of points.
 struct TableParcel {
-    std::string name;     ///< "lot A"; empty where all rows are one parcel
-    plparcel::Ring ring;  ///< in the order of the rows, without the closing one
+    std::string name;             ///< "lot A"; empty where all rows are one parcel
+    plparcel::Ring ring;          ///< in the order of the rows, without the closing one
+    std::vector<double> heights;  ///< NaN for a row without; empty where no row has one
     GIntBig first_row = 0;
     GIntBig last_row = 0;
     OGRFeatureUniquePtr
@@ -42,13 +47,17 @@ public:
     /// Reads the whole table. Rows with the same name of a parcel make the parcel. Where no column is called so,
     /// a column `id` with at least three rows to each value names the parcels.
     ///
-    /// @param[in] file  the file, for messages
+    /// @param[in] columns  of the table, as found, with X as what it is
+    /// @param[in] separator  what stands between the columns
+    /// @param[in] file     the file, for messages
     /// @throws Failure  unusable_input for a row without a number in both columns, for a parcel whose rows do not
     ///                  follow one another, and where another column changes within a parcel and has a value more
     ///                  than once, as if it named a part of it. Columns of heights, codes and descriptions may do
-    ///                  so. A comma before the decimals is refused rather than guessed at: 1,250 is one thing here
-    ///                  and another there.
-    PointTable(OGRLayer& table, const Place& file);
+    ///                  so. Commas before the decimals are understood where the file shows that they are: semicolons
+    ///                  stand between its columns, or a number has other than three digits behind the comma or more
+    ///                  than three before it. Otherwise they are refused rather than guessed at: 1,250 is one thing
+    ///                  here and another there.
+    PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file);
     ~PointTable();
     PointTable(const PointTable&) = delete;
     PointTable& operator=(const PointTable&) = delete;
@@ -58,6 +67,9 @@ public:
 
     /// The number of the last row; 0 where there is none.
     GIntBig last_row() const { return last_row_; }
+
+    /// Whether commas stood before the decimals.
+    bool decimal_commas() const { return decimal_commas_; }
 
     /// Whether a column names the parcels.
     bool names_parcels() const { return !columns_.parcel.empty(); }
@@ -74,6 +86,7 @@ private:
     OGRFeatureDefn* definition_;
     std::vector<TableParcel> parcels_;
     GIntBig last_row_ = 0;
+    bool decimal_commas_ = false;
 };
 
 }  // namespace tool

@@ -7,11 +7,20 @@
 
 namespace tool {
 
+/// What a column X holds; Y holds the other.
+enum class XAxis { east, north };
+
 struct Source {
-    std::string file;                  ///< a path, or another name that GDAL opens
-    std::optional<std::string> layer;  ///< only this layer
-    std::optional<long long> feature;  ///< only the feature with this FID
-    std::optional<std::string> where;  ///< only features that pass OGR's attribute filter
+    std::string file;                         ///< a path, or another name that GDAL opens
+    std::optional<std::string> layer;         ///< only this layer
+    std::optional<long long> feature;         ///< only the feature with this FID
+    std::optional<std::string> where;         ///< only features that pass OGR's attribute filter
+    std::optional<long long> part = {};       ///< only this polygon of a feature that has several, from 1
+    std::optional<std::string> columns = {};  ///< names of a table's columns, separated by commas
+    std::optional<XAxis> axes = {};           ///< of a table with columns X and Y
+    std::optional<std::string> crs = {};      ///< of a file that states none
+    bool any_scale = false;      ///< whether lengths in the plane may differ from those on the ground
+    double ground_factor = 1.0;  ///< length in the plane of a length 1 on the ground
 };
 
 }  // namespace tool

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "answers/heights.h"
+#include "answers/nearness.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 #include "text/table.h"
@@ -41,9 +43,35 @@ std::vector<Row> area_rows(const Answer& answer)
     return rows;
 }
 
-Json point(const PL_PNT2D_record& p, int decimals)
+// What nobody can stake out must be said.
+std::string warnings(const Answer& answer)
 {
-    return {{"e", number(p.x, decimals)}, {"n", number(p.y, decimals)}};
+    std::string text;
+    for (const NearSide& near : lines_at_sides(answer))
+        text += line_label(near.line, answer.printed.lines.size()) + " is within " +
+                shortest(kStakeoutMetres) + " m of " +
+                numbered("side", static_cast<long long>(near.side) + 1) +
+                ": staked out, the two cannot be told apart\n";
+    return text.empty() ? text : "\n" + text;
+}
+
+Json point(const PL_PNT2D_record& p, const Answer& answer, const Heights& heights)
+{
+    const int decimals = answer.printed.resolution.decimals;
+    Json json = {{"e", number(p.x, decimals)}, {"n", number(p.y, decimals)}};
+    if (!answer.parcel.heights.empty())
+        json["z"] = number(height_text(heights.at(p), decimals));
+    return json;
+}
+
+// E, N and, where the parcel has heights, Z.
+std::vector<std::string> coordinates(const PL_PNT2D_record& p, const Answer& answer, const Heights& heights)
+{
+    const int decimals = answer.printed.resolution.decimals;
+    std::vector<std::string> cells = {fixed(p.x, decimals), fixed(p.y, decimals)};
+    if (!answer.parcel.heights.empty())
+        cells.push_back(height_text(heights.at(p), decimals));
+    return cells;
 }
 
 const char* cut_name(Cut cut)
@@ -75,12 +103,16 @@ std::string division_table(const Answer& answer)
     const std::size_t vertices = answer.parcel.ring.size();
     const auto length = [&](double value) { return fixed(value, printed.resolution.decimals); };
     const plparcel::RingReport& ring = printed.proven.ring;
+    const Heights heights(answer.parcel);
+    std::vector<std::string> axes = {"E", "N"};
+    if (!answer.parcel.heights.empty())
+        axes.push_back("Z");
     std::vector<Row> rows;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
         const PL_LINE_2D_record& line = printed.lines[i];
-        rows.push_back({line_label(i, printed.lines.size()), {"E", "N"}});
-        rows.push_back({"  from", {length(line.start.x), length(line.start.y)}});
-        rows.push_back({"  to", {length(line.end.x), length(line.end.y)}});
+        rows.push_back({line_label(i, printed.lines.size()), axes});
+        rows.push_back({"  from", coordinates(line.start, answer, heights)});
+        rows.push_back({"  to", coordinates(line.end, answer, heights)});
     }
     rows.push_back({"", {}});
     for (const Row& row : area_rows(answer))
@@ -90,9 +122,10 @@ std::string division_table(const Answer& answer)
     rows.back().cells.push_back(fixed(ring.area, printed.resolution.area_decimals));
     rows.push_back({"Perimeter", indent});
     rows.back().cells.push_back(length(ring.perimeter));
-    return "Parcel  " + answer.parcel.place.text() + "\n        " + std::to_string(vertices) + " vertices, " +
-           direction_name(ring.anticlockwise) + "\nCut     " + described_cut(answer.asked, vertices) +
-           "\nAsked   " + described_amounts(answer.asked) + "\n\n" + labelled(rows);
+    return "Parcel  " + heading(answer.parcel.place, answer.parcel.assumed) + "\n        " +
+           std::to_string(vertices) + " vertices, " + direction_name(ring.anticlockwise) + "\nCut     " +
+           described_cut(answer.asked, vertices) + "\nAsked   " + described_amounts(answer.asked) + "\n\n" +
+           labelled(rows) + warnings(answer);
 }
 
 Json division_json(const Answer& answer)
@@ -104,6 +137,8 @@ Json division_json(const Answer& answer)
     const plparcel::RingReport& ring = printed.proven.ring;
     Json json;
     json["parcel"] = answer.parcel.place.text();
+    if (!answer.parcel.assumed.empty())
+        json["assumed"] = answer.parcel.assumed;
     json["status"] = "divided";
     json["cut"] = cut_name(asked.request.line.cut);
     json["number"] = asked.number;
@@ -111,9 +146,13 @@ Json division_json(const Answer& answer)
     json["area"] = number(ring.area, area_decimals);
     json["perimeter"] = number(ring.perimeter, decimals);
     json["orientation"] = direction_name(ring.anticlockwise);
+    const Heights heights(answer.parcel);
     json["lines"] = Json::array();
     for (const PL_LINE_2D_record& line : printed.lines)
-        json["lines"].push_back({{"from", point(line.start, decimals)}, {"to", point(line.end, decimals)}});
+        json["lines"].push_back(
+            {{"from", point(line.start, answer, heights)}, {"to", point(line.end, answer, heights)}});
+    for (const NearSide& near : lines_at_sides(answer))
+        json["lines"][near.line]["at_side"] = near.side + 1;
     json["pieces"] = Json::array();
     for (std::size_t i = 0; i < printed.areas.size(); ++i)
         json["pieces"].push_back({{"piece", piece_name(asked, answer.parcel.ring.size(), i)},

@@ -35,22 +35,26 @@ public:
     /// the refusals.
     ///
     /// @param[in] passed_over  features that bound no area
-    Output table(std::size_t passed_over) const;
+    /// @param[in] hidden       features of a drawing that it does not show, or not in model space
+    Output table(std::size_t passed_over, std::size_t hidden) const;
 
     /// One object per parcel in "parcels", the counts, and the names of files that were written.
     Output json(const std::vector<std::string>& written) const;
 
 private:
     void keep_rows(const Answer& answer);
-    Output summary(std::size_t passed_over) const;
+    Output summary(std::size_t passed_over, std::size_t hidden) const;
+    void note(const Parcel& parcel);
     std::string refuse(const Failure& failure, const std::string& reason);
 
     Keep keep_;
+    std::string file_;  // of the refused ones
     std::vector<std::vector<std::string>> rows_;
     Json parcels_ = Json::array();
     std::size_t divided_ = 0;
     std::size_t refused_ = 0;
     std::map<std::string, NameList> refusals_;  // the parcels by reason
+    std::vector<std::string> assumed_;          // of any parcel, each once; few
     ExitStatus status_ = ExitStatus::done;
 };
 

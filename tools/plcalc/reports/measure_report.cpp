@@ -35,6 +35,9 @@ std::string vertices_table(const Parcel& parcel, const Measures& measures, const
                         fixed(parcel.ring[i].y, resolution.decimals),
                         gon_text(measures.vertices[i].angle_gon, kAngleDecimals),
                         degree_text(measures.vertices[i].angle_gon, kAngleDecimals)});
+    for (std::size_t i = 0; i < rows.size() && !parcel.heights.empty(); ++i)
+        rows[i].insert(rows[i].begin() + 3,
+                       i == 0 ? "Z" : height_text(known_height(parcel.heights[i - 1]), resolution.decimals));
     return columns(rows);
 }
 
@@ -43,8 +46,9 @@ std::string vertices_table(const Parcel& parcel, const Measures& measures, const
 std::string measures_table(const Parcel& parcel, const Measures& measures)
 {
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
-    return "Parcel  " + parcel.place.text() + "\n        " + std::to_string(parcel.ring.size()) +
-           " vertices, " + direction_name(measures.anticlockwise) + "\n\n" +
+    return "Parcel  " + heading(parcel.place, parcel.assumed) + "\n        " +
+           std::to_string(parcel.ring.size()) + " vertices, " + direction_name(measures.anticlockwise) +
+           "\n\n" +
            labelled({{"Area", {fixed(measures.area, resolution.area_decimals)}},
                      {"Perimeter", {fixed(measures.perimeter, resolution.decimals)}}}) +
            "\n" + sides_table(measures, resolution) + "\n" + vertices_table(parcel, measures, resolution);
@@ -55,6 +59,8 @@ std::string measures_json(const Parcel& parcel, const Measures& measures)
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
     Json json;
     json["parcel"] = parcel.place.text();
+    if (!parcel.assumed.empty())
+        json["assumed"] = parcel.assumed;
     json["orientation"] = direction_name(measures.anticlockwise);
     json["area"] = number(measures.area, resolution.area_decimals);
     json["perimeter"] = number(measures.perimeter, resolution.decimals);
@@ -75,6 +81,9 @@ std::string measures_json(const Parcel& parcel, const Measures& measures)
                                     {"n", number(parcel.ring[i].y, resolution.decimals)},
                                     {"angle_gon", number(gon_text(angle, kAngleDecimals))},
                                     {"angle_deg", number(degree_text(angle, kAngleDecimals))}});
+        if (!parcel.heights.empty())
+            json["vertices"].back()["z"] =
+                number(height_text(known_height(parcel.heights[i]), resolution.decimals));
     }
     return dumped(json);
 }

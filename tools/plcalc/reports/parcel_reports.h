@@ -35,7 +35,9 @@ std::string measures_json(const Parcel& parcel, const Measures& measures);
 
 /// Everything about one job of setting out.
 struct StakeoutSheet {
-    Place parcel;  ///< where the parcel stands
+    Place parcel;                      ///< where the parcel stands
+    std::vector<std::string> assumed;  ///< of it
+    bool heights = false;              ///< whether to tell heights
     Setup setup;
     BaseLine base;
     std::vector<SetOut> points;

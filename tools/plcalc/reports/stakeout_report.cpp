@@ -13,13 +13,14 @@ namespace {
 // Arc of a gon at radius 1, which is half a turn of 200 gons.
 constexpr double kArcOfGon = 3.141592653589793 / 200.0;
 
-// The table's cells: name, E, N, angle, distance, abscissa, ordinate.
+// The table's cells: name, E, N, Z, angle, distance, abscissa, ordinate.
 std::vector<std::string> cells_of(const StakeoutSheet& sheet, const SetOut& point)
 {
     const int decimals = sheet.resolution.decimals;
     return {point.point.name,
             fixed(point.point.at.x, decimals),
             fixed(point.point.at.y, decimals),
+            height_text(point.point.height, decimals),
             gon_text(point.angle_gon, sheet.angle_decimals),
             fixed(point.distance, decimals),
             fixed(point.abscissa, decimals),
@@ -32,6 +33,9 @@ std::string described(const NamedPoint& point, int decimals)
     return point.name.empty() ? place : point.name + "  " + place;
 }
 
+constexpr int kHeightCell = 3;
+constexpr int kSetOutCells = 4;
+
 // A text as one cell of a CSV file.
 std::string quoted(const std::string& text)
 {
@@ -41,6 +45,20 @@ std::string quoted(const std::string& text)
     for (const char c : text)
         cell += c == '"' ? std::string("\"\"") : std::string(1, c);
     return cell + "\"";
+}
+
+// The points, and below them what is set out, where both do not fit beside each other.
+std::string two_tables(const std::vector<std::vector<std::string>>& rows)
+{
+    std::vector<std::vector<std::string>> points;
+    std::vector<std::vector<std::string>> values;
+    for (const std::vector<std::string>& row : rows) {
+        const auto angle = row.end() - kSetOutCells;
+        points.emplace_back(row.begin(), angle);
+        values.emplace_back(angle, row.end());
+        values.back().insert(values.back().begin(), row.front());
+    }
+    return columns(points) + "\n" + columns(values);
 }
 
 }  // namespace
@@ -59,24 +77,29 @@ std::string stakeout_table(const StakeoutSheet& sheet)
 {
     const int decimals = sheet.resolution.decimals;
     std::vector<std::vector<std::string>> rows = {
-        {"Point", "E", "N", "Angle, gon", "Distance", "Along", "Right"}};
+        {"Point", "E", "N", "Z", "Angle, gon", "Distance", "Along", "Right"}};
     for (const SetOut& point : sheet.points)
         rows.push_back(cells_of(sheet, point));
-    return "Parcel       " + sheet.parcel.text() + "\nStation      " +
+    for (std::vector<std::string>& row : rows)
+        if (!sheet.heights)
+            row.erase(row.begin() + kHeightCell);
+    return "Parcel       " + heading(sheet.parcel, sheet.assumed) + "\nStation      " +
            described(sheet.setup.station, decimals) + "\nOrientation  " +
            described(sheet.setup.orientation, decimals) + "\nBase line    " +
            described(sheet.base.from, decimals) + "\n             " + described(sheet.base.to, decimals) +
-           "\n\n" + columns(rows);
+           "\n\n" + (fit_terminal(rows) ? columns(rows) : two_tables(rows));
 }
 
 std::string stakeout_csv(const StakeoutSheet& sheet)
 {
-    std::string text = "point,E,N,angle_gon,distance,along,right\n";
+    std::string text =
+        std::string("point,E,N,") + (sheet.heights ? "Z," : "") + "angle_gon,distance,along,right\n";
     for (const SetOut& point : sheet.points) {
         const std::vector<std::string> cells = cells_of(sheet, point);
         text += quoted(cells[0]);
         for (std::size_t i = 1; i < cells.size(); ++i)
-            text += "," + (cells[i] == "-" ? std::string() : cells[i]);
+            if (i != kHeightCell || sheet.heights)
+                text += "," + (cells[i] == "-" ? std::string() : cells[i]);
         text += "\n";
     }
     return text;
@@ -90,6 +113,8 @@ std::string stakeout_json(const StakeoutSheet& sheet)
     };
     Json json;
     json["parcel"] = sheet.parcel.text();
+    if (!sheet.assumed.empty())
+        json["assumed"] = sheet.assumed;
     json["station"] = point(sheet.setup.station);
     json["orientation"] = point(sheet.setup.orientation);
     json["base_line"] = {point(sheet.base.from), point(sheet.base.to)};
@@ -99,10 +124,12 @@ std::string stakeout_json(const StakeoutSheet& sheet)
         json["points"].push_back({{"name", cells[0]},
                                   {"e", number(cells[1])},
                                   {"n", number(cells[2])},
-                                  {"angle_gon", number(cells[3])},
-                                  {"distance", number(cells[4])},
-                                  {"along", number(cells[5])},
-                                  {"right", number(cells[6])}});
+                                  {"angle_gon", number(cells[4])},
+                                  {"distance", number(cells[5])},
+                                  {"along", number(cells[6])},
+                                  {"right", number(cells[7])}});
+        if (sheet.heights)
+            json["points"].back()["z"] = number(cells[kHeightCell]);
     }
     return dumped(json);
 }

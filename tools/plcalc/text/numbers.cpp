@@ -96,6 +96,11 @@ int decimals_for(double step)
     return decimals;
 }
 
+std::string height_text(const std::optional<double>& height, int decimals)
+{
+    return height ? fixed(*height, decimals) : "-";
+}
+
 std::string gon_text(const std::optional<double>& angle_gon, int decimals)
 {
     return angle_gon ? angle_text(*angle_gon, kTurnGon, decimals) : "-";

@@ -29,6 +29,9 @@ std::string shortest(double value);
 /// do.
 int decimals_for(double step);
 
+/// A height with this many decimals; "-" for none.
+std::string height_text(const std::optional<double>& height, int decimals);
+
 /// A tenth of a milligon is what a theodolite reads.
 constexpr int kAngleDecimals = 4;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 
 namespace {
 
@@ -12,6 +13,17 @@ std::size_t width_of(const std::string& text)
 {
     return static_cast<std::size_t>(
         std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+std::vector<std::size_t> widths_of(const std::vector<std::vector<std::string>>& rows)
+{
+    std::vector<std::size_t> widths;
+    for (const std::vector<std::string>& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], width_of(row[i]));
+    }
+    return widths;
 }
 
 }  // namespace
@@ -42,19 +54,23 @@ std::string labelled(const std::vector<Row>& rows)
 
 std::string columns(const std::vector<std::vector<std::string>>& rows)
 {
-    std::vector<std::size_t> widths;
-    for (const std::vector<std::string>& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], width_of(row[i]));
-    }
+    const std::vector<std::size_t> widths = widths_of(rows);
     std::string text;
     for (const std::vector<std::string>& row : rows) {
+        std::string line;
         for (std::size_t i = 0; i < row.size(); ++i)
-            text += std::string((i > 0 ? kGap : 0) + widths[i] - width_of(row[i]), ' ') + row[i];
-        text += '\n';
+            line += std::string((i > 0 ? kGap : 0) + widths[i] - width_of(row[i]), ' ') + row[i];
+        text += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
     }
     return text;
+}
+
+bool fit_terminal(const std::vector<std::vector<std::string>>& rows)
+{
+    constexpr std::size_t kTerminal = 80;
+    const std::vector<std::size_t> widths = widths_of(rows);
+    return std::accumulate(widths.begin(), widths.end(), std::size_t{0}) + kGap * (widths.size() - 1) <=
+           kTerminal;
 }
 
 }  // namespace tool

@@ -20,4 +20,7 @@ std::string labelled(const std::vector<Row>& rows);
 /// Columns of numbers, each as wide as its widest cell and aligned to the right. Every line is ended.
 std::string columns(const std::vector<std::vector<std::string>>& rows);
 
+/// Whether the columns fit a terminal, 80 characters wide.
+bool fit_terminal(const std::vector<std::vector<std::string>>& rows);
+
 }  // namespace tool

@@ -15,11 +15,13 @@
 namespace tool {
 namespace {
 
-std::string written_lines(const std::vector<std::string>& files)
+std::string written_lines(const std::vector<std::string>& files, const ParcelFile& parcels)
 {
     std::string text;
     for (const std::string& file : files)
         text += "Written  " + file + "\n";
+    if (!files.empty() && parcels.lacks_heights())
+        text += "Heights are not written: some vertices have none\n";
     return text;
 }
 
@@ -39,6 +41,8 @@ void DivideVerb::check_outputs() const
 {
     if (!paper_of(paper_))
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
+    if (given("--plan") && source().ground_factor != 1.0)
+        wrong_use("--plan: the plan shows lengths of the plane; leave --ground-factor out");
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     if (given("--output") && !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
@@ -59,7 +63,13 @@ std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer, const Parc
     if (!given("--plan"))
         return nullptr;
     std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_, file.files());
-    draw_plan(plan_of(answer), *paper_of(paper_), output->path(), plan_);
+    try {
+        draw_plan(plan_of(answer), *paper_of(paper_), output->path(), plan_);
+    } catch (const Failure&) {
+        if (output->disk_is_full())
+            throw disk_full(plan_);
+        throw;
+    }
     return output;
 }
 
@@ -85,7 +95,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     if (plan != nullptr)
         plan->commit();
     if (!json_)
-        return {division_table(answer) + written_lines(written)};
+        return {division_table(answer) + written_lines(written, file)};
     ManyReport report(ManyReport::Keep::json);
     report.add(answer);
     return report.json(written);
@@ -127,8 +137,8 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
         writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (json_)
         return report.json(written);
-    Output output = report.table(file.passed_over());
-    output.text += written_lines(written);
+    Output output = report.table(file.passed_over(), file.hidden());
+    output.text += written_lines(written, file);
     return output;
 }
 

@@ -42,11 +42,13 @@ std::string divide_help()
 Usage: plcalc divide FILE CUT AREA [OPTION ...]
 
 FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...
-      Parcels are polygons without holes, or closed lines. A CSV file needs a
-      column WKT, or a vertex per row in columns E and N (or East and North,
-      Easting and Northing, Est and Nord, X and Y); there, rows with the same
-      lot, parcel or plot are a parcel.
-      Coordinates are plane, E to the East and N to the North, in any unit.
+      "-" stands for the standard input. Parcels are polygons without holes, or
+      closed lines. A text table needs a column WKT, or a vertex per row in
+      columns E and N (or East and North, Easting and Northing, Est and Nord,
+      Ost and Nord, Rechtswert and Hochwert, Este and Norte, X and Y), with Z
+      for heights; there, rows with the same lot, parcel or plot are a parcel.
+      Coordinates are plane, E to the East and N to the North, in any unit. Of
+      a drawing, parcels are in model space, on layers that are shown.
 
 CUT, one of
   --parallel SIDE       a line parallel to the side; the area lies along it
@@ -68,10 +70,19 @@ AREA, one of
                         it, or along the side that ends at the vertex
 
 Options
-  --layer NAME          reads only this layer of the file
+  --layer NAME          reads only this layer of the file, or of the drawing
   --feature FID         reads only the feature with this number, as ogrinfo -al
                         FILE lists it; without it, every parcel is divided
   --where FILTER        reads only features that match, as in "owner = 'Rossi'"
+  --part N              reads only this polygon of a feature with several
+  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
+  --crs CRS             the CRS of a file that states none, as EPSG:25832
+  --axes en|ne          columns X and Y of a table: en where X is East, ne where
+                        X is North; without it, the CRS decides
+  --ground-factor F     areas and lengths are on the ground, where a length of 1
+                        is F in the plane of the coordinates
+  --any-scale           accepts a CRS whose lengths differ by more than a
+                        thousandth from those on the ground
   -o, --output OUT      writes the pieces and the lines as layers of OUT. The
                         ending of OUT chooses the format, GeoPackage if there is
                         none; a format of one layer gets the lines in a second
@@ -81,7 +92,9 @@ Options
                         layers of their own, in the unit of the CRS.
   --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
                         PLAN.png; --paper A3 takes A3 instead of A4
-  --overwrite           replaces files that exist, but never FILE
+  --overwrite           replaces files that exist, but never FILE; in a
+                        GeoPackage or SQLite file only the layers pieces and
+                        lines
   --json                prints JSON with the same numbers
   -h, --help            prints this text
 
@@ -120,6 +133,15 @@ Options
   --feature FID         reads only the feature with this number
   --where FILTER        reads only the feature that matches, as in
                         "owner = 'Rossi'"
+  --part N              reads only this polygon of a feature with several
+  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
+  --crs CRS             the CRS of a file that states none, as EPSG:25832
+  --axes en|ne          columns X and Y of a table: en where X is East, ne where
+                        X is North; without it, the CRS decides
+  --ground-factor F     areas and lengths are on the ground, where a length of 1
+                        is F in the plane of the coordinates
+  --any-scale           accepts a CRS whose lengths differ by more than a
+                        thousandth from those on the ground
   --json                prints JSON with the same numbers
   -h, --help            prints this text
 
@@ -155,6 +177,15 @@ Options
   --feature FID         reads only the feature with this number
   --where FILTER        reads only the feature that matches, as in
                         "owner = 'Rossi'"
+  --part N              reads only this polygon of a feature with several
+  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
+  --crs CRS             the CRS of a file that states none, as EPSG:25832
+  --axes en|ne          columns X and Y of a table: en where X is East, ne where
+                        X is North; without it, the CRS decides
+  --ground-factor F     areas and lengths are on the ground, where a length of 1
+                        is F in the plane of the coordinates
+  --any-scale           accepts a CRS whose lengths differ by more than a
+                        thousandth from those on the ground
   -h, --help            prints this text
 
 Angles are in gons, clockwise from the orientation; distances count from the

@@ -16,7 +16,7 @@ Output MeasureVerb::work() const
 {
     const Parcel parcel = read_parcel(source()).parcel;
     require_usable(parcel);
-    const Measures measures = measure(parcel.ring);
+    const Measures measures = measure(parcel);
     return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
 }
 

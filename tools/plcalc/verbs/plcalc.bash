@@ -3,7 +3,7 @@
 
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
-    local choose='--layer --feature --where --json --help'
+    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --any-scale --json --help'
     local cut='--parallel --perpendicular --vertex --area --product --share --areas --parts --opposite'
     local words=''
     COMPREPLY=()
@@ -17,7 +17,11 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'A4 A3' -- "$word")
             return
             ;;
-        --layer | --feature | --where | --parallel | --perpendicular | --vertex | --area | --product | --share | \
+        --axes)
+            mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
+            return
+            ;;
+        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --parallel | --perpendicular | --vertex | --area | --product | --share | \
             --areas | --parts | --station | --orientation | --point | --base)
             return
             ;;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "answers/heights.h"
 #include "answers/printed_division.h"
 #include "reading/parcel_file.h"
 #include "reports/parcel_reports.h"
@@ -133,10 +134,16 @@ Output StakeoutVerb::work() const
         require_usable(parcel);  // a division checks the ring itself
     StakeoutSheet sheet;
     sheet.parcel = parcel.place;
+    sheet.assumed = parcel.assumed;
+    sheet.heights = !parcel.heights.empty();
     sheet.setup = setup(parcel);
     sheet.base = base_line(parcel);
     sheet.resolution = resolution_of(parcel.ring, 1.0);
-    sheet.points = set_out(sheet.setup, sheet.base, points(parcel, sheet.resolution));
+    std::vector<NamedPoint> wanted = points(parcel, sheet.resolution);
+    const Heights heights(parcel);
+    for (NamedPoint& point : wanted)
+        point.height = heights.at(point.at);
+    sheet.points = set_out(sheet.setup, sheet.base, wanted, parcel.ground_factor);
     sheet.angle_decimals = angle_decimals_for(sheet.points, sheet.resolution);
     return {csv_ ? stakeout_csv(sheet) : json_ ? stakeout_json(sheet) : stakeout_table(sheet)};
 }

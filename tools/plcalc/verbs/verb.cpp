@@ -18,6 +18,12 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("--layer", layer_)->type_name("NAME");
     app_->add_option("--feature", feature_)->type_name("FID");
     app_->add_option("--where", where_)->type_name("FILTER");
+    app_->add_option("--part", part_)->type_name("N");
+    app_->add_option("--columns", columns_)->type_name("NAMES");
+    app_->add_option("--axes", axes_)->type_name("en|ne");
+    app_->add_option("--crs", crs_)->type_name("CRS");
+    app_->add_option("--ground-factor", ground_factor_)->type_name("F");
+    app_->add_flag("--any-scale", any_scale_);
 }
 
 void Verb::wrong_use(const std::string& what) const
@@ -44,7 +50,32 @@ Source Verb::source() const
         source.feature = whole("--feature", feature_);
     if (given("--where"))
         source.where = where_;
+    if (given("--part"))
+        source.part = whole("--part", part_);
+    if (given("--columns"))
+        source.columns = columns_;
+    if (given("--axes") && axes_ != "en" && axes_ != "ne")
+        wrong_use("--axes: '" + axes_ + "' is neither en (X is East) nor ne (X is North)");
+    if (given("--axes"))
+        source.axes = axes_ == "en" ? XAxis::east : XAxis::north;
+    if (given("--crs"))
+        source.crs = crs_;
+    source.any_scale = any_scale_;
+    source.ground_factor = given("--ground-factor") ? ground_factor() : 1.0;
     return source;
+}
+
+// The higher a place and the farther from a central meridian, the farther from 1; nowhere as far as these limits.
+double Verb::ground_factor() const
+{
+    constexpr double kSmallest = 0.9;
+    constexpr double kLargest = 1.1;
+    const double factor = amount("--ground-factor", ground_factor_);
+    if (factor < kSmallest || factor > kLargest)
+        wrong_use("--ground-factor: '" + ground_factor_ +
+                  "' is not the factor by which lengths on the ground become lengths in the plane, such as "
+                  "0.99962");
+    return factor;
 }
 
 long long Verb::whole(const std::string& option, const std::string& text) const

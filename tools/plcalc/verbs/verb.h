@@ -56,6 +56,7 @@ protected:
     [[noreturn]] void wrong_use(const std::string& what) const;
 
 private:
+    double ground_factor() const;
     virtual Output work() const = 0;
 
     CLI::App* app_;
@@ -65,6 +66,12 @@ private:
     std::string layer_;
     std::string feature_;
     std::string where_;
+    std::string part_;
+    std::string columns_;
+    std::string axes_;
+    std::string crs_;
+    std::string ground_factor_;
+    bool any_scale_ = false;
 };
 
 }  // namespace tool

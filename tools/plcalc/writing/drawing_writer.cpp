@@ -214,7 +214,7 @@ bool DrawingWriter::writes(const std::string& file)
 DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
     : file_(file), output_(file, overwrite, parcels.files()), several_parcels_(parcels.count() > 1)
 {
-    const std::string header = drawing_template(unit_of(parcels.layer().GetSpatialRef()));
+    const std::string header = drawing_template(unit_of(parcels.crs()));
     require(!header.empty());
     template_ = CPLSPrintf("/vsimem/plcalc-%p.dxf", static_cast<void*>(this));
     VSILFILE* const memory = VSIFOpenL(template_.c_str(), "wb");
@@ -243,9 +243,12 @@ DrawingWriter::~DrawingWriter()
 
 void DrawingWriter::require(bool ok) const
 {
-    if (!ok)
-        throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
-                      "try another format, such as OUT.gpkg");
+    if (ok)
+        return;
+    if (output_.disk_is_full())
+        throw disk_full(file_);
+    throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
+                  "try another format, such as OUT.gpkg");
 }
 
 void DrawingWriter::draw(const char* layer, const OGRGeometry& geometry, const std::string& style)

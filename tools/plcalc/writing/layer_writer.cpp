@@ -1,10 +1,12 @@
 #include "writing/layer_writer.h"
 
 #include <filesystem>
+#include <system_error>
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
+#include "answers/heights.h"
 #include "console/outcome.h"
 #include "files/vector_file.h"
 #include "plcalc/kernel.h"
@@ -14,6 +16,9 @@ namespace tool {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* kPieces = "pieces";
+constexpr const char* kLines = "lines";
 
 std::string lines_file_of(const std::string& file)
 {
@@ -54,24 +59,31 @@ template <typename Value> void set(OGRFeature& feature, int place, const Value& 
         feature.SetField(place, value);
 }
 
-OGRPolygon polygon_of(const plparcel::Ring& ring)
+// With a height for every point, or without any.
+void add_points(OGRLineString& line, const std::vector<PL_PNT2D_record>& points, const Heights* known)
+{
+    const std::optional<std::vector<double>> heights =
+        known != nullptr ? known->at_all(points) : std::nullopt;
+    for (std::size_t i = 0; i < points.size(); ++i)
+        line.addPoint(points[i].x, points[i].y, heights ? (*heights)[i] : 0.0);
+    if (!heights)
+        line.flattenTo2D();
+}
+
+OGRPolygon polygon_of(const plparcel::Ring& ring, const Heights* heights)
 {
     OGRLinearRing boundary;
-    for (const PL_PNT2D_record& p : ring)
-        boundary.addPoint(p.x, p.y);
+    add_points(boundary, ring, heights);
     boundary.closeRings();
     OGRPolygon polygon;
     polygon.addRing(&boundary);
-    polygon.flattenTo2D();
     return polygon;
 }
 
-OGRLineString line_of(const plparcel::DividingLine& line)
+OGRLineString line_of(const plparcel::DividingLine& line, const Heights* heights)
 {
     OGRLineString segment;
-    segment.addPoint(line.from.x, line.from.y);
-    segment.addPoint(line.to.x, line.to.y);
-    segment.flattenTo2D();
+    add_points(segment, {line.from, line.to}, heights);
     return segment;
 }
 
@@ -86,21 +98,50 @@ const std::vector<std::pair<const char*, OGRFieldType>> kLineColumns = {
 LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
     : file_(file), format_(OutputFormat::for_file(file).value()), output_(file, overwrite, parcels.files())
 {
-    OGRLayer& source = parcels.layer();
-    const OGRSpatialReference* const crs =
-        is_plane(source.GetSpatialRef()) ? source.GetSpatialRef() : nullptr;
+    const OGRSpatialReference* const crs = is_plane(parcels.crs()) ? parcels.crs() : nullptr;
+    heights_ = parcels.has_heights();
     if (format_.holds_degrees() && crs == nullptr)
         refuse_format("stores degrees, and the input has no CRS to convert from");
+    if (overwrite && format_.keeps_other_layers())
+        open_copy();
+    if (dataset_ == nullptr)
+        create_files(overwrite, parcels);
+    make_layers(parcels.columns(), crs);
+}
+
+// Where the file is a database already, a copy of it without our layers; no dataset otherwise. The file itself is not
+// opened: SQLite may change even what it only reads.
+void LayerWriter::open_copy()
+{
+    std::error_code error;
+    if (!fs::exists(output_.target(), error))
+        return;
+    output_.copy_existing();
+    const char* const only[] = {format_.driver().GetDescription(), nullptr};
+    dataset_.reset(
+        GDALDataset::Open(output_.path().c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, only, nullptr, nullptr));
+    if (dataset_ == nullptr) {
+        fs::remove(output_.path(), error);
+        return;
+    }
+    for (int i = dataset_->GetLayerCount() - 1; i >= 0; --i) {
+        const std::string name = dataset_->GetLayer(i)->GetName();
+        if (EQUAL(name.c_str(), kPieces) || EQUAL(name.c_str(), kLines))
+            require(dataset_->DeleteLayer(i) == OGRERR_NONE);
+    }
+}
+
+void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels)
+{
     GDALDriver& driver = format_.driver();
     dataset_.reset(driver.Create(output_.path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
     require(dataset_ != nullptr);
-    if (!format_.holds_two_layers()) {
-        lines_file_ = lines_file_of(file_);
-        lines_output_.emplace(lines_file_, overwrite, parcels.files());
-        lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-        require(lines_dataset_ != nullptr);
-    }
-    make_layers(parcels.columns(), crs);
+    if (format_.holds_two_layers())
+        return;
+    lines_file_ = lines_file_of(file_);
+    lines_output_.emplace(lines_file_, overwrite, parcels.files());
+    lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    require(lines_dataset_ != nullptr);
 }
 
 void LayerWriter::refuse_format(const std::string& why) const
@@ -112,9 +153,12 @@ void LayerWriter::refuse_format(const std::string& why) const
 
 void LayerWriter::require(bool ok) const
 {
-    if (!ok)
-        throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
-                      "try another format, such as OUT.gpkg");
+    if (ok)
+        return;
+    if (output_.disk_is_full())
+        throw disk_full(file_);
+    throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
+                  "try another format, such as OUT.gpkg");
 }
 
 void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs)
@@ -124,16 +168,17 @@ void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialRef
     CPLStringList options = format_.layer_options();
     char** const list = options.List();
     GDALDataset& lines_in = two_files ? *lines_dataset_ : *dataset_;
-    const std::string pieces_name = two_files ? fs::path(file_).stem().string() : "pieces";
-    const std::string lines_name = two_files ? fs::path(lines_file_).stem().string() : "lines";
+    const std::string pieces_name = two_files ? fs::path(file_).stem().string() : kPieces;
+    const std::string lines_name = two_files ? fs::path(lines_file_).stem().string() : kLines;
     dataset_->StartTransaction();
-    pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, wkbPolygon, list);
+    pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, heights_ ? wkbPolygon25D : wkbPolygon, list);
     require(pieces_ != nullptr);
     if (pieces_->GetLayerDefn()->GetGeomFieldCount() == 0)
         refuse_format("cannot store geometry");
     copy_fields(columns, *pieces_, pieces_map_);
     piece_columns_ = make_columns(*pieces_, format_, kPieceColumns);
-    lines_ = lines_in.CreateLayer(lines_name.c_str(), shared, wkbLineString, list);
+    lines_ =
+        lines_in.CreateLayer(lines_name.c_str(), shared, heights_ ? wkbLineString25D : wkbLineString, list);
     require(lines_ != nullptr);
     copy_fields(columns, *lines_, lines_map_);
     line_columns_ = make_columns(*lines_, format_, kLineColumns);
@@ -169,10 +214,12 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
 {
     const plparcel::Division& division = answer.printed.proven;
     const GIntBig fid = read.feature != nullptr ? read.feature->GetFID() : 0;
+    const Heights known(read.parcel);
+    const Heights* const heights = heights_ ? &known : nullptr;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
         const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
-        const OGRPolygon polygon = polygon_of(piece.ring);
+        const OGRPolygon polygon = polygon_of(piece.ring, heights);
         feature->SetGeometry(&polygon);
         set(*feature, piece_columns_[0], fid);
         set(*feature, piece_columns_[1], static_cast<int>(i) + 1);
@@ -186,11 +233,11 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
     for (std::size_t i = 0; i < division.lines.size(); ++i) {
         const plparcel::DividingLine& line = division.lines[i];
         const OGRFeatureUniquePtr feature = new_feature(*lines_, read, lines_map_);
-        const OGRLineString segment = line_of(line);
+        const OGRLineString segment = line_of(line, heights);
         feature->SetGeometry(&segment);
         set(*feature, line_columns_[0], fid);
         set(*feature, line_columns_[1], static_cast<int>(i) + 1);
-        set(*feature, line_columns_[2], PlFunz_distance(&line.from, &line.to));
+        set(*feature, line_columns_[2], on_ground(read.parcel, PlFunz_distance(&line.from, &line.to)));
         create(*lines_, *feature);
     }
 }
@@ -205,7 +252,7 @@ void LayerWriter::add_refused(const ReadParcel& read, const std::string& reason)
     if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
         feature->SetGeometry(geometry);
     } else if (!read.parcel.ring.empty()) {
-        const OGRPolygon polygon = polygon_of(read.parcel.ring);
+        const OGRPolygon polygon = polygon_of(read.parcel.ring, nullptr);
         feature->SetGeometry(&polygon);
     }
     if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())
@@ -237,12 +284,12 @@ std::vector<std::string> LayerWriter::commit()
     dataset_.reset();
     lines_dataset_.reset();
     require(!messages_.failed());
-    require_whole(output_.path(), "pieces", pieces_written_);
-    require_whole(lines_output_ ? lines_output_->path() : output_.path(), "lines", lines_written_);
-    output_.commit(files_there(file_));
+    require_whole(output_.path(), kPieces, pieces_written_);
+    require_whole(lines_output_ ? lines_output_->path() : output_.path(), kLines, lines_written_);
+    output_.commit(files_there(output_.target()));
     if (!lines_output_)
         return {file_};
-    lines_output_->commit(files_there(lines_file_));
+    lines_output_->commit(files_there(lines_output_->target()));
     return {file_, lines_file_};
 }
 

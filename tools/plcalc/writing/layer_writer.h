@@ -26,11 +26,12 @@ namespace tool {
 /// | lines  | parcel (FID), line (from 1), length                                               |
 ///
 /// Coordinates have all their digits: they are those of the proven lines, not of the printed ones. A refused
-/// parcel is written undivided, with the reason as its status.
+/// parcel is written undivided, with the reason as its status. Points have heights where all vertices of all parcels do.
 class LayerWriter : public DivisionWriter {
 public:
     /// @param[in] file       its ending chooses the format
-    /// @param[in] overwrite  whether an existing file may be replaced
+    /// @param[in] overwrite  whether an existing file may be replaced; in a database only the layers of these names
+    ///                       are, and the others stay
     /// @param[in] parcels    where the parcels come from; its files are never replaced
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
@@ -44,6 +45,8 @@ public:
     std::vector<std::string> commit() override;
 
 private:
+    void open_copy();
+    void create_files(bool overwrite, const ParcelFile& parcels);
     void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
     void copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map);
     OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
@@ -64,6 +67,7 @@ private:
     std::size_t lines_written_ = 0;
     OGRLayer* pieces_ = nullptr;
     OGRLayer* lines_ = nullptr;
+    bool heights_ = false;  // whether points are written with theirs
     std::vector<int> pieces_map_;
     std::vector<int> lines_map_;
     std::vector<int> piece_columns_;

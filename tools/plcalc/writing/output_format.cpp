@@ -18,6 +18,8 @@ const char* const kRounding[] = {"DGN",        "FileGDB", "Geoconcept",  "Interl
 
 const char* const kDegrees[] = {"GeoJSONSeq", "KML"};
 
+const char* const kDatabases[] = {"GPKG", "SQLite"};
+
 const char* const kNothingWithoutGeometry[] = {"FlatGeobuf", "OGR_GMT"};
 
 // Formats of pictures that can also hold vectors place them on a page or turn them into dots.
@@ -86,6 +88,11 @@ bool OutputFormat::holds_two_layers() const
 {
     return driver_->GetMetadataItem(GDAL_DCAP_MULTIPLE_VECTOR_LAYERS) != nullptr &&
            !is_one_of(kOneLayer, std::size(kOneLayer));
+}
+
+bool OutputFormat::keeps_other_layers() const
+{
+    return is_one_of(kDatabases, std::size(kDatabases));
 }
 
 bool OutputFormat::holds_degrees() const

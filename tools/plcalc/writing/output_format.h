@@ -22,6 +22,9 @@ public:
     /// Whether one file holds several layers with columns of their own.
     bool holds_two_layers() const;
 
+    /// Whether layers of an existing file can be replaced while its others stay.
+    bool keeps_other_layers() const;
+
     /// Whether it holds degrees. GDAL converts the coordinates to degrees from their CRS; without a CRS it
     /// takes metres for degrees.
     bool holds_degrees() const;

@@ -1,0 +1,103 @@
+#include "answers/heights.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace tool {
+namespace {
+
+// A printed end lies off its side by half of the last decimal, which is at most this, or by this part of a large
+// parcel's extent.
+constexpr double kReach = 1e-3;
+constexpr double kReachRel = 1e-6;
+
+bool before(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    return p.x != q.x ? p.x < q.x : p.y < q.y;
+}
+
+bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    return p.x == q.x && p.y == q.y;
+}
+
+double extent_of(const plparcel::Ring& ring)
+{
+    double extent = 0.0;
+    for (const PL_PNT2D_record& p : ring)
+        extent = std::max({extent, std::fabs(p.x - ring[0].x), std::fabs(p.y - ring[0].y)});
+    return extent;
+}
+
+// The point of a side that is nearest to p.
+struct Foot {
+    double part;      // of the side, from its first end: 0 to 1
+    double distance;  // from p
+};
+
+Foot foot_on(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
+{
+    const double dx = b.x - a.x;
+    const double dy = b.y - a.y;
+    const double length2 = dx * dx + dy * dy;
+    const double along = length2 > 0.0 ? ((p.x - a.x) * dx + (p.y - a.y) * dy) / length2 : 0.0;
+    const double part = std::min(1.0, std::max(0.0, along));
+    return {part, std::hypot(a.x + part * dx - p.x, a.y + part * dy - p.y)};
+}
+
+}  // namespace
+
+Heights::Heights(const Parcel& parcel) : parcel_(parcel)
+{
+    if (parcel.heights.empty())
+        return;
+    reach_ = std::max(kReach, kReachRel * extent_of(parcel.ring));
+    by_place_.resize(parcel.ring.size());
+    std::iota(by_place_.begin(), by_place_.end(), std::size_t{0});
+    std::sort(by_place_.begin(), by_place_.end(),
+              [&](std::size_t i, std::size_t j) { return before(parcel.ring[i], parcel.ring[j]); });
+}
+
+std::optional<double> Heights::at(const PL_PNT2D_record& p) const
+{
+    if (by_place_.empty())
+        return std::nullopt;
+    const plparcel::Ring& ring = parcel_.ring;
+    const auto vertex =
+        std::lower_bound(by_place_.begin(), by_place_.end(), p,
+                         [&](std::size_t i, const PL_PNT2D_record& q) { return before(ring[i], q); });
+    if (vertex != by_place_.end() && same(ring[*vertex], p))
+        return known_height(parcel_.heights[*vertex]);
+    Foot nearest = {0.0, INFINITY};
+    std::size_t side = 0;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const Foot foot = foot_on(ring[i], ring[(i + 1) % ring.size()], p);
+        if (foot.distance < nearest.distance) {
+            nearest = foot;
+            side = i;
+        }
+    }
+    if (!(nearest.distance <= reach_))
+        return std::nullopt;
+    const double from = parcel_.heights[side];
+    const double to = parcel_.heights[(side + 1) % ring.size()];
+    // At an end, the other end's height does not matter.
+    if (nearest.part == 0.0 || nearest.part == 1.0)
+        return known_height(nearest.part == 0.0 ? from : to);
+    return known_height(from + nearest.part * (to - from));
+}
+
+std::optional<std::vector<double>> Heights::at_all(const std::vector<PL_PNT2D_record>& points) const
+{
+    std::vector<double> heights;
+    for (const PL_PNT2D_record& p : points) {
+        const std::optional<double> height = at(p);
+        if (!height)
+            return std::nullopt;
+        heights.push_back(*height);
+    }
+    return heights;
+}
+
+}  // namespace tool
