@@ -632,6 +632,44 @@ TEST_F(Writer, OtherLayersOfADatabaseStay)
     EXPECT_EQ(content("project.gpkg"), before);
 }
 
+TEST_F(Writer, ToTheStandardOutput)
+{
+    write_lots();
+    for (const std::string ending : {"geojson", "gpkg", "dxf", "csv"}) {
+        const test::Result run =
+            divide("lots.geojson", "--feature 1 --parallel 1 --parts 3 -o - --format " + ending);
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.err, "");
+        write("copy." + ending, run.out);
+        EXPECT_EQ(open("copy." + ending)->GetLayer(0)->GetFeatureCount(), ending == "dxf" ? 16 : 3) << ending;
+    }
+    const test::Result some = divide("lots.geojson", "--vertex 1 --share 1/2 -o - --format geojson");
+    EXPECT_EQ(some.status, 3);
+    EXPECT_EQ(some.err,
+              "Divided  2 of 3 parcels\nRefused  1 in lots.geojson\n  1: the boundary crosses or touches "
+              "itself (feature 2)\n");
+    EXPECT_EQ(nlohmann::json::parse(some.out)["features"].size(), 5u);
+    struct Row {
+        const char* options;
+        const char* text;
+    };
+    for (const Row& row :
+         {Row{"-o -",
+              "-o -: name the format by its ending, as in --format geojson; see plcalc divide --help"},
+          {"-o - --format geojson --json",
+           "-o -: the standard output holds the pieces; leave --json out; see plcalc divide --help"},
+          {"-o - --format tab",
+           "--format: no format with the ending 'tab' can be written and read back to the last "
+           "digit; see plcalc divide --help"},
+          {"-o out.gpkg --format geojson",
+           "--format is for -o -; the ending of a file chooses its format; see plcalc divide --help"}})
+        EXPECT_TRUE(test::fails_with(
+            divide("lots.geojson", std::string("--feature 1 --parallel 1 --parts 2 ") + row.options), 2,
+            row.text));
+    EXPECT_EQ(files(),
+              (std::set<std::string>{"copy.csv", "copy.dxf", "copy.geojson", "copy.gpkg", "lots.geojson"}));
+}
+
 TEST_F(Writer, ALinkLeadsToTheFile)
 {
     write_lots();

@@ -1,5 +1,12 @@
 #include "verbs/verbs.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <system_error>
+
 #include "console/interrupt.h"
 #include "console/terminal.h"
 #include "files/pending_output.h"
@@ -25,6 +32,39 @@ std::string written_lines(const std::vector<std::string>& files, const ParcelFil
     return text;
 }
 
+// A folder that goes away with what is in it, for output that goes on to the standard output.
+class ScratchFolder {
+public:
+    ScratchFolder() : path_((std::filesystem::temp_directory_path() / "plcalc-XXXXXX").string())
+    {
+        if (mkdtemp(path_.data()) == nullptr)
+            throw Failure(ExitStatus::failed, {path_, ""}, "no folder can be made",
+                          "set TMPDIR to one that can be written");
+    }
+    ~ScratchFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+std::string content_of(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    if (!stream)
+        throw Failure(ExitStatus::failed, {file, ""}, "the file cannot be read back", "try it again");
+    return text.str();
+}
+
 }  // namespace
 
 DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help())
@@ -33,6 +73,7 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_option("--plan", plan_)->type_name("PLAN");
     options().add_option("--paper", paper_)->type_name("A4|A3");
     options().add_option("-o,--output", out_)->type_name("OUT");
+    options().add_option("--format", format_)->type_name("ENDING");
     options().add_flag("--overwrite", overwrite_);
 }
 
@@ -45,16 +86,37 @@ void DivideVerb::check_outputs() const
         wrong_use("--plan: the plan shows lengths of the plane; leave --ground-factor out");
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
-    if (given("--output") && !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
+    check_standard_output();
+    if (given("--output") && !to_standard_output() &&
+        !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
                   "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
 }
 
-std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file) const
+bool DivideVerb::to_standard_output() const
 {
-    if (!given("--output"))
-        return nullptr;
-    return DivisionWriter::make(DivisionWriter::file_for(out_), overwrite_, file);
+    return given("--output") && out_ == "-";
+}
+
+void DivideVerb::check_standard_output() const
+{
+    if (!to_standard_output()) {
+        if (given("--format"))
+            wrong_use("--format is for -o -; the ending of a file chooses its format");
+        return;
+    }
+    if (!given("--format"))
+        wrong_use("-o -: name the format by its ending, as in --format geojson");
+    if (json_)
+        wrong_use("-o -: the standard output holds the pieces; leave --json out");
+    if (!DivisionWriter::can_write("pieces." + format_))
+        wrong_use("--format: no format with the ending '" + format_ +
+                  "' can be written and read back to the last digit");
+}
+
+std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out) const
+{
+    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file);
 }
 
 // Draws the plan, but does not move it into its place; null if none is asked for.
@@ -73,7 +135,7 @@ std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer, const Parc
     return output;
 }
 
-Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
+Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& out) const
 {
     const std::optional<ReadParcel> read = file.next();
     if (!read)
@@ -85,7 +147,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
         throw refusal(answer);
     // Both are written before either is moved into its place.
     const InterruptGuard guard;
-    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
     if (writer != nullptr)
         writer->add(*read, answer);
     const std::unique_ptr<PendingOutput> plan = draw(answer, file);
@@ -95,7 +157,7 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked) const
     if (plan != nullptr)
         plan->commit();
     if (!json_)
-        return {division_table(answer) + written_lines(written, file)};
+        return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file))};
     ManyReport report(ManyReport::Keep::json);
     report.add(answer);
     return report.json(written);
@@ -119,12 +181,12 @@ void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& rep
         writer->add_refused(read, refused);
 }
 
-Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
+Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string& out) const
 {
     if (given("--plan"))
         file.refuse_several("and --plan draws only one");
     const InterruptGuard guard;
-    const std::unique_ptr<DivisionWriter> writer = make_writer(file);
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
     using Keep = ManyReport::Keep;
     ManyReport report(json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
@@ -138,7 +200,7 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked) const
     if (json_)
         return report.json(written);
     Output output = report.table(file.passed_over(), file.hidden());
-    output.text += written_lines(written, file);
+    output.text += to_standard_output() ? "" : written_lines(written, file);
     return output;
 }
 
@@ -147,7 +209,17 @@ Output DivideVerb::work() const
     const Asked asked = this->asked();
     check_outputs();
     ParcelFile file(source());
-    return file.count() == 1 ? one(file, asked) : many(file, asked);
+    std::optional<ScratchFolder> scratch;
+    std::string out = given("--output") ? DivisionWriter::file_for(out_) : "";
+    if (to_standard_output())
+        out = scratch.emplace().path() + "/pieces." + format_;
+    const bool one_parcel = file.count() == 1;
+    const Output output = one_parcel ? one(file, asked, out) : many(file, asked, out);
+    if (!to_standard_output())
+        return output;
+    if (output.status != ExitStatus::done)
+        std::cerr << output.text;  // which parcels were refused, and why
+    return {content_of(out), output.status};
 }
 
 }  // namespace tool

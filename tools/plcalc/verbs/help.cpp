@@ -90,6 +90,9 @@ Options
                         coordinates keep all their digits. OUT.dxf is a drawing
                         with closed polylines, lines, new points and labels on
                         layers of their own, in the unit of the CRS.
+  --format ENDING       with -o -, which writes the pieces to the standard
+                        output: their format, as geojson; formats of one layer
+                        leave the lines out
   --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
                         PLAN.png; --paper A3 takes A3 instead of A4
   --overwrite           replaces files that exist, but never FILE; in a

@@ -21,13 +21,13 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
             return
             ;;
-        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --parallel | --perpendicular | --vertex | --area | --product | --share | \
+        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
             --areas | --parts | --station | --orientation | --point | --base)
             return
             ;;
     esac
     case $verb in
-        divide) words="$choose $cut --output --plan --paper --overwrite" ;;
+        divide) words="$choose $cut --output --format --plan --paper --overwrite" ;;
         measure) words=$choose ;;
         stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
         *) return ;;

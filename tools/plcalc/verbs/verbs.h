@@ -28,16 +28,19 @@ private:
     Output work() const override;
 
     void check_outputs() const;
-    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file) const;
-    Output one(ParcelFile& file, const Asked& asked) const;
+    void check_standard_output() const;
+    bool to_standard_output() const;
+    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out) const;
+    Output one(ParcelFile& file, const Asked& asked, const std::string& out) const;
     void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
-    Output many(ParcelFile& file, const Asked& asked) const;
+    Output many(ParcelFile& file, const Asked& asked, const std::string& out) const;
     std::unique_ptr<PendingOutput> draw(const Answer& answer, const ParcelFile& file) const;
 
     bool json_ = false;
     bool overwrite_ = false;
     std::string plan_;
     std::string out_;
+    std::string format_;
     std::string paper_ = "A4";
 };
 
