@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "amounts.h"
+#include "boundary/local_ring.h"
 #include "boundary/locate.h"
 #include "boundary/ring_check.h"
 #include "line_start.h"
 #include "lines/direction.h"
+#include "lines/point_lines.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
 
@@ -194,6 +196,28 @@ std::vector<Division> all_divisions(const Ring& ring, const Request& request)
     if (all.size() > 1)
         all.pop_back();
     return all;
+}
+
+std::vector<AmountRange> amounts_through(const Ring& ring, const PL_PNT2D_record& point)
+{
+    CleanRing clean = without_repeats(ring);
+    if (report_on(clean).status != BoundaryStatus::usable)
+        return {};
+    Request request;
+    request.line = through_point(point);
+    const LineStart start = start_of(clean, request);
+    if (start.refusal || start.cut != Cut::through_point)
+        return {};
+    const MeasuredRing measured = begun_at(clean.ring.take_ring(), start.vertex);
+    const LocalRing local(measured);
+    PointRequest turning = {};
+    turning.point = local.to_local(point);
+    turning.first = direction_of(request.line.bearing);
+    std::vector<AmountRange> ranges;
+    for (const AreaRange& range : lines_through_point(local, measured.turn(), turning).ranges)
+        ranges.push_back(
+            {local.area_to_parcel(range.least).value(), local.area_to_parcel(range.most).value()});
+    return ranges;
 }
 
 const char* describe(BoundaryStatus status) noexcept

@@ -234,6 +234,30 @@ TEST(PlaceCut, StartsAtAPointOnTheBoundary)
          Status::point_outside,
          {},
          {}},
+        {"as far inside: on the boundary",
+         kSquare,
+         through_point({20, 0x1p-46}),
+         2000,
+         kNear,
+         Status::divided,
+         {20, 0x1p-46},
+         {100, 50}},
+        {"4 spacings are 8.9e-14: a vertex",
+         kSquare,
+         through_point({100, 8.5e-14}),
+         2500,
+         kNear,
+         Status::divided,
+         {100, 0},
+         {50, 100}},
+        {"no vertex",
+         kSquare,
+         through_point({100, 9.5e-14}),
+         2500,
+         kNear,
+         Status::divided,
+         {100, 9.5e-14},
+         {50, 100}},
         {"no number", kSquare, through_point({kNan, 0}), 2000, kNear, Status::point_outside, {}, {}},
         {"a bearing that is no number",
          kSquare,
@@ -441,6 +465,54 @@ TEST(PointCut, WithoutALineTheReasonIsTold)
     const std::vector<Division> all = plparcel::all_divisions(kSquare, request);
     ASSERT_EQ(all.size(), 1U);
     EXPECT_EQ(all[0].status, Status::no_line_through_point);
+}
+
+TEST(PointCut, TellsWhatCanBeHad)
+{
+    const struct {
+        const char* what;
+        Ring ring;
+        PL_PNT2D_record point;
+        std::vector<plparcel::AmountRange> ranges;
+    } rows[] = {
+        {"near a corner", kSquare, {25, 25}, {{1250, 8750}}},
+        {"clockwise", kSquareClockwise, {25, 25}, {{1250, 8750}}},
+        {"the middle: half", kSquare, {50, 50}, {{5000, 5000}}},
+        {"on the boundary: none are told", kSquare, {50, 0}, {}},
+        {"outside", kSquare, {150, 0}, {}},
+        {"no number", kSquare, {kNan, 0}, {}},
+        {"no parcel", {{0, 0}, {1, 1}}, {0.5, 0.5}, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const std::vector<plparcel::AmountRange> ranges = plparcel::amounts_through(row.ring, row.point);
+        ASSERT_EQ(ranges.size(), row.ranges.size());
+        for (std::size_t i = 0; i < ranges.size(); ++i) {
+            EXPECT_NEAR(ranges[i].least, row.ranges[i].least, 1e-9);
+            EXPECT_NEAR(ranges[i].most, row.ranges[i].most, 1e-9);
+        }
+    }
+}
+
+// Between two ranges nothing is had, and inside of each everything is.
+TEST(PointCut, InARangeEverythingIsHadAndBetweenThemNothing)
+{
+    // A comb: from its back, past the feet of its teeth.
+    const Ring comb = {{0, 0},   {90, 0},  {90, 50}, {70, 50}, {70, 20}, {50, 20},
+                       {50, 50}, {30, 50}, {30, 20}, {20, 20}, {20, 50}, {0, 50}};
+    const PL_PNT2D_record point = {60, 10};
+    const std::vector<plparcel::AmountRange> ranges = plparcel::amounts_through(comb, point);
+    ASSERT_GT(ranges.size(), 1U);
+    for (std::size_t i = 0; i < ranges.size(); ++i) {
+        const double within = ranges[i].most - ranges[i].least;
+        ASSERT_GT(within, 0.0);
+        for (const double part : {0.01, 0.3, 0.5, 0.99})
+            EXPECT_EQ(cut(comb, through_point(point), ranges[i].least + part * within).status,
+                      Status::divided);
+        if (i > 0)
+            EXPECT_EQ(cut(comb, through_point(point), 0.5 * (ranges[i - 1].most + ranges[i].least)).status,
+                      Status::no_line_through_point);
+    }
 }
 
 TEST(PointCut, OnSmallParcelsAtUtmSize)
