@@ -1,4 +1,5 @@
-// growth [cuts]: how the time of a cut grows with the vertices of a coast-like ring, for each kind of cut.
+// growth [cuts]: how the time of a cut grows with the vertices of convex and of coast-like rings, for each kind of
+// cut.
 
 #include <algorithm>
 #include <cstddef>
@@ -15,10 +16,22 @@ namespace {
 
 constexpr int kMostCuts = 10000;
 
+using Ring = std::vector<PL_PNT2D_record>;
+
+struct Shape {
+    const char* name;
+    Ring (*make)(int n, unsigned seed);
+};
+
+const Shape kShapes[] = {
+    {"convex", [](int n, unsigned) { return bench::convex_ring(n); }},
+    {"coast", bench::coast_ring},
+};
+
 // Base side or vertex anywhere, request between 2 and 98 % of the parcel.
-double seconds_of_a_cut(int n, int modo, unsigned seed)
+double seconds_of_a_cut(const Shape& shape, int n, int modo, unsigned seed)
 {
-    const std::vector<PL_PNT2D_record> ring = bench::coast_ring(n, seed);
+    const Ring ring = shape.make(n, seed);
     CPoint3dVector parcel;
     for (const PL_PNT2D_record& p : ring)
         parcel.Append(p.x, p.y, 0.0);
@@ -33,14 +46,15 @@ double seconds_of_a_cut(int n, int modo, unsigned seed)
     return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-void print_row(int n, int modo, int cuts)
+void print_row(const Shape& shape, int n, int modo, int cuts)
 {
     std::vector<double> seconds;
     for (int i = 0; i < cuts; ++i)
-        seconds.push_back(seconds_of_a_cut(n, modo, static_cast<unsigned>(i)));
+        seconds.push_back(seconds_of_a_cut(shape, n, modo, static_cast<unsigned>(i)));
     std::sort(seconds.begin(), seconds.end());
-    std::printf("| %d | %d | %.3f | %.3f | %.3f |\n", modo, n, 1e3 * seconds[seconds.size() / 2],
-                1e3 * seconds[seconds.size() * 9 / 10], 1e3 * seconds.back());
+    std::printf("| %s | %d | %d | %.3f | %.3f | %.3f |\n", shape.name, modo, n,
+                1e3 * seconds[seconds.size() / 2], 1e3 * seconds[seconds.size() * 9 / 10],
+                1e3 * seconds.back());
     std::fflush(stdout);
 }
 
@@ -53,12 +67,13 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: growth [cuts], a whole number from 1 to %d\n", kMostCuts);
         return 2;
     }
-    std::printf(
-        "%d cuts each, milliseconds of the processor\n\n| mode | vertices | median | 9 of 10 | worst |\n",
-        cuts);
-    std::printf("| --- | --- | --- | --- | --- |\n");
-    for (int modo = 0; modo < 3; ++modo)
-        for (const int n : {1024, 4096, 16384, 65536})
-            print_row(n, modo, cuts);
+    std::printf("%d cuts each, milliseconds of the processor\n\n"
+                "| ring | mode | vertices | median | 9 of 10 | worst |\n",
+                cuts);
+    std::printf("| --- | --- | --- | --- | --- | --- |\n");
+    for (const Shape& shape : kShapes)
+        for (int modo = 0; modo < 3; ++modo)
+            for (const int n : {1024, 4096, 16384, 65536})
+                print_row(shape, n, modo, cuts);
     return 0;
 }

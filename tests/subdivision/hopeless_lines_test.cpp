@@ -141,11 +141,25 @@ TEST(HopelessLines, ProvesNothingAtNationalCoordinates)
     EXPECT_FALSE(Lines(ring).hopeless(1000.0, 2));
 }
 
+// Round the same way again and again: a line cuts off so many times as much.
+Ring wound(const Ring& ring, std::size_t times)
+{
+    Ring all;
+    for (std::size_t i = 0; i < times; ++i)
+        all.insert(all.end(), ring.begin(), ring.end());
+    return all;
+}
+
+// From a centimetre, to which the stake-out margin is much, to a map sheet.
 Ring some_ring(std::mt19937_64& random)
 {
-    const double size = std::pow(10.0, std::uniform_real_distribution<double>(-1.0, 4.0)(random));
+    const double size = std::pow(10.0, std::uniform_real_distribution<double>(-2.0, 4.0)(random));
     const std::size_t n = 5 + random() % 60;
-    switch (random() % 4) {
+    switch (random() % 6) {
+    case 5:
+        return wound(test::ellipse_ring(random, 100 + n, size), 4 + random() % 9);
+    case 4:
+        return wound(test::star_ring(random, n, size), 4 + random() % 9);
     case 0:
         return test::star_ring(random, n, size);
     case 1:
@@ -164,7 +178,7 @@ TEST(HopelessLines, NeverOfARequestThatALineMeets)
     std::mt19937_64 random = test::random_source();
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     int proved = 0;
-    for (int i = 0; i < 4000 && !HasFailure(); ++i) {
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
         SCOPED_TRACE(i);
         Ring ring = some_ring(random);
         ring = test::begun_at(ring, random() % ring.size());
@@ -181,7 +195,7 @@ TEST(HopelessLines, NeverOfARequestThatALineMeets)
         const double other = lines.area_at(at, 0.5) * unit(random);
         proved += lines.hopeless(other, at) ? 1 : 0;
     }
-    EXPECT_GT(proved, 400);
+    EXPECT_GT(proved, 300);
 }
 
 }  // namespace
