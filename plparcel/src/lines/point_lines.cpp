@@ -288,9 +288,22 @@ private:
         return chord;
     }
 
+    // Most follow on the one before: the area jumps only where a half of the line comes to another side.
     void note_range(const Wide& one, const Wide& other)
     {
-        ranges_.push_back(other < one ? AreaRange{other, one} : AreaRange{one, other});
+        const AreaRange range = other < one ? AreaRange{other, one} : AreaRange{one, other};
+        if (ranges_.empty() || range.least > ranges_.back().most || range.most < ranges_.back().least)
+            ranges_.push_back(range);
+        else
+            extend(ranges_.back(), range);
+    }
+
+    static void extend(AreaRange& range, const AreaRange& by)
+    {
+        if (by.least < range.least)
+            range.least = by.least;
+        if (by.most > range.most)
+            range.most = by.most;
     }
 
     PointLines finished()
@@ -303,8 +316,8 @@ private:
         for (const AreaRange& range : ranges_) {
             if (all.ranges.empty() || range.least > all.ranges.back().most + rim_)
                 all.ranges.push_back(range);
-            else if (range.most > all.ranges.back().most)
-                all.ranges.back().most = range.most;
+            else
+                extend(all.ranges.back(), range);
         }
         return all;
     }
