@@ -69,6 +69,7 @@ plparcel::Request read_request(Reader& in, const Ring& ring)
     }
     request.line.along = request.line.bearing;
     request.alternative = static_cast<std::size_t>(in.below(kAnyStart)) % 2;
+    request.pieces = static_cast<plparcel::Pieces>(in.byte() % 2);
     return request;
 }
 
@@ -191,6 +192,61 @@ void check_divided(const Ring& ring, const plparcel::Request& request, const Div
     FUZZ_CHECK(fuzz::near(sum, parcel, kOfParcel * static_cast<double>(division.pieces.size()) * parcel));
 }
 
+// The parts of whole lines lie on the boundary and in line; each amount is held by all of its pieces together.
+void check_whole(const plparcel::Parcel& parcel, const plparcel::Request& request, const Division& division)
+{
+    constexpr double kStraight = 16.0;
+    FUZZ_CHECK(!division.lines.empty() && division.held.size() == division.lines.size() + 1);
+    FUZZ_CHECK(division.lines.size() <= request.amounts.size());
+    double spacing = plparcel::coordinate_spacing(parcel.outer);
+    for (const Ring& hole : parcel.holes)
+        spacing = std::fmax(spacing, plparcel::coordinate_spacing(hole));
+    for (const plparcel::DividingLine& line : division.lines) {
+        FUZZ_CHECK(!line.segments.empty());
+        const Real run_x = static_cast<Real>(line.to.x) - line.from.x;
+        const Real run_y = static_cast<Real>(line.to.y) - line.from.y;
+        for (const plparcel::Segment& segment : line.segments) {
+            for (const PL_PNT2D_record& p : {segment.from, segment.to}) {
+                Real least = distance_to_boundary(parcel.outer, p);
+                for (const Ring& hole : parcel.holes)
+                    least = std::fmin(least, distance_to_boundary(hole, p));
+                FUZZ_CHECK(least <= 4.0 * spacing);
+                FUZZ_CHECK(std::fabs(off_line(p, line.from, run_x, run_y)) <= kStraight * spacing);
+            }
+        }
+    }
+    double sum = 0.0;
+    for (const plparcel::Held& held : division.held) {
+        FUZZ_CHECK(held.pieces > 0 && held.area > 0.0 && held.asked > 0.0);
+        FUZZ_CHECK(std::fabs(held.residual) <= (1e-9 + 1e-15) * division.ring.area);
+        FUZZ_CHECK(std::fabs(held.residual) <= (0.01 + 1e-15) * held.asked);
+        sum += held.area;
+    }
+    for (const plparcel::Piece& piece : division.pieces)
+        FUZZ_CHECK(piece.ring.size() >= 3 && piece.area > 0.0 && piece.amount < division.held.size());
+    FUZZ_CHECK(fuzz::near(sum, division.ring.area,
+                          1e-9 * static_cast<double>(division.held.size()) * division.ring.area));
+}
+
+// Holes are read last, so that older inputs have none.
+void check_with_holes(Reader& in, const Ring& outer, const plparcel::Request& request)
+{
+    plparcel::Parcel parcel = {outer, {}};
+    const int holes = in.below(3);
+    for (int i = 0; i < holes; ++i)
+        parcel.holes.push_back(fuzz::read_ring(in));
+    if (parcel.holes.empty())
+        return;
+    const plparcel::RingReport report = plparcel::check_parcel(parcel);
+    FUZZ_CHECK(report.at_ring <= parcel.holes.size());
+    const Division division = plparcel::divide(parcel, request);
+    FUZZ_CHECK(division.ring.status == report.status);
+    if (division.status == Status::divided)
+        check_whole(parcel, request, division);
+    else
+        FUZZ_CHECK(division.lines.empty() && division.pieces.empty() && division.held.empty());
+}
+
 // A plainly convex parcel has a line for every request between nothing and all of it.
 bool must_divide(const Ring& ring, const plparcel::Request& request)
 {
@@ -198,6 +254,11 @@ bool must_divide(const Ring& ring, const plparcel::Request& request)
                         request.line.cut == Cut::through_vertex) &&
                        (request.measured == plparcel::Measured::from_reference ||
                         request.measured == plparcel::Measured::opposite);
+    const bool has_direction = request.line.cut != Cut::through_vertex &&
+                               request.line.cut != Cut::through_place &&
+                               request.line.cut != Cut::through_point;
+    if (!has_direction && request.pieces == plparcel::Pieces::any)
+        return false;
     if (!known || request.alternative > 0 || request.line.index >= ring.size() || !fuzz::plainly_convex(ring))
         return false;
     const double parcel = std::fabs(fuzz::area_of(ring));
@@ -250,12 +311,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(division.ring.status == report.status && fuzz::same(division.ring.area, report.area));
     FUZZ_CHECK((division.status == Status::unusable_boundary) == (report.status != BoundaryStatus::usable));
     FUZZ_CHECK(plparcel::describe(division)[0] != '\0');
-    if (division.status == Status::divided)
+    if (division.status == Status::divided && request.pieces == plparcel::Pieces::any)
+        check_whole({ring, {}}, request, division);
+    else if (division.status == Status::divided)
         check_divided(ring, request, division);
     else
         FUZZ_CHECK(division.lines.empty() && division.pieces.empty());
     if (must_divide(ring, request))
         FUZZ_CHECK(division.status == Status::divided);
     FUZZ_CHECK(same(division, plparcel::divide(ring, request)));
+    check_with_holes(in, ring, request);
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "plparcel/division.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "lines/point_lines.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
+#include "whole_lines/whole_cut.h"
 
 namespace plparcel {
 namespace {
@@ -47,9 +47,10 @@ Stage after(const Stage& stage, const PL_PNT2D_record& from, MeasuredRing rest)
     return next;
 }
 
-Piece piece_of(MeasuredRing ring, const Wide& asked)
+Piece piece_of(MeasuredRing ring, const Wide& asked, std::size_t amount)
 {
     Piece piece;
+    piece.amount = amount;
     piece.area = ring.area().value();
     piece.asked = asked.value();
     piece.residual = (ring.area() - asked).value();
@@ -101,11 +102,14 @@ void cut_all(Stage stage, const Reference& reference, const Shares& shares, cons
             return;
         }
         division.lines.push_back(attempt.line);
-        division.pieces.push_back(piece_of(std::move(attempt.cutting.request), attempt.asked));
+        division.pieces.push_back(piece_of(std::move(attempt.cutting.request), attempt.asked, i));
         left = left - attempt.asked;
         stage = after(stage, division.lines.back().from, std::move(attempt.cutting.rest));
     }
-    division.pieces.push_back(piece_of(std::move(stage.ring), shares.widths.empty() ? areas.back() : left));
+    division.pieces.push_back(
+        piece_of(std::move(stage.ring), shares.widths.empty() ? areas.back() : left, areas.size() - 1));
+    for (const Piece& piece : division.pieces)
+        division.held.push_back({piece.asked, piece.area, piece.residual, 1});
 }
 
 // Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
@@ -120,7 +124,44 @@ bool is_known(const Request& request)
 {
     const Cut cut = request.line.cut;
     const bool known = cut == Cut::parallel || cut == Cut::perpendicular || is_free(cut) || has_start(cut);
-    return known && (request.measured == Measured::from_reference || request.measured == Measured::opposite);
+    return known &&
+           (request.measured == Measured::from_reference || request.measured == Measured::opposite) &&
+           (request.pieces == Pieces::two || request.pieces == Pieces::any);
+}
+
+// What is wrong with a request for whole lines.
+std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Request& request)
+{
+    const Line& line = request.line;
+    if (!is_known(request))
+        return Status::unknown_request;
+    if (request.alternative > 0)
+        return Status::line_leaves_parcel;  // there is one whole line for each amount
+    if (is_free(line.cut))
+        return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
+    if (has_start(line.cut))
+        return request.pieces == Pieces::any ? Status::only_two_pieces : Status::only_without_holes;
+    if (line.ring >= parcel.clean.size() || line.index >= parcel.clean[line.ring].place.size())
+        return Status::no_such_index;
+    const std::vector<std::size_t>& place = parcel.clean[line.ring].place;
+    return place[line.index] == around(place, line.index + 1)
+               ? std::optional<Status>(Status::side_without_length)
+               : std::nullopt;
+}
+
+WholeParcel whole_parcel(const CheckedParcel& checked_parcel, const Line& line)
+{
+    WholeParcel whole;
+    whole.rings = checked_parcel.rings;
+    whole.clockwise = !checked_parcel.report.anticlockwise;
+    whole.area = checked_parcel.area;
+    if (is_free(line.cut))
+        return whole;
+    const CleanRing& of_side = checked_parcel.clean[line.ring];
+    whole.a = of_side.ring[of_side.place[line.index]];
+    whole.b = of_side.ring[around(of_side.place, line.index + 1)];
+    whole.inside_on_left = (of_side.ring.turn() > 0.0) == (line.ring == 0);
+    return whole;
 }
 
 Reference reference_of(const Line& line, const MeasuredRing& begun)
@@ -138,10 +179,62 @@ bool has_width(const std::vector<Amount>& amounts)
                        [](const Amount& amount) { return amount.given == Given::as_width; });
 }
 
+// Where the parcel is so small beside its coordinates that most doubles hold nothing: lines of one segment are searched
+// for more thoroughly. They answer for the whole lines where these meet the parcel nowhere else.
+void divide_by_single_segments(const Ring& ring, Request request, Division& division)
+{
+    request.pieces = Pieces::two;
+    request.ask_library = false;
+    Division other = divide(ring, request);
+    const auto is_part = [](const DividingLine& line) { return line.meets_again; };
+    if (other.status != Status::divided || std::any_of(other.lines.begin(), other.lines.end(), is_part))
+        return;
+    other.trials += division.trials;
+    division = std::move(other);
+}
+
 }  // namespace
+
+Division divide(const Parcel& parcel, const Request& request)
+{
+    if (parcel.holes.empty() && request.pieces == Pieces::two)
+        return divide(parcel.outer, request);
+    Division division;
+    const CheckedParcel checked_parcel = checked(parcel);
+    division.ring = checked_parcel.report;
+    if (division.ring.status != BoundaryStatus::usable)
+        return division;
+    if (const std::optional<Status> refusal = refusal_of_whole(checked_parcel, request)) {
+        division.status = *refusal;
+        return division;
+    }
+    const Shares shares = share_out(request.amounts, checked_parcel.area);
+    if (shares.refusal) {
+        division.status = *shares.refusal;
+        division.at_amount = shares.at_amount;
+        return division;
+    }
+    cut_whole(whole_parcel(checked_parcel, request.line), request, shares, division);
+    if (division.status == Status::not_reached && parcel.holes.empty())
+        divide_by_single_segments(parcel.outer, request, division);
+    const auto is_one = [](const Held& held) { return held.pieces == 1; };
+    if (division.status == Status::divided && request.pieces == Pieces::two &&
+        !std::all_of(division.held.begin(), division.held.end(), is_one)) {
+        division.status = Status::line_leaves_parcel;
+        while (is_one(division.held[division.at_amount]))
+            ++division.at_amount;
+        division.at_amount = std::min(division.at_amount, division.lines.size() - 1);
+        division.lines.clear();
+        division.pieces.clear();
+        division.held.clear();
+    }
+    return division;
+}
 
 Division divide(const Ring& ring, const Request& request)
 {
+    if (request.pieces == Pieces::any)
+        return divide(Parcel{ring, {}}, request);
     Division division;
     CleanRing clean = without_repeats(ring);
     division.ring = report_on(clean);
@@ -235,6 +328,12 @@ const char* describe(BoundaryStatus status) noexcept
         return "all vertices of the parcel lie on one line, or next to it";
     case BoundaryStatus::meets_itself:
         return "the boundary crosses or touches itself";
+    case BoundaryStatus::rings_meet:
+        return "a hole crosses or touches another ring";
+    case BoundaryStatus::hole_outside:
+        return "a hole lies outside the outer ring";
+    case BoundaryStatus::hole_in_hole:
+        return "a hole lies in another hole";
     }
     return "unknown status";
 }
@@ -260,6 +359,10 @@ const char* describe(Status status) noexcept
         return "the place does not lie on that side";
     case Status::point_outside:
         return "the point lies outside the parcel";
+    case Status::only_two_pieces:
+        return "a line that starts somewhere or goes through a point can only make two pieces";
+    case Status::only_without_holes:
+        return "a line that starts somewhere or goes through a point needs a parcel without holes";
     case Status::no_amount:
         return "no amount is given";
     case Status::unusable_amount:

@@ -2,19 +2,21 @@
 
 namespace plparcel {
 
-Line parallel_to(std::size_t side) noexcept
+Line parallel_to(std::size_t side, std::size_t ring) noexcept
 {
     Line line;
     line.cut = Cut::parallel;
     line.index = side;
+    line.ring = ring;
     return line;
 }
 
-Line perpendicular_to(std::size_t side) noexcept
+Line perpendicular_to(std::size_t side, std::size_t ring) noexcept
 {
     Line line;
     line.cut = Cut::perpendicular;
     line.index = side;
+    line.ring = ring;
     return line;
 }
 

@@ -5,6 +5,7 @@
 
 #include "boundary/local_ring.h"
 #include "boundary/locate.h"
+#include "boundary/meeting_sides.h"
 #include "one_cut.h"
 
 namespace plparcel {
@@ -25,10 +26,7 @@ Measured other(Measured measured)
 // The first from the West, and of these from the South: the same wherever the ring begins.
 std::size_t westernmost(const MeasuredRing& ring)
 {
-    const auto is_before = [](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
-        return a.x < b.x || (a.x == b.x && a.y < b.y);
-    };
-    const auto least = std::min_element(ring.ring().begin(), ring.ring().end(), is_before);
+    const auto least = std::min_element(ring.ring().begin(), ring.ring().end(), comes_before);
     return static_cast<std::size_t>(least - ring.ring().begin());
 }
 
@@ -77,15 +75,6 @@ LineStart at_point(LineStart start, const MeasuredRing& ring, const PL_PNT2D_rec
     return start;
 }
 
-bool has_direction(const Line& line)
-{
-    if (line.cut == Cut::at_bearing)
-        return std::isfinite(line.bearing);
-    const double dx = std::fabs(line.b.x - line.a.x);
-    const double dy = std::fabs(line.b.y - line.a.y);
-    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
-}
-
 // In a direction of its own.
 LineStart anywhere(LineStart start, const MeasuredRing& ring, const Line& line)
 {
@@ -97,6 +86,15 @@ LineStart anywhere(LineStart start, const MeasuredRing& ring, const Line& line)
 
 }  // namespace
 
+bool has_direction(const Line& line)
+{
+    if (line.cut == Cut::at_bearing)
+        return std::isfinite(line.bearing);
+    const double dx = std::fabs(line.b.x - line.a.x);
+    const double dy = std::fabs(line.b.y - line.a.y);
+    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
+}
+
 LineStart start_of(const CleanRing& clean, const Request& request)
 {
     const Line& line = request.line;
@@ -107,7 +105,7 @@ LineStart start_of(const CleanRing& clean, const Request& request)
         return anywhere(start, clean.ring, line);
     if (line.cut == Cut::through_point)
         return at_point(start, clean.ring, line.a, line.bearing);
-    if (line.index >= clean.place.size())
+    if (line.ring != 0 || line.index >= clean.place.size())
         return refused(Status::no_such_index);
     start.vertex = clean.place[line.index];
     if (line.cut == Cut::through_vertex)

@@ -24,4 +24,7 @@ struct LineStart {
 /// @param[in] request  its line and which piece is measured
 LineStart start_of(const CleanRing& clean, const Request& request);
 
+/// Whether a bearing or a segment is a direction.
+bool has_direction(const Line& line);
+
 }  // namespace plparcel

@@ -290,6 +290,7 @@ private:
         const bool runs_along = reference_.cut == Cut::parallel || is_free(reference_.cut);
         if ((runs_along && against) || (reference_.cut == Cut::perpendicular && off_to < off_from))
             std::swap(line.from, line.to);
+        line.segments = {{line.from, line.to}};
         return line;
     }
 

@@ -327,9 +327,9 @@ TEST(Division, EveryStatusHasItsWords)
         all.insert(describe(static_cast<Status>(i)));
     EXPECT_EQ(all.size(), static_cast<std::size_t>(Status::not_reached) + 2);
     all.clear();
-    for (int i = 0; i <= static_cast<int>(BoundaryStatus::meets_itself) + 1; ++i)
+    for (int i = 0; i <= static_cast<int>(BoundaryStatus::hole_in_hole) + 1; ++i)
         all.insert(describe(static_cast<BoundaryStatus>(i)));
-    EXPECT_EQ(all.size(), static_cast<std::size_t>(BoundaryStatus::meets_itself) + 2);
+    EXPECT_EQ(all.size(), static_cast<std::size_t>(BoundaryStatus::hole_in_hole) + 2);
 }
 
 TEST(Division, IsDescribedByWhatIsWrong)

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <map>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "geos_verdict.h"
 #include "lattice.h"
@@ -95,6 +98,57 @@ TEST(Lattice, DividedIsRight)
         std::printf("  %d: %s\n", times, describe(status));
     EXPECT_GT(tally[Status::divided], 6000);
     EXPECT_EQ(tally[Status::not_reached], 0);
+}
+
+// A line clear of all vertices but its ends, prolonged beyond them.
+bool is_clear(const Ring& ring, const plparcel::DividingLine& line)
+{
+    const double dx = line.to.x - line.from.x;
+    const double dy = line.to.y - line.from.y;
+    const double length = std::hypot(dx, dy);
+    return std::none_of(ring.begin(), ring.end(), [&](const PL_PNT2D_record& v) {
+        return std::fabs((v.y - line.from.y) * dx - (v.x - line.from.x) * dy) <= 1e-6 * length;
+    });
+}
+
+TEST(Lattice, WholeLinesMakeTheFacesOfGeos)
+{
+    Random random = test::random_source();
+    const witness::Geos geos;
+    std::size_t compared = 0;
+    for (int i = 0; i < 10000; ++i) {
+        const Ring ring = lattice_ring(random);
+        if (plparcel::check_ring(ring).status != plparcel::BoundaryStatus::usable || has_repeats(ring))
+            continue;
+        Request request;
+        request.pieces = plparcel::Pieces::any;
+        const auto side = static_cast<std::size_t>(whole(random, 0, static_cast<int>(ring.size()) - 1));
+        request.line = whole(random, 0, 1) == 0 ? plparcel::at_bearing(25.0 * whole(random, 0, 15))
+                                                : plparcel::parallel_to(side);
+        request.amounts = {plparcel::share(whole(random, 1, 15), 16)};
+        const Division division = plparcel::divide(ring, request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division) << ": " << shown(ring, request);
+        const plparcel::DividingLine& line = division.lines[0];
+        if (!is_clear(ring, line))
+            continue;
+        const double x = 1e-6 * (line.to.x - line.from.x);
+        const double y = 1e-6 * (line.to.y - line.from.y);
+        std::vector<double> areas;
+        for (const witness::Geometry& face :
+             geos.split(ring, {{line.from.x - x, line.from.y - y}, {line.to.x + x, line.to.y + y}}))
+            areas.push_back(geos.area(face));
+        std::vector<double> pieces;
+        for (const plparcel::Piece& piece : division.pieces)
+            pieces.push_back(piece.area);
+        std::sort(areas.begin(), areas.end());
+        std::sort(pieces.begin(), pieces.end());
+        ASSERT_EQ(areas.size(), pieces.size()) << shown(ring, request);
+        for (std::size_t k = 0; k < areas.size(); ++k)
+            EXPECT_NEAR(areas[k], pieces[k], 1e-9 * division.ring.area) << shown(ring, request);
+        ++compared;
+    }
+    std::printf("  %zu compared\n", compared);
+    EXPECT_GT(compared, 1000U);
 }
 
 }  // namespace

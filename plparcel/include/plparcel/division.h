@@ -98,6 +98,14 @@ PLPARCEL_API Amount width(double distance) noexcept;
 /// Degenerate  For more parts than a vector can hold, the vector throws std::length_error.
 PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
+/// Into how many pieces a line may cut.
+///
+/// | value | the line                                                                                       |
+/// | ----- | ---------------------------------------------------------------------------------------------- |
+/// | two   | one segment from boundary to boundary, so that there are exactly two pieces. Not every amount has one, and several may hold it. |
+/// | any   | the whole straight line, of one or more segments. The amount is all that lies on its side, in one piece or more. Every amount below the parcel has exactly one. |
+enum class Pieces { two, any };
+
 /// What to cut off.
 ///
 /// Several amounts are cut one after another, each off what the cut before it left. The first lies at the side or
@@ -113,8 +121,10 @@ struct Request {
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
     /// Which of the lines that hold the first amount: 0 for the first one in the order that divide() states, 1 for the
-    /// second. A line that holds the amount only nearly counts only as the first.
+    /// second. A line that holds the amount only nearly counts only as the first. Of whole lines (`pieces`) there is
+    /// no second one.
     std::size_t alternative = 0;
+    Pieces pieces = Pieces::two;  ///< `any` is for lines that have a direction
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
     /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths. It costs
     /// about as much as the division itself, and far more on parcels of thousands of vertices.
@@ -136,6 +146,8 @@ enum class Status {
     no_width,             ///< a width, and a line through a vertex, a place or a point
     no_such_place,        ///< the distance along the side is not a number from 0 to its length
     point_outside,        ///< the point lies outside the parcel, or is not finite
+    only_two_pieces,      ///< any number of pieces, and a line that starts somewhere or goes through a point
+    only_without_holes,   ///< a hole, and a line that starts somewhere or goes through a point
     no_amount,            ///< the list of amounts is empty
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
@@ -154,7 +166,13 @@ enum class Status {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(Status status) noexcept;
 
-/// A dividing line in the parcel's coordinates: a segment that lies in the parcel, its ends on the boundary.
+/// A part of a dividing line that lies in the parcel, its ends on the boundary.
+struct Segment {
+    PL_PNT2D_record from = {};
+    PL_PNT2D_record to = {};
+};
+
+/// A dividing line in the parcel's coordinates. With two pieces it is one segment, and its ends lie on the boundary.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
     /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do. A line
@@ -163,21 +181,34 @@ struct DividingLine {
     /// `opposite` on its left.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
+    /// What of the line lies in the parcel, from `from` to `to`; they touch where a vertex reaches up to the line.
+    std::vector<Segment> segments;
     /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
     bool library_agrees = false;
     /// Whether the line, prolonged beyond its ends, meets what was left of the parcel again. Another line of the same
-    /// direction, through another part of the parcel, may then be what was meant.
+    /// direction, through another part of the parcel, may then be what was meant. Never with any number of pieces.
     bool meets_again = false;
 };
 
 /// A piece of the divided parcel.
 struct Piece {
-    Ring ring;          ///< runs as the parcel does, first vertex not repeated
-    double area = 0.0;  ///< of this ring, unit squared
+    Ring ring;                ///< runs as the parcel does, first vertex not repeated
+    std::vector<Ring> holes;  ///< holes of the parcel that lie in it whole; they run the other way
+    std::size_t amount =
+        0;  ///< index of the amount that it belongs to; that of the last and one more: what is left
+    double area = 0.0;  ///< of this ring less the holes, unit squared
     /// What it should hold; for the last piece, what is left of the parcel; for a width, what lies between the
     /// unrounded lines.
     double asked = 0.0;
     double residual = 0.0;  ///< what it holds less what it should, unit squared, before either is rounded
+};
+
+/// What one amount has become, of however many pieces. With two pieces each amount is one piece.
+struct Held {
+    double asked = 0.0;      ///< see Piece::asked, where it is repeated for each piece of the amount
+    double area = 0.0;       ///< of all its pieces, unit squared
+    double residual = 0.0;   ///< `area` less `asked`, before either is rounded; Piece::residual repeats it
+    std::size_t pieces = 0;  ///< how many there are
 };
 
 /// What CFrazArea itself answered to one cut.
@@ -193,6 +224,7 @@ struct Division {
     RingReport ring;                            ///< what check_ring() says of the parcel
     std::vector<DividingLine> lines;            ///< in the order of the amounts; empty unless divided
     std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
+    std::vector<Held> held;        ///< of each amount, then of what is left; empty unless divided
     std::vector<BareAnswer> bare;  ///< if asked for, one per cut that was tried, including a failed one
     std::size_t trials = 0;        ///< lines that were computed and measured, without those of CFrazArea
 };
@@ -232,6 +264,15 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the
 ///             one nearest to the line of the base side (for a perpendicular: to its middle; at a bearing or along a
 ///             segment: to the vertex farthest to the right, for `opposite` to the left).
+///
+/// Any pieces  The whole line is cut along, in n log n for all amounts together. An end lies as near to its side as
+///             said above, and all ends of a line lie within 14 spacings of each other across it. A vertex within
+///             four spacings of the line lies on it: a segment ends there where the boundary leaves the line or
+///             reaches up to it. Where a hole touches the line at a vertex only, and where the line passes vertices
+///             so closely that rounding would make pieces touch, it is moved by 12 spacings or more, within what the
+///             amounts allow. Of the statuses only not_reached can follow: the doubles there cannot hold the amount.
+///             Pieces of one amount come in the order in which they meet its line, from the left as seen from where
+///             the first amount lies.
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 
 /// All divisions that a request allows: with each of the lines that hold its first amount, in the order in which divide()
@@ -260,5 +301,14 @@ struct AmountRange {
 ///         either way, what lies on its left has the same. An end of a range may belong to a line that touches the
 ///         boundary on its way; then it is not had itself. Costs n log n.
 PLPARCEL_API std::vector<AmountRange> amounts_through(const Ring& ring, const PL_PNT2D_record& point);
+
+/// Divides a parcel that may have holes.
+///
+/// @param[in] parcel   see check_parcel(); the order of the holes and the vertices at which rings begin change no bit
+///                     of status, lines and pieces
+/// @param[in] request  as for a ring. Lines through a vertex need a parcel without holes
+/// @return as for a ring. With two pieces and a hole, a line counts when the whole of it makes exactly two pieces: past
+///         all holes, or through one and out of it again. A part of the line that would do so is not looked for.
+PLPARCEL_API Division divide(const Parcel& parcel, const Request& request);
 
 }  // namespace plparcel

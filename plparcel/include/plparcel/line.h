@@ -26,6 +26,7 @@ struct Line {
     /// Side or vertex, counted from 0 in the ring as handed over; repeated vertices count too. Without effect for
     /// at_bearing, along_segment and through_point.
     std::size_t index = 0;
+    std::size_t ring = 0;    ///< whose side or vertex: 0 the outer ring, k the k-th hole
     double bearing = 0.0;    ///< at_bearing: gons, clockwise from North, any finite number of turns
                              ///< through_point: likewise, where to look first
     PL_PNT2D_record a = {};  ///< along_segment: where the segment begins; through_point: the point
@@ -34,12 +35,14 @@ struct Line {
 };
 
 /// @param[in] side  counted from 0
+/// @param[in] ring  0 the outer ring, k the k-th hole
 /// @return a line parallel to that side
-PLPARCEL_API Line parallel_to(std::size_t side) noexcept;
+PLPARCEL_API Line parallel_to(std::size_t side, std::size_t ring = 0) noexcept;
 
 /// @param[in] side  counted from 0
+/// @param[in] ring  0 the outer ring, k the k-th hole
 /// @return a line at right angles to that side
-PLPARCEL_API Line perpendicular_to(std::size_t side) noexcept;
+PLPARCEL_API Line perpendicular_to(std::size_t side, std::size_t ring = 0) noexcept;
 
 /// @param[in] vertex  counted from 0
 /// @return a line from that vertex

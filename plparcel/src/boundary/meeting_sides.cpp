@@ -5,6 +5,7 @@
 #include <iterator>
 #include <numeric>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "numbers/wide.h"
@@ -40,16 +41,10 @@ bool segments_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_
            (a_side == 0 && in_box(c, d, a)) || (b_side == 0 && in_box(c, d, b));
 }
 
-// From West to East, and from South to North.
-bool comes_before(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-{
-    return a.x < b.x || (a.x == b.x && a.y < b.y);
-}
-
 // Sides from the South to the North, where a line from South to North meets both. They must not cross there.
 class IsSouthOf {
 public:
-    explicit IsSouthOf(const MeasuredRing& ring) : ring_(&ring) {}
+    explicit IsSouthOf(const JoinedRings& rings) : rings_(&rings) {}
 
     bool operator()(std::size_t a, std::size_t b) const
     {
@@ -59,15 +54,15 @@ public:
 private:
     const PL_PNT2D_record& first(std::size_t side) const
     {
-        const PL_PNT2D_record& a = (*ring_)[side];
-        const PL_PNT2D_record& b = ring_->at(side + 1);
+        const PL_PNT2D_record& a = (*rings_)[side];
+        const PL_PNT2D_record& b = rings_->end_of(side);
         return comes_before(a, b) ? a : b;
     }
 
     const PL_PNT2D_record& last(std::size_t side) const
     {
-        const PL_PNT2D_record& a = (*ring_)[side];
-        const PL_PNT2D_record& b = ring_->at(side + 1);
+        const PL_PNT2D_record& a = (*rings_)[side];
+        const PL_PNT2D_record& b = rings_->end_of(side);
         return comes_before(a, b) ? b : a;
     }
 
@@ -78,7 +73,7 @@ private:
         return begin != 0 ? begin : side_sign(first(earlier), last(earlier), last(later));
     }
 
-    const MeasuredRing* ring_;
+    const JoinedRings* rings_;
 };
 
 // Goes through the vertices from West to East and keeps the sides that a line from South to North meets there, in
@@ -86,11 +81,21 @@ private:
 // D. Hoey, "Geometric intersection problems", 1976.
 class Sweep {
 public:
-    explicit Sweep(const MeasuredRing& ring)
-        : ring_(ring), row_(IsSouthOf(ring)), place_(ring.size(), row_.end())
+    explicit Sweep(const JoinedRings& rings)
+        : ring_(rings), row_(IsSouthOf(rings)), place_(rings.size(), row_.end()),
+          south_of_(rings.rings(), rings.size()), is_met_(rings.rings())
     {}
 
-    std::optional<SidePair> run()
+    Meeting run()
+    {
+        Meeting meeting;
+        meeting.met = meeting_pair();
+        meeting.south_of = std::move(south_of_);
+        return meeting;
+    }
+
+private:
+    std::optional<SidePair> meeting_pair()
     {
         const std::vector<std::size_t> order = eastwards();
         for (std::size_t k = 0; k + 1 < order.size(); ++k)
@@ -102,7 +107,6 @@ public:
         return std::nullopt;
     }
 
-private:
     using Row = std::set<std::size_t, IsSouthOf>;
 
     std::vector<std::size_t> eastwards() const
@@ -117,10 +121,9 @@ private:
     // The two sides at a vertex: those that end there leave the row, and then those that begin there join it.
     std::optional<SidePair> pass(std::size_t vertex)
     {
-        const std::size_t n = ring_.size();
-        const std::size_t before = (vertex + n - 1) % n;
+        const std::size_t before = ring_.before(vertex);
         const bool before_ends = comes_before(ring_[before], ring_[vertex]);
-        const bool after_ends = comes_before(ring_.at(vertex + 1), ring_[vertex]);
+        const bool after_ends = comes_before(ring_.end_of(vertex), ring_[vertex]);
         std::optional<SidePair> met;
         if (before_ends)
             met = leave(before);
@@ -130,7 +133,26 @@ private:
             met = join(before);
         if (!met && !after_ends)
             met = join(vertex);
+        const std::size_t ring = ring_.ring_of(vertex);
+        if (!met && !is_met_[ring]) {
+            is_met_[ring] = true;
+            south_of_[ring] = south_of(before, vertex);
+        }
         return met;
+    }
+
+    // The side south of two that begin at the same vertex.
+    std::size_t south_of(std::size_t one, std::size_t other) const
+    {
+        Row::const_iterator place = place_[one];
+        for (int step = 0; step < 2; ++step) {
+            if (place == row_.begin())
+                return ring_.size();
+            --place;
+            if (*place != other)
+                return *place;
+        }
+        return ring_.size();
     }
 
     std::optional<SidePair> join(std::size_t side)
@@ -158,21 +180,27 @@ private:
 
     std::optional<SidePair> if_they_meet(std::size_t i, std::size_t j) const
     {
-        const std::size_t n = ring_.size();
-        if (j == (i + 1) % n || i == (j + 1) % n)
+        if (j == ring_.next(i) || i == ring_.next(j))
             return std::
                 nullopt;  // they share a vertex, and more only where the row could not tell them apart
-        if (!segments_meet(ring_[i], ring_.at(i + 1), ring_[j], ring_.at(j + 1)))
+        if (!segments_meet(ring_[i], ring_.end_of(i), ring_[j], ring_.end_of(j)))
             return std::nullopt;
         return SidePair{i, j};
     }
 
-    const MeasuredRing& ring_;
+    const JoinedRings& ring_;
     Row row_;
-    std::vector<Row::iterator> place_;  // of each side while it is in the row
+    std::vector<Row::iterator> place_;   // of each side while it is in the row
+    std::vector<std::size_t> south_of_;  // of each ring
+    std::vector<bool> is_met_;           // whether its westmost vertex is passed
 };
 
 }  // namespace
+
+bool comes_before(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
+{
+    return a.x < b.x || (a.x == b.x && a.y < b.y);
+}
 
 bool boxes_meet(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& c,
                 const PL_PNT2D_record& d, double reach)
@@ -197,7 +225,12 @@ int side_sign(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D
 
 std::optional<SidePair> meeting_sides(const MeasuredRing& ring)
 {
-    return Sweep(ring).run();
+    return meeting_sides(JoinedRings({ring.ring()})).met;
+}
+
+Meeting meeting_sides(const JoinedRings& rings)
+{
+    return Sweep(rings).run();
 }
 
 }  // namespace plparcel

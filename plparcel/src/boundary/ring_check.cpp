@@ -7,6 +7,7 @@
 
 #include "boundary/local_ring.h"
 #include "boundary/meeting_sides.h"
+#include "boundary/nesting.h"
 #include "numbers/wide.h"
 #include "plcalc/survey.h"
 #include "plutil/plutil.h"
@@ -74,6 +75,47 @@ BoundaryStatus status_of(const CleanRing& clean, RingReport& report)
     return is_thin(ring) ? BoundaryStatus::flat : BoundaryStatus::usable;
 }
 
+// Where the sides of a reversed ring stand in the ring.
+std::size_t side_before_reversal(const MeasuredRing& ring, std::size_t side)
+{
+    return (2 * ring.size() - 2 - side) % ring.size();
+}
+
+// The rings as they are, but the outer one anticlockwise and the holes clockwise.
+std::vector<Ring> run_right(const std::vector<CleanRing>& clean)
+{
+    std::vector<Ring> rings;
+    for (const CleanRing& one : clean) {
+        rings.push_back(one.ring.ring());
+        if ((one.ring.turn() > 0.0) != (rings.size() == 1))
+            std::reverse(rings.back().begin(), rings.back().end());
+    }
+    return rings;
+}
+
+// Two sides of different rings, as they were given.
+void name_meeting_sides(const std::vector<CleanRing>& clean, const JoinedRings& joined,
+                        const RingFault& fault, RingReport& report)
+{
+    const auto name = [&](std::size_t side, std::size_t place) {
+        const std::size_t ring = joined.ring_of(side);
+        std::size_t of_ring = side - joined.first_of(ring);
+        if ((clean[ring].ring.turn() > 0.0) != (ring == 0))
+            of_ring = side_before_reversal(clean[ring].ring, of_ring);
+        report.meeting_sides[place] = side_as_given(clean[ring], of_ring);
+        report.meeting_rings[place] = ring;
+    };
+    const bool in_order = joined.ring_of(fault.one) < joined.ring_of(fault.other);
+    name(fault.one, in_order ? 0 : 1);
+    name(fault.other, in_order ? 1 : 0);
+    report.at_ring = report.meeting_rings[1];
+}
+
+void begin_westmost(Ring& ring)
+{
+    std::rotate(ring.begin(), std::min_element(ring.begin(), ring.end(), comes_before), ring.end());
+}
+
 double perimeter_of(const Ring& ring)
 {
     CPoint3dVector points;
@@ -84,6 +126,61 @@ double perimeter_of(const Ring& ring)
 }
 
 }  // namespace
+
+CheckedParcel checked(const Parcel& parcel)
+{
+    CheckedParcel made;
+    made.clean.push_back(without_repeats(parcel.outer));
+    for (const Ring& hole : parcel.holes)
+        made.clean.push_back(without_repeats(hole));
+    RingReport& report = made.report;
+    report = report_on(made.clean.front());
+    for (std::size_t ring = 1; ring < made.clean.size(); ++ring) {
+        if (report.status != BoundaryStatus::usable)
+            return made;
+        const RingReport of_hole = report_on(made.clean[ring]);
+        report.repeated += of_hole.repeated;
+        report.perimeter += of_hole.perimeter;
+        if (of_hole.status == BoundaryStatus::usable)
+            continue;
+        const std::size_t repeated = report.repeated;
+        report = of_hole;
+        report.repeated = repeated;
+        report.at_ring = report.meeting_rings[0] = report.meeting_rings[1] = ring;
+        report.closed = made.clean.front().closed;
+    }
+    if (report.status != BoundaryStatus::usable)
+        return made;
+    made.rings = run_right(made.clean);
+    const JoinedRings joined(made.rings);
+    const RingFault fault = made.rings.size() > 1 ? fault_of(joined) : RingFault();
+    if (fault.kind != RingFault::Kind::none) {
+        report.at_ring = fault.ring;
+        report.status = fault.kind == RingFault::Kind::outside ? BoundaryStatus::hole_outside
+                                                               : BoundaryStatus::hole_in_hole;
+        if (fault.kind == RingFault::Kind::meet) {
+            report.status = BoundaryStatus::rings_meet;
+            name_meeting_sides(made.clean, joined, fault, report);
+        }
+        report.anticlockwise = false;
+        report.area = report.perimeter = 0.0;
+        return made;
+    }
+    for (Ring& ring : made.rings)
+        begin_westmost(ring);
+    std::sort(made.rings.begin() + 1, made.rings.end(),
+              [](const Ring& a, const Ring& b) { return comes_before(a.front(), b.front()); });
+    for (const Ring& ring : made.rings)
+        made.area = made.area + MeasuredRing(ring).signed_area();
+    if (made.rings.size() > 1)
+        report.area = made.area.value();
+    return made;
+}
+
+RingReport check_parcel(const Parcel& parcel)
+{
+    return checked(parcel).report;
+}
 
 CleanRing without_repeats(const Ring& ring)
 {

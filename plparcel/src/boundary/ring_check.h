@@ -20,6 +20,18 @@ struct CleanRing {
 
 CleanRing without_repeats(const Ring& ring);
 
+/// A parcel that is checked.
+struct CheckedParcel {
+    RingReport report;
+    std::vector<CleanRing> clean;  ///< its rings, the outer one first
+    /// Unless it is unusable: the same rings, the outer one anticlockwise, the holes clockwise, each begun at its
+    /// westmost vertex, and the holes from West to East: so that nothing depends on how they were handed over.
+    std::vector<Ring> rings;
+    Wide area;
+};
+
+CheckedParcel checked(const Parcel& parcel);
+
 /// Says whether a ring can be worked on, and what it measures.
 RingReport report_on(const CleanRing& clean);
 

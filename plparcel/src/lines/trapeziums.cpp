@@ -11,17 +11,20 @@ namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+Wide along_between(const WidePoint& a, const WidePoint& b, const Wide& level)
+{
+    return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
+}
+
 // Where a side is at a level, and how far off that value may be.
 struct Rough {
     double along;
     double error;
 };
 
-Rough rough_along(const std::vector<WidePoint>& ring, std::size_t side, double level)
+Rough rough_along(const WidePoint& a, const WidePoint& b, double level)
 {
     constexpr double kRoundings = 4e-15;  // more than a dozen of 1.1e-16 each
-    const WidePoint& a = ring[side];
-    const WidePoint& b = around(ring, side + 1);
     const double run = b.x.hi - a.x.hi;
     const double rise = b.y.hi - a.y.hi;
     const double levels = std::fabs(level) + std::fabs(a.y.hi) + std::fabs(b.y.hi);
@@ -32,19 +35,25 @@ Rough rough_along(const std::vector<WidePoint>& ring, std::size_t side, double l
 // Sides that a line at a level meets, from left to right. The level may grow as long as they are met.
 class IsLeftOf {
 public:
-    IsLeftOf(const std::vector<WidePoint>& ring, const Wide& level) : ring_(&ring), level_(&level) {}
+    IsLeftOf(const std::vector<WidePoint>& frame, const JoinedRings& rings, const Wide& level)
+        : frame_(&frame), rings_(&rings), level_(&level)
+    {}
 
     bool operator()(std::size_t a, std::size_t b) const
     {
-        const Rough rough_a = rough_along(*ring_, a, level_->hi);
-        const Rough rough_b = rough_along(*ring_, b, level_->hi);
+        const Rough rough_a = rough_along((*frame_)[a], end_of(a), level_->hi);
+        const Rough rough_b = rough_along((*frame_)[b], end_of(b), level_->hi);
         if (std::fabs(rough_a.along - rough_b.along) > rough_a.error + rough_b.error)
             return rough_a.along < rough_b.along;
-        return along_at(*ring_, a, *level_) < along_at(*ring_, b, *level_);
+        return along_between((*frame_)[a], end_of(a), *level_) <
+               along_between((*frame_)[b], end_of(b), *level_);
     }
 
 private:
-    const std::vector<WidePoint>* ring_;
+    const WidePoint& end_of(std::size_t side) const { return (*frame_)[rings_->next(side)]; }
+
+    const std::vector<WidePoint>* frame_;
+    const JoinedRings* rings_;
     const Wide* level_;
 };
 
@@ -60,9 +69,9 @@ bool runs_anticlockwise(const std::vector<WidePoint>& ring)
 // only at vertices do sides come and go, and only the trapeziums beside them begin and end.
 class Sweep {
 public:
-    explicit Sweep(const std::vector<WidePoint>& ring)
-        : ring_(ring), anticlockwise_(runs_anticlockwise(ring)), row_(IsLeftOf(ring, level_)),
-          place_(ring.size(), row_.end()), open_(ring.size(), kNone)
+    Sweep(const std::vector<WidePoint>& frame, const JoinedRings& rings, bool anticlockwise)
+        : ring_(frame), rings_(rings), anticlockwise_(anticlockwise), row_(IsLeftOf(frame, rings, level_)),
+          place_(frame.size(), row_.end()), open_(frame.size(), kNone)
     {}
 
     Sweep(const Sweep&) = delete;
@@ -75,7 +84,7 @@ public:
         for (std::size_t i = 0; i + 1 < order.size(); ++i) {
             const Wide& low = ring_[order[i]].y;
             const Wide& high = ring_[order[i + 1]].y;
-            sides.push_back((order[i] + ring_.size() - 1) % ring_.size());
+            sides.push_back(rings_.before(order[i]));
             sides.push_back(order[i]);
             const Wide middle = low + (high - low) * 0.5;
             if (!(low < middle) || !(middle < high))
@@ -106,7 +115,7 @@ private:
     // Whether the inside lies on a side's right. An anticlockwise boundary runs downwards there.
     bool is_left(std::size_t side) const
     {
-        return (around(ring_, side + 1).y < ring_[side].y) == anticlockwise_;
+        return (ring_[rings_.next(side)].y < ring_[side].y) == anticlockwise_;
     }
 
     // Sides in the row that end at a level.
@@ -128,7 +137,7 @@ private:
     void join(const std::vector<std::size_t>& sides)
     {
         for (const std::size_t side : sides) {
-            if ((ring_[side].y < level_) == (around(ring_, side + 1).y < level_))
+            if ((ring_[side].y < level_) == (ring_[rings_.next(side)].y < level_))
                 continue;
             place_[side] = row_.insert(side);
             touched_.push_back(side);
@@ -149,7 +158,7 @@ private:
             std::remove_if(touched_.begin(), touched_.end(),
                            [this](std::size_t side) { return place_[side] == row_.end() || !is_left(side); }),
             touched_.end());
-        std::sort(touched_.begin(), touched_.end(), IsLeftOf(ring_, level_));
+        std::sort(touched_.begin(), touched_.end(), IsLeftOf(ring_, rings_, level_));
         for (const std::size_t side : touched_) {
             const Row::iterator next = std::next(place_[side]);
             if (next == row_.end() || (open_[side] != kNone && found_[open_[side]].right == *next))
@@ -170,7 +179,8 @@ private:
     }
 
     const std::vector<WidePoint>& ring_;
-    bool anticlockwise_;
+    const JoinedRings& rings_;
+    bool anticlockwise_;                // the inside lies on the left of the boundary
     Wide level_;                        // at which the row is in order
     Row row_;                           // the sides that a line meets, from left to right
     std::vector<Row::iterator> place_;  // of each side in the row, or its end
@@ -183,14 +193,18 @@ private:
 
 Wide along_at(const std::vector<WidePoint>& ring, std::size_t side, const Wide& level)
 {
-    const WidePoint& a = ring[side];
-    const WidePoint& b = around(ring, side + 1);
-    return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
+    return along_between(ring[side], around(ring, side + 1), level);
 }
 
 std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring)
 {
-    return Sweep(ring).run();
+    const JoinedRings one({Ring(ring.size())});
+    return Sweep(ring, one, runs_anticlockwise(ring)).run();
+}
+
+std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings)
+{
+    return Sweep(frame, rings, true).run();
 }
 
 }  // namespace plparcel

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "boundary/joined_rings.h"
 #include "numbers/wide.h"
 
 namespace plparcel {
@@ -31,5 +32,11 @@ Wide along_at(const std::vector<WidePoint>& ring, std::size_t side, const Wide& 
 /// @param[in] ring  simple, either way round, three vertices or more
 /// @return all trapeziums but those that are too low for a level in between; in the order in which they begin
 std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring);
+
+/// The same for several rings.
+///
+/// @param[in] frame  of each vertex its place along the lines and its level
+/// @param[in] rings  which vertices are neighbours; the outer ring anticlockwise, the holes clockwise
+std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings);
 
 }  // namespace plparcel

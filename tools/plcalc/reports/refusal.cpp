@@ -97,6 +97,10 @@ Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& repo
                        "correct it so that it passes every vertex and side once",
                        side_name(report.meeting_sides[0], parcel.ring) + ", meets " +
                            side_name(report.meeting_sides[1], parcel.ring));
+    case BoundaryStatus::rings_meet:
+    case BoundaryStatus::hole_outside:
+    case BoundaryStatus::hole_in_hole:
+        return failure(describe(report.status), "correct the hole");
     case BoundaryStatus::out_of_range:
     case BoundaryStatus::usable:
         break;

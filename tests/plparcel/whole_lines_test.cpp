@@ -1,0 +1,369 @@
+// Parcels with holes, and whole lines that cut them into any number of pieces.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "support/bits.h"
+#include "support/parcel_kinds.h"
+#include "support/rings.h"
+
+namespace {
+
+using plparcel::Amount;
+using plparcel::area;
+using plparcel::at_bearing;
+using plparcel::BoundaryStatus;
+using plparcel::check_parcel;
+using plparcel::Cut;
+using plparcel::Division;
+using plparcel::Line;
+using plparcel::Measured;
+using plparcel::parallel_to;
+using plparcel::Parcel;
+using plparcel::perpendicular_to;
+using plparcel::Piece;
+using plparcel::Pieces;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::share;
+using plparcel::Status;
+using plparcel::width;
+
+constexpr Measured kHere = Measured::from_reference;
+constexpr Measured kThere = Measured::opposite;
+
+// Two arms on a strip: 30 and 40 wide, up to 60; the floor between them at 20.
+const Parcel kU = {{{0, 0}, {100, 0}, {100, 60}, {60, 60}, {60, 20}, {30, 20}, {30, 60}, {0, 60}}, {}};
+// A square with a square hole in the middle, and one on its tip beside it.
+const Parcel kHoles = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                       {{{40, 40}, {60, 40}, {60, 60}, {40, 60}}, {{20, 70}, {30, 80}, {20, 90}, {10, 80}}}};
+
+Division cut(const Parcel& parcel, const Line& line, std::vector<Amount> amounts, Measured measured = kHere,
+             Pieces pieces = Pieces::any)
+{
+    Request request;
+    request.line = line;
+    request.amounts = std::move(amounts);
+    request.measured = measured;
+    request.pieces = pieces;
+    return divide(parcel, request);
+}
+
+struct Row {
+    const char* what;
+    const Parcel& parcel;
+    Line line;
+    std::vector<Amount> amounts;
+    Measured measured;
+    std::vector<std::vector<PL_LINE_2D_record>> lines;  // the segments of each
+    std::vector<std::vector<double>> pieces;            // the areas of each amount's
+};
+
+const Row kRows[] = {
+    {"across both arms",
+     kU,
+     parallel_to(0),
+     {area(2700)},
+     kHere,
+     {{{{0, 30}, {30, 30}}, {{60, 30}, {100, 30}}}},
+     {{2700}, {900, 1200}}},
+    {"at the floor the line ends where the boundary leaves it",
+     kU,
+     parallel_to(0),
+     {area(2000)},
+     kHere,
+     {{{{0, 20}, {30, 20}}, {{60, 20}, {100, 20}}}},
+     {{2000}, {1200, 1600}}},
+    {"from above: two pieces first, then one",
+     kU,
+     parallel_to(0),
+     {width(10), width(40)},
+     kThere,
+     {{{{0, 50}, {30, 50}}, {{60, 50}, {100, 50}}}, {{{0, 10}, {100, 10}}}},
+     {{400, 300}, {3100}, {1000}}},
+    {"the side in an arm's top: its whole level",
+     kU,
+     parallel_to(2),
+     {area(700)},
+     kHere,
+     {{{{100, 50}, {60, 50}}, {{30, 50}, {0, 50}}}},
+     {{400, 300}, {4100}}},
+    {"the floor is the side: what lies beyond it comes first",
+     kU,
+     parallel_to(4),
+     {area(350)},
+     kHere,
+     {{{{100, 55}, {60, 55}}, {{30, 55}, {0, 55}}}},
+     {{200, 150}, {4450}}},
+    {"upright, in line with an arm's wall",
+     kU,
+     perpendicular_to(0),
+     {share(1, 2)},
+     kHere,
+     {{{{60, 0}, {60, 20}}}},
+     {{2400}, {2400}}},
+    {"through a hole",
+     kHoles,
+     parallel_to(0),
+     {share(1, 2)},
+     kHere,
+     {{{{0, 48.75}, {40, 48.75}}, {{60, 48.75}, {100, 48.75}}}},
+     {{4700}, {4700}}},
+    {"along a hole's side",
+     kHoles,
+     parallel_to(0),
+     {width(40)},
+     kHere,
+     {{{{0, 40}, {40, 40}}, {{60, 40}, {100, 40}}}},
+     {{4000}, {5400}}},
+    {"along its other side, and above all of it",
+     kHoles,
+     parallel_to(0),
+     {width(60), width(35)},
+     kHere,
+     {{{{0, 60}, {40, 60}}, {{60, 60}, {100, 60}}}, {{{0, 95}, {100, 95}}}},
+     {{5600}, {3300}, {500}}},
+    {"across both holes, upright",
+     kHoles,
+     at_bearing(0),
+     {width(79), width(16)},
+     kThere,
+     {{{{79, 0}, {79, 100}}}, {{{95, 0}, {95, 100}}}},
+     {{7300}, {1600}, {500}}},
+    {"along a hole's own side",
+     kHoles,
+     parallel_to(0, 1),
+     {width(10)},
+     kHere,
+     {{{{0, 30}, {100, 30}}}},
+     {{6400}, {3000}}},
+};
+
+TEST(WholeLines, Rows)
+{
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.what);
+        const Division division = cut(row.parcel, row.line, row.amounts, row.measured);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        ASSERT_EQ(division.lines.size(), row.lines.size());
+        for (std::size_t i = 0; i < row.lines.size(); ++i) {
+            const std::vector<plparcel::Segment>& segments = division.lines[i].segments;
+            ASSERT_EQ(segments.size(), row.lines[i].size());
+            for (std::size_t k = 0; k < segments.size(); ++k) {
+                EXPECT_NEAR(segments[k].from.x, row.lines[i][k].start.x, 1e-12);
+                EXPECT_NEAR(segments[k].from.y, row.lines[i][k].start.y, 1e-12);
+                EXPECT_NEAR(segments[k].to.x, row.lines[i][k].end.x, 1e-12);
+                EXPECT_NEAR(segments[k].to.y, row.lines[i][k].end.y, 1e-12);
+            }
+            EXPECT_EQ(division.lines[i].from.x, segments.front().from.x);
+            EXPECT_EQ(division.lines[i].to.x, segments.back().to.x);
+        }
+        std::vector<std::vector<double>> pieces(row.pieces.size());
+        for (const Piece& piece : division.pieces)
+            pieces.at(piece.amount).push_back(piece.area);
+        ASSERT_EQ(division.held.size(), row.pieces.size());
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
+            ASSERT_EQ(pieces[i].size(), row.pieces[i].size()) << "amount " << i;
+            EXPECT_EQ(division.held[i].pieces, pieces[i].size());
+            double sum = 0.0;
+            for (std::size_t k = 0; k < pieces[i].size(); ++k) {
+                EXPECT_NEAR(pieces[i][k], row.pieces[i][k], 1e-10) << "amount " << i;
+                sum += pieces[i][k];
+            }
+            EXPECT_NEAR(division.held[i].area, sum, 1e-10);
+        }
+    }
+}
+
+TEST(WholeLines, AHoleThatTheLineWouldTouchIsPassed)
+{
+    for (const double level : {70.0, 90.0}) {
+        const Division division = cut(kHoles, parallel_to(0), {width(level)});
+        ASSERT_EQ(division.status, Status::divided) << level;
+        EXPECT_EQ(division.lines[0].segments.size(), 1U) << level;
+        EXPECT_NEAR(division.lines[0].from.y, level, 1e-12) << level;
+        EXPECT_NE(division.lines[0].from.y, level);
+        std::size_t holes = 0;
+        for (const Piece& piece : division.pieces)
+            holes += piece.holes.size();
+        EXPECT_EQ(holes, 2U) << level;
+    }
+}
+
+TEST(WholeLines, TwoPiecesOfAParcelWithHoles)
+{
+    const Division through = cut(kHoles, parallel_to(0), {share(1, 2)}, kHere, Pieces::two);
+    EXPECT_EQ(through.status, Status::divided) << "through one hole and out of it again";
+    // The arm beside the hole holds it, and the line crosses the other arm.
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    EXPECT_EQ(cut(u, parallel_to(0), {area(2700)}, kHere, Pieces::two).status, Status::line_leaves_parcel);
+    EXPECT_EQ(cut(kHoles, plparcel::through_vertex(0), {share(1, 2)}, kHere, Pieces::two).status,
+              Status::only_without_holes);
+    EXPECT_EQ(cut(kU, plparcel::through_vertex(0), {share(1, 2)}).status, Status::only_two_pieces);
+    EXPECT_EQ(cut(kHoles, parallel_to(0, 3), {share(1, 2)}).status, Status::no_such_index);
+    EXPECT_EQ(cut(kHoles, parallel_to(4, 2), {share(1, 2)}).status, Status::no_such_index);
+    EXPECT_EQ(cut(kU, parallel_to(0, 1), {share(1, 2)}, kHere, Pieces::two).status, Status::no_such_index);
+}
+
+TEST(CheckParcel, Rows)
+{
+    const Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+    const struct {
+        const char* what;
+        std::vector<Ring> holes;
+        BoundaryStatus status;
+        std::size_t at_ring;
+        std::size_t sides[2];
+        std::size_t rings[2];
+    } rows[] = {
+        {"no hole", {}, BoundaryStatus::usable, 0, {0, 0}, {0, 0}},
+        {"a hole", {{{10, 10}, {20, 10}, {20, 20}}}, BoundaryStatus::usable, 0, {0, 0}, {0, 0}},
+        {"either way round", {{{10, 10}, {20, 20}, {20, 10}}}, BoundaryStatus::usable, 0, {0, 0}, {0, 0}},
+        {"beside each other",
+         {{{10, 10}, {20, 10}, {20, 20}}, {{30, 10}, {40, 10}, {40, 20}}},
+         BoundaryStatus::usable,
+         0,
+         {0, 0},
+         {0, 0}},
+        {"above each other",
+         {{{10, 30}, {20, 30}, {20, 40}}, {{10, 10}, {20, 10}, {20, 20}}},
+         BoundaryStatus::usable,
+         0,
+         {0, 0},
+         {0, 0}},
+        {"outside", {{{110, 10}, {120, 10}, {120, 20}}}, BoundaryStatus::hole_outside, 1, {0, 0}, {0, 0}},
+        {"above it", {{{10, 110}, {20, 110}, {20, 120}}}, BoundaryStatus::hole_outside, 1, {0, 0}, {0, 0}},
+        {"around it",
+         {{{-10, -10}, {110, -10}, {110, 110}, {-10, 110}}},
+         BoundaryStatus::hole_outside,
+         1,
+         {0, 0},
+         {0, 0}},
+        {"the second in the first",
+         {{{10, 10}, {50, 10}, {50, 50}, {10, 50}}, {{20, 20}, {30, 20}, {30, 30}}},
+         BoundaryStatus::hole_in_hole,
+         2,
+         {0, 0},
+         {0, 0}},
+        {"touches the boundary at a vertex",
+         {{{10, 10}, {20, 0}, {20, 20}}},
+         BoundaryStatus::rings_meet,
+         1,
+         {0, 0},
+         {0, 1}},
+        {"crosses it", {{{90, 40}, {110, 50}, {90, 60}}}, BoundaryStatus::rings_meet, 1, {1, 0}, {0, 1}},
+        {"touches a hole",
+         {{{10, 10}, {20, 10}, {20, 20}}, {{20, 12}, {30, 10}, {30, 20}}},
+         BoundaryStatus::rings_meet,
+         2,
+         {1, 0},
+         {1, 2}},
+        {"crosses itself",
+         {{{10, 10}, {20, 10}, {20, 20}}, {{40, 40}, {60, 60}, {60, 40}, {40, 60}}},
+         BoundaryStatus::meets_itself,
+         2,
+         {0, 2},
+         {2, 2}},
+        {"a hole without area", {{{10, 10}, {20, 20}, {30, 30}}}, BoundaryStatus::flat, 1, {0, 0}, {1, 1}},
+        {"a hole of two vertices",
+         {{{10, 10}, {20, 20}}},
+         BoundaryStatus::too_few_vertices,
+         1,
+         {0, 0},
+         {1, 1}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const plparcel::RingReport report = check_parcel({square, row.holes});
+        EXPECT_EQ(report.status, row.status) << describe(report.status);
+        EXPECT_EQ(report.at_ring, row.at_ring);
+        const bool met =
+            row.status == BoundaryStatus::rings_meet || row.status == BoundaryStatus::meets_itself;
+        // Where a vertex touches, either of its sides may be named.
+        for (std::size_t i = 0; i < 2 && met; ++i) {
+            EXPECT_EQ(report.meeting_rings[i], row.rings[i]);
+            if (row.status == BoundaryStatus::meets_itself || row.rings[i] == 0)
+                EXPECT_EQ(report.meeting_sides[i], row.sides[i]);
+        }
+        EXPECT_EQ(report.area > 0.0, row.status == BoundaryStatus::usable);
+    }
+    const plparcel::RingReport report = check_parcel(kHoles);
+    EXPECT_EQ(report.area, 9400.0);
+    EXPECT_NEAR(report.perimeter, 400.0 + 80.0 + 4.0 * std::sqrt(200.0), 1e-12);
+    EXPECT_TRUE(report.anticlockwise);
+}
+
+Ring begun_at(const Ring& ring, std::size_t start)
+{
+    Ring out(ring.begin() + static_cast<std::ptrdiff_t>(start), ring.end());
+    out.insert(out.end(), ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(start));
+    return out;
+}
+
+void expect_same(const Division& one, const Division& other)
+{
+    ASSERT_EQ(one.status, other.status);
+    ASSERT_EQ(one.lines.size(), other.lines.size());
+    ASSERT_EQ(one.pieces.size(), other.pieces.size());
+    for (std::size_t i = 0; i < one.lines.size(); ++i) {
+        ASSERT_EQ(one.lines[i].segments.size(), other.lines[i].segments.size());
+        for (std::size_t k = 0; k < one.lines[i].segments.size(); ++k) {
+            EXPECT_BITS(one.lines[i].segments[k].from.x, other.lines[i].segments[k].from.x);
+            EXPECT_BITS(one.lines[i].segments[k].from.y, other.lines[i].segments[k].from.y);
+            EXPECT_BITS(one.lines[i].segments[k].to.x, other.lines[i].segments[k].to.x);
+            EXPECT_BITS(one.lines[i].segments[k].to.y, other.lines[i].segments[k].to.y);
+        }
+    }
+    for (std::size_t i = 0; i < one.pieces.size(); ++i) {
+        EXPECT_EQ(one.pieces[i].amount, other.pieces[i].amount);
+        EXPECT_BITS(one.pieces[i].area, other.pieces[i].area);
+        EXPECT_BITS(one.pieces[i].residual, other.pieces[i].residual);
+    }
+}
+
+// Where rings begin and in which order the holes come changes no bit.
+TEST(WholeLines, TheOrderInWhichAParcelIsToldChangesNothing)
+{
+    std::mt19937_64 random = test::random_source();
+    for (int i = 0; i < 60; ++i) {
+        const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
+        const Ring outer = kinds[random() % kinds.size()].make(random);
+        Parcel parcel = {outer, {}};
+        for (const double at : {0.3, 0.5, 0.7}) {
+            const double x = outer[0].x + at * (outer[outer.size() / 2].x - outer[0].x);
+            const double y = outer[0].y + at * (outer[outer.size() / 2].y - outer[0].y);
+            parcel.holes.push_back({{x - 1.3, y}, {x + 0.7, y - 0.4}, {x + 0.1, y + 1.1}});
+        }
+        if (check_parcel(parcel).status != BoundaryStatus::usable)
+            continue;
+        const Division first = cut(parcel, at_bearing(31.7), {share(1, 3), share(1, 3)});
+        ASSERT_EQ(first.status, Status::divided) << describe(first);
+        for (std::size_t k = 1; k < outer.size(); ++k) {
+            Parcel told = {begun_at(outer, k), parcel.holes};
+            std::rotate(told.holes.begin(), told.holes.begin() + static_cast<std::ptrdiff_t>(k % 3),
+                        told.holes.end());
+            told.holes[0] = begun_at(told.holes[0], k % 3);
+            std::reverse(told.holes[1].begin(), told.holes[1].end());
+            expect_same(first, cut(told, at_bearing(31.7), {share(1, 3), share(1, 3)}));
+        }
+    }
+}
+
+TEST(WholeLines, AsManyPartsAsThereAreCentimetres)
+{
+    const Parcel lot = {{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}};
+    const Division division = cut(lot, parallel_to(1), plparcel::equal_parts(10000));
+    ASSERT_EQ(division.status, Status::divided);
+    ASSERT_EQ(division.lines.size(), 9999U);
+    EXPECT_EQ(division.trials, 1U);
+    EXPECT_NEAR(division.lines[4999].from.x, 50.0, 1e-12);
+}
+
+}  // namespace
