@@ -136,7 +136,7 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
     if (!is_known(request))
         return Status::unknown_request;
     if (request.alternative > 0)
-        return Status::line_leaves_parcel;  // there is one whole line for each amount
+        return Status::no_further_line;  // there is one whole line for each amount
     if (is_free(line.cut))
         return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
     if (has_start(line.cut))
@@ -220,7 +220,7 @@ Division divide(const Parcel& parcel, const Request& request)
     const auto is_one = [](const Held& held) { return held.pieces == 1; };
     if (division.status == Status::divided && request.pieces == Pieces::two &&
         !std::all_of(division.held.begin(), division.held.end(), is_one)) {
-        division.status = Status::line_leaves_parcel;
+        division.status = Status::whole_line_parts_more;
         while (is_one(division.held[division.at_amount]))
             ++division.at_amount;
         division.at_amount = std::min(division.at_amount, division.lines.size() - 1);
@@ -379,6 +379,8 @@ const char* describe(Status status) noexcept
         return "every line that holds the amount makes more than two pieces";
     case Status::no_further_line:
         return "there are fewer lines that hold the amount";
+    case Status::whole_line_parts_more:
+        return "the whole line that holds the amount makes more than two pieces";
     case Status::not_reached:
         return "the coordinates are too coarse to hold the amount within 1e-9 of the parcel";
     }

@@ -142,9 +142,18 @@ TEST(Lattice, WholeLinesMakeTheFacesOfGeos)
             pieces.push_back(piece.area);
         std::sort(areas.begin(), areas.end());
         std::sort(pieces.begin(), pieces.end());
-        ASSERT_EQ(areas.size(), pieces.size()) << shown(ring, request);
-        for (std::size_t k = 0; k < areas.size(); ++k)
-            EXPECT_NEAR(areas[k], pieces[k], 1e-9 * division.ring.area) << shown(ring, request);
+        // GEOS also makes faces of what lies outside, between the line and the boundary.
+        double sum = 0.0;
+        auto face = areas.begin();
+        for (const double piece : pieces) {
+            face = std::find_if(face, areas.end(), [&](double area) {
+                return std::fabs(area - piece) <= 1e-9 * division.ring.area;
+            });
+            ASSERT_NE(face, areas.end()) << "no face of " << piece << ": " << shown(ring, request);
+            ++face;
+            sum += piece;
+        }
+        EXPECT_NEAR(sum, division.ring.area, 1e-9 * division.ring.area) << shown(ring, request);
         ++compared;
     }
     std::printf("  %zu compared\n", compared);

@@ -332,6 +332,8 @@ Parcel with_holes(const Ring& outer, double step)
         if (step > 0.0)
             for (PL_PNT2D_record& p : hole)
                 p = {std::round(p.x / step) * step, std::round(p.y / step) * step};
+        if (hole.front().x == hole.back().x && hole.front().y == hole.back().y)
+            continue;
         parcel.holes.push_back(hole);
         if (check_parcel(parcel).status != plparcel::BoundaryStatus::usable ||
             check_parcel(parcel).repeated > 0)
@@ -453,15 +455,50 @@ TEST(WholeLinesExact, NoWrongDivisionAndNoRefusal)
         ++tally[std::string(describe(division)) + (coarse ? ", doubles far apart" : "")];
         with_hole += parcel.holes.empty() ? 0 : 1;
         pieces += division.pieces.size();
-        if (division.status == Status::divided)
-            EXPECT_EQ(objection(exactly, division), "") << shown(parcel, request);
-        else
-            EXPECT_TRUE(coarse && division.status == Status::not_reached)
-                << describe(division) << ": " << shown(parcel, request);
+        const std::string fault =
+            division.status == Status::divided ? objection(exactly, division) : "refused";
+        const bool is_due = coarse && division.status == Status::not_reached;
+        EXPECT_TRUE(fault.empty() || is_due)
+            << fault << ", " << describe(division) << ": " << shown(parcel, request);
     }
     for (const auto& [what, times] : tally)
         std::printf("  %7d %s\n", times, what.c_str());
     std::printf("  %zu pieces, %zu parcels with holes\n", pieces, with_hole);
+}
+
+// What is not right is seen.
+TEST(WholeLinesExact, TheJudgeObjects)
+{
+    const Parcel parcel = {{{0, 0}, {100, 0}, {100, 60}, {60, 60}, {60, 20}, {30, 20}, {30, 60}, {0, 60}},
+                           {{{5, 40}, {10, 40}, {10, 45}}, {{70, 5}, {80, 5}, {80, 10}}}};
+    Request request;
+    request.pieces = plparcel::Pieces::any;
+    request.amounts = {plparcel::share(1, 3), plparcel::share(1, 3)};
+    const Division right = divide(parcel, request);
+    const Judged exactly = judged(parcel, request);
+    ASSERT_EQ(right.status, Status::divided);
+    ASSERT_EQ(objection(exactly, right), "");
+
+    Division wrong = right;
+    wrong.pieces[0].ring[0].y += 1e-5;
+    EXPECT_NE(objection(exactly, wrong), "") << "a vertex moved";
+    wrong = right;
+    std::swap(wrong.pieces.front().amount, wrong.pieces.back().amount);
+    EXPECT_NE(objection(exactly, wrong), "") << "amounts exchanged";
+    wrong = right;
+    for (Piece& piece : wrong.pieces)
+        piece.holes.clear();
+    EXPECT_NE(objection(exactly, wrong), "") << "holes left out";
+    wrong = right;
+    for (plparcel::Segment& segment : wrong.lines[0].segments)
+        segment.from.y = segment.to.y = segment.from.y + 1e-5;
+    EXPECT_NE(objection(exactly, wrong), "") << "a line elsewhere";
+    wrong = right;
+    wrong.pieces.pop_back();
+    EXPECT_NE(objection(exactly, wrong), "") << "a piece left out";
+    wrong = right;
+    wrong.pieces.push_back(wrong.pieces.back());
+    EXPECT_NE(objection(exactly, wrong), "") << "a piece twice";
 }
 
 }  // namespace

@@ -99,12 +99,10 @@ PLPARCEL_API Amount width(double distance) noexcept;
 PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
 /// Into how many pieces a line may cut.
-///
-/// | value | the line                                                                                       |
-/// | ----- | ---------------------------------------------------------------------------------------------- |
-/// | two   | one segment from boundary to boundary, so that there are exactly two pieces. Not every amount has one, and several may hold it. |
-/// | any   | the whole straight line, of one or more segments. The amount is all that lies on its side, in one piece or more. Every amount below the parcel has exactly one. |
-enum class Pieces { two, any };
+enum class Pieces {
+    two,  ///< exactly two: the line is one segment from boundary to boundary. Some amounts have none, others several
+    any  ///< the whole straight line cuts, and the amount is all that lies on its side of it. Each amount has one
+};
 
 /// What to cut off.
 ///
@@ -126,8 +124,8 @@ struct Request {
     std::size_t alternative = 0;
     Pieces pieces = Pieces::two;  ///< `any` is for lines that have a direction
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
-    /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths. It costs
-    /// about as much as the division itself, and far more on parcels of thousands of vertices.
+    /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths, holes or
+    /// whole lines. It costs about as much as the division itself, and far more on parcels of thousands of vertices.
     bool ask_library = false;
 };
 
@@ -159,6 +157,7 @@ enum class Status {
     no_line_through_point,  ///< in no direction does the line through the point cut the amount off
     no_further_line,        ///< there are no more lines than Request::alternative says
     line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
+    whole_line_parts_more,  ///< two pieces and holes: the whole line that holds the amount makes more than two
     not_reached             ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
 };
 
@@ -172,7 +171,8 @@ struct Segment {
     PL_PNT2D_record to = {};
 };
 
-/// A dividing line in the parcel's coordinates. With two pieces it is one segment, and its ends lie on the boundary.
+/// A dividing line in the parcel's coordinates, its ends on the boundary. Without holes and with two pieces it is one
+/// segment.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
     /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do. A line
@@ -194,9 +194,8 @@ struct DividingLine {
 struct Piece {
     Ring ring;                ///< runs as the parcel does, first vertex not repeated
     std::vector<Ring> holes;  ///< holes of the parcel that lie in it whole; they run the other way
-    std::size_t amount =
-        0;  ///< index of the amount that it belongs to; that of the last and one more: what is left
-    double area = 0.0;  ///< of this ring less the holes, unit squared
+    std::size_t amount = 0;   ///< index of its amount; one more than the last of them for what is left
+    double area = 0.0;        ///< of this ring less the holes, unit squared
     /// What it should hold; for the last piece, what is left of the parcel; for a width, what lies between the
     /// unrounded lines.
     double asked = 0.0;

@@ -9,6 +9,7 @@
 
 #include "boundary/joined_rings.h"
 #include "boundary/local_ring.h"
+#include "boundary/locate.h"
 #include "boundary/measured_ring.h"
 #include "lines/direction.h"
 #include "whole_lines/crossings.h"
@@ -23,9 +24,6 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 // A vertex within this many spacings of doubles of a line lies on it.
 constexpr double kOnLine = 4.0;
-
-// An end lies this many spacings from its side, at most.
-constexpr double kEndRoundings = 2.5;
 
 // All ends of a line lie within this many spacings of each other, across the line: two that were moved onto vertices,
 // and their roundings.
@@ -318,7 +316,7 @@ private:
         Wide high;
         for (std::size_t i = first_[line]; i < first_[line + 1]; ++i) {
             const Crossing& c = crossings_[i];
-            if (!is_near_side(rings_[c.side], rings_.end_of(c.side), c.place, kEndRoundings * spacing_))
+            if (!is_near_side(rings_[c.side], rings_.end_of(c.side), c.place, kSideRoundings * spacing_))
                 return false;
             const Wide off = dot(up_, from_to(crossings_[first_[line]].place, c.place));
             low = off < low ? off : low;
