@@ -112,6 +112,33 @@ const Row kRows[] = {
      {{1.8e-7, 2.4e-7}, {1.2e-7, 0}, {2.4e-7, 0}, {1.8e-7, 0.6e-7}, {1.2e-7, 1.8e-7}, {0.6e-7, 3.6e-7}},
      {-1, 1.2e-7},
      false},
+    {"the same two vertices, both times at the end of a round: that is not going round either",
+     {{2.1e-7, 2.1e-7},
+      {0.3e-7, 2.7e-7},
+      {0.6e-7, 0.3e-7},
+      {1.5e-7, 0},
+      {0.6e-7, 1.5e-7},
+      {1.5e-7, 3e-7},
+      {0, 3.3e-7},
+      {0.9e-7, 3.3e-7},
+      {1.2e-7, 0.9e-7},
+      {2.1e-7, 1.2e-7},
+      {0.6e-7, 0.9e-7}},
+     {-1, 1.8e-7},
+     true},
+    {"all in line, as the walk finds after four rounds",
+     {{1.17e-7, 1.3e-7},
+      {1.04e-7, 1.69e-7},
+      {0.13e-7, 0.52e-7},
+      {0.39e-7, 0.39e-7},
+      {0, 0.78e-7},
+      {1.56e-7, 0.65e-7},
+      {1.69e-7, 0.13e-7},
+      {1.3e-7, 1.43e-7},
+      {0.65e-7, 0.52e-7},
+      {0.13e-7, 1.56e-7}},
+     {-1, -1},
+     false},
     {"all on one y", {{0, 1}, {3, 1}, {2, 1}, {5, 1}}, {-1, 1}, false},
     {"all on one x", {{1, 0}, {1, 3}, {1, 2}, {1, 5}}, {0, 1}, false},
     {"all on one y within the margin", {{0, 1}, {3, 1 + 1e-7}, {2, 1 - 1e-7}}, {-1, 1}, false},
@@ -604,6 +631,39 @@ Ring sliver(int n, int up, double run)
         ring.push_back({s + (i < up ? 0 : 0.3), s * 1e-7 / run});
     }
     return ring;
+}
+
+Ring upright(const Ring& level)
+{
+    Ring ring;
+    for (const PL_PNT2D_record& v : level)
+        ring.push_back({v.y, v.x});
+    return ring;
+}
+
+TEST(InPolygon, WalksOfManyRoundsPastVerticesAtInfinity)
+{
+    // Two vertices at opposite infinities are in line with one another, and with no number when the run begins there.
+    const struct {
+        const char* what;
+        Ring ring;
+        std::size_t at;
+        double northing;
+        PL_PNT2D_record p;
+        bool want;
+    } rows[] = {
+        {"north, then south", upright(sliver(60, 28, 6)), 44, kInf, {1.6041666666666666e-07, 16}, true},
+        {"south, then north", upright(sliver(52, 32, 9)), 24, -kInf, {1.1111111111111111e-07, 17}, true},
+    };
+    test::Places places;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Ring ring = row.ring;
+        ring[row.at].y = row.northing;
+        ring[row.at + 1].y = -row.northing;
+        EXPECT_EQ(inside(row.p, ring), row.want);
+        EXPECT_EQ(test::expected_inside(row.p, ring, places), row.want) << "the walk of the test itself";
+    }
 }
 
 TEST(InPolygon, WalksOfManyRounds)
