@@ -143,9 +143,9 @@ private:
 
     void leave(std::size_t side)
     {
-        if (place_[side] == row_.end())
-            return;
-        row_.erase(place_[side]);
+        // In the row it is, unless rounding should order three directions in a circle.
+        if (place_[side] != row_.end())
+            row_.erase(place_[side]);
         place_[side] = row_.end();
     }
 

@@ -48,6 +48,8 @@ TEST(Visibility, EndsWhereACornerStandsBefore)
         {"a corner", {4, 0.0}, true},
         {"the same as the end of the side before", {3, 1.0}, true},
         {"the corner behind it", {3, 0.0}, false},
+        {"the next corner, along the side", {1, 0.0}, true},
+        {"the corner before, along the side", {6, 1.0}, true},
     };
     std::vector<Sight> places;
     for (const auto& row : rows)
