@@ -147,6 +147,7 @@ TEST(Directions, WidthsPlaceTheLines)
          {width(20), width(20)},
          kThere,
          {{{20, 0}, {20, 50}}, {{40, 0}, {40, 50}}}},
+        {"along another side", kLot, perpendicular_to(1), {width(20)}, kHere, {{{100, 30}, {0, 30}}}},
         {"from the vertex farthest right", kLot, at_bearing(0), {width(12)}, kHere, {{{88, 0}, {88, 50}}}},
         {"from the vertex farthest left", kLot, at_bearing(0), {width(12)}, kThere, {{{12, 0}, {12, 50}}}},
         {"a width, an area, a width",

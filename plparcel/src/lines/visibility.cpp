@@ -146,7 +146,6 @@ private:
         // In the row it is, unless rounding should order three directions in a circle.
         if (place_[side] != row_.end())
             row_.erase(place_[side]);
-        place_[side] = row_.end();
     }
 
     // A place is seen when the first side that the ray meets is its own; a vertex, when it is one of its two.

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 namespace {
 
@@ -53,6 +55,31 @@ TEST(NearbyEnds, WhereAMoveOnTheFinerAxisChangesNothing)
     };
     for (const auto& row : rows)
         EXPECT_EQ(offered(row.rest), row.offers) << row.what;
+}
+
+// From a line that ends on two sides, both ends may move: the start goes farther away offer by offer.
+TEST(NearbyEnds, TriesTheNearestStartsFirst)
+{
+    const MeasuredRing square({{0, 0}, {8, 0}, {8, 8}, {0, 8}});
+    Chord chord;
+    chord.from_side = 2;
+    chord.to_side = 0;
+    chord.request_after_from = true;
+    const PL_PNT2D_record from = {4, 8};
+    std::vector<PL_PNT2D_record> starts;
+    offer_nearby_ends(square, chord, Target{32.0, 32.0, 64.0}, from, {4, 0},
+                      [&starts](const PL_PNT2D_record& start, const PL_PNT2D_record&) {
+                          starts.push_back(start);
+                          return false;
+                      });
+    ASSERT_FALSE(starts.empty());
+    const auto distance = [&from](const PL_PNT2D_record& p) {
+        return std::fabs(p.x - from.x) + std::fabs(p.y - from.y);
+    };
+    EXPECT_EQ(distance(starts.front()), 0.0);
+    EXPECT_GT(distance(starts.back()), 0.0);
+    EXPECT_TRUE(std::is_sorted(starts.begin(), starts.end(),
+                               [&](const auto& a, const auto& b) { return distance(a) < distance(b); }));
 }
 
 }  // namespace

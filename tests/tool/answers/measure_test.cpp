@@ -143,10 +143,13 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(json["area"], 2400.0);
     EXPECT_EQ(json["perimeter"], 240.0);
     EXPECT_EQ(json["sides"].size(), 4u);
+    EXPECT_EQ(json["sides"][3]["side"], 4);
+    EXPECT_EQ(json["sides"][3]["from"], 4);
     EXPECT_EQ(json["sides"][3]["bearing_gon"], 259.0334);
     EXPECT_EQ(json["sides"][3]["to"], 1);
     EXPECT_TRUE(json["sides"][1]["bearing_deg"].is_null());
     EXPECT_EQ(json["vertices"][0]["angle_deg"], 36.8699);
+    EXPECT_EQ(json["vertices"][3]["vertex"], 4);
     EXPECT_EQ(json["vertices"][3]["n"], 60.0);
     EXPECT_TRUE(json["vertices"][2]["angle_gon"].is_null());
 }

@@ -446,6 +446,17 @@ TEST_F(Messages, FileThatCannotBeOpened)
 }
 
 // A file that ends in the middle, of formats that are read as far as they go.
+// A driver that cannot be loaded has nothing to do with the file: what is said of it does not reach the message.
+TEST_F(Messages, ADriverThatCannotBeLoadedIsNotBlamed)
+{
+    write("gdal_broken.so", "");
+    const std::string without = divide("missing.csv", "--vertex 1 --area 5").err;
+    setenv("GDAL_DRIVER_PATH", path("").c_str(), 1);
+    const std::string with = divide("missing.csv", "--vertex 1 --area 5").err;
+    unsetenv("GDAL_DRIVER_PATH");
+    EXPECT_EQ(with, without);
+}
+
 TEST_F(Messages, FileThatEndsInTheMiddle)
 {
     const std::string feature = R"({"type": "Feature", "properties": {}, "geometry": {"type": "Polygon",)"
