@@ -66,6 +66,19 @@ TEST(Visibility, EndsWhereACornerStandsBefore)
         EXPECT_EQ(mirrored[i], got[i]) << rows[i].what;
 }
 
+//         3 ----------- 2      From the vertex 0 the corners 4 and 5 lie a hair above the prolongation of the side
+//         |             |      that ends in 1: 4, the nearer one, in a direction to which the ray comes first.
+//   5 --- 4     0 ----- 1
+//   |           |
+//   6 --------- 7
+TEST(Visibility, CornersAHairFromTheProlongationOfTheFirstSide)
+{
+    const Ring ring = {{0, 0},      {100, 0},     {100, 100},   {-10, 100},
+                       {-10, 9e-7}, {-100, 4e-6}, {-100, -100}, {0, -100}};
+    EXPECT_EQ(seen(ring, 0, {{3, 0.5}, {4, 0.5}, {5, 0.5}, {6, 0.5}}),
+              (std::vector<bool>{true, true, true, true}));
+}
+
 double cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
 {
     return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);

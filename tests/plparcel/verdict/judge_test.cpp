@@ -135,9 +135,11 @@ TEST(Judge, ALineThatPassesAVertexWithinFourRoundingsTouchesIt)
     };
     EXPECT_EQ(above(0.0), Verdict::leaves_the_parcel);
     EXPECT_EQ(above(-1e-3), Verdict::leaves_the_parcel);
-    EXPECT_EQ(above(0x1p-48), Verdict::leaves_the_parcel);  // 3.6e-15
-    EXPECT_EQ(above(8.5e-14), Verdict::leaves_the_parcel);  // 3.8 spacings
-    EXPECT_EQ(above(9.5e-14), Verdict::divides);            // 4.3
+    EXPECT_EQ(above(0x1p-48), Verdict::leaves_the_parcel);       // 3.6e-15
+    EXPECT_EQ(above(8.5e-14), Verdict::leaves_the_parcel);       // 3.8 spacings
+    EXPECT_EQ(above(25 * 0x1p-48), Verdict::leaves_the_parcel);  // 4 of them, to the bit
+    EXPECT_EQ(above(26 * 0x1p-48), Verdict::divides);            // the next double
+    EXPECT_EQ(above(9.5e-14), Verdict::divides);                 // 4.3
 }
 
 TEST(Judge, AVertexNearAnEndIsTouchedTheSame)
