@@ -65,7 +65,7 @@ private:
     double area_per_c_ = 0.0;  // the parcel's width along the line, over the length of the line's normal
     double rounding_ = 0.0;    // what rounding may do to an area
     std::array<double, 2> reached_ = {};  // constants proved on either side of the base line
-    std::array<double, 2> step_ = {};     // tried next there; 0 when no more can be proved
+    std::array<double, 2> step_ = {};     // tried next there; below near_base() no more can be proved
 };
 
 }  // namespace plcalc
