@@ -10,10 +10,12 @@
 #include <gdal_priv.h>
 #include <sys/stat.h>
 
-#include "plan/foot_table.h"
+#include "plan/details.h"
+#include "plan/drawing.h"
 #include "plan/labels.h"
 #include "plan/layout.h"
 #include "plan/plan.h"
+#include "plan/tables.h"
 #include "program.h"
 #include "sheet/geometry.h"
 #include "sheet/label_places.h"
@@ -191,145 +193,237 @@ TEST(SheetGeometry, PlacesInsideRoomiestFirst)
     EXPECT_LE(places[0].room, 14.2) << "in the corner";
 }
 
-// -------------------------------------------------------------------------------------------------- the foot
-
-// Strips of a rectangle, parallel to its long side, and sides of a regular polygon.
-tool::Plan strips(std::size_t count)
+TEST(LabelPlaces, TextAlongALineCoversNothing)
 {
-    tool::Plan plan;
-    plan.ring = {{0, 0}, {80, 0}, {80, 50}, {0, 50}};
-    for (std::size_t i = 0; i < count; ++i) {
-        const double low = 50.0 * static_cast<double>(i) / static_cast<double>(count);
-        const double high = 50.0 * static_cast<double>(i + 1) / static_cast<double>(count);
-        plan.pieces.push_back({{0, low}, {80, low}, {80, high}, {0, high}});
-        plan.piece_labels.push_back("1234.5678");
-        if (i + 1 < count)
-            plan.lines.push_back({{80, high}, {0, high}});
-    }
-    return plan;
+    LabelPlaces places({0, 0, 100, 100});
+    places.add_line({0, 0}, {100, 100});
+    EXPECT_FALSE(places.first_free_along({{50, 50}}, {30, 6}, 0.0, false)) << "across the line";
+    EXPECT_TRUE(places.first_free_along({{50, 50}, {60, 44}}, {30, 6}, 0.785398, false)) << "beside it";
+    places.take_along({0, 80}, {40, 80}, 2.0);
+    EXPECT_FALSE(places.first_free({{20, 80}}, {10, 6}));
+    EXPECT_TRUE(places.first_free({{20, 90}}, {10, 6}));
 }
 
-tool::AtFoot found_no_place(const tool::Plan& plan)
+TEST(SheetGeometry, ClippedToABox)
+{
+    const SheetBox box = {0, 0, 10, 10};
+    const std::vector<SheetPoint> corner = tool::clipped({{5, 5}, {1e9, 5}, {1e9, 1e9}, {5, 1e9}}, box);
+    ASSERT_EQ(corner.size(), 4u);
+    for (const SheetPoint& p : corner) {
+        EXPECT_TRUE(p.x >= 5 && p.x <= 10 && p.y >= 5 && p.y <= 10) << p.x << " " << p.y;
+    }
+    EXPECT_TRUE(tool::clipped({{20, 20}, {30, 20}, {30, 30}}, box).empty());
+    const auto line = tool::clipped_line({-10, 5}, {30, 5}, box);
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->first.x, 0);
+    EXPECT_EQ(line->second.x, 10);
+    EXPECT_FALSE(tool::clipped_line({-10, 5}, {5, -11}, box)) << "past the corner";
+    EXPECT_TRUE(tool::clipped_line({2, 2}, {3, 3}, box)) << "inside";
+}
+
+TEST(SheetGeometry, HatchLinesStayInTheOutline)
+{
+    const std::vector<SheetPoint> square = {{10, 10}, {30, 10}, {30, 30}, {10, 30}};
+    const auto level = tool::hatch_lines(square, 0.0, 5.0, {0, 0, 100, 100});
+    ASSERT_GE(level.size(), 3u);
+    ASSERT_LE(level.size(), 5u);
+    for (const auto& [from, to] : level) {
+        EXPECT_NEAR(from.x, 10, 1e-9);
+        EXPECT_NEAR(to.x, 30, 1e-9);
+        EXPECT_NEAR(from.y, to.y, 1e-9);
+    }
+    for (const auto& [from, to] : tool::hatch_lines(square, 0.7, 2.0, {0, 0, 20, 100}))
+        for (const SheetPoint& p : {from, to})
+            EXPECT_TRUE(p.x > 9.999 && p.y > 9.999 && p.y < 30.001) << p.x << " " << p.y;
+    EXPECT_LT(
+        tool::hatch_lines({{-1e9, -1e9}, {1e9, -1e9}, {1e9, 1e9}, {-1e9, 1e9}}, 0.7, 5.0, {0, 0, 100, 100})
+            .size(),
+        40u)
+        << "only what shows";
+}
+
+// ------------------------------------------------------------------------------------------ the division's plan
+
+// The plan of a parcel that is divided.
+tool::Plan plan_of_ring(const plparcel::Ring& ring, plparcel::Cut cut, long long number, std::size_t parts)
+{
+    tool::Asked asked;
+    asked.request.line.cut = cut;
+    asked.request.amounts = plparcel::equal_parts(parts);
+    asked.number = number;
+    asked.amounts.assign(parts - 1, "1/" + std::to_string(parts));
+    tool::Parcel parcel;
+    parcel.place = {"lot.csv", ""};
+    parcel.ring = ring;
+    return tool::plan_of(tool::answer(parcel, asked));
+}
+
+plparcel::Ring regular(int corners, double radius)
+{
+    plparcel::Ring ring;
+    for (int i = 0; i < corners; ++i)
+        ring.push_back({radius * std::cos(2.0 * 3.14159265 * i / corners),
+                        radius * std::sin(2.0 * 3.14159265 * i / corners)});
+    return ring;
+}
+
+const plparcel::Ring kField = {{0, 0}, {90, 0}, {90, 50}, {0, 50}};
+
+tool::WithoutLabel without_label(const tool::Plan& plan)
 {
     tool::Canvas canvas;
-    const PlanLayout layout(plan.ring, 1.0, Paper::a4, kFoot);
-    return tool::PlanLabels(plan, layout, canvas, {}).draw();
+    const PlanLayout layout(plan.ring, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    return tool::PlanLabels(plan, layout.view(), canvas).draw();
 }
 
-TEST(Foot, TellsWhatHasNoPlaceOnTheDrawing)
+TEST(PlanLabels, EverythingIsLabelledWhereThereIsRoom)
 {
-    EXPECT_TRUE(found_no_place(strips(3)) == tool::AtFoot());
-    const tool::AtFoot forty = found_no_place(strips(60));
-    EXPECT_TRUE(forty.pieces);
-
-    tool::Plan stepped = strips(1);
-    stepped.ring = {{0, 0}, {80, 0}, {80, 50}, {79.8, 50.1}, {79.6, 50.0}, {79.4, 50.1}, {0, 50}};
-    const tool::AtFoot few = found_no_place(stepped);
-    EXPECT_FALSE(few.pieces);
-    EXPECT_EQ(few.sides.count(0) + few.sides.count(1) + few.sides.count(6), 0u)
-        << "the long ones have theirs";
-    EXPECT_GE(few.sides.size(), 1u);
-
-    tool::Plan round = strips(1);
-    round.ring.clear();
-    for (int i = 0; i < 200; ++i)
-        round.ring.push_back({50.0 * std::cos(i * 0.01 * 3.14159), 50.0 * std::sin(i * 0.01 * 3.14159)});
-    EXPECT_EQ(found_no_place(round).sides.size(), 200u)
-        << "all of them, lest they be looked for in two places";
-}
-
-// A strip of land 240 by 2 in lots side by side, each too low for its area: a hair line leads to it.
-tool::Plan row_of_lots(std::size_t count)
-{
-    tool::Plan plan;
-    plan.ring = {{0, 0}, {240, 0}, {240, 2}, {0, 2}};
-    for (std::size_t i = 0; i < count; ++i) {
-        const double left = 240.0 * static_cast<double>(i) / static_cast<double>(count);
-        const double right = 240.0 * static_cast<double>(i + 1) / static_cast<double>(count);
-        plan.pieces.push_back({{left, 0}, {right, 0}, {right, 2}, {left, 2}});
-        plan.piece_labels.push_back("36.92");
+    for (const std::size_t parts : {2, 3, 5}) {
+        for (const plparcel::Cut cut : {plparcel::Cut::parallel, plparcel::Cut::perpendicular}) {
+            const tool::WithoutLabel without = without_label(plan_of_ring(kField, cut, 1, parts));
+            EXPECT_TRUE(without.new_points.empty());
+            EXPECT_TRUE(without.pieces.empty());
+            EXPECT_EQ(without.corners, 0u);
+            EXPECT_EQ(without.lengths, 0u) << parts;
+        }
     }
-    return plan;
 }
 
-TEST(Foot, HasTheAreasWhereHairLinesWouldMakeAThicket)
+TEST(PlanLabels, TwentyStripsHaveTheirNames)
 {
-    EXPECT_FALSE(found_no_place(row_of_lots(12)).pieces);
-    EXPECT_TRUE(found_no_place(row_of_lots(13)).pieces) << "one more than twelve";
+    for (const plparcel::Cut cut : {plparcel::Cut::parallel, plparcel::Cut::perpendicular}) {
+        const tool::WithoutLabel without = without_label(plan_of_ring(kField, cut, 1, 20));
+        EXPECT_TRUE(without.new_points.empty());
+        EXPECT_TRUE(without.pieces.empty());
+    }
 }
 
-TEST(Foot, HasTheAreasIfOneFindsNoPlace)
+TEST(PlanLabels, PiecesThatAreTooThinHaveHairLines)
 {
-    tool::Plan plan = strips(1);
-    plan.piece_labels = {"1984.0000", "32.0000", "1984.0000"};
-    plan.pieces = {
-        {{0, 0}, {80, 0}, {80, 24.8}, {0, 24.8}},
-        {{0, 24.8}, {80, 24.8}, {80, 25.2}, {0, 25.2}},  // too low, and its middle far from any end
-        {{0, 25.2}, {80, 25.2}, {80, 50}, {0, 50}}};
-    plan.lines = {{{0, 24.8}, {80, 24.8}}, {{0, 25.2}, {80, 25.2}}};
-    EXPECT_TRUE(found_no_place(plan).pieces);
+    const plparcel::Ring path = {{0, 0}, {500, 300}, {500, 308}, {0, 8}};
+    EXPECT_TRUE(without_label(plan_of_ring(path, plparcel::Cut::parallel, 2, 9)).pieces.empty());
 }
 
-TEST(Foot, SectionsByKind)
+// Names and lengths of so many corners have no room; the table has them.
+TEST(PlanLabels, FiveHundredCornersDoNotCoverEachOther)
 {
-    const tool::Plan plan = strips(3);
-    const auto only_ends = tool::foot_sections(plan, {});
-    ASSERT_EQ(only_ends.size(), 1u);
-    EXPECT_EQ(only_ends[0].title, "Ends of lines");
-    EXPECT_EQ(only_ends[0].rows.size(), 4u);
-    EXPECT_EQ(only_ends[0].rows[1], "P2  E 0.0000  N 16.6667");
-    const auto all = tool::foot_sections(plan, {{0, 3}, true});
-    ASSERT_EQ(all.size(), 3u);
-    EXPECT_EQ(all[1].title, "Pieces");
-    EXPECT_EQ(all[2].title, "Sides");
-    EXPECT_EQ(all[1].rows, (std::vector<std::string>{"1  1234.5678", "2  1234.5678", "3  1234.5678"}));
-    EXPECT_EQ(all[2].rows, (std::vector<std::string>{"1-2  80.00", "4-1  50.00"}));
+    const tool::WithoutLabel without =
+        without_label(plan_of_ring(regular(500, 100), plparcel::Cut::parallel, 1, 4));
+    EXPECT_TRUE(without.pieces.empty());
+    EXPECT_GT(without.corners, 300u);
+    EXPECT_LT(without.corners, 480u) << "tens and fives have theirs";
 }
 
-TEST(Foot, GrowsWithItsRowsUpToItsHeight)
+TEST(PlanDetails, EnlargeWhatIsTooThin)
+{
+    tool::Asked asked;
+    asked.request.amounts = {plparcel::area(20)};
+    asked.number = 1;
+    asked.amounts = {"20"};
+    tool::Parcel parcel;
+    parcel.ring = {{0, 0}, {120, 0}, {120, 80}, {0, 80}};
+    const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
+    const PlanLayout layout(plan.ring, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    const tool::PlanDetails details(plan, layout, {});
+    ASSERT_EQ(details.all().size(), 2u) << "at both ends of the line";
+    EXPECT_EQ(details.sheets(), 1u);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const tool::View view = details.view(layout, i);
+        const SheetPoint corner = view.at({details.all()[i].middle.x, 0.0});
+        const SheetPoint end = view.at({details.all()[i].middle.x, 20.0 / 120.0});
+        EXPECT_TRUE(view.box.holds(corner) && view.box.holds(end));
+        EXPECT_GT(corner.y - end.y, 20.0) << "points that the eye tells apart";
+        EXPECT_LT(details.all()[i].denominator, layout.denominator());
+    }
+    EXPECT_TRUE(
+        tool::PlanDetails(plan_of_ring(kField, plparcel::Cut::parallel, 1, 3), layout, {}).all().empty());
+}
+
+// ------------------------------------------------------------------------------------------------- the tables
+
+using Cells = std::vector<std::string>;
+
+TEST(PlanTables, HoldEveryFigureOfTheDrawing)
+{
+    const std::vector<tool::PlanTable> tables =
+        tool::tables_of(plan_of_ring(kField, plparcel::Cut::perpendicular, 1, 3));
+    ASSERT_EQ(tables.size(), 4u);
+    EXPECT_EQ(tables[0].title, "Pieces");
+    EXPECT_EQ(
+        tables[0].rows,
+        (std::vector<Cells>{
+            {"A", "1500", "1/3"}, {"B", "1500", "1/3"}, {"C", "1500", "rest"}, {"Parcel", "4500", ""}}));
+    EXPECT_EQ(tables[1].title, "Dividing lines");
+    EXPECT_EQ(tables[1].rows,
+              (std::vector<Cells>{{"P1 \u2013 P2", "50.00", "0.0000"}, {"P3 \u2013 P4", "50.00", "0.0000"}}));
+    EXPECT_EQ(tables[2].title, "Cut sides");
+    EXPECT_EQ(tables[2].rows, (std::vector<Cells>{{"1 \u2013 2", "90.00"}, {"3 \u2013 4", "90.00"}}));
+    EXPECT_EQ(tables[3].title, "Points around the parcel");
+    EXPECT_EQ(tables[3].rows, (std::vector<Cells>{{"1", "0.0000", "0.0000", "30.00"},
+                                                  {"P3", "30.0000", "0.0000", "30.00"},
+                                                  {"P1", "60.0000", "0.0000", "30.00"},
+                                                  {"2", "90.0000", "0.0000", "50.00"},
+                                                  {"3", "90.0000", "50.0000", "30.00"},
+                                                  {"P2", "60.0000", "50.0000", "30.00"},
+                                                  {"P4", "30.0000", "50.0000", "30.00"},
+                                                  {"4", "0.0000", "50.0000", "50.00"}}));
+}
+
+TEST(PlanTables, LargeAreasAreInHectaresOrAcresToo)
+{
+    tool::Plan plan = plan_of_ring({{0, 0}, {900, 0}, {900, 500}, {0, 500}}, plparcel::Cut::parallel, 1, 2);
+    EXPECT_EQ(tool::tables_of(plan)[0].heads, (Cells{"Piece", "Area", "asked"})) << "nobody knows the unit";
+    plan.unit = {"m", 1.0};
+    EXPECT_EQ(tool::tables_of(plan)[0].heads, (Cells{"Piece", "Area [m\u00b2]", "[ha]", "asked"}));
+    EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "22.5000", "1/2"}));
+    plan.unit = {"US survey foot", 1200.0 / 3937.0};
+    EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "5.1653", "1/2"}));
+}
+
+tool::PlanTable table_of(const std::string& title, std::size_t rows)
+{
+    return {title, {"Point", "E"}, std::vector<Cells>(rows, {"P1", "123456.0000"})};
+}
+
+TEST(TableSetter, SetsEveryRowOnce)
 {
     tool::Canvas canvas;
-    const auto height = [&](std::size_t rows, double width) {
-        const tool::FootTable table({{"Ends of lines", std::vector<std::string>(rows, "P1  E 100.0000")}},
-                                    canvas, width, 300.0);
-        return table.height();
-    };
-    EXPECT_EQ(height(2, 500.0), 74.0) << "the scale bar's";
-    EXPECT_EQ(height(4, 500.0), 74.0);
-    EXPECT_EQ(height(8, 500.0), 74.0) << "two columns";
-    EXPECT_GT(height(8, 260.0), 74.0) << "one, the scale bar beside it";
-    EXPECT_LE(height(8, 260.0), 120.0);
-    EXPECT_GT(height(100, 500.0), 120.0);
-    EXPECT_LT(height(100, 500.0), height(140, 500.0));
-    EXPECT_LE(height(5000, 500.0), 300.0) << "not whole";
+    for (const std::size_t rows : {1, 2, 5, 13, 70, 1000, 5000}) {
+        const tool::TableSetter setter({table_of("A", 3), table_of("B", rows)}, canvas);
+        tool::TableSetter::Position position;
+        std::size_t sheets = 0;
+        for (; !setter.is_end(position) && sheets < 100; ++sheets)
+            EXPECT_LE(setter.fill(canvas, {0, 0, 500, 600}, position), 600.0);
+        EXPECT_TRUE(setter.is_end(position)) << rows;
+        EXPECT_LE(sheets, 1 + rows / 150);
+    }
+    // Narrower than a column: a column all the same.
+    const tool::TableSetter setter({table_of("A", 9)}, canvas);
+    tool::TableSetter::Position position;
+    setter.fill(canvas, {0, 0, 10, 600}, position);
+    EXPECT_TRUE(setter.is_end(position));
 }
 
-// Rows are 12 points high, 9 in small text; 12 points are free above and below. The scale bar's corner is 180 by 66
-// points, so five rows of the column under it stay free, or six small ones.
-TEST(Foot, LeavesTheScaleBarsCornerFree)
+TEST(TableSetter, TakesTheLeastHeight)
 {
-    struct Row {
-        const char* what;
-        std::size_t rows;
-        double height;
-    };
     tool::Canvas canvas;
-    const std::string wide = "P1  E 123456789012.0000  N 123456789012.0000";
-    const double column = canvas.size_of(wide, 8.0).x;
-    ASSERT_GT(column, 170.0) << "the second of two columns lies under the scale bar";
-    for (const Row& row : {Row{"one column", 4, 74.0},
-                           {"5 + 0", 5, 84.0},
-                           {"6 + 1", 7, 96.0},
-                           {"7 + 2", 8, 108.0},
-                           {"7 + 2, full", 9, 108.0},
-                           {"8 + 3", 10, 120.0},
-                           {"8 + 3, full", 11, 120.0},
-                           {"small: 9 + 3", 12, 105.0}}) {
-        SCOPED_TRACE(row.what);
-        const tool::FootTable table({{"Ends of lines", std::vector<std::string>(row.rows, wide)}}, canvas,
-                                    2.0 * column + 20.0, 300.0);
-        EXPECT_EQ(table.height(), row.height);
-    }
+    const tool::TableSetter setter({table_of("A", 20)}, canvas);
+    const double wide = setter.height_for(500.0, 400.0);
+    const double narrow = setter.height_for(120.0, 400.0);
+    EXPECT_LT(wide, 0.6 * narrow);
+    EXPECT_LT(narrow, 400.0);
+    EXPECT_EQ(setter.height_for(120.0, 50.0), 50.0) << "no box takes it";
+}
+
+TEST(PlanSheets, TablesAndDetailsGoToFurtherSheets)
+{
+    EXPECT_EQ(tool::PlanSheets(plan_of_ring(kField, plparcel::Cut::parallel, 1, 3), Paper::a4).count(), 1u);
+    const tool::PlanSheets many(plan_of_ring(regular(500, 100), plparcel::Cut::parallel, 1, 4), Paper::a4);
+    EXPECT_GE(many.count(), 4u);
+    EXPECT_LE(many.count(), 7u);
+    EXPECT_EQ(many.files("a/plan.pdf"), (std::vector<std::string>{"a/plan.pdf"}));
+    EXPECT_EQ(many.files("a/plan.svg").size(), many.count());
+    EXPECT_EQ(many.files("a/plan.svg")[1], "a/plan-2.svg");
 }
 
 // ----------------------------------------------------------------------------------------------- the contents
@@ -370,19 +464,42 @@ TEST(PlanContents, FiguresHaveTheUnitOfTheCoordinates)
         const char* piece;
     };
     for (const Row& row :
-         {Row{{"", 1.0}, "Parcel 4000.0000, perimeter 260.0000", "1000.0000"},
-          {{"m", 1.0}, "Parcel 4000.0000 m\u00b2, perimeter 260.0000 m", "1000.0000 m\u00b2"},
-          {{"foot", 0.3048},
-           "Parcel 4000.0000 square foot, perimeter 260.0000 foot",
-           "1000.0000 square foot"}}) {
+         {Row{{"", 1.0}, "Parcel 4000, perimeter 260.00", "1000"},
+          {{"m", 1.0}, "Parcel 4000 m\u00b2, perimeter 260.00 m", "1000 m\u00b2"},
+          {{"foot", 0.3048}, "Parcel 4000 square foot, perimeter 260.00 foot", "1000 square foot"}}) {
         const tool::Plan plan = plan_of_lot({"lot.csv", ""}, row.unit, plparcel::Cut::parallel, 3);
         EXPECT_EQ(plan.subtitles,
                   (std::vector<std::string>{"Cut parallel to side 3, from vertex 3 to vertex 4: 1000",
                                             row.parcel}));
-        ASSERT_EQ(plan.piece_labels.size(), 2u);
-        EXPECT_EQ(plan.piece_labels[0], row.piece);
+        ASSERT_EQ(plan.pieces.size(), 2u);
+        EXPECT_EQ(plan.area_text(plan.pieces[0].area), row.piece);
         EXPECT_EQ(plan.unit.metres, row.unit.metres);
     }
+}
+
+TEST(PlanContents, AreasAreWholeUnlessAPieceIsSmall)
+{
+    struct Row {
+        double size;
+        int decimals;
+    };
+    // A third of a square.
+    for (const Row& row : {Row{100.0, 0}, {5.5, 0}, {5.4, 1}, {1.0, 2}, {0.1, 4}}) {
+        const double s = row.size;
+        const tool::Plan plan = plan_of_ring({{0, 0}, {s, 0}, {s, s}, {0, s}}, plparcel::Cut::parallel, 1, 3);
+        EXPECT_EQ(plan.area_decimals, row.decimals) << s;
+    }
+}
+
+TEST(PlanContents, PartsOfASideAddUp)
+{
+    const tool::Plan plan = plan_of_ring(kField, plparcel::Cut::perpendicular, 1, 3);
+    ASSERT_EQ(plan.sides.size(), 4u);
+    ASSERT_EQ(plan.sides[0].parts.size(), 3u);
+    EXPECT_EQ(plan.sides[0].whole, "90.00");
+    for (const tool::PlanPart& part : plan.sides[0].parts)
+        EXPECT_EQ(part.length, "30.00");
+    EXPECT_EQ(plan.sides[1].parts.size(), 1u);
 }
 
 TEST(PlanContents, TheBaseIsThatOfTheRequest)
@@ -456,7 +573,8 @@ private:
     std::vector<unsigned char> dots_;
 };
 
-// 80 metres at 1:500 are 160 millimetres, 907 dots at 144 to the inch; the strip is 12.5 metres high, 142 dots.
+// 80 metres at 1:500 are 160 millimetres, 907 dots at 144 to the inch; the strip is 12.5 metres high, 142 dots. The rest
+// is hatched on a lighter tint.
 TEST_F(Plans, PngIsTrueToScaleAndTinted)
 {
     write_wkt(kLot);
@@ -464,20 +582,21 @@ TEST_F(Plans, PngIsTrueToScaleAndTinted)
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(test::numbers_after(run.out, "cut off").at(0), 1000.0);
     const Picture plan(path("plan.png"));
-    ASSERT_EQ(plan.width(), 1684);
-    ASSERT_EQ(plan.height(), 1191);
+    const bool lies = plan.width() == 1684 && plan.height() == 1191;
+    ASSERT_TRUE(lies || (plan.width() == 1191 && plan.height() == 1684));
     int strip = 0;
     int rest = 0;
     int line = 0;
     for (int y = 0; y < plan.height(); ++y)
         for (int x = 0; x < plan.width(); ++x) {
             strip += plan.is(x, y, 247, 219, 168);
-            rest += plan.is(x, y, 204, 230, 207);
+            rest += plan.is(x, y, 230, 245, 230);
             line += plan.is(x, y, 184, 28, 28);
         }
     const double dots = 144.0 / 0.0254 / 500.0;
     EXPECT_NEAR(strip, 80 * 12.5 * dots * dots, 0.1 * 80 * 12.5 * dots * dots) << "less its label and rims";
-    EXPECT_NEAR(rest, 80 * 37.5 * dots * dots, 0.04 * 80 * 37.5 * dots * dots);
+    EXPECT_LT(rest, 0.95 * 80 * 37.5 * dots * dots) << "hatched";
+    EXPECT_GT(rest, 0.7 * 80 * 37.5 * dots * dots);
     EXPECT_GT(line, 907 * 2) << "the dividing line";
     for (int x = 0; x < plan.width(); ++x)
         ASSERT_TRUE(plan.is(x, 2, 255, 255, 255) && plan.is(x, plan.height() - 3, 255, 255, 255)) << x;
@@ -536,15 +655,85 @@ TEST_F(Plans, EveryPieceHasItsNumber)
 
 TEST_F(Plans, SvgAndPdfHaveTheirPaper)
 {
-    write_wkt(kLot);
+    write("lot.csv", "id,WKT\n1,\"POLYGON ((0 0, 200 0, 200 50, 0 50, 0 0))\"\n");
     ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg").status, 0);
-    EXPECT_NE(content("plan.svg").find("width=\"841.889764pt\" height=\"595.275591pt\""), std::string::npos)
+    EXPECT_NE(content("plan.svg").find("width=\"841.890pt\" height=\"595.276pt\""), std::string::npos)
         << content("plan.svg").substr(0, 300);
     ASSERT_EQ(divide("lot.csv", "--vertex 2 --parts 3 --plan plan.PDF --paper A3").status, 0);
     const std::string pdf = content("plan.PDF");
     EXPECT_EQ(pdf.rfind("%PDF-", 0), 0u);
     EXPECT_NE(pdf.find("/MediaBox [ 0 0 1190.551181 841.889764 ]"), std::string::npos);
     EXPECT_EQ(files(), 3u) << "nothing is left beside them";
+}
+
+TEST_F(Plans, TextOfAnSvgIsText)
+{
+    write("lots.csv", "lot no,WKT\n1234/5 <&>,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
+    const test::Result run = this->run(
+        {"divide", "lots.csv", "--parallel", "1", "--area", "1000", "--plan", "plan.svg", "--name-column",
+         "lot no", "--title", "Client=Rossi & Söhne", "--title", "Date=2026-11-22", "--area-decimals", "2"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::string svg = content("plan.svg");
+    for (const char* text :
+         {">Parcel 1234/5 &lt;&amp;&gt;</text>", ">1234/5 &lt;&amp;&gt;-A</text>", ">1000.00</text>",
+          ">P1</text>", ">12.50</text>", ">37.50</text>", ">4\u20131: 50.00</text>",
+          ">80.00   100.0000 gon</text>", ">Client: Rossi &amp; Söhne</text>", ">Date: 2026-11-22</text>",
+          "<title>Parcel 1234/5 &lt;&amp;&gt;</title>"})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    EXPECT_EQ(svg.find("glyph"), std::string::npos);
+}
+
+TEST_F(Plans, PdfHasItsTitleItsFontsAndItsSheets)
+{
+    std::string table = "E,N\n";
+    for (const PL_PNT2D_record& p : regular(300, 100))
+        table += std::to_string(p.x) + "," + std::to_string(p.y) + "\n";
+    write("round.csv", table);
+    ASSERT_EQ(divide("round.csv", "--parallel 1 --parts 3 --plan plan.pdf").status, 0);
+    const std::string pdf = content("plan.pdf");
+    EXPECT_NE(pdf.find("/Title (round.csv)"), std::string::npos);
+    EXPECT_NE(pdf.find("/FontFile"), std::string::npos) << "embedded";
+    std::size_t pages = 0;
+    for (std::size_t at = pdf.find("/Type /Page "); at != std::string::npos;
+         at = pdf.find("/Type /Page ", at + 1))
+        ++pages;
+    EXPECT_GE(pages, 3u);
+
+    const test::Result run = divide("round.csv", "--parallel 1 --parts 3 --plan plan.png");
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (std::size_t i = 2; i <= pages; ++i)
+        EXPECT_GT(Picture(path("plan-" + std::to_string(i) + ".png")).width(), 0) << i;
+    EXPECT_NE(run.out.find("Written  plan.png\nWritten  plan-2.png\n"), std::string::npos) << run.out;
+    // All of them or none: one of the names is taken.
+    write("next-2.svg", "mine");
+    EXPECT_EQ(divide("round.csv", "--parallel 1 --parts 3 --plan next.svg").status, 2);
+    EXPECT_FALSE(std::filesystem::exists(path("next.svg")));
+    EXPECT_EQ(content("next-2.svg"), "mine");
+}
+
+TEST_F(Plans, TitleBlockFromAFile)
+{
+    write_wkt(kLot);
+    write("block.txt", "# what is on every sheet\r\nProject = Sunny Hill\r\n\r\nClient=Rossi = Neri\r\n");
+    ASSERT_EQ(
+        divide("lot.csv",
+               "--parallel 1 --area 1000 --plan plan.svg --title-block block.txt --title Client=Bianchi")
+            .status,
+        0);
+    const std::string svg = content("plan.svg");
+    EXPECT_NE(svg.find(">Project: Sunny Hill</text>"), std::string::npos);
+    EXPECT_NE(svg.find(">Client: Bianchi</text>"), std::string::npos) << "the option comes last";
+    write("bad.txt", "Project Sunny Hill\n");
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block bad.txt"), 2,
+                         "bad.txt: 'Project Sunny Hill' is not an entry of a title block; write it as "
+                         "Client=Rossi"));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block none.txt"), 3,
+        "none.txt: the title block cannot be read; name a text file with lines such as "
+        "Client=Rossi"));
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block /dev/zero").status, 3);
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block /").status, 3);
 }
 
 TEST_F(Plans, DifficultParcelsAreDrawn)
@@ -616,6 +805,17 @@ TEST_F(Plans, RefusedWishes)
         test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan nowhere/plan.pdf"), 1,
                          "nowhere/plan.pdf: the file cannot be written (No such file or directory); check "
                          "the folder and its permissions"));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--parallel 1 --area 5 --area-decimals 2"), 2,
+        "--area-decimals is about a plan; name it with --plan PLAN; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan plan.pdf --area-decimals -1"), 2,
+                         "--area-decimals: '-1' is not a number from 0 to 12; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan plan.pdf --title Rossi"), 2,
+                         "--title: 'Rossi' is not an entry of a title block; write it as Client=Rossi"));
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan plan.pdf --name-column lot"),
+                                 2, "lot.csv: there is no column 'lot'; choose one of: id, WKT"));
     std::filesystem::create_directory(path("folder.pdf"));
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 1000 --plan folder.pdf"), 2,
                                  "folder.pdf: this is a folder; name a file in it"));

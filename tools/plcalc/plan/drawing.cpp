@@ -1,223 +1,274 @@
 #include "plan/drawing.h"
 
-#include <cstddef>
-#include <iterator>
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
 
-#include "plan/foot_table.h"
 #include "plan/labels.h"
+#include "plan/map.h"
 #include "sheet/canvas.h"
 #include "text/numbers.h"
 
 namespace tool {
 namespace {
 
-using plparcel::Ring;
-
-// Neighbouring tints differ in grey print too.
-constexpr Colour kTints[] = {{0.97, 0.86, 0.66}, {0.80, 0.90, 0.81}, {0.82, 0.86, 0.96},
-                             {0.97, 0.82, 0.80}, {0.90, 0.84, 0.94}, {0.96, 0.95, 0.75}};
-
 // Sizes of text, points.
 constexpr double kTitleSize = 14.0;
 constexpr double kTextSize = 9.0;
 
-constexpr double kFootIndent = 10.0;
+constexpr double kIndent = 10.0;        // from the frame
+constexpr double kPadding = 12.0;       // above and below the tables
+constexpr double kInformation = 190.0;  // width of the block with scale, CRS and title block
+constexpr double kInformationRow = 11.0;
+constexpr double kScaleHeight = 52.0;
 
 // The foot takes at most this part of the frame.
-constexpr double kMaxFoot = 0.45;
+constexpr double kMaxFoot = 0.4;
 
-// A larger table makes the drawing smaller, which may push more labels into the table. After this many rounds
-// the layout stays.
-constexpr int kMaxTrials = 4;
-
-FootTable foot_of(const Plan& plan, const AtFoot& at_foot, Canvas& canvas, const SheetBox& frame)
+// As much of the text as fits, in whole characters: the bytes of one after its first are 10xxxxxx.
+std::string fitted(Canvas& canvas, std::string text, double size, bool bold, double room)
 {
-    return {foot_sections(plan, at_foot), canvas, frame.width() - 2.0 * kFootIndent,
-            kMaxFoot * frame.height()};
+    bool cut = false;
+    while (!text.empty() && canvas.size_of(cut ? text + "..." : text, size, bold).x > room) {
+        std::size_t last = text.size() - 1;
+        while (last > 0 && (text[last] & 0xC0) == 0x80)
+            --last;
+        text.resize(last);
+        cut = true;
+    }
+    return cut ? text + "..." : text;
 }
 
-PlanLayout layout_for(const Plan& plan, Paper paper, const AtFoot& at_foot)
+// "1:1000000", and "1:0.5" for what is drawn larger than it is.
+std::string scale_text(double denominator)
+{
+    constexpr double kWhole = 100.0;
+    return "1:" + (denominator >= kWhole ? fixed(denominator, 0) : shortest(denominator));
+}
+
+double table_width(const SheetBox& frame)
+{
+    return frame.width() - kInformation - 3.0 * kIndent;
+}
+
+// Scale, CRS or a word on the unit, title block, number of the sheet.
+double information_height(const Plan& plan)
+{
+    return kScaleHeight + kInformationRow * (2.0 + static_cast<double>(plan.title_block.size())) + kPadding;
+}
+
+double foot_height(const Plan& plan, const TableSetter& tables, const SheetBox& frame)
+{
+    const double needed = tables.height_for(table_width(frame), kMaxFoot * frame.height()) + 2.0 * kPadding;
+    return std::max(information_height(plan), needed);
+}
+
+// As many of the tables, the first ones, as the foot of the first sheet takes whole.
+std::size_t tables_at_foot(const Plan& plan, const std::vector<PlanTable>& tables, Paper paper)
+{
+    Canvas ruler;
+    const PlanLayout layout(plan.ring, plan.unit.metres, paper, [](const SheetBox&) { return 100.0; });
+    const double highest = kMaxFoot * layout.frame().height();
+    for (std::size_t count = tables.size(); count > 0; --count) {
+        const TableSetter setter({tables.begin(), tables.begin() + static_cast<std::ptrdiff_t>(count)},
+                                 ruler);
+        if (setter.height_for(table_width(layout.frame()), highest) < highest)
+            return count;
+    }
+    return 0;
+}
+
+TableSetter setter_of(const Plan& plan, Paper paper, bool at_foot)
+{
+    Canvas ruler;
+    const std::vector<PlanTable> tables = tables_of(plan);
+    const auto split = tables.begin() + static_cast<std::ptrdiff_t>(tables_at_foot(plan, tables, paper));
+    return at_foot ? TableSetter({tables.begin(), split}, ruler) : TableSetter({split, tables.end()}, ruler);
+}
+
+WithoutLabel without_label(const Plan& plan, const PlanLayout& layout)
 {
     Canvas trial;
-    return {plan.ring, plan.unit.metres, paper,
-            [&](const SheetBox& frame) { return foot_of(plan, at_foot, trial, frame).height(); }};
+    const View view = layout.view();
+    return PlanLabels(plan, view, trial).draw();
 }
 
-// Everything about one sheet while it is drawn.
-class Drawing {
-public:
-    Drawing(const Plan& plan, Paper paper, const PlanLayout& layout, Canvas& canvas)
-        : plan_(plan), paper_(paper), layout_(layout), canvas_(canvas), outline_(on_sheet(plan.ring))
-    {}
-
-    void draw(const AtFoot& at_foot)
-    {
-        draw_pieces();
-        draw_boundary();
-        draw_lines();
-        draw_frame();
-        draw_north_arrow();
-        PlanLabels(plan_, layout_, canvas_, at_foot).draw();
-        draw_title();
-        draw_foot(at_foot);
-        canvas_.finish();
-    }
-
-private:
-    std::vector<SheetPoint> on_sheet(const Ring& ring) const
-    {
-        std::vector<SheetPoint> outline;
-        for (const PL_PNT2D_record& p : ring)
-            outline.push_back(layout_.at(p));
-        return outline;
-    }
-
-    const SheetPoint& vertex(std::size_t i) const { return outline_[i % outline_.size()]; }
-
-    void draw_pieces()
-    {
-        for (std::size_t i = 0; i < plan_.pieces.size(); ++i)
-            canvas_.fill(on_sheet(plan_.pieces[i]), kTints[i % std::size(kTints)]);
-    }
-
-    void draw_boundary()
-    {
-        canvas_.stroke(outline_, kInk, 1.0);
-        if (plan_.base_side)
-            canvas_.line(vertex(*plan_.base_side), vertex(*plan_.base_side + 1), kBlue, 3.0);
-        for (std::size_t i = 0; i < outline_.size(); ++i)
-            canvas_.dot(outline_[i], 1.8, kPaper, kInk);
-        if (plan_.base_vertex)
-            canvas_.dot(vertex(*plan_.base_vertex), 3.5, kPaper, kBlue);
-    }
-
-    void draw_lines()
-    {
-        for (const PL_LINE_2D_record& line : plan_.lines) {
-            const SheetPoint a = layout_.at(line.start);
-            const SheetPoint b = layout_.at(line.end);
-            canvas_.line(a, b, kRed, 1.6);
-            canvas_.dot(a, 2.2, kRed, kRed);
-            canvas_.dot(b, 2.2, kRed, kRed);
-        }
-    }
-
-    void draw_frame()
-    {
-        const SheetBox f = layout_.frame();
-        canvas_.stroke({{f.left, f.top}, {f.right, f.top}, {f.right, f.bottom}, {f.left, f.bottom}}, kGrey,
-                       0.7);
-        const SheetBox d = layout_.drawing();
-        canvas_.line({d.left, d.top}, {d.right, d.top}, kGrey, 0.5);
-        canvas_.line({d.left, d.bottom}, {d.right, d.bottom}, kGrey, 0.5);
-    }
-
-    // In the upper right corner of the title, where no parcel is drawn.
-    void draw_north_arrow()
-    {
-        const SheetBox f = layout_.frame();
-        const SheetPoint tip = {f.right - 24.0, f.top + 10.0};
-        canvas_.fill({tip, {tip.x - 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk);
-        canvas_.stroke({tip, {tip.x + 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk, 0.7);
-        canvas_.text("N", {tip.x, tip.y + 40.0}, kTextSize, kInk, Anchor::centre, true);
-    }
-
-    // As much of the text as fits, in whole characters: the bytes of one after its first are 10xxxxxx.
-    std::string fitted(std::string text, double size, bool bold, double room)
-    {
-        bool cut = false;
-        while (!text.empty() && canvas_.size_of(cut ? text + "..." : text, size, bold).x > room) {
-            std::size_t last = text.size() - 1;
-            while (last > 0 && (text[last] & 0xC0) == 0x80)
-                --last;
-            text.resize(last);
-            cut = true;
-        }
-        return cut ? text + "..." : text;
-    }
-
-    void draw_title()
-    {
-        const SheetBox f = layout_.frame();
-        const double room = f.width() - 70.0;
-        double y = f.top + 15.0;
-        canvas_.text(fitted(plan_.title, kTitleSize, true, room), {f.left + 10.0, y}, kTitleSize, kInk,
-                     Anchor::left, true);
-        for (const std::string& line : plan_.subtitles) {
-            y += 16.0;
-            canvas_.text(fitted(line, kTextSize, false, room), {f.left + 10.0, y}, kTextSize, kInk,
-                         Anchor::left);
-        }
-    }
-
-    void draw_foot(const AtFoot& at_foot)
-    {
-        const SheetBox f = layout_.frame();
-        const SheetBox d = layout_.drawing();
-        foot_of(plan_, at_foot, canvas_, f).draw(canvas_, {f.left + kFootIndent, d.bottom});
-        draw_scale_bar({f.right - 12.0, d.bottom + 20.0});
-    }
-
-    // Four fields; the right end is given.
-    void draw_scale_bar(const SheetPoint& right_end)
-    {
-        constexpr double kLongest = 150.0;
-        constexpr int kFields = 4;
-        constexpr double kHeight = 5.0;
-        const double length = round_length(kLongest / layout_.points_per_unit());
-        const double width = length * layout_.points_per_unit();
-        const double left = right_end.x - width;
-        for (int i = 0; i < kFields; ++i) {
-            const double x = left + width * i / kFields;
-            const double next = left + width * (i + 1) / kFields;
-            const std::vector<SheetPoint> field = {{x, right_end.y},
-                                                   {next, right_end.y},
-                                                   {next, right_end.y + kHeight},
-                                                   {x, right_end.y + kHeight}};
-            canvas_.fill(field, i % 2 == 0 ? kInk : kPaper);
-            canvas_.stroke(field, kInk, 0.6);
-        }
-        const std::string unit = plan_.unit.name.empty() ? "" : " " + plan_.unit.name;
-        canvas_.text("0", {left, right_end.y + 13.0}, kSmallSize, kInk);
-        canvas_.text(shortest(length) + unit, {right_end.x, right_end.y + 13.0}, kSmallSize, kInk,
-                     Anchor::right);
-        canvas_.text("Scale 1:" + shortest(layout_.denominator()) + " on " + paper_name(paper_),
-                     {right_end.x, right_end.y + 28.0}, kTextSize, kInk, Anchor::right, true);
-        if (plan_.unit.name.empty())
-            canvas_.text("coordinates taken as metres", {right_end.x, right_end.y + 40.0}, kSmallSize, kGrey,
-                         Anchor::right);
-    }
-
-    const Plan& plan_;
-    Paper paper_;
-    const PlanLayout& layout_;
-    Canvas& canvas_;
-    std::vector<SheetPoint> outline_;
-};
-
-// What the foot must hold: the labels that find no place on the drawing that it leaves.
-AtFoot what_goes_to_the_foot(const Plan& plan, Paper paper)
+// In the upper right corner of the title, where no parcel is drawn.
+void draw_north_arrow(Canvas& canvas, const SheetPoint& tip)
 {
-    AtFoot at_foot;
-    for (int trial = 0; trial < kMaxTrials; ++trial) {
-        Canvas canvas;
-        const PlanLayout layout = layout_for(plan, paper, at_foot);
-        const AtFoot more = PlanLabels(plan, layout, canvas, at_foot).draw();
-        if (more == at_foot)
-            break;
-        at_foot = more;
+    canvas.fill({tip, {tip.x - 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk);
+    canvas.stroke({tip, {tip.x + 6.0, tip.y + 30.0}, {tip.x, tip.y + 24.0}}, kInk, 0.7);
+    canvas.text("N", {tip.x, tip.y + 40.0}, kTextSize, kInk, Anchor::centre, true);
+}
+
+// Four fields; the right end is given.
+void draw_scale_bar(Canvas& canvas, const Plan& plan, double points_per_unit, const SheetPoint& right_end)
+{
+    constexpr double kLongest = 150.0;
+    constexpr int kFields = 4;
+    constexpr double kHeight = 5.0;
+    const double length = round_length(kLongest / points_per_unit);
+    const double width = length * points_per_unit;
+    const double left = right_end.x - width;
+    for (int i = 0; i < kFields; ++i) {
+        const double x = left + width * i / kFields;
+        const double next = left + width * (i + 1) / kFields;
+        const std::vector<SheetPoint> field = {
+            {x, right_end.y}, {next, right_end.y}, {next, right_end.y + kHeight}, {x, right_end.y + kHeight}};
+        canvas.fill(field, i % 2 == 0 ? kInk : kPaper);
+        canvas.stroke(field, kInk, 0.6);
     }
-    return at_foot;
+    canvas.text("0", {left, right_end.y + 13.0}, kSmallSize, kInk);
+    canvas.text(shortest(length) + (plan.unit.name.empty() ? "" : " " + plan.unit.name),
+                {right_end.x, right_end.y + 13.0}, kSmallSize, kInk, Anchor::right);
 }
 
 }  // namespace
 
-void draw_plan(const Plan& plan, Paper paper, const std::string& path, const std::string& name)
+PlanSheets::PlanSheets(const Plan& plan, Paper paper)
+    : plan_(plan), paper_(paper), foot_tables_(setter_of(plan, paper, true)),
+      other_tables_(setter_of(plan, paper, false)),
+      layout_(plan.ring, plan.unit.metres, paper,
+              [&](const SheetBox& frame) { return foot_height(plan, foot_tables_, frame); }),
+      details_(plan, layout_, without_label(plan, layout_)), table_sheets_(count_table_sheets())
+{}
+
+SheetBox PlanSheets::table_box() const
 {
-    const AtFoot at_foot = what_goes_to_the_foot(plan, paper);
-    const PlanLayout layout = layout_for(plan, paper, at_foot);
-    Canvas canvas(path, layout.sheet(), name);
-    Drawing(plan, paper, layout, canvas).draw(at_foot);
+    const SheetBox frame = layout_.frame();
+    return {frame.left + kIndent, layout_.drawing().top + kPadding, frame.right - kIndent,
+            frame.bottom - kPadding};
+}
+
+std::size_t PlanSheets::count_table_sheets() const
+{
+    Canvas trial;
+    std::size_t sheets = 0;
+    for (TableSetter::Position position; !other_tables_.is_end(position); ++sheets)
+        other_tables_.fill(trial, table_box(), position);
+    return sheets;
+}
+
+std::vector<std::string> PlanSheets::files(const std::string& path) const
+{
+    std::vector<std::string> files = {path};
+    const std::filesystem::path first(path);
+    for (std::size_t i = 2; i <= count() && !Canvas::has_pages(path); ++i)
+        files.push_back((first.parent_path() /
+                         (first.stem().string() + "-" + std::to_string(i) + first.extension().string()))
+                            .string());
+    return files;
+}
+
+void PlanSheets::draw(const std::vector<std::string>& paths, const std::vector<std::string>& names) const
+{
+    TableSetter::Position position;
+    const SheetPoint sheet = layout_.sheet();
+    for (std::size_t file = 0; file < paths.size(); ++file) {
+        Canvas canvas(paths[file], sheet, plan_.title, names[file]);
+        draw_sheet(canvas, file, position);
+        for (std::size_t i = 1; i < count() && paths.size() == 1; ++i) {
+            canvas.next_page(sheet);
+            draw_sheet(canvas, i, position);
+        }
+        canvas.finish();
+    }
+}
+
+void PlanSheets::draw_sheet(Canvas& canvas, std::size_t sheet, TableSetter::Position& position) const
+{
+    draw_frame(canvas);
+    draw_title(canvas);
+    if (sheet == 0)
+        draw_first(canvas);
+    else
+        draw_further(canvas, sheet, position);
+}
+
+void PlanSheets::draw_first(Canvas& canvas) const
+{
+    const SheetBox f = layout_.frame();
+    const SheetBox d = layout_.drawing();
+    canvas.line({d.left, d.bottom}, {d.right, d.bottom}, kGrey, 0.5);
+    draw_north_arrow(canvas, {f.right - 24.0, f.top + 10.0});
+    draw_map(plan_, layout_.view(), canvas);
+    for (const Detail& detail : details_.all())
+        canvas.ring(layout_.at(detail.middle), detail.radius, kInk, 0.8);
+    const View view = layout_.view();
+    PlanLabels labels(plan_, view, canvas);
+    labels.draw();
+    for (const Detail& detail : details_.all())
+        labels.label_mark(detail.name, layout_.at(detail.middle), detail.radius);
+    TableSetter::Position position;
+    foot_tables_.fill(
+        canvas,
+        {f.left + kIndent, d.bottom + kPadding, f.left + kIndent + table_width(f), f.bottom - kPadding},
+        position);
+    draw_information(canvas, {f.right - kIndent - kInformation, d.bottom, f.right - kIndent, f.bottom});
+}
+
+void PlanSheets::draw_further(Canvas& canvas, std::size_t sheet, TableSetter::Position& position) const
+{
+    const SheetBox f = layout_.frame();
+    canvas.text("Sheet " + std::to_string(sheet + 1) + " of " + std::to_string(count()),
+                {f.right - kIndent, f.top + 15.0}, kTextSize, kInk, Anchor::right, true);
+    if (sheet > details_.sheets()) {
+        other_tables_.fill(canvas, table_box(), position);
+        return;
+    }
+    const std::size_t first = (sheet - 1) * PlanDetails::kPerSheet;
+    for (std::size_t i = first; i < std::min(first + PlanDetails::kPerSheet, details_.all().size()); ++i) {
+        const View view = details_.view(layout_, i);
+        draw_map(plan_, view, canvas);
+        PlanLabels(plan_, view, canvas).draw();
+        const SheetBox& b = view.box;
+        canvas.stroke({{b.left, b.top}, {b.right, b.top}, {b.right, b.bottom}, {b.left, b.bottom}}, kGrey,
+                      0.7);
+        canvas.text(details_.all()[i].name + ", " + scale_text(details_.all()[i].denominator),
+                    {b.left, b.top - 7.0}, kTextSize, kInk, Anchor::left, true);
+    }
+}
+
+void PlanSheets::draw_frame(Canvas& canvas) const
+{
+    const SheetBox f = layout_.frame();
+    canvas.stroke({{f.left, f.top}, {f.right, f.top}, {f.right, f.bottom}, {f.left, f.bottom}}, kGrey, 0.7);
+    const double top = layout_.drawing().top;
+    canvas.line({f.left, top}, {f.right, top}, kGrey, 0.5);
+}
+
+void PlanSheets::draw_title(Canvas& canvas) const
+{
+    const SheetBox f = layout_.frame();
+    const double room = f.width() - 90.0;
+    double y = f.top + 15.0;
+    canvas.text(fitted(canvas, plan_.title, kTitleSize, true, room), {f.left + kIndent, y}, kTitleSize, kInk,
+                Anchor::left, true);
+    for (const std::string& line : plan_.subtitles) {
+        y += 16.0;
+        canvas.text(fitted(canvas, line, kTextSize, false, room), {f.left + kIndent, y}, kTextSize, kInk,
+                    Anchor::left);
+    }
+}
+
+void PlanSheets::draw_information(Canvas& canvas, const SheetBox& box) const
+{
+    draw_scale_bar(canvas, plan_, layout_.points_per_unit(), {box.right, box.top + 14.0});
+    canvas.text("Scale " + scale_text(layout_.denominator()) + " on " + paper_name(paper_),
+                {box.right, box.top + 42.0}, kTextSize, kInk, Anchor::right, true);
+    double y = box.top + kScaleHeight + 0.5 * kInformationRow;
+    const auto write = [&](const std::string& text, const Colour& colour) {
+        canvas.text(fitted(canvas, text, kSmallSize, false, box.width()), {box.left, y}, kSmallSize, colour,
+                    Anchor::left);
+        y += kInformationRow;
+    };
+    if (!plan_.crs.empty())
+        write(plan_.crs, kInk);
+    else
+        write(plan_.unit.name.empty() ? "no CRS; coordinates taken as metres" : "no CRS", kGrey);
+    for (const auto& [key, value] : plan_.title_block)
+        write(key + ": " + value, kInk);
+    write("Sheet 1 of " + std::to_string(count()), kInk);
 }
 
 }  // namespace tool

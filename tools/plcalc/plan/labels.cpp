@@ -10,72 +10,137 @@ namespace {
 constexpr double kAreaSize = 10.0;
 constexpr double kLabelSize = 8.0;
 
-// A side this many times as long as its label leaves room for the numbers of its vertices.
-constexpr double kLongSide = 1.3;
+// Between lines of one label, parts of its size.
+constexpr double kLineStep = 1.25;
 
-// With more areas beside their pieces than this, the hair lines make a thicket.
+// From a side to the length of a part of it, and to the length of all of it.
+constexpr double kPartGap = 7.0;
+constexpr double kWholeGap = 18.0;
+
+// New points on a side that are nearer to each other than this have names across the side.
+constexpr double kLevelNames = 30.0;
+
+// A shorter part is not labelled.
+constexpr double kLeastPart = 4.0;
+
+// With more labels beside their pieces than this, the hair lines make a thicket.
 constexpr std::size_t kMaxBeside = 12;
 
-// From a number to the boundary of its piece, points.
-constexpr double kLeastRoom = 1.5;
+// So many corners have room for names all around them.
+constexpr std::size_t kFewCorners = 40;
+
+// So many corners and sides are tried; the tables have all of them.
+constexpr std::size_t kMaxTried = 1500;
+
+SheetPoint turned_around(const SheetPoint& p)
+{
+    return {-p.x, -p.y};
+}
+
+SheetPoint middle_of(const SheetPoint& a, const SheetPoint& b)
+{
+    return {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
+}
+
+double distance(const SheetPoint& a, const SheetPoint& b)
+{
+    return length_of({b.x - a.x, b.y - a.y});
+}
+
+bool runs_clockwise(const std::vector<SheetPoint>& outline)
+{
+    double twice = 0.0;
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+        const SheetPoint& a = outline[i];
+        const SheetPoint& b = outline[(i + 1) % outline.size()];
+        twice += (a.x - outline[0].x) * (b.y - outline[0].y) - (b.x - outline[0].x) * (a.y - outline[0].y);
+    }
+    return twice > 0.0;  // the sheet's y runs downwards
+}
+
+// Tens first, then fives, then the others: where names are left out, those that stay are easy to count from.
+std::vector<std::size_t> corners_in_order(std::size_t count)
+{
+    std::vector<std::size_t> order;
+    const auto add = [&](auto chosen) {
+        for (std::size_t i = 0; i < count && order.size() < kMaxTried; ++i)
+            if (chosen(i + 1))
+                order.push_back(i);
+    };
+    if (count <= kFewCorners) {
+        add([](std::size_t) { return true; });
+        return order;
+    }
+    add([](std::size_t number) { return number == 1 || number % 10 == 0; });
+    add([](std::size_t number) { return number % 10 == 5; });
+    add([](std::size_t number) { return number != 1 && number % 5 != 0; });
+    return order;
+}
 
 }  // namespace
 
-PlanLabels::PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot)
-    : plan_(plan), layout_(layout), canvas_(canvas), at_foot_(at_foot), places_(layout.drawing()),
-      outline_(on_sheet(plan.ring))
+PlanLabels::PlanLabels(const Plan& plan, const View& view, Canvas& canvas)
+    : plan_(plan), view_(view), canvas_(canvas), places_(view.box)
 {
+    for (const PlanPoint& p : plan.points)
+        points_.push_back(view.at(p.at));
+    for (const PL_PNT2D_record& p : plan.ring)
+        outline_.push_back(view.at(p));
+    clockwise_on_sheet_ = runs_clockwise(outline_);
     for (std::size_t i = 0; i < outline_.size(); ++i)
-        places_.add_line(vertex(i), vertex(i + 1));
-    for (const PL_LINE_2D_record& line : plan_.lines)
-        places_.add_line(layout_.at(line.start), layout_.at(line.end));
+        places_.add_line(outline_[i], outline_[(i + 1) % outline_.size()]);
+    for (const PlanLine& line : plan_.lines)
+        places_.add_line(point(line.from), point(line.to));
 }
 
-// Long sides come before the ends of lines on them: a length away from the middle of its side would be read
-// as the length of a part. Ends come before the vertices, which may be so many that they leave no room.
-AtFoot PlanLabels::draw()
+// What tells most comes first. Pieces come before lengths, because a hair line to a thin piece needs a gap between them.
+WithoutLabel PlanLabels::draw()
 {
-    label_sides(true);
-    label_line_ends();
-    label_vertices();
-    label_sides(false);
-    if (at_foot_.pieces)
-        number_pieces();
-    else
-        label_pieces();
-    return at_foot_;
-}
-
-std::vector<SheetPoint> PlanLabels::on_sheet(const plparcel::Ring& ring) const
-{
-    std::vector<SheetPoint> outline;
-    for (const PL_PNT2D_record& p : ring)
-        outline.push_back(layout_.at(p));
-    return outline;
+    label_new_points();
+    label_pieces();
+    label_parts(true);
+    label_wholes();
+    // Where corners are many, their names tell more: the table has the lengths by these names.
+    const bool many = outline_.size() > kFewCorners;
+    if (many)
+        label_corners();
+    label_parts(false);
+    if (!many)
+        label_corners();
+    label_lines();
+    return without_;
 }
 
 // The direction out of the parcel, at right angles to a side.
 SheetPoint PlanLabels::outwards(std::size_t side) const
 {
-    const SheetPoint along = direction(vertex(side), vertex(side + 1));
-    const SheetPoint middle = {(vertex(side).x + vertex(side + 1).x) * 0.5,
-                               (vertex(side).y + vertex(side + 1).y) * 0.5};
+    const SheetPoint along = direction(outline_[side], outline_[(side + 1) % outline_.size()]);
     const SheetPoint left = {along.y, -along.x};
-    return is_inside(outline_, moved(middle, left, 0.5)) ? SheetPoint{-left.x, -left.y} : left;
+    return clockwise_on_sheet_ ? left : turned_around(left);
 }
 
-SheetPoint PlanLabels::other_end(const PL_PNT2D_record& p) const
+void PlanLabels::label_mark(const std::string& text, const SheetPoint& p, double away)
 {
-    for (const PL_LINE_2D_record& line : plan_.lines) {
-        if (line.start.x == p.x && line.start.y == p.y)
-            return layout_.at(line.end);
-        if (line.end.x == p.x && line.end.y == p.y)
-            return layout_.at(line.start);
+    const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
+    std::vector<SheetPoint> places;
+    constexpr int kDirections = 16;
+    for (const double farther : {0.0, 8.0, 16.0, 32.0, 48.0}) {
+        for (int i = 0; i < kDirections; ++i) {
+            const double turn = 2.0 * kPi * i / kDirections;
+            const double reach =
+                away + farther + 4.0 +
+                0.5 * (std::fabs(std::cos(turn)) * extent.x + std::fabs(std::sin(turn)) * extent.y);
+            places.push_back(moved(p, {std::cos(turn), std::sin(turn)}, reach));
+        }
     }
-    return layout_.at(p);
+    if (const auto place = places_.first_free(places, {extent.x + 2.0, extent.y})) {
+        const SheetPoint towards = direction(p, *place);
+        canvas_.line(moved(p, towards, away), *place, kInk, 0.4);
+        canvas_.text(text, *place, kLabelSize, kInk, Anchor::centre, true);
+    }
 }
 
-void PlanLabels::label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
+bool PlanLabels::label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
                               const Colour& colour, bool may_cross_lines)
 {
     const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
@@ -84,122 +149,207 @@ void PlanLabels::label_around(const std::string& text, const SheetPoint& p, cons
         places_.first_free(places_around(p, first, near), {extent.x + 2.0, extent.y}, 0.0, may_cross_lines);
     if (place)
         canvas_.text(text, *place, kLabelSize, colour, Anchor::centre, true);
-}
-
-void PlanLabels::label_vertices()
-{
-    for (std::size_t i = 0; i < outline_.size(); ++i) {
-        const SheetPoint before = outwards((i + outline_.size() - 1) % outline_.size());
-        const SheetPoint after = outwards(i);
-        const SheetPoint out = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
-        label_around(std::to_string(i + 1), outline_[i], out, kInk, true);
-    }
-}
-
-// In the direction of the line, outside the parcel. Where there are too many lines, the table at the foot has
-// their ends in order.
-void PlanLabels::label_line_ends()
-{
-    const std::vector<PL_PNT2D_record> ends = line_ends(plan_);
-    for (std::size_t i = 0; i < ends.size(); ++i) {
-        const SheetPoint p = layout_.at(ends[i]);
-        label_around(end_name(i), p, direction(other_end(ends[i]), p), kRed, false);
-    }
-}
-
-// How many times the label of a side fits along it.
-double PlanLabels::room_along(std::size_t side)
-{
-    const double length =
-        length_of({vertex(side + 1).x - vertex(side).x, vertex(side + 1).y - vertex(side).y});
-    return length / canvas_.size_of(side_text(plan_, side), kSmallSize).x;
-}
-
-void PlanLabels::label_sides(bool long_ones)
-{
-    for (std::size_t i = 0; i < outline_.size(); ++i)
-        if (at_foot_.sides.count(i) == 0 && (room_along(i) > kLongSide) == long_ones && !label_side(i))
-            at_foot_.sides.insert(i);
-    // If most lengths stand at the foot, all of them do: nobody should have to look in two places.
-    for (std::size_t i = 0; 2 * at_foot_.sides.size() > outline_.size() && i < outline_.size(); ++i)
-        at_foot_.sides.insert(i);
-}
-
-// Along the side if it is long enough, level beside it if not.
-bool PlanLabels::label_side(std::size_t side)
-{
-    const std::string text = side_text(plan_, side);
-    const SheetPoint a = vertex(side);
-    const SheetPoint b = vertex(side + 1);
-    const SheetPoint out = outwards(side);
-    const SheetPoint extent = canvas_.size_of(text, kSmallSize);
-    std::vector<SheetPoint> beside;
-    for (const double part : {0.5, 0.35, 0.65, 0.25, 0.75})
-        beside.push_back(moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, out, 7.0));
-    const SheetPoint middle = {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
-    const bool fits = room_along(side) > 1.0;
-    const double angle = fits ? reading_angle(a, b) : 0.0;
-    const auto place = fits ? places_.first_free_along(beside, extent, angle)
-                            : places_.first_free(outside_of(middle, out, extent), extent);
-    if (place)
-        canvas_.text(text, *place, kSmallSize, kGrey, Anchor::centre, false, angle);
     return place.has_value();
 }
 
-// Places for level text beside a short side. Inside the parcel or far off, the text would seem to belong to
-// another side.
-std::vector<SheetPoint> PlanLabels::outside_of(const SheetPoint& middle, const SheetPoint& out,
-                                               const SheetPoint& extent) const
+// Across the side, like the rungs of a ladder.
+bool PlanLabels::label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out)
 {
-    const double near = 4.0 + 0.5 * (std::fabs(out.x) * extent.x + std::fabs(out.y) * extent.y);
-    std::vector<SheetPoint> places;
-    for (const SheetPoint& p : {moved(middle, out, near), moved(middle, out, 1.4 * near)})
-        if (!is_inside(outline_, p))
-            places.push_back(p);
-    return places;
+    const SheetPoint extent = canvas_.size_of(text, kSmallSize, true);
+    const double angle = reading_angle({0.0, 0.0}, out);
+    const auto place = places_.first_free_along({moved(p, out, 0.5 * extent.x + 5.0)}, extent, angle);
+    if (place)
+        canvas_.text(text, *place, kSmallSize, kRed, Anchor::centre, true, angle);
+    return place.has_value();
 }
 
-// Areas stand in their pieces or beside them. If one finds no place, all of them stand at the foot.
-void PlanLabels::label_pieces()
+// Beyond the end of the line, outside the parcel; around it where there is room for level text.
+void PlanLabels::label_new_points()
 {
-    std::size_t beside = 0;
-    for (std::size_t i = 0; i < plan_.pieces.size() && i < plan_.piece_labels.size(); ++i) {
-        const std::vector<RoomyPlace> inside = roomy_places(on_sheet(plan_.pieces[i]));
-        if (label_inside(plan_.piece_labels[i], inside))
-            continue;
-        const SheetPoint piece = inside.empty() ? layout_.at(plan_.pieces[i].front()) : inside.front().at;
-        if (++beside > kMaxBeside || !label_beside(plan_.piece_labels[i], piece)) {
-            at_foot_.pieces = true;
-            return;
+    for (std::size_t side = 0; side < plan_.sides.size(); ++side) {
+        const std::vector<PlanPart>& parts = plan_.sides[side].parts;
+        const SheetPoint out = outwards(side);
+        double nearest = INFINITY;
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            nearest = std::min(nearest, distance(point(parts[i].from), point(parts[i].to)));
+        for (std::size_t i = 0; i + 1 < parts.size(); ++i) {
+            const std::size_t end = parts[i].to;
+            if (!shows(point(end)))
+                continue;
+            const std::string& name = plan_.points[end].name;
+            const bool level = nearest > kLevelNames && label_around(name, point(end), out, kRed, false);
+            if (!level && !label_beyond(name, point(end), out))
+                without_.new_points.push_back(end);
         }
     }
 }
 
-// In a narrow piece the number may cross its boundary, with its middle inside. A piece that is hardly visible
-// gets none: pieces lie in order.
-void PlanLabels::number_pieces()
+void PlanLabels::label_corners()
+{
+    const std::size_t count = outline_.size();
+    const auto shown =
+        std::count_if(outline_.begin(), outline_.end(), [&](const SheetPoint& p) { return shows(p); });
+    const bool few = shown <= static_cast<std::ptrdiff_t>(kFewCorners);
+    for (const std::size_t i : corners_in_order(count)) {
+        if (!shows(point(i)))
+            continue;
+        const SheetPoint before = outwards((i + count - 1) % count);
+        const SheetPoint after = outwards(i);
+        const SheetPoint out = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
+        const bool done = few ? label_around(plan_.points[i].name, point(i), out, kInk, true)
+                              : label_outside(plan_.points[i].name, point(i), out);
+        without_.corners += done ? 0 : 1;
+    }
+    without_.corners += count > kMaxTried ? count - kMaxTried : 0;
+}
+
+// Right before the corner: farther off, a name would seem to belong to one of its many neighbours.
+bool PlanLabels::label_outside(const std::string& text, const SheetPoint& p, const SheetPoint& out)
+{
+    const SheetPoint extent = canvas_.size_of(text, kSmallSize, true);
+    const double near = 4.0 + 0.5 * (std::fabs(out.x) * extent.x + std::fabs(out.y) * extent.y);
+    const auto place = places_.first_free({moved(p, out, near)}, {extent.x + 3.0, extent.y}, 0.0, false);
+    if (place)
+        canvas_.text(text, *place, kSmallSize, kInk, Anchor::centre, true);
+    return place.has_value();
+}
+
+// Sides that are cut, or the others.
+void PlanLabels::label_parts(bool of_cut_sides)
+{
+    std::size_t tried = 0;
+    for (std::size_t side = 0; side < plan_.sides.size(); ++side) {
+        const std::vector<PlanPart>& parts = plan_.sides[side].parts;
+        if ((parts.size() > 1) != of_cut_sides)
+            continue;
+        const SheetPoint out = outwards(side);
+        for (const PlanPart& part : parts) {
+            if (!shows(point(part.from)) || !shows(point(part.to)))
+                continue;
+            const bool done = distance(point(part.from), point(part.to)) >= kLeastPart &&
+                              tried++ < kMaxTried && label_part(part, out);
+            without_.lengths += done ? 0 : 1;
+        }
+    }
+}
+
+// Along the part; across it where it is short.
+bool PlanLabels::label_part(const PlanPart& part, const SheetPoint& out)
+{
+    const SheetPoint a = point(part.from);
+    const SheetPoint b = point(part.to);
+    const SheetPoint extent = canvas_.size_of(part.length, kSmallSize);
+    const bool fits = distance(a, b) > extent.x + 4.0;
+    const double angle = fits ? reading_angle(a, b) : reading_angle({0.0, 0.0}, out);
+    std::vector<SheetPoint> beside;
+    if (fits) {
+        for (const double part_of : {0.5, 0.4, 0.6, 0.3, 0.7})
+            beside.push_back(
+                moved({a.x + (b.x - a.x) * part_of, a.y + (b.y - a.y) * part_of}, out, kPartGap));
+    } else {
+        beside.push_back(moved(middle_of(a, b), out, 0.5 * extent.x + 4.0));
+    }
+    const auto place = places_.first_free_along(beside, extent, angle);
+    if (place)
+        canvas_.text(part.length, *place, kSmallSize, kGrey, Anchor::centre, false, angle);
+    return place.has_value();
+}
+
+// Beyond the lengths of its parts, between two ends like those of a dimension line.
+void PlanLabels::label_wholes()
+{
+    for (std::size_t side = 0; side < plan_.sides.size(); ++side) {
+        const PlanSide& cut = plan_.sides[side];
+        if (cut.parts.size() < 2)
+            continue;
+        const SheetPoint a = outline_[side];
+        const SheetPoint b = outline_[(side + 1) % outline_.size()];
+        const std::string text = plan_.points[cut.parts.front().from].name + "\u2013" +
+                                 plan_.points[cut.parts.back().to].name + ": " + cut.whole;
+        const SheetPoint extent = canvas_.size_of(text, kSmallSize);
+        if (!shows(a) || !shows(b) || distance(a, b) < extent.x) {
+            ++without_.lengths;
+            continue;
+        }
+        std::vector<SheetPoint> beside;
+        for (const double gap : {kWholeGap, kWholeGap + 8.0, kWholeGap + 16.0, kWholeGap + 32.0})
+            for (const double part : {0.5, 0.35, 0.65, 0.2, 0.8})
+                beside.push_back(
+                    moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, outwards(side), gap));
+        const double angle = reading_angle(a, b);
+        const auto place = places_.first_free_along(beside, extent, angle);
+        if (place)
+            canvas_.text(text, *place, kSmallSize, kInk, Anchor::centre, false, angle);
+        else
+            ++without_.lengths;
+    }
+}
+
+// Along the line, on either side of it.
+void PlanLabels::label_lines()
+{
+    const std::string unit = plan_.unit.name.empty() ? "" : " " + plan_.unit.name;
+    for (const PlanLine& line : plan_.lines) {
+        const SheetPoint a = point(line.from);
+        const SheetPoint b = point(line.to);
+        const std::string text = line.length + unit + "   " + line.bearing + " gon";
+        const SheetPoint extent = canvas_.size_of(text, kSmallSize);
+        if (!shows(a) || !shows(b) || distance(a, b) < extent.x + 10.0) {
+            ++without_.lengths;
+            continue;
+        }
+        const SheetPoint along = direction(a, b);
+        std::vector<SheetPoint> beside;
+        for (const double part : {0.5, 0.3, 0.7, 0.2, 0.8})
+            for (const double side : {6.0, -6.0})
+                beside.push_back(
+                    moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, {along.y, -along.x}, side));
+        const double angle = reading_angle(a, b);
+        const auto place = places_.first_free_along(beside, extent, angle, false);
+        if (place)
+            canvas_.text(text, *place, kSmallSize, kRed, Anchor::centre, false, angle);
+        else
+            ++without_.lengths;
+    }
+}
+
+// Name and area in the piece, or the name alone, or both beside it with a hair line.
+void PlanLabels::label_pieces()
 {
     for (std::size_t i = 0; i < plan_.pieces.size(); ++i) {
-        const std::string text = std::to_string(i + 1);
-        const std::vector<RoomyPlace> inside = roomy_places(on_sheet(plan_.pieces[i]));
-        if (label_inside(text, inside))
+        const PlanPiece& piece = plan_.pieces[i];
+        std::vector<SheetPoint> outline;
+        for (const PL_PNT2D_record& p : piece.ring)
+            outline.push_back(view_.at(p));
+        outline = clipped(outline, view_.box);
+        if (outline.empty())
             continue;
-        std::vector<SheetPoint> places;
-        for (const RoomyPlace& place : inside)
-            if (place.room >= kLeastRoom)
-                places.push_back(place.at);
-        const auto place = places_.first_free(places, canvas_.size_of(text, kSmallSize, true));
-        if (place)
-            canvas_.text(text, *place, kSmallSize, kInk, Anchor::centre, true);
+        const std::string area = plan_.area_text(piece.area);
+        const std::vector<RoomyPlace> inside = roomy_places(outline);
+        if (label_inside({piece.name, area}, inside) || label_inside({piece.name + "  " + area}, inside) ||
+            label_inside({piece.name}, inside))
+            continue;
+        if (!label_beside(piece.name + "  " + area, outline, inside) && !label_across(piece.name, inside))
+            without_.pieces.push_back(i);
+    }
+}
+
+void PlanLabels::write_lines(const std::vector<std::string>& lines, const SheetPoint& middle, double size)
+{
+    double y = middle.y - 0.5 * kLineStep * size * static_cast<double>(lines.size() - 1);
+    for (const std::string& line : lines) {
+        canvas_.text(line, {middle.x, y}, size, kInk, Anchor::centre, true);
+        y += kLineStep * size;
     }
 }
 
 // Writes the label in the piece if that is wide enough.
-bool PlanLabels::label_inside(const std::string& text, const std::vector<RoomyPlace>& inside)
+bool PlanLabels::label_inside(const std::vector<std::string>& lines, const std::vector<RoomyPlace>& inside)
 {
     for (const double size : {kAreaSize, kLabelSize, kSmallSize}) {
-        const SheetPoint extent = canvas_.size_of(text, size, true);
-        const SheetPoint needed = {extent.x + 4.0, extent.y + 2.0};
+        SheetPoint needed = {0.0, size * (1.0 + kLineStep * static_cast<double>(lines.size() - 1))};
+        for (const std::string& line : lines)
+            needed.x = std::max(needed.x, canvas_.size_of(line, size, true).x + 4.0);
         std::vector<SheetPoint> places;
         for (const RoomyPlace& place : inside)
             if (place.room >= 0.5 * std::min(needed.x, needed.y))
@@ -207,39 +357,69 @@ bool PlanLabels::label_inside(const std::string& text, const std::vector<RoomyPl
         const auto place = places_.first_free(places, needed, 0.0, false);
         if (!place)
             continue;
-        canvas_.text(text, *place, size, kInk, Anchor::centre, true);
+        write_lines(lines, *place, size);
         return true;
     }
     return false;
 }
 
-// Writes the label outside the parcel, with a hair line to the piece that crosses no other label and no other
-// piece.
-bool PlanLabels::label_beside(const std::string& text, const SheetPoint& piece)
+// In a narrow piece the name may cross its boundary, with its middle inside.
+bool PlanLabels::label_across(const std::string& name, const std::vector<RoomyPlace>& inside)
 {
-    constexpr double kFirst = 30.0;
+    constexpr double kLeastRoom = 1.5;
+    std::vector<SheetPoint> places;
+    for (const RoomyPlace& place : inside)
+        if (place.room >= kLeastRoom)
+            places.push_back(place.at);
+    const auto place = places_.first_free(places, canvas_.size_of(name, kSmallSize, true));
+    if (place)
+        canvas_.text(name, *place, kSmallSize, kInk, Anchor::centre, true);
+    return place.has_value();
+}
+
+// Writes the label outside the parcel, with a hair line to the piece that crosses no other label and no other
+// piece. The line starts in the middle of the piece, or elsewhere in it.
+bool PlanLabels::label_beside(const std::string& text, const std::vector<SheetPoint>& piece,
+                              const std::vector<RoomyPlace>& inside)
+{
+    constexpr double kFirst = 24.0;
     constexpr double kStep = 8.0;
     constexpr int kRings = 7;
     constexpr int kDirections = 24;
-    const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
-    std::vector<SheetPoint> places;
-    for (int ring = 0; ring < kRings; ++ring) {
-        for (int i = 0; i < kDirections; ++i) {
-            const double turn = 2.0 * kPi * i / kDirections;
-            const SheetPoint p = moved(piece, {std::cos(turn), std::sin(turn)}, kFirst + kStep * ring);
-            // The hair line crosses only the boundary of its own piece.
-            if (!is_inside(outline_, p) && places_.crossings(piece, p) <= 1 && places_.is_clear(piece, p))
-                places.push_back(p);
-        }
-    }
-    const auto place = places_.first_free(places, {extent.x + 4.0, extent.y + 2.0}, 0.0, false);
-    if (!place)
+    if (beside_ == kMaxBeside)
         return false;
-    canvas_.line(piece, *place, kGrey, 0.5);
-    canvas_.dot(piece, 1.0, kGrey, kGrey);
-    canvas_.text(text, *place, kLabelSize, kInk, Anchor::centre, true);
-    places_.add_line(piece, *place);
-    return true;
+    std::vector<SheetPoint> starts;
+    for (const double part : {0.0, 0.3, 0.6, 0.9})
+        if (!inside.empty())
+            starts.push_back(inside[static_cast<std::size_t>(part * static_cast<double>(inside.size()))].at);
+    if (inside.empty())
+        starts.push_back(middle_of(piece[0], piece[piece.size() / 2]));
+    const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
+    const SheetPoint room = {extent.x + 4.0, extent.y + 2.0};
+    for (const SheetPoint& start : starts) {
+        std::vector<SheetPoint> places;
+        for (int ring = 0; ring < kRings; ++ring) {
+            for (int i = 0; i < kDirections; ++i) {
+                const double turn = 2.0 * kPi * i / kDirections;
+                const SheetPoint p = moved(start, {std::cos(turn), std::sin(turn)}, kFirst + kStep * ring);
+                // The hair line crosses only the boundary of its own piece.
+                if (!is_inside(outline_, p) && places_.crossings(start, p) <= 1 && places_.is_clear(start, p))
+                    places.push_back(p);
+            }
+        }
+        const auto place = places_.first_free(places, room, 0.0, false);
+        if (!place)
+            continue;
+        ++beside_;
+        const auto hidden = clipped_line(start, *place, label_box(*place, room, 0.0));
+        const SheetPoint end = hidden ? hidden->first : *place;
+        canvas_.line(start, end, kGrey, 0.5);
+        canvas_.dot(start, 1.0, kGrey, kGrey);
+        canvas_.text(text, *place, kLabelSize, kInk, Anchor::centre, true);
+        places_.take_along(start, end, 2.0);
+        return true;
+    }
+    return false;
 }
 
 }  // namespace tool

@@ -2,10 +2,10 @@
 
 // The labels on a plan's drawing. None covers another, and none covers a line if there is another place.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
-#include "plan/foot_table.h"
 #include "plan/layout.h"
 #include "plan/plan.h"
 #include "sheet/canvas.h"
@@ -14,44 +14,55 @@
 
 namespace tool {
 
+/// What found no place on the drawing. The tables have all of it.
+struct WithoutLabel {
+    std::vector<std::size_t> new_points;
+    std::size_t corners = 0;
+    std::size_t lengths = 0;
+    std::vector<std::size_t> pieces;
+};
+
 class PlanLabels {
 public:
-    /// @param[in] at_foot  what the table at the foot holds already
-    PlanLabels(const Plan& plan, const PlanLayout& layout, Canvas& canvas, const AtFoot& at_foot);
+    PlanLabels(const Plan& plan, const View& view, Canvas& canvas);
 
-    /// Draws them: sides, ends of lines, vertices, pieces.
-    ///
-    /// @return what the foot must hold, because it found no place on the drawing
-    AtFoot draw();
+    /// Draws the labels of everything that the view shows.
+    WithoutLabel draw();
+
+    /// Writes a label near a place that is taken, in any direction.
+    void label_mark(const std::string& text, const SheetPoint& p, double distance);
 
 private:
-    const SheetPoint& vertex(std::size_t i) const { return outline_[i % outline_.size()]; }
-    std::vector<SheetPoint> on_sheet(const plparcel::Ring& ring) const;
+    const SheetPoint& point(std::size_t i) const { return points_[i]; }
+    bool shows(const SheetPoint& p) const { return view_.box.holds(p); }
     SheetPoint outwards(std::size_t side) const;
-    SheetPoint other_end(const PL_PNT2D_record& p) const;
 
-    void label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
+    void label_new_points();
+    bool label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out);
+    bool label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
                       const Colour& colour, bool may_cross_lines);
-    void label_vertices();
-    void label_line_ends();
-
-    double room_along(std::size_t side);
-    void label_sides(bool long_ones);
-    bool label_side(std::size_t side);
-    std::vector<SheetPoint> outside_of(const SheetPoint& middle, const SheetPoint& out,
-                                       const SheetPoint& extent) const;
-
+    void label_corners();
+    bool label_outside(const std::string& text, const SheetPoint& p, const SheetPoint& out);
+    void label_parts(bool of_cut_sides);
+    void label_wholes();
+    bool label_part(const PlanPart& part, const SheetPoint& out);
+    void label_lines();
     void label_pieces();
-    void number_pieces();
-    bool label_inside(const std::string& text, const std::vector<RoomyPlace>& inside);
-    bool label_beside(const std::string& text, const SheetPoint& piece);
+    bool label_inside(const std::vector<std::string>& lines, const std::vector<RoomyPlace>& inside);
+    bool label_across(const std::string& name, const std::vector<RoomyPlace>& inside);
+    bool label_beside(const std::string& text, const std::vector<SheetPoint>& piece,
+                      const std::vector<RoomyPlace>& inside);
+    void write_lines(const std::vector<std::string>& lines, const SheetPoint& middle, double size);
 
     const Plan& plan_;
-    const PlanLayout& layout_;
+    View view_;
     Canvas& canvas_;
-    AtFoot at_foot_;
     LabelPlaces places_;
-    std::vector<SheetPoint> outline_;
+    std::vector<SheetPoint> points_;   // of the plan, on the sheet
+    std::vector<SheetPoint> outline_;  // of the parcel
+    bool clockwise_on_sheet_ = false;
+    std::size_t beside_ = 0;
+    WithoutLabel without_;
 };
 
 }  // namespace tool

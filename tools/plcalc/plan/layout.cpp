@@ -96,10 +96,4 @@ PlanLayout::PlanLayout(const plparcel::Ring& ring, double metres, Paper paper,
     points_per_unit_ = metres * kPointsPerMetre / denominator_;
 }
 
-SheetPoint PlanLayout::at(const PL_PNT2D_record& p) const
-{
-    return {(drawing_.left + drawing_.right) * 0.5 + (p.x - middle_.x) * points_per_unit_,
-            (drawing_.top + drawing_.bottom) * 0.5 - (p.y - middle_.y) * points_per_unit_};
-}
-
 }  // namespace tool

@@ -17,6 +17,19 @@ enum class Paper { a4, a3 };
 std::optional<Paper> paper_of(const std::string& name);
 const char* paper_name(Paper paper);
 
+/// A window on the plan: where it is on the sheet, and what it shows.
+struct View {
+    SheetBox box;
+    PL_PNT2D_record middle = {};   ///< coordinates in the middle of the box
+    double points_per_unit = 1.0;  ///< of the sheet
+
+    SheetPoint at(const PL_PNT2D_record& p) const
+    {
+        return {(box.left + box.right) * 0.5 + (p.x - middle.x) * points_per_unit,
+                (box.top + box.bottom) * 0.5 - (p.y - middle.y) * points_per_unit};
+    }
+};
+
 /// The sheet and the scale.
 class PlanLayout {
 public:
@@ -33,7 +46,8 @@ public:
     double denominator() const { return denominator_; }  ///< 500 for 1:500
     double points_per_unit() const { return points_per_unit_; }
 
-    SheetPoint at(const PL_PNT2D_record& p) const;
+    View view() const { return {drawing_, middle_, points_per_unit_}; }
+    SheetPoint at(const PL_PNT2D_record& p) const { return view().at(p); }
 
 private:
     SheetPoint sheet_;

@@ -1,48 +1,131 @@
 #include "plan/plan.h"
 
+#include <algorithm>
 #include <memory>
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
+#include "answers/division_points.h"
+#include "answers/measure.h"
+#include "plcalc/kernel.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 
 namespace tool {
 namespace {
 
-// The file without its folders, and the feature; bytes that are not text become question marks.
-std::string title_of(const Place& place)
+// Bytes that are not text become question marks.
+std::string as_text(const std::string& bytes)
 {
-    std::string title = Place{CPLGetFilename(place.file.c_str()), place.feature}.text();
-    if (CPLIsUTF8(title.c_str(), -1))
-        return title;
-    const std::unique_ptr<char, decltype(&VSIFree)> ascii(CPLForceToASCII(title.c_str(), -1, '?'), &VSIFree);
+    if (CPLIsUTF8(bytes.c_str(), -1))
+        return bytes;
+    const std::unique_ptr<char, decltype(&VSIFree)> ascii(CPLForceToASCII(bytes.c_str(), -1, '?'), &VSIFree);
     return ascii.get();
+}
+
+// The file without its folders, and the feature.
+std::string file_of(const Place& place)
+{
+    return Place{CPLGetFilename(place.file.c_str()), place.feature}.text();
+}
+
+// Whole square metres, or as many decimals as leave two digits of the smallest piece.
+int fitting_area_decimals(const std::vector<double>& areas)
+{
+    constexpr double kTwoDigits = 10.0;
+    int decimals = 0;
+    for (double least = *std::min_element(areas.begin(), areas.end());
+         least < kTwoDigits && decimals < kMaxDecimals; least *= 10.0)
+        ++decimals;
+    return decimals;
+}
+
+// To the centimetre, which is as fine as a plan is read, or finer on a small parcel.
+std::string length_text(const Resolution& resolution, const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+{
+    constexpr int kFewer = 2;
+    return fixed(PlFunz_distance(&from, &to), std::max(kFewer, resolution.decimals - kFewer));
+}
+
+void add_points(Plan& plan, const DivisionPoints& points)
+{
+    for (std::size_t i = 0; i < points.points.size(); ++i)
+        plan.points.push_back(
+            {as_text(points.points[i].name), points.points[i].printed, i >= points.corners});
+}
+
+void add_sides(Plan& plan, const DivisionPoints& points, const Resolution& resolution)
+{
+    const auto length = [&](std::size_t from, std::size_t to) {
+        return length_text(resolution, plan.points[from].at, plan.points[to].at);
+    };
+    for (std::size_t side = 0; side < points.corners; ++side) {
+        const std::vector<std::size_t> along = points.along(side);
+        PlanSide shown;
+        for (std::size_t i = 0; i + 1 < along.size(); ++i)
+            shown.parts.push_back({along[i], along[i + 1], length(along[i], along[i + 1])});
+        shown.whole = length(along.front(), along.back());
+        plan.sides.push_back(std::move(shown));
+    }
+}
+
+void add_lines(Plan& plan, const DivisionPoints& points, const Resolution& resolution)
+{
+    for (const DivisionPoints::Line& line : points.lines) {
+        const PL_PNT2D_record& from = plan.points[line.from].at;
+        const PL_PNT2D_record& to = plan.points[line.to].at;
+        plan.lines.push_back({line.from, line.to, length_text(resolution, from, to),
+                              gon_text(bearing_gon(from, to), kAngleDecimals)});
+    }
+}
+
+void add_pieces(Plan& plan, const Answer& answer)
+{
+    const PrintedDivision& printed = answer.printed;
+    const std::string name = as_text(answer.parcel.name);
+    for (std::size_t i = 0; i < printed.proven.pieces.size(); ++i) {
+        const bool is_rest = i + 1 == printed.proven.pieces.size();
+        const std::vector<std::string>& given = answer.asked.amounts;
+        plan.pieces.push_back({piece_title(name, i), printed.proven.pieces[i].ring, printed.areas[i],
+                               is_rest || i >= given.size() ? "rest" : given[i]});
+    }
 }
 
 }  // namespace
 
-Plan plan_of(const Answer& answer)
+std::string Plan::area_text(double value) const
+{
+    const std::string square = unit.name == "m"    ? " m\u00b2"
+                               : unit.name.empty() ? ""
+                                                   : " square " + unit.name;
+    return fixed(value, area_decimals) + square;
+}
+
+Plan plan_of(const Answer& answer, const PlanWishes& wishes)
 {
     const Parcel& parcel = answer.parcel;
     const PrintedDivision& printed = answer.printed;
-    const std::string unit = parcel.unit.name.empty() ? "" : " " + parcel.unit.name;
-    const std::string square = parcel.unit.name == "m" ? " m\u00b2" : unit.empty() ? "" : " square" + unit;
+    const DivisionPoints points = points_of(answer);
     Plan plan;
     plan.unit = parcel.unit;
-    plan.title = title_of(parcel.place);
-    plan.subtitles = {cut_sentence(answer.asked, parcel.ring.size()),
-                      "Parcel " + fixed(printed.proven.ring.area, printed.resolution.area_decimals) + square +
-                          ", perimeter " + fixed(printed.proven.ring.perimeter, printed.resolution.decimals) +
-                          unit};
+    plan.crs = as_text(parcel.crs);
     plan.ring = parcel.ring;
-    plan.lines = printed.lines;
-    plan.resolution = printed.resolution;
-    for (std::size_t i = 0; i < printed.proven.pieces.size(); ++i) {
-        plan.pieces.push_back(printed.proven.pieces[i].ring);
-        plan.piece_labels.push_back(fixed(printed.areas[i], printed.resolution.area_decimals) + square);
-    }
+    plan.area = printed.proven.ring.area;
+    plan.decimals = printed.resolution.decimals;
+    plan.area_decimals = wishes.area_decimals ? *wishes.area_decimals : fitting_area_decimals(printed.areas);
+    add_points(plan, points);
+    add_sides(plan, points, printed.resolution);
+    add_lines(plan, points, printed.resolution);
+    add_pieces(plan, answer);
+    for (const auto& [key, value] : wishes.title_block)
+        plan.title_block.emplace_back(as_text(key), as_text(value));
+    const std::string file = as_text(file_of(parcel.place));
+    plan.title = parcel.name.empty() ? file : "Parcel " + as_text(parcel.name);
+    plan.subtitles = {
+        (parcel.name.empty() ? "" : file + ". ") + cut_sentence(answer.asked, parcel.ring.size()),
+        "Parcel " + plan.area_text(plan.area) + ", perimeter " + fixed(printed.proven.ring.perimeter, 2) +
+            (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};
     const std::size_t index = static_cast<std::size_t>(answer.asked.number - 1);
     if (answer.asked.request.line.cut == plparcel::Cut::through_vertex)
         plan.base_vertex = index;

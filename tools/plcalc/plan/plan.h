@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "answers/printed_division.h"
@@ -13,22 +14,76 @@
 
 namespace tool {
 
-struct Plan {
-    std::string title;                   ///< the parcel
-    std::vector<std::string> subtitles;  ///< what was asked
-    plparcel::Ring ring;
-    std::vector<plparcel::Ring> pieces;      ///< tinted, each with its label
-    std::vector<std::string> piece_labels;   ///< areas
-    std::vector<PL_LINE_2D_record> lines;    ///< dividing lines as printed
-    std::optional<std::size_t> base_side;    ///< drawn thick
-    std::optional<std::size_t> base_vertex;  ///< ringed
-    Resolution resolution;
-    LengthUnit unit;  ///< of the coordinates
+/// A corner of the parcel or a new point.
+struct PlanPoint {
+    std::string name;
+    PL_PNT2D_record at;
+    bool is_new = false;
 };
 
-/// From a division to its plan: the printed lines, the pieces between them, and the unit of the parcel's CRS.
+/// A part of a side between neighbouring points.
+struct PlanPart {
+    std::size_t from = 0;  ///< points
+    std::size_t to = 0;
+    std::string length;
+};
+
+/// A side: one part, or several where lines end on it.
+struct PlanSide {
+    std::vector<PlanPart> parts;
+    std::string whole;  ///< length of all of it
+};
+
+/// A dividing line as printed.
+struct PlanLine {
+    std::size_t from = 0;  ///< points
+    std::size_t to = 0;
+    std::string length;
+    std::string bearing;
+};
+
+struct PlanPiece {
+    std::string name;
+    plparcel::Ring ring;
+    double area = 0.0;  ///< as printed
+    std::string asked;  ///< as it was given; "rest" for the last one
+};
+
+/// What the sheet says about itself: "Client" and "Rossi", in the order in which they are shown.
+using TitleBlock = std::vector<std::pair<std::string, std::string>>;
+
+/// What is asked of a plan beside the division.
+struct PlanWishes {
+    std::optional<int> area_decimals;
+    TitleBlock title_block;
+};
+
+struct Plan {
+    std::string title;                   ///< the parcel
+    std::vector<std::string> subtitles;  ///< file, and what was asked
+    plparcel::Ring ring;
+    std::vector<PlanPoint> points;  ///< corners first, in the order of the ring
+    std::vector<PlanSide> sides;
+    std::vector<PlanLine> lines;
+    std::vector<PlanPiece> pieces;
+    std::optional<std::size_t> base_side;    ///< drawn thick
+    std::optional<std::size_t> base_vertex;  ///< ringed
+    double area = 0.0;                       ///< of the parcel
+    int decimals = 4;                        ///< of coordinates
+    int area_decimals = 0;
+    LengthUnit unit;  ///< of the coordinates
+    std::string crs;
+    TitleBlock title_block;
+
+    /// The area with its unit, as the plan shows it.
+    std::string area_text(double value) const;
+};
+
+/// From a division to its plan: the printed lines, the pieces between them, and the unit of the parcel's CRS. Areas are
+/// whole, or have the decimals that a small piece needs to show two digits, unless the wishes say otherwise. Lengths are
+/// rounded to the centimetre, or finer on a small parcel.
 ///
 /// @param[in] answer  one that is done()
-Plan plan_of(const Answer& answer);
+Plan plan_of(const Answer& answer, const PlanWishes& wishes = {});
 
 }  // namespace tool

@@ -47,6 +47,7 @@ ParcelFile::ParcelFile(const Source& source) : source_(source), plane_(source_)
     const std::vector<OGRLayer*> layers = named_layers(*dataset_, source_);
     if (is_table_of_points(*dataset_, layers)) {
         open_table(*layers[0]);
+        require_name_column();
         return;
     }
     require_no_axes();
@@ -54,6 +55,7 @@ ParcelFile::ParcelFile(const Source& source) : source_(source), plane_(source_)
     take_crs_of_file();
     if (is_format(*dataset_, "DXF"))
         open_with_fine_arcs();
+    require_name_column();
 }
 
 // The CRS that the file states, where GDAL does not see it; --crs must agree with any that is stated. GeoJSON without a
@@ -283,7 +285,26 @@ ReadParcel ParcelFile::next_of_table()
     } catch (const Failure& failure) {
         read.problem = failure;
     }
+    name(read.parcel, *read.feature);
     return read;
+}
+
+void ParcelFile::require_name_column() const
+{
+    if (!source_.name_column || columns().GetFieldIndex(source_.name_column->c_str()) >= 0)
+        return;
+    std::string names;
+    for (int i = 0; i < columns().GetFieldCount(); ++i)
+        names += (names.empty() ? "" : ", ") + std::string(columns().GetFieldDefn(i)->GetNameRef());
+    throw Failure(ExitStatus::wrong_use, {source_.file, ""},
+                  "there is no column '" + *source_.name_column + "'",
+                  names.empty() ? "the parcels have none" : "choose one of: " + names);
+}
+
+void ParcelFile::name(Parcel& parcel, const OGRFeature& feature) const
+{
+    if (source_.name_column)
+        parcel.name = feature.GetFieldAsString(source_.name_column->c_str());
 }
 
 std::optional<ReadParcel> ParcelFile::next()
@@ -329,6 +350,7 @@ ReadParcel ParcelFile::next_part()
     } catch (const Failure& failure) {
         read.problem = failure;
     }
+    name(read.parcel, *feature_);
     if (parts_ == 1) {
         read.feature = std::move(feature_);
         return read;

@@ -85,6 +85,8 @@ private:
     void choose_in_table(OGRLayer& layer);
     std::vector<bool> rows_that_pass(OGRLayer& layer);
     ReadParcel next_of_table();
+    void require_name_column() const;
+    void name(Parcel& parcel, const OGRFeature& feature) const;
 
     Source source_;
     GdalMessages messages_;

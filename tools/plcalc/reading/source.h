@@ -21,6 +21,7 @@ struct Source {
     std::optional<std::string> crs = {};      ///< of a file that states none
     bool any_scale = false;      ///< whether lengths in the plane may differ from those on the ground
     double ground_factor = 1.0;  ///< length in the plane of a length 1 on the ground
+    std::optional<std::string> name_column = {};  ///< with the names of the parcels
 };
 
 }  // namespace tool

@@ -1,7 +1,9 @@
 #include "sheet/geometry.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <functional>
 
 namespace tool {
 namespace {
@@ -59,6 +61,91 @@ bool is_inside(const std::vector<SheetPoint>& outline, const SheetPoint& p)
             inside = !inside;
     }
     return inside;
+}
+
+std::vector<SheetPoint> clipped(const std::vector<SheetPoint>& outline, const SheetBox& box)
+{
+    std::vector<SheetPoint> rest = outline;
+    // How far a point lies inside each edge of the box.
+    const std::array<std::function<double(const SheetPoint&)>, 4> edges = {
+        [&](const SheetPoint& p) { return p.x - box.left; },
+        [&](const SheetPoint& p) { return box.right - p.x; },
+        [&](const SheetPoint& p) { return p.y - box.top; },
+        [&](const SheetPoint& p) { return box.bottom - p.y; }};
+    for (const auto& inside : edges) {
+        std::vector<SheetPoint> kept;
+        for (std::size_t i = 0; i < rest.size(); ++i) {
+            const SheetPoint& a = rest[i];
+            const SheetPoint& b = rest[(i + 1) % rest.size()];
+            const double from = inside(a);
+            const double to = inside(b);
+            if (from >= 0.0)
+                kept.push_back(a);
+            if ((from >= 0.0) != (to >= 0.0)) {
+                const double t = from / (from - to);
+                kept.push_back({a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)});
+            }
+        }
+        rest = std::move(kept);
+    }
+    return rest;
+}
+
+std::optional<std::pair<SheetPoint, SheetPoint>> clipped_line(const SheetPoint& a, const SheetPoint& b,
+                                                              const SheetBox& box)
+{
+    double from = 0.0;
+    double to = 1.0;
+    const auto clip = [&](double start, double run, double low, double high) {
+        if (run == 0.0)
+            return low <= start && start <= high;
+        const double t1 = (low - start) / run;
+        const double t2 = (high - start) / run;
+        from = std::max(from, std::min(t1, t2));
+        to = std::min(to, std::max(t1, t2));
+        return from <= to;
+    };
+    if (!clip(a.x, b.x - a.x, box.left, box.right) || !clip(a.y, b.y - a.y, box.top, box.bottom))
+        return std::nullopt;
+    const auto at = [&](double t) { return SheetPoint{a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)}; };
+    return std::make_pair(at(from), at(to));
+}
+
+std::vector<std::pair<SheetPoint, SheetPoint>>
+hatch_lines(const std::vector<SheetPoint>& outline, double angle, double spacing, const SheetBox& within)
+{
+    // Turned so that the lines are level.
+    const double c = std::cos(angle);
+    const double s = std::sin(angle);
+    const auto turned = [&](const SheetPoint& p) { return SheetPoint{c * p.x + s * p.y, c * p.y - s * p.x}; };
+    std::vector<SheetPoint> level;
+    for (const SheetPoint& p : outline)
+        level.push_back(turned(p));
+    const SheetBox box = box_around(level);
+    const SheetBox frame =
+        box_around({turned({within.left, within.top}), turned({within.right, within.top}),
+                    turned({within.left, within.bottom}), turned({within.right, within.bottom})});
+    std::vector<std::pair<SheetPoint, SheetPoint>> lines;
+    const double first = std::ceil(std::max(box.top, frame.top) / spacing);
+    const double last = std::floor(std::min(box.bottom, frame.bottom) / spacing);
+    for (double step = first; step <= last; ++step) {
+        const double y = step * spacing;
+        std::vector<double> crossings;
+        for (std::size_t i = 0; i < level.size(); ++i) {
+            const SheetPoint& a = level[i];
+            const SheetPoint& b = level[(i + 1) % level.size()];
+            if ((a.y > y) != (b.y > y))
+                crossings.push_back(a.x + (y - a.y) / (b.y - a.y) * (b.x - a.x));
+        }
+        std::sort(crossings.begin(), crossings.end());
+        for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
+            const double from = std::max(crossings[i], frame.left);
+            const double to = std::min(crossings[i + 1], frame.right);
+            if (from < to)
+                lines.push_back({{c * from - s * y, s * from + c * y}, {c * to - s * y, s * to + c * y}});
+        }
+    }
+    return lines;
 }
 
 std::vector<RoomyPlace> roomy_places(const std::vector<SheetPoint>& outline)

@@ -3,6 +3,8 @@
 // Points and boxes on a sheet, in points of 72 to the inch, from the upper left corner; and the small geometry that
 // places of labels need.
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace tool {
@@ -28,6 +30,10 @@ struct SheetBox {
     {
         return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
     }
+    bool holds(const SheetPoint& p) const
+    {
+        return left <= p.x && p.x <= right && top <= p.y && p.y <= bottom;
+    }
     bool holds(const SheetBox& other) const
     {
         return left <= other.left && other.right <= right && top <= other.top && other.bottom <= bottom;
@@ -43,6 +49,20 @@ SheetPoint moved(const SheetPoint& p, const SheetPoint& direction, double distan
 SheetPoint direction(const SheetPoint& from, const SheetPoint& to);
 
 bool is_inside(const std::vector<SheetPoint>& outline, const SheetPoint& p);
+
+/// The part of an outline inside a box. Where it falls apart, its parts are joined along the box.
+std::vector<SheetPoint> clipped(const std::vector<SheetPoint>& outline, const SheetBox& box);
+
+/// The part of a line inside a box; nothing where it passes by.
+std::optional<std::pair<SheetPoint, SheetPoint>> clipped_line(const SheetPoint& a, const SheetPoint& b,
+                                                              const SheetBox& box);
+
+/// Parallel lines inside an outline and a box.
+///
+/// @param[in] angle    radians, clockwise
+/// @param[in] spacing  between the lines, which lie in step over the whole sheet
+std::vector<std::pair<SheetPoint, SheetPoint>>
+hatch_lines(const std::vector<SheetPoint>& outline, double angle, double spacing, const SheetBox& within);
 
 /// A place inside an outline, and how far from the outline it is.
 struct RoomyPlace {

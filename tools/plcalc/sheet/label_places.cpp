@@ -9,6 +9,14 @@ namespace {
 // A side this near to upright, radians, is upright.
 constexpr double kUpright = 1e-6;
 
+// Lines are looked up in cells of this size, points.
+constexpr double kCell = 16.0;
+
+std::size_t cells_across(double length)
+{
+    return static_cast<std::size_t>(std::max(0.0, std::ceil(length / kCell))) + 1;
+}
+
 // The middles of small boxes along turned text: the box around all of it is far too large.
 std::vector<SheetPoint> beads_of(const SheetPoint& middle, const SheetPoint& extent, double angle)
 {
@@ -49,6 +57,45 @@ bool runs_through(const SheetPoint& a, const SheetPoint& b, const SheetBox& box)
     return clip(a.x, b.x - a.x, box.left, box.right) && clip(a.y, b.y - a.y, box.top, box.bottom);
 }
 
+LabelPlaces::LabelPlaces(const SheetBox& sheet)
+    : sheet_(sheet), columns_(cells_across(sheet.width())), lines_in_(columns_ * cells_across(sheet.height()))
+{}
+
+LabelPlaces::Cells LabelPlaces::cells_of(const SheetBox& box) const
+{
+    const std::size_t rows = lines_in_.size() / columns_;
+    const auto cell = [](double from_edge, std::size_t count) {
+        return static_cast<std::size_t>(std::clamp(from_edge / kCell, 0.0, static_cast<double>(count - 1)));
+    };
+    return {cell(box.left - sheet_.left, columns_), cell(box.right - sheet_.left, columns_),
+            cell(box.top - sheet_.top, rows), cell(box.bottom - sheet_.top, rows)};
+}
+
+void LabelPlaces::add_line(const SheetPoint& a, const SheetPoint& b)
+{
+    const SheetBox box = {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
+    const bool outside = box.right < sheet_.left || box.left > sheet_.right || box.bottom < sheet_.top ||
+                         box.top > sheet_.bottom;
+    if (outside)
+        return;
+    const Cells cells = cells_of(box);
+    for (std::size_t row = cells.top; row <= cells.bottom; ++row)
+        for (std::size_t column = cells.left; column <= cells.right; ++column)
+            lines_in_[row * columns_ + column].push_back(lines_.size());
+    lines_.emplace_back(a, b);
+}
+
+template <class Meets> bool LabelPlaces::any_line_near(const SheetBox& box, Meets meets) const
+{
+    const Cells cells = cells_of(box);
+    for (std::size_t row = cells.top; row <= cells.bottom; ++row)
+        for (std::size_t column = cells.left; column <= cells.right; ++column)
+            for (const std::size_t line : lines_in_[row * columns_ + column])
+                if (meets(lines_[line]))
+                    return true;
+    return false;
+}
+
 std::size_t LabelPlaces::crossings(const SheetPoint& a, const SheetPoint& b) const
 {
     const auto side = [](const SheetPoint& p, const SheetPoint& q, const SheetPoint& v) {
@@ -79,8 +126,7 @@ bool LabelPlaces::is_free(const SheetPoint& middle, const SheetPoint& size, doub
     // it.
     if (may_cross_lines || angle != 0.0)
         return true;
-    return std::none_of(lines_.begin(), lines_.end(),
-                        [&](const auto& line) { return runs_through(line.first, line.second, box); });
+    return !any_line_near(box, [&](const auto& line) { return runs_through(line.first, line.second, box); });
 }
 
 std::optional<SheetPoint> LabelPlaces::first_free(const std::vector<SheetPoint>& middles,
@@ -100,13 +146,17 @@ std::optional<SheetPoint> LabelPlaces::first_free(const std::vector<SheetPoint>&
 }
 
 std::optional<SheetPoint> LabelPlaces::first_free_along(const std::vector<SheetPoint>& middles,
-                                                        const SheetPoint& extent, double angle)
+                                                        const SheetPoint& size, double angle,
+                                                        bool may_cross_lines)
 {
+    constexpr double kCapitals = 0.8;  // of the size: as high as figures and capitals are, with a little air
+    const SheetPoint extent = {size.x, kCapitals * size.y};
     for (const SheetPoint& middle : middles) {
         const std::vector<SheetPoint> beads = beads_of(middle, extent, angle);
         const SheetPoint bead = {extent.y, extent.y};
-        const bool free = std::all_of(beads.begin(), beads.end(),
-                                      [&](const SheetPoint& p) { return is_free(p, bead, 0.0, true); });
+        const bool free = std::all_of(beads.begin(), beads.end(), [&](const SheetPoint& p) {
+            return is_free(p, bead, 0.0, may_cross_lines);
+        });
         if (!free)
             continue;
         for (const SheetPoint& p : beads)
@@ -114,6 +164,14 @@ std::optional<SheetPoint> LabelPlaces::first_free_along(const std::vector<SheetP
         return middle;
     }
     return std::nullopt;
+}
+
+void LabelPlaces::take_along(const SheetPoint& a, const SheetPoint& b, double width)
+{
+    const SheetPoint middle = {(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
+    const double angle = std::atan2(b.y - a.y, b.x - a.x);
+    for (const SheetPoint& p : beads_of(middle, {length_of({b.x - a.x, b.y - a.y}), width}, angle))
+        take(label_box(p, {width, width}, 0.0));
 }
 
 std::vector<SheetPoint> places_around(const SheetPoint& p, const SheetPoint& first, double near)

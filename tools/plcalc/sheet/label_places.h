@@ -15,10 +15,10 @@ namespace tool {
 class LabelPlaces {
 public:
     /// @param[in] sheet  where labels may lie
-    explicit LabelPlaces(const SheetBox& sheet) : sheet_(sheet) {}
+    explicit LabelPlaces(const SheetBox& sheet);
 
     /// A line of the plan, which labels should leave free.
-    void add_line(const SheetPoint& a, const SheetPoint& b) { lines_.emplace_back(a, b); }
+    void add_line(const SheetPoint& a, const SheetPoint& b);
 
     /// How many lines of the plan the segment a-b crosses.
     std::size_t crossings(const SheetPoint& a, const SheetPoint& b) const;
@@ -37,13 +37,26 @@ public:
     std::optional<SheetPoint> first_free(const std::vector<SheetPoint>& middles, const SheetPoint& size,
                                          double angle = 0.0, bool may_cross_lines = true);
 
-    /// The same for text along a line, which may cross lines. The box around turned text is far too large, so
-    /// small boxes along the text must be free.
+    /// The same for text along a line. The box around turned text is far too large, so small boxes along the text
+    /// must be free.
     std::optional<SheetPoint> first_free_along(const std::vector<SheetPoint>& middles, const SheetPoint& size,
-                                               double angle);
+                                               double angle, bool may_cross_lines = true);
+
+    /// Takes small boxes along a line, so that no label covers it.
+    void take_along(const SheetPoint& a, const SheetPoint& b, double width);
 
 private:
+    /// The cells of a grid that a box meets, as columns and rows.
+    struct Cells {
+        std::size_t left, right, top, bottom;
+    };
+
+    Cells cells_of(const SheetBox& box) const;
+    template <class Meets> bool any_line_near(const SheetBox& box, Meets meets) const;
+
     SheetBox sheet_;
+    std::size_t columns_;
+    std::vector<std::vector<std::size_t>> lines_in_;  // a cell: the lines whose box meets it
     std::vector<SheetBox> taken_;
     std::vector<std::pair<SheetPoint, SheetPoint>> lines_;
 };

@@ -17,10 +17,16 @@
 #include "reports/refusal.h"
 #include "sheet/canvas.h"
 #include "verbs/help.h"
+#include "verbs/title_block.h"
 #include "writing/division_writer.h"
 
 namespace tool {
 namespace {
+
+// Nobody looks for more files than this.
+constexpr std::size_t kMaxFiles = 20;
+
+constexpr long long kMaxAreaDecimals = 12;
 
 std::string written_lines(const std::vector<std::string>& files, const ParcelFile& parcels)
 {
@@ -72,6 +78,10 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_flag("--json", json_);
     options().add_option("--plan", plan_)->type_name("PLAN");
     options().add_option("--paper", paper_)->type_name("A4|A3");
+    options().add_option("--name-column", name_column_)->type_name("COLUMN");
+    options().add_option("--area-decimals", area_decimals_)->type_name("N");
+    options().add_option("--title", titles_)->type_name("KEY=VALUE")->expected(1)->take_all();
+    options().add_option("--title-block", title_block_)->type_name("FILE");
     options().add_option("-o,--output", out_)->type_name("OUT");
     options().add_option("--format", format_)->type_name("ENDING");
     options().add_flag("--overwrite", overwrite_);
@@ -84,6 +94,10 @@ void DivideVerb::check_outputs() const
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
     if (given("--plan") && source().ground_factor != 1.0)
         wrong_use("--plan: the plan shows lengths of the plane; leave --ground-factor out");
+    for (const char* option : {"--area-decimals", "--title", "--title-block"})
+        if (given(option) && !given("--plan"))
+            wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
+    plan_wishes();
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     check_standard_output();
@@ -119,20 +133,59 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, 
     return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file);
 }
 
-// Draws the plan, but does not move it into its place; null if none is asked for.
-std::unique_ptr<PendingOutput> DivideVerb::draw(const Answer& answer, const ParcelFile& file) const
+Source DivideVerb::source() const
+{
+    Source source = Verb::source();
+    if (given("--name-column"))
+        source.name_column = name_column_;
+    return source;
+}
+
+PlanWishes DivideVerb::plan_wishes() const
+{
+    PlanWishes wishes;
+    if (given("--area-decimals")) {
+        const long long decimals = whole("--area-decimals", area_decimals_);
+        if (decimals < 0 || decimals > kMaxAreaDecimals)
+            wrong_use("--area-decimals: '" + area_decimals_ + "' is not a number from 0 to " +
+                      std::to_string(kMaxAreaDecimals));
+        wishes.area_decimals = static_cast<int>(decimals);
+    }
+    if (given("--title-block"))
+        wishes.title_block = read_title_block(title_block_);
+    for (const std::string& title : titles_)
+        add_title(wishes.title_block, {"--title", ""}, title);
+    return wishes;
+}
+
+// Draws the sheets of the plan, but does not move them into their place.
+//
+// Returns the names of the files.
+std::vector<std::string> DivideVerb::draw(const Answer& answer, const ParcelFile& file,
+                                          Outputs& outputs) const
 {
     if (!given("--plan"))
-        return nullptr;
-    std::unique_ptr<PendingOutput> output = std::make_unique<PendingOutput>(plan_, overwrite_, file.files());
+        return {};
+    const PlanSheets sheets(plan_of(answer, plan_wishes()), *paper_of(paper_));
+    const std::vector<std::string> names = sheets.files(plan_);
+    if (names.size() > kMaxFiles)
+        throw Failure(ExitStatus::wrong_use, {plan_, ""},
+                      "the plan has " + std::to_string(sheets.count()) +
+                          " sheets, which would be as many files",
+                      "name it .pdf");
+    std::vector<std::string> paths;
+    for (const std::string& name : names) {
+        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files()));
+        paths.push_back(outputs.back()->path());
+    }
     try {
-        draw_plan(plan_of(answer), *paper_of(paper_), output->path(), plan_);
+        sheets.draw(paths, names);
     } catch (const Failure&) {
-        if (output->disk_is_full())
+        if (!outputs.empty() && outputs.back()->disk_is_full())
             throw disk_full(plan_);
         throw;
     }
-    return output;
+    return names;
 }
 
 Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& out) const
@@ -150,12 +203,14 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& 
     const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
     if (writer != nullptr)
         writer->add(*read, answer);
-    const std::unique_ptr<PendingOutput> plan = draw(answer, file);
+    Outputs plan;
+    const std::vector<std::string> sheets = draw(answer, file, plan);
     guard.check();
-    const std::vector<std::string> written =
-        writer != nullptr ? writer->commit() : std::vector<std::string>();
-    if (plan != nullptr)
-        plan->commit();
+    std::vector<std::string> written = writer != nullptr ? writer->commit() : std::vector<std::string>();
+    for (const std::unique_ptr<PendingOutput>& sheet : plan)
+        sheet->commit();
+    if (sheets.size() > 1)
+        written.insert(written.end(), sheets.begin(), sheets.end());
     if (!json_)
         return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file))};
     ManyReport report(ManyReport::Keep::json);

@@ -94,7 +94,17 @@ Options
                         output: their format, as geojson; formats of one layer
                         leave the lines out
   --plan PLAN           draws a plan at a round scale to PLAN.pdf, PLAN.svg or
-                        PLAN.png; --paper A3 takes A3 instead of A4
+                        PLAN.png, with tables of pieces, lines and points.
+                        What one sheet does not hold goes to further sheets:
+                        pages of the PDF, or PLAN-2.svg, PLAN-3.svg, ...
+  --paper A4|A3         the paper of the plan; A4 by default
+  --area-decimals N     decimals of the areas on the plan; without it they are
+                        whole, or show two digits of a small piece
+  --title KEY=VALUE     an entry of the plan's title block, as in Client=Rossi;
+                        may be given several times
+  --title-block FILE    the same from a text file, an entry in every line
+  --name-column COLUMN  takes the parcel's name from this column; pieces of
+                        1234/5 are then called 1234/5a, 1234/5b, ...
   --overwrite           replaces files that exist, but never FILE; in a
                         GeoPackage or SQLite file only the layers pieces and
                         lines

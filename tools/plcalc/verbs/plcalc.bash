@@ -22,12 +22,13 @@ _plcalc() {
             return
             ;;
         --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
-            --areas | --parts | --station | --orientation | --point | --base)
+            --areas | --parts | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;
     esac
     case $verb in
-        divide) words="$choose $cut --output --format --plan --paper --overwrite" ;;
+        divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
+            --title-block --name-column --overwrite" ;;
         measure) words=$choose ;;
         stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
         *) return ;;

@@ -9,6 +9,7 @@
 #include "answers/printed_division.h"
 #include "answers/question.h"
 #include "answers/stakeout.h"
+#include "plan/plan.h"
 #include "reading/parcel_file.h"
 #include "verbs/cut_options.h"
 #include "verbs/verb.h"
@@ -34,7 +35,10 @@ private:
     Output one(ParcelFile& file, const Asked& asked, const std::string& out) const;
     void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
     Output many(ParcelFile& file, const Asked& asked, const std::string& out) const;
-    std::unique_ptr<PendingOutput> draw(const Answer& answer, const ParcelFile& file) const;
+    using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
+    std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
+    Source source() const;
+    PlanWishes plan_wishes() const;
 
     bool json_ = false;
     bool overwrite_ = false;
@@ -42,6 +46,10 @@ private:
     std::string out_;
     std::string format_;
     std::string paper_ = "A4";
+    std::string name_column_;
+    std::string area_decimals_;
+    std::vector<std::string> titles_;
+    std::string title_block_;
 };
 
 /// `plcalc measure`: area, perimeter, sides and angles of a parcel.
