@@ -295,9 +295,12 @@ bool ParallelTrials::all_meet_side(double low, double high, std::int32_t at,
     const MeetsParallels& met = side(at);
     const PL_PNT2D_record& from = point(at - 1);
     const PL_PNT2D_record& to = point(at);
-    return !met.may_be_one() && meets_within(met, from, to, low, crossing) &&
-           meets_within(met, from, to, high, crossing) &&
-           meets_within(met, from, to, (low + high) * 0.5, crossing);
+    if (met.may_be_one() || !meets_within(met, from, to, low, crossing) ||
+        !meets_within(met, from, to, high, crossing))
+        return false;
+    const double c = (low + high) * 0.5;
+    crossing = {met.x_at(c), met.y_at(c)};
+    return true;
 }
 
 TrialLine ParallelTrials::any_line_between(double low, double high, bool drops_below,
