@@ -14,10 +14,15 @@
 #include "lines/point_lines.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
+#include "verdict/staked_out.h"
+#include "verdict/target.h"
 #include "whole_lines/whole_cut.h"
 
 namespace plparcel {
 namespace {
+
+// Where doubles cannot hold that, the part of a wider tolerance that the line may use up before it is rounded.
+constexpr double kForTheLine = 0.5;
 
 // What is left after a cut begins and ends with the line, so that the line is its last side.
 Stage after(const Stage& stage, const PL_PNT2D_record& from, MeasuredRing rest)
@@ -82,34 +87,69 @@ Attempt next_cut(const Stage& stage, const Reference& reference, const Shares& s
     return target.rest > 0.0 ? make_cut(stage, reference, target) : none;
 }
 
-void cut_all(Stage stage, const Reference& reference, const Shares& shares, const Wide& parcel,
-             Division& division)
+void refuse(Division& division, Status status, std::size_t at_amount)
+{
+    division.status = status;
+    division.at_amount = at_amount;
+    division.lines.clear();
+    division.pieces.clear();
+    division.held.clear();
+}
+
+// With two pieces to a line, each amount is one piece.
+void hold_one_each(Division& division)
+{
+    division.held.clear();
+    for (const Piece& piece : division.pieces)
+        division.held.push_back({piece.asked, piece.area, piece.residual, 1});
+}
+
+// Cuts within a tolerance, a part of the parcel. Returns what each piece should hold.
+std::vector<Wide> cut_all(Stage stage, const Reference& reference, const Shares& shares, const Wide& parcel,
+                          double of_parcel, Division& division)
 {
     const std::vector<Wide>& areas = shares.pieces;
     const std::vector<Wide> rests = sums_after(areas);
+    std::vector<Wide> wanted;
     Wide left = parcel;
     for (std::size_t i = 0; i + 1 < areas.size(); ++i) {
         const Wide rest = shares.widths.empty() ? rests[i] : left - areas[i];
-        Attempt attempt = next_cut(stage, reference, shares, i, {areas[i], rest, parcel});
+        Attempt attempt = next_cut(stage, reference, shares, i, {areas[i], rest, parcel, of_parcel});
         if (stage.ask_library)
             division.bare.push_back(attempt.bare);
         division.trials += attempt.trials;
         division.status = attempt.status;
         if (attempt.status != Status::divided) {
-            division.at_amount = i;
-            division.lines.clear();
-            division.pieces.clear();
-            return;
+            refuse(division, attempt.status, i);
+            return {};
         }
         division.lines.push_back(attempt.line);
         division.pieces.push_back(piece_of(std::move(attempt.cutting.request), attempt.asked, i));
+        wanted.push_back(attempt.asked);
         left = left - attempt.asked;
         stage = after(stage, division.lines.back().from, std::move(attempt.cutting.rest));
     }
-    division.pieces.push_back(
-        piece_of(std::move(stage.ring), shares.widths.empty() ? areas.back() : left, areas.size() - 1));
-    for (const Piece& piece : division.pieces)
-        division.held.push_back({piece.asked, piece.area, piece.residual, 1});
+    wanted.push_back(shares.widths.empty() ? areas.back() : left);
+    division.pieces.push_back(piece_of(std::move(stage.ring), wanted.back(), areas.size() - 1));
+    hold_one_each(division);
+    return wanted;
+}
+
+// Replaces the lines by rounded ones.
+void round_lines(const Ring& boundary, const std::vector<Wide>& areas, const Wide& parcel,
+                 const Rounding& rounding, Division& division)
+{
+    std::optional<StakedOut> staked = stake_out(boundary, division, areas, parcel, rounding);
+    if (!staked)
+        return refuse(division, Status::not_reached, 0);
+    for (std::size_t i = 0; i < division.lines.size(); ++i) {
+        division.lines[i].from = staked->lines[i].from;
+        division.lines[i].to = staked->lines[i].to;
+    }
+    for (std::size_t i = 0; i < division.pieces.size(); ++i)
+        division.pieces[i] = piece_of(std::move(staked->pieces[i]), areas[i], i);
+    hold_one_each(division);
+    division.decimals = staked->decimals;
 }
 
 // Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
@@ -118,6 +158,13 @@ MeasuredRing begun_at(Ring ring, std::size_t start)
 {
     std::rotate(ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(start), ring.end());
     return MeasuredRing(std::move(ring));
+}
+
+bool is_usable(const Rounding& rounding)
+{
+    constexpr double kMostTolerance = 0.01;
+    return !rounding.decimals || (*rounding.decimals >= 0 && *rounding.decimals <= kMostDecimals &&
+                                  rounding.tolerance > 0.0 && rounding.tolerance <= kMostTolerance);
 }
 
 bool is_known(const Request& request)
@@ -135,6 +182,8 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
     const Line& line = request.line;
     if (!is_known(request))
         return Status::unknown_request;
+    if (request.rounding.decimals)
+        return Status::only_all_digits;
     if (request.alternative > 0)
         return Status::no_further_line;  // there is one whole line for each amount
     if (is_free(line.cut))
@@ -250,6 +299,10 @@ Division divide(const Ring& ring, const Request& request)
         division.status = *start.refusal;
         return division;
     }
+    if (!is_usable(request.rounding)) {
+        division.status = Status::unusable_rounding;
+        return division;
+    }
     if (has_start(request.line.cut) && has_width(request.amounts)) {
         division.status = Status::no_width;
         return division;
@@ -274,7 +327,16 @@ Division divide(const Ring& ring, const Request& request)
     stage.point_stays = start.point_stays;
     if (start.cut == Cut::through_point)
         stage.first = direction_of(request.line.bearing);
-    cut_all(std::move(stage), reference, shares, parcel, division);
+    std::vector<Wide> wanted = cut_all(stage, reference, shares, parcel, kAsExactAsDoubles, division);
+    if (!request.rounding.decimals)
+        return division;
+    if (division.status == Status::not_reached && request.rounding.tolerance > kAsExactAsDoubles) {
+        division.bare.clear();
+        wanted =
+            cut_all(stage, reference, shares, parcel, kForTheLine * request.rounding.tolerance, division);
+    }
+    if (division.status == Status::divided)
+        round_lines(stage.ring.ring(), wanted, parcel, request.rounding, division);
     return division;
 }
 
@@ -365,6 +427,10 @@ const char* describe(Status status) noexcept
         return "a line that starts somewhere or goes through a point needs a parcel without holes";
     case Status::no_amount:
         return "no amount is given";
+    case Status::unusable_rounding:
+        return "the number of decimals is not 0 to 17, or the tolerance not above 0 and at most 0.01";
+    case Status::only_all_digits:
+        return "whole lines and lines in parcels with holes are not rounded to decimals";
     case Status::unusable_amount:
         return "an amount is given by something that is not a number to compute with";
     case Status::amount_too_small:
@@ -382,7 +448,7 @@ const char* describe(Status status) noexcept
     case Status::whole_line_parts_more:
         return "the whole line that holds the amount makes more than two pieces";
     case Status::not_reached:
-        return "the coordinates are too coarse to hold the amount within 1e-9 of the parcel";
+        return "the coordinates are too coarse to hold the amount within the tolerance";
     }
     return "unknown status";
 }

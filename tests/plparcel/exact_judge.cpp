@@ -129,7 +129,19 @@ struct Case {
 
     Number rest() const { return parcel - asked; }
 
-    // Of one piece.
+    // How far rounding takes an end from where it was found.
+    Number rounding = 0;
+
+    // Of one piece, as it is returned.
+    Number granted(const Number& amount) const
+    {
+        const Number of_parcel =
+            parcel * Number(request.rounding.decimals ? request.rounding.tolerance : 1e-9);
+        const Number of_piece = amount * Number(0.01);
+        return std::min(of_parcel, of_piece);
+    }
+
+    // Of one piece, as it is found.
     Number tolerance(const Number& amount) const
     {
         const Number of_parcel = parcel * Number(1e-9);
@@ -821,9 +833,34 @@ std::string objection_to_refusal(const Case& c, Status status)
     return "";
 }
 
+Number power_of_ten(int exponent)
+{
+    Number power = 1;
+    for (int i = 0; i < exponent; ++i)
+        power *= 10;
+    return power;
+}
+
+// Whether a double is the nearest one to a number of so many decimals.
+bool has_decimals(double value, int decimals)
+{
+    const Number power = power_of_ten(decimals);
+    const Number steps = Number(value) * power;
+    mpz_class whole;
+    const Number half_up = steps + Number(1) / 2;
+    mpz_fdiv_q(whole.get_mpz_t(), half_up.get_num_mpz_t(), half_up.get_den_mpz_t());
+    const Number decimal = Number(whole) / power;
+    const double infinity = std::numeric_limits<double>::infinity();
+    const Number off = abs(Number(value) - decimal);
+    const Number off_below = abs(Number(std::nextafter(value, -infinity)) - decimal);
+    const Number off_above = abs(Number(std::nextafter(value, infinity)) - decimal);
+    return off <= off_below && off <= off_above;
+}
+
 bool is_on_boundary(const Case& c, const Point& p)
 {
-    const Number reach2 = c.spacing * c.spacing * Number(6.25);
+    const Number reach = c.spacing * Number(2.5) + c.rounding;
+    const Number reach2 = reach * reach;
     for (std::size_t i = 0; i < c.ring.size(); ++i) {
         const Point d = vertex(c.ring, i + 1) - c.ring[i];
         const Point w = p - c.ring[i];
@@ -887,20 +924,27 @@ bool lies_on_the_right(const Case& c, const Polygon& piece, const Point& from, c
     return right == (c.request.measured == Measured::from_reference);
 }
 
+// Whether an end is a point, as far as rounding goes.
+bool is_at(const Case& c, const Point& end, const Point& p)
+{
+    return c.request.rounding.decimals ? largest_of(end - p) <= c.rounding + c.spacing : same(end, p);
+}
+
 bool passes_the_start(const Case& c, const Point& from, const Point& to)
 {
     const Start start = start_of(c);
     if (start.where == Start::Where::vertex)
-        return same(from, c.ring[start.index]);
+        return is_at(c, from, c.ring[start.index]);
     if (start.where == Start::Where::side && c.request.line.cut == Cut::through_point)
-        return same(from, start.p);
+        return is_at(c, from, start.p);
     const Point w = start.p - from;
     if (start.where == Start::Where::side)
-        return largest_of(w) <= 3 * c.spacing;
+        return largest_of(w) <= 3 * c.spacing + c.rounding;
+    const Number reach = 6 * c.spacing + c.rounding;
     const Point run = to - from;
     const Number off = cross(run, w);
     return start.where == Start::Where::inside && sgn(dot(run, w)) > 0 && dot(run, w) < dot(run, run) &&
-           off * off <= 36 * c.spacing * c.spacing * dot(run, run);
+           off * off <= reach * reach * dot(run, run);
 }
 
 // Whether the piece that should hold the request lies where it was asked to.
@@ -923,14 +967,15 @@ bool lies_where_asked(const Case& c, const Polygon& piece, const Point& from, co
         // Along the side after the vertex, or the one before; the line may end on that side.
         const Point& before = vertex(c.ring, c.request.line.index + c.ring.size() - 1);
         const Point& along = near ? b : before;
+        const Number reach = 8 * c.spacing + 2 * c.rounding;
         const auto runs_along = [&](const Point& p) {
-            return !same(p, a) && largest_of(p - a) > 8 * c.spacing &&
+            return !same(p, from) && largest_of(p - a) > reach &&
                    cross(along - a, p - a) * cross(along - a, p - a) <=
-                       64 * c.spacing * c.spacing * dot(along - a, along - a) &&
+                       reach * reach * dot(along - a, along - a) &&
                    sgn(dot(along - a, p - a)) > 0;
         };
         for (std::size_t i = 0; i < piece.size(); ++i)
-            if (same(piece[i], a))
+            if (same(piece[i], from))
                 return near ? runs_along(vertex(piece, i + 1))
                             : runs_along(vertex(piece, i + piece.size() - 1));
         return false;
@@ -951,20 +996,113 @@ bool runs_as_asked(const Case& c, const Point& from, const Point& to)
         return passes_the_start(c, from, to);
     const Point& a = vertex(c.ring, c.request.line.index);
     if (c.request.line.cut == Cut::through_vertex)
-        return same(from, a);
+        return is_at(c, from, a);
     const Point side = run_of(c);
     const Point run = to - from;
     if (c.request.line.cut != Cut::perpendicular && sgn(dot(side, run)) <= 0)
         return false;
     const Number aside = c.request.line.cut == Cut::perpendicular ? dot(side, run) : cross(side, run);
-    const Number reach = 12 * c.spacing;
+    const Number reach = 12 * c.spacing + 2 * c.rounding;
     return aside * aside <= reach * reach * dot(side, side);
+}
+
+// The line through two points, prolonged or shortened to the boundary, as a cut of the ring.
+struct LineToTheBoundary {
+    std::vector<Polygon> pieces;
+    Number off2[2];  // from each end to where the line meets the boundary; squared
+};
+
+LineToTheBoundary to_the_boundary(const Case& c, const Point& from, const Point& to)
+{
+    const Point run = to - from;
+    const Number length2 = dot(run, run);
+    Number first_along;
+    Number last_along;
+    Line line;
+    bool has_first = false;
+    bool has_last = false;
+    for (std::size_t i = 0; i < c.ring.size(); ++i) {
+        const Point& a = c.ring[i];
+        const Point& b = vertex(c.ring, i + 1);
+        const Number off_a = cross(run, a - from);
+        const Number off_b = cross(run, b - from);
+        if (sgn(off_a) * sgn(off_b) > 0 || off_a == off_b)
+            continue;
+        const Point at = at_part(a, b, off_a / (off_a - off_b));
+        const Number along = dot(run, at - from) / length2;
+        if (2 * along < 1 && (!has_first || along > first_along)) {
+            has_first = true;
+            first_along = along;
+            line.from = at;
+            line.from_side = i;
+        }
+        if (2 * along > 1 && (!has_last || along < last_along)) {
+            has_last = true;
+            last_along = along;
+            line.to = at;
+            line.to_side = i;
+        }
+    }
+    if (!has_first || !has_last)
+        return {};
+    LineToTheBoundary found;
+    found.pieces = {piece_after(c, line), piece_after(c, reversed(line))};
+    found.off2[0] = first_along * first_along * length2;
+    found.off2[1] = (last_along - 1) * (last_along - 1) * length2;
+    return found;
+}
+
+// The rounded line as people will read it who stake it out up to the boundary.
+std::string objection_to_rounding(const Case& c, const Division& division)
+{
+    if (division.decimals) {
+        if (*division.decimals < *c.request.rounding.decimals)
+            return "fewer decimals than were asked for";
+        for (const PL_PNT2D_record& p : {division.lines[0].from, division.lines[0].to})
+            if (!has_decimals(p.x, *division.decimals) || !has_decimals(p.y, *division.decimals))
+                return "an end has more decimals than is said";
+    }
+    const LineToTheBoundary line =
+        to_the_boundary(c, exact(division.lines[0].from), exact(division.lines[0].to));
+    const std::vector<Polygon>& pieces = line.pieces;
+    if (pieces.empty())
+        return "the line does not part the parcel";
+    const Number reach = 64 * (c.rounding + 4 * c.spacing);
+    for (std::size_t i = 0; i < 2; ++i) {
+        if (line.off2[i] <= reach * reach)
+            continue;
+        // Rounded beside a corner that points into the parcel, the line ends where it is staked out.
+        const Point end = exact(i == 0 ? division.lines[0].from : division.lines[0].to);
+        const bool at_a_vertex = std::any_of(c.ring.begin(), c.ring.end(), [&](const Point& v) {
+            return largest_of(v - end) <= c.rounding + 4 * c.spacing;
+        });
+        return at_a_vertex ? "" : "the boundary is not where the line ends";
+    }
+    Number areas[2];
+    for (std::size_t i = 0; i < 2; ++i)
+        areas[i] = twice_area(pieces[i]) / (c.anticlockwise ? 2 : -2);
+    const Number rest = c.rest();
+    const auto fits = [&](const Number& first, const Number& second) {
+        const Number miss = abs(first - c.asked);
+        const Number other_miss = abs(second - rest);
+        return miss <= c.granted(c.asked) && other_miss <= c.granted(rest);
+    };
+    if (!fits(areas[0], areas[1]) && !fits(areas[1], areas[0]))
+        return "up to the boundary, a piece does not hold its amount";
+    return "";
 }
 
 std::string objection_to_division(const Case& c, const Division& division)
 {
     if (division.lines.size() != 1 || division.pieces.size() != 2)
         return "one line and two pieces were asked for";
+    if (division.decimals && !c.request.rounding.decimals)
+        return "no decimals were asked for";
+    if (c.request.rounding.decimals) {
+        const std::string objection = objection_to_rounding(c, division);
+        if (!objection.empty())
+            return objection;
+    }
     const Point from = exact(division.lines[0].from);
     const Point to = exact(division.lines[0].to);
     if (!is_on_boundary(c, from) || !is_on_boundary(c, to))
@@ -981,14 +1119,14 @@ std::string objection_to_division(const Case& c, const Division& division)
             return "a piece meets itself";
         if (!is_walk(c, piece, from, to, seen))
             return "a piece is not the boundary from end to end";
-        if (miss > c.tolerance(wanted) * Number(1.0 + 1e-12))
+        if (miss > c.granted(wanted) * Number(1.0 + 1e-12))
             return "a piece does not hold its amount";
         if (i == 0 && !lies_where_asked(c, piece, from, to))
             return "the amount lies on the wrong side";
     }
+    const Number reach = 8 * c.spacing + c.rounding;
     for (std::size_t i = 0; i < seen.size(); ++i)
-        if (!seen[i] && largest_of(c.ring[i] - from) > 8 * c.spacing &&
-            largest_of(c.ring[i] - to) > 8 * c.spacing)
+        if (!seen[i] && largest_of(c.ring[i] - from) > reach && largest_of(c.ring[i] - to) > reach)
             return "a vertex belongs to no piece";
     return "";
 }
@@ -997,7 +1135,9 @@ std::string objection_to_division(const Case& c, const Division& division)
 
 std::string exact_objection(const Ring& ring, const Request& request, const Division& division)
 {
-    const Case c = case_of(ring, request);
+    Case c = case_of(ring, request);
+    if (division.decimals)
+        c.rounding = Number(0.7072) / power_of_ten(*division.decimals);
     return division.status == Status::divided ? objection_to_division(c, division)
                                               : objection_to_refusal(c, division.status);
 }

@@ -12,7 +12,8 @@ namespace plparcel_test {
 /// Says what is wrong with an answer to a request of one amount.
 ///
 /// A division: its ends lie on the boundary, its line runs as asked, its pieces are the ring walked from end to end,
-/// are simple, and hold what they should. A refusal: no line of the kind holds the amount and lies clear of the
+/// are simple, and hold what they should; with decimals, its ends have so many, and the line prolonged or shortened to
+/// the boundary holds the amount as well. A refusal: no line of the kind holds the amount and lies clear of the
 /// boundary between its ends; where the reason is that doubles are too coarse, no doubles next to such a line's
 /// ends hold it either.
 ///

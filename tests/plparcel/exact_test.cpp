@@ -12,6 +12,7 @@
 
 #include "exact_judge.h"
 #include "plparcel/division.h"
+#include "plparcel/extent.h"
 #include "support/bits.h"
 #include "support/parcel_kinds.h"
 #include "support/rings.h"
@@ -164,6 +165,17 @@ Request any_request(std::mt19937_64& random, const Line& line, double parcel)
     return request;
 }
 
+// To as few decimals as the extent asks for, to fewer, and to more.
+plparcel::Rounding any_rounding(std::mt19937_64& random, const Ring& ring)
+{
+    const double extent = plparcel::extent_of(ring).largest();
+    const int fair = static_cast<int>(std::ceil(-std::log10(2e-6 * extent)));
+    plparcel::Rounding rounding;
+    rounding.decimals = std::min(17, std::max(0, fair + static_cast<int>(below(random, 5)) - 2));
+    rounding.tolerance = std::pow(10.0, between(random, -9.0, -3.0));
+    return rounding;
+}
+
 std::string shown(const Ring& ring, const Request& request)
 {
     char text[300];
@@ -178,6 +190,11 @@ std::string shown(const Ring& ring, const Request& request)
     all += text;
     for (const PL_PNT2D_record& p : ring) {
         std::snprintf(text, sizeof text, " %.17g %.17g", p.x, p.y);
+        all += text;
+    }
+    if (request.rounding.decimals) {
+        std::snprintf(text, sizeof text, "; decimals %d within %.17g", *request.rounding.decimals,
+                      request.rounding.tolerance);
         all += text;
     }
     return all;
@@ -199,7 +216,11 @@ void expect_none_wrong(Line (*make_line)(std::mt19937_64&, const Ring&))
         const plparcel::RingReport report = plparcel::check_ring(ring);
         if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
             continue;
-        const Request request = any_request(random, make_line(random, ring), report.area);
+        Request request = any_request(random, make_line(random, ring), report.area);
+        const bool has_direction =
+            request.line.cut != Cut::through_place && request.line.cut != Cut::through_point;
+        if (i % 2 == 1 && has_direction)
+            request.rounding = any_rounding(random, ring);
         const Division division = divide(ring, request);
         expect_right(ring, request, division);
         ++tally[describe(division)];

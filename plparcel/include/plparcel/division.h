@@ -23,7 +23,8 @@
 ///
 /// A third of the parcel, along a side: `request.amounts = {plparcel::share(1.0, 3.0)}`. Four heirs:
 /// `request.amounts = plparcel::equal_parts(4)`. A strip as a product of two lengths, then 250 more next to it:
-/// `request.amounts = {plparcel::product(20.0, 30.0), plparcel::area(250.0)}`.
+/// `request.amounts = {plparcel::product(20.0, 30.0), plparcel::area(250.0)}`. To the centimetre, if that holds the
+/// amounts to a ten-thousandth of the parcel: `request.rounding = {2, 1e-4}`.
 ///
 /// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are in
 /// that unit squared. The functions keep no state and may be called from any thread. They throw nothing but
@@ -31,10 +32,12 @@
 /// except Division::bare and DividingLine::found, for which the platform's sine and cosine turn the parcel.
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "plparcel/boundary.h"
 #include "plparcel/line.h"
+#include "plparcel/rounding.h"
 
 namespace plparcel {
 
@@ -123,6 +126,7 @@ struct Request {
     /// no second one.
     std::size_t alternative = 0;
     Pieces pieces = Pieces::two;  ///< `any` is for lines that have a direction
+    Rounding rounding = {};       ///< how many decimals the ends of the lines have; see rounding.h
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
     /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths, holes or
     /// whole lines. It costs about as much as the division itself, and far more on parcels of thousands of vertices.
@@ -147,6 +151,8 @@ enum class Status {
     only_two_pieces,      ///< any number of pieces, and a line that starts somewhere or goes through a point
     only_without_holes,   ///< a hole, and a line that starts somewhere or goes through a point
     no_amount,            ///< the list of amounts is empty
+    unusable_rounding,    ///< decimals or a tolerance outside what Rounding says
+    only_all_digits,      ///< decimals, and any number of pieces or a parcel with holes
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
     amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200; a width that
@@ -158,7 +164,7 @@ enum class Status {
     no_further_line,        ///< there are no more lines than Request::alternative says
     line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
     whole_line_parts_more,  ///< two pieces and holes: the whole line that holds the amount makes more than two
-    not_reached             ///< coordinates are too coarse to meet the amount within 1e-9 of the parcel
+    not_reached             ///< coordinates are too coarse to meet the amount within the tolerance
 };
 
 /// @param[in] status  any status
@@ -222,8 +228,11 @@ struct Division {
     std::size_t at_amount = 0;                  ///< unless divided: index of the amount that could not be cut
     RingReport ring;                            ///< what check_ring() says of the parcel
     std::vector<DividingLine> lines;            ///< in the order of the amounts; empty unless divided
-    std::vector<Piece> pieces;     ///< in the order of the amounts, then what is left; empty unless divided
-    std::vector<Held> held;        ///< of each amount, then of what is left; empty unless divided
+    std::vector<Piece> pieces;  ///< in the order of the amounts, then what is left; empty unless divided
+    std::vector<Held> held;     ///< of each amount, then of what is left; empty unless divided
+    /// Of the ends of all lines, where Request::rounding asks for decimals: as many, or more if those do not hold the
+    /// amounts. None: the ends have all their digits.
+    std::optional<int> decimals;
     std::vector<BareAnswer> bare;  ///< if asked for, one per cut that was tried, including a failed one
     std::size_t trials = 0;        ///< lines that were computed and measured, without those of CFrazArea
 };
@@ -239,8 +248,8 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 /// @param[in] request  what to cut off
 /// @return `divided` only when every line lies in the parcel with its ends on the boundary and makes exactly two
 ///         pieces of what was left, and every piece holds its amount within 1e-9 of the parcel's area and within a
-///         hundredth of itself. The returned, rounded coordinates are judged, by a measurement that shares nothing
-///         with the search: it walks both rings and sums with 106 bits.
+///         hundredth of itself, or within what Request::rounding states. The returned, rounded coordinates are judged,
+///         by a measurement that shares nothing with the search: it walks both rings and sums with 106 bits.
 ///
 /// Tolerance   The end of a line lies within 2.5 times coordinate_spacing() (extent.h) of its side: 3e-9 at 5e6. An
 ///             end within four spacings of a vertex, on each axis, is moved to the vertex if the amount allows it.
@@ -258,6 +267,13 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             turns, as in the middle of a rectangle, that is the line at this bearing. Lines that miss the amount by
 ///             no more than the tolerance, through a vertex or of the greatest or least area that there is, come
 ///             after those that hold it.
+/// Rounded     With Rounding::decimals the ends are rounded once the lines have been found. They are then as near to
+///             their sides as half a step of the last decimal on each axis allows, an end at a vertex included, and
+///             pieces and areas are those of the rounded ends. `divided` says that the pieces are simple, lie beside
+///             each other and hold their amounts within Rounding::tolerance of the parcel, and that they do so as
+///             well when each line is prolonged or shortened to the boundary. Where that takes more decimals, the lines have more: Division::decimals. Where doubles
+///             cannot hold an amount within 1e-9, a line that holds it within half the stated tolerance is rounded;
+///             not_reached says that there is none, or that not even all digits hold the amounts.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
 ///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the

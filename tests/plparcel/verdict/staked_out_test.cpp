@@ -1,0 +1,196 @@
+// The line with the decimals that are staked out.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "plparcel/rounding.h"
+#include "support/bits.h"
+#include "support/rings.h"
+
+namespace {
+
+using plparcel::Cut;
+using plparcel::divide;
+using plparcel::Division;
+using plparcel::equal_parts;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::rounded_to;
+using plparcel::share;
+using plparcel::Status;
+
+const Ring kLot = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+// No decimal number lies on its long sides.
+const Ring kSlant = {{10, 20}, {131.7, 53.3}, {120.1, 97.4}, {-3.1, 61.9}};
+
+Request request(Cut cut, std::size_t index, plparcel::Amount amount, int decimals, double tolerance = 1e-6)
+{
+    Request made;
+    made.line = {cut, index};
+    made.amounts = {amount};
+    made.rounding.decimals = decimals;
+    made.rounding.tolerance = tolerance;
+    return made;
+}
+
+bool has_decimals(const PL_PNT2D_record& p, int decimals)
+{
+    return p.x == rounded_to(p.x, decimals) && p.y == rounded_to(p.y, decimals);
+}
+
+struct StakedRow {
+    const char* what;
+    Ring ring;
+    Request request;
+    std::optional<int> decimals;
+};
+
+const StakedRow kStaked[] = {
+    {"a line at 10, exactly", kLot, request(Cut::parallel, 0, plparcel::area(1000), 0), 0},
+    {"a line at 12.345, as asked", kLot, request(Cut::parallel, 0, plparcel::area(1234.5), 3), 3},
+    {"12.345 to a decimal misses by 1e-3 of the parcel", kLot,
+     request(Cut::parallel, 0, plparcel::area(1234.5), 1), 3},
+    {"and holds it to one decimal where so much is granted", kLot,
+     request(Cut::parallel, 0, plparcel::area(1234.5), 1, 0.0011), 1},
+    {"a third: 16.6667 misses by 6.7e-7", kLot, request(Cut::parallel, 0, share(1, 3), 4), 4},
+    {"a third: 16.667 misses by 6.7e-6", kLot, request(Cut::parallel, 0, share(1, 3), 3), 4},
+    {"a third: 16.667 is granted", kLot, request(Cut::parallel, 0, share(1, 3), 3, 6.7e-6), 3},
+    {"a third: 16.667 is not quite granted", kLot, request(Cut::parallel, 0, share(1, 3), 3, 6.6e-6), 4},
+    {"a hundredth of itself: 5e-4 high to four decimals", kLot,
+     request(Cut::parallel, 0, plparcel::area(0.0548), 4, 0.01), 5},
+    {"from a vertex with one decimal", kSlant, request(Cut::through_vertex, 1, share(1, 3), 4), 4},
+};
+
+TEST(StakedOut, HasAsFewDecimalsAsHoldTheAmounts)
+{
+    for (const StakedRow& row : kStaked) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(row.ring, row.request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.decimals, row.decimals);
+        for (const plparcel::DividingLine& line : division.lines) {
+            EXPECT_TRUE(has_decimals(line.from, *row.decimals));
+            EXPECT_TRUE(has_decimals(line.to, *row.decimals));
+        }
+    }
+}
+
+TEST(StakedOut, PiecesHaveTheRoundedEndsAsCorners)
+{
+    const Division division = divide(kLot, request(Cut::parallel, 0, share(1, 3), 4));
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{0, 16.6667}));
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{100, 16.6667}));
+    EXPECT_NEAR(division.pieces[0].area, 1666.67, 1e-12 * 1666.67);
+    EXPECT_NEAR(division.pieces[1].area, 3333.33, 1e-12 * 3333.33);
+    EXPECT_NEAR(division.pieces[0].residual, 1666.67 - 5000.0 / 3.0, 1e-12);
+    EXPECT_EQ(division.pieces[0].ring.size(), 4u);
+}
+
+TEST(StakedOut, WithoutDecimalsTheLineHasAllDigits)
+{
+    Request all = request(Cut::parallel, 0, share(1, 3), 4);
+    all.rounding.decimals.reset();
+    const Division division = divide(kLot, all);
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_FALSE(division.decimals);
+    EXPECT_EQ(division.lines[0].from.y, 50.0 / 3.0);
+}
+
+TEST(StakedOut, WholeLinesAndHolesAreNotRoundedUnsaid)
+{
+    Request whole = request(Cut::parallel, 0, share(1, 3), 4);
+    whole.pieces = plparcel::Pieces::any;
+    EXPECT_EQ(divide(kLot, whole).status, Status::only_all_digits);
+    const plparcel::Parcel with_hole = {kLot, {{{40, 20}, {40, 30}, {60, 30}, {60, 20}}}};
+    EXPECT_EQ(divide(with_hole, request(Cut::parallel, 0, share(1, 3), 4)).status, Status::only_all_digits);
+}
+
+TEST(StakedOut, RoundingsThatMakeNoSenseAreRefused)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const int decimals : {-1, 18})
+        EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), decimals)).status,
+                  Status::unusable_rounding);
+    for (const double tolerance : {0.0, -1e-6, 0.0100000001, nan})
+        EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), 4, tolerance)).status,
+                  Status::unusable_rounding);
+    EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), 4, 0.01)).status, Status::divided);
+    EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), 17)).status, Status::divided);
+}
+
+//  3---------------------------2       A gap of a hundredth of a millimetre goes up to 8. To four decimals, the end
+//  |          4.5 o=====o|     |       on its left side would lie in the right half of the parcel.
+//  0---------------------------1
+TEST(StakedOut, AnEndIsNotRoundedAcrossAGap)
+{
+    const Ring slit = {{0, 0},        {10.00006, 0}, {10.00006, 8},  {10.00007, 8},
+                       {10.00007, 0}, {20.00007, 0}, {20.00007, 10}, {0, 10}};
+    const Division division = divide(slit, request(Cut::perpendicular, 7, plparcel::area(45.00027), 4, 1e-3));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 5);
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{10.00006, 4.5}));
+    // Half a step more to the right there is room for it.
+    const Ring wider = {{0, 0},        {10.00006, 0}, {10.00006, 8},  {10.00016, 8},
+                        {10.00016, 0}, {20.00007, 0}, {20.00007, 10}, {0, 10}};
+    const Division in_the_gap =
+        divide(wider, request(Cut::perpendicular, 7, plparcel::area(45.00027), 4, 1e-3));
+    ASSERT_EQ(in_the_gap.status, Status::divided) << describe(in_the_gap);
+    EXPECT_EQ(in_the_gap.decimals, 4);
+}
+
+// An L whose inner corner is a spacing of doubles inside of what two decimals say. Rounded, a line from there passes
+// beside that corner, and ends where it is staked out.
+TEST(StakedOut, ALineBesideTheCornerItStartsFromNeedsNoMoreDecimals)
+{
+    for (const double inward : {-1.0, 0.0, 1.0}) {
+        const double corner = std::nextafter(40.1, 40.1 + inward);
+        const Ring l = {{0, 0}, {100, 0}, {100, corner}, {corner, corner}, {corner, 100}, {0, 100}};
+        const Division division = divide(l, request(Cut::through_vertex, 3, share(1, 4), 2, 1e-4));
+        ASSERT_EQ(division.status, Status::divided);
+        EXPECT_EQ(division.decimals, 2);
+        EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{40.1, 40.1}));
+    }
+}
+
+// At 5e6 a spacing of doubles is more than a billionth of so small a parcel, yet far less than a millionth.
+TEST(StakedOut, TheStatedToleranceCountsWhereDoublesCannotHoldABillionth)
+{
+    std::mt19937_64 random = test::random_source();
+    int without = 0;
+    for (int i = 0; i < 200; ++i) {
+        Ring ring = kSlant;
+        for (PL_PNT2D_record& p : ring)
+            p = {500000.0 + 0.0005 * p.x, 5000000.0 + 0.0005 * p.y};
+        Request asked = request(static_cast<Cut>(i % 3), static_cast<std::size_t>(i % 4),
+                                share(std::uniform_real_distribution<double>(0.1, 0.9)(random), 1), 7);
+        EXPECT_EQ(divide(ring, asked).status, Status::divided);
+        asked.rounding.decimals.reset();
+        without += divide(ring, asked).status == Status::divided ? 1 : 0;
+    }
+    EXPECT_LT(without, 200);
+}
+
+TEST(StakedOut, ASeriesHoldsPieceByPiece)
+{
+    for (const Cut cut : {Cut::parallel, Cut::perpendicular, Cut::through_vertex}) {
+        Request series = request(cut, 0, share(1, 3), 4);
+        series.amounts = equal_parts(7);
+        const Division division = divide(kSlant, series);
+        ASSERT_EQ(division.status, Status::divided);
+        ASSERT_TRUE(division.decimals);
+        const double parcel = division.ring.area;
+        for (const plparcel::Piece& piece : division.pieces) {
+            EXPECT_NEAR(plparcel::check_ring(piece.ring).area, parcel / 7, 1e-6 * parcel);
+            EXPECT_EQ(piece.area, plparcel::check_ring(piece.ring).area);
+        }
+    }
+}
+
+}  // namespace
