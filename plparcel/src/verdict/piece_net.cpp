@@ -16,11 +16,6 @@ PL_PNT2D_record rounded_to(const PL_PNT2D_record& p, int decimals)
     return {plparcel::rounded_to(p.x, decimals), plparcel::rounded_to(p.y, decimals)};
 }
 
-bool comes_before(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-{
-    return a.x < b.x || (a.x == b.x && a.y < b.y);
-}
-
 void append(Ring& ring, const PL_PNT2D_record& p)
 {
     if (ring.empty() || !same_place(ring.back(), p))
