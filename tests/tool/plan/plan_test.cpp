@@ -604,55 +604,6 @@ TEST_F(Plans, PngIsTrueToScaleAndTinted)
         ASSERT_TRUE(plan.is(2, y, 255, 255, 255) && plan.is(plan.width() - 3, y, 255, 255, 255)) << y;
 }
 
-// 20 metres at 1:500 are 40 millimetres, 226.8 dots, in four fields: dark, white, dark, white. The bar's right end is
-// 12 points from the frame, which leaves 10 millimetres of the sheet free.
-TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
-{
-    write_wkt(kLot);
-    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.png").status, 0);
-    const Picture plan(path("plan.png"));
-    ASSERT_EQ(plan.width(), 1684);
-    const double right = 2.0 * (297.0 / 25.4 * 72.0 - 10.0 / 25.4 * 72.0 - 12.0);
-    const double field = 0.25 * 20.0 * 144.0 / 0.0254 / 500.0;
-    const auto is_all = [&](int y, int fields_from_right, int grey) {
-        const int from = static_cast<int>(right - field * fields_from_right) + 3;
-        for (int x = from; x < from + static_cast<int>(field) - 5; ++x)
-            if (!plan.is(x, y, grey, grey, grey))
-                return false;
-        return true;
-    };
-    int rows = 0;
-    for (int y = plan.height() / 2; y < plan.height(); ++y)
-        rows += is_all(y, 5, 255) && is_all(y, 4, 38) && is_all(y, 3, 255) && is_all(y, 2, 38) &&
-                is_all(y, 1, 255);
-    EXPECT_NEAR(rows, 10, 3) << "5 points high";
-}
-
-// Thirty strips across, 15 points wide: too narrow for their areas, wide enough for their numbers.
-TEST_F(Plans, EveryPieceHasItsNumber)
-{
-    write_wkt(kLot);
-    ASSERT_EQ(divide("lot.csv", "--parallel 2 --parts 30 --plan plan.png").status, 0);
-    const Picture plan(path("plan.png"));
-    ASSERT_GT(plan.height(), 0);
-    const int half = plan.height() / 2;
-    const auto is_line = [&](int x, int y) { return plan.is(x, y, 184, 28, 28); };
-    std::vector<int> lines;
-    for (int x = 1; x < plan.width(); ++x)
-        if (is_line(x, half) && !is_line(x - 1, half))
-            lines.push_back(x);
-    ASSERT_EQ(lines.size(), 29u);
-    const int strip = lines[1] - lines[0];
-    for (int piece = 0; piece < 30; ++piece) {
-        const int left = piece == 0 ? lines[0] - strip : lines[static_cast<std::size_t>(piece) - 1];
-        int ink = 0;
-        for (int y = half - 130; y < half + 130; ++y)
-            for (int x = left + 5; x < left + strip - 4; ++x)
-                ink += plan.is(x, y, 38, 38, 38);
-        EXPECT_GT(ink, 5) << "strip " << piece + 1 << " from the left";
-    }
-}
-
 TEST_F(Plans, SvgAndPdfHaveTheirPaper)
 {
     write("lot.csv", "id,WKT\n1,\"POLYGON ((0 0, 200 0, 200 50, 0 50, 0 0))\"\n");
