@@ -5,11 +5,13 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include <gdal_priv.h>
 #include <sys/stat.h>
 
+#include "answers/division_points.h"
 #include "plan/details.h"
 #include "plan/drawing.h"
 #include "plan/labels.h"
@@ -602,6 +604,48 @@ TEST_F(Plans, PngIsTrueToScaleAndTinted)
         ASSERT_TRUE(plan.is(x, 2, 255, 255, 255) && plan.is(x, plan.height() - 3, 255, 255, 255)) << x;
     for (int y = 0; y < plan.height(); ++y)
         ASSERT_TRUE(plan.is(2, y, 255, 255, 255) && plan.is(plan.width() - 3, y, 255, 255, 255)) << y;
+}
+
+// 20 metres at 1:500 are 40 millimetres, 226.8 dots, in four fields: dark, white, dark, white. The bar's right end is
+// 10 points from the frame, which leaves 10 millimetres of the sheet free.
+TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
+{
+    write_wkt(kLot);
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.png").status, 0);
+    const Picture plan(path("plan.png"));
+    ASSERT_EQ(plan.width(), 1684);
+    const double right = 2.0 * (297.0 / 25.4 * 72.0 - 10.0 / 25.4 * 72.0 - 10.0);
+    const double field = 0.25 * 20.0 * 144.0 / 0.0254 / 500.0;
+    const auto is_all = [&](int y, int fields_from_right, int grey) {
+        const int from = static_cast<int>(right - field * fields_from_right) + 3;
+        for (int x = from; x < from + static_cast<int>(field) - 5; ++x)
+            if (!plan.is(x, y, grey, grey, grey))
+                return false;
+        return true;
+    };
+    int rows = 0;
+    for (int y = plan.height() / 2; y < plan.height(); ++y)
+        rows += is_all(y, 5, 255) && is_all(y, 4, 38) && is_all(y, 3, 255) && is_all(y, 2, 38) &&
+                is_all(y, 1, 255);
+    EXPECT_NEAR(rows, 10, 3) << "5 points high";
+}
+
+// Thirty strips across, 8 points wide: a name stands in its strip, or beside it with the area and a hair line. The
+// tables are not bold.
+TEST_F(Plans, EveryPieceHasItsName)
+{
+    write_wkt(kLot);
+    ASSERT_EQ(divide("lot.csv", "--parallel 2 --parts 30 --plan plan.svg").status, 0);
+    std::istringstream svg(content("plan.svg"));
+    std::multiset<std::string> bold;
+    for (std::string line; std::getline(svg, line);)
+        if (line.find("font-weight=\"bold\"") != std::string::npos)
+            bold.insert(line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1));
+    for (std::size_t piece = 0; piece < 30; ++piece) {
+        const std::string name = tool::piece_title("", piece);
+        EXPECT_EQ(bold.count(name) + bold.count(name + "  133"), name == "N" ? 2u : 1u)
+            << name << "; the north arrow has an N too";
+    }
 }
 
 TEST_F(Plans, SvgAndPdfHaveTheirPaper)
