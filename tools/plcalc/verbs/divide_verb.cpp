@@ -1,5 +1,6 @@
 #include "verbs/verbs.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +13,7 @@
 #include "files/pending_output.h"
 #include "plan/drawing.h"
 #include "plan/plan.h"
+#include "reports/division_file.h"
 #include "reports/many_report.h"
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
@@ -27,6 +29,24 @@ namespace {
 constexpr std::size_t kMaxFiles = 20;
 
 constexpr long long kMaxAreaDecimals = 12;
+
+bool ends_with(const std::string& text, const std::string& ending)
+{
+    return text.size() > ending.size() &&
+           text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+void write_text(const std::string& path, const std::string& text, const std::string& name)
+{
+    errno = 0;
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    file.close();
+    if (!file)
+        throw Failure(ExitStatus::failed, {name, ""},
+                      "the file could not be written (" + std::generic_category().message(errno) + ")",
+                      "check the folder and the room on the disk");
+}
 
 std::string written_lines(const std::vector<std::string>& files, const ParcelFile& parcels)
 {
@@ -82,6 +102,8 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_option("--area-decimals", area_decimals_)->type_name("N");
     options().add_option("--title", titles_)->type_name("KEY=VALUE")->expected(1)->take_all();
     options().add_option("--title-block", title_block_)->type_name("FILE");
+    options().add_option("--report", report_)->type_name("REPORT");
+    options().add_option("--points", points_)->type_name("POINTS");
     options().add_option("-o,--output", out_)->type_name("OUT");
     options().add_option("--format", format_)->type_name("ENDING");
     options().add_flag("--overwrite", overwrite_);
@@ -94,6 +116,12 @@ void DivideVerb::check_outputs() const
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
     if (given("--plan") && source().ground_factor != 1.0)
         wrong_use("--plan: the plan shows lengths of the plane; leave --ground-factor out");
+    if (given("--report") && !ends_with(report_, ".txt") && !ends_with(report_, ".md"))
+        wrong_use("--report: '" + report_ + "' does not end in .txt or .md");
+    if (given("--points") && !ends_with(points_, ".csv"))
+        wrong_use("--points: '" + points_ + "' does not end in .csv");
+    if (given("--report") && source().ground_factor != 1.0)
+        wrong_use("--report: the report shows lengths of the plane; leave --ground-factor out");
     for (const char* option : {"--area-decimals", "--title", "--title-block"})
         if (given(option) && !given("--plan"))
             wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
@@ -188,6 +216,26 @@ std::vector<std::string> DivideVerb::draw(const Answer& answer, const ParcelFile
     return names;
 }
 
+// Writes report and list of points, but does not move them into their place.
+//
+// Returns the names of the files.
+std::vector<std::string> DivideVerb::write_texts(const Answer& answer, const ParcelFile& file,
+                                                 Outputs& outputs) const
+{
+    std::vector<std::string> names;
+    const auto write = [&](const std::string& name, const std::string& text) {
+        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files()));
+        write_text(outputs.back()->path(), text, name);
+        names.push_back(name);
+    };
+    if (given("--report"))
+        write(report_, division_report(answer, ends_with(report_, ".md") ? ReportStyle::markdown
+                                                                         : ReportStyle::plain));
+    if (given("--points"))
+        write(points_, point_list(answer));
+    return names;
+}
+
 Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& out) const
 {
     const std::optional<ReadParcel> read = file.next();
@@ -203,14 +251,16 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& 
     const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
     if (writer != nullptr)
         writer->add(*read, answer);
-    Outputs plan;
-    const std::vector<std::string> sheets = draw(answer, file, plan);
+    Outputs outputs;
+    const std::vector<std::string> sheets = draw(answer, file, outputs);
+    const std::vector<std::string> texts = write_texts(answer, file, outputs);
     guard.check();
     std::vector<std::string> written = writer != nullptr ? writer->commit() : std::vector<std::string>();
-    for (const std::unique_ptr<PendingOutput>& sheet : plan)
-        sheet->commit();
+    for (const std::unique_ptr<PendingOutput>& output : outputs)
+        output->commit();
     if (sheets.size() > 1)
         written.insert(written.end(), sheets.begin(), sheets.end());
+    written.insert(written.end(), texts.begin(), texts.end());
     if (!json_)
         return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file))};
     ManyReport report(ManyReport::Keep::json);
@@ -240,6 +290,10 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
 {
     if (given("--plan"))
         file.refuse_several("and --plan draws only one");
+    if (given("--report"))
+        file.refuse_several("and --report is about one");
+    if (given("--points"))
+        file.refuse_several("and --points lists those of one");
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
     using Keep = ManyReport::Keep;

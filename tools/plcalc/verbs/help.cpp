@@ -103,6 +103,9 @@ Options
   --title KEY=VALUE     an entry of the plan's title block, as in Client=Rossi;
                         may be given several times
   --title-block FILE    the same from a text file, an entry in every line
+  --report REPORT       writes a report to REPORT.txt or REPORT.md: parcel,
+                        request, method, new points, pieces, checks
+  --points POINTS.csv   writes name, E, N and code of all points: NEW or CORNER
   --name-column COLUMN  takes the parcel's name from this column; pieces of
                         1234/5 are then called 1234/5a, 1234/5b, ...
   --overwrite           replaces files that exist, but never FILE; in a

@@ -28,7 +28,7 @@ _plcalc() {
     esac
     case $verb in
         divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
-            --title-block --name-column --overwrite" ;;
+            --title-block --name-column --report --points --overwrite" ;;
         measure) words=$choose ;;
         stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
         *) return ;;

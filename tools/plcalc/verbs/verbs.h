@@ -37,6 +37,8 @@ private:
     Output many(ParcelFile& file, const Asked& asked, const std::string& out) const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
     std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
+    std::vector<std::string> write_texts(const Answer& answer, const ParcelFile& file,
+                                         Outputs& outputs) const;
     Source source() const;
     PlanWishes plan_wishes() const;
 
@@ -50,6 +52,8 @@ private:
     std::string area_decimals_;
     std::vector<std::string> titles_;
     std::string title_block_;
+    std::string report_;
+    std::string points_;
 };
 
 /// `plcalc measure`: area, perimeter, sides and angles of a parcel.

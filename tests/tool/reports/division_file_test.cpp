@@ -1,0 +1,143 @@
+// The report of a division and the list of its points, as files.
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "program.h"
+
+namespace {
+
+class DivisionFiles : public test::ProgramTest {
+protected:
+    std::string content(const std::string& name) const
+    {
+        std::ifstream file(path(name), std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+
+    void write_lot() const
+    {
+        write("lot.csv", "lot,WKT\n1234/5,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
+    }
+};
+
+TEST_F(DivisionFiles, AReportTellsEverythingAboutADivision)
+{
+    write_lot();
+    const test::Result run =
+        divide("lot.csv", "--parallel 1 --area 1000 --name-column lot --report report.txt");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Written  report.txt\n"), std::string::npos) << run.out;
+    EXPECT_EQ(content("report.txt"), R"(Division of a parcel
+====================
+
+Parcel
+------
+  Name: 1234/5
+  Source: lot.csv: feature 1
+  Coordinates: no CRS stated; the unit is not stated
+  Corners: 4, anticlockwise
+  Area: 4000.0000
+  Perimeter: 260.0000
+
+Request
+-------
+  Cut: parallel to side 1, from vertex 1 to vertex 2
+  Areas asked for: 1000
+
+Method
+------
+  Each line is computed with all digits, and proven: it lies in the parcel, ends
+  on the boundary and makes exactly two pieces. Its ends are then rounded to 4
+  decimals, and the rounded line is proven again. The areas below are those of
+  the rounded lines.
+
+New points
+----------
+Point        E        N
+   P1   0.0000  12.5000
+   P2  80.0000  12.5000
+
+Dividing lines
+--------------
+From  to   length  bearing, gon
+  P1  P2  80.0000      100.0000
+
+Sides that are cut: parts, then the whole
+-----------------------------------------
+From  to   length
+   2  P2  12.5000
+  P2   3  37.5000
+   2   3  50.0000
+   4  P1  37.5000
+  P1   1  12.5000
+   4   1  50.0000
+
+Pieces
+------
+  Piece      asked       area  difference
+1234/5a  1000.0000  1000.0000      0.0000
+1234/5b  3000.0000  3000.0000      0.0000
+
+Checks
+------
+  Sum of the pieces: 4000.0000
+  Area of the parcel: 4000.0000
+  Largest difference between asked and area: 0.0000
+)");
+}
+
+TEST_F(DivisionFiles, AReportInMarkdownHasTables)
+{
+    write_lot();
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --report report.md").status, 0);
+    const std::string report = content("report.md");
+    for (const char* part : {"# Division of a parcel\n\n## Parcel\n\n- Source: lot.csv: feature 1\n",
+                             "| Point | E | N |\n| ---: | ---: | ---: |\n| P1 | 0.0000 | 12.5000 |\n",
+                             "| A | 1000.0000 | 1000.0000 | 0.0000 |\n"})
+        EXPECT_NE(report.find(part), std::string::npos) << part << report;
+}
+
+TEST_F(DivisionFiles, PointsForAController)
+{
+    write_lot();
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --points points.csv").status, 0);
+    EXPECT_EQ(content("points.csv"), "name,E,N,code\n"
+                                     "P1,0.0000,12.5000,NEW\n"
+                                     "P2,80.0000,12.5000,NEW\n"
+                                     "1,0.0000,0.0000,CORNER\n"
+                                     "2,80.0000,0.0000,CORNER\n"
+                                     "3,80.0000,50.0000,CORNER\n"
+                                     "4,0.0000,50.0000,CORNER\n");
+}
+
+TEST_F(DivisionFiles, RefusedWishes)
+{
+    write_lot();
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --report report.doc"), 2,
+                         "--report: 'report.doc' does not end in .txt or .md; see plcalc divide --help"));
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --points points.gpkg"), 2,
+                                 "--points: 'points.gpkg' does not end in .csv; see plcalc divide --help"));
+    write("report.txt", "mine");
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --report report.txt --points points.csv"),
+                         2, "report.txt: the file exists already; choose another name or add --overwrite"));
+    EXPECT_EQ(content("report.txt"), "mine");
+    EXPECT_FALSE(std::filesystem::exists(path("points.csv"))) << "all of them or none";
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --points lot.csv --overwrite"), 2,
+                                 "lot.csv: the parcels come from this file; choose another name"));
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5000 --report other.txt").status, 4);
+    EXPECT_FALSE(std::filesystem::exists(path("other.txt"))) << "a refused division has no report";
+    write("lots.csv", "id,WKT\n1,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n"
+                      "2,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.csv", "--parallel 1 --area 1000 --report other.txt"), 2,
+                         "lots.csv: there are 2 parcels (feature 1, feature 2), and --report is about one; "
+                         "choose one with --feature FID"));
+}
+
+}  // namespace

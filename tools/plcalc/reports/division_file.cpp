@@ -1,0 +1,251 @@
+#include "reports/division_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <sstream>
+#include <vector>
+
+#include "answers/division_points.h"
+#include "answers/measure.h"
+#include "plcalc/kernel.h"
+#include "reports/words.h"
+#include "text/numbers.h"
+#include "text/table.h"
+
+namespace tool {
+namespace {
+
+using Cells = std::vector<std::string>;
+
+// A report is headings, sentences and tables.
+class ReportText {
+public:
+    explicit ReportText(ReportStyle style) : style_(style) {}
+
+    void heading(const std::string& text, bool is_title = false)
+    {
+        const bool after_blank = text_.size() < 2 || text_.compare(text_.size() - 2, 2, "\n\n") == 0;
+        text_ += after_blank ? "" : "\n";
+        if (style_ == ReportStyle::markdown)
+            text_ += (is_title ? "# " : "## ") + text + "\n\n";
+        else
+            text_ += text + "\n" + std::string(text.size(), is_title ? '=' : '-') + "\n";
+    }
+
+    void item(const std::string& text)
+    {
+        text_ += (style_ == ReportStyle::markdown ? "- " : "  ") + text + "\n";
+    }
+
+    // In lines of eighty columns.
+    void paragraph(const std::string& text)
+    {
+        constexpr std::size_t kWidth = 80;
+        const std::string indent = style_ == ReportStyle::markdown ? "" : "  ";
+        std::istringstream words(text);
+        std::string line = indent;
+        for (std::string word; words >> word;) {
+            const bool first = line.size() == indent.size();
+            if (!first && line.size() + 1 + word.size() > kWidth) {
+                text_ += line + "\n";
+                line = indent + word;
+            } else {
+                line += (first ? "" : " ") + word;
+            }
+        }
+        text_ += line + "\n";
+    }
+
+    // The first row is the head.
+    void table(const std::vector<Cells>& rows)
+    {
+        if (style_ == ReportStyle::plain) {
+            text_ += columns(rows);
+            return;
+        }
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            text_ += row_of(rows[i]);
+            if (i == 0)
+                text_ += row_of(Cells(rows[i].size(), "---:"));
+        }
+    }
+
+    const std::string& text() const { return text_; }
+
+private:
+    static std::string row_of(const Cells& cells)
+    {
+        std::string row = "|";
+        for (const std::string& cell : cells) {
+            row += " ";
+            for (const char c : cell)
+                row += c == '|' ? std::string("\\|") : std::string(1, c);
+            row += " |";
+        }
+        return row + "\n";
+    }
+
+    ReportStyle style_;
+    std::string text_;
+};
+
+// The division with what every section needs.
+struct Reported {
+    const Answer& answer;
+    DivisionPoints points;
+    std::string unit;  ///< " m", or nothing
+
+    int decimals() const { return answer.printed.resolution.decimals; }
+    std::string area(double value) const { return fixed(value, answer.printed.resolution.area_decimals); }
+    std::string length(std::size_t from, std::size_t to) const
+    {
+        return fixed(PlFunz_distance(&points.points[from].printed, &points.points[to].printed), decimals());
+    }
+    const std::string& name(std::size_t point) const { return points.points[point].name; }
+};
+
+void add_parcel(const Reported& reported, ReportText& text)
+{
+    const Parcel& parcel = reported.answer.parcel;
+    const plparcel::RingReport& ring = reported.answer.printed.proven.ring;
+    text.heading("Parcel");
+    if (!parcel.name.empty())
+        text.item("Name: " + parcel.name);
+    text.item("Source: " + heading(parcel.place, parcel.assumed));
+    text.item("Coordinates: " + (parcel.crs.empty() ? "no CRS stated" : parcel.crs) +
+              (parcel.unit.name.empty() ? "; the unit is not stated" : ", in " + parcel.unit.name));
+    text.item("Corners: " + std::to_string(parcel.ring.size()) + ", " + direction_name(ring.anticlockwise));
+    text.item("Area: " + reported.area(ring.area));
+    text.item("Perimeter: " + fixed(ring.perimeter, reported.decimals()) + reported.unit);
+}
+
+void add_request(const Reported& reported, ReportText& text)
+{
+    const Answer& answer = reported.answer;
+    text.heading("Request");
+    text.item("Cut: " + described_cut(answer.asked, answer.parcel.ring.size()));
+    text.item("Areas asked for: " + described_amounts(answer.asked));
+    text.heading("Method");
+    text.paragraph(
+        "Each line is computed with all digits, and proven: it lies in the parcel, ends on the boundary and "
+        "makes exactly two pieces. Its ends are then rounded to " +
+        std::to_string(reported.decimals()) +
+        " decimals, and the rounded line is proven again. The areas below are those of the rounded lines.");
+}
+
+void add_points(const Reported& reported, ReportText& text)
+{
+    std::vector<Cells> rows = {{"Point", "E", "N"}};
+    for (std::size_t i = reported.points.corners; i < reported.points.points.size(); ++i) {
+        const PL_PNT2D_record& p = reported.points.points[i].printed;
+        rows.push_back({reported.name(i), fixed(p.x, reported.decimals()), fixed(p.y, reported.decimals())});
+    }
+    text.heading("New points");
+    text.table(rows);
+}
+
+void add_lines(const Reported& reported, ReportText& text)
+{
+    std::vector<Cells> rows = {{"From", "to", "length", "bearing, gon"}};
+    for (const DivisionPoints::Line& line : reported.points.lines)
+        rows.push_back({reported.name(line.from), reported.name(line.to), reported.length(line.from, line.to),
+                        gon_text(bearing_gon(reported.points.points[line.from].printed,
+                                             reported.points.points[line.to].printed),
+                                 kAngleDecimals)});
+    text.heading("Dividing lines");
+    text.table(rows);
+}
+
+void add_cut_sides(const Reported& reported, ReportText& text)
+{
+    std::vector<Cells> rows = {{"From", "to", "length"}};
+    for (std::size_t side = 0; side < reported.points.corners; ++side) {
+        const std::vector<std::size_t> along = reported.points.along(side);
+        for (std::size_t i = 0; along.size() > 2 && i + 1 < along.size(); ++i)
+            rows.push_back({reported.name(along[i]), reported.name(along[i + 1]),
+                            reported.length(along[i], along[i + 1])});
+        if (along.size() > 2)
+            rows.push_back({reported.name(along.front()), reported.name(along.back()),
+                            reported.length(along.front(), along.back())});
+    }
+    if (rows.size() == 1)
+        return;
+    text.heading("Sides that are cut: parts, then the whole");
+    text.table(rows);
+}
+
+void add_pieces(const Reported& reported, ReportText& text)
+{
+    const PrintedDivision& printed = reported.answer.printed;
+    std::vector<Cells> rows = {{"Piece", "asked", "area", "difference"}};
+    for (std::size_t i = 0; i < printed.areas.size(); ++i) {
+        const double asked = printed.proven.pieces[i].asked;
+        rows.push_back({piece_title(reported.answer.parcel.name, i), reported.area(asked),
+                        reported.area(printed.areas[i]), reported.area(printed.areas[i] - asked)});
+    }
+    text.heading("Pieces");
+    text.table(rows);
+}
+
+void add_checks(const Reported& reported, ReportText& text)
+{
+    const PrintedDivision& printed = reported.answer.printed;
+    double sum = 0.0;
+    double worst = 0.0;
+    for (std::size_t i = 0; i < printed.areas.size(); ++i) {
+        sum += printed.areas[i];
+        worst = std::max(worst, std::fabs(printed.areas[i] - printed.proven.pieces[i].asked));
+    }
+    text.heading("Checks");
+    text.item("Sum of the pieces: " + reported.area(sum));
+    text.item("Area of the parcel: " + reported.area(printed.proven.ring.area));
+    text.item("Largest difference between asked and area: " + reported.area(worst));
+}
+
+std::string csv_cell(const std::string& text)
+{
+    if (text.find_first_of(",;\"\r\n") == std::string::npos)
+        return text;
+    std::string cell = "\"";
+    for (const char c : text)
+        cell += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return cell + "\"";
+}
+
+}  // namespace
+
+std::string division_report(const Answer& answer, ReportStyle style)
+{
+    const std::string& unit = answer.parcel.unit.name;
+    const Reported reported = {answer, points_of(answer), unit.empty() ? "" : " " + unit};
+    ReportText text(style);
+    text.heading("Division of a parcel", true);
+    add_parcel(reported, text);
+    add_request(reported, text);
+    add_points(reported, text);
+    add_lines(reported, text);
+    add_cut_sides(reported, text);
+    add_pieces(reported, text);
+    add_checks(reported, text);
+    return text.text();
+}
+
+std::string point_list(const Answer& answer)
+{
+    const DivisionPoints points = points_of(answer);
+    const int decimals = answer.printed.resolution.decimals;
+    std::string list = "name,E,N,code\n";
+    const auto add = [&](std::size_t i, const char* code) {
+        const DivisionPoint& point = points.points[i];
+        list += csv_cell(point.name) + "," + fixed(point.printed.x, decimals) + "," +
+                fixed(point.printed.y, decimals) + "," + code + "\n";
+    };
+    for (std::size_t i = points.corners; i < points.points.size(); ++i)
+        add(i, "NEW");
+    for (std::size_t i = 0; i < points.corners; ++i)
+        add(i, "CORNER");
+    return list;
+}
+
+}  // namespace tool

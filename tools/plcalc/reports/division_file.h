@@ -1,0 +1,23 @@
+#pragma once
+
+// A division as text for the file: a report to read, and a list of points for a controller.
+
+#include <string>
+
+#include "answers/printed_division.h"
+
+namespace tool {
+
+enum class ReportStyle { plain, markdown };
+
+/// Parcel, request, method, new points, dividing lines, pieces, parts of the sides that are cut, and checks.
+///
+/// @param[in] answer  one that is done()
+std::string division_report(const Answer& answer, ReportStyle style);
+
+/// A CSV table with name, E, N and code of every point: the new ones first (NEW), then the corners (CORNER).
+///
+/// @param[in] answer  one that is done()
+std::string point_list(const Answer& answer);
+
+}  // namespace tool
