@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <vector>
 
 #include "fuzz/check.h"
 #include "fuzz/parcel.h"
@@ -35,9 +36,36 @@ plparcel::Amount read_amount(Reader& in, const Ring& ring)
         const double part = in.byte();
         return plparcel::share(part, in.byte());
     }
-    if (kind == 3)
-        return {static_cast<plparcel::Given>(in.selector()), in.number(), in.number()};
+    if (kind == 3) {
+        const auto given = static_cast<plparcel::Given>(in.selector());
+        const double first = in.number();
+        const double second = in.number();
+        return given == plparcel::Given::as_width ? plparcel::width(first)
+                                                  : plparcel::Amount{given, first, second};
+    }
     return plparcel::area(std::fabs(fuzz::area_of(ring)) * in.byte() / 255.0);
+}
+
+// The same line as callers describe it.
+plparcel::Line as_described(const plparcel::Line& line)
+{
+    switch (line.cut) {
+    case Cut::parallel:
+        return plparcel::parallel_to(line.index);
+    case Cut::perpendicular:
+        return plparcel::perpendicular_to(line.index);
+    case Cut::through_vertex:
+        return plparcel::through_vertex(line.index);
+    case Cut::at_bearing:
+        return plparcel::at_bearing(line.bearing);
+    case Cut::along_segment:
+        return plparcel::along_segment(line.a, line.b);
+    case Cut::through_place:
+        return plparcel::through_place(line.index, line.along);
+    case Cut::through_point:
+        return plparcel::through_point(line.a, line.bearing);
+    }
+    return line;  // a number that is no cut
 }
 
 plparcel::Request read_request(Reader& in, const Ring& ring)
@@ -68,6 +96,7 @@ plparcel::Request read_request(Reader& in, const Ring& ring)
         request.line.a = {0.5 * v.x + 0.5 * w.x, 0.5 * v.y + 0.5 * w.y};
     }
     request.line.along = request.line.bearing;
+    request.line = as_described(request.line);
     request.alternative = static_cast<std::size_t>(in.below(kAnyStart)) % 2;
     request.pieces = static_cast<plparcel::Pieces>(in.byte() % 2);
     return request;
@@ -280,6 +309,42 @@ bool same(const Division& one, const Division& other)
     return same;
 }
 
+// Each of the lines that hold the amount is one that divide() gives, and the first is the one that it gives at once.
+void check_all(const Ring& ring, const plparcel::Request& request, const Division& first)
+{
+    const std::vector<Division> all = plparcel::all_divisions(ring, request);
+    FUZZ_CHECK(!all.empty() && same(all.front(), first));
+    for (const Division& division : all)
+        FUZZ_CHECK(division.status == Status::divided || all.size() == 1);
+}
+
+// Ranges from the least to the most, apart from each other, none of more than the parcel.
+void check_ranges(const Ring& ring, const PL_PNT2D_record& point, double parcel)
+{
+    double so_far = 0.0;
+    for (const plparcel::AmountRange& range : plparcel::amounts_through(ring, point)) {
+        FUZZ_CHECK(range.least >= so_far && range.most >= range.least && range.most <= parcel);
+        so_far = range.most;
+    }
+}
+
+// The ends are what their decimals say, and the pieces hold their amounts as closely as is asked.
+void check_rounded(const Ring& ring, plparcel::Request request, int decimals)
+{
+    request.rounding.decimals = decimals;
+    const Division division = plparcel::divide(ring, request);
+    if (division.status != Status::divided)
+        return;
+    FUZZ_CHECK(!division.decimals || *division.decimals >= decimals);
+    for (const plparcel::DividingLine& line : division.lines)
+        for (const PL_PNT2D_record& p : {line.from, line.to})
+            FUZZ_CHECK(!division.decimals ||
+                       (fuzz::equal(p, {plparcel::rounded_to(p.x, *division.decimals),
+                                        plparcel::rounded_to(p.y, *division.decimals)})));
+    for (const plparcel::Piece& piece : division.pieces)
+        FUZZ_CHECK(std::fabs(piece.residual) <= (request.rounding.tolerance + 1e-15) * division.ring.area);
+}
+
 void check_report(const Ring& ring, const plparcel::RingReport& report)
 {
     FUZZ_CHECK(report.repeated <= ring.size());
@@ -321,5 +386,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_CHECK(division.status == Status::divided);
     FUZZ_CHECK(same(division, plparcel::divide(ring, request)));
     check_with_holes(in, ring, request);
+    check_all(ring, request, division);
+    check_ranges(ring, request.line.a, report.area);
+    constexpr int kMostRead = 8;
+    check_rounded(ring, request, in.below(kMostRead));
     return 0;
 }
