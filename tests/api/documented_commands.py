@@ -116,7 +116,11 @@ class Clone:
         for example in (self.folder / "examples").iterdir():
             shutil.copy2(example, self.folder)
         (work / "lots.csv").write_text(LOTS, encoding="ascii")
-        self.call(f"ogr2ogr -q lots.gpkg '{work}/lots.csv' && ogr2ogr -q -a_srs EPSG:32632 parcel.gpkg examples/published.geojson")
+        self.call(f"ogr2ogr -q lots.gpkg '{work}/lots.csv'")
+        # Moved to where zone 32 is true to scale.
+        moved = "SELECT name, ST_Translate(geometry, 500000, 5000000, 0) FROM published"
+        self.call(f"ogr2ogr -q -a_srs EPSG:32632 -nln parcel -dialect SQLite -sql '{moved}' parcel.gpkg "
+                  "examples/published.geojson")
         programs = work / "bin"
         programs.mkdir()
         (programs / "plcalc").symlink_to(build / "tools/plcalc/plcalc")

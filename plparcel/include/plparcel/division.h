@@ -29,7 +29,7 @@
 /// Coordinates are plane, x East and y North, in the caller's unit, at any distance from the origin; areas are in
 /// that unit squared. The functions keep no state and may be called from any thread. They throw nothing but
 /// std::bad_alloc, except equal_parts(). Results are the same to the last bit on every machine with IEEE doubles,
-/// except Division::bare and DividingLine::found, for which the platform's sine and cosine turn the parcel.
+/// except Division::bare and DividingLine::library_agrees, for which the platform's sine and cosine turn the parcel.
 
 #include <cstddef>
 #include <optional>
@@ -127,9 +127,9 @@ struct Request {
     std::size_t alternative = 0;
     Pieces pieces = Pieces::two;  ///< `any` is for lines that have a direction
     Rounding rounding = {};       ///< how many decimals the ends of the lines have; see rounding.h
-    /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and DividingLine::found;
-    /// no line depends on them. It knows parallels, perpendiculars and lines from a vertex only, and no widths, holes or
-    /// whole lines. It costs about as much as the division itself, and far more on parcels of thousands of vertices.
+    /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and
+    /// DividingLine::library_agrees; no line depends on them. It knows parallels, perpendiculars and lines from a
+    /// vertex only, and no widths, holes or whole lines. It costs about as much as the division itself, and far more on parcels of thousands of vertices.
     bool ask_library = false;
 };
 
@@ -271,9 +271,10 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             their sides as half a step of the last decimal on each axis allows, an end at a vertex included, and
 ///             pieces and areas are those of the rounded ends. `divided` says that the pieces are simple, lie beside
 ///             each other and hold their amounts within Rounding::tolerance of the parcel, and that they do so as
-///             well when each line is prolonged or shortened to the boundary. Where that takes more decimals, the lines have more: Division::decimals. Where doubles
-///             cannot hold an amount within 1e-9, a line that holds it within half the stated tolerance is rounded;
-///             not_reached says that there is none, or that not even all digits hold the amounts.
+///             well when each line is prolonged or shortened to the boundary. Where that takes more decimals, the
+///             lines have more: Division::decimals. Where doubles cannot hold an amount within 1e-9, a line that holds
+///             it within half the stated tolerance is rounded; not_reached says that there is none, or that not even
+///             all digits hold the amounts.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
 ///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the

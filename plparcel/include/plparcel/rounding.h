@@ -27,8 +27,8 @@ PLPARCEL_API double rounded_to(double value, int decimals) noexcept;
 /// 1e-9 of the parcel. With decimals the ends are rounded first, because the rounded line is the one that is staked
 /// out: pieces and areas are those of the rounded ends, and the tolerance is the one stated here.
 struct Rounding {
-    /// Whole lines (Pieces::any) and parcels with holes have none. Of the ends, 0 to 17: each coordinate is the double nearest to a decimal number of so many decimals. None: all
-    /// digits.
+    /// Of the ends, 0 to 17: each coordinate is the double nearest to a decimal number of so many decimals. None: all
+    /// digits, as whole lines (Pieces::any) and parcels with holes need them.
     std::optional<int> decimals;
     /// By how much a piece may miss its amount, as a part of the parcel: above 0, at most 0.01. Without effect where
     /// there are no decimals. A piece must also hold its amount within a hundredth of itself.

@@ -271,7 +271,9 @@ TEST_F(Formats, PolygonsOfSeveralParts)
     EXPECT_EQ(run.status, 3) << run.err;
     EXPECT_NE(run.out.find("Divided  2 of 3 parcels\n"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("(feature 1 part 3)"), std::string::npos) << run.out;
+    GDALAllRegister();
     const GDALDatasetUniquePtr out(GDALDataset::Open(path("out.gpkg").c_str(), GDAL_OF_VECTOR));
+    ASSERT_NE(out, nullptr);
     std::vector<int> parcels;
     for (const OGRFeatureUniquePtr& piece : *out->GetLayerByName("pieces"))
         parcels.push_back(piece->GetFieldAsInteger("parcel"));

@@ -36,7 +36,8 @@ struct PrintedDivision {
 PrintedDivision divide_in_print(const plparcel::Ring& ring, const Asked& asked);
 
 /// What the program answers to a request: the parcel, what was asked of it, and the division that came out. Areas and
-/// the perimeter are on the ground, as what was asked. It refers to the parcel and the request of the caller, which must outlive it.
+/// the perimeter are on the ground, as what was asked. It refers to the parcel and the request of the caller, which
+/// must outlive it.
 struct Answer {
     const Parcel& parcel;
     const Asked& asked;

@@ -21,8 +21,8 @@ struct Detail {
 
 class PlanDetails {
 public:
-    /// Details of the new points that have no name on the drawing, and of points whose dots touch. Where twice the scale would not part them there is
-    /// none, and none beyond the twelfth: the table of points has all of them.
+    /// Details of the new points that have no name on the drawing, and of points whose dots touch. Where twice the
+    /// scale would not part them there is none, and none beyond the twelfth: the table of points has all of them.
     PlanDetails(const Plan& plan, const PlanLayout& layout, const WithoutLabel& without);
 
     const std::vector<Detail>& all() const { return details_; }

@@ -27,7 +27,8 @@ struct LayerChoice {
     bool some_heights = false;  ///< whether any vertex has one
 };
 
-/// Finds the only layer with parcels; in a drawing, the only one of the drawing's layers. It is filtered as the source says and ready to be read from its start.
+/// Finds the only layer with parcels; in a drawing, the only one of the drawing's layers. It is filtered as the source
+/// says and ready to be read from its start.
 ///
 /// @param[in] messages  what GDAL said while it opened the file; it receives what GDAL says from now on
 /// @throws Failure      wrong_use for a layer or feature that does not exist, for a filter that cannot be
