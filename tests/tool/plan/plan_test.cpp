@@ -280,7 +280,7 @@ tool::WithoutLabel without_label(const tool::Plan& plan)
 
 TEST(PlanLabels, EverythingIsLabelledWhereThereIsRoom)
 {
-    for (const std::size_t parts : {2, 3, 5}) {
+    for (const std::size_t parts : {2U, 3U, 5U}) {
         for (const plparcel::Cut cut : {plparcel::Cut::parallel, plparcel::Cut::perpendicular}) {
             const tool::WithoutLabel without = without_label(plan_of_ring(kField, cut, 1, parts));
             EXPECT_TRUE(without.new_points.empty());
@@ -390,7 +390,7 @@ tool::PlanTable table_of(const std::string& title, std::size_t rows)
 TEST(TableSetter, SetsEveryRowOnce)
 {
     tool::Canvas canvas;
-    for (const std::size_t rows : {1, 2, 5, 13, 70, 1000, 5000}) {
+    for (const std::size_t rows : {1U, 2U, 5U, 13U, 70U, 1000U, 5000U}) {
         const tool::TableSetter setter({table_of("A", 3), table_of("B", rows)}, canvas);
         tool::TableSetter::Position position;
         std::size_t sheets = 0;

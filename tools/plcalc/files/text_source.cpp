@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -62,6 +63,11 @@ bool is_utf16(const std::string& text)
     return starts_with(text, "\xFF\xFE") || starts_with(text, "\xFE\xFF");
 }
 
+bool is_open(iconv_t converter)
+{
+    return reinterpret_cast<std::intptr_t>(converter) != -1;
+}
+
 std::string utf8_of(std::string text, const std::string& file)
 {
     const iconv_t converter = iconv_open("UTF-8", "UTF-16");
@@ -70,9 +76,9 @@ std::string utf8_of(std::string text, const std::string& file)
     std::size_t from_left = text.size();
     char* to = converted.data();
     std::size_t to_left = converted.size();
-    const bool done = converter != reinterpret_cast<iconv_t>(-1) &&
+    const bool done = is_open(converter) &&
                       iconv(converter, &from, &from_left, &to, &to_left) != static_cast<std::size_t>(-1);
-    if (converter != reinterpret_cast<iconv_t>(-1))
+    if (is_open(converter))
         iconv_close(converter);
     if (!done)
         throw Failure(ExitStatus::unusable_input, {file, ""}, "the text begins as UTF-16, but is not",

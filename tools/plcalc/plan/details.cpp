@@ -32,8 +32,10 @@ SheetBox window(const PlanLayout& layout, std::size_t place)
     const std::size_t rows = PlanDetails::kPerSheet / columns;
     const double width = (frame.width() - kGap) / static_cast<double>(columns);
     const double height = (frame.bottom - drawing.top - kGap) / static_cast<double>(rows);
-    const double left = frame.left + kGap + width * static_cast<double>(place % columns);
-    const double top = drawing.top + kGap + height * static_cast<double>(place / columns);
+    const std::size_t row = place / columns;
+    const std::size_t column = place % columns;
+    const double left = frame.left + kGap + width * static_cast<double>(column);
+    const double top = drawing.top + kGap + height * static_cast<double>(row);
     return {left, top + kTitle, left + width - kGap, top + height - kGap};
 }
 

@@ -267,7 +267,7 @@ void PlanSheets::draw_information(Canvas& canvas, const SheetBox& box) const
     else
         write(plan_.unit.name.empty() ? "no CRS; coordinates taken as metres" : "no CRS", kGrey);
     for (const auto& [key, value] : plan_.title_block)
-        write(key + ": " + value, kInk);
+        write(std::string(key).append(": ").append(value), kInk);
     write("Sheet 1 of " + std::to_string(count()), kInk);
 }
 

@@ -195,7 +195,9 @@ double TableSetter::fill(Canvas& canvas, const SheetBox& box, Position& position
 double TableSetter::height_for(double width, double highest) const
 {
     Canvas trial;
-    for (double height = 3.0 * kRow; height < highest; height += kRow) {
+    constexpr int kLeastRows = 3;
+    for (int rows = kLeastRows; rows * kRow < highest; ++rows) {
+        const double height = rows * kRow;
         Position position;
         fill(trial, {0.0, 0.0, width, height}, position);
         if (is_end(position))

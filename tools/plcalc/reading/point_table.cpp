@@ -319,7 +319,7 @@ std::string PointTable::name_of(const OGRFeature& row, const Place& file) const
         const std::string value = stripped(row.GetFieldAsString(field));
         if (value.empty())
             throw unusable_row(file, row.GetFID(), column + " is empty", "fill it in");
-        text += (text.empty() ? "" : " ") + column + " " + value;
+        text.append(text.empty() ? "" : " ").append(column).append(" ").append(value);
     }
     return text;
 }

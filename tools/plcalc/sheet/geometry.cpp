@@ -119,6 +119,7 @@ hatch_lines(const std::vector<SheetPoint>& outline, double angle, double spacing
     const double s = std::sin(angle);
     const auto turned = [&](const SheetPoint& p) { return SheetPoint{c * p.x + s * p.y, c * p.y - s * p.x}; };
     std::vector<SheetPoint> level;
+    level.reserve(outline.size());
     for (const SheetPoint& p : outline)
         level.push_back(turned(p));
     const SheetBox box = box_around(level);
@@ -128,8 +129,10 @@ hatch_lines(const std::vector<SheetPoint>& outline, double angle, double spacing
     std::vector<std::pair<SheetPoint, SheetPoint>> lines;
     const double first = std::ceil(std::max(box.top, frame.top) / spacing);
     const double last = std::floor(std::min(box.bottom, frame.bottom) / spacing);
-    for (double step = first; step <= last; ++step) {
-        const double y = step * spacing;
+    constexpr double kMostLines = 1e5;  // a sheet has some thousands
+    const int count = last >= first && last - first < kMostLines ? static_cast<int>(last - first) + 1 : 0;
+    for (int step = 0; step < count; ++step) {
+        const double y = (first + step) * spacing;
         std::vector<double> crossings;
         for (std::size_t i = 0; i < level.size(); ++i) {
             const SheetPoint& a = level[i];

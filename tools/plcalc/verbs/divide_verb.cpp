@@ -195,7 +195,7 @@ std::vector<std::string> DivideVerb::draw(const Answer& answer, const ParcelFile
     if (!given("--plan"))
         return {};
     const PlanSheets sheets(plan_of(answer, plan_wishes()), *paper_of(paper_));
-    const std::vector<std::string> names = sheets.files(plan_);
+    std::vector<std::string> names = sheets.files(plan_);
     if (names.size() > kMaxFiles)
         throw Failure(ExitStatus::wrong_use, {plan_, ""},
                       "the plan has " + std::to_string(sheets.count()) +
@@ -323,7 +323,7 @@ Output DivideVerb::work() const
     if (to_standard_output())
         out = scratch.emplace().path() + "/pieces." + format_;
     const bool one_parcel = file.count() == 1;
-    const Output output = one_parcel ? one(file, asked, out) : many(file, asked, out);
+    Output output = one_parcel ? one(file, asked, out) : many(file, asked, out);
     if (!to_standard_output())
         return output;
     if (output.status != ExitStatus::done)
