@@ -89,7 +89,7 @@ def commands_of_markdown(text):
 
 
 def commands_of_manual(text):
-    for line in text.replace("\\-", "-").splitlines():
+    for line in re.sub(r"\\e\n\s*", "", text.replace("\\-", "-")).splitlines():
         if line.startswith("plcalc ") and is_command(line):
             yield line
 
