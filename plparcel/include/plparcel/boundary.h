@@ -16,8 +16,8 @@ using Ring = std::vector<PL_PNT2D_record>;
 
 /// A parcel: what lies in its outer ring and in none of its holes. Each ring may run either way.
 struct Parcel {
-    Ring outer;
-    std::vector<Ring> holes;
+    Ring outer;               ///< around the parcel
+    std::vector<Ring> holes;  ///< inside it, apart from each other; in any order
 };
 
 /// Whether a boundary can be used.

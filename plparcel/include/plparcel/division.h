@@ -173,8 +173,8 @@ PLPARCEL_API const char* describe(Status status) noexcept;
 
 /// A part of a dividing line that lies in the parcel, its ends on the boundary.
 struct Segment {
-    PL_PNT2D_record from = {};
-    PL_PNT2D_record to = {};
+    PL_PNT2D_record from = {};  ///< the end that comes first along the line
+    PL_PNT2D_record to = {};    ///< the other end
 };
 
 /// A dividing line in the parcel's coordinates, its ends on the boundary. Without holes and with two pieces it is one
