@@ -285,7 +285,8 @@ ReadParcel ParcelFile::next_of_table()
     } catch (const Failure& failure) {
         read.problem = failure;
     }
-    name(read.parcel, *read.feature);
+    if (read.feature != nullptr)
+        name(read.parcel, *read.feature);
     return read;
 }
 

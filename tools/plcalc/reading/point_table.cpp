@@ -292,22 +292,27 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table)
     return columns;
 }
 
-PointTable::PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file)
-    : columns_(columns), definition_(new OGRFeatureDefn("parcels"))
+namespace {
+
+// GDAL counts who refers to columns, and deletes them with the last one.
+OGRFeatureDefn* counted_columns()
 {
-    definition_->Reference();
+    auto* columns = new OGRFeatureDefn("parcels");
+    columns->Reference();
+    return columns;
+}
+
+}  // namespace
+
+PointTable::PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file)
+    : columns_(columns), definition_(counted_columns())
+{
     definition_->SetGeomType(wkbNone);
     const int id = find_field(*table.GetLayerDefn(), "id");
     if (columns_.parcel.empty() && id >= 0 && parts_rows_into_parcels(table, id))
         columns_.parcel.push_back(id);
     decimal_commas_ = has_decimal_commas(table, columns_, separator);
     read_rows(table, file);
-}
-
-PointTable::~PointTable()
-{
-    parcels_.clear();
-    definition_->Release();
 }
 
 // "lot A"; "lot A part 2" where two columns name a parcel.
@@ -375,7 +380,7 @@ void PointTable::make_features(OGRLayer& table, const std::vector<int>& shared)
             break;
         if (row->GetFID() != parcels_[next].first_row)
             continue;
-        OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(definition_));
+        OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(definition_.get()));
         for (std::size_t i = 0; i < fields.size(); ++i)
             feature->SetField(static_cast<int>(i), row->GetFieldAsString(fields[i]));
         parcels_[next++].feature = std::move(feature);

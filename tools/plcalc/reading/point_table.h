@@ -3,6 +3,7 @@
 // CSV tables with a vertex in each row: which columns hold what, and the parcels that the rows make.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -58,9 +59,6 @@ public:
     ///                  than three before it. Otherwise they are refused rather than guessed at: 1,250 is one thing
     ///                  here and another there.
     PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file);
-    ~PointTable();
-    PointTable(const PointTable&) = delete;
-    PointTable& operator=(const PointTable&) = delete;
 
     /// At least one.
     std::vector<TableParcel>& parcels() { return parcels_; }
@@ -78,13 +76,17 @@ public:
     OGRFeatureDefn& columns() const { return *definition_; }
 
 private:
+    struct Release {
+        void operator()(OGRFeatureDefn* columns) const { columns->Release(); }
+    };
+
     void read_rows(OGRLayer& table, const Place& file);
     void make_features(OGRLayer& table, const std::vector<int>& shared);
     std::string name_of(const OGRFeature& row, const Place& file) const;
 
     PointColumns columns_;
-    OGRFeatureDefn* definition_;
-    std::vector<TableParcel> parcels_;
+    std::unique_ptr<OGRFeatureDefn, Release> definition_;
+    std::vector<TableParcel> parcels_;  // refer to the columns, and go before them
     GIntBig last_row_ = 0;
     bool decimal_commas_ = false;
 };
