@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "boundary/measured_ring.h"
+#include "lines/direction.h"
 #include "plparcel/division.h"
 #include "verdict/judge.h"
 
@@ -30,18 +31,6 @@ struct Reference {
     PL_PNT2D_record a;  ///< the first end of the side; without effect for a bearing or a segment
     WidePoint run;      ///< its direction, of any length
 };
-
-/// Whether lines take their direction from no side.
-inline bool is_free(Cut cut)
-{
-    return cut == Cut::at_bearing || cut == Cut::along_segment;
-}
-
-/// Whether lines have no direction but a start, or a point on their way.
-inline bool has_start(Cut cut)
-{
-    return cut == Cut::through_vertex || cut == Cut::through_place || cut == Cut::through_point;
-}
 
 /// Whether CFrazArea knows lines of that kind.
 inline bool is_of_the_library(Cut cut)

@@ -1,10 +1,23 @@
 #pragma once
 
-// The direction of a bearing.
+// Where lines take their direction from; the direction of a bearing.
 
 #include "numbers/wide.h"
+#include "plparcel/line.h"
 
 namespace plparcel {
+
+/// Whether lines take their direction from no side.
+inline bool is_free(Cut cut)
+{
+    return cut == Cut::at_bearing || cut == Cut::along_segment;
+}
+
+/// Whether lines have no direction but a start, or a point on their way.
+inline bool has_start(Cut cut)
+{
+    return cut == Cut::through_vertex || cut == Cut::through_place || cut == Cut::through_point;
+}
 
 /// Sine and cosine of a bearing, so East and North of a vector of length 1: to about 100 bits, and the same on every
 /// machine. Exact at the four cardinal directions.

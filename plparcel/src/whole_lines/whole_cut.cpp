@@ -131,12 +131,7 @@ private:
         return {dot(right_of(up_), v), dot(up_, v)};
     }
 
-    PL_PNT2D_record zero() const { return is_free() ? rings_[0] : parcel_.a; }
-
-    bool is_free() const
-    {
-        return request_.line.cut == Cut::at_bearing || request_.line.cut == Cut::along_segment;
-    }
+    PL_PNT2D_record zero() const { return is_free(request_.line.cut) ? rings_[0] : parcel_.a; }
 
     std::vector<WidePoint> in_frame() const
     {
