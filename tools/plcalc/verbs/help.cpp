@@ -1,6 +1,34 @@
 #include "verbs/help.h"
 
 namespace tool {
+namespace {
+
+// Which parcel a verb reads that takes only one.
+std::string one_feature()
+{
+    return R"(  --layer NAME          reads only this layer of the file
+  --feature FID         reads only the feature with this number
+  --where FILTER        reads only the feature that matches, as in
+                        "owner = 'Rossi'"
+)";
+}
+
+// How every verb reads its file.
+std::string how_to_read()
+{
+    return R"(  --part N              reads only this polygon of a feature with several
+  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
+  --crs CRS             the CRS of a file that states none, as EPSG:25832
+  --axes en|ne          columns X and Y of a table: en where X is East, ne where
+                        X is North; without it, the CRS decides
+  --ground-factor F     areas and lengths are on the ground, where a length of 1
+                        is F in the plane of the coordinates
+  --any-scale           accepts a CRS whose lengths differ by more than a
+                        thousandth from those on the ground
+)";
+}
+
+}  // namespace
 
 std::string version_line()
 {
@@ -74,16 +102,8 @@ Options
   --feature FID         reads only the feature with this number, as ogrinfo -al
                         FILE lists it; without it, every parcel is divided
   --where FILTER        reads only features that match, as in "owner = 'Rossi'"
-  --part N              reads only this polygon of a feature with several
-  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
-  --crs CRS             the CRS of a file that states none, as EPSG:25832
-  --axes en|ne          columns X and Y of a table: en where X is East, ne where
-                        X is North; without it, the CRS decides
-  --ground-factor F     areas and lengths are on the ground, where a length of 1
-                        is F in the plane of the coordinates
-  --any-scale           accepts a CRS whose lengths differ by more than a
-                        thousandth from those on the ground
-  -o, --output OUT      writes the pieces and the lines as layers of OUT. The
+)" + how_to_read() +
+           R"(  -o, --output OUT      writes the pieces and the lines as layers of OUT. The
                         ending of OUT chooses the format, GeoPackage if there is
                         none; a format of one layer gets the lines in a second
                         file. Columns and CRS of the parcels come along, and
@@ -145,20 +165,8 @@ vertex. Bearings count from North towards East. Angles are in gons, 400 to the
 circle, and in degrees. A side between two equal vertices has no bearing: "-".
 
 Options
-  --layer NAME          reads only this layer of the file
-  --feature FID         reads only the feature with this number
-  --where FILTER        reads only the feature that matches, as in
-                        "owner = 'Rossi'"
-  --part N              reads only this polygon of a feature with several
-  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
-  --crs CRS             the CRS of a file that states none, as EPSG:25832
-  --axes en|ne          columns X and Y of a table: en where X is East, ne where
-                        X is North; without it, the CRS decides
-  --ground-factor F     areas and lengths are on the ground, where a length of 1
-                        is F in the plane of the coordinates
-  --any-scale           accepts a CRS whose lengths differ by more than a
-                        thousandth from those on the ground
-  --json                prints JSON with the same numbers
+)" + one_feature() +
+           how_to_read() + R"(  --json                prints JSON with the same numbers
   -h, --help            prints this text
 
 Examples
@@ -189,20 +197,8 @@ Options
                         cut, or side 1 where nothing is cut
   --csv                 prints CSV for spreadsheets
   --json                prints JSON for programs
-  --layer NAME          reads only this layer of the file
-  --feature FID         reads only the feature with this number
-  --where FILTER        reads only the feature that matches, as in
-                        "owner = 'Rossi'"
-  --part N              reads only this polygon of a feature with several
-  --columns NAMES       names of a table's columns, as in P,N,E,Z,D
-  --crs CRS             the CRS of a file that states none, as EPSG:25832
-  --axes en|ne          columns X and Y of a table: en where X is East, ne where
-                        X is North; without it, the CRS decides
-  --ground-factor F     areas and lengths are on the ground, where a length of 1
-                        is F in the plane of the coordinates
-  --any-scale           accepts a CRS whose lengths differ by more than a
-                        thousandth from those on the ground
-  -h, --help            prints this text
+)" + one_feature() +
+           how_to_read() + R"(  -h, --help            prints this text
 
 Angles are in gons, clockwise from the orientation; distances count from the
 station. "Along" counts from the first point of the base line towards the
