@@ -212,6 +212,38 @@ TEST(WholeLines, TwoPiecesOfAParcelWithHoles)
     EXPECT_EQ(cut(kU, parallel_to(0, 1), {share(1, 2)}, kHere, Pieces::two).status, Status::no_such_index);
 }
 
+// What holes take away is not there to be cut.
+TEST(WholeLines, AmountsThatCannotBeCutOffAParcelWithHoles)
+{
+    constexpr double kArea = 100.0 * 100.0 - 20.0 * 20.0 - 0.5 * 20.0 * 20.0;
+    struct AmountRow {
+        const char* what;
+        std::vector<Amount> amounts;
+        Status status;
+        std::size_t at_amount;
+        std::size_t lines;
+    };
+    for (const AmountRow& row : std::vector<AmountRow>{
+             {"nothing", {area(0)}, Status::amount_too_small, 0, 0},
+             {"next to all", {area(kArea - 1.0)}, Status::divided, 0, 1},
+             {"all", {area(kArea)}, Status::amount_too_large, 0, 0},
+             {"no amount", {}, Status::no_amount, 0, 0},
+             {"not a number", {share(1, 2), area(std::nan(""))}, Status::unusable_amount, 1, 0},
+             {"the second is what is left", {share(1, 2), area(0.5 * kArea)}, Status::divided, 0, 1},
+             {"the second is less", {share(1, 2), area(0.5 * kArea - 1.0)}, Status::divided, 0, 2},
+             {"the second is more",
+              {share(1, 2), area(0.5 * kArea + 1.0)},
+              Status::amount_too_large,
+              1,
+              0}}) {
+        const Division division = cut(kHoles, parallel_to(0), row.amounts);
+        EXPECT_EQ(division.status, row.status) << row.what;
+        EXPECT_EQ(division.at_amount, row.at_amount) << row.what;
+        EXPECT_EQ(division.lines.size(), row.lines) << row.what;
+        EXPECT_EQ(division.held.size(), row.lines == 0 ? 0 : row.lines + 1) << row.what;
+    }
+}
+
 TEST(CheckParcel, Rows)
 {
     const Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
