@@ -14,18 +14,18 @@ set(DOXYGEN_JAVADOC_AUTOBRIEF YES)
 set(DOXYGEN_SORT_MEMBER_DOCS NO)  # the headers' own order
 set(DOXYGEN_MACRO_EXPANSION YES)
 set(DOXYGEN_EXPAND_ONLY_PREDEF YES)
-set(DOXYGEN_PREDEFINED PLCALC_API= PLUTIL_API= PLPARCEL_API= noexcept=)
+set(DOXYGEN_PREDEFINED PLCALC_API= PLUTIL_API= PLPARCEL_API= PLC_API= noexcept=)
 set(DOXYGEN_HIDE_FRIEND_COMPOUNDS YES)  # the searches behind CFrazArea
 find_program(PLCALC_SED sed)
 if(PLCALC_SED)  # without it the contract's paragraphs run together
   set(DOXYGEN_INPUT_FILTER "${PLCALC_SED} -E -f cmake/contract_paragraphs.sed")
 endif()
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
-  ${PROJECT_SOURCE_DIR}/plparcel/include)
+  ${PROJECT_SOURCE_DIR}/plparcel/include ${PROJECT_SOURCE_DIR}/c/include)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
 set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/docs/mainpage.md)
 set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_HAVE_DOT NO)
-doxygen_add_docs(docs include plutil/include plparcel/include docs/mainpage.md
+doxygen_add_docs(docs include plutil/include plparcel/include c/include docs/mainpage.md
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the public headers")

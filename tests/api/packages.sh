@@ -17,10 +17,10 @@ generators=TGZ
 # check <folder>: libraries, headers, package files and program are there, and the program starts.
 check() {
     local file
-    for file in include/plcalc/plcalc.h include/plutil/plutil.h include/plparcel/division.h bin/plcalc; do
+    for file in include/plcalc/plcalc.h include/plutil/plutil.h include/plparcel/division.h include/plcalc_c.h bin/plcalc; do
         [ -n "$(find "$1" -path "*/$file")" ] || { echo "no $file in $1" >&2; exit 1; }
     done
-    for file in plcalc.pc plutil.pc plparcel.pc plcalcConfig.cmake plcalcTargets.cmake plutilTargets.cmake; do
+    for file in plcalc.pc plutil.pc plparcel.pc plcalc_c.pc plcalcConfig.cmake plcalcTargets.cmake plutilTargets.cmake; do
         [ -n "$(find "$1" -name "$file")" ] || { echo "no $file in $1" >&2; exit 1; }
     done
     "$(find "$1" -path '*/bin/plcalc')" --version >/dev/null
