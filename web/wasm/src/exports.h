@@ -1,0 +1,43 @@
+#pragma once
+
+// The functions that the WebAssembly module exports. Natively they serve as the judge of its tests.
+
+#include <cstdint>
+
+extern "C" {
+
+/// @return room for so many numbers of a request, until the next call of this function
+double* plc_input(std::uint32_t count);
+
+/// @return the numbers of the last answer, and how many there are
+const double* plc_result();
+std::uint32_t plc_result_length();
+
+/// Parcel, line, measure, alternative, pieces, decimals, tolerance, amounts; what became of them.
+void plc_divide();
+
+/// A parcel; its report.
+void plc_check();
+
+/// A parcel; its report, then for each ring length, bearing and inner angle of each side and vertex.
+void plc_measure();
+
+/// A parcel, a request and a point; the amount for which the line runs through the point: whether there is one, its kind
+/// and its number.
+void plc_amount_at();
+
+/// A parcel, the number of a ring and of a side, and a point; how far along the side its foot lies.
+void plc_along_side();
+
+/// A ring and a point; the ranges of areas that lines through the point cut off.
+void plc_amounts_through();
+
+/// plparcel::rounded_to().
+double plc_rounded(double value, int decimals);
+
+/// The name and the words of a status.
+const char* plc_status_name(std::int32_t status);
+const char* plc_status_reason(std::int32_t status);
+const char* plc_boundary_name(std::int32_t status);
+const char* plc_boundary_reason(std::int32_t status);
+}
