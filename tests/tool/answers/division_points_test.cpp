@@ -47,8 +47,8 @@ TEST(DivisionPoints, NewPointsLieAlongTheirSidesInOrder)
     EXPECT_EQ(names(points, points.along(1)), (Names{"2", "3"}));
     EXPECT_EQ(names(points, points.along(2)), (Names{"3", "P2", "P4", "4"}));
     EXPECT_EQ(names(points, points.along(3)), (Names{"4", "1"}));
-    EXPECT_EQ(points.points[4].printed.x, 60.0);
-    EXPECT_EQ(points.points[4].printed.y, 0.0);
+    EXPECT_EQ(points.points[4].at.x, 60.0);
+    EXPECT_EQ(points.points[4].at.y, 0.0);
     ASSERT_EQ(points.pieces.size(), 3u);
     for (const std::vector<std::size_t>& piece : points.pieces)
         EXPECT_EQ(piece.size(), 4u);
@@ -61,7 +61,7 @@ TEST(DivisionPoints, AClockwiseParcelHasThemInItsOwnOrder)
     EXPECT_EQ(names(points, points.along(0)).size(), 4u);
     const std::vector<std::size_t> side = points.along(0);
     for (std::size_t i = 0; i + 1 < side.size(); ++i)
-        EXPECT_NEAR(points.points[side[i + 1]].exact.x - points.points[side[i]].exact.x, 30.0, 1e-9);
+        EXPECT_NEAR(points.points[side[i + 1]].at.x - points.points[side[i]].at.x, 30.0, 1e-9);
 }
 
 TEST(DivisionPoints, TheEndOfALineAtACornerIsTheCorner)

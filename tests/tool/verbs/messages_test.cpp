@@ -346,10 +346,10 @@ TEST_F(Messages, TinyAreasAreShown)
 
 TEST_F(Messages, ParcelTooSmallForItsCoordinates)
 {
-    write_wkt("POLYGON ((500000 5000000, 500001 5000000, 500001 5000000.000244140625, 500000 "
-              "5000000.000244140625, 500000 5000000))");
-    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 0.0001220703125").status, 0);
-    const test::Result run = divide("lot.csv", "--parallel 1 --area 0.00012207076");
+    write_wkt("POLYGON ((500000 5000000, 500001 5000000, 500001 5000000.0000152587890625, 500000 "
+              "5000000.0000152587890625, 500000 5000000))");
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 0.00000762939453125").status, 0);
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 0.00000762962");
     EXPECT_TRUE(test::fails_with(
         run, 4,
         "lot.csv: feature 1: the coordinates are too large for so small a parcel: no line holds the "

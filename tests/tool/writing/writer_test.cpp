@@ -1,7 +1,9 @@
 // Divisions written by the program and read back through GDAL.
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <map>
 #include <set>
 #include <sstream>
@@ -15,6 +17,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "plan/plan.h"
 #include "program.h"
 
 namespace {
@@ -69,6 +72,117 @@ protected:
             GDALDataset::Open(path(name).c_str(), GDAL_OF_VECTOR, nullptr, options, nullptr));
     }
 };
+
+std::string decimals(double value, int count)
+{
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(count) << value;
+    return text.str();
+}
+
+// A lot whose sides slant, so that no number of four decimals lies on them: what is printed, written and drawn is the
+// same to the last bit.
+TEST_F(Writer, WhatIsPrintedIsWrittenAndDrawn)
+{
+    const plparcel::Ring ring = {{500010.123, 5000020.456},
+                                 {500131.789, 5000053.321},
+                                 {500120.147, 5000097.483},
+                                 {499996.951, 5000061.907}};
+    std::string wkt = "POLYGON ((";
+    for (std::size_t i = 0; i <= ring.size(); ++i)
+        wkt += (i > 0 ? ", " : "") + decimals(ring[i % 4].x, 3) + " " + decimals(ring[i % 4].y, 3);
+    const std::string file = write_wkt(wkt + "))");
+    const std::string asked = "--parallel 1 --areas 1/3,1/4 --decimals 3 --tolerance 1/20000 ";
+    const test::Result table =
+        divide(file, asked + "-o out.gpkg --plan plan.svg --report report.txt --points points.csv");
+    ASSERT_EQ(table.status, 0) << table.err;
+    ASSERT_EQ(divide(file, asked + "-o out.dxf").status, 0);
+    const std::string report = content("report.txt");
+    const std::string points = content("points.csv");
+    const std::string plan_text = content("plan.svg");
+    using Ends = std::pair<std::pair<double, double>, std::pair<double, double>>;
+    std::set<Ends> drawing;
+    const nlohmann::json printed = nlohmann::json::parse(divide(file, asked + "--json").out);
+    const nlohmann::json& division = printed["parcels"][0];
+    EXPECT_EQ(division["decimals"], 3);
+
+    tool::Asked request;
+    request.request.amounts = {plparcel::share(1, 3), plparcel::share(1, 4)};
+    request.request.rounding = {3, 1.0 / 20000.0};
+    request.number = 1;
+    request.amounts = {"1/3", "1/4"};
+    tool::Parcel parcel;
+    parcel.ring = ring;
+    const tool::Plan plan = tool::plan_of(tool::answer(parcel, request));
+
+    const GDALDatasetUniquePtr written = open("out.gpkg");
+    ASSERT_NE(written, nullptr);
+    std::size_t i = 0;
+    for (const OGRFeatureUniquePtr& line : *written->GetLayerByName("lines")) {
+        const OGRLineString& ends = *line->GetGeometryRef()->toLineString();
+        const double all[] = {ends.getX(0), ends.getY(0), ends.getX(1), ends.getY(1)};
+        const PL_PNT2D_record& from = plan.points.at(plan.lines.at(i).from).at;
+        const PL_PNT2D_record& to = plan.points.at(plan.lines.at(i).to).at;
+        const double drawn[] = {from.x, from.y, to.x, to.y};
+        const nlohmann::json& json = division["lines"][i];
+        const double told[] = {json["from"]["e"], json["from"]["n"], json["to"]["e"], json["to"]["n"]};
+        for (std::size_t k = 0; k < 4; ++k) {
+            EXPECT_EQ(std::strtod(decimals(all[k], 3).c_str(), nullptr), all[k]) << "three decimals, no more";
+            EXPECT_EQ(all[k], told[k]);
+            EXPECT_EQ(all[k], drawn[k]);
+            for (const std::string& text : {table.out, report, points, plan_text})
+                EXPECT_NE(text.find(decimals(all[k], 3)), std::string::npos) << text;
+        }
+        drawing.insert({{all[0], all[1]}, {all[2], all[3]}});
+        ++i;
+    }
+    EXPECT_EQ(i, 2u);
+    i = 0;
+    for (const OGRFeatureUniquePtr& piece : *written->GetLayerByName("pieces")) {
+        const double area = piece->GetFieldAsDouble("area");
+        EXPECT_NEAR(piece->GetGeometryRef()->toPolygon()->get_Area(), area, 1e-5) << "at 5e6";
+        EXPECT_EQ(division["pieces"][i]["area"].get<double>(),
+                  std::strtod(decimals(area, 4).c_str(), nullptr));
+        EXPECT_EQ(plan.pieces.at(i).area, area);
+        for (const std::string& text : {table.out, report})
+            EXPECT_NE(text.find(decimals(area, 4)), std::string::npos) << text;
+        const OGRLinearRing& corners = *piece->GetGeometryRef()->toPolygon()->getExteriorRing();
+        for (int k = 0; k < corners.getNumPoints(); ++k) {
+            EXPECT_EQ(std::strtod(decimals(corners.getX(k), 3).c_str(), nullptr), corners.getX(k));
+            EXPECT_EQ(std::strtod(decimals(corners.getY(k), 3).c_str(), nullptr), corners.getY(k));
+        }
+        ++i;
+    }
+    EXPECT_EQ(i, 3u);
+    // The drawing holds fifteen digits, which at 5e6 is a nanometre: these numbers of three decimals are whole.
+    const GDALDatasetUniquePtr dxf = open("out.dxf");
+    ASSERT_NE(dxf, nullptr);
+    std::set<Ends> in_drawing;
+    for (const OGRFeatureUniquePtr& entity : *dxf->GetLayer(0))
+        if (std::string(entity->GetFieldAsString("Layer")) == "lines") {
+            const OGRLineString& ends = *entity->GetGeometryRef()->toLineString();
+            in_drawing.insert({{ends.getX(0), ends.getY(0)}, {ends.getX(1), ends.getY(1)}});
+        }
+    EXPECT_EQ(in_drawing, drawing);
+}
+
+TEST_F(Writer, DecimalsThatDoNotHoldTheAreaAreMore)
+{
+    const std::string file = write_wkt("POLYGON ((0 0, 100 0, 100 50, 0 50))");
+    const test::Result more = divide(file, "--parallel 1 --share 1/3 --decimals 2");
+    EXPECT_EQ(more.status, 0);
+    EXPECT_NE(more.out.find("Lines   with 4 decimals: 2 do not hold the area\n"), std::string::npos)
+        << more.out;
+    EXPECT_NE(more.out.find(" 16.6667"), std::string::npos);
+    const test::Result enough = divide(file, "--parallel 1 --share 1/3 --decimals 2 --tolerance 0.01%");
+    EXPECT_EQ(enough.out.find("Lines "), std::string::npos) << enough.out;
+    EXPECT_NE(enough.out.find(" 16.67\n"), std::string::npos) << enough.out;
+    EXPECT_TRUE(test::fails_with(divide(file, "--parallel 1 --share 1/3 --decimals 18"), 2,
+                                 "--decimals: '18' is not a number from 0 to 17; see plcalc divide --help"));
+    EXPECT_TRUE(
+        test::fails_with(divide(file, "--parallel 1 --share 1/3 --tolerance 2%"), 2,
+                         "--tolerance: '2%' is more than 1% of the parcel; see plcalc divide --help"));
+}
 
 struct FormatRow {
     const char* ending;

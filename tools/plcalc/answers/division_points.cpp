@@ -57,30 +57,39 @@ private:
         for (std::size_t i = 0; i < parcel.ring.size(); ++i) {
             const bool named = i < parcel.point_names.size() && !parcel.point_names[i].empty();
             const std::string name = named ? parcel.point_names[i] : std::to_string(i + 1);
-            points_.points.push_back({name, parcel.ring[i], parcel.ring[i]});
+            points_.points.push_back({name, parcel.ring[i]});
             index_.emplace(key_of(parcel.ring[i]), i);
             if (const std::optional<long long> number = number_behind_p(name))
                 last_number_ = std::max(last_number_, *number);
         }
+        // A line that ends at a corner ends at its coordinates with fewer decimals. Other corners come first.
+        for (std::size_t i = 0; i < parcel.ring.size(); ++i)
+            index_.emplace(key_of(rounded(parcel.ring[i])), i);
         points_.corners = parcel.ring.size();
         points_.on_side.resize(points_.corners);
     }
 
-    std::size_t end(const PL_PNT2D_record& exact, const PL_PNT2D_record& printed)
+    PL_PNT2D_record rounded(const PL_PNT2D_record& p) const
     {
-        const auto [found, is_new] = index_.emplace(key_of(exact), points_.points.size());
+        const std::optional<int>& decimals = answer_.printed.proven.decimals;
+        if (!decimals)
+            return p;
+        return {plparcel::rounded_to(p.x, *decimals), plparcel::rounded_to(p.y, *decimals)};
+    }
+
+    std::size_t index_of(const PL_PNT2D_record& p)
+    {
+        const auto [found, is_new] = index_.emplace(key_of(p), points_.points.size());
         if (is_new)
-            points_.points.push_back({"P" + std::to_string(++last_number_), exact, printed});
+            points_.points.push_back({"P" + std::to_string(++last_number_), p});
         return found->second;
     }
 
     void add_lines()
     {
-        const PrintedDivision& printed = answer_.printed;
-        for (std::size_t i = 0; i < printed.proven.lines.size(); ++i) {
-            const plparcel::DividingLine& exact = printed.proven.lines[i];
-            const std::size_t from = end(exact.from, printed.lines[i].start);
-            points_.lines.push_back({from, end(exact.to, printed.lines[i].end)});
+        for (const plparcel::DividingLine& line : answer_.printed.proven.lines) {
+            const std::size_t from = index_of(line.from);
+            points_.lines.push_back({from, index_of(line.to)});
         }
     }
 
@@ -89,7 +98,7 @@ private:
         for (const plparcel::Piece& piece : answer_.printed.proven.pieces) {
             std::vector<std::size_t> corners;
             for (const PL_PNT2D_record& p : piece.ring)
-                corners.push_back(end(p, p));
+                corners.push_back(index_of(p));
             points_.pieces.push_back(std::move(corners));
         }
     }
@@ -112,9 +121,9 @@ private:
                     next[piece[i]] = to;
             }
         for (std::size_t side = 0; side < points_.corners; ++side) {
-            const std::size_t corner = index_.at(key_of(points_.points[side].exact));
-            const bool last_of_equals = key_of(points_.points[(side + 1) % points_.corners].exact) !=
-                                        key_of(points_.points[side].exact);
+            const std::size_t corner = index_.at(key_of(points_.points[side].at));
+            const bool last_of_equals =
+                key_of(points_.points[(side + 1) % points_.corners].at) != key_of(points_.points[side].at);
             for (auto on = next.find(corner); last_of_equals && on != next.end(); on = next.find(on->second))
                 points_.on_side[side].push_back(on->second);
         }

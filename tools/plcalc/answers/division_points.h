@@ -14,8 +14,7 @@ namespace tool {
 
 struct DivisionPoint {
     std::string name;
-    PL_PNT2D_record exact;    ///< with all digits
-    PL_PNT2D_record printed;  ///< as it is written and staked out; a corner as it stands in the file
+    PL_PNT2D_record at;  ///< as it is printed, written and staked out; a corner as it stands in the file
 };
 
 /// The points by their index: corners come first, in the order of the ring.
@@ -37,7 +36,8 @@ struct DivisionPoints {
 };
 
 /// Corners have the names of the file, or their numbers from 1. New points are P1, P2, ... in the order of the lines;
-/// where corners have such names already, counting goes on after them. The end of a line at a corner is that corner.
+/// where corners have such names already, counting goes on after them. The end of a line at a corner is that corner,
+/// although the corner may have more decimals than the end.
 ///
 /// @param[in] answer  one that is done()
 DivisionPoints points_of(const Answer& answer);

@@ -48,11 +48,13 @@ Foot foot_on(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_
 
 }  // namespace
 
-Heights::Heights(const Parcel& parcel) : parcel_(parcel)
+Heights::Heights(const Parcel& parcel, const std::optional<int>& decimals) : parcel_(parcel)
 {
     if (parcel.heights.empty())
         return;
     reach_ = std::max(kReach, kReachRel * extent_of(parcel.ring));
+    if (decimals)
+        reach_ = std::max(reach_, std::pow(10.0, -*decimals));
     by_place_.resize(parcel.ring.size());
     std::iota(by_place_.begin(), by_place_.end(), std::size_t{0});
     std::sort(by_place_.begin(), by_place_.end(),

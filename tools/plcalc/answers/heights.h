@@ -14,7 +14,8 @@ namespace tool {
 /// outlive it.
 class Heights {
 public:
-    explicit Heights(const Parcel& parcel);
+    /// @param[in] decimals  of the points that are asked for; none: as many as printed_division.h says
+    explicit Heights(const Parcel& parcel, const std::optional<int>& decimals = std::nullopt);
 
     /// A vertex has its own. Between two vertices the height changes evenly along the side.
     ///

@@ -38,8 +38,8 @@ std::string heading(const Place& place, const std::vector<std::string>& assumed)
 
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area)
 {
-    return {decimals_for(kRelExtentStep * plparcel::extent_of(ring).largest()),
-            decimals_for(kRelAreaStep * area)};
+    const int decimals = decimals_for(kRelExtentStep * plparcel::extent_of(ring).largest());
+    return {decimals, decimals_for(kRelAreaStep * area), decimals};
 }
 
 double area_of(const plparcel::Amount& amount, double parcel_area)

@@ -47,6 +47,7 @@ std::string heading(const Place& place, const std::vector<std::string>& assumed)
 struct Resolution {
     int decimals = 4;       ///< of coordinates and lengths
     int area_decimals = 4;  ///< of areas
+    int end_decimals = 4;   ///< of the ends of dividing lines, which may be rounded more than the rest
 };
 
 /// At least four decimals, and as many as keep the rounding of a coordinate below a millionth of the parcel's

@@ -51,8 +51,7 @@ std::string length_text(const Resolution& resolution, const PL_PNT2D_record& fro
 void add_points(Plan& plan, const DivisionPoints& points)
 {
     for (std::size_t i = 0; i < points.points.size(); ++i)
-        plan.points.push_back(
-            {as_text(points.points[i].name), points.points[i].printed, i >= points.corners});
+        plan.points.push_back({as_text(points.points[i].name), points.points[i].at, i >= points.corners});
 }
 
 void add_sides(Plan& plan, const DivisionPoints& points, const Resolution& resolution)
@@ -113,6 +112,7 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
     plan.ring = parcel.ring;
     plan.area = printed.proven.ring.area;
     plan.decimals = printed.resolution.decimals;
+    plan.end_decimals = printed.resolution.end_decimals;
     plan.area_decimals = wishes.area_decimals ? *wishes.area_decimals : fitting_area_decimals(printed.areas);
     add_points(plan, points);
     add_sides(plan, points, printed.resolution);

@@ -69,7 +69,8 @@ struct Plan {
     std::optional<std::size_t> base_side;    ///< drawn thick
     std::optional<std::size_t> base_vertex;  ///< ringed
     double area = 0.0;                       ///< of the parcel
-    int decimals = 4;                        ///< of coordinates
+    int decimals = 4;                        ///< of the corners
+    int end_decimals = 4;                    ///< of the new points
     int area_decimals = 0;
     LengthUnit unit;  ///< of the coordinates
     std::string crs;

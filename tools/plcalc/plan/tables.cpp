@@ -86,8 +86,9 @@ PlanTable point_table(const Plan& plan)
     for (const PlanSide& side : plan.sides)
         for (const PlanPart& part : side.parts) {
             const PlanPoint& point = plan.points[part.from];
-            table.rows.push_back({point.name, fixed(point.at.x, plan.decimals),
-                                  fixed(point.at.y, plan.decimals), part.length});
+            const int decimals = point.is_new ? plan.end_decimals : plan.decimals;
+            table.rows.push_back(
+                {point.name, fixed(point.at.x, decimals), fixed(point.at.y, decimals), part.length});
         }
     return table;
 }

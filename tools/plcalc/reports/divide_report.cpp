@@ -1,6 +1,7 @@
 #include "reports/parcel_reports.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "answers/heights.h"
@@ -43,6 +44,17 @@ std::vector<Row> area_rows(const Answer& answer)
     return rows;
 }
 
+// What the table says where the lines have other decimals than were asked for.
+std::string described_decimals(const Answer& answer)
+{
+    const std::optional<int>& asked = answer.asked.request.rounding.decimals;
+    const std::optional<int>& needed = answer.printed.proven.decimals;
+    if (!asked || asked == needed)
+        return "";
+    return "Lines   with " + (needed ? std::to_string(*needed) + " decimals" : "all their digits") + ": " +
+           std::to_string(*asked) + " do not hold the area\n";
+}
+
 // What nobody can stake out must be said.
 std::string warnings(const Answer& answer)
 {
@@ -57,20 +69,21 @@ std::string warnings(const Answer& answer)
 
 Json point(const PL_PNT2D_record& p, const Answer& answer, const Heights& heights)
 {
-    const int decimals = answer.printed.resolution.decimals;
-    Json json = {{"e", number(p.x, decimals)}, {"n", number(p.y, decimals)}};
+    const Resolution& resolution = answer.printed.resolution;
+    Json json = {{"e", number(p.x, resolution.end_decimals)}, {"n", number(p.y, resolution.end_decimals)}};
     if (!answer.parcel.heights.empty())
-        json["z"] = number(height_text(heights.at(p), decimals));
+        json["z"] = number(height_text(heights.at(p), resolution.decimals));
     return json;
 }
 
 // E, N and, where the parcel has heights, Z.
 std::vector<std::string> coordinates(const PL_PNT2D_record& p, const Answer& answer, const Heights& heights)
 {
-    const int decimals = answer.printed.resolution.decimals;
-    std::vector<std::string> cells = {fixed(p.x, decimals), fixed(p.y, decimals)};
+    const Resolution& resolution = answer.printed.resolution;
+    std::vector<std::string> cells = {fixed(p.x, resolution.end_decimals),
+                                      fixed(p.y, resolution.end_decimals)};
     if (!answer.parcel.heights.empty())
-        cells.push_back(height_text(heights.at(p), decimals));
+        cells.push_back(height_text(heights.at(p), resolution.decimals));
     return cells;
 }
 
@@ -103,7 +116,7 @@ std::string division_table(const Answer& answer)
     const std::size_t vertices = answer.parcel.ring.size();
     const auto length = [&](double value) { return fixed(value, printed.resolution.decimals); };
     const plparcel::RingReport& ring = printed.proven.ring;
-    const Heights heights(answer.parcel);
+    const Heights heights(answer.parcel, printed.proven.decimals);
     std::vector<std::string> axes = {"E", "N"};
     if (!answer.parcel.heights.empty())
         axes.push_back("Z");
@@ -124,8 +137,8 @@ std::string division_table(const Answer& answer)
     rows.back().cells.push_back(length(ring.perimeter));
     return "Parcel  " + heading(answer.parcel.place, answer.parcel.assumed) + "\n        " +
            std::to_string(vertices) + " vertices, " + direction_name(ring.anticlockwise) + "\nCut     " +
-           described_cut(answer.asked, vertices) + "\nAsked   " + described_amounts(answer.asked) + "\n\n" +
-           labelled(rows) + warnings(answer);
+           described_cut(answer.asked, vertices) + "\nAsked   " + described_amounts(answer.asked) + "\n" +
+           described_decimals(answer) + "\n" + labelled(rows) + warnings(answer);
 }
 
 Json division_json(const Answer& answer)
@@ -146,7 +159,8 @@ Json division_json(const Answer& answer)
     json["area"] = number(ring.area, area_decimals);
     json["perimeter"] = number(ring.perimeter, decimals);
     json["orientation"] = direction_name(ring.anticlockwise);
-    const Heights heights(answer.parcel);
+    json["decimals"] = printed.proven.decimals ? Json(*printed.proven.decimals) : Json();
+    const Heights heights(answer.parcel, printed.proven.decimals);
     json["lines"] = Json::array();
     for (const PL_LINE_2D_record& line : printed.lines)
         json["lines"].push_back(

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <sstream>
 #include <vector>
 
@@ -100,7 +101,7 @@ struct Reported {
     std::string area(double value) const { return fixed(value, answer.printed.resolution.area_decimals); }
     std::string length(std::size_t from, std::size_t to) const
     {
-        return fixed(PlFunz_distance(&points.points[from].printed, &points.points[to].printed), decimals());
+        return fixed(PlFunz_distance(&points.points[from].at, &points.points[to].at), decimals());
     }
     const std::string& name(std::size_t point) const { return points.points[point].name; }
 };
@@ -123,23 +124,27 @@ void add_parcel(const Reported& reported, ReportText& text)
 void add_request(const Reported& reported, ReportText& text)
 {
     const Answer& answer = reported.answer;
+    const std::optional<int>& decimals = answer.printed.proven.decimals;
     text.heading("Request");
     text.item("Cut: " + described_cut(answer.asked, answer.parcel.ring.size()));
     text.item("Areas asked for: " + described_amounts(answer.asked));
     text.heading("Method");
     text.paragraph(
         "Each line is computed with all digits, and proven: it lies in the parcel, ends on the boundary and "
-        "makes exactly two pieces. Its ends are then rounded to " +
-        std::to_string(reported.decimals()) +
-        " decimals, and the rounded line is proven again. The areas below are those of the rounded lines.");
+        "makes exactly two pieces. " +
+        (decimals ? "Its ends are then rounded to " + std::to_string(*decimals) +
+                        " decimals, and the rounded line is proven again. The areas below are those of the "
+                        "rounded lines."
+                  : std::string("Its ends keep all their digits: with fewer the areas would not hold.")));
 }
 
 void add_points(const Reported& reported, ReportText& text)
 {
     std::vector<Cells> rows = {{"Point", "E", "N"}};
     for (std::size_t i = reported.points.corners; i < reported.points.points.size(); ++i) {
-        const PL_PNT2D_record& p = reported.points.points[i].printed;
-        rows.push_back({reported.name(i), fixed(p.x, reported.decimals()), fixed(p.y, reported.decimals())});
+        const PL_PNT2D_record& p = reported.points.points[i].at;
+        const int decimals = reported.answer.printed.resolution.end_decimals;
+        rows.push_back({reported.name(i), fixed(p.x, decimals), fixed(p.y, decimals)});
     }
     text.heading("New points");
     text.table(rows);
@@ -149,10 +154,10 @@ void add_lines(const Reported& reported, ReportText& text)
 {
     std::vector<Cells> rows = {{"From", "to", "length", "bearing, gon"}};
     for (const DivisionPoints::Line& line : reported.points.lines)
-        rows.push_back({reported.name(line.from), reported.name(line.to), reported.length(line.from, line.to),
-                        gon_text(bearing_gon(reported.points.points[line.from].printed,
-                                             reported.points.points[line.to].printed),
-                                 kAngleDecimals)});
+        rows.push_back(
+            {reported.name(line.from), reported.name(line.to), reported.length(line.from, line.to),
+             gon_text(bearing_gon(reported.points.points[line.from].at, reported.points.points[line.to].at),
+                      kAngleDecimals)});
     text.heading("Dividing lines");
     text.table(rows);
 }
@@ -234,17 +239,17 @@ std::string division_report(const Answer& answer, ReportStyle style)
 std::string point_list(const Answer& answer)
 {
     const DivisionPoints points = points_of(answer);
-    const int decimals = answer.printed.resolution.decimals;
+    const Resolution& resolution = answer.printed.resolution;
     std::string list = "name,E,N,code\n";
-    const auto add = [&](std::size_t i, const char* code) {
+    const auto add = [&](std::size_t i, const char* code, int decimals) {
         const DivisionPoint& point = points.points[i];
-        list += csv_cell(point.name) + "," + fixed(point.printed.x, decimals) + "," +
-                fixed(point.printed.y, decimals) + "," + code + "\n";
+        list += csv_cell(point.name) + "," + fixed(point.at.x, decimals) + "," + fixed(point.at.y, decimals) +
+                "," + code + "\n";
     };
     for (std::size_t i = points.corners; i < points.points.size(); ++i)
-        add(i, "NEW");
+        add(i, "NEW", resolution.end_decimals);
     for (std::size_t i = 0; i < points.corners; ++i)
-        add(i, "CORNER");
+        add(i, "CORNER", resolution.decimals);
     return list;
 }
 

@@ -70,7 +70,7 @@ std::string ManyReport::add(const Answer& answer)
 void ManyReport::keep_rows(const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;
-    const int decimals = printed.resolution.decimals;
+    const int decimals = printed.resolution.end_decimals;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
         const PL_LINE_2D_record& line = printed.lines[i];
         rows_.push_back({answer.parcel.place.feature, std::to_string(i + 1), fixed(line.start.x, decimals),

@@ -112,7 +112,8 @@ std::string refusal_reason(const Answer& answer)
 {
     if (answer.printed.proven.status == Status::unusable_boundary)
         return unusable_boundary(answer.parcel, answer.printed.proven.ring).problem;
-    return answer.printed.too_coarse ? kTooCoarse : plparcel::describe(answer.printed.proven.status);
+    const Status status = answer.printed.proven.status;
+    return status == Status::not_reached ? kTooCoarse : plparcel::describe(status);
 }
 
 Failure refusal(const Answer& answer)
@@ -143,7 +144,6 @@ Failure refusal(const Answer& answer)
                               " leaves the parcel or touches its boundary on the way",
                           "choose another side, vertex or kind of cut");
     case Status::not_reached:
-    case Status::divided:
         return cannot_cut(answer, kTooCoarse, "use coordinates from an origin nearby");
     default:
         break;

@@ -32,13 +32,16 @@ CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::stri
     options().add_option("--areas", areas_)->type_name("LIST");
     options().add_option("--parts", parts_)->type_name("COUNT");
     options().add_flag("--opposite", opposite_);
+    options().add_option("--decimals", decimals_)->type_name("N");
+    options().add_option("--tolerance", tolerance_)->type_name("SHARE");
 }
 
 bool CuttingVerb::asks_for_cut() const
 {
     const auto is_given = [&](const char* option) { return given(option); };
     return std::any_of(std::begin(kCuts), std::end(kCuts), is_given) ||
-           std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_;
+           std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_ ||
+           given("--decimals") || given("--tolerance");
 }
 
 plparcel::Amount CuttingVerb::share(const std::string& option, const std::string& text) const
@@ -128,11 +131,32 @@ void CuttingVerb::set_amounts(Asked& asked) const
     }
 }
 
+// Without either, as many decimals as the parcel's size asks for and a millionth of it.
+void CuttingVerb::set_rounding(Asked& asked) const
+{
+    constexpr double kMostTolerance = 0.01;
+    plparcel::Rounding& rounding = asked.request.rounding;
+    if (given("--decimals")) {
+        const long long decimals = whole("--decimals", decimals_);
+        if (decimals < 0 || decimals > plparcel::kMostDecimals)
+            wrong_use("--decimals: '" + decimals_ + "' is not a number from 0 to " +
+                      std::to_string(plparcel::kMostDecimals));
+        rounding.decimals = static_cast<int>(decimals);
+    }
+    if (given("--tolerance")) {
+        const plparcel::Amount part = share("--tolerance", tolerance_);
+        rounding.tolerance = part.first / part.second;
+        if (!(rounding.tolerance > 0.0) || rounding.tolerance > kMostTolerance)
+            wrong_use("--tolerance: '" + tolerance_ + "' is more than 1% of the parcel");
+    }
+}
+
 Asked CuttingVerb::asked() const
 {
     Asked asked;
     set_cut(asked);
     set_amounts(asked);
+    set_rounding(asked);
     return asked;
 }
 

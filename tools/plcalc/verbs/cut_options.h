@@ -26,6 +26,7 @@ protected:
 private:
     void set_cut(Asked& asked) const;
     void set_amounts(Asked& asked) const;
+    void set_rounding(Asked& asked) const;
     void add_amount(Asked& asked, const std::string& option, const std::string& text) const;
     plparcel::Amount share(const std::string& option, const std::string& text) const;
     plparcel::Amount product(const std::string& option, const std::string& first,
@@ -39,6 +40,8 @@ private:
     std::string share_;
     std::string areas_;
     std::string parts_;
+    std::string decimals_;
+    std::string tolerance_;
     bool opposite_ = false;
 };
 

@@ -98,6 +98,11 @@ AREA, one of
                         it, or along the side that ends at the vertex
 
 Options
+  --decimals N          rounds the ends of the lines to N decimals, or to more
+                        if those do not hold the areas; without it to 4, or to
+                        more in a small parcel
+  --tolerance SHARE     how far an area may be off, as a share of the parcel:
+                        1/10000 or 0.01%; a millionth without it
   --layer NAME          reads only this layer of the file, or of the drawing
   --feature FID         reads only the feature with this number, as ogrinfo -al
                         FILE lists it; without it, every parcel is divided
@@ -107,7 +112,7 @@ Options
                         ending of OUT chooses the format, GeoPackage if there is
                         none; a format of one layer gets the lines in a second
                         file. Columns and CRS of the parcels come along, and
-                        coordinates keep all their digits. OUT.dxf is a drawing
+                        lines and areas are those printed. OUT.dxf is a drawing
                         with closed polylines, lines, new points and labels on
                         layers of their own, in the unit of the CRS.
   --format ENDING       with -o -, which writes the pieces to the standard
@@ -135,9 +140,9 @@ Options
   -h, --help            prints this text
 
 The output gives the ends of the lines, the areas of the pieces, and the area
-and perimeter of the parcel. Lines have four decimals, or more in a small
-parcel. A line is proven as it is printed: it parts the parcel in exactly two,
-and every piece holds its area to within a millionth of the parcel's. Where
+and perimeter of the parcel. The pieces have the rounded ends as corners, and
+their areas are proven with them: every piece holds its area to within a
+millionth of the parcel's. Print, JSON, OUT and PLAN show the same lines. Where
 there is no such line, plcalc prints one line on stderr and nothing else, and
 the exit status says why (see plcalc --help). With many parcels it lists those
 that it could divide and counts the others by reason.
@@ -186,7 +191,8 @@ PLACE  E,N in the file's coordinates, or the number of a vertex
 
 What is set out
   CUT AREA              the ends of the dividing lines, with the options of
-                        plcalc divide: --parallel SIDE --area A, ...
+                        plcalc divide: --parallel SIDE --area A, ..., as well
+                        as --decimals N and --tolerance SHARE
   --point PLACE         a point of your own; may be given several times
   Without any of these, the vertices of the parcel are set out.
 

@@ -5,6 +5,7 @@ _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
     local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --any-scale --json --help'
     local cut='--parallel --perpendicular --vertex --area --product --share --areas --parts --opposite'
+    cut+=' --decimals --tolerance'
     local words=''
     COMPREPLY=()
 
@@ -22,7 +23,7 @@ _plcalc() {
             return
             ;;
         --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
-            --areas | --parts | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
+            --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;
     esac

@@ -140,7 +140,7 @@ Output StakeoutVerb::work() const
     sheet.base = base_line(parcel);
     sheet.resolution = resolution_of(parcel.ring, 1.0);
     std::vector<NamedPoint> wanted = points(parcel, sheet.resolution);
-    const Heights heights(parcel);
+    const Heights heights(parcel, asks_for_cut() ? asked().request.rounding.decimals : std::optional<int>());
     for (NamedPoint& point : wanted)
         point.height = heights.at(point.at);
     sheet.points = set_out(sheet.setup, sheet.base, wanted, parcel.ground_factor);

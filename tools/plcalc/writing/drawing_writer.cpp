@@ -297,7 +297,7 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         draw(kLines, line_between(line.from, line.to));
     const DivisionPoints points = points_of(answer);
     for (std::size_t i = points.corners; i < points.points.size(); ++i) {
-        const OGRPoint at(points.points[i].exact.x, points.points[i].exact.y);
+        const OGRPoint at(points.points[i].at.x, points.points[i].at.y);
         ++points_;
         draw(kPoints, at);
         draw_label(several_parcels_ ? "P" + std::to_string(points_) : points.points[i].name, at, height,

@@ -25,7 +25,7 @@ namespace tool {
 /// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |
 /// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
 ///
-/// Coordinates are those of the proven lines. GDAL writes fifteen digits of them: a hundredth of a micrometre at a
+/// Coordinates are those that are printed. GDAL writes fifteen digits of them: a hundredth of a micrometre at a
 /// northing of 5,000,000 m.
 class DrawingWriter : public DivisionWriter {
 public:

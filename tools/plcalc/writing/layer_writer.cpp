@@ -214,7 +214,7 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
 {
     const plparcel::Division& division = answer.printed.proven;
     const GIntBig fid = read.feature != nullptr ? read.feature->GetFID() : 0;
-    const Heights known(read.parcel);
+    const Heights known(read.parcel, division.decimals);
     const Heights* const heights = heights_ ? &known : nullptr;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];

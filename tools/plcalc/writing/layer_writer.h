@@ -25,8 +25,8 @@ namespace tool {
 /// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, status  |
 /// | lines  | parcel (FID), line (from 1), length                                               |
 ///
-/// Coordinates have all their digits: they are those of the proven lines, not of the printed ones. A refused
-/// parcel is written undivided, with the reason as its status. Points have heights where all vertices of all parcels do.
+/// Lines and areas are those that are printed: rounded, with all the digits of the rounded numbers. A refused parcel
+/// is written undivided, with the reason as its status. Points have heights where all vertices of all parcels do.
 class LayerWriter : public DivisionWriter {
 public:
     /// @param[in] file       its ending chooses the format
