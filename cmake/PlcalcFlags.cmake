@@ -19,6 +19,11 @@ else()
   endif()
 endif()
 
+# A project that plcalc is a part of may leave the build type open. Compilers would then not optimise at all.
+if(NOT MSVC AND NOT PLCALC_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  target_compile_options(plcalc_fp INTERFACE -O2)
+endif()
+
 add_library(plcalc_warnings INTERFACE)
 if(MSVC)
   target_compile_options(plcalc_warnings INTERFACE /W4 $<$<BOOL:${PLCALC_WERROR}>:/WX>)

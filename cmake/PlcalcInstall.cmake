@@ -1,4 +1,4 @@
-# cmake --install, find_package(plcalc), pkg-config, CPack.
+# cmake --install, find_package(plcalc), pkg-config.
 
 include(CMakePackageConfigHelpers)
 
@@ -22,8 +22,13 @@ endif()
 # With the companion, which every other component needs.
 configure_package_config_file(cmake/plcalcConfig.cmake.in ${PROJECT_BINARY_DIR}/plcalcConfig.cmake
   INSTALL_DESTINATION ${PLCALC_CMAKEDIR})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(PLCALC_COMPATIBILITY SameMinorVersion)
+else()
+  set(PLCALC_COMPATIBILITY SameMajorVersion)
+endif()
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
-  COMPATIBILITY SameMajorVersion)
+  COMPATIBILITY ${PLCALC_COMPATIBILITY})
 install(FILES ${PROJECT_BINARY_DIR}/plcalcConfig.cmake ${PROJECT_BINARY_DIR}/plcalcConfigVersion.cmake
   DESTINATION ${PLCALC_CMAKEDIR} COMPONENT plutil)
 
@@ -62,41 +67,3 @@ plcalc_pkg_config(plparcel "Division of land parcels that proves itself" plcalc)
 if(PLCALC_BUILD_C)
   plcalc_pkg_config(plcalc_c "C interface of plcalc and plparcel" plparcel)
 endif()
-
-set(CPACK_PACKAGE_NAME plcalc)
-set(CPACK_PACKAGE_VENDOR "The plcalc developers")
-set(CPACK_PACKAGE_CONTACT "The plcalc developers <maintainers@plcalc.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_GENERATOR DEB TGZ)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# One .deb for each component, one .tar.gz of all. They depend on each other in one version.
-set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR}/plutil ${PROJECT_BINARY_DIR}/plparcel ${PROJECT_BINARY_DIR}/c)
-set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PLUTIL_PACKAGE_NAME plutil)
-set(CPACK_DEBIAN_PLCALC_PACKAGE_NAME plcalc)
-set(CPACK_DEBIAN_PLPARCEL_PACKAGE_NAME plparcel)
-set(CPACK_DEBIAN_PLCALC_C_PACKAGE_NAME plcalc-c)
-set(CPACK_DEBIAN_TOOL_PACKAGE_NAME plcalc-tool)
-set(CPACK_DEBIAN_PLUTIL_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLCALC_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLPARCEL_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLCALC_C_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
-set(CPACK_COMPONENT_PLUTIL_DESCRIPTION "Companion of plcalc: point container, angles in gons.")
-set(CPACK_COMPONENT_PLCALC_DESCRIPTION
-  "Plane surveying and land parcels: points, lines, arcs, set-out, areas, and the division of a parcel.
-Results are defined to the last bit.")
-set(CPACK_COMPONENT_PLPARCEL_DESCRIPTION "Divides a parcel with proof, or says why not; over plcalc.")
-set(CPACK_COMPONENT_PLCALC_C_DESCRIPTION "Calls plcalc and plparcel from C, C#, Java and others.")
-set(CPACK_COMPONENT_TOOL_DESCRIPTION "Divides and measures parcels of any vector format, with plcalc.")
-set(CPACK_COMPONENT_PLCALC_DEPENDS plutil)
-set(CPACK_COMPONENT_PLPARCEL_DEPENDS plcalc)
-set(CPACK_COMPONENT_PLCALC_C_DEPENDS plparcel)
-set(CPACK_COMPONENT_TOOL_DEPENDS plcalc plparcel)
-include(CPack)

@@ -27,10 +27,15 @@ function(plcalc_configure_library target prefix include_dir)
     $<BUILD_INTERFACE:${include_dir}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(${target} INTERFACE cxx_std_11)
+  # Before 1.0 a new minor version may break what was built with an older one.
+  set(soversion ${PROJECT_VERSION_MAJOR})
+  if(soversion EQUAL 0)
+    set(soversion ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  endif()
   set_target_properties(${target} PROPERTIES
     LINKER_LANGUAGE CXX
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR}
+    SOVERSION ${soversion}
     INSTALL_RPATH "$ORIGIN")  # plcalc finds the plutil that was installed beside it
   if(NOT BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PUBLIC ${prefix}_STATIC)

@@ -1,9 +1,12 @@
 // Records with their setters, inverse, squares, distance, same point, snapping, tolerant minimum and maximum.
 
+#include <cstring>
+
 #include "fuzz/check.h"
 #include "fuzz/reader.h"
 #include "kernel/tolerance.h"
 #include "plcalc/kernel.h"
+#include "plcalc/version.h"
 
 namespace {
 
@@ -80,6 +83,7 @@ void check_points(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
     if (fuzz::all_within(1e150, {p, q}))
         FUZZ_CHECK(fuzz::near(dist, fuzz::apart(p, q), 1e-15 * dist + 1e-160));
 
+    FUZZ_CHECK(std::strcmp(PlFunz_version(), PLCALC_VERSION) == 0);
     const bool one = PlFunz_samepnt(&p, &q);
     FUZZ_CHECK(one == PlFunz_samepnt(&q, &p));
     FUZZ_CHECK(PlFunz_samepnt(&p, &p) == fuzz::all_finite({p}));

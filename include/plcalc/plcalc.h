@@ -16,3 +16,4 @@
 #include "plcalc/lines.h"
 #include "plcalc/subdivision.h"
 #include "plcalc/survey.h"
+#include "plcalc/version.h"

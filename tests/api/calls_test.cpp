@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <string>
 #include <type_traits>
 
 #include "plcalc/plcalc.h"
@@ -27,6 +28,15 @@ static_assert(
 
 static_assert(noexcept(PlFunz_distance(nullptr, nullptr)), "does not allocate");
 static_assert(noexcept(PlFunz_inpolygon(nullptr, nullptr, nullptr, nullptr)), "does not allocate");
+
+TEST(Calls, VersionOfHeadersAndLibrary)
+{
+    const std::string numbers = std::to_string(PLCALC_VERSION_MAJOR) + "." +
+                                std::to_string(PLCALC_VERSION_MINOR) + "." +
+                                std::to_string(PLCALC_VERSION_PATCH);
+    EXPECT_EQ(numbers, PLCALC_VERSION);
+    EXPECT_EQ(numbers, PlFunz_version());
+}
 
 TEST(Calls, MatricesWithAndWithoutConst)
 {

@@ -69,6 +69,30 @@ same "through pkg-config" "$by_pkg_config" "$want"
 line='from 32.0000 0.0000 to 32.0000 50.0000'
 same "the layer through CMake" "$layer_by_cmake" "$line"
 same "the layer through pkg-config" "$layer_by_pkg_config" "$line"
+
+# What is asked for and is not there is said.
+# refused <what find_package is given> <what it says> <prefix>
+refused() {
+    rm -rf "$work/asks"
+    mkdir "$work/asks"
+    printf '%s\n' 'cmake_minimum_required(VERSION 3.20)' 'project(asks LANGUAGES CXX)' "find_package(plcalc $1)" \
+        >"$work/asks/CMakeLists.txt"
+    if "$cmake" -S "$work/asks" -B "$work/asks/build" -DCMAKE_PREFIX_PATH="$3" -DCMAKE_CXX_COMPILER="$cxx" \
+        >"$work/log" 2>&1; then
+        echo "find_package(plcalc $1) succeeds" >&2
+        exit 1
+    fi
+    tr -s ' \n' ' ' <"$work/log" | grep -qF "$2" || {
+        cat "$work/log" >&2
+        echo "find_package(plcalc $1) does not say: $2" >&2
+        exit 1
+    }
+}
+refused 'COMPONENTS plparsel REQUIRED' 'It has no component plparsel: there are plutil, plcalc and plparcel.' "$prefix"
+refused 'COMPONENTS plparcel REQUIRED' 'Its component plparcel is not installed in' "$work/companion"
+refused '0.0.9 REQUIRED' 'requested version "0.0.9"' "$prefix"
+refused '1.0 REQUIRED' 'requested version "1.0"' "$prefix"
+
 if grep -rIl "$build" "$prefix"; then
     echo "the files above remember the build folder" >&2
     exit 1

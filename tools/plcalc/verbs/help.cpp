@@ -1,5 +1,7 @@
 #include "verbs/help.h"
 
+#include "plcalc/version.h"
+
 namespace tool {
 namespace {
 
@@ -32,7 +34,7 @@ std::string how_to_read()
 
 std::string version_line()
 {
-    return "plcalc " PLCALC_VERSION "\n";
+    return "plcalc " + std::string(PlFunz_version()) + "\n";
 }
 
 std::string general_help()

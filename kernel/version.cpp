@@ -1,0 +1,6 @@
+#include "plcalc/version.h"
+
+const char* PlFunz_version() noexcept
+{
+    return PLCALC_VERSION;
+}
