@@ -88,7 +88,7 @@ refused() {
         exit 1
     }
 }
-refused 'COMPONENTS plparsel REQUIRED' 'It has no component plparsel: there are plutil, plcalc and plparcel.' "$prefix"
+refused 'COMPONENTS plparsel REQUIRED' 'It has no component plparsel: there are plutil, plcalc, plparcel, plcalc_c.' "$prefix"
 refused 'COMPONENTS plparcel REQUIRED' 'Its component plparcel is not installed in' "$work/companion"
 refused '0.0.9 REQUIRED' 'requested version "0.0.9"' "$prefix"
 refused '1.0 REQUIRED' 'requested version "1.0"' "$prefix"
