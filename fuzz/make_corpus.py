@@ -495,9 +495,30 @@ def division():
             yield wanted(seed, i % 3, i // 3, i, (4, next(parts)), *([(4, 5)] if i % 2 else []))
 
 
+def asking():
+    """What asking.cpp reads behind the ring: bearing, tolerance, point, segments, distance, angle; holes last."""
+    def asked(seed, bearing, tied_within, point, segments, distance, angle):
+        seed.number(bearing, tied_within).point(*point).byte(len(segments))
+        for start, end in segments:
+            seed.point(*start, *end)
+        return seed.number(distance, angle)
+
+    road = [((-500.0, -8.0), (500.0, -8.0))]
+    for i, (name, ring) in enumerate(RINGS.items()):
+        yield asked(Input().called(name).ring(ring), 100.0 * (i % 4), 0.0, (50.0, -5.0), road, 20.0, 25.0)
+    for name, *rest in (
+            ("no segments", 0.0, 0.0, (0.0, 0.0), [], 10.0, 25.0),
+            ("segment without length", 0.0, 0.0, (0.0, 0.0), [((5.0, 5.0), (5.0, 5.0))], 10.0, 25.0),
+            ("nan everywhere", NAN, NAN, (NAN, NAN), [((NAN, 0.0), (5.0, 5.0))], NAN, NAN),
+            ("inf everywhere", INF, INF, (INF, 0.0), [((INF, 0.0), (5.0, 5.0))], INF, INF),
+            ("far away", 1e300, 1e300, (1e300, 1e300), [((1e89, 0.0), (1e89, 5.0))], 1e90, 100.0),
+            ("all ties", 50.0, 100.0, (50.0, 25.0), road, 1e3, 100.0)):
+        yield asked(Input().called("rectangle", name).ring(RECTANGLE), *rest)
+
+
 HARNESSES = [primitives, directions, matrices, implicit_lines, intersections, point_line, arcs, arc_segment, polygon,
              survey_intersections, offsets, measures, gons, parallel_cut, perpendicular_cut, vertex_cut,
-             division]
+             division, asking]
 
 
 def any_bytes(name):

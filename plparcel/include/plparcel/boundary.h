@@ -20,6 +20,12 @@ struct Parcel {
     std::vector<Ring> holes;  ///< inside it, apart from each other; in any order
 };
 
+/// A side or a vertex of a parcel, counted from 0 as handed over; repeated vertices count too.
+struct BoundaryPlace {
+    std::size_t ring = 0;   ///< 0 the outer ring, k the k-th hole
+    std::size_t index = 0;  ///< of the side, or of the vertex
+};
+
 /// Whether a boundary can be used.
 enum class BoundaryStatus {
     usable,            ///< a simple ring with an area

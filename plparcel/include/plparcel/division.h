@@ -171,12 +171,6 @@ enum class Status {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(Status status) noexcept;
 
-/// A part of a dividing line that lies in the parcel, its ends on the boundary.
-struct Segment {
-    PL_PNT2D_record from = {};  ///< the end that comes first along the line
-    PL_PNT2D_record to = {};    ///< the other end
-};
-
 /// A dividing line in the parcel's coordinates, its ends on the boundary. Without holes and with two pieces it is one
 /// segment.
 struct DividingLine {
@@ -187,7 +181,8 @@ struct DividingLine {
     /// `opposite` on its left.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
-    /// What of the line lies in the parcel, from `from` to `to`; they touch where a vertex reaches up to the line.
+    /// What of the line lies in the parcel, from `from` to `to`, each with its ends on the boundary; they touch where a
+    /// vertex reaches up to the line.
     std::vector<Segment> segments;
     /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
     bool library_agrees = false;

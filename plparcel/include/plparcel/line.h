@@ -9,6 +9,12 @@
 
 namespace plparcel {
 
+/// A straight piece: of a dividing line, of a road's axis, of a neighbour's boundary.
+struct Segment {
+    PL_PNT2D_record from = {};  ///< the end that comes first
+    PL_PNT2D_record to = {};    ///< the other end
+};
+
 /// How the dividing line runs. The numbers are those of CFrazArea's modes.
 enum class Cut {
     parallel = 0,        ///< parallel to a side

@@ -1,0 +1,115 @@
+// plparcel: which side is meant. What is found or ties is compared again, in long double.
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "fuzz/check.h"
+#include "fuzz/parcel.h"
+#include "fuzz/reader.h"
+#include "plparcel/extent.h"
+#include "plparcel/which_side.h"
+
+namespace {
+
+using fuzz::Reader;
+using fuzz::Ring;
+using plparcel::Candidate;
+using plparcel::Choice;
+using plparcel::ChoiceStatus;
+using plparcel::Parcel;
+using Real = long double;
+
+const Ring& ring_of(const Parcel& parcel, const plparcel::BoundaryPlace& place)
+{
+    FUZZ_CHECK(place.ring <= parcel.holes.size());
+    const Ring& ring = place.ring == 0 ? parcel.outer : parcel.holes[place.ring - 1];
+    FUZZ_CHECK(place.index < ring.size());
+    return ring;
+}
+
+Real length_of(const Parcel& parcel, const plparcel::BoundaryPlace& place)
+{
+    const Ring& ring = ring_of(parcel, place);
+    return fuzz::apart(ring[place.index], ring[fuzz::index_after(ring, place.index)]);
+}
+
+void check_candidate(const Parcel& parcel, const Candidate& candidate, bool side)
+{
+    const Real length = side ? length_of(parcel, candidate.place) : 0.0L;
+    ring_of(parcel, candidate.place);
+    FUZZ_CHECK(fuzz::near(candidate.length, static_cast<double>(length), 1e-14 * candidate.length));
+    FUZZ_CHECK(!side || candidate.length > 0.0);
+    FUZZ_CHECK(candidate.bearing >= 0.0 && candidate.bearing < 400.0);
+    FUZZ_CHECK(candidate.turned >= 0.0 && candidate.turned <= 200.0);
+    FUZZ_CHECK(candidate.distance >= 0.0 && candidate.alongside >= 0.0);
+    FUZZ_CHECK(candidate.alongside <= candidate.length * (1.0 + 1e-12));
+}
+
+// One is found, several tie, or there is none; and the parcel's check says the same.
+void check_choice(const Parcel& parcel, const Choice& choice, bool side)
+{
+    FUZZ_CHECK(plparcel::describe(choice.status)[0] != '\0');
+    FUZZ_CHECK(choice.boundary == plparcel::check_parcel(parcel).status);
+    FUZZ_CHECK((choice.status == ChoiceStatus::unusable_boundary) ==
+               (choice.boundary != plparcel::BoundaryStatus::usable));
+    FUZZ_CHECK((choice.status == ChoiceStatus::found) == (choice.candidates.size() == 1));
+    FUZZ_CHECK((choice.status == ChoiceStatus::tied) == (choice.candidates.size() > 1));
+    FUZZ_CHECK(!choice.next || choice.status == ChoiceStatus::found);
+    for (const Candidate& candidate : choice.candidates)
+        check_candidate(parcel, candidate, side);
+    if (choice.next)
+        check_candidate(parcel, *choice.next, side);
+}
+
+// No side is longer than the longest, or shorter than the shortest.
+void check_lengths(const Parcel& parcel)
+{
+    const Choice longest = plparcel::longest_side(parcel);
+    const Choice shortest = plparcel::shortest_side(parcel);
+    check_choice(parcel, longest, true);
+    check_choice(parcel, shortest, true);
+    if (longest.candidates.empty())
+        return;
+    // Parts of a straight line tie within four spacings, and the longest of them stands for it.
+    const double spacing = 8.0 * plparcel::coordinate_spacing(parcel.outer);
+    const double most = longest.candidates[0].length + spacing;
+    const double least = shortest.candidates[0].length - spacing;
+    for (std::size_t i = 0; i < parcel.outer.size(); ++i) {
+        const auto length = static_cast<double>(length_of(parcel, {0, i}));
+        FUZZ_CHECK(!(length > 0.0) || (length <= most * (1.0 + 1e-14) && length >= least * (1.0 - 1e-14)));
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Reader in(data, size);
+    Parcel parcel;
+    parcel.outer = fuzz::read_ring(in);
+    const double bearing = in.number();
+    const double tied_within = in.number();
+    const PL_PNT2D_record point = in.point();
+    std::vector<plparcel::Segment> segments;
+    constexpr int kMostSegments = 8;
+    const int count = in.below(kMostSegments);
+    for (int i = 0; i < count; ++i) {
+        const PL_LINE_2D_record segment = in.segment();
+        segments.push_back({segment.start, segment.end});
+    }
+    const double distance = in.number();
+    const plparcel::Alongside alongside = {distance, in.number()};
+    const int holes = in.below(3);
+    for (int i = 0; i < holes; ++i)
+        parcel.holes.push_back(fuzz::read_ring(in));
+
+    check_lengths(parcel);
+    check_choice(parcel, plparcel::side_near(parcel, point, tied_within), true);
+    check_choice(parcel, plparcel::side_facing(parcel, bearing, tied_within), true);
+    check_choice(parcel, plparcel::vertex_near(parcel, point, tied_within), false);
+    check_choice(parcel, plparcel::vertex_farthest(parcel, bearing, tied_within), false);
+    const plparcel::OtherGeometry other(segments);
+    check_choice(parcel, plparcel::side_along(parcel, other, alongside, tied_within), true);
+    return 0;
+}
