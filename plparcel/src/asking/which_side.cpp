@@ -150,8 +150,10 @@ std::size_t part_of_straight_line(const Items& items, const std::vector<std::siz
             return k;
         first = i;
     }
-    std::size_t longest = first % k;
-    for (std::size_t i = 1; i < k && first != k; ++i) {
+    if (first == k)
+        return k;
+    std::size_t longest = first;
+    for (std::size_t i = 1; i < k; ++i) {
         const std::size_t next = (first + i) % k;
         if (items[tied[next]].length > items[tied[longest]].length)
             longest = next;
