@@ -592,9 +592,10 @@ TEST_F(Formats, DrawingsWithArcsAreRefused)
     expect_divided(divide("lot.dxf", kStrip));
     for (const char* bulge : {"0.5", "-0.1", "0.0005"}) {
         write("lot.dxf", dxf("1", bulge));
-        EXPECT_TRUE(test::fails_with(
-            divide("lot.dxf", kStrip), 3,
-            "lot.dxf: feature 0: the boundary has arcs; replace them with chords in the drawing first"))
+        EXPECT_TRUE(test::fails_with(divide("lot.dxf", kStrip), 3,
+                                     "lot.dxf: feature 0: the boundary has arcs; replace them with chords, "
+                                     "as --arcs 0.005 does, which "
+                                     "keeps the chords within 0.005 of the arcs"))
             << bulge;
     }
     write("lot.dxf", dxf("0", "0"));

@@ -280,8 +280,9 @@ const GeometryRow kUnusable[] = {
      "feature 1: the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from "
      "vertex 3 to 4; correct it so that it passes every vertex and side once"},
     {"CURVEPOLYGON (CIRCULARSTRING (0 0, 5 5, 10 0, 5 -5, 0 0))",
-     "feature 1: the boundary has curves; replace them with chords first, for example with ogr2ogr -nlt "
-     "CONVERT_TO_LINEAR"},
+     "feature 1: the boundary has arcs; replace them with chords, as --arcs 0.005 does, which keeps the "
+     "chords "
+     "within 0.005 of the arcs"},
     {"TIN (((0 0, 9 0, 9 9, 0 0)))",
      "feature 1: the geometry is a TIN; a polygon or a closed line is needed"},
     {"POLYGON ((1e400 0, 10 0, 10 10, 0 10, 1e400 0))",

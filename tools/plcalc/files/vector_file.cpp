@@ -13,6 +13,8 @@
 namespace tool {
 namespace {
 
+constexpr const char* kMergeBlocks = "DXF_MERGE_BLOCK_GEOMETRIES";
+
 // Only the options of the driver that will open the file; the others would warn of options that they do not
 // know.
 CPLStringList open_options(const std::string& file)
@@ -65,7 +67,11 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file)
     const unsigned flags = GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR;
     const CPLStringList options = open_options(file);
     CPLErrorReset();
-    return GDALDatasetUniquePtr(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
+    // The entities of a drawing's block come one by one, as if it had been taken apart.
+    CPLSetThreadLocalConfigOption(kMergeBlocks, "FALSE");
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), flags, nullptr, options.List(), nullptr));
+    CPLSetThreadLocalConfigOption(kMergeBlocks, nullptr);
+    return dataset;
 }
 
 GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages,

@@ -1,6 +1,7 @@
 #include "reading/boundary.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 
@@ -40,9 +41,10 @@ bool is_closed_line(const OGRGeometry& geometry)
     return line->getNumPoints() > 2 && first.getX() == last.getX() && first.getY() == last.getY();
 }
 
-Boundary vertices_of(const OGRSimpleCurve& line)
+Boundary vertices_of(const OGRSimpleCurve& line, bool had_arcs)
 {
     Boundary boundary;
+    boundary.had_arcs = had_arcs;
     for (int i = 0; i < line.getNumPoints(); ++i) {
         boundary.ring.push_back({line.getX(i), line.getY(i)});
         if (line.Is3D())
@@ -52,6 +54,40 @@ Boundary vertices_of(const OGRSimpleCurve& line)
     if (line.Is3D())
         boundary.heights.resize(boundary.ring.size());
     return boundary;
+}
+
+// The largest radius of the arcs of a geometry.
+class LargestRadius : public OGRDefaultConstGeometryVisitor {
+public:
+    using OGRDefaultConstGeometryVisitor::visit;
+
+    void visit(const OGRCircularString* arcs) override
+    {
+        for (int i = 0; i + 2 < arcs->getNumPoints(); i += 2) {
+            double radius = 0.0;
+            double ignored = 0.0;
+            if (OGRGeometryFactory::GetCurveParameters(
+                    arcs->getX(i), arcs->getY(i), arcs->getX(i + 1), arcs->getY(i + 1), arcs->getX(i + 2),
+                    arcs->getY(i + 2), radius, ignored, ignored, ignored, ignored, ignored))
+                largest_ = std::max(largest_, radius);
+        }
+    }
+
+    double largest() const { return largest_; }
+
+private:
+    double largest_ = 0.0;
+};
+
+// The angle of chords that stay within the tolerance of all arcs; at most an eighth of a circle.
+double degrees_of_chords(const OGRGeometry& geometry, double tolerance)
+{
+    constexpr double kMostDegrees = 45.0;
+    constexpr double kDegrees = 57.29577951308232;
+    LargestRadius radius;
+    geometry.accept(&radius);
+    const double turn_rad = 2.0 * std::acos(std::max(0.0, 1.0 - tolerance / radius.largest()));
+    return std::min(kMostDegrees, turn_rad * kDegrees);
 }
 
 }  // namespace
@@ -89,18 +125,26 @@ Failure without_geometry(const Place& place)
             "draw the parcel, or choose another feature with --feature"};
 }
 
-Boundary boundary_of(const OGRGeometry& geometry, const Place& place)
+Failure with_arcs(const Place& place)
+{
+    return {
+        ExitStatus::unusable_input, place, "the boundary has arcs",
+        "replace them with chords, as --arcs 0.005 does, which keeps the chords within 0.005 of the arcs"};
+}
+
+Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std::optional<double>& arcs)
 {
     const OGRGeometry& inner = single_member(geometry);
     if (inner.IsEmpty())
         refuse(place, "the geometry is empty", "draw the parcel, or choose another feature with --feature");
-    if (inner.hasCurveGeometry(TRUE))
-        refuse(place, "the boundary has curves",
-               "replace them with chords first, for example with ogr2ogr -nlt CONVERT_TO_LINEAR");
-    const std::unique_ptr<OGRGeometry> straight(inner.getLinearGeometry());
+    const bool curved = inner.hasCurveGeometry(TRUE) != FALSE;
+    if (curved && !arcs)
+        throw with_arcs(place);
+    const std::unique_ptr<OGRGeometry> straight(
+        inner.getLinearGeometry(curved ? degrees_of_chords(inner, *arcs) : 0.0));
     const OGRwkbGeometryType type = wkbFlatten(straight->getGeometryType());
     if (type == wkbLineString && is_closed_line(*straight))
-        return vertices_of(*straight->toLineString());
+        return vertices_of(*straight->toLineString(), curved);
     if (type != wkbPolygon && type != wkbTriangle)
         refuse(place, std::string("the geometry is a ") + straight->getGeometryName(),
                "a polygon or a closed line is needed");
@@ -109,7 +153,7 @@ Boundary boundary_of(const OGRGeometry& geometry, const Place& place)
     if (polygon.getNumInteriorRings() > 0)
         refuse(place, "the parcel has holes (" + std::to_string(polygon.getNumInteriorRings()) + ")",
                "only a parcel with one boundary can be divided");
-    return vertices_of(*polygon.getExteriorRing());
+    return vertices_of(*polygon.getExteriorRing(), curved);
 }
 
 }  // namespace tool

@@ -2,6 +2,7 @@
 
 // Turns a geometry into a ring.
 
+#include <optional>
 #include <vector>
 
 #include <ogr_geometry.h>
@@ -22,6 +23,7 @@ Failure without_geometry(const Place& place);
 struct Boundary {
     plparcel::Ring ring;
     std::vector<double> heights;  ///< of the vertices; empty where the geometry has none
+    bool had_arcs = false;        ///< whether chords took the place of arcs
 };
 
 /// How many polygons the geometry has; 1 for any that is no collection of them.
@@ -36,9 +38,13 @@ const OGRGeometry& part_of(const OGRGeometry& geometry, int part);
 ///
 /// @param[in] geometry  the geometry; measures are ignored
 /// @param[in] place     file and feature, for messages
+/// @param[in] arcs      how far chords that take the place of arcs may be from them; without it, curves are refused
 /// @return the vertices in order, without the closing one
 /// @throws Failure      unusable_input: an empty geometry, curves, holes or an open line
-Boundary boundary_of(const OGRGeometry& geometry, const Place& place);
+Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std::optional<double>& arcs = {});
+
+/// A boundary with arcs, which are not allowed to become chords.
+Failure with_arcs(const Place& place);
 
 /// Drops the last vertex where it repeats the first.
 void drop_closing_vertex(plparcel::Ring& ring);

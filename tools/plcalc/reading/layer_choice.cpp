@@ -16,7 +16,6 @@ struct Count {
     LayerChoice choice;
     std::string other_kind;        // geometry of the first feature that bounds no area
     std::string without_geometry;  // name of the first feature without any, though it could have one
-    std::map<std::string, std::size_t> by_layer;  // parcels
     std::map<std::string, std::size_t>
         on_other_layers;  // of a drawing: what would be parcels, but for --layer
 };
@@ -34,11 +33,6 @@ bool is_shown(const OGRFeature& feature)
     const std::size_t color = style.find("c:#");
     constexpr std::size_t kAlpha = 9;  // behind "c:#rrggbb"
     return color == std::string::npos || style.compare(color + kAlpha, 2, "00") != 0;
-}
-
-bool is_hidden(const OGRFeature& feature, GDALDataset& dataset)
-{
-    return is_format(dataset, "DXF") && (feature.GetFieldAsInteger("PaperSpace") != 0 || !is_shown(feature));
 }
 
 void add_parts(NameList& parcels, const std::string& feature, const OGRGeometry* geometry,
@@ -76,7 +70,7 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
             const bool heights = geometry != nullptr && geometry->Is3D();
             count.choice.heights = count.choice.heights && heights;
             count.choice.some_heights = count.choice.some_heights || heights;
-            ++count.by_layer[layer_of(*feature, layer, dataset)];
+            ++count.choice.by_layer[layer_of(*feature, layer, dataset)];
             continue;
         }
         if (geometry != nullptr && bounds_area(*geometry) && is_hidden(*feature, dataset)) {
@@ -182,6 +176,11 @@ std::string feature_name(const OGRFeature& feature, OGRLayer& layer, GDALDataset
     return dataset.GetLayerCount() > 1 ? "layer " + std::string(layer.GetName()) + ": " + number : number;
 }
 
+bool is_hidden(const OGRFeature& feature, GDALDataset& dataset)
+{
+    return is_format(dataset, "DXF") && (feature.GetFieldAsInteger("PaperSpace") != 0 || !is_shown(feature));
+}
+
 bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& source)
 {
     if (source.feature)
@@ -227,7 +226,13 @@ void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages)
                       "compare columns as in \"owner = 'Rossi'\"");
 }
 
-LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages)
+void refuse_several_layers(const Source& source, const std::map<std::string, std::size_t>& parcels)
+{
+    throw Failure(ExitStatus::wrong_use, {source.file, ""},
+                  "several layers hold parcels (" + counted(parcels) + ")", "choose one with --layer NAME");
+}
+
+LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages, bool may_be_none)
 {
     const std::string opening_remark = messages.remark();
     messages.clear();
@@ -243,15 +248,17 @@ LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessage
             add_to(none, count);
             continue;
         }
-        with_parcels.insert(count.by_layer.begin(), count.by_layer.end());
+        with_parcels.insert(count.choice.by_layer.begin(), count.choice.by_layer.end());
         choice = count.choice;
     }
-    if (with_parcels.empty())
-        refuse_nothing_found(none, dataset, source, opening_remark);
     if (with_parcels.size() > 1)
-        throw Failure(ExitStatus::wrong_use, {source.file, ""},
-                      "several layers hold parcels (" + counted(with_parcels) + ")",
-                      "choose one with --layer NAME");
+        refuse_several_layers(source, with_parcels);
+    if (with_parcels.empty() && may_be_none && !layers.empty()) {
+        choice = none.choice;
+        choice.layer = layers.back();
+    } else if (with_parcels.empty()) {
+        refuse_nothing_found(none, dataset, source, opening_remark);
+    }
     choice.layer->ResetReading();
     return choice;
 }

@@ -3,6 +3,7 @@
 // Which layer of a file holds the parcels, and how many there are.
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,22 +20,35 @@ namespace tool {
 /// A layer with parcels.
 struct LayerChoice {
     OGRLayer* layer = nullptr;
-    NameList parcels;           ///< what it holds
-    std::optional<int> srid;    ///< of the geometries, where a table names one
-    std::size_t others = 0;     ///< features that bound no area
-    std::size_t hidden = 0;     ///< of a drawing: in paper space, or not shown
-    bool heights = false;       ///< whether all vertices of all parcels have heights
-    bool some_heights = false;  ///< whether any vertex has one
+    NameList parcels;                             ///< what it holds
+    std::optional<int> srid;                      ///< of the geometries, where a table names one
+    std::size_t others = 0;                       ///< features that bound no area
+    std::size_t hidden = 0;                       ///< of a drawing: in paper space, or not shown
+    bool heights = false;                         ///< whether all vertices of all parcels have heights
+    bool some_heights = false;                    ///< whether any vertex has one
+    std::map<std::string, std::size_t> by_layer;  ///< the features with parcels; of a drawing by its layers
 };
 
 /// Finds the only layer with parcels; in a drawing, the only one of the drawing's layers. It is filtered as the source
 /// says and ready to be read from its start.
 ///
 /// @param[in] messages  what GDAL said while it opened the file; it receives what GDAL says from now on
+/// @param[in] may_be_none  whether a file without parcels is no failure; the choice is then the layer read last, and
+///                      holds none
 /// @throws Failure      wrong_use for a layer or feature that does not exist, for a filter that cannot be
 ///                      used, or if several layers hold parcels; unusable_input if the file holds no parcel
 ///                      or cannot be read to its end
-LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages);
+LayerChoice choose_layer(GDALDataset& dataset, const Source& source, GdalMessages& messages,
+                         bool may_be_none = false);
+
+/// Gives up because several layers hold parcels.
+///
+/// @param[in] parcels  how many, by layer
+[[noreturn]] void refuse_several_layers(const Source& source,
+                                        const std::map<std::string, std::size_t>& parcels);
+
+/// Whether a feature of a drawing lies in paper space or is not shown.
+bool is_hidden(const OGRFeature& feature, GDALDataset& dataset);
 
 /// The layer that the source names, or all layers if it names none. A drawing is one layer for GDAL; is_parcel() tells
 /// its layers apart.

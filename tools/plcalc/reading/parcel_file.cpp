@@ -18,10 +18,6 @@ namespace {
 // Longer lines are no rows of numbers.
 constexpr int kMaxLine = 1000000;
 
-// A chord for every tenth of a degree. A shorter arc differs from its chord by less than half a millimetre at
-// a radius of a kilometre.
-constexpr const char* kFineArcStep = "0.1";
-
 bool is_table_of_points(GDALDataset& dataset, const std::vector<OGRLayer*>& layers)
 {
     return is_format(dataset, "CSV") && layers.size() == 1 && layers[0]->GetGeomType() == wkbNone &&
@@ -32,6 +28,18 @@ bool has_all_heights(const std::vector<double>& heights)
 {
     return !heights.empty() &&
            std::all_of(heights.begin(), heights.end(), [](double z) { return std::isfinite(z); });
+}
+
+std::string place_text(const PL_PNT2D_record& p)
+{
+    constexpr int kDecimals = 4;
+    return fixed(p.x, kDecimals) + ", " + fixed(p.y, kDecimals);
+}
+
+Failure without_splines(const Place& place)
+{
+    return {ExitStatus::unusable_input, place, "the boundary is an ellipse or a spline",
+            "replace it with chords in the drawing first"};
 }
 
 }  // namespace
@@ -45,16 +53,18 @@ ParcelFile::ParcelFile(const Source& source) : source_(source), plane_(source_)
     if (source_.crs)
         crs_ = crs_named(*source_.crs);
     const std::vector<OGRLayer*> layers = named_layers(*dataset_, source_);
+    require_drawing_options();
     if (is_table_of_points(*dataset_, layers)) {
         open_table(*layers[0]);
         require_name_column();
         return;
     }
     require_no_axes();
-    choice_ = choose_layer(*dataset_, source_, messages_);
-    take_crs_of_file();
     if (is_format(*dataset_, "DXF"))
-        open_with_fine_arcs();
+        open_drawing();
+    else
+        choice_ = choose_layer(*dataset_, source_, messages_);
+    take_crs_of_file();
     require_name_column();
 }
 
@@ -208,15 +218,123 @@ void ParcelFile::open_with_fine_arcs()
         set_filter(*fine_layer_, source_, messages_);
 }
 
-// Null where the file is not read twice.
-OGRFeatureUniquePtr ParcelFile::next_with_fine_arcs()
+// Lines are joined where nothing else is a parcel, and where the command line asks for it.
+void ParcelFile::open_drawing()
 {
-    if (fine_layer_ == nullptr)
-        return nullptr;
-    CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", kFineArcStep);
-    OGRFeatureUniquePtr finer(fine_layer_->GetNextFeature());
-    CPLSetThreadLocalConfigOption("OGR_ARC_STEPSIZE", nullptr);
-    return finer;
+    OGRLayer* const entities = dataset_->GetLayer(0);
+    if (entities != nullptr)
+        texts_.emplace(*entities, *dataset_, source_.name_layer);
+    if (!source_.feature)
+        choice_ = choose_layer(*dataset_, source_, messages_, true);
+    else if (entities != nullptr)
+        choice_.layer = entities;
+    if (choice_.layer != nullptr)
+        open_with_fine_arcs();
+    if (fine_layer_ != nullptr && (source_.join || choice_.parcels.count() == 0)) {
+        set_filter(*choice_.layer, source_, messages_);
+        choose_loops(join_drawn_lines(*choice_.layer, *fine_layer_, *dataset_, source_));
+    }
+    if (choice_.parcels.count() == 0)
+        choice_ = choose_layer(*dataset_, source_, messages_);
+}
+
+void ParcelFile::choose_loops(DrawnLines drawn)
+{
+    only_loops_ = choice_.parcels.count() == 0 && !drawn.loops.empty();
+    const double gap = drawn.gap;
+    if (drawn.loops.empty() && choice_.parcels.count() == 0 && !source_.feature && std::isfinite(gap))
+        throw Failure(ExitStatus::unusable_input, {source_.file, ""},
+                      "its lines close no boundary: at " + place_text(drawn.gap_at) + " the next end is " +
+                          fixed(gap, decimals_for(gap / 10)) + " away",
+                      "close the boundary, or allow such a gap with --join");
+    choice_.heights = choice_.heights || only_loops_;
+    for (const DrawnLoop& loop : drawn.loops) {
+        choice_.parcels.add([&] { return feature_name(*loop.feature, *choice_.layer, *dataset_); });
+        ++choice_.by_layer[loop.layer];
+        choice_.others -= std::min(choice_.others, loop.joined.lines.size() + loop.joined.repeated);
+        choice_.heights = choice_.heights && has_all_heights(loop.joined.heights);
+        choice_.some_heights =
+            choice_.some_heights || std::any_of(loop.joined.heights.begin(), loop.joined.heights.end(),
+                                                [](double z) { return std::isfinite(z); });
+    }
+    if (choice_.by_layer.size() > 1)
+        refuse_several_layers(source_, choice_.by_layer);
+    loops_ = std::move(drawn.loops);
+}
+
+ReadParcel ParcelFile::next_loop()
+{
+    DrawnLoop& loop = loops_[next_loop_++];
+    ReadParcel read;
+    read.parcel.place = {source_.file, feature_name(*loop.feature, *choice_.layer, *dataset_)};
+    try {
+        complete_loop(loop, read.parcel);
+    } catch (const Failure& failure) {
+        read.problem = failure;
+    }
+    name(read.parcel, *loop.feature);
+    read.feature = std::move(loop.feature);
+    return read;
+}
+
+void ParcelFile::complete_loop(const DrawnLoop& loop, Parcel& parcel)
+{
+    const JoinedLines& joined = loop.joined;
+    if (joined.kind == Join::fork)
+        throw Failure(ExitStatus::unusable_input, parcel.place,
+                      "its lines fork, so that they do not say which is the boundary",
+                      "draw each parcel as a closed polyline, or as lines on a layer of its own",
+                      std::to_string(joined.ends_at_fork) + " ends meet at " + place_text(joined.fork));
+    if (loop.is_freeform)
+        throw without_splines(parcel.place);
+    if (loop.has_arcs && !source_.arcs)
+        throw with_arcs(parcel.place);
+    Parcel read;
+    read.place = parcel.place;
+    read.ring = joined.ring;
+    if (std::any_of(joined.heights.begin(), joined.heights.end(), [](double z) { return std::isfinite(z); }))
+        read.heights = joined.heights;
+    plane_.require(crs(), crs_.has_value(), read);
+    read.unit = unit_of(crs());
+    read.crs = crs_name(crs());
+    const std::size_t lines = joined.lines.size();
+    read.assumed.push_back(
+        "joined from " + std::to_string(lines) + (lines == 1 ? " line" : " lines") +
+        (joined.widest_gap > 0.0
+             ? ", ends up to " + fixed(joined.widest_gap, decimals_for(joined.widest_gap / 10)) + " apart"
+             : "") +
+        (joined.repeated > 0 ? "; lines drawn twice: " + std::to_string(joined.repeated) : ""));
+    if (loop.has_arcs)
+        read.assumed.push_back(words_of_arcs());
+    complete_from_source(read);
+    parcel = std::move(read);
+}
+
+void ParcelFile::require_drawing_options() const
+{
+    if (is_format(*dataset_, "DXF"))
+        return;
+    for (const auto& [given, option] : {std::pair<bool, const char*>(source_.join.has_value(), "--join"),
+                                        {source_.name_layer.has_value(), "--name-layer"}})
+        if (given)
+            throw Failure(ExitStatus::wrong_use, {source_.file, ""}, std::string(option) + " is for drawings",
+                          std::string("leave ") + option + " out");
+}
+
+// Puts chords in the place of the arcs of a drawing's polyline.
+void ParcelFile::replace_arcs()
+{
+    const OGRGeometry* const ends = feature_->GetGeometryRef();
+    const OGRGeometry* const fine = finer_ != nullptr ? finer_->GetGeometryRef() : nullptr;
+    if (!source_.arcs || ends == nullptr || fine == nullptr || is_freeform(*feature_) ||
+        wkbFlatten(ends->getGeometryType()) != wkbLineString ||
+        wkbFlatten(fine->getGeometryType()) != wkbLineString)
+        return;
+    const Place place = {source_.file, feature_name(*feature_, *choice_.layer, *dataset_)};
+    const OGRLineString chords =
+        with_chords(*ends->toLineString(), *fine->toLineString(), *source_.arcs, place);
+    has_arcs_ = fine->toLineString()->getNumPoints() != ends->toLineString()->getNumPoints();
+    feature_->SetGeometry(&chords);
 }
 
 void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const
@@ -226,8 +344,12 @@ void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer, 
                       "the boundary could not be read a second time, to look for arcs",
                       "leave the file alone until plcalc is done");
     if (finer->GetGeometryRef()->WkbSize() != feature.GetGeometryRef()->WkbSize())
-        throw Failure(ExitStatus::unusable_input, place, "the boundary has arcs",
-                      "replace them with chords in the drawing first");
+        throw with_arcs(place);
+}
+
+std::string ParcelFile::words_of_arcs() const
+{
+    return "arcs are chords that stay within " + shortest(*source_.arcs) + " of them";
 }
 
 // What the command line says of all parcels, and what must be said of their heights.
@@ -250,7 +372,9 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     const OGRGeometry* geometry = feature.GetGeometryRef();
     if (geometry == nullptr)
         throw without_geometry(parcel.place);
-    Boundary boundary = boundary_of(part_of(*geometry, part_), parcel.place);
+    if (fine_layer_ != nullptr && is_freeform(feature))
+        throw without_splines(parcel.place);
+    Boundary boundary = boundary_of(part_of(*geometry, part_), parcel.place, source_.arcs);
     Parcel read;
     read.place = parcel.place;
     read.ring = std::move(boundary.ring);
@@ -258,10 +382,12 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     const OGRSpatialReference* const crs = crs_ ? &*crs_ : geometry->getSpatialReference();
     const bool stated = crs_ || (!is_format(*dataset_, "GeoJSON") && !is_format(*dataset_, "GeoJSONSeq"));
     plane_.require(crs, stated, read);
-    if (fine_dataset_ != nullptr)
+    if (fine_layer_ != nullptr && !source_.arcs)
         require_straight(feature, finer, parcel.place);
     read.unit = unit_of(crs);
     read.crs = crs_name(crs);
+    if (boundary.had_arcs || has_arcs_)
+        read.assumed.push_back(words_of_arcs());
     complete_from_source(read);
     parcel = std::move(read);
 }
@@ -306,6 +432,8 @@ void ParcelFile::name(Parcel& parcel, const OGRFeature& feature) const
 {
     if (source_.name_column)
         parcel.name = feature.GetFieldAsString(source_.name_column->c_str());
+    else if (texts_ && !parcel.ring.empty())
+        parcel.name = texts_->inside(parcel.ring).value_or("");
 }
 
 std::optional<ReadParcel> ParcelFile::next()
@@ -321,18 +449,27 @@ std::optional<ReadParcel> ParcelFile::next()
         if (++part_ == parts_)
             feature_.reset();
     }
+    if (next_loop_ < loops_.size())
+        return next_loop();
     return std::nullopt;
 }
 
 // Goes to the next feature that is one or several parcels.
 bool ParcelFile::next_feature()
 {
-    while ((feature_ = OGRFeatureUniquePtr(choice_.layer->GetNextFeature())) != nullptr) {
-        finer_ = next_with_fine_arcs();
+    // Where chords take the place of arcs, a circle has one vertex without them; the fine reading tells what it is.
+    const bool replace = fine_layer_ != nullptr && source_.arcs;
+    const auto next = [&] {
+        return replace ? next_without_arcs(*choice_.layer)
+                       : OGRFeatureUniquePtr(choice_.layer->GetNextFeature());
+    };
+    while (!only_loops_ && (feature_ = next()) != nullptr) {
+        finer_ = fine_layer_ != nullptr ? next_with_fine_arcs(*fine_layer_) : nullptr;
         if (is_format(*dataset_, "CSV"))
             read_ewkt(*feature_);
-        if (!is_parcel(*feature_, *dataset_, source_))
+        if (!is_parcel(replace && finer_ != nullptr ? *finer_ : *feature_, *dataset_, source_))
             continue;
+        has_arcs_ = false;
         part_ = 0;
         parts_ = feature_->GetGeometryRef() != nullptr ? parts_of(*feature_->GetGeometryRef()) : 1;
         return true;
@@ -347,6 +484,7 @@ ReadParcel ParcelFile::next_part()
     read.parcel.place = {source_.file,
                          part_name(feature_name(*feature_, *choice_.layer, *dataset_), part_ + 1, parts_)};
     try {
+        replace_arcs();
         complete(*feature_, finer_.get(), read.parcel);
     } catch (const Failure& failure) {
         read.problem = failure;

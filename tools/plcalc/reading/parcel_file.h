@@ -15,6 +15,7 @@
 #include "files/gdal_messages.h"
 #include "files/text_source.h"
 #include "reading/crs.h"
+#include "reading/drawing.h"
 #include "reading/layer_choice.h"
 #include "reading/point_table.h"
 #include "reading/source.h"
@@ -29,7 +30,8 @@ struct ReadParcel {
 };
 
 /// The parcels of one layer: polygons without holes, closed lines, or the points of a CSV file with a column for
-/// East and one for North, and perhaps one for the parcel's name.
+/// East and one for North, and perhaps one for the parcel's name. In a drawing without any closed line, lines whose ends
+/// meet are joined.
 class ParcelFile {
 public:
     /// Opens the file, chooses the layer and counts its parcels.
@@ -70,8 +72,14 @@ public:
     [[noreturn]] void refuse_several(const std::string& why) const;
 
 private:
+    void open_drawing();
     void open_with_fine_arcs();
-    OGRFeatureUniquePtr next_with_fine_arcs();
+    void choose_loops(DrawnLines drawn);
+    ReadParcel next_loop();
+    void complete_loop(const DrawnLoop& loop, Parcel& parcel);
+    void replace_arcs();
+    void require_drawing_options() const;
+    std::string words_of_arcs() const;
     void require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const;
     bool next_feature();
     ReadParcel next_part();
@@ -97,10 +105,15 @@ private:
     OGRLayer* fine_layer_ = nullptr;
     OGRFeatureUniquePtr feature_;  // of which parts are still to come
     OGRFeatureUniquePtr finer_;
-    int part_ = 0;  // the next one, from 0
+    bool has_arcs_ = false;  // whether chords took the place of its arcs
+    int part_ = 0;           // the next one, from 0
     int parts_ = 0;
     std::optional<PointTable> table_;  // CSV with a vertex in each row
     std::size_t next_in_table_ = 0;
+    std::vector<DrawnLoop> loops_;  // of a drawing: joined lines, which come after closed boundaries
+    std::size_t next_loop_ = 0;
+    bool only_loops_ = false;
+    std::optional<DrawnTexts> texts_;         // of a drawing
     std::optional<OGRSpatialReference> crs_;  // where the file does not state it
     std::vector<std::string> assumed_;        // of a table
     PlaneCheck plane_;

@@ -22,6 +22,10 @@ struct Source {
     bool any_scale = false;      ///< whether lengths in the plane may differ from those on the ground
     double ground_factor = 1.0;  ///< length in the plane of a length 1 on the ground
     std::optional<std::string> name_column = {};  ///< with the names of the parcels
+    std::optional<std::string> name_layer = {};   ///< of a drawing, with texts that are their names
+    std::optional<double> join =
+        {};  ///< of a drawing: how far apart the ends of two lines may be to be joined
+    std::optional<double> arcs = {};  ///< how far a chord that takes the place of an arc may be from it
 };
 
 }  // namespace tool

@@ -25,6 +25,13 @@ std::string how_to_read()
                         X is North; without it, the CRS decides
   --ground-factor F     areas and lengths are on the ground, where a length of 1
                         is F in the plane of the coordinates
+  --arcs DISTANCE       puts chords in the place of arcs, no farther from them
+                        than this; without it a boundary with arcs is refused
+  --join GAP            joins lines of a drawing whose ends are this close; by
+                        default, 0.001 where it has no closed boundary
+  --name-layer NAME     takes a parcel's name from the text inside it on this
+                        layer of a drawing; any layer by default, if there is
+                        one text only
   --any-scale           accepts a CRS whose lengths differ by more than a
                         thousandth from those on the ground
 )";

@@ -3,7 +3,7 @@
 
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
-    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --any-scale --json --help'
+    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --any-scale --json --help'
     local cut='--parallel --perpendicular --vertex --area --product --share --areas --parts --opposite'
     cut+=' --decimals --tolerance'
     local words=''
@@ -22,7 +22,7 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
             return
             ;;
-        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
+        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --join | --name-layer | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
             --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;

@@ -24,6 +24,9 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("--crs", crs_)->type_name("CRS");
     app_->add_option("--ground-factor", ground_factor_)->type_name("F");
     app_->add_flag("--any-scale", any_scale_);
+    app_->add_option("--join", join_)->type_name("GAP");
+    app_->add_option("--arcs", arcs_)->type_name("DISTANCE");
+    app_->add_option("--name-layer", name_layer_)->type_name("NAME");
 }
 
 void Verb::wrong_use(const std::string& what) const
@@ -61,6 +64,12 @@ Source Verb::source() const
     if (given("--crs"))
         source.crs = crs_;
     source.any_scale = any_scale_;
+    if (given("--join"))
+        source.join = amount("--join", join_);
+    if (given("--arcs"))
+        source.arcs = amount("--arcs", arcs_);
+    if (given("--name-layer"))
+        source.name_layer = name_layer_;
     source.ground_factor = given("--ground-factor") ? ground_factor() : 1.0;
     return source;
 }

@@ -72,6 +72,9 @@ private:
     std::string crs_;
     std::string ground_factor_;
     bool any_scale_ = false;
+    std::string join_;
+    std::string arcs_;
+    std::string name_layer_;
 };
 
 }  // namespace tool

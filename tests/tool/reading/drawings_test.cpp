@@ -1,0 +1,271 @@
+// Drawings in which nobody drew a closed boundary: lines and arcs that are joined, blocks, and texts that name a lot.
+// Unless a row says otherwise the lot is 100 by 50 with a corner at (500000, 5000000).
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "program.h"
+#include "reading/joined_lines.h"
+
+namespace {
+
+using tool::Join;
+using tool::JoinedLines;
+using tool::OpenLine;
+
+struct Place {
+    double east;
+    double north;
+};
+
+std::string text_of(double value)
+{
+    char text[40];
+    std::snprintf(text, sizeof text, "%.17g", value);
+    return text;
+}
+
+std::string pair_of(int code, const std::string& value)
+{
+    return std::to_string(code) + "\n" + value + "\n";
+}
+
+std::string at(Place p, int code = 10)
+{
+    return pair_of(code, text_of(p.east)) + pair_of(code + 10, text_of(p.north));
+}
+
+std::string line(Place from, Place to, const std::string& layer = "LOTS")
+{
+    return "0\nLINE\n8\n" + layer + "\n100\nAcDbLine\n" + at(from) + at(to, 11);
+}
+
+std::string arc(Place centre, double radius, double from_deg, double to_deg)
+{
+    return "0\nARC\n8\nLOTS\n" + at(centre) + pair_of(40, text_of(radius)) + "100\nAcDbArc\n" +
+           pair_of(50, text_of(from_deg)) + pair_of(51, text_of(to_deg));
+}
+
+std::string text(Place p, const std::string& words, const std::string& layer = "TEXT")
+{
+    return "0\nTEXT\n8\n" + layer + "\n" + at(p) + "40\n2\n1\n" + words + "\n";
+}
+
+std::string drawing(const std::string& entities, const std::string& blocks = "")
+{
+    return "0\nSECTION\n2\nHEADER\n0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n" + blocks +
+           "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+}
+
+const Place kA = {500000, 5000000};
+const Place kB = {500100, 5000000};
+const Place kC = {500100, 5000050};
+const Place kD = {500000, 5000050};
+const char* const kStrip = "--parallel 1 --area 1000";
+
+class Drawings : public test::ProgramTest {
+protected:
+    double area_of(const std::string& entities, const std::string& options = "")
+    {
+        write("lot.dxf", drawing(entities));
+        const test::Result run = divide("lot.dxf", options + " --parallel 1 --share 1/2");
+        EXPECT_EQ(run.status, 0) << run.err;
+        out_ = run.out;
+        return run.status == 0 ? test::numbers_after(run.out, "parcel").at(0) : 0.0;
+    }
+
+    std::string out_;
+};
+
+TEST_F(Drawings, LinesInAnyOrderAndDirectionAreJoined)
+{
+    EXPECT_EQ(area_of(line(kA, kB) + line(kC, kB) + line(kD, kA) + line(kC, kD)), 5000.0);
+    EXPECT_NE(out_.find("joined from 4 lines"), std::string::npos) << out_;
+    EXPECT_EQ(area_of(line(kC, kB) + line(kA, kB) + line(kA, kB) + line(kD, kA) + line(kC, kD)), 5000.0);
+    EXPECT_NE(out_.find("joined from 4 lines; lines drawn twice: 1"), std::string::npos) << out_;
+}
+
+// The gap at kB, north of it. The vertex is the end of the line that comes first.
+TEST_F(Drawings, EndsAreJoinedWithinATolerance)
+{
+    struct Row {
+        double gap;
+        const char* options;
+        bool joined;
+    };
+    for (const Row& row : {Row{0.0009, "", true},
+                           {0.0011, "", false},
+                           {0.0011, "--join 0.002", true},
+                           {0.25, "--join 0.26", true},
+                           {0.25, "--join 0.24", false}}) {
+        SCOPED_TRACE(row.gap);
+        write("lot.dxf",
+              drawing(line(kA, kB) + line({kB.east, kB.north + row.gap}, kC) + line(kC, kD) + line(kD, kA)));
+        const test::Result run = divide("lot.dxf", std::string(row.options) + " " + kStrip);
+        EXPECT_EQ(run.status, row.joined ? 0 : 3) << run.err;
+        if (row.joined) {
+            EXPECT_EQ(test::numbers_after(run.out, "parcel").at(0), 5000.0);
+            EXPECT_NE(run.out.find("joined from 4 lines, ends up to"), std::string::npos) << run.out;
+        } else {
+            EXPECT_NE(run.err.find("plcalc: lot.dxf: its lines close no boundary: at 500100.0000, "
+                                   "5000000.0000 the next end is"),
+                      std::string::npos)
+                << run.err;
+        }
+    }
+}
+
+TEST_F(Drawings, ForksAreRefusedWithTheirPlace)
+{
+    write("lot.dxf", drawing(line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA) + line(kB, kD)));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", kStrip), 3,
+        "lot.dxf: feature 0: its lines fork, so that they do not say which is the boundary: 3 "
+        "ends meet at 500100.0000, 5000000.0000; draw each parcel as a closed polyline, or as lines "
+        "on a layer of its own"));
+}
+
+TEST_F(Drawings, ArcsBecomeChordsWithinADistance)
+{
+    // Half a disc of radius 50 on the lot's side kC-kD.
+    const std::string half_disc =
+        line(kA, kB) + line(kB, kC) + arc({500050, 5000050}, 50, 0, 180) + line(kD, kA);
+    write("lot.dxf", drawing(half_disc));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", kStrip), 3,
+        "lot.dxf: feature 0: the boundary has arcs; replace them with chords, as --arcs 0.005 "
+        "does, which keeps the chords within 0.005 of the arcs"));
+    const double whole = 5000.0 + 1250.0 * std::acos(-1.0);
+    for (const double distance : {0.005, 0.5}) {
+        const double area = area_of(half_disc, "--arcs " + text_of(distance));
+        // A chord c cuts off 2/3 of c times its distance from the arc; the chords are shorter than the arc.
+        EXPECT_LT(area, whole);
+        EXPECT_GT(area, whole - 2.0 / 3.0 * distance * 50.0 * std::acos(-1.0));
+        EXPECT_LT(area,
+                  whole - 0.2 * distance * 50.0 * std::acos(-1.0));  // not more vertices than are needed
+        EXPECT_NE(
+            out_.find("arcs are chords that stay within " + std::string(distance < 0.1 ? "0.005" : "0.5")),
+            std::string::npos)
+            << out_;
+    }
+    // A circle, and a polyline with a bulge of a half circle after kB.
+    EXPECT_NEAR(area_of("0\nCIRCLE\n8\nLOTS\n" + at(kA) + "40\n10\n", "--arcs 0.001"),
+                100.0 * std::acos(-1.0), 0.05);
+    EXPECT_NEAR(
+        area_of("0\nLWPOLYLINE\n8\nLOTS\n90\n4\n70\n1\n" + at(kA) + at(kB) + "42\n1\n" + at(kC) + at(kD),
+                "--arcs 0.001"),
+        5000.0 + 312.5 * std::acos(-1.0), 0.06);
+    write("lot.dxf", drawing(half_disc));
+    EXPECT_EQ(divide("lot.dxf", std::string("--arcs 1e-9 ") + kStrip).status, 2);
+}
+
+TEST_F(Drawings, BlocksAreTakenApart)
+{
+    const std::string block = "0\nBLOCK\n8\n0\n2\nLOT\n70\n0\n10\n0\n20\n0\n" + line({0, 0}, {100, 0}) +
+                              line({100, 0}, {100, 50}) + line({100, 50}, {0, 50}) + line({0, 50}, {0, 0}) +
+                              text({50, 25}, "17/4") + "0\nENDBLK\n8\n0\n";
+    write("lot.dxf", drawing("0\nINSERT\n8\nLOTS\n2\nLOT\n" + at(kA), block));
+    const test::Result run = divide("lot.dxf", "--parallel 1 --share 1/2 --report lot.txt");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(test::numbers_after(run.out, "parcel").at(0), 5000.0);
+}
+
+TEST_F(Drawings, TextInsideNamesTheLot)
+{
+    const std::string lot = line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA);
+    struct Row {
+        const char* what;
+        std::string texts;
+        const char* options;
+        bool named;
+    };
+    for (const Row& row :
+         {Row{"one", text({500050, 5000025}, "17/4"), "", true},
+          {"outside", text({500050, 4999999}, "17/4"), "", false},
+          {"two", text({500050, 5000025}, "17/4") + text({500050, 5000020}, "5000 m2", "AREA"), "", false},
+          {"two, one on the layer",
+           text({500050, 5000025}, "17/4") + text({500050, 5000020}, "5000 m2", "AREA"), "--name-layer TEXT",
+           true}}) {
+        SCOPED_TRACE(row.what);
+        write("lot.dxf", drawing(lot + row.texts));
+        const test::Result run =
+            divide("lot.dxf", std::string(row.options) + " --parallel 1 --share 1/2 --overwrite -o out.dxf");
+        ASSERT_EQ(run.status, 0) << run.err;
+        std::ifstream out(path("out.dxf"));
+        const std::string drawn((std::istreambuf_iterator<char>(out)), std::istreambuf_iterator<char>());
+        EXPECT_EQ(drawn.find("17/4a") != std::string::npos, row.named);
+    }
+}
+
+TEST_F(Drawings, ClosedBoundariesComeFirstAndLayersAreToldApart)
+{
+    const std::string closed =
+        "0\nLWPOLYLINE\n8\nLOTS\n90\n3\n70\n1\n" + at({0, 0}) + at({10, 0}) + at({0, 10});
+    const std::string loop = line(kA, kB) + line(kB, kC) + line(kC, kA);
+    // A closed boundary: the lines are no parcel unless somebody asks for it.
+    EXPECT_EQ(area_of(closed + loop), 50.0);
+    write("lot.dxf", drawing(closed + loop));
+    EXPECT_NE(divide("lot.dxf", "--join 0.001 --parallel 1 --share 1/2").out.find("Divided  2 of 2 parcels"),
+              std::string::npos);
+    // By the number of any of its lines.
+    EXPECT_EQ(
+        test::numbers_after(divide("lot.dxf", "--feature 2 --parallel 1 --share 1/2").out, "parcel").at(0),
+        2500.0);
+    const std::string other = line(kA, kB, "X") + line(kB, kD, "X") + line(kD, kA, "X");
+    write("lot.dxf", drawing(loop + other));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", kStrip), 2,
+        "lot.dxf: several layers hold parcels (LOTS: 1, X: 1); choose one with --layer NAME"));
+    EXPECT_EQ(divide("lot.dxf", std::string("--layer X ") + kStrip).status, 0);
+    EXPECT_TRUE(test::fails_with(
+        run({"divide", PLCALC_EXAMPLES "/convex.csv", "--join", "1", "--parallel", "1", "--share", "1/2"}), 2,
+        PLCALC_EXAMPLES "/convex.csv: --join is for drawings; leave --join out"));
+}
+
+// In process: what no drawing shows easily.
+TEST(JoinLines, GroupsOfEveryKind)
+{
+    const auto of = [](const std::vector<std::vector<Place>>& drawn) {
+        std::vector<OpenLine> lines;
+        for (const std::vector<Place>& places : drawn) {
+            lines.emplace_back();
+            for (const Place& p : places) {
+                lines.back().points.push_back({p.east, p.north});
+                lines.back().heights.push_back(p.east);
+            }
+        }
+        return join_lines(lines, 0.01);
+    };
+    EXPECT_TRUE(of({}).empty());
+    EXPECT_TRUE(of({{{0, 0}, {0.005, 0}}}).empty());  // shorter than the tolerance
+    const std::vector<JoinedLines> self = of({{{0, 0}, {5, 0}, {5, 5}, {0.005, 0}}});
+    ASSERT_EQ(self.size(), 1u);
+    EXPECT_EQ(self[0].kind, Join::loop);
+    EXPECT_EQ(self[0].ring.size(), 3u);
+    EXPECT_EQ(self[0].widest_gap, 0.005);
+    const std::vector<JoinedLines> open = of({{{0, 0}, {5, 0}}, {{5, 0}, {5, 5}}});
+    ASSERT_EQ(open.size(), 1u);
+    EXPECT_EQ(open[0].kind, Join::open);
+    ASSERT_EQ(open[0].loose.size(), 2u);
+    // Two loops, one entered backwards; heights go with their vertices.
+    const std::vector<JoinedLines> two =
+        of({{{0, 0}, {5, 0}}, {{9, 9}, {8, 9}, {8, 8}, {9, 9}}, {{0, 0}, {5, 5}}, {{5, 0}, {5, 5}}});
+    ASSERT_EQ(two.size(), 2u);
+    EXPECT_EQ(two[0].lines, (std::vector<std::size_t>{0, 3, 2}));
+    EXPECT_EQ(two[0].heights, (std::vector<double>{0, 5, 5}));
+    EXPECT_EQ(two[1].ring.size(), 3u);
+    // 100,000 ends in one place are a fork, and cost no more than others.
+    std::vector<std::vector<Place>> star;
+    for (int i = 0; i < 100000; ++i)
+        star.push_back({{0, 0}, {1.0 + i, 1.0}});
+    const std::vector<JoinedLines> fork = of(star);
+    ASSERT_EQ(fork.size(), 1u);
+    EXPECT_EQ(fork[0].kind, Join::fork);
+    EXPECT_EQ(fork[0].ends_at_fork, 100000u);
+}
+
+}  // namespace
