@@ -32,7 +32,7 @@ bool HopelessLines::up_to(std::int32_t at)
     if (!begun_ && work_left_ > 0) {
         begun_ = true;
         measure_parcel();
-        usable_ = trials_.few_bearings() && none_near_base();
+        usable_ = none_near_base();
     }
     if (!usable_)
         return false;
@@ -66,7 +66,9 @@ bool HopelessLines::extend(bool along_normal, double wanted)
 // Lines this near to the base line may face either way or none.
 bool HopelessLines::none_near_base()
 {
-    const double half = trials_.near_base();
+    const double half = trials_.few_bearings_from(farthest_);
+    if (!(half < farthest_))
+        return false;
     const double low = trials_.base_constant() - half;
     const double high = trials_.base_constant() + half;
     reached_ = {half, half};
@@ -88,10 +90,14 @@ void HopelessLines::measure_parcel()
         least_x = std::min(least_x, p.x);
         most_x = std::max(most_x, p.x);
     }
+    double farthest = 0.0;
+    for (std::int32_t at = 2; at < trials_.last(); ++at)
+        farthest = std::max(farthest, std::fabs(trials_.constant(at) - trials_.base_constant()));
     const double across = 0.9999 * trials_.normal_length();
     const double width = 1.001 * (most_along - least_along) / across + 10.0 * kStakeOutMargin;
     const double additions = 2.0 * static_cast<double>(trials_.points().size()) + 4.0;
     room_ = kMostStray * width * across;
+    farthest_ = farthest + 2.0 * room_;
     area_per_c_ = width / across;
     rounding_ = 0x1p-52 * additions * additions * (most_x - least_x + kStakeOutMargin) *
                 (trials_.greatest() + kStakeOutMargin);

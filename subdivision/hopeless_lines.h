@@ -62,6 +62,7 @@ private:
     bool begun_ = false;
     bool usable_ = false;
     double room_ = 0.0;        // constants: how far a bisection may stray from its strip
+    double farthest_ = 0.0;    // constants: none of its lines, and no vertex, is farther from the base line
     double area_per_c_ = 0.0;  // the parcel's width along the line, over the length of the line's normal
     double rounding_ = 0.0;    // what rounding may do to an area
     std::array<double, 2> reached_ = {};  // constants proved on either side of the base line

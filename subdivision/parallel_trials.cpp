@@ -24,14 +24,20 @@ constexpr double kClearSlope = 0.004;
 constexpr double kClearProduct = 1e300;  // beyond, a product may have overflowed
 constexpr double kClearTrace = 1e-250;   // below, one may have lost digits
 
-// A normal this near to +x has bearings on both sides of 0/400, which the band does not fold.
+// A normal this near to +x may have bearings on both sides of 0/400, which the band does not fold: just above 0 up to
+// 0.98, and from 399.02 on. So a line's own bearing agrees with all of either kind, or with none.
 constexpr double kSeamSlope = 0.01;
+constexpr double kAgreesPast0 = 1.0;
+constexpr double kDisagreesPast0 = 2.0;
+constexpr double kAgreesBelow400 = 399.0;
+constexpr double kDisagreesBelow400 = 398.0;
 
-// The bearing of a point that clearly faces along the normal is within a third of a gon of the normal's. So a
-// bearing that is this near to the normal's agrees with all of them, and one that is that far from it agrees
-// with none.
-constexpr double kAgreesGon = 0.6;
-constexpr double kDisagreesGon = 1.4;
+// How far the bearing of a vertex that is not near the base line may be off the normal's. Beside an axis its smaller step
+// may count as zero; where the normal leans by more, rounding alone turns it.
+constexpr double kLeanOffAxis = 0.002;
+constexpr double kOffBesideAxisGon = 0.07;
+constexpr double kOffPerTurnGon = 100.0;  // for each radian by which rounding may turn a step on either axis
+constexpr double kOffGon = 1e-9;          // of the functions themselves
 
 // Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the
 // origin.
@@ -41,6 +47,7 @@ constexpr double kNearBase = 1.1e-4;      // more than the distance at which a f
 constexpr double kOfNearBase = 0x1p-40;   // and than what a foot may be off for it
 constexpr double kGreatestSize = 1e90;    // beyond, products may overflow
 constexpr double kOfCrossing = 0x1p-46;   // a crossing off its line, for a determinant of 1
+constexpr double kOfStep = 0x1p-50;       // the step from a foot to its point, on either axis
 constexpr double kMostForBearings = 1e6;  // beyond, rounding may turn a step of 1e-7 by more than 0.6 gon
 
 SideIndex::Range numbers_between(double low, double high)
@@ -65,10 +72,8 @@ SideIndex::Range around(double c1, double c2, double margin)
 ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
                                const std::vector<std::int32_t>& order, std::int32_t n,
                                const PL_IMP_LINE_2D_record& base, double a, double b)
-    : a_(a), b_(b), base_(base),
-      feet_(base), ways_settle_{false, !near_seam(BaseOffset::Facing::kAlongNormal),
-                                !near_seam(BaseOffset::Facing::kAgainstNormal)},
-      last_(n), points_(index(std::max(n, 1)) + 1), positions_(points_.size()), sides_near_(points_.size())
+    : a_(a), b_(b), base_(base), feet_(base), last_(n), points_(index(std::max(n, 1)) + 1),
+      positions_(points_.size()), sides_near_(points_.size())
 {
     if (n < 1)
         return;
@@ -77,6 +82,7 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
         positions_[index(at)].c = c_through(point(at));
     }
     note_ranges();
+    find_seam();
 }
 
 // The constants of the lines that may meet a side: those between the constants of its two ends, and a margin.
@@ -126,10 +132,20 @@ BaseOffset::Facing ParallelTrials::facing(const PL_PNT2D_record& foot, const PL_
     return along > 0.0 ? BaseOffset::Facing::kAlongNormal : BaseOffset::Facing::kAgainstNormal;
 }
 
-bool ParallelTrials::near_seam(BaseOffset::Facing way) const noexcept
+// Along a normal on +x, or a little to the left of it, all are seen at 0 or a little more. A little to the right of it,
+// the step from the foot goes down: by less than PL_EPS it counts as zero, and the bearing is 0; by more, it is a little
+// below 400.
+void ParallelTrials::find_seam() noexcept
 {
-    const double x = way == BaseOffset::Facing::kAlongNormal ? base_.a : -base_.a;
-    return x > 0.0 && std::fabs(base_.b) <= kSeamSlope * x;
+    if (!(std::fabs(base_.b) <= kSeamSlope * std::fabs(base_.a)))
+        return;
+    seam_way_ = base_.a > 0.0 ? BaseOffset::Facing::kAlongNormal : BaseOffset::Facing::kAgainstNormal;
+    const double off = kOfStep * farthest_;
+    const bool falling = base_.b != 0.0 && std::signbit(base_.a) != std::signbit(base_.b);
+    const double per_step = falling ? (base_.a * base_.a + base_.b * base_.b) / std::fabs(base_.b) : HUGE_VAL;
+    if (off < PL_EPS)
+        seen_past_0_ = (PL_EPS - off) * per_step;
+    seen_below_400_ = (PL_EPS + off) * per_step;
 }
 
 PL_PNT2D_record ParallelTrials::foot(const PL_PNT2D_record& p) const noexcept
@@ -191,7 +207,7 @@ TrialLine ParallelTrials::line_through_vertex(std::int32_t at) noexcept
     return line;
 }
 
-// Finds out what the line's constant decides: nothing where bearings jump at 0/400.
+// Finds out what the line's constant decides.
 void ParallelTrials::aim(TrialLine& line) noexcept
 {
     const std::uint64_t farthest = magnitude_bits(farthest_);
@@ -200,49 +216,119 @@ void ParallelTrials::aim(TrialLine& line) noexcept
                        magnitude_bits(line.c) <= magnitude_bits(greatest_c_);
     if (!tells_ || !small)
         return;
-    double low = line.c - margin_;
-    double high = line.c + margin_;
+    const double low = line.c - margin_;
+    const double high = line.c + margin_;
     line.meets = numbers_between(low, high);
     const double off_base = line.c - base_.c;
-    bool settled = false;
     if (magnitude_bits(off_base) > magnitude_bits(near_base_)) {
-        settled = settle_facing(line, std::signbit(off_base) ? BaseOffset::Facing::kAlongNormal
-                                                             : BaseOffset::Facing::kAgainstNormal);
-    } else {
-        // Points that lie near the base line as well may face no clear way; they are tested one by one.
-        low = std::min(low, base_.c - near_base_ - margin_);
-        high = std::max(high, base_.c + near_base_ + margin_);
-        settled = settle_near_base(line);
-    }
-    if (!settled)
+        settle_by_facing(line,
+                         std::signbit(off_base) ? BaseOffset::Facing::kAlongNormal
+                                                : BaseOffset::Facing::kAgainstNormal,
+                         line.meets);
         return;
-    line.doubts = numbers_between(low, high);
+    }
+    // Points that lie near the base line as well may face no clear way; they are tested one by one.
+    const BaseOffset::Facing way = line_offset(line).facing;
+    if (way != BaseOffset::Facing::kUnclear)
+        settle_by_facing(line, way, with_base(low, high, near_base_));
+    else
+        settle_by_bearing(line, low, high);
+}
+
+// A line's own doubts, and those about the base line.
+SideIndex::Range ParallelTrials::with_base(double low, double high, double off) const noexcept
+{
+    return numbers_between(std::min(low, base_.c - off - margin_), std::max(high, base_.c + off + margin_));
 }
 
 // A line that faces one way drops what lies farther out that way, and nothing else.
-bool ParallelTrials::settle_facing(TrialLine& line, BaseOffset::Facing way) const noexcept
+void ParallelTrials::settle_by_facing(TrialLine& line, BaseOffset::Facing way,
+                                      const SideIndex::Range& doubts) noexcept
 {
-    line.drops_below = way == BaseOffset::Facing::kAlongNormal;
-    line.drops_above = way == BaseOffset::Facing::kAgainstNormal;
-    return ways_settle_[static_cast<std::size_t>(way)];
+    if (way != seam_way_)
+        settle(line, way, doubts, Agreement::kWithAll);
+    else
+        settle(line, way, doubts, agreement(bearing(line), way));
 }
 
 // So near the base line that the bearing must tell which way the line faces, if any.
-bool ParallelTrials::settle_near_base(TrialLine& line) noexcept
+void ParallelTrials::settle_by_bearing(TrialLine& line, double low, double high) noexcept
 {
-    const BaseOffset::Facing way = line_offset(line).facing;
-    if (way != BaseOffset::Facing::kUnclear)
-        return settle_facing(line, way);
+    using Facing = BaseOffset::Facing;
     const double gon = bearing(line);
-    for (const BaseOffset::Facing each :
-         {BaseOffset::Facing::kAlongNormal, BaseOffset::Facing::kAgainstNormal}) {
-        const double apart = std::fabs(gon - normal_gon(each));
-        const bool agrees = apart <= kAgreesGon;
-        if (!ways_settle_[static_cast<std::size_t>(each)] || !(agrees || apart >= kDisagreesGon))
-            return false;
-        (each == BaseOffset::Facing::kAlongNormal ? line.drops_below : line.drops_above) = agrees;
+    const SideIndex::Range doubts = with_base(low, high, bearing_tells_from(gon));
+    const Agreement along = agreement(gon, Facing::kAlongNormal);
+    const Agreement against = agreement(gon, Facing::kAgainstNormal);
+    if (along == Agreement::kWithNone)
+        settle(line, Facing::kAgainstNormal, doubts, against);
+    else if (against == Agreement::kWithNone)
+        settle(line, Facing::kAlongNormal, doubts, along);
+}
+
+// With which of the vertices that clearly face one way a line's bearing agrees.
+ParallelTrials::Agreement ParallelTrials::agreement(double line_gon, BaseOffset::Facing way) const noexcept
+{
+    if (way != seam_way_) {
+        const double apart = std::fabs(line_gon - normal_gon(way));
+        return apart <= kSideBandGon ? Agreement::kWithAll : Agreement::kWithNone;
     }
-    return true;
+    if (line_gon <= kAgreesPast0)
+        return Agreement::kWithNear;
+    if (line_gon >= kAgreesBelow400)
+        return Agreement::kWithFar;
+    return line_gon >= kDisagreesPast0 && line_gon <= kDisagreesBelow400 ? Agreement::kWithNone
+                                                                         : Agreement::kUnclear;
+}
+
+// Constants at distances from the base line, one way.
+SideIndex::Range ParallelTrials::offsets_between(BaseOffset::Facing way, double near,
+                                                 double far) const noexcept
+{
+    return way == BaseOffset::Facing::kAlongNormal ? numbers_between(base_.c - far, base_.c - near)
+                                                   : numbers_between(base_.c + near, base_.c + far);
+}
+
+// What lies farther out than the line's doubts is dropped where the bearings agree.
+void ParallelTrials::settle(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts,
+                            Agreement with) const noexcept
+{
+    if (with == Agreement::kUnclear || doubts.low == INT64_MIN)
+        return;
+    line.may_drop = doubts;
+    if (with == Agreement::kWithNone)
+        return;
+    SideIndex::Range certain = TrialLine::kAll;
+    SideIndex::Range perhaps = TrialLine::kAll;
+    if (with == Agreement::kWithNear) {
+        certain = offsets_between(way, 0.0, seen_past_0_);
+        perhaps = offsets_between(way, 0.0, seen_below_400_);
+    } else if (with == Agreement::kWithFar) {
+        certain = offsets_between(way, seen_below_400_, HUGE_VAL);
+    }
+    if (way == BaseOffset::Facing::kAlongNormal) {
+        line.drops = {certain.low, std::min(certain.high, doubts.low - 1)};
+        line.may_drop.low = std::min(perhaps.low, doubts.low);
+    } else {
+        line.drops = {std::max(certain.low, doubts.high + 1), certain.high};
+        line.may_drop.high = std::max(perhaps.high, doubts.high);
+    }
+}
+
+double ParallelTrials::bearing_tells_from(double gon) const noexcept
+{
+    const bool beside_axis =
+        std::min(std::fabs(a_), std::fabs(b_)) <= kLeanOffAxis * std::max(std::fabs(a_), std::fabs(b_));
+    double clear = kOffBesideAxisGon;
+    for (const BaseOffset::Facing way :
+         {BaseOffset::Facing::kAlongNormal, BaseOffset::Facing::kAgainstNormal})
+        if (way != seam_way_)
+            clear = std::min(clear, std::fabs(std::fabs(gon - normal_gon(way)) - kSideBandGon));
+    if (clear >= kOffBesideAxisGon)
+        return near_base_;
+    if (beside_axis || !(clear > kOffGon))
+        return HUGE_VAL;
+    const double off = kOffPerTurnGon * kOfStep * farthest_ / (clear - kOffGon);
+    return std::max(near_base_, (std::fabs(a_) + std::fabs(b_)) * off);
 }
 
 double ParallelTrials::normal_gon(BaseOffset::Facing way) const noexcept
@@ -252,17 +338,22 @@ double ParallelTrials::normal_gon(BaseOffset::Facing way) const noexcept
     return direction_gon({0.0, 0.0}, {a_ / size, b_ / size});
 }
 
-std::int32_t ParallelTrials::clear_until(const TrialLine& line, std::int32_t at, bool beyond) const noexcept
+std::int32_t ParallelTrials::kept_until(const TrialLine& line, std::int32_t at) const noexcept
 {
     while (at <= last_) {
-        const SideIndex::Place place = sides_near_.place(index(at), line.doubts);
+        const SideIndex::Place place = sides_near_.place(index(at), line.may_drop);
         if (place == SideIndex::Place::kNear)
             return at;
-        if ((place == SideIndex::Place::kBelow ? line.drops_below : line.drops_above) != beyond)
-            return at;
-        at = static_cast<std::int32_t>(sides_near_.end_of(index(at), place, line.doubts));
+        at = static_cast<std::int32_t>(sides_near_.end_of(index(at), place, line.may_drop));
     }
     return last_ + 1;
+}
+
+std::int32_t ParallelTrials::beyond_until(const TrialLine& line, std::int32_t at) const noexcept
+{
+    if (at > last_)
+        return at;
+    return std::min(static_cast<std::int32_t>(sides_near_.end_within(index(at), line.drops)), last_ + 1);
 }
 
 bool ParallelTrials::meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) noexcept
@@ -307,42 +398,46 @@ TrialLine ParallelTrials::any_line_between(double low, double high, bool drops_b
                                            bool drops_above) const noexcept
 {
     TrialLine line;
-    line.doubts = numbers_between(low - margin_, high + margin_);
-    line.drops_below = drops_below;
-    line.drops_above = drops_above;
+    line.meets = numbers_between(low - margin_, high + margin_);
+    line.may_drop = line.meets;
+    if (drops_below) {
+        line.drops = {INT64_MIN, line.meets.low - 1};
+        line.may_drop.low = INT64_MIN;
+    }
+    if (drops_above) {
+        line.drops = {line.meets.high + 1, INT64_MAX};
+        line.may_drop.high = INT64_MAX;
+    }
     return line;
 }
 
 // A bearing near the base line is that of its normal, or its smaller step counts as zero, or both: then it lies on
-// an axis.
-bool ParallelTrials::few_bearings() const noexcept
+// an axis. On the way of the seam all bearings must lie on one side of the jump.
+double ParallelTrials::few_bearings_from(double farthest) const noexcept
 {
-    if (!tells_ || !ways_settle_[1] || !ways_settle_[2] || !(farthest_ <= kMostForBearings))
-        return false;
-    for (const BaseOffset::Facing way :
-         {BaseOffset::Facing::kAlongNormal, BaseOffset::Facing::kAgainstNormal})
-        for (const double axis_gon : {0.0, 100.0, 200.0, 300.0}) {
-            const double apart = std::fabs(axis_gon - normal_gon(way));
-            if (!(apart <= kAgreesGon || apart >= kDisagreesGon))
-                return false;
-        }
-    return true;
+    const bool jumps = seam_way_ != BaseOffset::Facing::kUnclear &&
+                       !(seen_past_0_ > farthest || seen_below_400_ < near_base_);
+    if (!tells_ || !(farthest_ <= kMostForBearings) || jumps)
+        return HUGE_VAL;
+    double from = near_base_;
+    for (const double axis_gon : {0.0, 100.0, 200.0, 300.0})
+        from = std::max(from, bearing_tells_from(axis_gon));
+    return from;
 }
 
 bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept
 {
     const std::int64_t c = ordered_bits(positions_[index(at)].c);
-    if (c < line.doubts.low)
-        return line.drops_below;
-    if (c > line.doubts.high)
-        return line.drops_above;
+    if (line.drops.holds(c))
+        return true;
+    if (!line.may_drop.holds(c))
+        return false;
     // Beyond means farther, and in a direction that agrees. The vertex that the line goes through is equally
     // far.
     if (at == line.vertex || !(vertex_offset(at).dist > line_offset(line).dist))
         return false;
     const BaseOffset::Facing way = line.offset.facing;
-    if (way != BaseOffset::Facing::kUnclear && positions_[index(at)].offset.facing == way &&
-        ways_settle_[static_cast<std::size_t>(way)])
+    if (way != BaseOffset::Facing::kUnclear && positions_[index(at)].offset.facing == way && way != seam_way_)
         return true;
     return bearings_agree(line, at);
 }

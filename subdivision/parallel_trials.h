@@ -2,7 +2,6 @@
 
 // A parcel as a line moving parallel to its base side meets it: internal, not installed; for subdivision/.
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -32,16 +31,16 @@ struct BaseOffset {
 
 /// A trial line, parallel to the base side.
 struct TrialLine {
-    double c = 0.0;                  ///< constant term; a and b are those of the base line
-    PL_PNT2D_record through = {};    ///< the point that it was laid through
-    std::int32_t vertex = -1;        ///< the position of that point, when it is a vertex
-    BaseOffset offset;               ///< of that point
-    SideIndex::Range meets = kAll;   ///< constants, the line's and a margin: sides out of reach are not met
-    SideIndex::Range doubts = kAll;  ///< those and more: vertices outside are known by their constants,
-    bool drops_below = false;        ///< whether those with less lie beyond the line,
-    bool drops_above = false;        ///< and those with more
+    double c = 0.0;                    ///< constant term; a and b are those of the base line
+    PL_PNT2D_record through = {};      ///< the point that it was laid through
+    std::int32_t vertex = -1;          ///< the position of that point, when it is a vertex
+    BaseOffset offset;                 ///< of that point
+    SideIndex::Range meets = kAll;     ///< constants, the line's and a margin: sides out of reach are not met
+    SideIndex::Range drops = kNone;    ///< constants of vertices that certainly lie beyond the line
+    SideIndex::Range may_drop = kAll;  ///< those and more: vertices outside certainly do not
 
     static constexpr SideIndex::Range kAll = {INT64_MIN, INT64_MAX};
+    static constexpr SideIndex::Range kNone = {INT64_MAX, INT64_MIN};
 };
 
 /// What stays the same while the line moves, kept for the time of one search.
@@ -75,17 +74,11 @@ public:
 
     /// The first position from `at` on whose vertex may lie beyond the line, or whose side the line may meet; n
     /// + 1 for none. For the positions before it neither is possible.
-    std::int32_t kept_until(const TrialLine& line, std::int32_t at) const noexcept
-    {
-        return clear_until(line, at, false);
-    }
+    std::int32_t kept_until(const TrialLine& line, std::int32_t at) const noexcept;
 
     /// The first position from `at` on whose vertex may not lie beyond the line, or whose side the line may
     /// meet; n + 1 for none. The vertices before it certainly lie beyond.
-    std::int32_t beyond_until(const TrialLine& line, std::int32_t at) const noexcept
-    {
-        return clear_until(line, at, true);
-    }
+    std::int32_t beyond_until(const TrialLine& line, std::int32_t at) const noexcept;
 
     /// Whether the line meets the side that ends at a position, 2 to n, and where.
     bool meets_side(const TrialLine& line, std::int32_t at, PL_PNT2D_record& crossing) noexcept;
@@ -100,16 +93,20 @@ public:
     /// Direction from the base line to the trial line in gons.
     double bearing(TrialLine& line) noexcept;
 
-    /// A line that may be any with a constant from low to high. Vertices that lie on one side of all are dropped as
-    /// told; near the others it tells nothing.
+    /// A line that may be any with a constant from low to high. Vertices on one side of all are dropped as told, which
+    /// is what few_bearings_from allows; near the others it tells nothing.
     TrialLine any_line_between(double low, double high, bool drops_below, bool drops_above) const noexcept;
 
     /// Whether every line with a constant from low to high meets the side that ends at a position, and where the
     /// one in the middle does.
     bool all_meet_side(double low, double high, std::int32_t at, PL_PNT2D_record& crossing) noexcept;
 
-    /// Whether the bearing of any line near the base line agrees with all vertices on one side of it, or with none.
-    bool few_bearings() const noexcept;
+    /// How far from the base line, by its constant, a vertex must be so that any line nearer to the base line drops
+    /// all like it on one side of the base line, or none. Lines as far or farther drop all vertices farther out than
+    /// they are, on their side. Infinite when that cannot be told.
+    ///
+    /// @param[in] farthest  of the vertices and lines that are asked about
+    double few_bearings_from(double farthest) const noexcept;
 
     /// Position of the closing point.
     std::int32_t last() const noexcept { return last_; }
@@ -152,32 +149,40 @@ private:
         bool side_known = false;  // once it has been asked for
     };
 
+    // With the bearings of all vertices that clearly face one way, of those nearer than a jump at 0/400, or of those
+    // farther.
+    enum class Agreement : std::uint8_t { kUnclear, kWithNone, kWithAll, kWithNear, kWithFar };
+
     static std::size_t index(std::int32_t at) { return static_cast<std::size_t>(at); }
 
     const MeetsParallels& side(std::int32_t at) noexcept;
-    std::int32_t clear_until(const TrialLine& line, std::int32_t at, bool beyond) const noexcept;
     const BaseOffset& vertex_offset(std::int32_t at) noexcept;
     const BaseOffset& line_offset(TrialLine& line) noexcept;
     BaseOffset offset_of(const PL_PNT2D_record& p) const noexcept;
     void know_bearing(BaseOffset& offset, const PL_PNT2D_record& p) const noexcept;
     BaseOffset::Facing facing(const PL_PNT2D_record& foot, const PL_PNT2D_record& p,
                               double dist) const noexcept;
-    bool near_seam(BaseOffset::Facing way) const noexcept;
     bool bearings_agree(TrialLine& line, std::int32_t at) noexcept;
     double c_through(const PL_PNT2D_record& p) const noexcept;
 
     void note_ranges() noexcept;
+    void find_seam() noexcept;
     void aim(TrialLine& line) noexcept;
-    bool settle_facing(TrialLine& line, BaseOffset::Facing way) const noexcept;
-    bool settle_near_base(TrialLine& line) noexcept;
+    void settle_by_facing(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts) noexcept;
+    void settle_by_bearing(TrialLine& line, double low, double high) noexcept;
+    SideIndex::Range with_base(double low, double high, double off) const noexcept;
+    double bearing_tells_from(double gon) const noexcept;
+    Agreement agreement(double line_gon, BaseOffset::Facing way) const noexcept;
+    void settle(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts,
+                Agreement with) const noexcept;
+    SideIndex::Range offsets_between(BaseOffset::Facing way, double near, double far) const noexcept;
     double normal_gon(BaseOffset::Facing way) const noexcept;
 
     double a_;
     double b_;
     PL_IMP_LINE_2D_record base_;
     FeetOnLine feet_;
-    std::array<bool, 3> ways_settle_;  // for each facing, whether the bearings of such points agree
-    std::int32_t last_;                // position of the closing point
+    std::int32_t last_;  // position of the closing point
     std::vector<PL_PNT2D_record> points_;
     std::vector<Position> positions_;
     Clearance clearance_;
@@ -189,6 +194,12 @@ private:
     double vertex_margin_ = 0.0;
     double margin_ = 0.0;     // a constant that is nearer to the line's decides nothing
     double near_base_ = 0.0;  // a line whose constant is nearer to the base line's faces no clear way
+
+    // The way on which bearings may jump at 0/400, if any. Vertices nearer to the base line than the first are seen
+    // at 0 or a little more, those farther than the second a little below 400; by their constants.
+    BaseOffset::Facing seam_way_ = BaseOffset::Facing::kUnclear;
+    double seen_past_0_ = 0.0;
+    double seen_below_400_ = HUGE_VAL;
 };
 
 }  // namespace plcalc

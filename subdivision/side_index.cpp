@@ -56,4 +56,9 @@ std::size_t SideIndex::end_of(std::size_t at, Place place, const Range& asked) c
     return first_without(at, width_, [&](std::size_t i) { return nodes_[i].low > asked.high; });
 }
 
+std::size_t SideIndex::end_within(std::size_t at, const Range& wide) const noexcept
+{
+    return first_without(at, width_, [&](std::size_t i) { return nodes_[i].within(wide); });
+}
+
 }  // namespace plcalc

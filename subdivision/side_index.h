@@ -30,6 +30,9 @@ public:
                 return Place::kBelow;
             return low > asked.high ? Place::kAbove : Place::kNear;
         }
+
+        bool within(const Range& wide) const noexcept { return low >= wide.low && high <= wide.high; }
+        bool holds(std::int64_t v) const noexcept { return low <= v && v <= high; }
     };
 
     /// Room for positions 0 to count - 1.
@@ -44,6 +47,10 @@ public:
     /// The first position from `at` on that is at another place than this one, which is below or above; past the
     /// last one for none.
     std::size_t end_of(std::size_t at, Place place, const Range& asked) const noexcept;
+
+    /// The first position from `at` on whose own range does not lie wholly within another; past the last one for
+    /// none.
+    std::size_t end_within(std::size_t at, const Range& wide) const noexcept;
 
 private:
     std::size_t width_;         // positions, rounded up to a power of two

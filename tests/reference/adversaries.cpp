@@ -196,6 +196,23 @@ public:
         }
     }
 
+    // Turns a side upright, level or nearly so: by some last bits, by anything up to where bearings no longer fold,
+    // or to a gon beside the axis, where bearings of lines near it begin to disagree.
+    void turn_to_axis(std::vector<Point>& ring, std::size_t side)
+    {
+        constexpr double kGon = 0.015709255323664916;  // its tangent
+        const Point& from = ring[side];
+        Point& to = ring[(side + 1) % ring.size()];
+        const double leans[] = {0.0, 0.0, kGon * (1.0 + real(-1e-3, 1e-3)),
+                                std::pow(10.0, real(-12.0, -1.7))};
+        const double lean = leans[whole(0, 3)] * (chance(0.5) ? 1.0 : -1.0);
+        const bool upright = chance(0.5);
+        double& moved = upright ? to.x : to.y;
+        moved = upright ? from.x + lean * (to.y - from.y) : from.y + lean * (to.x - from.x);
+        for (int bits = chance(0.2) ? whole(1, 30) : 0; bits > 0; --bits)
+            moved = std::nextafter(moved, lean < 0.0 ? -1e300 : 1e300);
+    }
+
     std::size_t any(const std::vector<Point>& ring)
     {
         return static_cast<std::size_t>(whole(0, static_cast<int>(ring.size()) - 1));
@@ -268,6 +285,8 @@ Request adversary(std::mt19937_64& random, int modo)
     make.disturb(made.ring);
     make.place(made.ring);
     const std::size_t k = make.chance(0.3) ? 0 : make.any(made.ring);
+    if (make.chance(0.25))
+        make.turn_to_axis(made.ring, k);
     made.p1 = made.ring[k];
     made.p2 = made.ring[(k + 1) % made.ring.size()];
     made.tipo_area = 1;

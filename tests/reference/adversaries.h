@@ -22,8 +22,8 @@ struct Request {
 
 /// Convex, jagged, star and comb rings, rectangles, lattices, needles, coasts, parts behind the base line; 4 to
 /// 120 vertices; local and national coordinates; nearly parallel, very short and repeated sides; vertices within
-/// a millimetre and within ulps of each other's level; base sides whose normal lies on +x; requests that tie a
-/// comparison.
+/// a millimetre and within ulps of each other's level; base sides upright, level, and leaning from that by a few last
+/// bits up to a gon; requests that tie a comparison.
 Request adversary(std::mt19937_64& random, int modo);
 
 /// What is no parcel: no points, one, two and a few; coordinates and areas that are NaN, infinite, near the

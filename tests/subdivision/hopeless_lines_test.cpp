@@ -118,18 +118,38 @@ TEST(HopelessLines, ProvesNothingBeforeATrialWasMade)
     EXPECT_FALSE(lines.up_to(1));
 }
 
-// Where bearings of lines near the base line agree with some vertices and not with others, nothing is proved.
+// Where bearings of lines near the base line agree with some vertices and not with others, nothing is proved: a
+// gon from an axis. Nor is it where bearings jump from 400 to 0 inside the parcel: when the normal lies a little to
+// the right of +x, or of -x, and the parcel is 1e-7 over that deep, or deeper.
 TEST(HopelessLines, ProvesNothingWhereBearingsAreInDoubt)
 {
-    for (const double turn_gon : {0.3, 0.8, 1.2, 100.3, 101.0, 199.2, 300.7}) {
-        SCOPED_TRACE(turn_gon);
-        const double turn = turn_gon * 0.015707963267948967;
+    const struct {
+        double turn_gon;
+        double lean;  // added to the turn, in radians
+        bool proves;
+    } kDirections[] = {
+        {0.0, 0, true},       {0.3, 0, true},        {0.999, 0, true},    {1.0, 0, false},
+        {1.001, 0, true},     {50.0, 0, true},       {99.5, 0, true},     {100.0, 0, true},
+        {100.0, 1e-12, true}, {100.0, -1e-12, true}, {100.0, 1e-8, true}, {100.0, -1e-8, false},
+        {100.0, 1e-4, true},  {100.0, -1e-4, false}, {100.0, 2e-3, true}, {100.0, -2e-3, true},
+        {101.0, 0, false},    {200.0, 1e-8, true},   {299.0, 0, false},   {300.0, 0, true},
+        {300.0, 1e-12, true}, {300.0, -1e-12, true}, {300.0, 1e-8, true}, {300.0, -1e-8, false},
+        {300.0, 2e-3, true},  {300.0, -2e-3, true},  {399.0, 0, false},   {399.999, 0, true},
+    };
+    for (const auto& row : kDirections) {
+        SCOPED_TRACE(testing::Message() << row.turn_gon << " gon and " << row.lean);
+        // The quarter turns by their own sine and cosine, to the last bit.
+        const double rest =
+            (row.turn_gon - 100.0 * std::floor(row.turn_gon / 100.0)) * 0.015707963267948967 + row.lean;
         Ring ring;
-        for (const PL_PNT2D_record& p : kBehind)
-            ring.push_back(
-                {p.x * std::cos(turn) - p.y * std::sin(turn), p.x * std::sin(turn) + p.y * std::cos(turn)});
-        const bool in_doubt = turn_gon != 0.3;
-        EXPECT_EQ(Lines(ring).hopeless(1000.0, 2), !in_doubt);
+        for (const PL_PNT2D_record& p : kBehind) {
+            PL_PNT2D_record q = {p.x * std::cos(rest) - p.y * std::sin(rest),
+                                 p.x * std::sin(rest) + p.y * std::cos(rest)};
+            for (double quarters = std::floor(row.turn_gon / 100.0); quarters > 0.0; --quarters)
+                q = {-q.y, q.x};
+            ring.push_back(q);
+        }
+        EXPECT_EQ(Lines(ring).hopeless(1000.0, 2), row.proves);
     }
 }
 

@@ -232,6 +232,78 @@ TEST(ParallelTrials, BearingsOnBothSidesOfTheSeam)
     }
 }
 
+// As above, from one last bit of lean to a gon, at local and at national coordinates, with vertices at all distances
+// on either side of the distance at which bearings jump; and normals on or near the other axes, and a gon beside them.
+TEST(ParallelTrials, BearingsNearTheAxes)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> exponent(-4.1, 4.0);
+    std::uniform_real_distribution<double> lean_exponent(-16.0, -1.7);
+    std::uniform_real_distribution<double> along(-50.0, 50.0);
+    std::uniform_real_distribution<double> near(-0.01, 0.01);
+    constexpr double kGon = 0.015709255323664916;  // its tangent
+    for (int i = 0; i < 20000 && !HasFailure(); ++i) {
+        const double east = i % 4 == 0 ? 500000.0 : 0.0;
+        const double north = i % 4 == 0 ? 5000000.0 : 0.0;
+        const double sign = random() % 2 == 0 ? 1.0 : -1.0;
+        const double leans[] = {0.0, kGon * (1.0 + 1e-4 * near(random)),
+                                std::pow(10.0, lean_exponent(random))};
+        const double lean = sign * leans[random() % 3];
+        const double jump = 1e-7 / std::max(std::fabs(lean), 1e-12);
+        const std::uint64_t quarters = random() % 2 == 0 ? 0 : random() % 4;
+        const auto at = [&](double t, double out) {
+            PL_PNT2D_record p = {out + lean * t, lean * out - t};
+            for (std::uint64_t turned = 0; turned < quarters; ++turned)
+                p = {-p.y, p.x};
+            return PL_PNT2D_record{p.x + east, p.y + north};
+        };
+        const auto somewhere = [&] {
+            const double out = random() % 3 == 0 && jump < 1e5 ? jump * (1.0 + near(random))
+                                                               : std::pow(10.0, exponent(random));
+            return at(along(random), random() % 5 == 0 ? -out : out);
+        };
+        Ring ring = {at(0.0, 0.0), at(std::pow(10.0, exponent(random) / 2.0), 0.0)};
+        for (int k = 0; k < 7; ++k)
+            ring.push_back(somewhere());
+        expect_answers_of_measuring_anew(
+            ring, {ring[2], ring[3], ring[4], somewhere(), at(1.0, 1e-5), at(1.0, -1e-6), at(1.0, 2e-7)});
+    }
+}
+
+// Whatever the direction of the base side, a line leaves only a few of many sides to be met one by one.
+TEST(ParallelTrials, ALineComesNearFewSidesInEveryDirection)
+{
+    constexpr int kSides = 1000;
+    const double leans[] = {0.0,  0x1p-53, 1e-12,  1e-10,  1e-8, 1e-6, 1e-4,
+                            1e-3, 0.0099,  0.0101, 0.0157, 0.1,  1.0,  50.0};
+    for (const double lean : leans)
+        for (const double sign : {1.0, -1.0})
+            for (int quarters = 0; quarters < 4; ++quarters) {
+                SCOPED_TRACE(testing::Message() << sign * lean << " from axis " << quarters);
+                PL_PNT2D_record along = {1.0, sign * lean};
+                for (int turned = 0; turned < quarters; ++turned)
+                    along = {-along.y, along.x};
+                Ring ring = {{-along.x, -along.y}, {along.x, along.y}};
+                for (int k = 1; k < kSides; ++k)
+                    ring.push_back({100.0 * std::sin(6.2831853 * k / kSides) * (k % 2 == 0 ? 0.9 : 1.0),
+                                    100.0 * std::cos(6.2831853 * k / kSides)});
+                ParallelTrials trials = trials_on(ring);
+                for (int k = 100; k < kSides; k += 100) {
+                    const double out = k % 200 == 0 ? 0.3 : 1e-7;
+                    const PL_PNT2D_record& far = ring[static_cast<std::size_t>(k)];
+                    const TrialLine line = trials.line_through({out * far.x, out * far.y});
+                    int near = 0;
+                    const std::int32_t last = static_cast<std::int32_t>(ring.size());
+                    for (std::int32_t at = 2; at <= last; ++at, ++near) {
+                        at = trials.beyond_until(line, trials.kept_until(line, at));
+                        if (at > last)
+                            break;
+                    }
+                    EXPECT_LT(near, kSides / 10);
+                }
+            }
+}
+
 // The margins round away: a side is met at its very end or not at all, and by a neighbouring line as well.
 TEST(ParallelTrials, WhereAMillimetreIsLessThanTheLastBit)
 {

@@ -21,7 +21,16 @@ TEST(SideIndex, FindsTheEndOfAStretchAsPassingOneByOneDoes)
         index.build();
         const std::int64_t low = static_cast<std::int64_t>(random() % 60);
         const SideIndex::Range asked = {low, low + static_cast<std::int64_t>(random() % 3)};
+        const SideIndex::Range wide = {low - static_cast<std::int64_t>(random() % 40), asked.high};
         for (std::size_t at = 0; at < count; ++at) {
+            std::size_t end_within = at;
+            while (end_within < count &&
+                   index.place(end_within, {wide.high + 1, INT64_MAX}) == Place::kBelow &&
+                   index.place(end_within, {INT64_MIN, wide.low - 1}) == Place::kAbove)
+                ++end_within;
+            const std::size_t found_within = index.end_within(at, wide);
+            ASSERT_TRUE(end_within < count ? found_within == end_within : found_within >= count)
+                << "position " << at << " of " << count;
             const Place place = index.place(at, asked);
             if (place == Place::kNear)
                 continue;
