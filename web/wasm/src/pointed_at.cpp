@@ -192,13 +192,29 @@ std::optional<Amount> area_from(const Ring& ring, const Hit& start, const Reques
     return request.measured == Measured::from_reference ? ahead : rest_of(ring, ahead);
 }
 
+// The side that a point lies on.
+std::optional<std::size_t> side_at(const Ring& ring, const Point& point)
+{
+    const double near = kStartExtents * plparcel::extent_of(ring).largest();
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const Point& a = ring[i];
+        const Point& b = ring[(i + 1) % ring.size()];
+        const double ends = PlFunz_distance(&a, &point) + PlFunz_distance(&point, &b);
+        if (ends - PlFunz_distance(&a, &b) <= near)
+            return i;
+    }
+    return std::nullopt;
+}
+
 // A line runs either way: of the two amounts, the one on the target's own right, as if it ran from the point to the target.
 std::optional<Amount> area_through(const Ring& ring, const Point& point, const Point& target,
                                    Measured measured)
 {
     const Point behind = {2.0 * point.x - target.x, 2.0 * point.y - target.y};
     const std::optional<Hit> end = first_hit(ring, point, target);
-    const std::optional<Hit> start = first_hit(ring, point, behind);
+    std::optional<Hit> start = first_hit(ring, point, behind);
+    if (const std::optional<std::size_t> side = side_at(ring, point))
+        start = Hit{*side, point};  // a line from the boundary
     if (!end || !start)
         return std::nullopt;
     const bool clockwise = !plparcel::check_ring(ring).anticlockwise;

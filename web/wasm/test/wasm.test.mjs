@@ -118,6 +118,7 @@ test('a line through the pointer has the amount that amountAt tells', () => {
         { kind: 'parallel', side: 3 }, { kind: 'parallel', side: 1 }, { kind: 'perpendicular', side: 2 },
         { kind: 'vertex', vertex: 1 }, { kind: 'bearing', gon: 30 }, { kind: 'segment', from: [0, 0], to: [1, 2] },
         { kind: 'place', side: 1, along: 30 }, { kind: 'point', point: [400, 380], gon: 229 },
+        { kind: 'point', point: [300.23, 420.57], gon: 0 },
     ];
     for (const ring of [kField, [...kField].reverse()])
         for (const line of lines)

@@ -1,0 +1,2 @@
+// Stands for packages that are not needed here.
+export default undefined;

@@ -1,0 +1,43 @@
+// Parcels as they were read, and what was assumed on the way.
+
+import type { Point } from '@plcalc/wasm';
+
+/** Rings without the vertex that closes them. */
+export interface NamedParcel {
+    readonly name: string;
+    readonly outer: readonly Point[];
+    readonly holes: readonly (readonly Point[])[];
+    /** Names of the outer ring's corners, where the file has them. */
+    readonly corners?: readonly string[];
+}
+
+/** A note is a key of the texts, with what stands in its gaps. */
+export type Note = readonly [key: string, ...values: string[]];
+
+export interface Reading {
+    readonly parcels: readonly NamedParcel[];
+    readonly notes: readonly Note[];
+    readonly unit?: 'm' | 'ft';
+}
+
+/** Something that a person can mend; its note says what. */
+export class Unreadable extends Error {
+    constructor(readonly note: Note) {
+        super(note[0]);
+    }
+}
+
+/** What a page can hold without becoming slow. The program has no such limits. */
+export const kMostBytes = 32e6;
+export const kMostVertices = 200_000;
+export const kMostParcels = 20_000;
+
+/** Without the closing vertex. @throws Unreadable for coordinates that are none */
+export function opened(ring: readonly (readonly number[])[]): Point[] {
+    const points = ring.map((p): Point => [Number(p[0]), Number(p[1])]);
+    if (points.some((p) => !Number.isFinite(p[0]) || !Number.isFinite(p[1]))) throw new Unreadable(['notFinite']);
+    const first = points[0];
+    const last = points.at(-1);
+    if (points.length > 1 && first && last && first[0] === last[0] && first[1] === last[1]) points.pop();
+    return points;
+}
