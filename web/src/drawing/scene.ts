@@ -177,7 +177,7 @@ class Scene {
 
     private placeLineLabels(): void {
         for (const cut of this.answer.cuts) {
-            const text = `${this.numbers.length(cut.length)}   ${this.numbers.angle(cut.bearing)}`;
+            const text = `${this.numbers.length(cut.length)} · ${this.numbers.angle(cut.bearing)}`;
             const lettering: Lettering = { size: this.px(kSideText), color: kColors.line, halo: kColors.paper };
             const [a, b] = [this.view.place(cut.from.at), this.view.place(cut.to.at)];
             this.alongside(a, b, text, lettering, [0.28, 0.72, 0.5], [10, -10], true) ||
