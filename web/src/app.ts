@@ -288,6 +288,7 @@ export class App {
         find('hint').textContent = refused ? `${find('refusal-title').textContent}. ${find('refusal-text').textContent} ${find('refusal-range').textContent}`
             : answer.division?.lines.length === 1 ? `${hint} ${drag}` : hint;
         find('hint').classList.toggle('bad', refused);
+        find<HTMLButtonElement>('print-top').disabled = !answer.division?.divided;
         find<HTMLButtonElement>('undo').disabled = !this.history.canUndo;
         find<HTMLButtonElement>('redo').disabled = !this.history.canRedo;
     }
@@ -406,7 +407,7 @@ export class App {
         this.onNumber('north', (north) => this.ask({ point: [this.state.asked.point[0], north], alternative: 0 }, 'north'));
         this.listenForFiles();
         for (const button of document.querySelectorAll<HTMLElement>('[data-save]')) button.onclick = () => void this.saveAs(button.dataset.save ?? '');
-        find('print').onclick = () => window.print();
+        for (const id of ['print', 'print-top']) find(id).onclick = () => window.print();
         find('link').onclick = () => void this.copyLink();
         window.addEventListener('beforeprint', () => (find('sheet').innerHTML = this.answer.division?.divided ? planSvg(this.wanted()) : ''));
         window.addEventListener('hashchange', () => {

@@ -96,7 +96,9 @@ test('at first sight a parcel is divided, with figures', async () => {
     assert.deepEqual(await rows(page, 'points'), [['P1', '397.1641', '306.1831'], ['P2', '346.2377', '428.8624']]);
     assert.deepEqual(await rows(page, 'lines'), [['P1 – P2', '132.83', '374.9509 gon']]);
     assert.ok(await isShown(page, 'proven'));
-    await closed(page);
+    // The policy lets nothing out, even when asked to.
+    await page.evaluate(() => fetch('http://127.0.0.1:9/').then(() => { throw new Error('fetched'); }, () => undefined));
+    await closed(page, /^console: .*Content Security Policy/);
 });
 
 test('the page and the program print the same figures', { skip: !existsSync(kProgram) && 'the program is not built' }, async () => {

@@ -107,8 +107,10 @@ export class ParcelMap {
             resolution: width / 100, minResolution: width / 1e7, maxResolution: width, enableRotation: false, showFullExtent: true,
         });
         const room = Math.min(72, (size[0] ?? 600) / 8, (size[1] ?? 400) / 7);
+        // The buttons lie on the left of a large drawing.
+        const left = (size[0] ?? 600) > 500 ? room + 26 : room;
         this.map.setView(view);
-        view.fit([low[0], low[1], high[0], high[1]], { size, padding: [room, room, room + 8, room] });
+        view.fit([low[0], low[1], high[0], high[1]], { size, padding: [room, room, room + 8, left] });
     }
 
     zoom(steps: number): void {

@@ -15,10 +15,10 @@ export const de: Texts = {
     skip: 'Zu den Fragen springen',
 
     parcel: 'Flurstück', open: 'Datei öffnen', paste: 'Einfügen', examples: 'Beispiele', dropHere: 'Datei hier ablegen',
-    formats: 'Oder ablegen: GeoJSON, WKT, KML, CSV, DXF, Shapefile-Zip.',
+    formats: 'Oder ablegen: GeoJSON, WKT, KML, CSV, DXF, Shapefile',
     pasteHere: 'GeoJSON, WKT, KML oder eine Koordinatenliste', take: 'Diesen Text verwenden', pickParcel: 'Welches Flurstück',
-    parcelNumber: 'Flurstück {0}', corners: '{0} Ecken', area: 'Fläche', perimeter: 'Umfang', holes: '{0} Löcher', hole: 'Loch {0}',
-    exampleField: 'Feld', exampleYard: 'L-Form', exampleConvex: 'Sieben Seiten', exampleUtm: 'Lose',
+    parcelNumber: 'Flurstück {0}', corners: '{0} Ecken', area: 'Fläche', perimeter: 'Umfang', holes: 'Löcher: {0}', hole: 'Loch {0}',
+    exampleField: 'Feld', exampleYard: 'L-Form', exampleConvex: 'Vieleck', exampleUtm: 'Lose',
 
     line: 'Linie', parallel: 'Parallel', perpendicular: 'Rechtwinklig', vertex: 'Aus einer Ecke',
     bearing: 'Mit Richtung', place: 'Von einer Seite', point: 'Durch Punkt',
@@ -50,7 +50,7 @@ export const de: Texts = {
     cutBearing: 'in der Richtung {0}', cutPlace: 'von einer Stelle der Seite {0}', cutPoint: 'durch den Punkt {0} {1}', partsText: '{0} gleiche Teile', widthText: 'Breite {0}',
 
     degrees: 'Grad, projiziert in die UTM-Zone {0} (WGS 84, {1}). Gespeicherte Koordinaten stehen in dieser Projektion, nicht in Grad.',
-    crs: 'Koordinaten in {0}, als eben genommen.', noCrs: 'Kein Koordinatensystem angegeben; als eben genommen.', xEast: 'Spalten X und Y: X gilt als Ost. Ist X Nord, bitte in N und E umbenennen.',
+    crs: 'Koordinaten in {0}, als eben genommen.', noCrs: 'Kein Koordinatensystem; als eben genommen.', xEast: 'Spalten X und Y: X gilt als Ost. Ist X Nord, bitte in N und E umbenennen.',
     leftOut: 'Weggelassen, weil keine geschlossenen Flächen: {0}.', arcs: 'Weggelassen, weil Seiten Bögen sind: {0}.', cannotOpen: 'Das lässt sich nicht öffnen',
     notFinite: 'Eine Koordinate ist keine Zahl.', brokenGeoJson: 'Das GeoJSON ist nicht lesbar.', brokenKml: 'Das KML ist nicht lesbar.', brokenWkt: 'Das WKT "{0}" ist nicht lesbar.', brokenDxf: 'Die DXF-Datei ist nicht lesbar.',
     brokenZip: 'Das Zip lässt sich nicht entpacken.', brokenShapefile: 'Das Shapefile ist nicht lesbar.', noShapefile: 'Im Zip ist kein Shapefile (.shp).', badDegrees: 'Diese Grade sind keine Längen und Breiten zwischen 84° Süd und Nord.',

@@ -13,9 +13,9 @@ export const en = {
     skip: 'Skip to the questions',
 
     parcel: 'Parcel', open: 'Open a file', paste: 'Paste', examples: 'Examples', dropHere: 'Drop the file here',
-    formats: 'Drop GeoJSON, WKT, KML, CSV, DXF, zipped Shapefile',
+    formats: 'Or drop GeoJSON, WKT, KML, CSV, DXF, Shapefile (zip)',
     pasteHere: 'GeoJSON, WKT, KML or a table of coordinates', take: 'Use this text', pickParcel: 'Which parcel',
-    parcelNumber: 'Parcel {0}', corners: '{0} corners', area: 'Area', perimeter: 'Perimeter', holes: '{0} holes', hole: 'hole {0}',
+    parcelNumber: 'Parcel {0}', corners: '{0} corners', area: 'Area', perimeter: 'Perimeter', holes: 'holes: {0}', hole: 'hole {0}',
     exampleField: 'Field', exampleYard: 'L-shaped', exampleConvex: 'Polygon', exampleUtm: 'Lots',
 
     line: 'Line', parallel: 'Parallel', perpendicular: 'Right angle', vertex: 'From a corner',

@@ -1,9 +1,9 @@
 // The plan as SVG, PNG and PDF, and on the printer.
 
 import { jsPDF } from 'jspdf';
-import 'svg2pdf.js';
 
 import type { Answer } from '../answer';
+import { PdfPen } from '../drawing/pdf_pen';
 import { CanvasPen, SvgPen } from '../drawing/pen';
 import { drawPlan, kSheet, type PlanTexts } from '../drawing/plan';
 import type { Numbers } from '../numbers';
@@ -38,27 +38,17 @@ export async function planPng(wanted: PlanWanted): Promise<Blob> {
     return new Promise((resolve, reject) => planCanvas(wanted).toBlob((blob) => (blob ? resolve(blob) : reject(new Error('png'))), 'image/png'));
 }
 
-// The fonts that every PDF reader brings know the letters of Western Europe only.
-const kInPdfFonts = /^[\u0020-\u007e\u00a0-\u00ff\u2013\u2014\u2018\u2019\u201c\u201d\u2026\u2022\u20ac]*$/;
-
 /** Lines and letters; a picture where the texts have letters that the fonts of PDF have not. */
-export async function planPdf(wanted: PlanWanted): Promise<Blob> {
-    const pdf = new jsPDF({ orientation: 'landscape', unit: 'mm', format: 'a4', compress: true });
-    pdf.setProperties({ title: wanted.texts.title, creator: 'plcalc' });
-    const svg = planSvg(wanted);
-    const holder = document.createElement('div');
-    holder.innerHTML = svg;
-    const element = holder.firstElementChild as SVGSVGElement;
-    if (kInPdfFonts.test(element.textContent ?? '')) {
-        holder.className = 'offscreen';
-        holder.ariaHidden = 'true';
-        document.body.append(holder);
-        await pdf.svg(element, { x: 0, y: 0, width: kSheet.width, height: kSheet.height });
-        holder.remove();
-    } else {
-        pdf.addImage(planCanvas(wanted), 'PNG', 0, 0, kSheet.width, kSheet.height);
-    }
-    return pdf.output('blob');
+export function planPdf(wanted: PlanWanted): Blob {
+    const page = (): jsPDF => {
+        const pdf = new jsPDF({ orientation: 'landscape', unit: 'mm', format: 'a4', compress: true });
+        return pdf.setProperties({ title: wanted.texts.title, creator: 'plcalc' });
+    };
+    const pdf = page();
+    const pen = new PdfPen(pdf);
+    drawPlan(pen, wanted.answer, wanted.asked, wanted.numbers, wanted.texts);
+    if (pen.complete) return pdf.output('blob');
+    return page().addImage(planCanvas(wanted), 'PNG', 0, 0, kSheet.width, kSheet.height).output('blob');
 }
 
 /** Hands a file to the person. */
