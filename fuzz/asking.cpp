@@ -1,4 +1,5 @@
-// plparcel: which side is meant. What is found or ties is compared again, in long double.
+// plparcel: which side is meant, and what could be asked instead. Sides are compared again, in long double; what is said
+// to be had is divided.
 
 #include <cmath>
 #include <cstddef>
@@ -7,7 +8,9 @@
 #include "fuzz/check.h"
 #include "fuzz/parcel.h"
 #include "fuzz/reader.h"
+#include "plparcel/division.h"
 #include "plparcel/extent.h"
+#include "plparcel/feasible.h"
 #include "plparcel/which_side.h"
 
 namespace {
@@ -81,6 +84,66 @@ void check_lengths(const Parcel& parcel)
     }
 }
 
+plparcel::Line read_line(Reader& in, const Ring& ring, const PL_PNT2D_record& point, double bearing)
+{
+    plparcel::Line line;
+    line.cut = static_cast<plparcel::Cut>(in.byte() % 8);  // one of them unknown
+    line.index = ring.empty() ? 0 : in.byte() % ring.size();
+    line.bearing = bearing;
+    line.a = point;
+    line.b = in.point();
+    line.along = in.number();
+    return line;
+}
+
+// Ranges lie between nothing and the parcel, apart from each other. An amount well inside one is divided unless doubles are
+// too coarse, and one well outside is not.
+void check_feasible(const Ring& ring, const plparcel::Line& line, plparcel::Measured measured, double part)
+{
+    const plparcel::Feasible feasible = plparcel::feasible({ring, {}}, line, measured);
+    FUZZ_CHECK(!feasible.refusal || feasible.ranges.empty());
+    double so_far = 0.0;
+    for (const plparcel::AmountRange& range : feasible.ranges) {
+        FUZZ_CHECK(range.least >= so_far && range.most >= range.least && range.most <= feasible.parcel);
+        so_far = range.most;
+    }
+    plparcel::Request request;
+    request.line = line;
+    request.measured = measured;
+    const double amount = part * feasible.parcel;
+    request.amounts = {plparcel::area(amount)};
+    const plparcel::Status status = plparcel::divide(ring, request).status;
+    FUZZ_CHECK(!feasible.refusal || status == *feasible.refusal ||
+               status == plparcel::Status::amount_too_small);
+    const double margin = 1e-6 * feasible.parcel;
+    if (feasible.refusal || !(margin < amount && amount < feasible.parcel - margin))
+        return;
+    const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(feasible.ranges, amount);
+    FUZZ_CHECK(!nearest.below || *nearest.below <= amount);
+    FUZZ_CHECK(!nearest.above || *nearest.above >= amount);
+    const bool below = nearest.below && !(*nearest.below < amount - margin);
+    const bool above = nearest.above && !(*nearest.above > amount + margin);
+    if (status == plparcel::Status::divided)
+        FUZZ_CHECK(below || above);
+}
+
+void check_alternatives(const Ring& ring, double part)
+{
+    constexpr std::size_t kMostLines = 6;
+    const plparcel::Amount amount = plparcel::share(part, 1.0);
+    const plparcel::Alternatives found =
+        plparcel::alternatives_for({ring, {}}, amount, plparcel::Measured::from_reference, kMostLines);
+    FUZZ_CHECK(found.looked_at <= found.of && found.lines.size() <= found.looked_at);
+    for (const plparcel::Alternative& line : found.lines) {
+        plparcel::Request request;
+        request.line = line.line;
+        request.measured = line.measured;
+        request.amounts = {amount};
+        const plparcel::Status status = plparcel::divide(ring, request).status;
+        FUZZ_CHECK(status == plparcel::Status::divided || status == plparcel::Status::not_reached);
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -111,5 +174,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check_choice(parcel, plparcel::vertex_farthest(parcel, bearing, tied_within), false);
     const plparcel::OtherGeometry other(segments);
     check_choice(parcel, plparcel::side_along(parcel, other, alongside, tied_within), true);
+
+    const plparcel::Line line = read_line(in, parcel.outer, point, bearing);
+    const auto measured = static_cast<plparcel::Measured>(in.byte() % 2);
+    const double part = in.byte() / 255.0;
+    check_feasible(parcel.outer, line, measured, part);
+    check_alternatives(parcel.outer, part);
+    const plparcel::Feasible any = plparcel::feasible(parcel, line, measured, plparcel::Pieces::any);
+    FUZZ_CHECK(any.refusal ? any.ranges.empty() : any.ranges.size() == 1);
     return 0;
 }

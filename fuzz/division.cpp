@@ -318,16 +318,6 @@ void check_all(const Ring& ring, const plparcel::Request& request, const Divisio
         FUZZ_CHECK(division.status == Status::divided || all.size() == 1);
 }
 
-// Ranges from the least to the most, apart from each other, none of more than the parcel.
-void check_ranges(const Ring& ring, const PL_PNT2D_record& point, double parcel)
-{
-    double so_far = 0.0;
-    for (const plparcel::AmountRange& range : plparcel::amounts_through(ring, point)) {
-        FUZZ_CHECK(range.least >= so_far && range.most >= range.least && range.most <= parcel);
-        so_far = range.most;
-    }
-}
-
 // The ends are what their decimals say, and the pieces hold their amounts as closely as is asked.
 void check_rounded(const Ring& ring, plparcel::Request request, int decimals)
 {
@@ -387,7 +377,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(same(division, plparcel::divide(ring, request)));
     check_with_holes(in, ring, request);
     check_all(ring, request, division);
-    check_ranges(ring, request.line.a, report.area);
     constexpr int kMostRead = 8;
     check_rounded(ring, request, in.below(kMostRead));
     return 0;

@@ -496,16 +496,17 @@ def division():
 
 
 def asking():
-    """What asking.cpp reads behind the ring: bearing, tolerance, point, segments, distance, angle; holes last."""
-    def asked(seed, bearing, tied_within, point, segments, distance, angle):
+    """What asking.cpp reads behind the ring: bearing, tolerance, point, segments, distance, angle; holes, and the line last."""
+    def asked(seed, bearing, tied_within, point, segments, distance, angle, cut=0):
         seed.number(bearing, tied_within).point(*point).byte(len(segments))
         for start, end in segments:
             seed.point(*start, *end)
-        return seed.number(distance, angle)
+        return seed.number(distance, angle).byte(0, cut, 1).point(70.0, 90.0).number(20.0).byte(cut % 2, 90)
 
     road = [((-500.0, -8.0), (500.0, -8.0))]
     for i, (name, ring) in enumerate(RINGS.items()):
-        yield asked(Input().called(name).ring(ring), 100.0 * (i % 4), 0.0, (50.0, -5.0), road, 20.0, 25.0)
+        yield asked(Input().called(name).ring(ring), 100.0 * (i % 4), 0.0, (50.0, -5.0 + 25.0 * (i % 2)), road, 20.0,
+                    25.0, i % 8)
     for name, *rest in (
             ("no segments", 0.0, 0.0, (0.0, 0.0), [], 10.0, 25.0),
             ("segment without length", 0.0, 0.0, (0.0, 0.0), [((5.0, 5.0), (5.0, 5.0))], 10.0, 25.0),

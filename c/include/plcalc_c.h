@@ -360,7 +360,7 @@ PLC_API int32_t plc_division_held(const plc_division* division, int64_t amount, 
  *         PLC_NO_SUCH_INDEX */
 PLC_API int32_t plc_division_bare(const plc_division* division, int64_t cut, double* xyxy);
 
-/** What the lines through a point inside can cut off: plparcel::amounts_through(). It is what can be had where the
+/** What the lines through a point can cut off: plparcel::feasible(). It is what can be had where the
  * status is PLC_NO_LINE_THROUGH_POINT.
  *
  * @param[in]  parcel  the parcel, without holes

@@ -7,6 +7,7 @@
 #include "guard.h"
 #include "handles.h"
 #include "plcalc_c.h"
+#include "plparcel/feasible.h"
 #include "records.h"
 
 namespace plcalc_c {
@@ -97,7 +98,7 @@ std::int32_t plc_amounts_through(const plc_parcel* parcel, double x, double y, d
         return PLC_NO_ANSWER;
     return plcalc_c::guarded([&] {
         const std::vector<plparcel::AmountRange> found =
-            plparcel::amounts_through(parcel->parcel.outer, {x, y});
+            plparcel::feasible(parcel->parcel, plparcel::through_point({x, y})).ranges;
         *count = static_cast<std::int64_t>(found.size());
         for (std::size_t i = 0; i < found.size() && i < static_cast<std::size_t>(room); ++i) {
             ranges[2 * i] = found[i].least;

@@ -152,14 +152,6 @@ void round_lines(const Ring& boundary, const std::vector<Wide>& areas, const Wid
     division.decimals = staked->decimals;
 }
 
-// Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
-// which coordinate a tie between two doubles is rounded to must not depend on where the caller began.
-MeasuredRing begun_at(Ring ring, std::size_t start)
-{
-    std::rotate(ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(start), ring.end());
-    return MeasuredRing(std::move(ring));
-}
-
 bool is_usable(const Rounding& rounding)
 {
     constexpr double kMostTolerance = 0.01;
@@ -211,15 +203,6 @@ WholeParcel whole_parcel(const CheckedParcel& checked_parcel, const Line& line)
     whole.b = of_side.ring[around(of_side.place, line.index + 1)];
     whole.inside_on_left = (of_side.ring.turn() > 0.0) == (line.ring == 0);
     return whole;
-}
-
-Reference reference_of(const Line& line, const MeasuredRing& begun)
-{
-    if (line.cut == Cut::at_bearing)
-        return {line.cut, begun[0], direction_of(line.bearing)};
-    if (line.cut == Cut::along_segment)
-        return {line.cut, begun[0], from_to(line.a, line.b)};
-    return {line.cut, begun[0], from_to(begun[0], begun[1])};
 }
 
 bool has_width(const std::vector<Amount>& amounts)
@@ -307,33 +290,24 @@ Division divide(const Ring& ring, const Request& request)
         division.status = Status::no_width;
         return division;
     }
-    MeasuredRing measured = begun_at(clean.ring.take_ring(), start.vertex);
-    const Wide parcel = measured.area();
+    FirstStage first = first_stage(std::move(clean), request, start);
+    Stage& stage = first.stage;
+    const Wide parcel = stage.ring.area();
     const Shares shares = share_out(request.amounts, parcel);
     if (shares.refusal) {
         division.status = *shares.refusal;
         division.at_amount = shares.at_amount;
         return division;
     }
-
-    const Reference reference = reference_of(request.line, measured);
-    Stage stage;
-    stage.ring = std::move(measured);
-    stage.cut = start.cut;
-    stage.measured = start.measured;
     stage.ask_library = request.ask_library && is_of_the_library(request.line.cut);
     stage.alternative = request.alternative;
-    stage.point = start.point;
-    stage.point_stays = start.point_stays;
-    if (start.cut == Cut::through_point)
-        stage.first = direction_of(request.line.bearing);
-    std::vector<Wide> wanted = cut_all(stage, reference, shares, parcel, kAsExactAsDoubles, division);
+    std::vector<Wide> wanted = cut_all(stage, first.reference, shares, parcel, kAsExactAsDoubles, division);
     if (!request.rounding.decimals)
         return division;
     if (division.status == Status::not_reached && request.rounding.tolerance > kAsExactAsDoubles) {
         division.bare.clear();
-        wanted =
-            cut_all(stage, reference, shares, parcel, kForTheLine * request.rounding.tolerance, division);
+        wanted = cut_all(stage, first.reference, shares, parcel, kForTheLine * request.rounding.tolerance,
+                         division);
     }
     if (division.status == Status::divided)
         round_lines(stage.ring.ring(), wanted, parcel, request.rounding, division);
@@ -351,28 +325,6 @@ std::vector<Division> all_divisions(const Ring& ring, const Request& request)
     if (all.size() > 1)
         all.pop_back();
     return all;
-}
-
-std::vector<AmountRange> amounts_through(const Ring& ring, const PL_PNT2D_record& point)
-{
-    CleanRing clean = without_repeats(ring);
-    if (report_on(clean).status != BoundaryStatus::usable)
-        return {};
-    Request request;
-    request.line = through_point(point);
-    const LineStart start = start_of(clean, request);
-    if (start.refusal || start.cut != Cut::through_point)
-        return {};
-    const MeasuredRing measured = begun_at(clean.ring.take_ring(), start.vertex);
-    const LocalRing local(measured);
-    PointRequest turning = {};
-    turning.point = local.to_local(point);
-    turning.first = direction_of(request.line.bearing);
-    std::vector<AmountRange> ranges;
-    for (const AreaRange& range : lines_through_point(local, measured.turn(), turning).ranges)
-        ranges.push_back(
-            {local.area_to_parcel(range.least).value(), local.area_to_parcel(range.most).value()});
-    return ranges;
 }
 
 const char* describe(BoundaryStatus status) noexcept

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 #include "boundary/local_ring.h"
 #include "boundary/locate.h"
 #include "boundary/meeting_sides.h"
-#include "one_cut.h"
+#include "lines/direction.h"
+#include "numbers/wide.h"
 
 namespace plparcel {
 namespace {
@@ -84,6 +87,23 @@ LineStart anywhere(LineStart start, const MeasuredRing& ring, const Line& line)
     return start;
 }
 
+// Begun at the side or vertex that is cut from. The parcel's frame lies at the first vertex and sums start there:
+// which coordinate a tie between two doubles is rounded to must not depend on where the caller began.
+MeasuredRing begun_at(Ring ring, std::size_t start)
+{
+    std::rotate(ring.begin(), ring.begin() + static_cast<std::ptrdiff_t>(start), ring.end());
+    return MeasuredRing(std::move(ring));
+}
+
+Reference reference_of(const Line& line, const MeasuredRing& begun)
+{
+    if (line.cut == Cut::at_bearing)
+        return {line.cut, begun[0], direction_of(line.bearing)};
+    if (line.cut == Cut::along_segment)
+        return {line.cut, begun[0], from_to(line.a, line.b)};
+    return {line.cut, begun[0], from_to(begun[0], begun[1])};
+}
+
 }  // namespace
 
 bool has_direction(const Line& line)
@@ -113,6 +133,21 @@ LineStart start_of(const CleanRing& clean, const Request& request)
     if (around(clean.place, line.index + 1) == start.vertex)
         return refused(Status::side_without_length);
     return line.cut == Cut::through_place ? at_distance(start, clean.ring, line.along) : start;
+}
+
+FirstStage first_stage(CleanRing clean, const Request& request, const LineStart& start)
+{
+    MeasuredRing begun = begun_at(clean.ring.take_ring(), start.vertex);
+    const Reference reference = reference_of(request.line, begun);
+    Stage stage;
+    stage.ring = std::move(begun);
+    stage.cut = start.cut;
+    stage.measured = start.measured;
+    stage.point = start.point;
+    stage.point_stays = start.point_stays;
+    if (start.cut == Cut::through_point)
+        stage.first = direction_of(request.line.bearing);
+    return {std::move(stage), reference};
 }
 
 }  // namespace plparcel

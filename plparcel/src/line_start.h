@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "boundary/ring_check.h"
+#include "one_cut.h"
 #include "plparcel/division.h"
 
 namespace plparcel {
@@ -26,5 +27,15 @@ LineStart start_of(const CleanRing& clean, const Request& request);
 
 /// Whether a bearing or a segment is a direction.
 bool has_direction(const Line& line);
+
+/// The first cut of a request.
+struct FirstStage {
+    Stage stage;
+    Reference reference;
+};
+
+/// @param[in] clean  usable
+/// @param[in] start  of the request, not refused
+FirstStage first_stage(CleanRing clean, const Request& request, const LineStart& start);
 
 }  // namespace plparcel

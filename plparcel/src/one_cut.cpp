@@ -137,7 +137,49 @@ public:
         return none_of(attempt, passed);
     }
 
+    std::vector<AreaRange> areas(const Wide& granted) const
+    {
+        const Wide whole = local_.area_to_local(stage_.ring.area());
+        std::vector<AreaRange> ranges = united(areas_of_lines(), whole, local_.area_to_local(granted));
+        if (!is_request_measured())
+            ranges = of_other_piece(ranges, whole);
+        for (AreaRange& range : ranges) {
+            range.least = local_.area_to_parcel(range.least);
+            range.most = local_.area_to_parcel(range.most);
+        }
+        return ranges;
+    }
+
 private:
+    // Whether areas_of_lines() speaks of the request: lines from the boundary have it after them or before.
+    bool is_request_measured() const
+    {
+        const bool starts = stage_.cut == Cut::through_vertex || stage_.cut == Cut::through_place;
+        return !starts || stage_.measured == Measured::from_reference;
+    }
+
+    std::vector<AreaRange> areas_of_lines() const
+    {
+        const Wide reach = local_.length_to_local(kTouchRoundings * stage_.ring.spacing());
+        switch (stage_.cut) {
+        case Cut::through_vertex:
+            return areas_from_vertex(local_, turn_, stage_.index, reach);
+        case Cut::through_place:
+            return areas_from_vertex(local_.with_vertex_on(stage_.index, local_.to_local(stage_.point)),
+                                     turn_, stage_.index + 1, reach);
+        case Cut::through_point: {
+            // The line may run either way: both pieces have the same areas.
+            PointRequest turning = {};
+            turning.point = local_.to_local(stage_.point);
+            turning.first = stage_.first;
+            turning.reach = reach;
+            return lines_through_point(local_, turn_, turning).ranges;
+        }
+        default:
+            return LevelCut(local_, level_request()).areas(reach);
+        }
+    }
+
     using Passed = std::vector<DividingLine>;  // lines that divide, but come before the one that is asked for
 
     // Whether a line that passes is the one that is asked for. The same line comes more than once where it ends at a
@@ -314,6 +356,12 @@ Attempt make_strip(const Stage& stage, const Reference& reference, double width,
                    const Wide& parcel)
 {
     return OneCut(stage, reference, {0.0, left, parcel}).make_strip(width);
+}
+
+std::vector<AreaRange> areas_of_cuts(const Stage& stage, const Reference& reference, const Wide& granted)
+{
+    const Target none = {};
+    return OneCut(stage, reference, none).areas(granted);
 }
 
 }  // namespace plparcel

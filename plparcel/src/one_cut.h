@@ -3,8 +3,10 @@
 // One cut: tries the lines of the kind that hold the amount, and keeps the first that the judge lets pass.
 
 #include <cstddef>
+#include <vector>
 
 #include "boundary/measured_ring.h"
+#include "lines/area_ranges.h"
 #include "lines/direction.h"
 #include "plparcel/division.h"
 #include "verdict/judge.h"
@@ -60,5 +62,10 @@ Attempt make_cut(const Stage& stage, const Reference& reference, const Target& t
 /// @param[in] parcel  the whole parcel, of which the tolerance is a part
 Attempt make_strip(const Stage& stage, const Reference& reference, double width, const Wide& left,
                    const Wide& parcel);
+
+/// The areas that such a cut can make of the request, unit squared: in their order, apart from each other.
+///
+/// @param[in] granted  by how much a line to a vertex may miss an area, unit squared
+std::vector<AreaRange> areas_of_cuts(const Stage& stage, const Reference& reference, const Wide& granted);
 
 }  // namespace plparcel

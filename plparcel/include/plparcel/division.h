@@ -297,22 +297,6 @@ PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 ///             Line::bearing, those through vertices and one between each two of them stand for all.
 PLPARCEL_API std::vector<Division> all_divisions(const Ring& ring, const Request& request);
 
-/// From the least of some amounts to the greatest, without a gap.
-struct AmountRange {
-    double least = 0.0;  ///< unit squared
-    double most = 0.0;   ///< unit squared
-};
-
-/// What the lines through a point inside can cut off: what can be had where divide() answers no_line_through_point.
-///
-/// @param[in] ring   as for divide()
-/// @param[in] point  inside; for a point on the boundary, outside or not finite, and for a ring that cannot be used,
-///                   there are no ranges
-/// @return the ranges of areas on the right of a line, from the smallest on, apart from each other; since the line may run
-///         either way, what lies on its left has the same. An end of a range may belong to a line that touches the
-///         boundary on its way; then it is not had itself. Costs n log n.
-PLPARCEL_API std::vector<AmountRange> amounts_through(const Ring& ring, const PL_PNT2D_record& point);
-
 /// Divides a parcel that may have holes.
 ///
 /// @param[in] parcel   see check_parcel(); the order of the holes and the vertices at which rings begin change no bit

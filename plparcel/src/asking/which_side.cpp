@@ -358,9 +358,13 @@ Choice side_along(const Parcel& parcel, const OtherGeometry& other, const Alongs
         return choice;
     const bool usable = alongside.distance > 0.0 && alongside.distance <= kFarthest &&
                         alongside.angle_gon >= 0.0 && alongside.angle_gon <= kQuarterTurnGon;
+    if (!usable) {
+        choice.status = ChoiceStatus::unusable_request;
+        return choice;
+    }
     AlongsideSearch search(other, alongside);
-    if (!usable || search.is_empty()) {
-        choice.status = usable ? ChoiceStatus::nothing_given : ChoiceStatus::unusable_request;
+    if (search.is_empty()) {
+        choice.status = ChoiceStatus::nothing_given;
         return choice;
     }
     Measure measure = {{}, std::fmax(at_least_nothing(tied_within), items.rounding())};

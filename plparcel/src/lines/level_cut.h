@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "boundary/local_ring.h"
+#include "lines/area_ranges.h"
 #include "lines/chord.h"
 #include "lines/trapeziums.h"
 #include "numbers/wide.h"
@@ -45,6 +46,10 @@ public:
     /// All lines at a level, in the same order.
     std::vector<Chord> lines_at(const Wide& level) const;
 
+    /// What the lines of all trapeziums make of the request, local units, in no order. A line at the rim of a trapezium
+    /// touches a vertex that lies within `reach` of it, local units, and no nearer to its ends.
+    std::vector<AreaRange> areas(const Wide& reach) const;
+
     /// Where the request begins, unless it lies above or below the base side: the highest level, or the lowest.
     Wide begin() const { return request_.opposite == request_.from_base ? highest_ : lowest_; }
 
@@ -78,6 +83,7 @@ private:
     Wide area_above(const Chord& chord, const Wide& level) const;
     bool solve(const Trapezium& trapezium, Candidate& found) const;
     WidePoint on_side(std::size_t side, const Wide& level) const;
+    class Rows;
 
     const WidePoint& frame_at(std::size_t i) const { return around(frame_, i); }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 
 #include "lines/ray.h"
 #include "lines/round_view.h"
@@ -111,10 +112,14 @@ public:
                 pass(events[i], now);
             const WidePoint& next = events[i % events.size()].direction;
             const Line leaving = line_in(direction, now);
+            if (!spans_.empty())
+                spans_.back().end = {arriving.right, rims_.size(), true};
+            rims_.push_back({direction, {arriving.ahead, leaving.ahead}, {arriving.behind, leaving.behind}});
             at_vertices(direction, arriving, leaving);
             arriving = line_in(next, now);
             between(direction, next, leaving, arriving);
         }
+        spans_.back().end = {arriving.right, 0, true};
         return finished();
     }
 
@@ -232,7 +237,7 @@ private:
 
     void between(const WidePoint& from, const WidePoint& to, const Line& first, const Line& last)
     {
-        note_range(first.right, last.right);
+        spans_.push_back({{first.right, rims_.size() - 1, true}, {}});
         const bool turns_back = longer(first) * longer(last) < 0.0;
         const bool may_hold_it = may_hold(first, last);
         if (!turns_back && !may_hold_it)
@@ -259,8 +264,8 @@ private:
         if (!(t > 0.0 && t < 1.0))
             return;
         const Line extreme = line_at(t);
-        note_range(first.right, extreme.right);
-        note_range(extreme.right, last.right);
+        spans_.back().end = {extreme.right, 0, false};
+        spans_.push_back({{extreme.right, 0, false}, {}});
         if (parts.empty())
             propose(extreme);
     }
@@ -288,22 +293,69 @@ private:
         return chord;
     }
 
-    // Most follow on the one before: the area jumps only where a half of the line comes to another side.
-    void note_range(const Wide& one, const Wide& other)
+    // A direction in which a half of the line comes to another side: the line that arrives there, and the one that leaves.
+    struct Rim {
+        WidePoint direction;
+        WidePoint ahead[2];
+        WidePoint behind[2];
+    };
+
+    // One end of a range of areas: a line at a rim, or one between two rims, where the area is greatest or least.
+    struct SpanEnd {
+        Wide right;
+        std::size_t rim = 0;
+        bool at_rim = false;
+    };
+
+    // The areas grow or sink from one end to the other.
+    struct Span {
+        SpanEnd begin;
+        SpanEnd end;
+    };
+
+    static Wide length_of(const WidePoint& v) { return sqrt(dot(v, v)); }
+
+    // How far one half of a line at each rim can reach without meeting a vertex on its way. Where it jumps from one
+    // side to another, the line that reaches farther touches the vertex on which the other one ends; and so does a line at
+    // a rim next to it, within the reach of rounding.
+    std::vector<double> clear_ways(const WidePoint (Rim::*half)[2]) const
     {
-        const AreaRange range = other < one ? AreaRange{other, one} : AreaRange{one, other};
-        if (ranges_.empty() || range.least > ranges_.back().most || range.most < ranges_.back().least)
-            ranges_.push_back(range);
-        else
-            extend(ranges_.back(), range);
+        constexpr std::size_t kMostBeside = 64;
+        std::vector<double> ways(rims_.size(), std::numeric_limits<double>::infinity());
+        for (std::size_t i = 0; i < rims_.size(); ++i) {
+            const Wide one = length_of((rims_[i].*half)[0]);
+            const Wide other = length_of((rims_[i].*half)[1]);
+            if (!(abs(one - other) > request_.reach))
+                continue;
+            const double way = (one < other ? one : other).value();
+            ways[i] = std::fmin(ways[i], way);
+            for (std::size_t k = i; k > 0 && i - k < kMostBeside && is_beside(rims_[i], rims_[k - 1], way);
+                 --k)
+                ways[k - 1] = std::fmin(ways[k - 1], way);
+            for (std::size_t k = i + 1;
+                 k < rims_.size() && k - i < kMostBeside && is_beside(rims_[i], rims_[k], way); ++k)
+                ways[k] = std::fmin(ways[k], way);
+        }
+        return ways;
     }
 
-    static void extend(AreaRange& range, const AreaRange& by)
+    bool is_beside(const Rim& one, const Rim& next, double way) const
     {
-        if (by.least < range.least)
-            range.least = by.least;
-        if (by.most > range.most)
-            range.most = by.most;
+        const Wide sine = abs(cross(one.direction, next.direction)) /
+                          (length_of(one.direction) * length_of(next.direction));
+        return dot(one.direction, next.direction) > 0.0 && !(sine * way > request_.reach);
+    }
+
+    // Whether the line at an end of a range meets the boundary at its ends only.
+    bool is_clear(const SpanEnd& end, bool arrives, const std::vector<double>& ahead,
+                  const std::vector<double>& behind) const
+    {
+        if (!end.at_rim)
+            return true;
+        const Rim& rim = rims_[end.rim];
+        const std::size_t line = arrives ? 0 : 1;
+        return !(length_of(rim.ahead[line]) - ahead[end.rim] > request_.reach) &&
+               !(length_of(rim.behind[line]) - behind[end.rim] > request_.reach);
     }
 
     PointLines finished()
@@ -311,13 +363,15 @@ private:
         PointLines all;
         all.lines = std::move(exact_);
         all.lines.insert(all.lines.end(), beside_.begin(), beside_.end());
-        std::sort(ranges_.begin(), ranges_.end(),
-                  [](const AreaRange& a, const AreaRange& b) { return a.least < b.least; });
-        for (const AreaRange& range : ranges_) {
-            if (all.ranges.empty() || range.least > all.ranges.back().most + rim_)
-                all.ranges.push_back(range);
-            else
-                extend(all.ranges.back(), range);
+        const std::vector<double> ahead = clear_ways(&Rim::ahead);
+        const std::vector<double> behind = clear_ways(&Rim::behind);
+        for (const Span& span : spans_) {
+            const bool begin_is_had = is_clear(span.begin, false, ahead, behind);
+            const bool end_is_had = is_clear(span.end, true, ahead, behind);
+            const bool sinks = span.end.right < span.begin.right;
+            all.ranges.push_back(sinks
+                                     ? AreaRange{span.end.right, span.begin.right, end_is_had, begin_is_had}
+                                     : AreaRange{span.begin.right, span.end.right, begin_is_had, end_is_had});
         }
         return all;
     }
@@ -332,7 +386,8 @@ private:
     Wide rim_;
     std::vector<Chord> exact_;
     std::vector<Chord> beside_;
-    std::vector<AreaRange> ranges_;
+    std::vector<Rim> rims_;
+    std::vector<Span> spans_;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "boundary/local_ring.h"
+#include "lines/area_ranges.h"
 #include "lines/chord.h"
 #include "numbers/wide.h"
 
@@ -15,13 +16,8 @@ struct PointRequest {
     WidePoint first;               ///< a direction; the lines come in their order clockwise from it
     Wide on_right;                 ///< area on the right of the line, local units
     Wide granted;                  ///< by how much a line may miss it, local units
+    Wide reach;                    ///< a vertex so near to a line lies on it, local units
     bool request_on_right = true;  ///< the piece on the right is the one that should hold the request
-};
-
-/// Areas that a line through a point can have on its right, from the one to the other, without a gap.
-struct AreaRange {
-    Wide least;
-    Wide most;
 };
 
 struct PointLines {
@@ -30,7 +26,7 @@ struct PointLines {
     /// first meets the boundary, ahead of the point and behind it; some of the lines may touch it on their way. Where
     /// the area stays as the line turns, the first, the middle and the last line stand for all of them.
     std::vector<Chord> lines;
-    std::vector<AreaRange> ranges;  ///< in their order, apart from each other
+    std::vector<AreaRange> ranges;  ///< areas on the right of all lines, in no order, overlapping
 };
 
 /// A line turns once around the point. Between two of the directions in which it meets a vertex, it ends on the same

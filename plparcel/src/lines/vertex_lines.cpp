@@ -84,4 +84,22 @@ std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::siz
     return lines;
 }
 
+std::vector<AreaRange> areas_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
+                                         const Wide& reach)
+{
+    const WidePoint& start = ring.at(vertex);
+    std::vector<Wide> swept = {0.0, 0.0};  // up to each side's first end
+    for (std::size_t k = 1; k + 1 < ring.size(); ++k)
+        swept.push_back(swept.back() +
+                        cross(ring.at(vertex + k) - start, ring.at(vertex + k + 1) - start) * (0.5 * turn));
+    const auto area_up_to = [&](const Sight& sight) {
+        return swept[sight.side] + (swept[sight.side + 1] - swept[sight.side]) * sight.part;
+    };
+    std::vector<AreaRange> ranges;
+    for (const SeenPart& part : all_seen_from(ring, turn, vertex, reach))
+        ranges.push_back(
+            {area_up_to(part.begin), area_up_to(part.end), part.begin_is_clear, part.end_is_clear});
+    return ranges;
+}
+
 }  // namespace plparcel

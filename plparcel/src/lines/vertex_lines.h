@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "boundary/local_ring.h"
+#include "lines/area_ranges.h"
 #include "lines/chord.h"
 
 namespace plparcel {
@@ -31,5 +32,11 @@ std::vector<Chord> lines_from_vertex(const LocalRing& ring, double turn, std::si
 /// @return the lines; their sides are those of the ring without that vertex
 std::vector<Chord> lines_from_place(const LocalRing& ring, double turn, std::size_t side,
                                     const WidePoint& place, const Wide& after_from, const Wide& granted);
+
+/// All areas that lines from the vertex leave next to the side after it, local units, in no order.
+///
+/// @param[in] reach  a vertex so near to a line lies on it, local units
+std::vector<AreaRange> areas_from_vertex(const LocalRing& ring, double turn, std::size_t vertex,
+                                         const Wide& reach);
 
 }  // namespace plparcel

@@ -53,7 +53,98 @@ public:
         return seen_;
     }
 
+    std::vector<SeenPart> all_parts(const Wide& reach)
+    {
+        const std::vector<std::size_t> vertices = around_the_vertex();
+        std::vector<Direction> directions;
+        std::vector<std::size_t> sides;  // seen from each direction on
+        start(vertices);
+        for (std::size_t i = 0; i < vertices.size();) {
+            Direction direction = {points_[vertices[i]], vertices[i], {}};
+            std::size_t next = i;
+            for (; next < vertices.size() && !comes_before_(direction.towards, points_[vertices[next]]);
+                 ++next)
+                if (distance_to(vertices[next]) < distance_to(direction.nearest))
+                    direction.nearest = vertices[next];
+            pass(vertices, i, next);
+            directions.push_back(direction);
+            sides.push_back(row_.empty() ? 0 : *row_.begin());
+            i = next;
+        }
+        clear_ways(directions, reach);
+        std::vector<SeenPart> parts;
+        for (std::size_t i = 0; i + 1 < directions.size(); ++i) {
+            // Side 0 begins at the vertex itself: nothing is seen there, but for rounding.
+            if (sides[i] == 0)
+                continue;
+            const Sight end = sight_of(sides[i], directions[i + 1]);
+            const bool end_is_clear = is_clear(sides[i], directions[i + 1], reach);
+            if (i > 0 && sides[i - 1] == sides[i]) {
+                parts.back().end = end;
+                parts.back().end_is_clear = end_is_clear;
+            } else {
+                parts.push_back({sight_of(sides[i], directions[i]), end,
+                                 is_clear(sides[i], directions[i], reach), end_is_clear});
+            }
+        }
+        return parts;
+    }
+
 private:
+    // A direction in which vertices lie.
+    struct Direction {
+        WidePoint towards;
+        std::size_t nearest;
+        Wide clear;  // so far a line in that direction meets no vertex
+    };
+
+    Wide distance_to(std::size_t vertex) const { return length_of(points_[vertex]); }
+    static Wide length_of(const WidePoint& v) { return sqrt(dot(v, v)); }
+
+    // How far a vertex lies off the line in a direction.
+    Wide off(std::size_t vertex, const WidePoint& direction) const
+    {
+        return abs(cross(direction, points_[vertex])) / length_of(direction);
+    }
+
+    // Directions so near each other that a line in one of them touches the vertices of the next count as one.
+    void clear_ways(std::vector<Direction>& directions, const Wide& reach) const
+    {
+        const auto is_beside = [&](const Direction& a, const Direction& b) {
+            return dot(a.towards, b.towards) > 0.0 &&
+                   (!(off(a.nearest, b.towards) > reach) || !(off(b.nearest, a.towards) > reach));
+        };
+        for (std::size_t i = 0; i < directions.size();) {
+            std::size_t end = i + 1;
+            Wide nearest = distance_to(directions[i].nearest);
+            for (; end < directions.size() && is_beside(directions[end - 1], directions[end]); ++end)
+                if (distance_to(directions[end].nearest) < nearest)
+                    nearest = distance_to(directions[end].nearest);
+            for (; i < end; ++i)
+                directions[i].clear = nearest;
+        }
+    }
+
+    // Where a line in a direction meets a side.
+    Sight sight_of(std::size_t side, const Direction& direction) const
+    {
+        const Wide off_a = cross(direction.towards, points_[side]);
+        const Wide off_b = cross(direction.towards, points_[side + 1]);
+        if (direction.nearest == side)
+            return {side, 0.0};
+        if (direction.nearest == side + 1)
+            return {side, 1.0};
+        const Wide part = off_a / (off_a - off_b);
+        return {side, part < 0.0 ? Wide(0.0) : (part > 1.0 ? Wide(1.0) : part)};
+    }
+
+    bool is_clear(std::size_t side, const Direction& direction, const Wide& reach) const
+    {
+        const Sight sight = sight_of(side, direction);
+        const WidePoint& a = points_[side];
+        return !(length_of(a + (points_[side + 1] - a) * sight.part) - direction.clear > reach);
+    }
+
     using Row = std::multiset<std::size_t, IsNearer>;
 
     // A vertex seen from the one that looks; a clockwise ring is mirrored, so that every ring runs anticlockwise.
@@ -176,6 +267,11 @@ std::vector<bool> seen_from(const LocalRing& ring, double turn, std::size_t vert
                             const std::vector<Sight>& places)
 {
     return RaySweep(ring, turn, vertex).run(places);
+}
+
+std::vector<SeenPart> all_seen_from(const LocalRing& ring, double turn, std::size_t vertex, const Wide& reach)
+{
+    return RaySweep(ring, turn, vertex).all_parts(reach);
 }
 
 }  // namespace plparcel

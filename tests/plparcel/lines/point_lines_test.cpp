@@ -36,7 +36,9 @@ PointLines through(const Ring& ring, const PL_PNT2D_record& p, double on_right,
     request.first = {first.x, first.y};
     request.on_right = on_right;
     request.granted = granted;
-    return lines_through_point(local, measured.turn(), request);
+    PointLines found = lines_through_point(local, measured.turn(), request);
+    found.ranges = united(found.ranges, local.area_to_local(measured.area()), 0.0);
+    return found;
 }
 
 struct Segment {

@@ -1,0 +1,366 @@
+// What could be asked instead: the amounts that a line can cut off, and the lines that can cut off an amount.
+
+#include "plparcel/feasible.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "plparcel/extent.h"
+#include "support/bits.h"
+#include "support/parcel_kinds.h"
+#include "support/rings.h"
+
+namespace {
+
+using plparcel::Alternative;
+using plparcel::Alternatives;
+using plparcel::AmountRange;
+using plparcel::Cut;
+using plparcel::divide;
+using plparcel::Feasible;
+using plparcel::Line;
+using plparcel::Measured;
+using plparcel::NearestAmounts;
+using plparcel::parallel_to;
+using plparcel::Parcel;
+using plparcel::perpendicular_to;
+using plparcel::Pieces;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::Status;
+using plparcel::through_place;
+using plparcel::through_point;
+using plparcel::through_vertex;
+
+//   5 --- 4            11-10    7--6   5--4(90,50)      3 ------- 2
+//   |     |             |  |    |  |   |  |             |         |
+//   |     3 --- 2       |  9----8  7---6  |             |         |
+//   |           |       |                 |             |         |
+//   0 --------- 1       0 --------------- 1             0 ------- 1
+const Ring kEl = {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 100}, {0, 100}};                 // 7500
+const Ring kU = {{0, 0}, {90, 0}, {90, 50}, {60, 50}, {60, 20}, {30, 20}, {30, 50}, {0, 50}};  // 3600
+const Ring kSquare = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+
+constexpr Measured kFar = Measured::opposite;
+
+// "0..1800) [2500..3600": a bracket where an end is had.
+std::string said(const Feasible& feasible)
+{
+    if (feasible.refusal)
+        return describe(*feasible.refusal);
+    std::ostringstream text;
+    for (const AmountRange& range : feasible.ranges)
+        text << (text.tellp() > 0 ? " " : "") << (range.least_is_had ? "[" : "(") << range.least << " "
+             << range.most << (range.most_is_had ? "]" : ")");
+    return text.str();
+}
+
+std::string ranges(const Ring& ring, const Line& line, Measured measured = Measured::from_reference)
+{
+    return said(feasible({ring, {}}, line, measured));
+}
+
+TEST(Feasible, ParallelsAndPerpendiculars)
+{
+    EXPECT_EQ(ranges(kSquare, parallel_to(0)), "(0 10000)");
+    EXPECT_EQ(ranges(kEl, parallel_to(0)), "(0 7500)");
+    // Side 2 runs along the inner corner. Lines below it leave the upper part to its piece, 2500 and more; the line at its
+    // level touches it.
+    EXPECT_EQ(ranges(kEl, parallel_to(2)), "(2500 7500)");
+    EXPECT_EQ(ranges(kEl, parallel_to(2), kFar), "(0 5000)");
+    // The U: below its inner side 1800, and then one of two legs, 900 each, less what is cut off.
+    EXPECT_EQ(ranges(kU, parallel_to(0)), "(0 1800) [2700 3600)");
+    EXPECT_EQ(ranges(kU, parallel_to(0), kFar), "(0 900] (1800 3600)");
+    EXPECT_EQ(ranges(kU, parallel_to(2)), "(0 900] (1800 3600)") << "the top of a leg";
+    EXPECT_EQ(ranges(kU, parallel_to(4)), "(1800 3600)") << "the inner side, with both legs";
+    EXPECT_EQ(ranges(kU, parallel_to(4), kFar), "(0 1800)");
+    EXPECT_EQ(ranges(kU, perpendicular_to(0)), "(0 3600)");
+    EXPECT_EQ(ranges(kU, plparcel::at_bearing(100)), "(0 1800) [2700 3600)")
+        << "East: what is asked is below";
+    EXPECT_EQ(ranges(kU, plparcel::along_segment({500, 7}, {400, 7})), "(0 900] (1800 3600)");
+}
+
+TEST(Feasible, FromAVertexOrAPlace)
+{
+    EXPECT_EQ(ranges(kSquare, through_vertex(0)), "(0 10000)");
+    // From (0, 0) of the L all but what the inner corner hides: up to it lie 5000 - 1250, and beyond it nothing is hidden,
+    // since it lies on the diagonal.
+    EXPECT_EQ(ranges(kEl, through_vertex(0)), "(0 7500)");
+    // From (100, 0) to the inner corner: 1250. The line on beyond it touches it, and runs to (0, 100), which leaves 2500.
+    EXPECT_EQ(ranges(kEl, through_vertex(1)), "(0 1250] (2500 7500)");
+    EXPECT_EQ(ranges(kEl, through_vertex(1), kFar), "(0 5000) [6250 7500)");
+    EXPECT_EQ(ranges(test::reversed(kEl), through_vertex(5)), "(0 5000) [6250 7500)") << "clockwise";
+    EXPECT_EQ(ranges(kSquare, through_place(0, 50)), "(0 10000)");
+    EXPECT_EQ(ranges(kSquare, through_point({50, 0})), "(0 10000)");
+    EXPECT_EQ(ranges(kSquare, through_place(0, 0)), "(0 10000)") << "a place at a vertex";
+}
+
+TEST(Feasible, ThroughAPointInside)
+{
+    EXPECT_EQ(ranges(kSquare, through_point({25, 25})), "[1250 8750]");
+    EXPECT_EQ(ranges(kSquare, through_point({50, 50})), "[5000 5000]");
+    EXPECT_EQ(ranges(kSquare, through_point({150, 50})), describe(Status::point_outside));
+}
+
+TEST(Feasible, AnyNumberOfPieces)
+{
+    const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    EXPECT_EQ(said(feasible({kU, {}}, parallel_to(0), kFar, Pieces::any)), "(0 3600)");
+    EXPECT_EQ(said(feasible(holed, parallel_to(2, 1), kFar, Pieces::any)), "(0 6400)");
+    EXPECT_EQ(said(feasible({kU, {}}, through_vertex(0), kFar, Pieces::any)),
+              describe(Status::only_two_pieces));
+}
+
+TEST(Feasible, RefusesWhatDivideRefuses)
+{
+    const double nan = std::nan("");
+    EXPECT_EQ(ranges({{0, 0}, {1, 1}}, parallel_to(0)), describe(Status::unusable_boundary));
+    EXPECT_EQ(ranges(kSquare, parallel_to(4)), describe(Status::no_such_index));
+    EXPECT_EQ(ranges({{0, 0}, {0, 0}, {1, 0}, {1, 1}}, parallel_to(0)),
+              describe(Status::side_without_length));
+    EXPECT_EQ(ranges(kSquare, plparcel::at_bearing(nan)), describe(Status::no_direction));
+    EXPECT_EQ(ranges(kSquare, through_place(0, 101)), describe(Status::no_such_place));
+    Line unknown;
+    unknown.cut = static_cast<Cut>(77);
+    EXPECT_EQ(ranges(kSquare, unknown), describe(Status::unknown_request));
+    EXPECT_EQ(said(feasible({kSquare, {}}, unknown, kFar, Pieces::any)), describe(Status::unknown_request));
+    EXPECT_EQ(said(feasible({kSquare, {}}, parallel_to(0), static_cast<Measured>(7))),
+              describe(Status::unknown_request));
+    EXPECT_EQ(said(feasible({kSquare, {}}, parallel_to(9), kFar, Pieces::any)),
+              describe(Status::no_such_index));
+    EXPECT_EQ(feasible({kSquare, {}}, parallel_to(9)).parcel, 10000.0);
+}
+
+TEST(Feasible, NearestAmounts)
+{
+    const std::vector<AmountRange> some = {{0, 1800, false, false}, {2700, 3600, true, false}};
+    const NearestAmounts between = nearest_amounts(some, 2000);
+    EXPECT_EQ(between.below, 1800.0);
+    EXPECT_FALSE(between.below_is_had);
+    EXPECT_EQ(between.above, 2700.0);
+    EXPECT_TRUE(between.above_is_had);
+    EXPECT_EQ(nearest_amounts(some, 100).below, 100.0);
+    EXPECT_EQ(nearest_amounts(some, 2700).above, 2700.0);
+    EXPECT_EQ(nearest_amounts(some, 1800).above, 2700.0) << "the end itself is not had";
+    EXPECT_EQ(nearest_amounts(some, 1800).below, 1800.0);
+    EXPECT_FALSE(nearest_amounts(some, 1800).below_is_had);
+    EXPECT_FALSE(nearest_amounts(some, 4000).above);
+    EXPECT_FALSE(nearest_amounts(some, -1).below);
+    EXPECT_FALSE(plparcel::nearest_amounts({}, 1).below);
+}
+
+std::string said(const Alternatives& found)
+{
+    if (found.refusal)
+        return describe(*found.refusal);
+    const char* const kinds = "|+v";
+    std::string text;
+    for (const Alternative& line : found.lines)
+        text += (text.empty() ? "" : " ") + std::string(1, kinds[static_cast<int>(line.line.cut)]) +
+                std::to_string(line.line.index) + (line.measured == kFar ? "'" : "");
+    return text;
+}
+
+TEST(Feasible, Alternatives)
+{
+    // Of the U 2200, which a line along the bottom cannot hold below it.
+    const Alternatives found = alternatives_for({kU, {}}, plparcel::area(2200));
+    EXPECT_EQ(found.of, 24U);
+    EXPECT_EQ(found.looked_at, 24U);
+    for (const Alternative& line : found.lines) {
+        Request request;
+        request.line = line.line;
+        request.measured = line.measured;
+        request.amounts = {plparcel::area(2200)};
+        EXPECT_EQ(divide(kU, request).status, Status::divided) << said(found);
+        EXPECT_LT(line.range.least, 2200.0);
+        EXPECT_GT(line.range.most, 2200.0);
+    }
+    // The bottom holds it beyond the line only, the first leg's outer side too; from the corners 2 and 7 the inner
+    // corners hide the lines.
+    EXPECT_EQ(said(found), "|0' +0 |1 +1 |7 +7' |2 +2 |3 +3' |4 +4 |5 +5 |6 +6 v0 v1' v3 v4 v5 v6'");
+    EXPECT_EQ(alternatives_for({kU, {}}, plparcel::area(2200), kFar, 2).looked_at, 2U);
+    EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::area(3600))), describe(Status::amount_too_large));
+    EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::width(5))), describe(Status::unknown_request));
+    EXPECT_EQ(said(alternatives_for({{{0, 0}, {1, 1}}, {}}, plparcel::area(1))),
+              describe(Status::unusable_boundary));
+    // Vertex 1 stands twice.
+    const Ring repeated = {{0, 0}, {100, 0}, {100, 0}, {100, 100}, {0, 100}};
+    EXPECT_EQ(alternatives_for({repeated, {}}, plparcel::area(2200)).of, 12U);
+}
+
+TEST(Feasible, LooksAtNoMoreLinesThanItSays)
+{
+    std::mt19937_64 random = test::random_source();
+    const Parcel many = {test::star_ring(random, 2500, 1000.0), {}};
+    const Alternatives found = alternatives_for(many, plparcel::share(1, 3));
+    EXPECT_EQ(found.of, 7500U);
+    EXPECT_EQ(found.looked_at, 1600U);
+}
+
+// --- against divide(), which proves what it divides; and its refusals are proven by the exact judge ---
+
+int requests()
+{
+    const char* const text = std::getenv("PLCALC_DIVISIONS");
+    return text != nullptr ? std::atoi(text) : 4000;
+}
+
+Line any_line(std::mt19937_64& random, const Ring& ring)
+{
+    std::uniform_real_distribution<double> any(0.0, 1.0);
+    const std::size_t i = random() % ring.size();
+    const PL_PNT2D_record& v = ring[random() % ring.size()];
+    const PL_PNT2D_record& w = ring[random() % ring.size()];
+    // Every other point lies between two vertices, the rest anywhere between three.
+    const PL_PNT2D_record& u = ring[random() % ring.size()];
+    const double part = any(random);
+    const double rest = random() % 2 == 0 ? 0.0 : (1.0 - part) * any(random);
+    const PL_PNT2D_record p = {v.x + part * (w.x - v.x) + rest * (u.x - v.x),
+                               v.y + part * (w.y - v.y) + rest * (u.y - v.y)};
+    switch (random() % 7) {
+    case 0:
+        return parallel_to(i);
+    case 1:
+        return perpendicular_to(i);
+    case 2:
+        return through_vertex(i);
+    case 3:
+        return plparcel::at_bearing(400.0 * any(random));
+    case 4:
+        return plparcel::along_segment(v, {w.x + 1.0, w.y + any(random)});
+    case 5:
+        return through_place(i, any(random) * std::hypot(ring[(i + 1) % ring.size()].x - ring[i].x,
+                                                         ring[(i + 1) % ring.size()].y - ring[i].y));
+    default:
+        return through_point(p);
+    }
+}
+
+std::string coordinates(const Ring& ring)
+{
+    std::ostringstream text;
+    text.precision(17);
+    for (const PL_PNT2D_record& p : ring)
+        text << " " << p.x << " " << p.y;
+    return text.str();
+}
+
+// Whether a point lies on the line through two vertices, to a billionth.
+bool is_in_line(const Ring& ring, const PL_PNT2D_record& p)
+{
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        for (std::size_t k = 0; k < i; ++k) {
+            const double off = (ring[i].x - p.x) * (ring[k].y - p.y) - (ring[i].y - p.y) * (ring[k].x - p.x);
+            if (std::fabs(off) <= 1e-9 * std::hypot(ring[i].x - p.x, ring[i].y - p.y) *
+                                      std::hypot(ring[k].x - p.x, ring[k].y - p.y))
+                return true;
+        }
+    return false;
+}
+
+bool is_inside(const Feasible& feasible, double amount, double margin)
+{
+    for (const AmountRange& range : feasible.ranges)
+        if (range.least + margin < amount && amount < range.most - margin)
+            return true;
+    return false;
+}
+
+bool is_outside(const Feasible& feasible, double amount, double margin)
+{
+    for (const AmountRange& range : feasible.ranges)
+        if (range.least - margin <= amount && amount <= range.most + margin)
+            return false;
+    return true;
+}
+
+Status status_of(const Ring& ring, const Line& line, Measured measured, double amount)
+{
+    Request request;
+    request.line = line;
+    request.measured = measured;
+    request.amounts = {plparcel::area(amount)};
+    return divide(ring, request).status;
+}
+
+TEST(Feasible, WhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(0.0, 1.0);
+    int inside = 0;
+    int outside = 0;
+    int ends = 0;
+    int too_coarse = 0;
+    for (int tried = 0; tried < requests();) {
+        const auto& kinds = test::parcel_kinds();
+        const test::ParcelKind& kind = kinds[random() % kinds.size()];
+        const Ring ring = random() % 4 == 0 ? test::stepped_ring(random, 4, 100.0) : kind.make(random);
+        const Line line = any_line(random, ring);
+        const auto measured = static_cast<Measured>(random() % 2);
+        const Feasible feasible = plparcel::feasible({ring, {}}, line, measured);
+        if (feasible.refusal) {
+            EXPECT_EQ(*feasible.refusal, status_of(ring, line, measured, 0.5));
+            ++tried;
+            continue;
+        }
+        const double margin = 2e-9 * feasible.parcel +
+                              8.0 * plparcel::coordinate_spacing(ring) * plparcel::extent_of(ring).largest();
+        std::vector<double> amounts;
+        for (int i = 0; i < 4; ++i)
+            amounts.push_back(any(random) * feasible.parcel);
+        for (const AmountRange& range : feasible.ranges)  // near the ends, where a mistake would be
+            for (const double off : {-1.5 * margin, 1.5 * margin})
+                for (const double end : {range.least, range.most})
+                    amounts.push_back(end + off);
+        for (const double amount : amounts) {
+            if (!(amount > 3e-9 * feasible.parcel) || !(amount < (1.0 - 3e-9) * feasible.parcel))
+                continue;
+            const bool is_in = is_inside(feasible, amount, margin);
+            if (!is_in && !is_outside(feasible, amount, margin))
+                continue;
+            ++tried;
+            const Status status = status_of(ring, line, measured, amount);
+            too_coarse += status == Status::not_reached ? 1 : 0;
+            if (status == Status::not_reached)
+                continue;
+            (is_in ? inside : outside) += 1;
+            EXPECT_EQ(status == Status::divided, is_in)
+                << kind.name << " cut " << static_cast<int>(line.cut) << " index " << line.index
+                << " bearing " << line.bearing << " amount " << amount << " of " << feasible.parcel << ": "
+                << describe(status) << "; " << said(feasible);
+        }
+        if (line.cut == Cut::through_point && is_in_line(ring, line.a))
+            continue;
+        for (const AmountRange& range : feasible.ranges) {
+            for (const bool least : {true, false}) {
+                const double amount = least ? range.least : range.most;
+                if (!(amount > 3e-9 * feasible.parcel) || !(amount < (1.0 - 3e-9) * feasible.parcel))
+                    continue;
+                ++tried;
+                ++ends;
+                const Status status = status_of(ring, line, measured, amount);
+                if (status == Status::not_reached)
+                    continue;
+                const bool is_had = least ? range.least_is_had : range.most_is_had;
+                if (!is_had && line.cut == Cut::through_point)
+                    continue;  // a line beside it may hold the amount nearly
+                EXPECT_EQ(status == Status::divided, is_had)
+                    << "end " << amount << " of " << said(feasible) << " " << kind.name << " cut "
+                    << static_cast<int>(line.cut) << " index " << line.index << ": " << describe(status)
+                    << coordinates(ring);
+            }
+        }
+    }
+    std::printf("%d inside, %d outside, %d ends, %d too coarse\n", inside, outside, ends, too_coarse);
+    EXPECT_LT(too_coarse, requests() / 50);
+}
+
+}  // namespace
