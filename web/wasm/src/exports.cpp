@@ -12,6 +12,7 @@
 #include "packed.h"
 #include "plcalc/survey.h"
 #include "plparcel/division.h"
+#include "plparcel/feasible.h"
 #include "pointed_at.h"
 
 #ifdef __wasm__
@@ -263,7 +264,8 @@ PLC_EXPORT(plc_amounts_through) void plc_amounts_through()
 {
     PackedReader from(input());
     const Ring ring = from.ring();
-    const std::vector<plparcel::AmountRange> ranges = plparcel::amounts_through(ring, from.point());
+    const std::vector<plparcel::AmountRange> ranges =
+        plparcel::feasible({ring, {}}, plparcel::through_point(from.point())).ranges;
     PackedWriter to(result());
     to.count(ranges.size());
     for (const plparcel::AmountRange& range : ranges) {
