@@ -1,39 +1,10 @@
-# CPack: the packages that `cpack` makes of an installation.
+# CPack: one .tar.gz of an installation. Debian's packages are made from debian/.
 
 set(CPACK_PACKAGE_NAME plcalc)
 set(CPACK_PACKAGE_VENDOR "The plcalc developers")
 set(CPACK_PACKAGE_CONTACT "The plcalc developers <maintainers@plcalc.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_GENERATOR DEB TGZ)
+set(CPACK_GENERATOR TGZ)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# One .deb for each component, one .tar.gz of all. They depend on each other in one version.
-set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-  ${PROJECT_BINARY_DIR} ${PROJECT_BINARY_DIR}/plutil ${PROJECT_BINARY_DIR}/plparcel ${PROJECT_BINARY_DIR}/c)
-set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PLUTIL_PACKAGE_NAME plutil)
-set(CPACK_DEBIAN_PLCALC_PACKAGE_NAME plcalc)
-set(CPACK_DEBIAN_PLPARCEL_PACKAGE_NAME plparcel)
-set(CPACK_DEBIAN_PLCALC_C_PACKAGE_NAME plcalc-c)
-set(CPACK_DEBIAN_TOOL_PACKAGE_NAME plcalc-tool)
-set(CPACK_DEBIAN_PLUTIL_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLCALC_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLPARCEL_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PLCALC_C_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
-set(CPACK_COMPONENT_PLUTIL_DESCRIPTION "Companion of plcalc: point container, angles in gons.")
-set(CPACK_COMPONENT_PLCALC_DESCRIPTION
-  "Plane surveying and land parcels: points, lines, arcs, set-out, areas, and the division of a parcel.
-Results are defined to the last bit.")
-set(CPACK_COMPONENT_PLPARCEL_DESCRIPTION "Divides a parcel with proof, or says why not; over plcalc.")
-set(CPACK_COMPONENT_PLCALC_C_DESCRIPTION "Calls plcalc and plparcel from C, C#, Java and others.")
-set(CPACK_COMPONENT_TOOL_DESCRIPTION "Divides and measures parcels of any vector format, with plcalc.")
-set(CPACK_COMPONENT_PLCALC_DEPENDS plutil)
-set(CPACK_COMPONENT_PLPARCEL_DEPENDS plcalc)
-set(CPACK_COMPONENT_PLCALC_C_DEPENDS plparcel)
-set(CPACK_COMPONENT_TOOL_DEPENDS plcalc plparcel)
 include(CPack)
