@@ -266,7 +266,7 @@ void ParallelTrials::settle_by_bearing(TrialLine& line, double low, double high)
 }
 
 // With which of the vertices that clearly face one way a line's bearing agrees.
-ParallelTrials::Agreement ParallelTrials::agreement(double line_gon, BaseOffset::Facing way) const noexcept
+ParallelTrials::Agreement ParallelTrials::agreement(double line_gon, BaseOffset::Facing way) noexcept
 {
     if (way != seam_way_) {
         const double apart = std::fabs(line_gon - normal_gon(way));
@@ -314,7 +314,8 @@ void ParallelTrials::settle(TrialLine& line, BaseOffset::Facing way, const SideI
     }
 }
 
-double ParallelTrials::bearing_tells_from(double gon) const noexcept
+// How far from the base line a vertex must be for a line's bearing to agree with all like it on one side, or with none.
+double ParallelTrials::bearing_tells_from(double gon) noexcept
 {
     const bool beside_axis =
         std::min(std::fabs(a_), std::fabs(b_)) <= kLeanOffAxis * std::max(std::fabs(a_), std::fabs(b_));
@@ -331,11 +332,16 @@ double ParallelTrials::bearing_tells_from(double gon) const noexcept
     return std::max(near_base_, (std::fabs(a_) + std::fabs(b_)) * off);
 }
 
-double ParallelTrials::normal_gon(BaseOffset::Facing way) const noexcept
+double ParallelTrials::normal_gon(BaseOffset::Facing way) noexcept
 {
-    const double size =
-        std::max(std::fabs(a_), std::fabs(b_)) * (way == BaseOffset::Facing::kAlongNormal ? 1 : -1);
-    return direction_gon({0.0, 0.0}, {a_ / size, b_ / size});
+    if (!normals_known_) {
+        const double size = std::max(std::fabs(a_), std::fabs(b_));
+        const PL_PNT2D_record unit = {a_ / size, b_ / size};
+        along_gon_ = direction_gon({0.0, 0.0}, unit);
+        against_gon_ = direction_gon(unit, {0.0, 0.0});
+        normals_known_ = true;
+    }
+    return way == BaseOffset::Facing::kAlongNormal ? along_gon_ : against_gon_;
 }
 
 std::int32_t ParallelTrials::kept_until(const TrialLine& line, std::int32_t at) const noexcept
@@ -413,7 +419,7 @@ TrialLine ParallelTrials::any_line_between(double low, double high, bool drops_b
 
 // A bearing near the base line is that of its normal, or its smaller step counts as zero, or both: then it lies on
 // an axis. On the way of the seam all bearings must lie on one side of the jump.
-double ParallelTrials::few_bearings_from(double farthest) const noexcept
+double ParallelTrials::few_bearings_from(double farthest) noexcept
 {
     const bool jumps = seam_way_ != BaseOffset::Facing::kUnclear &&
                        !(seen_past_0_ > farthest || seen_below_400_ < near_base_);

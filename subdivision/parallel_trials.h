@@ -106,7 +106,7 @@ public:
     /// they are, on their side. Infinite when that cannot be told.
     ///
     /// @param[in] farthest  of the vertices and lines that are asked about
-    double few_bearings_from(double farthest) const noexcept;
+    double few_bearings_from(double farthest) noexcept;
 
     /// Position of the closing point.
     std::int32_t last() const noexcept { return last_; }
@@ -171,12 +171,12 @@ private:
     void settle_by_facing(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts) noexcept;
     void settle_by_bearing(TrialLine& line, double low, double high) noexcept;
     SideIndex::Range with_base(double low, double high, double off) const noexcept;
-    double bearing_tells_from(double gon) const noexcept;
-    Agreement agreement(double line_gon, BaseOffset::Facing way) const noexcept;
+    double bearing_tells_from(double gon) noexcept;
+    Agreement agreement(double line_gon, BaseOffset::Facing way) noexcept;
     void settle(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts,
                 Agreement with) const noexcept;
     SideIndex::Range offsets_between(BaseOffset::Facing way, double near, double far) const noexcept;
-    double normal_gon(BaseOffset::Facing way) const noexcept;
+    double normal_gon(BaseOffset::Facing way) noexcept;
 
     double a_;
     double b_;
@@ -194,6 +194,10 @@ private:
     double vertex_margin_ = 0.0;
     double margin_ = 0.0;     // a constant that is nearer to the line's decides nothing
     double near_base_ = 0.0;  // a line whose constant is nearer to the base line's faces no clear way
+
+    bool normals_known_ = false;
+    double along_gon_ = 0.0;    // bearing of the normal, once known,
+    double against_gon_ = 0.0;  // and of its opposite
 
     // The way on which bearings may jump at 0/400, if any. Vertices nearer to the base line than the first are seen
     // at 0 or a little more, those farther than the second a little below 400; by their constants.
