@@ -26,17 +26,18 @@ struct Fan {
     double anchor;
 };
 
+// Both edges start in the direction of point 1, at 0.
 void widen(Fan& fan, double turned, bool clockwise)
 {
     if (clockwise) {
-        if (turned <= 0.0 && turned < fan.open)
+        if (turned < fan.open)
             fan.open = turned;
-        if (turned > 0.0 && turned > fan.anchor)
+        if (turned > fan.anchor)
             fan.anchor = turned;
     } else {
-        if (turned >= 0.0 && turned > fan.open)
+        if (turned > fan.open)
             fan.open = turned;
-        if (turned < 0.0 && turned < fan.anchor)
+        if (turned < fan.anchor)
             fan.anchor = turned;
     }
 }
@@ -59,10 +60,11 @@ public:
         const Fan fan = open_fan(clockwise);
         double wide = fan.open;      // a wedge up to here holds too much
         double narrow = fan.anchor;  // up to here too little
+        const double anchor_gon = LimiteAng0_400(first_gon + fan.anchor);
         for (int wedges = 1; wedges < kMaxWedges && !cut_.Trovato; ++wedges) {
             const double ray = (wide + narrow) * 0.5;
             cut_.AngAmpiezza = std::fabs(ray - fan.anchor);
-            cut_.AngInizio = LimiteAng0_400(first_gon + (clockwise ? ray : fan.anchor));
+            cut_.AngInizio = clockwise ? LimiteAng0_400(first_gon + ray) : anchor_gon;
             lay((first_gon + ray) * kRayRadPerGon);
             cut_off();
             const PartialPolygon::Verdict verdict = piece_.against(cut_.AreaRichiesta);

@@ -44,7 +44,7 @@ public:
     void lay_wedge(double start_gon, double width_gon) noexcept;
 
     /// Whether the line along the ray meets the side that ends at a position, 2 to n - 1, and where.
-    bool meets_side(std::int32_t at, PL_PNT2D_record& crossing) const noexcept
+    bool meets_side(std::int32_t at, PL_PNT2D_record& crossing) noexcept
     {
         const Place place = place_of(at);
         if (place != Place::kNear && place == place_of(at - 1))
@@ -95,9 +95,9 @@ private:
         return off < kHalfTurn ? Place::kLeft : Place::kRight;
     }
 
-    bool meets_near_side(std::int32_t at, PL_PNT2D_record& crossing) const noexcept;
+    bool meets_near_side(std::int32_t at, PL_PNT2D_record& crossing) noexcept;
     bool in_wedge_by_gons(double dir_gon) const noexcept;
-    void know_clearances() noexcept;
+    void see_points() noexcept;
 
     std::vector<PL_PNT2D_record> points_;
     std::vector<Seen> seen_;
@@ -105,6 +105,9 @@ private:
     PL_IMP_LINE_2D_record line_ = {};
     Turn ray_ = 0;
     bool ray_known_ = false;  // as a part of a turn
+
+    std::int32_t met_at_ = 0;  // the side asked about last; as a rule the next ray meets it too
+    PL_IMP_LINE_2D_record met_line_ = {};
 
     double start_gon_ = 0.0;
     double width_gon_ = 0.0;
