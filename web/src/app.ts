@@ -412,7 +412,9 @@ export class App {
         window.addEventListener('beforeprint', () => (find('sheet').innerHTML = this.answer.division?.divided ? planSvg(this.wanted()) : ''));
         window.addEventListener('hashchange', () => {
             const given = fromAddress(location.hash);
-            if (given) this.open(given.state);
+            if (!given) return;
+            this.open(given.state);
+            this.set(given.settings);
         });
         window.addEventListener('keydown', (event) => {
             const typing = event.target instanceof HTMLInputElement || event.target instanceof HTMLTextAreaElement;

@@ -18,13 +18,16 @@ export class Numbers {
         return this.fixed(value, decimals ?? Math.max(4, this.settings.decimals));
     }
     length(value: number): string {
-        return this.fixed(value, 2);
+        return this.fixed(value, decimalsFor(value));
     }
     withUnit(text: string): string {
         return this.settings.unit ? `${text} ${this.settings.unit}` : text;
     }
-    area(value: number, decimals = 2): string {
-        const text = this.fixed(value, decimals);
+    plainArea(value: number): string {
+        return this.fixed(value, decimalsFor(value));
+    }
+    area(value: number): string {
+        const text = this.plainArea(value);
         return this.settings.unit ? `${text} ${this.settings.unit}²` : text;
     }
     angle(gon: number, decimals = kAngleDecimals): string {
@@ -53,6 +56,12 @@ export class Numbers {
         const minutes = Math.floor(tenths / 600) % 60;
         return `${Math.floor(tenths / 36000)}°${String(minutes).padStart(2, '0')}′${seconds.toFixed(1).padStart(4, '0')}″`;
     }
+}
+
+// Two, or as many as leave three digits of a small number.
+function decimalsFor(value: number): number {
+    const small = value > 0 && value < 1;
+    return small ? Math.min(17, Math.max(2, 2 - Math.floor(Math.log10(value)))) : 2;
 }
 
 /** The largest of 1, 2, 5 times a power of ten that is not above the value. */

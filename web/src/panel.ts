@@ -263,7 +263,7 @@ export class Panel {
         text('refusal-text', `${which}${reasonText(boundary ? report.status : division.status, division.reason)}${where}`);
         const whole = ranges.length === 1 && (ranges[0]?.least ?? 0) <= 0 && (ranges[0]?.most ?? 0) >= report.area;
         const single = ['area', 'share'].includes(state.asked.mode);
-        const list = ranges.slice(0, 4).map(({ least, most }) => (most - least <= 1e-9 * report.area ? numbers.area(least) : t('rangeTo', numbers.fixed(least, 2), numbers.area(most)))).join(t('or'));
+        const list = ranges.slice(0, 4).map(({ least, most }) => (most - least <= 1e-9 * report.area ? numbers.area(least) : t('rangeTo', numbers.plainArea(least), numbers.area(most)))).join(t('or'));
         text('refusal-range', ranges.length > 0 && !whole && single ? t('canHave', list + (ranges.length > 4 ? ' …' : '')) : '');
     }
 
@@ -283,9 +283,9 @@ export class Panel {
             find(id).replaceChildren(...rows);
         };
         find('pieces-head').replaceChildren(cells([t('piece'), t('area'), t('share'), t('asked')], true));
-        body('pieces', pieces.slice(0, kMostRows).map((piece) => cells([piece.name, numbers.fixed(piece.area, 2), numbers.percent(piece.area, whole),
-            piece.amount === last && !isParts(answer) ? t('rest') : numbers.fixed(piece.asked, 2)], false, pieceColor(piece.amount))), pieces.length - kMostRows);
-        const sum = cells([t('sum'), numbers.fixed(whole, 2), '', ''], false);
+        body('pieces', pieces.slice(0, kMostRows).map((piece) => cells([piece.name, numbers.plainArea(piece.area), numbers.percent(piece.area, whole),
+            piece.amount === last && !isParts(answer) ? t('rest') : numbers.plainArea(piece.asked)], false, pieceColor(piece.amount))), pieces.length - kMostRows);
+        const sum = cells([t('sum'), numbers.plainArea(whole), '', ''], false);
         sum.className = 'sum';
         find('pieces').append(sum);
         find('lines-head').replaceChildren(cells([t('cutLine'), t('length'), t('bearingLabel')], true));

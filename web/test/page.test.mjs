@@ -208,6 +208,8 @@ test('hostile and broken files end in a message', async () => {
         ['group.csv', 'E;N\n"1,250";2\n3.5;4\n5;6\n', /"1,250" is not a number/],
         ['bad.geojson', '{"type":', /GeoJSON cannot be read/],
         ['nan.geojson', '{"type":"Polygon","coordinates":[[[0,0],[1,null],["x",1],[0,0]]]}', /not a number|GeoJSON/],
+        ['empty.geojson', '{"type":"Polygon","coordinates":[[]]}', /no closed area/],
+        ['empty.wkt', 'POLYGON EMPTY', /no closed area/],
         ['line.geojson', '{"type":"LineString","coordinates":[[0,0],[500,0]]}', /no closed area/],
         ['bad.kml', '<kml><Placemark>', /no closed area|KML/],
         ['bomb.kml', `<!DOCTYPE k [<!ENTITY a "${'a'.repeat(100)}">${Array.from({ length: 20 }, (_, i) => `<!ENTITY a${i} "${(i ? `&a${i - 1};` : '&a;').repeat(10)}">`).join('')}]><kml>&a19;</kml>`, /no closed area|KML/],

@@ -103,10 +103,10 @@ function drawTables(pen: Pen, answer: Answer, numbers: Numbers, left: number, y:
     if (!division?.divided) return;
     const shownPieces = pieces.slice(0, pieces.length > kMostRows - 1 ? kMostRows - 2 : kMostRows);
     const last = division.held.length - 1;
-    const rows = shownPieces.map((piece) => [piece.name, numbers.fixed(piece.area, 2), piece.amount === last && !isParts(answer) ? t('rest') : numbers.fixed(piece.asked, 2)]);
+    const rows = shownPieces.map((piece) => [piece.name, numbers.plainArea(piece.area), piece.amount === last && !isParts(answer) ? t('rest') : numbers.plainArea(piece.asked)]);
     const more = pieces.length - shownPieces.length;
     let x = drawTable(pen, left, y, t('pieces'), [t('piece'), t('area'), t('asked')],
-        more > 0 ? rows : [...rows, [t('sum'), numbers.fixed(answer.measures.report.area, 2), '']], more > 0 ? t('morePieces', more) : '');
+        more > 0 ? rows : [...rows, [t('sum'), numbers.plainArea(answer.measures.report.area), '']], more > 0 ? t('morePieces', more) : '');
     const someCuts = cuts.slice(0, cuts.length > kMostRows ? kMostRows - 1 : kMostRows);
     x = drawTable(pen, x, y, t('lines'), [t('cutLine'), t('length'), t('bearingLabel')],
         someCuts.map((cut) => [`${cut.from.name} – ${cut.to.name}`, numbers.length(cut.length), numbers.angle(cut.bearing)]), cuts.length > someCuts.length ? '…' : '');

@@ -46,6 +46,9 @@ const kSideText = 12;
 const kPieceText = 16;
 const kMostCornerNames = 400;
 
+// No figure fits a side that is shorter on the screen.
+const kShortestLabelled = 16;
+
 class Scene {
     private readonly places: LabelPlaces;
     private readonly rings: readonly (readonly XY[])[];
@@ -236,9 +239,11 @@ class Scene {
             ring.forEach((from, i) => {
                 const to = ring[(i + 1) % ring.length] as Point;
                 const side = sides[i];
-                if (!side || cut.has(`${from} ${to}`)) return;
+                const [a, b] = [placed[i] as XY, placed[(i + 1) % placed.length] as XY];
+                const short = Math.hypot(b[0] - a[0], b[1] - a[1]) < this.px(kShortestLabelled);
+                if (short || !side || cut.has(`${from} ${to}`)) return;
                 const text = this.numbers.length(side.length);
-                this.alongside(placed[i] as XY, placed[(i + 1) % placed.length] as XY, text, lettering, [0.5, 0.35, 0.65], [12.5 * outward], false);
+                this.alongside(a, b, text, lettering, [0.5, 0.35, 0.65], [12.5 * outward], false);
             });
         }
     }

@@ -5,6 +5,9 @@ import proj4 from 'proj4';
 
 import { Unreadable, type NamedParcel, type Note, type Reading } from '../parcels';
 
+// Half a zone and a little more: there, lengths in UTM differ by less than a thousandth from those on the ground.
+const kWidestFromMiddle = 3.5;
+
 /** Whether all coordinates could be longitudes and latitudes. */
 export function isLonLat(parcels: readonly NamedParcel[]): boolean {
     return parcels.length > 0 && parcels.every((parcel) =>
@@ -25,9 +28,11 @@ export function projected(parcels: readonly NamedParcel[], notes: readonly Note[
             if (!Number.isFinite(east) || !Number.isFinite(north)) throw new Unreadable(['badDegrees']);
             return [east, north];
         });
+    const middle = zone * 6 - 183;
+    const far = parcels.filter((parcel) => parcel.outer.some((p) => Math.abs(p[0] - middle) > kWidestFromMiddle)).length;
     return {
         parcels: parcels.map((parcel) => ({ ...parcel, outer: move(parcel.outer), holes: parcel.holes.map(move) })),
-        notes: [...notes, ['degrees', `${zone}${south ? 'S' : 'N'}`, `EPSG:${(south ? 32700 : 32600) + zone}`]],
+        notes: [...notes, ...(far > 0 ? [['farFromZone', String(far), String(zone)] as const] : []), ['degrees', `${zone}${south ? 'S' : 'N'}`, `EPSG:${(south ? 32700 : 32600) + zone}`]],
         unit: 'm',
     };
 }

@@ -49,7 +49,8 @@ export class ParcelCollector {
 
     addRings(rings: readonly (readonly (readonly number[])[])[], name: string): void {
         const [outer = [], ...holes] = rings.map(opened);
-        this.parcels.push({ name, outer, holes });
+        if (outer.length > 0) this.parcels.push({ name, outer, holes: holes.filter((hole) => hole.length > 0) });
+        else this.left += 1;
     }
 
     addLine(line: readonly (readonly number[])[], name: string): void {

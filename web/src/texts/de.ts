@@ -50,6 +50,7 @@ export const de: Texts = {
     cutBearing: 'in der Richtung {0}', cutPlace: 'von einer Stelle der Seite {0}', cutPoint: 'durch den Punkt {0} {1}', partsText: '{0} gleiche Teile', widthText: 'Breite {0}',
 
     degrees: 'Grad, projiziert in die UTM-Zone {0} (WGS 84, {1}). Gespeicherte Koordinaten stehen in dieser Projektion, nicht in Grad.',
+    farFromZone: 'Flurstücke fern von Zone {1}, deren Flächen dort nicht die am Boden sind: {0}. Bitte einzeln öffnen.',
     crs: 'Koordinaten in {0}, als eben genommen.', noCrs: 'Kein Koordinatensystem; als eben genommen.', xEast: 'Spalten X und Y: X gilt als Ost. Ist X Nord, bitte in N und E umbenennen.',
     leftOut: 'Weggelassen, weil keine geschlossenen Flächen: {0}.', arcs: 'Weggelassen, weil Seiten Bögen sind: {0}.', cannotOpen: 'Das lässt sich nicht öffnen',
     notFinite: 'Eine Koordinate ist keine Zahl.', brokenGeoJson: 'Das GeoJSON ist nicht lesbar.', brokenKml: 'Das KML ist nicht lesbar.', brokenWkt: 'Das WKT "{0}" ist nicht lesbar.', brokenDxf: 'Die DXF-Datei ist nicht lesbar.',

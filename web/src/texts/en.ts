@@ -48,6 +48,7 @@ export const en = {
     cutBearing: 'at the bearing {0}', cutPlace: 'from a place on side {0}', cutPoint: 'through the point {0} {1}', partsText: '{0} equal parts', widthText: 'width {0}',
 
     degrees: 'Degrees, projected to UTM zone {0} (WGS 84, {1}). Save coordinates in this projection, not in degrees.',
+    farFromZone: 'Parcels far from zone {1}, whose areas there are not those on the ground: {0}. Open them by themselves.',
     crs: 'Coordinates in {0}, taken as plane.', noCrs: 'No coordinate system given; taken as plane.', xEast: 'Columns X and Y: X is taken as East. If X is North, rename them N and E.',
     leftOut: 'Left out, being no closed areas: {0}.', arcs: 'Left out, having arcs for sides: {0}.', cannotOpen: 'This cannot be opened',
     notFinite: 'A coordinate is not a number.', brokenGeoJson: 'The GeoJSON cannot be read.', brokenKml: 'The KML cannot be read.', brokenWkt: 'The WKT "{0}" cannot be read.', brokenDxf: 'The DXF cannot be read.',
