@@ -1,10 +1,10 @@
 // The page: takes what the person does, asks plparcel, and shows what came out.
 
-import { OutOfMemory, type Amount, type Plcalc, type Point } from '@plcalc/wasm';
+import { OutOfMemory, type Alternative, type Amount, type Plcalc, type Point } from '@plcalc/wasm';
 
 import OlPolygon from 'ol/geom/Polygon.js';
 
-import { answerOf, asParcel, hasDirection, measuresOf, requestOf, type Answer } from './answer';
+import { answerOf, asParcel, hasDirection, lineOf, measuresOf, requestOf, type Answer } from './answer';
 import { numberOf } from './amounts';
 import { ParcelMap, type Picked } from './drawing/map';
 import type { PlanTexts } from './drawing/plan';
@@ -14,13 +14,18 @@ import { Numbers, roundBelow, typedNumber } from './numbers';
 import { cornerName, find, Panel, sideFacts, sideName, type Range } from './panel';
 import { Unreadable, type NamedParcel, type Reading } from './parcels';
 import { readFile, readText } from './reading/read';
-import { addressOf, fromAddress, History, kDefaultSettings, kFirstAsked, type Asked, type Settings, type State } from './state';
+import { addressOf, fromAddress, History, kDefaultSettings, kFirstAsked, type Asked, type Kind, type Settings, type Spot, type State } from './state';
 import { noteText, setLanguage, t } from './texts';
 import { csvOf, dxfOf, geoJsonOf } from './writing/files';
 import { planPdf, planPng, planSvg, save, type PlanWanted } from './writing/plan_files';
 
 // Steps of a dragged area: as many to a parcel, or fewer.
 const kSnapSteps = 250;
+
+// Other lines to propose, how many to look at for them, and up to which size of a parcel.
+const kMostAlternatives = 4;
+const kLookAt = 60;
+const kMostForAlternatives = 2000;
 
 // A line through a point that is looked for from its own direction on might be missed by a rounding.
 const kLookBackGon = 0.01;
@@ -36,6 +41,8 @@ export class App {
     private dragTarget: Point | undefined;
     private hasOther = false;
     private times: number[] | undefined;
+    private lastRanges: readonly Range[] = [];
+    private rangesFor: { parcel?: NamedParcel; key?: string } = {};
 
     constructor(private readonly plcalc: Plcalc) {
         const given = fromAddress(location.hash);
@@ -49,7 +56,7 @@ export class App {
         });
         this.panel = new Panel({
             ask: (change, field) => this.ask(change, field), set: (change) => this.set(change), choose: (parcel) => this.choose(parcel),
-            example: (index) => this.open(this.exampleState(index)), slide: (share) => this.slide(share), otherLine: () => this.otherLine(),
+            example: (index) => this.open(this.exampleState(index)), slide: (share) => this.slide(share), otherLine: () => this.otherLine(), takeInstead: (alternative) => this.takeInstead(alternative),
         });
         this.listen();
         this.set({});
@@ -281,7 +288,7 @@ export class App {
         const { state, settings, numbers } = this;
         this.hasOther = this.beforeDrag === undefined && this.findOther();
         this.map.show({ answer, parcels: state.parcels, chosen: state.chosen, asked: state.asked, numbers });
-        this.panel.show({ state, settings, answer, numbers, ranges: this.ranges(), hasOther: this.hasOther });
+        this.panel.show({ state, settings, answer, numbers, ranges: this.ranges(), instead: this.instead(), hasOther: this.hasOther });
         const hints = { parallel: 'hintParallel', perpendicular: 'hintParallel', vertex: 'hintVertex', bearing: 'hintBearing', place: 'hintPlace', point: 'hintPoint' } as const;
         const [hint, drag] = [t(hints[state.asked.kind]), t('dragHint')];
         const refused = answer.division !== undefined && !answer.division.divided;
@@ -300,13 +307,33 @@ export class App {
         return this.plcalc.divide(asParcel(parcel), { ...request, alternative: this.state.asked.alternative + 1 }).divided;
     }
 
-    // What can be had with this kind of line, as areas.
-    private ranges(): Range[] {
+    // What can be had with this kind of line, as areas. It costs as much as a division; while a line is dragged, nobody asks.
+    private ranges(): readonly Range[] {
+        const { parcel, measures } = this.answer;
         const { asked } = this.state;
-        const { report } = this.answer.measures;
-        if (report.status !== 'usable') return [];
-        if (asked.kind !== 'point' || this.answer.parcel.holes.length > 0) return [{ least: 0, most: report.area }];
-        return this.plcalc.amountsThrough(this.answer.parcel.outer, asked.point);
+        if (measures.report.status !== 'usable') return [];
+        if (this.beforeDrag) return this.lastRanges;
+        const key = JSON.stringify([lineOf(asked), asked.opposite, asked.whole]);
+        if (this.rangesFor.parcel !== parcel || this.rangesFor.key !== key) {
+            this.rangesFor = { parcel, key };
+            this.lastRanges = this.plcalc.feasible(asParcel(parcel), requestOf(asked, [], parcel, this.settings)).ranges;
+        }
+        return this.lastRanges;
+    }
+
+    // Other lines that hold what was refused.
+    private instead(): readonly Alternative[] {
+        const { division, request, parcel } = this.answer;
+        const amount = request?.amounts[0];
+        if (!division || division.divided || !amount || request.amounts.length > 1 || 'width' in amount || 'parts' in amount) return [];
+        if (division.status === 'unusable_boundary' || parcel.outer.length > kMostForAlternatives) return [];
+        return this.plcalc.alternatives(asParcel(parcel), amount, request.measured, kLookAt).slice(0, kMostAlternatives);
+    }
+
+    private takeInstead({ line, measured }: Alternative): void {
+        const spot: Spot = { ring: ('ring' in line ? line.ring : 0) ?? 0, index: 'side' in line ? line.side : 'vertex' in line ? line.vertex : 0 };
+        const change = line.kind === 'vertex' ? { corner: spot } : { side: spot };
+        this.ask({ kind: line.kind as Kind, ...change, opposite: measured === 'opposite', whole: false, alternative: 0 }, '');
     }
 
     private announce(): void {

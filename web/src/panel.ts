@@ -1,5 +1,7 @@
 // The questions and the answer beside the drawing. It shows a state and reports what is chosen; it decides nothing.
 
+import type { Alternative } from '@plcalc/wasm';
+
 import { isParts } from './drawing/plan';
 import { pieceColor } from './drawing/scene';
 import { hasDirection, type Answer } from './answer';
@@ -21,6 +23,7 @@ export interface PanelEvents {
     example(index: number): void;
     slide(share: number): void;
     otherLine(): void;
+    takeInstead(alternative: Alternative): void;
 }
 
 export interface PanelShown {
@@ -29,6 +32,8 @@ export interface PanelShown {
     readonly answer: Answer;
     readonly numbers: Numbers;
     readonly ranges: readonly Range[];
+    /** Other lines that hold what was refused. */
+    readonly instead: readonly Alternative[];
     readonly hasOther: boolean;
 }
 
@@ -250,7 +255,7 @@ export class Panel {
         find('other').hidden = !hasOther && asked.alternative === 0;
     }
 
-    private showRefusal({ answer, numbers, ranges, state }: PanelShown): void {
+    private showRefusal({ answer, numbers, ranges, state, instead }: PanelShown): void {
         const { division } = answer;
         const refused = division !== undefined && !division.divided;
         find('refusal').hidden = !refused;
@@ -262,9 +267,20 @@ export class Panel {
         const which = (answer.request?.amounts.length ?? 0) > 1 ? t('inAmount', division.atAmount + 1) : '';
         text('refusal-text', `${which}${reasonText(boundary ? report.status : division.status, division.reason)}${where}`);
         const whole = ranges.length === 1 && (ranges[0]?.least ?? 0) <= 0 && (ranges[0]?.most ?? 0) >= report.area;
-        const single = ['area', 'share'].includes(state.asked.mode);
+        const single = ['area', 'share'].includes(state.asked.mode) && !boundary;
         const list = ranges.slice(0, 4).map(({ least, most }) => (most - least <= 1e-9 * report.area ? numbers.area(least) : t('rangeTo', numbers.plainArea(least), numbers.area(most)))).join(t('or'));
         text('refusal-range', ranges.length > 0 && !whole && single ? t('canHave', list + (ranges.length > 4 ? ' …' : '')) : '');
+        // Buttons that are being pressed stay.
+        const proposed = JSON.stringify([instead, t('instead')]);
+        if (find('instead').dataset.proposed === proposed) return;
+        find('instead').dataset.proposed = proposed;
+        find('instead').replaceChildren(...instead.map((alternative) => {
+            const button = document.createElement('button');
+            button.className = 'small';
+            button.textContent = insteadName(answer, alternative);
+            button.onclick = () => this.events.takeInstead(alternative);
+            return button;
+        }));
     }
 
     private showResult({ answer, numbers, settings }: PanelShown): void {
@@ -325,6 +341,12 @@ export function cornerName(answer: Answer, spot: Spot): string {
 export function sideFacts(answer: Answer, numbers: Numbers, spot: Spot): string {
     const side = answer.measures.rings[spot.ring]?.[spot.index];
     return side ? `${sideName(answer, spot)}: ${numbers.withUnit(numbers.length(side.length))}, ${numbers.angle(side.bearing)}` : '';
+}
+
+function insteadName(answer: Answer, { line }: Alternative): string {
+    if (line.kind === 'vertex') return t('cutVertex', cornerName(answer, { ring: line.ring ?? 0, index: line.vertex }));
+    if (line.kind !== 'parallel' && line.kind !== 'perpendicular') return '';
+    return t(line.kind === 'parallel' ? 'cutParallel' : 'cutPerpendicular', sideName(answer, { ring: line.ring ?? 0, index: line.side }));
 }
 
 function inHole(spot: Spot): string {

@@ -308,6 +308,17 @@ test('refusals tell the reason in place, and what can be had', async () => {
     assert.match(await textOf(page, 'hint'), /no such line/);
     assert.match(await textOf(page, 'refusal-range'), /What can be had: [\d.]+ to [\d.]+ m²/);
     await page.screenshot({ path: join(kPictures, 'refusal.png') });
+    // A line from corner 2 of the L would leave it; other lines hold the amount, and one is taken.
+    await open(page, 'concave.csv', readFileSync(join(kExamples, 'concave.csv')));
+    await page.click('[data-kind=vertex]');
+    await page.selectOption('#corner', '0 1');
+    await typed(page, 'area', '900');
+    assert.match(await textOf(page, 'refusal-range'), /What can be had: [\d.]+ to [\d.]+ m² or [\d.]+ to [\d.]+ m²/);
+    assert.ok((await page.$$('#ranges rect')).length >= 2);
+    await page.screenshot({ path: join(kPictures, 'instead.png') });
+    await page.click('#instead button');
+    assert.ok(await isShown(page, 'proven'));
+    assert.equal((await rows(page, 'pieces'))[0][1], '900.00');
     await open(page, 'knot.wkt', 'POLYGON((0 0, 100 100, 100 0, 0 100, 0 0))');
     assert.match(await textOf(page, 'refusal-text'), /Sides 1 – 2 and 3 – 4 meet/);
     await closed(page);

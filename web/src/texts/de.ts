@@ -39,6 +39,7 @@ export const de: Texts = {
     moreDecimals: '{0} Nachkommastellen reichen für die Flächen nicht; die Linie hat {1}.',
     meetsAgain: 'Verlängert träfe die Linie das Flurstück noch einmal.',
     refused: 'Eine solche Linie gibt es nicht', refusedBoundary: 'Diese Grenze ist nicht brauchbar', canHave: 'Möglich ist: {0}', rangeTo: '{0} bis {1}', or: ' oder ',
+    instead: 'Linien, die es können',
     sidesMeet: 'Die Seiten {0} und {1} treffen sich.', inAmount: 'Menge {0}: ',
     piece: 'Teil', share: 'Anteil', rest: 'Rest', sum: 'Flurstück', cutLine: 'Linie', length: 'Länge', newPoint: 'Punkt', pieces: 'Teile', lines: 'Teilungslinien', points: 'Neue Punkte',
     off: '{0} daneben', asked: 'Verlangt',

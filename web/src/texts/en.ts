@@ -13,7 +13,7 @@ export const en = {
     skip: 'Skip to the questions',
 
     parcel: 'Parcel', open: 'Open a file', paste: 'Paste', examples: 'Examples', dropHere: 'Drop the file here',
-    formats: 'Or drop GeoJSON, WKT, KML, CSV, DXF, Shapefile (zip)',
+    formats: 'Or drop a file: GeoJSON, WKT, KML, CSV, DXF, shp.zip',
     pasteHere: 'GeoJSON, WKT, KML or a table of coordinates', take: 'Use this text', pickParcel: 'Which parcel',
     parcelNumber: 'Parcel {0}', corners: '{0} corners', area: 'Area', perimeter: 'Perimeter', holes: 'holes: {0}', hole: 'hole {0}',
     exampleField: 'Field', exampleYard: 'L-shaped', exampleConvex: 'Polygon', exampleUtm: 'Lots',
@@ -37,6 +37,7 @@ export const en = {
     moreDecimals: '{0} decimals were not enough to hold the areas; the line has {1}.',
     meetsAgain: 'Prolonged, the line would meet the parcel again.',
     refused: 'There is no such line', refusedBoundary: 'This boundary cannot be used', canHave: 'What can be had: {0}', rangeTo: '{0} to {1}', or: ' or ',
+    instead: 'Lines that hold it',
     sidesMeet: 'Sides {0} and {1} meet.', inAmount: 'Amount {0}: ',
     piece: 'Piece', share: 'Share', rest: 'rest', sum: 'Parcel', cutLine: 'Line', length: 'Length', newPoint: 'Point', pieces: 'Pieces', lines: 'Dividing lines', points: 'New points',
     off: 'off by {0}', asked: 'Asked',

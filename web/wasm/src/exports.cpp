@@ -260,17 +260,40 @@ PLC_EXPORT(plc_along_side) void plc_along_side()
     to.number(web::along_side(outer ? parcel.outer : parcel.holes[ring - 1], side, from.point()));
 }
 
-PLC_EXPORT(plc_amounts_through) void plc_amounts_through()
+PLC_EXPORT(plc_feasible) void plc_feasible()
 {
     PackedReader from(input());
-    const Ring ring = from.ring();
-    const std::vector<plparcel::AmountRange> ranges =
-        plparcel::feasible({ring, {}}, plparcel::through_point(from.point())).ranges;
+    const Parcel parcel = from.parcel();
+    const plparcel::Request request = read_request(from);
+    const plparcel::Feasible feasible =
+        plparcel::feasible(parcel, request.line, request.measured, request.pieces);
     PackedWriter to(result());
-    to.count(ranges.size());
-    for (const plparcel::AmountRange& range : ranges) {
+    to.number(feasible.refusal ? static_cast<double>(*feasible.refusal) : none());
+    to.count(feasible.ranges.size());
+    for (const plparcel::AmountRange& range : feasible.ranges) {
         to.number(range.least);
         to.number(range.most);
+        to.flag(range.least_is_had);
+        to.flag(range.most_is_had);
+    }
+}
+
+PLC_EXPORT(plc_alternatives) void plc_alternatives()
+{
+    PackedReader from(input());
+    const Parcel parcel = from.parcel();
+    const plparcel::Request request = read_request(from);
+    const std::size_t most = from.index();
+    plparcel::Alternatives alternatives;
+    if (!request.amounts.empty())
+        alternatives = plparcel::alternatives_for(parcel, request.amounts.front(), request.measured, most);
+    PackedWriter to(result());
+    to.count(alternatives.lines.size());
+    for (const plparcel::Alternative& alternative : alternatives.lines) {
+        to.number(static_cast<double>(alternative.line.cut));
+        to.count(alternative.line.index);
+        to.count(alternative.line.ring);
+        to.flag(alternative.measured == plparcel::Measured::opposite);
     }
 }
 

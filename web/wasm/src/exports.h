@@ -29,8 +29,12 @@ void plc_amount_at();
 /// A parcel, the number of a ring and of a side, and a point; how far along the side its foot lies.
 void plc_along_side();
 
-/// A ring and a point; the ranges of areas that lines through the point cut off.
-void plc_amounts_through();
+/// A parcel and a request; the status with which every amount is refused, or NaN, and the ranges of areas that its line can
+/// cut off.
+void plc_feasible();
+
+/// A parcel, a request and how many lines to look at; sides, perpendiculars and vertices that can hold the first amount.
+void plc_alternatives();
 
 /// plparcel::rounded_to().
 double plc_rounded(double value, int decimals);

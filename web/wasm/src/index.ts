@@ -6,7 +6,7 @@
  * from North. Sides and vertices are counted from 0, and side i runs from vertex i to the next one.
  */
 
-import { kWidth, Reader, pushParcel, pushPoint, pushRequest, pushRing } from './packing.js';
+import { kCuts, kWidth, Reader, pushParcel, pushPoint, pushRequest } from './packing.js';
 
 /** x East, y North. */
 export type Point = readonly [number, number];
@@ -40,11 +40,13 @@ export type Amount =
     | { readonly width: number }
     | { readonly parts: number };
 
+export type Measured = 'from_reference' | 'opposite';
+
 export interface Request {
     readonly line: Line;
     readonly amounts: readonly Amount[];
     /** Which piece holds the first amount; 'from_reference' when left out. */
-    readonly measured?: 'from_reference' | 'opposite';
+    readonly measured?: Measured;
     /** Which of the lines that hold the first amount, from 0. */
     readonly alternative?: number;
     /** 'two' pieces to each line when left out. */
@@ -116,6 +118,27 @@ export interface Division {
     readonly held: readonly Held[];
 }
 
+/** From the least area to the greatest; whether the ends are had themselves. */
+export interface AmountRange {
+    readonly least: number;
+    readonly most: number;
+    readonly leastIsHad: boolean;
+    readonly mostIsHad: boolean;
+}
+
+/** What a line can cut off. */
+export interface Feasible {
+    /** The name of the reason why nothing can be, whatever the amount. */
+    readonly refusal: string | undefined;
+    readonly ranges: readonly AmountRange[];
+}
+
+/** A line that can hold an amount, and the piece that holds it. */
+export interface Alternative {
+    readonly line: Line;
+    readonly measured: Measured;
+}
+
 /** Of a side, and of the vertex from which it runs. A bearing or angle that does not exist is NaN. */
 export interface SideMeasure {
     readonly length: number;
@@ -148,7 +171,8 @@ interface Exports {
     plc_measure(): void;
     plc_amount_at(): void;
     plc_along_side(): void;
-    plc_amounts_through(): void;
+    plc_feasible(): void;
+    plc_alternatives(): void;
     plc_rounded(value: number, decimals: number): number;
     plc_status_name(status: number): number;
     plc_status_reason(status: number): number;
@@ -156,7 +180,7 @@ interface Exports {
     plc_boundary_reason(status: number): number;
 }
 
-type Call = 'plc_divide' | 'plc_check' | 'plc_measure' | 'plc_amount_at' | 'plc_along_side' | 'plc_amounts_through';
+type Call = 'plc_divide' | 'plc_check' | 'plc_measure' | 'plc_amount_at' | 'plc_along_side' | 'plc_feasible' | 'plc_alternatives';
 
 // ------------------------------------------------------------------------------------------------ calls
 
@@ -219,13 +243,32 @@ export class Plcalc {
         return this.call('plc_along_side', input).number();
     }
 
-    /** The ranges of areas that straight lines through a point inside can cut off. */
-    amountsThrough(ring: Ring, point: Point): { readonly least: number; readonly most: number }[] {
+    /** The areas that a line of the requested kind can cut off. The amounts of the request are without effect. */
+    feasible(parcel: Parcel | Ring, request: Omit<Request, 'amounts'>): Feasible {
         const input: number[] = [];
-        pushRing(input, ring);
-        pushPoint(input, point);
-        const from = this.call('plc_amounts_through', input);
-        return from.list(() => ({ least: from.number(), most: from.number() }));
+        pushParcel(input, asParcel(parcel));
+        pushRequest(input, { ...request, amounts: [] });
+        const from = this.call('plc_feasible', input);
+        const refusal = from.number();
+        return {
+            refusal: Number.isNaN(refusal) ? undefined : this.text('plc_status_name', refusal),
+            ranges: from.list(() => ({ least: from.number(), most: from.number(), leastIsHad: from.flag(), mostIsHad: from.flag() })),
+        };
+    }
+
+    /** Sides, perpendiculars and vertices that can hold an amount in two pieces, among the first `most` lines. */
+    alternatives(parcel: Parcel | Ring, amount: Amount, measured: Measured = 'from_reference', most = 100): Alternative[] {
+        const input: number[] = [];
+        pushParcel(input, asParcel(parcel));
+        pushRequest(input, { line: { kind: 'parallel', side: 0 }, amounts: [amount], measured });
+        input.push(most);
+        const from = this.call('plc_alternatives', input);
+        return from.list(() => {
+            const kind = kCuts[from.number()];
+            const [index, ring] = [from.number(), from.number()];
+            const line: Line = kind === 'perpendicular' || kind === 'parallel' ? { kind, side: index, ring } : { kind: 'vertex', vertex: index, ring };
+            return { line, measured: from.flag() ? 'opposite' : 'from_reference' };
+        });
     }
 
     /** The double nearest to the decimal number that is nearest to the value; of two as near, the even one. */

@@ -101,9 +101,24 @@ test('measures, by hand', () => {
     assert.deepEqual(rings[0].map((side) => side.bearing), [100, 0, 300, 0, 300, 200]);
     assert.deepEqual(rings[0].map((side) => side.angle), [100, 100, 100, 300, 100, 100]);
     assert.deepEqual(plcalc.measure(kCourt).rings[1].map((side) => side.angle), [300, 300, 300, 300]);
-    assert.deepEqual(plcalc.amountsThrough(kRectangle, [50, 25]), [{ least: 2500, most: 2500 }]);
     assert.equal(plcalc.alongSide(kRectangle, 1, [130, 20]), 20);
     assert.equal(plcalc.alongSide(kRectangle, 1, [130, 80]), 50);
+});
+
+test('what can be had instead, by hand', () => {
+    const all = { least: 0, most: 5000, leastIsHad: false, mostIsHad: false };
+    assert.deepEqual(plcalc.feasible(kRectangle, { line: { kind: 'parallel', side: 0 } }), { refusal: undefined, ranges: [all] });
+    // Every line through the middle halves a rectangle.
+    const [middle] = plcalc.feasible(kRectangle, { line: { kind: 'point', point: [50, 25] } }).ranges;
+    assert.deepEqual([middle.least, middle.most], [2500, 2500]);
+    assert.equal(plcalc.feasible(kRectangle, { line: { kind: 'parallel', side: 9 } }).refusal, 'no_such_index');
+    const refused = { line: { kind: 'vertex', vertex: 1 }, amounts: [{ area: 900 }] };
+    assert.equal(plcalc.divide(kAngled, refused).divided, false);
+    assert.ok(plcalc.feasible(kAngled, refused).ranges.every(({ least, most }) => most < 900 || least > 900));
+    const lines = plcalc.alternatives(kAngled, { area: 900 });
+    assert.ok(lines.length > 2);
+    for (const { line, measured } of lines)
+        assert.equal(plcalc.divide(kAngled, { line, measured, amounts: [{ area: 900 }] }).status, 'divided', JSON.stringify(line));
 });
 
 test('numbers are printed as plcalc prints them', () => {
