@@ -128,13 +128,15 @@ TEST(HopelessLines, ProvesNothingWhereBearingsAreInDoubt)
         double lean;  // added to the turn, in radians
         bool proves;
     } kDirections[] = {
-        {0.0, 0, true},       {0.3, 0, true},        {0.999, 0, true},    {1.0, 0, false},
-        {1.001, 0, true},     {50.0, 0, true},       {99.5, 0, true},     {100.0, 0, true},
-        {100.0, 1e-12, true}, {100.0, -1e-12, true}, {100.0, 1e-8, true}, {100.0, -1e-8, false},
-        {100.0, 1e-4, true},  {100.0, -1e-4, false}, {100.0, 2e-3, true}, {100.0, -2e-3, true},
-        {101.0, 0, false},    {200.0, 1e-8, true},   {299.0, 0, false},   {300.0, 0, true},
-        {300.0, 1e-12, true}, {300.0, -1e-12, true}, {300.0, 1e-8, true}, {300.0, -1e-8, false},
-        {300.0, 2e-3, true},  {300.0, -2e-3, true},  {399.0, 0, false},   {399.999, 0, true},
+        {0.0, 0, true},          {0.3, 0, true},         {0.999, 0, true},      {1.0, 0, false},
+        {1.001, 0, true},        {50.0, 0, true},        {99.5, 0, true},       {100.0, 0, true},
+        {100.0, 1e-12, true},    {100.0, -1e-12, true},  {100.0, 1e-8, true},   {100.0, -1e-8, false},
+        {100.0, -2e-9, false},   {100.0, -1.5e-9, true}, {300.0, -2e-9, false}, {300.0, -1.5e-9, true},
+        {100.0, -6.2e-4, false}, {100.0, -1.2e-3, true}, {100.0, 1e-4, true},   {100.0, -1e-4, false},
+        {100.0, 2e-3, true},     {100.0, -2e-3, true},   {101.0, 0, false},     {200.0, 1e-8, true},
+        {299.0, 0, false},       {300.0, 0, true},       {300.0, 1e-12, true},  {300.0, -1e-12, true},
+        {300.0, 1e-8, true},     {300.0, -1e-8, false},  {300.0, 2e-3, true},   {300.0, -2e-3, true},
+        {399.0, 0, false},       {399.999, 0, true},
     };
     for (const auto& row : kDirections) {
         SCOPED_TRACE(testing::Message() << row.turn_gon << " gon and " << row.lean);
@@ -153,12 +155,20 @@ TEST(HopelessLines, ProvesNothingWhereBearingsAreInDoubt)
     }
 }
 
+// Far from the origin rounding may turn the step to a line near the base line by any angle.
 TEST(HopelessLines, ProvesNothingAtNationalCoordinates)
 {
-    Ring ring = kBehind;
-    for (PL_PNT2D_record& p : ring)
-        p = {p.x + 500000.0, p.y + 5000000.0};
-    EXPECT_FALSE(Lines(ring).hopeless(1000.0, 2));
+    const struct {
+        PL_PNT2D_record at;
+        bool proves;
+    } kPlaces[] = {{{120000, 0}, true}, {{130000, 0}, false}, {{500000, 5000000}, false}};
+    for (const auto& row : kPlaces) {
+        SCOPED_TRACE(row.at.x);
+        Ring ring = kBehind;
+        for (PL_PNT2D_record& p : ring)
+            p = {p.x + row.at.x, p.y + row.at.y};
+        EXPECT_EQ(Lines(ring).hopeless(1000.0, 2), row.proves);
+    }
 }
 
 // Round the same way again and again: a line cuts off so many times as much.
