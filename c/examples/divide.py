@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 import ctypes
 
-plcalc = ctypes.CDLL("libplcalc_c.so.0")
+plcalc = ctypes.CDLL("libplcalc_c.so")
 plcalc.plc_division_text.restype = ctypes.c_char_p
 
 

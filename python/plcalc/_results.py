@@ -1,0 +1,257 @@
+"""Answers. They are frozen: what has been proven does not change."""
+
+from . import _drawing
+from . import core as _core
+from . import plparcel as _layer
+
+
+def _pair(point):
+    return (point.x, point.y)
+
+
+def _number(value):
+    """As it is shown, not as it is."""
+    return f"{value:.4f}"
+
+
+def ranges_of(parcel, line, opposite, any_pieces):
+    """What a line can cut off: ranges of areas (least, most)."""
+    kind = _layer.Measured
+    found = _layer.feasible(parcel, line, kind.opposite if opposite else kind.from_reference,
+                            _layer.Pieces.any if any_pieces else _layer.Pieces.two)
+    return tuple((found.least, found.most) for found in found.ranges)
+
+
+class _Frozen:
+    __slots__ = ()
+
+    def __setattr__(self, name, value):
+        raise AttributeError(f"{type(self).__name__} cannot be changed")
+
+    def __delattr__(self, name):
+        raise AttributeError(f"{type(self).__name__} cannot be changed")
+
+    def _set(self, **fields):
+        for name, value in fields.items():
+            object.__setattr__(self, name, value)
+
+
+class Line(_Frozen):
+    """A dividing line, its ends on the boundary."""
+
+    __slots__ = ("_answer",)
+
+    def __init__(self, answer):
+        self._set(_answer=answer)
+
+    @property
+    def start(self):
+        """The end that comes first along the line: (x, y)."""
+        return _pair(self._answer.from_)
+
+    @property
+    def end(self):
+        """The other end: (x, y)."""
+        return _pair(self._answer.to)
+
+    @property
+    def segments(self):
+        """What of the line lies in the parcel: pairs of points."""
+        return tuple((_pair(part.from_), _pair(part.to)) for part in self._answer.segments)
+
+    @property
+    def length(self):
+        """From end to end, caller's unit."""
+        return _core.PlFunz_distance(self._answer.from_, self._answer.to)
+
+    @property
+    def bearing(self):
+        """Gons, clockwise from North, from start to end."""
+        start, end = self._answer.from_, self._answer.to
+        return _core.AngoloDaAsseRifer(end.x - start.x, end.y - start.y)
+
+    @property
+    def meets_again(self):
+        """Whether the line, prolonged beyond its ends, meets what was left of the parcel again."""
+        return self._answer.meets_again
+
+    @property
+    def __geo_interface__(self):
+        segments = self.segments
+        if len(segments) == 1:
+            return {"type": "LineString", "coordinates": segments[0]}
+        return {"type": "MultiLineString", "coordinates": segments}
+
+    def __repr__(self):
+        return f"Line({self.start} to {self.end})"
+
+
+class Piece(_Frozen):
+    """A piece of the divided parcel."""
+
+    __slots__ = ("_answer", "is_rest")
+
+    def __init__(self, answer, is_rest):
+        self._set(_answer=answer, is_rest=is_rest)
+
+    @property
+    def ring(self):
+        """The vertices, an (n, 2) array that lies in the answer; the first one is not repeated."""
+        return self._answer.ring
+
+    @property
+    def holes(self):
+        """Likewise, of the holes."""
+        return self._answer.holes
+
+    @property
+    def amount(self):
+        """Index of its amount; one more than the last of them for what is left."""
+        return self._answer.amount
+
+    @property
+    def area(self):
+        """Unit squared."""
+        return self._answer.area
+
+    @property
+    def asked(self):
+        """What it should hold; with any number of pieces, the whole amount."""
+        return self._answer.asked
+
+    @property
+    def residual(self):
+        """What it holds less what it should, before either is rounded."""
+        return self._answer.residual
+
+    @property
+    def __geo_interface__(self):
+        rings = [self.ring, *self.holes]
+        closed = tuple(tuple(map(tuple, [*ring.tolist(), ring[0].tolist()])) for ring in rings)
+        return {"type": "Polygon", "coordinates": closed}
+
+    def __repr__(self):
+        what = "rest" if self.is_rest else f"amount {self.amount}"
+        return f"Piece({what}, area {_number(self.area)}, {len(self.ring)} vertices)"
+
+    def _repr_svg_(self):
+        return _drawing.drawn(self.ring, self.holes, [self], [])
+
+
+class Division(_Frozen):
+    """The answer to a request. It is true when the parcel has been divided."""
+
+    __slots__ = ("parcel", "line", "_opposite", "_any_pieces", "_answer", "_lines", "_pieces")
+
+    def __init__(self, parcel, line, opposite, any_pieces, answer):
+        put = object.__setattr__
+        put(self, "parcel", parcel)
+        put(self, "line", line)
+        put(self, "_opposite", opposite)
+        put(self, "_any_pieces", any_pieces)
+        put(self, "_answer", answer)
+        put(self, "_lines", None)
+        put(self, "_pieces", None)
+
+    def __bool__(self):
+        return self._answer.divided
+
+    @property
+    def status(self):
+        """"divided", or what became of the request in one word: a name of `plcalc.plparcel.Status`."""
+        return self._answer.status.name
+
+    @property
+    def reason(self):
+        """The same as a sentence's worth; of the boundary, when that is at fault."""
+        return _layer.describe(self._answer)
+
+    @property
+    def at_amount(self):
+        """Unless divided, index of the amount that could not be cut."""
+        return self._answer.at_amount
+
+    @property
+    def area(self):
+        """Of the parcel, unit squared."""
+        return self._answer.ring.area
+
+    @property
+    def report(self):
+        """What `measure` says of the parcel."""
+        return self._answer.ring
+
+    @property
+    def lines(self):
+        """The dividing lines, in the order of the amounts."""
+        if self._lines is None:
+            self._set(_lines=tuple(map(Line, self._answer.lines)))
+        return self._lines
+
+    @property
+    def pieces(self):
+        """The pieces, in the order of the amounts, then what is left."""
+        if self._pieces is None:
+            rest = len(self._answer.held) - 1
+            self._set(_pieces=tuple(Piece(piece, piece.amount == rest) for piece in self._answer.pieces))
+        return self._pieces
+
+    @property
+    def held(self):
+        """What each amount has become, and what is left: (asked, area, residual, pieces)."""
+        return tuple((held.asked, held.area, held.residual, held.pieces) for held in self._answer.held)
+
+    @property
+    def decimals(self):
+        """Of the ends of all lines; None for all digits."""
+        return self._answer.decimals
+
+    @property
+    def feasible(self):
+        """What such a line can cut off, ranges of areas (least, most): what could be had where the request was refused. Of
+        several amounts, it is about the first."""
+        return ranges_of(self.parcel, self.line, self._opposite, self._any_pieces)
+
+    @property
+    def __geo_interface__(self):
+        """The pieces as features."""
+        features = [{"type": "Feature", "geometry": piece.__geo_interface__,
+                     "properties": {"piece": number, "amount": piece.amount, "area": piece.area, "asked": piece.asked,
+                                    "residual": piece.residual}} for number, piece in enumerate(self.pieces)]
+        return {"type": "FeatureCollection", "features": features}
+
+    def __repr__(self):
+        if not self:
+            return f"Division(refused, {self.status}: {self.reason})"
+        areas = ", ".join(_number(piece.area) for piece in self.pieces)
+        return f"Division({len(self.lines)} lines, areas {areas})"
+
+    def _repr_svg_(self):
+        return _drawing.drawn(self.parcel.outer, self.parcel.holes, self.pieces, self.lines)
+
+
+class Refused(Exception):
+    """A request that no line meets.
+
+    status: one word, a name of `plcalc.plparcel.Status`
+    reason: the same as a sentence's worth
+    division: the refused answer; `division.feasible` is what could be had instead
+    """
+
+    def __init__(self, division):
+        super().__init__(division)
+        self.division = division
+        self.status = division.status
+        self.reason = division.reason
+
+    @property
+    def feasible(self):
+        """What such a line can cut off: ranges of areas (least, most)."""
+        return self.division.feasible
+
+    def __str__(self):
+        # Only where the line is at fault, and the amount was the first.
+        if self.division.at_amount > 0 or self.status in ("no_amount", "unusable_amount", "unusable_rounding"):
+            return self.reason
+        ranges = ", ".join(f"{_number(least)} to {_number(most)}" for least, most in self.feasible)
+        return f"{self.reason}; what can be had: {ranges}" if ranges else self.reason

@@ -1,0 +1,294 @@
+"""Surveyors' Python: what a parcel may come as, every line and amount, refusals, results."""
+
+import copy
+import os
+import pathlib
+import pickle
+import subprocess
+import sys
+import threading
+from fractions import Fraction
+from xml.etree import ElementTree
+
+import numpy
+import pytest
+from shapely.geometry import LineString, MultiPolygon, Point, Polygon, mapping, shape
+
+import plcalc
+from plcalc import plparcel
+
+LOT = [(0, 0), (100, 0), (100, 50), (0, 50)]
+POND = [(45, 20), (55, 20), (55, 30), (45, 30)]
+YARD = [(0, 0), (60, 0), (60, 20), (40, 20), (40, 50), (0, 50)]
+GEOJSON = {"type": "Polygon", "coordinates": [[*LOT, LOT[0]]]}
+
+
+class Geometry:
+    __geo_interface__ = GEOJSON
+
+
+@pytest.mark.parametrize("given", [
+    LOT,
+    numpy.array(LOT),
+    numpy.array(LOT, dtype=float),
+    numpy.asfortranarray(numpy.array(LOT, dtype=float)),
+    numpy.array(LOT, dtype=float)[::-1][::-1],
+    numpy.array([(x, y, 7.5) for x, y in LOT]),
+    GEOJSON,
+    {"type": "Feature", "geometry": GEOJSON, "properties": {}},
+    {"type": "FeatureCollection", "features": [{"type": "Feature", "geometry": GEOJSON}]},
+    {"type": "MultiPolygon", "coordinates": [GEOJSON["coordinates"]]},
+    Geometry(),
+    Polygon(LOT),
+    "POLYGON ((0 0, 100 0, 100 50, 0 50))",
+    "POLYGON((0 0,1e2 0,100. 50.0,0 50,0 0))",
+    " SRID=32632;polygon z ((0 0 1, 100 0 2, 100 50 3, 0 50 4, 0 0 1)) ",
+    "MULTIPOLYGON (((0 0, 100 0, 100 50, 0 50, 0 0)))",
+    plcalc.parcel(LOT),
+    Polygon(LOT).wkb,
+    bytearray(MultiPolygon([Polygon(LOT)]).wkb),
+    Polygon([(x, y, 7.5) for x, y in LOT]).wkb,
+    b"\0\0\0\0\3\0\0\0\1\0\0\0\4" + numpy.array(LOT, dtype=">f8").tobytes(),
+])
+def test_what_a_parcel_may_come_as(given):
+    line, = plcalc.divide(given, parallel_to=0, area=1000).lines
+    assert (line.start, line.end) == ((0, 10), (100, 10))
+
+
+@pytest.mark.parametrize("given", [
+    Polygon(LOT, [POND]),
+    mapping(Polygon(LOT, [POND])),
+    Polygon(LOT, [POND]).wkt,
+])
+def test_holes_come_with_it(given):
+    assert plcalc.measure(given).area == 4900
+    division = plcalc.divide(given, parallel_to=0, area=1000)
+    assert len(division.pieces[1].holes) == 1 and division.pieces[1].area == 3900
+    assert shape(division.pieces[1]).area == pytest.approx(3900)
+
+
+@pytest.mark.parametrize("given, error", [
+    ("POINT (1 2)", ValueError),
+    ("POLYGON ((0 0, 1 1, 2 0)", ValueError),
+    ("POLYGON ((0 0, 1 1, 2 x))", ValueError),
+    ("POLYGON EMPTY", ValueError),
+    ("MULTIPOLYGON (((0 0, 1 0, 1 1)), ((5 5, 6 5, 6 6)))", ValueError),
+    ({"type": "LineString", "coordinates": LOT}, ValueError),
+    ({"type": "MultiPolygon", "coordinates": [[LOT], [POND]]}, ValueError),
+    ({"type": "FeatureCollection", "features": []}, ValueError),
+    ({}, ValueError),
+    ([1, 2, 3], ValueError),
+    (numpy.zeros((3, 4, 5)), ValueError),
+    ("", ValueError),
+    (Polygon(LOT).wkb[:-1], ValueError),
+    (Polygon(LOT).wkb[:11], ValueError),
+    (Point(1, 2).wkb, ValueError),
+    (b"", ValueError),
+    (None, TypeError),
+    (object(), TypeError),
+])
+def test_what_is_no_parcel(given, error):
+    with pytest.raises(error):
+        plcalc.divide(given, parallel_to=0, area=1000)
+
+
+def test_long_wkt_is_read_in_one_go():
+    angles = numpy.linspace(0.0, 2.0 * numpy.pi, 20000, endpoint=False)
+    wkt = "POLYGON ((" + ", ".join(f"{x!r} {y!r}" for x, y in zip(numpy.cos(angles), numpy.sin(angles))) + "))"
+    assert plcalc.measure(wkt).area == pytest.approx(numpy.pi, rel=1e-6)
+    with pytest.raises(ValueError):
+        plcalc.parcel(wkt[:-2])
+
+
+@pytest.mark.parametrize("line", [
+    {"parallel_to": 1}, {"perpendicular_to": 1}, {"through_vertex": 1}, {"at_bearing": 33.3},
+    {"along": [(0, 0), (100, 57.5)]}, {"along": LineString([(0, 0), (100, 57.5)])}, {"through_place": (5, 25)},
+    {"through_point": (20, 20), "bearing": 10}, {"through_point": Point(20, 20)}, {"parallel_to": (1, 0)},
+])
+def test_every_kind_of_line(line):
+    division = plcalc.divide(YARD, **line, share="1/3", raise_on_refusal=False)
+    assert [round(piece.area, 6) for piece in division.pieces] == [800, 1600], division.reason
+    assert sum(shape(piece).area for piece in division.pieces) == pytest.approx(2400)
+
+
+@pytest.mark.parametrize("amount, first", [
+    ({"area": 1000}, 1000), ({"area": [1000, 500]}, 1000), ({"area": numpy.array([1000, 500])}, 1000),
+    ({"product": (20, 50)}, 1000), ({"product": [(20, 50), (1, 2)]}, 1000), ({"share": "1/5"}, 1000),
+    ({"share": " 20 % "}, 1000), ({"share": Fraction(1, 5)}, 1000), ({"share": (1, 5)}, 1000), ({"share": 0.2}, 1000),
+    ({"share": ["1/5", "1/5"]}, 1000), ({"width": 10}, 1000), ({"parts": 5}, 1000),
+    ({"amounts": ["1000", "1/5", "20x50", "10%", plcalc.width(3)]}, 1000), ({"amounts": [plcalc.share(1, 5)]}, 1000),
+    ({"amounts": [1000.0]}, 1000),
+])
+def test_every_kind_of_amount(amount, first):
+    division = plcalc.divide(LOT, parallel_to=0, **amount)
+    assert division.pieces[0].area == pytest.approx(first, abs=5e-6)
+    assert len(division.pieces) == len(division.lines) + 1
+
+
+@pytest.mark.parametrize("wrong, error", [
+    ({"share": "1/3"}, TypeError),
+    ({"parallel_to": 0}, TypeError),
+    ({"parallel_to": 0, "perpendicular_to": 1, "share": "1/3"}, TypeError),
+    ({"parallel_to": 0, "share": "1/3", "area": 5}, TypeError),
+    ({"parallel_to": 0, "bearing": 5, "area": 5}, TypeError),
+    ({"parallel_to": -1, "area": 5}, ValueError),
+    ({"parallel_to": 1.5, "area": 5}, TypeError),
+    ({"parallel_to": 0, "share": "a third"}, ValueError),
+    ({"parallel_to": 0, "share": "1/3/4"}, ValueError),
+    ({"parallel_to": 0, "parts": 1}, ValueError),
+    ({"parallel_to": 0, "amounts": ["x"]}, ValueError),
+])
+def test_what_is_no_request(wrong, error):
+    with pytest.raises(error):
+        plcalc.divide(LOT, **wrong)
+
+
+@pytest.mark.parametrize("request_, status", [
+    ({"parallel_to": 0, "area": 5000}, "amount_too_large"),
+    ({"parallel_to": 0, "area": float("nan")}, "unusable_amount"),
+    ({"parallel_to": 9, "area": 5}, "no_such_index"),
+    ({"parallel_to": 0, "share": "1/3", "decimals": 40}, "unusable_rounding"),
+    ({"through_point": (50, 25), "share": "1/3"}, "no_line_through_point"),
+])
+def test_refusals(request_, status):
+    with pytest.raises(plcalc.Refused) as caught:
+        plcalc.divide(LOT, **request_)
+    refused = caught.value
+    division = plcalc.divide(LOT, **request_, raise_on_refusal=False)
+    assert not division and division.status == refused.status == status
+    assert refused.reason == division.reason and refused.reason in str(refused) and status in repr(division)
+    assert division.lines == division.pieces == ()
+
+
+def test_what_could_be_had():
+    with pytest.raises(plcalc.Refused) as caught:
+        plcalc.divide(LOT, through_point=(50, 25), share="1/3")
+    (least, most), = caught.value.feasible
+    assert least == pytest.approx(2500) and most == pytest.approx(2500) and "2500" in str(caught.value)
+    assert plcalc.feasible(LOT, through_point=(50, 25)) == ((least, most),)
+    assert plcalc.feasible(LOT, parallel_to=0) == ((0, 5000),)
+    # The line from (60, 0) past the corner (40, 20): 200 on this side of the corner, 450 more beyond it.
+    yard = plcalc.divide(YARD, through_vertex=1, area=400, raise_on_refusal=False)
+    assert not yard and yard.feasible == ((0, 200), (650, 2400))
+    assert plcalc.feasible([(0, 0), (10, 10), (10, 0), (0, 10)], parallel_to=0) == ()
+
+
+def test_a_refusal_names_the_boundary():
+    division = plcalc.divide([(0, 0), (10, 10), (10, 0), (0, 10)], parallel_to=0, area=1, raise_on_refusal=False)
+    assert division.status == "unusable_boundary" and "crosses" in division.reason
+    assert division.report.meeting_sides == (0, 2)
+
+
+def test_answers_are_frozen():
+    division = plcalc.divide(LOT, parallel_to=0, area=1000)
+    for thing, name in ((division, "parcel"), (division.lines[0], "start"), (division.pieces[0], "area")):
+        with pytest.raises(AttributeError):
+            setattr(thing, name, 1)
+    with pytest.raises(ValueError):
+        division.pieces[0].ring[0, 0] = 7.0
+
+
+def test_rings_lie_in_the_answer_and_outlive_it():
+    division = plcalc.divide(LOT, parallel_to=0, area=1000)
+    ring = division.pieces[0].ring
+    assert ring.base is not None and not ring.flags.owndata
+    del division
+    assert sorted(map(tuple, ring.tolist())) == [(0, 0), (0, 10), (100, 0), (100, 10)]
+
+
+def test_figures_of_a_line():
+    line, = plcalc.divide(LOT, parallel_to=0, area=1000).lines
+    assert line.length == 100 and line.bearing == 100 and line.segments == (((0, 10), (100, 10)),)
+    assert shape(line).length == 100 and not line.meets_again
+    parted, = plcalc.divide(Polygon(LOT, [POND]), parallel_to=0, share="1/2", any_pieces=True).lines
+    assert shape(parted).geom_type == "MultiLineString" and shape(parted).length == 90
+
+
+def test_as_it_is_staked_out():
+    division = plcalc.divide(LOT, parallel_to=0, share="1/3", decimals=2, tolerance=1e-3)
+    assert division.decimals == 2 and division.lines[0].start == (0, 16.67)
+    assert division.pieces[0].residual == pytest.approx(1667 - 5000 / 3)
+
+
+def test_geo_interface_reads_as_a_layer():
+    division = plcalc.divide(YARD, perpendicular_to=0, parts=3)
+    features = division.__geo_interface__["features"]
+    assert [feature["properties"]["piece"] for feature in features] == [0, 1, 2]
+    assert sum(shape(feature["geometry"]).area for feature in features) == pytest.approx(2400)
+
+
+def test_plan_is_drawn():
+    for division in (plcalc.divide(YARD, perpendicular_to=0, parts=3),
+                     plcalc.divide(Polygon(LOT, [POND]), parallel_to=0, share="1/2", any_pieces=True),
+                     plcalc.divide(LOT, parallel_to=0, area=5000, raise_on_refusal=False),
+                     plcalc.divide([(0, float("nan")), (1, 1), (2, 2)], parallel_to=0, area=1, raise_on_refusal=False)):
+        drawing = ElementTree.fromstring(division._repr_svg_())
+        assert drawing.tag.endswith("svg")
+    text = plcalc.divide(YARD, perpendicular_to=0, parts=3)._repr_svg_()
+    assert text.count("800.00") == 3 and text.count("<line ") == 2
+    assert "800.00" in plcalc.divide(YARD, perpendicular_to=0, parts=3).pieces[0]._repr_svg_()
+
+
+def test_reprs_say_what_it_is():
+    division = plcalc.divide(YARD, perpendicular_to=0, parts=3)
+    assert repr(division) == "Division(2 lines, areas 800.0000, 800.0000, 800.0000)"
+    assert repr(division.lines[0]) == "Line((32.0, 0.0) to (32.0, 50.0))"
+    assert repr(division.pieces[2]) == "Piece(rest, area 800.0000, 4 vertices)"
+
+
+def test_threads_divide_at_the_same_time():
+    """The lock is released: while one thread divides a large parcel, others go on."""
+    angles = numpy.linspace(0.0, 2.0 * numpy.pi, 20000, endpoint=False)
+    parcel = plcalc.parcel(numpy.column_stack((1000 * numpy.cos(angles), 500 * numpy.sin(angles))))
+    wanted = plcalc.divide(parcel, parallel_to=0, parts=5).lines
+    answers, ticks, done = [None] * 4, [0], threading.Event()
+
+    def work(i):
+        answers[i] = plcalc.divide(parcel, parallel_to=0, parts=5).lines
+
+    def tick():
+        while not done.is_set():
+            ticks[0] += 1
+
+    ticker = threading.Thread(target=tick)
+    ticker.start()
+    workers = [threading.Thread(target=work, args=(i,)) for i in range(4)]
+    for worker in workers:
+        worker.start()
+    for worker in workers:
+        worker.join()
+    done.set()
+    ticker.join()
+    assert ticks[0] > 1000
+    for lines in answers:
+        assert [line.start for line in lines] == [line.start for line in wanted]
+
+
+def test_layer_below_gives_the_same():
+    request = plparcel.Request(plparcel.perpendicular_to(0), plparcel.equal_parts(3))
+    answer = plparcel.divide(numpy.array(YARD, dtype=float), request)
+    division = plcalc.divide(YARD, perpendicular_to=0, parts=3)
+    assert answer.status == plparcel.Status.divided
+    for mine, theirs in zip(division.pieces, answer.pieces):
+        assert mine.area == theirs.area and numpy.array_equal(mine.ring, theirs.ring)
+    assert len(plparcel.all_divisions(numpy.array(YARD, dtype=float), request)) >= 1
+
+
+@pytest.mark.skipif("PLCALC_ANSWERS" not in os.environ, reason="PLCALC_ANSWERS names the program that asks the C++ libraries")
+def test_same_bits_as_the_libraries():
+    source = pathlib.Path(__file__).resolve().parents[2]
+    requests = source / "c/tests/hosts/requests.txt"
+    wanted = subprocess.run([os.environ["PLCALC_ANSWERS"], requests], capture_output=True, text=True, check=True).stdout
+    sys.path.insert(0, str(pathlib.Path(__file__).parent))
+    import answers
+    got = [*answers.answers(requests)]
+    unknown = [i for i, line in enumerate(got) if line is None]
+    wanted = wanted.splitlines()
+    assert len(unknown) == 1 and "no such kind" in wanted[unknown[0]]
+    assert [line for line in got if line] == [line for i, line in enumerate(wanted) if i not in unknown]
+
+
+def test_package_is_typed():
+    assert (pathlib.Path(plcalc.__file__).parent / "py.typed").exists()
+    assert copy.copy(plcalc.plparcel.Status.divided) == plparcel.Status.divided
+    assert pickle.loads(pickle.dumps(plparcel.Status.divided)) == plparcel.Status.divided
