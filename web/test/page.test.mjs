@@ -492,6 +492,17 @@ test('on a phone: nothing is wider than the screen, targets are large, the line 
     const bc = await pixelOf(page, middle(kField[1], kField[2]));
     await page.touchscreen.tap(...bc);
     assert.equal(await page.inputValue('#side'), '0 1');
+    const before = await rows(page, 'points');
+    const grip = await page.evaluate(() => window.plcalcPage.grip());
+    const box = await page.locator('#map').boundingBox();
+    const finger = await page.context().newCDPSession(page);
+    const touch = (type, right, down) => finger.send('Input.dispatchTouchEvent', { type, touchPoints: type === 'touchEnd' ? [] : [{ x: box.x + grip[0] + right, y: box.y + grip[1] + down }] });
+    await touch('touchStart', 0, 0);
+    for (let i = 1; i <= 6; ++i) await touch('touchMove', -4 * i, 3 * i);
+    await page.waitForTimeout(80);
+    await touch('touchEnd');
+    assert.notDeepEqual(await rows(page, 'points'), before);
+    assert.ok(await isShown(page, 'proven'));
     await closed(page);
 });
 

@@ -3,6 +3,8 @@
 import type { Point } from '@plcalc/wasm';
 import { Colors, DxfWriter, LWPolylineFlags, point2d, point3d, Units } from '@tarikjabiri/dxf';
 
+import OlPolygon from 'ol/geom/Polygon.js';
+
 import type { Answer } from '../answer';
 import type { Numbers } from '../numbers';
 import { boxOf } from '../drawing/map';
@@ -51,6 +53,10 @@ export function dxfOf(answer: Answer, numbers: Numbers): string {
     for (const piece of answer.pieces)
         for (const ring of piece.rings)
             dxf.addLWPolyline(ring.map((p) => ({ point: point2d(p[0], p[1]) })), { flags: LWPolylineFlags.Closed, layerName: 'pieces' });
+    for (const { name, area, rings } of answer.pieces) {
+        const [x = 0, y = 0] = new OlPolygon(rings.map((ring) => closed(ring).map((p) => [p[0], p[1]]))).getInteriorPoint().getCoordinates();
+        dxf.addText(point3d(x, y), height, `${name} ${numbers.plainArea(area)}`, { layerName: 'labels' });
+    }
     for (const { from, to } of answer.cuts)
         dxf.addLWPolyline([{ point: point2d(from.at[0], from.at[1]) }, { point: point2d(to.at[0], to.at[1]) }], { layerName: 'lines' });
     for (const { name, at } of answer.newPoints) {
