@@ -62,7 +62,7 @@ export function hasDirection(asked: Asked): boolean {
     return ['parallel', 'perpendicular', 'bearing'].includes(asked.kind);
 }
 
-export function requestOf(asked: Asked, amounts: readonly Amount[], parcel: NamedParcel, settings: Settings): Request {
+export function requestOf(asked: Asked, amounts: readonly Amount[], settings: Settings): Request {
     const whole = asked.whole && hasDirection(asked);
     return {
         line: lineOf(asked),
@@ -70,8 +70,16 @@ export function requestOf(asked: Asked, amounts: readonly Amount[], parcel: Name
         measured: asked.opposite ? 'opposite' : 'from_reference',
         alternative: whole ? 0 : asked.alternative,
         pieces: whole ? 'any' : 'two',
-        ...(whole || parcel.holes.length > 0 ? {} : { decimals: settings.decimals }),
+        decimals: settings.decimals,
     };
+}
+
+/** With as many decimals as asked for; with all digits where plparcel knows no other lines of that kind. */
+export function divided(plcalc: Plcalc, parcel: NamedParcel, request: Request): Division {
+    const division = plcalc.divide(asParcel(parcel), request);
+    if (division.status !== 'only_all_digits') return division;
+    const { decimals: _, ...exact } = request;
+    return plcalc.divide(asParcel(parcel), exact);
 }
 
 export function asParcel(parcel: NamedParcel): Parcel {
@@ -116,8 +124,8 @@ class PointNames {
 
 function cutsOf(plcalc: Plcalc, division: Division, names: PointNames): Cut[] {
     return division.lines.flatMap((line) => {
-        // Rounded ends stand for the one segment that the line then has.
-        const segments = division.decimals === undefined ? line.segments : [[line.from, line.to] as const];
+        // Of a line with one segment the rounded ends count.
+        const segments = division.decimals === undefined || line.segments.length > 1 ? line.segments : [[line.from, line.to] as const];
         return segments.map(([from, to]): Cut => {
             const side = plcalc.measure([from, to]).rings[0]?.[0];
             return { from: names.at(from), to: names.at(to), length: side?.length ?? NaN, bearing: side?.bearing ?? NaN };
@@ -160,8 +168,8 @@ export function answerOf(plcalc: Plcalc, state: State, settings: Settings, amoun
     const { asked } = state;
     const typed = amounts ? { amounts } : amountsOf(asked.mode, asked.typed[asked.mode]);
     if (!('amounts' in typed)) return { ...none, mistake: typed.mistake };
-    const request = requestOf(asked, typed.amounts, parcel, settings);
-    const division = plcalc.divide(asParcel(parcel), request);
+    const request = requestOf(asked, typed.amounts, settings);
+    const division = divided(plcalc, parcel, request);
     if (!division.divided) return { ...none, request, division };
     const cuts = cutsOf(plcalc, division, names);
     return { ...none, request, division, cuts, newPoints: names.fresh, pieces: piecesOf(plcalc, division) };

@@ -4,7 +4,7 @@ import { OutOfMemory, type Alternative, type Amount, type Plcalc, type Point } f
 
 import OlPolygon from 'ol/geom/Polygon.js';
 
-import { answerOf, asParcel, hasDirection, lineOf, measuresOf, requestOf, type Answer } from './answer';
+import { answerOf, asParcel, divided, hasDirection, lineOf, measuresOf, requestOf, type Answer } from './answer';
 import { numberOf } from './amounts';
 import { ParcelMap, type Picked } from './drawing/map';
 import type { PlanTexts } from './drawing/plan';
@@ -215,7 +215,7 @@ export class App {
             if (Number.isNaN(bearing)) return;
             asked = { ...asked, gon: Number(this.plcalc.fixed((bearing + 400 - kLookBackGon) % 400, 4)) };
         }
-        const amount = this.plcalc.amountAt(asParcel(parcel), requestOf(asked, [], parcel, this.settings), at);
+        const amount = this.plcalc.amountAt(asParcel(parcel), requestOf(asked, [], this.settings), at);
         if (!amount) return;
         const answer = answerOf(this.plcalc, { ...this.state, asked }, this.settings, [amount]);
         if (!answer?.division?.divided) return;
@@ -304,7 +304,7 @@ export class App {
     private findOther(): boolean {
         const { request, parcel, division } = this.answer;
         if (!request || !division?.divided || request.pieces === 'any' || parcel.outer.length > 300) return false;
-        return this.plcalc.divide(asParcel(parcel), { ...request, alternative: this.state.asked.alternative + 1 }).divided;
+        return divided(this.plcalc, parcel, { ...request, alternative: this.state.asked.alternative + 1 }).divided;
     }
 
     // What can be had with this kind of line, as areas. It costs as much as a division; while a line is dragged, nobody asks.
@@ -316,7 +316,7 @@ export class App {
         const key = JSON.stringify([lineOf(asked), asked.opposite, asked.whole]);
         if (this.rangesFor.parcel !== parcel || this.rangesFor.key !== key) {
             this.rangesFor = { parcel, key };
-            this.lastRanges = this.plcalc.feasible(asParcel(parcel), requestOf(asked, [], parcel, this.settings)).ranges;
+            this.lastRanges = this.plcalc.feasible(asParcel(parcel), requestOf(asked, [], this.settings)).ranges;
         }
         return this.lastRanges;
     }

@@ -361,6 +361,19 @@ test('the line is dragged, and snaps to a round area', async () => {
     await closed(page);
 });
 
+test('a parcel with a hole is divided, into two pieces and into any number', async () => {
+    const page = await opened();
+    await open(page, 'court.wkt', 'POLYGON((0 0,100 0,100 50,0 50,0 0),(40 20,40 30,60 30,60 20,40 20))');
+    assert.match(await textOf(page, 'parcel-facts'), /holes: 1 · 4800\.00 m²/);
+    await page.click('[data-kind=bearing]');
+    await page.fill('#bearing', '100');
+    await page.click('#whole');
+    await typed(page, 'share', '1/2');
+    assert.deepEqual((await rows(page, 'pieces')).map((row) => row[1]), ['2400.00', '2400.00', '4800.00']);
+    assert.equal((await rows(page, 'lines')).length, 2);
+    await closed(page);
+});
+
 test('a division comes back from its address, and links are made', async () => {
     const page = await opened();
     await typed(page, 'parts', '3');
