@@ -287,6 +287,7 @@ static void test_rounding(void)
     const plc_amount third = amount_of(PLC_SHARE, 1.0, 3.0);
     plc_division_info info;
     plc_line_info line;
+    double xyxy[4];
     plc_parcel* parcel = lot();
     plc_division* division = NULL;
 
@@ -298,6 +299,7 @@ static void test_rounding(void)
     line.struct_size = sizeof line;
     CHECK(plc_division_get(division, &info) == PLC_OK && info.decimals == 2);
     CHECK(plc_division_line(division, 0, &line) == PLC_OK && line.from_y == 16.67 && line.to_y == 16.67);
+    CHECK(plc_division_segment(division, 0, 0, xyxy) == PLC_OK && xyxy[1] == 16.67 && xyxy[3] == 16.67);
     plc_division_free(division);
 
     request.rounding_tolerance = 0.0; /* 1e-6, which takes more decimals */

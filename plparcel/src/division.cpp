@@ -145,6 +145,7 @@ void round_lines(const Ring& boundary, const std::vector<Wide>& areas, const Wid
     for (std::size_t i = 0; i < division.lines.size(); ++i) {
         division.lines[i].from = staked->lines[i].from;
         division.lines[i].to = staked->lines[i].to;
+        division.lines[i].segments = {{staked->lines[i].from, staked->lines[i].to}};
     }
     for (std::size_t i = 0; i < division.pieces.size(); ++i)
         division.pieces[i] = piece_of(std::move(staked->pieces[i]), areas[i], i);

@@ -77,6 +77,11 @@ TEST(StakedOut, HasAsFewDecimalsAsHoldTheAmounts)
         for (const plparcel::DividingLine& line : division.lines) {
             EXPECT_TRUE(has_decimals(line.from, *row.decimals));
             EXPECT_TRUE(has_decimals(line.to, *row.decimals));
+            ASSERT_EQ(line.segments.size(), 1u);
+            EXPECT_BITS(line.segments[0].from.x, line.from.x);
+            EXPECT_BITS(line.segments[0].from.y, line.from.y);
+            EXPECT_BITS(line.segments[0].to.x, line.to.x);
+            EXPECT_BITS(line.segments[0].to.y, line.to.y);
         }
     }
 }
