@@ -207,6 +207,7 @@ def test_figures_of_a_line():
 def test_as_it_is_staked_out():
     division = plcalc.divide(LOT, parallel_to=0, share="1/3", decimals=2, tolerance=1e-3)
     assert division.decimals == 2 and division.lines[0].start == (0, 16.67)
+    assert division.lines[0].segments == (((0, 16.67), (100, 16.67)),)
     assert division.pieces[0].residual == pytest.approx(1667 - 5000 / 3)
 
 
