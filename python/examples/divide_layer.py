@@ -16,7 +16,7 @@ from fiona import open as open_layer
 
 import plcalc
 
-ROWS = 50000  # of one partition, some 100 MB while it is divided
+ROWS = 50000  # of one partition
 
 
 def divide_rows(source, first, last, target, request):

@@ -13,6 +13,8 @@ import plcalc
 distributed = pytest.importorskip("distributed", reason="python3-distributed is needed")
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "examples"))
 
+PAGE = pathlib.Path(__file__).resolve().parents[2] / "docs/clusters.md"
+
 
 def test_two_workers_answer_as_one_process(tmp_path):
     import divide_layer
@@ -28,6 +30,14 @@ def test_two_workers_answer_as_one_process(tmp_path):
     with distributed.LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=None,
                                   local_directory=str(tmp_path)) as cluster, distributed.Client(cluster) as client:
         assert divide_layer.divide_layer(client, source, tmp_path / "pieces", rows=64, **request) == (500, 998, 1)
+        page = PAGE.read_text(encoding="utf-8").split("```python\n")[1].split("```")[0]
+        for shown, here in (("tcp://scheduler:8786", cluster.scheduler_address), ("country.gpkg", source),
+                            ('"pieces"', repr(str(tmp_path / "by_the_page")))):
+            assert shown in page
+            page = page.replace(shown, here)
+        said = {}
+        exec(page, said)
+        assert (said["parcels"], said["pieces"], said["refused"]) == (500, 998, 1)
 
     parts = sorted((tmp_path / "pieces").iterdir())
     assert len(parts) == 8
