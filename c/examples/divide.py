@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 import ctypes
 
-plcalc = ctypes.CDLL("libplcalc_c.so")
-plcalc.plc_division_text.restype = ctypes.c_char_p
+library = ctypes.CDLL("libplcalc_c.so")
+library.plc_division_text.restype = ctypes.c_char_p
 
 
 class Request(ctypes.Structure):
@@ -24,14 +24,14 @@ request = Request(struct_size=ctypes.sizeof(Request), cut=1)  # perpendicular to
 thirds = (Amount * 2)(*[(ctypes.sizeof(Amount), 2, 1, 3)] * 2)
 parcel, division = ctypes.c_void_p(), ctypes.c_void_p()
 
-code = plcalc.plc_parcel_make(yard, ctypes.c_int64(6), ctypes.byref(parcel))
+code = library.plc_parcel_make(yard, ctypes.c_int64(6), ctypes.byref(parcel))
 if code == 0:
-    code = plcalc.plc_divide(parcel, ctypes.byref(request), thirds, ctypes.c_int64(2), ctypes.byref(division))
+    code = library.plc_divide(parcel, ctypes.byref(request), thirds, ctypes.c_int64(2), ctypes.byref(division))
 if code in (0, 1):
     segment = (ctypes.c_double * 4)()
     for line in (0, 1):
-        if plcalc.plc_division_segment(division, ctypes.c_int64(line), ctypes.c_int64(0), segment) == 0:
+        if library.plc_division_segment(division, ctypes.c_int64(line), ctypes.c_int64(0), segment) == 0:
             print("from %.4f %.4f to %.4f %.4f" % tuple(segment))
-    print(plcalc.plc_division_text(division).decode())
-plcalc.plc_division_free(division)
-plcalc.plc_parcel_free(parcel)
+    print(library.plc_division_text(division).decode())
+library.plc_division_free(division)
+library.plc_parcel_free(parcel)
