@@ -123,14 +123,10 @@ class PointNames {
 }
 
 function cutsOf(plcalc: Plcalc, division: Division, names: PointNames): Cut[] {
-    return division.lines.flatMap((line) => {
-        // Of a line with one segment the rounded ends count.
-        const segments = division.decimals === undefined || line.segments.length > 1 ? line.segments : [[line.from, line.to] as const];
-        return segments.map(([from, to]): Cut => {
-            const side = plcalc.measure([from, to]).rings[0]?.[0];
-            return { from: names.at(from), to: names.at(to), length: side?.length ?? NaN, bearing: side?.bearing ?? NaN };
-        });
-    });
+    return division.lines.flatMap((line) => line.segments.map(([from, to]): Cut => {
+        const side = plcalc.measure([from, to]).rings[0]?.[0];
+        return { from: names.at(from), to: names.at(to), length: side?.length ?? NaN, bearing: side?.bearing ?? NaN };
+    }));
 }
 
 function piecesOf(plcalc: Plcalc, division: Division): NamedPiece[] {

@@ -49,7 +49,8 @@ export class ParcelMap {
         const layer = new Layer({ render: (frame) => this.render(frame) });
         this.map = new OlMap({
             target, controls: [], layers: [layer], pixelRatio: Math.max(1, window.devicePixelRatio),
-            interactions: defaults({ keyboard: false, altShiftDragRotate: false, pinchRotate: false }),
+            // Two quick clicks choose two sides.
+            interactions: defaults({ doubleClickZoom: false, keyboard: false, altShiftDragRotate: false, pinchRotate: false }),
         });
         const isMouse = (event: MapBrowserEvent): boolean => (event.originalEvent as PointerEvent).pointerType === 'mouse';
         this.map.addInteraction(new PointerInteraction({
