@@ -223,9 +223,7 @@ enum {
     PLC_NO_LINE_THROUGH_POINT = 18, /**< in no direction does the line through the point cut the amount off */
     PLC_NO_FURTHER_LINE = 19,       /**< there are no more lines than `alternative` says */
     PLC_LINE_LEAVES_PARCEL = 20,    /**< every line that holds the amount makes more than two pieces */
-    PLC_WHOLE_LINE_PARTS_MORE =
-        21,              /**< with holes: the whole line that holds the amount makes more than two */
-    PLC_NOT_REACHED = 22 /**< coordinates are too coarse to meet the amount within the tolerance */
+    PLC_NOT_REACHED = 21            /**< coordinates are too coarse to meet the amount within the tolerance */
 };
 
 /** @param[in] status  a number from PLC_DIVIDED on

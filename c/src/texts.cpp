@@ -78,8 +78,6 @@ std::int32_t number_of(plparcel::Status status) noexcept
         return PLC_NO_FURTHER_LINE;
     case Status::line_leaves_parcel:
         return PLC_LINE_LEAVES_PARCEL;
-    case Status::whole_line_parts_more:
-        return PLC_WHOLE_LINE_PARTS_MORE;
     case Status::not_reached:
         return PLC_NOT_REACHED;
     }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "amounts.h"
+#include "boundary/joined_rings.h"
 #include "boundary/local_ring.h"
 #include "boundary/locate.h"
 #include "boundary/ring_check.h"
@@ -16,6 +17,7 @@
 #include "one_cut.h"
 #include "verdict/staked_out.h"
 #include "verdict/target.h"
+#include "whole_lines/part_cut.h"
 #include "whole_lines/whole_cut.h"
 
 namespace plparcel {
@@ -177,7 +179,7 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
         return Status::unknown_request;
     if (request.rounding.decimals)
         return Status::only_all_digits;
-    if (request.alternative > 0)
+    if (request.alternative > 0 && request.pieces == Pieces::any)
         return Status::no_further_line;  // there is one whole line for each amount
     if (is_free(line.cut))
         return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
@@ -204,6 +206,20 @@ WholeParcel whole_parcel(const CheckedParcel& checked_parcel, const Line& line)
     whole.b = of_side.ring[around(of_side.place, line.index + 1)];
     whole.inside_on_left = (of_side.ring.turn() > 0.0) == (line.ring == 0);
     return whole;
+}
+
+// The side that gives the direction, as one of the rings' own; 0 for none.
+std::size_t side_between(const WholeParcel& whole)
+{
+    const JoinedRings rings(whole.rings);
+    for (std::size_t side = 0; side < rings.size(); ++side) {
+        const PL_PNT2D_record& a = rings[side];
+        const PL_PNT2D_record& b = rings.end_of(side);
+        if ((same_place(a, whole.a) && same_place(b, whole.b)) ||
+            (same_place(a, whole.b) && same_place(b, whole.a)))
+            return side;
+    }
+    return 0;
 }
 
 bool has_width(const std::vector<Amount>& amounts)
@@ -247,20 +263,14 @@ Division divide(const Parcel& parcel, const Request& request)
         division.at_amount = shares.at_amount;
         return division;
     }
-    cut_whole(whole_parcel(checked_parcel, request.line), request, shares, division);
+    const WholeParcel whole = whole_parcel(checked_parcel, request.line);
+    if (request.pieces == Pieces::two) {
+        cut_parts(whole, side_between(whole), request, shares, division);
+        return division;
+    }
+    cut_whole(whole, request, shares, division);
     if (division.status == Status::not_reached && parcel.holes.empty())
         divide_by_single_segments(parcel.outer, request, division);
-    const auto is_one = [](const Held& held) { return held.pieces == 1; };
-    if (division.status == Status::divided && request.pieces == Pieces::two &&
-        !std::all_of(division.held.begin(), division.held.end(), is_one)) {
-        division.status = Status::whole_line_parts_more;
-        while (is_one(division.held[division.at_amount]))
-            ++division.at_amount;
-        division.at_amount = std::min(division.at_amount, division.lines.size() - 1);
-        division.lines.clear();
-        division.pieces.clear();
-        division.held.clear();
-    }
     return division;
 }
 
@@ -398,8 +408,6 @@ const char* describe(Status status) noexcept
         return "every line that holds the amount makes more than two pieces";
     case Status::no_further_line:
         return "there are fewer lines that hold the amount";
-    case Status::whole_line_parts_more:
-        return "the whole line that holds the amount makes more than two pieces";
     case Status::not_reached:
         return "the coordinates are too coarse to hold the amount within the tolerance";
     }

@@ -466,6 +466,372 @@ TEST(WholeLinesExact, NoWrongDivisionAndNoRefusal)
     std::printf("  %zu pieces, %zu parcels with holes\n", pieces, with_hole);
 }
 
+// A place where a line at some level meets a side.
+struct Met {
+    Number along;
+    std::size_t ring;
+    std::size_t side;
+};
+
+// A line that begins on a ring, comes back to it, and meets no ring twice on its way.
+struct Run {
+    std::vector<Met> met;  // two for each segment
+    Number level;
+};
+
+// All such lines of a parcel, found level by level; the piece above each is walked round and measured.
+class Runs {
+public:
+    Runs(const Judged& judged, const Parcel& parcel, const Request& request)
+        : judged_(judged), request_(request), rings_(judged.parcel)
+    {
+        for (std::size_t r = 0; r < rings_.size(); ++r)
+            if ((sgn(signed_area(rings_[r])) > 0) != (r == 0))
+                std::reverse(rings_[r].begin(), rings_[r].end());
+        const Ring& of_line = request.line.ring == 0 ? parcel.outer : parcel.holes[request.line.ring - 1];
+        const std::size_t n = of_line.size();
+        base_a_ = exact({of_line[request.line.index % n]})[0];
+        base_b_ = exact({of_line[(request.line.index + 1) % n]})[0];
+    }
+
+    // Whether a line holds the amount, clear of all vertices between its ends.
+    bool hold_one(bool& exactly) const
+    {
+        std::vector<Number> levels;
+        for (const Polygon& ring : rings_)
+            for (const Point& p : ring)
+                levels.push_back(dot(judged_.up, p));
+        std::sort(levels.begin(), levels.end());
+        levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
+        exactly = false;
+        for (std::size_t k = 0; k + 1 < levels.size(); ++k)
+            if (slab_holds(levels[k], levels[k + 1], exactly))
+                return true;
+        return false;
+    }
+
+private:
+    Number level_of(const Point& p) const { return dot(judged_.up, p); }
+
+    Point at(const Met& met, const Number& level) const
+    {
+        const Point& a = rings_[met.ring][met.side];
+        const Point& b = after(rings_[met.ring], met.side);
+        const Number part = (level - level_of(a)) / (level_of(b) - level_of(a));
+        return {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+    }
+
+    std::vector<Met> row_at(const Number& level) const
+    {
+        std::vector<Met> row;
+        for (std::size_t r = 0; r < rings_.size(); ++r) {
+            for (std::size_t i = 0; i < rings_[r].size(); ++i) {
+                if ((level_of(rings_[r][i]) < level) == (level_of(after(rings_[r], i)) < level))
+                    continue;
+                Met met = {0, r, i};
+                met.along = -cross(judged_.up, at(met, level));
+                row.push_back(met);
+            }
+        }
+        std::sort(row.begin(), row.end(), [](const Met& a, const Met& b) { return a.along < b.along; });
+        return row;
+    }
+
+    static bool parts_in_two(const std::vector<Met>& met)
+    {
+        if (met.front().ring != met.back().ring)
+            return false;
+        for (std::size_t i = 2; i < met.size(); i += 2)
+            for (std::size_t k = 0; k < i; k += 2)
+                if (met[i].ring == met[k].ring)
+                    return false;
+        return true;
+    }
+
+    // The boundary of the piece above or below that runs along the line, and the sides of the parcel on it.
+    Polygon round(const Run& run, bool above, std::vector<std::pair<std::size_t, std::size_t>>& sides) const
+    {
+        const std::size_t n = run.met.size();
+        Polygon walked;
+        std::size_t arrived = above ? 0 : n - 1;
+        do {
+            const std::size_t left = above ? arrived + 1 : arrived - 1;
+            walked.push_back(at(run.met[arrived], run.level));
+            walked.push_back(at(run.met[left], run.level));
+            const std::size_t ring = run.met[left].ring;
+            std::size_t side = run.met[left].side;
+            std::size_t next = n;
+            while (next == n) {
+                side = (side + 1) % rings_[ring].size();
+                walked.push_back(rings_[ring][side]);
+                for (std::size_t i = 0; i < n; ++i)
+                    if (run.met[i].ring == ring && run.met[i].side == side)
+                        next = i;
+                if (next == n)
+                    sides.emplace_back(ring, side);
+            }
+            arrived = next;
+        } while (arrived != (above ? 0 : n - 1));
+        return walked;
+    }
+
+    struct Piece2 {
+        Number area;
+        bool has_base;
+    };
+
+    // The piece above.
+    Piece2 above(const Run& run) const
+    {
+        std::vector<std::pair<std::size_t, std::size_t>> sides;
+        Polygon walked = round(run, true, sides);
+        bool is_above = true;
+        if (sgn(signed_area(walked)) < 0) {
+            sides.clear();
+            walked = round(run, false, sides);
+            is_above = false;
+        }
+        Number area = signed_area(walked);
+        bool has_base = std::any_of(sides.begin(), sides.end(),
+                                    [&](const auto& s) { return is_base(s.first, s.second); });
+        for (std::size_t r = 0; r < rings_.size(); ++r) {
+            const bool crossed =
+                std::any_of(run.met.begin(), run.met.end(), [r](const Met& m) { return m.ring == r; });
+            if (crossed || !is_in(walked, rings_[r][0]))
+                continue;
+            area += signed_area(rings_[r]);
+            for (std::size_t i = 0; i < rings_[r].size(); ++i)
+                has_base = has_base || is_base(r, i);
+        }
+        return is_above ? Piece2{area, has_base} : Piece2{judged_.area - area, !has_base};
+    }
+
+    static bool same(const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; }
+
+    bool is_base(std::size_t ring, std::size_t side) const
+    {
+        const Point& a = rings_[ring][side];
+        const Point& b = after(rings_[ring], side);
+        return (same(a, base_a_) && same(b, base_b_)) || (same(a, base_b_) && same(b, base_a_));
+    }
+
+    bool lies_clear(const Run& run) const
+    {
+        const Number reach = 16 * judged_.spacing;
+        const Number up2 = dot(judged_.up, judged_.up);
+        for (std::size_t i = 0; i < run.met.size(); i += 2) {
+            const Point a = at(run.met[i], run.level);
+            const Point b = at(run.met[i + 1], run.level);
+            for (const Polygon& ring : rings_) {
+                for (const Point& v : ring) {
+                    const Number off = level_of(v) - run.level;
+                    const Number along = -cross(judged_.up, v - a);
+                    const Number length = -cross(judged_.up, b - a);
+                    const Number slack = reach * Number(std::sqrt(up2.get_d()));
+                    if (off * off <= reach * reach * up2 && along > -slack && along < length + slack &&
+                        !is_end(v, a, reach) && !is_end(v, b, reach))
+                        return false;
+                }
+            }
+            // A segment that is next to nothing, or a ring that is met with one vertex only.
+            const Point next = at(run.met[(i + 2) % run.met.size()], run.level);
+            if (is_end(a, b, 16 * reach) || is_end(b, next, reach))
+                return false;
+        }
+        return true;
+    }
+
+    static bool is_end(const Point& v, const Point& end, const Number& reach)
+    {
+        return dot(v - end, v - end) <= reach * reach;
+    }
+
+    bool slab_holds(const Number& low, const Number& high, bool& exactly) const
+    {
+        const std::vector<Met> row = row_at((low + high) / 2);
+        for (std::size_t i = 0; i < row.size(); i += 2) {
+            for (std::size_t j = i + 1; j < row.size(); j += 2) {
+                Run run;
+                run.met.assign(row.begin() + static_cast<std::ptrdiff_t>(i),
+                               row.begin() + static_cast<std::ptrdiff_t>(j + 1));
+                if (parts_in_two(run.met) && run_holds(run, low, high, exactly))
+                    return true;
+            }
+        }
+        return false;
+    }
+
+    bool run_holds(Run run, const Number& low, const Number& high, bool& exactly) const
+    {
+        // A quadratic of the level, through three values inside.
+        const Number height = high - low;
+        Number value[3];
+        bool has_base = false;
+        for (int i = 0; i < 3; ++i) {
+            run.level = low + height * (i + 1) / 4;
+            const Piece2 piece = above(run);
+            value[i] = piece.area;
+            has_base = piece.has_base;
+        }
+        const Number second = 8 * (value[0] - 2 * value[1] + value[2]);  // of the part of the slab
+        const Number first = 4 * (value[1] - value[0]) - second * 3 / 4;
+        const Number constant = value[0] - first / 4 - second / 16;
+        const Number end = constant + first + second;
+        bool asked_above = request_.line.cut == Cut::parallel ? has_base : false;
+        // judged.up points away from where the request lies, but for parallels only the base side tells.
+        if (request_.line.cut == Cut::parallel && request_.measured == Measured::opposite)
+            asked_above = !has_base;
+        const Number& wanted = asked_above ? judged_.asked[0] : judged_.asked[1];
+        const Number granted = tolerance(judged_, 0);
+        const Number granted_rest = tolerance(judged_, 1);
+        const Number both = std::min(granted, granted_rest);
+        if (wanted < constant && wanted > end) {
+            exactly = true;
+            Number near = 0;
+            Number far = 1;
+            for (int bit = 0; bit < 100; ++bit) {
+                const Number middle = (near + far) / 2;
+                (constant + middle * (first + middle * second) > wanted ? near : far) = middle;
+            }
+            run.level = low + height * near;
+            return lies_clear(run);
+        }
+        for (const int rim : {0, 1}) {
+            const Number miss = abs((rim == 0 ? constant : end) - wanted);
+            run.level = rim == 0 ? low : high;
+            if (2 * miss <= both && lies_clear(run))
+                return true;
+        }
+        return false;
+    }
+
+    const Judged& judged_;
+    const Request& request_;
+    std::vector<Polygon> rings_;
+    Point base_a_;
+    Point base_b_;
+};
+
+// The piece of the request has the side, or lies on the side of the line that was asked for.
+std::string objection_to_place(const Judged& judged, const Request& request, const Parcel& parcel,
+                               const Division& division)
+{
+    const std::vector<Polygon> piece = rings_of(division.pieces[0].ring, division.pieces[0].holes);
+    const Ring& of_line = request.line.ring == 0 ? parcel.outer : parcel.holes[request.line.ring - 1];
+    const Polygon base = exact(
+        {of_line[request.line.index % of_line.size()], of_line[(request.line.index + 1) % of_line.size()]});
+    const plparcel::Segment& segment = division.lines[0].segments[0];
+    const Polygon ends = exact({segment.from, segment.to});
+    bool has_base = false;
+    int above = 0;
+    for (std::size_t r = 0; r < piece.size(); ++r) {
+        // Inside on the left.
+        const bool turn = (sgn(signed_area(piece[r])) > 0) == (r == 0);
+        for (std::size_t i = 0; i < piece[r].size(); ++i) {
+            const Point& p = turn ? piece[r][i] : after(piece[r], i);
+            const Point& q = turn ? after(piece[r], i) : piece[r][i];
+            const auto is = [](const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; };
+            for (const int way : {0, 1}) {
+                has_base = has_base || (is(p, base[way]) && is(q, base[1 - way]));
+                if (is(p, ends[way]) && is(q, ends[1 - way]))
+                    above = sgn(-cross(judged.up, q - p));
+            }
+        }
+    }
+    if (request.line.cut == Cut::parallel)
+        return has_base == (request.measured == Measured::from_reference) ? "" : "the base side is elsewhere";
+    return above < 0 ? "" : "the request lies on the other side";
+}
+
+std::string objection_to_two(const Judged& judged, const Request& request, const Parcel& parcel,
+                             const Division& division)
+{
+    if (division.lines.size() != 1 || division.pieces.size() != 2 || division.held.size() != 2)
+        return "not one line and two pieces";
+    Number low = 0;
+    Number high = 0;
+    Number sum = 0;
+    bool is_first = true;
+    for (const plparcel::Segment& segment : division.lines[0].segments) {
+        for (const PL_PNT2D_record& p : {segment.from, segment.to}) {
+            const Number level = dot(judged.up, exact({p})[0]);
+            low = is_first || level < low ? level : low;
+            high = is_first || level > high ? level : high;
+            sum += level;
+            is_first = false;
+        }
+    }
+    const Number slack = 14 * judged.spacing * Number(std::sqrt(dot(judged.up, judged.up).get_d()));
+    if (high - low > slack * Number(1.000001))
+        return "the line is not straight";
+    const std::vector<Number> levels = {sum / static_cast<int>(2 * division.lines[0].segments.size())};
+    Number all = 0;
+    for (std::size_t i = 0; i < 2; ++i) {
+        const std::vector<Polygon> rings = rings_of(division.pieces[i].ring, division.pieces[i].holes);
+        if (std::string fault = objection_to_rings(rings); !fault.empty())
+            return "a piece: " + fault;
+        const Number area = area_of(rings);
+        const Number miss = abs(area - judged.asked[i]);
+        if (miss > tolerance(judged, i) * Number(1.0 + 1e-9))
+            return "an amount is not held";
+        all += area;
+        for (const Polygon& ring : rings)
+            for (std::size_t k = 0; k < ring.size(); ++k)
+                if (!is_side_or_line(judged.parcel, ring[k], after(ring, k), judged.up, levels,
+                                     judged.spacing))
+                    return "a side of a piece is neither boundary nor line";
+    }
+    if (abs(all - judged.area) > judged.area * Number(2e-9))
+        return "the pieces are not the parcel";
+    return objection_to_place(judged, request, parcel, division);
+}
+
+std::string objection_to_refusal(const Judged& judged, const Request& request, const Parcel& parcel,
+                                 Status status, bool coarse)
+{
+    if (status == Status::not_reached && coarse)
+        return "";
+    if (status != Status::not_reached && status != Status::line_leaves_parcel &&
+        status != Status::base_reaches_behind)
+        return "no reason to refuse";
+    bool exactly = false;
+    return Runs(judged, parcel, request).hold_one(exactly) ? "a line holds it" : "";
+}
+
+TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    const int count = chosen != nullptr ? std::max(1, std::atoi(chosen)) : 1500;
+    std::map<std::string, int> tally;
+    for (int i = 0; i < count;) {
+        const Parcel parcel = any_parcel();
+        const plparcel::RingReport report = check_parcel(parcel);
+        if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed ||
+            parcel.holes.empty())
+            continue;
+        ++i;
+        Request request = any_request(parcel);
+        request.pieces = plparcel::Pieces::two;
+        request.amounts.resize(1);
+        const Division division = divide(parcel, request);
+        const Judged exactly = judged(parcel, request);
+        const bool coarse = is_too_coarse(exactly);
+        std::string what = describe(division);
+        if (division.status == Status::divided && division.lines[0].segments.size() > 1)
+            what += ", across holes";
+        if (division.status == Status::divided && division.lines[0].meets_again)
+            what += ", a part of the line";
+        ++tally[what + (coarse ? ", doubles far apart" : "")];
+        const std::string fault =
+            division.status == Status::divided
+                ? objection_to_two(exactly, request, parcel, division)
+                : objection_to_refusal(exactly, request, parcel, division.status, coarse);
+        EXPECT_EQ(fault, "") << describe(division) << ": " << shown(parcel, request);
+    }
+    for (const auto& [what, times] : tally)
+        std::printf("  %7d %s\n", times, what.c_str());
+}
+
 // What is not right is seen.
 TEST(WholeLinesExact, TheJudgeObjects)
 {

@@ -201,15 +201,88 @@ TEST(WholeLines, TwoPiecesOfAParcelWithHoles)
 {
     const Division through = cut(kHoles, parallel_to(0), {share(1, 2)}, kHere, Pieces::two);
     EXPECT_EQ(through.status, Status::divided) << "through one hole and out of it again";
-    // The arm beside the hole holds it, and the line crosses the other arm.
-    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
-    EXPECT_EQ(cut(u, parallel_to(0), {area(2700)}, kHere, Pieces::two).status, Status::whole_line_parts_more);
+    ASSERT_EQ(through.lines[0].segments.size(), 2U);
+    EXPECT_FALSE(through.lines[0].meets_again);
     EXPECT_EQ(cut(kHoles, plparcel::through_vertex(0), {share(1, 2)}, kHere, Pieces::two).status,
               Status::only_without_holes);
     EXPECT_EQ(cut(kU, plparcel::through_vertex(0), {share(1, 2)}).status, Status::only_two_pieces);
     EXPECT_EQ(cut(kHoles, parallel_to(0, 3), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kHoles, parallel_to(4, 2), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kU, parallel_to(0, 1), {share(1, 2)}, kHere, Pieces::two).status, Status::no_such_index);
+}
+
+// Of a whole line a part may do: in one arm, past the other one and the hole in it.
+TEST(WholeLines, APartOfALineMakesTwoPieces)
+{
+    // Left arm: 30 wide and up to 60, with a hole of 15 in it. Right arm: 40 wide.
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    plparcel::Request request;
+    request.amounts = {area(4785 - 800)};
+    const double high = 60 - 815.0 / 30;
+    const PL_PNT2D_record want[][2] = {{{0, high}, {30, high}}, {{60, 40}, {100, 40}}};
+    for (; request.alternative < 2; ++request.alternative) {
+        const Division division = divide(u, request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        const plparcel::DividingLine& line = division.lines[0];
+        EXPECT_NEAR(line.from.x, want[request.alternative][0].x, 1e-12);
+        EXPECT_NEAR(line.from.y, want[request.alternative][0].y, 1e-12);
+        EXPECT_NEAR(line.to.x, want[request.alternative][1].x, 1e-12);
+        EXPECT_TRUE(line.meets_again);
+        ASSERT_EQ(division.pieces.size(), 2U);
+        EXPECT_EQ(division.pieces[request.alternative == 0 ? 1 : 0].holes.size(), 1U)
+            << "the hole goes with the piece in which it lies";
+    }
+    EXPECT_EQ(divide(u, request).status, Status::no_further_line);
+    request.alternative = 0;
+    request.amounts = {area(2700)};
+    EXPECT_EQ(divide(u, request).status, Status::line_leaves_parcel) << "neither arm is so large";
+}
+
+// A line from a hole to the same hole cuts its bay off: the piece beyond keeps the outer ring, and a larger hole.
+TEST(WholeLines, ABayOfAHoleIsCutOff)
+{
+    // Open to the East, 20 deep and 20 wide.
+    const Parcel parcel = {
+        {{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+        {{{40, 30}, {70, 30}, {70, 40}, {50, 40}, {50, 60}, {70, 60}, {70, 70}, {40, 70}}}};
+    plparcel::Request request;
+    request.line = plparcel::at_bearing(0);
+    request.measured = Measured::opposite;
+    request.amounts = {area(100)};
+    const Division division = divide(parcel, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_NEAR(division.lines[0].from.x, 1, 1e-12)
+        << "from the far left come the lines through the outer ring first";
+    request.alternative = 1;
+    const Division bay = divide(parcel, request);
+    ASSERT_EQ(bay.status, Status::divided) << describe(bay);
+    EXPECT_NEAR(bay.lines[0].from.x, 55, 1e-12);
+    EXPECT_NEAR(bay.lines[0].from.y, 40, 1e-12);
+    EXPECT_NEAR(bay.lines[0].to.y, 60, 1e-12);
+    EXPECT_EQ(bay.pieces[0].ring.size(), 4U);
+    EXPECT_TRUE(bay.pieces[0].holes.empty());
+    EXPECT_EQ(bay.pieces[1].ring.size(), 4U);
+    ASSERT_EQ(bay.pieces[1].holes.size(), 1U);
+    EXPECT_EQ(bay.pieces[1].holes[0].size(), 8U);
+    EXPECT_NEAR(bay.pieces[1].area, 10000 - 800 - 100, 1e-9);
+}
+
+// Strips and shares one after another, through holes and past them.
+TEST(WholeLines, ASeriesOfTwoPiecesEachAcrossHoles)
+{
+    const Division strips =
+        cut(kHoles, parallel_to(0), {width(10), width(40), area(1000)}, kHere, Pieces::two);
+    ASSERT_EQ(strips.status, Status::divided) << describe(strips);
+    EXPECT_DOUBLE_EQ(strips.lines[0].from.y, 10);
+    EXPECT_DOUBLE_EQ(strips.lines[1].from.y, 50);
+    EXPECT_EQ(strips.lines[1].segments.size(), 2U);
+    EXPECT_EQ(strips.pieces.size(), 4U);
+    EXPECT_DOUBLE_EQ(strips.pieces[1].area, 4000 - 200);
+    const Division parts =
+        cut(kHoles, plparcel::perpendicular_to(0), plparcel::equal_parts(5), Measured::opposite, Pieces::two);
+    ASSERT_EQ(parts.status, Status::divided) << describe(parts);
+    for (const plparcel::Piece& piece : parts.pieces)
+        EXPECT_NEAR(piece.area, (10000 - 400 - 200) / 5.0, 1e-6);
 }
 
 // What holes take away is not there to be cut.

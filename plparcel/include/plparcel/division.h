@@ -103,7 +103,8 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
 /// Into how many pieces a line may cut.
 enum class Pieces {
-    two,  ///< exactly two: the line is one segment from boundary to boundary. Some amounts have none, others several
+    two,  ///< exactly two: a line from boundary to boundary, past holes or across them. Some amounts have none, others
+    ///< several
     any  ///< the whole straight line cuts, and the amount is all that lies on its side of it. Each amount has one
 };
 
@@ -129,7 +130,8 @@ struct Request {
     Rounding rounding = {};       ///< how many decimals the ends of the lines have; see rounding.h
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and
     /// DividingLine::library_agrees; no line depends on them. It knows parallels, perpendiculars and lines from a
-    /// vertex only, and no widths, holes or whole lines. It costs about as much as the division itself, and far more on parcels of thousands of vertices.
+    /// vertex only, and no widths, holes or whole lines. It costs about as much as the division itself, and far more on
+    /// parcels of thousands of vertices.
     bool ask_library = false;
 };
 
@@ -163,7 +165,6 @@ enum class Status {
     no_line_through_point,  ///< in no direction does the line through the point cut the amount off
     no_further_line,        ///< there are no more lines than Request::alternative says
     line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
-    whole_line_parts_more,  ///< two pieces and holes: the whole line that holds the amount makes more than two
     not_reached             ///< coordinates are too coarse to meet the amount within the tolerance
 };
 
@@ -171,8 +172,8 @@ enum class Status {
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(Status status) noexcept;
 
-/// A dividing line in the parcel's coordinates, its ends on the boundary. Without holes and with two pieces it is one
-/// segment.
+/// A dividing line in the parcel's coordinates, its ends on the boundary. With two pieces it is one segment, unless it
+/// crosses holes.
 struct DividingLine {
     /// A parallel runs in the direction of its side, a perpendicular from the end nearer to the side's line, a line
     /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do. A line
@@ -193,10 +194,11 @@ struct DividingLine {
 
 /// A piece of the divided parcel.
 struct Piece {
-    Ring ring;                ///< runs as the parcel does, first vertex not repeated
-    std::vector<Ring> holes;  ///< holes of the parcel that lie in it whole; they run the other way
-    std::size_t amount = 0;   ///< index of its amount; one more than the last of them for what is left
-    double area = 0.0;        ///< of this ring less the holes, unit squared
+    Ring ring;  ///< runs as the parcel does, first vertex not repeated
+    std::vector<Ring>
+        holes;  ///< the holes in it, larger by a bay where a line cut one off; they run the other way
+    std::size_t amount = 0;  ///< index of its amount; one more than the last of them for what is left
+    double area = 0.0;       ///< of this ring less the holes, unit squared
     /// What it should hold; for the last piece, what is left of the parcel; for a width, what lies between the
     /// unrounded lines.
     double asked = 0.0;
@@ -302,8 +304,18 @@ PLPARCEL_API std::vector<Division> all_divisions(const Ring& ring, const Request
 /// @param[in] parcel   see check_parcel(); the order of the holes and the vertices at which rings begin change no bit
 ///                     of status, lines and pieces
 /// @param[in] request  as for a ring. Lines through a vertex need a parcel without holes
-/// @return as for a ring. With two pieces and a hole, a line counts when the whole of it makes exactly two pieces: past
-///         all holes, or through one and out of it again. A part of the line that would do so is not looked for.
+/// @return as for a ring, for lines in a direction, with two pieces and holes as follows.
+///
+/// Counts      A line begins on one ring of the boundary and runs on until it comes back to that ring: from the outer ring
+///             to the outer ring, or across the bay of a hole. On its way it may cross other rings, each once; a
+///             segment ends there, and the next one begins on the far side. Such a line makes exactly two pieces, and
+///             a line that meets a ring twice on its way makes more. A line that touches a ring, or passes a vertex
+///             within four spacings, does not count. Without holes this is the rule for a ring.
+/// Order       As for a ring: see Concave above. A perpendicular ends on its base side where the last of its ends does.
+/// Ends        All ends of a line lie within 14 spacings of each other across it. Of a line across holes they are moved one
+///             after another where their roundings miss an amount: at the limit of what doubles hold, not_reached may
+///             come where another combination of roundings would hold it.
+/// Cost        n log^2 n for each line.
 PLPARCEL_API Division divide(const Parcel& parcel, const Request& request);
 
 }  // namespace plparcel

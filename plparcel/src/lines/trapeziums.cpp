@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <list>
 #include <numeric>
 #include <set>
 
@@ -71,8 +72,11 @@ class Sweep {
 public:
     Sweep(const std::vector<WidePoint>& frame, const JoinedRings& rings, bool anticlockwise)
         : ring_(frame), rings_(rings), anticlockwise_(anticlockwise), row_(IsLeftOf(frame, rings, level_)),
-          place_(frame.size(), row_.end()), open_(frame.size(), kNone)
+          place_(frame.size(), row_.end()), in_order_(frame.size()), open_(frame.size(), kNone)
     {}
+
+    /// After run(): all sides that were in the row, those that were there together from left to right.
+    const std::list<std::size_t>& order() const { return order_; }
 
     Sweep(const Sweep&) = delete;
     Sweep& operator=(const Sweep&) = delete;
@@ -140,6 +144,7 @@ private:
             if ((ring_[side].y < level_) == (ring_[rings_.next(side)].y < level_))
                 continue;
             place_[side] = row_.insert(side);
+            put_in_order(side);
             touched_.push_back(side);
         }
         const std::size_t joined = touched_.size();
@@ -148,6 +153,14 @@ private:
             if (place != row_.end() && place != row_.begin())
                 touched_.push_back(*std::prev(place));
         }
+    }
+
+    // Sides that have left the row keep their places. Nothing that came later is told apart from them.
+    void put_in_order(std::size_t side)
+    {
+        const Row::iterator place = place_[side];
+        in_order_[side] = order_.insert(
+            place == row_.begin() ? order_.begin() : std::next(in_order_[*std::prev(place)]), side);
     }
 
     // Looks at the left sides beside which a side came or went. Where the right neighbour has changed, the trapezium
@@ -184,6 +197,8 @@ private:
     Wide level_;                        // at which the row is in order
     Row row_;                           // the sides that a line meets, from left to right
     std::vector<Row::iterator> place_;  // of each side in the row, or its end
+    std::list<std::size_t> order_;
+    std::vector<std::list<std::size_t>::iterator> in_order_;
     std::vector<std::size_t> open_;     // by left side: index in found_ of the trapezium that is still open
     std::vector<std::size_t> touched_;  // sides beside which something came or went since the last pairing
     std::vector<Trapezium> found_;
@@ -202,9 +217,14 @@ std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring)
     return Sweep(ring, one, runs_anticlockwise(ring)).run();
 }
 
-std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings)
+std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings,
+                                  std::vector<std::size_t>* order)
 {
-    return Sweep(frame, rings, true).run();
+    Sweep sweep(frame, rings, true);
+    std::vector<Trapezium> found = sweep.run();
+    if (order != nullptr)
+        order->assign(sweep.order().begin(), sweep.order().end());
+    return found;
 }
 
 }  // namespace plparcel

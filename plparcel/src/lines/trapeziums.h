@@ -37,6 +37,9 @@ std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring);
 ///
 /// @param[in] frame  of each vertex its place along the lines and its level
 /// @param[in] rings  which vertices are neighbours; the outer ring anticlockwise, the holes clockwise
-std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings);
+/// @param[out] order  if wanted: the sides that a line meets, each once. Those that one line meets stand in it from left
+///                    to right
+std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& frame, const JoinedRings& rings,
+                                  std::vector<std::size_t>* order = nullptr);
 
 }  // namespace plparcel

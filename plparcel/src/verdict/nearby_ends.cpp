@@ -21,23 +21,11 @@ double spacing_at(double v)
     return std::nextafter(std::fabs(v), std::numeric_limits<double>::infinity()) - std::fabs(v);
 }
 
-// The doubles within reach, the nearest first.
-std::vector<double> doubles_near(double v, double reach)
-{
-    std::vector<double> found = {v};
-    const double step = std::max(spacing_at(v), reach / kMostSteps);
-    for (int i = 1; i * step <= reach; ++i) {
-        found.push_back(v + i * step);
-        found.push_back(v - i * step);
-    }
-    return found;
-}
-
 std::vector<PL_PNT2D_record> points_near(const PL_PNT2D_record& p, double reach)
 {
     std::vector<PL_PNT2D_record> found;
-    for (const double x : doubles_near(p.x, reach))
-        for (const double y : doubles_near(p.y, reach))
+    for (const double x : doubles_near(p.x, reach, kMostSteps))
+        for (const double y : doubles_near(p.y, reach, kMostSteps))
             found.push_back({x, y});
     std::stable_sort(found.begin(), found.end(), [&p](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
         return std::fabs(a.x - p.x) + std::fabs(a.y - p.y) < std::fabs(b.x - p.x) + std::fabs(b.y - p.y);
@@ -90,6 +78,17 @@ private:
 
 }  // namespace
 
+std::vector<double> doubles_near(double v, double reach, double most)
+{
+    std::vector<double> found = {v};
+    const double step = std::max(spacing_at(v), reach / most);
+    for (int i = 1; i * step <= reach; ++i) {
+        found.push_back(v + i * step);
+        found.push_back(v - i * step);
+    }
+    return found;
+}
+
 bool offer_nearby_ends(const MeasuredRing& ring, const Chord& chord, const Target& target,
                        const PL_PNT2D_record& from, const PL_PNT2D_record& to,
                        const std::function<bool(const PL_PNT2D_record&, const PL_PNT2D_record&)>& take)
@@ -102,7 +101,7 @@ bool offer_nearby_ends(const MeasuredRing& ring, const Chord& chord, const Targe
     const Holding rest(ring, chord, !chord.request_after_from, target.rest, target.granted(target.rest));
     int offers = 0;
     for (const PL_PNT2D_record& start : points_near(from, chord.from_stays ? 0.0 : reach)) {
-        for (const double coarse : doubles_near(to.*coarser, reach)) {
+        for (const double coarse : doubles_near(to.*coarser, reach, kMostSteps)) {
             PL_PNT2D_record end = to;
             end.*coarser = coarse;
             const Span holds =

@@ -3,6 +3,7 @@
 // Doubles near a line's ends that hold what the nearest ones do not.
 
 #include <functional>
+#include <vector>
 
 #include "boundary/measured_ring.h"
 #include "lines/chord.h"
@@ -13,6 +14,9 @@ namespace plparcel {
 /// How far an end may be moved on each axis, in spacings of doubles at the ring's largest coordinate. Where an end's
 /// own coordinate is smaller, more doubles lie within reach: at 5e5 / 5e6 x has 16 of them for each one of y.
 constexpr double kReachRoundings = 1.75;
+
+/// The doubles within reach, the nearest first; where there are more than `most` on a side, so many of them.
+std::vector<double> doubles_near(double v, double reach, double most = 24.0);
 
 /// Offers pairs of ends that hold the target, by the areas of both pieces, until one is taken. The coordinate of
 /// `to` that is finer is solved for, for each value of the coarser and for the ends `from` that there are, the

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <utility>
 
@@ -12,6 +11,7 @@
 #include "boundary/locate.h"
 #include "boundary/measured_ring.h"
 #include "lines/direction.h"
+#include "verdict/nearby_ends.h"
 #include "whole_lines/crossings.h"
 #include "whole_lines/faces.h"
 #include "whole_lines/profile.h"
@@ -38,24 +38,6 @@ constexpr std::size_t kMostMoves = sizeof kMoves / sizeof kMoves[0];
 
 // By how much of what is granted a line may miss what should lie below it before its ends are looked at again.
 constexpr double kWellHeld = 0.25;
-
-double spacing_at(double v)
-{
-    return std::nextafter(std::fabs(v), std::numeric_limits<double>::infinity()) - std::fabs(v);
-}
-
-// The doubles that an end can be moved to along one axis.
-std::vector<double> doubles_near(double v, double reach)
-{
-    constexpr double kMost = 24.0;
-    const double step = std::max(spacing_at(v), reach / kMost);
-    std::vector<double> found = {v};
-    for (int i = 1; i * step <= reach; ++i) {
-        found.push_back(v + i * step);
-        found.push_back(v - i * step);
-    }
-    return found;
-}
 
 WidePoint left_of(const WidePoint& d)
 {
@@ -366,7 +348,7 @@ private:
         const PL_PNT2D_record below = place_below(end);
         const WidePoint base = end.rises ? from_to(below, other) : from_to(other, below);
         const PL_PNT2D_record was = end.place;
-        const double reach = 1.75 * spacing_;
+        const double reach = kReachRoundings * spacing_;
         double best = over;
         for (const double x : doubles_near(was.x, reach)) {
             for (const double y : doubles_near(was.y, reach)) {

@@ -74,6 +74,6 @@ export const de: Texts = {
         unusable_amount: 'Das ist keine brauchbare Menge', amount_too_small: 'Die Menge ist nicht größer als null', amount_too_large: 'Die Menge ist nicht kleiner als das, was da ist',
         base_reaches_behind: 'Hinter der Seite liegt schon mehr als verlangt', no_line_through_point: 'Keine Linie durch den Punkt trennt so viel ab',
         no_further_line: 'Eine weitere Linie gibt es nicht', line_leaves_parcel: 'Jede Linie, die so viel abtrennt, macht mehr als zwei Teile',
-        whole_line_parts_more: 'Die ganze Gerade macht mehr als zwei Teile', not_reached: 'Die Koordinaten sind zu grob für diese Menge',
+        not_reached: 'Die Koordinaten sind zu grob für diese Menge',
     },
 };

@@ -48,8 +48,6 @@ const char* name_of(plparcel::Status status)
         return "no_further_line";
     case Status::line_leaves_parcel:
         return "line_leaves_parcel";
-    case Status::whole_line_parts_more:
-        return "whole_line_parts_more";
     case Status::not_reached:
         return "not_reached";
     }

@@ -1,0 +1,550 @@
+#include "whole_lines/part_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <tuple>
+#include <utility>
+
+#include "lines/trapeziums.h"
+#include "whole_lines/tour.h"
+
+namespace plparcel {
+namespace {
+
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+// Slabs thinner than this part of the parcel hold no area to speak of, and 106 bits no slope of the sides in them.
+constexpr double kThinSlab = 0x1p-66;
+
+// An area that misses a rim by no more than this part of the parcel is on it.
+constexpr double kRim = 1e-18;
+
+// Whether it depends on the base side where the request lies.
+bool lies_by_base(const PartRequest& request)
+{
+    return request.where == PartRequest::Where::with_base ||
+           request.where == PartRequest::Where::without_base;
+}
+
+bool is_request_above(const PartRequest& request, bool base_above)
+{
+    if (lies_by_base(request))
+        return base_above == (request.where == PartRequest::Where::with_base);
+    return request.where == PartRequest::Where::above;
+}
+
+}  // namespace
+
+// Of sides that a line meets, one after another. For the left end of a segment the integral of x dy up to there counts,
+// for the right end it is taken away: that leaves the area above all segments together, up to the whole parcel. As
+// functions of the level they are quadratics.
+struct PartLines::Sum {
+    Wide constant;
+    Wide linear;
+    Wide square;
+    int beyond = 0;         // left ends less right ones that the tour comes to after the base side
+    std::size_t count = 0;  // sides
+
+    Wide at(const Wide& level) const { return constant + level * (linear + level * square); }
+    Wide width_at(const Wide& level) const { return -(linear + level * square * 2.0); }
+};
+
+struct PartLines::Question {
+    std::size_t slab = 0;
+    std::size_t left = kNone;  // none: all that the line meets
+    std::size_t right = kNone;
+    bool lists = false;  // whether to name the sides
+    Sum sum;
+    std::size_t all = 0;  // how many sides the whole line meets
+    std::vector<std::size_t> sides;
+    std::vector<std::size_t> places;
+};
+
+// The sides that a line in one slab meets, in a tree over their places from left to right.
+class PartLines::Row {
+public:
+    explicit Row(std::size_t n) : side_(n, kNone), place_(n, kNone)
+    {
+        while (leaves_ < n)
+            leaves_ *= 2;
+        nodes_.resize(2 * leaves_);
+    }
+
+    void set(std::size_t at, std::size_t side, std::size_t place, const Sum& sum)
+    {
+        side_[at] = side;
+        place_[at] = place;
+        nodes_[leaves_ + at] = sum;
+        for (std::size_t node = (leaves_ + at) / 2; node > 0; node /= 2)
+            nodes_[node] = joined(nodes_[2 * node], nodes_[2 * node + 1]);
+    }
+
+    const Sum& all() const { return nodes_[1]; }
+
+    // From one place to another, both included.
+    Sum between(std::size_t first, std::size_t last) const
+    {
+        Sum sum;
+        std::size_t begin = first + leaves_;
+        std::size_t end = last + 1 + leaves_;
+        for (; begin < end; begin /= 2, end /= 2) {
+            if (begin % 2 == 1)
+                sum = joined(sum, nodes_[begin++]);
+            if (end % 2 == 1)
+                sum = joined(sum, nodes_[--end]);
+        }
+        return sum;
+    }
+
+    void list(std::size_t first, std::size_t last, Question& question) const
+    {
+        std::vector<std::size_t> open = {1};
+        while (!open.empty()) {
+            const std::size_t node = open.back();
+            open.pop_back();
+            std::size_t begin = node;
+            std::size_t end = node + 1;
+            for (; begin < leaves_; begin *= 2, end *= 2) {
+            }
+            if (nodes_[node].count == 0 || begin - leaves_ > last || end - leaves_ <= first)
+                continue;
+            if (node < leaves_) {
+                open.push_back(2 * node + 1);
+                open.push_back(2 * node);
+                continue;
+            }
+            question.sides.push_back(side_[node - leaves_]);
+            question.places.push_back(place_[node - leaves_]);
+        }
+    }
+
+private:
+    static Sum joined(const Sum& a, const Sum& b)
+    {
+        if (a.count == 0 || b.count == 0)
+            return a.count == 0 ? b : a;
+        return {a.constant + b.constant, a.linear + b.linear, a.square + b.square, a.beyond + b.beyond,
+                a.count + b.count};
+    }
+
+    std::size_t leaves_ = 1;
+    std::vector<Sum> nodes_;
+    std::vector<std::size_t> side_;
+    std::vector<std::size_t> place_;
+};
+
+PartLines::PartLines(const JoinedRings& rings, const std::vector<WidePoint>& frame)
+    : rings_(rings), frame_(frame), by_level_(frame.size()), order_(frame.size(), kNone),
+      ring_place_(rings.rings()), side_place_(frame.size())
+{
+    std::iota(by_level_.begin(), by_level_.end(), std::size_t{0});
+    std::stable_sort(by_level_.begin(), by_level_.end(),
+                     [&frame](std::size_t a, std::size_t b) { return frame[a].y < frame[b].y; });
+    for (const std::size_t vertex : by_level_)
+        if (levels_.empty() || levels_.back() < frame[vertex].y)
+            levels_.push_back(frame[vertex].y);
+    std::vector<std::size_t> from_left;
+    const std::vector<Trapezium> found = trapeziums(frame, rings, &from_left);
+    for (std::size_t i = 0; i < from_left.size(); ++i)
+        order_[from_left[i]] = i;
+    in_order_count_ = from_left.size();
+    std::vector<bool> seen(rings.rings());
+    std::vector<bool> side_seen(frame.size());
+    for (const TourPart& part : tour(rings, frame, found)) {
+        const std::size_t ring = rings.ring_of(part.side);
+        if (!seen[ring]) {
+            ring_place_[ring] = part.place;
+            rings_on_tour_.push_back(ring);
+        }
+        seen[ring] = true;
+        if (!side_seen[part.side])
+            side_place_[part.side] = part.place;
+        side_seen[part.side] = true;
+        const std::size_t begin = index_of(part.low);
+        const std::size_t end = index_of(part.high);
+        if (begin < end && order_[part.side] != kNone)
+            entries_.push_back({part.side, begin, end, part.place, part.swept});
+    }
+    for (std::size_t side = 0; side < frame.size(); ++side)
+        area_ = area_ + cross(frame[side] - frame[0], frame[rings.next(side)] - frame[0]) * 0.5;
+}
+
+std::size_t PartLines::index_of(const Wide& level) const
+{
+    return static_cast<std::size_t>(std::lower_bound(levels_.begin(), levels_.end(), level) -
+                                    levels_.begin());
+}
+
+bool PartLines::is_thick(std::size_t slab) const
+{
+    return levels_[slab + 1] - levels_[slab] > (levels_.back() - levels_.front()) * kThinSlab;
+}
+
+std::vector<std::size_t> PartLines::vertices_between(const Wide& low, const Wide& high) const
+{
+    std::vector<std::size_t> found;
+    auto place =
+        std::lower_bound(by_level_.begin(), by_level_.end(), low,
+                         [this](std::size_t vertex, const Wide& level) { return frame_[vertex].y < level; });
+    for (; place != by_level_.end() && !(frame_[*place].y > high); ++place)
+        found.push_back(*place);
+    return found;
+}
+
+// Goes through the slabs upwards once, and answers all questions on the way.
+void PartLines::answer(const PartRequest& request, std::vector<Question>& questions) const
+{
+    std::vector<std::size_t> by_slab(questions.size());
+    std::iota(by_slab.begin(), by_slab.end(), std::size_t{0});
+    std::sort(by_slab.begin(), by_slab.end(),
+              [&](std::size_t a, std::size_t b) { return questions[a].slab < questions[b].slab; });
+    std::vector<std::size_t> begins(entries_.size());
+    std::iota(begins.begin(), begins.end(), std::size_t{0});
+    std::vector<std::size_t> ends = begins;
+    std::sort(begins.begin(), begins.end(),
+              [this](std::size_t a, std::size_t b) { return entries_[a].begin < entries_[b].begin; });
+    std::sort(ends.begin(), ends.end(),
+              [this](std::size_t a, std::size_t b) { return entries_[a].end < entries_[b].end; });
+
+    Row row(in_order_count_);
+    auto begin = begins.begin();
+    auto end = ends.begin();
+    for (const std::size_t i : by_slab) {
+        Question& question = questions[i];
+        for (; end != ends.end() && entries_[*end].end <= question.slab; ++end)
+            row.set(order_[entries_[*end].side], kNone, kNone, {});
+        for (; begin != begins.end() && entries_[*begin].begin <= question.slab; ++begin) {
+            const Entry& entry = entries_[*begin];
+            if (entry.end <= question.slab)
+                continue;
+            const WidePoint& a = frame_[entry.side];
+            const WidePoint& b = frame_[rings_.next(entry.side)];
+            const Wide slope = (b.x - a.x) / (b.y - a.y);
+            const int sign = b.y < a.y ? 1 : -1;
+            const Wide factor = static_cast<double>(sign);
+            Sum sum;
+            sum.square = slope * 0.5 * factor;
+            sum.linear = (a.x - slope * a.y) * factor;
+            sum.constant = (entry.swept - a.x * a.y + slope * a.y * a.y * 0.5) * factor;
+            sum.beyond = lies_by_base(request) && entry.place > side_place_[request.base] ? sign : 0;
+            sum.count = 1;
+            row.set(order_[entry.side], entry.side, entry.place, sum);
+        }
+        const std::size_t first = question.left == kNone ? 0 : order_[question.left];
+        const std::size_t last = question.right == kNone ? in_order_count_ - 1 : order_[question.right];
+        question.all = row.all().count;
+        if (question.lists)
+            row.list(first, last, question);
+        else
+            question.sum = row.between(first, last);
+    }
+}
+
+// From the first slab of some that has a height to the last one.
+void PartLines::add_families(std::size_t left, std::size_t right, std::size_t begin, std::size_t end,
+                             std::vector<Family>& all) const
+{
+    while (begin < end && !is_thick(begin))
+        ++begin;
+    while (begin < end && !is_thick(end - 1))
+        --end;
+    if (begin < end && order_[left] != kNone && order_[right] != kNone)
+        all.push_back({left, right, begin, end - 1, 0.0, false, false, false, false, 0.0});
+}
+
+std::vector<PartLines::Family> PartLines::families(const PartRequest& request) const
+{
+    const bool has_base = lies_by_base(request);
+    const std::size_t at_base = index_of(0.0);
+    std::vector<Family> all;
+    for (std::size_t ring = 0; ring < rings_.rings(); ++ring) {
+        const std::size_t first = rings_.first_of(ring);
+        std::vector<WidePoint> of_ring;
+        std::size_t v = first;
+        do {
+            of_ring.push_back(frame_[v]);
+            v = rings_.next(v);
+        } while (v != first);
+        const JoinedRings one({Ring(of_ring.size())});
+        for (const Trapezium& trapezium : trapeziums(of_ring, one)) {
+            const std::size_t begin = index_of(trapezium.low);
+            const std::size_t end = index_of(trapezium.high);
+            const std::size_t left = first + trapezium.left;
+            const std::size_t right = first + trapezium.right;
+            // A line that passes over the base side has it in its other piece from there on.
+            if (has_base && begin < at_base && at_base < end) {
+                add_families(left, right, begin, at_base, all);
+                add_families(left, right, at_base, end, all);
+            } else {
+                add_families(left, right, begin, end, all);
+            }
+        }
+    }
+    return all;
+}
+
+// Those in which the area above passes through what is wanted, or comes near enough at a rim.
+std::vector<PartLines::Family> PartLines::holding(const PartRequest& request) const
+{
+    const std::vector<Family> all = families(request);
+    std::vector<Question> questions;
+    for (const Family& family : all) {
+        questions.emplace_back();
+        questions.back().slab = family.first_slab;
+        questions.emplace_back();
+        questions.back().slab = family.last_slab;
+        for (std::size_t i = questions.size() - 2; i < questions.size(); ++i) {
+            questions[i].left = family.left;
+            questions[i].right = family.right;
+        }
+    }
+    answer(request, questions);
+    std::vector<Family> found;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        Family family = all[i];
+        const Sum& sum = questions[2 * i].sum;
+        Wide most = sum.at(levels_[family.first_slab]);
+        Wide least = questions[2 * i + 1].sum.at(levels_[family.last_slab + 1]);
+        // The tour begins at the lowest vertex, so that it stays in the piece above or in the other one.
+        family.holds_start = most + least < 0.0;
+        if (family.holds_start) {
+            most = most + area_;
+            least = least + area_;
+        }
+        const bool base_above = sum.beyond + (family.holds_start ? 1 : 0) == 1;
+        family.request_above = is_request_above(request, base_above);
+        family.wanted = family.request_above ? request.request : request.rest;
+        const Wide over = family.wanted - most;
+        const Wide under = least - family.wanted;
+        const Wide outside = over > under ? over : under;
+        if (outside > request.granted)
+            continue;
+        family.at_rim = outside > 0.0;
+        family.beside = outside > area_ * kRim;
+        if (family.at_rim) {
+            family.level = over > under ? levels_[family.first_slab] : levels_[family.last_slab + 1];
+            (over > under ? family.last_slab : family.first_slab) =
+                over > under ? family.first_slab : family.last_slab;
+        }
+        found.push_back(family);
+    }
+    return found;
+}
+
+// Halves the slabs of all families at once, until each has one left, and solves the quadratic in it.
+void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) const
+{
+    const auto above = [this](const Family& family, const Question& question, const Wide& level) {
+        const Wide sum = question.sum.at(level);
+        return family.holds_start ? sum + area_ : sum;
+    };
+    for (;;) {
+        std::vector<Question> questions;
+        std::vector<Family*> open;
+        for (Family& family : all) {
+            if (family.first_slab == family.last_slab)
+                continue;
+            open.push_back(&family);
+            questions.emplace_back();
+            std::size_t middle = (family.first_slab + family.last_slab) / 2;
+            while (middle > family.first_slab && !is_thick(middle))
+                --middle;
+            questions.back().slab = middle;
+            questions.back().left = family.left;
+            questions.back().right = family.right;
+        }
+        if (open.empty())
+            break;
+        answer(request, questions);
+        for (std::size_t i = 0; i < open.size(); ++i) {
+            const std::size_t slab = questions[i].slab;
+            if (above(*open[i], questions[i], levels_[slab + 1]) > open[i]->wanted) {
+                open[i]->first_slab = slab + 1;
+                while (open[i]->first_slab < open[i]->last_slab && !is_thick(open[i]->first_slab))
+                    ++open[i]->first_slab;
+            } else {
+                open[i]->last_slab = slab;
+            }
+        }
+    }
+    std::vector<Question> questions(all.size());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        questions[i].slab = all[i].first_slab;
+        questions[i].left = all[i].left;
+        questions[i].right = all[i].right;
+    }
+    answer(request, questions);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        Family& family = all[i];
+        if (family.at_rim)
+            continue;
+        const Wide& low = levels_[family.first_slab];
+        const Wide& high = levels_[family.first_slab + 1];
+        const Wide height = high - low;
+        const Wide width_low = questions[i].sum.width_at(low);
+        const Wide widening = questions[i].sum.width_at(high) - width_low;
+        const Wide sunk = (above(family, questions[i], low) - family.wanted) / height;
+        const Wide under_root = width_low * width_low + widening * sunk * 2.0;
+        const Wide divisor = width_low + (under_root > 0.0 ? sqrt(under_root) : Wide(0.0));
+        Wide u = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
+        u = u < 0.0 ? Wide(0.0) : (u > 1.0 ? Wide(1.0) : u);
+        family.level = low + height * u;
+    }
+}
+
+// Whether a run of segments comes back to the ring on which it begins, and meets every other ring once.
+bool PartLines::parts_in_two(const std::vector<std::size_t>& sides) const
+{
+    if (sides.empty() || sides.size() % 2 != 0)
+        return false;
+    std::vector<std::size_t> met;
+    for (std::size_t i = 0; i < sides.size(); i += 2) {
+        met.push_back(rings_.ring_of(sides[i]));
+        const std::size_t end = rings_.ring_of(sides[i + 1]);
+        if (end != rings_.ring_of(sides[(i + 2) % sides.size()]))
+            return false;
+    }
+    std::sort(met.begin(), met.end());
+    return std::adjacent_find(met.begin(), met.end()) == met.end();
+}
+
+PartLine PartLines::line_of(const Family& family, const Question& question) const
+{
+    PartLine line;
+    line.level = family.level;
+    line.sides = question.sides;
+    line.places = question.places;
+    line.holds_start = family.holds_start;
+    line.request_above = family.request_above;
+    line.above = family.wanted;
+    line.beside_the_amount = family.beside;
+    line.alone = question.all == question.sides.size();
+    return line;
+}
+
+std::vector<PartLine> PartLines::all_lines(const PartRequest& request) const
+{
+    std::vector<Family> found = holding(request);
+    bisect(request, found);
+    // At the level of a vertex the lines just above and just below it differ in what they meet.
+    std::vector<Family> both;
+    for (const Family& family : found) {
+        both.push_back(family);
+        const std::size_t slab = family.first_slab;
+        const Wide reach = (levels_[slab + 1] - levels_[slab]) * kRim;
+        const bool at_low = !(family.level - levels_[slab] > reach);
+        if (family.at_rim || (!at_low && levels_[slab + 1] - family.level > reach))
+            continue;
+        const std::size_t beside = at_low ? slab - 1 : slab + 1;
+        const bool passes_base = lies_by_base(request) && (slab < index_of(0.0)) != (beside < index_of(0.0));
+        if (beside + 1 < levels_.size() && is_thick(beside) && !passes_base) {
+            both.push_back(family);
+            both.back().first_slab = beside;
+        }
+    }
+    std::vector<Question> questions(both.size());
+    for (std::size_t i = 0; i < both.size(); ++i) {
+        questions[i].slab = both[i].first_slab;
+        questions[i].left = both[i].left;
+        questions[i].right = both[i].right;
+        questions[i].lists = true;
+    }
+    answer(request, questions);
+    std::vector<PartLine> lines;
+    for (std::size_t i = 0; i < both.size(); ++i) {
+        const std::vector<std::size_t>& sides = questions[i].sides;
+        if (parts_in_two(sides) && sides.front() == both[i].left && sides.back() == both[i].right)
+            lines.push_back(line_of(both[i], questions[i]));
+    }
+    return in_order(request, std::move(lines));
+}
+
+std::vector<PartLine> PartLines::lines_at(const PartRequest& request, const Wide& level) const
+{
+    std::vector<Question> questions;
+    for (std::size_t slab = 0; slab + 1 < levels_.size(); ++slab) {
+        if (level < levels_[slab] || level > levels_[slab + 1] || !is_thick(slab))
+            continue;
+        questions.emplace_back();
+        questions.back().slab = slab;
+        questions.back().lists = true;
+    }
+    answer(request, questions);
+    std::vector<PartLine> lines;
+    for (const Question& row : questions) {
+        // Back from each end to where the same ring was met last.
+        std::vector<std::size_t> last(rings_.rings(), kNone);
+        std::vector<Question> runs;
+        for (std::size_t i = 0; i + 1 < row.sides.size(); i += 2) {
+            last[rings_.ring_of(row.sides[i])] = i;
+            const std::size_t begin = last[rings_.ring_of(row.sides[i + 1])];
+            if (begin == kNone)
+                continue;
+            Question run = row;
+            run.sides.assign(row.sides.begin() + static_cast<std::ptrdiff_t>(begin),
+                             row.sides.begin() + static_cast<std::ptrdiff_t>(i + 2));
+            run.places.assign(row.places.begin() + static_cast<std::ptrdiff_t>(begin),
+                              row.places.begin() + static_cast<std::ptrdiff_t>(i + 2));
+            run.lists = false;
+            run.left = run.sides.front();
+            run.right = run.sides.back();
+            if (parts_in_two(run.sides))
+                runs.push_back(std::move(run));
+        }
+        answer(request, runs);
+        for (const Question& run : runs) {
+            Family family = {};
+            family.level = level;
+            family.wanted = run.sum.at(level);
+            family.holds_start = family.wanted < 0.0;
+            if (family.holds_start)
+                family.wanted = family.wanted + area_;
+            const bool base_above = run.sum.beyond + (family.holds_start ? 1 : 0) == 1;
+            family.request_above = is_request_above(request, base_above);
+            lines.push_back(line_of(family, run));
+        }
+    }
+    return in_order(request, std::move(lines));
+}
+
+std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vector<PartLine> all) const
+{
+    const bool along_base = lies_by_base(request);
+    Wide near = request.where == PartRequest::Where::above ? highest() : lowest();
+    if (request.has_base)
+        near = (frame_[request.base].y + frame_[rings_.next(request.base)].y) * 0.5;
+    struct Rank {
+        bool later;
+        bool not_alone;
+        double distance;
+        double level;
+        double along;
+        std::size_t index;
+        bool operator<(const Rank& other) const
+        {
+            return std::tie(later, not_alone, distance, level, along, index) <
+                   std::tie(other.later, other.not_alone, other.distance, other.level, other.along,
+                            other.index);
+        }
+    };
+    std::vector<Rank> ranks;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const PartLine& line = all[i];
+        const bool preferred =
+            !request.has_base || (along_base ? line.level > 0.0 : line.sides.back() == request.base);
+        const std::size_t side = line.sides.front();
+        const WidePoint& a = frame_[side];
+        const WidePoint& b = frame_[rings_.next(side)];
+        const Wide along = a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y));
+        ranks.push_back(
+            {!preferred, !line.alone, abs(line.level - near).value(), line.level.value(), along.value(), i});
+    }
+    std::sort(ranks.begin(), ranks.end());
+    std::vector<PartLine> sorted;
+    for (const Rank& rank : ranks)
+        sorted.push_back(std::move(all[rank.index]));
+    return sorted;
+}
+
+}  // namespace plparcel
