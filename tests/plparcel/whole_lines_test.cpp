@@ -267,6 +267,31 @@ TEST(WholeLines, ABayOfAHoleIsCutOff)
     EXPECT_NEAR(bay.pieces[1].area, 10000 - 800 - 100, 1e-9);
 }
 
+// Two vertices on one line of the direction, levels apart by a rounding in 106 bits: the arm beyond them is found.
+TEST(WholeLines, ALineThroughTwoVerticesDoesNotConfuseTheSides)
+{
+    const Parcel t = {{{21.509318670344541, 2.723966366175262},
+                       {65.974814828451329, 8.3551310648959607},
+                       {56.625904097609194, 82.177151273110582},
+                       {89.858707855863187, 86.385794098045622},
+                       {86.643844696874325, 111.77139247653632},
+                       {-12.563773889830996, 99.207618586705323},
+                       {-9.3489107308421335, 73.822020208214624},
+                       {12.160407939502408, 76.545986574389886}},
+                      {{{50.782511425367602, 67.99401865744322},
+                        {53.776399350241959, 88.787546868333976},
+                        {32.982871139351211, 91.781434793208334},
+                        {29.988983214476846, 70.987906582317578}}}};
+    Request request;
+    request.line = plparcel::along_segment(t.outer[0], t.outer[2]);
+    request.measured = Measured::opposite;
+    request.amounts = {share(10, 11)};
+    const Division division = divide(t, request);
+    EXPECT_EQ(division.status, Status::divided) << describe(division);
+    request.alternative = 1;
+    EXPECT_EQ(divide(t, request).status, Status::divided) << "in the stem and in the arm";
+}
+
 // Strips and shares one after another, through holes and past them.
 TEST(WholeLines, ASeriesOfTwoPiecesEachAcrossHoles)
 {

@@ -12,6 +12,10 @@ namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
+// Between levels that differ by less than this part of all levels, 106 bits do not tell which of two sides from one vertex
+// lies on the left. Such levels come from vertices on one line, and differ by rounding only.
+constexpr double kThinSlab = 0x1p-66;
+
 Wide along_between(const WidePoint& a, const WidePoint& b, const Wide& level)
 {
     return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
@@ -84,15 +88,16 @@ public:
     std::vector<Trapezium> run()
     {
         const std::vector<std::size_t> order = upwards();
+        const Wide thin = (ring_[order.back()].y - ring_[order.front()].y) * kThinSlab;
         std::vector<std::size_t> sides;  // at the vertices up to `low`, not passed yet
         for (std::size_t i = 0; i + 1 < order.size(); ++i) {
             const Wide& low = ring_[order[i]].y;
             const Wide& high = ring_[order[i + 1]].y;
             sides.push_back(rings_.before(order[i]));
             sides.push_back(order[i]);
-            const Wide middle = low + (high - low) * 0.5;
-            if (!(low < middle) || !(middle < high))
+            if (!(high - low > thin))
                 continue;
+            const Wide middle = low + (high - low) * 0.5;
             leave(sides, low);
             level_ = middle;
             join(sides);

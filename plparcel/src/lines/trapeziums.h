@@ -30,7 +30,7 @@ struct Trapezium {
 Wide along_at(const std::vector<WidePoint>& ring, std::size_t side, const Wide& level);
 
 /// @param[in] ring  simple, either way round, three vertices or more
-/// @return all trapeziums but those that are too low for a level in between; in the order in which they begin
+/// @return all trapeziums but those that are lower than 1e-20 of the ring; in the order in which they begin
 std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring);
 
 /// The same for several rings.
