@@ -153,7 +153,6 @@ static void add_kinds(py::module_& m)
         .VALUE(Status, no_line_through_point)
         .VALUE(Status, no_further_line)
         .VALUE(Status, line_leaves_parcel)
-        .VALUE(Status, whole_line_parts_more)
         .VALUE(Status, not_reached);
 }
 

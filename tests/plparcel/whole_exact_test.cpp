@@ -731,7 +731,7 @@ std::string objection_to_place(const Judged& judged, const Request& request, con
             const Point& p = turn ? piece[r][i] : after(piece[r], i);
             const Point& q = turn ? after(piece[r], i) : piece[r][i];
             const auto is = [](const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; };
-            for (const int way : {0, 1}) {
+            for (const std::size_t way : {std::size_t{0}, std::size_t{1}}) {
                 has_base = has_base || (is(p, base[way]) && is(q, base[1 - way]));
                 if (is(p, ends[way]) && is(q, ends[1 - way]))
                     above = sgn(-cross(judged.up, q - p));

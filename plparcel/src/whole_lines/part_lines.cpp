@@ -529,6 +529,7 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
         }
     };
     std::vector<Rank> ranks;
+    ranks.reserve(all.size());
     for (std::size_t i = 0; i < all.size(); ++i) {
         const PartLine& line = all[i];
         const bool preferred =
@@ -542,6 +543,7 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
     }
     std::sort(ranks.begin(), ranks.end());
     std::vector<PartLine> sorted;
+    sorted.reserve(all.size());
     for (const Rank& rank : ranks)
         sorted.push_back(std::move(all[rank.index]));
     return sorted;
