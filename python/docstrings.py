@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""docstrings.py OUTPUT HEADER...: the doc strings of the Python package, from the comments of the public headers.
+"""docstrings.py OUTPUT KINDS HEADER...: the doc strings of the Python package, from the comments of the public headers.
 
 Writes a C++ source with one entry for each documented name: its scope and name ("PlFunz_distance",
 "plparcel::Request::line"), and the text. A function has one more entry with its arguments, for those of one name.
+KINDS gets a macro for each enumeration, with its values in their order: STATUS_VALUES for Status.
 """
 
 import pathlib
@@ -48,8 +49,8 @@ def name_of(statement):
 class Header:
     """Reads the text of one header into the doc strings that are known already."""
 
-    def __init__(self, text, docs):
-        self.docs = docs
+    def __init__(self, text, docs, kinds):
+        self.docs, self.kinds = docs, kinds
         self.scopes = []
         self.pending = []
         self.statement = ""
@@ -64,6 +65,8 @@ class Header:
             self.docs["::".join([*scope, name]) + " ".join(arguments[1].split())] = described(lines)
         key = "::".join([*scope, name])
         self.docs.setdefault(key, described(lines))
+        if self.scopes and self.scopes[-1][1] == "enum":
+            self.kinds.setdefault(self.scopes[-1][0], []).append(name)
         self.last = key
 
     def read(self, line):
@@ -89,12 +92,12 @@ class Header:
             if scope and self.pending:
                 self.note(name, self.pending)
             if not self.statement.endswith(("};", "}")):
-                self.scopes.append((name, bool(scope)))
+                self.scopes.append((name, self.statement.split()[0]))
         elif self.statement.endswith("{"):  # the body of a function
             name = name_of(self.statement)
             if name and self.pending:
                 self.note(name, self.pending)
-            self.scopes.append(("", False))
+            self.scopes.append(("", ""))
         elif self.statement.startswith("}"):
             if self.scopes:
                 self.scopes.pop()
@@ -110,10 +113,10 @@ class Header:
 
 
 def main():
-    output, *headers = map(pathlib.Path, sys.argv[1:])
-    docs = {}
+    output, values, *headers = map(pathlib.Path, sys.argv[1:])
+    docs, kinds = {}, {}
     for header in headers:
-        Header(header.read_text(encoding="utf-8"), docs)
+        Header(header.read_text(encoding="utf-8"), docs, kinds)
     entries = "".join(f'    {{"{name}", R"doc({text})doc"}},\n' for name, text in sorted(docs.items()))
     output.write_text(f"""// Made by docstrings.py from the public headers.
 #include "docs.h"
@@ -122,6 +125,10 @@ const Doc kDocs[] = {{
 {entries}}};
 const std::size_t kDocCount = sizeof kDocs / sizeof *kDocs;
 """, encoding="utf-8")
+    values.write_text("#pragma once\n\n// Made by docstrings.py from the public headers.\n" + "".join(
+        f"#define {re.sub('(?<!^)(?=[A-Z])', '_', kind).upper()}_VALUES "
+        + " ".join(f".VALUE({kind}, {name})" for name in names) + "\n" for kind, names in sorted(kinds.items())),
+                      encoding="utf-8")
 
 
 if __name__ == "__main__":

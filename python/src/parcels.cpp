@@ -8,6 +8,7 @@
 #include <pybind11/stl.h>
 
 #include "docs.h"
+#include "kinds.h"
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
 #include "plparcel/feasible.h"
@@ -104,56 +105,14 @@ py::tuple pair_of(const std::size_t (&two)[2])
 
 static void add_kinds(py::module_& m)
 {
-    py::enum_<Cut>(m, "Cut", doc("plparcel::Cut"))
-        .VALUE(Cut, parallel)
-        .VALUE(Cut, perpendicular)
-        .VALUE(Cut, through_vertex)
-        .VALUE(Cut, at_bearing)
-        .VALUE(Cut, along_segment)
-        .VALUE(Cut, through_place)
-        .VALUE(Cut, through_point);
+    py::enum_<Cut>(m, "Cut", doc("plparcel::Cut")) CUT_VALUES;
     py::enum_<Measured>(m, "Measured", doc("plparcel::Measured"))
         .value("from_reference", Measured::from_reference)
         .value("opposite", Measured::opposite);
-    py::enum_<Given>(m, "Given", doc("plparcel::Given"))
-        .VALUE(Given, as_area)
-        .VALUE(Given, as_product)
-        .VALUE(Given, as_share)
-        .VALUE(Given, as_width);
-    py::enum_<Pieces>(m, "Pieces", doc("plparcel::Pieces")).VALUE(Pieces, two).VALUE(Pieces, any);
-    py::enum_<BoundaryStatus>(m, "BoundaryStatus", doc("plparcel::BoundaryStatus"))
-        .VALUE(BoundaryStatus, usable)
-        .VALUE(BoundaryStatus, not_finite)
-        .VALUE(BoundaryStatus, out_of_range)
-        .VALUE(BoundaryStatus, too_few_vertices)
-        .VALUE(BoundaryStatus, flat)
-        .VALUE(BoundaryStatus, meets_itself)
-        .VALUE(BoundaryStatus, rings_meet)
-        .VALUE(BoundaryStatus, hole_outside)
-        .VALUE(BoundaryStatus, hole_in_hole);
-    py::enum_<Status>(m, "Status", doc("plparcel::Status"))
-        .VALUE(Status, divided)
-        .VALUE(Status, unusable_boundary)
-        .VALUE(Status, unknown_request)
-        .VALUE(Status, no_such_index)
-        .VALUE(Status, side_without_length)
-        .VALUE(Status, no_direction)
-        .VALUE(Status, no_width)
-        .VALUE(Status, no_such_place)
-        .VALUE(Status, point_outside)
-        .VALUE(Status, only_two_pieces)
-        .VALUE(Status, only_without_holes)
-        .VALUE(Status, no_amount)
-        .VALUE(Status, unusable_rounding)
-        .VALUE(Status, only_all_digits)
-        .VALUE(Status, unusable_amount)
-        .VALUE(Status, amount_too_small)
-        .VALUE(Status, amount_too_large)
-        .VALUE(Status, base_reaches_behind)
-        .VALUE(Status, no_line_through_point)
-        .VALUE(Status, no_further_line)
-        .VALUE(Status, line_leaves_parcel)
-        .VALUE(Status, not_reached);
+    py::enum_<Given>(m, "Given", doc("plparcel::Given")) GIVEN_VALUES;
+    py::enum_<Pieces>(m, "Pieces", doc("plparcel::Pieces")) PIECES_VALUES;
+    py::enum_<BoundaryStatus>(m, "BoundaryStatus", doc("plparcel::BoundaryStatus")) BOUNDARY_STATUS_VALUES;
+    py::enum_<Status>(m, "Status", doc("plparcel::Status")) STATUS_VALUES;
 }
 
 static void add_requests(py::module_& m)
@@ -307,15 +266,7 @@ static void add_feasible(py::module_& m)
 
 static void add_choices(py::module_& m)
 {
-    py::enum_<ChoiceStatus>(m, "ChoiceStatus", doc("plparcel::ChoiceStatus"))
-        .VALUE(ChoiceStatus, found)
-        .VALUE(ChoiceStatus, tied)
-        .VALUE(ChoiceStatus, unusable_boundary)
-        .VALUE(ChoiceStatus, unusable_request)
-        .VALUE(ChoiceStatus, nothing_given)
-        .VALUE(ChoiceStatus, too_far)
-        .VALUE(ChoiceStatus, not_alongside)
-        .VALUE(ChoiceStatus, too_much_near);
+    py::enum_<ChoiceStatus>(m, "ChoiceStatus", doc("plparcel::ChoiceStatus")) CHOICE_STATUS_VALUES;
     py::class_<BoundaryPlace>(m, "BoundaryPlace", doc("plparcel::BoundaryPlace"))
         .READ(BoundaryPlace, ring)
         .READ(BoundaryPlace, index);
