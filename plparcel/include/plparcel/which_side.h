@@ -75,7 +75,7 @@ struct Choice {
 /// Tolerance   Differences up to four times coordinate_spacing() always count as none: rounding the coordinates makes such.
 ///             Sides that tie are one where they follow each other in a straight line, to a hundredth of a gon; the longest
 ///             part stands for it, or the first of the longest as the ring runs.
-/// Exactness   Compared with 106 bits. Candidate::bearing and turned are as good as the platform's arctangent, and no
+/// Exactness   Compared with 106 bits; sides below 1e-140 may count as having no length. Candidate::bearing and turned are as good as the platform's arctangent, and no
 ///             decision depends on them. Costs n log n, as check_parcel() does. So with all functions here.
 PLPARCEL_API Choice longest_side(const Parcel& parcel, double tied_within = 0.0);
 
