@@ -38,10 +38,13 @@ ExitStatus complain(ExitStatus status, const std::string& text)
 }
 
 // Prints complete results only.
-void print(const std::string& text)
+void print(const tool::Output& output)
 {
     errno = 0;
-    std::cout << text << std::flush;
+    std::cout << output.text;
+    if (output.body)
+        output.body([](const std::string& text) { std::cout << text; });
+    std::cout << output.end << std::flush;
     if (!std::cout)
         throw Failure(ExitStatus::failed, {}, "the result could not be written to standard output", "",
                       errno == ENOSPC ? "the disk is full" : "");
@@ -107,7 +110,7 @@ template <std::size_t n> ExitStatus run_chosen(const tool::Verb* const (&verbs)[
         if (!verb->chosen())
             continue;
         const tool::Output output = verb->run();
-        print(output.text);
+        print(output);
         return output.status;
     }
     throw Failure(ExitStatus::wrong_use, {}, "no verb is given", "see plcalc --help");
@@ -130,9 +133,9 @@ ExitStatus run(int argc, char** argv)
     parse(app, argc, argv);
 
     if (help)
-        print(tool::general_help());
+        print({tool::general_help()});
     else if (version)
-        print(tool::version_line());
+        print({tool::version_line()});
     else
         return run_chosen(verbs);
     return ExitStatus::done;

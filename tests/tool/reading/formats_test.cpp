@@ -464,6 +464,14 @@ TEST_F(Formats, AreasOnTheGround)
                                             "1", "--orientation", "2", "--point", "3", "--csv"});
     EXPECT_NE(set_out.out.find("vertex 3,500100.0000,5000050.0000,"), std::string::npos) << "in the plane";
     EXPECT_NE(set_out.out.find(",111.8481,100.0400,-50.0200\n"), std::string::npos) << set_out.out;
+    // Plan and report have the same lengths, and say so.
+    ASSERT_EQ(ground("--area 1000 --plan plan.svg --report report.txt").status, 0);
+    for (const char* name : {"plan.svg", "report.txt"}) {
+        std::ifstream file(path(name));
+        const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        EXPECT_NE(text.find("100.04"), std::string::npos) << name;
+        EXPECT_NE(text.find("0.9996"), std::string::npos) << name;
+    }
 }
 
 TEST_F(Formats, OtherGeometriesThatBoundOneArea)

@@ -1,9 +1,15 @@
 // Many parcels in one go, several cuts of one parcel, and the same figures as JSON.
 
+#include <fstream>
+#include <iterator>
+#include <memory>
 #include <sstream>
+#include <stdexcept>
 
 #include <nlohmann/json.hpp>
 
+#include "console/ordered_work.h"
+#include "console/spool.h"
 #include "console/terminal.h"
 #include "program.h"
 
@@ -13,6 +19,12 @@ using nlohmann::json;
 
 class Many : public test::ProgramTest {
 protected:
+    std::string content(const std::string& name) const
+    {
+        std::ifstream file(path(name));
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
     // Two squares, a point, a bow-tie, broken text, a square too small for the request.
     void write_lots() const
     {
@@ -43,6 +55,107 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
                        "  1: the boundary crosses or touches itself (feature 4)\n"
                        "Skipped, without an area  2\n");
     EXPECT_EQ(run.status, 3);
+}
+
+// ------------------------------------------------------------------------------------------------ several at a time
+
+// 500 lots, one in seven a bow-tie, of 4 to 400 vertices.
+std::string many_lots()
+{
+    std::string table = "name,WKT\n";
+    for (int lot = 0; lot < 500; ++lot) {
+        const int left = 2000 * lot;
+        std::ostringstream ring;
+        ring << left << " 0, " << left + 1000 << " 0, ";
+        if (lot % 7 == 3)
+            ring << left << " 100, " << left + 1000 << " 100, ";
+        for (int i = 0; lot % 7 != 3 && i < 2 + lot % 100 * 4; ++i)
+            ring << left + 1000 - i << " " << 300 + i % 2 << ", ";
+        table +=
+            "lot " + std::to_string(lot) + ",\"POLYGON ((" + ring.str() + std::to_string(left) + " 0))\"\n";
+    }
+    return table;
+}
+
+TEST_F(Many, TheOrderAndTheResultsDoNotDependOnTheJobs)
+{
+    write("lots.csv", many_lots());
+    for (const char* mode : {"", "--json", "-o out.geojson --overwrite"}) {
+        SCOPED_TRACE(mode);
+        const test::Result one = divide("lots.csv", std::string("--parallel 1 --area 1000 --jobs 1 ") + mode);
+        ASSERT_EQ(one.status, 3) << one.err;
+        EXPECT_NE(one.out.find(mode[0] == '-' && mode[2] == 'j' ? "\"divided\": 429"
+                                                                : "Divided  429 of 500 parcels"),
+                  std::string::npos);
+        const std::string written = mode[1] == 'o' ? content("out.geojson") : "";
+        for (const char* jobs : {"--jobs 2 ", "--jobs 9 ", ""}) {
+            const test::Result several =
+                divide("lots.csv", std::string("--parallel 1 --area 1000 ") + jobs + mode);
+            EXPECT_EQ(several.status, one.status);
+            EXPECT_EQ(several.out, one.out);
+            EXPECT_EQ(mode[1] == 'o' ? content("out.geojson") : "", written);
+        }
+    }
+    for (const char* jobs : {"0", "-1", "1025", "two"})
+        EXPECT_TRUE(
+            test::fails_with(divide("lots.csv", std::string("--parallel 1 --area 1000 --jobs ") + jobs), 2,
+                             std::string("--jobs: '") + jobs +
+                                 (jobs == std::string("two") ? "' is not a whole number"
+                                                             : "' is not a number from 1 to 1024") +
+                                 "; see plcalc divide --help"));
+}
+
+// Text that is kept outside memory is the JSON that a library makes of the whole.
+TEST_F(Many, TheJsonIsOneValue)
+{
+    write("lots.csv", many_lots());
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 --json");
+    EXPECT_EQ(nlohmann::ordered_json::parse(run.out).dump(2) + "\n", run.out);
+    write("lots.csv",
+          "WKT,a\n\"POLYGON ((0 0, 1 1, 1 0, 0 1, 0 0))\",1\n\"POLYGON ((0 0, 1 1, 1 0, 0 1, 0 0))\",2\n");
+    const test::Result none = divide("lots.csv", "--parallel 1 --area 1000 --json");
+    EXPECT_EQ(nlohmann::ordered_json::parse(none.out).dump(2) + "\n", none.out);
+    EXPECT_EQ(json::parse(none.out)["parcels"].size(), 2u);
+}
+
+TEST(OrderedWork, TasksComeBackInTheirOrder)
+{
+    for (const std::size_t jobs : {1u, 2u, 7u}) {
+        tool::OrderedWork<int> work(jobs, [](int& task) {
+            if (task == 300)
+                throw std::runtime_error("300");
+            task *= 2;
+        });
+        int next = 0;
+        for (int i = 0; i < 300; ++i) {
+            work.put(std::make_unique<int>(i));
+            if (i % 3 == 2)
+                EXPECT_EQ(*work.take(), 2 * next++);
+        }
+        EXPECT_EQ(work.pending(), 200u);
+        while (work.pending() > 0)
+            EXPECT_EQ(*work.take(), 2 * next++);
+        work.put(std::make_unique<int>(300));
+        work.put(std::make_unique<int>(1));
+        EXPECT_THROW(work.take(), std::runtime_error);
+        EXPECT_EQ(*work.take(), 2);
+        work.put(std::make_unique<int>(5));  // nobody takes it
+    }
+}
+
+TEST(Spool, TextsComeBackOneByOne)
+{
+    tool::Spool spool;
+    EXPECT_TRUE(spool.empty());
+    const std::vector<std::string> texts = {"", "a\nb", std::string(100000, 'x'), std::string("\0\x1f", 2)};
+    for (const std::string& text : texts)
+        spool.add(text);
+    EXPECT_FALSE(spool.empty());
+    for (int again = 0; again < 2; ++again) {
+        std::vector<std::string> read;
+        spool.read([&](const std::string& text) { read.push_back(text); });
+        EXPECT_EQ(read, texts);
+    }
 }
 
 // ------------------------------------------------------------------------------- tables with a vertex in each row

@@ -335,9 +335,37 @@ TEST_F(Writer, FormatsThatRoundOrCannotBeReadBackAreRefused)
                              "--output: no format with the ending of '" + out +
                                  "' can be written and read back to the last digit; name it .gpkg for a "
                                  "GeoPackage; see plcalc divide --help"));
-    // A format of pictures has the same ending.
-    ASSERT_EQ(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o out.xml").status, 0);
-    EXPECT_STREQ(open("out.xml")->GetDriverName(), "GML");
+}
+
+// Lines and pieces in space, at the heights of the vertices; without a height at every vertex the drawing is flat.
+TEST_F(Writer, HeightsInDrawings)
+{
+    for (const char* last : {"9", ""}) {
+        write("lot.csv", std::string("E,N,Z\n0,0,1\n100,0,3\n100,50,7\n0,50,") + last + "\n");
+        ASSERT_EQ(divide("lot.csv", "--parallel 2 --share 1/2 -o out.dxf --overwrite").status, 0);
+        const GDALDatasetUniquePtr drawing = open("out.dxf");
+        ASSERT_NE(drawing, nullptr);
+        std::multiset<std::string> shapes;
+        for (const OGRFeatureUniquePtr& entity : *drawing->GetLayer(0))
+            if (std::string(entity->GetFieldAsString("Layer")) != "labels")
+                shapes.insert(std::string(entity->GetFieldAsString("Layer")) + " " +
+                              entity->GetGeometryRef()->exportToWkt());
+        // The line runs from (50, 0) to (50, 50): 2 and, between 7 and 9, 8.
+        const bool flat = *last == '\0';
+        EXPECT_EQ(shapes.count(flat ? "points POINT (50 0)" : "points POINT Z (50 0 2)"), 1u);
+        EXPECT_EQ(
+            shapes.count(flat ? "lines LINESTRING (50 0,50 50)" : "lines LINESTRING Z (50 0 2,50 50 8)") +
+                shapes.count(flat ? "lines LINESTRING (50 50,50 0)" : "lines LINESTRING Z (50 50 8,50 0 2)"),
+            1u);
+        EXPECT_EQ(shapes.lower_bound("pieces LINESTRING Z") == shapes.lower_bound("pieces LINESTRING ["),
+                  flat);
+        if (flat)
+            continue;
+        // And in again.
+        const test::Result again = divide("out.dxf", "--feature 0 --parallel 1 --share 1/2 --json");
+        EXPECT_EQ(again.status, 0) << again.err;
+        EXPECT_NE(again.out.find("\"z\""), std::string::npos) << again.out;
+    }
 }
 
 // A .prj or an index beside the old Shapefile would be taken for the new one's.

@@ -3,6 +3,7 @@
 // How a verb ends: with its output or with a failure.
 
 #include <exception>
+#include <functional>
 #include <string>
 
 namespace tool {
@@ -20,6 +21,9 @@ enum class ExitStatus {
 struct Output {
     std::string text;                      ///< for stdout
     ExitStatus status = ExitStatus::done;  ///< not `done` where some parcels of many could not be worked on
+    /// Hands out what stands behind the text and is too long to keep in memory; may be empty.
+    std::function<void(const std::function<void(const std::string&)>& take)> body = {};
+    std::string end = {};  ///< behind the body
 };
 
 /// What a message is about. A part that is empty is left out of it.

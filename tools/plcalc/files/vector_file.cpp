@@ -8,6 +8,7 @@
 #include <cpl_string.h>
 
 #include "console/outcome.h"
+#include "files/landxml.h"
 #include "files/text_source.h"
 
 namespace tool {
@@ -77,7 +78,7 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file)
 GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages,
                                     const std::string& shown)
 {
-    GDALDatasetUniquePtr dataset = open_vector_file(file);
+    GDALDatasetUniquePtr dataset = is_landxml(file) ? open_landxml(file, shown) : open_vector_file(file);
     if (dataset == nullptr)
         throw why_not_opened(shown, messages);
     return dataset;
@@ -87,6 +88,24 @@ std::vector<std::string> files_of(GDALDataset& dataset)
 {
     const CPLStringList list(dataset.GetFileList());
     return {list.List(), list.List() + list.Count()};
+}
+
+void leave_columns(OGRLayer& layer, bool geometry_too)
+{
+    CPLStringList names;
+    const OGRFeatureDefn& columns = *layer.GetLayerDefn();
+    for (int i = 0; i < columns.GetFieldCount(); ++i)
+        names.AddString(columns.GetFieldDefn(i)->GetNameRef());
+    if (geometry_too)
+        names.AddString("OGR_GEOMETRY");
+    if (layer.TestCapability(OLCIgnoreFields))
+        layer.SetIgnoredFields(const_cast<const char**>(names.List()));
+}
+
+void read_columns(OGRLayer& layer)
+{
+    if (layer.TestCapability(OLCIgnoreFields))
+        layer.SetIgnoredFields(nullptr);
 }
 
 bool is_wkt_column(const std::string& name)

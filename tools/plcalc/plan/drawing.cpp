@@ -123,6 +123,15 @@ void draw_scale_bar(Canvas& canvas, const Plan& plan, double points_per_unit, co
                 {right_end.x, right_end.y + 13.0}, kSmallSize, kInk, Anchor::right);
 }
 
+// PLAN-2.svg and so on.
+std::string sheet_file(const std::string& path, std::size_t sheet)
+{
+    const std::filesystem::path first(path);
+    return (first.parent_path() /
+            (first.stem().string() + "-" + std::to_string(sheet) + first.extension().string()))
+        .string();
+}
+
 }  // namespace
 
 PlanSheets::PlanSheets(const Plan& plan, Paper paper)
@@ -152,11 +161,21 @@ std::size_t PlanSheets::count_table_sheets() const
 std::vector<std::string> PlanSheets::files(const std::string& path) const
 {
     std::vector<std::string> files = {path};
-    const std::filesystem::path first(path);
     for (std::size_t i = 2; i <= count() && !Canvas::has_pages(path); ++i)
-        files.push_back((first.parent_path() /
-                         (first.stem().string() + "-" + std::to_string(i) + first.extension().string()))
-                            .string());
+        files.push_back(sheet_file(path, i));
+    return files;
+}
+
+std::vector<std::string> PlanSheets::left_over(const std::string& path) const
+{
+    std::vector<std::string> files;
+    std::error_code ignored;
+    for (std::size_t i = count() + 1; !Canvas::has_pages(path); ++i) {
+        const std::string file = sheet_file(path, i);
+        if (!std::filesystem::exists(file, ignored))
+            break;
+        files.push_back(file);
+    }
     return files;
 }
 
@@ -267,7 +286,7 @@ void PlanSheets::draw_information(Canvas& canvas, const SheetBox& box) const
     else
         write(plan_.unit.name.empty() ? "no CRS; coordinates taken as metres" : "no CRS", kGrey);
     for (const auto& [key, value] : plan_.title_block)
-        write(std::string(key).append(": ").append(value), kInk);
+        write(key.empty() ? value : std::string(key).append(": ").append(value), kInk);
     write("Sheet 1 of " + std::to_string(count()), kInk);
 }
 

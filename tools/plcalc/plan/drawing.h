@@ -26,6 +26,9 @@ public:
     /// @param[in] path   .svg, .pdf or .png
     std::vector<std::string> files(const std::string& path) const;
 
+    /// Files that lie there as if they were its next sheets: an earlier plan had more.
+    std::vector<std::string> left_over(const std::string& path) const;
+
     /// Draws all sheets.
     ///
     /// @param[in] paths  where to write, as many as files() has

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <sstream>
+#include <utility>
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
@@ -42,10 +44,11 @@ int fitting_area_decimals(const std::vector<double>& areas)
 }
 
 // To the centimetre, which is as fine as a plan is read, or finer on a small parcel.
-std::string length_text(const Resolution& resolution, const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+std::string length_text(const Answer& answer, const PL_PNT2D_record& from, const PL_PNT2D_record& to)
 {
     constexpr int kFewer = 2;
-    return fixed(PlFunz_distance(&from, &to), std::max(kFewer, resolution.decimals - kFewer));
+    return fixed(on_ground(answer.parcel, PlFunz_distance(&from, &to)),
+                 std::max(kFewer, answer.printed.resolution.decimals - kFewer));
 }
 
 void add_points(Plan& plan, const DivisionPoints& points)
@@ -54,10 +57,10 @@ void add_points(Plan& plan, const DivisionPoints& points)
         plan.points.push_back({as_text(points.points[i].name), points.points[i].at, i >= points.corners});
 }
 
-void add_sides(Plan& plan, const DivisionPoints& points, const Resolution& resolution)
+void add_sides(Plan& plan, const DivisionPoints& points, const Answer& answer)
 {
     const auto length = [&](std::size_t from, std::size_t to) {
-        return length_text(resolution, plan.points[from].at, plan.points[to].at);
+        return length_text(answer, plan.points[from].at, plan.points[to].at);
     };
     for (std::size_t side = 0; side < points.corners; ++side) {
         const std::vector<std::size_t> along = points.along(side);
@@ -69,12 +72,12 @@ void add_sides(Plan& plan, const DivisionPoints& points, const Resolution& resol
     }
 }
 
-void add_lines(Plan& plan, const DivisionPoints& points, const Resolution& resolution)
+void add_lines(Plan& plan, const DivisionPoints& points, const Answer& answer)
 {
     for (const DivisionPoints::Line& line : points.lines) {
         const PL_PNT2D_record& from = plan.points[line.from].at;
         const PL_PNT2D_record& to = plan.points[line.to].at;
-        plan.lines.push_back({line.from, line.to, length_text(resolution, from, to),
+        plan.lines.push_back({line.from, line.to, length_text(answer, from, to),
                               gon_text(bearing_gon(from, to), kAngleDecimals)});
     }
 }
@@ -89,6 +92,22 @@ void add_pieces(Plan& plan, const Answer& answer)
         plan.pieces.push_back({piece_title(name, i), printed.proven.pieces[i].ring, printed.areas[i],
                                is_rest || i >= given.size() ? "rest" : given[i]});
     }
+}
+
+// In lines that fit the title block; those after the first have no key.
+void add_assumed(Plan& plan, const std::string& clause)
+{
+    constexpr std::size_t kWidth = 40;
+    std::istringstream words(clause);
+    std::string key = "Assumed";
+    std::string line;
+    for (std::string word; words >> word;) {
+        if (!line.empty() && key.size() + line.size() + 1 + word.size() > kWidth) {
+            plan.title_block.emplace_back(std::exchange(key, ""), std::exchange(line, ""));
+        }
+        line += (line.empty() ? "" : " ") + word;
+    }
+    plan.title_block.emplace_back(key, line);
 }
 
 }  // namespace
@@ -115,9 +134,11 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
     plan.end_decimals = printed.resolution.end_decimals;
     plan.area_decimals = wishes.area_decimals ? *wishes.area_decimals : fitting_area_decimals(printed.areas);
     add_points(plan, points);
-    add_sides(plan, points, printed.resolution);
-    add_lines(plan, points, printed.resolution);
+    add_sides(plan, points, answer);
+    add_lines(plan, points, answer);
     add_pieces(plan, answer);
+    for (const std::string& clause : parcel.assumed)
+        add_assumed(plan, as_text(clause));
     for (const auto& [key, value] : wishes.title_block)
         plan.title_block.emplace_back(as_text(key), as_text(value));
     const std::string file = as_text(file_of(parcel.place));

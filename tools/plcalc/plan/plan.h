@@ -49,7 +49,8 @@ struct PlanPiece {
     std::string asked;  ///< as it was given; "rest" for the last one
 };
 
-/// What the sheet says about itself: "Client" and "Rossi", in the order in which they are shown.
+/// What the sheet says about itself: "Client" and "Rossi", in the order in which they are shown. An entry without a key
+/// goes on with the one before.
 using TitleBlock = std::vector<std::pair<std::string, std::string>>;
 
 /// What is asked of a plan beside the division.

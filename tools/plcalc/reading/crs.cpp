@@ -250,12 +250,14 @@ void PlaneCheck::require_scale(const OGRSpatialReference& crs, Parcel& parcel)
 
 LengthUnit unit_of(const OGRSpatialReference* crs)
 {
-    if (crs == nullptr || !crs->IsProjected())
+    if (crs == nullptr || (!crs->IsProjected() && !crs->IsLocal()))
         return {};
     const char* name = nullptr;
     const double metres = crs->GetLinearUnits(&name);
     if (name == nullptr)
         return {"", metres};
+    if (crs->IsLocal() && EQUAL(name, "unknown"))
+        return {};
     const bool metre = EQUAL(name, "metre") || EQUAL(name, "meter");
     return {metre ? "m" : name, metres};
 }

@@ -82,7 +82,7 @@ private:
     std::optional<ScaleOf> scale_;
 };
 
-/// The unit of a projected CRS. For any other, and for null, it has no name and is a metre long.
+/// The unit of a projected or a local CRS. For any other, and for null, it has no name and is a metre long.
 LengthUnit unit_of(const OGRSpatialReference* crs);
 
 /// "WGS 84 / UTM zone 32N (EPSG:32632)"; empty for null and for a CRS that only says that it is unknown.

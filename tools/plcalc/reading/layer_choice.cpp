@@ -5,6 +5,7 @@
 #include <cpl_string.h>
 
 #include "console/outcome.h"
+#include "files/vector_file.h"
 #include "reading/boundary.h"
 #include "reading/csv.h"
 
@@ -60,6 +61,10 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
     Count count;
     count.choice.layer = &layer;
     count.choice.heights = true;
+    // A drawing tells in columns where a feature lies, a table where its geometry is, and a filter may ask for any.
+    const bool only_geometry = !source.where && !is_format(dataset, "DXF") && !is_format(dataset, "CSV");
+    if (only_geometry)
+        leave_columns(layer, false);
     for (const OGRFeatureUniquePtr& feature : layer) {
         if (is_format(dataset, "CSV"))
             note_srid(read_ewkt(*feature), count.choice,
@@ -85,6 +90,8 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
         if (geometry == nullptr && layer.GetGeomType() != wkbNone && count.without_geometry.empty())
             count.without_geometry = feature_name(*feature, layer, dataset);
     }
+    if (only_geometry)
+        read_columns(layer);
     if (messages.failed())
         throw Failure(ExitStatus::unusable_input, {source.file, ""},
                       "the file cannot be read to its end" + messages.remark(), "repair it");

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <utility>
 
 #include <cpl_conv.h>
 #include <cpl_vsi.h>
 
+#include "files/landxml.h"
 #include "files/vector_file.h"
 #include "reading/boundary.h"
 #include "reading/csv.h"
@@ -65,6 +67,8 @@ ParcelFile::ParcelFile(const Source& source) : source_(source), plane_(source_)
     else
         choice_ = choose_layer(*dataset_, source_, messages_);
     take_crs_of_file();
+    if (is_format(*dataset_, "Memory") && !source_.name_column)
+        source_.name_column = "name";  // LandXML
     require_name_column();
 }
 
@@ -384,12 +388,28 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     plane_.require(crs, stated, read);
     if (fine_layer_ != nullptr && !source_.arcs)
         require_straight(feature, finer, parcel.place);
+    name_points(feature, read);
     read.unit = unit_of(crs);
     read.crs = crs_name(crs);
     if (boundary.had_arcs || has_arcs_)
         read.assumed.push_back(words_of_arcs());
     complete_from_source(read);
     parcel = std::move(read);
+}
+
+// LandXML tells the names of its points.
+void ParcelFile::name_points(const OGRFeature& feature, Parcel& parcel) const
+{
+    if (!is_format(*dataset_, "Memory"))
+        return;
+    std::istringstream lines(landxml_point_names(feature));
+    std::vector<std::string> names;
+    for (std::string line; std::getline(lines, line);)
+        names.push_back(line);
+    if (!names.empty() && names.size() <= parcel.ring.size())
+        names.resize(parcel.ring.size());
+    if (names.size() == parcel.ring.size() && parts_ == 1)
+        parcel.point_names = std::move(names);
 }
 
 ReadParcel ParcelFile::next_of_table()
@@ -403,6 +423,7 @@ ReadParcel ParcelFile::next_of_table()
         parcel.place = read.parcel.place;
         parcel.ring = std::move(row.ring);
         parcel.heights = std::move(row.heights);
+        parcel.point_names = std::move(row.point_names);
         parcel.unit = unit_of(crs());
         parcel.crs = crs_name(crs());
         plane_.require(crs(), true, parcel);

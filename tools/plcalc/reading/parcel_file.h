@@ -80,6 +80,7 @@ private:
     void replace_arcs();
     void require_drawing_options() const;
     std::string words_of_arcs() const;
+    void name_points(const OGRFeature& feature, Parcel& parcel) const;
     void require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const;
     bool next_feature();
     ReadParcel next_part();

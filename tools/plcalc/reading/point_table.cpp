@@ -42,6 +42,10 @@ const char* const kOfPoints[] = {"z",         "h",        "height", "elev",     
 const char* const kHeights[] = {"z",        "h",     "height", "elev",  "elevation",
                                 "altitude", "quota", "cota",   "hoehe", "h\u00f6he"};
 
+const char* const kPointNames[] = {"p",           "pt",      "point",       "pointno", "pointname",
+                                   "pointnumber", "pnr",     "punkt",       "nr",      "no",
+                                   "name",        "punktnr", "punktnummer", "punto",   "id"};
+
 constexpr std::size_t kFewestVertices = 3;
 
 std::string stripped(const char* name)
@@ -147,6 +151,8 @@ double height(const OGRFeature& row, int field, bool decimal_commas)
 void finish(TableParcel& parcel)
 {
     drop_closing_vertex(parcel.ring);
+    if (!parcel.point_names.empty())
+        parcel.point_names.resize(parcel.ring.size());
     parcel.heights.resize(parcel.ring.size());
     if (std::none_of(parcel.heights.begin(), parcel.heights.end(), [](double z) { return std::isfinite(z); }))
         parcel.heights.clear();
@@ -289,6 +295,9 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table)
     for (int i = 0; i < table.GetFieldCount(); ++i)
         if (names_parcel(plain(name_of_field(table, i))))
             columns.parcel.push_back(i);
+    for (const char* name : kPointNames)
+        if (columns.name < 0)
+            columns.name = find_field(table, name);
     return columns;
 }
 
@@ -311,6 +320,8 @@ PointTable::PointTable(OGRLayer& table, const PointColumns& columns, char separa
     const int id = find_field(*table.GetLayerDefn(), "id");
     if (columns_.parcel.empty() && id >= 0 && parts_rows_into_parcels(table, id))
         columns_.parcel.push_back(id);
+    if (std::find(columns_.parcel.begin(), columns_.parcel.end(), columns_.name) != columns_.parcel.end())
+        columns_.name = -1;
     decimal_commas_ = has_decimal_commas(table, columns_, separator);
     read_rows(table, file);
 }
@@ -350,6 +361,8 @@ void PointTable::read_rows(OGRLayer& table, const Place& file)
         parcel.last_row = last_row_ = row->GetFID();
         parcel.ring.push_back({coordinate(*row, columns_.east, decimal_commas_, file),
                                coordinate(*row, columns_.north, decimal_commas_, file)});
+        if (columns_.name >= 0)
+            parcel.point_names.push_back(stripped(row->GetFieldAsString(columns_.name)));
         parcel.heights.push_back(height(*row, columns_.height, decimal_commas_));
         // The row that closes the ring may have the name of the first.
         if (parcel.ring.size() == 1 || !same(parcel.ring.front(), parcel.ring.back()))

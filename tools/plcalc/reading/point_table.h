@@ -20,6 +20,7 @@ struct PointColumns {
     int east = -1;
     int north = -1;
     int height = -1;       ///< -1 where there is none
+    int name = -1;         ///< of the point; -1 where there is none
     bool x_and_y = false;  ///< whether they are called X and Y, so that which is East must be known otherwise
     std::vector<int> parcel;  ///< those that name the parcel of a point; none where all rows are one parcel
 };
@@ -27,7 +28,7 @@ struct PointColumns {
 /// Finds the columns with coordinates: the first of the pairs E and N, East and North, Easting and Northing,
 /// Est and Nord, Ost and Nord, Rechtswert and Hochwert, RW and HW, Este and Norte, X and Y that the table has, in capitals or
 /// not, with a unit behind them or without; X is taken as East until it is known better. A column
-/// called Z, H or height, or an Italian word for it, holds heights. Columns called lot, parcel or plot, in other
+/// called Z, H or height, or an Italian word for it, holds heights; one called P, point, nr or name holds the point's name. Columns called lot, parcel or plot, in other
 /// languages too, name the parcel of a point.
 std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 
@@ -36,6 +37,7 @@ struct TableParcel {
     std::string name;             ///< "lot A"; empty where all rows are one parcel
     plparcel::Ring ring;          ///< in the order of the rows, without the closing one
     std::vector<double> heights;  ///< NaN for a row without; empty where no row has one
+    std::vector<std::string> point_names;  ///< of the vertices; empty where there are none
     GIntBig first_row = 0;
     GIntBig last_row = 0;
     OGRFeatureUniquePtr

@@ -101,7 +101,9 @@ struct Reported {
     std::string area(double value) const { return fixed(value, answer.printed.resolution.area_decimals); }
     std::string length(std::size_t from, std::size_t to) const
     {
-        return fixed(PlFunz_distance(&points.points[from].at, &points.points[to].at), decimals());
+        return fixed(
+            on_ground(answer.parcel, PlFunz_distance(&points.points[from].at, &points.points[to].at)),
+            decimals());
     }
     const std::string& name(std::size_t point) const { return points.points[point].name; }
 };

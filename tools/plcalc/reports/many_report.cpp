@@ -1,27 +1,56 @@
 #include "reports/many_report.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
+#include "text/json.h"
 #include "text/numbers.h"
-#include "text/table.h"
 
 namespace tool {
 namespace {
 
 using Cells = std::vector<std::string>;
 
-// The two ends of each line below each other, where they do not fit beside each other.
-std::vector<Cells> an_end_a_row(const std::vector<Cells>& rows)
+const Cells kWideHead = {"Parcel", "line", "from E", "from N", "to E", "to N", "cut off"};
+const Cells kNarrowHead = {"Parcel", "line", "", "E", "N", "cut off"};
+
+// A cell may hold anything but these.
+constexpr char kCellEnd = '\x1f';
+constexpr char kRowEnd = '\x1e';
+
+std::string without_ends(std::string cell)
 {
-    std::vector<Cells> ends = {{"Parcel", "line", "", "E", "N", "cut off"}};
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        const Cells& row = rows[i];
-        ends.push_back({row[0], row[1], "from", row[2], row[3], row[6]});
-        ends.push_back({"", "", "to", row[4], row[5], ""});
+    std::replace_if(
+        cell.begin(), cell.end(), [](char c) { return c == kCellEnd || c == kRowEnd; }, '?');
+    return cell;
+}
+
+std::vector<Cells> rows_in(const std::string& text)
+{
+    std::vector<Cells> rows;
+    Cells row;
+    std::string cell;
+    for (const char c : text) {
+        if (c != kCellEnd && c != kRowEnd) {
+            cell += c;
+            continue;
+        }
+        row.push_back(std::move(cell));
+        cell.clear();
+        if (c == kRowEnd) {
+            rows.push_back(std::move(row));
+            row.clear();
+        }
     }
-    return ends;
+    return rows;
+}
+
+// The two ends of a line below each other, where they do not fit beside each other.
+std::vector<Cells> an_end_a_row(const Cells& row)
+{
+    return {{row[0], row[1], "from", row[2], row[3], row[6]}, {"", "", "to", row[4], row[5], ""}};
 }
 
 }  // namespace
@@ -34,8 +63,8 @@ std::string ManyReport::refuse(const Failure& failure, const std::string& reason
     if (status_ == ExitStatus::done || failure.status < status_)
         status_ = failure.status;
     if (keep_ == Keep::json)
-        parcels_.push_back(
-            {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}});
+        kept_->add(dumped_in_list(
+            {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}}));
     return reason;
 }
 
@@ -54,29 +83,48 @@ void ManyReport::note(const Parcel& parcel)
             assumed_.push_back(clause);
 }
 
-std::string ManyReport::add(const Answer& answer)
+std::string ManyReport::kept_of(const Answer& answer) const
+{
+    const PrintedDivision& printed = answer.printed;
+    if (!printed.done() || keep_ == Keep::counts)
+        return "";
+    if (keep_ == Keep::json)
+        return dumped_in_list(division_json(answer));
+    const int decimals = printed.resolution.end_decimals;
+    std::string rows;
+    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
+        const PL_LINE_2D_record& line = printed.lines[i];
+        rows += without_ends(answer.parcel.place.feature) + kCellEnd + std::to_string(i + 1);
+        for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
+            rows += kCellEnd + fixed(value, decimals);
+        rows += kCellEnd + fixed(printed.areas[i], printed.resolution.area_decimals) + kRowEnd;
+    }
+    return rows;
+}
+
+std::string ManyReport::add(const Answer& answer, const std::string& kept)
 {
     note(answer.parcel);
     if (!answer.printed.done())
         return refuse(refusal(answer), refusal_reason(answer));
     ++divided_;
-    if (keep_ == Keep::json)
-        parcels_.push_back(division_json(answer));
     if (keep_ == Keep::rows)
-        keep_rows(answer);
+        measure(kept);
+    if (keep_ != Keep::counts)
+        kept_->add(kept);
     return "";
 }
 
-void ManyReport::keep_rows(const Answer& answer)
+void ManyReport::measure(const std::string& rows)
 {
-    const PrintedDivision& printed = answer.printed;
-    const int decimals = printed.resolution.end_decimals;
-    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
-        const PL_LINE_2D_record& line = printed.lines[i];
-        rows_.push_back({answer.parcel.place.feature, std::to_string(i + 1), fixed(line.start.x, decimals),
-                         fixed(line.start.y, decimals), fixed(line.end.x, decimals),
-                         fixed(line.end.y, decimals),
-                         fixed(printed.areas[i], printed.resolution.area_decimals)});
+    if (kept_->empty()) {
+        wide_.measure(kWideHead);
+        narrow_.measure(kNarrowHead);
+    }
+    for (const Cells& row : rows_in(rows)) {
+        wide_.measure(row);
+        for (const Cells& end : an_end_a_row(row))
+            narrow_.measure(end);
     }
 }
 
@@ -97,26 +145,56 @@ Output ManyReport::summary(std::size_t passed_over, std::size_t hidden) const
 
 Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
 {
-    std::vector<std::vector<std::string>> rows = {
-        {"Parcel", "line", "from E", "from N", "to E", "to N", "cut off"}};
-    rows.insert(rows.end(), rows_.begin(), rows_.end());
     Output output = summary(passed_over, hidden);
-    if (!rows_.empty())
-        output.text = columns(fit_terminal(rows) ? rows : an_end_a_row(rows)) + "\n" + output.text;
-    for (auto clause = assumed_.rbegin(); clause != assumed_.rend(); ++clause)
-        output.text = "Assumed  " + *clause + "\n" + (clause == assumed_.rbegin() ? "\n" : "") + output.text;
+    if (keep_ == Keep::rows && !kept_->empty()) {
+        output.end = "\n" + output.text;
+        output.text.clear();
+        output.body = [kept = kept_, wide = wide_, narrow = narrow_](const auto& take) {
+            const bool is_wide = wide.fit_terminal();
+            take(is_wide ? wide.line(kWideHead) : narrow.line(kNarrowHead));
+            kept->read([&](const std::string& rows) {
+                std::string lines;
+                for (const Cells& row : rows_in(rows)) {
+                    if (is_wide)
+                        lines += wide.line(row);
+                    else
+                        for (const Cells& end : an_end_a_row(row))
+                            lines += narrow.line(end);
+                }
+                take(lines);
+            });
+        };
+    }
+    std::string assumed;
+    for (const std::string& clause : assumed_)
+        assumed += "Assumed  " + clause + "\n";
+    output.text = assumed + (assumed.empty() ? "" : "\n") + output.text;
     return output;
 }
 
+// The parcels between what stands before and behind them in the object.
 Output ManyReport::json(const std::vector<std::string>& written) const
 {
     Json json;
-    json["parcels"] = parcels_;
+    json["parcels"] = Json::array();
     json["divided"] = divided_;
     json["refused"] = refused_;
     if (!written.empty())
         json["written"] = written;
-    return {dumped(json), status_};
+    Output output = {dumped(json), status_};
+    if (kept_->empty())
+        return output;
+    const std::size_t list = output.text.find("[]") + 1;
+    output.end = "\n  " + output.text.substr(list);
+    output.text.resize(list);
+    output.body = [kept = kept_](const auto& take) {
+        const char* before = "\n";
+        kept->read([&](const std::string& parcel) {
+            take(before + parcel);
+            before = ",\n";
+        });
+    };
+    return output;
 }
 
 }  // namespace tool

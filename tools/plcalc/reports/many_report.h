@@ -4,27 +4,35 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "answers/printed_division.h"
 #include "console/outcome.h"
-#include "text/json.h"
+#include "console/spool.h"
 #include "text/name_list.h"
+#include "text/table.h"
 
 namespace tool {
 
 class ManyReport {
 public:
-    /// What is kept of each parcel. Layers can hold a million; keep only what will be printed.
+    /// What is kept of each parcel, outside memory. Layers can hold a million; keep only what will be printed.
     enum class Keep { rows, json, counts };
 
-    explicit ManyReport(Keep keep) : keep_(keep) {}
+    explicit ManyReport(Keep keep) : keep_(keep), kept_(std::make_shared<Spool>()) {}
+
+    /// What will be kept of a division: made apart from `add`, because it can be made for several at the same time.
+    ///
+    /// @return empty where nothing is, and for a refusal
+    std::string kept_of(const Answer& answer) const;
 
     /// A parcel that was divided or refused.
     ///
+    /// @param[in] kept  as `kept_of` made it
     /// @return why it was refused; empty when it was divided
-    std::string add(const Answer& answer);
+    std::string add(const Answer& answer, const std::string& kept);
 
     /// A parcel that could not be worked on.
     ///
@@ -42,15 +50,16 @@ public:
     Output json(const std::vector<std::string>& written) const;
 
 private:
-    void keep_rows(const Answer& answer);
+    void measure(const std::string& rows);
     Output summary(std::size_t passed_over, std::size_t hidden) const;
     void note(const Parcel& parcel);
     std::string refuse(const Failure& failure, const std::string& reason);
 
     Keep keep_;
-    std::string file_;  // of the refused ones
-    std::vector<std::vector<std::string>> rows_;
-    Json parcels_ = Json::array();
+    std::shared_ptr<Spool> kept_;  // lives on in the output
+    Columns wide_;                 // a line in a row
+    Columns narrow_;               // an end in a row
+    std::string file_;             // of the refused ones
     std::size_t divided_ = 0;
     std::size_t refused_ = 0;
     std::map<std::string, NameList> refusals_;  // the parcels by reason

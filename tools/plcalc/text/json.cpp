@@ -23,4 +23,15 @@ std::string dumped(const Json& json)
     return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
+std::string dumped_in_list(const Json& json)
+{
+    constexpr std::size_t kIndent = 4;
+    const std::string indent(kIndent, ' ');
+    std::string text = indent + dumped(json);
+    text.pop_back();
+    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1))
+        text.insert(at + 1, indent);
+    return text;
+}
+
 }  // namespace tool

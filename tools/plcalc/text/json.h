@@ -19,4 +19,7 @@ Json number(double value, int decimals);
 /// Indented, with every line ended. Of a name that is not UTF-8 the readable part is kept.
 std::string dumped(const Json& json);
 
+/// The value as it stands in a list that is itself in an object: every line indented by four, the last not ended.
+std::string dumped_in_list(const Json& json);
+
 }  // namespace tool

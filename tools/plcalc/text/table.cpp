@@ -15,17 +15,6 @@ std::size_t width_of(const std::string& text)
         std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-std::vector<std::size_t> widths_of(const std::vector<std::vector<std::string>>& rows)
-{
-    std::vector<std::size_t> widths;
-    for (const std::vector<std::string>& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], width_of(row[i]));
-    }
-    return widths;
-}
-
 }  // namespace
 
 namespace tool {
@@ -52,25 +41,45 @@ std::string labelled(const std::vector<Row>& rows)
     return text;
 }
 
-std::string columns(const std::vector<std::vector<std::string>>& rows)
+void Columns::measure(const std::vector<std::string>& row)
 {
-    const std::vector<std::size_t> widths = widths_of(rows);
-    std::string text;
-    for (const std::vector<std::string>& row : rows) {
-        std::string line;
-        for (std::size_t i = 0; i < row.size(); ++i)
-            line += std::string((i > 0 ? kGap : 0) + widths[i] - width_of(row[i]), ' ') + row[i];
-        text += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
-    }
-    return text;
+    widths_.resize(std::max(widths_.size(), row.size()));
+    for (std::size_t i = 0; i < row.size(); ++i)
+        widths_[i] = std::max(widths_[i], width_of(row[i]));
+}
+
+std::string Columns::line(const std::vector<std::string>& row) const
+{
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i)
+        line += std::string((i > 0 ? kGap : 0) + widths_[i] - width_of(row[i]), ' ') + row[i];
+    return line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
+}
+
+bool Columns::fit_terminal() const
+{
+    constexpr std::size_t kTerminal = 80;
+    return std::accumulate(widths_.begin(), widths_.end(), std::size_t{0}) + kGap * (widths_.size() - 1) <=
+           kTerminal;
 }
 
 bool fit_terminal(const std::vector<std::vector<std::string>>& rows)
 {
-    constexpr std::size_t kTerminal = 80;
-    const std::vector<std::size_t> widths = widths_of(rows);
-    return std::accumulate(widths.begin(), widths.end(), std::size_t{0}) + kGap * (widths.size() - 1) <=
-           kTerminal;
+    Columns measured;
+    for (const std::vector<std::string>& row : rows)
+        measured.measure(row);
+    return measured.fit_terminal();
+}
+
+std::string columns(const std::vector<std::vector<std::string>>& rows)
+{
+    Columns measured;
+    for (const std::vector<std::string>& row : rows)
+        measured.measure(row);
+    std::string text;
+    for (const std::vector<std::string>& row : rows)
+        text += measured.line(row);
+    return text;
 }
 
 }  // namespace tool

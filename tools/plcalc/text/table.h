@@ -2,6 +2,7 @@
 
 // Text in columns.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,10 +18,24 @@ struct Row {
 /// trailing blanks.
 std::string labelled(const std::vector<Row>& rows);
 
-/// Columns of numbers, each as wide as its widest cell and aligned to the right. Every line is ended.
-std::string columns(const std::vector<std::vector<std::string>>& rows);
+/// Columns whose rows come one by one: all are measured first, and then each is made a line.
+class Columns {
+public:
+    void measure(const std::vector<std::string>& row);
 
-/// Whether the columns fit a terminal, 80 characters wide.
+    /// A row as `columns` has it.
+    std::string line(const std::vector<std::string>& row) const;
+
+    /// Whether the columns fit a terminal, 80 characters wide.
+    bool fit_terminal() const;
+
+private:
+    std::vector<std::size_t> widths_;
+};
+
+/// Whether the columns of these rows fit a terminal.
 bool fit_terminal(const std::vector<std::vector<std::string>>& rows);
 
+/// Columns of numbers, each as wide as its widest cell and aligned to the right. Every line is ended.
+std::string columns(const std::vector<std::vector<std::string>>& rows);
 }  // namespace tool

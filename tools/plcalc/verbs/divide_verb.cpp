@@ -1,14 +1,18 @@
 #include "verbs/verbs.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
-#include <sstream>
+#include <memory>
 #include <system_error>
+#include <thread>
 
 #include "console/interrupt.h"
+#include "console/ordered_work.h"
 #include "console/terminal.h"
 #include "files/pending_output.h"
 #include "plan/drawing.h"
@@ -24,6 +28,12 @@
 
 namespace tool {
 namespace {
+
+// More threads than any machine has cores.
+constexpr long long kMaxJobs = 1024;
+
+// For each job, batches that are read before their turn, so that no job waits for the disk.
+constexpr std::size_t kBatchesAhead = 2;
 
 // Nobody looks for more files than this.
 constexpr std::size_t kMaxFiles = 20;
@@ -81,14 +91,65 @@ private:
     std::string path_;
 };
 
-std::string content_of(const std::string& file)
+void read_out(const std::string& file, const std::function<void(const std::string&)>& take)
 {
+    constexpr std::size_t kBlock = 1 << 16;
     std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    if (!stream)
+    std::string block(kBlock, '\0');
+    while (stream.read(block.data(), kBlock) || stream.gcount() > 0)
+        take(block.substr(0, static_cast<std::size_t>(stream.gcount())));
+    if (!stream.eof())
         throw Failure(ExitStatus::failed, {file, ""}, "the file cannot be read back", "try it again");
-    return text.str();
+}
+
+// Parcels that are divided together.
+struct Batch {
+    std::vector<ReadParcel> read;
+    std::vector<std::optional<Answer>> answers;  // nothing for a parcel with a problem
+    std::vector<std::string> kept;
+};
+
+// Large enough that handing it on costs little, small enough that parcels of many vertices do not fill the memory.
+constexpr std::size_t kMaxParcels = 64;
+constexpr std::size_t kMaxVertices = 1 << 15;
+
+// Empty after the last parcel.
+std::unique_ptr<Batch> next_batch(ParcelFile& file)
+{
+    auto batch = std::make_unique<Batch>();
+    for (std::size_t vertices = 0; batch->read.size() < kMaxParcels && vertices < kMaxVertices;) {
+        std::optional<ReadParcel> read = file.next();
+        if (!read)
+            break;
+        vertices += read->parcel.ring.size();
+        batch->read.push_back(std::move(*read));
+    }
+    return batch;
+}
+
+// Divides the parcels of a batch. Nothing of GDAL is touched.
+void divide_batch(Batch& batch, const Asked& asked, const ManyReport& report)
+{
+    for (const ReadParcel& read : batch.read) {
+        std::optional<Answer> answer;
+        if (!read.problem)
+            answer.emplace(tool::answer(read.parcel, asked));
+        batch.kept.push_back(answer ? report.kept_of(*answer) : "");
+        batch.answers.push_back(std::move(answer));
+    }
+}
+
+void add_batch(const Batch& batch, ManyReport& report, DivisionWriter* writer)
+{
+    for (std::size_t i = 0; i < batch.read.size(); ++i) {
+        const ReadParcel& read = batch.read[i];
+        const std::optional<Answer>& answer = batch.answers[i];
+        const std::string refused = answer ? report.add(*answer, batch.kept[i]) : report.add(*read.problem);
+        if (writer != nullptr && answer && refused.empty())
+            writer->add(read, *answer);
+        else if (writer != nullptr)
+            writer->add_refused(read, refused);
+    }
 }
 
 }  // namespace
@@ -107,6 +168,7 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_option("-o,--output", out_)->type_name("OUT");
     options().add_option("--format", format_)->type_name("ENDING");
     options().add_flag("--overwrite", overwrite_);
+    options().add_option("--jobs", jobs_)->type_name("N");
 }
 
 // Before any work, so that a wrong name is reported at once.
@@ -114,14 +176,10 @@ void DivideVerb::check_outputs() const
 {
     if (!paper_of(paper_))
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
-    if (given("--plan") && source().ground_factor != 1.0)
-        wrong_use("--plan: the plan shows lengths of the plane; leave --ground-factor out");
     if (given("--report") && !ends_with(report_, ".txt") && !ends_with(report_, ".md"))
         wrong_use("--report: '" + report_ + "' does not end in .txt or .md");
     if (given("--points") && !ends_with(points_, ".csv"))
         wrong_use("--points: '" + points_ + "' does not end in .csv");
-    if (given("--report") && source().ground_factor != 1.0)
-        wrong_use("--report: the report shows lengths of the plane; leave --ground-factor out");
     for (const char* option : {"--area-decimals", "--title", "--title-block"})
         if (given(option) && !given("--plan"))
             wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
@@ -129,6 +187,7 @@ void DivideVerb::check_outputs() const
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     check_standard_output();
+    jobs();
     if (given("--output") && !to_standard_output() &&
         !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
@@ -154,6 +213,17 @@ void DivideVerb::check_standard_output() const
     if (!DivisionWriter::can_write("pieces." + format_))
         wrong_use("--format: no format with the ending '" + format_ +
                   "' can be written and read back to the last digit");
+}
+
+// All processors of this machine, unless the command line says otherwise.
+std::size_t DivideVerb::jobs() const
+{
+    if (!given("--jobs"))
+        return std::max(1u, std::thread::hardware_concurrency());
+    const long long jobs = whole("--jobs", jobs_);
+    if (jobs < 1 || jobs > kMaxJobs)
+        wrong_use("--jobs: '" + jobs_ + "' is not a number from 1 to " + std::to_string(kMaxJobs));
+    return static_cast<std::size_t>(jobs);
 }
 
 std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out) const
@@ -261,29 +331,17 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& 
     if (sheets.size() > 1)
         written.insert(written.end(), sheets.begin(), sheets.end());
     written.insert(written.end(), texts.begin(), texts.end());
+    std::string left_over;
+    if (given("--plan"))
+        for (const std::string& sheet :
+             PlanSheets(plan_of(answer, plan_wishes()), *paper_of(paper_)).left_over(plan_))
+            left_over += "Left     " + sheet + ": it is no sheet of this plan\n";
     if (!json_)
-        return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file))};
+        return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file)) +
+                left_over};
     ManyReport report(ManyReport::Keep::json);
-    report.add(answer);
+    report.add(answer, report.kept_of(answer));
     return report.json(written);
-}
-
-// Adds a parcel to the report and, if there is a writer, to the layers.
-void DivideVerb::add(const ReadParcel& read, const Asked& asked, ManyReport& report,
-                     DivisionWriter* writer) const
-{
-    if (read.problem) {
-        const std::string reason = report.add(*read.problem);
-        if (writer != nullptr)
-            writer->add_refused(read, reason);
-        return;
-    }
-    const Answer answer = tool::answer(read.parcel, asked);
-    const std::string refused = report.add(answer);
-    if (writer != nullptr && refused.empty())
-        writer->add(read, answer);
-    else if (writer != nullptr)
-        writer->add_refused(read, refused);
 }
 
 Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string& out) const
@@ -299,9 +357,21 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
     using Keep = ManyReport::Keep;
     ManyReport report(json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
-    while (const std::optional<ReadParcel> read = file.next()) {
-        add(*read, asked, report, writer.get());
-        progress.step();
+    const std::size_t jobs = this->jobs();
+    OrderedWork<Batch> work(jobs, [&](Batch& batch) { divide_batch(batch, asked, report); });
+    for (bool more = true; more || work.pending() > 0;) {
+        while (more && work.pending() <= kBatchesAhead * jobs) {
+            std::unique_ptr<Batch> batch = next_batch(file);
+            more = !batch->read.empty();
+            if (more)
+                work.put(std::move(batch));
+        }
+        if (work.pending() == 0)
+            break;
+        const std::unique_ptr<Batch> batch = work.take();
+        add_batch(*batch, report, writer.get());
+        for (std::size_t i = 0; i < batch->read.size(); ++i)
+            progress.step();
         guard.check();
     }
     const std::vector<std::string> written =
@@ -309,7 +379,7 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
     if (json_)
         return report.json(written);
     Output output = report.table(file.passed_over(), file.hidden());
-    output.text += to_standard_output() ? "" : written_lines(written, file);
+    output.end += to_standard_output() ? "" : written_lines(written, file);
     return output;
 }
 
@@ -318,17 +388,17 @@ Output DivideVerb::work() const
     const Asked asked = this->asked();
     check_outputs();
     ParcelFile file(source());
-    std::optional<ScratchFolder> scratch;
+    std::shared_ptr<ScratchFolder> scratch;
     std::string out = given("--output") ? DivisionWriter::file_for(out_) : "";
     if (to_standard_output())
-        out = scratch.emplace().path() + "/pieces." + format_;
+        out = (scratch = std::make_shared<ScratchFolder>())->path() + "/pieces." + format_;
     const bool one_parcel = file.count() == 1;
     Output output = one_parcel ? one(file, asked, out) : many(file, asked, out);
     if (!to_standard_output())
         return output;
     if (output.status != ExitStatus::done)
-        std::cerr << output.text;  // which parcels were refused, and why
-    return {content_of(out), output.status};
+        std::cerr << output.text << output.end;  // which parcels were refused, and why
+    return {"", output.status, [scratch, out](const auto& take) { read_out(out, take); }};
 }
 
 }  // namespace tool

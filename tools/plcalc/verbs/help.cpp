@@ -78,7 +78,8 @@ std::string divide_help()
 
 Usage: plcalc divide FILE CUT AREA [OPTION ...]
 
-FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...
+FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...,
+      and LandXML.
       "-" stands for the standard input. Parcels are polygons without holes, or
       closed lines. A text table needs a column WKT, or a vertex per row in
       columns E and N (or East and North, Easting and Northing, Est and Nord,
@@ -123,7 +124,8 @@ Options
                         file. Columns and CRS of the parcels come along, and
                         lines and areas are those printed. OUT.dxf is a drawing
                         with closed polylines, lines, new points and labels on
-                        layers of their own, in the unit of the CRS.
+                        layers of their own, in the unit of the CRS; OUT.xml is
+                        LandXML, with parcels and points.
   --format ENDING       with -o -, which writes the pieces to the standard
                         output: their format, as geojson; formats of one layer
                         leave the lines out
@@ -145,6 +147,8 @@ Options
   --overwrite           replaces files that exist, but never FILE; in a
                         GeoPackage or SQLite file only the layers pieces and
                         lines
+  --jobs N              divides so many parcels at a time; by default as many as
+                        the machine has processors; the results are the same
   --json                prints JSON with the same numbers
   -h, --help            prints this text
 

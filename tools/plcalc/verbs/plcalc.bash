@@ -22,14 +22,14 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
             return
             ;;
-        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --join | --name-layer | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
+        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | --name-layer | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
             --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;
     esac
     case $verb in
         divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
-            --title-block --name-column --report --points --overwrite" ;;
+            --title-block --name-column --report --points --overwrite --jobs" ;;
         measure) words=$choose ;;
         stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
         *) return ;;

@@ -31,9 +31,9 @@ private:
     void check_outputs() const;
     void check_standard_output() const;
     bool to_standard_output() const;
+    std::size_t jobs() const;
     std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out) const;
     Output one(ParcelFile& file, const Asked& asked, const std::string& out) const;
-    void add(const ReadParcel& read, const Asked& asked, ManyReport& report, DivisionWriter* writer) const;
     Output many(ParcelFile& file, const Asked& asked, const std::string& out) const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
     std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
@@ -54,6 +54,7 @@ private:
     std::string title_block_;
     std::string report_;
     std::string points_;
+    std::string jobs_;
 };
 
 /// `plcalc measure`: area, perimeter, sides and angles of a parcel.

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "writing/drawing_writer.h"
+#include "writing/landxml_writer.h"
 #include "writing/layer_writer.h"
 #include "writing/output_format.h"
 
@@ -15,7 +16,7 @@ std::string DivisionWriter::file_for(const std::string& name)
 
 bool DivisionWriter::can_write(const std::string& file)
 {
-    return OutputFormat::for_file(file).has_value();
+    return LandXmlWriter::writes(file) || OutputFormat::for_file(file).has_value();
 }
 
 std::unique_ptr<DivisionWriter> DivisionWriter::make(const std::string& file, bool overwrite,
@@ -23,6 +24,8 @@ std::unique_ptr<DivisionWriter> DivisionWriter::make(const std::string& file, bo
 {
     if (DrawingWriter::writes(file))
         return std::make_unique<DrawingWriter>(file, overwrite, parcels);
+    if (LandXmlWriter::writes(file))
+        return std::make_unique<LandXmlWriter>(file, overwrite, parcels);
     return std::make_unique<LayerWriter>(file, overwrite, parcels);
 }
 

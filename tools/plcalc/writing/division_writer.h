@@ -20,7 +20,7 @@ public:
     /// Whether there is a writer for the ending of a file name.
     static bool can_write(const std::string& file);
 
-    /// The writer for a file: a DrawingWriter for .dxf, else a LayerWriter.
+    /// The writer for a file: a DrawingWriter for .dxf, a LandXmlWriter for .xml and .landxml, else a LayerWriter.
     ///
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced

@@ -10,12 +10,14 @@
 #include <cpl_vsi.h>
 
 #include "answers/division_points.h"
+#include "answers/heights.h"
 #include "console/outcome.h"
 #include "files/vector_file.h"
 #include "plparcel/extent.h"
 #include "reading/boundary.h"
 #include "reading/crs.h"
 #include "text/numbers.h"
+#include "writing/with_heights.h"
 
 namespace tool {
 namespace {
@@ -126,25 +128,27 @@ std::string drawing_template(const LengthUnit& unit)
     return text;
 }
 
-OGRLineString line_between(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
+OGRLineString line_between(const PL_PNT2D_record& from, const PL_PNT2D_record& to, const Heights* heights)
 {
     OGRLineString line;
-    line.addPoint(from.x, from.y);
-    line.addPoint(to.x, to.y);
-    line.flattenTo2D();
+    add_points(line, {from, to}, heights);
     return line;
 }
 
 // GDAL closes the polyline of a polygon by its flag; a vertex that repeats the first would be one too many.
-OGRPolygon open_polygon(const plparcel::Ring& ring)
+OGRPolygon open_polygon(const plparcel::Ring& ring, const Heights* heights = nullptr)
 {
     OGRLinearRing boundary;
-    for (const PL_PNT2D_record& p : ring)
-        boundary.addPoint(p.x, p.y);
+    add_points(boundary, ring, heights);
     OGRPolygon polygon;
     polygon.addRing(&boundary);
-    polygon.flattenTo2D();
     return polygon;
+}
+
+OGRPoint point_at(const PL_PNT2D_record& p, const Heights* heights)
+{
+    const std::optional<double> height = heights != nullptr ? heights->at(p) : std::nullopt;
+    return height ? OGRPoint(p.x, p.y, *height) : OGRPoint(p.x, p.y);
 }
 
 // A point inside; the first vertex where there is none.
@@ -212,7 +216,8 @@ bool DrawingWriter::writes(const std::string& file)
 }
 
 DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
-    : file_(file), output_(file, overwrite, parcels.files()), several_parcels_(parcels.count() > 1)
+    : file_(file), output_(file, overwrite, parcels.files()), several_parcels_(parcels.count() > 1),
+      heights_(parcels.has_heights())
 {
     const std::string header = drawing_template(unit_of(parcels.crs()));
     require(!header.empty());
@@ -262,11 +267,6 @@ void DrawingWriter::draw(const char* layer, const OGRGeometry& geometry, const s
     ++written_;
 }
 
-void DrawingWriter::draw_ring(const char* layer, const plparcel::Ring& ring)
-{
-    draw(layer, open_polygon(ring));
-}
-
 void DrawingWriter::draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs)
 {
     constexpr double kGap = 0.5;  // between point and text, heights of text
@@ -282,22 +282,24 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
     const plparcel::Division& division = answer.printed.proven;
     const int decimals = answer.printed.resolution.area_decimals;
     const double height = text_height(division);
+    const Heights known(read.parcel, division.decimals);
+    const Heights* const heights = heights_ ? &known : nullptr;
     const std::string number =
         several_parcels_ && read.feature != nullptr ? std::to_string(read.feature->GetFID()) : "";
     const std::string& parcel = read.parcel.name.empty() ? number : read.parcel.name;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
         const bool is_rest = i + 1 == division.pieces.size();
-        draw_ring(kPieces, piece.ring);
+        draw(kPieces, open_polygon(piece.ring, heights));
         draw_label(piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
                        (is_rest ? "rest" : "asked " + fixed(piece.asked, decimals)),
                    place_in(piece.ring), height, Hangs::centred);
     }
     for (const plparcel::DividingLine& line : division.lines)
-        draw(kLines, line_between(line.from, line.to));
+        draw(kLines, line_between(line.from, line.to, heights));
     const DivisionPoints points = points_of(answer);
     for (std::size_t i = points.corners; i < points.points.size(); ++i) {
-        const OGRPoint at(points.points[i].at.x, points.points[i].at.y);
+        const OGRPoint at = point_at(points.points[i].at, heights);
         ++points_;
         draw(kPoints, at);
         draw_label(several_parcels_ ? "P" + std::to_string(points_) : points.points[i].name, at, height,
@@ -309,7 +311,7 @@ void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reaso
 {
     const std::vector<plparcel::Ring> rings = rings_of(read);
     for (const plparcel::Ring& ring : rings)
-        draw_ring(kUndivided, ring);
+        draw(kUndivided, open_polygon(ring));
     if (rings.empty())
         return;
     const std::string text = "refused: " + reason;

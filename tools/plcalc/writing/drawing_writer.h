@@ -25,6 +25,8 @@ namespace tool {
 /// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |
 /// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
 ///
+/// Where all vertices of all parcels have heights, pieces and lines are POLYLINEs in space, and points have theirs.
+///
 /// Coordinates are those that are printed. GDAL writes fifteen digits of them: a hundredth of a micrometre at a
 /// northing of 5,000,000 m.
 class DrawingWriter : public DivisionWriter {
@@ -46,7 +48,6 @@ private:
 
     void draw(const char* layer, const OGRGeometry& geometry, const std::string& style = "");
     void draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs);
-    void draw_ring(const char* layer, const plparcel::Ring& ring);
     void require(bool ok) const;
 
     std::string file_;
@@ -56,6 +57,7 @@ private:
     GDALDatasetUniquePtr dataset_;
     OGRLayer* entities_ = nullptr;
     bool several_parcels_;
+    bool heights_;  // whether every vertex has one
     std::size_t points_ = 0;
     std::size_t written_ = 0;
 };

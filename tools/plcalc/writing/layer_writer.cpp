@@ -11,6 +11,7 @@
 #include "files/vector_file.h"
 #include "plcalc/kernel.h"
 #include "writing/columns.h"
+#include "writing/with_heights.h"
 
 namespace tool {
 namespace {
@@ -57,17 +58,6 @@ template <typename Value> void set(OGRFeature& feature, int place, const Value& 
 {
     if (place >= 0)
         feature.SetField(place, value);
-}
-
-// With a height for every point, or without any.
-void add_points(OGRLineString& line, const std::vector<PL_PNT2D_record>& points, const Heights* known)
-{
-    const std::optional<std::vector<double>> heights =
-        known != nullptr ? known->at_all(points) : std::nullopt;
-    for (std::size_t i = 0; i < points.size(); ++i)
-        line.addPoint(points[i].x, points[i].y, heights ? (*heights)[i] : 0.0);
-    if (!heights)
-        line.flattenTo2D();
 }
 
 OGRPolygon polygon_of(const plparcel::Ring& ring, const Heights* heights)
@@ -271,6 +261,7 @@ void LayerWriter::require_whole(const std::string& file, const std::string& laye
     require(written != nullptr);
     OGRLayer* const found = lines_output_ ? written->GetLayer(0) : written->GetLayerByName(layer.c_str());
     require(found != nullptr);
+    leave_columns(*found, true);
     std::size_t count = 0;
     for ([[maybe_unused]] const OGRFeatureUniquePtr& feature : *found)
         ++count;

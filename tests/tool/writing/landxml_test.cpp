@@ -1,0 +1,187 @@
+// LandXML that the program writes, and LandXML of others that it reads.
+
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "program.h"
+
+namespace {
+
+class LandXml : public test::ProgramTest {
+protected:
+    std::string content(const std::string& name) const
+    {
+        std::ifstream file(path(name));
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+
+    // A LandXML file with these elements, in US survey feet where it says so.
+    void write_xml(const std::string& elements, const std::string& unit = "Metric linearUnit=\"meter\"")
+    {
+        write("in.xml",
+              "<?xml version=\"1.0\"?>\n<LandXML xmlns=\"http://www.landxml.org/schema/LandXML-1.2\" "
+              "version=\"1.2\"><Units><" +
+                  unit + "/></Units>" + elements + "</LandXML>\n");
+    }
+
+    void expect_refused(const std::string& elements, const std::string& why)
+    {
+        write_xml(elements);
+        EXPECT_TRUE(test::fails_with(run({"measure", "in.xml"}), 3, "in.xml: " + why));
+    }
+
+    double area() { return test::numbers_after(run({"measure", "in.xml"}).out, "Area").at(0); }
+};
+
+std::string line(const std::string& from, const std::string& to)
+{
+    return "<Line><Start>" + from + "</Start><End>" + to + "</End></Line>";
+}
+
+std::string parcel(const std::string& boundary)
+{
+    return "<Parcels><Parcel name=\"7/1\"><CoordGeom>" + boundary + "</CoordGeom></Parcel></Parcels>";
+}
+
+// 40 to the East and 30 to the North from (1000, 2000): northing stands first.
+const std::string kA = "2000 1000";
+const std::string kB = "2000 1040";
+const std::string kC = "2030 1040";
+const std::string kD = "2030 1000";
+
+TEST_F(LandXml, PiecesAndPointsAreWritten)
+{
+    const test::Result run =
+        divide(PLCALC_EXAMPLES "/utm-convex.geojson", "--feature 17 --parallel 2 --parts 3 -o out.xml");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::string text = content("out.xml");
+    for (const char* part : {"xmlns=\"http://www.landxml.org/schema/LandXML-1.2\" version=\"1.2\" date=\"",
+                             "linearUnit=\"meter\"", "areaUnit=\"squareMeter\"", "epsgCode=\"32632\"",
+                             "<CgPoint name=\"1\" code=\"CORNER\">4985117.436 610234.182</CgPoint>",
+                             "<CgPoint name=\"P1\" code=\"NEW\">", "<Parcel name=\"A\"",
+                             "<Start pntRef=\"P1\"/>", "state=\"proposed\""})
+        EXPECT_NE(text.find(part), std::string::npos) << part;
+    // Read back, the pieces have the areas that were printed, and their points the names.
+    double sum = 0.0;
+    for (const char* piece : {"1", "2", "3"})
+        sum += test::numbers_after(this->run({"measure", "out.xml", "--feature", piece}).out, "Area").at(0);
+    EXPECT_NEAR(sum, test::numbers_after(run.out, "parcel").at(0), 2e-4);
+    ASSERT_EQ(divide("out.xml", "--feature 3 --parallel 1 --share 1/2 --points p.csv").status, 0);
+    EXPECT_NE(content("p.csv").find("\nP3,610240.7812,4985116.1439,CORNER\n"), std::string::npos)
+        << content("p.csv");
+    EXPECT_NE(content("p.csv").find("\nP5,"), std::string::npos);
+}
+
+TEST_F(LandXml, SeveralParcelsKeepTheirPointsApart)
+{
+    write("lots.geojson",
+          R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":"EPSG:32632"}},"features":[
+{"type":"Feature","properties":{"lot":"17/4"},"geometry":{"type":"Polygon","coordinates":[[[500000,5000000],[500100,5000000],[500100,5000050],[500000,5000000]]]}},
+{"type":"Feature","properties":{"lot":"<18>"},"geometry":{"type":"Polygon","coordinates":[[[600000,5000000],[600100,5000000],[600001,5000000],[600000,5000050],[600000,5000000]]]}}]})");
+    const test::Result run =
+        divide("lots.geojson", "--name-column lot --parallel 1 --share 1/2 -o out.landxml");
+    EXPECT_EQ(run.status, 3) << run.err;  // the second is refused
+    const std::string text = content("out.landxml");
+    for (const char* part : {"<CgPoint name=\"1.1\"", "<Parcel name=\"17/4a\"",
+                             "<Parcel name=\"&lt;18&gt;\" desc=\"refused: ", "<Start>5000000 600000</Start>"})
+        EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+    EXPECT_EQ(test::numbers_after(this->run({"measure", "out.landxml", "--feature", "1"}).out, "Area").at(0),
+              1250.0);
+}
+
+TEST_F(LandXml, AUnitIsNeeded)
+{
+    EXPECT_TRUE(test::fails_with(divide(PLCALC_EXAMPLES "/convex.csv", "--parallel 1 --share 1/2 -o out.xml"),
+                                 2,
+                                 "out.xml: LandXML states a unit of length, and the input has none; name the "
+                                 "CRS, as in --crs EPSG:25832 or, for a "
+                                 "site in metres, --crs 'LOCAL_CS[\"site\",UNIT[\"metre\",1]]'"));
+    const test::Result local =
+        run({"divide", PLCALC_EXAMPLES "/convex.csv", "--crs", "LOCAL_CS[\"site\",UNIT[\"metre\",1]]",
+             "--parallel", "1", "--share", "1/2", "-o", "out.xml"});
+    EXPECT_EQ(local.status, 0) << local.err;
+}
+
+TEST_F(LandXml, FilesOfOthersAreRead)
+{
+    const std::string sides = line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA);
+    write_xml(parcel(sides));
+    EXPECT_EQ(area(), 1200.0);
+    // A side that runs backwards, also the first; an irregular line; heights.
+    write_xml(parcel(line(kB, kA) + line(kB, kC) + line(kD, kC) + line(kD, kA)));
+    EXPECT_EQ(area(), 1200.0);
+    write_xml(parcel("<IrregularLine><Start>" + kA + "</Start><End>" + kC + "</End><PntList2D>" + kA + " " +
+                     kB + " " + kC + "</PntList2D></IrregularLine>" + line(kC, kD) + line(kD, kA)));
+    EXPECT_EQ(area(), 1200.0);
+    // Names of points, which stand behind the parcel; one that refers to another; a prefix.
+    write(
+        "in.xml",
+        "<l:LandXML xmlns:l=\"urn:x\"><l:Parcels><l:Parcel name=\"7\"><l:CoordGeom><l:Line><l:Start "
+        "pntRef=\"a\"/>"
+        "<l:End pntRef=\"b\"/></l:Line><l:Line><l:Start pntRef=\"b\"/><l:End pntRef=\"c\"/></l:Line><l:Line>"
+        "<l:Start pntRef=\"c\"/><l:End "
+        "pntRef=\"a\"/></l:Line></l:CoordGeom></l:Parcel></l:Parcels><l:CgPoints>"
+        "<l:CgPoint name=\"a\">0 0 5</l:CgPoint><l:CgPoint name=\"b\">0 10 6</l:CgPoint><l:CgPoint "
+        "name=\"d\">"
+        "10 0 7</l:CgPoint><l:CgPoint name=\"c\" pntRef=\"d\"/></l:CgPoints></l:LandXML>");
+    EXPECT_EQ(area(), 50.0);
+    EXPECT_NE(run({"stakeout", "in.xml", "--station", "1", "--orientation", "2", "--json"}).out.find("\"z\""),
+              std::string::npos);
+    write_xml(parcel(sides), "Imperial linearUnit=\"USSurveyFoot\"");
+    ASSERT_EQ(divide("in.xml", "--parallel 1 --share 1/2 -o out.xml").status, 0);
+    EXPECT_NE(content("out.xml").find("<Imperial areaUnit=\"squareFoot\" linearUnit=\"USSurveyFoot\""),
+              std::string::npos);
+    EXPECT_NE(content("out.xml").find("<Parcel name=\"7/1a\""), std::string::npos);
+}
+
+TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
+{
+    const auto curve = [](const std::string& rot) {
+        return "<Curve rot=\"" + rot + "\"><Start>" + kB + "</Start><Center>2015 1040</Center><End>" + kC +
+               "</End></Curve>";
+    };
+    for (const char* rot : {"ccw", "cw"}) {
+        write_xml(parcel(line(kA, kB) + curve(rot) + line(kC, kD) + line(kD, kA)));
+        EXPECT_TRUE(test::fails_with(
+            run({"measure", "in.xml"}), 3,
+            "in.xml: feature 1: the boundary has arcs; replace them with chords, as --arcs 0.005 "
+            "does, which keeps the chords within 0.005 of the arcs"));
+        const test::Result measured = run({"measure", "in.xml", "--arcs", "0.001"});
+        ASSERT_EQ(measured.status, 0) << measured.err;
+        const double half_disc = 112.5 * std::acos(-1.0);
+        const double whole = 1200.0 + (std::string(rot) == "ccw" ? half_disc : -half_disc);
+        EXPECT_NEAR(test::numbers_after(measured.out, "Area").at(0), whole,
+                    2.0 / 3.0 * 0.001 * 15.0 * std::acos(-1.0));
+    }
+}
+
+TEST_F(LandXml, WhatCannotBeUsedIsRefused)
+{
+    expect_refused(parcel(line(kA, kB) + "<Spiral/>"),
+                   "parcel 7/1: its boundary has an element Spiral; replace it with lines and curves before "
+                   "you export it");
+    expect_refused(
+        parcel(line(kA, kB) + line(kC, kD) + line(kD, kA)),
+        "parcel 7/1: its boundary has a gap between elements 1 and 2; close it before you export it");
+    expect_refused(parcel("<Line><Start pntRef=\"9\"/><End pntRef=\"8\"/></Line>"),
+                   "parcel 7/1: the point '9' is missing; export the points with the parcels");
+    expect_refused(
+        parcel(line(kA, "1 x")),
+        "parcel 7/1: a point is neither northing and easting nor a reference; export the file again");
+    expect_refused("<Parcels><Parcel name=\"7/1\"><CoordGeom>" + line(kA, kB) +
+                       "</CoordGeom><CoordGeom/></Parcel></Parcels>",
+                   "parcel 7/1: it has several boundaries (2); export each as a parcel of its own");
+    expect_refused("<Parcels><Parcel></Parcels>", "the file is no XML from line 2 on; export it again");
+    write_xml("<CoordinateSystem epsgCode=\"32632\"/>" + parcel(line(kA, kB)),
+              "Imperial linearUnit=\"foot\"");
+    EXPECT_TRUE(
+        test::fails_with(run({"measure", "in.xml"}), 3,
+                         "in.xml: its unit (foot) is not that of its CRS, EPSG:32632; correct one of them"));
+    write_xml(parcel(line(kA, kB) + line(kB, kC)));
+    EXPECT_EQ(run({"measure", "in.xml"}).status, 3);  // it does not close
+}
+
+}  // namespace

@@ -1,0 +1,266 @@
+#include "writing/landxml_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+#include <set>
+#include <utility>
+
+#include <cpl_conv.h>
+#include <libxml/xmlIO.h>
+
+#include "answers/division_points.h"
+#include "answers/heights.h"
+#include "console/outcome.h"
+#include "reading/crs.h"
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+const xmlChar* xml(const char* text)
+{
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
+// When the file is made; SOURCE_DATE_EPOCH makes two runs the same.
+std::tm now()
+{
+    const char* const stated = std::getenv("SOURCE_DATE_EPOCH");
+    const std::time_t seconds =
+        stated != nullptr ? static_cast<std::time_t>(std::strtoll(stated, nullptr, 10)) : std::time(nullptr);
+    std::tm time = {};
+    gmtime_r(&seconds, &time);
+    return time;
+}
+
+std::string formatted(const std::tm& time, const char* format)
+{
+    std::array<char, 32> text = {};
+    return {text.data(), std::strftime(text.data(), text.size(), format, &time)};
+}
+
+// Northing, easting and height.
+std::string coordinates(const PL_PNT2D_record& p, const std::optional<double>& height)
+{
+    return shortest(p.y) + " " + shortest(p.x) + (height ? " " + shortest(*height) : "");
+}
+
+bool is_finite(const plparcel::Ring& ring)
+{
+    return std::all_of(ring.begin(), ring.end(),
+                       [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
+}
+
+}  // namespace
+
+bool LandXmlWriter::writes(const std::string& file)
+{
+    const std::string ending = CPLGetExtension(file.c_str());
+    return EQUAL(ending.c_str(), "xml") || EQUAL(ending.c_str(), "landxml");
+}
+
+LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
+    : file_(file), output_(file, overwrite, parcels.files()),
+      unit_(landxml_unit(unit_of(parcels.crs()).metres)), several_parcels_(parcels.count() > 1),
+      heights_(parcels.has_heights()), points_(nullptr, xmlFreeTextWriter),
+      parcels_(nullptr, xmlFreeTextWriter)
+{
+    const LengthUnit unit = unit_of(parcels.crs());
+    if (unit.name.empty())
+        throw Failure(ExitStatus::wrong_use, {file_, ""},
+                      "LandXML states a unit of length, and the input has none",
+                      "name the CRS, as in --crs EPSG:25832 or, for a site in metres, --crs "
+                      "'LOCAL_CS[\"site\",UNIT[\"metre\",1]]'");
+    if (unit_ == nullptr)
+        throw Failure(ExitStatus::wrong_use, {file_, ""}, "LandXML has no unit of length " + unit.name,
+                      "name it .gpkg for a GeoPackage");
+    points_file_ = std::fopen(output_.path().c_str(), "wb");
+    parcels_file_ = std::tmpfile();
+    require(points_file_ != nullptr && parcels_file_ != nullptr);
+    points_ = writer_to(points_file_);
+    parcels_ = writer_to(parcels_file_);
+    write_head(parcels);
+}
+
+LandXmlWriter::~LandXmlWriter()
+{
+    points_.reset();
+    parcels_.reset();
+    for (std::FILE* file : {points_file_, parcels_file_})
+        if (file != nullptr)
+            std::fclose(file);
+}
+
+void LandXmlWriter::require(bool ok) const
+{
+    if (ok)
+        return;
+    if (output_.disk_is_full())
+        throw disk_full(file_);
+    throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written",
+                  "check the folder and the room on the disk");
+}
+
+// The file stays open when the writer goes.
+LandXmlWriter::Writer LandXmlWriter::writer_to(std::FILE* file) const
+{
+    xmlOutputBuffer* const buffer = xmlOutputBufferCreateFile(file, nullptr);
+    require(buffer != nullptr);
+    Writer writer(xmlNewTextWriter(buffer), xmlFreeTextWriter);
+    require(writer != nullptr);
+    xmlTextWriterSetIndent(writer.get(), 1);
+    return writer;
+}
+
+void LandXmlWriter::start(const Writer& writer, const char* element, const Attributes& attributes) const
+{
+    require(xmlTextWriterStartElement(writer.get(), xml(element)) >= 0);
+    for (const auto& [name, value] : attributes)
+        require(xmlTextWriterWriteAttribute(writer.get(), xml(name), xml(value.c_str())) >= 0);
+}
+
+void LandXmlWriter::end(const Writer& writer) const
+{
+    require(xmlTextWriterEndElement(writer.get()) >= 0);
+}
+
+void LandXmlWriter::text(const Writer& writer, const std::string& words) const
+{
+    require(xmlTextWriterWriteString(writer.get(), xml(words.c_str())) >= 0);
+}
+
+void LandXmlWriter::write_head(const ParcelFile& parcels)
+{
+    const std::tm time = now();
+    require(xmlTextWriterStartDocument(points_.get(), nullptr, "UTF-8", nullptr) >= 0);
+    start(points_, "LandXML",
+          {{"xmlns", kLandXml},
+           {"version", "1.2"},
+           {"date", formatted(time, "%Y-%m-%d")},
+           {"time", formatted(time, "%H:%M:%S")}});
+    start(points_, "Units", {});
+    const std::string area = *unit_->area != '\0' ? unit_->area : "squareMeter";
+    start(points_, unit_->metric ? "Metric" : "Imperial",
+          {{"areaUnit", area},
+           {"linearUnit", unit_->name},
+           {"volumeUnit", unit_->metric ? "cubicMeter" : "cubicFeet"},
+           {"temperatureUnit", unit_->metric ? "celsius" : "fahrenheit"},
+           {"pressureUnit", unit_->metric ? "HPA" : "inHG"}});
+    end(points_);
+    end(points_);
+    const char* const code = parcels.crs()->GetAuthorityCode(nullptr);
+    const char* const authority = parcels.crs()->GetAuthorityName(nullptr);
+    const std::string name = crs_name(parcels.crs());
+    if (code != nullptr && authority != nullptr && EQUAL(authority, "EPSG")) {
+        start(points_, "CoordinateSystem", {{"name", name}, {"epsgCode", code}});
+        end(points_);
+    }
+    start(points_, "Application", {{"name", "plcalc"}});
+    end(points_);
+    start(points_, "CgPoints", {});
+    start(parcels_, "Parcels", {});
+}
+
+// Corners are references, or coordinates where there is no name.
+void LandXmlWriter::write_parcel(const Attributes& attributes,
+                                 const std::vector<std::pair<std::string, std::string>>& corners)
+{
+    start(parcels_, "Parcel", attributes);
+    start(parcels_, "CoordGeom", {});
+    const auto write_end = [&](const char* element, const std::pair<std::string, std::string>& corner) {
+        start(parcels_, element, corner.first.empty() ? Attributes() : Attributes{{"pntRef", corner.first}});
+        if (corner.first.empty())
+            text(parcels_, corner.second);
+        end(parcels_);
+    };
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        start(parcels_, "Line", {});
+        write_end("Start", corners[i]);
+        write_end("End", corners[(i + 1) % corners.size()]);
+        end(parcels_);
+    }
+    end(parcels_);
+    end(parcels_);
+    ++written_;
+}
+
+std::string LandXmlWriter::parcel_name(const ReadParcel& read) const
+{
+    return read.parcel.name.empty() && several_parcels_ ? std::to_string(parcels_read_) : read.parcel.name;
+}
+
+void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
+{
+    ++parcels_read_;
+    const DivisionPoints points = points_of(answer);
+    const Heights heights(read.parcel, answer.printed.proven.decimals);
+    const std::string prefix = several_parcels_ ? std::to_string(parcels_read_) + "." : "";
+    std::set<std::string> taken;
+    std::vector<std::pair<std::string, std::string>> corners;
+    for (std::size_t i = 0; i < points.points.size(); ++i) {
+        const DivisionPoint& point = points.points[i];
+        std::string name = prefix + point.name;
+        for (int again = 2; !taken.insert(name).second; ++again)
+            name = prefix + point.name + "_" + std::to_string(again);
+        start(points_, "CgPoint", {{"name", name}, {"code", i < points.corners ? "CORNER" : "NEW"}});
+        text(points_, coordinates(point.at, heights_ ? heights.at(point.at) : std::nullopt));
+        end(points_);
+        corners.emplace_back(name, "");
+    }
+    for (std::size_t i = 0; i < points.pieces.size(); ++i) {
+        Attributes attributes = {{"name", piece_title(parcel_name(read), i)}};
+        if (*unit_->area != '\0')
+            attributes.emplace_back("area", shortest(answer.printed.areas[i]));
+        attributes.emplace_back("state", "proposed");
+        std::vector<std::pair<std::string, std::string>> boundary;
+        for (const std::size_t corner : points.pieces[i])
+            boundary.push_back(corners[corner]);
+        write_parcel(attributes, boundary);
+    }
+}
+
+void LandXmlWriter::add_refused(const ReadParcel& read, const std::string& reason)
+{
+    ++parcels_read_;
+    const plparcel::Ring& ring = read.parcel.ring;
+    if (ring.empty() || !is_finite(ring))
+        return;
+    std::vector<std::pair<std::string, std::string>> boundary;
+    for (std::size_t i = 0; i < ring.size(); ++i)
+        boundary.emplace_back(
+            "", coordinates(ring[i], heights_ ? known_height(read.parcel.heights[i]) : std::nullopt));
+    write_parcel({{"name", parcel_name(read)}, {"desc", "refused: " + reason}, {"state", "existing"}},
+                 boundary);
+}
+
+// Ends the parcels and puts them behind the points.
+void LandXmlWriter::append_parcels()
+{
+    require(xmlTextWriterEndDocument(parcels_.get()) >= 0);
+    parcels_.reset();
+    require(std::fflush(parcels_file_) == 0 && std::ferror(parcels_file_) == 0);
+    std::rewind(parcels_file_);
+    std::vector<char> block(1 << 16);
+    for (std::size_t size; (size = std::fread(block.data(), 1, block.size(), parcels_file_)) > 0;)
+        require(xmlTextWriterWriteRawLen(points_.get(), xml(block.data()), static_cast<int>(size)) >= 0);
+    require(std::ferror(parcels_file_) == 0);
+}
+
+std::vector<std::string> LandXmlWriter::commit()
+{
+    end(points_);  // the points
+    append_parcels();
+    require(xmlTextWriterEndDocument(points_.get()) >= 0);
+    points_.reset();
+    const bool whole = std::ferror(points_file_) == 0;
+    const bool closed = std::fclose(points_file_) == 0;
+    points_file_ = nullptr;
+    require(whole && closed && count_landxml_parcels(output_.path()) == written_);
+    output_.commit();
+    return {file_};
+}
+
+}  // namespace tool

@@ -1,0 +1,64 @@
+#pragma once
+
+// Writes divisions as LandXML 1.2.
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <libxml/xmlwriter.h>
+
+#include "files/landxml.h"
+#include "files/pending_output.h"
+#include "writing/division_writer.h"
+
+namespace tool {
+
+/// One file with a CgPoint for every corner and every new point, with codes CORNER and NEW, and a Parcel for every piece,
+/// whose boundary refers to the points. Points have northing, easting and, where all vertices of all parcels have one, height. With several parcels
+/// the number of the parcel stands before the names of its points. Parcels that were refused have the reason as desc.
+class LandXmlWriter : public DivisionWriter {
+public:
+    /// Whether a file with this name is LandXML: .xml or .landxml.
+    static bool writes(const std::string& file);
+
+    /// As DivisionWriter::make().
+    ///
+    /// @throws Failure  wrong_use where the unit of the parcels is not known or has no name in LandXML
+    LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    ~LandXmlWriter() override;
+
+    void add(const ReadParcel& read, const Answer& answer) override;
+    void add_refused(const ReadParcel& read, const std::string& reason) override;
+    std::vector<std::string> commit() override;
+
+private:
+    using Writer = std::unique_ptr<xmlTextWriter, decltype(&xmlFreeTextWriter)>;
+    using Attributes = std::vector<std::pair<const char*, std::string>>;
+
+    Writer writer_to(std::FILE* file) const;
+    void start(const Writer& writer, const char* element, const Attributes& attributes) const;
+    void end(const Writer& writer) const;
+    void text(const Writer& writer, const std::string& words) const;
+    void write_head(const ParcelFile& parcels);
+    void write_parcel(const Attributes& attributes,
+                      const std::vector<std::pair<std::string, std::string>>& corners);
+    std::string parcel_name(const ReadParcel& read) const;
+    void append_parcels();
+    void require(bool ok) const;
+
+    std::string file_;
+    PendingOutput output_;
+    const LandXmlUnit* unit_;
+    bool several_parcels_;
+    bool heights_;                       // whether every vertex has one
+    std::FILE* parcels_file_ = nullptr;  // goes behind the points when all are known
+    std::FILE* points_file_ = nullptr;
+    Writer points_;
+    Writer parcels_;
+    std::size_t parcels_read_ = 0;
+    std::size_t written_ = 0;
+};
+
+}  // namespace tool
