@@ -129,8 +129,9 @@ TEST(OrderedWork, TasksComeBackInTheirOrder)
         int next = 0;
         for (int i = 0; i < 300; ++i) {
             work.put(std::make_unique<int>(i));
-            if (i % 3 == 2)
+            if (i % 3 == 2) {
                 EXPECT_EQ(*work.take(), 2 * next++);
+            }
         }
         EXPECT_EQ(work.pending(), 200u);
         while (work.pending() > 0)
