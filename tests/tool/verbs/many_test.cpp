@@ -2,13 +2,10 @@
 
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <sstream>
-#include <stdexcept>
 
 #include <nlohmann/json.hpp>
 
-#include "console/ordered_work.h"
 #include "console/spool.h"
 #include "console/terminal.h"
 #include "program.h"
@@ -116,32 +113,6 @@ TEST_F(Many, TheJsonIsOneValue)
     const test::Result none = divide("lots.csv", "--parallel 1 --area 1000 --json");
     EXPECT_EQ(nlohmann::ordered_json::parse(none.out).dump(2) + "\n", none.out);
     EXPECT_EQ(json::parse(none.out)["parcels"].size(), 2u);
-}
-
-TEST(OrderedWork, TasksComeBackInTheirOrder)
-{
-    for (const std::size_t jobs : {1u, 2u, 7u}) {
-        tool::OrderedWork<int> work(jobs, [](int& task) {
-            if (task == 300)
-                throw std::runtime_error("300");
-            task *= 2;
-        });
-        int next = 0;
-        for (int i = 0; i < 300; ++i) {
-            work.put(std::make_unique<int>(i));
-            if (i % 3 == 2) {
-                EXPECT_EQ(*work.take(), 2 * next++);
-            }
-        }
-        EXPECT_EQ(work.pending(), 200u);
-        while (work.pending() > 0)
-            EXPECT_EQ(*work.take(), 2 * next++);
-        work.put(std::make_unique<int>(300));
-        work.put(std::make_unique<int>(1));
-        EXPECT_THROW(work.take(), std::runtime_error);
-        EXPECT_EQ(*work.take(), 2);
-        work.put(std::make_unique<int>(5));  // nobody takes it
-    }
 }
 
 TEST(Spool, TextsComeBackOneByOne)

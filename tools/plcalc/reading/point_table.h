@@ -34,9 +34,9 @@ std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
 
 /// A parcel of a table of points.
 struct TableParcel {
-    std::string name;             ///< "lot A"; empty where all rows are one parcel
-    plparcel::Ring ring;          ///< in the order of the rows, without the closing one
-    std::vector<double> heights;  ///< NaN for a row without; empty where no row has one
+    std::string name;                      ///< "lot A"; empty where all rows are one parcel
+    plparcel::Ring ring;                   ///< in the order of the rows, without the closing one
+    std::vector<double> heights;           ///< NaN for a row without; empty where no row has one
     std::vector<std::string> point_names;  ///< of the vertices; empty where there are none
     GIntBig first_row = 0;
     GIntBig last_row = 0;
