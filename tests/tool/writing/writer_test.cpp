@@ -345,11 +345,13 @@ TEST_F(Writer, HeightsInDrawings)
         ASSERT_EQ(divide("lot.csv", "--parallel 2 --share 1/2 -o out.dxf --overwrite").status, 0);
         const GDALDatasetUniquePtr drawing = open("out.dxf");
         ASSERT_NE(drawing, nullptr);
+        OGRWktOptions iso;
+        iso.variant = wkbVariantIso;
         std::multiset<std::string> shapes;
         for (const OGRFeatureUniquePtr& entity : *drawing->GetLayer(0))
             if (std::string(entity->GetFieldAsString("Layer")) != "labels")
                 shapes.insert(std::string(entity->GetFieldAsString("Layer")) + " " +
-                              entity->GetGeometryRef()->exportToWkt());
+                              entity->GetGeometryRef()->exportToWkt(iso));
         // The line runs from (50, 0) to (50, 50): 2 and, between 7 and 9, 8.
         const bool flat = *last == '\0';
         EXPECT_EQ(shapes.count(flat ? "points POINT (50 0)" : "points POINT Z (50 0 2)"), 1u);
