@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
@@ -42,10 +43,18 @@ std::string formatted(const std::tm& time, const char* format)
     return {text.data(), std::strftime(text.data(), text.size(), format, &time)};
 }
 
+// All digits and no exponent, which not every reader takes.
+std::string plain(double value)
+{
+    std::array<char, 400> text = {};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    return {text.data(), end.ptr};
+}
+
 // Northing, easting and height.
 std::string coordinates(const PL_PNT2D_record& p, const std::optional<double>& height)
 {
-    return shortest(p.y) + " " + shortest(p.x) + (height ? " " + shortest(*height) : "");
+    return plain(p.y) + " " + plain(p.x) + (height ? " " + plain(*height) : "");
 }
 
 bool is_finite(const plparcel::Ring& ring)
@@ -213,7 +222,7 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
     for (std::size_t i = 0; i < points.pieces.size(); ++i) {
         Attributes attributes = {{"name", piece_title(parcel_name(read), i)}};
         if (*unit_->area != '\0')
-            attributes.emplace_back("area", shortest(answer.printed.areas[i]));
+            attributes.emplace_back("area", plain(answer.printed.areas[i]));
         attributes.emplace_back("state", "proposed");
         std::vector<std::pair<std::string, std::string>> boundary;
         for (const std::size_t corner : points.pieces[i])
