@@ -72,18 +72,26 @@ struct Choice {
 /// @param[in] tied_within  differences up to this count as none: caller's unit; below zero or NaN count as 0
 /// @return the side; `tied` when another is as long
 ///
-/// Tolerance   Differences up to four times coordinate_spacing() always count as none: rounding the coordinates makes such.
-///             Sides that tie are one where they follow each other in a straight line, to a hundredth of a gon; the longest
-///             part stands for it, or the first of the longest as the ring runs.
-/// Exactness   Compared with 106 bits; sides below 1e-140 may count as having no length. Candidate::bearing and turned are as good as the platform's arctangent, and no
-///             decision depends on them. Costs n log n, as check_parcel() does. So with all functions here.
+/// Tolerance   Differences up to four times coordinate_spacing() always count as none: rounding the coordinates makes
+///             such. Sides that tie are one where they follow each other in a straight line, to a hundredth of a gon;
+///             the longest part stands for it, or the first of the longest as the ring runs.
+/// Exactness   Compared with 106 bits; sides below 1e-140 may count as having no length. Candidate::bearing and turned
+///             are as good as the platform's arctangent, and no decision depends on them. Costs n log n, as
+///             check_parcel() does. So with all functions here.
 PLPARCEL_API Choice longest_side(const Parcel& parcel, double tied_within = 0.0);
 
 /// The shortest side. As longest_side().
+///
+/// @param[in] parcel       see check_parcel()
+/// @param[in] tied_within  as for longest_side()
+/// @return the side; `tied` when another is as short
 PLPARCEL_API Choice shortest_side(const Parcel& parcel, double tied_within = 0.0);
 
 /// The side nearest to a point, which may lie anywhere. As longest_side().
 ///
+/// @param[in] parcel       see check_parcel()
+/// @param[in] point        caller's unit
+/// @param[in] tied_within  as for longest_side()
 /// @return the side; `tied` also where a vertex is the nearest place, since it belongs to two sides
 PLPARCEL_API Choice side_near(const Parcel& parcel, const PL_PNT2D_record& point, double tied_within = 0.0);
 
@@ -100,6 +108,11 @@ PLPARCEL_API Choice side_near(const Parcel& parcel, const PL_PNT2D_record& point
 PLPARCEL_API Choice side_facing(const Parcel& parcel, double bearing_gon, double tied_within_gon = 0.0);
 
 /// The vertex nearest to a point, which may lie anywhere. As longest_side().
+///
+/// @param[in] parcel       see check_parcel()
+/// @param[in] point        caller's unit
+/// @param[in] tied_within  as for longest_side()
+/// @return the vertex; `tied` when another is as near
 PLPARCEL_API Choice vertex_near(const Parcel& parcel, const PL_PNT2D_record& point, double tied_within = 0.0);
 
 /// The vertex that lies farthest towards a bearing: the northernmost for 0, the easternmost for 100. As longest_side().
@@ -107,6 +120,7 @@ PLPARCEL_API Choice vertex_near(const Parcel& parcel, const PL_PNT2D_record& poi
 /// @param[in] parcel       see check_parcel()
 /// @param[in] bearing_gon  clockwise from North, any finite number of turns
 /// @param[in] tied_within  as for longest_side()
+/// @return the vertex; `tied` when another lies as far
 PLPARCEL_API Choice vertex_farthest(const Parcel& parcel, double bearing_gon, double tied_within = 0.0);
 
 /// Another geometry, to be asked about many parcels: the axes of roads, the boundaries of neighbours.
