@@ -50,8 +50,8 @@ TEST(DivisionPoints, NewPointsLieAlongTheirSidesInOrder)
     EXPECT_EQ(points.points[4].at.x, 60.0);
     EXPECT_EQ(points.points[4].at.y, 0.0);
     ASSERT_EQ(points.pieces.size(), 3u);
-    for (const std::vector<std::size_t>& piece : points.pieces)
-        EXPECT_EQ(piece.size(), 4u);
+    for (const tool::DivisionPoints::Piece& piece : points.pieces)
+        EXPECT_EQ(piece.ring.size(), 4u);
 }
 
 TEST(DivisionPoints, AClockwiseParcelHasThemInItsOwnOrder)

@@ -46,6 +46,19 @@ Asked asked(Cut cut, long long number, double area)
     return asked;
 }
 
+tool::Parcel parcel_of(const Ring& ring)
+{
+    tool::Parcel parcel;
+    parcel.place.file = "lot";
+    parcel.ring = ring;
+    return parcel;
+}
+
+PrintedDivision divide_in_print(const Ring& ring, const Asked& asked)
+{
+    return tool::divide_in_print(parcel_of(ring), asked);
+}
+
 // The table's line: what a person reads, or a script.
 struct Line {
     PL_PNT2D_record from, to;
@@ -53,7 +66,7 @@ struct Line {
 
 Line printed_line(const Ring& ring, const Asked& asked, const PrintedDivision& printed)
 {
-    const std::string table = tool::division_table({{{"lot", ""}, ring, {}, {}, {}, {}}, asked, printed});
+    const std::string table = tool::division_table({parcel_of(ring), asked, printed});
     const std::vector<double> from = test::numbers_after(table, "from");
     const std::vector<double> to = test::numbers_after(table, "to");
     return {{from.at(0), from.at(1)}, {to.at(0), to.at(1)}};
@@ -129,7 +142,7 @@ TEST(PrintedDivision, DecimalsFollowTheParcelsSize)
 {
     for (const Row& row : kRows) {
         SCOPED_TRACE(row.what);
-        const PrintedDivision printed = tool::divide_in_print(square(row.side), row.asked);
+        const PrintedDivision printed = divide_in_print(square(row.side), row.asked);
         ASSERT_TRUE(printed.done());
         EXPECT_EQ(printed.resolution.decimals, row.decimals);
         EXPECT_LE(miss(square(row.side), row.asked, printed_line(square(row.side), row.asked, printed)),
@@ -161,7 +174,7 @@ TEST(PrintedDivision, AreasShowTheDigitsOfEveryKindOfAmount)
         EXPECT_NEAR(tool::area_of(row.amount, 10000.0), row.area, 1e-12 * row.area);
         Asked request = asked(Cut::parallel, 1, 1.0);
         request.request.amounts = {row.amount};
-        EXPECT_EQ(tool::divide_in_print(square(100), request).resolution.area_decimals, row.area_decimals);
+        EXPECT_EQ(divide_in_print(square(100), request).resolution.area_decimals, row.area_decimals);
     }
 }
 
@@ -201,7 +214,7 @@ Tally print_and_cut(double size, const PL_PNT2D_record& place, bool convex, int 
             asked(ways[static_cast<std::size_t>(i) % ways.size()],
                   std::uniform_int_distribution<int>(1, static_cast<int>(ring.size()))(source),
                   part * static_cast<double>(test::area(test::shape_of(ring))));
-        const PrintedDivision printed = tool::divide_in_print(ring, request);
+        const PrintedDivision printed = divide_in_print(ring, request);
         if (printed.proven.status == Status::not_reached)
             ++tally.refused_for_doubles;
         if (!printed.done())
@@ -287,9 +300,8 @@ TEST(PrintedDivision, LineThatNoDoublesHoldIsRefused)
     // step, between a line along a step and one that rises by a step on its way.
     const Ring hair = {
         {500000, 5000000}, {500001, 5000000}, {500001, 5000000 + 0x1p-16}, {500000, 5000000 + 0x1p-16}};
-    EXPECT_TRUE(tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-17)).done());
-    const PrintedDivision refused =
-        tool::divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-17 + 0.25 * 0x1p-30));
+    EXPECT_TRUE(divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-17)).done());
+    const PrintedDivision refused = divide_in_print(hair, asked(Cut::parallel, 1, 0x1p-17 + 0.25 * 0x1p-30));
     EXPECT_FALSE(refused.done());
     EXPECT_TRUE(refused.lines.empty());
     EXPECT_TRUE(refused.areas.empty());
@@ -308,13 +320,13 @@ TEST(PrintedDivision, EveryPieceOfASeriesHolds)
         series.amounts.assign(3, "1/4");
         if (i % 5 == 0)
             series.request.measured = plparcel::Measured::opposite;
-        const PrintedDivision printed = tool::divide_in_print(ring, series);
+        const PrintedDivision printed = divide_in_print(ring, series);
         ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven);
         ASSERT_EQ(printed.lines.size(), 3u);
         const Shape shape = test::shape_of(ring);
         const long double parcel = test::area(shape);
         for (std::size_t k = 0; k < 3; ++k) {
-            const PL_LINE_2D_record& line = printed.lines[k];
+            const tool::PrintedLine& line = printed.lines[k];
             const long double left =
                 test::area(test::left_of(shape, test::local(ring, line.start), test::local(ring, line.end)));
             const long double before = parcel * static_cast<long double>(k + 1) / 4.0L;

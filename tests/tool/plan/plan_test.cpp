@@ -274,7 +274,7 @@ const plparcel::Ring kField = {{0, 0}, {90, 0}, {90, 50}, {0, 50}};
 tool::WithoutLabel without_label(const tool::Plan& plan)
 {
     tool::Canvas canvas;
-    const PlanLayout layout(plan.ring, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
     return tool::PlanLabels(plan, layout.view(), canvas).draw();
 }
 
@@ -325,7 +325,7 @@ TEST(PlanDetails, EnlargeWhatIsTooThin)
     tool::Parcel parcel;
     parcel.ring = {{0, 0}, {120, 0}, {120, 80}, {0, 80}};
     const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
-    const PlanLayout layout(plan.ring, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
     const tool::PlanDetails details(plan, layout, {});
     ASSERT_EQ(details.all().size(), 2u) << "at both ends of the line";
     EXPECT_EQ(details.sheets(), 1u);

@@ -39,7 +39,7 @@ Parcel
   Name: 1234/5
   Source: lot.csv: feature 1
   Coordinates: no CRS stated; the unit is not stated
-  Corners: 4, anticlockwise
+  Boundary: 4 vertices, anticlockwise
   Area: 4000.0000
   Perimeter: 260.0000
 

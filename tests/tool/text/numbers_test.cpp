@@ -37,6 +37,35 @@ TEST(Numbers, ReadsNumbersAndNothingElse)
         EXPECT_FALSE(tool::parse_number(text).has_value()) << text;
 }
 
+TEST(Numbers, ReadsAnglesInGonsDegreesAndQuadrants)
+{
+    const std::pair<const char*, double> angles[] = {{"112.5", 112.5},
+                                                     {" -50 ", -50.0},
+                                                     {"90d", 100.0},
+                                                     {"101.25deg", 112.5},
+                                                     {"101\u00b015'", 112.5},
+                                                     {"101\u00b015'36\"", 112.51111111111111},
+                                                     {"101d15m36s", 112.51111111111111},
+                                                     {"101-15-36", 112.51111111111111},
+                                                     {"-45d", -50.0},
+                                                     {"N45E", 50.0},
+                                                     {"S45E", 150.0},
+                                                     {"S45W", 250.0},
+                                                     {"N45W", 350.0},
+                                                     {"n 22.5 e", 25.0},
+                                                     {"N12\u00b034'56\"E", 13.980246913580247},
+                                                     {"S0E", 200.0},
+                                                     {"N90W", 300.0},
+                                                     {"N12-30E", 13.888888888888889}};
+    for (const auto& [text, gons] : angles) {
+        ASSERT_TRUE(tool::parse_angle(text).has_value()) << text;
+        EXPECT_NEAR(*tool::parse_angle(text), gons, 1e-12) << text;
+    }
+    for (const char* text : {"", "x", "12d60'", "12-30-60", "12.5d30'", "N91E", "N-5E", "N45", "45E",
+                             "12-30-15-5", "inf", "nan", "d", "NE", "1,5"})
+        EXPECT_FALSE(tool::parse_angle(text).has_value()) << text;
+}
+
 TEST(Numbers, ReadsWholeNumbersAndNothingElse)
 {
     EXPECT_EQ(tool::parse_whole("0").value(), 0);

@@ -99,6 +99,186 @@ TEST_F(Divisions, TableReadsLikeThis)
     EXPECT_EQ(run.status, 0);
 }
 
+struct LineRow {
+    const char* what;
+    const char* asked;
+    std::vector<double> from;
+    std::vector<double> to;
+    const char* cut;   // what the table says of it
+    const char* area;  // and of the area
+};
+
+// A rectangle of 80 by 50. Every figure by hand.
+const LineRow kLines[] = {
+    {"East lies on the right of a line to the North",
+     "--bearing 0 --area 1000",
+     {60, 0},
+     {60, 50},
+     "at the bearing 0 gon",
+     "cut off, on the right of the line  1000.0000"},
+    {"and West on its left",
+     "--bearing 0 --area 1000 --opposite",
+     {20, 0},
+     {20, 50},
+     "at the bearing 0 gon",
+     "cut off, on the left of the line  1000.0000"},
+    {"degrees",
+     "--bearing 90d --area 1000",
+     {0, 12.5},
+     {80, 12.5},
+     "at the bearing 90d",
+     "of the line  1000.0000"},
+    {"a quadrant bearing",
+     "--bearing S45-00-00W --area 200",
+     {20, 50},
+     {0, 30},
+     "at the bearing S45-00-00W",
+     "of the line   200.0000"},
+    {"a diagonal by a segment elsewhere",
+     "--along-segment 1000,0,1010,10 --area 200",
+     {60, 0},
+     {80, 20},
+     "in the direction from 1000 0 to 1010 10",
+     "of the line   200.0000"},
+    {"from a place on a side",
+     "--place 1,30 --area 2500",
+     {30, 0},
+     {30, 50},
+     "from 30 along side 1, from vertex 1 to vertex 2",
+     "towards vertex 2  2500.0000"},
+    {"from a place, the other way",
+     "--place 1,30 --area 1500 --opposite",
+     {30, 0},
+     {30, 50},
+     "from 30 along side 1",
+     "towards vertex 1  1500.0000"},
+    {"from a point on the boundary",
+     "--through 80,20 --area 300",
+     {80, 20},
+     {60, 50},
+     "through the point 80 20",
+     "on the right of the line   300.0000"},
+    {"a strip",
+     "--parallel 1 --width 12.5",
+     {0, 12.5},
+     {80, 12.5},
+     "parallel to side 1",
+     "along side 1  1000.0000"},
+    {"widths and areas mixed",
+     "--perpendicular 1 --areas w10,1000,w20",
+     {70, 0},
+     {70, 50},
+     "perpendicular to side 1",
+     "piece 3                          1000.0000  1000.0000"},
+};
+
+TEST_F(Divisions, EveryKindOfLine)
+{
+    write("lot.csv", "E,N\n0,0\n80,0\n80,50\n0,50\n");
+    for (const LineRow& row : kLines) {
+        SCOPED_TRACE(row.what);
+        const test::Result run = divide("lot.csv", row.asked);
+        ASSERT_EQ(run.status, 0) << run.err;
+        const std::vector<double> from = test::numbers_after(run.out, "from");
+        const std::vector<double> to = test::numbers_after(run.out, "to");
+        ASSERT_TRUE(from.size() == 2 && to.size() == 2) << run.out;
+        EXPECT_NEAR(distance(from, row.from), 0.0, 1e-4) << run.out;
+        EXPECT_NEAR(distance(to, row.to), 0.0, 1e-4) << run.out;
+        EXPECT_NE(run.out.find(row.cut), std::string::npos) << run.out;
+        EXPECT_NE(run.out.find(row.area), std::string::npos) << run.out;
+    }
+}
+
+// Through (20, 20) of a square of 100 run two lines with 1000 on their right, mirrored at the diagonal.
+TEST_F(Divisions, SeveralLinesThroughAPointAreCounted)
+{
+    write("lot.csv", "E,N\n0,0\n100,0\n100,100\n0,100\n");
+    const test::Result first = divide("lot.csv", "--through 20,20 --area 1000");
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_NE(first.out.find("Chosen  line 1 of the 2 that hold the area (--alternative)\n"),
+              std::string::npos)
+        << first.out;
+    const test::Result second = divide("lot.csv", "--through 20,20 --area 1000 --alternative 2");
+    ASSERT_EQ(second.status, 0) << second.err;
+    const std::vector<double> from = test::numbers_after(first.out, "from");
+    const std::vector<double> to = test::numbers_after(second.out, "to");
+    ASSERT_TRUE(from.size() == 2 && to.size() == 2);
+    EXPECT_NEAR(distance(from, {to[1], to[0]}), 0.0, 2e-4) << first.out << second.out;
+    EXPECT_NE(divide("lot.csv", "--through 20,20 --area 1000 --json").out.find("\"alternatives\": 2"),
+              std::string::npos);
+    EXPECT_TRUE(test::fails_with(divide("lot.csv", "--through 20,20 --area 1000 --alternative 3"), 4,
+                                 "lot.csv: there is no line number 3: those that cut off the requested area "
+                                 "1000 are 2; choose one with "
+                                 "--alternative N, from 1"));
+}
+
+struct NoLineRow {
+    const char* asked;
+    int status;
+    const char* message;
+};
+
+const NoLineRow kNoLines[] = {
+    {"--bearing 12-60 --area 9", 2,
+     "--bearing: '12-60' is not an angle; write gons as in 112.5, degrees as in 101.25d or 101d15'30\", or a "
+     "quadrant "
+     "bearing as in S78-44-30E; see plcalc divide --help"},
+    {"--along-segment 0,0,1 --area 9", 2,
+     "--along-segment: '0,0,1' is not 4 numbers with commas between them and points before the decimals; see "
+     "plcalc "
+     "divide --help"},
+    {"--along-segment 3,4,3,4 --area 9", 2,
+     "lot.csv: the two ends of the segment are one point; name two different points"},
+    {"--place 2,50.5 --area 9", 2,
+     "lot.csv: 50.5 lies beyond the end of side 2; name a distance from 0 to the length of the side"},
+    {"--place 5,1 --area 9", 2, "lot.csv: there is no side 5; the parcel has sides 1 to 4"},
+    {"--through 99,1 --area 9", 4,
+     "lot.csv: the point 99 1 lies outside the parcel; name one inside or on the boundary"},
+    {"--vertex 1 --width 9", 2,
+     "lot.csv: a line from a vertex or a place, or through a point, has no width to keep; ask for an area"},
+    {"--parallel 1 --width 50", 4,
+     "lot.csv: the requested width 50 reaches beyond what is left of the parcel; ask for less"},
+    {"--vertex 1 --area 9 --pieces any", 2,
+     "lot.csv: --pieces any needs a line that has a direction; cut along a side, across it, or at a bearing"},
+    {"--parallel 1 --area 9 --pieces 2", 2, "--pieces: '2' is neither two nor any; see plcalc divide --help"},
+    {"--parallel 1 --area 9 --alternative 0", 2,
+     "--alternative: '0' is not a number from 1 on; see plcalc divide --help"},
+};
+
+TEST_F(Divisions, ALineThatThereIsNot)
+{
+    write("lot.csv", "E,N\n0,0\n80,0\n80,50\n0,50\n");
+    for (const NoLineRow& row : kNoLines)
+        EXPECT_TRUE(test::fails_with(divide("lot.csv", row.asked), row.status, row.message)) << row.asked;
+}
+
+// Sides and vertices of holes are numbered on: side 5 is the first of the hole.
+TEST_F(Divisions, AParcelWithAHole)
+{
+    const std::string file =
+        write_wkt("POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0), (60 20, 80 20, 80 40, 60 40, 60 20))");
+    const test::Result across = divide(file, "--parallel 1 --area 2800");
+    ASSERT_EQ(across.status, 0) << across.err;
+    EXPECT_NE(across.out.find("8 vertices, anticlockwise, 1 hole\n"), std::string::npos) << across.out;
+    EXPECT_NE(across.out.find("Dividing line, part 2 "), std::string::npos) << across.out;
+    EXPECT_NE(across.out.find("  parcel                 5600.0000\n"), std::string::npos) << across.out;
+    EXPECT_NE(across.out.find("Perimeter                 400.0000\n"), std::string::npos) << across.out;
+    const test::Result beside = divide(file, "--perpendicular 6 --area 1500");
+    EXPECT_NE(beside.out.find("Cut     perpendicular to side 6, from vertex 6 to vertex 7\n"),
+              std::string::npos)
+        << beside.out;
+    EXPECT_NE(divide(file, "--parallel 9 --area 100").err.find("the parcel has sides 1 to 8"),
+              std::string::npos);
+    EXPECT_NE(divide(file, "--parallel 8 --area 100").out.find("side 8, from vertex 8 to vertex 5"),
+              std::string::npos);
+    const test::Result measured = run({"measure", file});
+    EXPECT_EQ(measured.status, 0) << measured.err;
+    EXPECT_NE(measured.out.find("Area       5600.0000\n"), std::string::npos) << measured.out;
+    EXPECT_NE(measured.out.find("\n   8     8   5   20.0000"), std::string::npos) << measured.out;
+    EXPECT_NE(measured.out.find("300.0000"), std::string::npos)
+        << "a corner of the hole, seen from the parcel";
+}
+
 TEST_F(Divisions, PieceWithTheRequestIsNamed)
 {
     write("lot.csv", "E,N\n0,0\n80,0\n80,50\n0,50\n");

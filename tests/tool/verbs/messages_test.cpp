@@ -32,14 +32,18 @@ struct UseRow {
 
 const UseRow kWrongUse[] = {
     {"no cut", "--area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE and --vertex N; see plcalc divide --help"},
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+     "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"two cuts", "--parallel 1 --vertex 1 --area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE and --vertex N; see plcalc divide --help"},
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+     "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"no area", "--parallel 1",
-     "give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT; see plcalc divide "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "divide "
      "--help"},
     {"two areas", "--parallel 1 --area 5 --product 1 2",
-     "give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT; see plcalc divide "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "divide "
      "--help"},
     {"area of nothing", "--vertex 1 --area 0",
      "--area: '0' is not a number above 0, with a point before the decimals; see plcalc divide --help"},
@@ -84,7 +88,8 @@ const UseRow kWrongUse[] = {
     {"feature not a number", "--feature A2 --vertex 1 --area 5",
      "--feature: 'A2' is not a whole number; see plcalc divide --help"},
     {"two shares", "--vertex 1 --share 1/3 --area 5",
-     "give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT; see plcalc divide "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "divide "
      "--help"},
     {"share without a form", "--vertex 1 --share 0.3",
      "--share: '0.3' is not a share; write it as 1/3 or 25%; see plcalc divide --help"},
@@ -274,11 +279,21 @@ const GeometryRow kUnusable[] = {
                                             "or all of them on one line; correct its coordinates"},
     {"LINESTRING (0 0, 1 1, 0 0)", "feature 1: the parcel has fewer than three different vertices, or all of "
                                    "them on one line; correct its coordinates"},
-    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (2 2, 3 2, 3 3, 2 2))",
-     "feature 1: the parcel has holes (1); only a parcel with one boundary can be divided"},
+    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (0 2, 3 2, 3 3, 0 2))",
+     "feature 1: the boundaries of the parcel and its holes meet: side 4, from vertex 4 to vertex 1, meets "
+     "side 5, "
+     "from vertex 5 to vertex 6; correct them so that each keeps apart from the others"},
+    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (2 2, 3 2, 3 3, 2 2), (12 2, 13 2, 13 3, 12 2))",
+     "feature 1: hole 2 does not lie in the parcel; correct it, or draw it as a parcel of its own"},
+    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (2 2, 7 2, 7 7, 2 2), (4 3, 6 3, 6 5, 4 3))",
+     "feature 1: hole 2 lies in another hole; correct it, or draw it as a parcel of its own"},
+    {"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0), (2 2, 3 3, 4 4, 2 2))",
+     "feature 1: the parcel has fewer than three different vertices, or all of them on one line; correct its "
+     "coordinates"},
     {"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))",
-     "feature 1: the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from "
-     "vertex 3 to 4; correct it so that it passes every vertex and side once"},
+     "feature 1: the boundary crosses or touches itself: side 1, from vertex 1 to vertex 2, meets side 3, "
+     "from "
+     "vertex 3 to vertex 4; correct it so that it passes every vertex and side once"},
     {"CURVEPOLYGON (CIRCULARSTRING (0 0, 5 5, 10 0, 5 -5, 0 0))",
      "feature 1: the boundary has arcs; replace them with chords, as --arcs 0.005 does, which keeps the "
      "chords "
@@ -376,7 +391,8 @@ const FileRow kUnusableFiles[] = {
      "the parcel has fewer than three different vertices, or all of them on one line; correct its "
      "coordinates"},
     {"rows in the wrong order", "a.csv", "E,N\n0,0\n100,50\n100,0\n0,50\n",
-     "the boundary crosses or touches itself: side 1, from vertex 1 to 2, meets side 3, from vertex 3 to 4; "
+     "the boundary crosses or touches itself: side 1, from vertex 1 to vertex 2, meets side 3, from vertex 3 "
+     "to vertex 4; "
      "correct it so that it passes every vertex and side once"},
     {"no header", "a.csv", "0,0\n100,0\n100,50\n",
      "the file holds no polygon and no closed line (features: 3); a table needs a header with a column WKT, "

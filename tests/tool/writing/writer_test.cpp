@@ -1,5 +1,6 @@
 // Divisions written by the program and read back through GDAL.
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -257,6 +258,89 @@ TEST_F(Writer, EveryFormatReadBack)
             EXPECT_NE(lines->GetSpatialRef(), nullptr);
         }
     }
+}
+
+// A parcel with two holes, cut through one of them, in a feature with two polygons. What was written is read again.
+TEST_F(Writer, HolesGoThroughEveryFormat)
+{
+    write("lots.geojson", R"({"type": "FeatureCollection",
+        "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::32632"}},
+        "features": [{"type": "Feature", "id": 7, "properties": {"lot": 3}, "geometry": {"type": "MultiPolygon",
+          "coordinates": [
+            [[[500000, 5000000], [500100, 5000000], [500100, 5000060], [500000, 5000060], [500000, 5000000]],
+             [[500060, 5000020], [500080, 5000020], [500080, 5000040], [500060, 5000040], [500060, 5000020]],
+             [[500010, 5000040], [500010, 5000050], [500020, 5000050], [500020, 5000040], [500010, 5000040]]],
+            [[[500200, 5000000], [500240, 5000000], [500240, 5000060], [500200, 5000060], [500200, 5000000]]]
+          ]}}]})");
+    for (const std::string ending :
+         {"gpkg", "shp", "geojson", "fgb", "gml", "sqlite", "mif", "csv", "jml", "kml"}) {
+        SCOPED_TRACE(ending);
+        const std::string out = "out." + ending;
+        const test::Result run = divide("lots.geojson", "--parallel 1 --area 1800 -o " + out);
+        ASSERT_EQ(run.status, 0) << run.err;
+        if (ending == "kml")
+            continue;  // degrees cannot be divided again
+        // Below the line 5000018 high lie 1800, above it 4200 less 400 and 100.
+        const GDALDatasetUniquePtr written = open(out);
+        ASSERT_NE(written, nullptr);
+        OGRLayer* pieces = written->GetLayerByName("pieces");
+        if (pieces == nullptr)
+            pieces = written->GetLayer(0);
+        std::multiset<std::pair<int, long>> found;  // holes, area
+        for (const OGRFeatureUniquePtr& piece : *pieces) {
+            const OGRPolygon& polygon = *piece->GetGeometryRef()->toPolygon();
+            found.insert({polygon.getNumInteriorRings(), std::lround(polygon.get_Area())});
+            if (ending != "csv" && ending != "jml") {
+                EXPECT_EQ(piece->GetFieldAsInteger("lot"), 3)
+                    << "both polygons have the columns of the feature";
+            }
+        }
+        EXPECT_EQ(found, (std::multiset<std::pair<int, long>>{{2, 3700}, {0, 1800}, {0, 1800}, {0, 600}}));
+        const std::string layer = written->GetLayerByName("pieces") != nullptr ? " --layer pieces" : "";
+        const test::Result cut = divide(out, "--pieces any --bearing 100 --share 1/2 --json" + layer);
+        ASSERT_EQ(cut.status, 0) << cut.err;
+        std::size_t with_holes = 0;
+        const nlohmann::json told = nlohmann::json::parse(cut.out);
+        for (const nlohmann::json& parcel : told["parcels"])
+            with_holes += std::fabs(parcel["area"].get<double>() - 3700.0) < 0.01 ? 1 : 0;
+        EXPECT_EQ(with_holes, 1u) << "the holes are read again";
+    }
+}
+
+// A line across a hole is two features with one number; three arms of a comb are one amount in three pieces.
+TEST_F(Writer, PartsOfALineAndOfAnAmountHaveItsNumber)
+{
+    const std::string file =
+        write_wkt("POLYGON ((0 0, 50 0, 50 40, 40 40, 40 10, 30 10, 30 40, 20 40, 20 10, 10 10, 10 40, "
+                  "0 40, 0 0))");
+    const test::Result run = divide(file, "--parallel 1 --pieces any --areas 500,300 -o out.gpkg");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const GDALDatasetUniquePtr written = open("out.gpkg");
+    ASSERT_NE(written, nullptr);
+    std::multiset<int> lines;
+    for (const OGRFeatureUniquePtr& line : *written->GetLayerByName("lines")) {
+        lines.insert(line->GetFieldAsInteger("line"));
+        if (line->GetFieldAsInteger("line") == 2) {
+            EXPECT_NEAR(line->GetFieldAsDouble("length"), 10.0, 1e-9);
+        }
+    }
+    EXPECT_EQ(lines.count(2), 3u) << "a part in each arm";
+    std::map<int, double> area;
+    std::map<int, int> pieces;
+    for (const OGRFeatureUniquePtr& piece : *written->GetLayerByName("pieces")) {
+        const int amount = piece->GetFieldAsInteger("amount");
+        area[amount] += piece->GetGeometryRef()->toPolygon()->get_Area();
+        ++pieces[amount];
+        if (amount == 2) {
+            EXPECT_NEAR(piece->GetFieldAsDouble("asked"), 300.0, 1e-9);
+        }
+    }
+    EXPECT_NEAR(area[1], 500.0, 1e-6);
+    EXPECT_NEAR(area[2], 300.0, 1e-6);
+    EXPECT_NEAR(area[3], 600.0, 1e-6);
+    EXPECT_EQ(pieces[2], 3);
+    EXPECT_EQ(pieces[3], 3);
+    EXPECT_NE(run.out.find("    3 of 3 "), std::string::npos) << run.out;
 }
 
 // Text of every alphabet, a date, a moment, an integer that no double holds, a list, a column name beyond ten letters.

@@ -54,18 +54,20 @@ private:
     void add_corners()
     {
         const Parcel& parcel = answer_.parcel;
-        for (std::size_t i = 0; i < parcel.ring.size(); ++i) {
+        points_.rings = corners_of(parcel);
+        const plparcel::Ring& at = points_.rings.at;
+        for (std::size_t i = 0; i < at.size(); ++i) {
             const bool named = i < parcel.point_names.size() && !parcel.point_names[i].empty();
             const std::string name = named ? parcel.point_names[i] : std::to_string(i + 1);
-            points_.points.push_back({name, parcel.ring[i]});
-            index_.emplace(key_of(parcel.ring[i]), i);
+            points_.points.push_back({name, at[i]});
+            index_.emplace(key_of(at[i]), i);
             if (const std::optional<long long> number = number_behind_p(name))
                 last_number_ = std::max(last_number_, *number);
         }
         // A line that ends at a corner ends at its coordinates with fewer decimals. Other corners come first.
-        for (std::size_t i = 0; i < parcel.ring.size(); ++i)
-            index_.emplace(key_of(rounded(parcel.ring[i])), i);
-        points_.corners = parcel.ring.size();
+        for (std::size_t i = 0; i < at.size(); ++i)
+            index_.emplace(key_of(rounded(at[i])), i);
+        points_.corners = at.size();
         points_.on_side.resize(points_.corners);
     }
 
@@ -87,20 +89,27 @@ private:
 
     void add_lines()
     {
-        for (const plparcel::DividingLine& line : answer_.printed.proven.lines) {
-            const std::size_t from = index_of(line.from);
-            points_.lines.push_back({from, index_of(line.to)});
+        for (const PrintedLine& line : answer_.printed.lines) {
+            const std::size_t from = index_of(line.start);
+            points_.lines.push_back({from, index_of(line.end)});
         }
     }
 
     void add_pieces()
     {
         for (const plparcel::Piece& piece : answer_.printed.proven.pieces) {
-            std::vector<std::size_t> corners;
-            for (const PL_PNT2D_record& p : piece.ring)
-                corners.push_back(index_of(p));
-            points_.pieces.push_back(std::move(corners));
+            points_.pieces.push_back({indices(piece.ring), {}});
+            for (const plparcel::Ring& hole : piece.holes)
+                points_.pieces.back().holes.push_back(indices(hole));
         }
+    }
+
+    std::vector<std::size_t> indices(const plparcel::Ring& ring)
+    {
+        std::vector<std::size_t> corners;
+        for (const PL_PNT2D_record& p : ring)
+            corners.push_back(index_of(p));
+        return corners;
     }
 
     bool is_line(std::size_t from, std::size_t to) const
@@ -114,18 +123,24 @@ private:
         for (const DivisionPoints::Line& line : points_.lines)
             lines_.insert({std::min(line.from, line.to), std::max(line.from, line.to)});
         std::map<std::size_t, std::size_t> next;
-        for (const std::vector<std::size_t>& piece : points_.pieces)
-            for (std::size_t i = 0; i < piece.size(); ++i) {
-                const std::size_t to = piece[(i + 1) % piece.size()];
-                if (to >= points_.corners && !is_line(piece[i], to))
-                    next[piece[i]] = to;
-            }
+        for (const DivisionPoints::Piece& piece : points_.pieces)
+            for (std::size_t i = 0; i < piece.ring.size(); ++i)
+                if (const std::size_t to = piece.ring[(i + 1) % piece.ring.size()];
+                    to >= points_.corners && !is_line(piece.ring[i], to))
+                    next[piece.ring[i]] = to;
         for (std::size_t side = 0; side < points_.corners; ++side) {
-            const std::size_t corner = index_.at(key_of(points_.points[side].at));
-            const bool last_of_equals =
-                key_of(points_.points[(side + 1) % points_.corners].at) != key_of(points_.points[side].at);
-            for (auto on = next.find(corner); last_of_equals && on != next.end(); on = next.find(on->second))
-                points_.on_side[side].push_back(on->second);
+            const Corners& rings = points_.rings;
+            const std::size_t end = rings.next[side];
+            if (key_of(rings.at[end]) == key_of(rings.at[side]))
+                continue;
+            // A hole may run against the pieces.
+            const bool forwards = rings.inside_left[rings.ring[side]] == rings.inside_left[0];
+            std::vector<std::size_t>& on_side = points_.on_side[side];
+            for (auto on = next.find(index_.at(key_of(rings.at[forwards ? side : end]))); on != next.end();
+                 on = next.find(on->second))
+                on_side.push_back(on->second);
+            if (!forwards)
+                std::reverse(on_side.begin(), on_side.end());
         }
     }
 
@@ -142,7 +157,7 @@ std::vector<std::size_t> DivisionPoints::along(std::size_t side) const
 {
     std::vector<std::size_t> all = {side};
     all.insert(all.end(), on_side[side].begin(), on_side[side].end());
-    all.push_back((side + 1) % corners);
+    all.push_back(rings.next[side]);
     return all;
 }
 

@@ -17,7 +17,7 @@ struct DivisionPoint {
     PL_PNT2D_record at;  ///< as it is printed, written and staked out; a corner as it stands in the file
 };
 
-/// The points by their index: corners come first, in the order of the ring.
+/// The points by their index: corners come first, in the order of the rings.
 struct DivisionPoints {
     /// Two points, by index.
     struct Line {
@@ -25,11 +25,18 @@ struct DivisionPoints {
         std::size_t to;
     };
 
+    /// A piece: its corners in the parcel's direction, and those of the holes in it.
+    struct Piece {
+        std::vector<std::size_t> ring;
+        std::vector<std::vector<std::size_t>> holes;
+    };
+
     std::vector<DivisionPoint> points;
     std::size_t corners = 0;                        ///< how many of the points are corners
-    std::vector<Line> lines;                        ///< the dividing lines
+    Corners rings;                                  ///< how corners follow each other
+    std::vector<Line> lines;                        ///< the dividing lines, part by part
     std::vector<std::vector<std::size_t>> on_side;  ///< new points of each side, in the side's direction
-    std::vector<std::vector<std::size_t>> pieces;   ///< corners of each piece, in the ring's direction
+    std::vector<Piece> pieces;
 
     /// The points along a side from its first corner to its last.
     std::vector<std::size_t> along(std::size_t side) const;

@@ -52,29 +52,30 @@ Heights::Heights(const Parcel& parcel, const std::optional<int>& decimals) : par
 {
     if (parcel.heights.empty())
         return;
+    corners_ = corners_of(parcel);
     reach_ = std::max(kReach, kReachRel * extent_of(parcel.ring));
     if (decimals)
         reach_ = std::max(reach_, std::pow(10.0, -*decimals));
-    by_place_.resize(parcel.ring.size());
+    by_place_.resize(corners_.size());
     std::iota(by_place_.begin(), by_place_.end(), std::size_t{0});
     std::sort(by_place_.begin(), by_place_.end(),
-              [&](std::size_t i, std::size_t j) { return before(parcel.ring[i], parcel.ring[j]); });
+              [&](std::size_t i, std::size_t j) { return before(corners_.at[i], corners_.at[j]); });
 }
 
 std::optional<double> Heights::at(const PL_PNT2D_record& p) const
 {
     if (by_place_.empty())
         return std::nullopt;
-    const plparcel::Ring& ring = parcel_.ring;
+    const plparcel::Ring& at = corners_.at;
     const auto vertex =
         std::lower_bound(by_place_.begin(), by_place_.end(), p,
-                         [&](std::size_t i, const PL_PNT2D_record& q) { return before(ring[i], q); });
-    if (vertex != by_place_.end() && same(ring[*vertex], p))
+                         [&](std::size_t i, const PL_PNT2D_record& q) { return before(at[i], q); });
+    if (vertex != by_place_.end() && same(at[*vertex], p))
         return known_height(parcel_.heights[*vertex]);
     Foot nearest = {0.0, INFINITY};
     std::size_t side = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const Foot foot = foot_on(ring[i], ring[(i + 1) % ring.size()], p);
+    for (std::size_t i = 0; i < at.size(); ++i) {
+        const Foot foot = foot_on(at[i], at[corners_.next[i]], p);
         if (foot.distance < nearest.distance) {
             nearest = foot;
             side = i;
@@ -83,7 +84,7 @@ std::optional<double> Heights::at(const PL_PNT2D_record& p) const
     if (!(nearest.distance <= reach_))
         return std::nullopt;
     const double from = parcel_.heights[side];
-    const double to = parcel_.heights[(side + 1) % ring.size()];
+    const double to = parcel_.heights[corners_.next[side]];
     // At an end, the other end's height does not matter.
     if (nearest.part == 0.0 || nearest.part == 1.0)
         return known_height(nearest.part == 0.0 ? from : to);

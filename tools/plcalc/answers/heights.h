@@ -28,6 +28,7 @@ public:
 
 private:
     const Parcel& parcel_;
+    Corners corners_;
     double reach_ = 0.0;                 // of a side, for points whose coordinates are rounded
     std::vector<std::size_t> by_place_;  // the vertices in the order of their coordinates
 };

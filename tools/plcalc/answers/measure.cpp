@@ -30,6 +30,17 @@ std::optional<double> inner_angle(const PL_PNT2D_record& before, const PL_PNT2D_
     return LimiteAng0_400(anticlockwise ? *on - *back : *back - *on);
 }
 
+// Seen from the parcel, the angles of a hole are the rest of the turn.
+void take_out(Measures& measures, const Measures& hole)
+{
+    measures.area -= hole.area;
+    measures.perimeter += hole.perimeter;
+    measures.sides.insert(measures.sides.end(), hole.sides.begin(), hole.sides.end());
+    for (const MeasuredVertex& vertex : hole.vertices)
+        measures.vertices.push_back(
+            {vertex.angle_gon ? LimiteAng0_400(-*vertex.angle_gon) : vertex.angle_gon});
+}
+
 }  // namespace
 
 std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_record& to)
@@ -61,6 +72,8 @@ Measures measure(const Ring& ring)
 Measures measure(const Parcel& parcel)
 {
     Measures measures = measure(parcel.ring);
+    for (const plparcel::Ring& hole : parcel.holes)
+        take_out(measures, measure(hole));
     measures.area /= parcel.ground_factor * parcel.ground_factor;
     measures.perimeter = on_ground(parcel, measures.perimeter);
     for (MeasuredSide& side : measures.sides)

@@ -22,11 +22,11 @@ struct MeasuredVertex {
     std::optional<double> angle_gon;
 };
 
-/// A parcel's measures. Side i runs from vertex i on.
+/// A parcel's measures, in the numbering of Corners. Side i runs from vertex i on.
 struct Measures {
-    double area = 0.0;       ///< unit squared
-    double perimeter = 0.0;  ///< unit
-    bool anticlockwise = false;
+    double area = 0.0;           ///< unit squared
+    double perimeter = 0.0;      ///< unit
+    bool anticlockwise = false;  ///< the outer ring
     std::vector<MeasuredSide> sides;
     std::vector<MeasuredVertex> vertices;
 };
@@ -37,7 +37,8 @@ std::optional<double> bearing_gon(const PL_PNT2D_record& from, const PL_PNT2D_re
 /// @param[in] ring  a simple ring of at least three different vertices, the first not repeated
 Measures measure(const std::vector<PL_PNT2D_record>& ring);
 
-/// The measures of a parcel on the ground.
+/// The measures of a parcel on the ground: the area less that of its holes, and the perimeter with theirs. Angles lie
+/// inside the parcel at holes too.
 Measures measure(const Parcel& parcel);
 
 }  // namespace tool

@@ -21,13 +21,13 @@ double distance(const PL_PNT2D_record& p, const PL_PNT2D_record& a, const PL_PNT
 std::vector<NearSide> lines_at_sides(const Answer& answer)
 {
     const double reach = kStakeoutMetres / answer.parcel.unit.metres;
-    const plparcel::Ring& ring = answer.parcel.ring;
+    const Corners corners = corners_of(answer.parcel);
     std::vector<NearSide> found;
     for (std::size_t i = 0; i < answer.printed.lines.size(); ++i) {
-        const PL_LINE_2D_record& line = answer.printed.lines[i];
-        for (std::size_t side = 0; side < ring.size(); ++side) {
-            const PL_PNT2D_record& a = ring[side];
-            const PL_PNT2D_record& b = ring[(side + 1) % ring.size()];
+        const PrintedLine& line = answer.printed.lines[i];
+        for (std::size_t side = 0; side < corners.size(); ++side) {
+            const PL_PNT2D_record& a = corners.at[side];
+            const PL_PNT2D_record& b = corners.at[corners.next[side]];
             if (distance(line.start, a, b) <= reach && distance(line.end, a, b) <= reach) {
                 found.push_back({i, side});
                 break;

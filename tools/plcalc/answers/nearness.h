@@ -14,7 +14,7 @@ constexpr double kStakeoutMetres = 0.01;
 
 /// A printed line, both ends of which lie within a centimetre of a side.
 struct NearSide {
-    std::size_t line;  ///< from 0
+    std::size_t line;  ///< of PrintedDivision::lines, from 0
     std::size_t side;  ///< from 0
 };
 

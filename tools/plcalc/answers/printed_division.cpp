@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <utility>
 
 #include "plparcel/extent.h"
 #include "text/numbers.h"
@@ -23,37 +25,106 @@ int area_decimals(const Asked& asked, double parcel_area, int decimals)
 }
 
 // In a parcel too small for decimals the lines keep all their digits.
-plparcel::Request request_for(const plparcel::Ring& ring, const Asked& asked)
+plparcel::Request request_for(const Parcel& parcel, const Asked& asked)
 {
     plparcel::Request request = asked.request;
-    // A number below 1 becomes an index that no side or vertex has.
-    request.line.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : ring.size();
-    const int decimals = resolution_of(ring, 1.0).decimals;
+    // A number that no side or vertex has stays an index that none has.
+    const std::size_t number = static_cast<std::size_t>(asked.number - 1);
+    const std::optional<RingIndex> at = in_ring(parcel, number);
+    request.line.index = at ? at->index : parcel.ring.size();
+    request.line.ring = at ? at->ring : 0;
+    const int decimals = resolution_of(parcel.ring, 1.0).decimals;
     if (!request.rounding.decimals && decimals <= plparcel::kMostDecimals)
         request.rounding.decimals = decimals;
     return request;
 }
 
-}  // namespace
-
-PrintedDivision divide_in_print(const plparcel::Ring& ring, const Asked& asked)
+plparcel::Division divide(const Parcel& parcel, const plparcel::Request& request)
 {
-    PrintedDivision printed;
-    printed.proven = plparcel::divide(ring, request_for(ring, asked));
+    return parcel.holes.empty() ? plparcel::divide(parcel.ring, request)
+                                : plparcel::divide(boundary_of(parcel), request);
+}
+
+bool reads_back(double value, int decimals)
+{
+    return parse_number(fixed(value, decimals)) == value;
+}
+
+// As many decimals as show all digits of all ends.
+int decimals_of(const std::vector<PrintedLine>& lines, int decimals)
+{
+    for (const PrintedLine& line : lines)
+        for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
+            while (decimals <= kMaxDecimals && !reads_back(value, decimals))
+                ++decimals;
+    return decimals;
+}
+
+std::vector<PrintedLine> lines_of(const plparcel::Division& division)
+{
+    std::vector<PrintedLine> lines;
+    for (std::size_t i = 0; i < division.lines.size(); ++i) {
+        const std::vector<plparcel::Segment>& parts = division.lines[i].segments;
+        for (std::size_t k = 0; k < parts.size(); ++k)
+            lines.push_back({parts[k].from, parts[k].to, i, k, parts.size()});
+    }
+    return lines;
+}
+
+// What is printed of a division beside what plparcel says.
+void complete(const Parcel& parcel, const Asked& asked, PrintedDivision& printed)
+{
     const plparcel::Division& division = printed.proven;
     if (division.status == plparcel::Status::unusable_boundary)
-        return printed;
-    printed.resolution = resolution_of(ring, division.ring.area);
+        return;
+    printed.resolution = resolution_of(parcel.ring, division.ring.area);
     printed.resolution.area_decimals =
         area_decimals(asked, division.ring.area, printed.resolution.area_decimals);
     if (!printed.done())
-        return printed;
-    printed.resolution.end_decimals = division.decimals.value_or(kMaxDecimals + 1);
-    printed.resolution.decimals = std::max(printed.resolution.decimals, printed.resolution.end_decimals);
-    for (const plparcel::DividingLine& line : division.lines)
-        printed.lines.push_back({line.from, line.to});
+        return;
+    printed.lines = lines_of(division);
+    Resolution& resolution = printed.resolution;
+    resolution.end_decimals =
+        division.decimals ? *division.decimals : decimals_of(printed.lines, resolution.decimals);
+    // Lengths beside ends with all their digits need no more decimals than others.
+    if (division.decimals || resolution.end_decimals > kMaxDecimals)
+        resolution.decimals = std::max(resolution.decimals, resolution.end_decimals);
     for (const plparcel::Piece& piece : division.pieces)
         printed.areas.push_back(piece.area);
+}
+
+// The line that is asked for, and how many there are.
+PrintedDivision with_alternatives(const Parcel& parcel, plparcel::Request request, const Asked& asked)
+{
+    const std::size_t chosen = std::exchange(request.alternative, 0);
+    std::vector<plparcel::Division> all = plparcel::all_divisions(parcel.ring, request);
+    PrintedDivision printed;
+    const bool divided = all.front().status == plparcel::Status::divided;
+    printed.alternatives = divided ? all.size() : 0;
+    printed.proven = std::move(all[divided && chosen < all.size() ? chosen : 0]);
+    if (divided && chosen >= all.size()) {
+        printed.proven = {};
+        printed.proven.status = plparcel::Status::no_further_line;
+        printed.proven.ring = plparcel::check_ring(parcel.ring);
+    }
+    complete(parcel, asked, printed);
+    return printed;
+}
+
+}  // namespace
+
+PrintedDivision divide_in_print(const Parcel& parcel, const Asked& asked)
+{
+    PrintedDivision printed;
+    plparcel::Request request = request_for(parcel, asked);
+    if (asked.count_alternatives && parcel.holes.empty())
+        return with_alternatives(parcel, request, asked);
+    printed.proven = divide(parcel, request);
+    if (printed.proven.status == plparcel::Status::only_all_digits && !asked.request.rounding.decimals) {
+        request.rounding.decimals.reset();
+        printed.proven = divide(parcel, request);
+    }
+    complete(parcel, asked, printed);
     return printed;
 }
 
@@ -62,6 +133,7 @@ namespace {
 // What is asked for on the ground is cut off in the plane.
 Asked in_plane(Asked asked, double ground_factor)
 {
+    asked.request.line.along *= ground_factor;
     for (plparcel::Amount& amount : asked.request.amounts) {
         switch (amount.given) {
         case plparcel::Given::as_area:
@@ -105,8 +177,8 @@ void bring_to_ground(PrintedDivision& printed, double ground_factor)
 Answer answer(const Parcel& parcel, const Asked& asked)
 {
     if (parcel.ground_factor == 1.0)
-        return {parcel, asked, divide_in_print(parcel.ring, asked)};
-    Answer answer = {parcel, asked, divide_in_print(parcel.ring, in_plane(asked, parcel.ground_factor))};
+        return {parcel, asked, divide_in_print(parcel, asked)};
+    Answer answer = {parcel, asked, divide_in_print(parcel, in_plane(asked, parcel.ground_factor))};
     bring_to_ground(answer.printed, parcel.ground_factor);
     return answer;
 }

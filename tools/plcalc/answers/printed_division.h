@@ -2,6 +2,7 @@
 
 // A division as it is printed, written, drawn and staked out: one result for all of them.
 
+#include <cstddef>
 #include <vector>
 
 #include "answers/question.h"
@@ -10,12 +11,22 @@
 
 namespace tool {
 
+/// A dividing line, or one of the parts of it that lie in the parcel.
+struct PrintedLine {
+    PL_PNT2D_record start = {};
+    PL_PNT2D_record end = {};
+    std::size_t line = 0;   ///< which of the dividing lines
+    std::size_t part = 0;   ///< which part of it
+    std::size_t parts = 1;  ///< how many it has
+};
+
 /// A division whose lines have only a few decimals.
 struct PrintedDivision {
-    plparcel::Division proven;             ///< with the ends of its lines rounded
-    std::vector<PL_LINE_2D_record> lines;  ///< its lines; empty unless done()
-    std::vector<double> areas;             ///< of its pieces, in the order of the amounts
-    Resolution resolution;                 ///< decimals of what is printed
+    plparcel::Division proven;       ///< with the ends of its lines rounded
+    std::vector<PrintedLine> lines;  ///< its lines, part by part; empty unless done()
+    std::vector<double> areas;       ///< of its pieces
+    Resolution resolution;           ///< decimals of what is printed
+    std::size_t alternatives = 0;    ///< how many lines hold the first amount; 0 where nobody has counted
 
     bool done() const { return proven.status == plparcel::Status::divided; }
 };
@@ -24,11 +35,12 @@ struct PrintedDivision {
 ///
 /// There are as many decimals as the request states. Where it states none there are at least 4, and at least as many
 /// as keep the rounding below a millionth of the parcel's extent, so that it does not turn the line. Decimals are
-/// added until the lines hold, up to all that a double has.
+/// added until the lines hold, up to all that a double has. Where plparcel rounds no lines of that kind (see
+/// plparcel::Status::only_all_digits) and the request states no decimals, the lines have all their digits.
 ///
-/// @param[in] ring   the parcel, as plparcel::divide takes it
-/// @param[in] asked  what to cut off
-PrintedDivision divide_in_print(const plparcel::Ring& ring, const Asked& asked);
+/// @param[in] parcel  its rings
+/// @param[in] asked   what to cut off, in the plane
+PrintedDivision divide_in_print(const Parcel& parcel, const Asked& asked);
 
 /// What the program answers to a request: the parcel, what was asked of it, and the division that came out. Areas and
 /// the perimeter are on the ground, as what was asked. It refers to the parcel and the request of the caller, which

@@ -14,9 +14,69 @@ constexpr double kRelExtentStep = 2e-6;
 
 constexpr double kRelAreaStep = 1e-7;
 
+bool is_anticlockwise(const plparcel::Ring& ring)
+{
+    double twice = 0.0;
+    for (std::size_t i = 0; i + 1 < ring.size(); ++i)
+        twice += (ring[i].x - ring[0].x) * (ring[i + 1].y - ring[0].y) -
+                 (ring[i + 1].x - ring[0].x) * (ring[i].y - ring[0].y);
+    return twice > 0.0;
+}
+
 }  // namespace
 
 namespace tool {
+
+Corners corners_of(const Parcel& parcel)
+{
+    Corners corners;
+    const auto add = [&](const plparcel::Ring& ring, std::size_t number) {
+        const std::size_t first = corners.size();
+        const std::size_t n = ring.size();
+        corners.at.insert(corners.at.end(), ring.begin(), ring.end());
+        for (std::size_t i = 0; i < n; ++i) {
+            corners.next.push_back(first + (i + 1) % n);
+            corners.before.push_back(first + (i + n - 1) % n);
+        }
+        corners.ring.resize(corners.size(), number);
+        corners.inside_left.push_back(is_anticlockwise(ring) == (number == 0));
+    };
+    add(parcel.ring, 0);
+    for (std::size_t i = 0; i < parcel.holes.size(); ++i)
+        add(parcel.holes[i], i + 1);
+    return corners;
+}
+
+std::size_t vertex_count(const Parcel& parcel)
+{
+    std::size_t count = parcel.ring.size();
+    for (const plparcel::Ring& hole : parcel.holes)
+        count += hole.size();
+    return count;
+}
+
+std::optional<RingIndex> in_ring(const Parcel& parcel, std::size_t vertex)
+{
+    std::size_t first = 0;
+    for (std::size_t ring = 0; ring <= parcel.holes.size(); ++ring) {
+        const std::size_t count = ring == 0 ? parcel.ring.size() : parcel.holes[ring - 1].size();
+        if (vertex - first < count)
+            return RingIndex{ring, vertex - first, first, count};
+        first += count;
+    }
+    return std::nullopt;
+}
+
+plparcel::Parcel boundary_of(const Parcel& parcel)
+{
+    return {parcel.ring, parcel.holes};
+}
+
+plparcel::RingReport check(const Parcel& parcel)
+{
+    return parcel.holes.empty() ? plparcel::check_ring(parcel.ring)
+                                : plparcel::check_parcel(boundary_of(parcel));
+}
 
 double on_ground(const Parcel& parcel, double length)
 {

@@ -3,6 +3,7 @@
 // The question: a parcel as it stands in a file, how many decimals its figures need, and the request as the command
 // line states it.
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,13 +27,49 @@ struct Parcel {
     std::string crs;                       ///< name of their CRS; empty when the file does not say
     std::string name;                      ///< of the parcel, "1234/5"; empty when nobody says
     std::vector<std::string> point_names;  ///< of the vertices; empty when the file has none
-    /// Of the vertices, NaN for one without; empty where no vertex has one.
+    /// Of all vertices, NaN for one without; empty where no vertex has one.
     std::vector<double> heights = {};
     /// Length in the plane of a length 1 on the ground. Coordinates are in the plane; areas and lengths that are asked
     /// for or reported are on the ground.
     double ground_factor = 1.0;
-    std::vector<std::string> assumed = {};  ///< what a reader must know about the figures, as clauses
+    std::vector<std::string> assumed = {};   ///< what a reader must know about the figures, as clauses
+    std::vector<plparcel::Ring> holes = {};  ///< like the ring; their vertices are numbered on after it
 };
+
+/// The vertices of a parcel by their numbers, from 0: those of the outer ring, then those of its holes. Side i runs from
+/// vertex i to the next one of its ring.
+struct Corners {
+    plparcel::Ring at;
+    std::vector<std::size_t> next;    ///< along the ring
+    std::vector<std::size_t> before;  ///< likewise
+    std::vector<std::size_t> ring;    ///< 0 the outer one, k the k-th hole
+    std::vector<bool> inside_left;    ///< of each ring: whether the parcel lies to the left of its sides
+
+    std::size_t size() const { return at.size(); }
+};
+
+Corners corners_of(const Parcel& parcel);
+
+/// How many vertices all rings have.
+std::size_t vertex_count(const Parcel& parcel);
+
+/// A vertex, and the side that begins there, within its ring.
+struct RingIndex {
+    std::size_t ring = 0;   ///< 0 the outer one, k the k-th hole
+    std::size_t index = 0;  ///< in the ring
+    std::size_t first = 0;  ///< number of the ring's first vertex
+    std::size_t count = 0;  ///< how many vertices the ring has
+};
+
+/// @param[in] vertex  by its number, from 0
+/// @return nothing where there is no such vertex
+std::optional<RingIndex> in_ring(const Parcel& parcel, std::size_t vertex);
+
+/// The rings as plparcel takes them.
+plparcel::Parcel boundary_of(const Parcel& parcel);
+
+/// What plparcel says of the rings.
+plparcel::RingReport check(const Parcel& parcel);
 
 /// A length on the ground.
 double on_ground(const Parcel& parcel, double length);
@@ -57,10 +94,12 @@ Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
 /// One request.
 struct Asked {
     plparcel::Request request;  ///< complete but for `index`, which needs a parcel
-    /// Side or vertex, from 1, in the order of the ring as it stands in the file. Side k runs from vertex k to
-    /// k + 1.
+    /// Side or vertex, from 1, in the order of the rings as they stand in the file; see Corners. 0 for a line that
+    /// starts from none.
     long long number = 0;
     std::vector<std::string> amounts;  ///< as they were given, "40 x 50" or "1/3"; one per amount
+    std::string line = {};             ///< a line that no side gives, as it was given: "50 gon"
+    bool count_alternatives = false;   ///< whether to tell how many lines hold the first amount
 };
 
 /// An amount in the parcel's unit squared.

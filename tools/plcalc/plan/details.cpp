@@ -77,7 +77,7 @@ std::vector<std::size_t> crowded_points(const Plan& plan, const std::vector<doub
     constexpr std::size_t kFewCorners = 40;
     std::vector<std::size_t> crowded = without.new_points;
     for (std::size_t i = 0; i < plan.points.size(); ++i)
-        if (spacing[i] < kDots && (plan.points[i].is_new || plan.ring.size() <= kFewCorners))
+        if (spacing[i] < kDots && (plan.points[i].is_new || plan.corners.size() <= kFewCorners))
             crowded.push_back(i);
     return crowded;
 }

@@ -67,7 +67,7 @@ double foot_height(const Plan& plan, const TableSetter& tables, const SheetBox& 
 std::size_t tables_at_foot(const Plan& plan, const std::vector<PlanTable>& tables, Paper paper)
 {
     Canvas ruler;
-    const PlanLayout layout(plan.ring, plan.unit.metres, paper, [](const SheetBox&) { return 100.0; });
+    const PlanLayout layout(plan.corners.at, plan.unit.metres, paper, [](const SheetBox&) { return 100.0; });
     const double highest = kMaxFoot * layout.frame().height();
     for (std::size_t count = tables.size(); count > 0; --count) {
         const TableSetter setter({tables.begin(), tables.begin() + static_cast<std::ptrdiff_t>(count)},
@@ -137,7 +137,7 @@ std::string sheet_file(const std::string& path, std::size_t sheet)
 PlanSheets::PlanSheets(const Plan& plan, Paper paper)
     : plan_(plan), paper_(paper), foot_tables_(setter_of(plan, paper, true)),
       other_tables_(setter_of(plan, paper, false)),
-      layout_(plan.ring, plan.unit.metres, paper,
+      layout_(plan.corners.at, plan.unit.metres, paper,
               [&](const SheetBox& frame) { return foot_height(plan, foot_tables_, frame); }),
       details_(plan, layout_, without_label(plan, layout_)), table_sheets_(count_table_sheets())
 {}

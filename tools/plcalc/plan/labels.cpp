@@ -47,17 +47,6 @@ double distance(const SheetPoint& a, const SheetPoint& b)
     return length_of({b.x - a.x, b.y - a.y});
 }
 
-bool runs_clockwise(const std::vector<SheetPoint>& outline)
-{
-    double twice = 0.0;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        const SheetPoint& a = outline[i];
-        const SheetPoint& b = outline[(i + 1) % outline.size()];
-        twice += (a.x - outline[0].x) * (b.y - outline[0].y) - (b.x - outline[0].x) * (a.y - outline[0].y);
-    }
-    return twice > 0.0;  // the sheet's y runs downwards
-}
-
 // Tens first, then fives, then the others: where names are left out, those that stay are easy to count from.
 std::vector<std::size_t> corners_in_order(std::size_t count)
 {
@@ -84,11 +73,10 @@ PlanLabels::PlanLabels(const Plan& plan, const View& view, Canvas& canvas)
 {
     for (const PlanPoint& p : plan.points)
         points_.push_back(view.at(p.at));
-    for (const PL_PNT2D_record& p : plan.ring)
+    for (const PL_PNT2D_record& p : plan.corners.at)
         outline_.push_back(view.at(p));
-    clockwise_on_sheet_ = runs_clockwise(outline_);
     for (std::size_t i = 0; i < outline_.size(); ++i)
-        places_.add_line(outline_[i], outline_[(i + 1) % outline_.size()]);
+        places_.add_line(outline_[i], outline_[next(i)]);
     for (const PlanLine& line : plan_.lines)
         places_.add_line(point(line.from), point(line.to));
 }
@@ -114,9 +102,9 @@ WithoutLabel PlanLabels::draw()
 // The direction out of the parcel, at right angles to a side.
 SheetPoint PlanLabels::outwards(std::size_t side) const
 {
-    const SheetPoint along = direction(outline_[side], outline_[(side + 1) % outline_.size()]);
+    const SheetPoint along = direction(outline_[side], outline_[next(side)]);
     const SheetPoint left = {along.y, -along.x};
-    return clockwise_on_sheet_ ? left : turned_around(left);
+    return plan_.corners.inside_left[plan_.corners.ring[side]] ? turned_around(left) : left;
 }
 
 void PlanLabels::label_mark(const std::string& text, const SheetPoint& p, double away)
@@ -193,7 +181,7 @@ void PlanLabels::label_corners()
     for (const std::size_t i : corners_in_order(count)) {
         if (!shows(point(i)))
             continue;
-        const SheetPoint before = outwards((i + count - 1) % count);
+        const SheetPoint before = outwards(plan_.corners.before[i]);
         const SheetPoint after = outwards(i);
         const SheetPoint out = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
         const bool done = few ? label_around(plan_.points[i].name, point(i), out, kInk, true)
@@ -263,7 +251,7 @@ void PlanLabels::label_wholes()
         if (cut.parts.size() < 2)
             continue;
         const SheetPoint a = outline_[side];
-        const SheetPoint b = outline_[(side + 1) % outline_.size()];
+        const SheetPoint b = outline_[next(side)];
         const std::string text = plan_.points[cut.parts.front().from].name + "\u2013" +
                                  plan_.points[cut.parts.back().to].name + ": " + cut.whole;
         const SheetPoint extent = canvas_.size_of(text, kSmallSize);

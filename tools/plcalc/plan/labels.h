@@ -35,6 +35,7 @@ public:
 private:
     const SheetPoint& point(std::size_t i) const { return points_[i]; }
     bool shows(const SheetPoint& p) const { return view_.box.holds(p); }
+    std::size_t next(std::size_t corner) const { return plan_.corners.next[corner]; }
     SheetPoint outwards(std::size_t side) const;
 
     void label_new_points();
@@ -60,7 +61,6 @@ private:
     LabelPlaces places_;
     std::vector<SheetPoint> points_;   // of the plan, on the sheet
     std::vector<SheetPoint> outline_;  // of the parcel
-    bool clockwise_on_sheet_ = false;
     std::size_t beside_ = 0;
     WithoutLabel without_;
 };

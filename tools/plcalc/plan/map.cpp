@@ -57,16 +57,16 @@ void draw_pieces(const Plan& plan, const View& view, Canvas& canvas)
 
 void draw_boundary(const Plan& plan, const std::vector<SheetPoint>& outline, const View& view, Canvas& canvas)
 {
-    const auto vertex = [&](std::size_t i) { return outline[i % outline.size()]; };
+    const std::vector<std::size_t>& next = plan.corners.next;
     for (std::size_t i = 0; i < outline.size(); ++i)
-        draw_line(view, canvas, vertex(i), vertex(i + 1), kInk, 1.0);
+        draw_line(view, canvas, outline[i], outline[next[i]], kInk, 1.0);
     if (plan.base_side)
-        draw_line(view, canvas, vertex(*plan.base_side), vertex(*plan.base_side + 1), kBlue, 3.0);
+        draw_line(view, canvas, outline[*plan.base_side], outline[next[*plan.base_side]], kBlue, 3.0);
     for (const SheetPoint& p : outline)
         if (view.box.holds(p))
             canvas.dot(p, outline.size() > kMany ? 0.8 : 1.8, kPaper, kInk);
-    if (plan.base_vertex && view.box.holds(vertex(*plan.base_vertex)))
-        canvas.dot(vertex(*plan.base_vertex), 3.5, kPaper, kBlue);
+    if (plan.base_vertex && view.box.holds(outline[*plan.base_vertex]))
+        canvas.dot(outline[*plan.base_vertex], 3.5, kPaper, kBlue);
 }
 
 void draw_lines(const Plan& plan, const View& view, Canvas& canvas)
@@ -85,7 +85,7 @@ void draw_map(const Plan& plan, const View& view, Canvas& canvas)
 {
     canvas.clip(view.box);
     draw_pieces(plan, view, canvas);
-    draw_boundary(plan, on_sheet(plan.ring, view), view, canvas);
+    draw_boundary(plan, on_sheet(plan.corners.at, view), view, canvas);
     draw_lines(plan, view, canvas);
     canvas.unclip();
 }

@@ -82,15 +82,34 @@ void add_lines(Plan& plan, const DivisionPoints& points, const Answer& answer)
     }
 }
 
+// One outline that goes to each hole and back the same way.
+plparcel::Ring with_holes_joined(const plparcel::Piece& piece)
+{
+    plparcel::Ring outline = piece.ring;
+    const PL_PNT2D_record start = piece.ring.front();
+    for (const plparcel::Ring& hole : piece.holes) {
+        outline.push_back(start);
+        outline.insert(outline.end(), hole.begin(), hole.end());
+        outline.push_back(hole.front());
+    }
+    if (!piece.holes.empty())
+        outline.push_back(start);
+    return outline;
+}
+
 void add_pieces(Plan& plan, const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;
     const std::string name = as_text(answer.parcel.name);
     for (std::size_t i = 0; i < printed.proven.pieces.size(); ++i) {
-        const bool is_rest = i + 1 == printed.proven.pieces.size();
+        const plparcel::Piece& piece = printed.proven.pieces[i];
+        const bool is_rest = piece.amount + 1 == printed.proven.held.size();
         const std::vector<std::string>& given = answer.asked.amounts;
-        plan.pieces.push_back({piece_title(name, i), printed.proven.pieces[i].ring, printed.areas[i],
-                               is_rest || i >= given.size() ? "rest" : given[i]});
+        const std::size_t parts = printed.proven.held[piece.amount].pieces;
+        plan.pieces.push_back({piece_title(name, i), with_holes_joined(piece), printed.areas[i],
+                               is_rest || piece.amount >= given.size()
+                                   ? "rest"
+                                   : (parts > 1 ? "part of " : "") + given[piece.amount]});
     }
 }
 
@@ -128,7 +147,7 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
     Plan plan;
     plan.unit = parcel.unit;
     plan.crs = as_text(parcel.crs);
-    plan.ring = parcel.ring;
+    plan.corners = points.rings;
     plan.area = printed.proven.ring.area;
     plan.decimals = printed.resolution.decimals;
     plan.end_decimals = printed.resolution.end_decimals;
@@ -143,10 +162,12 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
         plan.title_block.emplace_back(as_text(key), as_text(value));
     const std::string file = as_text(file_of(parcel.place));
     plan.title = parcel.name.empty() ? file : "Parcel " + as_text(parcel.name);
-    plan.subtitles = {
-        (parcel.name.empty() ? "" : file + ". ") + cut_sentence(answer.asked, parcel.ring.size()),
-        "Parcel " + plan.area_text(plan.area) + ", perimeter " + fixed(printed.proven.ring.perimeter, 2) +
-            (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};
+    plan.subtitles = {(parcel.name.empty() ? "" : file + ". ") + cut_sentence(answer.asked, parcel),
+                      "Parcel " + plan.area_text(plan.area) + ", perimeter " +
+                          fixed(printed.proven.ring.perimeter, 2) +
+                          (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};
+    if (answer.asked.number == 0)
+        return plan;
     const std::size_t index = static_cast<std::size_t>(answer.asked.number - 1);
     if (answer.asked.request.line.cut == plparcel::Cut::through_vertex)
         plan.base_vertex = index;

@@ -44,9 +44,9 @@ struct PlanLine {
 
 struct PlanPiece {
     std::string name;
-    plparcel::Ring ring;
-    double area = 0.0;  ///< as printed
-    std::string asked;  ///< as it was given; "rest" for the last one
+    plparcel::Ring ring;  ///< holes are joined to it by double lines
+    double area = 0.0;    ///< as printed
+    std::string asked;    ///< as it was given; "rest" for the last one
 };
 
 /// What the sheet says about itself: "Client" and "Rossi", in the order in which they are shown. An entry without a key
@@ -62,8 +62,8 @@ struct PlanWishes {
 struct Plan {
     std::string title;                   ///< the parcel
     std::vector<std::string> subtitles;  ///< file, and what was asked
-    plparcel::Ring ring;
-    std::vector<PlanPoint> points;  ///< corners first, in the order of the ring
+    Corners corners;
+    std::vector<PlanPoint> points;  ///< corners first, in the same order
     std::vector<PlanSide> sides;
     std::vector<PlanLine> lines;
     std::vector<PlanPiece> pieces;

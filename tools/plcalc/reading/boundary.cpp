@@ -4,6 +4,7 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -150,10 +151,17 @@ Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std:
                "a polygon or a closed line is needed");
 
     const OGRPolygon& polygon = *straight->toPolygon();
-    if (polygon.getNumInteriorRings() > 0)
-        refuse(place, "the parcel has holes (" + std::to_string(polygon.getNumInteriorRings()) + ")",
-               "only a parcel with one boundary can be divided");
-    return vertices_of(*polygon.getExteriorRing(), curved);
+    Boundary boundary = vertices_of(*polygon.getExteriorRing(), curved);
+    std::size_t vertices = boundary.ring.size();
+    for (int i = 0; i < polygon.getNumInteriorRings(); ++i) {
+        Boundary hole = vertices_of(*polygon.getInteriorRing(i), curved);
+        boundary.holes.push_back(std::move(hole.ring));
+        boundary.heights.insert(boundary.heights.end(), hole.heights.begin(), hole.heights.end());
+        vertices += boundary.holes.back().size();
+    }
+    if (boundary.heights.size() != vertices)
+        boundary.heights.clear();  // where only some rings have heights
+    return boundary;
 }
 
 }  // namespace tool

@@ -1,6 +1,6 @@
 #pragma once
 
-// Turns a geometry into a ring.
+// Turns a geometry into rings.
 
 #include <optional>
 #include <vector>
@@ -19,10 +19,11 @@ bool bounds_area(const OGRGeometry& geometry);
 /// A feature without a geometry.
 Failure without_geometry(const Place& place);
 
-/// A ring and its heights.
+/// The rings and their heights.
 struct Boundary {
     plparcel::Ring ring;
-    std::vector<double> heights;  ///< of the vertices; empty where the geometry has none
+    std::vector<plparcel::Ring> holes;
+    std::vector<double> heights;  ///< of the vertices of all rings; empty where the geometry has none
     bool had_arcs = false;        ///< whether chords took the place of arcs
 };
 
@@ -39,8 +40,8 @@ const OGRGeometry& part_of(const OGRGeometry& geometry, int part);
 /// @param[in] geometry  the geometry; measures are ignored
 /// @param[in] place     file and feature, for messages
 /// @param[in] arcs      how far chords that take the place of arcs may be from them; without it, curves are refused
-/// @return the vertices in order, without the closing one
-/// @throws Failure      unusable_input: an empty geometry, curves, holes or an open line
+/// @return the vertices in order, without the closing ones
+/// @throws Failure      unusable_input: an empty geometry, curves or an open line
 Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std::optional<double>& arcs = {});
 
 /// A boundary with arcs, which are not allowed to become chords.

@@ -382,6 +382,7 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     Parcel read;
     read.place = parcel.place;
     read.ring = std::move(boundary.ring);
+    read.holes = std::move(boundary.holes);
     read.heights = std::move(boundary.heights);
     const OGRSpatialReference* const crs = crs_ ? &*crs_ : geometry->getSpatialReference();
     const bool stated = crs_ || (!is_format(*dataset_, "GeoJSON") && !is_format(*dataset_, "GeoJSONSeq"));

@@ -29,7 +29,7 @@ struct ReadParcel {
     OGRFeatureUniquePtr feature;     ///< null where all rows of a table of points are one parcel
 };
 
-/// The parcels of one layer: polygons without holes, closed lines, or the points of a CSV file with a column for
+/// The parcels of one layer: polygons, closed lines, or the points of a CSV file with a column for
 /// East and one for North, and perhaps one for the parcel's name. In a drawing without any closed line, lines whose ends
 /// meet are joined.
 class ParcelFile {

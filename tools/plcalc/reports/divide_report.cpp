@@ -16,30 +16,39 @@ namespace {
 using plparcel::Cut;
 using plparcel::Measured;
 
-std::string line_label(std::size_t line, std::size_t count)
+std::string line_label(const PrintedDivision& printed, std::size_t i)
 {
-    return count > 1 ? "Dividing line " + std::to_string(line + 1) : "Dividing line";
+    const PrintedLine& line = printed.lines[i];
+    const std::size_t count = printed.proven.lines.size();
+    return std::string("Dividing line") + (count > 1 ? " " + std::to_string(line.line + 1) : "") +
+           (line.parts > 1 ? ", part " + std::to_string(line.part + 1) : "");
 }
 
 // With one request, the requested and the measured area stand below each other; with several, beside each
-// other.
+// other. An amount in several pieces is followed by them.
 std::vector<Row> area_rows(const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;
     const auto area = [&](double value) { return fixed(value, printed.resolution.area_decimals); };
-    const auto label = [&](std::size_t i) {
-        return "  " + piece_name(answer.asked, answer.parcel.ring.size(), i);
-    };
-    const std::vector<plparcel::Piece>& pieces = printed.proven.pieces;
-    std::vector<Row> rows;
-    if (pieces.size() == 2) {
-        rows = {{"Area", {}}, {"  requested", {area(pieces[0].asked)}}};
-        for (std::size_t i = 0; i < pieces.size(); ++i)
-            rows.push_back({label(i), {area(printed.areas[i])}});
-    } else {
+    const std::vector<plparcel::Held>& held = printed.proven.held;
+    const bool one_amount = held.size() == 2;
+    std::vector<Row> rows = {{"Area", {}}};
+    if (one_amount)
+        rows.push_back({"  requested", {area(held[0].asked)}});
+    else
         rows = {{"Area", {"requested", "measured"}}};
-        for (std::size_t i = 0; i < pieces.size(); ++i)
-            rows.push_back({label(i), {area(pieces[i].asked), area(printed.areas[i])}});
+    std::size_t piece = 0;
+    for (std::size_t i = 0; i < held.size(); ++i) {
+        const std::string label = "  " + amount_name(answer.asked, answer.parcel, i);
+        const std::string total = area(held[i].pieces == 1 ? printed.areas[piece] : held[i].area);
+        rows.push_back({label, {total}});
+        if (!one_amount)
+            rows.back().cells.insert(rows.back().cells.begin(), area(held[i].asked));
+        for (std::size_t k = 0; k < held[i].pieces; ++k, ++piece)
+            if (held[i].pieces > 1)
+                rows.push_back({"    " + std::to_string(k + 1) + " of " + std::to_string(held[i].pieces),
+                                one_amount ? std::vector<std::string>{area(printed.areas[piece])}
+                                           : std::vector<std::string>{"", area(printed.areas[piece])}});
     }
     return rows;
 }
@@ -55,13 +64,23 @@ std::string described_decimals(const Answer& answer)
            std::to_string(*asked) + " do not hold the area\n";
 }
 
+// Where several lines hold the area, which one this is.
+std::string described_alternative(const Answer& answer)
+{
+    const std::size_t count = answer.printed.alternatives;
+    if (count == 0)
+        return "";
+    const std::size_t chosen = answer.asked.request.alternative;
+    return "Chosen  line " + std::to_string(chosen + 1) + " of the " + std::to_string(count) +
+           (count > 1 ? " that hold the area (--alternative)\n" : " that holds the area\n");
+}
+
 // What nobody can stake out must be said.
 std::string warnings(const Answer& answer)
 {
     std::string text;
     for (const NearSide& near : lines_at_sides(answer))
-        text += line_label(near.line, answer.printed.lines.size()) + " is within " +
-                shortest(kStakeoutMetres) + " m of " +
+        text += line_label(answer.printed, near.line) + " is within " + shortest(kStakeoutMetres) + " m of " +
                 numbered("side", static_cast<long long>(near.side) + 1) +
                 ": staked out, the two cannot be told apart\n";
     return text.empty() ? text : "\n" + text;
@@ -85,6 +104,19 @@ std::vector<std::string> coordinates(const PL_PNT2D_record& p, const Answer& ans
     if (!answer.parcel.heights.empty())
         cells.push_back(height_text(heights.at(p), resolution.decimals));
     return cells;
+}
+
+// A dividing line, of which this is the first part.
+Json line_json(const Answer& answer, std::size_t first, const Heights& heights)
+{
+    const std::vector<PrintedLine>& lines = answer.printed.lines;
+    const std::size_t parts = lines[first].parts;
+    Json json = {{"from", point(lines[first].start, answer, heights)},
+                 {"to", point(lines[first + parts - 1].end, answer, heights)}};
+    for (std::size_t i = first; parts > 1 && i < first + parts; ++i)
+        json["segments"].push_back(
+            {{"from", point(lines[i].start, answer, heights)}, {"to", point(lines[i].end, answer, heights)}});
+    return json;
 }
 
 const char* cut_name(Cut cut)
@@ -113,7 +145,6 @@ const char* cut_name(Cut cut)
 std::string division_table(const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;
-    const std::size_t vertices = answer.parcel.ring.size();
     const auto length = [&](double value) { return fixed(value, printed.resolution.decimals); };
     const plparcel::RingReport& ring = printed.proven.ring;
     const Heights heights(answer.parcel, printed.proven.decimals);
@@ -122,23 +153,24 @@ std::string division_table(const Answer& answer)
         axes.push_back("Z");
     std::vector<Row> rows;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
-        const PL_LINE_2D_record& line = printed.lines[i];
-        rows.push_back({line_label(i, printed.lines.size()), axes});
+        const PrintedLine& line = printed.lines[i];
+        rows.push_back({line_label(printed, i), axes});
         rows.push_back({"  from", coordinates(line.start, answer, heights)});
         rows.push_back({"  to", coordinates(line.end, answer, heights)});
     }
     rows.push_back({"", {}});
     for (const Row& row : area_rows(answer))
         rows.push_back(row);
-    const std::vector<std::string> indent(printed.lines.size() > 1 ? 1 : 0);
+    const std::vector<std::string> indent(printed.proven.lines.size() > 1 ? 1 : 0);
     rows.push_back({"  parcel", indent});
     rows.back().cells.push_back(fixed(ring.area, printed.resolution.area_decimals));
     rows.push_back({"Perimeter", indent});
     rows.back().cells.push_back(length(ring.perimeter));
     return "Parcel  " + heading(answer.parcel.place, answer.parcel.assumed) + "\n        " +
-           std::to_string(vertices) + " vertices, " + direction_name(ring.anticlockwise) + "\nCut     " +
-           described_cut(answer.asked, vertices) + "\nAsked   " + described_amounts(answer.asked) + "\n" +
-           described_decimals(answer) + "\n" + labelled(rows) + warnings(answer);
+           described_rings(answer.parcel, ring.anticlockwise) + "\nCut     " +
+           described_cut(answer.asked, answer.parcel) + "\nAsked   " + described_amounts(answer.asked) +
+           "\n" + described_decimals(answer) + described_alternative(answer) + "\n" + labelled(rows) +
+           warnings(answer);
 }
 
 Json division_json(const Answer& answer)
@@ -154,7 +186,14 @@ Json division_json(const Answer& answer)
         json["assumed"] = answer.parcel.assumed;
     json["status"] = "divided";
     json["cut"] = cut_name(asked.request.line.cut);
-    json["number"] = asked.number;
+    if (asked.number != 0)
+        json["number"] = asked.number;
+    if (!asked.line.empty())
+        json["line"] = asked.line;
+    if (printed.alternatives > 0) {
+        json["alternative"] = asked.request.alternative + 1;
+        json["alternatives"] = printed.alternatives;
+    }
     json["measured"] = asked.request.measured == Measured::from_reference ? "from_reference" : "opposite";
     json["area"] = number(ring.area, area_decimals);
     json["perimeter"] = number(ring.perimeter, decimals);
@@ -162,17 +201,23 @@ Json division_json(const Answer& answer)
     json["decimals"] = printed.proven.decimals ? Json(*printed.proven.decimals) : Json();
     const Heights heights(answer.parcel, printed.proven.decimals);
     json["lines"] = Json::array();
-    for (const PL_LINE_2D_record& line : printed.lines)
-        json["lines"].push_back(
-            {{"from", point(line.start, answer, heights)}, {"to", point(line.end, answer, heights)}});
+    for (std::size_t i = 0, part = 0; i < printed.proven.lines.size(); part += printed.lines[part].parts, ++i)
+        json["lines"].push_back(line_json(answer, part, heights));
     for (const NearSide& near : lines_at_sides(answer))
-        json["lines"][near.line]["at_side"] = near.side + 1;
+        json["lines"][printed.lines[near.line].line]["at_side"] = near.side + 1;
     json["pieces"] = Json::array();
-    for (std::size_t i = 0; i < printed.areas.size(); ++i)
-        json["pieces"].push_back({{"piece", piece_name(asked, answer.parcel.ring.size(), i)},
-                                  {"given", i < asked.amounts.size() ? Json(asked.amounts[i]) : Json()},
-                                  {"requested", number(printed.proven.pieces[i].asked, area_decimals)},
-                                  {"area", number(printed.areas[i], area_decimals)}});
+    for (std::size_t i = 0; i < printed.areas.size(); ++i) {
+        const plparcel::Piece& piece = printed.proven.pieces[i];
+        json["pieces"].push_back(
+            {{"piece", piece_name(answer, i)},
+             {"amount", piece.amount + 1},
+             {"given", piece.amount < asked.amounts.size() ? Json(asked.amounts[piece.amount]) : Json()},
+             {"requested", number(piece.asked, area_decimals)},
+             {"area", number(printed.areas[i], area_decimals)}});
+        if (printed.proven.held[piece.amount].pieces > 1)
+            json["pieces"].back()["area_of_amount"] =
+                number(printed.proven.held[piece.amount].area, area_decimals);
+    }
     return json;
 }
 

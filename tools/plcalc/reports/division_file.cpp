@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include "answers/division_points.h"
@@ -118,7 +119,7 @@ void add_parcel(const Reported& reported, ReportText& text)
     text.item("Source: " + heading(parcel.place, parcel.assumed));
     text.item("Coordinates: " + (parcel.crs.empty() ? "no CRS stated" : parcel.crs) +
               (parcel.unit.name.empty() ? "; the unit is not stated" : ", in " + parcel.unit.name));
-    text.item("Corners: " + std::to_string(parcel.ring.size()) + ", " + direction_name(ring.anticlockwise));
+    text.item("Boundary: " + described_rings(parcel, ring.anticlockwise));
     text.item("Area: " + reported.area(ring.area));
     text.item("Perimeter: " + fixed(ring.perimeter, reported.decimals()) + reported.unit);
 }
@@ -128,16 +129,22 @@ void add_request(const Reported& reported, ReportText& text)
     const Answer& answer = reported.answer;
     const std::optional<int>& decimals = answer.printed.proven.decimals;
     text.heading("Request");
-    text.item("Cut: " + described_cut(answer.asked, answer.parcel.ring.size()));
+    text.item("Cut: " + described_cut(answer.asked, answer.parcel));
     text.item("Areas asked for: " + described_amounts(answer.asked));
     text.heading("Method");
-    text.paragraph(
-        "Each line is computed with all digits, and proven: it lies in the parcel, ends on the boundary and "
-        "makes exactly two pieces. " +
-        (decimals ? "Its ends are then rounded to " + std::to_string(*decimals) +
-                        " decimals, and the rounded line is proven again. The areas below are those of the "
-                        "rounded lines."
-                  : std::string("Its ends keep all their digits: with fewer the areas would not hold.")));
+    const bool whole = answer.asked.request.pieces == plparcel::Pieces::any || !answer.parcel.holes.empty();
+    const std::string found =
+        whole
+            ? "Each line is computed with all digits, and proven: it ends on the boundary, and the pieces on "
+              "either side of it hold what they should. "
+            : "Each line is computed with all digits, and proven: it lies in the parcel, ends on the "
+              "boundary "
+              "and makes exactly two pieces. ";
+    text.paragraph(found + (decimals
+                                ? "Its ends are then rounded to " + std::to_string(*decimals) +
+                                      " decimals, and the rounded line is proven again. The areas below are "
+                                      "those of the rounded lines."
+                                : std::string("Its ends keep all their digits.")));
 }
 
 void add_points(const Reported& reported, ReportText& text)
@@ -185,11 +192,25 @@ void add_cut_sides(const Reported& reported, ReportText& text)
 void add_pieces(const Reported& reported, ReportText& text)
 {
     const PrintedDivision& printed = reported.answer.printed;
+    const auto cells = [&](const std::string& name, double asked, double area) {
+        return Cells{name, reported.area(asked), reported.area(area), reported.area(area - asked)};
+    };
     std::vector<Cells> rows = {{"Piece", "asked", "area", "difference"}};
+    std::string together;  // the pieces of an amount that has several
     for (std::size_t i = 0; i < printed.areas.size(); ++i) {
-        const double asked = printed.proven.pieces[i].asked;
-        rows.push_back({piece_title(reported.answer.parcel.name, i), reported.area(asked),
-                        reported.area(printed.areas[i]), reported.area(printed.areas[i] - asked)});
+        const plparcel::Piece& piece = printed.proven.pieces[i];
+        const plparcel::Held& held = printed.proven.held[piece.amount];
+        const std::string name = piece_title(reported.answer.parcel.name, i);
+        if (held.pieces == 1) {
+            rows.push_back(cells(name, piece.asked, printed.areas[i]));
+            continue;
+        }
+        rows.push_back({name, "", reported.area(printed.areas[i]), ""});
+        together += (together.empty() ? "" : " + ") + name;
+        const bool is_last =
+            i + 1 == printed.areas.size() || printed.proven.pieces[i + 1].amount != piece.amount;
+        if (is_last)
+            rows.push_back(cells(std::exchange(together, {}), held.asked, held.area));
     }
     text.heading("Pieces");
     text.table(rows);
@@ -200,10 +221,10 @@ void add_checks(const Reported& reported, ReportText& text)
     const PrintedDivision& printed = reported.answer.printed;
     double sum = 0.0;
     double worst = 0.0;
-    for (std::size_t i = 0; i < printed.areas.size(); ++i) {
-        sum += printed.areas[i];
-        worst = std::max(worst, std::fabs(printed.areas[i] - printed.proven.pieces[i].asked));
-    }
+    for (const double area : printed.areas)
+        sum += area;
+    for (const plparcel::Held& held : printed.proven.held)
+        worst = std::max(worst, std::fabs(held.area - held.asked));
     text.heading("Checks");
     text.item("Sum of the pieces: " + reported.area(sum));
     text.item("Area of the parcel: " + reported.area(printed.proven.ring.area));

@@ -93,11 +93,14 @@ std::string ManyReport::kept_of(const Answer& answer) const
     const int decimals = printed.resolution.end_decimals;
     std::string rows;
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
-        const PL_LINE_2D_record& line = printed.lines[i];
-        rows += without_ends(answer.parcel.place.feature) + kCellEnd + std::to_string(i + 1);
+        const PrintedLine& line = printed.lines[i];
+        const std::string name =
+            std::to_string(line.line + 1) + (line.parts > 1 ? "." + std::to_string(line.part + 1) : "");
+        rows += without_ends(answer.parcel.place.feature) + kCellEnd + name;
         for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
             rows += kCellEnd + fixed(value, decimals);
-        rows += kCellEnd + fixed(printed.areas[i], printed.resolution.area_decimals) + kRowEnd;
+        rows += kCellEnd + fixed(printed.proven.held[line.line].area, printed.resolution.area_decimals) +
+                kRowEnd;
     }
     return rows;
 }

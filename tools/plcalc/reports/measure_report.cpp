@@ -14,25 +14,26 @@ namespace {
 
 using Cells = std::vector<std::string>;
 
-std::string sides_table(const Measures& measures, const Resolution& resolution)
+std::string sides_table(const Corners& corners, const Measures& measures, const Resolution& resolution)
 {
     const std::size_t n = measures.sides.size();
     std::vector<Cells> rows = {{"Side", "from", "to", "Length", "Bearing, gon", "degrees"}};
     for (std::size_t i = 0; i < n; ++i) {
         const MeasuredSide& side = measures.sides[i];
-        rows.push_back({std::to_string(i + 1), std::to_string(i + 1), std::to_string((i + 1) % n + 1),
+        rows.push_back({std::to_string(i + 1), std::to_string(i + 1), std::to_string(corners.next[i] + 1),
                         fixed(side.length, resolution.decimals), gon_text(side.bearing_gon, kAngleDecimals),
                         degree_text(side.bearing_gon, kAngleDecimals)});
     }
     return columns(rows);
 }
 
-std::string vertices_table(const Parcel& parcel, const Measures& measures, const Resolution& resolution)
+std::string vertices_table(const Parcel& parcel, const Corners& corners, const Measures& measures,
+                           const Resolution& resolution)
 {
     std::vector<Cells> rows = {{"Vertex", "E", "N", "Angle, gon", "degrees"}};
-    for (std::size_t i = 0; i < parcel.ring.size(); ++i)
-        rows.push_back({std::to_string(i + 1), fixed(parcel.ring[i].x, resolution.decimals),
-                        fixed(parcel.ring[i].y, resolution.decimals),
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        rows.push_back({std::to_string(i + 1), fixed(corners.at[i].x, resolution.decimals),
+                        fixed(corners.at[i].y, resolution.decimals),
                         gon_text(measures.vertices[i].angle_gon, kAngleDecimals),
                         degree_text(measures.vertices[i].angle_gon, kAngleDecimals)});
     for (std::size_t i = 0; i < rows.size() && !parcel.heights.empty(); ++i)
@@ -46,12 +47,13 @@ std::string vertices_table(const Parcel& parcel, const Measures& measures, const
 std::string measures_table(const Parcel& parcel, const Measures& measures)
 {
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
+    const Corners corners = corners_of(parcel);
     return "Parcel  " + heading(parcel.place, parcel.assumed) + "\n        " +
-           std::to_string(parcel.ring.size()) + " vertices, " + direction_name(measures.anticlockwise) +
-           "\n\n" +
+           described_rings(parcel, measures.anticlockwise) + "\n\n" +
            labelled({{"Area", {fixed(measures.area, resolution.area_decimals)}},
                      {"Perimeter", {fixed(measures.perimeter, resolution.decimals)}}}) +
-           "\n" + sides_table(measures, resolution) + "\n" + vertices_table(parcel, measures, resolution);
+           "\n" + sides_table(corners, measures, resolution) + "\n" +
+           vertices_table(parcel, corners, measures, resolution);
 }
 
 std::string measures_json(const Parcel& parcel, const Measures& measures)
@@ -66,19 +68,22 @@ std::string measures_json(const Parcel& parcel, const Measures& measures)
     json["perimeter"] = number(measures.perimeter, resolution.decimals);
     json["sides"] = Json::array();
     json["vertices"] = Json::array();
-    const std::size_t n = parcel.ring.size();
+    if (!parcel.holes.empty())
+        json["holes"] = parcel.holes.size();
+    const Corners corners = corners_of(parcel);
+    const std::size_t n = corners.size();
     for (std::size_t i = 0; i < n; ++i) {
         const MeasuredSide& side = measures.sides[i];
         json["sides"].push_back({{"side", i + 1},
                                  {"from", i + 1},
-                                 {"to", (i + 1) % n + 1},
+                                 {"to", corners.next[i] + 1},
                                  {"length", number(side.length, resolution.decimals)},
                                  {"bearing_gon", number(gon_text(side.bearing_gon, kAngleDecimals))},
                                  {"bearing_deg", number(degree_text(side.bearing_gon, kAngleDecimals))}});
         const std::optional<double>& angle = measures.vertices[i].angle_gon;
         json["vertices"].push_back({{"vertex", i + 1},
-                                    {"e", number(parcel.ring[i].x, resolution.decimals)},
-                                    {"n", number(parcel.ring[i].y, resolution.decimals)},
+                                    {"e", number(corners.at[i].x, resolution.decimals)},
+                                    {"n", number(corners.at[i].y, resolution.decimals)},
                                     {"angle_gon", number(gon_text(angle, kAngleDecimals))},
                                     {"angle_deg", number(degree_text(angle, kAngleDecimals))}});
         if (!parcel.heights.empty())

@@ -29,10 +29,13 @@ Failure cannot_cut(const Answer& answer, const std::string& problem, const std::
     return {ExitStatus::cannot_cut, answer.parcel.place, problem, advice};
 }
 
-std::string side_name(std::size_t side, const plparcel::Ring& ring)
+// A side by its ring.
+std::string side_name(const plparcel::RingReport& report, std::size_t which, const Parcel& parcel)
 {
-    return "side " + std::to_string(side + 1) + ", from vertex " + std::to_string(side + 1) + " to " +
-           std::to_string((side + 1) % ring.size() + 1);
+    std::size_t first = 0;
+    for (std::size_t ring = 0; ring < report.meeting_rings[which]; ++ring)
+        first += ring == 0 ? parcel.ring.size() : parcel.holes[ring - 1].size();
+    return described_side(parcel, static_cast<long long>(first + report.meeting_sides[which]) + 1);
 }
 
 std::size_t first_not_finite(const plparcel::Ring& ring)
@@ -48,7 +51,14 @@ Failure no_such_number(const Answer& answer)
     const bool vertex = answer.asked.request.line.cut == Cut::through_vertex;
     return wrong_use(answer, "there is no " + numbered(vertex ? "vertex" : "side", answer.asked.number),
                      std::string("the parcel has ") + (vertex ? "vertices" : "sides") + " 1 to " +
-                         std::to_string(answer.parcel.ring.size()));
+                         std::to_string(vertex_count(answer.parcel)));
+}
+
+bool is_width(const Answer& answer)
+{
+    const std::vector<plparcel::Amount>& amounts = answer.asked.request.amounts;
+    const std::size_t at = answer.printed.proven.at_amount;
+    return at < amounts.size() && amounts[at].given == plparcel::Given::as_width;
 }
 
 // The amount that could not be cut, as it was given.
@@ -57,7 +67,7 @@ std::string described_amount(const Answer& answer)
     const std::vector<std::string>& amounts = answer.asked.amounts;
     const std::size_t at = answer.printed.proven.at_amount;
     const std::string text = at < amounts.size() ? amounts[at] : std::string();
-    return "the requested area " + text +
+    return (is_width(answer) ? "the requested " : "the requested area ") + text +
            (amounts.size() > 1 ? " (number " + std::to_string(at + 1) + " of the list)" : "");
 }
 
@@ -70,6 +80,8 @@ Failure out_of_range(const Answer& answer)
         "the parcel's area " + fixed(area, resolution_of(answer.parcel.ring, area).area_decimals);
     if (answer.printed.proven.status == Status::amount_too_small)
         return cannot_cut(answer, amount + " is too small beside " + whole, "ask for more");
+    if (is_width(answer))
+        return cannot_cut(answer, amount + " reaches beyond what is left of the parcel", "ask for less");
     return cannot_cut(
         answer, amount + (at > 0 ? ", together with those before it," : "") + " is not less than " + whole,
         "ask for less");
@@ -85,7 +97,7 @@ Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& repo
     };
     switch (report.status) {
     case BoundaryStatus::not_finite:
-        return failure("vertex " + std::to_string(first_not_finite(parcel.ring) + 1) +
+        return failure("vertex " + std::to_string(first_not_finite(corners_of(parcel).at) + 1) +
                            " has a coordinate that is not finite",
                        "correct it");
     case BoundaryStatus::too_few_vertices:
@@ -95,12 +107,17 @@ Failure unusable_boundary(const Parcel& parcel, const plparcel::RingReport& repo
     case BoundaryStatus::meets_itself:
         return failure("the boundary crosses or touches itself",
                        "correct it so that it passes every vertex and side once",
-                       side_name(report.meeting_sides[0], parcel.ring) + ", meets " +
-                           side_name(report.meeting_sides[1], parcel.ring));
+                       side_name(report, 0, parcel) + ", meets " + side_name(report, 1, parcel));
     case BoundaryStatus::rings_meet:
+        return failure("the boundaries of the parcel and its holes meet",
+                       "correct them so that each keeps apart from the others",
+                       side_name(report, 0, parcel) + ", meets " + side_name(report, 1, parcel));
     case BoundaryStatus::hole_outside:
     case BoundaryStatus::hole_in_hole:
-        return failure(describe(report.status), "correct the hole");
+        return failure("hole " + std::to_string(report.at_ring) +
+                           (report.status == BoundaryStatus::hole_outside ? " does not lie in the parcel"
+                                                                          : " lies in another hole"),
+                       "correct it, or draw it as a parcel of its own");
     case BoundaryStatus::out_of_range:
     case BoundaryStatus::usable:
         break;
@@ -145,6 +162,40 @@ Failure refusal(const Answer& answer)
                           "choose another side, vertex or kind of cut");
     case Status::not_reached:
         return cannot_cut(answer, kTooCoarse, "use coordinates from an origin nearby");
+    case Status::whole_line_parts_more:
+        return cannot_cut(answer,
+                          "the line that cuts off " + described_amount(answer) +
+                              " makes more than two pieces of a parcel with holes",
+                          "allow any number with --pieces any, or choose another side or kind of cut");
+    case Status::no_direction:
+        return wrong_use(answer, "the two ends of the segment are one point", "name two different points");
+    case Status::no_width:
+        return wrong_use(answer, "a line from a vertex or a place, or through a point, has no width to keep",
+                         "ask for an area");
+    case Status::no_such_place:
+        return wrong_use(
+            answer, answer.asked.line + " lies beyond the end of " + numbered("side", answer.asked.number),
+            "name a distance from 0 to the length of the side");
+    case Status::point_outside:
+        return cannot_cut(answer, "the point " + answer.asked.line + " lies outside the parcel",
+                          "name one inside or on the boundary");
+    case Status::only_two_pieces:
+        return wrong_use(answer, "--pieces any needs a line that has a direction",
+                         "cut along a side, across it, or at a bearing");
+    case Status::no_line_through_point:
+        return cannot_cut(answer, "no line through the point cuts off " + described_amount(answer),
+                          "ask for another area, or choose another point");
+    case Status::no_further_line:
+        return cannot_cut(answer,
+                          "there is no line number " + std::to_string(answer.asked.request.alternative + 1) +
+                              ": those that cut off " + described_amount(answer) + " are " +
+                              std::to_string(answer.printed.alternatives),
+                          "choose one with --alternative N, from 1");
+    case Status::only_without_holes:
+        return cannot_cut(answer, plparcel::describe(status), "cut along a side, across it, or at a bearing");
+    case Status::only_all_digits:
+        return wrong_use(answer, "--decimals: " + std::string(plparcel::describe(status)),
+                         "leave --decimals out");
     default:
         break;
     }

@@ -8,25 +8,28 @@ namespace {
 using plparcel::Cut;
 using plparcel::Measured;
 
-// After the last vertex comes the first.
-long long after(long long number, std::size_t vertices)
+// After the last vertex of a ring comes its first.
+long long neighbour(const Parcel& parcel, long long number, bool after)
 {
-    return number % static_cast<long long>(vertices) + 1;
+    const std::optional<RingIndex> at = in_ring(parcel, static_cast<std::size_t>(number - 1));
+    if (!at)
+        return number;
+    const std::size_t step = after ? 1 : at->count - 1;
+    return static_cast<long long>(at->first + (at->index + step) % at->count + 1);
 }
 
-long long before(long long number, std::size_t vertices)
+long long after(const Parcel& parcel, long long number)
 {
-    return number > 1 ? number - 1 : static_cast<long long>(vertices);
+    return neighbour(parcel, number, true);
 }
 
-std::string described_side(long long number, std::size_t vertices)
+long long before(const Parcel& parcel, long long number)
 {
-    return numbered("side", number) + ", from vertex " + std::to_string(number) + " to vertex " +
-           std::to_string(after(number, vertices));
+    return neighbour(parcel, number, false);
 }
 
 // Where the first piece lies.
-std::string place_of_first(const Asked& asked, std::size_t vertices)
+std::string place_of_first(const Asked& asked, const Parcel& parcel)
 {
     const bool near = asked.request.measured == Measured::from_reference;
     switch (asked.request.line.cut) {
@@ -34,10 +37,10 @@ std::string place_of_first(const Asked& asked, std::size_t vertices)
         return near ? "along " + numbered("side", asked.number)
                     : "beyond the line from " + numbered("side", asked.number);
     case Cut::perpendicular:
-        return near ? "ahead towards " + numbered("vertex", after(asked.number, vertices))
+        return near ? "ahead towards " + numbered("vertex", after(parcel, asked.number))
                     : "behind towards " + numbered("vertex", asked.number);
     case Cut::through_place:
-        return near ? "towards " + numbered("vertex", after(asked.number, vertices))
+        return near ? "towards " + numbered("vertex", after(parcel, asked.number))
                     : "towards " + numbered("vertex", asked.number);
     case Cut::through_point:
     case Cut::at_bearing:
@@ -46,7 +49,7 @@ std::string place_of_first(const Asked& asked, std::size_t vertices)
     case Cut::through_vertex:
         break;
     }
-    return "along " + numbered("side", near ? asked.number : before(asked.number, vertices));
+    return "along " + numbered("side", near ? asked.number : before(parcel, asked.number));
 }
 
 }  // namespace
@@ -61,21 +64,21 @@ std::string numbered(const char* what, long long number)
     return std::string(what) + " " + std::to_string(number);
 }
 
-std::string described_cut(const Asked& asked, std::size_t vertices)
+std::string described_cut(const Asked& asked, const Parcel& parcel)
 {
     switch (asked.request.line.cut) {
     case Cut::parallel:
-        return "parallel to " + described_side(asked.number, vertices);
+        return "parallel to " + described_side(parcel, asked.number);
     case Cut::perpendicular:
-        return "perpendicular to " + described_side(asked.number, vertices);
+        return "perpendicular to " + described_side(parcel, asked.number);
     case Cut::at_bearing:
-        return "at the bearing";
+        return "at the bearing " + asked.line;
     case Cut::along_segment:
-        return "along the segment";
+        return "in the direction from " + asked.line;
     case Cut::through_place:
-        return "from a place on " + described_side(asked.number, vertices);
+        return "from " + asked.line + " along " + described_side(parcel, asked.number);
     case Cut::through_point:
-        return "through the point";
+        return "through the point " + asked.line;
     case Cut::through_vertex:
         break;
     }
@@ -95,17 +98,44 @@ std::string described_amounts(const Asked& asked)
     return list;
 }
 
-std::string piece_name(const Asked& asked, std::size_t vertices, std::size_t piece)
+std::string amount_name(const Asked& asked, const Parcel& parcel, std::size_t amount)
 {
     if (asked.request.amounts.size() == 1)
-        return piece == 0 ? "cut off, " + place_of_first(asked, vertices) : "rest";
-    const std::string name = "piece " + std::to_string(piece + 1);
-    return piece == 0 ? name + ", " + place_of_first(asked, vertices) : name;
+        return amount == 0 ? "cut off, " + place_of_first(asked, parcel) : "rest";
+    const std::string name = "piece " + std::to_string(amount + 1);
+    return amount == 0 ? name + ", " + place_of_first(asked, parcel) : name;
 }
 
-std::string cut_sentence(const Asked& asked, std::size_t vertices)
+std::string piece_name(const Answer& answer, std::size_t piece)
 {
-    return "Cut " + described_cut(asked, vertices) + ": " + described_amounts(asked);
+    const plparcel::Division& division = answer.printed.proven;
+    const std::size_t amount = division.pieces[piece].amount;
+    const std::size_t count = division.held[amount].pieces;
+    const std::string name = amount_name(answer.asked, answer.parcel, amount);
+    if (count == 1)
+        return name;
+    std::size_t first = piece;
+    while (first > 0 && division.pieces[first - 1].amount == amount)
+        --first;
+    return name + " (" + std::to_string(piece - first + 1) + " of " + std::to_string(count) + ")";
+}
+
+std::string described_rings(const Parcel& parcel, bool anticlockwise)
+{
+    const std::size_t holes = parcel.holes.size();
+    return std::to_string(vertex_count(parcel)) + " vertices, " + direction_name(anticlockwise) +
+           (holes == 0 ? "" : ", " + std::to_string(holes) + (holes == 1 ? " hole" : " holes"));
+}
+
+std::string described_side(const Parcel& parcel, long long number)
+{
+    return numbered("side", number) + ", from vertex " + std::to_string(number) + " to vertex " +
+           std::to_string(after(parcel, number));
+}
+
+std::string cut_sentence(const Asked& asked, const Parcel& parcel)
+{
+    return "Cut " + described_cut(asked, parcel) + ": " + described_amounts(asked);
 }
 
 }  // namespace tool

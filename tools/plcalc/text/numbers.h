@@ -14,6 +14,12 @@ std::optional<double> parse_number(const std::string& text);
 /// Reads a text that is a whole number from end to end, blanks around it allowed; nothing for any other text.
 std::optional<long long> parse_whole(const std::string& text);
 
+/// Reads an angle: gons as in "112.5"; degrees as in "101.25d", "101°15'30\"" or "101-15-30", the same with d for the
+/// sign of degrees; or a quadrant bearing as in "S78°44'30\"E" or "S78-44-30E".
+///
+/// @return gons; nothing for any other text, and for minutes or seconds that are not from 0 to below 60
+std::optional<double> parse_angle(const std::string& text);
+
 /// A number with more decimals is written with an exponent.
 constexpr int kMaxDecimals = 17;
 

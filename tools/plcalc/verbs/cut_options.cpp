@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <sstream>
 
 #include "text/numbers.h"
@@ -15,8 +16,10 @@ constexpr long long kMaxParts = 1000;
 
 constexpr double kPercent = 100.0;
 
-const char* const kCuts[] = {"--parallel", "--perpendicular", "--vertex"};
-const char* const kAmounts[] = {"--area", "--product", "--share", "--areas", "--parts"};
+const char* const kCuts[] = {"--parallel",      "--perpendicular", "--vertex", "--bearing",
+                             "--along-segment", "--place",         "--through"};
+const char* const kAmounts[] = {"--area", "--product", "--share", "--width", "--areas", "--parts"};
+const char* const kOthers[] = {"--alternative", "--pieces", "--decimals", "--tolerance"};
 
 }  // namespace
 
@@ -26,7 +29,14 @@ CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::stri
     options().add_option("--parallel", parallel_)->type_name("SIDE");
     options().add_option("--perpendicular", perpendicular_)->type_name("SIDE");
     options().add_option("--vertex", vertex_)->type_name("N");
+    options().add_option("--bearing", bearing_)->type_name("ANGLE");
+    options().add_option("--along-segment", segment_)->type_name("E,N,E,N");
+    options().add_option("--place", place_)->type_name("SIDE,DISTANCE");
+    options().add_option("--through", through_)->type_name("E,N");
+    options().add_option("--alternative", alternative_)->type_name("N");
+    options().add_option("--pieces", pieces_)->type_name("two|any");
     options().add_option("--area", area_)->type_name("A");
+    options().add_option("--width", width_)->type_name("W");
     options().add_option("--product", product_)->expected(2)->type_name("A B");
     options().add_option("--share", share_)->type_name("SHARE");
     options().add_option("--areas", areas_)->type_name("LIST");
@@ -41,7 +51,7 @@ bool CuttingVerb::asks_for_cut() const
     const auto is_given = [&](const char* option) { return given(option); };
     return std::any_of(std::begin(kCuts), std::end(kCuts), is_given) ||
            std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_ ||
-           given("--decimals") || given("--tolerance");
+           std::any_of(std::begin(kOthers), std::end(kOthers), is_given);
 }
 
 plparcel::Amount CuttingVerb::share(const std::string& option, const std::string& text) const
@@ -66,12 +76,39 @@ plparcel::Amount CuttingVerb::product(const std::string& option, const std::stri
     return made;
 }
 
-// One of a list: 1000, 40x50, 1/3 or 25%.
+plparcel::Amount CuttingVerb::width(const std::string& option, const std::string& text) const
+{
+    return plparcel::width(amount(option, text));
+}
+
+// "500010,5000020": so many numbers with commas between them.
+std::vector<double> CuttingVerb::numbers(const std::string& option, const std::string& text,
+                                         std::size_t count) const
+{
+    std::vector<double> numbers;
+    std::istringstream list(text + ",");
+    for (std::string part; std::getline(list, part, ',');) {
+        const std::optional<double> number = parse_number(part);
+        if (!number || !std::isfinite(*number))
+            break;
+        numbers.push_back(*number);
+    }
+    const auto commas = static_cast<std::size_t>(std::count(text.begin(), text.end(), ','));
+    if (numbers.size() != count || commas + 1 != count)
+        wrong_use(option + ": '" + text + "' is not " + std::to_string(count) +
+                  " numbers with commas between them and points before the decimals");
+    return numbers;
+}
+
+// One of a list: 1000, 40x50, 1/3, 25% or w12.
 void CuttingVerb::add_amount(Asked& asked, const std::string& option, const std::string& text) const
 {
     const std::size_t times = text.find('x');
     const bool starts_with_number = text.find_first_of("0123456789.") == 0;
-    if (times != std::string::npos && starts_with_number) {
+    if (!text.empty() && (text[0] == 'w' || text[0] == 'W')) {
+        asked.request.amounts.push_back(width(option, text.substr(1)));
+        asked.amounts.push_back("width " + shortest(asked.request.amounts.back().first));
+    } else if (times != std::string::npos && starts_with_number) {
         const plparcel::Amount made = product(option, text.substr(0, times), text.substr(times + 1));
         asked.request.amounts.push_back(made);
         asked.amounts.push_back(shortest(made.first) + " x " + shortest(made.second));
@@ -87,24 +124,74 @@ void CuttingVerb::add_amount(Asked& asked, const std::string& option, const std:
 void CuttingVerb::set_cut(Asked& asked) const
 {
     if (std::count_if(std::begin(kCuts), std::end(kCuts), [&](const char* o) { return given(o); }) != 1)
-        wrong_use("give one of --parallel SIDE, --perpendicular SIDE and --vertex N");
+        wrong_use("give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+                  "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N");
     if (given("--parallel")) {
         asked.request.line.cut = plparcel::Cut::parallel;
         asked.number = whole("--parallel", parallel_);
     } else if (given("--perpendicular")) {
         asked.request.line.cut = plparcel::Cut::perpendicular;
         asked.number = whole("--perpendicular", perpendicular_);
-    } else {
+    } else if (given("--vertex")) {
         asked.request.line.cut = plparcel::Cut::through_vertex;
         asked.number = whole("--vertex", vertex_);
+    } else {
+        set_line(asked);
     }
     asked.request.measured = opposite_ ? plparcel::Measured::opposite : plparcel::Measured::from_reference;
+}
+
+// A line that no side or vertex gives.
+void CuttingVerb::set_line(Asked& asked) const
+{
+    const auto as_text = [](double e, double n) { return shortest(e) + " " + shortest(n); };
+    if (given("--bearing")) {
+        const std::optional<double> gons = parse_angle(bearing_);
+        if (!gons)
+            wrong_use("--bearing: '" + bearing_ +
+                      "' is not an angle; write gons as in 112.5, degrees as in 101.25d or 101d15'30\", or a "
+                      "quadrant bearing as in S78-44-30E");
+        asked.request.line = plparcel::at_bearing(*gons);
+        asked.line = parse_number(bearing_) ? bearing_ + " gon" : bearing_;
+    } else if (given("--along-segment")) {
+        const std::vector<double> ends = numbers("--along-segment", segment_, 4);
+        asked.request.line = plparcel::along_segment({ends[0], ends[1]}, {ends[2], ends[3]});
+        asked.line = as_text(ends[0], ends[1]) + " to " + as_text(ends[2], ends[3]);
+    } else if (given("--place")) {
+        const std::vector<double> place = numbers("--place", place_, 2);
+        asked.number = whole("--place", place_.substr(0, place_.find(',')));
+        asked.request.line = plparcel::through_place(0, place[1]);
+        asked.line = shortest(place[1]);
+    } else {
+        const std::vector<double> point = numbers("--through", through_, 2);
+        asked.request.line = plparcel::through_point({point[0], point[1]});
+        asked.line = as_text(point[0], point[1]);
+        asked.count_alternatives = true;
+    }
+}
+
+void CuttingVerb::set_choice(Asked& asked) const
+{
+    if (given("--alternative")) {
+        const long long alternative = whole("--alternative", alternative_);
+        if (alternative < 1)
+            wrong_use("--alternative: '" + alternative_ + "' is not a number from 1 on");
+        asked.request.alternative = static_cast<std::size_t>(alternative - 1);
+        asked.count_alternatives = true;
+    }
+    if (given("--pieces") && pieces_ != "two" && pieces_ != "any")
+        wrong_use("--pieces: '" + pieces_ + "' is neither two nor any");
+    if (pieces_ == "any")
+        asked.request.pieces = plparcel::Pieces::any;
+    if (given("--alternative") && pieces_ == "any")
+        wrong_use("--alternative: with --pieces any there is only one line");
 }
 
 void CuttingVerb::set_amounts(Asked& asked) const
 {
     if (std::count_if(std::begin(kAmounts), std::end(kAmounts), [&](const char* o) { return given(o); }) != 1)
-        wrong_use("give one of --area A, --product A B, --share S, --areas LIST and --parts COUNT");
+        wrong_use(
+            "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT");
     if (given("--area")) {
         asked.request.amounts = {plparcel::area(amount("--area", area_))};
         asked.amounts = {shortest(asked.request.amounts[0].first)};
@@ -115,6 +202,9 @@ void CuttingVerb::set_amounts(Asked& asked) const
     } else if (given("--share")) {
         asked.request.amounts = {share("--share", share_)};
         asked.amounts = {share_};
+    } else if (given("--width")) {
+        asked.request.amounts = {width("--width", width_)};
+        asked.amounts = {"width " + shortest(asked.request.amounts[0].first)};
     } else if (given("--areas")) {
         // A comma at the end is refused: the amount after it has been forgotten.
         std::istringstream list(areas_ + ",");
@@ -156,6 +246,7 @@ Asked CuttingVerb::asked() const
     Asked asked;
     set_cut(asked);
     set_amounts(asked);
+    set_choice(asked);
     set_rounding(asked);
     return asked;
 }

@@ -25,9 +25,13 @@ protected:
 
 private:
     void set_cut(Asked& asked) const;
+    void set_line(Asked& asked) const;
+    void set_choice(Asked& asked) const;
     void set_amounts(Asked& asked) const;
     void set_rounding(Asked& asked) const;
     void add_amount(Asked& asked, const std::string& option, const std::string& text) const;
+    plparcel::Amount width(const std::string& option, const std::string& text) const;
+    std::vector<double> numbers(const std::string& option, const std::string& text, std::size_t count) const;
     plparcel::Amount share(const std::string& option, const std::string& text) const;
     plparcel::Amount product(const std::string& option, const std::string& first,
                              const std::string& second) const;
@@ -35,7 +39,14 @@ private:
     std::string parallel_;
     std::string perpendicular_;
     std::string vertex_;
+    std::string bearing_;
+    std::string segment_;
+    std::string place_;
+    std::string through_;
+    std::string alternative_;
+    std::string pieces_;
     std::string area_;
+    std::string width_;
     std::vector<std::string> product_;
     std::string share_;
     std::string areas_;

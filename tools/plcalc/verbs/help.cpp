@@ -80,8 +80,9 @@ Usage: plcalc divide FILE CUT AREA [OPTION ...]
 
 FILE  any vector file that GDAL opens: GeoPackage, GeoJSON, Shapefile, DXF, ...,
       and LandXML.
-      "-" stands for the standard input. Parcels are polygons without holes, or
-      closed lines. A text table needs a column WKT, or a vertex per row in
+      "-" stands for the standard input. Parcels are polygons, with holes or
+      without, or closed lines; each polygon of a feature with several is a
+      parcel. A text table needs a column WKT, or a vertex per row in
       columns E and N (or East and North, Easting and Northing, Est and Nord,
       Ost and Nord, Rechtswert and Hochwert, Este and Norte, X and Y), with Z
       for heights; there, rows with the same lot, parcel or plot are a parcel.
@@ -94,23 +95,43 @@ CUT, one of
                         of the line, where the side runs to
   --vertex N            a line from vertex N; the area lies along side N, which
                         starts there
+  --bearing ANGLE       a line in this direction, clockwise from North; the area
+                        lies on its right. ANGLE is in gons, as in 112.5, or in
+                        degrees, as in 101.25d, 101d15'00" or S78-45-00E
+  --along-segment E,N,E,N
+                        a line in the direction from the first point to the
+                        second, wherever they lie; the area lies on its right
+  --place SIDE,DISTANCE a line from the place that lies so far along the side;
+                        the area lies towards the side's end
+  --through E,N         a line through a point inside, or from a point on the
+                        boundary; the area lies on its right. The output says
+                        how many such lines there are
+  --alternative N       takes the N-th of the lines that hold the area
+  --pieces two|any      any: the whole straight line cuts, and the area is all
+                        that lies on its side of it, in however many pieces. Two
+                        by default: the line makes exactly two pieces
   Vertices and sides count from 1 in the order of the file, without the vertex
   that closes the ring. Side 1 runs from vertex 1 to vertex 2, the last side
-  from the last vertex to vertex 1.
+  from the last vertex to vertex 1. The vertices of holes are numbered on.
 
 AREA, one of
   --area A              the area, in the square of the file's unit
   --product A B         the area as the product of two lengths
   --share S             a share of the parcel: 1/3 or 25%
-  --areas LIST          several areas, cut off one after another: 1000,1/4,20x35
+  --width W             a strip so wide, or so much frontage along the side of
+                        --perpendicular; the area follows from it
+  --areas LIST          several of these, cut off one after another, a width as
+                        w12: 1000,1/4,20x35,w12
   --parts COUNT         equal parts
   --opposite            puts the area on the other side: beyond the line, behind
-                        it, or along the side that ends at the vertex
+                        it, on its left, or along the side that ends at the
+                        vertex
 
 Options
   --decimals N          rounds the ends of the lines to N decimals, or to more
                         if those do not hold the areas; without it to 4, or to
-                        more in a small parcel
+                        more in a small parcel. Whole lines (--pieces any) and
+                        parcels with holes keep all digits
   --tolerance SHARE     how far an area may be off, as a share of the parcel:
                         1/10000 or 0.01%; a millionth without it
   --layer NAME          reads only this layer of the file, or of the drawing
@@ -164,6 +185,7 @@ Examples
   plcalc divide examples/published.csv --perpendicular 4 --area 9000
   plcalc divide examples/convex.csv --parallel 2 --parts 3 --plan plan.pdf
   plcalc divide examples/utm-convex.geojson --parallel 2 --share 25% --json
+  plcalc divide examples/convex.csv --bearing N45E --areas w20,1/4
   plcalc divide lots.gpkg --perpendicular 1 --share 1/2 -o halves.gpkg
   plcalc divide lots.gpkg --where "owner = 'Rossi'" --vertex 1 --product 20 35.5
 )";

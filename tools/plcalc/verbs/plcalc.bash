@@ -4,8 +4,8 @@
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
     local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --any-scale --json --help'
-    local cut='--parallel --perpendicular --vertex --area --product --share --areas --parts --opposite'
-    cut+=' --decimals --tolerance'
+    local cut='--parallel --perpendicular --vertex --bearing --along-segment --place --through --alternative --pieces'
+    cut+=' --area --product --share --width --areas --parts --opposite --decimals --tolerance'
     local words=''
     COMPREPLY=()
 
@@ -22,8 +22,14 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
             return
             ;;
-        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | --name-layer | --format | --parallel | --perpendicular | --vertex | --area | --product | --share | \
-            --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
+        --pieces)
+            mapfile -t COMPREPLY < <(compgen -W 'two any' -- "$word")
+            return
+            ;;
+        --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | \
+            --name-layer | --format | --parallel | \
+            --perpendicular | --vertex | --bearing | --along-segment | --place | --through | --alternative | --area | \
+            --product | --share | --width | --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;
     esac

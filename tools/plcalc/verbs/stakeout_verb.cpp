@@ -17,8 +17,9 @@ namespace {
 
 NamedPoint vertex(const Parcel& parcel, std::size_t i)
 {
-    const std::size_t at = i % parcel.ring.size();
-    return {"vertex " + std::to_string(at + 1), parcel.ring[at]};
+    const RingIndex at = in_ring(parcel, i).value();
+    const plparcel::Ring& ring = at.ring == 0 ? parcel.ring : parcel.holes[at.ring - 1];
+    return {"vertex " + std::to_string(i + 1), ring[at.index]};
 }
 
 bool same(const NamedPoint& a, const NamedPoint& b)
@@ -59,9 +60,9 @@ NamedPoint StakeoutVerb::place(const std::string& option, const std::string& tex
     if (!number)
         wrong_use(option + ": '" + text +
                   "' is not a place; write E,N with points before the decimals, or the number of a vertex");
-    if (*number < 1 || static_cast<unsigned long long>(*number) > parcel.ring.size())
+    if (*number < 1 || static_cast<unsigned long long>(*number) > vertex_count(parcel))
         throw Failure(ExitStatus::wrong_use, parcel.place, "there is no vertex " + text,
-                      "the parcel has vertices 1 to " + std::to_string(parcel.ring.size()));
+                      "the parcel has vertices 1 to " + std::to_string(vertex_count(parcel)));
     return vertex(parcel, static_cast<std::size_t>(*number - 1));
 }
 
@@ -76,12 +77,15 @@ Setup StakeoutVerb::setup(const Parcel& parcel) const
 // The side that --base names, or the side of the cut; for a cut through a vertex, the side that starts there.
 BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 {
-    const long long number = given("--base") ? whole("--base", base_) : asks_for_cut() ? asked().number : 1;
-    if (number < 1 || static_cast<unsigned long long>(number) > parcel.ring.size())
+    const long long number = given("--base")  ? whole("--base", base_)
+                             : asks_for_cut() ? std::max(asked().number, 1LL)
+                                              : 1;
+    if (number < 1 || static_cast<unsigned long long>(number) > vertex_count(parcel))
         throw Failure(ExitStatus::wrong_use, parcel.place, "there is no side " + std::to_string(number),
-                      "the parcel has sides 1 to " + std::to_string(parcel.ring.size()));
+                      "the parcel has sides 1 to " + std::to_string(vertex_count(parcel)));
     const std::size_t first = static_cast<std::size_t>(number - 1);
-    BaseLine base = {vertex(parcel, first), vertex(parcel, first + 1)};
+    const RingIndex at = in_ring(parcel, first).value();
+    BaseLine base = {vertex(parcel, first), vertex(parcel, at.first + (at.index + 1) % at.count)};
     if (same(base.from, base.to))
         throw Failure(ExitStatus::wrong_use, parcel.place,
                       "side " + std::to_string(number) + " has no length: its two vertices are one point",
@@ -99,10 +103,12 @@ std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution
         throw refusal(answer);
     resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
     std::vector<NamedPoint> ends;
-    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
-        const std::string line = printed.lines.size() > 1 ? "line " + std::to_string(i + 1) + " " : "";
-        ends.push_back({line + "from", printed.lines[i].start});
-        ends.push_back({line + "to", printed.lines[i].end});
+    for (const PrintedLine& line : printed.lines) {
+        const std::string name =
+            (printed.proven.lines.size() > 1 ? "line " + std::to_string(line.line + 1) + " " : "") +
+            (line.parts > 1 ? "part " + std::to_string(line.part + 1) + " " : "");
+        ends.push_back({name + "from", line.start});
+        ends.push_back({name + "to", line.end});
     }
     return ends;
 }
@@ -118,7 +124,7 @@ std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, Resolution& r
         if (points.back().name.empty())
             points.back().name = "point " + std::to_string(i + 1);
     }
-    for (std::size_t i = 0; points_.empty() && !asks_for_cut() && i < parcel.ring.size(); ++i)
+    for (std::size_t i = 0; points_.empty() && !asks_for_cut() && i < vertex_count(parcel); ++i)
         points.push_back(vertex(parcel, i));
     return points;
 }

@@ -36,7 +36,7 @@ void Verb::wrong_use(const std::string& what) const
 
 void Verb::require_usable(const Parcel& parcel)
 {
-    const plparcel::RingReport report = plparcel::check_ring(parcel.ring);
+    const plparcel::RingReport report = check(parcel);
     if (report.status != plparcel::BoundaryStatus::usable)
         throw unusable_boundary(parcel, report);
 }

@@ -23,14 +23,15 @@ namespace tool {
 namespace {
 
 constexpr const char* kPieces = "pieces";
+constexpr const char* kHoles = "holes";
 constexpr const char* kLines = "lines";
 constexpr const char* kPoints = "points";
 constexpr const char* kLabels = "labels";
 constexpr const char* kUndivided = "undivided";
 
 // Layers with the number that DXF gives to their colour.
-const std::pair<const char*, int> kLayers[] = {
-    {kPieces, 3}, {kLines, 1}, {kPoints, 5}, {kLabels, 7}, {kUndivided, 6}};
+const std::pair<const char*, int> kLayers[] = {{kPieces, 3}, {kHoles, 8},  {kLines, 1},
+                                               {kPoints, 5}, {kLabels, 7}, {kUndivided, 6}};
 
 // A circle with a cross, one percent of the screen high.
 constexpr const char* kPointMode = "34";
@@ -151,10 +152,12 @@ OGRPoint point_at(const PL_PNT2D_record& p, const Heights* heights)
     return height ? OGRPoint(p.x, p.y, *height) : OGRPoint(p.x, p.y);
 }
 
-// A point inside; the first vertex where there is none.
-OGRPoint place_in(const plparcel::Ring& ring)
+// A point inside, and in none of the holes; the first vertex where there is none.
+OGRPoint place_in(const plparcel::Ring& ring, const std::vector<plparcel::Ring>& holes = {})
 {
     OGRPolygon polygon = open_polygon(ring);
+    for (const plparcel::Ring& hole : holes)
+        polygon.addRing(open_polygon(hole).getExteriorRing());
     polygon.closeRings();
     OGRPoint place(ring.front().x, ring.front().y);
     CPLPushErrorHandler(CPLQuietErrorHandler);
@@ -289,14 +292,19 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
     const std::string& parcel = read.parcel.name.empty() ? number : read.parcel.name;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
-        const bool is_rest = i + 1 == division.pieces.size();
+        const bool is_rest = piece.amount + 1 == division.held.size();
+        const plparcel::Held& held = division.held[piece.amount];
         draw(kPieces, open_polygon(piece.ring, heights));
+        for (const plparcel::Ring& hole : piece.holes)
+            draw(kHoles, open_polygon(hole, heights));
         draw_label(piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
-                       (is_rest ? "rest" : "asked " + fixed(piece.asked, decimals)),
-                   place_in(piece.ring), height, Hangs::centred);
+                       (is_rest           ? "rest"
+                        : held.pieces > 1 ? "of " + fixed(held.area, decimals)
+                                          : "asked " + fixed(piece.asked, decimals)),
+                   place_in(piece.ring, piece.holes), height, Hangs::centred);
     }
-    for (const plparcel::DividingLine& line : division.lines)
-        draw(kLines, line_between(line.from, line.to, heights));
+    for (const PrintedLine& line : answer.printed.lines)
+        draw(kLines, line_between(line.start, line.end, heights));
     const DivisionPoints points = points_of(answer);
     for (std::size_t i = points.corners; i < points.points.size(); ++i) {
         const OGRPoint at = point_at(points.points[i].at, heights);

@@ -20,6 +20,7 @@ namespace tool {
 /// | layer     | colour  | what it holds                                                                      |
 /// | --------- | ------- | ---------------------------------------------------------------------------------- |
 /// | pieces    | green   | a closed LWPOLYLINE for each piece                                                 |
+/// | holes     | grey    | a closed LWPOLYLINE for each hole in a piece                                       |
 /// | lines     | red     | the dividing lines, open LWPOLYLINEs                                               |
 /// | points    | blue    | the new points                                                                     |
 /// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |

@@ -60,26 +60,34 @@ template <typename Value> void set(OGRFeature& feature, int place, const Value& 
         feature.SetField(place, value);
 }
 
-OGRPolygon polygon_of(const plparcel::Ring& ring, const Heights* heights)
+void add_ring(OGRPolygon& polygon, const plparcel::Ring& ring, const Heights* heights)
 {
     OGRLinearRing boundary;
     add_points(boundary, ring, heights);
     boundary.closeRings();
-    OGRPolygon polygon;
     polygon.addRing(&boundary);
+}
+
+OGRPolygon polygon_of(const plparcel::Ring& ring, const std::vector<plparcel::Ring>& holes,
+                      const Heights* heights)
+{
+    OGRPolygon polygon;
+    add_ring(polygon, ring, heights);
+    for (const plparcel::Ring& hole : holes)
+        add_ring(polygon, hole, heights);
     return polygon;
 }
 
-OGRLineString line_of(const plparcel::DividingLine& line, const Heights* heights)
+OGRLineString line_of(const PrintedLine& line, const Heights* heights)
 {
     OGRLineString segment;
-    add_points(segment, {line.from, line.to}, heights);
+    add_points(segment, {line.start, line.end}, heights);
     return segment;
 }
 
 const std::vector<std::pair<const char*, OGRFieldType>> kPieceColumns = {
-    {"parcel", OFTInteger64}, {"piece", OFTInteger}, {"asked", OFTReal},   {"area", OFTReal},
-    {"residual", OFTReal},    {"share", OFTReal},    {"status", OFTString}};
+    {"parcel", OFTInteger64}, {"piece", OFTInteger}, {"asked", OFTReal},     {"area", OFTReal},
+    {"residual", OFTReal},    {"share", OFTReal},    {"amount", OFTInteger}, {"status", OFTString}};
 const std::vector<std::pair<const char*, OGRFieldType>> kLineColumns = {
     {"parcel", OFTInteger64}, {"line", OFTInteger}, {"length", OFTReal}};
 
@@ -209,7 +217,7 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
         const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
-        const OGRPolygon polygon = polygon_of(piece.ring, heights);
+        const OGRPolygon polygon = polygon_of(piece.ring, piece.holes, heights);
         feature->SetGeometry(&polygon);
         set(*feature, piece_columns_[0], fid);
         set(*feature, piece_columns_[1], static_cast<int>(i) + 1);
@@ -217,17 +225,17 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
         set(*feature, piece_columns_[3], piece.area);
         set(*feature, piece_columns_[4], piece.residual);
         set(*feature, piece_columns_[5], piece.area / division.ring.area);
-        set(*feature, piece_columns_[6], "divided");
+        set(*feature, piece_columns_[6], static_cast<int>(piece.amount) + 1);
+        set(*feature, piece_columns_[7], "divided");
         create(*pieces_, *feature);
     }
-    for (std::size_t i = 0; i < division.lines.size(); ++i) {
-        const plparcel::DividingLine& line = division.lines[i];
+    for (const PrintedLine& line : answer.printed.lines) {
         const OGRFeatureUniquePtr feature = new_feature(*lines_, read, lines_map_);
         const OGRLineString segment = line_of(line, heights);
         feature->SetGeometry(&segment);
         set(*feature, line_columns_[0], fid);
-        set(*feature, line_columns_[1], static_cast<int>(i) + 1);
-        set(*feature, line_columns_[2], on_ground(read.parcel, PlFunz_distance(&line.from, &line.to)));
+        set(*feature, line_columns_[1], static_cast<int>(line.line) + 1);
+        set(*feature, line_columns_[2], on_ground(read.parcel, PlFunz_distance(&line.start, &line.end)));
         create(*lines_, *feature);
     }
 }
@@ -242,7 +250,7 @@ void LayerWriter::add_refused(const ReadParcel& read, const std::string& reason)
     if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
         feature->SetGeometry(geometry);
     } else if (!read.parcel.ring.empty()) {
-        const OGRPolygon polygon = polygon_of(read.parcel.ring, nullptr);
+        const OGRPolygon polygon = polygon_of(read.parcel.ring, read.parcel.holes, nullptr);
         feature->SetGeometry(&polygon);
     }
     if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())

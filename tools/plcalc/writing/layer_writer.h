@@ -22,8 +22,12 @@ namespace tool {
 ///
 /// | layer  | columns beside the parcel's own                                                   |
 /// | ------ | --------------------------------------------------------------------------------- |
-/// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, status  |
+/// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, amount  |
+/// |        | (from 1) that it belongs to, status                                               |
 /// | lines  | parcel (FID), line (from 1), length                                               |
+///
+/// What was asked, and the residual, are those of the whole amount where that is in several pieces. A line in several
+/// parts is a feature for each.
 ///
 /// Lines and areas are those that are printed: rounded, with all the digits of the rounded numbers. A refused parcel
 /// is written undivided, with the reason as its status. Points have heights where all vertices of all parcels do.
