@@ -269,7 +269,7 @@ TEST_F(Divisions, AParcelWithAHole)
         << beside.out;
     EXPECT_NE(divide(file, "--parallel 9 --area 100").err.find("the parcel has sides 1 to 8"),
               std::string::npos);
-    EXPECT_NE(divide(file, "--parallel 8 --area 100").out.find("side 8, from vertex 8 to vertex 5"),
+    EXPECT_NE(divide(file, "--perpendicular 8 --area 1500").out.find("side 8, from vertex 8 to vertex 5"),
               std::string::npos);
     const test::Result measured = run({"measure", file});
     EXPECT_EQ(measured.status, 0) << measured.err;

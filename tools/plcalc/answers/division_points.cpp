@@ -123,11 +123,11 @@ private:
         for (const DivisionPoints::Line& line : points_.lines)
             lines_.insert({std::min(line.from, line.to), std::max(line.from, line.to)});
         std::map<std::size_t, std::size_t> next;
-        for (const DivisionPoints::Piece& piece : points_.pieces)
-            for (std::size_t i = 0; i < piece.ring.size(); ++i)
-                if (const std::size_t to = piece.ring[(i + 1) % piece.ring.size()];
-                    to >= points_.corners && !is_line(piece.ring[i], to))
-                    next[piece.ring[i]] = to;
+        for (const DivisionPoints::Piece& piece : points_.pieces) {
+            follow(piece.ring, next);
+            for (const std::vector<std::size_t>& hole : piece.holes)
+                follow(hole, next);
+        }
         for (std::size_t side = 0; side < points_.corners; ++side) {
             const Corners& rings = points_.rings;
             const std::size_t end = rings.next[side];
@@ -142,6 +142,15 @@ private:
             if (!forwards)
                 std::reverse(on_side.begin(), on_side.end());
         }
+    }
+
+    // Notes which new points come after which points along the boundary.
+    void follow(const std::vector<std::size_t>& ring, std::map<std::size_t, std::size_t>& next) const
+    {
+        for (std::size_t i = 0; i < ring.size(); ++i)
+            if (const std::size_t to = ring[(i + 1) % ring.size()];
+                to >= points_.corners && !is_line(ring[i], to))
+                next[ring[i]] = to;
     }
 
     const Answer& answer_;

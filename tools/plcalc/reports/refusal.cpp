@@ -162,11 +162,6 @@ Failure refusal(const Answer& answer)
                           "choose another side, vertex or kind of cut");
     case Status::not_reached:
         return cannot_cut(answer, kTooCoarse, "use coordinates from an origin nearby");
-    case Status::whole_line_parts_more:
-        return cannot_cut(answer,
-                          "the line that cuts off " + described_amount(answer) +
-                              " makes more than two pieces of a parcel with holes",
-                          "allow any number with --pieces any, or choose another side or kind of cut");
     case Status::no_direction:
         return wrong_use(answer, "the two ends of the segment are one point", "name two different points");
     case Status::no_width:
