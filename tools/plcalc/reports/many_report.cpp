@@ -99,8 +99,8 @@ std::string ManyReport::kept_of(const Answer& answer) const
         rows += without_ends(answer.parcel.place.feature) + kCellEnd + name;
         for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
             rows += kCellEnd + fixed(value, decimals);
-        rows += kCellEnd + fixed(printed.proven.held[line.line].area, printed.resolution.area_decimals) +
-                kRowEnd;
+        rows +=
+            kCellEnd + fixed(printed.proven.held[line.line].area, printed.resolution.area_decimals) + kRowEnd;
     }
     return rows;
 }

@@ -63,6 +63,15 @@ bool is_finite(const plparcel::Ring& ring)
                        [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
+// Without its holes a parcel would be larger than it is.
+void require_no_holes(const ReadParcel& read)
+{
+    if (!read.parcel.holes.empty())
+        throw Failure(ExitStatus::wrong_use, read.parcel.place,
+                      "the parcel has holes, and plcalc writes no holes to LandXML",
+                      "name it .gpkg for a GeoPackage");
+}
+
 }  // namespace
 
 bool LandXmlWriter::writes(const std::string& file)
@@ -204,6 +213,7 @@ std::string LandXmlWriter::parcel_name(const ReadParcel& read) const
 void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
 {
     ++parcels_read_;
+    require_no_holes(read);
     const DivisionPoints points = points_of(answer);
     const Heights heights(read.parcel, answer.printed.proven.decimals);
     const std::string prefix = several_parcels_ ? std::to_string(parcels_read_) + "." : "";
@@ -225,7 +235,7 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
             attributes.emplace_back("area", plain(answer.printed.areas[i]));
         attributes.emplace_back("state", "proposed");
         std::vector<std::pair<std::string, std::string>> boundary;
-        for (const std::size_t corner : points.pieces[i])
+        for (const std::size_t corner : points.pieces[i].ring)
             boundary.push_back(corners[corner]);
         write_parcel(attributes, boundary);
     }
@@ -234,6 +244,7 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
 void LandXmlWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
     ++parcels_read_;
+    require_no_holes(read);
     const plparcel::Ring& ring = read.parcel.ring;
     if (ring.empty() || !is_finite(ring))
         return;
