@@ -201,6 +201,7 @@ const std::vector<test::Call> kCalls = {
     FREE(void, PlFunz_set_rect_2d, (double, double, double, double, PL_RECT_2D_record*)),
     FREE(void, PlFunz_set_rect_3d, (double, double, double, double, double, double, PL_RECT_3D_record*)),
     FREE(void, PlFunz_set_arc_2d, (double, double, double, PL_AngleMeasType, double, double, ARC_2D_record*)),
+    FREE(const char*, PlFunz_version, ()),
     FREE(double, PlFunz_inverse, (double)),
     FREE(double, PlFunz_sumsqrdparms, (double, double)),
     FREE(double, PlFunz_distance, (PL_PNT2D_record const*, PL_PNT2D_record const*)),
