@@ -214,6 +214,50 @@ TEST(Directions, Refusals)
     }
 }
 
+// At 20 below the top both arms hold a strip: the one on the left is nearer to the side's beginning.
+TEST(Directions, OfTwoStripsTheSecondCanBeHad)
+{
+    Request request;
+    request.line = parallel_to(0);
+    request.amounts = {width(20)};
+    request.measured = kThere;
+    const PL_LINE_2D_record lines[] = {{{0, 40}, {30, 40}}, {{60, 40}, {100, 40}}};
+    for (request.alternative = 0; request.alternative < 2; ++request.alternative) {
+        const Division division = divide(kU, request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_POINT(division.lines[0].from, (lines[request.alternative].start));
+        EXPECT_POINT(division.lines[0].to, (lines[request.alternative].end));
+    }
+    EXPECT_EQ(divide(kU, request).status, Status::no_further_line);
+}
+
+// To the level of its upper corners a trapezium's strip ends at both; the line comes from either side of them.
+TEST(Directions, AStripThatEndsAtVerticesCountsOnce)
+{
+    const Ring house = {{0, 0}, {40, 0}, {40, 20}, {20, 30}, {0, 20}};
+    Request request;
+    request.line = parallel_to(0);
+    request.amounts = {width(20)};
+    const Division division = divide(house, request);
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{0, 20}));
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{40, 20}));
+    request.alternative = 1;
+    EXPECT_EQ(divide(house, request).status, Status::no_further_line);
+}
+
+TEST(Directions, CFrazAreaIsNotAskedWhatItDoesNotKnow)
+{
+    Request request;
+    request.line = at_bearing(0);
+    request.amounts = {area(1000)};
+    request.ask_library = true;
+    const Division division = divide(kLot, request);
+    ASSERT_EQ(division.status, Status::divided);
+    EXPECT_TRUE(division.bare.empty());
+    EXPECT_FALSE(division.lines[0].library_agrees);
+}
+
 // What is asked of a width is what lies between the lines before they are rounded.
 TEST(Directions, AWidthAsksForTheAreaThatItHolds)
 {

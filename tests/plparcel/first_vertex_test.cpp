@@ -45,7 +45,7 @@ Ring any_ring(Random& random)
 }
 
 // Along, across or from a side or vertex; from a place on a side; through a point between three vertices, often in line
-// with some.
+// with some; at a bearing, often along an axis or a diagonal.
 Line any_line(Random& random, const Ring& ring)
 {
     const std::size_t index = whole(random, 0, ring.size() - 1);
@@ -53,7 +53,9 @@ Line any_line(Random& random, const Ring& ring)
     const PL_PNT2D_record& a = ring[index];
     const PL_PNT2D_record& b = ring[(index + 1) % ring.size()];
     const PL_PNT2D_record& c = ring[whole(random, 0, ring.size() - 1)];
-    const std::size_t kind = whole(random, 0, 4);
+    const std::size_t kind = whole(random, 0, 5);
+    if (kind == 5)
+        return plparcel::at_bearing(25.0 * static_cast<double>(whole(random, 0, 15)));
     if (kind == 3)
         return plparcel::through_place(index, part * std::hypot(b.x - a.x, b.y - a.y));
     if (kind == 4)

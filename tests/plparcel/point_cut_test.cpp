@@ -259,6 +259,10 @@ TEST(PlaceCut, StartsAtAPointOnTheBoundary)
          Status::divided,
          {100, 9.5e-14},
          {50 - 4.75e-14, 100}},
+        {"above", kSquare, through_point({50, 101}), 2000, kNear, Status::point_outside, {}, {}},
+        {"below", kSquare, through_point({50, -1}), 2000, kNear, Status::point_outside, {}, {}},
+        {"on the left", kSquare, through_point({-1, 50}), 2000, kNear, Status::point_outside, {}, {}},
+        {"on the right", kSquare, through_point({101, 50}), 2000, kNear, Status::point_outside, {}, {}},
         {"no number", kSquare, through_point({kNan, 0}), 2000, kNear, Status::point_outside, {}, {}},
         {"a bearing that is no number",
          kSquare,
@@ -455,6 +459,30 @@ TEST(PointCut, AllLinesCanBeHadInTheirOrder)
         }
         request.alternative = all.size();
         EXPECT_EQ(divide(row.ring, request).status, Status::no_further_line);
+    }
+}
+
+// The roof's sides lean in by 2 in 5. The line from (x, 0) through (50, 10) meets the right side at 10 (100 - x) /
+// (54 - x) up and cuts off 5 (100 - x)^2 / (54 - x): at x = 0 as much as at x = 400/27, and less in between. So do the
+// lines from the other lower corner and from its mirror.
+TEST(PointCut, TwoLinesThatHoldAsMuchAndLessBetweenThem)
+{
+    const Ring roof = {{0, 0}, {100, 0}, {80, 50}, {20, 50}};
+    Request request;
+    request.line = through_point({50, 10});
+    request.amounts = {area(25000.0 / 27)};
+    const std::vector<Division> all = plparcel::all_divisions(roof, request);
+    const PL_LINE_2D_record lines[] = {{{400.0 / 27, 0}, {2100.0 / 23, 500.0 / 23}},
+                                       {{0, 0}, {2500.0 / 27, 500.0 / 27}},
+                                       {{200.0 / 27, 500.0 / 27}, {100, 0}},
+                                       {{200.0 / 23, 500.0 / 23}, {2300.0 / 27, 0}}};
+    ASSERT_EQ(all.size(), 4U);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        ASSERT_EQ(all[i].status, Status::divided) << describe(all[i]);
+        EXPECT_NEAR(all[i].lines[0].from.x, lines[i].start.x, 1e-13);
+        EXPECT_NEAR(all[i].lines[0].from.y, lines[i].start.y, 1e-13);
+        EXPECT_NEAR(all[i].lines[0].to.x, lines[i].end.x, 1e-13);
+        EXPECT_NEAR(all[i].lines[0].to.y, lines[i].end.y, 1e-13);
     }
 }
 

@@ -345,7 +345,7 @@ Parcel with_holes(const Ring& outer, double step)
 Parcel any_parcel()
 {
     const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
-    const std::size_t way = less_than(6);
+    const std::size_t way = less_than(7);
     Ring ring = kinds[less_than(kinds.size())].make(generator());
     double step = 0.0;
     if (way == 0)
@@ -359,6 +359,11 @@ Parcel any_parcel()
         p = {p.x * factor + east, p.y * factor + north};
         if (step > 0.0)
             p = {std::round(p.x), std::round(p.y)};
+    }
+    if (way == 6) {  // a few to some hundred spacings of doubles across
+        const double size = std::exp2(between(2.0, 9.0)) * 0x1p-30 / plparcel::extent_of(ring).largest();
+        for (PL_PNT2D_record& p : ring)
+            p = {kUtmEast + size * p.x, kUtmNorth + size * p.y};
     }
     return with_holes(ring, step);
 }

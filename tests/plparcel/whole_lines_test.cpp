@@ -182,6 +182,162 @@ TEST(WholeLines, Rows)
     }
 }
 
+struct RefusalRow {
+    const char* what;
+    const Parcel& parcel;
+    Line line;
+    std::vector<Amount> amounts;
+    Status status;
+    std::size_t at_amount;
+};
+
+TEST(WholeLines, Refusals)
+{
+    const Parcel repeated = {{{0, 0}, {100, 0}, {100, 0}, {100, 50}, {0, 50}}, {}};
+    const Parcel bow_tie = {{{0, 0}, {100, 50}, {100, 0}, {0, 50}}, {}};
+    const RefusalRow rows[] = {
+        {"a width beyond all of it", kU, parallel_to(0), {width(70)}, Status::amount_too_large, 0},
+        {"as high as it is", kU, parallel_to(0), {width(60)}, Status::amount_too_large, 0},
+        {"two that are together", kU, parallel_to(0), {width(30), width(30)}, Status::amount_too_large, 1},
+        {"300 is left after a width of 56.7",
+         kU,
+         parallel_to(0),
+         {width(56.7), area(300)},
+         Status::amount_too_large,
+         1},
+        {"a width that the numbers cannot tell from none",
+         kU,
+         parallel_to(0),
+         {area(1000.0 / 3), width(1e-60)},
+         Status::amount_too_small,
+         1},
+        {"no bearing", kU, at_bearing(std::nan("")), {share(1, 2)}, Status::no_direction, 0},
+        {"a side without length", repeated, parallel_to(1), {share(1, 2)}, Status::side_without_length, 0},
+        {"no parcel", bow_tie, parallel_to(0), {share(1, 2)}, Status::unusable_boundary, 0},
+    };
+    for (const RefusalRow& row : rows) {
+        const Division division = cut(row.parcel, row.line, row.amounts);
+        EXPECT_EQ(division.status, row.status) << row.what << ": " << describe(division);
+        EXPECT_EQ(division.at_amount, row.at_amount) << row.what;
+        EXPECT_TRUE(division.lines.empty()) << row.what;
+    }
+    Request request;
+    request.amounts = {share(1, 2)};
+    request.pieces = static_cast<Pieces>(2);
+    EXPECT_EQ(divide(kU, request).status, Status::unknown_request);
+    EXPECT_EQ(divide(kU.outer, request).status, Status::unknown_request);
+    request.pieces = Pieces::any;
+    request.alternative = 1;
+    EXPECT_EQ(divide(kU, request).status, Status::no_further_line);
+}
+
+// Beyond 2^52 doubles are whole numbers, and areas of rings are multiples of a half: other amounts cannot be held.
+constexpr double kWholeNumbers = 0x1p52;
+
+Ring moved(Ring ring, double east, double north, double step)
+{
+    for (PL_PNT2D_record& p : ring)
+        p = {east + step * p.x, north + step * p.y};
+    return ring;
+}
+
+TEST(WholeLines, WhereDoublesAreWholeNumbers)
+{
+    const Parcel needle = {moved({{1, 1}, {4, 1}, {10, 2}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const Parcel small = {moved({{0, 0}, {3, 1}, {0, 3}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const Parcel flat = {moved({{1, 1}, {10, 1}, {3, 0}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const Parcel wedge = {moved({{13, 1}, {13, 3}, {1, 2}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const Parcel low = {moved({{9, 1}, {13, 1}, {5, 0}, {1, 0}, {0, 0}}, kWholeNumbers, kWholeNumbers, 1.0),
+                        {}};
+    const Parcel wide = {moved({{0, 0}, {9, 4}, {5, 5}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const RefusalRow rows[] = {
+        {"3.75 of 4.5", small, at_bearing(250), {share(5, 6)}, Status::not_reached, 0},
+        {"1.125 of 4.5", flat, at_bearing(250), {share(1, 4)}, Status::not_reached, 0},
+        {"10.28 of 12, in a wedge", wedge, perpendicular_to(2), {share(6, 7)}, Status::not_reached, 0},
+        {"2.7 and 0.9 of 4.5", low, perpendicular_to(0), {share(3, 5), share(1, 5)}, Status::not_reached, 0},
+        {"4.6875 of 12.5", wide, perpendicular_to(2), {share(3, 8)}, Status::not_reached, 0},
+        {"0.9 of 1.5", needle, at_bearing(200), {share(3, 5)}, Status::not_reached, 0},
+    };
+    for (const RefusalRow& row : rows) {
+        const Division division = cut(row.parcel, row.line, row.amounts);
+        EXPECT_EQ(division.status, row.status) << row.what << ": " << describe(division);
+        EXPECT_TRUE(division.lines.empty()) << row.what;
+    }
+    // Half of 4. No whole line lies well there, a single segment does.
+    const Parcel four = {moved({{0, 1}, {3, 0}, {2, 3}}, kWholeNumbers, kWholeNumbers, 1.0), {}};
+    const Division half = cut(four, parallel_to(1), {share(1, 2)});
+    ASSERT_EQ(half.status, Status::divided) << describe(half);
+    ASSERT_EQ(half.pieces.size(), 2U);
+    EXPECT_EQ(half.pieces[0].area, 2.0);
+    EXPECT_EQ(half.pieces[1].area, 2.0);
+    EXPECT_GT(half.trials, 1U);
+}
+
+// 20 spacings across. To the East doubles are 2^-34 apart, to the North 2^-30: areas are multiples of 2^-65, 32 to a
+// square of spacings, and 354.5 of these parted by 5, by 4 and by 3 leaves thirds and fifths.
+TEST(WholeLines, WhereSpacingsAreMostOfTheParcel)
+{
+    const Parcel parcel = {
+        moved({{3, 14}, {2, 7}, {21, 12}, {30, 17}, {26, 26}, {26, 27}, {34, 40}}, 5e5, 5e6, 0x1p-30), {}};
+    const Division division = cut(parcel, parallel_to(5), {share(1, 5), share(1, 4), share(1, 3)}, kThere);
+    EXPECT_EQ(division.status, Status::not_reached) << describe(division);
+}
+
+TEST(WholeLines, AHoleNoLargerThanRoundingIsPassed)
+{
+    constexpr double kAcross = 0x1p-46;
+    const Parcel parcel = {kU.outer, {{{10, 30}, {10 + kAcross, 30}, {10, 30 + kAcross}}}};
+    const Division division = cut(parcel, parallel_to(0), {width(30)});
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    ASSERT_EQ(division.lines[0].segments.size(), 2U);
+    EXPECT_NEAR(division.lines[0].from.y, 30.0, 1e-10);
+    std::size_t holes = 0;
+    for (const Piece& piece : division.pieces)
+        holes += piece.holes.size();
+    EXPECT_EQ(holes, 1U);
+}
+
+// Rings run as they were given, holes the other way.
+TEST(WholeLines, PiecesRunAsTheParcelDoes)
+{
+    for (const bool anticlockwise : {true, false}) {
+        Parcel parcel = kHoles;
+        if (!anticlockwise)
+            std::reverse(parcel.outer.begin(), parcel.outer.end());
+        const Division division = cut(parcel, at_bearing(100), {width(39)}, kThere);
+        ASSERT_EQ(division.status, Status::divided);
+        ASSERT_EQ(division.pieces.size(), 2U);
+        EXPECT_EQ(division.pieces[0].holes.size() + division.pieces[1].holes.size(), 2U);
+        for (const Piece& piece : division.pieces) {
+            EXPECT_EQ(plparcel::check_ring(piece.ring).anticlockwise, anticlockwise);
+            for (const Ring& hole : piece.holes)
+                EXPECT_EQ(plparcel::check_ring(hole).anticlockwise, !anticlockwise);
+        }
+    }
+}
+
+// Two holes with feet on one level, the second under the arch of a third: each lies in the piece that it is in.
+//      +----------------------+
+//      |  _     ___________   |
+//      | / |   |  _______  |  |
+//      | |_|   | |  /_|  | |  |
+//      |       |_|       |_|  |
+//      +----------------------+
+TEST(WholeLines, HolesBesideHolesLieInTheirPiece)
+{
+    const Ring beside = {{10, 40}, {20, 40}, {20, 60}};
+    const Ring arch = {{40, 40}, {45, 40}, {45, 60}, {75, 60}, {75, 40}, {80, 40}, {80, 70}, {40, 70}};
+    const Ring under = {{50, 40}, {60, 40}, {60, 50}};
+    const Parcel parcel = {kHoles.outer, {under, arch, beside}};
+    for (const Line& line : {parallel_to(0), parallel_to(1), at_bearing(0), at_bearing(100)}) {
+        const Division division = cut(parcel, line, {width(5)});
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        ASSERT_EQ(division.pieces.size(), 2U);
+        EXPECT_TRUE(division.pieces[0].holes.empty());
+        EXPECT_EQ(division.pieces[1].holes.size(), 3U);
+    }
+}
+
 TEST(WholeLines, AHoleThatTheLineWouldTouchIsPassed)
 {
     for (const double level : {70.0, 90.0}) {
@@ -428,6 +584,7 @@ TEST(CheckParcel, Rows)
     EXPECT_EQ(report.area, 9400.0);
     EXPECT_NEAR(report.perimeter, 400.0 + 80.0 + 4.0 * std::sqrt(200.0), 1e-12);
     EXPECT_TRUE(report.anticlockwise);
+    EXPECT_EQ(check_parcel({square, {{{10, 10}, {20, 10}, {20, 20}}}}).area, 9950.0) << "one hole";
 }
 
 Ring begun_at(const Ring& ring, std::size_t start)

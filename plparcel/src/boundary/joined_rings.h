@@ -14,24 +14,11 @@ class JoinedRings {
 public:
     JoinedRings() = default;
 
-    /// @param[in] rings  each with one vertex or more, none repeated
-    explicit JoinedRings(const std::vector<Ring>& rings)
-    {
-        for (const Ring& ring : rings)
-            append(ring);
-    }
+    /// @param[in] ring  one vertex or more, none repeated
+    explicit JoinedRings(const Ring& ring);
 
-    void append(const Ring& ring)
-    {
-        const std::size_t first = points_.size();
-        points_.insert(points_.end(), ring.begin(), ring.end());
-        ring_of_.resize(points_.size(), first_.size());
-        first_.push_back(first);
-        for (std::size_t i = first; i < points_.size(); ++i) {
-            next_.push_back(i + 1 < points_.size() ? i + 1 : first);
-            before_.push_back(i > first ? i - 1 : points_.size() - 1);
-        }
-    }
+    /// @param[in] rings  each with one vertex or more, none repeated
+    explicit JoinedRings(const std::vector<Ring>& rings);
 
     std::size_t size() const { return points_.size(); }
     std::size_t rings() const { return first_.size(); }
@@ -49,6 +36,8 @@ public:
     const std::vector<PL_PNT2D_record>& points() const { return points_; }
 
 private:
+    void append(const Ring& ring);
+
     std::vector<PL_PNT2D_record> points_;
     std::vector<std::size_t> next_;
     std::vector<std::size_t> before_;

@@ -145,14 +145,12 @@ private:
     std::size_t south_of(std::size_t one, std::size_t other) const
     {
         Row::const_iterator place = place_[one];
-        for (int step = 0; step < 2; ++step) {
+        do {
             if (place == row_.begin())
                 return ring_.size();
             --place;
-            if (*place != other)
-                return *place;
-        }
-        return ring_.size();
+        } while (*place == other);
+        return *place;
     }
 
     std::optional<SidePair> join(std::size_t side)
@@ -225,7 +223,7 @@ int side_sign(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D
 
 std::optional<SidePair> meeting_sides(const MeasuredRing& ring)
 {
-    return meeting_sides(JoinedRings({ring.ring()})).met;
+    return meeting_sides(JoinedRings(ring.ring())).met;
 }
 
 Meeting meeting_sides(const JoinedRings& rings)

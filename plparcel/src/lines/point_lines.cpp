@@ -101,8 +101,6 @@ public:
         for (std::size_t k = 0; k < next_vertex.size(); ++k)
             next_vertex[k] = (k + 1) % next_vertex.size();
         const std::vector<Sector> sectors = seen_all_round(points_, next_vertex, first_);
-        if (sectors.empty())
-            return {};
         const std::vector<Event> events = events_of(sectors);
         Ends now = ends_before(events);
         Line arriving = line_in(events.front().direction, now);
@@ -129,7 +127,7 @@ private:
     std::vector<Event> events_of(const std::vector<Sector>& sectors) const
     {
         const WidePoint against = first_ * -1.0;
-        std::vector<Event> ahead = {{first_, Event::Of::nothing, 0}};
+        std::vector<Event> ahead = {{first_, Event::Of::nothing, {}}};
         std::vector<Event> behind;
         for (const Sector& sector : sectors) {
             ahead.push_back({sector.begin, Event::Of::ahead, sector.side});
@@ -142,7 +140,7 @@ private:
         const auto half = std::find_if(ahead.begin() + 1, ahead.end(),
                                        [&](const Event& e) { return !comes_before_(e.direction, against); });
         std::rotate(behind.begin(), behind.begin() + (half - ahead.begin() - 1), behind.end());
-        ahead.insert(half, {against, Event::Of::nothing, 0});
+        ahead.insert(half, {against, Event::Of::nothing, {}});
         std::vector<Event> events;
         std::merge(ahead.begin(), ahead.end(), behind.begin(), behind.end(), std::back_inserter(events),
                    order);
@@ -251,7 +249,7 @@ private:
         std::vector<Wide> parts;
         if (may_hold_it)
             parts = holds(first) && holds(last) && holds(line_at(0.5))
-                        ? std::vector<Wide>{0.5}
+                        ? std::vector<Wide>(1, 0.5)
                         : roots(first.right - request_.on_right, ahead, behind);
         for (const Wide& t : parts)
             exact_.push_back(chord_of(line_at(t)));

@@ -190,10 +190,8 @@ private:
 
     void close(std::size_t left, const Wide& level)
     {
-        if (open_[left] == kNone)
-            return;
-        found_[open_[left]].high = level;
-        open_[left] = kNone;
+        if (open_[left] != kNone)
+            found_[open_[left]].high = level;
     }
 
     const std::vector<WidePoint>& ring_;
@@ -218,7 +216,8 @@ Wide along_at(const std::vector<WidePoint>& ring, std::size_t side, const Wide& 
 
 std::vector<Trapezium> trapeziums(const std::vector<WidePoint>& ring)
 {
-    const JoinedRings one({Ring(ring.size())});
+    const Ring corners(ring.size());
+    const JoinedRings one(corners);
     return Sweep(ring, one, runs_anticlockwise(ring)).run();
 }
 

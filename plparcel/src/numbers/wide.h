@@ -107,7 +107,7 @@ inline Wide abs(const Wide& a)
     return a < 0.0 ? -a : a;
 }
 
-/// Square root of a number that is not negative.
+/// Square root; zero for a negative number, which can only be rounding.
 inline Wide sqrt(const Wide& a)
 {
     const double root = std::sqrt(a.hi);

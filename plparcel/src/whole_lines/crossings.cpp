@@ -22,7 +22,7 @@ int Crossings::side_of(std::size_t vertex, const Wide& level) const
 
 // Which side a run of vertices on the line counts for. Along a flat that runs to the left the inside is below, along
 // one to the right above; a single vertex that sticks out counts for where its sides are, one that reaches in for
-// the other side.
+// the other side. Where the boundary passes through the line either will do.
 int Crossings::class_of(std::size_t first, std::size_t last, const Wide& level) const
 {
     const JoinedRings& rings = levels_.rings;
@@ -32,12 +32,8 @@ int Crossings::class_of(std::size_t first, std::size_t last, const Wide& level) 
     const WidePoint& v = frame[first];
     const WidePoint& before = frame[rings.before(first)];
     const WidePoint& after = frame[rings.next(first)];
-    const bool from_above = before.y > level;
-    const bool to_above = after.y > level;
-    if (from_above != to_above)
-        return -1;
     const bool sticks_out = cross(v - before, after - v) > 0.0;
-    return sticks_out == from_above ? 1 : -1;
+    return sticks_out == (before.y > level) ? 1 : -1;
 }
 
 // All that lie on the line beside a vertex, as far as the boundary stays there.
@@ -106,7 +102,7 @@ bool Crossings::add(std::size_t line, const Wide& level, std::vector<Crossing>& 
               [](const Crossing& a, const Crossing& b) {
                   if (a.along < b.along || b.along < a.along)
                       return a.along < b.along;
-                  return a.rises != b.rises ? a.rises : a.side < b.side;
+                  return a.rises && !b.rises;
               });
     for (std::size_t i = first; i < found.size(); ++i)
         if (found[i].rises != ((i - first) % 2 == 1))

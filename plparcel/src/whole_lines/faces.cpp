@@ -40,7 +40,8 @@ public:
             if (!walk_round(i, faces.size() - 1, faces.back()))
                 return false;
         }
-        return place_whole_rings(faces);
+        place_whole_rings(faces);
+        return true;
     }
 
 private:
@@ -106,61 +107,29 @@ private:
         return true;
     }
 
-    // Rings that no line crosses. The outer one is always crossed.
-    bool place_whole_rings(std::vector<Face>& faces)
-    {
-        std::vector<std::size_t> whole;
-        for (std::size_t ring = 0; ring < rings_.rings(); ++ring)
-            if (chain_of_[rings_.first_of(ring)] == kNone)
-                whole.push_back(ring);
-        if (whole.empty())
-            return true;
-        const std::vector<std::size_t> left = sides_on_the_left();
-        std::vector<std::size_t> place(rings_.rings(), kNone);
-        for (const std::size_t ring : whole)
-            if (!place_ring(ring, left, place))
-                return false;
-        for (const std::size_t ring : whole)
-            faces[place[ring]].holes.push_back(ring);
-        return true;
-    }
+    bool is_crossed_ring(std::size_t ring) const { return chain_of_[rings_.first_of(ring)] != kNone; }
 
-    // Of each ring the side on the left of its lowest vertex: a trapezium begins there that ends at the ring.
-    std::vector<std::size_t> sides_on_the_left() const
+    // Rings that no line crosses lie in the piece on the left of their lowest vertex. A trapezium begins there that
+    // ends at the ring. Where its left side is one of another such ring, that one has been placed before.
+    void place_whole_rings(std::vector<Face>& faces) const
     {
-        std::vector<std::size_t> left(rings_.rings(), kNone);
-        std::vector<Wide> low(rings_.rings());
+        bool is_whole = false;
+        for (std::size_t ring = 0; ring < rings_.rings(); ++ring)
+            is_whole = is_whole || !is_crossed_ring(ring);
+        if (!is_whole)
+            return;
+        std::vector<std::size_t> place(rings_.rings());
+        std::vector<bool> is_placed(rings_.rings());
         for (const Trapezium& trapezium : trapeziums(frame_, rings_)) {
             const std::size_t ring = rings_.ring_of(trapezium.right);
-            if (left[ring] != kNone && !(trapezium.low < low[ring]))
+            if (is_crossed_ring(ring) || is_placed[ring])
                 continue;
-            left[ring] = trapezium.left;
-            low[ring] = trapezium.low;
+            const std::size_t beside = rings_.ring_of(trapezium.left);
+            place[ring] =
+                is_crossed_ring(beside) ? face_beside(trapezium.left, band_of(ring)) : place[beside];
+            is_placed[ring] = true;
+            faces[place[ring]].holes.push_back(ring);
         }
-        return left;
-    }
-
-    // Goes from ring to ring on the left up to one that is crossed.
-    bool place_ring(std::size_t ring, const std::vector<std::size_t>& left,
-                    std::vector<std::size_t>& place) const
-    {
-        std::vector<std::size_t> passed;
-        std::size_t at = ring;
-        while (place[at] == kNone) {
-            passed.push_back(at);
-            const std::size_t side = left[at];
-            if (side == kNone || passed.size() > rings_.rings())
-                return false;
-            const std::size_t next = rings_.ring_of(side);
-            if (chain_of_[rings_.first_of(next)] != kNone) {
-                place[at] = face_beside(side, band_of(at));
-                break;
-            }
-            at = next;
-        }
-        for (const std::size_t on_the_way : passed)
-            place[on_the_way] = place[at];
-        return place[at] != kNone;
     }
 
     std::size_t band_of(std::size_t ring) const
@@ -177,13 +146,12 @@ private:
                                         lines_.begin());
     }
 
-    // The piece that a side bounds between the lines of a band.
+    // The piece that a side with the inside on its right bounds between the lines of a band.
     std::size_t face_beside(std::size_t side, std::size_t band) const
     {
         std::size_t chain = chain_of_[side];
         for (std::size_t rank = on_side_[side]; rank < on_side_[side + 1]; ++rank)
-            if (crossings_[order_[rank]].rises ? crossings_[order_[rank]].line < band
-                                               : crossings_[order_[rank]].line >= band)
+            if (crossings_[order_[rank]].line >= band)
                 chain = order_[rank];
         return face_of_[chain];
     }

@@ -12,8 +12,7 @@ namespace plparcel {
 
 /// One piece, its outer ring anticlockwise.
 struct Face {
-    std::size_t band = 0;   ///< how many lines are below it
-    std::size_t begin = 0;  ///< the first of its crossings along the line, at which its ring begins
+    std::size_t band = 0;  ///< how many lines are below it
     Ring ring;
     std::vector<std::size_t> holes;    ///< rings of the parcel that lie in it whole, by their index
     std::vector<std::size_t> corners;  ///< its crossings

@@ -42,7 +42,7 @@ Profile::Profile(const JoinedRings& rings, const std::vector<WidePoint>& frame)
     for (std::size_t slab = 0; slab + 1 < levels_.size(); ++slab) {
         const Wide width = (low_[leaves_ + slab] + high_[leaves_ + slab]) * 0.5;
         const Wide grown = (levels_[slab + 1] - levels_[slab]) * width;
-        below_[slab + 1] = below_[slab] + (grown > 0.0 ? grown : Wide(0.0));
+        below_[slab + 1] = below_[slab] + std::max(grown, Wide(0.0));
     }
 }
 
@@ -120,8 +120,7 @@ std::size_t Profile::index_of(const Wide& level) const
 // The slab that a level lies in; at a rim the one below.
 std::size_t Profile::slab_of(const Wide& level) const
 {
-    const std::size_t above = index_of(level);
-    return above == 0 ? 0 : std::min(above, levels_.size() - 1) - 1;
+    return std::clamp<std::size_t>(index_of(level), 1, levels_.size() - 1) - 1;
 }
 
 Wide Profile::width_at(const Wide& level) const
@@ -146,9 +145,7 @@ Wide Profile::area_below(const Wide& level) const
 // and the root is written so that no two nearly equal numbers are subtracted.
 Wide Profile::level_of(const Wide& area) const
 {
-    const auto above = std::lower_bound(below_.begin(), below_.end(), area);
-    if (above == below_.begin())
-        return levels_.front();
+    const auto above = std::lower_bound(below_.begin() + 1, below_.end(), area);
     if (above == below_.end())
         return levels_.back();
     const std::size_t slab = static_cast<std::size_t>(above - below_.begin()) - 1;
@@ -156,9 +153,7 @@ Wide Profile::level_of(const Wide& area) const
     const Wide& low = low_[leaves_ + slab];
     const Wide widening = high_[leaves_ + slab] - low;
     const Wide grown = (area - below_[slab]) / height;
-    const Wide under_root = low * low + widening * grown * 2.0;
-    const Wide divisor = low + (under_root > 0.0 ? sqrt(under_root) : Wide(0.0));
-    const Wide u = divisor > 0.0 ? grown * 2.0 / divisor : Wide(0.0);
+    const Wide u = grown * 2.0 / (low + sqrt(low * low + widening * grown * 2.0));
     return u < 1.0 ? levels_[slab] + height * u : levels_[slab + 1];
 }
 

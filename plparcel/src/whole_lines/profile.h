@@ -34,7 +34,7 @@ public:
 
     Wide area_below(const Wide& level) const;
 
-    /// The level at which so much lies below; the lowest or highest for less than nothing or more than all.
+    /// The level at which so much lies below; the lowest for nothing, the highest for more than all.
     Wide level_of(const Wide& area) const;
 
     /// How wide the parcel is at a level, all parts together.

@@ -304,7 +304,7 @@ private:
 
     std::vector<Ring> rings_of(const Face& face) const
     {
-        std::vector<Ring> rings = {face.ring};
+        std::vector<Ring> rings(1, face.ring);
         for (const std::size_t hole : face.holes)
             rings.push_back(parcel_.rings[hole]);
         return rings;

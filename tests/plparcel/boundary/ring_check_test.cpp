@@ -104,6 +104,8 @@ TEST(RingCheck, ReportsWhatItToleratesAndMeasures)
     EXPECT_BITS(plain.area, 5000.0);
     EXPECT_BITS(plain.perimeter, 300.0);
 
+    EXPECT_FALSE(check_ring({{7, 7}}).closed) << "one vertex closes nothing";
+
     const RingReport messy =
         check_ring({{0, 0}, {0, 0}, {0, 50}, {100, 50}, {100, 50}, {100, 50}, {100, 0}, {0, 0}, {0, 0}});
     EXPECT_EQ(messy.status, BoundaryStatus::usable);

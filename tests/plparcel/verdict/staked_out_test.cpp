@@ -29,6 +29,9 @@ const Ring kLot = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
 // No decimal number lies on its long sides.
 const Ring kSlant = {{10, 20}, {131.7, 53.3}, {120.1, 97.4}, {-3.1, 61.9}};
 
+const Ring kStrip = {{0, 0}, {100, 0}, {100, 0.3}, {0, 0.3}};
+const Ring kSharp = {{0, 0}, {1, 0}, {2, 2}};
+
 Request request(Cut cut, std::size_t index, plparcel::Amount amount, int decimals, double tolerance = 1e-6)
 {
     Request made;
@@ -64,6 +67,10 @@ const StakedRow kStaked[] = {
     {"a third: 16.667 is not quite granted", kLot, request(Cut::parallel, 0, share(1, 3), 3, 6.6e-6), 4},
     {"a hundredth of itself: 5e-4 high to four decimals", kLot,
      request(Cut::parallel, 0, plparcel::area(0.0548), 4, 0.01), 5},
+    {"a strip of 0.3: 67 is both ends to whole numbers", kStrip,
+     request(Cut::perpendicular, 0, share(1, 3), 0, 0.01), 1},
+    {"a triangle of 0.5 by 2: ends beyond its sides to whole numbers", kSharp,
+     request(Cut::perpendicular, 2, share(3, 4), 0, 0.01), 2},
     {"from a vertex with one decimal", kSlant, request(Cut::through_vertex, 1, share(1, 3), 4), 4},
 };
 
@@ -96,6 +103,64 @@ TEST(StakedOut, PiecesHaveTheRoundedEndsAsCorners)
     EXPECT_NEAR(division.pieces[1].area, 3333.33, 1e-12 * 3333.33);
     EXPECT_NEAR(division.pieces[0].residual, 1666.67 - 5000.0 / 3.0, 1e-12);
     EXPECT_EQ(division.pieces[0].ring.size(), 4u);
+}
+
+TEST(StakedOut, EachPieceIsHeldOnce)
+{
+    const Division division = divide(kLot, request(Cut::parallel, 0, share(1, 3), 4));
+    ASSERT_EQ(division.held.size(), 2u);
+    EXPECT_EQ(division.held[0].area, division.pieces[0].area);
+    EXPECT_EQ(division.held[1].area, division.pieces[1].area);
+}
+
+// From 0.3 beside a corner to 0.3 beside the one across; to whole numbers, from corner to corner.
+TEST(StakedOut, AnEndThatIsRoundedOntoACornerBecomesThatCorner)
+{
+    for (std::size_t first = 0; first < kLot.size(); ++first) {
+        Request half = request(Cut::through_place, (4 - first) % 4, share(1, 2), 0, 0.01);
+        half.line.along = 0.3;
+        const Division division = divide(test::begun_at(kLot, first), half);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.decimals, 0);
+        EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{0, 0}));
+        EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{100, 50}));
+        for (const plparcel::Piece& piece : division.pieces) {
+            EXPECT_EQ(piece.ring.size(), 3u);
+            EXPECT_EQ(piece.area, 2500.0);
+        }
+    }
+}
+
+// A line that goes on along a side, from the L's inner corner.
+TEST(StakedOut, ALineThatProlongsASide)
+{
+    const Ring l = {{0, 0}, {100, 0}, {100, 40}, {40, 40}, {40, 100}, {0, 100}};
+    const Division division = divide(l, request(Cut::perpendicular, 4, plparcel::area(4000), 2));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 2);
+    EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{40, 40}));
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{40, 0}));
+}
+
+// Half of a triangle of 1e-12 is 5e-25, and a hundred-millionth of that is less than 17 decimals can hold.
+TEST(StakedOut, WhereNoDecimalsHoldItTheLineHasAllDigits)
+{
+    const Ring tiny = {{0, 0}, {1e-12, 0}, {0, 1e-12}};
+    const Division division = divide(tiny, request(Cut::parallel, 0, share(1, 3), 17, 1e-8));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_FALSE(division.decimals);
+    EXPECT_NEAR(division.pieces[0].area, 1e-24 / 6, 1e-33);
+}
+
+// A third of 4.5 where doubles are whole numbers: areas are multiples of a half, and 1.5 is one; a quarter, 1.125, is
+// none.
+TEST(StakedOut, WhereDoublesHoldNoSuchAmountItIsNotReached)
+{
+    const Ring whole = {{0x1p52, 0x1p52}, {0x1p52 + 3, 0x1p52}, {0x1p52, 0x1p52 + 3}};
+    for (const double tolerance : {1e-9, 1e-3})
+        EXPECT_EQ(divide(whole, request(Cut::through_vertex, 0, share(1, 4), 2, tolerance)).status,
+                  Status::not_reached);
+    EXPECT_EQ(divide(whole, request(Cut::through_vertex, 0, share(1, 3), 2)).status, Status::divided);
 }
 
 TEST(StakedOut, WithoutDecimalsTheLineHasAllDigits)
