@@ -246,6 +246,14 @@ TEST(Directions, AStripThatEndsAtVerticesCountsOnce)
     EXPECT_EQ(divide(house, request).status, Status::no_further_line);
 }
 
+TEST(Directions, AStripUpToTheTipIsAll)
+{
+    const Ring triangle = {{0, 0}, {100, 0}, {50, 50}};
+    EXPECT_EQ(cut(triangle, parallel_to(0), {width(50)}).status, Status::amount_too_large);
+    EXPECT_EQ(cut(triangle, parallel_to(0), {area(900), width(40)}).status, Status::amount_too_large);
+    EXPECT_EQ(cut(triangle, parallel_to(0), {width(49)}).status, Status::divided);
+}
+
 TEST(Directions, CFrazAreaIsNotAskedWhatItDoesNotKnow)
 {
     Request request;

@@ -276,6 +276,27 @@ TEST(PlaceCut, StartsAtAPointOnTheBoundary)
     });
 }
 
+// Doubles are whole numbers here, and a point within 2.5 of a side lies on it: the nearer one counts, wherever the ring
+// begins.
+//      7-----------------------6
+//      |                    4--5
+//      |                    3--2
+//      0-----------------------1
+TEST(PlaceCut, BetweenTwoSidesStartsOnTheNearerOne)
+{
+    constexpr double kWhole = 0x1p52;
+    const Ring shape = {{0, 0}, {200, 0}, {200, 98}, {100, 98}, {100, 100}, {200, 100}, {200, 200}, {0, 200}};
+    for (std::size_t first = 0; first < shape.size(); ++first) {
+        Ring ring = test::begun_at(shape, first);
+        for (PL_PNT2D_record& p : ring)
+            p = {p.x + kWhole, p.y + kWhole};
+        const Division division = cut(ring, through_point({kWhole + 150, kWhole + 98}), 2400);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{kWhole + 150, kWhole + 98}));
+        EXPECT_NEAR(division.lines[0].to.y, kWhole, 1.0);
+    }
+}
+
 TEST(PlaceCut, EqualPartsFanOut)
 {
     Request request;
@@ -484,6 +505,22 @@ TEST(PointCut, TwoLinesThatHoldAsMuchAndLessBetweenThem)
         EXPECT_NEAR(all[i].lines[0].to.x, lines[i].end.x, 1e-13);
         EXPECT_NEAR(all[i].lines[0].to.y, lines[i].end.y, 1e-13);
     }
+}
+
+// From either lower corner 625 lies below the line, and 700 below the level one between them.
+TEST(PointCut, FromCornerToCornerWhatIsBetweenHoldsMore)
+{
+    const Ring tent = {{0, 0}, {100, 0}, {52, 16}, {48, 16}};
+    Request request;
+    request.line = through_point({50, 10});
+    request.amounts = {area(625)};
+    const std::vector<Division> all = plparcel::all_divisions(tent, request);
+    ASSERT_EQ(all.size(), 2U);
+    ASSERT_EQ(all[1].status, Status::divided);
+    EXPECT_POINT(all[0].lines[0].from, (PL_PNT2D_record{0, 0}));
+    EXPECT_POINT(all[0].lines[0].to, (PL_PNT2D_record{62.5, 12.5}));
+    EXPECT_POINT(all[1].lines[0].from, (PL_PNT2D_record{37.5, 12.5}));
+    EXPECT_POINT(all[1].lines[0].to, (PL_PNT2D_record{100, 0}));
 }
 
 TEST(PointCut, WithoutALineTheReasonIsTold)

@@ -13,6 +13,7 @@
 #include "support/bits.h"
 #include "support/parcel_kinds.h"
 #include "support/rings.h"
+#include "whole_lines/whole_verdict.h"
 
 namespace {
 
@@ -295,6 +296,20 @@ TEST(WholeLines, AHoleNoLargerThanRoundingIsPassed)
     for (const Piece& piece : division.pieces)
         holes += piece.holes.size();
     EXPECT_EQ(holes, 1U);
+}
+
+TEST(WholeVerdict, APointNearASide)
+{
+    const PL_PNT2D_record a = {10, 20};
+    const PL_PNT2D_record b = {40, 60};
+    EXPECT_TRUE(plparcel::is_near_side(a, b, {25, 40}, 1.0)) << "on it";
+    EXPECT_TRUE(plparcel::is_near_side(a, b, {25 - 0.79, 40 + 0.59}, 1.0)) << "0.986 beside it";
+    EXPECT_FALSE(plparcel::is_near_side(a, b, {25 - 0.81, 40 + 0.61}, 1.0)) << "1.014 beside it";
+    EXPECT_FALSE(plparcel::is_near_side(a, b, {25 + 0.81, 40 - 0.61}, 1.0)) << "on the other hand";
+    EXPECT_TRUE(plparcel::is_near_side(a, b, {10 - 0.59, 20 - 0.79}, 1.0)) << "0.986 before its beginning";
+    EXPECT_FALSE(plparcel::is_near_side(a, b, {10 - 0.61, 20 - 0.81}, 1.0)) << "1.014 before it";
+    EXPECT_TRUE(plparcel::is_near_side(a, b, {40 + 0.59, 60 + 0.79}, 1.0)) << "0.986 after its end";
+    EXPECT_FALSE(plparcel::is_near_side(a, b, {40 + 0.61, 60 + 0.81}, 1.0)) << "1.014 after it";
 }
 
 // Rings run as they were given, holes the other way.

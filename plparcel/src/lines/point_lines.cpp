@@ -75,8 +75,7 @@ std::vector<Wide> roots(const Wide& more, const Swept& ahead, const Swept& behin
     for (const Wide& t : {half / a, more / half})
         if (t > kRim && t < Wide(1.0) - kRim)
             found.push_back(t);
-    if (found.size() == 2 && found[1] < found[0])
-        std::swap(found[0], found[1]);
+    std::sort(found.begin(), found.end());
     return found;
 }
 
@@ -247,10 +246,10 @@ private:
         const Swept ahead = swept_by(sides.ahead, u, u + f);
         const Swept behind = swept_by(sides.behind, u, u + f);
         std::vector<Wide> parts;
-        if (may_hold_it)
-            parts = holds(first) && holds(last) && holds(line_at(0.5))
-                        ? std::vector<Wide>(1, 0.5)
-                        : roots(first.right - request_.on_right, ahead, behind);
+        if (may_hold_it && holds(first) && holds(last) && holds(line_at(0.5)))
+            parts.assign(1, 0.5);
+        else if (may_hold_it)
+            parts = roots(first.right - request_.on_right, ahead, behind);
         for (const Wide& t : parts)
             exact_.push_back(chord_of(line_at(t)));
         if (!turns_back)

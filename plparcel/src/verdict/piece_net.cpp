@@ -24,7 +24,7 @@ void append(Ring& ring, const PL_PNT2D_record& p)
 
 Ring closed_once(Ring ring)
 {
-    while (ring.size() > 1 && same_place(ring.front(), ring.back()))
+    if (same_place(ring.front(), ring.back()))
         ring.pop_back();
     return ring;
 }
@@ -118,8 +118,6 @@ void PieceNet::add_walk(const Piece& piece, const std::vector<std::size_t>& by_e
             continue;
         if (corner.end != kNone)
             ends_[corner.end].out_of = walk.first + k;
-        if (corners_[next].end != kNone)
-            ends_[corners_[next].end].into = walk.first + k;
     }
 }
 
@@ -159,7 +157,7 @@ bool PieceNet::find_foot(Link& link, std::size_t which, double reach) const
 {
     const End& end = ends_[link.ends[which]];
     const End& other = ends_[link.ends[1 - which]];
-    if (end.into == kNone || end.out_of == kNone || same_place(end.staked, other.staked))
+    if (same_place(end.staked, other.staked))
         return false;
     const WidePoint run = from_to(end.staked, other.staked);
     const WidePoint before = from_to(end.staked, end.before);
@@ -259,7 +257,10 @@ bool PieceNet::boundary_is_simple() const
         Ring ring;
         for (const std::size_t corner : boundary_from(i, passed))
             append(ring, staked_corner(corner));
-        if (!ring.empty() && !is_simple(closed_once(std::move(ring))))
+        if (ring.empty())
+            continue;
+        const Ring boundary = closed_once(std::move(ring));
+        if (!is_simple(boundary))
             return false;
     }
     return true;
@@ -268,7 +269,10 @@ bool PieceNet::boundary_is_simple() const
 bool is_simple(const Ring& ring)
 {
     constexpr std::size_t kMinVertices = 3;
-    return ring.size() >= kMinVertices && !meeting_sides(MeasuredRing(ring));
+    if (ring.size() < kMinVertices)
+        return false;
+    const JoinedRings boundary(ring);
+    return !meeting_sides(boundary).met;
 }
 
 }  // namespace plparcel

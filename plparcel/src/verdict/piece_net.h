@@ -46,11 +46,10 @@ public:
 private:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-    // An end of one or more lines. `into` and `out_of` are the corners at which the boundary arrives and goes on.
+    // An end of one or more lines. `out_of` is the corner at which the boundary goes on.
     struct End {
         PL_PNT2D_record found = {};
         PL_PNT2D_record staked = {};
-        std::size_t into = kNone;
         std::size_t out_of = kNone;
         bool is_vertex = false;       // of the parcel
         PL_PNT2D_record before = {};  // the vertex before it along the boundary

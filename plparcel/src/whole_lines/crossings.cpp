@@ -102,12 +102,12 @@ bool Crossings::add(std::size_t line, const Wide& level, std::vector<Crossing>& 
               [](const Crossing& a, const Crossing& b) {
                   if (a.along < b.along || b.along < a.along)
                       return a.along < b.along;
-                  return a.rises && !b.rises;
+                  return b.rises < a.rises;
               });
     for (std::size_t i = first; i < found.size(); ++i)
         if (found[i].rises != ((i - first) % 2 == 1))
             return false;
-    return found.size() > first && (found.size() - first) % 2 == 0;
+    return found.size() > first;
 }
 
 }  // namespace plparcel

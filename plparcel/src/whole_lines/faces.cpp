@@ -92,7 +92,7 @@ private:
         face.band = band_after(start);
         std::size_t at = start;
         do {
-            if (face_of_[at] != kNone || band_after(at) != face.band)
+            if (band_after(at) != face.band)
                 return false;
             face_of_[at] = index;
             append(face.ring, crossings_[at].place);
@@ -102,7 +102,7 @@ private:
             face.corners.push_back(end);
             at = other_end(end);
         } while (at != start);
-        while (face.ring.size() > 1 && same_place(face.ring.back(), face.ring.front()))
+        if (same_place(face.ring.back(), face.ring.front()))
             face.ring.pop_back();
         return true;
     }

@@ -198,7 +198,8 @@ private:
                 return true;
             bool is_moved = false;
             for (std::size_t line = 0; line < exact_.size(); ++line)
-                is_moved = (faulty_[line] && move(line)) || is_moved;
+                if (faulty_[line] && move(line))
+                    is_moved = true;
             if (!is_moved)
                 return refuse(division, Status::not_reached, at_fault);
         }

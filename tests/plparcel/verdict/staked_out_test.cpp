@@ -30,7 +30,7 @@ const Ring kLot = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
 const Ring kSlant = {{10, 20}, {131.7, 53.3}, {120.1, 97.4}, {-3.1, 61.9}};
 
 const Ring kStrip = {{0, 0}, {100, 0}, {100, 0.3}, {0, 0.3}};
-const Ring kSharp = {{0, 0}, {1, 0}, {2, 2}};
+const Ring kFlat = {{0, 0}, {1000, 0}, {0, 1}};
 
 Request request(Cut cut, std::size_t index, plparcel::Amount amount, int decimals, double tolerance = 1e-6)
 {
@@ -69,8 +69,8 @@ const StakedRow kStaked[] = {
      request(Cut::parallel, 0, plparcel::area(0.0548), 4, 0.01), 5},
     {"a strip of 0.3: 67 is both ends to whole numbers", kStrip,
      request(Cut::perpendicular, 0, share(1, 3), 0, 0.01), 1},
-    {"a triangle of 0.5 by 2: ends beyond its sides to whole numbers", kSharp,
-     request(Cut::perpendicular, 2, share(3, 4), 0, 0.01), 2},
+    {"a hill of 2 in 1000: to one decimal, 0.3 is 50 from where the line meets the slope", kFlat,
+     request(Cut::parallel, 0, plparcel::area(218.75), 1, 0.01), 2},
     {"from a vertex with one decimal", kSlant, request(Cut::through_vertex, 1, share(1, 3), 4), 4},
 };
 
@@ -213,6 +213,21 @@ TEST(StakedOut, AnEndIsNotRoundedAcrossAGap)
         divide(wider, request(Cut::perpendicular, 7, plparcel::area(45.00027), 4, 1e-3));
     ASSERT_EQ(in_the_gap.status, Status::divided) << describe(in_the_gap);
     EXPECT_EQ(in_the_gap.decimals, 4);
+}
+
+// The same gap between three pieces. To four decimals, the end at 4.5 lies to the right of the gap's other side, which
+// an end at 6 has bent: each piece is simple, but the boundary crosses itself.
+TEST(StakedOut, AnEndIsNotRoundedIntoAPieceBesideTheGap)
+{
+    const Ring slit = {{0, 0},        {10.00006, 0}, {10.00006, 8},  {10.00007, 8},
+                       {10.00007, 0}, {20.00007, 0}, {20.00007, 10}, {0, 10}};
+    Request asked = request(Cut::perpendicular, 7, plparcel::area(45.00027), 4, 1e-3);
+    asked.amounts.push_back(plparcel::area(60));
+    const Division division = divide(slit, asked);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 5);
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{10.00006, 4.5}));
+    EXPECT_POINT(division.lines[1].from, (PL_PNT2D_record{10.00007, 6}));
 }
 
 // An L whose inner corner is a spacing of doubles inside of what two decimals say. Rounded, a line from there passes
