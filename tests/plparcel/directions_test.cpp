@@ -250,6 +250,7 @@ TEST(Directions, AStripUpToTheTipIsAll)
 {
     const Ring triangle = {{0, 0}, {100, 0}, {50, 50}};
     EXPECT_EQ(cut(triangle, parallel_to(0), {width(50)}).status, Status::amount_too_large);
+    EXPECT_EQ(cut(triangle, perpendicular_to(0), {width(100)}).status, Status::amount_too_large);
     EXPECT_EQ(cut(triangle, parallel_to(0), {area(900), width(40)}).status, Status::amount_too_large);
     EXPECT_EQ(cut(triangle, parallel_to(0), {width(49)}).status, Status::divided);
 }

@@ -290,10 +290,10 @@ TEST(PlaceCut, BetweenTwoSidesStartsOnTheNearerOne)
         Ring ring = test::begun_at(shape, first);
         for (PL_PNT2D_record& p : ring)
             p = {p.x + kWhole, p.y + kWhole};
-        const Division division = cut(ring, through_point({kWhole + 150, kWhole + 98}), 2400);
+        const Division division = cut(ring, through_point({kWhole + 150, kWhole + 98}), 4900, kFar);
         ASSERT_EQ(division.status, Status::divided) << describe(division);
         EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{kWhole + 150, kWhole + 98}));
-        EXPECT_NEAR(division.lines[0].to.y, kWhole, 1.0);
+        EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{kWhole + 150, kWhole}));
     }
 }
 
@@ -464,6 +464,11 @@ TEST(PointCut, AllLinesCanBeHadInTheirOrder)
          through_point({25, 25}),
          1250 - 0.9e-5,
          {{{0, 50}, {50, 0}}}},
+        {"from a corner, and less by what is granted the diagonal: the one that holds it",
+         kSquare,
+         plparcel::through_vertex(0),
+         5000 - 0x1p-20,
+         {{{0, 0}, {100, 100 - 0x1p-20 / 50}}}},
         {"a parallel: one", kSquare, plparcel::parallel_to(0), 2500, {{{0, 25}, {100, 25}}}},
     };
     for (const auto& row : rows) {

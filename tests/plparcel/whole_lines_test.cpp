@@ -553,6 +553,12 @@ TEST(CheckParcel, Rows)
          2,
          {0, 0},
          {0, 0}},
+        {"a hole without area and with a vertex twice",
+         {{{10, 10}, {20, 20}, {20, 20}, {30, 30}}},
+         BoundaryStatus::flat,
+         1,
+         {0, 0},
+         {1, 1}},
         {"touches the boundary at a vertex",
          {{{10, 10}, {20, 0}, {20, 20}}},
          BoundaryStatus::rings_meet,
@@ -600,6 +606,9 @@ TEST(CheckParcel, Rows)
     EXPECT_NEAR(report.perimeter, 400.0 + 80.0 + 4.0 * std::sqrt(200.0), 1e-12);
     EXPECT_TRUE(report.anticlockwise);
     EXPECT_EQ(check_parcel({square, {{{10, 10}, {20, 10}, {20, 20}}}}).area, 9950.0) << "one hole";
+    const Ring twice = {{0, 0}, {0, 0}, {100, 0}, {100, 100}, {0, 100}};
+    EXPECT_EQ(check_parcel({twice, {{{10, 10}, {20, 20}, {20, 20}, {30, 30}}}}).repeated, 2U)
+        << "in all rings, also where a hole is at fault";
 }
 
 Ring begun_at(const Ring& ring, std::size_t start)
@@ -656,6 +665,27 @@ TEST(WholeLines, TheOrderInWhichAParcelIsToldChangesNothing)
             expect_same(first, cut(told, at_bearing(31.7), {share(1, 3), share(1, 3)}));
         }
     }
+}
+
+// On a parcel of 1.5 at UTM size a spacing along a line is as much as a billionth of the area. The ends of a line are
+// then rounded the one up and the other down, so that the amounts are held.
+TEST(WholeLines, EndsAreRoundedSoThatTheAmountsAreHeld)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> bearing(0.0, 400.0);
+    int divided = 0;
+    constexpr int kCases = 300;
+    for (int i = 0; i < kCases; ++i) {
+        const Parcel parcel = {moved(test::convex_ring(random, 7, 1.5), 5e5, 5e6, 1.0), {}};
+        const Division division = cut(parcel, at_bearing(bearing(random)), {share(1, 3), share(1, 3)});
+        divided += division.status == Status::divided && division.trials <= 1 ? 1 : 0;
+        if (division.status != Status::divided)
+            continue;
+        const double third = division.ring.area / 3;
+        for (const Piece& piece : division.pieces)
+            EXPECT_NEAR(plparcel::check_ring(piece.ring).area, third, 1.0000001e-9 * division.ring.area);
+    }
+    EXPECT_GT(divided, 0);
 }
 
 TEST(WholeLines, AsManyPartsAsThereAreCentimetres)

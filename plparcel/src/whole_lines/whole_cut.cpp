@@ -31,10 +31,10 @@ constexpr double kStraight = 14.0;
 
 // Where a line cannot be rounded well, for a hole that it touches or vertices that it all but touches, it is moved by
 // these many spacings, one after another, as long as the amounts allow it: first to the side on which it meets fewer
-// sides, so that it passes the hole.
-constexpr double kMoves[] = {0.0,  12.0,  -12.0, 24.0,   -24.0,  48.0,   -48.0,
-                             96.0, -96.0, 300.0, -300.0, 1000.0, -1000.0};
-constexpr std::size_t kMostMoves = sizeof kMoves / sizeof kMoves[0];
+// sides, so that it passes the hole. A line that none of them helps stays where it belongs.
+constexpr double kMoves[] = {0.0,  12.0,  -12.0, 24.0,   -24.0,  48.0,    -48.0,
+                             96.0, -96.0, 300.0, -300.0, 1000.0, -1000.0, 0.0};
+constexpr std::size_t kLastMove = sizeof kMoves / sizeof kMoves[0] - 1;
 
 // By how much of what is granted a line may miss what should lie below it before its ends are looked at again.
 constexpr double kWellHeld = 0.25;
@@ -209,24 +209,24 @@ private:
     bool move(std::size_t line)
     {
         const double most = kWellHeld * granted_beside(line);
-        while (++moves_[line] < kMostMoves) {
+        while (++moves_[line] < kLastMove) {
             const Wide by = profile_.area_below(level_of(line)) - profile_.area_below(exact_[line]);
             if (std::fabs(area_to_parcel(by).value()) <= most)
                 return true;
         }
-        moves_[line] = kMostMoves;
+        moves_[line] = kLastMove;
         return false;
     }
 
     Wide level_of(std::size_t line) const
     {
-        const std::size_t move = moves_[line];
-        if (move == 0 || move == kMostMoves)
+        const double by = kMoves[moves_[line]];
+        if (by == 0.0)
             return exact_[line];
         const Wide step = unit() * kMoves[1];
         const bool down =
             profile_.sides_at(exact_[line] - step).size() < profile_.sides_at(exact_[line] + step).size();
-        return exact_[line] + unit() * (down ? -kMoves[move] : kMoves[move]);
+        return exact_[line] + unit() * (down ? -by : by);
     }
 
     // Returns the first line that fails, or none.

@@ -75,6 +75,30 @@ TEST(Trapeziums, AnEarThatRunsTheOtherWayRoundHasNone)
     expect_trapeziums("crossed", {{0, 0}, {9, 9}, {9, 3}, {0, 7}}, {{3, 0, 0, 3}, {3, 2, 3, 7}});
 }
 
+//  6 -------- 5 3 -------- 2     A gap from above, 2^-70 wide where it begins, slants down to 4: its sides are told
+//  |           \\            |     apart in 106 bits only. Above and below the level 0.
+//  |             4           |
+//  0 ----------------------- 1
+TEST(Trapeziums, OnBothSidesOfAGapThatDoublesCannotSee)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(-90.0, 90.0);
+    for (int i = 0; i < 1000; ++i) {
+        const double low = i % 2 == 0 ? -200.0 : 0.0;
+        const double mouth = any(random);
+        const WidePoint tip = {any(random), low + 100.0 + any(random)};
+        const Wide high = low + 200.0;
+        const std::vector<WidePoint> ring = {
+            {-100.0, low}, {100.0, low},  {100.0, high}, {Wide(mouth) + 0x1p-70, high},
+            tip,           {mouth, high}, {-100.0, high}};
+        const std::vector<Trapezium> found = trapeziums(ring);
+        ASSERT_EQ(found.size(), 3U) << i;
+        EXPECT_TRUE(found[0].left == 6 && found[0].right == 1) << i << ": below the gap";
+        EXPECT_TRUE(found[1].left == 6 && found[1].right == 4) << i << ": on its left";
+        EXPECT_TRUE(found[2].left == 3 && found[2].right == 1) << i << ": on its right";
+    }
+}
+
 Wide area_of(const std::vector<WidePoint>& ring, const Trapezium& t)
 {
     const Wide low = along_at(ring, t.right, t.low) - along_at(ring, t.left, t.low);

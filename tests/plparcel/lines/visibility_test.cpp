@@ -8,6 +8,7 @@
 
 #include "boundary/local_ring.h"
 #include "boundary/measured_ring.h"
+#include "lines/ray.h"
 #include "support/bits.h"
 #include "support/rings.h"
 
@@ -155,6 +156,34 @@ TEST(Visibility, IsWhatNoSideStandsBefore)
     }
     EXPECT_GT(yes, 10000);
     EXPECT_GT(no, 10000);
+}
+
+// Two sides 2^-70 apart, given by other points of their lines: in doubles their ways along the ray differ by nothing but
+// rounding. The nearer one comes first, whether the sides are long or as short as a millionth.
+TEST(Ray, OrdersSidesThatDoublesCannotTellApart)
+{
+    using plparcel::Wide;
+    using plparcel::WidePoint;
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(0.1, 1.0);
+    const Wide apart(0x1p-70);
+    for (int i = 0; i < 2000; ++i) {
+        const double size = i % 2 == 0 ? 1.0 : 1e-6;
+        // On the line from (1, 0) in a direction, exactly.
+        const WidePoint along = {Wide(any(random)) - 0.5, Wide(any(random)) + 0.5};
+        const auto on_line = [&](double part, const Wide& off) {
+            return WidePoint{Wide(1.0) + along.x * part + off, along.y * part};
+        };
+        const auto span = [&](const Wide& off) {
+            return plparcel::Span{on_line(-size * any(random), off), on_line(size * any(random), off)};
+        };
+        const std::vector<plparcel::Span> spans = {span(0.0), span(apart)};
+        const WidePoint ray = {Wide(1.0), Wide(0.0)};
+        const plparcel::IsNearer is_nearer(spans, ray);
+        EXPECT_TRUE(is_nearer(0, 1)) << i;
+        EXPECT_FALSE(is_nearer(1, 0)) << i;
+        EXPECT_FALSE(is_nearer(0, 0)) << i;
+    }
 }
 
 }  // namespace

@@ -57,6 +57,31 @@ TEST(NearbyEnds, WhereAMoveOnTheFinerAxisChangesNothing)
         EXPECT_EQ(offered(row.rest), row.offers) << row.what;
 }
 
+// A line from the corner (0, 0) to the middle of the upper side: 48 lie on its right, and 4 more for each unit that its
+// end moves to the left. Where 5.6 to 6.4 doubles to the left hold both pieces, it goes to the sixth.
+TEST(NearbyEnds, AnEndIsMovedToTheMiddleOfWhatHolds)
+{
+    const MeasuredRing square({{0, 0}, {8, 0}, {8, 8}, {0, 8}});
+    Chord chord;
+    chord.from_side = 0;
+    chord.to_side = 2;
+    chord.request_after_from = true;
+    chord.from_stays = true;
+    const double granted = 1e-9 * 64.0;
+    constexpr double kDouble = 0x1p-51;  // below 4
+    const Target target = {Wide(48.0) + granted + 4.0 * 5.6 * kDouble,
+                           Wide(16.0) + granted - 4.0 * 6.4 * kDouble, 64.0};
+    std::vector<double> level;
+    offer_nearby_ends(square, chord, target, {0, 0}, {4, 8},
+                      [&level](const PL_PNT2D_record&, const PL_PNT2D_record& end) {
+                          if (end.y == 8.0)
+                              level.push_back(end.x);
+                          return false;
+                      });
+    ASSERT_EQ(level.size(), 1U);
+    EXPECT_EQ(level[0], 4.0 - 6.0 * kDouble);
+}
+
 // From a line that ends on two sides, both ends may move: the start goes farther away offer by offer.
 TEST(NearbyEnds, TriesTheNearestStartsFirst)
 {

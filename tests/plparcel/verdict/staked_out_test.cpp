@@ -71,6 +71,8 @@ const StakedRow kStaked[] = {
      request(Cut::perpendicular, 0, share(1, 3), 0, 0.01), 1},
     {"a hill of 2 in 1000: to one decimal, 0.3 is 50 from where the line meets the slope", kFlat,
      request(Cut::parallel, 0, plparcel::area(218.75), 1, 0.01), 2},
+    {"a sliver of 0.002 that fewer decimals make a line", kLot,
+     request(Cut::through_vertex, 0, plparcel::area(0.1), 0, 0.01), 3},
     {"from a vertex with one decimal", kSlant, request(Cut::through_vertex, 1, share(1, 3), 4), 4},
 };
 
@@ -129,6 +131,19 @@ TEST(StakedOut, AnEndThatIsRoundedOntoACornerBecomesThatCorner)
             EXPECT_EQ(piece.area, 2500.0);
         }
     }
+}
+
+// The line of half the slope from (13/7, 2/7) to the left side: to whole numbers it runs from (2, 0), above which the
+// left side has ended.
+TEST(StakedOut, ALineThatWouldPassBeyondTheEndOfItsSideNeedsMoreDecimals)
+{
+    Request asked;
+    asked.line = plparcel::along_segment({0, 0}, {2, 1});
+    asked.amounts = {share(1, 7)};
+    asked.rounding = {0, 0.01};
+    const Division division = divide({{1, 2}, {2, 0}, {0, 0}}, asked);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 2);
 }
 
 // A line that goes on along a side, from the L's inner corner.
@@ -215,19 +230,22 @@ TEST(StakedOut, AnEndIsNotRoundedAcrossAGap)
     EXPECT_EQ(in_the_gap.decimals, 4);
 }
 
-// The same gap between three pieces. To four decimals, the end at 4.5 lies to the right of the gap's other side, which
-// an end at 6 has bent: each piece is simple, but the boundary crosses itself.
-TEST(StakedOut, AnEndIsNotRoundedIntoAPieceBesideTheGap)
+//  ----------------------------        A gap of a hundredth of a millimetre up to 5, and on to 8. To four decimals, the
+//  |             ||            |        end at 4.5 lies beyond it, in the third piece: each piece is simple, but the
+//  |2===========7||           3|        boundary crosses itself.
+//  |               | |         |
+//  |1=========4.5====| |       |
+//  -------------------  --------
+TEST(StakedOut, AnEndIsNotRoundedIntoAPieceBeyondAGap)
 {
-    const Ring slit = {{0, 0},        {10.00006, 0}, {10.00006, 8},  {10.00007, 8},
-                       {10.00007, 0}, {20.00007, 0}, {20.00007, 10}, {0, 10}};
-    Request asked = request(Cut::perpendicular, 7, plparcel::area(45.00027), 4, 1e-3);
-    asked.amounts.push_back(plparcel::area(60));
+    const Ring slit = {{0, 0},      {10.00006, 0}, {10.00006, 5}, {9.9, 6},      {9.9, 8},       {9.9001, 8},
+                       {9.9001, 6}, {10.00007, 5}, {10.00007, 0}, {20.00007, 0}, {20.00007, 10}, {0, 10}};
+    Request asked = request(Cut::perpendicular, 11, plparcel::area(45.00027), 4, 1e-3);
+    asked.amounts.push_back(plparcel::area(24.85006));
     const Division division = divide(slit, asked);
     ASSERT_EQ(division.status, Status::divided) << describe(division);
     EXPECT_EQ(division.decimals, 5);
     EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{10.00006, 4.5}));
-    EXPECT_POINT(division.lines[1].from, (PL_PNT2D_record{10.00007, 6}));
 }
 
 // An L whose inner corner is a spacing of doubles inside of what two decimals say. Rounded, a line from there passes
