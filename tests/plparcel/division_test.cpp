@@ -601,6 +601,27 @@ TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
     EXPECT_TRUE(tip.lines[0].library_agrees);
 }
 
+// The line before is the next one's base side, and is turned onto the axes as the first side was.
+TEST(Division, FoundByTheSearchInASeriesThoughNearlyAlongTheAxes)
+{
+    for (const double tilt : {-1e-9, 1e-9}) {
+        Ring ring;
+        for (const PL_PNT2D_record& p : {PL_PNT2D_record{0, 0}, {73.3, 0}, {73.3, 52}, {0, 52}})
+            ring.push_back({100 + p.x - tilt * p.y, 100 + p.y + tilt * p.x});
+        for (std::size_t side = 0; side < ring.size(); ++side) {
+            for (int per_mille = 2; per_mille < 330; per_mille += 2) {
+                SCOPED_TRACE(std::to_string(side) + ", " + std::to_string(per_mille) + " of 1000");
+                const Amount amount = share(per_mille, 1000);
+                const Division division =
+                    compared(ring, request(Cut::parallel, side, {amount, amount, amount}));
+                ASSERT_EQ(division.status, Status::divided);
+                for (const plparcel::DividingLine& line : division.lines)
+                    EXPECT_TRUE(line.library_agrees);
+            }
+        }
+    }
+}
+
 // Of sides 1e-9 rad off the axes CFrazArea loses some lines, shares of nearly a half among them, unless the parcel is
 // turned onto them first.
 TEST(Division, FoundByTheSearchThoughNearlyAlongTheAxes)

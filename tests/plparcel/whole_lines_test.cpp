@@ -274,6 +274,19 @@ TEST(WholeLines, WhereDoublesAreWholeNumbers)
     EXPECT_GT(half.trials, 1U);
 }
 
+// Half of it lies beyond a line across one arm, which prolonged meets the other arm: that is no whole line, and the whole
+// line that holds as much does not run through whole numbers.
+TEST(WholeLines, AnArmIsNotTakenForTheWholeLine)
+{
+    const Parcel u = {moved({{-2, 6}, {5, 9}, {4, 2}, {7, 1}, {6, 9}, {10, 6}, {14, -2}, {-2, -2}},
+                            kWholeNumbers, kWholeNumbers, 1.0),
+                      {}};
+    const Division arm = cut(u, perpendicular_to(5), {share(1, 2)}, kThere, Pieces::two);
+    ASSERT_EQ(arm.status, Status::divided);
+    EXPECT_TRUE(arm.lines[0].meets_again);
+    EXPECT_EQ(cut(u, perpendicular_to(5), {share(1, 2)}, kThere).status, Status::not_reached);
+}
+
 // 20 spacings across. To the East doubles are 2^-34 apart, to the North 2^-30: areas are multiples of 2^-65, 32 to a
 // square of spacings, and 354.5 of these parted by 5, by 4 and by 3 leaves thirds and fifths.
 TEST(WholeLines, WhereSpacingsAreMostOfTheParcel)

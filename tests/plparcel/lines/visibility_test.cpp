@@ -186,4 +186,28 @@ TEST(Ray, OrdersSidesThatDoublesCannotTellApart)
     }
 }
 
+// A side that runs almost along the ray and crosses it at 1.05, by 2^-70 to either side: in doubles its way is anything.
+// Sides before it and behind it are told all the same.
+TEST(Ray, OrdersSidesBesideOneThatRunsAlongIt)
+{
+    using plparcel::Wide;
+    using plparcel::WidePoint;
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(-1.0, 1.0);
+    std::uniform_real_distribution<double> part(0.05, 0.95);
+    for (int i = 0; i < 3000; ++i) {
+        const WidePoint ray = {Wide(any(random)), Wide(any(random))};
+        const WidePoint left = {-ray.y, ray.x};
+        const auto across = [&](double way) {
+            return plparcel::Span{ray * way - left * 0.3, ray * way + left * 0.3};
+        };
+        const double before = 1.0 * part(random);
+        const std::vector<plparcel::Span> spans = {
+            across(before), {ray - left * 0x1p-70, ray * 1.1 + left * 0x1p-70}, across(1.1 + part(random))};
+        const plparcel::IsNearer is_nearer(spans, ray);
+        EXPECT_TRUE(is_nearer(0, 1) && is_nearer(1, 2) && is_nearer(0, 2)) << i;
+        EXPECT_FALSE(is_nearer(1, 0) || is_nearer(2, 1) || is_nearer(2, 0)) << i;
+    }
+}
+
 }  // namespace

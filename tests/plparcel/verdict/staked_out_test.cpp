@@ -178,6 +178,22 @@ TEST(StakedOut, WhereDoublesHoldNoSuchAmountItIsNotReached)
     EXPECT_EQ(divide(whole, request(Cut::through_vertex, 0, share(1, 3), 2)).status, Status::divided);
 }
 
+// A third of 4.5, along the level side: the line at 1.73 ends in whole numbers at (1, 2) and (2, 1). Below it lie 1.5, but
+// prolonged to the boundary, as decimals ask for, it runs from (0, 3) to (1.5, 1.5), and 2.25 lie below.
+TEST(StakedOut, ALineThatHoldsItOnlyBetweenItsEndsIsNotStakedOut)
+{
+    Request third;
+    third.line = plparcel::along_segment({0, 0}, {3, 0});
+    third.amounts = {share(1, 3)};
+    const Ring whole = {{0x1p52, 0x1p52}, {0x1p52 + 3, 0x1p52 + 3}, {0x1p52, 0x1p52 + 3}};
+    const Division found = divide(whole, third);
+    ASSERT_EQ(found.status, Status::divided);
+    EXPECT_POINT(found.lines[0].from, (PL_PNT2D_record{0x1p52 + 1, 0x1p52 + 2}));
+    EXPECT_POINT(found.lines[0].to, (PL_PNT2D_record{0x1p52 + 2, 0x1p52 + 1}));
+    third.rounding = {2, 0.01};
+    EXPECT_EQ(divide(whole, third).status, Status::not_reached);
+}
+
 TEST(StakedOut, WithoutDecimalsTheLineHasAllDigits)
 {
     Request all = request(Cut::parallel, 0, share(1, 3), 4);
