@@ -5,7 +5,6 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -717,32 +716,6 @@ TEST_F(Plans, EveryPieceHasItsName)
         EXPECT_EQ(bold.count(name) + bold.count(name + "  133"), name == "N" ? 2u : 1u)
             << name << "; the north arrow has an N too";
     }
-}
-
-// Four fields, dark and light in turn, as long together as the number at their end says, at the plan's scale.
-TEST_F(Plans, TheScaleBarIsTrue)
-{
-    write("lot.csv", "id,WKT\n1,\"POLYGON((0 0,90 0,90 50,0 50,0 0))\"\n");
-    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg").status, 0);
-    const std::string svg = content("plan.svg");
-    const std::regex field(
-        "<path d=\"M([0-9.]+) ([0-9.]+)L([0-9.]+) \\2L\\3 ([0-9.]+)L\\1 \\4Z\" fill=\"(#[0-9a-f]+)\"/>");
-    std::vector<std::smatch> fields;
-    for (std::sregex_iterator at(svg.begin(), svg.end(), field), end; at != end; ++at)
-        if (std::fabs(std::stod((*at)[4]) - std::stod((*at)[2]) - 5.0) < 1e-3)
-            fields.push_back(*at);
-    ASSERT_EQ(fields.size(), 4u);
-    for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(fields[i][5] == "#ffffff", i % 2 == 1) << i;
-        EXPECT_NEAR(std::stod(fields[i][3]) - std::stod(fields[i][1]), 10.0 * kMillimetre, 0.002);
-        if (i > 0) {
-            EXPECT_EQ(fields[i][1], fields[i - 1][3]);
-        }
-    }
-    // 20 at 1:500 are 40 millimetres.
-    EXPECT_NE(svg.find(">1:500</text>"), std::string::npos);
-    EXPECT_NE(svg.find(">20</text>"), std::string::npos);
-    EXPECT_NE(svg.find(">0</text>"), std::string::npos);
 }
 
 TEST_F(Plans, SvgAndPdfHaveTheirPaper)
