@@ -237,7 +237,7 @@ def main():
         for mutant in run.next_round():
             print(f"# {mutant.path}:{mutant.line}, {mutant.kind}\n{unseen.written(mutant)}\n")
         return OK
-    old = stale(run, known)
+    old = [] if chosen.again else stale(run, known)
     for entry in old:
         print(f"mutate: {LIST.name}:{entry.line}: no such mutant any more: {' '.join(entry.key)}; remove or renew it",
               file=sys.stderr)  # fmt: skip
