@@ -170,71 +170,6 @@ TEST(LabelPlaces, SegmentsAndBoxes)
     EXPECT_NEAR(turned.height(), 20, 1e-9);
 }
 
-TEST(LabelPlaces, ReadFromBelowOrFromTheRight)
-{
-    const struct {
-        SheetPoint to;  // from the origin; down the sheet is positive
-        double angle;
-    } rows[] = {{{10, 0}, 0.0},
-                {{10, 10}, 0.25 * M_PI},
-                {{-10, 10}, -0.25 * M_PI},
-                {{-10, 0}, 0.0},
-                {{-10, -10}, 0.25 * M_PI},
-                {{10, -10}, -0.25 * M_PI},
-                {{0, 10}, -0.5 * M_PI},
-                {{0, -10}, -0.5 * M_PI},
-                {{1e-8, 10}, -0.5 * M_PI},
-                {{-1e-8, -10}, -0.5 * M_PI}};
-    for (const auto& row : rows)
-        EXPECT_NEAR(tool::reading_angle({0, 0}, row.to), row.angle, 1e-8) << row.to.x << " " << row.to.y;
-}
-
-TEST(LabelPlaces, AroundAPointStraightOnFirst)
-{
-    const std::vector<SheetPoint> places = tool::places_around({50, 50}, {0, -1}, 10);
-    ASSERT_EQ(places.size(), 30u) << "ten directions, at three distances";
-    EXPECT_NEAR(places[0].x, 50, 1e-9);
-    EXPECT_NEAR(places[0].y, 40, 1e-9);
-    // A twelfth of a turn to either side.
-    EXPECT_NEAR(places[2].x, 55, 1e-9);
-    EXPECT_NEAR(places[3].x, 45, 1e-9);
-    EXPECT_NEAR(places[2].y, 50 - 5 * std::sqrt(3.0), 1e-9);
-    const double distances[] = {10, 15, 22};
-    for (std::size_t i = 0; i < places.size(); ++i)
-        EXPECT_NEAR(tool::length_of({places[i].x - 50, places[i].y - 50}), distances[i / 10], 1e-9);
-}
-
-TEST(LabelPlaces, TurnedTextTakesItsOwnWidth)
-{
-    // 40 by 10 upright, in the middle of a sheet of 30 by 60: it has room, and a level label beside it has.
-    LabelPlaces places({0, 0, 30, 60});
-    EXPECT_TRUE(places.first_free_along({{15, 30}}, {40, 10}, 0.5 * M_PI, true));
-    EXPECT_FALSE(places.first_free({{15, 30}}, {6, 6})) << "in the middle";
-    EXPECT_FALSE(places.first_free({{15, 13}}, {6, 6})) << "at its end";
-    EXPECT_FALSE(places.first_free({{15, 47}}, {6, 6})) << "at its other end";
-    EXPECT_TRUE(places.first_free({{15, 54}}, {6, 6})) << "beyond it";
-    EXPECT_TRUE(places.first_free({{5, 30}}, {6, 6})) << "beside it";
-    EXPECT_FALSE(places.first_free_along({{15, 30}}, {64, 5}, 0.5 * M_PI, true)) << "longer than the sheet";
-}
-
-// The lines in the way are looked up in cells: of a line from corner to corner every place is found.
-TEST(LabelPlaces, SeesALineWhereverItRuns)
-{
-    for (double along = 4.0; along < 200.0; along += 7.0) {
-        LabelPlaces places({0, 0, 200, 100});
-        places.add_line({200, 0}, {0, 100});
-        EXPECT_FALSE(places.first_free({{along, 100 - 0.5 * along}}, {6, 3}, 0.0, false)) << along;
-        EXPECT_TRUE(places.first_free({{along, 50 - std::copysign(40, along - 100)}}, {2, 2}, 0.0, false) ||
-                    std::fabs(along - 100) < 90)
-            << along;
-    }
-    LabelPlaces outside({0, 0, 100, 100});
-    outside.add_line({-50, 20}, {-1, 20});
-    outside.add_line({20, 101}, {90, 140});
-    EXPECT_TRUE(outside.first_free({{10, 20}}, {20, 10}, 0.0, false)) << "it ends left of the sheet";
-    EXPECT_TRUE(outside.first_free({{50, 95}}, {20, 10}, 0.0, false)) << "it runs below";
-}
-
 TEST(LabelPlaces, SeesLabelsInTheWay)
 {
     LabelPlaces places({0, 0, 100, 100});
@@ -258,11 +193,6 @@ TEST(SheetGeometry, PlacesInsideRoomiestFirst)
     }
     EXPECT_GT(places[0].room, 9.0);
     EXPECT_LE(places[0].room, 14.2) << "in the corner";
-    // Where there is room enough, in the middle.
-    const std::vector<tool::RoomyPlace> roomy = tool::roomy_places({{0, 0}, {200, 0}, {200, 100}, {0, 100}});
-    EXPECT_NEAR(roomy[0].at.x, 100, 4.0);
-    EXPECT_NEAR(roomy[0].at.y, 50, 2.0);
-    EXPECT_NEAR(roomy[0].room, 50, 2.0);
 }
 
 TEST(LabelPlaces, TextAlongALineCoversNothing)

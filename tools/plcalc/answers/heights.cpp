@@ -4,8 +4,6 @@
 #include <cmath>
 #include <numeric>
 
-#include "plparcel/extent.h"
-
 namespace tool {
 namespace {
 
@@ -22,6 +20,14 @@ bool before(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
     return p.x == q.x && p.y == q.y;
+}
+
+double extent_of(const plparcel::Ring& ring)
+{
+    double extent = 0.0;
+    for (const PL_PNT2D_record& p : ring)
+        extent = std::max({extent, std::fabs(p.x - ring[0].x), std::fabs(p.y - ring[0].y)});
+    return extent;
 }
 
 // The point of a side that is nearest to p.
@@ -47,7 +53,7 @@ Heights::Heights(const Parcel& parcel, const std::optional<int>& decimals) : par
     if (parcel.heights.empty())
         return;
     corners_ = corners_of(parcel);
-    reach_ = std::max(kReach, kReachRel * plparcel::extent_of(parcel.ring).largest());
+    reach_ = std::max(kReach, kReachRel * extent_of(parcel.ring));
     if (decimals)
         reach_ = std::max(reach_, std::pow(10.0, -*decimals));
     by_place_.resize(corners_.size());
