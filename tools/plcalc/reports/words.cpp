@@ -15,7 +15,8 @@ long long neighbour(const Parcel& parcel, long long number, bool after)
     if (!at)
         return number;
     const std::size_t step = after ? 1 : at->count - 1;
-    return static_cast<long long>(at->first + (at->index + step) % at->count + 1);
+    const std::size_t index = at->first + (at->index + step) % at->count;
+    return static_cast<long long>(index) + 1;
 }
 
 long long after(const Parcel& parcel, long long number)
@@ -111,7 +112,7 @@ std::string piece_name(const Answer& answer, std::size_t piece)
     const plparcel::Division& division = answer.printed.proven;
     const std::size_t amount = division.pieces[piece].amount;
     const std::size_t count = division.held[amount].pieces;
-    const std::string name = amount_name(answer.asked, answer.parcel, amount);
+    std::string name = amount_name(answer.asked, answer.parcel, amount);
     if (count == 1)
         return name;
     std::size_t first = piece;
