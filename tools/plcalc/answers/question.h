@@ -4,6 +4,7 @@
 // line states it.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "console/outcome.h"
 #include "plcalc/kernel.h"
 #include "plparcel/division.h"
+#include "plparcel/which_side.h"
 
 namespace tool {
 
@@ -91,6 +93,18 @@ struct Resolution {
 /// extent and the rounding of an area below a ten-millionth of the area.
 Resolution resolution_of(const std::vector<PL_PNT2D_record>& ring, double area);
 
+/// A side or a vertex that is named by what it is.
+struct SideChoice {
+    enum class By { number, longest, shortest, near, facing, along, vertex_near };
+    By by = By::number;
+    PL_PNT2D_record point = {};  ///< near, vertex_near
+    double bearing_gon = 0.0;    ///< facing
+    /// along: the lines of another file, and how near they must come, in the unit of the parcel; none for 20 m
+    std::shared_ptr<const plparcel::OtherGeometry> other = {};
+    std::optional<double> distance = {};
+    std::string given = {};  ///< the point, the bearing or the file, as it was given
+};
+
 /// One request.
 struct Asked {
     plparcel::Request request;  ///< complete but for `index`, which needs a parcel
@@ -100,6 +114,8 @@ struct Asked {
     std::vector<std::string> amounts;  ///< as they were given, "40 x 50" or "1/3"; one per amount
     std::string line = {};             ///< a line that no side gives, as it was given: "50 gon"
     bool count_alternatives = false;   ///< whether to tell how many lines hold the first amount
+    SideChoice choice = {};            ///< where no number was given: which side or vertex is meant
+    std::string chosen = {};  ///< what with_side() has found, as a sentence; empty where a number was given
 };
 
 /// An amount in the parcel's unit squared.

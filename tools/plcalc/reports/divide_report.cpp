@@ -75,6 +75,16 @@ std::string described_alternative(const Answer& answer)
            (count > 1 ? " that hold the area (--alternative)\n" : " that holds the area\n");
 }
 
+// Which side it is that was asked for by what it is.
+std::string described_choice(const Answer& answer)
+{
+    std::string text = answer.asked.chosen;
+    const std::size_t next = text.find("; ");
+    if (next != std::string::npos)
+        text.replace(next, 2, ";\n        ");
+    return text.empty() ? "" : "\nChosen  " + text;
+}
+
 // What nobody can stake out must be said.
 std::string warnings(const Answer& answer)
 {
@@ -168,9 +178,9 @@ std::string division_table(const Answer& answer)
     rows.back().cells.push_back(length(ring.perimeter));
     return "Parcel  " + heading(answer.parcel.place, answer.parcel.assumed) + "\n        " +
            described_rings(answer.parcel, ring.anticlockwise) + "\nCut     " +
-           described_cut(answer.asked, answer.parcel) + "\nAsked   " + described_amounts(answer.asked) +
-           "\n" + described_decimals(answer) + described_alternative(answer) + "\n" + labelled(rows) +
-           warnings(answer);
+           described_cut(answer.asked, answer.parcel) + described_choice(answer) + "\nAsked   " +
+           described_amounts(answer.asked) + "\n" + described_decimals(answer) +
+           described_alternative(answer) + "\n" + labelled(rows) + warnings(answer);
 }
 
 Json division_json(const Answer& answer)
@@ -188,6 +198,8 @@ Json division_json(const Answer& answer)
     json["cut"] = cut_name(asked.request.line.cut);
     if (asked.number != 0)
         json["number"] = asked.number;
+    if (!asked.chosen.empty())
+        json["chosen"] = asked.chosen;
     if (!asked.line.empty())
         json["line"] = asked.line;
     if (printed.alternatives > 0) {

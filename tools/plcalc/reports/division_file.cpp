@@ -130,6 +130,8 @@ void add_request(const Reported& reported, ReportText& text)
     const std::optional<int>& decimals = answer.printed.proven.decimals;
     text.heading("Request");
     text.item("Cut: " + described_cut(answer.asked, answer.parcel));
+    if (!answer.asked.chosen.empty())
+        text.item("Chosen: " + answer.asked.chosen);
     text.item("Areas asked for: " + described_amounts(answer.asked));
     text.heading("Method");
     const bool whole = answer.asked.request.pieces == plparcel::Pieces::any || !answer.parcel.holes.empty();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "reports/instead.h"
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
 #include "text/json.h"
@@ -55,22 +56,25 @@ std::vector<Cells> an_end_a_row(const Cells& row)
 
 }  // namespace
 
-std::string ManyReport::refuse(const Failure& failure, const std::string& reason)
+std::string ManyReport::refuse(const Failure& failure, const std::string& reason, const Json& instead)
 {
     ++refused_;
     file_ = failure.place.file;
     refusals_[reason].add([&] { return failure.place.feature; });
     if (status_ == ExitStatus::done || failure.status < status_)
         status_ = failure.status;
-    if (keep_ == Keep::json)
-        kept_->add(dumped_in_list(
-            {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}}));
+    if (keep_ == Keep::json) {
+        Json parcel = {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}};
+        if (!instead.is_null())
+            parcel["instead"] = instead;
+        kept_->add(dumped_in_list(parcel));
+    }
     return reason;
 }
 
 std::string ManyReport::add(const Failure& problem)
 {
-    return refuse(problem, problem.problem);
+    return refuse(problem, problem.problem, Json());
 }
 
 // Each clause once. Only the first are kept: of an odd scale every parcel may say another figure.
@@ -109,13 +113,19 @@ std::string ManyReport::add(const Answer& answer, const std::string& kept)
 {
     note(answer.parcel);
     if (!answer.printed.done())
-        return refuse(refusal(answer), refusal_reason(answer));
+        return refuse_with_instead(answer);
     ++divided_;
     if (keep_ == Keep::rows)
         measure(kept);
     if (keep_ != Keep::counts)
         kept_->add(kept);
     return "";
+}
+
+std::string ManyReport::refuse_with_instead(const Answer& answer)
+{
+    const Json instead = keep_ == Keep::json ? json_instead(answer) : Json();
+    return refuse(refusal(answer, false), refusal_reason(answer), instead);
 }
 
 void ManyReport::measure(const std::string& rows)

@@ -11,6 +11,7 @@
 #include "answers/printed_division.h"
 #include "console/outcome.h"
 #include "console/spool.h"
+#include "text/json.h"
 #include "text/name_list.h"
 #include "text/table.h"
 
@@ -53,7 +54,8 @@ private:
     void measure(const std::string& rows);
     Output summary(std::size_t passed_over, std::size_t hidden) const;
     void note(const Parcel& parcel);
-    std::string refuse(const Failure& failure, const std::string& reason);
+    std::string refuse(const Failure& failure, const std::string& reason, const Json& instead);
+    std::string refuse_with_instead(const Answer& answer);
 
     Keep keep_;
     std::shared_ptr<Spool> kept_;  // lives on in the output

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "answers/question.h"
+#include "reports/instead.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 
@@ -133,8 +134,11 @@ std::string refusal_reason(const Answer& answer)
     return status == Status::not_reached ? kTooCoarse : plparcel::describe(status);
 }
 
-Failure refusal(const Answer& answer)
+Failure refusal(const Answer& answer, bool with_instead)
 {
+    const auto advice = [&](const std::string& otherwise) {
+        return with_instead ? advice_instead(answer, otherwise) : otherwise;
+    };
     const Status status = answer.printed.proven.status;
     switch (status) {
     case Status::unusable_boundary:
@@ -154,12 +158,12 @@ Failure refusal(const Answer& answer)
         return cannot_cut(answer,
                           "the part of the parcel behind " + numbered("side", answer.asked.number) +
                               " alone is larger than " + described_amount(answer),
-                          "ask for more, or choose another side or kind of cut");
+                          advice("ask for more, or choose another side or kind of cut"));
     case Status::line_leaves_parcel:
         return cannot_cut(answer,
                           "every line that cuts off " + described_amount(answer) +
                               " leaves the parcel or touches its boundary on the way",
-                          "choose another side, vertex or kind of cut");
+                          advice("choose another side, vertex or kind of cut"));
     case Status::not_reached:
         return cannot_cut(answer, kTooCoarse, "use coordinates from an origin nearby");
     case Status::no_direction:
@@ -179,7 +183,7 @@ Failure refusal(const Answer& answer)
                          "cut along a side, across it, or at a bearing");
     case Status::no_line_through_point:
         return cannot_cut(answer, "no line through the point cuts off " + described_amount(answer),
-                          "ask for another area, or choose another point");
+                          advice("ask for another area, or choose another point"));
     case Status::no_further_line:
         return cannot_cut(answer,
                           "there is no line number " + std::to_string(answer.asked.request.alternative + 1) +

@@ -11,8 +11,9 @@ namespace tool {
 
 /// The failure that ends the verb.
 ///
-/// @param[in] answer  one that is not done()
-Failure refusal(const Answer& answer);
+/// @param[in] answer        one that is not done()
+/// @param[in] with_instead  whether to look for what can be had; it costs as much as some sixty divisions
+Failure refusal(const Answer& answer, bool with_instead = true);
 
 /// The reason in a few words without numbers, by which refusals are counted.
 std::string refusal_reason(const Answer& answer);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <sstream>
 
+#include "reading/other_lines.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -16,19 +17,26 @@ constexpr long long kMaxParts = 1000;
 
 constexpr double kPercent = 100.0;
 
-const char* const kCuts[] = {"--parallel",      "--perpendicular", "--vertex", "--bearing",
-                             "--along-segment", "--place",         "--through"};
+const char* const kCuts[] = {"--parallel", "--perpendicular", "--vertex", "--vertex-near",
+                             "--bearing",  "--along-segment", "--place",  "--through"};
 const char* const kAmounts[] = {"--area", "--product", "--share", "--width", "--areas", "--parts"};
-const char* const kOthers[] = {"--alternative", "--pieces", "--decimals", "--tolerance"};
+const char* const kSides[] = {"--side", "--side-near", "--facing", "--along"};
+const char* const kOthers[] = {"--within", "--alternative", "--pieces", "--decimals", "--tolerance"};
 
 }  // namespace
 
 CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::string& help_text)
     : Verb(app, name, help_text)
 {
-    options().add_option("--parallel", parallel_)->type_name("SIDE");
-    options().add_option("--perpendicular", perpendicular_)->type_name("SIDE");
+    options().add_option("--parallel", parallel_)->type_name("SIDE")->expected(0, 1);
+    options().add_option("--perpendicular", perpendicular_)->type_name("SIDE")->expected(0, 1);
     options().add_option("--vertex", vertex_)->type_name("N");
+    options().add_option("--side", side_)->type_name("longest|shortest");
+    options().add_option("--side-near", side_near_)->type_name("E,N");
+    options().add_option("--facing", facing_)->type_name("ANGLE");
+    options().add_option("--along", along_)->type_name("FILE");
+    options().add_option("--within", within_)->type_name("DISTANCE");
+    options().add_option("--vertex-near", vertex_near_)->type_name("E,N");
     options().add_option("--bearing", bearing_)->type_name("ANGLE");
     options().add_option("--along-segment", segment_)->type_name("E,N,E,N");
     options().add_option("--place", place_)->type_name("SIDE,DISTANCE");
@@ -50,6 +58,7 @@ bool CuttingVerb::asks_for_cut() const
 {
     const auto is_given = [&](const char* option) { return given(option); };
     return std::any_of(std::begin(kCuts), std::end(kCuts), is_given) ||
+           std::any_of(std::begin(kSides), std::end(kSides), is_given) ||
            std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_ ||
            std::any_of(std::begin(kOthers), std::end(kOthers), is_given);
 }
@@ -121,23 +130,78 @@ void CuttingVerb::add_amount(Asked& asked, const std::string& option, const std:
     }
 }
 
+// The side by its number, or by what it is.
+void CuttingVerb::set_side(Asked& asked, const std::string& option, const std::string& text) const
+{
+    using By = SideChoice::By;
+    const auto chosen =
+        std::count_if(std::begin(kSides), std::end(kSides), [&](const char* o) { return given(o); });
+    const bool has_number =
+        !text.empty() && text != "true";  // CLI11 says "true" for an option without its value
+    if (chosen + (has_number ? 1 : 0) != 1)
+        wrong_use(option +
+                  ": name the side by its number, or by one of --side longest|shortest, --side-near E,N, "
+                  "--facing ANGLE and --along FILE");
+    if (has_number) {
+        asked.number = whole(option, text);
+        return;
+    }
+    SideChoice& choice = asked.choice;
+    if (given("--side")) {
+        if (side_ != "longest" && side_ != "shortest")
+            wrong_use("--side: '" + side_ + "' is neither longest nor shortest");
+        choice.by = side_ == "longest" ? By::longest : By::shortest;
+    } else if (given("--side-near")) {
+        const std::vector<double> point = numbers("--side-near", side_near_, 2);
+        choice.by = By::near;
+        choice.point = {point[0], point[1]};
+        choice.given = shortest(point[0]) + " " + shortest(point[1]);
+    } else if (given("--facing")) {
+        const std::optional<double> gons = parse_angle(facing_);
+        if (!gons)
+            wrong_use("--facing: '" + facing_ +
+                      "' is not an angle; write gons as in 112.5, or degrees as in 101.25d");
+        choice.by = By::facing;
+        choice.bearing_gon = *gons;
+        choice.given = parse_number(facing_) ? facing_ + " gon" : facing_;
+    } else {
+        choice.by = By::along;
+        choice.given = along_;
+        if (given("--within"))
+            choice.distance = amount("--within", within_);
+    }
+}
+
 void CuttingVerb::set_cut(Asked& asked) const
 {
     if (std::count_if(std::begin(kCuts), std::end(kCuts), [&](const char* o) { return given(o); }) != 1)
-        wrong_use("give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+        wrong_use("give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, "
+                  "--bearing ANGLE, "
                   "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N");
     if (given("--parallel")) {
         asked.request.line.cut = plparcel::Cut::parallel;
-        asked.number = whole("--parallel", parallel_);
+        set_side(asked, "--parallel", parallel_);
     } else if (given("--perpendicular")) {
         asked.request.line.cut = plparcel::Cut::perpendicular;
-        asked.number = whole("--perpendicular", perpendicular_);
+        set_side(asked, "--perpendicular", perpendicular_);
     } else if (given("--vertex")) {
         asked.request.line.cut = plparcel::Cut::through_vertex;
         asked.number = whole("--vertex", vertex_);
+    } else if (given("--vertex-near")) {
+        const std::vector<double> point = numbers("--vertex-near", vertex_near_, 2);
+        asked.request.line.cut = plparcel::Cut::through_vertex;
+        asked.choice.by = SideChoice::By::vertex_near;
+        asked.choice.point = {point[0], point[1]};
+        asked.choice.given = shortest(point[0]) + " " + shortest(point[1]);
     } else {
         set_line(asked);
     }
+    const bool takes_side = given("--parallel") || given("--perpendicular");
+    for (const char* const option : kSides)
+        if (given(option) && !takes_side)
+            wrong_use(std::string(option) + " is for --parallel and --perpendicular, without a number");
+    if (given("--within") && !given("--along"))
+        wrong_use("--within is for --along FILE");
     asked.request.measured = opposite_ ? plparcel::Measured::opposite : plparcel::Measured::from_reference;
 }
 
@@ -249,6 +313,12 @@ Asked CuttingVerb::asked() const
     set_choice(asked);
     set_rounding(asked);
     return asked;
+}
+
+void CuttingVerb::read_other_lines(Asked& asked, const OGRSpatialReference* crs)
+{
+    if (asked.choice.by == SideChoice::By::along)
+        asked.choice.other = other_lines(asked.choice.given, crs);
 }
 
 }  // namespace tool

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <ogr_spatialref.h>
+
 #include "answers/question.h"
 #include "verbs/verb.h"
 
@@ -23,9 +25,16 @@ protected:
     /// @throws Failure  wrong_use where the options do not make one
     Asked asked() const;
 
+    /// Reads the lines along which a side is asked for, if it is.
+    ///
+    /// @param[in] crs   of the parcels, or null
+    /// @throws Failure  as other_lines()
+    static void read_other_lines(Asked& asked, const OGRSpatialReference* crs);
+
 private:
     void set_cut(Asked& asked) const;
     void set_line(Asked& asked) const;
+    void set_side(Asked& asked, const std::string& option, const std::string& text) const;
     void set_choice(Asked& asked) const;
     void set_amounts(Asked& asked) const;
     void set_rounding(Asked& asked) const;
@@ -39,6 +48,12 @@ private:
     std::string parallel_;
     std::string perpendicular_;
     std::string vertex_;
+    std::string side_;
+    std::string side_near_;
+    std::string facing_;
+    std::string along_;
+    std::string within_;
+    std::string vertex_near_;
     std::string bearing_;
     std::string segment_;
     std::string place_;

@@ -11,6 +11,7 @@
 #include <system_error>
 #include <thread>
 
+#include "answers/chosen_side.h"
 #include "console/interrupt.h"
 #include "console/ordered_work.h"
 #include "console/terminal.h"
@@ -130,10 +131,14 @@ std::unique_ptr<Batch> next_batch(ParcelFile& file)
 // Divides the parcels of a batch. Nothing of GDAL is touched.
 void divide_batch(Batch& batch, const Asked& asked, const ManyReport& report)
 {
-    for (const ReadParcel& read : batch.read) {
+    for (ReadParcel& read : batch.read) {
         std::optional<Answer> answer;
-        if (!read.problem)
-            answer.emplace(tool::answer(read.parcel, asked));
+        try {
+            if (!read.problem)
+                answer.emplace(tool::answer(read.parcel, with_side(asked, read.parcel)));
+        } catch (const Failure& problem) {
+            read.problem = problem;
+        }
         batch.kept.push_back(answer ? report.kept_of(*answer) : "");
         batch.answers.push_back(std::move(answer));
     }
@@ -313,7 +318,8 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& 
         throw vanished(source());
     if (read->problem)
         throw *read->problem;
-    const Answer answer = tool::answer(read->parcel, asked);
+    const Asked of_parcel = with_side(asked, read->parcel);
+    const Answer answer = tool::answer(read->parcel, of_parcel);
     if (!answer.printed.done())
         throw refusal(answer);
     // Both are written before either is moved into its place.
@@ -385,9 +391,10 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
 
 Output DivideVerb::work() const
 {
-    const Asked asked = this->asked();
+    Asked asked = this->asked();
     check_outputs();
     ParcelFile file(source());
+    read_other_lines(asked, file.crs());
     std::shared_ptr<ScratchFolder> scratch;
     std::string out = given("--output") ? DivisionWriter::file_for(out_) : "";
     if (to_standard_output())

@@ -95,6 +95,7 @@ CUT, one of
                         of the line, where the side runs to
   --vertex N            a line from vertex N; the area lies along side N, which
                         starts there
+  --vertex-near E,N     the same from the vertex nearest to this point
   --bearing ANGLE       a line in this direction, clockwise from North; the area
                         lies on its right. ANGLE is in gons, as in 112.5, or in
                         degrees, as in 101.25d, 101d15'00" or S78-45-00E
@@ -113,6 +114,20 @@ CUT, one of
   Vertices and sides count from 1 in the order of the file, without the vertex
   that closes the ring. Side 1 runs from vertex 1 to vertex 2, the last side
   from the last vertex to vertex 1. The vertices of holes are numbered on.
+
+SIDE by what it is, with --parallel or --perpendicular and no number
+  --side longest|shortest
+                        by its length from vertex to vertex
+  --side-near E,N       the side nearest to this point
+  --facing ANGLE        the side that faces this bearing, out of the parcel: 200
+                        faces South
+  --along FILE[:LAYER]  the side along a road or a neighbour's boundary: the one
+                        with the greatest length before which there is a line of
+                        FILE, near enough and turned no more than 25 gons away
+  --within DISTANCE     how near that line must come; 20 m without it
+  The output says which side it is, by how much, and which comes next. Lengths
+  within 0.001 and bearings within 0.01 gon of each other are a tie: the parcel
+  is refused, and the sides are named.
 
 AREA, one of
   --area A              the area, in the square of the file's unit

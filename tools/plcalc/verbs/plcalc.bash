@@ -4,7 +4,8 @@
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
     local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --any-scale --json --help'
-    local cut='--parallel --perpendicular --vertex --bearing --along-segment --place --through --alternative --pieces'
+    local cut='--parallel --perpendicular --side --side-near --facing --along --within --vertex --vertex-near'
+    cut+=' --bearing --along-segment --place --through --alternative --pieces'
     cut+=' --area --product --share --width --areas --parts --opposite --decimals --tolerance'
     local words=''
     COMPREPLY=()
@@ -22,13 +23,18 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'en ne' -- "$word")
             return
             ;;
+        --side)
+            mapfile -t COMPREPLY < <(compgen -W 'longest shortest' -- "$word")
+            return
+            ;;
         --pieces)
             mapfile -t COMPREPLY < <(compgen -W 'two any' -- "$word")
             return
             ;;
         --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | \
-            --name-layer | --format | --parallel | \
-            --perpendicular | --vertex | --bearing | --along-segment | --place | --through | --alternative | --area | \
+            --name-layer | --format | \
+            --side-near | --facing | --within | --vertex | --vertex-near | --bearing | --along-segment | --place | \
+            --through | --alternative | --area | \
             --product | --share | --width | --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
+#include "answers/chosen_side.h"
 #include "answers/heights.h"
 #include "answers/printed_division.h"
 #include "reading/parcel_file.h"
@@ -74,11 +76,19 @@ Setup StakeoutVerb::setup(const Parcel& parcel) const
     return setup;
 }
 
+Asked StakeoutVerb::asked_of(const Parcel& parcel) const
+{
+    Asked request = asked();
+    if (given("--along"))
+        read_other_lines(request, ParcelFile(source()).crs());
+    return with_side(std::move(request), parcel);
+}
+
 // The side that --base names, or the side of the cut; for a cut through a vertex, the side that starts there.
 BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 {
     const long long number = given("--base")  ? whole("--base", base_)
-                             : asks_for_cut() ? std::max(asked().number, 1LL)
+                             : asks_for_cut() ? std::max(asked_of(parcel).number, 1LL)
                                               : 1;
     if (number < 1 || static_cast<unsigned long long>(number) > vertex_count(parcel))
         throw Failure(ExitStatus::wrong_use, parcel.place, "there is no side " + std::to_string(number),
@@ -96,7 +106,7 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
 // A sliver needs more decimals than its size asks for: as many as its lines have.
 std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
 {
-    const Asked request = asked();
+    const Asked request = asked_of(parcel);
     const Answer answer = tool::answer(parcel, request);
     const PrintedDivision& printed = answer.printed;
     if (!printed.done())

@@ -77,6 +77,7 @@ private:
     Output work() const override;
     NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel) const;
     Setup setup(const Parcel& parcel) const;
+    Asked asked_of(const Parcel& parcel) const;
     BaseLine base_line(const Parcel& parcel) const;
     std::vector<NamedPoint> points(const Parcel& parcel, Resolution& resolution) const;
     std::vector<NamedPoint> line_ends(const Parcel& parcel, Resolution& resolution) const;

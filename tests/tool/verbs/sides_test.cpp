@@ -1,0 +1,164 @@
+// Sides and vertices that are named by what they are, and what could be had after a refusal.
+
+#include <fstream>
+#include <sstream>
+
+#include "program.h"
+
+namespace {
+
+std::string content(const std::string& file)
+{
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
+class Sides : public test::ProgramTest {
+protected:
+    //   4 --- 3      A lot of 120 by 80; its longest sides are 1 and 3. The other lot is a trapezium: its
+    //   |     |      side 1, in the South, is 120 long, and side 3, in the North, 100.
+    //   1 --- 2
+    std::string lot() const
+    {
+        return write("lot.csv", "name,WKT\na,\"POLYGON((0 0,120 0,120 80,0 80,0 0))\"\n");
+    }
+    std::string trapezium() const
+    {
+        return write("trapezium.csv", "name,WKT\na,\"POLYGON((0 0,120 0,110 80,10 80,0 0))\"\n");
+    }
+    std::string roads() const { return write("roads.csv", "name,WKT\na,\"LINESTRING(128 -500,128 500)\"\n"); }
+};
+
+TEST_F(Sides, LongestIsSaid)
+{
+    const test::Result run = divide(trapezium(), "--parallel --side longest --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Cut     parallel to side 1, from vertex 1 to vertex 2\n"
+                           "Chosen  side 1 is the longest, 120.000;\n"
+                           "        next comes side 3, 100.000\n"),
+              std::string::npos)
+        << run.out;
+    const test::Result shortest = divide(trapezium(), "--perpendicular --side shortest --area 1000");
+    EXPECT_EQ(shortest.status, 4);
+    EXPECT_NE(shortest.err.find("sides 2 and 4 fit equally well: each is the shortest, 80.623"),
+              std::string::npos)
+        << shortest.err;
+}
+
+TEST_F(Sides, TiesAreRefused)
+{
+    const test::Result run = divide(lot(), "--parallel --side longest --area 1000");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_EQ(run.out, "");
+    EXPECT_NE(
+        run.err.find(
+            "sides 1 and 3 fit equally well: each is the longest, 120.000; choose one of them by its number"),
+        std::string::npos)
+        << run.err;
+}
+
+TEST_F(Sides, NearAPointAndFacing)
+{
+    test::Result run = divide(lot(), "--parallel --side-near 60,-5 --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("side 1 is the nearest to 60 -5, 5.000 away"), std::string::npos) << run.out;
+    run = divide(lot(), "--perpendicular --facing 90 --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("side 2 faces 90 gon, 10.00 gon from it"), std::string::npos) << run.out;
+    run = divide(lot(), "--parallel --facing 90d --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("side 2 faces 90d, 0.00 gon from it"), std::string::npos) << run.out;
+    run = divide(lot(), "--vertex-near 119,79 --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Cut     through vertex 3\nChosen  vertex 3 is the nearest to 119 79, 1.414 away"),
+              std::string::npos)
+        << run.out;
+}
+
+TEST_F(Sides, AlongARoad)
+{
+    test::Result run = divide(lot(), "--parallel --along " + roads() + " --area 1000");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("Cut     parallel to side 2"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("80.000 of it, as near as 8.000"), std::string::npos) << run.out;
+    run = divide(lot(), "--parallel --along " + roads() + ":roads --within 7.5 --area 1000");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_NE(run.err.find("no side comes within 7.500 of"), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find("the nearest is 8.000 away"), std::string::npos) << run.err;
+    run = divide(lot(), "--parallel --along " + roads() + ":lanes --area 1000");
+    EXPECT_EQ(run.status, 2) << run.err;
+    run = divide(lot(), "--parallel --along " + path("none.gpkg") + " --area 1000");
+    EXPECT_EQ(run.status, 3) << run.err;
+}
+
+TEST_F(Sides, WrongUse)
+{
+    for (const char* options :
+         {"--parallel --area 10", "--parallel 1 --side longest --area 10", "--side longest --area 10",
+          "--parallel --side longest --facing 10 --area 10", "--parallel --side widest --area 10",
+          "--parallel --side-near 5 --area 10", "--parallel --facing south --area 10",
+          "--parallel --side longest --within 5 --area 10", "--vertex 1 --facing 10 --area 10",
+          "--vertex-near 1 --area 10", "--vertex-near 1,2 --vertex 1 --area 10"}) {
+        const test::Result run = divide(lot(), options);
+        EXPECT_EQ(run.status, 2) << options << run.out;
+        EXPECT_EQ(run.out, "") << options;
+    }
+}
+
+TEST_F(Sides, OfEachParcelOfALayer)
+{
+    const std::string file = write("lots.csv", "name,WKT\na,\"POLYGON((0 0,120 0,110 80,10 80,0 0))\"\n"
+                                               "b,\"POLYGON((200 0,290 0,300 80,200 80,200 0))\"\n"
+                                               "c,\"POLYGON((400 0,520 0,520 80,400 80,400 0))\"\n");
+    const test::Result run = divide(file, "--parallel --side longest --area 1000 --json");
+    EXPECT_EQ(run.status, 4) << run.err;
+    EXPECT_NE(run.out.find("\"chosen\": \"side 1 is the longest, 120.000; next comes side 3, 100.000\""),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("\"chosen\": \"side 3 is the longest, 100.000; next comes side 1, 90.000\""),
+              std::string::npos);
+    EXPECT_NE(run.out.find("sides 1 and 3 fit equally well"), std::string::npos);
+    EXPECT_NE(run.out.find("\"divided\": 2"), std::string::npos);
+}
+
+TEST_F(Sides, InTheReportAndInTheStakeout)
+{
+    const test::Result run =
+        divide(trapezium(), "--parallel --side longest --area 1000 --report " + path("report.txt"));
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(content(path("report.txt")).find("Chosen: side 1 is the longest"), std::string::npos);
+    const test::Result set_out = this->run({"stakeout", trapezium(), "--station", "1", "--orientation", "2",
+                                            "--parallel", "--facing", "0", "--area", "1000"});
+    ASSERT_EQ(set_out.status, 0) << set_out.err;
+    EXPECT_NE(set_out.out.find("vertex 3"), std::string::npos) << "the base is side 3\n" << set_out.out;
+}
+
+//   8-7    6-5      A U of 3600: below its gap 1800, and 900 in each leg. Parallel to side 1 are had less than 1800, and
+//   | 1----4 |      2700 and more.
+//   1 ------ 2
+TEST_F(Sides, ARefusalSaysWhatCanBeHad)
+{
+    const std::string file =
+        write("u.csv", "name,WKT\na,\"POLYGON((0 0,90 0,90 50,60 50,60 20,30 20,30 50,0 50,0 0))\"\n");
+    const test::Result run = divide(file, "--parallel 1 --area 2200");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_NE(
+        run.err.find("ask for less than 1800.0000 or at least 2700.0000, or cut along side 1 (--opposite), "
+                     "across side 1"),
+        std::string::npos)
+        << run.err;
+    EXPECT_EQ(divide(file, "--parallel 1 --area 2700").status, 0);
+    EXPECT_EQ(divide(file, "--parallel 1 --area 1799.9999").status, 0);
+    EXPECT_EQ(divide(file, "--parallel 1 --opposite --area 2200").status, 0);
+    EXPECT_EQ(divide(file, "--perpendicular 1 --area 2200").status, 0);
+    const test::Result json = divide(file, "--parallel 1 --area 2200 --json");
+    EXPECT_EQ(json.status, 4);
+    const std::string square =
+        write("square.csv", "name,WKT\na,\"POLYGON((0 0,100 0,100 100,0 100,0 0))\"\n");
+    const test::Result point = divide(square, "--through 25,25 --area 1000");
+    EXPECT_EQ(point.status, 4);
+    EXPECT_NE(point.err.find("ask for at least 1250.0000"), std::string::npos) << point.err;
+}
+
+}  // namespace

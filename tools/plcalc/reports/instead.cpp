@@ -1,0 +1,146 @@
+#include "reports/instead.h"
+
+#include <cmath>
+#include <cstddef>
+#include <optional>
+
+#include "plparcel/feasible.h"
+#include "reports/words.h"
+#include "text/numbers.h"
+
+namespace tool {
+namespace {
+
+using plparcel::Cut;
+using plparcel::Measured;
+using plparcel::Status;
+
+// Lines that are looked at, and those that are named.
+constexpr std::size_t kMostLines = 60;
+constexpr std::size_t kMostNamed = 5;
+
+struct Instead {
+    std::optional<double> below;  // unit squared, on the ground, rounded into the range
+    std::optional<double> above;
+    int decimals = 0;
+    bool below_is_had = false;
+    bool above_is_had = false;
+    plparcel::Alternatives lines;
+};
+
+bool is_about_line(Status status)
+{
+    return status == Status::base_reaches_behind || status == Status::line_leaves_parcel ||
+           status == Status::no_line_through_point;
+}
+
+// Towards the middle of the range, by a decimal that is printed.
+double rounded(double area, int decimals, bool up)
+{
+    const double steps = std::pow(10.0, decimals);
+    return (up ? std::ceil(area * steps) : std::floor(area * steps)) / steps;
+}
+
+std::optional<Instead> instead_of(const Answer& answer)
+{
+    const plparcel::Division& division = answer.printed.proven;
+    const Asked& asked = answer.asked;
+    const bool is_said = is_about_line(division.status) && division.at_amount == 0 &&
+                         answer.parcel.holes.empty() && asked.request.pieces == plparcel::Pieces::two &&
+                         asked.request.amounts[0].given != plparcel::Given::as_width;
+    if (!is_said)
+        return std::nullopt;
+    const plparcel::Parcel parcel = boundary_of(answer.parcel);
+    plparcel::Line line = asked.request.line;
+    line.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : 0;
+    line.along *= answer.parcel.ground_factor;
+    const double to_plane = answer.parcel.ground_factor * answer.parcel.ground_factor;
+    const plparcel::Feasible feasible = plparcel::feasible(parcel, line, asked.request.measured);
+    const double wanted = area_of(asked.request.amounts[0], feasible.parcel / to_plane) * to_plane;
+    const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(feasible.ranges, wanted);
+    Instead instead;
+    instead.decimals = resolution_of(answer.parcel.ring, feasible.parcel).area_decimals;
+    if (nearest.below)
+        instead.below = rounded(*nearest.below / to_plane, instead.decimals, false);
+    if (nearest.above)
+        instead.above = rounded(*nearest.above / to_plane, instead.decimals, true);
+    instead.below_is_had = nearest.below_is_had;
+    instead.above_is_had = nearest.above_is_had;
+    instead.lines =
+        plparcel::alternatives_for(parcel, plparcel::area(wanted), asked.request.measured, kMostLines);
+    return instead;
+}
+
+// "along side 2", "across side 1" or "from vertex 3", with --opposite where the other piece holds the amount.
+std::string name_of(const plparcel::Alternative& line)
+{
+    const std::string number = std::to_string(line.line.index + 1);
+    const std::string how = line.measured == Measured::opposite ? " (--opposite)" : "";
+    switch (line.line.cut) {
+    case Cut::parallel:
+        return "along side " + number + how;
+    case Cut::perpendicular:
+        return "across side " + number + how;
+    default:
+        return "from vertex " + number + how;
+    }
+}
+
+std::string named(const plparcel::Alternatives& lines)
+{
+    std::string names;
+    const std::size_t count = lines.lines.size();
+    for (std::size_t i = 0; i < count && i < kMostNamed; ++i)
+        names += (i == 0 ? "" : i + 1 == count ? " or " : ", ") + name_of(lines.lines[i]);
+    return count > kMostNamed ? names + " or " + std::to_string(count - kMostNamed) + " other lines" : names;
+}
+
+const char* cut_option(Cut cut)
+{
+    return cut == Cut::parallel ? "parallel" : cut == Cut::perpendicular ? "perpendicular" : "vertex";
+}
+
+}  // namespace
+
+std::string advice_instead(const Answer& answer, const std::string& otherwise)
+{
+    const std::optional<Instead> instead = instead_of(answer);
+    if (!instead)
+        return otherwise;
+    std::string text;
+    if (instead->below && *instead->below > 0.0)
+        text +=
+            (instead->below_is_had ? "at most " : "less than ") + fixed(*instead->below, instead->decimals);
+    if (instead->above)
+        text += (text.empty() ? "" : " or ") +
+                std::string(instead->above_is_had ? "at least " : "more than ") +
+                fixed(*instead->above, instead->decimals);
+    text = text.empty() ? "" : "ask for " + text;
+    const std::string lines = named(instead->lines);
+    if (!lines.empty())
+        text += (text.empty() ? "" : ", or ") + std::string("cut ") + lines;
+    return text.empty() ? otherwise : text;
+}
+
+Json json_instead(const Answer& answer)
+{
+    const std::optional<Instead> instead = instead_of(answer);
+    if (!instead)
+        return nullptr;
+    Json json;
+    if (instead->below && *instead->below > 0.0)
+        json["below"] = {{"area", number(*instead->below, instead->decimals)},
+                         {"had", instead->below_is_had}};
+    if (instead->above)
+        json["above"] = {{"area", number(*instead->above, instead->decimals)},
+                         {"had", instead->above_is_had}};
+    json["lines"] = Json::array();
+    for (const plparcel::Alternative& line : instead->lines.lines)
+        json["lines"].push_back({{"cut", cut_option(line.line.cut)},
+                                 {"number", line.line.index + 1},
+                                 {"opposite", line.measured == Measured::opposite}});
+    json["whole_list"] = instead->lines.looked_at == instead->lines.of;
+    return json;
+}
+
+}  // namespace tool
