@@ -32,10 +32,10 @@ struct UseRow {
 
 const UseRow kWrongUse[] = {
     {"no cut", "--area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, --bearing ANGLE, "
      "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"two cuts", "--parallel 1 --vertex 1 --area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --bearing ANGLE, "
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, --bearing ANGLE, "
      "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"no area", "--parallel 1",
      "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
@@ -526,9 +526,6 @@ struct CutRow {
     const char* text;
 };
 
-const char* const kLeaves = "every line that cuts off the requested area 200 leaves the parcel or touches "
-                            "its boundary on the way; choose another side, vertex or kind of cut";
-
 const CutRow kCannotCut[] = {
     {"the whole parcel", kSquare, "--vertex 1 --area 100",
      "the requested area 100 is not less than the parcel's area 100.00000; ask for less"},
@@ -536,14 +533,6 @@ const CutRow kCannotCut[] = {
      "the requested area 30 x 40 is not less than the parcel's area 100.00000; ask for less"},
     {"more than a double has decimals for", kSquare, "--perpendicular 1 --area 1e300",
      "the requested area 1e+300 is not less than the parcel's area 100.00000; ask for less"},
-    // The parcel's South-West lies behind its side 2, which begins at an inner corner.
-    {"more behind the base than asked", "POLYGON ((0 0, 10 10, 20 10, 20 20, -40 20, -40 -10, 0 0))",
-     "--parallel 2 --area 5",
-     "the part of the parcel behind side 2 alone is larger than the requested area 5; ask for more, or "
-     "choose another side or kind of cut"},
-    // A U open to the North: more than its right arm, along the top of it, would need a piece of the left arm.
-    {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
-     "--parallel 3 --area 200", kLeaves},
     {"next to nothing", kSquare, "--perpendicular 1 --area 1e-300",
      "the requested area 1e-300 is too small beside the parcel's area 100.00000; ask for more"},
 };
@@ -555,6 +544,34 @@ TEST_F(Messages, CutThatCannotBeMade)
         write_wkt(row.wkt);
         EXPECT_TRUE(test::fails_with(divide("lot.csv", row.arguments), 4,
                                      std::string("lot.csv: feature 1: ") + row.text));
+    }
+}
+
+// Where no line holds the area, the message ends with what can be had: amounts, and other lines.
+TEST_F(Messages, WhatCanBeHadInstead)
+{
+    const CutRow rows[] = {
+        // The parcel's South-West, 650, lies behind its side 2, which begins at an inner corner. A line below the
+        // level of that side leaves the rest of the South-West to it: 600 and more.
+        {"more behind the base than asked", "POLYGON ((0 0, 10 10, 20 10, 20 20, -40 20, -40 -10, 0 0))",
+         "--parallel 2 --area 5",
+         "the part of the parcel behind side 2 alone is larger than the requested area 5; ask for at least "
+         "600.0000, or cut "},
+        // A U open to the North: more than its right arm, 150, along the top of it, would need a piece of the left
+        // arm. With 300 a line across the left arm leaves all the rest to the top of the right one.
+        {"line through a gap", "POLYGON ((0 0, 30 0, 30 20, 20 20, 20 5, 10 5, 10 20, 0 20, 0 0))",
+         "--parallel 3 --area 200",
+         "every line that cuts off the requested area 200 leaves the parcel or touches its boundary on the "
+         "way; ask for at most 150.00000 or at least 300.00000, or cut across side 1, along side 2, along "
+         "side 8, "},
+    };
+    for (const CutRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        write_wkt(row.wkt);
+        const test::Result run = divide("lot.csv", row.arguments);
+        EXPECT_EQ(run.status, 4);
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err.rfind(std::string("plcalc: lot.csv: feature 1: ") + row.text, 0), 0U) << run.err;
     }
 }
 
