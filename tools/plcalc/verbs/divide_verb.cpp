@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -106,6 +107,7 @@ void read_out(const std::string& file, const std::function<void(const std::strin
 // Parcels that are divided together.
 struct Batch {
     std::vector<ReadParcel> read;
+    std::deque<Asked> chosen;  // of parcels whose side is named by what it is; answers refer to them
     std::vector<std::optional<Answer>> answers;  // nothing for a parcel with a problem
     std::vector<std::string> kept;
 };
@@ -131,11 +133,16 @@ std::unique_ptr<Batch> next_batch(ParcelFile& file)
 // Divides the parcels of a batch. Nothing of GDAL is touched.
 void divide_batch(Batch& batch, const Asked& asked, const ManyReport& report)
 {
+    const auto of_parcel = [&](const Parcel& parcel) -> const Asked& {
+        return asked.choice.by == SideChoice::By::number
+                   ? asked
+                   : batch.chosen.emplace_back(with_side(asked, parcel));
+    };
     for (ReadParcel& read : batch.read) {
         std::optional<Answer> answer;
         try {
             if (!read.problem)
-                answer.emplace(tool::answer(read.parcel, with_side(asked, read.parcel)));
+                answer.emplace(tool::answer(read.parcel, of_parcel(read.parcel)));
         } catch (const Failure& problem) {
             read.problem = problem;
         }
