@@ -47,10 +47,10 @@ public:
 
     long long number(const Candidate& candidate) const
     {
-        std::size_t first = 0;
+        std::size_t index = candidate.place.index;
         for (std::size_t ring = 0; ring < candidate.place.ring; ++ring)
-            first += ring == 0 ? parcel_.ring.size() : parcel_.holes[ring - 1].size();
-        return static_cast<long long>(first + candidate.place.index + 1);
+            index += ring == 0 ? parcel_.ring.size() : parcel_.holes[ring - 1].size();
+        return static_cast<long long>(index) + 1;
     }
 
     // "side 3 is the longest, 120.000; next comes side 1, 118.200".

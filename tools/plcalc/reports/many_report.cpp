@@ -64,7 +64,8 @@ std::string ManyReport::refuse(const Failure& failure, const std::string& reason
     if (status_ == ExitStatus::done || failure.status < status_)
         status_ = failure.status;
     if (keep_ == Keep::json) {
-        Json parcel = {{"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}};
+        Json parcel = {
+            {"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}};
         if (!instead.is_null())
             parcel["instead"] = instead;
         kept_->add(dumped_in_list(parcel));
