@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "boundary/joined_rings.h"
-#include "boundary/local_ring.h"
 #include "boundary/locate.h"
 #include "boundary/measured_ring.h"
 #include "boundary/meeting_sides.h"
@@ -16,6 +15,7 @@
 #include "verdict/judge.h"
 #include "verdict/nearby_ends.h"
 #include "verdict/target.h"
+#include "whole_lines/level_frame.h"
 #include "whole_lines/part_lines.h"
 #include "whole_lines/whole_verdict.h"
 
@@ -80,20 +80,11 @@ bool holds(const Wide& got, const Wide& wanted, const Target& target)
     return std::fabs((got - wanted).value()) <= target.granted(wanted);
 }
 
-double spacing_of(const Rings& rings)
-{
-    double spacing = 0.0;
-    for (const Ring& ring : rings)
-        spacing = std::max(spacing, coordinate_spacing(ring));
-    return spacing;
-}
-
 class PartCut {
 public:
     explicit PartCut(const Stage& stage)
-        : stage_(stage), rings_(stage.rings), outer_(stage.rings.front()), spacing_(spacing_of(stage.rings)),
-          local_(outer_), up2_(dot(stage.up, stage.up)), points_(local_points()), frame_(in_frame()),
-          lines_(rings_, frame_)
+        : stage_(stage), frame_(stage.rings, stage.zero, stage.up), rings_(frame_.rings()),
+          spacing_(frame_.spacing()), lines_(rings_, frame_.seen())
     {
         for (const Ring& ring : stage.rings)
             areas_.push_back(MeasuredRing(ring).signed_area());
@@ -104,9 +95,9 @@ public:
     Cut2 cut_area(const Target& target) const
     {
         PartRequest request = part_request();
-        request.request = area_to_frame(target.asked);
-        request.rest = area_to_frame(area_ - target.asked);
-        request.granted = area_to_frame(target.granted());
+        request.request = frame_.area_to_frame(target.asked);
+        request.rest = frame_.area_to_frame(area_ - target.asked);
+        request.granted = frame_.area_to_frame(target.granted());
         Cut2 made;
         if (request.where == PartRequest::Where::with_base && area_below() > request.request)
             made.status = Status::base_reaches_behind;
@@ -127,7 +118,7 @@ public:
         made.status = Status::amount_too_large;
         Passed passed;
         for (const PartLine& line : lines_.lines_at(request, level)) {
-            const Wide above = area_to_parcel(line.above);
+            const Wide above = frame_.area_to_parcel(line.above);
             const Wide asked = line.request_above ? above : area_ - above;
             const Wide rest = left - asked;
             if (!(asked > 0.0) || !(rest > 0.0))
@@ -173,37 +164,13 @@ private:
         return request;
     }
 
-    std::vector<WidePoint> local_points() const
-    {
-        std::vector<WidePoint> points;
-        points.reserve(rings_.size());
-        for (const PL_PNT2D_record& p : rings_.points())
-            points.push_back(local_.to_local(p));
-        return points;
-    }
-
-    std::vector<WidePoint> in_frame() const
-    {
-        const WidePoint zero = local_.to_local(stage_.zero);
-        const WidePoint right = {stage_.up.y, -stage_.up.x};
-        std::vector<WidePoint> frame;
-        frame.reserve(points_.size());
-        for (const WidePoint& p : points_)
-            frame.push_back({dot(right, p - zero), dot(stage_.up, p - zero)});
-        return frame;
-    }
-
-    Wide area_to_frame(const Wide& area) const { return local_.area_to_local(area) * up2_; }
-    Wide area_to_parcel(const Wide& area) const { return local_.area_to_parcel(area / up2_); }
-    Wide length_to_frame(double length) const { return local_.length_to_local(length) * sqrt(up2_); }
-
     // What lies below level 0.
     Wide area_below() const
     {
         Wide below;
-        for (std::size_t side = 0; side < frame_.size(); ++side) {
-            WidePoint a = frame_[side];
-            WidePoint b = frame_[rings_.next(side)];
+        for (std::size_t side = 0; side < frame_.seen().size(); ++side) {
+            WidePoint a = frame_.seen()[side];
+            WidePoint b = frame_.seen()[rings_.next(side)];
             const auto at_zero = [&](const WidePoint& p, const WidePoint& q) -> WidePoint {
                 return {p.x + (q.x - p.x) * (-p.y / (q.y - p.y)), 0.0};
             };
@@ -221,24 +188,25 @@ private:
     // Where a line lies that is so far from where its piece begins.
     Wide level_at(double width) const
     {
-        const Wide away = length_to_frame(width);
+        const Wide away = frame_.length_to_frame(width);
         switch (stage_.where) {
         case PartRequest::Where::with_base:
             return away;
         case PartRequest::Where::without_base:
             return lines_.highest() - away;
         case PartRequest::Where::above:
-            return (stage_.has_base ? frame_[rings_.next(stage_.base)].y : lines_.highest()) - away;
+            return (stage_.has_base ? frame_.seen()[rings_.next(stage_.base)].y : lines_.highest()) - away;
         default:
-            return (stage_.has_base ? frame_[stage_.base].y : lines_.lowest()) + away;
+            return (stage_.has_base ? frame_.seen()[stage_.base].y : lines_.lowest()) + away;
         }
     }
 
     PL_PNT2D_record end_at(std::size_t side, const Wide& level) const
     {
         const std::size_t next = rings_.next(side);
-        const Wide part = (level - frame_[side].y) / (frame_[next].y - frame_[side].y);
-        const WidePoint p = local_.to_parcel(points_[side] + (points_[next] - points_[side]) * part);
+        const Wide part = (level - frame_.seen()[side].y) / (frame_.seen()[next].y - frame_.seen()[side].y);
+        const std::vector<WidePoint>& points = frame_.points();
+        const WidePoint p = frame_.local().to_parcel(points[side] + (points[next] - points[side]) * part);
         return {p.x.value(), p.y.value()};
     }
 
@@ -308,8 +276,8 @@ private:
             made.ends = {end, start};
             return judge_rounded(line, target, made) == Verdict::divides;
         };
-        return offer_nearby_ends(outer_, chord, of_outer, from, to, divides) ? Verdict::divides
-                                                                             : Verdict::misses;
+        return offer_nearby_ends(frame_.outer(), chord, of_outer, from, to, divides) ? Verdict::divides
+                                                                                     : Verdict::misses;
     }
 
     // Moves one end after another so that the piece above comes as near to what it should hold as it can.
@@ -388,14 +356,14 @@ private:
             low = off < low ? off : low;
             high = off > high ? off : high;
         }
-        return !(high - low > sqrt(up2_) * (kStraight * spacing_));
+        return !(high - low > frame_.up_length() * (kStraight * spacing_));
     }
 
     // Vertices next to an end do not count: the pieces show how the sides go on from there.
     bool touches_a_vertex(const PartLine& line, const std::vector<PL_PNT2D_record>& ends) const
     {
         const double reach = kTouchRoundings * spacing_;
-        const Wide away = length_to_frame(kMayTouch * spacing_);
+        const Wide away = frame_.length_to_frame(kMayTouch * spacing_);
         const std::vector<std::size_t> near = lines_.vertices_between(line.level - away, line.level + away);
         for (std::size_t i = 0; i < ends.size(); i += 2) {
             const WidePoint run = from_to(ends[i], ends[i + 1]);
@@ -474,15 +442,15 @@ private:
     {
         if (line.alone)
             return false;
-        const Wide reach = length_to_frame(kTouchRoundings * spacing_);
+        const Wide reach = frame_.length_to_frame(kTouchRoundings * spacing_);
         const auto crossed = [&](bool just_above) {
             const auto is_beyond = [&](const Wide& y) {
                 return just_above ? y - line.level > reach : line.level - y > reach;
             };
             std::vector<Wide> found;
-            for (std::size_t side = 0; side < frame_.size(); ++side) {
-                const WidePoint& a = frame_[side];
-                const WidePoint& b = frame_[rings_.next(side)];
+            for (std::size_t side = 0; side < frame_.seen().size(); ++side) {
+                const WidePoint& a = frame_.seen()[side];
+                const WidePoint& b = frame_.seen()[rings_.next(side)];
                 if (is_beyond(a.y) != is_beyond(b.y))
                     found.push_back(a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y)));
             }
@@ -492,8 +460,8 @@ private:
         const std::vector<Wide> below = crossed(false);
         const std::vector<Wide> above = crossed(true);
         const auto along = [&](std::size_t side) {
-            const WidePoint& a = frame_[side];
-            const WidePoint& b = frame_[rings_.next(side)];
+            const WidePoint& a = frame_.seen()[side];
+            const WidePoint& b = frame_.seen()[rings_.next(side)];
             return a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y));
         };
         const Wide left = along(line.sides.front());
@@ -512,13 +480,9 @@ private:
     }
 
     const Stage& stage_;
-    JoinedRings rings_;
-    MeasuredRing outer_;
+    LevelFrame frame_;
+    const JoinedRings& rings_;
     double spacing_;
-    LocalRing local_;
-    Wide up2_;
-    std::vector<WidePoint> points_;
-    std::vector<WidePoint> frame_;
     PartLines lines_;
     std::vector<Wide> areas_;  // of each ring; holes below zero
     Wide area_;

@@ -7,13 +7,13 @@
 #include <utility>
 
 #include "boundary/joined_rings.h"
-#include "boundary/local_ring.h"
 #include "boundary/locate.h"
 #include "boundary/measured_ring.h"
 #include "lines/direction.h"
 #include "verdict/nearby_ends.h"
 #include "whole_lines/crossings.h"
 #include "whole_lines/faces.h"
+#include "whole_lines/level_frame.h"
 #include "whole_lines/profile.h"
 #include "whole_lines/whole_verdict.h"
 
@@ -69,13 +69,19 @@ WidePoint up_of(const WholeParcel& parcel, const Request& request)
     return request.measured == Measured::opposite ? WidePoint{-up.x, -up.y} : up;
 }
 
+PL_PNT2D_record zero_of(const WholeParcel& parcel, const Request& request)
+{
+    return is_free(request.line.cut) ? parcel.rings.front().front() : parcel.a;
+}
+
 class WholeCut {
 public:
     WholeCut(const WholeParcel& parcel, const Request& request, const Shares& shares)
-        : parcel_(parcel), request_(request), shares_(shares), rings_(parcel.rings),
-          outer_(parcel.rings.front()), spacing_(spacing_of(parcel.rings)), local_(outer_),
-          up_(up_of(parcel, request)), up2_(dot(up_, up_)), points_(local_points()), frame_(in_frame()),
-          profile_(rings_, frame_), levels_{rings_, local_, points_, frame_, unit() * kOnLine}
+        : parcel_(parcel), request_(request), shares_(shares),
+          frame_(parcel.rings, zero_of(parcel, request), up_of(parcel, request)), rings_(frame_.rings()),
+          spacing_(frame_.spacing()),
+          profile_(rings_, frame_.seen()), levels_{rings_, frame_.local(), frame_.points(), frame_.seen(),
+                                                   unit() * kOnLine}
     {}
 
     void divide(Division& division)
@@ -87,45 +93,8 @@ public:
     }
 
 private:
-    static double spacing_of(const std::vector<Ring>& rings)
-    {
-        double spacing = 0.0;
-        for (const Ring& ring : rings)
-            spacing = std::max(spacing, coordinate_spacing(ring));
-        return spacing;
-    }
-
     // One spacing of doubles, as a difference of levels.
-    Wide unit() const { return local_.length_to_local(spacing_) * sqrt(up2_); }
-
-    std::vector<WidePoint> local_points() const
-    {
-        std::vector<WidePoint> points;
-        points.reserve(rings_.size());
-        for (const PL_PNT2D_record& p : rings_.points())
-            points.push_back(local_.to_local(p));
-        return points;
-    }
-
-    WidePoint in_frame(const WidePoint& p) const
-    {
-        const WidePoint v = p - local_.to_local(zero());
-        return {dot(right_of(up_), v), dot(up_, v)};
-    }
-
-    PL_PNT2D_record zero() const { return is_free(request_.line.cut) ? rings_[0] : parcel_.a; }
-
-    std::vector<WidePoint> in_frame() const
-    {
-        std::vector<WidePoint> frame;
-        frame.reserve(points_.size());
-        for (const WidePoint& p : points_)
-            frame.push_back(in_frame(p));
-        return frame;
-    }
-
-    Wide area_to_frame(const Wide& area) const { return local_.area_to_local(area) * up2_; }
-    Wide area_to_parcel(const Wide& area) const { return local_.area_to_parcel(area / up2_); }
+    Wide unit() const { return frame_.length_to_frame(spacing_); }
 
     // Where widths are counted from.
     Wide begin() const
@@ -134,7 +103,7 @@ private:
         if (request_.line.cut == Cut::parallel && here)
             return 0.0;
         if (request_.line.cut == Cut::perpendicular)
-            return in_frame(local_.to_local(here ? parcel_.b : parcel_.a)).y;
+            return frame_.seen(here ? parcel_.b : parcel_.a).y;
         return profile_.lowest();
     }
 
@@ -147,20 +116,20 @@ private:
             const double width = shares_.widths.empty() ? 0.0 : shares_.widths[i];
             const Wide before = below;
             if (width > 0.0) {
-                level = level + local_.length_to_local(width) * sqrt(up2_);
+                level = level + frame_.length_to_frame(width);
                 below = profile_.area_below(level);
             } else {
-                below = below + area_to_frame(shares_.pieces[i]);
+                below = below + frame_.area_to_frame(shares_.pieces[i]);
                 level = profile_.level_of(below);
             }
             if (!(below < profile_.area()) || !(below > before))
                 return refuse(division, below > before ? Status::amount_too_large : Status::amount_too_small,
                               i);
             exact_.push_back(level);
-            asked_.push_back(width > 0.0 ? area_to_parcel(below - before) : shares_.pieces[i]);
+            asked_.push_back(width > 0.0 ? frame_.area_to_parcel(below - before) : shares_.pieces[i]);
         }
         asked_.push_back(shares_.widths.empty() ? shares_.pieces.back()
-                                                : area_to_parcel(profile_.area() - below));
+                                                : frame_.area_to_parcel(profile_.area() - below));
         return true;
     }
 
@@ -211,7 +180,7 @@ private:
         const double most = kWellHeld * granted_beside(line);
         while (++moves_[line] < kLastMove) {
             const Wide by = profile_.area_below(level_of(line)) - profile_.area_below(exact_[line]);
-            if (std::fabs(area_to_parcel(by).value()) <= most)
+            if (std::fabs(frame_.area_to_parcel(by).value()) <= most)
                 return true;
         }
         moves_[line] = kLastMove;
@@ -296,11 +265,11 @@ private:
             const Crossing& c = crossings_[i];
             if (!is_near_side(rings_[c.side], rings_.end_of(c.side), c.place, kSideRoundings * spacing_))
                 return false;
-            const Wide off = dot(up_, from_to(crossings_[first_[line]].place, c.place));
+            const Wide off = dot(frame_.up(), from_to(crossings_[first_[line]].place, c.place));
             low = off < low ? off : low;
             high = off > high ? off : high;
         }
-        return !(high - low > sqrt(up2_) * (kStraight * spacing_));
+        return !(high - low > frame_.up_length() * (kStraight * spacing_));
     }
 
     std::vector<Ring> rings_of(const Face& face) const
@@ -371,7 +340,7 @@ private:
         const Crossing& left = crossings_[first_[line]];
         const Crossing& right = crossings_[first_[line + 1] - 1];
         if (request_.line.cut != Cut::perpendicular)
-            return dot(run, right_of(up_)) < 0.0;
+            return dot(run, right_of(frame_.up())) < 0.0;
         return abs(cross(run, from_to(parcel_.a, right.place))) <
                abs(cross(run, from_to(parcel_.a, left.place)));
     }
@@ -448,14 +417,9 @@ private:
     const WholeParcel& parcel_;
     const Request& request_;
     const Shares& shares_;
-    JoinedRings rings_;
-    MeasuredRing outer_;
+    LevelFrame frame_;
+    const JoinedRings& rings_;
     double spacing_;
-    LocalRing local_;
-    WidePoint up_;
-    Wide up2_;
-    std::vector<WidePoint> points_;
-    std::vector<WidePoint> frame_;
     Profile profile_;
     Levels levels_;
 
