@@ -26,7 +26,7 @@ def arguments():
     how_many.add_argument("--per-folder", type=int, default=55, metavar="N",
                           help="mutants to test in each folder (55)")  # fmt: skip
     how_many.add_argument("--all", action="store_true", help="every mutant there is: many hours")
-    how_many.add_argument("--again", action="store_true", help="those that survived the last run, after a test was added")
+    how_many.add_argument("--again", action="store_true", help="those that survived the last run, stopped or not, after a test was added")
     parser.add_argument("--folder", action="append", choices=FOLDERS, help="only this folder; may be repeated")
     parser.add_argument("--file", action="append", metavar="F", help="only this file, as in arcs/arc.cpp")
     parser.add_argument("--recheck", action="store_true", help="test those too that the list says nobody can see")
@@ -137,10 +137,16 @@ class Run:
             verdict = Verdict("survived", "listed") if listed else workshop.judge(mutant, self.texts[mutant.path])
             with self.lock:
                 self.verdicts[mutant] = verdict
+                self._keep_results()
                 print(f"{len(self.verdicts):5} {mutant.path}:{mutant.line} {mutant.kind}: {verdict.state}"
                       f"{' (' + verdict.by + ')' if verdict.by else ''}", flush=True)  # fmt: skip
                 if verdict.state == "survived" and not listed:
                     print(f"      - {mutant.original_line}\n      + {mutant.mutated_line}", flush=True)
+
+    def _keep_results(self):
+        """After each mutant, so that a run that is stopped is not lost."""
+        if not self.chosen.again:
+            write_results(self, self.chosen.work / RESULTS)
 
     def of_state(self, state, folder=None):
         return [mutant for mutant, verdict in self.verdicts.items()
@@ -249,7 +255,6 @@ def main():
     run.test(workshops)
     well = report(run, known)
     if not chosen.again:
-        write_results(run, chosen.work / RESULTS)
         print(f"\nAll verdicts: {chosen.work / RESULTS}")
     return OK if well and not old else FOUND
 
