@@ -695,6 +695,26 @@ TEST(WholeLines, ThirdsOfParcelsOfHalfAMetreAreHeld)
     }
 }
 
+//  1/4  ||  |----|    Two arms, 3/16 and 13/16 wide, on a strip of 3/2 by 1/16; the area is 9/32. Doubles are 2^-30 apart
+//       ||--|    |    there, and a line across both arms should lie half of that above or below 1/8: on either double beside
+//  0    |--------|    it the areas miss by 2^-31, more than is granted. So one end is rounded up, and another one down.
+TEST(WholeLines, EndsAreRoundedAgainstEachOther)
+{
+    const Ring arms = {{0, 0},           {1.5, 0},         {1.5, 0.25},    {0.6875, 0.25},
+                       {0.6875, 0.0625}, {0.1875, 0.0625}, {0.1875, 0.25}, {0, 0.25}};
+    const Parcel u = {moved(arms, 5e5, 5e6, 1.0), {}};
+    const double below = 0.09375 + 0.0625;
+    for (const double part : {0x1p-31, -0x1p-31}) {
+        const Division division = cut(u, parallel_to(0), {area(below + part)});
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        ASSERT_EQ(division.lines[0].segments.size(), 2U);
+        for (const plparcel::Segment& segment : division.lines[0].segments)
+            for (const double y : {segment.from.y, segment.to.y})
+                EXPECT_NEAR(y, 5e6 + 0.125, 0x1p-29) << "the line stays where it belongs";
+        EXPECT_NEAR(plparcel::check_ring(division.pieces[0].ring).area, below + part, 1e-9 * 0.28125);
+    }
+}
+
 TEST(WholeLines, AsManyPartsAsThereAreCentimetres)
 {
     const Parcel lot = {{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}};
