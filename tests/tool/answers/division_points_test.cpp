@@ -1,8 +1,14 @@
-// Names of points and pieces, and the side on which each new point lies.
+// Names of points and pieces, the side on which each new point lies, and its height.
 
 #include "answers/division_points.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "answers/heights.h"
 
 namespace {
 
@@ -86,6 +92,22 @@ TEST(DivisionPoints, CornersThatRepeatAreNoTrouble)
     EXPECT_EQ(on_sides, 2u);
 }
 
+TEST(DivisionPoints, NewPointsOnTheSideAfterACornerThatRepeats)
+{
+    const tool::DivisionPoints points =
+        Divided({{0, 0}, {0, 0}, {90, 0}, {90, 50}, {0, 50}}, Cut::perpendicular, 2, 2).points();
+    EXPECT_EQ(names(points, points.along(0)), (Names{"1", "2"})) << "a side without length";
+    EXPECT_EQ(names(points, points.along(1)), (Names{"2", "P1", "3"}));
+    EXPECT_EQ(names(points, points.along(3)), (Names{"4", "P2", "5"}));
+}
+
+TEST(DivisionPoints, OnlyNamesOfPAndANumberAreCounted)
+{
+    Divided divided(kLot, Cut::perpendicular, 1, 2);
+    divided.parcel.point_names = {"109", "Q12", "P", "Px8"};
+    EXPECT_EQ(divided.points().points[4].name, "P1");
+}
+
 TEST(DivisionPoints, NamesOfTheFileAreKept)
 {
     Divided divided(kLot, Cut::perpendicular, 1, 2);
@@ -105,6 +127,97 @@ TEST(DivisionPoints, PiecesAreNamedAfterTheirParcel)
     EXPECT_EQ(tool::piece_title("", 27), "AB");
     EXPECT_EQ(tool::piece_title("1234/5", 0), "1234/5a");
     EXPECT_EQ(tool::piece_title("North", 1), "North-B");
+}
+
+// The parcel lies to the left of an outer ring that runs anticlockwise, and of a hole that runs clockwise.
+TEST(Corners, OfTwoHolesAreNumberedOnAfterTheRing)
+{
+    tool::Parcel parcel;
+    parcel.ring = {{0, 0}, {90, 0}, {90, 50}, {0, 50}};
+    parcel.holes = {{{10, 10}, {20, 10}, {10, 20}}, {{50, 10}, {50, 20}, {60, 10}}};
+    const tool::Corners corners = tool::corners_of(parcel);
+    using Indices = std::vector<std::size_t>;
+    EXPECT_EQ(corners.ring, (Indices{0, 0, 0, 0, 1, 1, 1, 2, 2, 2}));
+    EXPECT_EQ(corners.next, (Indices{1, 2, 3, 0, 5, 6, 4, 8, 9, 7}));
+    EXPECT_EQ(corners.before, (Indices{3, 0, 1, 2, 6, 4, 5, 9, 7, 8}));
+    EXPECT_EQ(corners.inside_left, (std::vector<bool>{true, false, true}));
+}
+
+tool::Parcel with_heights(plparcel::Ring ring, std::vector<double> heights)
+{
+    tool::Parcel parcel;
+    parcel.ring = std::move(ring);
+    parcel.heights = std::move(heights);
+    return parcel;
+}
+
+//  40 ----------- none
+//  |              |
+//  10 ----------- 20
+const plparcel::Ring kHigh = {{0, 0}, {100, 0}, {100, 50}, {0, 50}};
+
+TEST(Heights, ChangeEvenlyAlongASide)
+{
+    const tool::Parcel parcel = with_heights(kHigh, {10, 20, std::nan(""), 40});
+    const tool::Heights heights(parcel);
+    const struct {
+        PL_PNT2D_record p;
+        std::optional<double> height;
+    } rows[] = {
+        {{0, 0}, 10.0},
+        {{100, 0}, 20.0},
+        {{100, 50}, {}},
+        {{0, 50}, 40.0},
+        {{25, 0}, 12.5},
+        {{75, 0}, 17.5},
+        {{0, 40}, 34.0},
+        {{100, 25}, {}},
+        {{50, 50}, {}},
+        {{50, 25}, {}},
+        {{-0.0009, 0}, 10.0},
+        {{100.0005, 0}, 20.0},
+        {{100.0005, -1e-4}, 20.0},
+        {{25, 9.9e-4}, 12.5},
+        {{25, -9.9e-4}, 12.5},
+        {{25, 1.01e-3}, {}},
+        {{25, -1.01e-3}, {}},
+    };
+    for (const auto& row : rows) {
+        const std::optional<double> height = heights.at(row.p);
+        ASSERT_EQ(height.has_value(), row.height.has_value()) << row.p.x << " " << row.p.y;
+        EXPECT_NEAR(height.value_or(0.0), row.height.value_or(0.0), 1e-12) << row.p.x << " " << row.p.y;
+    }
+    EXPECT_TRUE(heights.at_all({{0, 0}, {25, 0}}));
+    EXPECT_FALSE(heights.at_all({{0, 0}, {50, 50}}));
+    const tool::Parcel without = with_heights(kHigh, {});
+    EXPECT_FALSE(tool::Heights(without).at({0, 0}));
+}
+
+TEST(Heights, OfPointsAsNearAsTheirDecimalsOrTheParcelSay)
+{
+    const tool::Parcel parcel = with_heights(kHigh, {10, 20, 30, 40});
+    EXPECT_TRUE(tool::Heights(parcel, 2).at({25, 0.0099}));
+    EXPECT_FALSE(tool::Heights(parcel, 2).at({25, 0.0101}));
+    EXPECT_FALSE(tool::Heights(parcel, 4).at({25, 0.0011})) << "never less than a millimetre";
+    EXPECT_TRUE(tool::Heights(parcel, 4).at({25, 0.0009}));
+    // A millionth of the extent, wherever the ring begins.
+    plparcel::Ring large = {{0, 0}, {2000, 0}, {4000, 0}, {4000, 3000}, {0, 3000}};
+    for (std::size_t i = 0; i < large.size(); ++i) {
+        const tool::Parcel far = with_heights(large, {1, 1, 1, 1, 1});
+        EXPECT_TRUE(tool::Heights(far).at({1000, -0.0039}));
+        EXPECT_FALSE(tool::Heights(far).at({1000, -0.0041}));
+        std::rotate(large.begin(), large.begin() + 1, large.end());
+    }
+}
+
+TEST(Heights, OnShortSidesAndBesideVerticesThatRepeat)
+{
+    const tool::Parcel narrow = with_heights({{0, 0}, {0.2, 0}, {0.2, 50}, {0, 50}}, {10, 20, 20, 10});
+    EXPECT_NEAR(tool::Heights(narrow).at({0.05, 0}).value(), 12.5, 1e-12);
+    const tool::Parcel twice =
+        with_heights({{0, 0}, {0, 0}, {100, 0}, {100, 50}, {0, 50}}, {10, 10, 20, 20, 10});
+    EXPECT_NEAR(tool::Heights(twice).at({25, 0}).value(), 12.5, 1e-12);
+    EXPECT_NEAR(tool::Heights(twice).at({1e-5, 1e-5}).value(), 10.0, 1e-5);
 }
 
 }  // namespace

@@ -170,6 +170,70 @@ TEST(LabelPlaces, SegmentsAndBoxes)
     EXPECT_NEAR(turned.height(), 20, 1e-9);
 }
 
+TEST(LabelPlaces, ReadFromBelowOrFromTheRight)
+{
+    const struct {
+        SheetPoint to;  // from the origin; down the sheet is positive
+        double angle;
+    } rows[] = {{{10, 0}, 0.0},
+                {{10, 10}, 0.25 * M_PI},
+                {{-10, 10}, -0.25 * M_PI},
+                {{-10, 0}, 0.0},
+                {{-10, -10}, 0.25 * M_PI},
+                {{10, -10}, -0.25 * M_PI},
+                {{0, 10}, -0.5 * M_PI},
+                {{0, -10}, -0.5 * M_PI},
+                {{1e-8, 10}, -0.5 * M_PI},
+                {{-1e-8, -10}, -0.5 * M_PI}};
+    for (const auto& row : rows)
+        EXPECT_NEAR(tool::reading_angle({0, 0}, row.to), row.angle, 1e-8) << row.to.x << " " << row.to.y;
+}
+
+TEST(LabelPlaces, AroundAPointStraightOnFirst)
+{
+    const std::vector<SheetPoint> places = tool::places_around({50, 50}, {0, -1}, 10);
+    ASSERT_EQ(places.size(), 30u) << "ten directions, at three distances";
+    EXPECT_NEAR(places[0].x, 50, 1e-9);
+    EXPECT_NEAR(places[0].y, 40, 1e-9);
+    // A twelfth of a turn to either side.
+    EXPECT_NEAR(places[2].x, 55, 1e-9);
+    EXPECT_NEAR(places[3].x, 45, 1e-9);
+    EXPECT_NEAR(places[2].y, 50 - 5 * std::sqrt(3.0), 1e-9);
+    const double distances[] = {10, 15, 22};
+    for (std::size_t i = 0; i < places.size(); ++i)
+        EXPECT_NEAR(tool::length_of({places[i].x - 50, places[i].y - 50}), distances[i / 10], 1e-9);
+}
+
+TEST(LabelPlaces, TurnedTextTakesItsOwnWidth)
+{
+    // 40 by 10 upright, in the middle of a sheet of 30 by 60: it has room, and a level label beside it has.
+    LabelPlaces places({0, 0, 30, 60});
+    EXPECT_TRUE(places.first_free_along({{15, 30}}, {40, 10}, 0.5 * M_PI, true));
+    EXPECT_FALSE(places.first_free({{15, 30}}, {6, 6})) << "in the middle";
+    EXPECT_FALSE(places.first_free({{15, 13}}, {6, 6})) << "at its end";
+    EXPECT_FALSE(places.first_free({{15, 47}}, {6, 6})) << "at its other end";
+    EXPECT_TRUE(places.first_free({{15, 54}}, {6, 6})) << "beyond it";
+    EXPECT_TRUE(places.first_free({{5, 30}}, {6, 6})) << "beside it";
+    EXPECT_FALSE(places.first_free_along({{15, 30}}, {64, 5}, 0.5 * M_PI, true)) << "longer than the sheet";
+}
+
+// The lines in the way are looked up in cells: of a line from corner to corner every place is found.
+TEST(LabelPlaces, SeesALineWhereverItRuns)
+{
+    for (double along = 4.0; along < 200.0; along += 7.0) {
+        LabelPlaces places({0, 0, 200, 100});
+        places.add_line({200, 0}, {0, 100});
+        const double y = 100 - 0.5 * along;
+        EXPECT_FALSE(places.first_free({{along, y}}, {6, 3}, 0.0, false)) << along;
+        EXPECT_TRUE(places.first_free({{along, y < 50 ? y + 20 : y - 20}}, {2, 2}, 0.0, false)) << along;
+    }
+    LabelPlaces outside({0, 0, 100, 100});
+    outside.add_line({-50, 20}, {-1, 20});
+    outside.add_line({20, 101}, {90, 140});
+    EXPECT_TRUE(outside.first_free({{10, 20}}, {20, 10}, 0.0, false)) << "it ends left of the sheet";
+    EXPECT_TRUE(outside.first_free({{50, 95}}, {20, 10}, 0.0, false)) << "it runs below";
+}
+
 TEST(LabelPlaces, SeesLabelsInTheWay)
 {
     LabelPlaces places({0, 0, 100, 100});
@@ -193,6 +257,11 @@ TEST(SheetGeometry, PlacesInsideRoomiestFirst)
     }
     EXPECT_GT(places[0].room, 9.0);
     EXPECT_LE(places[0].room, 14.2) << "in the corner";
+    // Where there is room enough, in the middle.
+    const std::vector<tool::RoomyPlace> roomy = tool::roomy_places({{0, 0}, {200, 0}, {200, 100}, {0, 100}});
+    EXPECT_NEAR(roomy[0].at.x, 100, 4.0);
+    EXPECT_NEAR(roomy[0].at.y, 50, 2.0);
+    EXPECT_NEAR(roomy[0].room, 50, 2.0);
 }
 
 TEST(LabelPlaces, TextAlongALineCoversNothing)
@@ -630,21 +699,39 @@ TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
     EXPECT_NEAR(rows, 10, 3) << "5 points high";
 }
 
-// Thirty strips across, 8 points wide: a name stands in its strip, or beside it with the area and a hair line. The
-// tables are not bold.
+// Drawn 1:1000, thirty strips that stand upright are 7.6 points wide, and ten that lie are 14.2 high: two lines of the
+// smallest text take 14.6. A name stands in its strip, alone or with the area behind it, or beside it with the area and a
+// hair line, which is done twelve times. None is written twice. The tables are not bold.
 TEST_F(Plans, EveryPieceHasItsName)
 {
+    struct Row {
+        const char* side;
+        std::size_t parts;
+        const char* area;
+        std::size_t with_area;
+    };
     write_wkt(kLot);
-    ASSERT_EQ(divide("lot.csv", "--parallel 2 --parts 30 --plan plan.svg").status, 0);
-    std::istringstream svg(content("plan.svg"));
-    std::multiset<std::string> bold;
-    for (std::string line; std::getline(svg, line);)
-        if (line.find("font-weight=\"bold\"") != std::string::npos)
-            bold.insert(line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1));
-    for (std::size_t piece = 0; piece < 30; ++piece) {
-        const std::string name = tool::piece_title("", piece);
-        EXPECT_EQ(bold.count(name) + bold.count(name + "  133"), name == "N" ? 2u : 1u)
-            << name << "; the north arrow has an N too";
+    for (const Row& row : {Row{"2", 30, "133", 12}, Row{"1", 10, "400", 10}}) {
+        SCOPED_TRACE(row.parts);
+        ASSERT_EQ(this->run({"divide", "lot.csv", "--parallel", row.side, "--parts",
+                             std::to_string(row.parts), "--plan", "plan.svg", "--overwrite"})
+                      .status,
+                  0);
+        std::istringstream svg(content("plan.svg"));
+        std::multiset<std::string> bold;
+        for (std::string line; std::getline(svg, line);)
+            if (line.find("font-weight=\"bold\"") != std::string::npos)
+                bold.insert(line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1));
+        std::size_t with_area = 0;
+        for (std::size_t piece = 0; piece < row.parts; ++piece) {
+            const std::string name = tool::piece_title("", piece);
+            const std::size_t behind = bold.count(name + "  " + row.area);
+            EXPECT_EQ(bold.count(name) + behind, name == "N" ? 2u : 1u)
+                << name << "; the north arrow has an N too";
+            with_area += behind;
+        }
+        EXPECT_EQ(with_area, row.with_area);
+        EXPECT_EQ(bold.count("Scale 1:1000 on A4"), 1u);
     }
 }
 
@@ -661,6 +748,40 @@ TEST_F(Plans, SvgAndPdfHaveTheirPaper)
     EXPECT_EQ(files(), 3u) << "nothing is left beside them";
 }
 
+double thousandths(double value)
+{
+    return std::round(value * 1000.0) / 1000.0;
+}
+
+// Where a text of an SVG begins, and its baseline.
+SheetPoint beginning_of(const std::string& text, const std::string& svg)
+{
+    const std::size_t begin = svg.rfind("<text", svg.find(">" + text + "</text>"));
+    const auto number = [&](const char* name) { return std::stod(svg.substr(svg.find(name, begin) + 4)); };
+    return {number(" x=\""), number(" y=\"")};
+}
+
+// A circle around a place is so fine a polygon that its corners are not seen: 72 of them, every 5 degrees.
+TEST_F(Plans, ARingIsRound)
+{
+    tool::Canvas canvas(path("ring.svg"), {200, 100}, "title", "ring.svg");
+    canvas.ring({120, 50}, 40, tool::kInk, 1);
+    canvas.finish();
+    const std::string svg = content("ring.svg");
+    const std::size_t begin = svg.find(" d=\"M") + 5;
+    std::string numbers = svg.substr(begin, svg.find("Z\"", begin) - begin);
+    std::replace(numbers.begin(), numbers.end(), 'L', ' ');
+    std::istringstream corners(numbers);
+    std::size_t count = 0;
+    SheetPoint corner;
+    for (; corners >> corner.x >> corner.y; ++count) {
+        const double turn = static_cast<double>(count) * M_PI / 36.0;
+        EXPECT_NEAR(corner.x, 120 + 40 * std::cos(turn), 0.00051) << count;
+        EXPECT_NEAR(corner.y, 50 + 40 * std::sin(turn), 0.00051) << count;
+    }
+    EXPECT_EQ(count, 72u);
+}
+
 TEST_F(Plans, TextOfAnSvgIsText)
 {
     write("lots.csv", "lot no,WKT\n1234/5 <&>,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
@@ -675,6 +796,14 @@ TEST_F(Plans, TextOfAnSvgIsText)
           ">80.00   100.0000 gon</text>", ">Client: Rossi &amp; Söhne</text>", ">Date: 2026-11-22</text>",
           "<title>Parcel 1234/5 &lt;&amp;&gt;</title>"})
         EXPECT_NE(svg.find(text), std::string::npos) << text;
+    // Both begin 10 points inside the frame, which is 10 millimetres inside the sheet: the title, 15 points below the
+    // frame's top by its middle, and the block of 190 points at the other side of the upright sheet. Capitals are 0.73 of
+    // their size high.
+    const double frame = 10.0 * kMillimetre;
+    EXPECT_EQ(beginning_of("Parcel 1234/5 &lt;&amp;&gt;", svg).x, thousandths(frame + 10.0));
+    EXPECT_EQ(beginning_of("Parcel 1234/5 &lt;&amp;&gt;", svg).y,
+              thousandths(frame + 15.0 + 0.5 * 0.73 * 14.0));
+    EXPECT_EQ(beginning_of("Sheet 1 of 1", svg).x, thousandths(210.0 * kMillimetre - frame - 10.0 - 190.0));
     EXPECT_EQ(svg.find("glyph"), std::string::npos);
 }
 

@@ -258,6 +258,20 @@ TEST(JoinLines, GroupsOfEveryKind)
     EXPECT_EQ(two[0].lines, (std::vector<std::size_t>{0, 3, 2}));
     EXPECT_EQ(two[0].heights, (std::vector<double>{0, 5, 5}));
     EXPECT_EQ(two[1].ring.size(), 3u);
+    // Where two ends are apart, the vertex and its height are those of the line that comes first in the file, in whichever
+    // order the boundary runs along them.
+    const std::vector<JoinedLines> gap =
+        of({{{0, 0}, {5, 0}}, {{5, 5}, {0, 5}}, {{5, 0}, {5.005, 5}}, {{0, 5}, {0, 0}}});
+    ASSERT_EQ(gap.size(), 1u);
+    EXPECT_EQ(gap[0].lines, (std::vector<std::size_t>{0, 2, 1, 3}));
+    ASSERT_EQ(gap[0].ring.size(), 4u);
+    EXPECT_EQ(gap[0].ring[2].x, 5.0);
+    EXPECT_EQ(gap[0].heights, (std::vector<double>{0, 5, 5, 0}));
+    const std::vector<JoinedLines> later =
+        of({{{0, 0}, {5, 0}}, {{5, 0}, {5.005, 5}}, {{5, 5}, {0, 5}}, {{0, 5}, {0, 0}}});
+    ASSERT_EQ(later.size(), 1u);
+    EXPECT_EQ(later[0].ring[2].x, 5.005);
+    EXPECT_EQ(later[0].heights, (std::vector<double>{0, 5, 5.005, 0}));
     // 100,000 ends in one place are a fork, and cost no more than others.
     std::vector<std::vector<Place>> star;
     for (int i = 0; i < 100000; ++i)

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "support/bits.h"
+#include "text/table.h"
 
 namespace {
 
@@ -140,6 +141,18 @@ TEST(Angles, AsTextStayBelowAFullTurn)
     EXPECT_EQ(tool::degree_text(100.0, 4), "90.0000");
     EXPECT_EQ(tool::gon_text(std::nullopt, 4), "-");
     EXPECT_EQ(tool::degree_text(std::nullopt, 4), "-");
+}
+
+// Letters of two, three and four bytes are one character wide each; the last bits of their bytes are of every kind.
+TEST(Tables, CountCharactersNotBytes)
+{
+    for (const char* letter : {"\u00e9", "\u00fc", "\u0141", "\u03b1", "\u20ac", "\u4e2d", "\U0001f4d0"}) {
+        const std::string name = std::string("a") + letter + "b";
+        EXPECT_EQ(tool::columns({{name, "1"}, {"abc", "2"}}), name + "  1\nabc  2\n");
+        EXPECT_EQ(tool::labelled({{name, {"1"}}, {"abc", {"2"}}}), name + "  1\nabc  2\n");
+        EXPECT_TRUE(tool::fit_terminal({{std::string(77, 'x'), letter}}));
+        EXPECT_FALSE(tool::fit_terminal({{std::string(78, 'x'), letter}}));
+    }
 }
 
 }  // namespace

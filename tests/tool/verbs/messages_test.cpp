@@ -9,6 +9,7 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
+#include "files/gdal_messages.h"
 #include "program.h"
 
 namespace {
@@ -703,6 +704,30 @@ TEST_F(Messages, HelpAndVersionFitTheTerminal)
             EXPECT_LE(line.size(), 80u) << line;
     }
     EXPECT_NE(run({"divide", "--help"}).out.find("plcalc divide examples/published.csv"), std::string::npos);
+}
+
+// One line of 160 characters at most, so that the advice behind it is not hidden; the first error before any warning.
+TEST(GdalMessages, AreKeptShortAndOnOneLine)
+{
+    tool::GdalMessages messages;
+    const auto kept = [&](const std::string& said) {
+        messages.clear();
+        CPLError(CE_Failure, CPLE_AppDefined, "%s", said.c_str());
+        return messages.remark();
+    };
+    EXPECT_EQ(kept(std::string(160, 'x')), " (" + std::string(160, 'x') + ")");
+    EXPECT_EQ(kept(std::string(161, 'x')), " (" + std::string(160, 'x') + "...)");
+    EXPECT_EQ(kept(" no\n\tsuch  file. "), " (no such file)");
+    EXPECT_TRUE(messages.failed());
+    messages.clear();
+    EXPECT_FALSE(messages.failed());
+    EXPECT_EQ(messages.remark(), "");
+    for (const char* warning : {"a warning", "another"})
+        CPLError(CE_Warning, CPLE_AppDefined, "%s", warning);
+    EXPECT_EQ(messages.text(), "a warning");
+    for (const char* error : {"an error", "what comes of it"})
+        CPLError(CE_Failure, CPLE_AppDefined, "%s", error);
+    EXPECT_EQ(messages.text(), "an error");
 }
 
 }  // namespace

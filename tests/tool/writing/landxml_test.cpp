@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "files/landxml.h"
 #include "program.h"
 
 namespace {
@@ -92,6 +93,34 @@ TEST_F(LandXml, SeveralParcelsKeepTheirPointsApart)
     EXPECT_NEAR(
         test::numbers_after(this->run({"measure", "out.landxml", "--feature", "1"}).out, "Area").at(0),
         1250.0, 0.01);
+}
+
+// The lengths by definition; LandXML has no square kilometre.
+TEST(LandXmlUnits, HaveTheirLengthsAndAreas)
+{
+    const struct {
+        double metres;
+        const char* name;
+        const char* area;
+        bool metric;
+    } rows[] = {{1.0, "meter", "squareMeter", true},
+                {0.001, "millimeter", "squareMillimeter", true},
+                {0.01, "centimeter", "squareCentimeter", true},
+                {1000.0, "kilometer", "", true},
+                {12 * 0.0254, "foot", "squareFoot", false},
+                {1200.0 / 3937.0, "USSurveyFoot", "squareFoot", false},
+                {0.0254, "inch", "squareInch", false},
+                {5280 * 12 * 0.0254, "mile", "squareMiles", false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const tool::LandXmlUnit* const unit = tool::landxml_unit(row.metres);
+        ASSERT_NE(unit, nullptr);
+        EXPECT_STREQ(unit->name, row.name);
+        EXPECT_STREQ(unit->area, row.area);
+        EXPECT_EQ(unit->metric, row.metric);
+    }
+    EXPECT_EQ(tool::landxml_unit(0.9144), nullptr) << "LandXML has no yard";
+    EXPECT_EQ(tool::landxml_unit(1.0 + 2e-9), nullptr);
 }
 
 TEST_F(LandXml, AUnitIsNeeded)

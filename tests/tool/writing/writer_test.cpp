@@ -18,6 +18,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "files/pending_output.h"
 #include "plan/plan.h"
 #include "program.h"
 
@@ -192,6 +193,24 @@ struct FormatRow {
     bool crs;
 };
 
+// A program that writes many files one after another keeps none of their folders, and no file open.
+TEST_F(Writer, AnOutputThatEndsLeavesNothingOpen)
+{
+    const auto opened = [] {
+        const std::filesystem::directory_iterator files("/proc/self/fd");
+        return std::distance(begin(files), end(files));
+    };
+    const auto before = opened();
+    for (const bool written : {true, false}) {
+        tool::PendingOutput output(path("pieces.txt"), true, {});
+        std::ofstream(output.path()) << "pieces";
+        if (written)
+            output.commit();
+    }
+    EXPECT_EQ(opened(), before);
+    EXPECT_EQ(files(), (std::set<std::string>{"pieces.txt"}));
+}
+
 TEST_F(Writer, EveryFormatReadBack)
 {
     write_lots();
@@ -248,6 +267,12 @@ TEST_F(Writer, EveryFormatReadBack)
         for (const OGRFeatureUniquePtr& line : *lines) {
             EXPECT_NEAR(line->GetGeometryRef()->toLineString()->get_Length(), 100.0, 1e-6);
             if (row.columns) {
+                // The first line has 1000 below it, the second 3000: 10 and 30 up.
+                OGREnvelope envelope;
+                line->GetGeometryRef()->getEnvelope(&envelope);
+                const bool is_first = envelope.MaxY < 5000020.0;
+                EXPECT_EQ(line->GetFieldAsInteger("line"), is_first ? 1 : 2);
+                EXPECT_EQ(line->GetFieldAsInteger("parcel"), 1);
                 EXPECT_NEAR(line->GetFieldAsDouble("length"), 100.0, 1e-6);
                 EXPECT_STREQ(line->GetFieldAsString("owner"), "Rossi");
             }

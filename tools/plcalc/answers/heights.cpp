@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "plparcel/extent.h"
+
 namespace tool {
 namespace {
 
@@ -20,14 +22,6 @@ bool before(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
 {
     return p.x == q.x && p.y == q.y;
-}
-
-double extent_of(const plparcel::Ring& ring)
-{
-    double extent = 0.0;
-    for (const PL_PNT2D_record& p : ring)
-        extent = std::max({extent, std::fabs(p.x - ring[0].x), std::fabs(p.y - ring[0].y)});
-    return extent;
 }
 
 // The point of a side that is nearest to p.
@@ -53,7 +47,7 @@ Heights::Heights(const Parcel& parcel, const std::optional<int>& decimals) : par
     if (parcel.heights.empty())
         return;
     corners_ = corners_of(parcel);
-    reach_ = std::max(kReach, kReachRel * extent_of(parcel.ring));
+    reach_ = std::max(kReach, kReachRel * plparcel::extent_of(parcel.ring).largest());
     if (decimals)
         reach_ = std::max(reach_, std::pow(10.0, -*decimals));
     by_place_.resize(corners_.size());
