@@ -18,7 +18,7 @@ example=$source/examples/proven_division.cpp
 # build_client <client> <prefix>
 build_client() {
     {
-        "$cmake" -S "$source/tests/api/$1" -B "$work/$1" -DCMAKE_PREFIX_PATH="$2" -DEXAMPLE="$example" \
+        "$cmake" -G Ninja -S "$source/tests/api/$1" -B "$work/$1" -DCMAKE_PREFIX_PATH="$2" -DEXAMPLE="$example" \
             -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" &&
             "$cmake" --build "$work/$1"
     } >"$work/log" 2>&1 || {
@@ -77,7 +77,7 @@ refused() {
     mkdir "$work/asks"
     printf '%s\n' 'cmake_minimum_required(VERSION 3.20)' 'project(asks LANGUAGES CXX)' "find_package(plcalc $1)" \
         >"$work/asks/CMakeLists.txt"
-    if "$cmake" -S "$work/asks" -B "$work/asks/build" -DCMAKE_PREFIX_PATH="$3" -DCMAKE_CXX_COMPILER="$cxx" \
+    if "$cmake" -G Ninja -S "$work/asks" -B "$work/asks/build" -DCMAKE_PREFIX_PATH="$3" -DCMAKE_CXX_COMPILER="$cxx" \
         >"$work/log" 2>&1; then
         echo "find_package(plcalc $1) succeeds" >&2
         exit 1

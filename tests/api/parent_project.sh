@@ -8,7 +8,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 {
-    "$cmake" -S "$source/tests/api/parent_project" -B "$work/build" -DPLCALC_SOURCE="$source" \
+    "$cmake" -G Ninja -S "$source/tests/api/parent_project" -B "$work/build" -DPLCALC_SOURCE="$source" \
         -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_BUILD_TYPE= -DCMAKE_EXPORT_COMPILE_COMMANDS=ON &&
         "$cmake" --build "$work/build" && "$cmake" --install "$work/build" --prefix "$work/installed"
 } >"$work/log" 2>&1 || {
