@@ -239,7 +239,8 @@ TEST_F(StakeoutVerb, Refusals)
           {"--station 1 --orientation 2 --csv --json", 2,
            "give one of --csv and --json; see plcalc stakeout --help"},
           {"--station 1 --orientation 2 --parallel 1", 2,
-           "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see "
+           "give one of --area A, --product A B, --share S, --width W, --areas LIST, --parts COUNT, "
+           "--area-from COLUMN and --share-from COLUMN; see "
            "plcalc "
            "stakeout "
            "--help"},

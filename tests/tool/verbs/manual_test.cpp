@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
 #include <set>
 #include <sstream>
 
@@ -16,7 +17,7 @@ class Manual : public test::ProgramTest {
 protected:
     Words help(const std::string& verb) const { return options_in(run({verb, "--help"}).out); }
 
-    static std::string content(const char* file)
+    static std::string content(const std::string& file)
     {
         std::ifstream stream(file);
         std::ostringstream text;
@@ -38,40 +39,69 @@ protected:
         return found;
     }
 
-    // What bash would offer after "plcalc <verb> -".
-    Words completed(const std::string& verb) const
+    // What a shell would offer after "plcalc <verb> --"; nothing where it is not installed.
+    std::optional<Words> completed(const std::string& shell, const std::string& verb) const
     {
-        const std::string script = "source " PLCALC_COMPLETION "; COMP_WORDS=(plcalc " + verb +
-                                   " --); COMP_CWORD=2; _plcalc; printf '%s\\n' \"${COMPREPLY[@]}\"";
-        write("complete.sh", script);
-        const std::string command = "bash " + path("complete.sh") + " >" + path("words");
-        EXPECT_EQ(std::system(command.c_str()), 0);
+        if (std::system(("command -v " + shell + " >/dev/null 2>&1").c_str()) != 0)
+            return std::nullopt;
+        const std::string file = PLCALC_COMPLETION + shell;
+        const std::string script =
+            shell == "bash" ? "source " + file + "; COMP_WORDS=(plcalc " + verb +
+                                  " --); COMP_CWORD=2; _plcalc; printf '%s\\n' \"${COMPREPLY[@]}\""
+            : shell == "zsh" ? "compadd() { shift; print -l -- \"$@\" }; compdef() { }; source " + file +
+                                   "; words=(plcalc " + verb + " --); CURRENT=3; _plcalc"
+                             : "source " + file + "; complete -C 'plcalc " + verb + " --'";
+        const std::string plain = shell == "fish" ? " --no-config " : shell == "zsh" ? " -f " : " ";
+        write("complete", script);
+        EXPECT_EQ(std::system((shell + plain + path("complete") + " >" + path("words")).c_str()), 0);
         std::ifstream words(path("words"));
         Words found;
         for (std::string word; std::getline(words, word);)
-            found.insert(word);
+            found.insert(word.substr(0, word.find('\t')));
         return found;
+    }
+
+    Words all_options() const
+    {
+        Words all = {"--version"};
+        for (const char* verb : {"divide", "measure", "stakeout"})
+            all.merge(help(verb));
+        return all;
     }
 };
 
 TEST_F(Manual, TheManPageTellsEveryOption)
 {
-    const Words manual = options_in(content(PLCALC_MANUAL));
-    Words all = {"--version"};
-    for (const char* verb : {"divide", "measure", "stakeout"})
-        all.merge(help(verb));
-    EXPECT_EQ(manual, all);
+    EXPECT_EQ(options_in(content(PLCALC_MANUAL)), all_options());
 }
 
 TEST_F(Manual, CompletionOffersEveryOptionOfTheVerb)
 {
-    EXPECT_EQ(completed("divide"), help("divide"));
-    EXPECT_EQ(completed("measure"), help("measure"));
-    // Its help tells of cuts by example.
-    Words stakeout = help("stakeout");
-    const Words offered = completed("stakeout");
-    EXPECT_TRUE(std::includes(offered.begin(), offered.end(), stakeout.begin(), stakeout.end()));
-    EXPECT_EQ(offered.count("--perpendicular") + offered.count("--areas"), 2u);
+    for (const std::string shell : {"bash", "zsh", "fish"}) {
+        SCOPED_TRACE(shell);
+        if (!completed(shell, "divide"))
+            continue;  // not installed
+        EXPECT_EQ(completed(shell, "divide"), help("divide"));
+        EXPECT_EQ(completed(shell, "measure"), help("measure"));
+        // Its help tells of cuts by example.
+        Words stakeout = help("stakeout");
+        const Words offered = *completed(shell, "stakeout");
+        EXPECT_TRUE(std::includes(offered.begin(), offered.end(), stakeout.begin(), stakeout.end()));
+        EXPECT_EQ(offered.count("--perpendicular") + offered.count("--areas"), 2u);
+    }
+}
+
+// Also where the shell is not installed.
+TEST_F(Manual, EveryCompletionNamesEveryOption)
+{
+    EXPECT_EQ(options_in(content(PLCALC_COMPLETION "bash")), all_options());
+    EXPECT_EQ(options_in(content(PLCALC_COMPLETION "zsh")), all_options());
+    Words of_fish;  // without the hyphens, among the other words
+    std::istringstream fish(content(PLCALC_COMPLETION "fish"));
+    for (std::string word; fish >> word;)
+        of_fish.insert("--" + word);
+    for (const std::string& option : all_options())
+        EXPECT_EQ(of_fish.count(option), 1u) << option;
 }
 
 // An option that help names must be one.

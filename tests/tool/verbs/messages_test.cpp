@@ -33,17 +33,21 @@ struct UseRow {
 
 const UseRow kWrongUse[] = {
     {"no cut", "--area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, --bearing ANGLE, "
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, "
+     "--vertex-from COLUMN, --bearing ANGLE, "
      "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"two cuts", "--parallel 1 --vertex 1 --area 5",
-     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, --bearing ANGLE, "
+     "give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, "
+     "--vertex-from COLUMN, --bearing ANGLE, "
      "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N; see plcalc divide --help"},
     {"no area", "--parallel 1",
-     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST, --parts COUNT, "
+     "--area-from COLUMN and --share-from COLUMN; see plcalc "
      "divide "
      "--help"},
     {"two areas", "--parallel 1 --area 5 --product 1 2",
-     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST, --parts COUNT, "
+     "--area-from COLUMN and --share-from COLUMN; see plcalc "
      "divide "
      "--help"},
     {"area of nothing", "--vertex 1 --area 0",
@@ -89,7 +93,8 @@ const UseRow kWrongUse[] = {
     {"feature not a number", "--feature A2 --vertex 1 --area 5",
      "--feature: 'A2' is not a whole number; see plcalc divide --help"},
     {"two shares", "--vertex 1 --share 1/3 --area 5",
-     "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT; see plcalc "
+     "give one of --area A, --product A B, --share S, --width W, --areas LIST, --parts COUNT, "
+     "--area-from COLUMN and --share-from COLUMN; see plcalc "
      "divide "
      "--help"},
     {"share without a form", "--vertex 1 --share 0.3",

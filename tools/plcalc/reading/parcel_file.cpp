@@ -440,13 +440,18 @@ ReadParcel ParcelFile::next_of_table()
 
 void ParcelFile::require_name_column() const
 {
-    if (!source_.name_column || columns().GetFieldIndex(source_.name_column->c_str()) >= 0)
+    if (source_.name_column)
+        require_column(*source_.name_column);
+}
+
+void ParcelFile::require_column(const std::string& name) const
+{
+    if (columns().GetFieldIndex(name.c_str()) >= 0)
         return;
     std::string names;
     for (int i = 0; i < columns().GetFieldCount(); ++i)
         names += (names.empty() ? "" : ", ") + std::string(columns().GetFieldDefn(i)->GetNameRef());
-    throw Failure(ExitStatus::wrong_use, {source_.file, ""},
-                  "there is no column '" + *source_.name_column + "'",
+    throw Failure(ExitStatus::wrong_use, {source_.file, ""}, "there is no column '" + name + "'",
                   names.empty() ? "the parcels have none" : "choose one of: " + names);
 }
 
@@ -559,9 +564,8 @@ Failure vanished(const Source& source)
             "leave the file alone until plcalc is done"};
 }
 
-ReadParcel read_parcel(const Source& source)
+ReadParcel only_parcel(ParcelFile& file, const Source& source)
 {
-    ParcelFile file(source);
     if (file.count() > 1)
         file.refuse_several("");
     std::optional<ReadParcel> read = file.next();

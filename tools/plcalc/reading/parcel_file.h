@@ -66,6 +66,14 @@ public:
     /// The files that are read.
     std::vector<std::string> files() const;
 
+    /// Whether its parcels have names without a column that tells them.
+    bool names_parcels() const { return source_.name_column || texts_; }
+
+    /// Gives up unless the parcels have this column.
+    ///
+    /// @throws Failure  wrong_use, with the columns there are
+    void require_column(const std::string& name) const;
+
     /// Gives up because the file holds several parcels.
     ///
     /// @param[in] why  what else there is to say, or nothing
@@ -120,10 +128,11 @@ private:
     PlaneCheck plane_;
 };
 
-/// The only parcel of the source.
+/// The only parcel of the file.
 ///
-/// @throws Failure  as ParcelFile; also when there are several, and for whatever is wrong with the parcel
-ReadParcel read_parcel(const Source& source);
+/// @param[in] source  of the file
+/// @throws Failure    when there are several, and for whatever is wrong with the parcel
+ReadParcel only_parcel(ParcelFile& file, const Source& source);
 
 /// The failure for a file whose parcels have gone since they were counted.
 Failure vanished(const Source& source);

@@ -187,7 +187,8 @@ Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
 }
 
 // The parcels between what stands before and behind them in the object.
-Output ManyReport::json(const std::vector<std::string>& written) const
+Output ManyReport::json(const std::vector<std::string>& written,
+                        const std::vector<std::string>& unused_rows) const
 {
     Json json;
     json["parcels"] = Json::array();
@@ -195,6 +196,8 @@ Output ManyReport::json(const std::vector<std::string>& written) const
     json["refused"] = refused_;
     if (!written.empty())
         json["written"] = written;
+    if (!unused_rows.empty())
+        json["unused_rows"] = unused_rows;
     Output output = {dumped(json), status_};
     if (kept_->empty())
         return output;

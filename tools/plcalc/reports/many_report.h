@@ -48,7 +48,9 @@ public:
     Output table(std::size_t passed_over, std::size_t hidden) const;
 
     /// One object per parcel in "parcels", the counts, and the names of files that were written.
-    Output json(const std::vector<std::string>& written) const;
+    ///
+    /// @param[in] unused_rows  names in a table of areas that no parcel has
+    Output json(const std::vector<std::string>& written, const std::vector<std::string>& unused_rows) const;
 
 private:
     void measure(const std::string& rows);

@@ -20,7 +20,7 @@ constexpr double kStepSlack = 1.0 + 1e-12;
 // Up to here a double can hold ten-thousandths.
 constexpr double kMaxFixed = 1e12;
 
-std::string_view trimmed(std::string_view text)
+std::string_view without_blanks(std::string_view text)
 {
     constexpr std::string_view kBlanks = " \t\r\n";
     const std::size_t first = text.find_first_not_of(kBlanks);
@@ -31,7 +31,7 @@ std::string_view trimmed(std::string_view text)
 
 template <typename Number> std::optional<Number> parse_all(std::string_view text)
 {
-    text = trimmed(text);
+    text = without_blanks(text);
     if (text.size() > 1 && text[0] == '+' && text[1] != '-')
         text.remove_prefix(1);
     Number value{};
@@ -92,6 +92,11 @@ std::string angle_text(double angle, double turn, int decimals)
 
 namespace tool {
 
+std::string trimmed(const std::string& text)
+{
+    return std::string(without_blanks(text));
+}
+
 std::optional<double> parse_number(const std::string& text)
 {
     return parse_all<double>(text);
@@ -104,7 +109,7 @@ std::optional<long long> parse_whole(const std::string& text)
 
 std::optional<double> parse_angle(const std::string& text)
 {
-    const std::string_view all = trimmed(text);
+    const std::string_view all = without_blanks(text);
     if (all.empty())
         return std::nullopt;
     if (const std::optional<double> gons = parse_all<double>(all))

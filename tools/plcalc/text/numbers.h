@@ -7,6 +7,9 @@
 
 namespace tool {
 
+/// Without the blanks around it.
+std::string trimmed(const std::string& text);
+
 /// Reads a text that is a number from end to end, blanks around it allowed; "nan" and "inf" are numbers here.
 /// Nothing for any other text ("12,5", "12.5 m", "") and for what no double holds ("1e400").
 std::optional<double> parse_number(const std::string& text);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <sstream>
+#include <utility>
 
 #include "reading/other_lines.h"
 #include "text/numbers.h"
@@ -15,12 +16,19 @@ namespace {
 // Nobody means more parts than this.
 constexpr long long kMaxParts = 1000;
 
-constexpr double kPercent = 100.0;
+// Whether --areas names a table instead of a list.
+bool names_table(const std::string& areas)
+{
+    const std::size_t dot = areas.rfind('.');
+    const std::string ending = dot == std::string::npos ? "" : areas.substr(dot);
+    return ending == ".csv" || ending == ".CSV" || ending == ".txt" || ending == ".tsv";
+}
 
-const char* const kCuts[] = {"--parallel", "--perpendicular", "--vertex", "--vertex-near",
+const char* const kCuts[] = {"--parallel", "--perpendicular", "--vertex", "--vertex-near", "--vertex-from",
                              "--bearing",  "--along-segment", "--place",  "--through"};
-const char* const kAmounts[] = {"--area", "--product", "--share", "--width", "--areas", "--parts"};
-const char* const kSides[] = {"--side", "--side-near", "--facing", "--along"};
+const char* const kAmounts[] = {"--area",  "--product", "--share",     "--width",
+                                "--areas", "--parts",   "--area-from", "--share-from"};
+const char* const kSides[] = {"--side", "--side-near", "--facing", "--along", "--side-from"};
 const char* const kOthers[] = {"--within", "--alternative", "--pieces", "--decimals", "--tolerance"};
 
 }  // namespace
@@ -31,10 +39,12 @@ CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::stri
     options().add_option("--parallel", parallel_)->type_name("SIDE")->expected(0, 1);
     options().add_option("--perpendicular", perpendicular_)->type_name("SIDE")->expected(0, 1);
     options().add_option("--vertex", vertex_)->type_name("N");
+    options().add_option("--vertex-from", vertex_from_)->type_name("COLUMN");
     options().add_option("--side", side_)->type_name("longest|shortest");
     options().add_option("--side-near", side_near_)->type_name("E,N");
     options().add_option("--facing", facing_)->type_name("ANGLE");
     options().add_option("--along", along_)->type_name("FILE");
+    options().add_option("--side-from", side_from_)->type_name("COLUMN");
     options().add_option("--within", within_)->type_name("DISTANCE");
     options().add_option("--vertex-near", vertex_near_)->type_name("E,N");
     options().add_option("--bearing", bearing_)->type_name("ANGLE");
@@ -47,7 +57,9 @@ CuttingVerb::CuttingVerb(CLI::App& app, const std::string& name, const std::stri
     options().add_option("--width", width_)->type_name("W");
     options().add_option("--product", product_)->expected(2)->type_name("A B");
     options().add_option("--share", share_)->type_name("SHARE");
-    options().add_option("--areas", areas_)->type_name("LIST");
+    options().add_option("--areas", areas_)->type_name("LIST|FILE");
+    options().add_option("--area-from", area_from_)->type_name("COLUMN");
+    options().add_option("--share-from", share_from_)->type_name("COLUMN");
     options().add_option("--parts", parts_)->type_name("COUNT");
     options().add_flag("--opposite", opposite_);
     options().add_option("--decimals", decimals_)->type_name("N");
@@ -61,33 +73,6 @@ bool CuttingVerb::asks_for_cut() const
            std::any_of(std::begin(kSides), std::end(kSides), is_given) ||
            std::any_of(std::begin(kAmounts), std::end(kAmounts), is_given) || opposite_ ||
            std::any_of(std::begin(kOthers), std::end(kOthers), is_given);
-}
-
-plparcel::Amount CuttingVerb::share(const std::string& option, const std::string& text) const
-{
-    const std::size_t slash = text.find('/');
-    const bool percent = !text.empty() && text.back() == '%';
-    if (slash == std::string::npos && !percent)
-        wrong_use(option + ": '" + text + "' is not a share; write it as 1/3 or 25%");
-    const double part = amount(option, percent ? text.substr(0, text.size() - 1) : text.substr(0, slash));
-    const double of = percent ? kPercent : amount(option, text.substr(slash + 1));
-    if (!(part < of))
-        wrong_use(option + ": '" + text + "' is not less than the whole parcel");
-    return plparcel::share(part, of);
-}
-
-plparcel::Amount CuttingVerb::product(const std::string& option, const std::string& first,
-                                      const std::string& second) const
-{
-    const plparcel::Amount made = plparcel::product(amount(option, first), amount(option, second));
-    if (!std::isfinite(made.first * made.second) || !(made.first * made.second > 0.0))
-        wrong_use(option + ": the product of the two is not a number above 0");
-    return made;
-}
-
-plparcel::Amount CuttingVerb::width(const std::string& option, const std::string& text) const
-{
-    return plparcel::width(amount(option, text));
 }
 
 // "500010,5000020": so many numbers with commas between them.
@@ -109,27 +94,6 @@ std::vector<double> CuttingVerb::numbers(const std::string& option, const std::s
     return numbers;
 }
 
-// One of a list: 1000, 40x50, 1/3, 25% or w12.
-void CuttingVerb::add_amount(Asked& asked, const std::string& option, const std::string& text) const
-{
-    const std::size_t times = text.find('x');
-    const bool starts_with_number = text.find_first_of("0123456789.") == 0;
-    if (!text.empty() && (text[0] == 'w' || text[0] == 'W')) {
-        asked.request.amounts.push_back(width(option, text.substr(1)));
-        asked.amounts.push_back("width " + shortest(asked.request.amounts.back().first));
-    } else if (times != std::string::npos && starts_with_number) {
-        const plparcel::Amount made = product(option, text.substr(0, times), text.substr(times + 1));
-        asked.request.amounts.push_back(made);
-        asked.amounts.push_back(shortest(made.first) + " x " + shortest(made.second));
-    } else if (text.find_first_of("/%") != std::string::npos) {
-        asked.request.amounts.push_back(share(option, text));
-        asked.amounts.push_back(text);
-    } else {
-        asked.request.amounts.push_back(plparcel::area(amount(option, text)));
-        asked.amounts.push_back(shortest(asked.request.amounts.back().first));
-    }
-}
-
 // The side by its number, or by what it is.
 void CuttingVerb::set_side(Asked& asked, const std::string& option, const std::string& text) const
 {
@@ -141,11 +105,13 @@ void CuttingVerb::set_side(Asked& asked, const std::string& option, const std::s
     if (chosen + (has_number ? 1 : 0) != 1)
         wrong_use(option +
                   ": name the side by its number, or by one of --side longest|shortest, --side-near E,N, "
-                  "--facing ANGLE and --along FILE");
+                  "--facing ANGLE, --along FILE and --side-from COLUMN");
     if (has_number) {
         asked.number = whole(option, text);
         return;
     }
+    if (given("--side-from"))
+        return;  // each parcel has its own
     SideChoice& choice = asked.choice;
     if (given("--side")) {
         if (side_ != "longest" && side_ != "shortest")
@@ -176,7 +142,7 @@ void CuttingVerb::set_cut(Asked& asked) const
 {
     if (std::count_if(std::begin(kCuts), std::end(kCuts), [&](const char* o) { return given(o); }) != 1)
         wrong_use("give one of --parallel SIDE, --perpendicular SIDE, --vertex N, --vertex-near E,N, "
-                  "--bearing ANGLE, "
+                  "--vertex-from COLUMN, --bearing ANGLE, "
                   "--along-segment E,N,E,N, --place SIDE,DISTANCE and --through E,N");
     if (given("--parallel")) {
         asked.request.line.cut = plparcel::Cut::parallel;
@@ -187,6 +153,8 @@ void CuttingVerb::set_cut(Asked& asked) const
     } else if (given("--vertex")) {
         asked.request.line.cut = plparcel::Cut::through_vertex;
         asked.number = whole("--vertex", vertex_);
+    } else if (given("--vertex-from")) {
+        asked.request.line.cut = plparcel::Cut::through_vertex;
     } else if (given("--vertex-near")) {
         const std::vector<double> point = numbers("--vertex-near", vertex_near_, 2);
         asked.request.line.cut = plparcel::Cut::through_vertex;
@@ -254,29 +222,30 @@ void CuttingVerb::set_choice(Asked& asked) const
 void CuttingVerb::set_amounts(Asked& asked) const
 {
     if (std::count_if(std::begin(kAmounts), std::end(kAmounts), [&](const char* o) { return given(o); }) != 1)
-        wrong_use(
-            "give one of --area A, --product A B, --share S, --width W, --areas LIST and --parts COUNT");
+        wrong_use("give one of --area A, --product A B, --share S, --width W, --areas LIST, --parts COUNT, "
+                  "--area-from COLUMN and --share-from COLUMN");
+    const auto add = [&](const GivenAmount& amount) {
+        asked.request.amounts.push_back(amount.amount);
+        asked.amounts.push_back(amount.given);
+    };
     if (given("--area")) {
-        asked.request.amounts = {plparcel::area(amount("--area", area_))};
-        asked.amounts = {shortest(asked.request.amounts[0].first)};
+        const double area = amount("--area", area_);
+        add({plparcel::area(area), shortest(area)});
     } else if (given("--product")) {
-        const plparcel::Amount made = product("--product", product_[0], product_[1]);
-        asked.request.amounts = {made};
-        asked.amounts = {shortest(made.first) + " x " + shortest(made.second)};
+        const plparcel::Amount made =
+            understood("--product", [&] { return product(product_[0], product_[1]); });
+        add({made, shortest(made.first) + " x " + shortest(made.second)});
     } else if (given("--share")) {
-        asked.request.amounts = {share("--share", share_)};
-        asked.amounts = {share_};
+        add({understood("--share", [&] { return share(share_); }), share_});
     } else if (given("--width")) {
-        asked.request.amounts = {width("--width", width_)};
-        asked.amounts = {"width " + shortest(asked.request.amounts[0].first)};
-    } else if (given("--areas")) {
-        // A comma at the end is refused: the amount after it has been forgotten.
-        std::istringstream list(areas_ + ",");
-        for (std::string text; !areas_.empty() && std::getline(list, text, ',');)
-            add_amount(asked, "--areas", text);
-        if (asked.amounts.empty())
-            wrong_use("--areas: '" + areas_ + "' is not a list such as 1000,1/3,20x30");
-    } else {
+        const double width = amount("--width", width_);
+        add({plparcel::width(width), "width " + shortest(width)});
+    } else if (given("--areas") && !names_table(areas_)) {
+        if (areas_.empty())
+            wrong_use("--areas: '' is not a list such as 1000,1/3,20x30");
+        for (const std::string& text : parts_of_list(areas_, ','))
+            add(understood("--areas", [&] { return one_amount(text); }));
+    } else if (given("--parts")) {
         const long long parts = whole("--parts", parts_);
         if (parts < 2 || parts > kMaxParts)
             wrong_use("--parts: '" + parts_ + "' is not a number from 2 to " + std::to_string(kMaxParts));
@@ -298,7 +267,7 @@ void CuttingVerb::set_rounding(Asked& asked) const
         rounding.decimals = static_cast<int>(decimals);
     }
     if (given("--tolerance")) {
-        const plparcel::Amount part = share("--tolerance", tolerance_);
+        const plparcel::Amount part = understood("--tolerance", [&] { return share(tolerance_); });
         rounding.tolerance = part.first / part.second;
         if (!(rounding.tolerance > 0.0) || rounding.tolerance > kMostTolerance)
             wrong_use("--tolerance: '" + tolerance_ + "' is more than 1% of the parcel");
@@ -315,10 +284,19 @@ Asked CuttingVerb::asked() const
     return asked;
 }
 
-void CuttingVerb::read_other_lines(Asked& asked, const OGRSpatialReference* crs)
+ParcelRequests CuttingVerb::requests(const ParcelFile& file, const Source& source) const
 {
-    if (asked.choice.by == SideChoice::By::along)
-        asked.choice.other = other_lines(asked.choice.given, crs);
+    Asked common = asked();
+    if (common.choice.by == SideChoice::By::along)
+        common.choice.other = other_lines(common.choice.given, file.crs());
+    RequestColumns columns;
+    columns.areas = area_from_;
+    columns.shares = share_from_;
+    columns.side = side_from_;
+    columns.vertex = vertex_from_;
+    if (names_table(areas_))
+        columns.table = areas_;
+    return {std::move(common), columns, file, source};
 }
 
 }  // namespace tool

@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include <ogr_spatialref.h>
-
 #include "answers/question.h"
+#include "verbs/parcel_requests.h"
 #include "verbs/verb.h"
 
 namespace tool {
@@ -20,16 +19,16 @@ protected:
     /// Whether any of the options is given.
     bool asks_for_cut() const;
 
-    /// The request.
+    /// The request, without what stands in columns.
     ///
     /// @throws Failure  wrong_use where the options do not make one
     Asked asked() const;
 
-    /// Reads the lines along which a side is asked for, if it is.
+    /// The requests for the parcels of a file. The lines along which a side is asked for are read.
     ///
-    /// @param[in] crs   of the parcels, or null
-    /// @throws Failure  as other_lines()
-    static void read_other_lines(Asked& asked, const OGRSpatialReference* crs);
+    /// @param[in] source  of the file
+    /// @throws Failure    as asked(), ParcelRequests, other_lines()
+    ParcelRequests requests(const ParcelFile& file, const Source& source) const;
 
 private:
     void set_cut(Asked& asked) const;
@@ -38,12 +37,7 @@ private:
     void set_choice(Asked& asked) const;
     void set_amounts(Asked& asked) const;
     void set_rounding(Asked& asked) const;
-    void add_amount(Asked& asked, const std::string& option, const std::string& text) const;
-    plparcel::Amount width(const std::string& option, const std::string& text) const;
     std::vector<double> numbers(const std::string& option, const std::string& text, std::size_t count) const;
-    plparcel::Amount share(const std::string& option, const std::string& text) const;
-    plparcel::Amount product(const std::string& option, const std::string& first,
-                             const std::string& second) const;
 
     std::string parallel_;
     std::string perpendicular_;
@@ -52,6 +46,8 @@ private:
     std::string side_near_;
     std::string facing_;
     std::string along_;
+    std::string side_from_;
+    std::string vertex_from_;
     std::string within_;
     std::string vertex_near_;
     std::string bearing_;
@@ -65,6 +61,8 @@ private:
     std::vector<std::string> product_;
     std::string share_;
     std::string areas_;
+    std::string area_from_;
+    std::string share_from_;
     std::string parts_;
     std::string decimals_;
     std::string tolerance_;

@@ -24,6 +24,7 @@
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
 #include "sheet/canvas.h"
+#include "text/name_list.h"
 #include "verbs/help.h"
 #include "verbs/title_block.h"
 #include "writing/division_writer.h"
@@ -70,6 +71,18 @@ std::string written_lines(const std::vector<std::string>& files, const ParcelFil
     return text;
 }
 
+// Rows of a table of areas that were for no parcel: whoever wrote them expects a division.
+std::string rows_left(const ParcelRequests& requests)
+{
+    NameList names;
+    for (const std::string& name : requests.left())
+        names.add([&] { return name; });
+    return names.count() == 0
+               ? ""
+               : "Unused   " + std::to_string(names.count()) + (names.count() == 1 ? " row" : " rows") +
+                     " of the areas, for no parcel (" + names.text() + ")\n";
+}
+
 // A folder that goes away with what is in it, for output that goes on to the standard output.
 class ScratchFolder {
 public:
@@ -107,7 +120,7 @@ void read_out(const std::string& file, const std::function<void(const std::strin
 // Parcels that are divided together.
 struct Batch {
     std::vector<ReadParcel> read;
-    std::deque<Asked> chosen;  // of parcels whose side is named by what it is; answers refer to them
+    std::deque<Asked> asked;  // of each parcel, where it is not the same of all; answers refer to them
     std::vector<std::optional<Answer>> answers;  // nothing for a parcel with a problem
     std::vector<std::string> kept;
 };
@@ -116,8 +129,20 @@ struct Batch {
 constexpr std::size_t kMaxParcels = 64;
 constexpr std::size_t kMaxVertices = 1 << 15;
 
+// What is asked of a parcel by columns of its own; where they do not say it, that is the parcel's problem.
+Asked own_request(ReadParcel& read, ParcelRequests& requests)
+{
+    try {
+        if (!read.problem)
+            return requests.of(read);
+    } catch (const Failure& problem) {
+        read.problem = problem;
+    }
+    return {};
+}
+
 // Empty after the last parcel.
-std::unique_ptr<Batch> next_batch(ParcelFile& file)
+std::unique_ptr<Batch> next_batch(ParcelFile& file, ParcelRequests& requests)
 {
     auto batch = std::make_unique<Batch>();
     for (std::size_t vertices = 0; batch->read.size() < kMaxParcels && vertices < kMaxVertices;) {
@@ -125,24 +150,27 @@ std::unique_ptr<Batch> next_batch(ParcelFile& file)
         if (!read)
             break;
         vertices += read->parcel.ring.size();
+        if (requests.differ())
+            batch->asked.push_back(own_request(*read, requests));
         batch->read.push_back(std::move(*read));
     }
     return batch;
 }
 
 // Divides the parcels of a batch. Nothing of GDAL is touched.
-void divide_batch(Batch& batch, const Asked& asked, const ManyReport& report)
+void divide_batch(Batch& batch, const ParcelRequests& requests, const ManyReport& report)
 {
-    const auto of_parcel = [&](const Parcel& parcel) -> const Asked& {
-        return asked.choice.by == SideChoice::By::number
-                   ? asked
-                   : batch.chosen.emplace_back(with_side(asked, parcel));
-    };
-    for (ReadParcel& read : batch.read) {
+    const bool differ = requests.differ() || requests.common().choice.by != SideChoice::By::number;
+    if (!requests.differ() && differ)
+        batch.asked.assign(batch.read.size(), requests.common());
+    for (std::size_t i = 0; i < batch.read.size(); ++i) {
+        ReadParcel& read = batch.read[i];
         std::optional<Answer> answer;
         try {
+            if (differ && !read.problem)
+                batch.asked[i] = with_side(std::move(batch.asked[i]), read.parcel);
             if (!read.problem)
-                answer.emplace(tool::answer(read.parcel, of_parcel(read.parcel)));
+                answer.emplace(tool::answer(read.parcel, differ ? batch.asked[i] : requests.common()));
         } catch (const Failure& problem) {
             read.problem = problem;
         }
@@ -318,14 +346,14 @@ std::vector<std::string> DivideVerb::write_texts(const Answer& answer, const Par
     return names;
 }
 
-Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& out) const
+Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const
 {
-    const std::optional<ReadParcel> read = file.next();
+    std::optional<ReadParcel> read = file.next();
     if (!read)
         throw vanished(source());
     if (read->problem)
         throw *read->problem;
-    const Asked of_parcel = with_side(asked, read->parcel);
+    const Asked of_parcel = with_side(requests.of(*read), read->parcel);
     const Answer answer = tool::answer(read->parcel, of_parcel);
     if (!answer.printed.done())
         throw refusal(answer);
@@ -351,13 +379,13 @@ Output DivideVerb::one(ParcelFile& file, const Asked& asked, const std::string& 
             left_over += "Left     " + sheet + ": it is no sheet of this plan\n";
     if (!json_)
         return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file)) +
-                left_over};
+                left_over + rows_left(requests)};
     ManyReport report(ManyReport::Keep::json);
     report.add(answer, report.kept_of(answer));
-    return report.json(written);
+    return report.json(written, requests.left());
 }
 
-Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string& out) const
+Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::string& out) const
 {
     if (given("--plan"))
         file.refuse_several("and --plan draws only one");
@@ -371,10 +399,10 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
     ManyReport report(json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
     const std::size_t jobs = this->jobs();
-    OrderedWork<Batch> work(jobs, [&](Batch& batch) { divide_batch(batch, asked, report); });
+    OrderedWork<Batch> work(jobs, [&](Batch& batch) { divide_batch(batch, requests, report); });
     for (bool more = true; more || work.pending() > 0;) {
         while (more && work.pending() <= kBatchesAhead * jobs) {
-            std::unique_ptr<Batch> batch = next_batch(file);
+            std::unique_ptr<Batch> batch = next_batch(file, requests);
             more = !batch->read.empty();
             if (more)
                 work.put(std::move(batch));
@@ -390,24 +418,25 @@ Output DivideVerb::many(ParcelFile& file, const Asked& asked, const std::string&
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (json_)
-        return report.json(written);
+        return report.json(written, requests.left());
     Output output = report.table(file.passed_over(), file.hidden());
-    output.end += to_standard_output() ? "" : written_lines(written, file);
+    output.end += (to_standard_output() ? "" : written_lines(written, file)) + rows_left(requests);
     return output;
 }
 
 Output DivideVerb::work() const
 {
-    Asked asked = this->asked();
+    asked();  // a wrong request is told before the file is read
     check_outputs();
-    ParcelFile file(source());
-    read_other_lines(asked, file.crs());
+    const Source source = this->source();
+    ParcelFile file(source);
+    ParcelRequests requests = this->requests(file, source);
     std::shared_ptr<ScratchFolder> scratch;
     std::string out = given("--output") ? DivisionWriter::file_for(out_) : "";
     if (to_standard_output())
         out = (scratch = std::make_shared<ScratchFolder>())->path() + "/pieces." + format_;
     const bool one_parcel = file.count() == 1;
-    Output output = one_parcel ? one(file, asked, out) : many(file, asked, out);
+    Output output = one_parcel ? one(file, requests, out) : many(file, requests, out);
     if (!to_standard_output())
         return output;
     if (output.status != ExitStatus::done)

@@ -96,6 +96,7 @@ CUT, one of
   --vertex N            a line from vertex N; the area lies along side N, which
                         starts there
   --vertex-near E,N     the same from the vertex nearest to this point
+  --vertex-from COLUMN  the same from the vertex whose number this column holds
   --bearing ANGLE       a line in this direction, clockwise from North; the area
                         lies on its right. ANGLE is in gons, as in 112.5, or in
                         degrees, as in 101.25d, 101d15'00" or S78-45-00E
@@ -124,6 +125,8 @@ SIDE by what it is, with --parallel or --perpendicular and no number
   --along FILE[:LAYER]  the side along a road or a neighbour's boundary: the one
                         with the greatest length before which there is a line of
                         FILE, near enough and turned no more than 25 gons away
+  --side-from COLUMN    the side whose number this column of the parcels holds,
+                        or longest or shortest
   --within DISTANCE     how near that line must come; 20 m without it
   The output says which side it is, by how much, and which comes next. Lengths
   within 0.001 and bearings within 0.01 gon of each other are a tie: the parcel
@@ -137,6 +140,13 @@ AREA, one of
                         --perpendicular; the area follows from it
   --areas LIST          several of these, cut off one after another, a width as
                         w12: 1000,1/4,20x35,w12
+  --areas FILE.csv      the areas of each parcel from a table: its first column
+                        names the parcels, and has the name of a column of
+                        theirs, or feature for their numbers; the others hold
+                        the areas. See --name-column
+  --area-from COLUMN    the area of each parcel from this column of theirs, or
+                        several, as in 1200; 800
+  --share-from COLUMN   the share of each parcel: 0.25, 1/4 or 25%
   --parts COUNT         equal parts
   --opposite            puts the area on the other side: beyond the line, behind
                         it, on its left, or along the side that ends at the

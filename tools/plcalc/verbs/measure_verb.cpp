@@ -14,7 +14,8 @@ MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
 
 Output MeasureVerb::work() const
 {
-    const Parcel parcel = read_parcel(source()).parcel;
+    ParcelFile file(source());
+    const Parcel parcel = only_parcel(file, source()).parcel;
     require_usable(parcel);
     const Measures measures = measure(parcel);
     return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};

@@ -4,9 +4,9 @@
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
     local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --any-scale --json --help'
-    local cut='--parallel --perpendicular --side --side-near --facing --along --within --vertex --vertex-near'
+    local cut='--parallel --perpendicular --side --side-near --facing --along --side-from --within --vertex --vertex-near --vertex-from'
     cut+=' --bearing --along-segment --place --through --alternative --pieces'
-    cut+=' --area --product --share --width --areas --parts --opposite --decimals --tolerance'
+    cut+=' --area --product --share --width --areas --area-from --share-from --parts --opposite --decimals --tolerance'
     local words=''
     COMPREPLY=()
 
@@ -33,9 +33,9 @@ _plcalc() {
             ;;
         --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | \
             --name-layer | --format | \
-            --side-near | --facing | --within | --vertex | --vertex-near | --bearing | --along-segment | --place | \
+            --side-from | --vertex-from | --area-from | --share-from | --side-near | --facing | --within | --vertex | --vertex-near | --bearing | --along-segment | --place | \
             --through | --alternative | --area | \
-            --product | --share | --width | --areas | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
+            --product | --share | --width | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
             return
             ;;
     esac

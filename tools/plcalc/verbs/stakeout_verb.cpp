@@ -29,6 +29,25 @@ bool same(const NamedPoint& a, const NamedPoint& b)
     return a.at.x == b.at.x && a.at.y == b.at.y;
 }
 
+// A sliver needs more decimals than its size asks for: as many as its lines have.
+std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked, Resolution& resolution)
+{
+    const Answer answer = tool::answer(parcel, asked);
+    const PrintedDivision& printed = answer.printed;
+    if (!printed.done())
+        throw refusal(answer);
+    resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
+    std::vector<NamedPoint> ends;
+    for (const PrintedLine& line : printed.lines) {
+        const std::string name =
+            (printed.proven.lines.size() > 1 ? "line " + std::to_string(line.line + 1) + " " : "") +
+            (line.parts > 1 ? "part " + std::to_string(line.part + 1) + " " : "");
+        ends.push_back({name + "from", line.start});
+        ends.push_back({name + "to", line.end});
+    }
+    return ends;
+}
+
 }  // namespace
 
 StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeout_help())
@@ -76,20 +95,12 @@ Setup StakeoutVerb::setup(const Parcel& parcel) const
     return setup;
 }
 
-Asked StakeoutVerb::asked_of(const Parcel& parcel) const
-{
-    Asked request = asked();
-    if (given("--along"))
-        read_other_lines(request, ParcelFile(source()).crs());
-    return with_side(std::move(request), parcel);
-}
-
 // The side that --base names, or the side of the cut; for a cut through a vertex, the side that starts there.
-BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
+BaseLine StakeoutVerb::base_line(const Parcel& parcel, const std::optional<Asked>& asked) const
 {
-    const long long number = given("--base")  ? whole("--base", base_)
-                             : asks_for_cut() ? std::max(asked_of(parcel).number, 1LL)
-                                              : 1;
+    const long long number = given("--base") ? whole("--base", base_)
+                             : asked         ? std::max(asked->number, 1LL)
+                                             : 1;
     if (number < 1 || static_cast<unsigned long long>(number) > vertex_count(parcel))
         throw Failure(ExitStatus::wrong_use, parcel.place, "there is no side " + std::to_string(number),
                       "the parcel has sides 1 to " + std::to_string(vertex_count(parcel)));
@@ -103,38 +114,19 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel) const
     return base;
 }
 
-// A sliver needs more decimals than its size asks for: as many as its lines have.
-std::vector<NamedPoint> StakeoutVerb::line_ends(const Parcel& parcel, Resolution& resolution) const
-{
-    const Asked request = asked_of(parcel);
-    const Answer answer = tool::answer(parcel, request);
-    const PrintedDivision& printed = answer.printed;
-    if (!printed.done())
-        throw refusal(answer);
-    resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
-    std::vector<NamedPoint> ends;
-    for (const PrintedLine& line : printed.lines) {
-        const std::string name =
-            (printed.proven.lines.size() > 1 ? "line " + std::to_string(line.line + 1) + " " : "") +
-            (line.parts > 1 ? "part " + std::to_string(line.part + 1) + " " : "");
-        ends.push_back({name + "from", line.start});
-        ends.push_back({name + "to", line.end});
-    }
-    return ends;
-}
-
 // The ends of the lines that are asked for and the points that are named; without either, the vertices.
-std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, Resolution& resolution) const
+std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, const std::optional<Asked>& asked,
+                                             Resolution& resolution) const
 {
     std::vector<NamedPoint> points;
-    if (asks_for_cut())
-        points = line_ends(parcel, resolution);
+    if (asked)
+        points = line_ends(parcel, *asked, resolution);
     for (std::size_t i = 0; i < points_.size(); ++i) {
         points.push_back(place("--point", points_[i], parcel));
         if (points.back().name.empty())
             points.back().name = "point " + std::to_string(i + 1);
     }
-    for (std::size_t i = 0; points_.empty() && !asks_for_cut() && i < vertex_count(parcel); ++i)
+    for (std::size_t i = 0; points_.empty() && !asked && i < vertex_count(parcel); ++i)
         points.push_back(vertex(parcel, i));
     return points;
 }
@@ -145,18 +137,26 @@ Output StakeoutVerb::work() const
         wrong_use("give --station PLACE and --orientation PLACE");
     if (csv_ && json_)
         wrong_use("give one of --csv and --json");
-    const Parcel parcel = read_parcel(source()).parcel;
-    if (!asks_for_cut())
+    const Source source = this->source();
+    ParcelFile file(source);
+    ReadParcel read = only_parcel(file, source);
+    std::optional<Asked> asked;
+    if (asks_for_cut())
+        asked = requests(file, source).of(read);
+    const Parcel& parcel = read.parcel;
+    if (asked)
+        asked = with_side(std::move(*asked), parcel);
+    else
         require_usable(parcel);  // a division checks the ring itself
     StakeoutSheet sheet;
     sheet.parcel = parcel.place;
     sheet.assumed = parcel.assumed;
     sheet.heights = !parcel.heights.empty();
     sheet.setup = setup(parcel);
-    sheet.base = base_line(parcel);
+    sheet.base = base_line(parcel, asked);
     sheet.resolution = resolution_of(parcel.ring, 1.0);
-    std::vector<NamedPoint> wanted = points(parcel, sheet.resolution);
-    const Heights heights(parcel, asks_for_cut() ? asked().request.rounding.decimals : std::optional<int>());
+    std::vector<NamedPoint> wanted = points(parcel, asked, sheet.resolution);
+    const Heights heights(parcel, asked ? asked->request.rounding.decimals : std::optional<int>());
     for (NamedPoint& point : wanted)
         point.height = heights.at(point.at);
     sheet.points = set_out(sheet.setup, sheet.base, wanted, parcel.ground_factor);

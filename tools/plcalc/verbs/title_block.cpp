@@ -4,19 +4,14 @@
 #include <fstream>
 #include <sstream>
 
+#include "text/numbers.h"
+
 namespace tool {
 namespace {
 
 // A title block has no more room.
 constexpr std::size_t kMaxEntries = 12;
 constexpr std::size_t kMaxBytes = 16384;
-
-std::string trimmed(const std::string& text)
-{
-    constexpr const char* kBlanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 }  // namespace
 

@@ -1,6 +1,5 @@
 #include "verbs/verb.h"
 
-#include <cmath>
 #include <optional>
 
 #include "reports/refusal.h"
@@ -97,10 +96,7 @@ long long Verb::whole(const std::string& option, const std::string& text) const
 
 double Verb::amount(const std::string& option, const std::string& text) const
 {
-    const std::optional<double> value = parse_number(text);
-    if (!value || !std::isfinite(*value) || !(*value > 0.0))
-        wrong_use(option + ": '" + text + "' is not a number above 0, with a point before the decimals");
-    return *value;
+    return understood(option, [&] { return positive_number(text); });
 }
 
 }  // namespace tool

@@ -10,6 +10,7 @@
 #include "answers/question.h"
 #include "console/outcome.h"
 #include "reading/source.h"
+#include "verbs/amounts.h"
 
 namespace tool {
 
@@ -47,6 +48,18 @@ protected:
 
     /// An area or a length: finite and above 0.
     double amount(const std::string& option, const std::string& text) const;
+
+    /// What `read` makes of the value of an option.
+    ///
+    /// @throws Failure  wrong_use where it throws NotUnderstood
+    template <typename Read> auto understood(const std::string& option, Read read) const
+    {
+        try {
+            return read();
+        } catch (const NotUnderstood& problem) {
+            wrong_use(option + ": " + problem.what());
+        }
+    }
 
     /// Checks the ring, for verbs that do not divide: a division checks it itself.
     ///

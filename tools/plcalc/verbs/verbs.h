@@ -33,8 +33,8 @@ private:
     bool to_standard_output() const;
     std::size_t jobs() const;
     std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out) const;
-    Output one(ParcelFile& file, const Asked& asked, const std::string& out) const;
-    Output many(ParcelFile& file, const Asked& asked, const std::string& out) const;
+    Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
+    Output many(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
     std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
     std::vector<std::string> write_texts(const Answer& answer, const ParcelFile& file,
@@ -77,10 +77,9 @@ private:
     Output work() const override;
     NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel) const;
     Setup setup(const Parcel& parcel) const;
-    Asked asked_of(const Parcel& parcel) const;
-    BaseLine base_line(const Parcel& parcel) const;
-    std::vector<NamedPoint> points(const Parcel& parcel, Resolution& resolution) const;
-    std::vector<NamedPoint> line_ends(const Parcel& parcel, Resolution& resolution) const;
+    BaseLine base_line(const Parcel& parcel, const std::optional<Asked>& asked) const;
+    std::vector<NamedPoint> points(const Parcel& parcel, const std::optional<Asked>& asked,
+                                   Resolution& resolution) const;
 
     std::string station_;
     std::string orientation_;
