@@ -107,6 +107,10 @@ TEST(Feasible, ThroughAPointInside)
     EXPECT_EQ(ranges(kSquare, through_point({25, 25})), "[1250 8750]");
     EXPECT_EQ(ranges(kSquare, through_point({50, 50})), "[5000 5000]");
     EXPECT_EQ(ranges(kSquare, through_point({150, 50})), describe(Status::point_outside));
+    // In a leg of the U, in the middle between its sides: a line from one to the other leaves 300 above it. A line that
+    // passes the inner corner (30, 20) runs on to (45, 0). On it 50 * (7.5 + 45) / 2 lie to the left, but it touches
+    // the corner.
+    EXPECT_EQ(ranges(kU, through_point({15, 40})), "[300 1312.5) (2287.5 3300]");
 }
 
 TEST(Feasible, AnyNumberOfPieces)

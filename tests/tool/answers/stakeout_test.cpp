@@ -9,6 +9,7 @@
 
 #include "plcalc/survey.h"
 #include "program.h"
+#include "reports/parcel_reports.h"
 #include "support/bits.h"
 
 namespace {
@@ -112,6 +113,27 @@ TEST(Stakeout, ThereAndBackAndByLongDouble)
                             200.0L / pi;
         angle += angle < 0.0L ? 400.0L : 0.0L;
         EXPECT_NEAR(got.angle_gon.value(), static_cast<double>(angle), 1e-9);
+    }
+}
+
+// One unit of the angle's last decimal moves the farthest point by no more than the last decimal of its coordinates: a
+// ten-thousandth of a gon is a ten-thousandth of the length at 200 / pi = 63.66.
+TEST(Stakeout, AnglesHaveAsManyDecimalsAsTheFarthestPointNeeds)
+{
+    const struct {
+        double farthest;
+        int decimals;
+        int of_angles;
+    } rows[] = {{0.0, 4, 4},   {1.0, 4, 4},  {63.6, 4, 4}, {63.7, 4, 5}, {636.0, 4, 5},
+                {637.0, 4, 6}, {63.6, 6, 6}, {63.7, 6, 7}, {1e20, 4, 17}};
+    for (const auto& row : rows) {
+        SetOut near;
+        near.distance = 0.5 * row.farthest;
+        SetOut far;
+        far.distance = row.farthest;
+        tool::Resolution resolution;
+        resolution.decimals = row.decimals;
+        EXPECT_EQ(tool::angle_decimals_for({near, far, near}, resolution), row.of_angles) << row.farthest;
     }
 }
 

@@ -69,8 +69,8 @@ int angle_decimals_for(const std::vector<SetOut>& points, const Resolution& reso
     for (const SetOut& point : points)
         farthest = std::max(farthest, point.distance);
     const double step = std::pow(10.0, -resolution.decimals);
-    return farthest > 0.0 ? std::min(kMaxDecimals, decimals_for(step / (farthest * kArcOfGon)))
-                          : kAngleDecimals;
+    // Where all points are at the station no turn moves them, and the step is infinite.
+    return std::min(kMaxDecimals, decimals_for(step / (farthest * kArcOfGon)));
 }
 
 std::string stakeout_table(const StakeoutSheet& sheet)
