@@ -241,7 +241,10 @@ class Workshop:
             if not tests:
                 return ""
             command += [f"--gtest_filter={':'.join(tests)}", "--gtest_brief=1", "--gtest_fail_fast"]
-        longest = max(program.milliseconds.values(), default=0) / 1000 if program.runs_others else program.cpu_seconds
+        unchanged = program.cpu_seconds
+        if program.is_gtest:
+            unchanged = sum(program.milliseconds.get(name, 0) for name in tests) / 1000
+        longest = max(program.milliseconds.values(), default=0) / 1000 if program.runs_others else unchanged
         cpu = int(LEAST_CPU_SECONDS + TIMES_AS_LONG * longest)
 
         limits = ["prlimit", f"--cpu={cpu}:{cpu + 5}", f"--as={MEMORY}", "--core=0"]
@@ -251,8 +254,7 @@ class Workshop:
         )  # fmt: skip
         # Processor time is what counts, on a busy machine too. Programs that start others have a limit for each of
         # them, and one for all together.
-        all_together = cpu + TIMES_AS_LONG * sum(program.milliseconds.get(name, 0) for name in tests or []) / 1000
-        hangs = _wait_for(process, all_together if program.runs_others else 2 * cpu)
+        hangs = _wait_for(process, cpu + TIMES_AS_LONG * unchanged if program.runs_others else 2 * cpu)
         status = process.returncode
         if hangs:
             return hangs
