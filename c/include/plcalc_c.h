@@ -214,16 +214,15 @@ enum {
     PLC_ONLY_WITHOUT_HOLES = 10, /**< a hole, and a line that starts somewhere */
     PLC_NO_AMOUNT = 11,          /**< there are no amounts */
     PLC_UNUSABLE_ROUNDING = 12,  /**< decimals or a tolerance out of range */
-    PLC_ONLY_ALL_DIGITS = 13,    /**< decimals, and any number of pieces or a parcel with holes */
-    PLC_UNUSABLE_AMOUNT = 14,    /**< a number that is NaN, or a denominator not within 1e-200 to 1e200 */
-    PLC_AMOUNT_TOO_SMALL = 15,   /**< not above zero */
-    PLC_AMOUNT_TOO_LARGE = 16,   /**< not less than there is to cut */
+    PLC_UNUSABLE_AMOUNT = 13,    /**< a number that is NaN, or a denominator not within 1e-200 to 1e200 */
+    PLC_AMOUNT_TOO_SMALL = 14,   /**< not above zero */
+    PLC_AMOUNT_TOO_LARGE = 15,   /**< not less than there is to cut */
     PLC_BASE_REACHES_BEHIND =
-        17, /**< the part of the parcel behind the base side is larger than the request */
-    PLC_NO_LINE_THROUGH_POINT = 18, /**< in no direction does the line through the point cut the amount off */
-    PLC_NO_FURTHER_LINE = 19,       /**< there are no more lines than `alternative` says */
-    PLC_LINE_LEAVES_PARCEL = 20,    /**< every line that holds the amount makes more than two pieces */
-    PLC_NOT_REACHED = 21            /**< coordinates are too coarse to meet the amount within the tolerance */
+        16, /**< the part of the parcel behind the base side is larger than the request */
+    PLC_NO_LINE_THROUGH_POINT = 17, /**< in no direction does the line through the point cut the amount off */
+    PLC_NO_FURTHER_LINE = 18,       /**< there are no more lines than `alternative` says */
+    PLC_LINE_LEAVES_PARCEL = 19,    /**< every line that holds the amount makes more than two pieces */
+    PLC_NOT_REACHED = 20            /**< coordinates are too coarse to meet the amount within the tolerance */
 };
 
 /** @param[in] status  a number from PLC_DIVIDED on

@@ -62,8 +62,6 @@ std::int32_t number_of(plparcel::Status status) noexcept
         return PLC_NO_AMOUNT;
     case Status::unusable_rounding:
         return PLC_UNUSABLE_ROUNDING;
-    case Status::only_all_digits:
-        return PLC_ONLY_ALL_DIGITS;
     case Status::unusable_amount:
         return PLC_UNUSABLE_AMOUNT;
     case Status::amount_too_small:

@@ -137,22 +137,95 @@ std::vector<Wide> cut_all(Stage stage, const Reference& reference, const Shares&
     return wanted;
 }
 
-// Replaces the lines by rounded ones.
-void round_lines(const Ring& boundary, const std::vector<Wide>& areas, const Wide& parcel,
-                 const Rounding& rounding, Division& division)
+// The point inside at which further lines start; the first line runs through it.
+std::optional<PL_PNT2D_record> meeting_point(const Line& line, const Division& division)
 {
-    std::optional<StakedOut> staked = stake_out(boundary, division, areas, parcel, rounding);
+    if (line.cut != Cut::through_point || division.lines.size() < 2 ||
+        same_place(division.lines[0].from, division.lines[1].from))
+        return std::nullopt;
+    return division.lines[1].from;
+}
+
+// Parts the first line in two there. The point becomes a corner of its piece, as it is one of the others.
+void part_at(const PL_PNT2D_record& point, Division& division)
+{
+    std::vector<Segment>& segments = division.lines[0].segments;
+    const auto has_point = [&point](const Segment& segment) {
+        return dot(from_to(point, segment.from), from_to(point, segment.to)) < 0.0;
+    };
+    const auto first = std::find_if(segments.begin(), segments.end(), has_point);
+    if (first == segments.end())
+        return;
+    const Segment whole = *first;
+    first->to = point;
+    segments.insert(first + 1, {point, whole.to});
+    Ring& ring = division.pieces[0].ring;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const PL_PNT2D_record& next = around(ring, i + 1);
+        if ((same_place(ring[i], whole.from) && same_place(next, whole.to)) ||
+            (same_place(ring[i], whole.to) && same_place(next, whole.from))) {
+            ring.insert(ring.begin() + static_cast<std::ptrdiff_t>(i) + 1, point);
+            return;
+        }
+    }
+}
+
+// What each amount holds of all its pieces; each piece of an amount is told what that holds.
+void hold_together(Division& division, const std::vector<Wide>& got, const std::vector<Wide>& asked)
+{
+    division.held.clear();
+    for (std::size_t i = 0; i < asked.size(); ++i)
+        division.held.push_back({asked[i].value(), got[i].value(), (got[i] - asked[i]).value(), 0});
+    for (Piece& piece : division.pieces) {
+        ++division.held[piece.amount].pieces;
+        piece.residual = division.held[piece.amount].residual;
+    }
+}
+
+// Replaces the lines by rounded ones.
+void round_lines(const std::vector<Ring>& boundary, const std::vector<Wide>& asked, const Wide& parcel,
+                 const Request& request, Division& division)
+{
+    if (const std::optional<PL_PNT2D_record> point = meeting_point(request.line, division))
+        part_at(*point, division);
+    std::optional<StakedOut> staked = stake_out(boundary, division, asked, parcel, request.rounding);
     if (!staked)
         return refuse(division, Status::not_reached, 0);
     for (std::size_t i = 0; i < division.lines.size(); ++i) {
-        division.lines[i].from = staked->lines[i].from;
-        division.lines[i].to = staked->lines[i].to;
-        division.lines[i].segments = {{staked->lines[i].from, staked->lines[i].to}};
+        DividingLine& line = division.lines[i];
+        line.segments = std::move(staked->lines[i]);
+        line.from = line.segments.front().from;
+        line.to = line.segments.back().to;
     }
-    for (std::size_t i = 0; i < division.pieces.size(); ++i)
-        division.pieces[i] = piece_of(std::move(staked->pieces[i]), areas[i], i);
-    hold_one_each(division);
+    std::vector<Wide> got(asked.size());
+    for (std::size_t i = 0; i < division.pieces.size(); ++i) {
+        Piece& piece = division.pieces[i];
+        StakedPiece& rounded = staked->pieces[i];
+        piece.area = rounded.area.value();
+        piece.ring = std::move(rounded.rings.front());
+        piece.holes.assign(rounded.rings.begin() + 1, rounded.rings.end());
+        got[piece.amount] = got[piece.amount] + rounded.area;
+    }
+    hold_together(division, got, asked);
     division.decimals = staked->decimals;
+}
+
+// Cuts with all digits and rounds the lines if that is asked for. `cut` cuts within a part of the parcel and returns
+// what each amount should hold.
+template <class CutAll>
+void cut_and_round(const std::vector<Ring>& boundary, const Wide& parcel, const Request& request,
+                   Division& division, const CutAll& cut)
+{
+    const Rounding& rounding = request.rounding;
+    std::vector<Wide> asked = cut(kAsExactAsDoubles);
+    if (!rounding.decimals)
+        return;
+    if (division.status == Status::not_reached && rounding.tolerance > kAsExactAsDoubles) {
+        division.bare.clear();
+        asked = cut(kForTheLine * rounding.tolerance);
+    }
+    if (division.status == Status::divided)
+        round_lines(boundary, asked, parcel, request, division);
 }
 
 bool is_usable(const Rounding& rounding)
@@ -177,8 +250,8 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
     const Line& line = request.line;
     if (!is_known(request))
         return Status::unknown_request;
-    if (request.rounding.decimals)
-        return Status::only_all_digits;
+    if (!is_usable(request.rounding))
+        return Status::unusable_rounding;
     if (request.alternative > 0 && request.pieces == Pieces::any)
         return Status::no_further_line;  // there is one whole line for each amount
     if (is_free(line.cut))
@@ -264,12 +337,12 @@ Division divide(const Parcel& parcel, const Request& request)
         return division;
     }
     const WholeParcel whole = whole_parcel(checked_parcel, request.line);
-    if (request.pieces == Pieces::two) {
-        cut_parts(whole, side_between(whole), request, shares, division);
-        return division;
-    }
-    cut_whole(whole, request, shares, division);
-    if (division.status == Status::not_reached && parcel.holes.empty())
+    cut_and_round(whole.rings, whole.area, request, division, [&](double of_parcel) {
+        return request.pieces == Pieces::two
+                   ? cut_parts(whole, side_between(whole), request, shares, of_parcel, division)
+                   : cut_whole(whole, request, shares, of_parcel, division);
+    });
+    if (request.pieces == Pieces::any && division.status == Status::not_reached && parcel.holes.empty())
         divide_by_single_segments(parcel.outer, request, division);
     return division;
 }
@@ -312,16 +385,9 @@ Division divide(const Ring& ring, const Request& request)
     }
     stage.ask_library = request.ask_library && is_of_the_library(request.line.cut);
     stage.alternative = request.alternative;
-    std::vector<Wide> wanted = cut_all(stage, first.reference, shares, parcel, kAsExactAsDoubles, division);
-    if (!request.rounding.decimals)
-        return division;
-    if (division.status == Status::not_reached && request.rounding.tolerance > kAsExactAsDoubles) {
-        division.bare.clear();
-        wanted = cut_all(stage, first.reference, shares, parcel, kForTheLine * request.rounding.tolerance,
-                         division);
-    }
-    if (division.status == Status::divided)
-        round_lines(stage.ring.ring(), wanted, parcel, request.rounding, division);
+    cut_and_round({stage.ring.ring()}, parcel, request, division, [&](double of_parcel) {
+        return cut_all(stage, first.reference, shares, parcel, of_parcel, division);
+    });
     return division;
 }
 
@@ -392,8 +458,6 @@ const char* describe(Status status) noexcept
         return "no amount is given";
     case Status::unusable_rounding:
         return "the number of decimals is not 0 to 17, or the tolerance not above 0 and at most 0.01";
-    case Status::only_all_digits:
-        return "whole lines and lines in parcels with holes are not rounded to decimals";
     case Status::unusable_amount:
         return "an amount is given by something that is not a number to compute with";
     case Status::amount_too_small:

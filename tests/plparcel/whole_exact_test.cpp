@@ -195,19 +195,21 @@ Point up_of(const Parcel& parcel, const Request& request)
 
 // A piece's side lies along a side of the parcel, or along one of the lines.
 bool is_side_or_line(const std::vector<Polygon>& parcel, const Point& p, const Point& q, const Point& up,
-                     const std::vector<Number>& levels, const Number& reach)
+                     const std::vector<Number>& levels, const Number& reach, const Number& rounding)
 {
     const Number up2 = dot(up, up);
+    const Number of_line = 15 * reach + 2 * rounding;
+    const Number of_side = Number(2.55) * reach + rounding;
     for (const Number& level : levels) {
         const Number off_p = dot(up, p) - level;
         const Number off_q = dot(up, q) - level;
-        if (off_p * off_p <= 225 * reach * reach * up2 && off_q * off_q <= 225 * reach * reach * up2)
+        if (off_p * off_p <= of_line * of_line * up2 && off_q * off_q <= of_line * of_line * up2)
             return true;
     }
     for (const Polygon& ring : parcel) {
         for (std::size_t i = 0; i < ring.size(); ++i) {
             const Point d = after(ring, i) - ring[i];
-            const Number far = Number(6.5) * reach * reach * dot(d, d);
+            const Number far = of_side * of_side * dot(d, d);
             const Number off_p = cross(d, p - ring[i]);
             const Number off_q = cross(d, q - ring[i]);
             if (off_p * off_p <= far && off_q * off_q <= far)
@@ -223,13 +225,138 @@ struct Judged {
     Number spacing;
     Point up;
     std::vector<Number> asked;  // of each amount, and the rest
+    Number rounding = 0;        // how far rounding takes an end
+    Number of_parcel = 1e-9;    // how far an amount may be missed
 };
 
+Number tolerance(const Judged& judged, std::size_t band, const Number& of_parcel)
+{
+    const Number granted = judged.area * of_parcel;
+    const Number of_piece = judged.asked[band] * Number(0.01);
+    return std::min(granted, of_piece);
+}
+
+// As it is returned.
 Number tolerance(const Judged& judged, std::size_t band)
 {
-    const Number of_parcel = judged.area * Number(1e-9);
-    const Number of_piece = judged.asked[band] * Number(0.01);
-    return std::min(of_parcel, of_piece);
+    return tolerance(judged, band, judged.of_parcel);
+}
+
+Number power_of_ten(int decimals)
+{
+    Number power = 1;
+    for (int i = 0; i < decimals; ++i)
+        power *= 10;
+    return power;
+}
+
+// Whether a double is the nearest one to a number of so many decimals.
+bool has_decimals(double value, int decimals)
+{
+    const Number power = power_of_ten(decimals);
+    const Number half_up = Number(value) * power + Number(1) / 2;
+    mpz_class whole;
+    mpz_fdiv_q(whole.get_mpz_t(), half_up.get_num_mpz_t(), half_up.get_den_mpz_t());
+    const Number decimal = Number(whole) / power;
+    const double infinity = std::numeric_limits<double>::infinity();
+    const Number off = abs(Number(value) - decimal);
+    return off <= abs(Number(std::nextafter(value, -infinity)) - decimal) &&
+           off <= abs(Number(std::nextafter(value, infinity)) - decimal);
+}
+
+std::string objection_to_decimals(const Request& request, const Division& division)
+{
+    if (!request.rounding.decimals)
+        return division.decimals ? "no decimals were asked for" : "";
+    if (!division.decimals)
+        return "";
+    if (*division.decimals < *request.rounding.decimals)
+        return "fewer decimals than were asked for";
+    for (const plparcel::DividingLine& line : division.lines)
+        for (const plparcel::Segment& s : line.segments)
+            for (const double v : {s.from.x, s.from.y, s.to.x, s.to.y})
+                if (!has_decimals(v, *division.decimals))
+                    return "an end has more decimals than is said";
+    return "";
+}
+
+bool same(const Point& a, const Point& b)
+{
+    return a.x == b.x && a.y == b.y;
+}
+
+// Where the line through an end of a segment and its other one meets the boundary next to the end. Nothing where a
+// vertex is so near that it might meet another side.
+bool foot_of(const Judged& judged, const Point& end, const Point& other, Point& foot)
+{
+    const Number near = 70 * (judged.rounding + 4 * judged.spacing);
+    bool found = false;
+    Number least2;
+    for (const Polygon& ring : judged.parcel) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const Point& a = ring[i];
+            const Point& b = after(ring, i);
+            if (dot(a - end, a - end) <= near * near)
+                return false;
+            const Number off_a = cross(other - end, a - end);
+            const Number off_b = cross(other - end, b - end);
+            if (sgn(off_a) * sgn(off_b) >= 0)
+                continue;
+            const Number part = off_a / (off_a - off_b);
+            const Point met = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
+            const Number off2 = dot(met - end, met - end);
+            if (!found || off2 < least2) {
+                found = true;
+                least2 = off2;
+                foot = met;
+            }
+        }
+    }
+    return found;
+}
+
+// Each segment prolonged or shortened to the boundary, as people will stake it out who know the boundary.
+std::string objection_up_to_the_boundary(const Judged& judged, const Division& division)
+{
+    std::map<std::pair<double, double>, Point> feet;
+    for (const plparcel::DividingLine& line : division.lines) {
+        for (const plparcel::Segment& s : line.segments) {
+            const Polygon ends = exact({s.from, s.to});
+            for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
+                Point foot;
+                if (!foot_of(judged, ends[i], ends[1 - i], foot))
+                    return "";
+                feet[{i == 0 ? s.from.x : s.to.x, i == 0 ? s.from.y : s.to.y}] = foot;
+            }
+        }
+    }
+    std::vector<Number> got(judged.asked.size());
+    for (const Piece& piece : division.pieces) {
+        std::vector<Ring> rings = piece.holes;
+        rings.insert(rings.begin(), piece.ring);
+        std::vector<Polygon> prolonged;
+        for (const Ring& ring : rings) {
+            prolonged.push_back(exact(ring));
+            for (std::size_t i = 0; i < ring.size(); ++i)
+                if (const auto foot = feet.find({ring[i].x, ring[i].y}); foot != feet.end())
+                    prolonged.back()[i] = foot->second;
+        }
+        got[piece.amount] += area_of(prolonged);
+    }
+    for (std::size_t band = 0; band < got.size(); ++band) {
+        const Number miss = abs(got[band] - judged.asked[band]);
+        if (miss > tolerance(judged, band) * Number(1.0 + 1e-9))
+            return "up to the boundary, an amount is not held";
+    }
+    return "";
+}
+
+std::string objection_to_rounding(const Judged& judged, const Request& request, const Division& division)
+{
+    const std::string fault = objection_to_decimals(request, division);
+    if (!fault.empty() || !request.rounding.decimals)
+        return fault;
+    return objection_up_to_the_boundary(judged, division);
 }
 
 std::string objection(const Judged& judged, const Division& division)
@@ -257,7 +384,7 @@ std::string objection(const Judged& judged, const Division& division)
         Number width = 0;
         for (const plparcel::Segment& s : division.lines[i].segments)
             width += std::hypot(s.to.x - s.from.x, s.to.y - s.from.y);
-        if (abs(miss) > tolerance(judged, i) * static_cast<int>(i + 1) + 16 * judged.spacing * width)
+        if (abs(miss) > tolerance(judged, i) * static_cast<int>(i + 1) + (16 * judged.spacing + judged.rounding) * width)
             return "a line lies elsewhere";
     }
     std::vector<Number> got(judged.asked.size());
@@ -274,11 +401,12 @@ std::string objection(const Judged& judged, const Division& division)
         for (const Polygon& ring : rings) {
             for (std::size_t k = 0; k < ring.size(); ++k) {
                 if (!is_side_or_line(judged.parcel, ring[k], after(ring, k), judged.up, levels,
-                                     judged.spacing))
+                                     judged.spacing, judged.rounding))
                     return "a side of a piece is neither boundary nor line";
                 const Number level = dot(judged.up, ring[k]);
                 const Number slack =
-                    15 * judged.spacing * Number(std::sqrt(dot(judged.up, judged.up).get_d()));
+                    (15 * judged.spacing + 2 * judged.rounding) *
+                    Number(std::sqrt(dot(judged.up, judged.up).get_d()));
                 if ((piece.amount > 0 && level < levels[piece.amount - 1] - slack) ||
                     (piece.amount < levels.size() && level > levels[piece.amount] + slack))
                     return "a piece lies beyond its lines";
@@ -290,7 +418,7 @@ std::string objection(const Judged& judged, const Division& division)
         if (miss > tolerance(judged, band) * Number(1.0 + 1e-9))
             return "an amount is not held";
     }
-    if (abs(all - judged.area) > judged.area * Number(1e-9) * static_cast<int>(got.size()))
+    if (abs(all - judged.area) > judged.area * judged.of_parcel * static_cast<int>(got.size()))
         return "the pieces are not the parcel";
     return "";
 }
@@ -390,6 +518,17 @@ Request any_request(const Parcel& parcel)
     return request;
 }
 
+// To as few decimals as the extent asks for, to fewer, and to more.
+plparcel::Rounding any_rounding(const Parcel& parcel)
+{
+    const double extent = plparcel::extent_of(parcel.outer).largest();
+    const int fair = static_cast<int>(std::ceil(-std::log10(2e-6 * extent)));
+    plparcel::Rounding rounding;
+    rounding.decimals = std::min(17, std::max(0, fair + static_cast<int>(less_than(5)) - 2));
+    rounding.tolerance = std::pow(10.0, between(-9.0, -3.0));
+    return rounding;
+}
+
 Judged judged(const Parcel& parcel, const Request& request)
 {
     Judged made;
@@ -404,17 +543,27 @@ Judged judged(const Parcel& parcel, const Request& request)
         rest -= made.asked.back();
     }
     made.asked.push_back(rest);
+    if (request.rounding.decimals)
+        made.of_parcel = request.rounding.tolerance;
     return made;
+}
+
+void look_at_rounding(const Division& division, Judged& judged)
+{
+    if (division.decimals)
+        judged.rounding = Number(0.7072) / power_of_ten(*division.decimals);
 }
 
 std::string shown(const Parcel& parcel, const Request& request)
 {
     char text[300];
     std::snprintf(text, sizeof text,
-                  "cut %d ring %zu index %zu bearing %.17g measured %d amounts %zu of %g/%g\n",
+                  "cut %d ring %zu index %zu bearing %.17g measured %d amounts %zu of %g/%g decimals %d "
+                  "within %.17g\n",
                   static_cast<int>(request.line.cut), request.line.ring, request.line.index,
                   request.line.bearing, static_cast<int>(request.measured), request.amounts.size(),
-                  request.amounts[0].first, request.amounts[0].second);
+                  request.amounts[0].first, request.amounts[0].second, request.rounding.decimals.value_or(-1),
+                  request.rounding.tolerance);
     std::string all = text;
     std::vector<Ring> rings = {parcel.outer};
     rings.insert(rings.end(), parcel.holes.begin(), parcel.holes.end());
@@ -440,6 +589,12 @@ bool is_too_coarse(const Judged& judged)
     return least < 30 * judged.spacing * Number(std::sqrt(judged.area.get_d()));
 }
 
+// With decimals it says so.
+std::string shown(const Division& division)
+{
+    return std::string(describe(division)) + (division.decimals ? ", to decimals" : "");
+}
+
 TEST(WholeLinesExact, NoWrongDivisionAndNoRefusal)
 {
     const char* chosen = std::getenv("PLCALC_DIVISIONS");
@@ -453,15 +608,19 @@ TEST(WholeLinesExact, NoWrongDivisionAndNoRefusal)
         if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
             continue;
         ++i;
-        const Request request = any_request(parcel);
+        Request request = any_request(parcel);
+        if (i % 2 == 0)
+            request.rounding = any_rounding(parcel);
         const Division division = divide(parcel, request);
-        const Judged exactly = judged(parcel, request);
+        Judged exactly = judged(parcel, request);
+        look_at_rounding(division, exactly);
         const bool coarse = is_too_coarse(exactly);
-        ++tally[std::string(describe(division)) + (coarse ? ", doubles far apart" : "")];
+        ++tally[shown(division) + (coarse ? ", doubles far apart" : "")];
         with_hole += parcel.holes.empty() ? 0 : 1;
         pieces += division.pieces.size();
-        const std::string fault =
-            division.status == Status::divided ? objection(exactly, division) : "refused";
+        std::string fault = division.status == Status::divided ? objection(exactly, division) : "refused";
+        if (fault.empty())
+            fault = objection_to_rounding(exactly, request, division);
         const bool is_due = coarse && division.status == Status::not_reached;
         EXPECT_TRUE(fault.empty() || is_due)
             << fault << ", " << describe(division) << ": " << shown(parcel, request);
@@ -611,8 +770,6 @@ private:
         return is_above ? Piece2{area, has_base} : Piece2{judged_.area - area, !has_base};
     }
 
-    static bool same(const Point& a, const Point& b) { return a.x == b.x && a.y == b.y; }
-
     bool is_base(std::size_t ring, std::size_t side) const
     {
         const Point& a = rings_[ring][side];
@@ -687,8 +844,8 @@ private:
         if (request_.line.cut == Cut::parallel && request_.measured == Measured::opposite)
             asked_above = !has_base;
         const Number& wanted = asked_above ? judged_.asked[0] : judged_.asked[1];
-        const Number granted = tolerance(judged_, 0);
-        const Number granted_rest = tolerance(judged_, 1);
+        const Number granted = tolerance(judged_, 0, Number(1e-9));
+        const Number granted_rest = tolerance(judged_, 1, Number(1e-9));
         const Number both = std::min(granted, granted_rest);
         if (wanted < constant && wanted > end) {
             exactly = true;
@@ -766,7 +923,8 @@ std::string objection_to_two(const Judged& judged, const Request& request, const
             is_first = false;
         }
     }
-    const Number slack = 14 * judged.spacing * Number(std::sqrt(dot(judged.up, judged.up).get_d()));
+    const Number slack = (14 * judged.spacing + 2 * judged.rounding) *
+                         Number(std::sqrt(dot(judged.up, judged.up).get_d()));
     if (high - low > slack * Number(1.000001))
         return "the line is not straight";
     const std::vector<Number> levels = {sum / static_cast<int>(2 * division.lines[0].segments.size())};
@@ -783,10 +941,10 @@ std::string objection_to_two(const Judged& judged, const Request& request, const
         for (const Polygon& ring : rings)
             for (std::size_t k = 0; k < ring.size(); ++k)
                 if (!is_side_or_line(judged.parcel, ring[k], after(ring, k), judged.up, levels,
-                                     judged.spacing))
+                                     judged.spacing, judged.rounding))
                     return "a side of a piece is neither boundary nor line";
     }
-    if (abs(all - judged.area) > judged.area * Number(2e-9))
+    if (abs(all - judged.area) > judged.area * judged.of_parcel * 2)
         return "the pieces are not the parcel";
     return objection_to_place(judged, request, parcel, division);
 }
@@ -818,19 +976,24 @@ TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
         Request request = any_request(parcel);
         request.pieces = plparcel::Pieces::two;
         request.amounts.resize(1);
+        if (i % 2 == 0)
+            request.rounding = any_rounding(parcel);
         const Division division = divide(parcel, request);
-        const Judged exactly = judged(parcel, request);
+        Judged exactly = judged(parcel, request);
+        look_at_rounding(division, exactly);
         const bool coarse = is_too_coarse(exactly);
-        std::string what = describe(division);
+        std::string what = shown(division);
         if (division.status == Status::divided && division.lines[0].segments.size() > 1)
             what += ", across holes";
         if (division.status == Status::divided && division.lines[0].meets_again)
             what += ", a part of the line";
         ++tally[what + (coarse ? ", doubles far apart" : "")];
-        const std::string fault =
+        std::string fault =
             division.status == Status::divided
                 ? objection_to_two(exactly, request, parcel, division)
                 : objection_to_refusal(exactly, request, parcel, division.status, coarse);
+        if (fault.empty() && division.status == Status::divided)
+            fault = objection_to_rounding(exactly, request, division);
         EXPECT_EQ(fault, "") << describe(division) << ": " << shown(parcel, request);
     }
     for (const auto& [what, times] : tally)
@@ -864,6 +1027,22 @@ TEST(WholeLinesExact, TheJudgeObjects)
     for (plparcel::Segment& segment : wrong.lines[0].segments)
         segment.from.y = segment.to.y = segment.from.y + 1e-5;
     EXPECT_NE(objection(exactly, wrong), "") << "a line elsewhere";
+    wrong = right;
+    wrong.decimals = 3;
+    EXPECT_NE(objection_to_rounding(exactly, request, wrong), "") << "decimals that nobody asked for";
+    Request rounded = request;
+    rounded.rounding.decimals = 4;
+    EXPECT_NE(objection_to_rounding(exactly, rounded, wrong), "") << "fewer decimals";
+    rounded.rounding.decimals = 3;
+    EXPECT_NE(objection_to_rounding(exactly, rounded, wrong), "") << "more decimals than are said";
+    wrong = right;
+    const PL_PNT2D_record was = wrong.lines[0].segments[0].from;
+    wrong.lines[0].segments[0].from.y += 0.01;
+    for (Piece& piece : wrong.pieces)
+        for (PL_PNT2D_record& p : piece.ring)
+            if (p.x == was.x && p.y == was.y)
+                p.y += 0.01;
+    EXPECT_NE(objection_up_to_the_boundary(exactly, wrong), "") << "a segment turned";
     wrong = right;
     wrong.pieces.pop_back();
     EXPECT_NE(objection(exactly, wrong), "") << "a piece left out";

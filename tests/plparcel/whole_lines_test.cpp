@@ -13,7 +13,7 @@
 #include "support/bits.h"
 #include "support/parcel_kinds.h"
 #include "support/rings.h"
-#include "whole_lines/whole_verdict.h"
+#include "verdict/whole_verdict.h"
 
 namespace {
 

@@ -74,12 +74,8 @@ export function requestOf(asked: Asked, amounts: readonly Amount[], settings: Se
     };
 }
 
-/** With as many decimals as asked for; with all digits where plparcel knows no other lines of that kind. */
 export function divided(plcalc: Plcalc, parcel: NamedParcel, request: Request): Division {
-    const division = plcalc.divide(asParcel(parcel), request);
-    if (division.status !== 'only_all_digits') return division;
-    const { decimals: _, ...exact } = request;
-    return plcalc.divide(asParcel(parcel), exact);
+    return plcalc.divide(asParcel(parcel), request);
 }
 
 export function asParcel(parcel: NamedParcel): Parcel {

@@ -154,7 +154,6 @@ enum class Status {
     only_without_holes,   ///< a hole, and a line that starts somewhere or goes through a point
     no_amount,            ///< the list of amounts is empty
     unusable_rounding,    ///< decimals or a tolerance outside what Rounding says
-    only_all_digits,      ///< decimals, and any number of pieces or a parcel with holes
     unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
     amount_too_small,     ///< not above zero, or given by a number below 1e-200
     amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200; a width that
@@ -183,7 +182,8 @@ struct DividingLine {
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
     /// What of the line lies in the parcel, from `from` to `to`, each with its ends on the boundary; they touch where a
-    /// vertex reaches up to the line.
+    /// vertex reaches up to the line. Rounded to decimals, a line through a point inside is parted there if further lines
+    /// start at the point.
     std::vector<Segment> segments;
     /// Whether CFrazArea was asked (Request::ask_library) and its line is this one, up to its millionth of the amount.
     bool library_agrees = false;
@@ -264,12 +264,14 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             turns, as in the middle of a rectangle, that is the line at this bearing. Lines that miss the amount by
 ///             no more than the tolerance, through a vertex or of the greatest or least area that there is, come
 ///             after those that hold it.
-/// Rounded     With Rounding::decimals the ends are rounded once the lines have been found. They are then as near to
-///             their sides as half a step of the last decimal on each axis allows, an end at a vertex included, and
-///             pieces and areas are those of the rounded ends. `divided` says that the pieces are simple, lie beside
-///             each other and hold their amounts within Rounding::tolerance of the parcel, and that they do so as
-///             well when each line is prolonged or shortened to the boundary. Where that takes more decimals, the
-///             lines have more: Division::decimals. Where doubles cannot hold an amount within 1e-9, a line that holds
+/// Rounded     With Rounding::decimals the ends of all segments are rounded once the lines have been found. They are then
+///             as near to their sides as half a step of the last decimal on each axis allows, an end at a vertex
+///             included, and pieces and areas are those of the rounded ends. The ends of a line with several segments
+///             lie within one and a half steps of each other across it. `divided` says that the pieces are simple, lie
+///             beside each other and hold their amounts within Rounding::tolerance of the parcel, and that they do so
+///             as well when each segment is prolonged or shortened to the boundary. A point inside at which further
+///             lines start is rounded, and is a corner of all pieces. Where that takes more decimals, the lines have
+///             more: Division::decimals. Where doubles cannot hold an amount within 1e-9, a line that holds
 ///             it within half the stated tolerance is rounded; not_reached says that there is none, or that not even
 ///             all digits hold the amounts.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold

@@ -23,15 +23,15 @@ PLPARCEL_API double rounded_to(double value, int decimals) noexcept;
 
 /// How a division is written down.
 ///
-/// Without decimals the ends of its lines have all the digits of a double, and every piece holds its amount within
-/// 1e-9 of the parcel. With decimals the ends are rounded first, because the rounded line is the one that is staked
+/// Without decimals the ends of its lines have all the digits of a double, and every amount is held within 1e-9 of the
+/// parcel. With decimals the ends are rounded first, because the rounded line is the one that is staked
 /// out: pieces and areas are those of the rounded ends, and the tolerance is the one stated here.
 struct Rounding {
-    /// Of the ends, 0 to 17: each coordinate is the double nearest to a decimal number of so many decimals. None: all
-    /// digits, as whole lines (Pieces::any) and parcels with holes need them.
+    /// Of the ends of all segments, 0 to 17: each coordinate is the double nearest to a decimal number of so many
+    /// decimals. None: all digits.
     std::optional<int> decimals;
-    /// By how much a piece may miss its amount, as a part of the parcel: above 0, at most 0.01. Without effect where
-    /// there are no decimals. A piece must also hold its amount within a hundredth of itself.
+    /// By how much an amount may be missed, as a part of the parcel: above 0, at most 0.01. Without effect where there
+    /// are no decimals. An amount must also be held within a hundredth of itself.
     double tolerance = 1e-6;
 };
 

@@ -43,36 +43,39 @@ std::optional<WidePoint> meet(const WidePoint& run, const WidePoint& a, const Wi
 
 }  // namespace
 
-PieceNet::PieceNet(const Ring& parcel, const Division& found)
+PieceNet::PieceNet(const std::vector<Ring>& parcel, const Division& found)
 {
     collect_ends(parcel, found);
     for (const DividingLine& line : found.lines)
-        links_.push_back({{end_at(line.from), end_at(line.to)}, {}});
+        for (const Segment& segment : line.segments)
+            links_.push_back({{end_at(segment.from), end_at(segment.to)}, {}});
     std::vector<std::size_t> by_ends(links_.size());
     std::iota(by_ends.begin(), by_ends.end(), std::size_t{0});
     std::sort(by_ends.begin(), by_ends.end(),
               [this](std::size_t a, std::size_t b) { return key(links_[a]) < key(links_[b]); });
     for (const Piece& piece : found.pieces)
-        add_walk(piece, by_ends);
+        add_outline(piece, by_ends);
     find_sides();
 }
 
-void PieceNet::collect_ends(const Ring& parcel, const Division& found)
+void PieceNet::collect_ends(const std::vector<Ring>& parcel, const Division& found)
 {
     for (const DividingLine& line : found.lines)
-        for (const PL_PNT2D_record& p : {line.from, line.to}) {
-            ends_.emplace_back();
-            ends_.back().found = p;
-        }
+        for (const Segment& segment : line.segments)
+            for (const PL_PNT2D_record& p : {segment.from, segment.to}) {
+                ends_.emplace_back();
+                ends_.back().found = p;
+            }
     std::sort(ends_.begin(), ends_.end(),
               [](const End& a, const End& b) { return comes_before(a.found, b.found); });
     const auto same = [](const End& a, const End& b) { return same_place(a.found, b.found); };
     ends_.erase(std::unique(ends_.begin(), ends_.end(), same), ends_.end());
-    for (const PL_PNT2D_record& vertex : parcel) {
-        const std::size_t end = end_at(vertex);
-        if (end != kNone)
-            ends_[end].is_vertex = true;
-    }
+    for (const Ring& ring : parcel)
+        for (const PL_PNT2D_record& vertex : ring) {
+            const std::size_t end = end_at(vertex);
+            if (end != kNone)
+                ends_[end].is_vertex = true;
+        }
 }
 
 // The end that was found exactly there.
@@ -103,11 +106,20 @@ std::size_t PieceNet::link_between(std::size_t a, std::size_t b,
     return place != by_ends.end() && key(links_[*place]) == key(a, b) ? *place : kNone;
 }
 
-void PieceNet::add_walk(const Piece& piece, const std::vector<std::size_t>& by_ends)
+void PieceNet::add_outline(const Piece& piece, const std::vector<std::size_t>& by_ends)
 {
-    const Walk walk = {corners_.size(), piece.ring.size(), MeasuredRing(piece.ring).turn()};
+    outlines_.push_back(
+        {walks_.size(), 1 + piece.holes.size(), piece.amount, MeasuredRing(piece.ring).turn()});
+    add_walk(piece.ring, by_ends);
+    for (const Ring& hole : piece.holes)
+        add_walk(hole, by_ends);
+}
+
+void PieceNet::add_walk(const Ring& ring, const std::vector<std::size_t>& by_ends)
+{
+    const Walk walk = {corners_.size(), ring.size()};
     walks_.push_back(walk);
-    for (const PL_PNT2D_record& p : piece.ring)
+    for (const PL_PNT2D_record& p : ring)
         corners_.push_back({p, end_at(p), kNone});
     for (std::size_t k = 0; k < walk.count; ++k) {
         Corner& corner = corners_[walk.first + k];
@@ -141,8 +153,10 @@ void PieceNet::find_sides()
             PL_PNT2D_record last = {};
             for (std::size_t k = 0; k < 2 * way.size(); ++k) {  // once round to find the first vertex
                 const Corner& corner = corners_[way[k % way.size()]];
-                if (corner.end != kNone)
+                if (corner.end != kNone) {
                     ends_[corner.end].*neighbour = last;
+                    ends_[corner.end].is_inside = false;
+                }
                 if (corner.end == kNone || ends_[corner.end].is_vertex)
                     last = corner.at;
             }
@@ -159,6 +173,10 @@ bool PieceNet::find_foot(Link& link, std::size_t which, double reach) const
     const End& other = ends_[link.ends[1 - which]];
     if (same_place(end.staked, other.staked))
         return false;
+    if (end.is_inside) {
+        link.feet[which] = {from_origin(end.staked), Foot::Place::replaced};
+        return true;
+    }
     const WidePoint run = from_to(end.staked, other.staked);
     const WidePoint before = from_to(end.staked, end.before);
     const WidePoint after = from_to(end.staked, end.after);
@@ -194,25 +212,36 @@ const PL_PNT2D_record& PieceNet::staked_corner(std::size_t corner) const
     return c.end == kNone ? c.at : ends_[c.end].staked;
 }
 
-Ring PieceNet::piece(std::size_t piece) const
+Ring PieceNet::staked_ring(const Walk& walk) const
 {
-    const Walk& walk = walks_[piece];
     Ring ring;
     for (std::size_t k = 0; k < walk.count; ++k)
         append(ring, staked_corner(walk.first + k));
     return closed_once(std::move(ring));
 }
 
+std::vector<Ring> PieceNet::piece(std::size_t piece) const
+{
+    const Outline& outline = outlines_[piece];
+    std::vector<Ring> rings;
+    for (std::size_t i = 0; i < outline.count; ++i)
+        rings.push_back(staked_ring(walks_[outline.first + i]));
+    return rings;
+}
+
 Wide PieceNet::area_to_the_boundary(std::size_t piece) const
 {
-    const Walk& walk = walks_[piece];
-    std::vector<WidePoint> points;
-    for (std::size_t k = 0; k < walk.count; ++k)
-        add_feet(walk, k, points);
+    const Outline& outline = outlines_[piece];
     Wide twice;
-    for (std::size_t k = 1; k + 1 < points.size(); ++k)
-        twice = twice + cross(points[k] - points[0], points[k + 1] - points[0]);
-    return twice * (0.5 * walk.turn);
+    for (std::size_t i = 0; i < outline.count; ++i) {
+        const Walk& walk = walks_[outline.first + i];
+        std::vector<WidePoint> points;
+        for (std::size_t k = 0; k < walk.count; ++k)
+            add_feet(walk, k, points);
+        for (std::size_t k = 1; k + 1 < points.size(); ++k)
+            twice = twice + cross(points[k] - points[0], points[k + 1] - points[0]);
+    }
+    return twice * (0.5 * outline.turn);
 }
 
 // A corner where lines end is replaced by their feet. A vertex stays a corner where the feet lie beyond it.
@@ -253,26 +282,22 @@ std::vector<std::size_t> PieceNet::boundary_from(std::size_t corner, std::vector
 bool PieceNet::boundary_is_simple() const
 {
     std::vector<bool> passed(corners_.size());
+    std::vector<Ring> boundary;
     for (std::size_t i = 0; i < corners_.size(); ++i) {
         Ring ring;
         for (const std::size_t corner : boundary_from(i, passed))
             append(ring, staked_corner(corner));
-        if (ring.empty())
-            continue;
-        const Ring boundary = closed_once(std::move(ring));
-        if (!is_simple(boundary))
-            return false;
+        if (!ring.empty())
+            boundary.push_back(closed_once(std::move(ring)));
     }
-    return true;
+    return are_apart(boundary);
 }
 
-bool is_simple(const Ring& ring)
+bool are_apart(const std::vector<Ring>& rings)
 {
     constexpr std::size_t kMinVertices = 3;
-    if (ring.size() < kMinVertices)
-        return false;
-    const JoinedRings boundary(ring);
-    return !meeting_sides(boundary).met;
+    const auto is_ring = [](const Ring& ring) { return ring.size() >= kMinVertices; };
+    return std::all_of(rings.begin(), rings.end(), is_ring) && !meeting_sides(JoinedRings(rings)).met;
 }
 
 }  // namespace plparcel

@@ -15,27 +15,30 @@ namespace plparcel {
 /// The dividing lines and the boundary between them as one net: which corners of which pieces move when an end is rounded.
 class PieceNet {
 public:
-    /// @param[in] parcel  its boundary
+    /// @param[in] parcel  its rings
     /// @param[in] found   lines and pieces, with all digits
-    PieceNet(const Ring& parcel, const Division& found);
+    PieceNet(const std::vector<Ring>& parcel, const Division& found);
 
-    /// Rounds the ends, and finds where the lines then meet the boundary.
+    /// Rounds the ends, and finds where each segment of a line then meets the boundary.
     ///
     /// @param[in] decimals  more than kMostDecimals for none
-    /// @param[in] reach     how far from its end a line may meet the boundary
+    /// @param[in] reach     how far from its end a segment may meet the boundary
     /// @return whether they all do
     bool round(int decimals, double reach);
 
-    std::size_t pieces() const { return walks_.size(); }
+    std::size_t pieces() const { return outlines_.size(); }
 
-    /// 1 when the piece runs anticlockwise, -1 clockwise.
-    double turn(std::size_t piece) const { return walks_[piece].turn; }
+    /// 1 when the piece runs anticlockwise, -1 clockwise; its holes run the other way.
+    double turn(std::size_t piece) const { return outlines_[piece].turn; }
+
+    /// The amount that it belongs to.
+    std::size_t amount(std::size_t piece) const { return outlines_[piece].amount; }
 
     /// An end of a line, rounded.
     const PL_PNT2D_record& staked(const PL_PNT2D_record& found) const { return ends_[end_at(found)].staked; }
 
-    /// A piece with the rounded ends as corners.
-    Ring piece(std::size_t piece) const;
+    /// The rings of a piece with the rounded ends as corners, its holes after the outer one.
+    std::vector<Ring> piece(std::size_t piece) const;
 
     /// Its area with the lines prolonged or shortened to the boundary; above zero for a piece that runs as it did.
     Wide area_to_the_boundary(std::size_t piece) const;
@@ -52,6 +55,7 @@ private:
         PL_PNT2D_record staked = {};
         std::size_t out_of = kNone;
         bool is_vertex = false;       // of the parcel
+        bool is_inside = true;        // lines meet there, away from the boundary
         PL_PNT2D_record before = {};  // the vertex before it along the boundary
         PL_PNT2D_record after = {};   // and the one after it
     };
@@ -66,7 +70,7 @@ private:
         Place place = Place::replaced;
     };
 
-    // A dividing line between two ends.
+    // A segment of a dividing line between two ends.
     struct Link {
         std::size_t ends[2] = {kNone, kNone};
         Foot feet[2];
@@ -77,24 +81,32 @@ private:
         PL_PNT2D_record at = {};
         std::size_t end = kNone;  // the end that it is
         std::size_t link_after =
-            kNone;  // the line that leads to the next corner; none where that is a side of the parcel
+            kNone;  // the segment that leads to the next corner; none where that is a side of the parcel
     };
 
-    // The corners of a piece: a range in the list of all.
+    // The corners of a ring: a range in the list of all.
     struct Walk {
         std::size_t first = 0;
         std::size_t count = 0;
+    };
+
+    // A piece: a range in the list of walks, its holes after its outer ring.
+    struct Outline {
+        std::size_t first = 0;
+        std::size_t count = 0;
+        std::size_t amount = 0;
         double turn = 1.0;
     };
 
     using Pair = std::pair<std::size_t, std::size_t>;
 
-    void collect_ends(const Ring& parcel, const Division& found);
+    void collect_ends(const std::vector<Ring>& parcel, const Division& found);
     std::size_t end_at(const PL_PNT2D_record& p) const;
     static Pair key(std::size_t a, std::size_t b);
     static Pair key(const Link& link) { return key(link.ends[0], link.ends[1]); }
     std::size_t link_between(std::size_t a, std::size_t b, const std::vector<std::size_t>& by_ends) const;
-    void add_walk(const Piece& piece, const std::vector<std::size_t>& by_ends);
+    void add_walk(const Ring& ring, const std::vector<std::size_t>& by_ends);
+    void add_outline(const Piece& piece, const std::vector<std::size_t>& by_ends);
     static std::size_t following(const Walk& walk, std::size_t k)
     {
         return walk.first + (k + 1) % walk.count;
@@ -106,16 +118,19 @@ private:
     bool find_foot(Link& link, std::size_t which, double reach) const;
     WidePoint from_origin(const PL_PNT2D_record& p) const { return from_to(corners_.front().at, p); }
     const Foot& foot(std::size_t link, std::size_t end) const;
+    Ring staked_ring(const Walk& walk) const;
     void add_feet(const Walk& walk, std::size_t k, std::vector<WidePoint>& points) const;
 
     std::vector<End> ends_;  // from West to East, each once
     std::vector<Link> links_;
     std::vector<Corner> corners_;    // of all pieces
     std::vector<std::size_t> next_;  // the corner after each
-    std::vector<Walk> walks_;        // one for each piece
+    std::vector<Walk> walks_;        // one for each ring of each piece
+    std::vector<Outline> outlines_;  // one for each piece
 };
 
-/// Whether a ring without repeats has three vertices at least, and its sides meet only at common vertices.
-bool is_simple(const Ring& ring);
+/// Whether each of some rings without repeats has three vertices at least, and their sides meet only at the common vertex
+/// of two that follow each other.
+bool are_apart(const std::vector<Ring>& rings);
 
 }  // namespace plparcel

@@ -8,6 +8,7 @@
 
 #include "verdict/piece_net.h"
 #include "verdict/target.h"
+#include "verdict/whole_verdict.h"
 
 namespace plparcel {
 namespace {
@@ -30,26 +31,73 @@ bool holds(const Wide& got, const Wide& wanted, const Target& target)
     return std::fabs((got - wanted).value()) <= target.granted(wanted);
 }
 
-// The pieces between the staked lines, if they hold what they should.
-std::optional<std::vector<MeasuredRing>> judged(const PieceNet& net, const std::vector<Wide>& wanted,
-                                                const Target& target)
+Wide area_of(const std::vector<Ring>& rings, double turn)
 {
-    std::vector<MeasuredRing> pieces;
+    Wide area;
+    for (const Ring& ring : rings)
+        area = area + MeasuredRing(ring).signed_area();
+    return area * turn;
+}
+
+// The rings as they run in a parcel that runs anticlockwise.
+std::vector<Ring> anticlockwise(std::vector<Ring> rings, double turn)
+{
+    if (turn < 0.0)
+        for (Ring& ring : rings)
+            std::reverse(ring.begin(), ring.end());
+    return rings;
+}
+
+bool stands_alone(const std::vector<Ring>& rings, double turn)
+{
+    if (rings.size() == 1)
+        return are_apart(rings);
+    return area_of_piece(anticlockwise(rings, turn)).has_value();
+}
+
+bool holds(const std::vector<Wide>& got, const std::vector<Wide>& wanted, const Target& target)
+{
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        if (!holds(got[i], wanted[i], target))
+            return false;
+    return true;
+}
+
+// The pieces between the staked lines, if they hold what they should.
+std::optional<std::vector<StakedPiece>> judged(const PieceNet& net, const std::vector<Wide>& wanted,
+                                               const Target& target)
+{
+    std::vector<StakedPiece> pieces;
+    std::vector<Wide> held(wanted.size());
+    std::vector<Wide> held_to_the_boundary(wanted.size());
     for (std::size_t i = 0; i < net.pieces(); ++i) {
-        pieces.emplace_back(net.piece(i));
-        const Wide area = pieces.back().signed_area() * net.turn(i);
-        if (!is_simple(pieces.back().ring()) || !holds(area, wanted[i], target) ||
-            !holds(net.area_to_the_boundary(i), wanted[i], target))
+        StakedPiece piece;
+        piece.rings = net.piece(i);
+        piece.area = area_of(piece.rings, net.turn(i));
+        if (!(piece.area > 0.0) || !stands_alone(piece.rings, net.turn(i)))
             return std::nullopt;
+        held[net.amount(i)] = held[net.amount(i)] + piece.area;
+        held_to_the_boundary[net.amount(i)] =
+            held_to_the_boundary[net.amount(i)] + net.area_to_the_boundary(i);
+        pieces.push_back(std::move(piece));
     }
-    if (!net.boundary_is_simple())
+    if (!holds(held, wanted, target) || !holds(held_to_the_boundary, wanted, target) ||
+        !net.boundary_is_simple())
         return std::nullopt;
     return pieces;
 }
 
+std::vector<Segment> staked(const PieceNet& net, const DividingLine& line)
+{
+    std::vector<Segment> segments;
+    for (const Segment& segment : line.segments)
+        segments.push_back({net.staked(segment.from), net.staked(segment.to)});
+    return segments;
+}
+
 }  // namespace
 
-std::optional<StakedOut> stake_out(const Ring& boundary, const Division& found,
+std::optional<StakedOut> stake_out(const std::vector<Ring>& boundary, const Division& found,
                                    const std::vector<Wide>& wanted, const Wide& parcel,
                                    const Rounding& rounding)
 {
@@ -64,16 +112,16 @@ std::optional<StakedOut> stake_out(const Ring& boundary, const Division& found,
         const double reach = kSlantAllowance * (rounding_of(decimals) + kFoundSpacings * spacing);
         if (!net.round(decimals, reach))
             continue;
-        std::optional<std::vector<MeasuredRing>> pieces = judged(net, wanted, target);
+        std::optional<std::vector<StakedPiece>> pieces = judged(net, wanted, target);
         if (!pieces)
             continue;
-        StakedOut staked;
+        StakedOut result;
         for (const DividingLine& line : found.lines)
-            staked.lines.push_back({net.staked(line.from), net.staked(line.to)});
-        staked.pieces = std::move(*pieces);
+            result.lines.push_back(staked(net, line));
+        result.pieces = std::move(*pieces);
         if (decimals <= kMostDecimals)
-            staked.decimals = decimals;
-        return staked;
+            result.decimals = decimals;
+        return result;
     }
     return std::nullopt;
 }

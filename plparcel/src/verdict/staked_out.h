@@ -11,29 +11,32 @@
 
 namespace plparcel {
 
+/// A piece between rounded lines.
+struct StakedPiece {
+    std::vector<Ring> rings;  ///< its holes after the outer one; all run as they did
+    Wide area;                ///< unit squared
+};
+
 /// A division whose lines have rounded ends.
 struct StakedOut {
-    struct Line {
-        PL_PNT2D_record from = {};
-        PL_PNT2D_record to = {};
-    };
-    std::vector<Line> lines;           ///< in the order of the division's
-    std::vector<MeasuredRing> pieces;  ///< with the rounded ends as corners
-    std::optional<int> decimals;       ///< of the ends; none where they have all their digits
+    std::vector<std::vector<Segment>> lines;  ///< of each line its segments, in the division's order
+    std::vector<StakedPiece> pieces;          ///< with the rounded ends as corners, in the division's order
+    std::optional<int> decimals;              ///< of the ends; none where they have all their digits
 };
 
 /// Rounds the ends of all lines, and measures and judges the pieces between the rounded lines. While they do not hold
 /// what they should, another decimal is added, up to all digits.
 ///
-/// People will read the lines in two ways: with their ends as corners of the pieces, and prolonged or shortened to the
-/// boundary. In both, every piece must hold its amount; the pieces must be simple rings that lie beside each other.
+/// People will read the lines in two ways: with the ends of their segments as corners of the pieces, and each segment
+/// prolonged or shortened to the boundary. In both, the pieces of every amount together must hold it; the pieces must
+/// be parcels of their own that lie beside each other.
 ///
-/// @param[in] boundary  of the parcel
+/// @param[in] boundary  the rings of the parcel
 /// @param[in] found     lines and pieces, with all digits
-/// @param[in] wanted    what each piece should hold, unit squared
+/// @param[in] wanted    what each amount should hold, and what is left; unit squared
 /// @param[in] rounding  with decimals
 /// @return nothing where no number of decimals holds the amounts
-std::optional<StakedOut> stake_out(const Ring& boundary, const Division& found,
+std::optional<StakedOut> stake_out(const std::vector<Ring>& boundary, const Division& found,
                                    const std::vector<Wide>& wanted, const Wide& parcel,
                                    const Rounding& rounding);
 

@@ -17,7 +17,7 @@
 #include "verdict/target.h"
 #include "whole_lines/level_frame.h"
 #include "whole_lines/part_lines.h"
-#include "whole_lines/whole_verdict.h"
+#include "verdict/whole_verdict.h"
 
 namespace plparcel {
 namespace {
@@ -110,7 +110,7 @@ public:
         return none_of(std::move(made), passed);
     }
 
-    Cut2 cut_width(double width, const Wide& left, const Wide& parcel) const
+    Cut2 cut_width(double width, const Wide& left, const Wide& parcel, double of_parcel) const
     {
         const PartRequest request = part_request();
         const Wide level = level_at(width);
@@ -125,7 +125,7 @@ public:
                 continue;
             if (made.status == Status::amount_too_large)
                 made.status = Status::line_leaves_parcel;
-            if (passes(line, {asked, rest, parcel}, made) && is_chosen(made, passed))
+            if (passes(line, {asked, rest, parcel, of_parcel}, made) && is_chosen(made, passed))
                 return made;
         }
         return none_of(std::move(made), passed);
@@ -491,13 +491,15 @@ private:
 // The whole series.
 class Series {
 public:
-    Series(const WholeParcel& parcel, std::size_t base, const Request& request, const Shares& shares)
-        : parcel_(parcel), base_(base), request_(request), shares_(shares)
+    Series(const WholeParcel& parcel, std::size_t base, const Request& request, const Shares& shares,
+           double of_parcel)
+        : parcel_(parcel), base_(base), request_(request), shares_(shares), of_parcel_(of_parcel)
     {}
 
-    void divide(Division& division)
+    std::vector<Wide> divide(Division& division)
     {
         Stage stage = first_stage();
+        std::vector<Wide> wanted;
         std::vector<Wide> after(shares_.pieces.size());
         for (std::size_t i = after.size() - 1; i > 0; --i)
             after[i - 1] = after[i] + shares_.pieces[i];
@@ -512,10 +514,11 @@ public:
                 division.at_amount = i;
                 division.lines.clear();
                 division.pieces.clear();
-                return;
+                return {};
             }
             division.lines.push_back(dividing_line(stage, made));
             division.pieces.push_back(piece_of(made.request, made.request_area, made.asked, i));
+            wanted.push_back(made.asked);
             left = left - made.asked;
             left_area = made.rest_area;
             stage = next_stage(stage, std::move(made));
@@ -524,6 +527,8 @@ public:
         division.pieces.push_back(piece_of(stage.rings, left_area, last, shares_.pieces.size() - 1));
         for (const Piece& piece : division.pieces)
             division.held.push_back({piece.asked, piece.area, piece.residual, 1});
+        wanted.push_back(last);
+        return wanted;
     }
 
 private:
@@ -531,10 +536,10 @@ private:
     {
         const PartCut one(stage);
         if (!shares_.widths.empty() && shares_.widths[i] > 0.0)
-            return one.cut_width(shares_.widths[i], left, parcel_.area);
+            return one.cut_width(shares_.widths[i], left, parcel_.area, of_parcel_);
         Cut2 none;
         none.status = Status::amount_too_large;
-        return rest > 0.0 ? one.cut_area({shares_.pieces[i], rest, parcel_.area}) : none;
+        return rest > 0.0 ? one.cut_area({shares_.pieces[i], rest, parcel_.area, of_parcel_}) : none;
     }
 
     // The direction that the request names.
@@ -645,14 +650,15 @@ private:
     std::size_t base_;
     const Request& request_;
     const Shares& shares_;
+    double of_parcel_;
 };
 
 }  // namespace
 
-void cut_parts(const WholeParcel& parcel, std::size_t base, const Request& request, const Shares& shares,
-               Division& division)
+std::vector<Wide> cut_parts(const WholeParcel& parcel, std::size_t base, const Request& request,
+                            const Shares& shares, double of_parcel, Division& division)
 {
-    Series(parcel, base, request, shares).divide(division);
+    return Series(parcel, base, request, shares, of_parcel).divide(division);
 }
 
 }  // namespace plparcel

@@ -14,8 +14,10 @@ namespace plparcel {
 /// @param[in]  base      index of that side among all sides; without effect for a line without a side
 /// @param[in]  request   a line that has a direction
 /// @param[in]  shares    what the pieces should hold
+/// @param[in]  of_parcel  how nearly, as a part of the parcel
 /// @param[out] division  status, lines, pieces and what the amounts hold; at_amount unless divided
-void cut_parts(const WholeParcel& parcel, std::size_t base, const Request& request, const Shares& shares,
-               Division& division);
+/// @return what each amount should hold, and what is left; unit squared
+std::vector<Wide> cut_parts(const WholeParcel& parcel, std::size_t base, const Request& request,
+                            const Shares& shares, double of_parcel, Division& division);
 
 }  // namespace plparcel

@@ -11,11 +11,12 @@
 #include "boundary/measured_ring.h"
 #include "lines/direction.h"
 #include "verdict/nearby_ends.h"
+#include "verdict/target.h"
 #include "whole_lines/crossings.h"
 #include "whole_lines/faces.h"
 #include "whole_lines/level_frame.h"
 #include "whole_lines/profile.h"
-#include "whole_lines/whole_verdict.h"
+#include "verdict/whole_verdict.h"
 
 namespace plparcel {
 namespace {
@@ -76,20 +77,20 @@ PL_PNT2D_record zero_of(const WholeParcel& parcel, const Request& request)
 
 class WholeCut {
 public:
-    WholeCut(const WholeParcel& parcel, const Request& request, const Shares& shares)
-        : parcel_(parcel), request_(request), shares_(shares),
+    WholeCut(const WholeParcel& parcel, const Request& request, const Shares& shares, double of_parcel)
+        : parcel_(parcel), request_(request), shares_(shares), of_parcel_(of_parcel),
           frame_(parcel.rings, zero_of(parcel, request), up_of(parcel, request)), rings_(frame_.rings()),
           spacing_(frame_.spacing()),
           profile_(rings_, frame_.seen()), levels_{rings_, frame_.local(), frame_.points(), frame_.seen(),
                                                    unit() * kOnLine}
     {}
 
-    void divide(Division& division)
+    std::vector<Wide> divide(Division& division)
     {
         division.status = Status::divided;
-        if (!place_lines(division) || !round_lines(division))
-            return;
-        fill(division);
+        if (place_lines(division) && round_lines(division))
+            fill(division);
+        return asked_;
     }
 
 private:
@@ -143,9 +144,10 @@ private:
     // By how much a piece may miss what it should hold.
     double granted(std::size_t band) const
     {
-        constexpr double kOfParcel = 1e-9;
-        constexpr double kOfPiece = 0.01;
-        return std::min(kOfParcel * parcel_.area.value(), kOfPiece * asked_[band].value());
+        Target target;
+        target.parcel = parcel_.area;
+        target.of_parcel = of_parcel_;
+        return target.granted(asked_[band]);
     }
 
     double granted_beside(std::size_t line) const { return std::min(granted(line), granted(line + 1)); }
@@ -417,6 +419,7 @@ private:
     const WholeParcel& parcel_;
     const Request& request_;
     const Shares& shares_;
+    double of_parcel_;
     LevelFrame frame_;
     const JoinedRings& rings_;
     double spacing_;
@@ -438,9 +441,10 @@ private:
 
 }  // namespace
 
-void cut_whole(const WholeParcel& parcel, const Request& request, const Shares& shares, Division& division)
+std::vector<Wide> cut_whole(const WholeParcel& parcel, const Request& request, const Shares& shares,
+                            double of_parcel, Division& division)
 {
-    WholeCut(parcel, request, shares).divide(division);
+    return WholeCut(parcel, request, shares, of_parcel).divide(division);
 }
 
 }  // namespace plparcel

@@ -23,7 +23,10 @@ struct WholeParcel {
 ///
 /// @param[in]  request   a line that has a direction
 /// @param[in]  shares    what the pieces should hold
+/// @param[in]  of_parcel  how nearly, as a part of the parcel
 /// @param[out] division  status, lines, pieces and what the amounts hold; at_amount unless divided
-void cut_whole(const WholeParcel& parcel, const Request& request, const Shares& shares, Division& division);
+/// @return what each amount should hold, and what is left; unit squared
+std::vector<Wide> cut_whole(const WholeParcel& parcel, const Request& request, const Shares& shares,
+                            double of_parcel, Division& division);
 
 }  // namespace plparcel

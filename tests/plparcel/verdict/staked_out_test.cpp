@@ -204,13 +204,133 @@ TEST(StakedOut, WithoutDecimalsTheLineHasAllDigits)
     EXPECT_EQ(division.lines[0].from.y, 50.0 / 3.0);
 }
 
-TEST(StakedOut, WholeLinesAndHolesAreNotRoundedUnsaid)
+//  +-----+     +-----+
+//  |     |     |     |    1000 lie below the gap's foot
+//  |     +-----+     |
+//  +-----------------+
+const plparcel::Parcel kGap = {{{0, 0}, {100, 0}, {100, 50}, {70, 50}, {70, 10}, {30, 10}, {30, 50}, {0, 50}}, {}};
+const plparcel::Parcel kYard = {kLot, {{{40, 20}, {40, 30}, {60, 30}, {60, 20}}}};
+
+// 0.3857 more lie below 10.00643; at 10.006 they would be 0.36, which misses by 8e-6 of the parcel.
+TEST(StakedOut, EachEndOfAWholeLineIsRounded)
 {
-    Request whole = request(Cut::parallel, 0, share(1, 3), 4);
+    Request whole = request(Cut::parallel, 0, plparcel::area(1000.3 + 60.0 / 700.0), 3);
     whole.pieces = plparcel::Pieces::any;
-    EXPECT_EQ(divide(kLot, whole).status, Status::only_all_digits);
-    const plparcel::Parcel with_hole = {kLot, {{{40, 20}, {40, 30}, {60, 30}, {60, 20}}}};
-    EXPECT_EQ(divide(with_hole, request(Cut::parallel, 0, share(1, 3), 4)).status, Status::only_all_digits);
+    const Division division = divide(kGap, whole);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 4);
+    ASSERT_EQ(division.lines[0].segments.size(), 2u);
+    EXPECT_POINT(division.lines[0].segments[0].from, (PL_PNT2D_record{0, 10.0064}));
+    EXPECT_POINT(division.lines[0].segments[0].to, (PL_PNT2D_record{30, 10.0064}));
+    EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{70, 10.0064}));
+    EXPECT_POINT(division.lines[0].segments[1].to, (PL_PNT2D_record{100, 10.0064}));
+    EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{0, 10.0064}));
+    EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{100, 10.0064}));
+    ASSERT_EQ(division.pieces.size(), 3u);
+    EXPECT_EQ(division.pieces[0].amount, 0u);
+    EXPECT_NEAR(division.held[0].area, 1000.384, 1e-9);
+    EXPECT_EQ(division.held[1].pieces, 2u);
+    EXPECT_NEAR(division.held[1].area, division.pieces[1].area + division.pieces[2].area, 1e-9);
+    EXPECT_NEAR(division.pieces[1].residual, division.held[1].residual, 0.0);
+}
+
+// Across the yard, at 25: 80 times 0.0004 is 6.7e-6 of 4800.
+TEST(StakedOut, ALineAcrossAHoleIsRoundedOnBothSidesOfIt)
+{
+    for (const plparcel::Pieces pieces : {plparcel::Pieces::two, plparcel::Pieces::any}) {
+        Request half = request(Cut::parallel, 0, plparcel::area(2400.032), 3, 6.7e-6);
+        half.pieces = pieces;
+        const Division division = divide(kYard, half);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.decimals, 3);
+        ASSERT_EQ(division.lines[0].segments.size(), 2u);
+        EXPECT_POINT(division.lines[0].segments[0].to, (PL_PNT2D_record{40, 25}));
+        EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{60, 25}));
+        EXPECT_EQ(division.pieces[0].area, 2400.0);
+        EXPECT_NEAR(division.held[0].residual, -0.032, 1e-12);
+        half.rounding.tolerance = 6.6e-6;
+        EXPECT_EQ(divide(kYard, half).decimals, 4);
+    }
+}
+
+// The yard lies beyond the line, and stays a hole of its piece.
+TEST(StakedOut, AHoleBesideTheLineIsCounted)
+{
+    const Division division = divide(kYard, request(Cut::parallel, 0, share(1, 3), 2));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{0, 16}));
+    EXPECT_EQ(division.pieces[0].area, 1600.0);
+    EXPECT_EQ(division.pieces[1].area, 3200.0);
+    EXPECT_EQ(division.pieces[1].holes.size(), 1u);
+}
+
+// The hole's tip lies at 25 and the line two tenths of a millimetre above: to three decimals the line would run into it.
+TEST(StakedOut, ALineIsNotRoundedIntoAHole)
+{
+    const plparcel::Parcel tip = {kLot, {{{40, 20}, {50, 25}, {60, 20}}}};
+    for (const plparcel::Pieces pieces : {plparcel::Pieces::two, plparcel::Pieces::any}) {
+        Request asked = request(Cut::parallel, 0, plparcel::area(2450.02), 3, 0.01);
+        asked.pieces = pieces;
+        const Division division = divide(tip, asked);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.decimals, 4);
+        EXPECT_EQ(division.lines[0].from.y, 25.0002);
+    }
+}
+
+// Where a corner reaches up to the line, two segments end there; below lie two pieces.
+TEST(StakedOut, ACornerThatReachesUpToTheLineIsAnEndOfBoth)
+{
+    const plparcel::Parcel notch = {{{0, 0}, {40, 0}, {50.00004, 25.00004}, {60, 0}, {100, 0}, {100, 50}, {0, 50}},
+                                    {}};
+    Request asked = request(Cut::parallel, 5, plparcel::area(100 * 24.99996), 3, 1e-5);
+    asked.pieces = plparcel::Pieces::any;
+    const Division division = divide(notch, asked);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 3);
+    ASSERT_EQ(division.pieces.size(), 3u);
+    ASSERT_EQ(division.lines[0].segments.size(), 2u);
+    EXPECT_POINT(division.lines[0].segments[0].to, (PL_PNT2D_record{50, 25}));
+    EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{50, 25}));
+    EXPECT_EQ(division.held[0].area, 2500.0);
+}
+
+// The ring's own way round, and that of its holes, stay.
+TEST(StakedOut, ClockwisePiecesStayClockwise)
+{
+    plparcel::Parcel yard = {test::reversed(kLot), kYard.holes};
+    const Division division = divide(yard, request(Cut::parallel, 2, share(1, 3), 2));
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_FALSE(plparcel::check_ring(division.pieces[0].ring).anticlockwise);
+    EXPECT_TRUE(plparcel::check_ring(division.pieces[1].holes.at(0)).anticlockwise);
+    EXPECT_EQ(division.pieces[0].area, 1600.0);
+}
+
+// Half of the lot by a line through (50.1, 25.1), and two quarters by lines from there: a corner of all four.
+TEST(StakedOut, LinesThatGoRoundAPointMeetThere)
+{
+    Request quarters;
+    quarters.line = plparcel::through_point({50.12345, 25.1}, 30);
+    quarters.amounts = {share(1, 2), share(1, 4), share(1, 8)};
+    quarters.rounding.decimals = 3;
+    const Division division = divide(kLot, quarters);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    ASSERT_TRUE(division.decimals);
+    const PL_PNT2D_record point = {rounded_to(50.12345, *division.decimals), 25.1};
+    ASSERT_EQ(division.lines[0].segments.size(), 2u);
+    EXPECT_POINT(division.lines[0].segments[0].to, (point));
+    EXPECT_POINT(division.lines[1].from, (point));
+    EXPECT_POINT(division.lines[2].from, (point));
+    double all = 0.0;
+    for (const plparcel::Piece& piece : division.pieces) {
+        int times = 0;
+        for (const PL_PNT2D_record& p : piece.ring)
+            times += p.x == point.x && p.y == point.y ? 1 : 0;
+        EXPECT_EQ(times, 1);
+        EXPECT_NEAR(piece.area, piece.asked, 5000 * 1e-6);
+        all += piece.area;
+    }
+    EXPECT_NEAR(all, 5000.0, 1e-9);  // all ends lie on the lot's level and upright sides
 }
 
 TEST(StakedOut, RoundingsThatMakeNoSenseAreRefused)

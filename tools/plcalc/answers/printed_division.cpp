@@ -116,14 +116,10 @@ PrintedDivision with_alternatives(const Parcel& parcel, plparcel::Request reques
 PrintedDivision divide_in_print(const Parcel& parcel, const Asked& asked)
 {
     PrintedDivision printed;
-    plparcel::Request request = request_for(parcel, asked);
+    const plparcel::Request request = request_for(parcel, asked);
     if (asked.count_alternatives && parcel.holes.empty())
         return with_alternatives(parcel, request, asked);
     printed.proven = divide(parcel, request);
-    if (printed.proven.status == plparcel::Status::only_all_digits && !asked.request.rounding.decimals) {
-        request.rounding.decimals.reset();
-        printed.proven = divide(parcel, request);
-    }
     complete(parcel, asked, printed);
     return printed;
 }

@@ -35,8 +35,7 @@ struct PrintedDivision {
 ///
 /// There are as many decimals as the request states. Where it states none there are at least 4, and at least as many
 /// as keep the rounding below a millionth of the parcel's extent, so that it does not turn the line. Decimals are
-/// added until the lines hold, up to all that a double has. Where plparcel rounds no lines of that kind (see
-/// plparcel::Status::only_all_digits) and the request states no decimals, the lines have all their digits.
+/// added until the lines hold, up to all that a double has.
 ///
 /// @param[in] parcel  its rings
 /// @param[in] asked   what to cut off, in the plane

@@ -192,9 +192,6 @@ Failure refusal(const Answer& answer, bool with_instead)
                           "choose one with --alternative N, from 1");
     case Status::only_without_holes:
         return cannot_cut(answer, plparcel::describe(status), "cut along a side, across it, or at a bearing");
-    case Status::only_all_digits:
-        return wrong_use(answer, "--decimals: " + std::string(plparcel::describe(status)),
-                         "leave --decimals out");
     default:
         break;
     }

@@ -155,8 +155,7 @@ AREA, one of
 Options
   --decimals N          rounds the ends of the lines to N decimals, or to more
                         if those do not hold the areas; without it to 4, or to
-                        more in a small parcel. Whole lines (--pieces any) and
-                        parcels with holes keep all digits
+                        more in a small parcel
   --tolerance SHARE     how far an area may be off, as a share of the parcel:
                         1/10000 or 0.01%; a millionth without it
   --layer NAME          reads only this layer of the file, or of the drawing

@@ -32,8 +32,6 @@ const char* name_of(plparcel::Status status)
         return "no_amount";
     case Status::unusable_rounding:
         return "unusable_rounding";
-    case Status::only_all_digits:
-        return "only_all_digits";
     case Status::unusable_amount:
         return "unusable_amount";
     case Status::amount_too_small:

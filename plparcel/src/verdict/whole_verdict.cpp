@@ -1,4 +1,4 @@
-#include "whole_lines/whole_verdict.h"
+#include "verdict/whole_verdict.h"
 
 #include <algorithm>
 #include <cmath>
