@@ -384,7 +384,8 @@ std::string objection(const Judged& judged, const Division& division)
         Number width = 0;
         for (const plparcel::Segment& s : division.lines[i].segments)
             width += std::hypot(s.to.x - s.from.x, s.to.y - s.from.y);
-        if (abs(miss) > tolerance(judged, i) * static_cast<int>(i + 1) + (16 * judged.spacing + judged.rounding) * width)
+        if (abs(miss) >
+            tolerance(judged, i) * static_cast<int>(i + 1) + (16 * judged.spacing + judged.rounding) * width)
             return "a line lies elsewhere";
     }
     std::vector<Number> got(judged.asked.size());
@@ -404,9 +405,8 @@ std::string objection(const Judged& judged, const Division& division)
                                      judged.spacing, judged.rounding))
                     return "a side of a piece is neither boundary nor line";
                 const Number level = dot(judged.up, ring[k]);
-                const Number slack =
-                    (15 * judged.spacing + 2 * judged.rounding) *
-                    Number(std::sqrt(dot(judged.up, judged.up).get_d()));
+                const Number slack = (15 * judged.spacing + 2 * judged.rounding) *
+                                     Number(std::sqrt(dot(judged.up, judged.up).get_d()));
                 if ((piece.amount > 0 && level < levels[piece.amount - 1] - slack) ||
                     (piece.amount < levels.size() && level > levels[piece.amount] + slack))
                     return "a piece lies beyond its lines";
@@ -923,8 +923,8 @@ std::string objection_to_two(const Judged& judged, const Request& request, const
             is_first = false;
         }
     }
-    const Number slack = (14 * judged.spacing + 2 * judged.rounding) *
-                         Number(std::sqrt(dot(judged.up, judged.up).get_d()));
+    const Number slack =
+        (14 * judged.spacing + 2 * judged.rounding) * Number(std::sqrt(dot(judged.up, judged.up).get_d()));
     if (high - low > slack * Number(1.000001))
         return "the line is not straight";
     const std::vector<Number> levels = {sum / static_cast<int>(2 * division.lines[0].segments.size())};
@@ -988,10 +988,9 @@ TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
         if (division.status == Status::divided && division.lines[0].meets_again)
             what += ", a part of the line";
         ++tally[what + (coarse ? ", doubles far apart" : "")];
-        std::string fault =
-            division.status == Status::divided
-                ? objection_to_two(exactly, request, parcel, division)
-                : objection_to_refusal(exactly, request, parcel, division.status, coarse);
+        std::string fault = division.status == Status::divided
+                                ? objection_to_two(exactly, request, parcel, division)
+                                : objection_to_refusal(exactly, request, parcel, division.status, coarse);
         if (fault.empty() && division.status == Status::divided)
             fault = objection_to_rounding(exactly, request, division);
         EXPECT_EQ(fault, "") << describe(division) << ": " << shown(parcel, request);

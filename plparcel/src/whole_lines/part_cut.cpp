@@ -15,9 +15,9 @@
 #include "verdict/judge.h"
 #include "verdict/nearby_ends.h"
 #include "verdict/target.h"
+#include "verdict/whole_verdict.h"
 #include "whole_lines/level_frame.h"
 #include "whole_lines/part_lines.h"
-#include "verdict/whole_verdict.h"
 
 namespace plparcel {
 namespace {

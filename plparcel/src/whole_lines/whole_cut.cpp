@@ -12,11 +12,11 @@
 #include "lines/direction.h"
 #include "verdict/nearby_ends.h"
 #include "verdict/target.h"
+#include "verdict/whole_verdict.h"
 #include "whole_lines/crossings.h"
 #include "whole_lines/faces.h"
 #include "whole_lines/level_frame.h"
 #include "whole_lines/profile.h"
-#include "verdict/whole_verdict.h"
 
 namespace plparcel {
 namespace {

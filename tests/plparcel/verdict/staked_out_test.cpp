@@ -208,7 +208,8 @@ TEST(StakedOut, WithoutDecimalsTheLineHasAllDigits)
 //  |     |     |     |    1000 lie below the gap's foot
 //  |     +-----+     |
 //  +-----------------+
-const plparcel::Parcel kGap = {{{0, 0}, {100, 0}, {100, 50}, {70, 50}, {70, 10}, {30, 10}, {30, 50}, {0, 50}}, {}};
+const plparcel::Parcel kGap = {{{0, 0}, {100, 0}, {100, 50}, {70, 50}, {70, 10}, {30, 10}, {30, 50}, {0, 50}},
+                               {}};
 const plparcel::Parcel kYard = {kLot, {{{40, 20}, {40, 30}, {60, 30}, {60, 20}}}};
 
 // 0.3857 more lie below 10.00643; at 10.006 they would be 0.36, which misses by 8e-6 of the parcel.
@@ -281,8 +282,8 @@ TEST(StakedOut, ALineIsNotRoundedIntoAHole)
 // Where a corner reaches up to the line, two segments end there; below lie two pieces.
 TEST(StakedOut, ACornerThatReachesUpToTheLineIsAnEndOfBoth)
 {
-    const plparcel::Parcel notch = {{{0, 0}, {40, 0}, {50.00004, 25.00004}, {60, 0}, {100, 0}, {100, 50}, {0, 50}},
-                                    {}};
+    const plparcel::Parcel notch = {
+        {{0, 0}, {40, 0}, {50.00004, 25.00004}, {60, 0}, {100, 0}, {100, 50}, {0, 50}}, {}};
     Request asked = request(Cut::parallel, 5, plparcel::area(100 * 24.99996), 3, 1e-5);
     asked.pieces = plparcel::Pieces::any;
     const Division division = divide(notch, asked);
