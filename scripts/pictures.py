@@ -1,0 +1,215 @@
+#!/usr/bin/env python3
+"""Draws the pictures of docs/division.md: plcalc divides the parcels, and what it writes is drawn.
+
+    pictures.py PLCALC [FOLDER]
+
+PLCALC is the program. FOLDER gets the pictures; without it, docs.
+"""
+
+import csv
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+WIDTH, SIZE = 220, 160    # of a panel; what it draws is SIZE across, at most
+ABOVE, BELOW = 30, 50     # what a panel needs above and below the parcel
+COLOURS = ["#bcd9c4", "#f3dfa8", "#c9d6ea", "#e3cfe0"]  # of the amounts
+REST, LINE, EDGE, ROAD = "#f4f1ea", "#b03a2e", "#333", "#8a8a8a"
+
+
+class Panel:
+    """A parcel, what is asked of it, and what is said beside it. `labels` go from amount to text, `texts` and `dots`
+    are places in the parcel's coordinates, and `sides` are numbers of sides to be named."""
+
+    def __init__(self, title, rings, asked, labels=(), texts=(), dots=(), sides=(), road=None, dashed=None):
+        self.title, self.rings, self.asked, self.labels = title, rings, asked, list(labels)
+        self.texts, self.dots, self.sides, self.road, self.dashed = texts, dots, sides, road, dashed
+
+
+def rings_in(wkt):
+    return [[tuple(map(float, p.split())) for p in ring.split(",")] for ring in re.findall(r"\(([^()]+)\)", wkt)]
+
+
+def rows_of(path):
+    with open(path, encoding="utf-8", newline="") as file:
+        return list(csv.DictReader(file))
+
+
+def divide(program, rings, asked):
+    """The pieces, as (amount, rings), and the lines, as (number, ends)."""
+    closed = ["(" + ", ".join(f"{x} {y}" for x, y in ring + ring[:1]) + ")" for ring in rings]
+    with tempfile.TemporaryDirectory() as scratch:
+        lot = pathlib.Path(scratch) / "lot.csv"
+        lot.write_text(f'lot,WKT\n1,"POLYGON ({", ".join(closed)})"\n', encoding="utf-8")
+        out = pathlib.Path(scratch) / "out.csv"
+        subprocess.run([program, "divide", lot, *asked.split(), "-o", out], check=True, stdout=subprocess.DEVNULL)
+        pieces = [(int(row["amount"]), rings_in(row["WKT"])) for row in rows_of(out)]
+        lines = [(int(row["line"]), rings_in(row["WKT"])[0]) for row in rows_of(out.with_name("out-lines.csv"))]
+    return pieces, lines
+
+
+def is_in(p, rings):
+    inside = False
+    for ring in rings:
+        for a, b in zip(ring, ring[1:] + ring[:1]):
+            if (a[1] > p[1]) != (b[1] > p[1]) and p[0] < a[0] + (b[0] - a[0]) * (p[1] - a[1]) / (b[1] - a[1]):
+                inside = not inside
+    return inside
+
+
+def distance2(p, a, b):
+    dx, dy = b[0] - a[0], b[1] - a[1]
+    along = ((p[0] - a[0]) * dx + (p[1] - a[1]) * dy) / ((dx * dx + dy * dy) or 1.0)
+    along = min(1.0, max(0.0, along))
+    return (p[0] - a[0] - along * dx) ** 2 + (p[1] - a[1] - along * dy) ** 2
+
+
+def middle(rings):
+    """The place in a piece that lies farthest from its boundary, on a grid."""
+    xs, ys = zip(*rings[0])
+    steps = [(i + 0.5) / 41 for i in range(41)]
+    grid = [(min(xs) + u * (max(xs) - min(xs)), min(ys) + v * (max(ys) - min(ys))) for u in steps for v in steps]
+    sides = [(a, b) for ring in rings for a, b in zip(ring, ring[1:] + ring[:1])]
+    return max((p for p in grid if is_in(p, rings)), key=lambda p: min(distance2(p, a, b) for a, b in sides))
+
+
+def extent(ring):
+    xs, ys = zip(*ring)
+    return max(xs) - min(xs), max(ys) - min(ys)
+
+
+def scale(ring):
+    return SIZE / max(extent(ring))
+
+
+def height(panel):
+    points = panel.rings[0] + list(panel.road or ())
+    return ABOVE + BELOW + scale(panel.rings[0]) * extent(points)[1]
+
+
+class Drawing:
+    """SVG in the coordinates of one panel."""
+
+    def __init__(self, left, bottom, ring):
+        xs, ys = zip(*ring)
+        self.scale = scale(ring)
+        self.left = left + (WIDTH - self.scale * (max(xs) - min(xs))) / 2 - self.scale * min(xs)
+        self.bottom = bottom - BELOW + self.scale * min(ys)
+        self.parts = []
+
+    def at(self, p):
+        return f"{self.left + self.scale * p[0]:.1f}", f"{self.bottom - self.scale * p[1]:.1f}"
+
+    def area(self, rings, fill, stroke="none"):
+        path = " ".join("M" + " L".join(",".join(self.at(p)) for p in ring) + " Z" for ring in rings)
+        self.parts.append(f'<path d="{path}" fill="{fill}" fill-rule="evenodd" stroke="{stroke}" stroke-width="1.5"/>')
+
+    def line(self, a, b, colour=LINE, width=2, more=""):
+        (x1, y1), (x2, y2) = self.at(a), self.at(b)
+        self.parts.append(f'<line x1="{x1}" y1="{y1}" x2="{x2}" y2="{y2}" stroke="{colour}" stroke-width="{width}"{more}/>')
+
+    def text(self, p, words, more=' text-anchor="middle"', down=4.0):
+        x, y = self.at(p)
+        self.parts.append(f'<text x="{x}" y="{float(y) + down:.1f}"{more}>{words}</text>')
+
+    def dot(self, p):
+        x, y = self.at(p)
+        self.parts.append(f'<circle cx="{x}" cy="{y}" r="4" fill="{LINE}"/>')
+
+
+def drawn(program, panel, left, bottom):
+    pieces, lines = divide(program, panel.rings, panel.asked)
+    drawing = Drawing(left, bottom, panel.rings[0])
+    amounts = max(amount for amount, _ in pieces)
+    for amount, rings in pieces:
+        is_rest = amount == amounts and len(panel.labels) < amounts
+        drawing.area(rings, REST if is_rest else COLOURS[(amount - 1) % len(COLOURS)])
+    drawing.area(panel.rings, "none", EDGE)
+    if panel.road:
+        drawing.line(*panel.road, colour=ROAD, more=' stroke-dasharray="10 4" marker-end="url(#road)"')
+    if panel.dashed:
+        for _, ends in divide(program, panel.rings, panel.dashed)[1]:
+            drawing.line(ends[0], ends[-1], more=' stroke-dasharray="5 4" marker-end="url(#arrow)"')
+    for i, (number, ends) in enumerate(lines):
+        is_last = i + 1 == len(lines) or lines[i + 1][0] != number
+        drawing.line(ends[0], ends[-1], more=' marker-end="url(#arrow)"' if is_last else "")
+    for amount, rings in pieces:
+        if amount <= len(panel.labels):
+            drawing.text(middle(rings), panel.labels[amount - 1])
+    for p in panel.dots:
+        drawing.dot(p)
+    for p, words, anchor in panel.texts:
+        drawing.text(p, words, f' text-anchor="{anchor}"')
+    ring = panel.rings[0]
+    for side in panel.sides:
+        a, b = ring[side - 1], ring[side % len(ring)]
+        drawing.line(a, b, EDGE, 4)
+        drawing.text(((a[0] + b[0]) / 2, (a[1] + b[1]) / 2), f"side {side}", down=15 if b[0] > a[0] else -7)
+    drawing.parts.append(f'<text x="{left + WIDTH / 2:.0f}" y="{bottom - 14:.0f}" text-anchor="middle" '
+                         f'font-weight="bold">{panel.title}</text>')
+    return drawing.parts
+
+
+def picture(program, panels, columns=3):
+    rows = [panels[i:i + columns] for i in range(0, len(panels), columns)]
+    heights = [round(max(map(height, row))) for row in rows]
+    wide, high = columns * WIDTH, sum(heights)
+    arrow = '<marker id="{}" markerWidth="6" markerHeight="6" refX="6" refY="2.5" orient="auto"><path d="M0,0 L6,2.5 L0,5 z" fill="{}"/></marker>'
+    parts = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{wide}" height="{high}" viewBox="0 0 {wide} {high}" '
+             'font-family="sans-serif" font-size="12" fill="#222">',
+             f'<defs>{arrow.format("arrow", LINE)}{arrow.format("road", ROAD)}</defs>',
+             f'<rect width="{wide}" height="{high}" fill="#fff"/>']
+    bottom = 0
+    for row, row_height in zip(rows, heights):
+        bottom += row_height
+        for i, panel in enumerate(row):
+            parts += drawn(program, panel, i * WIDTH, bottom)
+    return "\n".join(parts + ["</svg>"]) + "\n"
+
+
+FIELD = [(0, 0), (100, 0), (110, 55), (45, 80), (0, 60)]
+SQUARE = [(0, 0), (80, 0), (80, 80), (0, 80)]
+ELL = [(0, 0), (80, 0), (80, 40), (40, 40), (40, 80), (0, 80)]
+GAP = [(0, 0), (100, 0), (100, 70), (65, 70), (65, 25), (35, 25), (35, 70), (0, 70)]
+YARD = [(62, 28), (62, 48), (82, 48), (82, 28)]
+POND = [(18, 44), (26, 56), (36, 50), (32, 40)]
+COMB = [(0, 0), (100, 0), (100, 80), (84, 80), (84, 30), (70, 30), (70, 64), (56, 64), (56, 30), (42, 30), (42, 76), (26, 76),
+        (26, 30), (14, 30), (14, 58), (0, 58)]
+
+PICTURES = {
+    "lines-of-a-direction.svg": [
+        Panel("parallel to a side", [FIELD], "--parallel 1 --area 2500", ["2500"], sides=[1]),
+        Panel("at right angles to a side", [FIELD], "--perpendicular 1 --area 2500", ["2500"], sides=[1]),
+        Panel("from a vertex", [FIELD], "--vertex 1 --area 2500", ["2500"], dots=[(0, 0)], sides=[1]),
+        Panel("at a bearing of 30 gons", [FIELD], "--bearing 30 --area 2500", ["2500"]),
+        Panel("along a segment: a road", [FIELD], "--along-segment 20,104,125,62 --area 2500", ["2500"],
+              road=((20, 104), (125, 62))),
+        Panel("two frontages, then an area", [FIELD], "--perpendicular 1 --areas w25,w20,2400", ["25", "20", "2400"], sides=[1]),
+    ],
+    "lines-through-points.svg": [
+        Panel("from a place", [ELL], "--place 1,16 --area 2320", ["2320"], [((16, -7), "16 along side 1", "middle")], [(16, 0)]),
+        Panel("through a point", [SQUARE], "--through 20,20 --area 900", ["900"],
+              [((24, 24), "20, 20", "start"), ((76, 66), "the first line,", "end"), ((76, 59), "clockwise from", "end"),
+               ((76, 52), "North, and the other", "end")], [(20, 20)], dashed="--through 20,20 --area 900 --alternative 2"),
+        Panel("round a point", [SQUARE], "--through 40,40 --areas 1/2,1/8,1/4", ["1/2", "1/8", "1/4", "1/8"], dots=[(40, 40)]),
+    ],
+    "lines-and-pieces.svg": [
+        Panel("two pieces: across a hole", [FIELD, YARD, POND], "--parallel 1 --area 3200", ["3200"], sides=[1]),
+        Panel("two pieces: across one arm", [GAP], "--parallel 3 --area 1000", ["1000"], sides=[3]),
+        Panel("any number: three equal parts", [COMB, [(44, 8), (44, 20), (60, 20), (60, 8)]],
+              "--pieces any --parallel 1 --parts 3", ["1", "2", "3"], sides=[1]),
+    ],
+}
+
+
+def main():
+    if len(sys.argv) not in (2, 3):
+        sys.exit(__doc__)
+    folder = pathlib.Path(sys.argv[2] if len(sys.argv) == 3 else pathlib.Path(__file__).parent.parent / "docs")
+    for name, panels in PICTURES.items():
+        (folder / name).write_text(picture(sys.argv[1], panels), encoding="utf-8")
+
+
+main()
