@@ -47,6 +47,12 @@ bool has_decimals(const PL_PNT2D_record& p, int decimals)
     return p.x == rounded_to(p.x, decimals) && p.y == rounded_to(p.y, decimals);
 }
 
+// 0.03 across, where y has steps of 9.3e-10.
+const Ring kTiny = {{501377.85941864562, 5020476.2007296644},
+                    {501377.83438809507, 5020476.187706654},
+                    {501377.83714382054, 5020476.1833247645},
+                    {501377.85422664776, 5020476.1934890747}};
+
 struct StakedRow {
     const char* what;
     Ring ring;
@@ -73,6 +79,8 @@ const StakedRow kStaked[] = {
      request(Cut::parallel, 0, plparcel::area(218.75), 1, 0.01), 2},
     {"a sliver of 0.002 that fewer decimals make a line", kLot,
      request(Cut::through_vertex, 0, plparcel::area(0.1), 0, 0.01), 3},
+    {"nine decimals are as coarse as doubles there", kTiny, request(Cut::parallel, 0, share(1, 2), 9, 2.7e-9),
+     11},
     {"from a vertex with one decimal", kSlant, request(Cut::through_vertex, 1, share(1, 3), 4), 4},
 };
 

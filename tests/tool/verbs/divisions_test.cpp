@@ -263,6 +263,8 @@ TEST_F(Divisions, AParcelWithAHole)
     EXPECT_NE(across.out.find("Dividing line, part 2 "), std::string::npos) << across.out;
     EXPECT_NE(across.out.find("  parcel                 5600.0000\n"), std::string::npos) << across.out;
     EXPECT_NE(across.out.find("Perimeter                 400.0000\n"), std::string::npos) << across.out;
+    const std::string third = divide(file, "--parallel 1 --share 1/3").out;
+    EXPECT_NE(third.find(" 18.6667\n"), std::string::npos) << "four decimals, as without a hole: " << third;
     const test::Result beside = divide(file, "--perpendicular 6 --area 1500");
     EXPECT_NE(beside.out.find("Cut     perpendicular to side 6, from vertex 6 to vertex 7\n"),
               std::string::npos)
