@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -58,14 +59,35 @@ TEST(WhichSide, Longest)
     EXPECT_EQ(said(plparcel::shortest_side(kTriangle)), "2");
     EXPECT_EQ(said(plparcel::longest_side(kLot)), "0 2");
     EXPECT_EQ(said(plparcel::shortest_side(kHoled)), "1:0 1:1 1:2 1:3");
-    EXPECT_EQ(said(plparcel::longest_side({{{0, 0}, {1, 1}, {0, 1}, {1, 0}}, {}})),
-              describe(ChoiceStatus::unusable_boundary));
     const Choice choice = plparcel::longest_side(kTriangle);
     EXPECT_DOUBLE_EQ(choice.candidates[0].length, std::sqrt(12500.0));
     EXPECT_NEAR(choice.candidates[0].bearing, 29.5167235, 1e-7);  // arctan(50 / 100)
     ASSERT_TRUE(choice.next);
     EXPECT_EQ(choice.next->place.index, 0U);
     EXPECT_EQ(choice.next->length, 100.0);
+}
+
+TEST(WhichSide, OfABoundaryThatCrossesItselfThereIsNone)
+{
+    const Parcel crossed = {{{0, 0}, {1, 1}, {0, 1}, {1, 0}}, {}};
+    const OtherGeometry road(std::vector<Segment>{{{0, -1}, {1, -1}}});
+    for (const Choice& choice : {plparcel::longest_side(crossed), plparcel::shortest_side(crossed),
+                                 plparcel::side_near(crossed, {0, 0}), plparcel::vertex_near(crossed, {0, 0}),
+                                 plparcel::side_facing(crossed, 200), plparcel::vertex_farthest(crossed, 0),
+                                 side_along(crossed, road, {10})}) {
+        EXPECT_EQ(choice.status, ChoiceStatus::unusable_boundary);
+        EXPECT_TRUE(choice.candidates.empty());
+    }
+}
+
+TEST(WhichSide, StatusesAreTold)
+{
+    std::set<std::string> told;
+    for (int status = 0; status <= static_cast<int>(ChoiceStatus::too_much_near); ++status)
+        told.insert(describe(static_cast<ChoiceStatus>(status)));
+    EXPECT_EQ(told.size(), 8U) << "each in its own words";
+    EXPECT_EQ(told.count("unknown status"), 0U);
+    EXPECT_STREQ(describe(static_cast<ChoiceStatus>(99)), "unknown status");
 }
 
 TEST(WhichSide, TiesAreWithinATolerance)
@@ -109,6 +131,20 @@ TEST(WhichSide, PartsOfAStraightLineDoNotTie)
     };
     EXPECT_EQ(said(plparcel::side_facing(bent_by(0.0078), 200, 0.01)), "0");
     EXPECT_EQ(said(plparcel::side_facing(bent_by(0.0080), 200, 0.01)), "0 1");
+}
+
+// Each of 65,536 sides goes straight on from the one before, within a hundredth of a gon, all the way round.
+TEST(WhichSide, SidesOfACircleTie)
+{
+    constexpr std::size_t kSides = 65536;
+    Ring circle;
+    for (std::size_t i = 0; i < kSides; ++i) {
+        const double dir_rad = 2.0 * std::acos(-1.0) * static_cast<double>(i) / kSides;
+        circle.push_back({1000.0 * std::cos(dir_rad), 1000.0 * std::sin(dir_rad)});
+    }
+    const Choice choice = plparcel::longest_side({circle, {}}, 1e-3);
+    EXPECT_EQ(choice.status, ChoiceStatus::tied);
+    EXPECT_EQ(choice.candidates.size(), kSides);
 }
 
 TEST(WhichSide, FacesABearing)
@@ -230,10 +266,25 @@ TEST(WhichSide, WhatCountsAsAlongside)
     const double behind = 80.0 + 4.0 / 3.0;
     EXPECT_NEAR(counted({{40, -30}, {120, 30}}, 10, 50), behind + std::sqrt(99.0) - (80.0 - 10.0 / 0.6),
                 1e-12);
+    // Straight away from the side: of 5 before it to 20 only the disc round the near end, 75 being 10 * 10 - 5 * 5.
+    EXPECT_DOUBLE_EQ(counted({{60, -20}, {60, -5}}, 10, 100), 2.0 * std::sqrt(75.0));
+    EXPECT_DOUBLE_EQ(counted({{60, 0.75}, {60, 0.5}}, 10, 100), 2.0 * std::sqrt(99.75)) << "just behind it";
+    EXPECT_DOUBLE_EQ(counted({{60, -5}, {60, 0.5}}, 10, 100), 20.0) << "across it";
+    EXPECT_EQ(counted({{121, -20}, {140, -1}}, 10, 60), 0.0) << "a box that is near, round one that is not";
     const Segment one = {{10, -8}, {20, -8}};
     const Segment two = {{15, -8}, {30, -8}};
     const Choice both = side_along(kLot, OtherGeometry({one, two}), {10});
     EXPECT_DOUBLE_EQ(both.candidates[0].alongside, 32.0) << "counted once where they overlap";
+}
+
+// So far away that along and across the side (0, 0) to (30, 40) both ends have the same coordinates.
+TEST(WhichSide, FromAShortSegmentFarAway)
+{
+    const Parcel parcel = {{{0, 0}, {30, 40}, {-10, 40}}, {}};
+    const Choice choice =
+        side_along(parcel, OtherGeometry(std::vector<Segment>{{{1e9, 8e9}, {test::up(1e9), 8e9}}}), {10});
+    EXPECT_EQ(choice.status, ChoiceStatus::too_far);
+    EXPECT_NEAR(choice.nearest, std::hypot(1e9 - 30.0, 8e9 - 40.0), 2e-6) << "from (30, 40)";
 }
 
 TEST(WhichSide, AlongANeighbour)
@@ -452,6 +503,8 @@ TEST(WhichSide, ManySegmentsAndVertices)
     EXPECT_NE(side_along(star, OtherGeometry(segments), {20, 100}).status, ChoiceStatus::too_much_near);
     // All are near all: refused after the stated number of pairs.
     EXPECT_EQ(side_along(star, OtherGeometry(segments), {1e6, 100}).status, ChoiceStatus::too_much_near);
+    EXPECT_EQ(side_along(star, OtherGeometry(segments), {1e6, 0}).status, ChoiceStatus::too_much_near)
+        << "so many that none runs along a side";
 }
 
 }  // namespace

@@ -509,7 +509,10 @@ Request any_request(const Parcel& parcel)
     request.line.a = parcel.outer[0];
     request.line.b = parcel.outer[2];
     request.measured = static_cast<Measured>(less_than(2));
-    const std::size_t of = 2 + less_than(11);
+    // Of whole squares, halves of them: many lie at the level of a vertex.
+    const double squares = 2.0 * check_parcel(parcel).area;
+    const bool is_of_squares = squares >= 2.0 && squares < 1e4 && squares == std::floor(squares);
+    const std::size_t of = is_of_squares ? static_cast<std::size_t>(squares) : 2 + less_than(11);
     if (less_than(3) == 0)
         request.amounts = plparcel::equal_parts(2 + less_than(4));
     else
@@ -961,6 +964,15 @@ std::string objection_to_refusal(const Judged& judged, const Request& request, c
     return Runs(judged, parcel, request).hold_one(exactly) ? "a line holds it" : "";
 }
 
+bool is_same_line(const plparcel::DividingLine& one, const plparcel::DividingLine& other)
+{
+    const auto same = [](const plparcel::Segment& a, const plparcel::Segment& b) {
+        return a.from.x == b.from.x && a.from.y == b.from.y && a.to.x == b.to.x && a.to.y == b.to.y;
+    };
+    return std::equal(one.segments.begin(), one.segments.end(), other.segments.begin(), other.segments.end(),
+                      same);
+}
+
 TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
 {
     const char* chosen = std::getenv("PLCALC_DIVISIONS");
@@ -994,6 +1006,17 @@ TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
         if (fault.empty() && division.status == Status::divided)
             fault = objection_to_rounding(exactly, request, division);
         EXPECT_EQ(fault, "") << describe(division) << ": " << shown(parcel, request);
+        if (division.status != Status::divided)
+            continue;
+        request.alternative = 1;
+        const Division other = divide(parcel, request);
+        ++tally[std::string("another line: ") + describe(other)];
+        EXPECT_TRUE(other.status == Status::divided || other.status == Status::no_further_line)
+            << describe(other) << ": " << shown(parcel, request);
+        if (other.status == Status::divided) {
+            EXPECT_EQ(objection_to_two(exactly, request, parcel, other), "") << shown(parcel, request);
+            EXPECT_FALSE(is_same_line(division.lines[0], other.lines[0])) << shown(parcel, request);
+        }
     }
     for (const auto& [what, times] : tally)
         std::printf("  %7d %s\n", times, what.c_str());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "lines/direction.h"
@@ -131,12 +132,13 @@ public:
 
     bool is_empty() const { return segments_.empty(); }
 
+    using Note = std::function<bool(const Segment&)>;
+
     // Calls `note` for each segment that may lie within the distance, which may shrink on the way; stops when it
-    // returns false.
-    template <class Note> void near(const Reach& reach, const double& distance, const Note& note) const
+    // returns false. There must be segments.
+    void near(const Reach& reach, const double& distance, const Note& note) const
     {
-        if (!segments_.empty())
-            visit(1, 0, segments_.size(), leaves_, reach, distance, note);
+        visit(1, 0, segments_.size(), leaves_, reach, distance, note);
     }
 
 private:
@@ -169,7 +171,6 @@ private:
         build(2 * node + 1, half, end, leaves / 2);
     }
 
-    template <class Note>
     bool visit(std::size_t node, std::size_t begin, std::size_t end, std::size_t leaves, const Reach& reach,
                const double& distance, const Note& note) const
     {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include "asking/alongside.h"
@@ -167,45 +169,54 @@ struct Measure {
     double tied_within;
 };
 
-// Fills in which one fits best, those that tie with it, and which one comes next.
-template <class IsBetter, class Ties, class Describe>
-void choose(const Items& items, bool sides, const IsBetter& is_better, const Ties& ties,
-            const Describe& describe, Choice& choice)
+// Which ones fit best, and which one comes next.
+struct Fitting {
+    std::vector<std::size_t> best;  // several when they tie
+    std::optional<std::size_t> next;
+};
+
+using Compares = std::function<bool(std::size_t, std::size_t)>;
+
+Fitting choose(const Items& items, bool sides, const Compares& is_better, const Compares& ties)
 {
     std::size_t best = 0;
     for (std::size_t i = 1; i < items.size(); ++i)
         if (is_better(i, best))
             best = i;
-    std::vector<std::size_t> tied;
+    Fitting fitting;
     std::vector<std::size_t> others;
     for (std::size_t i = 0; i < items.size(); ++i)
-        (i == best || ties(best, i) ? tied : others).push_back(i);
-    if (sides && tied.size() > 1) {
-        const std::size_t part = part_of_straight_line(items, tied);
-        if (part < tied.size())
-            tied = {tied[part]};
+        (i == best || ties(best, i) ? fitting.best : others).push_back(i);
+    if (sides && fitting.best.size() > 1) {
+        const std::size_t part = part_of_straight_line(items, fitting.best);
+        if (part < fitting.best.size())
+            fitting.best = {fitting.best[part]};
     }
-    choice.status = tied.size() > 1 ? ChoiceStatus::tied : ChoiceStatus::found;
-    for (const std::size_t i : tied)
-        choice.candidates.push_back(describe(i));
-    if (tied.size() > 1 || others.empty())
-        return;
+    if (fitting.best.size() > 1 || others.empty())
+        return fitting;
     // Of several that come next, the westmost: not the one at which the caller began to count.
     const auto comes_next = [&](std::size_t a, std::size_t b) {
         return is_better(a, b) || (!is_better(b, a) && comes_before(items[a].side.a, items[b].side.a));
     };
-    choice.next = describe(*std::min_element(others.begin(), others.end(), comes_next));
+    fitting.next = *std::min_element(others.begin(), others.end(), comes_next);
+    return fitting;
 }
 
-template <class Describe>
-void choose_least(const Items& items, bool sides, const Measure& measure, const Describe& describe,
-                  Choice& choice)
+Fitting choose_least(const Items& items, bool sides, const Measure& measure)
 {
     const std::vector<Wide>& values = measure.values;
-    choose(
+    return choose(
         items, sides, [&](std::size_t a, std::size_t b) { return values[a] < values[b]; },
-        [&](std::size_t best, std::size_t i) { return !(values[i] - values[best] > measure.tied_within); },
-        describe, choice);
+        [&](std::size_t best, std::size_t i) { return !(values[i] - values[best] > measure.tied_within); });
+}
+
+void tell(const Fitting& fitting, const std::function<Candidate(std::size_t)>& describe, Choice& choice)
+{
+    choice.status = fitting.best.size() > 1 ? ChoiceStatus::tied : ChoiceStatus::found;
+    for (const std::size_t i : fitting.best)
+        choice.candidates.push_back(describe(i));
+    if (fitting.next)
+        choice.next = describe(*fitting.next);
 }
 
 Choice by_length(const Parcel& parcel, double sign, double tied_within)
@@ -217,8 +228,8 @@ Choice by_length(const Parcel& parcel, double sign, double tied_within)
     Measure measure = {{}, std::fmax(at_least_nothing(tied_within), items.rounding())};
     for (const Item& item : items.all())
         measure.values.push_back(item.length * sign);
-    choose_least(
-        items, true, measure, [&](std::size_t i) { return side_candidate(items[i]); }, choice);
+    tell(
+        choose_least(items, true, measure), [&](std::size_t i) { return side_candidate(items[i]); }, choice);
     return choice;
 }
 
@@ -253,7 +264,7 @@ Choice near(const Parcel& parcel, const PL_PNT2D_record& point, bool sides, doub
         candidate.distance = measure.values[i].value();
         return candidate;
     };
-    choose_least(items, sides, measure, describe, choice);
+    tell(choose_least(items, sides, measure), describe, choice);
     return choice;
 }
 
@@ -318,10 +329,10 @@ Choice side_facing(const Parcel& parcel, double bearing_gon, double tied_within_
         candidate.turned = AngoloDaAsseRifer(turned[i].direction.y.value(), turned[i].direction.x.value());
         return candidate;
     };
-    choose(
-        items, true,
-        [&](std::size_t a, std::size_t b) { return cross(turned[a].direction, turned[b].direction) > 0.0; },
-        ties, describe, choice);
+    const auto is_better = [&](std::size_t a, std::size_t b) {
+        return cross(turned[a].direction, turned[b].direction) > 0.0;
+    };
+    tell(choose(items, true, is_better, ties), describe, choice);
     return choice;
 }
 
@@ -345,7 +356,7 @@ Choice vertex_farthest(const Parcel& parcel, double bearing_gon, double tied_wit
         candidate.distance = (measure.values[i] - farthest).value();
         return candidate;
     };
-    choose_least(items, false, measure, describe, choice);
+    tell(choose_least(items, false, measure), describe, choice);
     return choice;
 }
 
@@ -383,9 +394,11 @@ Choice side_along(const Parcel& parcel, const OtherGeometry& other, const Alongs
         choice.status =
             choice.nearest > alongside.distance ? ChoiceStatus::too_far : ChoiceStatus::not_alongside;
     }
-    if (search.gave_up())
+    if (search.gave_up()) {
         choice.status = ChoiceStatus::too_much_near;
-    if (!any || search.gave_up())
+        return choice;
+    }
+    if (!any)
         return choice;
     const auto describe = [&](std::size_t i) {
         Candidate candidate = side_candidate(items[i]);
@@ -393,7 +406,7 @@ Choice side_along(const Parcel& parcel, const OtherGeometry& other, const Alongs
         candidate.alongside = lengths[i].length;
         return candidate;
     };
-    choose_least(items, true, measure, describe, choice);
+    tell(choose_least(items, true, measure), describe, choice);
     if (choice.next && !(choice.next->alongside > 0.0))
         choice.next.reset();
     return choice;

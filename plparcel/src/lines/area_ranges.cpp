@@ -39,11 +39,11 @@ std::vector<AreaRange> united(std::vector<AreaRange> ranges, const Wide& whole, 
 {
     const Wide rim = whole * kRim;
     const auto is_short = [&](const AreaRange& range) { return !(range.most - range.least > granted); };
-    ranges.erase(std::remove_if(ranges.begin(), ranges.end(),
-                                [&](const AreaRange& range) {
-                                    return is_short(range) && !range.least_is_had && !range.most_is_had;
-                                }),
-                 ranges.end());
+    const auto holds_none = [&](const AreaRange& range) {
+        return !(range.most > rim) || !(range.least < whole - rim) ||
+               (is_short(range) && !range.least_is_had && !range.most_is_had);
+    };
+    ranges.erase(std::remove_if(ranges.begin(), ranges.end(), holds_none), ranges.end());
     for (AreaRange& range : ranges) {
         if (is_short(range))
             range.least_is_had = range.most_is_had = true;  // the one end stands for the other
@@ -63,8 +63,7 @@ std::vector<AreaRange> united(std::vector<AreaRange> ranges, const Wide& whole, 
         }
         if (!apart.empty() && range.least < apart.back().most)
             range.least = apart.back().most;  // by less than what is granted
-        if (range.least < range.most || range.most_is_had)
-            apart.push_back(range);
+        apart.push_back(range);
     }
     return apart;
 }
