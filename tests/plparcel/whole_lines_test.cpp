@@ -494,6 +494,79 @@ TEST(WholeLines, ASeriesOfTwoPiecesEachAcrossHoles)
         EXPECT_NEAR(piece.area, (10000 - 400 - 200) / 5.0, 1e-6);
 }
 
+// Strips of a width in two pieces, from whatever the width counts from.
+TEST(WholeLines, AStripOfAParcelWithHoles)
+{
+    // The U's left arm has a hole of 15 above level 50.
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    struct StripRow {
+        const char* what;
+        const Parcel& parcel;
+        Line line;
+        double width;
+        Measured measured;
+        double area;          // of the strip
+        PL_PNT2D_record end;  // of the line
+        Status status;
+    };
+    const StripRow rows[] = {
+        {"from the side, through a hole", kHoles, parallel_to(0), 50, kHere, 4800, {0, 50}, Status::divided},
+        {"from the far end", kHoles, parallel_to(0), 50, kThere, 4600, {0, 50}, Status::divided},
+        {"from the East", kHoles, at_bearing(0), 10, kHere, 1000, {90, 0}, Status::divided},
+        {"from the West", kHoles, at_bearing(0), 5, kThere, 500, {5, 0}, Status::divided},
+        {"from the side's end", kHoles, perpendicular_to(0), 10, kHere, 1000, {90, 0}, Status::divided},
+        {"from its beginning", kHoles, perpendicular_to(0), 5, kThere, 500, {5, 0}, Status::divided},
+        {"up to the hole's tip", kHoles, at_bearing(0), 10, kThere, 0, {}, Status::line_leaves_parcel},
+        {"up to the far end", kHoles, parallel_to(0), 100, kHere, 0, {}, Status::amount_too_large},
+        {"beyond it", kHoles, parallel_to(0), 150, kHere, 0, {}, Status::amount_too_large},
+        {"all but an arm's top: that of the left one comes first",
+         u,
+         parallel_to(0),
+         45,
+         kHere,
+         4785 - (450 - 15),
+         {0, 45},
+         Status::divided},
+    };
+    for (const StripRow& row : rows) {
+        for (const bool clockwise : {false, true}) {
+            Parcel parcel = row.parcel;
+            Line line = row.line;
+            Measured measured = row.measured;
+            if (clockwise) {
+                // Side 0 is the last but one of a ring told backwards, and runs the other way.
+                std::reverse(parcel.outer.begin(), parcel.outer.end());
+                line.index = parcel.outer.size() - 2;
+                if (line.cut == Cut::perpendicular)
+                    measured = measured == kHere ? kThere : kHere;
+            }
+            const Division division = cut(parcel, line, {width(row.width)}, measured, Pieces::two);
+            ASSERT_EQ(division.status, row.status) << row.what;
+            if (row.status != Status::divided)
+                continue;
+            EXPECT_NEAR(division.pieces[0].area, row.area, 1e-6) << row.what;
+            const plparcel::DividingLine& made = division.lines[0];
+            const bool begins = std::hypot(made.from.x - row.end.x, made.from.y - row.end.y) < 1e-9;
+            const bool ends = std::hypot(made.to.x - row.end.x, made.to.y - row.end.y) < 1e-9;
+            EXPECT_TRUE(begins || ends) << row.what;
+            for (const Piece& piece : division.pieces) {
+                EXPECT_EQ(plparcel::check_ring(piece.ring).anticlockwise, !clockwise) << row.what;
+                for (const Ring& hole : piece.holes)
+                    EXPECT_EQ(plparcel::check_ring(hole).anticlockwise, clockwise) << row.what;
+            }
+        }
+    }
+    // Both arms are crossed at 45, and nothing else.
+    Request request;
+    request.amounts = {width(45)};
+    request.alternative = 1;
+    const Division other = divide(u, request);
+    ASSERT_EQ(other.status, Status::divided) << describe(other);
+    EXPECT_NEAR(other.pieces[0].area, 4785 - 40 * 15, 1e-6) << "all but the right arm's top";
+    request.alternative = 2;
+    EXPECT_EQ(divide(u, request).status, Status::no_further_line);
+}
+
 // What holes take away is not there to be cut.
 TEST(WholeLines, AmountsThatCannotBeCutOffAParcelWithHoles)
 {
