@@ -113,6 +113,36 @@ TEST(Feasible, ThroughAPointInside)
     EXPECT_EQ(ranges(kU, through_point({15, 40})), "[300 1312.5) (2287.5 3300]");
 }
 
+// Two corners stand on one line from where it begins, the one before the other; a few spacings of doubles off it they still do.
+TEST(Feasible, CornersAHairOffALineAreOnIt)
+{
+    const double spacing = 0x1p-52 * 64.0;
+    // Walls from the left and from the right, seen from between them.
+    const auto two_walls = [](double off) {
+        return Ring{{0, 0},     {100, 0}, {100, 25}, {50, 30},       {100, 35},
+                    {100, 100}, {0, 100}, {0, 75},   {50 + off, 70}, {0, 65}};
+    };
+    // A wall from the right and one from above, seen from the corner (0, 0).
+    const auto before_another = [](double off) {
+        return Ring{{0, 0},     {100, 0},  {100, 10}, {40, 40 + off}, {100, 20},
+                    {100, 100}, {80, 100}, {70, 70},  {60, 100},      {0, 100}};
+    };
+    // The walls take 250 each away, and are each other's image in the point: any line through it halves the rest.
+    EXPECT_EQ(ranges(two_walls(0), through_point({50, 50})), "[4750 4750]");
+    // Below the ray to (40, 40) there are 800, and 1500 from there to the wall; above the ray to (70, 70) 4400 of all 9400.
+    EXPECT_EQ(ranges(before_another(0), through_vertex(0)), "(0 2300] (5000 9400)");
+    for (const double off : {1.0, 2.0, 4.0, -1.0, -2.0, -4.0}) {
+        for (const Measured measured : {Measured::from_reference, kFar}) {
+            EXPECT_EQ(ranges(two_walls(off * spacing), through_point({50, 50}), measured),
+                      ranges(two_walls(0), through_point({50, 50}), measured))
+                << off;
+            EXPECT_EQ(ranges(before_another(off * spacing), through_vertex(0), measured),
+                      ranges(before_another(0), through_vertex(0), measured))
+                << off;
+        }
+    }
+}
+
 TEST(Feasible, AnyNumberOfPieces)
 {
     const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};

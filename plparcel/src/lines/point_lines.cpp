@@ -318,20 +318,20 @@ private:
     std::vector<double> clear_ways(const WidePoint (Rim::*half)[2]) const
     {
         constexpr std::size_t kMostBeside = 64;
-        std::vector<double> ways(rims_.size(), std::numeric_limits<double>::infinity());
-        for (std::size_t i = 0; i < rims_.size(); ++i) {
+        const std::size_t n = rims_.size();
+        const std::size_t most = std::min(kMostBeside, n);
+        std::vector<double> ways(n, std::numeric_limits<double>::infinity());
+        for (std::size_t i = 0; i < n; ++i) {
             const Wide one = length_of((rims_[i].*half)[0]);
             const Wide other = length_of((rims_[i].*half)[1]);
             if (!(abs(one - other) > request_.reach))
                 continue;
             const double way = (one < other ? one : other).value();
             ways[i] = std::fmin(ways[i], way);
-            for (std::size_t k = i; k > 0 && i - k < kMostBeside && is_beside(rims_[i], rims_[k - 1], way);
-                 --k)
-                ways[k - 1] = std::fmin(ways[k - 1], way);
-            for (std::size_t k = i + 1;
-                 k < rims_.size() && k - i < kMostBeside && is_beside(rims_[i], rims_[k], way); ++k)
-                ways[k] = std::fmin(ways[k], way);
+            // To either side, beyond the first direction too.
+            for (const std::size_t step : {std::size_t{1}, n - 1})
+                for (std::size_t k = 1; k < most && is_beside(rims_[i], rims_[(i + k * step) % n], way); ++k)
+                    ways[(i + k * step) % n] = std::fmin(ways[(i + k * step) % n], way);
         }
         return ways;
     }
