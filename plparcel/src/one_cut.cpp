@@ -127,7 +127,7 @@ public:
         for (const Chord& line : levels.lines_at(level)) {
             const Wide asked = local_.area_to_parcel(levels.request_area(line, level));
             const Wide rest = target_.rest - asked;
-            if (!(asked > 0.0) || !(rest > 0.0))
+            if (!(std::min(asked, rest) > 0.0))
                 continue;
             if (attempt.status == Status::amount_too_large)
                 attempt.status = Status::line_leaves_parcel;

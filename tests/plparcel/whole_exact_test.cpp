@@ -1014,7 +1014,10 @@ TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
         EXPECT_TRUE(other.status == Status::divided || other.status == Status::no_further_line)
             << describe(other) << ": " << shown(parcel, request);
         if (other.status == Status::divided) {
-            EXPECT_EQ(objection_to_two(exactly, request, parcel, other), "") << shown(parcel, request);
+            Judged by_other = judged(parcel, request);
+            look_at_rounding(other, by_other);
+            EXPECT_EQ(objection_to_two(by_other, request, parcel, other), "") << shown(parcel, request);
+            EXPECT_EQ(objection_to_rounding(by_other, request, other), "") << shown(parcel, request);
             EXPECT_FALSE(is_same_line(division.lines[0], other.lines[0])) << shown(parcel, request);
         }
     }

@@ -492,6 +492,57 @@ TEST(WholeLines, ASeriesOfTwoPiecesEachAcrossHoles)
     ASSERT_EQ(parts.status, Status::divided) << describe(parts);
     for (const plparcel::Piece& piece : parts.pieces)
         EXPECT_NEAR(piece.area, (10000 - 400 - 200) / 5.0, 1e-6);
+    const Division more = cut(kHoles, parallel_to(0), {width(10), area(9000)}, kHere, Pieces::two);
+    EXPECT_EQ(more.status, Status::amount_too_large) << "the strip leaves 8400";
+    EXPECT_EQ(more.at_amount, 1U);
+    // So little that from there on the doubles hold the side's own line only.
+    Parcel away = kHoles;
+    for (PL_PNT2D_record& p : away.outer)
+        p = {p.x + 1000.0, p.y + 1000.0};
+    for (Ring& hole : away.holes)
+        for (PL_PNT2D_record& p : hole)
+            p = {p.x + 1000.0, p.y + 1000.0};
+    for (const Pieces pieces : {Pieces::two, Pieces::any})
+        for (const Parcel& parcel : {away, Parcel{away.outer, {}}})
+            for (const Line& line : {parallel_to(0), at_bearing(0), at_bearing(100)})
+                for (const Measured measured : {kHere, kThere})
+                    EXPECT_EQ(cut(parcel, line, {width(1e-40)}, measured, pieces).status, Status::not_reached)
+                        << parcel.holes.size() << line.bearing << static_cast<int>(measured)
+                        << static_cast<int>(pieces);
+}
+
+// What an arm holds above its floor, give or take less than an amount may be missed by: the line at the floor, to the corner.
+TEST(WholeLines, APartOfALineBesideTheAmount)
+{
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    constexpr double kTop = 30.0 * 40 - 15;
+    for (const double off : {0.0, 1e-7, -1e-7}) {
+        for (const Line& line : {parallel_to(0), at_bearing(100)}) {
+            Request request;
+            request.line = line;
+            request.amounts = {area(4785 - kTop + off)};
+            const Division division = divide(u, request);
+            ASSERT_EQ(division.status, Status::divided) << off;
+            const PL_PNT2D_record& end = division.lines[0].to;
+            EXPECT_NEAR(end.x, 30, 1e-9) << off;
+            EXPECT_NEAR(end.y, 20, off > 0.0 ? 1e-8 : 0.0) << off;
+            request.alternative = 1;
+            EXPECT_EQ(divide(u, request).status, Status::divided) << "in the right arm";
+        }
+    }
+}
+
+// The line in the left arm at the level at which the right one ends, and the left one is wider from there on.
+TEST(WholeLines, AlongAnArmsEndItDoesNotMeetTheParcelAgain)
+{
+    const Parcel u = {
+        {{5, 0}, {100, 0}, {100, 40}, {60, 40}, {60, 20}, {30, 20}, {30, 60}, {0, 60}, {0, 40}, {5, 40}},
+        {{{10, 50}, {13, 50}, {13, 55}, {10, 55}}}};
+    const Division division = cut(u, parallel_to(0), {width(40)}, kHere, Pieces::two);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.lines[0].segments.size(), 1U);
+    EXPECT_FALSE(division.lines[0].meets_again);
+    EXPECT_NEAR(division.pieces[1].area, 30 * 20 - 15, 1e-9);
 }
 
 // Strips of a width in two pieces, from whatever the width counts from.

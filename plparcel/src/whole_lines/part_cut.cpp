@@ -121,7 +121,7 @@ public:
             const Wide above = frame_.area_to_parcel(line.above);
             const Wide asked = line.request_above ? above : area_ - above;
             const Wide rest = left - asked;
-            if (!(asked > 0.0) || !(rest > 0.0))
+            if (!(std::min(asked, rest) > 0.0))
                 continue;
             if (made.status == Status::amount_too_large)
                 made.status = Status::line_leaves_parcel;
@@ -260,9 +260,10 @@ private:
     {
         Wide above;
         Wide below;
-        for (std::size_t ring = 1; ring < rings_.rings(); ++ring)
-            if (Wide& sum = line.has_above[ring] ? above : below; !line.crosses[ring])
-                sum = sum + areas_[ring];
+        for (std::size_t ring = 1; ring < rings_.rings(); ++ring) {
+            Wide& holes = line.has_above[ring] ? above : below;
+            holes = holes + areas_[ring];
+        }
         Target of_outer = target;
         of_outer.asked = target.asked - (line.request_above ? above : below);
         of_outer.rest = target.rest - (line.request_above ? below : above);
@@ -383,7 +384,10 @@ private:
     // lies above that segment.
     Placed placed(const PartLine& line) const
     {
-        Placed made = {line, std::vector<bool>(rings_.rings()), std::vector<bool>(rings_.rings())};
+        Placed made;
+        static_cast<PartLine&>(made) = line;
+        made.crosses.resize(rings_.rings());
+        made.has_above.resize(rings_.rings());
         for (const std::size_t side : line.sides)
             made.crosses[rings_.ring_of(side)] = true;
         std::vector<std::pair<std::size_t, int>> ends;
@@ -469,8 +473,8 @@ private:
         std::size_t l = 0;
         std::size_t r = 0;
         while (l + 1 < below.size() && r + 1 < above.size()) {
-            const Wide& begin = below[l] > above[r] ? below[l] : above[r];
-            const Wide& end = below[l + 1] < above[r + 1] ? below[l + 1] : above[r + 1];
+            const Wide& begin = std::max(below[l], above[r]);
+            const Wide& end = std::min(below[l + 1], above[r + 1]);
             const bool is_outside = end < left + reach || begin > right - reach;
             if (is_outside && end - begin > reach)
                 return true;
@@ -593,13 +597,11 @@ private:
         next.up = rest_above ? stage.up : WidePoint{-stage.up.x, -stage.up.y};
         next.where = PartRequest::Where::with_base;
         next.has_base = true;
-        const PL_PNT2D_record from = made.ends[rest_above ? 0 : 1];
-        const PL_PNT2D_record to = made.ends[rest_above ? 1 : 0];
-        next.zero = from;
+        next.zero = made.ends[rest_above ? 0 : 1];
         next.rings = std::move(made.rest);
         const JoinedRings rings(next.rings);
         for (std::size_t side = 0; side < rings.size(); ++side)
-            if (same_place(rings[side], from) && same_place(rings.end_of(side), to))
+            if (same_place(rings[side], next.zero))
                 next.base = side;
         return next;
     }
