@@ -56,7 +56,8 @@ TEST(AreaRanges, Rows)
 
 TEST(AreaRanges, OfTheOtherPiece)
 {
-    EXPECT_EQ(said(plparcel::of_other_piece({{10, 20, true, false}, {50, 100, false, true}}, 100.0)), "[0 50) (80 90]");
+    EXPECT_EQ(said(plparcel::of_other_piece({{10, 20, true, false}, {50, 100, false, true}}, 100.0)),
+              "[0 50) (80 90]");
 }
 
 }  // namespace
