@@ -114,7 +114,7 @@ private:
     void place_whole_rings(std::vector<Face>& faces) const
     {
         bool is_whole = false;
-        for (std::size_t ring = 0; ring < rings_.rings(); ++ring)
+        for (std::size_t ring = 1; ring < rings_.rings(); ++ring)  // every line crosses the outer one
             is_whole = is_whole || !is_crossed_ring(ring);
         if (!is_whole)
             return;
