@@ -153,9 +153,9 @@ class Run:
                 if verdict.state == state and folder in (None, folder_of(mutant.path))]  # fmt: skip
 
 
-def set_up(chosen):
-    folders = sources(chosen)
-    workshops = [Workshop(ROOT, chosen.work / str(number), folders) for number in range(1, chosen.jobs + 1)]
+def set_up(chosen, texts):
+    """texts: by path, as they were when the mutants were chosen."""
+    workshops = [Workshop(ROOT, chosen.work / str(number), sources(chosen)) for number in range(1, chosen.jobs + 1)]
     print(f"Building {len(workshops)} copies in {chosen.work}", flush=True)
     failures = []
 
@@ -170,6 +170,9 @@ def set_up(chosen):
         thread.start()
     for thread in threads:
         thread.join()
+    for name, text in texts.items():
+        if not failures and any((workshop.source / name).read_text() != text for workshop in workshops):
+            failures.append(f"{name} was changed while the copies were made; start again")
     if failures:
         raise SetupError(failures[0])
     print("Running the tests of the unchanged tree", flush=True)
@@ -248,7 +251,7 @@ def main():
         print(f"mutate: {LIST.name}:{entry.line}: no such mutant any more: {' '.join(entry.key)}; remove or renew it",
               file=sys.stderr)  # fmt: skip
     try:
-        workshops = set_up(chosen)
+        workshops = set_up(chosen, run.texts)
     except SetupError as error:
         print(f"mutate: {error}", file=sys.stderr)
         return NO_SETUP

@@ -650,6 +650,31 @@ TEST(WholeLines, AmountsThatCannotBeCutOffAParcelWithHoles)
     }
 }
 
+TEST(WholeLines, AWidthAsHighAsAParcelWithHolesLeavesNothing)
+{
+    const auto status = [](double high) {
+        return cut(kHoles, parallel_to(0), {width(high)}, kHere, Pieces::two).status;
+    };
+    EXPECT_EQ(status(99), Status::divided);
+    EXPECT_EQ(status(100), Status::amount_too_large);
+    EXPECT_EQ(status(101), Status::amount_too_large);
+}
+
+//   4 ------------------ 3     Side 0 is the base; 500 lie behind it. Vertex 2 is a twentieth above its line.
+//   |        [  ]        |
+//   |        0 --- 1 --- 2
+//   5 ------ 6
+TEST(WholeLines, WhatLiesBehindTheBaseGoesWithIt)
+{
+    const Parcel parcel = {{{0, 0}, {50, 0}, {150, 0.05}, {150, 60}, {-50, 60}, {-50, -10}, {0, -10}},
+                           {{{40, 30}, {60, 30}, {60, 40}, {40, 40}}}};
+    const auto status = [&](double asked) {
+        return cut(parcel, parallel_to(0), {area(asked)}, kHere, Pieces::two).status;
+    };
+    EXPECT_EQ(status(497), Status::base_reaches_behind);
+    EXPECT_EQ(status(503), Status::divided);
+}
+
 TEST(CheckParcel, Rows)
 {
     const Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};

@@ -548,6 +548,26 @@ TEST(PlanContents, FiguresHaveTheUnitOfTheCoordinates)
     }
 }
 
+// The title block takes 40 characters a line.
+TEST(PlanContents, WhatWasAssumedStandsInTheTitleBlockFirst)
+{
+    tool::Parcel parcel;
+    parcel.ring = {{0, 0}, {80, 0}, {80, 50}, {0, 50}};
+    parcel.assumed = {"in ab.csv commas stand before the decimals", "X is East"};
+    tool::Asked asked;
+    asked.request.amounts = {plparcel::area(1000)};
+    asked.number = 1;
+    asked.amounts = {"1000"};
+    tool::PlanWishes wishes;
+    wishes.title_block = {{"Client", "Rossi"}};
+    using Entries = std::vector<std::pair<std::string, std::string>>;
+    EXPECT_EQ(tool::plan_of(tool::answer(parcel, asked), wishes).title_block,
+              (Entries{{"Assumed", "in ab.csv commas stand before the"},
+                       {"", "decimals"},
+                       {"Assumed", "X is East"},
+                       {"Client", "Rossi"}}));
+}
+
 TEST(PlanContents, AreasAreWholeUnlessAPieceIsSmall)
 {
     struct Row {
@@ -759,6 +779,15 @@ SheetPoint beginning_of(const std::string& text, const std::string& svg)
     const std::size_t begin = svg.rfind("<text", svg.find(">" + text + "</text>"));
     const auto number = [&](const char* name) { return std::stod(svg.substr(svg.find(name, begin) + 4)); };
     return {number(" x=\""), number(" y=\"")};
+}
+
+TEST_F(Plans, ALineIsNoOutline)
+{
+    tool::Canvas canvas(path("line.svg"), {200, 100}, "title", "line.svg");
+    canvas.line({10, 20}, {30, 40}, tool::kInk, 1);
+    canvas.finish();
+    EXPECT_NE(content("line.svg").find(" d=\"M10.000 20.000L30.000 40.000\" fill=\"none\""),
+              std::string::npos);
 }
 
 // A circle around a place is so fine a polygon that its corners are not seen: 72 of them, every 5 degrees.

@@ -179,19 +179,13 @@ TEST_F(Writer, DecimalsThatDoNotHoldTheAreaAreMore)
     const test::Result enough = divide(file, "--parallel 1 --share 1/3 --decimals 2 --tolerance 0.01%");
     EXPECT_EQ(enough.out.find("Lines "), std::string::npos) << enough.out;
     EXPECT_NE(enough.out.find(" 16.67\n"), std::string::npos) << enough.out;
+    EXPECT_EQ(divide(file, "--parallel 1 --share 1/3 --decimals 17").status, 0);
     EXPECT_TRUE(test::fails_with(divide(file, "--parallel 1 --share 1/3 --decimals 18"), 2,
                                  "--decimals: '18' is not a number from 0 to 17; see plcalc divide --help"));
     EXPECT_TRUE(
         test::fails_with(divide(file, "--parallel 1 --share 1/3 --tolerance 2%"), 2,
                          "--tolerance: '2%' is more than 1% of the parcel; see plcalc divide --help"));
 }
-
-struct FormatRow {
-    const char* ending;
-    bool one_file;
-    bool columns;
-    bool crs;
-};
 
 // A program that writes many files one after another keeps none of their folders, and no file open.
 TEST_F(Writer, AnOutputThatEndsLeavesNothingOpen)
@@ -210,6 +204,24 @@ TEST_F(Writer, AnOutputThatEndsLeavesNothingOpen)
     EXPECT_EQ(opened(), before);
     EXPECT_EQ(files(), (std::set<std::string>{"pieces.txt"}));
 }
+
+TEST_F(Writer, ATableOfOneParcelHasNoFeatureNumber)
+{
+    write("table.csv", "E,N\n0,0\n100,0\n100,50\n0,50\n");
+    ASSERT_EQ(divide("table.csv", "--parallel 1 --share 1/2 -o out.csv").status, 0);
+    for (const char* name : {"out.csv", "out-lines.csv"}) {
+        std::ostringstream text;
+        text << std::ifstream(path(name)).rdbuf();
+        EXPECT_NE(text.str().find(")\",\"0\",\"1\","), std::string::npos) << text.str();
+    }
+}
+
+struct FormatRow {
+    const char* ending;
+    bool one_file;
+    bool columns;
+    bool crs;
+};
 
 TEST_F(Writer, EveryFormatReadBack)
 {

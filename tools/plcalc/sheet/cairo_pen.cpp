@@ -179,7 +179,6 @@ void CairoPen::text(const PlacedText& text)
         cairo_set_line_width(cairo_.get(), text.rim);
         cairo_stroke(cairo_.get());
     }
-    cairo_new_path(cairo_.get());
     cairo_move_to(cairo_.get(), text.start.x, text.start.y);
     set_colour(text.colour);
     cairo_show_text(cairo_.get(), text.text.c_str());
