@@ -127,6 +127,17 @@ TEST(Feasible, CornersAHairOffALineAreOnIt)
         return Ring{{0, 0},     {100, 0},  {100, 10}, {40, 40 + off}, {100, 20},
                     {100, 100}, {80, 100}, {70, 70},  {60, 100},      {0, 100}};
     };
+    // Eighty teeth of half a unit at the top, from above down to the level of the point.
+    const auto before_teeth = [](double off) {
+        Ring ring = {{0, 0}, {100, 0}, {100, 100}};
+        for (int i = 79; i >= 0; --i) {
+            ring.push_back({10.25 + i, 100.0});
+            ring.push_back({10.0 + i, 50.0 + (i % 3) * off});
+            ring.push_back({9.75 + i, 100.0});
+        }
+        ring.push_back({0, 100});
+        return ring;
+    };
     // The walls take 250 each away, and are each other's image in the point: any line through it halves the rest.
     EXPECT_EQ(ranges(two_walls(0), through_point({50, 50})), "[4750 4750]");
     // Below the ray to (40, 40) there are 800, and 1500 from there to the wall; above the ray to (70, 70) 4400 of all 9400.
@@ -135,6 +146,9 @@ TEST(Feasible, CornersAHairOffALineAreOnIt)
         for (const Measured measured : {Measured::from_reference, kFar}) {
             EXPECT_EQ(ranges(two_walls(off * spacing), through_point({50, 50}), measured),
                       ranges(two_walls(0), through_point({50, 50}), measured))
+                << off;
+            EXPECT_EQ(ranges(before_teeth(off * spacing), through_point({1, 50}), measured),
+                      ranges(before_teeth(0), through_point({1, 50}), measured))
                 << off;
             EXPECT_EQ(ranges(before_another(off * spacing), through_vertex(0), measured),
                       ranges(before_another(0), through_vertex(0), measured))

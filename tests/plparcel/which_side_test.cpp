@@ -147,6 +147,20 @@ TEST(WhichSide, SidesOfACircleTie)
     EXPECT_EQ(choice.candidates.size(), kSides);
 }
 
+// A drop: from its tip one line that bends by less than a hundredth of a gon at each corner leads round to the tip again.
+TEST(WhichSide, AllSidesAreOneStraightLineButForTheTip)
+{
+    constexpr std::size_t kSides = 100000;
+    Ring drop;
+    for (std::size_t i = 0; i < kSides; ++i) {
+        const double t = 2.0 * std::acos(-1.0) * static_cast<double>(i) / kSides;
+        drop.push_back({1000.0 * std::cos(t), 1000.0 * std::sin(t) * std::sin(0.5 * t)});
+    }
+    const Choice choice = plparcel::longest_side({drop, {}}, 1e3);
+    EXPECT_EQ(choice.status, ChoiceStatus::found);
+    EXPECT_FALSE(choice.next);
+}
+
 TEST(WhichSide, FacesABearing)
 {
     EXPECT_EQ(said(plparcel::side_facing(kLot, 200)), "0");
@@ -285,6 +299,19 @@ TEST(WhichSide, FromAShortSegmentFarAway)
         side_along(parcel, OtherGeometry(std::vector<Segment>{{{1e9, 8e9}, {test::up(1e9), 8e9}}}), {10});
     EXPECT_EQ(choice.status, ChoiceStatus::too_far);
     EXPECT_NEAR(choice.nearest, std::hypot(1e9 - 30.0, 8e9 - 40.0), 2e-6) << "from (30, 40)";
+}
+
+// So short, on a side so long, that along it both ends have the same coordinate: the disc round them counts.
+TEST(WhichSide, AlongASegmentLessThanARounding)
+{
+    const Parcel parcel = {{{0, 0}, {4e9, 4e9}, {0, 8e9}}, {}};
+    for (int k = 0; k < 50; ++k) {
+        const double at = 1.6e9 + k;
+        const Segment segment = {{at, at}, {test::up(at), test::up(at)}};
+        const Choice choice = side_along(parcel, OtherGeometry(std::vector<Segment>{segment}), {10});
+        ASSERT_EQ(choice.candidates.size(), 1U);
+        EXPECT_NEAR(choice.candidates[0].alongside, 20.0, 2e-6) << k;
+    }
 }
 
 TEST(WhichSide, AlongANeighbour)
@@ -503,8 +530,15 @@ TEST(WhichSide, ManySegmentsAndVertices)
     EXPECT_NE(side_along(star, OtherGeometry(segments), {20, 100}).status, ChoiceStatus::too_much_near);
     // All are near all: refused after the stated number of pairs.
     EXPECT_EQ(side_along(star, OtherGeometry(segments), {1e6, 100}).status, ChoiceStatus::too_much_near);
+    segments.pop_back();
     EXPECT_EQ(side_along(star, OtherGeometry(segments), {1e6, 0}).status, ChoiceStatus::too_much_near)
-        << "so many that none runs along a side";
+        << "none runs along a side";
+    // Pieces of a road, each on its own within 10 of 32 of the side.
+    segments.clear();
+    for (int i = 0; i < 5000; ++i)
+        segments.push_back({{i * 0.02 - 20.0, -8.0}, {i * 0.02 - 19.98, -8.0}});
+    EXPECT_NEAR(side_along(kLot, OtherGeometry(segments), {10}).candidates[0].alongside, 86.0, 1e-9)
+        << "up to 80, and 6 more round the end";
 }
 
 }  // namespace
