@@ -943,7 +943,9 @@ bool passes_the_start(const Case& c, const Point& from, const Point& to)
     const Number reach = 6 * c.spacing + c.rounding;
     const Point run = to - from;
     const Number off = cross(run, w);
-    return start.where == Start::Where::inside && sgn(dot(run, w)) > 0 && dot(run, w) < dot(run, run) &&
+    // The point may lie so near to the boundary that the end is rounded past it.
+    const Number past = c.rounding * Number(std::sqrt(dot(run, run).get_d()));
+    return start.where == Start::Where::inside && dot(run, w) > -past && dot(run, w) < dot(run, run) + past &&
            off * off <= reach * reach * dot(run, run);
 }
 

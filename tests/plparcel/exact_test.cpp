@@ -217,9 +217,7 @@ void expect_none_wrong(Line (*make_line)(std::mt19937_64&, const Ring&))
         if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
             continue;
         Request request = any_request(random, make_line(random, ring), report.area);
-        const bool has_direction =
-            request.line.cut != Cut::through_place && request.line.cut != Cut::through_point;
-        if (i % 2 == 1 && has_direction)
+        if (i % 2 == 1)
             request.rounding = any_rounding(random, ring);
         const Division division = divide(ring, request);
         expect_right(ring, request, division);

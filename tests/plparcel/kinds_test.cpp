@@ -17,8 +17,10 @@
 #include "brute_force.h"
 #include "geos_verdict.h"
 #include "plparcel/division.h"
+#include "plparcel/extent.h"
 #include "support/bare_cut.h"
 #include "support/bits.h"
+#include "support/measures.h"
 #include "support/parcel_kinds.h"
 
 namespace {
@@ -212,6 +214,94 @@ TEST(KindsOfStarts, WhatIsDividedFromAPlaceOrThroughAPointIsRightByGeos)
     for (const auto& [what, times] : tally)
         std::printf("  %7d %s\n", times, what.c_str());
     EXPECT_GT(tally["divided as asked"], count / 2);
+}
+
+// At a bearing, along a segment, along a side or across it.
+plparcel::Line any_direction(std::mt19937_64& random, const test::Ring& ring)
+{
+    std::uniform_real_distribution<double> between(0.0, 1.0);
+    const std::size_t side = random() % ring.size();
+    const PL_PNT2D_record& a = ring[random() % ring.size()];
+    switch (random() % 4) {
+    case 0:
+        return plparcel::at_bearing(800.0 * between(random) - 200.0);
+    case 1:
+        return plparcel::along_segment(
+            a, {a.x + 90.0 * between(random) - 45.0, a.y + 90.0 * between(random) - 45.0});
+    case 2:
+        return plparcel::parallel_to(side);
+    default:
+        return plparcel::perpendicular_to(side);
+    }
+}
+
+// The direction that a line was asked to run in, or that of a side which it crosses.
+test::Vector direction_of(const test::Ring& ring, const plparcel::Line& asked)
+{
+    if (asked.cut == plparcel::Cut::at_bearing) {
+        const long double bearing_rad = asked.bearing * (std::acos(-1.0L) / 200.0L);
+        return {std::sin(bearing_rad), std::cos(bearing_rad)};
+    }
+    if (asked.cut == plparcel::Cut::along_segment)
+        return test::from_to(asked.a, asked.b);
+    return test::from_to(ring[asked.index], ring[(asked.index + 1) % ring.size()]);
+}
+
+// How far a line lies from where widths are counted for the piece of the reference, caller's unit.
+double width_before(const test::Ring& ring, const plparcel::Line& asked, const plparcel::DividingLine& line)
+{
+    const test::Vector run = direction_of(ring, asked);
+    const auto right_of_line = [&](const PL_PNT2D_record& p) {
+        return static_cast<double>(test::cross(test::from_to(line.from, p), run) / test::length(run));
+    };
+    const PL_PNT2D_record& a = ring[asked.index];
+    const PL_PNT2D_record& b = ring[(asked.index + 1) % ring.size()];
+    if (asked.cut == plparcel::Cut::parallel)
+        return std::fabs(right_of_line(a));
+    if (asked.cut == plparcel::Cut::perpendicular)
+        return static_cast<double>(std::fabs(test::dot(test::from_to(line.from, b), run)) /
+                                   test::length(run));
+    double farthest = 0.0;
+    for (const PL_PNT2D_record& p : ring)
+        farthest = std::max(farthest, right_of_line(p));
+    return farthest;
+}
+
+TEST(KindsOfDirections, WhatIsDividedInADirectionOrByAWidthIsRightByGeos)
+{
+    std::mt19937_64 random = test::random_source();
+    witness::Geos geos;
+    std::map<std::string, int> tally;
+    const int count = requests();
+    for (int i = 0; i < count; ++i) {
+        const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
+        const test::Ring ring = kinds[random() % kinds.size()].make(random);
+        plparcel::Request request;
+        request.line = any_direction(random, ring);
+        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random);
+        const bool by_width = random() % 3 == 0;
+        const plparcel::Extent extent = plparcel::extent_of(ring);
+        const double width = part * extent.largest();
+        request.amounts = {by_width ? plparcel::width(width)
+                                    : plparcel::area(part * plparcel::check_ring(ring).area)};
+        if (!by_width && random() % 2 == 0)
+            request.measured = plparcel::Measured::opposite;
+        const Division division = plparcel::divide(ring, request);
+        ++tally[std::string(by_width ? "width: " : "") + plparcel::describe(division)];
+        if (division.status != Status::divided)
+            continue;
+        EXPECT_EQ(plparcel_test::geos_objection(geos, ring, request, division.pieces[0].asked, division), "")
+            << i << ": cut " << static_cast<int>(request.line.cut) << " side " << request.line.index;
+        if (by_width) {
+            EXPECT_NEAR(width_before(ring, request.line, division.lines[0]), width,
+                        20.0 * plparcel::coordinate_spacing(ring))
+                << i << ": cut " << static_cast<int>(request.line.cut) << " side " << request.line.index;
+        }
+    }
+    for (const auto& [what, times] : tally)
+        std::printf("  %7d %s\n", times, what.c_str());
+    EXPECT_GT(tally["divided as asked"], count / 2);
+    EXPECT_GT(tally["width: divided as asked"], count / 10);
 }
 
 }  // namespace
