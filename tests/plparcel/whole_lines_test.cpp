@@ -864,6 +864,20 @@ TEST(WholeLines, EndsAreRoundedAgainstEachOther)
     }
 }
 
+// The same across a hole of 1/2 by 1/8 in the middle of 3/2 by 1/4, which leaves 1 of the line and 5/16 of the area.
+TEST(WholeLines, EndsOnAHoleAreRoundedAgainstTheOthers)
+{
+    const Parcel holed = {moved({{0, 0}, {1.5, 0}, {1.5, 0.25}, {0, 0.25}}, 5e5, 5e6, 1.0),
+                          {moved({{0.5, 0.0625}, {1, 0.0625}, {1, 0.1875}, {0.5, 0.1875}}, 5e5, 5e6, 1.0)}};
+    const double below = 1.5 * 0.125 - 0.5 * 0.0625;
+    for (const double part : {0x1p-31, -0x1p-31}) {
+        const Division division = cut(holed, parallel_to(0), {area(below + part)}, kHere, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_NEAR(plparcel::check_ring(division.pieces[0].ring).area, below + part, 1e-9 * 0.3125);
+        EXPECT_GE(division.trials, 1U);
+    }
+}
+
 TEST(WholeLines, AsManyPartsAsThereAreCentimetres)
 {
     const Parcel lot = {{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}};
