@@ -40,10 +40,17 @@ public:
     /// @param[in] coefficients  an upper bound of |a| + |b| of the lines
     Clearance(const std::vector<PL_PNT2D_record>& points, double coefficients) noexcept
     {
-        for (const PL_PNT2D_record& p : points)
-            greatest_ = greater_magnitude(greatest_, greater_magnitude(p.x, p.y));
+        double greatest_x = 0.0;
+        double greatest_y = 0.0;
+        for (const PL_PNT2D_record& p : points) {
+            greatest_x = greater_magnitude(greatest_x, p.x);
+            greatest_y = greater_magnitude(greatest_y, p.y);
+        }
+        greatest_ = greater_magnitude(greatest_x, greatest_y);
         fixed_ = coefficients * (kStakeOutMargin * 1.01 + kOfSize * greatest_);
-        by_length_ = coefficients * (kOfSize * greatest_ * greatest_);
+        by_length_ = coefficients * (kOfProduct * greatest_x * greatest_y);
+        if (!(greatest_ * greatest_ < INFINITY))
+            fixed_ = INFINITY;  // products may overflow
         common_ = fixed_ * 1.125;
         small_inverse_ = magnitude_bits(0.0625 * (fixed_ / by_length_));
         if (!(common_ < INFINITY) || !(by_length_ > 0.0))
@@ -69,7 +76,8 @@ public:
     }
 
 private:
-    static constexpr double kOfSize = 0x1p-47;  // 64 half ulps of 1
+    static constexpr double kOfSize = 0x1p-47;     // 64 half ulps of 1
+    static constexpr double kOfProduct = 0x1p-49;  // 16
 
     double greatest_ = 0.0;
     double fixed_ = 0.0;

@@ -6,6 +6,7 @@
 #include "kernel/bit_order.h"
 #include "plcalc/lines.h"
 #include "subdivision/clearance.h"
+#include "subdivision/turned_steps.h"
 #include "survey/offsets.h"
 
 namespace plcalc {
@@ -42,13 +43,12 @@ constexpr double kOffGon = 1e-9;          // of the functions themselves
 // Rounding, as parts of the size of what is computed with: coordinates, and the base line's distance from the
 // origin.
 constexpr double kSizeBound = 8.0;  // of what a trial line is laid through: the parcel's size so many times
-constexpr double kOfVertex = 0x1p-45;     // constants against distances
-constexpr double kNearBase = 1.1e-4;      // more than the distance at which a facing is clear,
-constexpr double kOfNearBase = 0x1p-40;   // and than what a foot may be off for it
-constexpr double kGreatestSize = 1e90;    // beyond, products may overflow
-constexpr double kOfCrossing = 0x1p-46;   // a crossing off its line, for a determinant of 1
-constexpr double kOfStep = 0x1p-50;       // the step from a foot to its point, on either axis
-constexpr double kMostForBearings = 1e6;  // beyond, rounding may turn a step of 1e-7 by more than 0.6 gon
+constexpr double kOfVertex = 0x1p-45;    // constants against distances
+constexpr double kNearBase = 1.1e-4;     // more than the distance at which a facing is clear,
+constexpr double kOfNearBase = 0x1p-40;  // and than what a foot may be off for it
+constexpr double kGreatestSize = 1e90;   // beyond, products may overflow
+constexpr double kOfCrossing = 0x1p-49;  // a crossing off its line, at right angles
+constexpr double kOfStep = 0x1p-50;      // the step from a foot to its point, on either axis
 
 SideIndex::Range numbers_between(double low, double high)
 {
@@ -326,10 +326,18 @@ double ParallelTrials::bearing_tells_from(double gon) noexcept
             clear = std::min(clear, std::fabs(std::fabs(gon - normal_gon(way)) - kSideBandGon));
     if (clear >= kOffBesideAxisGon)
         return near_base_;
-    if (beside_axis || !(clear > kOffGon))
+    if (beside_axis)
         return HUGE_VAL;
-    const double off = kOffPerTurnGon * kOfStep * farthest_ / (clear - kOffGon);
-    return std::max(near_base_, (std::fabs(a_) + std::fabs(b_)) * off);
+    return std::max(near_base_, turned_less_from(kOfStep * farthest_, clear));
+}
+
+// How far from the base line, by its constant, a vertex must be so that rounding turns its bearing by less than this;
+// infinite when the functions themselves may be off by as much.
+double ParallelTrials::turned_less_from(double foot_off, double gon) const noexcept
+{
+    if (!(gon > kOffGon))
+        return HUGE_VAL;
+    return (std::fabs(a_) + std::fabs(b_)) * (kOffPerTurnGon * foot_off / (gon - kOffGon));
 }
 
 double ParallelTrials::normal_gon(BaseOffset::Facing way) noexcept
@@ -381,8 +389,13 @@ const MeetsParallels& ParallelTrials::side(std::int32_t at) noexcept
 
 double ParallelTrials::crossing_off(std::int32_t at) noexcept
 {
-    const double size = (std::fabs(a_) + std::fabs(b_)) * clearance_.greatest();
-    return kOfCrossing * size * (size * side(at).inverse_determinant() + 1.0);
+    const PL_PNT2D_record& from = point(at - 1);
+    const PL_PNT2D_record& to = point(at);
+    const double coefficients = std::fabs(a_) + std::fabs(b_);
+    const double size = clearance_.greatest() + kStakeOutMargin;
+    const double side_size = std::fabs(to.x - from.x) + std::fabs(to.y - from.y) + kOfStep * size;
+    return kOfCrossing * coefficients * size *
+           (coefficients * side_size * side(at).inverse_determinant() + 1.0);
 }
 
 // A crossing moves one way as the constant grows. So what holds for both ends holds in between.
@@ -423,12 +436,37 @@ double ParallelTrials::few_bearings_from(double farthest) noexcept
 {
     const bool jumps = seam_way_ != BaseOffset::Facing::kUnclear &&
                        !(seen_past_0_ > farthest || seen_below_400_ < near_base_);
-    if (!tells_ || !(farthest_ <= kMostForBearings) || jumps)
+    if (!tells_ || jumps)
         return HUGE_VAL;
     double from = near_base_;
     for (const double axis_gon : {0.0, 100.0, 200.0, 300.0})
         from = std::max(from, bearing_tells_from(axis_gon));
+    const TurnedSteps steps(points_, a_, b_);
+    if (!steps.listed())
+        return HUGE_VAL;
+    from = std::max(from, turned_less_from(steps.foot_off(), steps.least_gon_of_others()));
+    const double to = turned_less_from(steps.foot_off(), steps.least_gon());
+    for (std::int32_t at = 2; at < last_; ++at) {
+        const double off = std::fabs(constant(at) - base_.c);
+        if (off > from && off < to && parted_from_normal(steps, at))
+            from = off;
+    }
     return from;
+}
+
+// Whether a line with the bearing of one of these steps may agree with the normal and not with a vertex, or the other
+// way round.
+bool ParallelTrials::parted_from_normal(const TurnedSteps& steps, std::int32_t at) noexcept
+{
+    vertex_offset(at);
+    BaseOffset& offset = positions_[index(at)].offset;
+    know_bearing(offset, point(at));
+    const double gon = normal_gon(constant(at) < base_.c ? BaseOffset::Facing::kAlongNormal
+                                                         : BaseOffset::Facing::kAgainstNormal);
+    const double low = std::min(gon, offset.gon) - kOffGon;
+    const double high = std::max(gon, offset.gon) + kOffGon;
+    return steps.between(low - kSideBandGon, high - kSideBandGon) ||
+           steps.between(low + kSideBandGon, high + kSideBandGon);
 }
 
 bool ParallelTrials::beyond(TrialLine& line, std::int32_t at) noexcept

@@ -12,6 +12,7 @@
 #include "subdivision/clearance.h"
 #include "subdivision/side.h"
 #include "subdivision/side_index.h"
+#include "subdivision/turned_steps.h"
 #include "survey/offsets.h"
 
 namespace plcalc {
@@ -172,6 +173,8 @@ private:
     void settle_by_bearing(TrialLine& line, double low, double high) noexcept;
     SideIndex::Range with_base(double low, double high, double off) const noexcept;
     double bearing_tells_from(double gon) noexcept;
+    bool parted_from_normal(const TurnedSteps& steps, std::int32_t at) noexcept;
+    double turned_less_from(double foot_off, double gon) const noexcept;
     Agreement agreement(double line_gon, BaseOffset::Facing way) noexcept;
     void settle(TrialLine& line, BaseOffset::Facing way, const SideIndex::Range& doubts,
                 Agreement with) const noexcept;

@@ -304,6 +304,95 @@ TEST(ParallelTrials, ALineComesNearFewSidesInEveryDirection)
             }
 }
 
+// Lines as near as that to the base line agree with all vertices beyond it on one side, or with none, at national
+// coordinates too: also where rounding has turned a line's bearing by just a gon.
+TEST(ParallelTrials, FewBearingsNearTheBaseLine)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const auto agree = [](double line_gon, double gon) {
+        return line_gon - 1.0 <= gon && gon <= line_gon + 1.0;
+    };
+    constexpr double kGon = 0.015707963267948967;
+    int turned_a_gon = 0;
+    int told = 0;
+    for (int i = 0; i < 3000 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const double dir = 6.283185307179586 * unit(random);
+        const PL_PNT2D_record n = {std::cos(dir), std::sin(dir)};
+        const auto at = [&](double along, double out) {
+            return PL_PNT2D_record{7e6 + n.y * along + n.x * out, 9e6 - n.x * along + n.y * out};
+        };
+        Ring ring = {at(0.0, 0.0), at(5.0, 0.0)};
+        for (int k = 0; k < 30; ++k)
+            ring.push_back(
+                at(100.0 * unit(random), (k % 2 == 0 ? 1.0 : -1.0) * 2.6e-4 * std::pow(1.4, k / 2)));
+        ParallelTrials trials = trials_on(ring);
+        const double from = trials.few_bearings_from(100.0);
+        if (!(from < 1.0))
+            continue;
+        ++told;
+        for (int k = 0; k < 300; ++k) {
+            const double step = 1e-7 + 4e-7 * unit(random);
+            const double turn = 1.5 * kGon * unit(random);
+            const PL_PNT2D_record foot = trials.foot(at(100.0 * unit(random), 0.0));
+            const double turned = dir + (k % 4 < 2 ? turn : -turn) + (k % 8 < 4 ? 0.0 : 3.141592653589793);
+            TrialLine line =
+                trials.line_through({foot.x + step * std::cos(turned), foot.y + step * std::sin(turned)});
+            if (std::fabs(line.c - trials.base_constant()) > trials.near_base())
+                continue;
+            const double gon = trials.bearing(line);
+            int agreed[2] = {0, 0};
+            int all[2] = {0, 0};
+            for (std::int32_t v = 2; v < trials.last(); ++v) {
+                const double off = trials.constant(v) - trials.base_constant();
+                TrialLine there = trials.line_through_vertex(v);
+                if (!(std::fabs(off) > from))
+                    continue;
+                ++all[off < 0.0];
+                agreed[off < 0.0] += agree(gon, trials.bearing(there)) ? 1 : 0;
+                turned_a_gon += std::fabs(std::fabs(gon - trials.bearing(there)) - 1.0) < 1e-3 ? 1 : 0;
+            }
+            for (const int way : {0, 1})
+                EXPECT_TRUE(agreed[way] == 0 || agreed[way] == all[way]);
+        }
+    }
+    EXPECT_GT(told, 1000);
+    EXPECT_GT(turned_a_gon, 100);
+}
+
+// What is off their line, of crossings with long sides and short ones, in a longer arithmetic.
+TEST(ParallelTrials, CrossingsAreOffTheirLineByNoMore)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    double worst = 0.0;
+    for (int i = 0; i < 100000 && !HasFailure(); ++i) {
+        const double size = std::pow(10.0, 3.0 * unit(random));
+        const PL_PNT2D_record place = {std::pow(10.0, 7.0 * unit(random)),
+                                       std::pow(10.0, 7.0 * unit(random))};
+        Ring ring;
+        for (int k = 0; k < 4; ++k)
+            ring.push_back({place.x + size * unit(random), place.y + size * unit(random)});
+        if (i % 2 == 0)  // a side nearly parallel to the lines
+            ring[3] = {ring[2].x + (ring[1].x - ring[0].x) * (1.0 + 1e-3 * unit(random)),
+                       ring[2].y + (ring[1].y - ring[0].y) * (1.0 + 1e-3 * unit(random))};
+        ParallelTrials trials = trials_on(ring);
+        const double part = unit(random);
+        const TrialLine line = trials.line_through(
+            {ring[2].x + part * (ring[3].x - ring[2].x), ring[2].y + part * (ring[3].y - ring[2].y)});
+        PL_PNT2D_record crossing = {};
+        if (!trials.meets_side(line, 3, crossing))
+            continue;
+        const long double a = -(ring[1].y - ring[0].y);
+        const long double b = ring[1].x - ring[0].x;
+        const double off = static_cast<double>(std::fabs(a * crossing.x + b * crossing.y + line.c));
+        EXPECT_LE(off, trials.crossing_off(3));
+        worst = std::max(worst, off / trials.crossing_off(3));
+    }
+    EXPECT_GT(worst, 0.01);
+}
+
 // The margins round away: a side is met at its very end or not at all, and by a neighbouring line as well.
 TEST(ParallelTrials, WhereAMillimetreIsLessThanTheLastBit)
 {
