@@ -1,11 +1,33 @@
 #include <cmath>
 #include <cstddef>
 
+#include "kernel/primitives.h"
 #include "kernel/shoelace.h"
 #include "plcalc/subdivision.h"
 #include "plcalc/survey.h"
 
 namespace {
+
+// Squares that differ by more than this factor have different roots, though each is rounded.
+constexpr double kOfSquares = 1.0 + 0x1p-48;
+
+double squared_distance(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
+{
+    const double dy = p.y - q.y;
+    const double dx = p.x - q.x;
+    return dy * dy + dx * dx;
+}
+
+// Whether CalcDist from p to q is greater than from r to s. Roots are taken only of squares that are nearly equal.
+bool farther(const PL_PNT2D_record& p, const PL_PNT2D_record& q, const PL_PNT2D_record& r,
+             const PL_PNT2D_record& s)
+{
+    const double far2 = squared_distance(p, q);
+    const double near2 = squared_distance(r, s);
+    if (far2 <= near2)
+        return false;
+    return far2 > near2 * kOfSquares || plcalc::distance(p, q) > plcalc::distance(r, s);
+}
 
 PL_PNT2D_record midpoint(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
 {
@@ -44,8 +66,8 @@ void CFrazArea::TrovaLimitiSegmento(PL_PNT2D_record& r1, PL_PNT2D_record& r2,
         r1 = p;
     else if (NumIntersez == 2)
         r2 = p;
-    else if (CalcDist(PuntoMedio, p) > CalcDist(PuntoMedio, r1))
-        (CalcDist(r1, p) < CalcDist(r2, p) ? r1 : r2) = p;
+    else if (farther(PuntoMedio, p, PuntoMedio, r1))
+        (farther(r2, p, r1, p) ? r1 : r2) = p;
 
     if (NumIntersez >= 2)
         PuntoMedio = midpoint(r1, r2);
@@ -56,7 +78,7 @@ void CFrazArea::TrovaLimitiSegmento2(const PL_PNT2D_record& r1, PL_PNT2D_record&
                                      const PL_PNT2D_record& p) noexcept
 {
     NumIntersez += 1;
-    if (NumIntersez == 1 || CalcDist(r1, p) > CalcDist(r1, r2))
+    if (NumIntersez == 1 || farther(r1, p, r1, r2))
         r2 = p;
 }
 

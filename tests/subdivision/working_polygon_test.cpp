@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "support/bits.h"
@@ -214,6 +215,29 @@ TEST(TrovaLimitiSegmento2, Table)
         EXPECT_POINT(r2, (row.r2));
         EXPECT_POINT(In::PuntoMedio(f), ({kU, kU}));
     }
+}
+
+// Squares of distances that differ by a few last bits may have one root. Then the earlier crossing stays.
+TEST(TrovaLimitiSegmento2, DecidesByRootsNotBySquares)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> unit(-1.0, 1.0);
+    int one_root = 0;
+    for (int i = 0; i < 100000 && !HasFailure(); ++i) {
+        CFrazArea f = bare();
+        const PL_PNT2D_record r1 = {unit(random), unit(random)};
+        const PL_PNT2D_record first = {unit(random), unit(random)};
+        PL_PNT2D_record second = {r1.x + (first.y - r1.y),
+                                  r1.y - (first.x - r1.x)};  // as far, but for rounding
+        if (i % 2 == 0)
+            second.x = std::nextafter(second.x, i % 4 == 0 ? 2.0 : -2.0);
+        PL_PNT2D_record r2 = {kU, kU};
+        In::TrovaLimitiSegmento2(f, r1, r2, first);
+        In::TrovaLimitiSegmento2(f, r1, r2, second);
+        EXPECT_POINT(r2, (In::CalcDist(f, r1, second) > In::CalcDist(f, r1, first) ? second : first));
+        one_root += In::CalcDist(f, r1, second) == In::CalcDist(f, r1, first) ? 1 : 0;
+    }
+    EXPECT_GT(one_root, 1000);
 }
 
 // --- one side ---
