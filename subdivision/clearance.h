@@ -46,11 +46,13 @@ public:
             greatest_x = greater_magnitude(greatest_x, p.x);
             greatest_y = greater_magnitude(greatest_y, p.y);
         }
-        greatest_ = greater_magnitude(greatest_x, greatest_y);
-        fixed_ = coefficients * (kStakeOutMargin * 1.01 + kOfSize * greatest_);
-        by_length_ = coefficients * (kOfProduct * greatest_x * greatest_y);
-        if (!(greatest_ * greatest_ < INFINITY))
-            fixed_ = INFINITY;  // products may overflow
+        const bool x_greater = magnitude_bits(greatest_x) > magnitude_bits(greatest_y);
+        greatest_ = x_greater ? greatest_x : greatest_y;
+        const double of_greatest = kOfSize * greatest_;
+        fixed_ = coefficients * (kStakeOutMargin * 1.01 + of_greatest);
+        by_length_ = coefficients * (of_greatest * (x_greater ? greatest_y : greatest_x));
+        if (magnitude_bits(greatest_) > magnitude_bits(kGreatestSize))
+            fixed_ = INFINITY;
         common_ = fixed_ * 1.125;
         small_inverse_ = magnitude_bits(0.0625 * (fixed_ / by_length_));
         if (!(common_ < INFINITY) || !(by_length_ > 0.0))
@@ -76,8 +78,8 @@ public:
     }
 
 private:
-    static constexpr double kOfSize = 0x1p-47;     // 64 half ulps of 1
-    static constexpr double kOfProduct = 0x1p-49;  // 16
+    static constexpr double kOfSize = 0x1p-47;      // 64 half ulps of 1
+    static constexpr double kGreatestSize = 1e150;  // beyond, products may overflow
 
     double greatest_ = 0.0;
     double fixed_ = 0.0;

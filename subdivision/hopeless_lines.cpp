@@ -129,15 +129,17 @@ bool HopelessLines::none_in(const Strip& strip)
             doubtful += height;
         if (at > last)
             break;
-        if (!(kMostLines * trials_.crossing_off(at) <= room_))
+        const double crossing_off = trials_.crossing_off(at);
+        if (!(kMostLines * crossing_off <= room_))
             return false;
-        doubtful += doubtful_at(strip, at);
+        doubtful += 4.0 * (trials_.reach(at) + crossing_off) + doubtful_at(strip, at);
     }
     work_left_ -= kWorkOfLine;
     return scratch_.surely_apart_from(requested_, rounding_ + area_per_c_ * doubtful);
 }
 
-// Adds what one of the lines in the middle keeps at a side, and tells how much others may differ.
+// Adds what one of the lines in the middle keeps at a side, and tells how much others may differ, but for what its
+// crossings are off.
 double HopelessLines::doubtful_at(const Strip& strip, std::int32_t at)
 {
     const double height = strip.high - strip.low;
@@ -145,14 +147,14 @@ double HopelessLines::doubtful_at(const Strip& strip, std::int32_t at)
     const Place from = place(strip, at - 1);
     const Place to = place(strip, at);
     PL_PNT2D_record crossing = {};
-    double doubtful = 4.0 * (trials_.reach(at) + trials_.crossing_off(at));
+    double doubtful = 0.0;
     if (from != to && trials_.all_meet_side(strip.low, strip.high, at, crossing)) {
         scratch_.append_point(crossing);
-        doubtful += 2.0 * height;
+        doubtful = 2.0 * height;
     } else if (from != to || from == Place::kUnsure) {
-        doubtful += side_height;
+        doubtful = side_height;
     } else if (from == Place::kBeyond) {
-        doubtful += height;
+        doubtful = height;
     }
     const bool near_side =
         trials_.constant(at) < (strip.low + strip.high) * 0.5 ? !strip.drops_below : !strip.drops_above;

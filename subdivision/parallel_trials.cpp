@@ -89,14 +89,14 @@ ParallelTrials::ParallelTrials(const std::vector<PL_PNT2D_record>& ring,
 // The part of the margin that is the same for all sides is added to the line.
 void ParallelTrials::note_ranges() noexcept
 {
-    const double coefficients = std::fabs(a_) + std::fabs(b_);
-    clearance_ = Clearance(points_, coefficients);
+    coefficients_ = std::fabs(a_) + std::fabs(b_);
+    clearance_ = Clearance(points_, coefficients_);
     const double base_off = std::fabs(base_.c) * inverse_bound(std::max(std::fabs(a_), std::fabs(b_)));
     farthest_ = kSizeBound * (clearance_.greatest() + base_off);
-    greatest_c_ = 4.0 * coefficients * clearance_.greatest();
-    vertex_margin_ = kOfVertex * coefficients * farthest_;
+    greatest_c_ = 4.0 * coefficients_ * clearance_.greatest();
+    vertex_margin_ = kOfVertex * coefficients_ * farthest_;
     margin_ = greater_magnitude(clearance_.of_most_sides(), vertex_margin_);
-    near_base_ = coefficients * (kNearBase + kOfNearBase * farthest_);
+    near_base_ = coefficients_ * (kNearBase + kOfNearBase * farthest_);
     tells_ = a_ == base_.a && b_ == base_.b && feet_.have_direction() && farthest_ < kGreatestSize;
 
     for (std::size_t at = 2; at < points_.size(); ++at) {
@@ -337,7 +337,7 @@ double ParallelTrials::turned_less_from(double foot_off, double gon) const noexc
 {
     if (!(gon > kOffGon))
         return HUGE_VAL;
-    return (std::fabs(a_) + std::fabs(b_)) * (kOffPerTurnGon * foot_off / (gon - kOffGon));
+    return coefficients_ * (kOffPerTurnGon * foot_off / (gon - kOffGon));
 }
 
 double ParallelTrials::normal_gon(BaseOffset::Facing way) noexcept
@@ -391,11 +391,10 @@ double ParallelTrials::crossing_off(std::int32_t at) noexcept
 {
     const PL_PNT2D_record& from = point(at - 1);
     const PL_PNT2D_record& to = point(at);
-    const double coefficients = std::fabs(a_) + std::fabs(b_);
     const double size = clearance_.greatest() + kStakeOutMargin;
     const double side_size = std::fabs(to.x - from.x) + std::fabs(to.y - from.y) + kOfStep * size;
-    return kOfCrossing * coefficients * size *
-           (coefficients * side_size * side(at).inverse_determinant() + 1.0);
+    return kOfCrossing * coefficients_ * size *
+           (coefficients_ * side_size * side(at).inverse_determinant() + 1.0);
 }
 
 // A crossing moves one way as the constant grows. So what holds for both ends holds in between.
@@ -446,7 +445,7 @@ double ParallelTrials::few_bearings_from(double farthest) noexcept
         return HUGE_VAL;
     from = std::max(from, turned_less_from(steps.foot_off(), steps.least_gon_of_others()));
     const double to = turned_less_from(steps.foot_off(), steps.least_gon());
-    for (std::int32_t at = 2; at < last_; ++at) {
+    for (std::int32_t at = 2; at < last_ && from < to; ++at) {
         const double off = std::fabs(constant(at) - base_.c);
         if (off > from && off < to && parted_from_normal(steps, at))
             from = off;

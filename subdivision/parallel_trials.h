@@ -183,6 +183,7 @@ private:
 
     double a_;
     double b_;
+    double coefficients_ = 0.0;  // |a| + |b|
     PL_IMP_LINE_2D_record base_;
     FeetOnLine feet_;
     std::int32_t last_;  // position of the closing point
