@@ -221,6 +221,21 @@ void check_divided(const Ring& ring, const plparcel::Request& request, const Div
     FUZZ_CHECK(fuzz::near(sum, parcel, kOfParcel * static_cast<double>(division.pieces.size()) * parcel));
 }
 
+// A whole line passes the vertex or the point that it goes through, but for roundings and corners of holes that it touches.
+void check_turned(const plparcel::Parcel& parcel, const plparcel::Line& asked,
+                  const plparcel::DividingLine& line, double spacing)
+{
+    constexpr double kBeside = 1100.0;
+    if (asked.cut != Cut::through_vertex && asked.cut != Cut::through_point)
+        return;
+    const Ring& ring = asked.ring == 0 ? parcel.outer : parcel.holes[asked.ring - 1];
+    const PL_PNT2D_record& p = asked.cut == Cut::through_point ? asked.a : ring[asked.index];
+    const Real run_x = static_cast<Real>(line.to.x) - line.from.x;
+    const Real run_y = static_cast<Real>(line.to.y) - line.from.y;
+    const Real away = fuzz::apart(p, line.from) / std::hypot(run_x, run_y);
+    FUZZ_CHECK(std::fabs(off_line(p, line.from, run_x, run_y)) <= kBeside * spacing * (1.0L + 2.0L * away));
+}
+
 // The parts of whole lines lie on the boundary and in line; each amount is held by all of its pieces together.
 void check_whole(const plparcel::Parcel& parcel, const plparcel::Request& request, const Division& division)
 {
@@ -231,6 +246,7 @@ void check_whole(const plparcel::Parcel& parcel, const plparcel::Request& reques
     for (const Ring& hole : parcel.holes)
         spacing = std::fmax(spacing, plparcel::coordinate_spacing(hole));
     for (const plparcel::DividingLine& line : division.lines) {
+        check_turned(parcel, request.line, line, spacing);
         FUZZ_CHECK(!line.segments.empty());
         const Real run_x = static_cast<Real>(line.to.x) - line.from.x;
         const Real run_y = static_cast<Real>(line.to.y) - line.from.y;

@@ -210,8 +210,8 @@ enum {
     PLC_NO_WIDTH = 6,        /**< a width, and a line that has no direction */
     PLC_NO_SUCH_PLACE = 7,   /**< the distance along the side is not a number from 0 to its length */
     PLC_POINT_OUTSIDE = 8,   /**< the point lies outside the parcel, or is not finite */
-    PLC_ONLY_TWO_PIECES = 9, /**< any number of pieces, and a line that starts somewhere */
-    PLC_ONLY_WITHOUT_HOLES = 10, /**< a hole, and a line that starts somewhere */
+    PLC_ONLY_ONE_AMOUNT = 9, /**< two amounts or more, any number of pieces, and a line without a direction */
+    PLC_ONLY_WITHOUT_HOLES = 10, /**< a hole, two pieces, and a line that starts somewhere */
     PLC_NO_AMOUNT = 11,          /**< there are no amounts */
     PLC_UNUSABLE_ROUNDING = 12,  /**< decimals or a tolerance out of range */
     PLC_UNUSABLE_AMOUNT = 13,    /**< a number that is NaN, or a denominator not within 1e-200 to 1e200 */

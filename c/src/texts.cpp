@@ -54,8 +54,8 @@ std::int32_t number_of(plparcel::Status status) noexcept
         return PLC_NO_SUCH_PLACE;
     case Status::point_outside:
         return PLC_POINT_OUTSIDE;
-    case Status::only_two_pieces:
-        return PLC_ONLY_TWO_PIECES;
+    case Status::only_one_amount:
+        return PLC_ONLY_ONE_AMOUNT;
     case Status::only_without_holes:
         return PLC_ONLY_WITHOUT_HOLES;
     case Status::no_amount:

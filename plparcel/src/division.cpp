@@ -18,6 +18,7 @@
 #include "verdict/staked_out.h"
 #include "verdict/target.h"
 #include "whole_lines/part_cut.h"
+#include "whole_lines/turning_cut.h"
 #include "whole_lines/whole_cut.h"
 
 namespace plparcel {
@@ -252,12 +253,12 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
         return Status::unknown_request;
     if (!is_usable(request.rounding))
         return Status::unusable_rounding;
+    if (has_start(line.cut))
+        return request.pieces == Pieces::any ? pivot_of(parcel, line).refusal : Status::only_without_holes;
     if (request.alternative > 0 && request.pieces == Pieces::any)
-        return Status::no_further_line;  // there is one whole line for each amount
+        return Status::no_further_line;  // there is one whole line of a direction for each amount
     if (is_free(line.cut))
         return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
-    if (has_start(line.cut))
-        return request.pieces == Pieces::any ? Status::only_two_pieces : Status::only_without_holes;
     if (line.ring >= parcel.clean.size() || line.index >= parcel.clean[line.ring].place.size())
         return Status::no_such_index;
     const std::vector<std::size_t>& place = parcel.clean[line.ring].place;
@@ -272,7 +273,7 @@ WholeParcel whole_parcel(const CheckedParcel& checked_parcel, const Line& line)
     whole.rings = checked_parcel.rings;
     whole.clockwise = !checked_parcel.report.anticlockwise;
     whole.area = checked_parcel.area;
-    if (is_free(line.cut))
+    if (is_free(line.cut) || has_start(line.cut))
         return whole;
     const CleanRing& of_side = checked_parcel.clean[line.ring];
     whole.a = of_side.ring[of_side.place[line.index]];
@@ -330,19 +331,32 @@ Division divide(const Parcel& parcel, const Request& request)
         division.status = *refusal;
         return division;
     }
+    if (has_start(request.line.cut) && has_width(request.amounts)) {
+        division.status = Status::no_width;
+        return division;
+    }
     const Shares shares = share_out(request.amounts, checked_parcel.area);
     if (shares.refusal) {
         division.status = *shares.refusal;
         division.at_amount = shares.at_amount;
         return division;
     }
+    if (has_start(request.line.cut) && shares.pieces.size() > 2) {
+        division.status = Status::only_one_amount;
+        return division;
+    }
     const WholeParcel whole = whole_parcel(checked_parcel, request.line);
+    const bool turns = has_start(request.line.cut);
     cut_and_round(whole.rings, whole.area, request, division, [&](double of_parcel) {
+        if (turns)
+            return cut_through(whole, pivot_of(checked_parcel, request.line), request, shares, of_parcel,
+                               division);
         return request.pieces == Pieces::two
                    ? cut_parts(whole, side_between(whole), request, shares, of_parcel, division)
                    : cut_whole(whole, request, shares, of_parcel, division);
     });
-    if (request.pieces == Pieces::any && division.status == Status::not_reached && parcel.holes.empty())
+    if (request.pieces == Pieces::any && !turns && division.status == Status::not_reached &&
+        parcel.holes.empty())
         divide_by_single_segments(parcel.outer, request, division);
     return division;
 }
@@ -393,10 +407,15 @@ Division divide(const Ring& ring, const Request& request)
 
 std::vector<Division> all_divisions(const Ring& ring, const Request& request)
 {
+    return all_divisions(Parcel{ring, {}}, request);
+}
+
+std::vector<Division> all_divisions(const Parcel& parcel, const Request& request)
+{
     std::vector<Division> all;
     Request next = request;
     do {
-        all.push_back(divide(ring, next));
+        all.push_back(divide(parcel, next));
         ++next.alternative;
     } while (all.back().status == Status::divided);
     if (all.size() > 1)
@@ -450,10 +469,11 @@ const char* describe(Status status) noexcept
         return "the place does not lie on that side";
     case Status::point_outside:
         return "the point lies outside the parcel";
-    case Status::only_two_pieces:
-        return "a line that starts somewhere or goes through a point can only make two pieces";
+    case Status::only_one_amount:
+        return "a whole line through a vertex, a place or a point cuts off one amount only";
     case Status::only_without_holes:
-        return "a line that starts somewhere or goes through a point needs a parcel without holes";
+        return "two pieces by a line that starts somewhere or goes through a point need a parcel without "
+               "holes";
     case Status::no_amount:
         return "no amount is given";
     case Status::unusable_rounding:

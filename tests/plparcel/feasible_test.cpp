@@ -162,8 +162,18 @@ TEST(Feasible, AnyNumberOfPieces)
     const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
     EXPECT_EQ(said(feasible({kU, {}}, parallel_to(0), kFar, Pieces::any)), "(0 3600)");
     EXPECT_EQ(said(feasible(holed, parallel_to(2, 1), kFar, Pieces::any)), "(0 6400)");
-    EXPECT_EQ(said(feasible({kU, {}}, through_vertex(0), kFar, Pieces::any)),
-              describe(Status::only_two_pieces));
+    const auto whole = [](const Parcel& parcel, const Line& line, Measured measured) {
+        return said(feasible(parcel, line, measured, Pieces::any));
+    };
+    EXPECT_EQ(whole({kSquare, {}}, through_vertex(0), kFar), "(0 10000)");
+    EXPECT_EQ(whole({kSquare, {}}, through_point({25, 25}), kFar), "[1250 8750]");
+    EXPECT_EQ(whole({kSquare, {}}, through_point({-5, 50}), kFar), "(0 10000)") << "outside";
+    EXPECT_EQ(whole(holed, through_point({50, 50}), kFar), "[3200 3200]") << "in the hole, its middle";
+    // From straight on, 2500 as far as at right angles, and then up to the line along the side, run the other way.
+    const Ring el = {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 100}, {0, 100}};
+    EXPECT_EQ(whole({el, {}}, through_vertex(3), Measured::from_reference), "[2500 5000]");
+    EXPECT_EQ(whole({el, {}}, through_vertex(3), kFar), "[2500 5000]");
+    EXPECT_EQ(whole({el, {}}, through_vertex(6), kFar), describe(Status::no_such_index));
 }
 
 TEST(Feasible, RefusesWhatDivideRefuses)

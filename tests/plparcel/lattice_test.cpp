@@ -116,6 +116,7 @@ TEST(Lattice, WholeLinesMakeTheFacesOfGeos)
     Random random = test::random_source();
     const witness::Geos geos;
     std::size_t compared = 0;
+    std::size_t turned = 0;
     for (int i = 0; i < 10000; ++i) {
         const Ring ring = lattice_ring(random);
         if (plparcel::check_ring(ring).status != plparcel::BoundaryStatus::usable || has_repeats(ring))
@@ -123,11 +124,18 @@ TEST(Lattice, WholeLinesMakeTheFacesOfGeos)
         Request request;
         request.pieces = plparcel::Pieces::any;
         const auto side = static_cast<std::size_t>(whole(random, 0, static_cast<int>(ring.size()) - 1));
-        request.line = whole(random, 0, 1) == 0 ? plparcel::at_bearing(25.0 * whole(random, 0, 15))
-                                                : plparcel::parallel_to(side);
+        const plparcel::Line lines[] = {
+            plparcel::at_bearing(25.0 * whole(random, 0, 15)), plparcel::parallel_to(side),
+            plparcel::through_vertex(side),
+            plparcel::through_point({0.5 * whole(random, -4, 14), 0.5 * whole(random, -4, 14)})};
+        const int way = whole(random, 0, 3);
+        request.line = lines[way];
         request.amounts = {plparcel::share(whole(random, 1, 15), 16)};
         const Division division = plparcel::divide(ring, request);
+        if (way >= 2 && division.status == Status::no_line_through_point)
+            continue;
         ASSERT_EQ(division.status, Status::divided) << describe(division) << ": " << shown(ring, request);
+        turned += way >= 2 ? 1 : 0;
         const plparcel::DividingLine& line = division.lines[0];
         if (!is_clear(ring, line))
             continue;
@@ -156,8 +164,9 @@ TEST(Lattice, WholeLinesMakeTheFacesOfGeos)
         EXPECT_NEAR(sum, division.ring.area, 1e-9 * division.ring.area) << shown(ring, request);
         ++compared;
     }
-    std::printf("  %zu compared\n", compared);
+    std::printf("  %zu compared, %zu lines through vertices and points\n", compared, turned);
     EXPECT_GT(compared, 1000U);
+    EXPECT_GT(turned, 1000U);
 }
 
 }  // namespace

@@ -610,4 +610,180 @@ TEST(PointCut, OnSmallParcelsAtUtmSize)
     }
 }
 
+// ---- Whole lines
+
+const plparcel::Parcel kHoled = {kSquare, {{{40, 40}, {40, 60}, {60, 60}, {60, 40}}}};
+
+Request whole(const Line& line, const std::vector<plparcel::Amount>& amounts,
+              Measured measured = Measured::from_reference)
+{
+    Request request;
+    request.line = line;
+    request.amounts = amounts;
+    request.measured = measured;
+    request.pieces = plparcel::Pieces::any;
+    return request;
+}
+
+struct WholeRow {
+    const char* what;
+    plparcel::Parcel parcel;
+    Line line;
+    double asked;
+    Measured measured;
+    PL_PNT2D_record from;
+    PL_PNT2D_record to;
+    std::size_t segments;
+    std::size_t pieces;
+};
+
+TEST(TurningWholeLine, CutsOffTheAmount)
+{
+    const plparcel::Parcel square = {kSquare, {}};
+    const plparcel::Parcel clockwise = {kSquareClockwise, {}};
+    const plparcel::Parcel el = {kEl, {}};
+    const WholeRow rows[] = {
+        {"from a vertex", square, plparcel::through_vertex(0), 2500, kNear, {0, 0}, {100, 50}, 1, 2},
+        {"on the other side", square, plparcel::through_vertex(0), 2500, kFar, {0, 0}, {50, 100}, 1, 2},
+        {"clockwise: side 0 runs North, and the amount lies on its side",
+         clockwise,
+         plparcel::through_vertex(0),
+         2500,
+         kNear,
+         {50, 100},
+         {0, 0},
+         1,
+         2},
+        {"from a place", square, through_place(0, 20), 2000, kNear, {20, 0}, {100, 50}, 1, 2},
+        {"from a point on the boundary",
+         square,
+         through_point({20, 0}),
+         2000,
+         kNear,
+         {20, 0},
+         {100, 50},
+         1,
+         2},
+        {"a point inside", square, through_point({25, 25}), 1406.25, kNear, {0, 37.5}, {75, 0}, 1, 2},
+        {"at the point's least corner", square, through_point({25, 25}), 1250, kNear, {0, 50}, {50, 0}, 1, 2},
+        {"less by what is granted",
+         square,
+         through_point({25, 25}),
+         1250 - 0.9e-5,
+         kNear,
+         {0, 50},
+         {50, 0},
+         1,
+         2},
+        {"a point outside", square, through_point({-100, 50}), 5000, kNear, {0, 50}, {100, 50}, 1, 2},
+        {"a point outside, on the left of the line",
+         square,
+         through_point({-100, 50}),
+         5000,
+         kFar,
+         {0, 50},
+         {100, 50},
+         1,
+         2},
+        {"through a reflex vertex, on both sides of it",
+         el,
+         plparcel::through_vertex(3),
+         3750,
+         kNear,
+         {50, 50},
+         {0, 0},
+         1,
+         2},
+        {"along a side", el, plparcel::through_vertex(3), 5000, kNear, {50, 50}, {50, 0}, 1, 2},
+        {"in a hole", kHoled, through_point({50, 50}), 4800, kNear, {50, 0}, {50, 100}, 2, 2},
+        {"from a vertex across a hole",
+         kHoled,
+         plparcel::through_vertex(0),
+         4800,
+         kNear,
+         {0, 0},
+         {100, 100},
+         2,
+         2},
+        {"from the middle of a hole's side",
+         kHoled,
+         [] {
+             Line l = through_place(0, 10);
+             l.ring = 1;
+             return l;
+         }(),
+         4800,
+         kNear,
+         {100, 50},
+         {0, 50},
+         2,
+         2},
+    };
+    for (const WholeRow& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Division division = divide(row.parcel, whole(row.line, {area(row.asked)}, row.measured));
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        const auto is_near = [](const PL_PNT2D_record& a, const PL_PNT2D_record& b) {
+            return std::hypot(a.x - b.x, a.y - b.y) < 1e-11;
+        };
+        const plparcel::DividingLine& line = division.lines[0];
+        EXPECT_TRUE(is_near(line.from, row.from)) << line.from.x << " " << line.from.y;
+        EXPECT_TRUE(is_near(line.to, row.to)) << line.to.x << " " << line.to.y;
+        EXPECT_EQ(line.segments.size(), row.segments);
+        EXPECT_EQ(division.pieces.size(), row.pieces);
+        EXPECT_NEAR(division.held[0].area, row.asked, 1e-9 * division.ring.area);
+    }
+}
+
+TEST(TurningWholeLine, IsRefusedWithTheReason)
+{
+    const auto status = [](const Request& request) { return divide(kHoled, request).status; };
+    const auto one = [&](const Line& line, double asked) { return status(whole(line, {area(asked)})); };
+    EXPECT_EQ(one(through_point({20, 20}), 700), Status::no_line_through_point);
+    EXPECT_EQ(one(through_point({1.1e8, 0}), 700), Status::point_outside)
+        << "over a million times the extent";
+    EXPECT_EQ(one(through_point({0.9e8, 0}), 700), Status::divided);
+    EXPECT_EQ(one(through_point({kNan, 0}), 700), Status::point_outside);
+    EXPECT_EQ(one(through_point({20, 20}, kNan), 700), Status::no_direction);
+    EXPECT_EQ(one(through_place(0, 100.001), 700), Status::no_such_place);
+    EXPECT_EQ(one(plparcel::through_vertex(4), 700), Status::no_such_index);
+    Line of_hole = plparcel::through_vertex(0);
+    of_hole.ring = 2;
+    EXPECT_EQ(one(of_hole, 700), Status::no_such_index);
+    EXPECT_EQ(status(whole(through_point({20, 20}), {area(700), area(700)})), Status::only_one_amount);
+    EXPECT_EQ(status(whole(through_point({50, 50}), {share(1, 2), share(1, 2)})), Status::divided)
+        << "the second is what is left";
+    EXPECT_EQ(status(whole(through_point({20, 20}), {plparcel::width(7)})), Status::no_width);
+    Request second = whole(plparcel::through_vertex(0), {share(1, 2)});
+    second.alternative = 1;
+    EXPECT_EQ(status(second), Status::no_further_line);
+}
+
+// Through a corner of a hole most lines only touch the hole: a piece would touch itself there.
+TEST(TurningWholeLine, PassesTheHoleThatItTouches)
+{
+    Line line = plparcel::through_vertex(0);
+    line.ring = 1;
+    for (const double asked : {1000.0, 3000.0, 4000.0}) {
+        const Division division = divide(kHoled, whole(line, {area(asked)}));
+        if (division.status == Status::no_line_through_point)
+            continue;
+        ASSERT_EQ(division.status, Status::divided) << asked << " " << describe(division);
+        EXPECT_NEAR(division.held[0].area, asked, 1e-9 * division.ring.area);
+        const plparcel::DividingLine& found = division.lines[0];
+        const double off = ((40 - found.from.x) * (found.to.y - found.from.y) -
+                            (40 - found.from.y) * (found.to.x - found.from.x)) /
+                           std::hypot(found.to.x - found.from.x, found.to.y - found.from.y);
+        EXPECT_LE(std::fabs(off), 60 * plparcel::coordinate_spacing(kSquare)) << asked;
+    }
+}
+
+// Every line through the middle halves the parcel: the one at the bearing, those through vertices, and one between
+// each two of these.
+TEST(TurningWholeLine, AllThatHoldTheAmount)
+{
+    EXPECT_EQ(all_divisions(kHoled, whole(through_point({50, 50}, 10), {share(1, 2)})).size(), 12U);
+    EXPECT_EQ(all_divisions(kHoled, whole(through_point({25, 25}), {area(1406.25)})).size(), 2U);
+}
+
 }  // namespace

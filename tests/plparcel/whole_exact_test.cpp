@@ -1025,6 +1025,317 @@ TEST(WholeLinesExact, NoWrongDivisionInTwoAndNoFalseRefusal)
         std::printf("  %7d %s\n", times, what.c_str());
 }
 
+// ---- Whole lines through a vertex, a place or a point
+
+// The point about which lines turn; on the boundary the direction of the side that they turn away from, and whether the
+// parcel lies on its left.
+struct Pivot {
+    bool is_usable = true;  // not all but on the boundary
+    PL_PNT2D_record point = {};
+    bool on_boundary = false;
+    Point side;
+    bool inside_on_left = true;
+};
+
+PL_PNT2D_record place_at(const PL_PNT2D_record& a, const PL_PNT2D_record& b, double along)
+{
+    const Point d = exact({b})[0] - exact({a})[0];
+    mpf_class length(0, 300);
+    length = sqrt(mpf_class(dot(d, d), 300));
+    const Number part = Number(along) / Number(length);
+    // get_d() cuts off; the nearest double is half a spacing further.
+    const auto nearest = [](const Number& n) {
+        const double cut_off = n.get_d();
+        const double next = std::nextafter(cut_off, sgn(n) < 0 ? -HUGE_VAL : HUGE_VAL);
+        return abs(Number(next) - n) < abs(n - Number(cut_off)) ? next : cut_off;
+    };
+    return {nearest(Number(a.x) + d.x * part), nearest(Number(a.y) + d.y * part)};
+}
+
+// Of a point that was given: exactly at a vertex or on a side, or well away from all of them.
+Pivot pivot_at(const Parcel& parcel, const PL_PNT2D_record& point)
+{
+    Pivot pivot;
+    pivot.point = point;
+    const Point p = exact({point})[0];
+    const double far = 0.9e6 * plparcel::extent_of(parcel.outer).largest();
+    pivot.is_usable = std::hypot(point.x - parcel.outer[0].x, point.y - parcel.outer[0].y) < far;
+    for (std::size_t r = 0; r <= parcel.holes.size(); ++r) {
+        Polygon ring = exact(r == 0 ? parcel.outer : parcel.holes[r - 1]);
+        if ((sgn(signed_area(ring)) > 0) != (r == 0))
+            std::reverse(ring.begin(), ring.end());
+        const double spacing = plparcel::coordinate_spacing(r == 0 ? parcel.outer : parcel.holes[r - 1]);
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const Point d = after(ring, i) - ring[i];
+            const Point w = p - ring[i];
+            const Number off = cross(d, w);
+            const Number reach = Number(8 * spacing);
+            const bool beside = off * off <= reach * reach * dot(d, d);
+            const bool at_begin = dot(w, w) <= reach * reach;
+            const Point to_end = p - after(ring, i);
+            const bool at_end = dot(to_end, to_end) <= reach * reach;
+            if (sgn(dot(w, w)) == 0 ||
+                (sgn(off) == 0 && on(ring[i], after(ring, i), p) && !at_end && !at_begin)) {
+                pivot.on_boundary = true;
+                pivot.side = d;
+            } else if (at_begin || (at_end && sgn(dot(to_end, to_end)) != 0) ||
+                       (!at_end && beside && sgn(dot(w, d)) > 0 && dot(w, d) < dot(d, d))) {
+                pivot.is_usable = false;
+            }
+        }
+    }
+    return pivot;
+}
+
+Pivot pivot_of(const Parcel& parcel, const plparcel::Line& line)
+{
+    if (line.cut == Cut::through_point)
+        return pivot_at(parcel, line.a);
+    const Ring& ring = line.ring == 0 ? parcel.outer : parcel.holes[line.ring - 1];
+    const PL_PNT2D_record& a = ring[line.index];
+    const PL_PNT2D_record& b = ring[(line.index + 1) % ring.size()];
+    Pivot pivot;
+    pivot.on_boundary = true;
+    pivot.point = line.cut == Cut::through_vertex ? a : place_at(a, b, line.along);
+    pivot.side = exact({b})[0] - exact({a})[0];
+    const double reach = 4.0 * plparcel::coordinate_spacing(ring);
+    const auto is_at = [&](const PL_PNT2D_record& v) {
+        return std::fabs(pivot.point.x - v.x) <= reach && std::fabs(pivot.point.y - v.y) <= reach;
+    };
+    pivot.is_usable = line.cut == Cut::through_vertex || !(is_at(a) || is_at(b));
+    pivot.inside_on_left = (sgn(signed_area(exact(ring))) > 0) == (line.ring == 0);
+    return pivot;
+}
+
+Request any_turning_request(const Parcel& parcel)
+{
+    Request request = any_request(parcel);
+    constexpr Cut kCuts[] = {Cut::through_vertex, Cut::through_place, Cut::through_point};
+    request.line.cut = kCuts[less_than(3)];
+    const Ring& ring = request.line.ring == 0 ? parcel.outer : parcel.holes[request.line.ring - 1];
+    const PL_PNT2D_record& a = ring[request.line.index];
+    const PL_PNT2D_record& b = ring[(request.line.index + 1) % ring.size()];
+    request.line.along = std::hypot(b.x - a.x, b.y - a.y) * between(0.05, 0.95);
+    const plparcel::Extent extent = plparcel::extent_of(parcel.outer);
+    const double beyond = less_than(3) == 0 ? 2.0 * extent.largest() : 0.0;
+    request.line.a = {between(extent.low.x - beyond, extent.high.x + beyond),
+                      between(extent.low.y - beyond, extent.high.y + beyond)};
+    const std::size_t way = less_than(6);
+    if (way == 0)
+        request.line.a = {std::round(request.line.a.x), std::round(request.line.a.y)};
+    if (way == 1)
+        request.line.a = a;
+    if (way == 2)
+        request.line.a = {(extent.low.x + extent.high.x) / 2, (extent.low.y + extent.high.y) / 2};
+    const std::size_t of = 2 + less_than(11);
+    request.amounts = {plparcel::share(static_cast<double>(1 + less_than(of - 1)), static_cast<double>(of))};
+    return request;
+}
+
+// How much too much lies on the right of a line through a point.
+class Excess {
+public:
+    Excess(const Judged& judged, const Pivot& pivot, bool amount_on_right)
+        : judged_(judged), point_(exact({pivot.point})[0]), wanted_(judged.asked[amount_on_right ? 0 : 1])
+    {}
+
+    Number operator()(const Point& run) const
+    {
+        const Point up = {-run.y, run.x};
+        std::vector<Polygon> kept;
+        for (const Polygon& ring : judged_.parcel)
+            kept.push_back(below(ring, up, dot(up, point_)));
+        return area_of(kept) - wanted_;
+    }
+
+    const Point& point() const { return point_; }
+
+private:
+    const Judged& judged_;
+    Point point_;
+    Number wanted_;
+};
+
+// From a direction on, anticlockwise through half a turn: to all vertices, and some directions between.
+std::vector<Point> half_turn(const Judged& judged, const Point& point, const Point& first)
+{
+    std::vector<Point> runs;
+    for (const Polygon& ring : judged.parcel) {
+        for (const Point& v : ring) {
+            Point d = v - point;
+            const int side = sgn(cross(first, d));
+            if (side < 0)
+                d = {-d.x, -d.y};
+            if (side != 0)
+                runs.push_back(d);
+        }
+    }
+    std::sort(runs.begin(), runs.end(), [](const Point& a, const Point& b) { return sgn(cross(a, b)) > 0; });
+    runs.insert(runs.begin(), first);
+    runs.push_back({-first.x, -first.y});
+    constexpr int kBetween = 4;
+    std::vector<Point> all;
+    for (std::size_t i = 0; i + 1 < runs.size(); ++i) {
+        all.push_back(runs[i]);
+        const Number one = std::max(Number(abs(runs[i].x)), Number(abs(runs[i].y)));
+        const Number other = std::max(Number(abs(runs[i + 1].x)), Number(abs(runs[i + 1].y)));
+        for (int k = 1; k < kBetween && sgn(cross(runs[i], runs[i + 1])) != 0; ++k) {
+            const Number a = Number(kBetween - k) / one;
+            const Number b = Number(k) / other;
+            all.push_back({runs[i].x * a + runs[i + 1].x * b, runs[i].y * a + runs[i + 1].y * b});
+        }
+    }
+    all.push_back(runs.back());
+    return all;
+}
+
+// How often the area on the right passes what is wanted, for certain; and whether a line all but holds it.
+struct Passed {
+    std::size_t times = 0;
+    bool holds_nearly = false;
+};
+
+Passed passed_in(const Judged& judged, const Excess& excess, const Point& first)
+{
+    const Number granted = std::min(tolerance(judged, 0), tolerance(judged, 1));
+    Passed passed;
+    int sign = 0;
+    for (const Point& run : half_turn(judged, excess.point(), first)) {
+        const Number more = excess(run);
+        if (abs(more) <= granted * Number(0.9))
+            passed.holds_nearly = true;
+        if (abs(more) <= 2 * granted)
+            continue;
+        passed.times += sign != 0 && sgn(more) != sign ? 1 : 0;
+        sign = sgn(more);
+    }
+    return passed;
+}
+
+Passed lines_there_are(const Judged& judged, const Pivot& pivot, const Request& request)
+{
+    const bool from_reference = request.measured == Measured::from_reference;
+    if (!pivot.on_boundary) {
+        const Point east = {1, 0};
+        const Passed one = passed_in(judged, Excess(judged, pivot, true), east);
+        const Passed other = passed_in(judged, Excess(judged, pivot, false), east);
+        return {one.times + other.times, one.holds_nearly || other.holds_nearly};
+    }
+    // The line turns to the left of the side, which then lies on its right, or to the right of it.
+    const Point first = pivot.inside_on_left ? pivot.side : Point{-pivot.side.x, -pivot.side.y};
+    const bool on_right = from_reference == pivot.inside_on_left;
+    return passed_in(judged, Excess(judged, pivot, on_right), first);
+}
+
+// What runs along a line, from end to end.
+Point run_of(const Division& division)
+{
+    return exact({division.lines[0].to})[0] - exact({division.lines[0].from})[0];
+}
+
+std::string objection_to_turned(Judged& judged, const Pivot& pivot, const Request& request,
+                                const Division& division)
+{
+    const Point run = run_of(division);
+    if (sgn(dot(run, run)) == 0)
+        return "a line without length";
+    const bool from_reference = request.measured == Measured::from_reference;
+    judged.up = from_reference ? Point{-run.y, run.x} : Point{run.y, -run.x};
+    // Prolonged from ends that are rounded, or moved past a hole, the line passes the point by so much.
+    const Point from = exact({division.lines[0].from})[0];
+    const Point way = exact({pivot.point})[0] - from;
+    const Number length2 = dot(run, run);
+    const Number off = cross(run, way);
+    const Number far = 1 + 2 * dot(way, way) / length2;
+    if (off * off > length2 * far * judged.spacing * judged.spacing * (1030 * 1030))
+        return "the line passes the point";
+    if (pivot.on_boundary) {
+        const Number side = cross(run, pivot.side);
+        const bool lies_right = sgn(side) < 0;
+        const Number slack = dot(pivot.side, pivot.side) * (30 * 30) * judged.spacing * judged.spacing;
+        if (!lies_right && side * side > slack)
+            return "the side lies where the amount does not";
+    }
+    return objection(judged, division);
+}
+
+// Clockwise from the bearing, or away from the side.
+bool are_in_order(const std::vector<Division>& all, const Pivot& pivot, const Request& request)
+{
+    constexpr double kTurn = 2.0 * 3.14159265358979323846;
+    const auto direction = [](const Point& d) { return std::atan2(d.x.get_d(), d.y.get_d()); };  // a bearing
+    const bool clockwise = !pivot.on_boundary || !pivot.inside_on_left;
+    double first = request.line.bearing * kTurn / 400.0;
+    if (pivot.on_boundary)
+        first = direction(pivot.side);
+    double before = 0.0;
+    for (const Division& division : all) {
+        double turned = std::fmod((direction(run_of(division)) - first) * (clockwise ? 1.0 : -1.0), kTurn);
+        turned += turned < -1e-6 ? kTurn : 0.0;
+        if (pivot.on_boundary && !pivot.inside_on_left)
+            turned = std::fmod(turned + kTurn / 2, kTurn);
+        if (turned < before - 1e-6 && turned > 1e-6 && turned < kTurn - 1e-6)
+            return false;
+        before = std::max(before, turned);
+    }
+    return true;
+}
+
+TEST(WholeLinesExact, NoWrongDivisionThroughAPointAndNoFalseRefusal)
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    const int count = chosen != nullptr ? std::max(1, std::atoi(chosen)) : 1500;
+    std::map<std::string, int> tally;
+    std::size_t lines = 0;
+    for (int i = 0; i < count;) {
+        const Parcel parcel = any_parcel();
+        const plparcel::RingReport report = check_parcel(parcel);
+        if (report.status != plparcel::BoundaryStatus::usable || report.repeated > 0 || report.closed)
+            continue;
+        const Request request = any_turning_request(parcel);
+        const Pivot pivot = pivot_of(parcel, request.line);
+        if (!pivot.is_usable)
+            continue;
+        ++i;
+        Judged exactly = judged(parcel, request);
+        const bool coarse = is_too_coarse(exactly);
+        const std::vector<Division> all =
+            i % 8 == 0 ? all_divisions(parcel, request) : std::vector<Division>{divide(parcel, request)};
+        const Status status = all[0].status;
+        const char* kKinds[] = {"vertex", "place", "point"};
+        ++tally[std::string(kKinds[static_cast<std::size_t>(request.line.cut) == 2
+                                       ? 0
+                                       : static_cast<std::size_t>(request.line.cut) - 4]) +
+                ": " + describe(all[0]) + (coarse ? ", doubles far apart" : "")];
+        std::string fault;
+        if (status == Status::divided) {
+            for (const Division& division : all)
+                if (fault.empty())
+                    fault = objection_to_turned(exactly, pivot, request, division);
+            lines += all.size();
+        }
+        if (status != Status::divided || i % 8 == 0) {
+            const Passed passed = lines_there_are(exactly, pivot, request);
+            const std::size_t found = status == Status::divided ? all.size() : 0;
+            const bool is_due = coarse && (status == Status::not_reached || found > 0);
+            if (status != Status::divided && status != Status::not_reached &&
+                status != Status::no_line_through_point)
+                fault = "no reason to refuse";
+            else if (found < passed.times && !is_due)
+                fault = "not all lines were found";
+            else if (found == 0 && passed.holds_nearly && !is_due)
+                fault = "a line holds it nearly";
+            else if (fault.empty() && found > 1 && !coarse && !are_in_order(all, pivot, request))
+                fault = "not in order";
+        }
+        EXPECT_EQ(fault, "") << describe(all[0]) << ": point " << pivot.point.x << " " << pivot.point.y
+                             << " along " << request.line.along << " " << shown(parcel, request);
+    }
+    for (const auto& [what, times] : tally)
+        std::printf("  %7d %s\n", times, what.c_str());
+    std::printf("  %zu lines\n", lines);
+}
+
 // What is not right is seen.
 TEST(WholeLinesExact, TheJudgeObjects)
 {

@@ -389,7 +389,6 @@ TEST(WholeLines, TwoPiecesOfAParcelWithHoles)
     EXPECT_FALSE(through.lines[0].meets_again);
     EXPECT_EQ(cut(kHoles, plparcel::through_vertex(0), {share(1, 2)}, kHere, Pieces::two).status,
               Status::only_without_holes);
-    EXPECT_EQ(cut(kU, plparcel::through_vertex(0), {share(1, 2)}).status, Status::only_two_pieces);
     EXPECT_EQ(cut(kHoles, parallel_to(0, 3), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kHoles, parallel_to(4, 2), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kU, parallel_to(0, 1), {share(1, 2)}, kHere, Pieces::two).status, Status::no_such_index);

@@ -51,6 +51,9 @@ namespace plparcel {
 /// | at_bearing, along_segment | on the right of the line as it runs | on its left          |
 /// | through_place  | next to the rest of the side, after the place | next to its beginning  |
 /// | through_point  | on the right of the line as it runs           | on its left            |
+///
+/// A whole line (Pieces::any) through a vertex or a place has the amount on the side of it on which the side after the vertex
+/// lies, or the rest of the side; `opposite` on the other side of it.
 enum class Measured { from_reference, opposite };
 
 /// How an amount is given.
@@ -105,7 +108,8 @@ PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 enum class Pieces {
     two,  ///< exactly two: a line from boundary to boundary, past holes or across them. Some amounts have none, others
     ///< several
-    any  ///< the whole straight line cuts, and the amount is all that lies on its side of it. Each amount has one
+    any  ///< the whole straight line cuts, and the amount is all that lies on its side of it. Each amount has one of a
+    ///< direction; through a vertex, a place or a point most amounts have one or more, see feasible()
 };
 
 /// What to cut off.
@@ -123,11 +127,13 @@ struct Request {
     std::vector<Amount> amounts;
     Measured measured = Measured::from_reference;  ///< where the amounts lie
     /// Which of the lines that hold the first amount: 0 for the first one in the order that divide() states, 1 for the
-    /// second. A line that holds the amount only nearly counts only as the first. Of whole lines (`pieces`) there is
-    /// no second one.
+    /// second. A line that holds the amount only nearly counts only as the first. Of whole lines (`pieces`) of a direction
+    /// there is no second one.
     std::size_t alternative = 0;
-    Pieces pieces = Pieces::two;  ///< `any` is for lines that have a direction
-    Rounding rounding = {};       ///< how many decimals the ends of the lines have; see rounding.h
+    /// With `any`, a line through a vertex, a place or a point cuts off one amount only: whole lines that cross in one point
+    /// leave no pieces next to each other.
+    Pieces pieces = Pieces::two;
+    Rounding rounding = {};  ///< how many decimals the ends of the lines have; see rounding.h
     /// Whether to call CFrazArea as well, for comparison. Its answers fill Division::bare and
     /// DividingLine::library_agrees; no line depends on them. It knows parallels, perpendiculars and lines from a
     /// vertex only, and no widths, holes or whole lines. It costs about as much as the division itself, and far more on
@@ -149,22 +155,24 @@ enum class Status {
     no_direction,         ///< a bearing that is not finite, or a segment that is not or has no length
     no_width,             ///< a width, and a line through a vertex, a place or a point
     no_such_place,        ///< the distance along the side is not a number from 0 to its length
-    point_outside,        ///< the point lies outside the parcel, or is not finite
-    only_two_pieces,      ///< any number of pieces, and a line that starts somewhere or goes through a point
-    only_without_holes,   ///< a hole, and a line that starts somewhere or goes through a point
-    no_amount,            ///< the list of amounts is empty
-    unusable_rounding,    ///< decimals or a tolerance outside what Rounding says
-    unusable_amount,      ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
-    amount_too_small,     ///< not above zero, or given by a number below 1e-200
-    amount_too_large,     ///< not less than there is to cut, or given by a number above 1e200; a width that
-                          ///< reaches beyond what is left
+    point_outside,  ///< the point lies outside the parcel, or is not finite; of a whole line (Pieces::any), it
+                    ///< lies farther off than a million times the parcel's extent
+    only_one_amount,  ///< two amounts or more, any number of pieces, and a line through a vertex, a place or a point
+    only_without_holes,  ///< a hole, two pieces, and a line that starts somewhere or goes through a point
+    no_amount,           ///< the list of amounts is empty
+    unusable_rounding,   ///< decimals or a tolerance outside what Rounding says
+    unusable_amount,     ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
+    amount_too_small,    ///< not above zero, or given by a number below 1e-200
+    amount_too_large,    ///< not less than there is to cut, or given by a number above 1e200; a width that
+                         ///< reaches beyond what is left
 
     // the cut
-    base_reaches_behind,    ///< the part of the parcel behind the base side is larger than the request
-    no_line_through_point,  ///< in no direction does the line through the point cut the amount off
-    no_further_line,        ///< there are no more lines than Request::alternative says
-    line_leaves_parcel,     ///< every line that holds the amount makes more than two pieces
-    not_reached             ///< coordinates are too coarse to meet the amount within the tolerance
+    base_reaches_behind,  ///< the part of the parcel behind the base side is larger than the request
+    no_line_through_point,  ///< in no direction does the line through the point cut the amount off; of whole lines, the
+                            ///< vertex and the place are such points as well
+    no_further_line,     ///< there are no more lines than Request::alternative says
+    line_leaves_parcel,  ///< every line that holds the amount makes more than two pieces
+    not_reached          ///< coordinates are too coarse to meet the amount within the tolerance
 };
 
 /// @param[in] status  any status
@@ -178,7 +186,7 @@ struct DividingLine {
     /// through a vertex from that vertex, to the last bit, and one at a bearing or along a segment as these do. A line
     /// from a place or a point on the boundary starts there, to the last bit where the point was given by its
     /// coordinates; one through a point inside runs in the direction that has the amount on its right, or for
-    /// `opposite` on its left.
+    /// `opposite` on its left, and so does any whole line through a vertex, a place or a point.
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};  ///< the other end
     /// What of the line lies in the parcel, from `from` to `to`, each with its ends on the boundary; they touch where a
@@ -288,6 +296,16 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             amounts allow. Of the statuses only not_reached can follow: the doubles there cannot hold the amount.
 ///             Pieces of one amount come in the order in which they meet its line, from the left as seen from where
 ///             the first amount lies.
+/// Turning     A whole line through a vertex, a place or a point is found by turning it about that point, which may then lie
+///             anywhere: outside of the parcel, or in a hole. On the boundary it begins along the side after the vertex,
+///             or along the rest of the side, and turns half round away from it; elsewhere it begins at
+///             Line::bearing and turns once round, clockwise. The lines that hold the amount come in this order, and after
+///             them those that miss it by no more than the tolerance, through a vertex or of the greatest or least area
+///             that there is. A line has its end at the place itself. It passes a point by no more than its ends are
+///             rounded, or by 12 to 48 spacings, or as said above, where it touches a hole: through a corner of a
+///             hole most lines do. no_line_through_point says that no line holds the amount; not_reached that the doubles
+///             there cannot. In n log n, and for each range of directions in which the amount might be held as many steps as
+///             the line meets sides.
 PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 
 /// All divisions that a request allows: with each of the lines that hold its first amount, in the order in which divide()
@@ -301,11 +319,17 @@ PLPARCEL_API Division divide(const Ring& ring, const Request& request);
 ///             Line::bearing, those through vertices and one between each two of them stand for all.
 PLPARCEL_API std::vector<Division> all_divisions(const Ring& ring, const Request& request);
 
+/// The same of a parcel that may have holes.
+///
+/// @param[in] parcel, request  as for divide()
+/// @return see above
+PLPARCEL_API std::vector<Division> all_divisions(const Parcel& parcel, const Request& request);
+
 /// Divides a parcel that may have holes.
 ///
 /// @param[in] parcel   see check_parcel(); the order of the holes and the vertices at which rings begin change no bit
 ///                     of status, lines and pieces
-/// @param[in] request  as for a ring. Lines through a vertex need a parcel without holes
+/// @param[in] request  as for a ring. Two pieces by a line through a vertex, a place or a point need a parcel without holes
 /// @return as for a ring, for lines in a direction, with two pieces and holes as follows.
 ///
 /// Counts      A line begins on one ring of the boundary and runs on until it comes back to that ring: from the outer ring

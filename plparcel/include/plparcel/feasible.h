@@ -47,7 +47,8 @@ struct Feasible {
 /// @param[in] parcel    as for divide()
 /// @param[in] line      how the line runs
 /// @param[in] measured  which piece holds the amount
-/// @param[in] pieces    for `any` everything between nothing and the parcel can be had, by lines that have a direction
+/// @param[in] pieces    for `any` everything between nothing and the parcel can be had, by lines that have a direction;
+///                      through a vertex, a place or a point there is one range
 /// @return the ranges. A line through a point inside may run either way, so that both pieces have the same
 ///
 /// Tolerance   divide() accepts a line to a vertex that misses its amount by 1e-9 of the parcel, and by a hundredth of the

@@ -51,7 +51,7 @@ PLPARCEL_API Line parallel_to(std::size_t side, std::size_t ring = 0) noexcept;
 PLPARCEL_API Line perpendicular_to(std::size_t side, std::size_t ring = 0) noexcept;
 
 /// @param[in] vertex  counted from 0
-/// @return a line from that vertex
+/// @return a line from that vertex of the outer ring; set Line::ring for a hole's
 PLPARCEL_API Line through_vertex(std::size_t vertex) noexcept;
 
 /// @param[in] bearing_gon  clockwise from North: 0 runs North, 100 East
@@ -64,10 +64,10 @@ PLPARCEL_API Line along_segment(const PL_PNT2D_record& a, const PL_PNT2D_record&
 
 /// @param[in] side   counted from 0
 /// @param[in] along  distance from the side's first end, caller's unit; 0 is that vertex, the side's length the next
-/// @return a line from that place on the boundary
+/// @return a line from that place on the outer ring; set Line::ring for a hole's
 PLPARCEL_API Line through_place(std::size_t side, double along) noexcept;
 
-/// @param[in] point    in the parcel or on its boundary
+/// @param[in] point    in the parcel or on its boundary; of a whole line anywhere, see Pieces
 /// @param[in] bearing  gons, clockwise from North; where several lines through a point inside hold the amount, the first
 ///                     is the one whose direction comes first, clockwise from this bearing
 /// @return a line through that point

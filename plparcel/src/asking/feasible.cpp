@@ -12,6 +12,7 @@
 #include "numbers/wide.h"
 #include "one_cut.h"
 #include "verdict/target.h"
+#include "whole_lines/turning_cut.h"
 
 namespace plparcel {
 namespace {
@@ -33,7 +34,7 @@ bool is_known(Measured measured)
 std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Line& line)
 {
     if (has_start(line.cut))
-        return Status::only_two_pieces;
+        return pivot_of(parcel, line).refusal;
     if (is_free(line.cut))
         return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
     if (line.cut != Cut::parallel && line.cut != Cut::perpendicular)
@@ -46,12 +47,29 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Line& 
     return std::nullopt;
 }
 
-Feasible of_whole_lines(const CheckedParcel& parcel, const Line& line)
+// The area changes without a jump as a line turns about a point. Nothing and all of the parcel are not had.
+AmountRange of_turning_line(const CheckedParcel& parcel, const Line& line, Measured measured)
+{
+    constexpr double kNothing = 1e-24;
+    WholeParcel whole;
+    whole.rings = parcel.rings;
+    whole.area = parcel.area;
+    const LeastAndMost found = areas_through(whole, pivot_of(parcel, line), measured);
+    const Wide nothing = whole.area * kNothing;
+    const bool has_least = found.least > nothing;
+    const bool has_most = whole.area - found.most > nothing;
+    return {has_least ? found.least.value() : 0.0, has_most ? found.most.value() : whole.area.value(),
+            has_least, has_most};
+}
+
+Feasible of_whole_lines(const CheckedParcel& parcel, const Line& line, Measured measured)
 {
     Feasible all;
     all.parcel = parcel.report.area;
     all.refusal = refusal_of_whole(parcel, line);
-    if (!all.refusal)
+    if (!all.refusal && has_start(line.cut))
+        all.ranges = {of_turning_line(parcel, line, measured)};
+    else if (!all.refusal)
         all.ranges = {{0.0, all.parcel, false, false}};
     return all;
 }
@@ -131,7 +149,7 @@ Feasible feasible(const Parcel& parcel, const Line& line, Measured measured, Pie
     if (!is_known(measured) || (pieces != Pieces::two && pieces != Pieces::any))
         return refused(Status::unknown_request, whole);
     if (pieces == Pieces::any)
-        return of_whole_lines(checked_parcel, line);
+        return of_whole_lines(checked_parcel, line, measured);
     if (!parcel.holes.empty())
         return refused(Status::only_without_holes, whole);
     return of_two_pieces(checked_parcel.clean.front(), line, measured);

@@ -77,10 +77,12 @@ PL_PNT2D_record zero_of(const WholeParcel& parcel, const Request& request)
 
 class WholeCut {
 public:
-    WholeCut(const WholeParcel& parcel, const Request& request, const Shares& shares, double of_parcel)
-        : parcel_(parcel), request_(request), shares_(shares), of_parcel_(of_parcel),
-          frame_(parcel.rings, zero_of(parcel, request), up_of(parcel, request)), rings_(frame_.rings()),
-          spacing_(frame_.spacing()),
+    WholeCut(const WholeParcel& parcel, const Request& request, const Shares& shares, double of_parcel,
+             const KnownLine* known = nullptr)
+        : parcel_(parcel), request_(request), shares_(shares), of_parcel_(of_parcel), known_(known),
+          frame_(parcel.rings, known ? known->point : zero_of(parcel, request),
+                 known ? known->up : up_of(parcel, request)),
+          rings_(frame_.rings()), spacing_(frame_.spacing()),
           profile_(rings_, frame_.seen()), levels_{rings_, frame_.local(), frame_.points(), frame_.seen(),
                                                    unit() * kOnLine}
     {}
@@ -111,6 +113,11 @@ private:
     // The exact level of each line, and what each piece should hold.
     bool place_lines(Division& division)
     {
+        if (known_ != nullptr) {
+            exact_ = {known_->level};
+            asked_ = shares_.pieces;
+            return true;
+        }
         Wide level = begin();
         Wide below;
         for (std::size_t i = 0; i + 1 < shares_.pieces.size(); ++i) {
@@ -216,7 +223,30 @@ private:
             }
             first_.push_back(crossings_.size());
         }
+        if (known_ != nullptr && known_->ends_there)
+            end_at_point();
         return kNone;
+    }
+
+    // The line ends where it was said to begin, not beside it.
+    void end_at_point()
+    {
+        for (Crossing& end : crossings_)
+            if (is_at_point(end) && !is_vertex(end))
+                end.place = known_->point;
+    }
+
+    bool is_at_point(const Crossing& end) const
+    {
+        const double reach = kSideRoundings * spacing_;
+        const PL_PNT2D_record& point = known_->point;
+        return std::hypot(end.place.x - point.x, end.place.y - point.y) <= 2.0 * reach &&
+               is_near_side(rings_[end.side], rings_.end_of(end.side), point, reach);
+    }
+
+    bool is_vertex(const Crossing& end) const
+    {
+        return same_place(end.place, rings_[end.side]) || same_place(end.place, rings_.end_of(end.side));
     }
 
     void blame(std::size_t band, std::size_t& first)
@@ -313,7 +343,7 @@ private:
     bool balance(std::size_t i, double& over)
     {
         Crossing& end = crossings_[i];
-        if (same_place(end.place, rings_[end.side]) || same_place(end.place, rings_.end_of(end.side)))
+        if (is_vertex(end) || (known_ != nullptr && known_->ends_there && is_at_point(end)))
             return false;
         // The piece below runs up to the right end, along the line to the left end, and down from there.
         const PL_PNT2D_record other = crossings_[i ^ 1U].place;
@@ -338,6 +368,8 @@ private:
     // Whether segments are told from the right end to the left one of the frame.
     bool runs_back(std::size_t line) const
     {
+        if (known_ != nullptr)
+            return request_.measured == Measured::opposite;
         const WidePoint run = run_of(parcel_, request_.line);
         const Crossing& left = crossings_[first_[line]];
         const Crossing& right = crossings_[first_[line + 1] - 1];
@@ -420,6 +452,7 @@ private:
     const Request& request_;
     const Shares& shares_;
     double of_parcel_;
+    const KnownLine* known_;  // or null: the amounts decide where the lines lie
     LevelFrame frame_;
     const JoinedRings& rings_;
     double spacing_;
@@ -445,6 +478,12 @@ std::vector<Wide> cut_whole(const WholeParcel& parcel, const Request& request, c
                             double of_parcel, Division& division)
 {
     return WholeCut(parcel, request, shares, of_parcel).divide(division);
+}
+
+void cut_along(const WholeParcel& parcel, const Request& request, const Shares& shares, double of_parcel,
+               const KnownLine& line, Division& division)
+{
+    WholeCut(parcel, request, shares, of_parcel, &line).divide(division);
 }
 
 }  // namespace plparcel

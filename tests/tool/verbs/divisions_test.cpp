@@ -238,8 +238,14 @@ const NoLineRow kNoLines[] = {
      "lot.csv: a line from a vertex or a place, or through a point, has no width to keep; ask for an area"},
     {"--parallel 1 --width 50", 4,
      "lot.csv: the requested width 50 reaches beyond what is left of the parcel; ask for less"},
-    {"--vertex 1 --area 9 --pieces any", 2,
-     "lot.csv: --pieces any needs a line that has a direction; cut along a side, across it, or at a bearing"},
+    {"--vertex 1 --areas 9,9 --pieces any", 2,
+     "lot.csv: a whole line through a vertex, a place or a point cuts off one amount only; ask for one "
+     "amount, or "
+     "for two pieces without --pieces any"},
+    {"--through 20,20 --area 9 --pieces any", 4,
+     "lot.csv: no line through the point cuts off the requested area 9; ask for at least 800.0000"},
+    {"--bearing 50 --area 9 --pieces any --alternative 2", 2,
+     "--alternative: with --pieces any there is only one line; see plcalc divide --help"},
     {"--parallel 1 --area 9 --pieces 2", 2, "--pieces: '2' is neither two nor any; see plcalc divide --help"},
     {"--parallel 1 --area 9 --alternative 0", 2,
      "--alternative: '0' is not a number from 1 on; see plcalc divide --help"},

@@ -93,11 +93,20 @@ void complete(const Parcel& parcel, const Asked& asked, PrintedDivision& printed
         printed.areas.push_back(piece.area);
 }
 
+// All lines of these kinds are known, with holes and without.
+bool is_whole_through(const Asked& asked)
+{
+    const plparcel::Cut cut = asked.request.line.cut;
+    return asked.request.pieces == plparcel::Pieces::any &&
+           (cut == plparcel::Cut::through_vertex || cut == plparcel::Cut::through_place ||
+            cut == plparcel::Cut::through_point);
+}
+
 // The line that is asked for, and how many there are.
 PrintedDivision with_alternatives(const Parcel& parcel, plparcel::Request request, const Asked& asked)
 {
     const std::size_t chosen = std::exchange(request.alternative, 0);
-    std::vector<plparcel::Division> all = plparcel::all_divisions(parcel.ring, request);
+    std::vector<plparcel::Division> all = plparcel::all_divisions(boundary_of(parcel), request);
     PrintedDivision printed;
     const bool divided = all.front().status == plparcel::Status::divided;
     printed.alternatives = divided ? all.size() : 0;
@@ -105,7 +114,7 @@ PrintedDivision with_alternatives(const Parcel& parcel, plparcel::Request reques
     if (divided && chosen >= all.size()) {
         printed.proven = {};
         printed.proven.status = plparcel::Status::no_further_line;
-        printed.proven.ring = plparcel::check_ring(parcel.ring);
+        printed.proven.ring = plparcel::check_parcel(boundary_of(parcel));
     }
     complete(parcel, asked, printed);
     return printed;
@@ -117,7 +126,7 @@ PrintedDivision divide_in_print(const Parcel& parcel, const Asked& asked)
 {
     PrintedDivision printed;
     const plparcel::Request request = request_for(parcel, asked);
-    if (asked.count_alternatives && parcel.holes.empty())
+    if (asked.count_alternatives && (parcel.holes.empty() || is_whole_through(asked)))
         return with_alternatives(parcel, request, asked);
     printed.proven = divide(parcel, request);
     complete(parcel, asked, printed);

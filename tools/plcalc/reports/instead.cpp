@@ -25,6 +25,7 @@ struct Instead {
     int decimals = 0;
     bool below_is_had = false;
     bool above_is_had = false;
+    bool with_lines = false;  // other lines have been looked for
     plparcel::Alternatives lines;
 };
 
@@ -45,17 +46,22 @@ std::optional<Instead> instead_of(const Answer& answer)
 {
     const plparcel::Division& division = answer.printed.proven;
     const Asked& asked = answer.asked;
+    const bool any_pieces = asked.request.pieces == plparcel::Pieces::any;
     const bool is_said = is_about_line(division.status) && division.at_amount == 0 &&
-                         answer.parcel.holes.empty() && asked.request.pieces == plparcel::Pieces::two &&
+                         (answer.parcel.holes.empty() || any_pieces) &&
                          asked.request.amounts[0].given != plparcel::Given::as_width;
     if (!is_said)
         return std::nullopt;
     const plparcel::Parcel parcel = boundary_of(answer.parcel);
     plparcel::Line line = asked.request.line;
-    line.index = asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : 0;
+    const std::optional<RingIndex> at =
+        in_ring(answer.parcel, asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : 0);
+    line.index = at ? at->index : 0;
+    line.ring = at ? at->ring : 0;
     line.along *= answer.parcel.ground_factor;
     const double to_plane = answer.parcel.ground_factor * answer.parcel.ground_factor;
-    const plparcel::Feasible feasible = plparcel::feasible(parcel, line, asked.request.measured);
+    const plparcel::Feasible feasible =
+        plparcel::feasible(parcel, line, asked.request.measured, asked.request.pieces);
     const double wanted = area_of(asked.request.amounts[0], feasible.parcel / to_plane) * to_plane;
     const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(feasible.ranges, wanted);
     Instead instead;
@@ -66,8 +72,10 @@ std::optional<Instead> instead_of(const Answer& answer)
         instead.above = rounded(*nearest.above / to_plane, instead.decimals, true);
     instead.below_is_had = nearest.below_is_had;
     instead.above_is_had = nearest.above_is_had;
-    instead.lines =
-        plparcel::alternatives_for(parcel, plparcel::area(wanted), asked.request.measured, kMostLines);
+    instead.with_lines = !any_pieces;
+    if (instead.with_lines)
+        instead.lines =
+            plparcel::alternatives_for(parcel, plparcel::area(wanted), asked.request.measured, kMostLines);
     return instead;
 }
 
@@ -134,6 +142,8 @@ Json json_instead(const Answer& answer)
     if (instead->above)
         json["above"] = {{"area", number(*instead->above, instead->decimals)},
                          {"had", instead->above_is_had}};
+    if (!instead->with_lines)
+        return json;
     json["lines"] = Json::array();
     for (const plparcel::Alternative& line : instead->lines.lines)
         json["lines"].push_back({{"cut", cut_option(line.line.cut)},

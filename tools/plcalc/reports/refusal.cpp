@@ -178,9 +178,9 @@ Failure refusal(const Answer& answer, bool with_instead)
     case Status::point_outside:
         return cannot_cut(answer, "the point " + answer.asked.line + " lies outside the parcel",
                           "name one inside or on the boundary");
-    case Status::only_two_pieces:
-        return wrong_use(answer, "--pieces any needs a line that has a direction",
-                         "cut along a side, across it, or at a bearing");
+    case Status::only_one_amount:
+        return wrong_use(answer, plparcel::describe(status),
+                         "ask for one amount, or for two pieces without --pieces any");
     case Status::no_line_through_point:
         return cannot_cut(answer, "no line through the point cuts off " + described_amount(answer),
                           advice("ask for another area, or choose another point"));
@@ -191,7 +191,9 @@ Failure refusal(const Answer& answer, bool with_instead)
                               std::to_string(answer.printed.alternatives),
                           "choose one with --alternative N, from 1");
     case Status::only_without_holes:
-        return cannot_cut(answer, plparcel::describe(status), "cut along a side, across it, or at a bearing");
+        return cannot_cut(
+            answer, plparcel::describe(status),
+            "let the whole line cut with --pieces any, or cut along a side, across it, or at a bearing");
     default:
         break;
     }

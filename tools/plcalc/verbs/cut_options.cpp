@@ -215,7 +215,8 @@ void CuttingVerb::set_choice(Asked& asked) const
         wrong_use("--pieces: '" + pieces_ + "' is neither two nor any");
     if (pieces_ == "any")
         asked.request.pieces = plparcel::Pieces::any;
-    if (given("--alternative") && pieces_ == "any")
+    const bool turns = given("--vertex") || given("--vertex-near") || given("--place") || given("--through");
+    if (given("--alternative") && pieces_ == "any" && !turns)
         wrong_use("--alternative: with --pieces any there is only one line");
 }
 

@@ -110,8 +110,9 @@ CUT, one of
                         how many such lines there are
   --alternative N       takes the N-th of the lines that hold the area
   --pieces two|any      any: the whole straight line cuts, and the area is all
-                        that lies on its side of it, in however many pieces. Two
-                        by default: the line makes exactly two pieces
+                        that lies on its side of it, in however many pieces; a
+                        point that it goes through may lie anywhere. Two by
+                        default: the line makes exactly two pieces
   Vertices and sides count from 1 in the order of the file, without the vertex
   that closes the ring. Side 1 runs from vertex 1 to vertex 2, the last side
   from the last vertex to vertex 1. The vertices of holes are numbered on.

@@ -24,8 +24,8 @@ const char* name_of(plparcel::Status status)
         return "no_such_place";
     case Status::point_outside:
         return "point_outside";
-    case Status::only_two_pieces:
-        return "only_two_pieces";
+    case Status::only_one_amount:
+        return "only_one_amount";
     case Status::only_without_holes:
         return "only_without_holes";
     case Status::no_amount:

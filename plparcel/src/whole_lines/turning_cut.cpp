@@ -1,0 +1,287 @@
+#include "whole_lines/turning_cut.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "boundary/joined_rings.h"
+#include "boundary/local_ring.h"
+#include "boundary/locate.h"
+#include "boundary/measured_ring.h"
+#include "lines/direction.h"
+#include "plparcel/extent.h"
+#include "verdict/target.h"
+#include "whole_lines/turning_profile.h"
+
+namespace plparcel {
+namespace {
+
+// A point may lie so many times the parcel's extent away: directions to two vertices then still differ by all that 106
+// bits can tell.
+constexpr double kFarthest = 1e6;
+
+// Where a line cannot be rounded well, for a hole that it touches, it is laid by these many spacings of doubles beside the
+// point, and turned so that it holds the amount: a line through a corner of a hole often touches it there.
+constexpr double kBeside[] = {12.0, -12.0, 48.0, -48.0};
+
+// It is turned by no more than this, about the sine of the angle: in a parcel so small that it takes more, doubles are too
+// coarse.
+constexpr double kMostTurned = 1e-4;
+
+// Where doubles are too coarse for so many lines, they are for the others: as many as vertices make up this, but some.
+constexpr std::size_t kMostWork = 400000;
+constexpr std::size_t kLeastFailures = 4;
+constexpr std::size_t kMostFailures = 64;
+
+Pivot refused(Status status)
+{
+    Pivot none;
+    none.refusal = status;
+    return none;
+}
+
+bool has_inside_on_left(const CheckedParcel& parcel, std::size_t ring)
+{
+    return (parcel.clean[ring].ring.turn() > 0.0) == (ring == 0);
+}
+
+// At a vertex or a place on a side, turning from the side or what is left of it.
+Pivot on_boundary(const PL_PNT2D_record& point, const WidePoint& first, bool inside_on_left)
+{
+    Pivot pivot;
+    pivot.point = point;
+    pivot.first = first;
+    pivot.on_boundary = true;
+    pivot.clockwise = !inside_on_left;
+    return pivot;
+}
+
+Pivot at_vertex(const CheckedParcel& parcel, std::size_t ring, std::size_t vertex)
+{
+    const MeasuredRing& of = parcel.clean[ring].ring;
+    return on_boundary(of[vertex], from_to(of[vertex], of.at(vertex + 1)), has_inside_on_left(parcel, ring));
+}
+
+Pivot at_distance(const CheckedParcel& parcel, std::size_t ring, std::size_t side, double along)
+{
+    const MeasuredRing& of = parcel.clean[ring].ring;
+    const double beyond = along - side_length(of, side);
+    const double reach = kSideRoundings * of.spacing();
+    if (!(along >= -reach) || !(beyond <= reach))
+        return refused(Status::no_such_place);
+    const PL_PNT2D_record place = place_on_side(of, side, along);
+    for (const std::size_t vertex : {side, (side + 1) % of.size()})
+        if (is_at_vertex(of, of[vertex], place))
+            return at_vertex(parcel, ring, vertex);
+    return on_boundary(place, from_to(of[side], of.at(side + 1)), has_inside_on_left(parcel, ring));
+}
+
+// A point on the boundary is that vertex or place of a ring that has the parcel on its left.
+Pivot at_location(const CheckedParcel& parcel, std::size_t ring, const Location& location,
+                  const PL_PNT2D_record& point)
+{
+    const MeasuredRing& of = parcel.clean[ring].ring;
+    const bool as_it_runs = has_inside_on_left(parcel, ring);
+    const std::size_t i = location.index;
+    if (location.where == Location::Where::at_vertex)
+        return on_boundary(of[i], from_to(of[i], of.at(as_it_runs ? i + 1 : i + of.size() - 1)), true);
+    const WidePoint side = from_to(of[i], of.at(i + 1));
+    return on_boundary(point, as_it_runs ? side : side * -1.0, true);
+}
+
+bool is_far(const MeasuredRing& outer, const PL_PNT2D_record& point)
+{
+    const double most = kFarthest * outer.extent().largest();
+    return !(std::fabs(point.x - outer[0].x) <= most && std::fabs(point.y - outer[0].y) <= most);
+}
+
+Pivot at_point(const CheckedParcel& parcel, const PL_PNT2D_record& point, double bearing)
+{
+    if (!std::isfinite(bearing))
+        return refused(Status::no_direction);
+    if (is_far(parcel.clean[0].ring, point))
+        return refused(Status::point_outside);
+    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
+        const Location location = locate(parcel.clean[ring].ring, point);
+        if (location.where == Location::Where::at_vertex || location.where == Location::Where::on_side)
+            return at_location(parcel, ring, location, point);
+    }
+    Pivot pivot;
+    pivot.point = point;
+    pivot.first = direction_of(bearing);
+    pivot.clockwise = true;
+    return pivot;
+}
+
+// What the line turns over, anticlockwise: mirrored if it turns clockwise on the ground.
+class Turning {
+public:
+    Turning(const WholeParcel& parcel, const Pivot& pivot, Measured measured, double of_parcel)
+        : rings_of_(parcel.rings), parcel_(parcel.area), of_parcel_(of_parcel), rings_(parcel.rings),
+          outer_(parcel.rings.front()), local_(outer_), pivot_(pivot),
+          profile_(profile_about(local_.to_local(pivot.point))),
+          amount_on_left_(pivot.on_boundary == (measured == Measured::opposite))
+    {}
+
+    // One after another, until one is taken.
+    void lines(const Shares& shares, const std::function<bool(const TurningLine&)>& take) const
+    {
+        turning_lines(profile_, request_for(shares, !pivot_.on_boundary), take);
+    }
+
+    KnownLine known_line(const TurningLine& line) const
+    {
+        const WidePoint run = about_unit(on_ground(line.direction));
+        KnownLine known;
+        known.point = pivot_.point;
+        known.ends_there = pivot_.on_boundary;
+        const bool on_right = amount_on_left_ == pivot_.clockwise;
+        known.up = on_right ? WidePoint{-run.y, run.x} : WidePoint{run.y, -run.x};
+        return known;
+    }
+
+    // The line that holds as much and lies by so many spacings beside the point. Of several the one that runs most nearly
+    // as the line through the point does.
+    std::optional<KnownLine> known_line_beside(const TurningLine& line, const Shares& shares, double by) const
+    {
+        const KnownLine through = known_line(line);
+        double spacing = 0.0;
+        for (const Ring& ring : rings_of_)
+            spacing = std::max(spacing, coordinate_spacing(ring));
+        const WidePoint beside = through.up * local_.length_to_local(by * spacing);
+        const TurningProfile profile = profile_about(local_.to_local(pivot_.point) + beside);
+        std::optional<TurningLine> nearest;
+        const WidePoint run = about_unit(line.direction);
+        const auto off = [&run](const TurningLine& other) {
+            return abs(cross(run, about_unit(other.direction)));
+        };
+        turning_lines(profile, request_for(shares, true), [&](const TurningLine& other) {
+            if (dot(run, other.direction) > 0.0 && (!nearest || off(other) < off(*nearest)))
+                nearest = other;
+            return false;
+        });
+        if (!nearest || off(*nearest) > kMostTurned)
+            return std::nullopt;
+        KnownLine known = known_line(*nearest);
+        known.level = dot(known.up, beside);
+        known.ends_there = false;
+        return known;
+    }
+
+    std::size_t vertices() const { return rings_.size(); }
+
+    LeastAndMost areas() const
+    {
+        const LeastAndMost found = least_and_most(profile_, !pivot_.on_boundary);
+        const Wide least = local_.area_to_parcel(found.least);
+        const Wide most = local_.area_to_parcel(found.most);
+        return amount_on_left_ ? LeastAndMost{least, most} : LeastAndMost{parcel_ - most, parcel_ - least};
+    }
+
+private:
+    // There and back.
+    WidePoint on_ground(const WidePoint& v) const { return pivot_.clockwise ? WidePoint{-v.x, v.y} : v; }
+
+    TurningProfile profile_about(const WidePoint& point) const
+    {
+        std::vector<WidePoint> points;
+        points.reserve(rings_.size());
+        for (const PL_PNT2D_record& p : rings_.points())
+            points.push_back(on_ground(local_.to_local(p) - point));
+        return {rings_, points, pivot_.clockwise ? -1.0 : 1.0, on_ground(pivot_.first)};
+    }
+
+    TurningRequest request_for(const Shares& shares, bool full_turn) const
+    {
+        const Target target = {shares.pieces[0], shares.pieces[1], parcel_, of_parcel_};
+        TurningRequest request;
+        request.left = local_.area_to_local(shares.pieces[amount_on_left_ ? 0 : 1]);
+        request.granted = local_.area_to_local(target.granted());
+        request.full_turn = full_turn;
+        return request;
+    }
+
+    const std::vector<Ring>& rings_of_;
+    Wide parcel_;
+    double of_parcel_;
+    JoinedRings rings_;
+    MeasuredRing outer_;
+    LocalRing local_;
+    const Pivot& pivot_;
+    TurningProfile profile_;
+    // A line through a point has the amount on its right on the ground. One through a place on the boundary has it where
+    // the side lies that it turns away from: on the right as it turns. For `opposite` it is the other side.
+    bool amount_on_left_;
+};
+
+Division cut_along_one(const WholeParcel& parcel, const Turning& turning, const TurningLine& line,
+                       const Request& request, const Shares& shares, double of_parcel, const Division& so_far)
+{
+    Division tried = so_far;
+    cut_along(parcel, request, shares, of_parcel, turning.known_line(line), tried);
+    for (const double by : kBeside) {
+        if (tried.status == Status::divided)
+            break;
+        if (const std::optional<KnownLine> beside = turning.known_line_beside(line, shares, by))
+            cut_along(parcel, request, shares, of_parcel, *beside, tried);
+    }
+    return tried;
+}
+
+}  // namespace
+
+Pivot pivot_of(const CheckedParcel& parcel, const Line& line)
+{
+    if (line.cut == Cut::through_point)
+        return at_point(parcel, line.a, line.bearing);
+    if (line.ring >= parcel.clean.size() || line.index >= parcel.clean[line.ring].place.size())
+        return refused(Status::no_such_index);
+    const std::vector<std::size_t>& place = parcel.clean[line.ring].place;
+    const std::size_t index = place[line.index];
+    if (line.cut == Cut::through_vertex)
+        return at_vertex(parcel, line.ring, index);
+    if (index == around(place, line.index + 1))
+        return refused(Status::side_without_length);
+    return at_distance(parcel, line.ring, index, line.along);
+}
+
+std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
+                              const Shares& shares, double of_parcel, Division& division)
+{
+    const Turning turning(parcel, pivot, request.measured, of_parcel);
+    const std::size_t most_failures =
+        std::clamp(kMostWork / turning.vertices(), kLeastFailures, kMostFailures);
+    std::size_t passed = 0;
+    std::size_t failed = 0;
+    std::size_t offered = 0;
+    bool is_found = false;
+    turning.lines(shares, [&](const TurningLine& line) {
+        ++offered;
+        if (line.beside_the_amount && (passed > 0 || request.alternative > 0))
+            return true;
+        Division tried = cut_along_one(parcel, turning, line, request, shares, of_parcel, division);
+        division.trials = tried.trials;
+        if (tried.status != Status::divided)
+            return ++failed == most_failures;
+        is_found = passed++ == request.alternative;
+        if (is_found)
+            division = std::move(tried);
+        return is_found;
+    });
+    if (is_found)
+        return shares.pieces;
+    division.status = offered > failed ? Status::no_further_line : Status::not_reached;
+    if (offered == 0)
+        division.status = Status::no_line_through_point;
+    return {};
+}
+
+LeastAndMost areas_through(const WholeParcel& parcel, const Pivot& pivot, Measured measured)
+{
+    return Turning(parcel, pivot, measured, kAsExactAsDoubles).areas();
+}
+
+}  // namespace plparcel
