@@ -6,6 +6,7 @@
 #include "plcalc/lines.h"
 #include "plcalc/survey.h"
 #include "support/bits.h"
+#include "survey/offsets.h"
 
 namespace {
 
@@ -332,8 +333,9 @@ TEST(ParallelTrials, FewBearingsNearTheBaseLine)
         if (!(from < 1.0))
             continue;
         ++told;
-        for (int k = 0; k < 300; ++k) {
-            const double step = 1e-7 + 4e-7 * unit(random);
+        const double normal = plcalc::direction_gon({0, 0}, n);
+        for (int k = 0; k < 3000; ++k) {
+            const double step = 1e-7 + 3e-7 * unit(random);
             const double turn = 1.5 * kGon * unit(random);
             const PL_PNT2D_record foot = trials.foot(at(100.0 * unit(random), 0.0));
             const double turned = dir + (k % 4 < 2 ? turn : -turn) + (k % 8 < 4 ? 0.0 : 3.141592653589793);
@@ -342,6 +344,9 @@ TEST(ParallelTrials, FewBearingsNearTheBaseLine)
             if (std::fabs(line.c - trials.base_constant()) > trials.near_base())
                 continue;
             const double gon = trials.bearing(line);
+            const double off_a_gon = std::fabs(std::fabs(std::remainder(gon - normal, 200.0)) - 1.0);
+            if (k >= 100 && off_a_gon > 1e-3)
+                continue;
             int agreed[2] = {0, 0};
             int all[2] = {0, 0};
             for (std::int32_t v = 2; v < trials.last(); ++v) {
@@ -351,14 +356,14 @@ TEST(ParallelTrials, FewBearingsNearTheBaseLine)
                     continue;
                 ++all[off < 0.0];
                 agreed[off < 0.0] += agree(gon, trials.bearing(there)) ? 1 : 0;
-                turned_a_gon += std::fabs(std::fabs(gon - trials.bearing(there)) - 1.0) < 1e-3 ? 1 : 0;
             }
+            turned_a_gon += off_a_gon < 1e-3 ? 1 : 0;
             for (const int way : {0, 1})
                 EXPECT_TRUE(agreed[way] == 0 || agreed[way] == all[way]);
         }
     }
     EXPECT_GT(told, 1000);
-    EXPECT_GT(turned_a_gon, 100);
+    EXPECT_GT(turned_a_gon, 50);
 }
 
 // What is off their line, of crossings with long sides and short ones, in a longer arithmetic.
