@@ -45,10 +45,10 @@ SMALL = (("accuracy 20261121 10000", "accuracy 20261121 20"), ("PLCALC_WITNESS_C
 ENVIRONMENT = {"PLCALC_DIVISIONS": "20", "PLCALC_WITNESS_CASES": "20", "PLCALC_PARCELS": "20", "CMAKE_GENERATOR": "Ninja",
                "CMAKE_BUILD_PARALLEL_LEVEL": "2", "LC_ALL": "C.UTF-8"}
 
-LOTS = """id,owner,WKT
-1,Rossi,"POLYGON ((0 0, 60 0, 60 80, 0 80))"
-2,Bianchi,"POLYGON ((60 0, 130 0, 130 80, 60 80))"
-3,Rossi,"POLYGON ((130 0, 190 10, 180 80, 130 80))"
+LOTS = """id,owner,front,wanted,WKT
+1,Rossi,1,1200,"POLYGON ((0 0, 60 0, 60 80, 0 80))"
+2,Bianchi,3,"400; 800","POLYGON ((60 0, 130 0, 130 80, 60 80))"
+3,Rossi,longest,900.5,"POLYGON ((130 0, 190 10, 180 80, 130 80))"
 """
 
 

@@ -137,8 +137,9 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     write("lot.csv", "E,N\n0,0\n80,0\n80,0\n80,60\n");
     const test::Result run = this->run({"measure", "lot.csv", "--json"});
     ASSERT_EQ(run.status, 0) << run.err;
-    const nlohmann::json json = nlohmann::json::parse(run.out);
+    const nlohmann::json json = nlohmann::json::parse(run.out)["parcels"][0];
     EXPECT_EQ(json["parcel"], "lot.csv");
+    EXPECT_EQ(json["status"], "measured");
     EXPECT_EQ(json["orientation"], "anticlockwise");
     EXPECT_EQ(json["area"], 2400.0);
     EXPECT_EQ(json["perimeter"], 240.0);
@@ -152,6 +153,42 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(json["vertices"][3]["vertex"], 4);
     EXPECT_EQ(json["vertices"][3]["n"], 60.0);
     EXPECT_TRUE(json["vertices"][2]["angle_gon"].is_null());
+}
+
+TEST_F(MeasureVerb, AnglesInOneUnit)
+{
+    write("lot.csv", "E,N\n0,0\n80,0\n80,60\n");
+    const auto side = [&](const char* unit) {
+        const std::string out = run({"measure", "lot.csv", "--angles", unit}).out;
+        const std::size_t head = out.find("   Side");
+        return head == std::string::npos ? out.substr(out.find("Side")) : out.substr(head);
+    };
+    EXPECT_EQ(side("deg"), "Side  from  to    Length  Bearing, deg\n"
+                           "   1     1   2   80.0000       90.0000\n"
+                           "   2     2   3   60.0000        0.0000\n"
+                           "   3     3   1  100.0000      233.1301\n"
+                           "\n"
+                           "Vertex        E        N  Angle, deg\n"
+                           "     1   0.0000   0.0000     36.8699\n"
+                           "     2  80.0000   0.0000     90.0000\n"
+                           "     3  80.0000  60.0000     53.1301\n");
+    EXPECT_EQ(side("quadrant"), "Side  from  to    Length      Bearing\n"
+                                "   1     1   2   80.0000  N90\u00b000'00\"E\n"
+                                "   2     2   3   60.0000   N0\u00b000'00\"E\n"
+                                "   3     3   1  100.0000  S53\u00b007'48\"W\n"
+                                "\n"
+                                "Vertex        E        N      Angle\n"
+                                "     1   0.0000   0.0000  36\u00b052'12\"\n"
+                                "     2  80.0000   0.0000  90\u00b000'00\"\n"
+                                "     3  80.0000  60.0000  53\u00b007'48\"\n");
+    const nlohmann::json json =
+        nlohmann::json::parse(run({"measure", "lot.csv", "--json", "--angles", "dms"}).out)["parcels"][0];
+    EXPECT_EQ(json["sides"][2]["bearing"], "233\u00b007'48\"");
+    EXPECT_EQ(json["sides"][2]["bearing_gon"], 259.0334);
+    EXPECT_EQ(json["vertices"][0]["angle"], "36\u00b052'12\"");
+    EXPECT_TRUE(
+        test::fails_with(run({"measure", "lot.csv", "--angles", "rad"}), 2,
+                         "--angles: 'rad' is none of gon, deg, dms and quadrant; see plcalc measure --help"));
 }
 
 TEST_F(MeasureVerb, SmallParcelsGetMoreDecimals)

@@ -2,8 +2,10 @@
 
 #include "answers/stakeout.h"
 
+#include <algorithm>
 #include <cmath>
 #include <random>
+#include <sstream>
 
 #include <nlohmann/json.hpp>
 
@@ -246,14 +248,14 @@ TEST_F(StakeoutVerb, Refusals)
           {"--station 1 --orientation 5", 2, "lot.csv: there is no vertex 5; the parcel has vertices 1 to 4"},
           {"--station 0 --orientation 1", 2, "lot.csv: there is no vertex 0; the parcel has vertices 1 to 4"},
           {"--station x --orientation 1", 2,
-           "--station: 'x' is not a place; write E,N with points before the decimals, or the number of a "
-           "vertex; see plcalc stakeout --help"},
+           "--station: 'x' is not a place; write E,N with points before the decimals, the number of a "
+           "vertex or the name of a point; see plcalc stakeout --help"},
           {"--station 1,5,5 --orientation 1", 2,
-           "--station: '1,5,5' is not a place; write E,N with points before the decimals, or the number of a "
-           "vertex; see plcalc stakeout --help"},
+           "--station: '1,5,5' is not a place; write E,N with points before the decimals, the number of a "
+           "vertex or the name of a point; see plcalc stakeout --help"},
           {"--station nan,1 --orientation 1", 2,
-           "--station: 'nan,1' is not a place; write E,N with points before the decimals, or the number of a "
-           "vertex; see plcalc stakeout --help"},
+           "--station: 'nan,1' is not a place; write E,N with points before the decimals, the number of a "
+           "vertex or the name of a point; see plcalc stakeout --help"},
           {"--station 1 --orientation 2 --base 0", 2,
            "lot.csv: there is no side 0; the parcel has sides 1 to 4"},
           {"--station 1 --orientation 2 --base 5", 2,
@@ -280,6 +282,101 @@ TEST_F(StakeoutVerb, Refusals)
     write("degrees.geojson",
           R"({"type": "Polygon", "coordinates": [[[9, 45], [9.1, 45], [9.1, 45.1], [9, 45]]]})");
     EXPECT_EQ(run({"stakeout", "degrees.geojson", "--station", "1", "--orientation", "2"}).status, 3);
+}
+
+// ------------------------------------------------------------------------------------------- points by their names
+
+class StakeoutNames : public test::ProgramTest {
+protected:
+    std::string stakeout(const std::string& arguments) const
+    {
+        std::istringstream list(arguments);
+        std::vector<std::string> words = {"stakeout", "lot.csv", "--csv"};
+        for (std::string word; list >> word;)
+            words.push_back(word);
+        const test::Result run = this->run(words);
+        return run.status == 0 ? run.out.substr(run.out.find('\n') + 1) : run.err;
+    }
+
+    // A square whose second corner is called 4, and has another number.
+    void write_lot() const { write("lot.csv", "P,E,N\nP1,0,0\n4,100,0\nP3,100,100\nP4,0,100\n"); }
+};
+
+TEST_F(StakeoutNames, CornersOfTheFile)
+{
+    write_lot();
+    const std::string row = "P3,100.0000,100.0000,50.00000,141.4214,100.0000,-100.0000\n";
+    EXPECT_EQ(stakeout("--station P1 --orientation P4 --point P3"), row);
+    EXPECT_EQ(stakeout("--station 1 --orientation P4 --point 3"), row);
+    EXPECT_EQ(stakeout("--station P1 --orientation 4 --point P3"),
+              "plcalc: lot.csv: --orientation: several points are called '4', or one of them and the number "
+              "of a vertex; "
+              "write the place as E,N\n");
+    EXPECT_EQ(stakeout("--station P1 --orientation P9"),
+              "plcalc: --orientation: 'P9' is not a place; write E,N with points before the decimals, the "
+              "number of a "
+              "vertex or the name of a point; see plcalc stakeout --help\n");
+    const std::string all = stakeout("--station P1 --orientation P4");
+    EXPECT_EQ(all.substr(0, 3), "P1,");
+    EXPECT_NE(all.find("\n4,100.0000,0.0000,100."), std::string::npos) << all;
+}
+
+TEST_F(StakeoutNames, ListsOfPoints)
+{
+    write_lot();
+    write("control.csv", "name;E;N\nS1;-50,0;0,0\nS2;0;-50\nP1;1;1\n");
+    write("list.csv", "name,E,N,Z,code\nA,0,50,7.5,NEW\nB,50,50,,NEW\n,10,10,,NEW\n");
+    // From S1 towards P4: a square with the sides 50 and 100.
+    EXPECT_EQ(stakeout("--control control.csv --station S1 --orientation S2 --point P3").rfind("P3,", 0), 0u);
+    const std::string list =
+        stakeout("--control control.csv --station S1 --orientation 0,0 --points-from list.csv");
+    EXPECT_EQ(list.rfind("A,0.0000,50.0000,7.5000,350.", 0), 0u) << list;
+    EXPECT_NE(list.find("\nB,50.0000,50.0000,,"), std::string::npos) << list;
+    EXPECT_NE(list.find("\nrow 3,10.0000,10.0000,,"), std::string::npos) << list;
+    EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 3);
+    EXPECT_EQ(stakeout("--points-from list.csv --station A --orientation B --point P3").rfind("P3,", 0), 0u);
+    EXPECT_EQ(stakeout("--control control.csv --station P1 --orientation S2")
+                  .rfind("plcalc: lot.csv: --station: several points are called 'P1'", 0),
+              0u);
+    const test::Result table =
+        run({"stakeout", "lot.csv", "--control", "control.csv", "--station", "S1", "--orientation", "S2"});
+    EXPECT_EQ(table.out.rfind("Parcel       lot.csv (in control.csv commas stand before the decimals)\n", 0),
+              0u)
+        << table.out;
+}
+
+TEST_F(StakeoutNames, ListsThatCannotBeUsed)
+{
+    write_lot();
+    const struct {
+        const char* list;
+        const char* text;
+    } kWrongLists[] = {
+        {"name,x\nA,1\n", "plcalc: list.csv: it is no list of points; give it the columns name, E and N\n"},
+        {"name,X,Y\nA,1,2\n",
+         "plcalc: list.csv: columns X and Y do not say which of them is East; call them E and N\n"},
+        {"name,E,N\nA,1,\n", "plcalc: list.csv: row 1: N is empty; fill it in\n"},
+        {"name,E,N\nA,1,two\n",
+         "plcalc: list.csv: row 1: N is 'two', not a number; use a point before the decimals\n"},
+        {"name,E,N\nA,1,inf\n", "plcalc: list.csv: row 1: its coordinates are not finite; correct them\n"},
+    };
+    for (const auto& row : kWrongLists) {
+        write("list.csv", row.list);
+        EXPECT_EQ(stakeout("--station P1 --orientation P4 --points-from list.csv"), row.text);
+    }
+}
+
+TEST_F(StakeoutNames, AnglesInSeconds)
+{
+    write_lot();
+    EXPECT_EQ(stakeout("--station P1 --orientation P4 --point P3 --angles dms"),
+              "P3,100.0000,100.0000,\"45\u00b000'00.00\"\"\",141.4214,100.0000,-100.0000\n");
+    EXPECT_EQ(stakeout("--station P1 --orientation P4 --point P3 --angles deg"),
+              "P3,100.0000,100.0000,45.000000,141.4214,100.0000,-100.0000\n");
+    EXPECT_NE(run({"stakeout", "lot.csv", "--station", "P1", "--orientation", "P4", "--angles", "quadrant"})
+                  .out.find("      Angle  Distance"),
+              std::string::npos)
+        << "a circle reads no quadrants";
 }
 
 }  // namespace

@@ -447,7 +447,7 @@ TEST(PlanTables, LargeAreasAreInHectaresOrAcresToo)
     plan.unit = {"m", 1.0};
     EXPECT_EQ(tool::tables_of(plan)[0].heads, (Cells{"Piece", "Area [m\u00b2]", "[ha]", "asked"}));
     EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "22.5000", "1/2"}));
-    plan.unit = {"US survey foot", 1200.0 / 3937.0};
+    plan.unit = {"US ft", 1200.0 / 3937.0};
     EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "5.1653", "1/2"}));
 }
 
@@ -534,10 +534,9 @@ TEST(PlanContents, FiguresHaveTheUnitOfTheCoordinates)
         const char* parcel;
         const char* piece;
     };
-    for (const Row& row :
-         {Row{{"", 1.0}, "Parcel 4000, perimeter 260.00", "1000"},
-          {{"m", 1.0}, "Parcel 4000 m\u00b2, perimeter 260.00 m", "1000 m\u00b2"},
-          {{"foot", 0.3048}, "Parcel 4000 square foot, perimeter 260.00 foot", "1000 square foot"}}) {
+    for (const Row& row : {Row{{"", 1.0}, "Parcel 4000, perimeter 260.00", "1000"},
+                           {{"m", 1.0}, "Parcel 4000 m\u00b2, perimeter 260.00 m", "1000 m\u00b2"},
+                           {{"ft", 0.3048}, "Parcel 4000 ft\u00b2, perimeter 260.00 ft", "1000 ft\u00b2"}}) {
         const tool::Plan plan = plan_of_lot({"lot.csv", ""}, row.unit, plparcel::Cut::parallel, 3);
         EXPECT_EQ(plan.subtitles,
                   (std::vector<std::string>{"Cut parallel to side 3, from vertex 3 to vertex 4: 1000",

@@ -4,6 +4,8 @@
 #include <fstream>
 #include <sstream>
 
+#include <nlohmann/json.hpp>
+
 #include "program.h"
 
 namespace {
@@ -131,13 +133,68 @@ TEST_F(DivisionFiles, RefusedWishes)
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --points lot.csv --overwrite"), 2,
                                  "lot.csv: the parcels come from this file; choose another name"));
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5000 --report other.txt").status, 4);
-    EXPECT_FALSE(std::filesystem::exists(path("other.txt"))) << "a refused division has no report";
+    EXPECT_NE(content("other.txt").find("Why there is no line\n"), std::string::npos);
     write("lots.csv", "id,WKT\n1,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n"
                       "2,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");
     EXPECT_TRUE(
         test::fails_with(divide("lots.csv", "--parallel 1 --area 1000 --report other.txt"), 2,
                          "lots.csv: there are 2 parcels (feature 1, feature 2), and --report is about one; "
                          "choose one with --feature FID"));
+}
+
+// A refusal is a result that goes to the file, too.
+TEST_F(DivisionFiles, ARefusalIsReported)
+{
+    write("lot.csv", "lot,WKT\n12/3,\"POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0))\"\n");
+    const test::Result run = divide(
+        "lot.csv", "--parallel 1 --area 6000 --name-column lot --report report.txt --points points.csv");
+    EXPECT_TRUE(
+        test::fails_with(run, 4,
+                         "lot.csv: feature 1: the requested area 6000 is not less than the parcel's area "
+                         "5000.0000; ask for less"));
+    EXPECT_EQ(content("report.txt"),
+              "A parcel that was not divided\n"
+              "=============================\n"
+              "\n"
+              "Parcel\n"
+              "------\n"
+              "  Name: 12/3\n"
+              "  Source: lot.csv: feature 1\n"
+              "  Coordinates: no CRS stated; the unit is not stated\n"
+              "  Boundary: 4 vertices, anticlockwise\n"
+              "  Area: 5000.0000\n"
+              "  Perimeter: 300.0000\n"
+              "\n"
+              "Request\n"
+              "-------\n"
+              "  Cut: parallel to side 1, from vertex 1 to vertex 2\n"
+              "  Areas asked for: 6000\n"
+              "\n"
+              "Why there is no line\n"
+              "--------------------\n"
+              "  the requested area 6000 is not less than the parcel's area 5000.0000\n"
+              "\n"
+              "What to do\n"
+              "----------\n"
+              "  ask for less\n");
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 6000 --report report.txt").status, 2)
+        << "it is there already";
+    EXPECT_EQ(divide("lot.csv", "--parallel 9 --area 60 --report other.txt").status, 2);
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 60 --report other.txt").status, 0)
+        << "nothing was written before";
+}
+
+TEST_F(DivisionFiles, ARefusalAsJson)
+{
+    write("lot.csv", "lot,WKT\n12/3,\"POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0))\"\n");
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 6000 --json");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_EQ(run.err, divide("lot.csv", "--parallel 1 --area 6000").err);
+    const nlohmann::json got = nlohmann::json::parse(run.out);
+    EXPECT_EQ(got["refused"], 1);
+    EXPECT_EQ(got["divided"], 0);
+    EXPECT_EQ(got["parcels"][0]["status"], "refused");
+    EXPECT_EQ("plcalc: " + got["parcels"][0]["reason"].get<std::string>() + "\n", run.err);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "support/bits.h"
+#include "text/angles.h"
 #include "text/table.h"
 
 namespace {
@@ -152,6 +153,81 @@ TEST(Tables, CountCharactersNotBytes)
         EXPECT_EQ(tool::labelled({{name, {"1"}}, {"abc", {"2"}}}), name + "  1\nabc  2\n");
         EXPECT_TRUE(tool::fit_terminal({{std::string(77, 'x'), letter}}));
         EXPECT_FALSE(tool::fit_terminal({{std::string(78, 'x'), letter}}));
+    }
+}
+
+// ------------------------------------------------------------------------------------------------ angles by unit
+
+struct AngleRow {
+    const char* what;
+    double gon;
+    const char* degrees;
+    const char* dms;
+    const char* quadrant;
+};
+
+const AngleRow kAngles[] = {
+    {"North", 0.0, "0.0000", "0\u00b000'00\"", "N0\u00b000'00\"E"},
+    {"North-East", 50.0, "45.0000", "45\u00b000'00\"", "N45\u00b000'00\"E"},
+    {"due East", 100.0, "90.0000", "90\u00b000'00\"", "N90\u00b000'00\"E"},
+    {"a second below the South-East", 149.99969135802469, "134.9997", "134\u00b059'59\"",
+     "S45\u00b000'01\"E"},
+    {"due South", 200.0, "180.0000", "180\u00b000'00\"", "S0\u00b000'00\"E"},
+    {"South-West", 250.0, "225.0000", "225\u00b000'00\"", "S45\u00b000'00\"W"},
+    {"due West", 300.0, "270.0000", "270\u00b000'00\"", "N90\u00b000'00\"W"},
+    {"North-West", 350.0, "315.0000", "315\u00b000'00\"", "N45\u00b000'00\"W"},
+    {"below a full turn: the second carries over", 399.9999, "359.9999", "0\u00b000'00\"",
+     "N0\u00b000'00\"W"},
+    {"carries to the minute and the degree", 13.9999, "12.5999", "12\u00b036'00\"", "N12\u00b036'00\"E"},
+    {"12\u00b034'56\"", 13.980246913580247, "12.5822", "12\u00b034'56\"", "N12\u00b034'56\"E"},
+};
+
+TEST(Angles, ByUnit)
+{
+    using tool::AngleUnit;
+    for (const AngleRow& row : kAngles) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(tool::bearing_text(row.gon, AngleUnit::degrees), row.degrees);
+        EXPECT_EQ(tool::bearing_text(row.gon, AngleUnit::dms), row.dms);
+        EXPECT_EQ(tool::angle_text(row.gon, AngleUnit::quadrant), row.dms) << "an angle is no bearing";
+        EXPECT_EQ(tool::bearing_text(row.gon, AngleUnit::quadrant), row.quadrant);
+        // What is printed is read back, to half a second.
+        EXPECT_NEAR(*tool::parse_angle(row.quadrant), row.gon, row.gon > 399.0 ? 400.0 : 2e-4);
+    }
+    EXPECT_EQ(tool::angle_text(13.980246913580247, AngleUnit::dms, 2), "12\u00b034'56.00\"");
+    EXPECT_EQ(tool::angle_text(13.980246913580247 + 1.0 / 3240.0, AngleUnit::dms, 3), "12\u00b034'57.000\"");
+    EXPECT_EQ(tool::bearing_text(std::nullopt, AngleUnit::quadrant), "-");
+    EXPECT_EQ(tool::angle_text(399.999999, AngleUnit::dms, 1), "0\u00b000'00.0\"");
+    EXPECT_EQ(tool::angle_unit_named("dms"), AngleUnit::dms);
+    EXPECT_EQ(tool::angle_unit_named("rad"), std::nullopt);
+}
+
+TEST(Angles, ANumberAloneIsInTheUnitThatIsAskedFor)
+{
+    using tool::AngleUnit;
+    EXPECT_EQ(tool::parse_angle("45"), 45.0);
+    for (const AngleUnit unit : {AngleUnit::degrees, AngleUnit::dms, AngleUnit::quadrant}) {
+        EXPECT_EQ(tool::parse_angle("45", unit), 50.0);
+        EXPECT_EQ(tool::parse_angle("45gon", unit), 45.0);
+        EXPECT_EQ(tool::parse_angle("45 gon", unit), 45.0);
+        EXPECT_EQ(tool::parse_angle("N45E", unit), 50.0);
+        EXPECT_EQ(tool::given_angle(" 45", unit), "45\u00b0");
+    }
+    EXPECT_EQ(tool::given_angle("45", AngleUnit::gon), "45 gon");
+    EXPECT_EQ(tool::given_angle("N45E", AngleUnit::gon), "N45E");
+    for (const char* text : {"gon", "nangon", "infgon", "4 5gon"})
+        EXPECT_EQ(tool::parse_angle(text), std::nullopt) << text;
+}
+
+// So many decimals that a place is no coarser than that of a gon.
+TEST(Angles, DecimalsOfOtherUnitsAreNoCoarser)
+{
+    using tool::AngleUnit;
+    for (int decimals = 4; decimals < 9; ++decimals) {
+        const double step = std::pow(10.0, -decimals);
+        EXPECT_LE(std::pow(10.0, -tool::decimals_in(AngleUnit::degrees, decimals)) / 0.9, step);
+        EXPECT_LE(std::pow(10.0, -tool::decimals_in(AngleUnit::dms, decimals)) / 3240.0, step);
+        EXPECT_EQ(tool::decimals_in(AngleUnit::gon, decimals), decimals);
     }
 }
 

@@ -54,6 +54,65 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
     EXPECT_EQ(run.status, 3);
 }
 
+// Two squares, one with a hole, a point and a bow-tie.
+TEST_F(Many, ALayerIsMeasured)
+{
+    write("lots.csv",
+          "id,owner,WKT\n"
+          "1,\"Rossi, A\",\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n"
+          "2,Bianchi,\"POLYGON ((200 0, 300 0, 300 50, 200 50, 200 0), (210 10, 220 10, 220 20, 210 20, 210 "
+          "10))\"\n"
+          "3,nobody,POINT (1 2)\n"
+          "4,Neri,\"POLYGON ((0 0, 10 10, 10 0, 0 10, 0 0))\"\n");
+    const test::Result table = run({"measure", "lots.csv"});
+    EXPECT_EQ(table.out, "   Parcel  vertices  holes        area  perimeter\n"
+                         "feature 1         4      0  10000.0000   400.0000\n"
+                         "feature 2         8      1   4900.0000   340.0000\n"
+                         "\n"
+                         "Measured 2 of 3 parcels\n"
+                         "Refused  1 in lots.csv\n"
+                         "  1: the boundary crosses or touches itself (feature 4)\n"
+                         "Skipped, without an area  1\n");
+    EXPECT_EQ(table.status, 3);
+    EXPECT_EQ(table.err, "");
+    EXPECT_EQ(run({"measure", "lots.csv", "--name-column", "owner"}).out.substr(0, 48),
+              "   Parcel      name  vertices  holes        area");
+    EXPECT_EQ(run({"measure", "lots.csv", "--csv", "--name-column", "owner"}).out,
+              "parcel,name,area,perimeter,vertices,holes,direction,status\n"
+              "feature 1,\"Rossi, A\",10000.0000,400.0000,4,0,anticlockwise,measured\n"
+              "feature 2,Bianchi,4900.0000,340.0000,8,1,anticlockwise,measured\n"
+              "feature 4,Neri,,,,,,refused: the boundary crosses or touches itself\n");
+    const json got = json::parse(run({"measure", "lots.csv", "--json"}).out);
+    EXPECT_EQ(got["measured"], 2);
+    EXPECT_EQ(got["refused"], 1);
+    EXPECT_EQ(got["parcels"][1]["holes"], 1);
+    EXPECT_EQ(got["parcels"][1]["area"], 4900.0);
+    EXPECT_EQ(got["parcels"][1]["sides"].size(), 8u);
+    EXPECT_EQ(got["parcels"][2]["status"], "refused");
+    EXPECT_NE(got["parcels"][2]["reason"].get<std::string>().find("lots.csv: feature 4: "),
+              std::string::npos);
+    EXPECT_EQ(run({"measure", "lots.csv", "--csv", "--json"}).status, 2);
+    EXPECT_EQ(run({"measure", "lots.csv", "--csv", "--feature", "2"}).out,
+              "parcel,name,area,perimeter,vertices,holes,direction,status\n"
+              "feature 2,,4900.0000,340.0000,8,1,anticlockwise,measured\n");
+    const test::Result one = run({"measure", "lots.csv", "--feature", "4", "--json"});
+    EXPECT_EQ(one.status, 3);
+    EXPECT_EQ(one.out, "");
+    EXPECT_EQ(one.err, run({"measure", "lots.csv", "--feature", "4"}).err);
+}
+
+// Said once for all of them: in the table before the rows, beside CSV on standard error.
+TEST_F(Many, WhatIsAssumedOfALayerIsSaidOnce)
+{
+    write("lots.csv", "lot,X,Y\nA,0,0\nA,9,0\nA,9,9\nB,20,0\nB,29,0\nB,29,9\n");
+    const test::Result table = run({"measure", "lots.csv", "--axes", "en"});
+    EXPECT_EQ(table.out.rfind("Assumed  X is East and Y North, as --axes says\n\nParcel", 0), 0u)
+        << table.out;
+    const test::Result csv = run({"measure", "lots.csv", "--axes", "en", "--csv"});
+    EXPECT_EQ(csv.err, "plcalc: assumed: X is East and Y North, as --axes says\n");
+    EXPECT_EQ(csv.out.rfind("parcel,name,", 0), 0u);
+}
+
 // ------------------------------------------------------------------------------------------------ several at a time
 
 // 500 lots, one in seven a bow-tie, of 4 to 400 vertices.
@@ -165,8 +224,9 @@ TEST_F(Many, OneParcelOfATable)
     EXPECT_EQ(run({"measure", "lots.csv", "--feature", "2"}).out.rfind("Parcel  lots.csv: lot B\n", 0), 0u);
     EXPECT_EQ(run({"measure", "lots.csv", "--where", "lot = 'B'"}).out.rfind("Parcel  lots.csv: lot B\n", 0),
               0u);
+    EXPECT_NE(run({"measure", "lots.csv"}).out.find("Measured 2 of 2 parcels\n"), std::string::npos);
     EXPECT_TRUE(
-        test::fails_with(run({"measure", "lots.csv"}), 2,
+        test::fails_with(run({"stakeout", "lots.csv", "--station", "1", "--orientation", "2"}), 2,
                          "lots.csv: there are 2 parcels (lot A, lot B); choose one with --feature and "
                          "its number in the file, from 1"));
     EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv", "--feature", "3"}), 2,
@@ -257,7 +317,7 @@ TEST_F(Many, OneOfThemByFeatureOrFilter)
 TEST_F(Many, VerbsForOneParcelAskForAChoice)
 {
     write_lots();
-    EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv"}), 2,
+    EXPECT_TRUE(test::fails_with(run({"stakeout", "lots.csv", "--station", "1", "--orientation", "2"}), 2,
                                  "lots.csv: there are 5 parcels (feature 1, feature 2, feature 4, feature 5, "
                                  "feature 6); choose one with --feature FID"));
 }
@@ -277,7 +337,7 @@ TEST_F(Many, LongListsAreCutShort)
             lots += std::to_string(i) + ",\"POLYGON ((0 0, 10 0, 10 10, 0 10, 0 0))\"\n";
         write("lots.csv", lots);
         const std::string count = std::to_string(row.lots);
-        EXPECT_TRUE(test::fails_with(run({"measure", "lots.csv"}), 2,
+        EXPECT_TRUE(test::fails_with(run({"stakeout", "lots.csv", "--station", "1", "--orientation", "2"}), 2,
                                      "lots.csv: there are " + count + " parcels (" + row.list +
                                          "); choose one with --feature FID"));
         EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 100").out,
@@ -436,14 +496,6 @@ TEST_F(Many, JsonOfManyTellsTheRefusedToo)
     EXPECT_EQ(got["parcels"][2]["status"], "refused");
     EXPECT_EQ(got["parcels"][3]["reason"],
               "lots.csv: feature 5: the WKT 'POLYGON ((0 0, 9 x))' cannot be read; correct it");
-}
-
-TEST_F(Many, RefusalOfTheOnlyOneIsNoJson)
-{
-    write_wkt(kLot);
-    const test::Result run = divide("lot.csv", "--parallel 1 --area 7000 --json");
-    EXPECT_EQ(run.status, 4);
-    EXPECT_EQ(run.out, "");
 }
 
 TEST(ProgressBar, FillsFromTheLeft)

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "text/angles.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -15,14 +16,16 @@ using plparcel::ChoiceStatus;
 constexpr double kSameLength = 0.001;
 constexpr double kSameGon = 0.01;
 constexpr int kLengthDecimals = 3;
-constexpr int kGonDecimals = 2;
+constexpr int kTurnedDecimals = 2;
 
 // From the axis of a road to the boundary of a lot, metres.
 constexpr double kBesideRoad = 20.0;
 
 class Chooser {
 public:
-    Chooser(const SideChoice& choice, const Parcel& parcel) : choice_(choice), parcel_(parcel) {}
+    Chooser(const Asked& asked, const Parcel& parcel)
+        : choice_(asked.choice), angles_(asked.angles), parcel_(parcel)
+    {}
 
     Choice look() const
     {
@@ -125,7 +128,10 @@ private:
         case By::shortest:
             return length(candidate.length);
         case By::facing:
-            return fixed(candidate.turned, kGonDecimals) + " gon from it";
+            return with_angle_sign(
+                       angle_text(candidate.turned, angles_, decimals_in(angles_, kTurnedDecimals)),
+                       angles_) +
+                   " from it";
         case By::along:
             return length(candidate.alongside) + " of it, as near as " + length(candidate.distance);
         case By::near:
@@ -142,6 +148,7 @@ private:
     }
 
     const SideChoice& choice_;
+    AngleUnit angles_;
     const Parcel& parcel_;
 };
 
@@ -151,7 +158,7 @@ Asked with_side(Asked asked, const Parcel& parcel)
 {
     if (asked.choice.by == By::number)
         return asked;
-    const Chooser chooser(asked.choice, parcel);
+    const Chooser chooser(asked, parcel);
     const Choice choice = chooser.look();
     asked.number = 1;
     if (choice.status == ChoiceStatus::unusable_boundary)

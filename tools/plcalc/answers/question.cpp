@@ -27,6 +27,11 @@ bool is_anticlockwise(const plparcel::Ring& ring)
 
 namespace tool {
 
+std::string square_of(const LengthUnit& unit)
+{
+    return unit.name.empty() ? "" : unit.name + "\u00b2";
+}
+
 Corners corners_of(const Parcel& parcel)
 {
     Corners corners;

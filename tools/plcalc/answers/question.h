@@ -13,6 +13,7 @@
 #include "plcalc/kernel.h"
 #include "plparcel/division.h"
 #include "plparcel/which_side.h"
+#include "text/angles.h"
 
 namespace tool {
 
@@ -21,6 +22,9 @@ struct LengthUnit {
     std::string name;     ///< "m"; empty when the file does not say
     double metres = 1.0;  ///< its length
 };
+
+/// "m\u00b2", "US ft\u00b2"; empty for a unit that is not known.
+std::string square_of(const LengthUnit& unit);
 
 struct Parcel {
     Place place;                           ///< the file and the feature
@@ -111,10 +115,11 @@ struct Asked {
     /// Side or vertex, from 1, in the order of the rings as they stand in the file; see Corners. 0 for a line that
     /// starts from none.
     long long number = 0;
-    std::vector<std::string> amounts;  ///< as they were given, "40 x 50" or "1/3"; one per amount
-    std::string line = {};             ///< a line that no side gives, as it was given: "50 gon"
-    bool count_alternatives = false;   ///< whether to tell how many lines hold the first amount
-    SideChoice choice = {};            ///< where no number was given: which side or vertex is meant
+    std::vector<std::string> amounts;   ///< as they were given, "40 x 50" or "1/3"; one per amount
+    std::string line = {};              ///< a line that no side gives, as it was given: "50 gon"
+    bool count_alternatives = false;    ///< whether to tell how many lines hold the first amount
+    AngleUnit angles = AngleUnit::gon;  ///< in which angles are told
+    SideChoice choice = {};             ///< where no number was given: which side or vertex is meant
     std::string chosen = {};  ///< what with_side() has found, as a sentence; empty where a number was given
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/angles.h"
+
 namespace tool {
 namespace {
 
@@ -280,7 +282,7 @@ void PlanLabels::label_lines()
     for (const PlanLine& line : plan_.lines) {
         const SheetPoint a = point(line.from);
         const SheetPoint b = point(line.to);
-        const std::string text = line.length + unit + "   " + line.bearing + " gon";
+        const std::string text = line.length + unit + "   " + with_angle_sign(line.bearing, plan_.angles);
         const SheetPoint extent = canvas_.size_of(text, kSmallSize);
         if (!shows(a) || !shows(b) || distance(a, b) < extent.x + 10.0) {
             ++without_.lengths;

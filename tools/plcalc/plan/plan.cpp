@@ -12,6 +12,7 @@
 #include "answers/measure.h"
 #include "plcalc/kernel.h"
 #include "reports/words.h"
+#include "text/angles.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -78,7 +79,7 @@ void add_lines(Plan& plan, const DivisionPoints& points, const Answer& answer)
         const PL_PNT2D_record& from = plan.points[line.from].at;
         const PL_PNT2D_record& to = plan.points[line.to].at;
         plan.lines.push_back({line.from, line.to, length_text(answer, from, to),
-                              gon_text(bearing_gon(from, to), kAngleDecimals)});
+                              bearing_text(bearing_gon(from, to), answer.asked.angles)});
     }
 }
 
@@ -133,10 +134,8 @@ void add_assumed(Plan& plan, const std::string& clause)
 
 std::string Plan::area_text(double value) const
 {
-    const std::string square = unit.name == "m"    ? " m\u00b2"
-                               : unit.name.empty() ? ""
-                                                   : " square " + unit.name;
-    return fixed(value, area_decimals) + square;
+    const std::string square = square_of(unit);
+    return fixed(value, area_decimals) + (square.empty() ? "" : " " + square);
 }
 
 Plan plan_of(const Answer& answer, const PlanWishes& wishes)
@@ -146,6 +145,7 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
     const DivisionPoints points = points_of(answer);
     Plan plan;
     plan.unit = parcel.unit;
+    plan.angles = answer.asked.angles;
     plan.crs = as_text(parcel.crs);
     plan.corners = points.rings;
     plan.area = printed.proven.ring.area;

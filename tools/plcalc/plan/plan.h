@@ -39,7 +39,7 @@ struct PlanLine {
     std::size_t from = 0;  ///< points
     std::size_t to = 0;
     std::string length;
-    std::string bearing;
+    std::string bearing;  ///< in the plan's unit of angles
 };
 
 struct PlanPiece {
@@ -74,6 +74,7 @@ struct Plan {
     int end_decimals = 4;                    ///< of the new points
     int area_decimals = 0;
     LengthUnit unit;  ///< of the coordinates
+    AngleUnit angles = AngleUnit::gon;
     std::string crs;
     TitleBlock title_block;
 

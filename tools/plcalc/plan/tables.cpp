@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/angles.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -39,8 +40,7 @@ LargeUnit large_unit(const Plan& plan)
 
 PlanTable piece_table(const Plan& plan)
 {
-    const std::string& unit = plan.unit.name;
-    const std::string square = unit == "m" ? "m\u00b2" : unit.empty() ? "" : "square " + unit;
+    const std::string square = square_of(plan.unit);
     const LargeUnit large = large_unit(plan);
     const auto row = [&](const std::string& name, double area, const std::string& asked) {
         std::vector<std::string> cells = {name, fixed(area, plan.area_decimals)};
@@ -61,7 +61,10 @@ PlanTable piece_table(const Plan& plan)
 
 PlanTable line_table(const Plan& plan)
 {
-    PlanTable table = {"Dividing lines", {"Line", with_unit("Length", plan.unit.name), "Bearing [gon]"}, {}};
+    PlanTable table = {
+        "Dividing lines",
+        {"Line", with_unit("Length", plan.unit.name), with_unit("Bearing", angle_sign(plan.angles))},
+        {}};
     for (const PlanLine& line : plan.lines)
         table.rows.push_back({plan.points[line.from].name + " \u2013 " + plan.points[line.to].name,
                               line.length, line.bearing});

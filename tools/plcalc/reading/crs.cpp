@@ -248,6 +248,30 @@ void PlaneCheck::require_scale(const OGRSpatialReference& crs, Parcel& parcel)
     parcel.assumed.push_back(lengths);
 }
 
+namespace {
+
+// As people write it.
+std::string abbreviated(const char* name)
+{
+    constexpr std::pair<const char*, const char*> kNames[] = {{"metre", "m"},
+                                                              {"meter", "m"},
+                                                              {"kilometre", "km"},
+                                                              {"kilometer", "km"},
+                                                              {"foot", "ft"},
+                                                              {"feet", "ft"},
+                                                              {"yard", "yd"},
+                                                              {"international foot", "ft"},
+                                                              {"US survey foot", "US ft"},
+                                                              {"Foot_US", "US ft"},
+                                                              {"US survey yard", "US yd"}};
+    for (const auto& [long_name, short_name] : kNames)
+        if (EQUAL(name, long_name))
+            return short_name;
+    return name;
+}
+
+}  // namespace
+
 LengthUnit unit_of(const OGRSpatialReference* crs)
 {
     if (crs == nullptr || (!crs->IsProjected() && !crs->IsLocal()))
@@ -258,8 +282,7 @@ LengthUnit unit_of(const OGRSpatialReference* crs)
         return {"", metres};
     if (crs->IsLocal() && EQUAL(name, "unknown"))
         return {};
-    const bool metre = EQUAL(name, "metre") || EQUAL(name, "meter");
-    return {metre ? "m" : name, metres};
+    return {abbreviated(name), metres};
 }
 
 std::string crs_name(const OGRSpatialReference* crs)

@@ -1,7 +1,5 @@
 #include "reading/named_rows.h"
 
-#include <algorithm>
-
 #include <gdal_priv.h>
 
 #include "files/gdal_messages.h"
@@ -48,12 +46,6 @@ std::string cell_text(const OGRFeature& row, int column)
     default:
         return trimmed(row.GetFieldAsString(column));
     }
-}
-
-std::string with_points(std::string text)
-{
-    std::replace(text.begin(), text.end(), ',', '.');
-    return text;
 }
 
 NamedRows::NamedRows(const std::string& file) : file_(file)

@@ -16,9 +16,6 @@ namespace tool {
 /// what is not set.
 std::string cell_text(const OGRFeature& row, int column);
 
-/// "1200,5" as "1200.5".
-std::string with_points(std::string text);
-
 /// A text table whose first column names the parcels.
 class NamedRows {
 public:

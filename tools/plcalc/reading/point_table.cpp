@@ -9,6 +9,7 @@
 
 #include <cpl_string.h>
 
+#include "answers/question.h"
 #include "reading/boundary.h"
 #include "text/numbers.h"
 
@@ -92,12 +93,6 @@ int find_field(const OGRFeatureDefn& table, const std::string& name)
 Failure unusable_row(const Place& file, GIntBig row, const std::string& problem, const std::string& advice)
 {
     return {ExitStatus::unusable_input, {file.file, "row " + std::to_string(row)}, problem, advice};
-}
-
-std::string with_point(std::string text)
-{
-    std::replace(text.begin(), text.end(), ',', '.');
-    return text;
 }
 
 // Whether the number can only be meant with decimals behind its comma: thousands stand in groups of three.
@@ -312,6 +307,24 @@ OGRFeatureDefn* counted_columns()
 }
 
 }  // namespace
+ListedPoints listed_points(OGRLayer& table, const PointColumns& columns, char separator, const Place& file)
+{
+    ListedPoints listed;
+    listed.decimal_commas = has_decimal_commas(table, columns, separator);
+    for (const OGRFeatureUniquePtr& row : table) {
+        NamedPoint point;
+        point.name = columns.name >= 0 ? stripped(row->GetFieldAsString(columns.name)) : "";
+        if (point.name.empty())
+            point.name = "row " + std::to_string(row->GetFID());
+        point.at = {coordinate(*row, columns.east, listed.decimal_commas, file),
+                    coordinate(*row, columns.north, listed.decimal_commas, file)};
+        if (!std::isfinite(point.at.x) || !std::isfinite(point.at.y))
+            throw unusable_row(file, row->GetFID(), "its coordinates are not finite", "correct them");
+        point.height = known_height(height(*row, columns.height, listed.decimal_commas));
+        listed.points.push_back(std::move(point));
+    }
+    return listed;
+}
 
 PointTable::PointTable(OGRLayer& table, const PointColumns& columns, char separator, const Place& file)
     : columns_(columns), definition_(counted_columns())

@@ -10,6 +10,7 @@
 
 #include <ogrsf_frmts.h>
 
+#include "answers/stakeout.h"
 #include "console/outcome.h"
 #include "plparcel/division.h"
 
@@ -31,6 +32,17 @@ struct PointColumns {
 /// called Z, H or height, or an Italian word for it, holds heights; one called P, point, nr or name holds the point's name. Columns called lot, parcel or plot, in other
 /// languages too, name the parcel of a point.
 std::optional<PointColumns> find_point_columns(const OGRFeatureDefn& table);
+
+/// The points of a list.
+struct ListedPoints {
+    std::vector<NamedPoint> points;
+    bool decimal_commas = false;  ///< whether commas stood before the decimals
+};
+
+/// All rows of a table, one point each; those without a name are called "row 3".
+///
+/// @throws Failure  unusable_input for a row without a finite number in both columns, as PointTable
+ListedPoints listed_points(OGRLayer& table, const PointColumns& columns, char separator, const Place& file);
 
 /// A parcel of a table of points.
 struct TableParcel {

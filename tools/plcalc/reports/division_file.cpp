@@ -12,6 +12,7 @@
 #include "answers/measure.h"
 #include "plcalc/kernel.h"
 #include "reports/words.h"
+#include "text/angles.h"
 #include "text/numbers.h"
 #include "text/table.h"
 
@@ -127,12 +128,17 @@ void add_parcel(const Reported& reported, ReportText& text)
 void add_request(const Reported& reported, ReportText& text)
 {
     const Answer& answer = reported.answer;
-    const std::optional<int>& decimals = answer.printed.proven.decimals;
     text.heading("Request");
     text.item("Cut: " + described_cut(answer.asked, answer.parcel));
     if (!answer.asked.chosen.empty())
         text.item("Chosen: " + answer.asked.chosen);
     text.item("Areas asked for: " + described_amounts(answer.asked));
+}
+
+void add_method(const Reported& reported, ReportText& text)
+{
+    const Answer& answer = reported.answer;
+    const std::optional<int>& decimals = answer.printed.proven.decimals;
     text.heading("Method");
     const bool whole = answer.asked.request.pieces == plparcel::Pieces::any || !answer.parcel.holes.empty();
     const std::string found =
@@ -163,12 +169,13 @@ void add_points(const Reported& reported, ReportText& text)
 
 void add_lines(const Reported& reported, ReportText& text)
 {
-    std::vector<Cells> rows = {{"From", "to", "length", "bearing, gon"}};
+    const AngleUnit angles = reported.answer.asked.angles;
+    std::vector<Cells> rows = {{"From", "to", "length", angle_head("bearing", angles)}};
     for (const DivisionPoints::Line& line : reported.points.lines)
-        rows.push_back(
-            {reported.name(line.from), reported.name(line.to), reported.length(line.from, line.to),
-             gon_text(bearing_gon(reported.points.points[line.from].at, reported.points.points[line.to].at),
-                      kAngleDecimals)});
+        rows.push_back({reported.name(line.from), reported.name(line.to), reported.length(line.from, line.to),
+                        bearing_text(bearing_gon(reported.points.points[line.from].at,
+                                                 reported.points.points[line.to].at),
+                                     angles)});
     text.heading("Dividing lines");
     text.table(rows);
 }
@@ -233,16 +240,6 @@ void add_checks(const Reported& reported, ReportText& text)
     text.item("Largest difference between asked and area: " + reported.area(worst));
 }
 
-std::string csv_cell(const std::string& text)
-{
-    if (text.find_first_of(",;\"\r\n") == std::string::npos)
-        return text;
-    std::string cell = "\"";
-    for (const char c : text)
-        cell += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return cell + "\"";
-}
-
 }  // namespace
 
 std::string division_report(const Answer& answer, ReportStyle style)
@@ -253,11 +250,29 @@ std::string division_report(const Answer& answer, ReportStyle style)
     text.heading("Division of a parcel", true);
     add_parcel(reported, text);
     add_request(reported, text);
+    add_method(reported, text);
     add_points(reported, text);
     add_lines(reported, text);
     add_cut_sides(reported, text);
     add_pieces(reported, text);
     add_checks(reported, text);
+    return text.text();
+}
+
+std::string refusal_report(const Answer& answer, const Failure& refusal, ReportStyle style)
+{
+    const std::string& unit = answer.parcel.unit.name;
+    const Reported reported = {answer, {}, unit.empty() ? "" : " " + unit};
+    ReportText text(style);
+    text.heading("A parcel that was not divided", true);
+    add_parcel(reported, text);
+    add_request(reported, text);
+    text.heading("Why there is no line");
+    text.paragraph(refusal.problem + (refusal.detail.empty() ? "" : ": " + refusal.detail));
+    if (!refusal.advice.empty()) {
+        text.heading("What to do");
+        text.paragraph(refusal.advice);
+    }
     return text.text();
 }
 

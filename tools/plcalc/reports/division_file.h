@@ -5,6 +5,7 @@
 #include <string>
 
 #include "answers/printed_division.h"
+#include "console/outcome.h"
 
 namespace tool {
 
@@ -14,6 +15,12 @@ enum class ReportStyle { plain, markdown };
 ///
 /// @param[in] answer  one that is done()
 std::string division_report(const Answer& answer, ReportStyle style);
+
+/// Parcel, request, why there is no line, and what could be had instead.
+///
+/// @param[in] answer   one that is not done(), of a parcel that can be worked on and a side that exists
+/// @param[in] refusal  its failure
+std::string refusal_report(const Answer& answer, const Failure& refusal, ReportStyle style);
 
 /// A CSV table with name, E, N and code of every point: the new ones first (NEW), then the corners (CORNER).
 ///

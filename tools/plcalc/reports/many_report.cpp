@@ -58,11 +58,7 @@ std::vector<Cells> an_end_a_row(const Cells& row)
 
 std::string ManyReport::refuse(const Failure& failure, const std::string& reason, const Json& instead)
 {
-    ++refused_;
-    file_ = failure.place.file;
-    refusals_[reason].add([&] { return failure.place.feature; });
-    if (status_ == ExitStatus::done || failure.status < status_)
-        status_ = failure.status;
+    tally_.refuse(failure, reason);
     if (keep_ == Keep::json) {
         Json parcel = {
             {"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}};
@@ -76,16 +72,6 @@ std::string ManyReport::refuse(const Failure& failure, const std::string& reason
 std::string ManyReport::add(const Failure& problem)
 {
     return refuse(problem, problem.problem, Json());
-}
-
-// Each clause once. Only the first are kept: of an odd scale every parcel may say another figure.
-void ManyReport::note(const Parcel& parcel)
-{
-    constexpr std::size_t kMaxClauses = 5;
-    for (const std::string& clause : parcel.assumed)
-        if (assumed_.size() < kMaxClauses &&
-            std::find(assumed_.begin(), assumed_.end(), clause) == assumed_.end())
-            assumed_.push_back(clause);
 }
 
 std::string ManyReport::kept_of(const Answer& answer) const
@@ -112,10 +98,10 @@ std::string ManyReport::kept_of(const Answer& answer) const
 
 std::string ManyReport::add(const Answer& answer, const std::string& kept)
 {
-    note(answer.parcel);
+    tally_.note(answer.parcel);
     if (!answer.printed.done())
         return refuse_with_instead(answer);
-    ++divided_;
+    tally_.done();
     if (keep_ == Keep::rows)
         measure(kept);
     if (keep_ != Keep::counts)
@@ -142,24 +128,9 @@ void ManyReport::measure(const std::string& rows)
     }
 }
 
-Output ManyReport::summary(std::size_t passed_over, std::size_t hidden) const
-{
-    std::string text =
-        "Divided  " + std::to_string(divided_) + " of " + std::to_string(divided_ + refused_) + " parcels\n";
-    if (refused_ > 0)
-        text += "Refused  " + std::to_string(refused_) + " in " + file_ + "\n";
-    for (const auto& [reason, refused] : refusals_)
-        text += "  " + std::to_string(refused.count()) + ": " + reason + " (" + refused.text() + ")\n";
-    if (passed_over > 0)
-        text += "Skipped, without an area  " + std::to_string(passed_over) + "\n";
-    if (hidden > 0)
-        text += "Skipped, in paper space or not shown  " + std::to_string(hidden) + "\n";
-    return {text, status_};
-}
-
 Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
 {
-    Output output = summary(passed_over, hidden);
+    Output output = {tally_.summary("Divided ", passed_over, hidden), tally_.status()};
     if (keep_ == Keep::rows && !kept_->empty()) {
         output.end = "\n" + output.text;
         output.text.clear();
@@ -179,39 +150,22 @@ Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
             });
         };
     }
-    std::string assumed;
-    for (const std::string& clause : assumed_)
-        assumed += "Assumed  " + clause + "\n";
-    output.text = assumed + (assumed.empty() ? "" : "\n") + output.text;
+    output.text = tally_.assumptions() + output.text;
     return output;
 }
 
-// The parcels between what stands before and behind them in the object.
 Output ManyReport::json(const std::vector<std::string>& written,
                         const std::vector<std::string>& unused_rows) const
 {
     Json json;
     json["parcels"] = Json::array();
-    json["divided"] = divided_;
-    json["refused"] = refused_;
+    json["divided"] = tally_.done_count();
+    json["refused"] = tally_.refused_count();
     if (!written.empty())
         json["written"] = written;
     if (!unused_rows.empty())
         json["unused_rows"] = unused_rows;
-    Output output = {dumped(json), status_};
-    if (kept_->empty())
-        return output;
-    const std::size_t list = output.text.find("[]") + 1;
-    output.end = "\n  " + output.text.substr(list);
-    output.text.resize(list);
-    output.body = [kept = kept_](const auto& take) {
-        const char* before = "\n";
-        kept->read([&](const std::string& parcel) {
-            take(before + parcel);
-            before = ",\n";
-        });
-    };
-    return output;
+    return with_list(json, kept_, tally_.status());
 }
 
 }  // namespace tool

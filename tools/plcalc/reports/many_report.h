@@ -3,7 +3,6 @@
 // What the program tells about many parcels: a row for each line, and a summary.
 
 #include <cstddef>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,8 +10,8 @@
 #include "answers/printed_division.h"
 #include "console/outcome.h"
 #include "console/spool.h"
+#include "reports/tally.h"
 #include "text/json.h"
-#include "text/name_list.h"
 #include "text/table.h"
 
 namespace tool {
@@ -54,8 +53,6 @@ public:
 
 private:
     void measure(const std::string& rows);
-    Output summary(std::size_t passed_over, std::size_t hidden) const;
-    void note(const Parcel& parcel);
     std::string refuse(const Failure& failure, const std::string& reason, const Json& instead);
     std::string refuse_with_instead(const Answer& answer);
 
@@ -63,12 +60,7 @@ private:
     std::shared_ptr<Spool> kept_;  // lives on in the output
     Columns wide_;                 // a line in a row
     Columns narrow_;               // an end in a row
-    std::string file_;             // of the refused ones
-    std::size_t divided_ = 0;
-    std::size_t refused_ = 0;
-    std::map<std::string, NameList> refusals_;  // the parcels by reason
-    std::vector<std::string> assumed_;          // of any parcel, each once; few
-    ExitStatus status_ = ExitStatus::done;
+    Tally tally_;
 };
 
 }  // namespace tool

@@ -3,6 +3,7 @@
 // What the verbs print about one parcel: tables for people, JSON for programs, CSV for spreadsheets, with the same
 // numbers.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "answers/question.h"
 #include "answers/stakeout.h"
 #include "console/outcome.h"
+#include "text/angles.h"
 #include "text/json.h"
 
 namespace tool {
@@ -28,8 +30,11 @@ Json division_json(const Answer& answer);
 
 // --- plcalc measure ---
 
-std::string measures_table(const Parcel& parcel, const Measures& measures);
-std::string measures_json(const Parcel& parcel, const Measures& measures);
+/// @param[in] angles  one unit for bearings and angles; without it gons and degrees beside each other
+std::string measures_table(const Parcel& parcel, const Measures& measures, std::optional<AngleUnit> angles);
+
+/// The same numbers; in a unit that is asked for the bearings and angles are texts, beside gons and degrees.
+Json measures_json(const Parcel& parcel, const Measures& measures, std::optional<AngleUnit> angles);
 
 // --- plcalc stakeout ---
 
@@ -41,11 +46,13 @@ struct StakeoutSheet {
     Setup setup;
     BaseLine base;
     std::vector<SetOut> points;
-    Resolution resolution;   ///< decimals of lengths
-    int angle_decimals = 4;  ///< so many that no point moves by more than the last decimal of a length
+    Resolution resolution;  ///< decimals of lengths
+    int angle_decimals =
+        4;  ///< of gons: so many that no point moves by more than the last decimal of a length
+    AngleUnit angles = AngleUnit::gon;
 };
 
-/// Angles with as many decimals as the farthest point needs.
+/// Angles with as many decimals of gons as the farthest point needs.
 int angle_decimals_for(const std::vector<SetOut>& points, const Resolution& resolution);
 
 std::string stakeout_table(const StakeoutSheet& sheet);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
 #include "text/table.h"
@@ -21,7 +22,7 @@ std::vector<std::string> cells_of(const StakeoutSheet& sheet, const SetOut& poin
             fixed(point.point.at.x, decimals),
             fixed(point.point.at.y, decimals),
             height_text(point.point.height, decimals),
-            gon_text(point.angle_gon, sheet.angle_decimals),
+            angle_text(point.angle_gon, sheet.angles, decimals_in(sheet.angles, sheet.angle_decimals)),
             fixed(point.distance, decimals),
             fixed(point.abscissa, decimals),
             fixed(point.ordinate, decimals)};
@@ -33,19 +34,11 @@ std::string described(const NamedPoint& point, int decimals)
     return point.name.empty() ? place : point.name + "  " + place;
 }
 
+// By unit: the circle reads no quadrants.
+const char* const kCsvAngles[] = {"angle_gon", "angle_deg", "angle_dms", "angle_dms"};
+
 constexpr int kHeightCell = 3;
 constexpr int kSetOutCells = 4;
-
-// A text as one cell of a CSV file.
-std::string quoted(const std::string& text)
-{
-    if (text.find_first_of(",\"\n") == std::string::npos)
-        return text;
-    std::string cell = "\"";
-    for (const char c : text)
-        cell += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return cell + "\"";
-}
 
 // The points, and below them what is set out, where both do not fit beside each other.
 std::string two_tables(const std::vector<std::vector<std::string>>& rows)
@@ -77,7 +70,7 @@ std::string stakeout_table(const StakeoutSheet& sheet)
 {
     const int decimals = sheet.resolution.decimals;
     std::vector<std::vector<std::string>> rows = {
-        {"Point", "E", "N", "Z", "Angle, gon", "Distance", "Along", "Right"}};
+        {"Point", "E", "N", "Z", angle_head("Angle", sheet.angles), "Distance", "Along", "Right"}};
     for (const SetOut& point : sheet.points)
         rows.push_back(cells_of(sheet, point));
     for (std::vector<std::string>& row : rows)
@@ -92,14 +85,14 @@ std::string stakeout_table(const StakeoutSheet& sheet)
 
 std::string stakeout_csv(const StakeoutSheet& sheet)
 {
-    std::string text =
-        std::string("point,E,N,") + (sheet.heights ? "Z," : "") + "angle_gon,distance,along,right\n";
+    std::string text = std::string("point,E,N,") + (sheet.heights ? "Z," : "") +
+                       kCsvAngles[static_cast<std::size_t>(sheet.angles)] + ",distance,along,right\n";
     for (const SetOut& point : sheet.points) {
         const std::vector<std::string> cells = cells_of(sheet, point);
-        text += quoted(cells[0]);
+        text += csv_cell(cells[0]);
         for (std::size_t i = 1; i < cells.size(); ++i)
             if (i != kHeightCell || sheet.heights)
-                text += "," + (cells[i] == "-" ? std::string() : cells[i]);
+                text += "," + (cells[i] == "-" ? std::string() : csv_cell(cells[i]));
         text += "\n";
     }
     return text;
@@ -124,10 +117,12 @@ std::string stakeout_json(const StakeoutSheet& sheet)
         json["points"].push_back({{"name", cells[0]},
                                   {"e", number(cells[1])},
                                   {"n", number(cells[2])},
-                                  {"angle_gon", number(cells[4])},
+                                  {"angle_gon", number(gon_text(values.angle_gon, sheet.angle_decimals))},
                                   {"distance", number(cells[5])},
                                   {"along", number(cells[6])},
                                   {"right", number(cells[7])}});
+        if (sheet.angles != AngleUnit::gon)
+            json["points"].back()["angle"] = cells[4];
         if (sheet.heights)
             json["points"].back()["z"] = number(cells[kHeightCell]);
     }

@@ -1,5 +1,6 @@
 #include "text/numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iomanip>
@@ -7,7 +8,6 @@
 #include <sstream>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 namespace {
 
@@ -49,45 +49,6 @@ std::string formatted(double value, std::ios_base& (*notation)(std::ios_base&), 
     return out.str();
 }
 
-constexpr double kTurnGon = 400.0;
-constexpr double kTurnDegrees = 360.0;
-
-// A product with 0.9, not a division by 10/9, is exact for multiples of 10 gon.
-constexpr double kDegreesPerGon = 0.9;
-
-// "101°15'30.5\"" and the like; a number alone is degrees too.
-std::optional<double> parse_degrees(std::string text)
-{
-    constexpr double kParts = 60.0;
-    for (const char* sign : {"°", "deg", "′", "″", "''"})
-        for (std::size_t at = text.find(sign); at != std::string::npos; at = text.find(sign))
-            text.replace(at, std::string_view(sign).size(), " ");
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (std::string_view("dms'\"").find(text[i]) != std::string_view::npos || (text[i] == '-' && i > 0))
-            text[i] = ' ';
-    std::istringstream parts(text);
-    std::vector<double> numbers;
-    for (std::string part; parts >> part;) {
-        const std::optional<double> number = parse_all<double>(part);
-        const bool last_was_whole = numbers.empty() || numbers.back() == std::floor(numbers.back());
-        if (!number || !std::isfinite(*number) || !last_was_whole ||
-            (!numbers.empty() && !(*number >= 0.0 && *number < kParts)))
-            return std::nullopt;
-        numbers.push_back(*number);
-    }
-    if (numbers.empty() || numbers.size() > 3)
-        return std::nullopt;
-    numbers.resize(3);
-    const double size = std::fabs(numbers[0]) + (numbers[1] + numbers[2] / kParts) / kParts;
-    return std::signbit(numbers[0]) ? -size : size;
-}
-
-std::string angle_text(double angle, double turn, int decimals)
-{
-    const std::string text = tool::fixed(angle, decimals);
-    return text == tool::fixed(turn, decimals) ? tool::fixed(0.0, decimals) : text;
-}
-
 }  // namespace
 
 namespace tool {
@@ -95,6 +56,12 @@ namespace tool {
 std::string trimmed(const std::string& text)
 {
     return std::string(without_blanks(text));
+}
+
+std::string with_point(std::string text)
+{
+    std::replace(text.begin(), text.end(), ',', '.');
+    return text;
 }
 
 std::optional<double> parse_number(const std::string& text)
@@ -105,31 +72,6 @@ std::optional<double> parse_number(const std::string& text)
 std::optional<long long> parse_whole(const std::string& text)
 {
     return parse_all<long long>(text);
-}
-
-std::optional<double> parse_angle(const std::string& text)
-{
-    const std::string_view all = without_blanks(text);
-    if (all.empty())
-        return std::nullopt;
-    if (const std::optional<double> gons = parse_all<double>(all))
-        return std::isfinite(*gons) ? gons : std::nullopt;
-    const auto is_one_of = [](char c, const char* letters) {
-        return std::string_view(letters).find(c) != std::string_view::npos;
-    };
-    const bool north = is_one_of(all.front(), "Nn");
-    const bool east = is_one_of(all.back(), "Ee");
-    if (!north && !is_one_of(all.front(), "Ss")) {
-        const std::optional<double> degrees = parse_degrees(std::string(all));
-        return degrees ? std::optional<double>(*degrees / kDegreesPerGon) : std::nullopt;
-    }
-    if (!east && !is_one_of(all.back(), "Ww"))
-        return std::nullopt;
-    const std::optional<double> degrees = parse_degrees(std::string(all.substr(1, all.size() - 2)));
-    if (!degrees || !(*degrees >= 0.0 && *degrees <= kTurnDegrees / 4.0))
-        return std::nullopt;
-    const double from_north = north ? *degrees : kTurnDegrees / 2.0 - *degrees;
-    return (east ? from_north : kTurnDegrees - from_north) / kDegreesPerGon;
 }
 
 std::string fixed(double value, int decimals)
@@ -157,16 +99,6 @@ int decimals_for(double step)
 std::string height_text(const std::optional<double>& height, int decimals)
 {
     return height ? fixed(*height, decimals) : "-";
-}
-
-std::string gon_text(const std::optional<double>& angle_gon, int decimals)
-{
-    return angle_gon ? angle_text(*angle_gon, kTurnGon, decimals) : "-";
-}
-
-std::string degree_text(const std::optional<double>& angle_gon, int decimals)
-{
-    return angle_gon ? angle_text(*angle_gon * kDegreesPerGon, kTurnDegrees, decimals) : "-";
 }
 
 }  // namespace tool

@@ -1,6 +1,6 @@
 #pragma once
 
-// Numbers and angles as text, the same in every locale: a point before the decimals and nothing between the thousands.
+// Numbers as text, the same in every locale: a point before the decimals and nothing between the thousands.
 
 #include <optional>
 #include <string>
@@ -10,18 +10,15 @@ namespace tool {
 /// Without the blanks around it.
 std::string trimmed(const std::string& text);
 
+/// "1200,5" as "1200.5".
+std::string with_point(std::string text);
+
 /// Reads a text that is a number from end to end, blanks around it allowed; "nan" and "inf" are numbers here.
 /// Nothing for any other text ("12,5", "12.5 m", "") and for what no double holds ("1e400").
 std::optional<double> parse_number(const std::string& text);
 
 /// Reads a text that is a whole number from end to end, blanks around it allowed; nothing for any other text.
 std::optional<long long> parse_whole(const std::string& text);
-
-/// Reads an angle: gons as in "112.5"; degrees as in "101.25d", "101°15'30\"" or "101-15-30", the same with d for the
-/// sign of degrees; or a quadrant bearing as in "S78°44'30\"E" or "S78-44-30E".
-///
-/// @return gons; nothing for any other text, and for minutes or seconds that are not from 0 to below 60
-std::optional<double> parse_angle(const std::string& text);
 
 /// A number with more decimals is written with an exponent.
 constexpr int kMaxDecimals = 17;
@@ -40,14 +37,5 @@ int decimals_for(double step);
 
 /// A height with this many decimals; "-" for none.
 std::string height_text(const std::optional<double>& height, int decimals);
-
-/// A tenth of a milligon is what a theodolite reads.
-constexpr int kAngleDecimals = 4;
-
-/// An angle in gons as text, below a full turn after rounding too; "-" for none.
-std::string gon_text(const std::optional<double>& angle_gon, int decimals);
-
-/// The same angle in degrees.
-std::string degree_text(const std::optional<double>& angle_gon, int decimals);
 
 }  // namespace tool

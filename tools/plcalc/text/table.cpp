@@ -63,6 +63,16 @@ bool Columns::fit_terminal() const
            kTerminal;
 }
 
+std::string csv_cell(const std::string& text)
+{
+    if (text.find_first_of(",;\"\r\n") == std::string::npos)
+        return text;
+    std::string cell = "\"";
+    for (const char c : text)
+        cell += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return cell + "\"";
+}
+
 bool fit_terminal(const std::vector<std::vector<std::string>>& rows)
 {
     Columns measured;

@@ -33,6 +33,9 @@ private:
     std::vector<std::size_t> widths_;
 };
 
+/// A text as a cell of a CSV file, between quotes where it needs them.
+std::string csv_cell(const std::string& text);
+
 /// Whether the columns of these rows fit a terminal.
 bool fit_terminal(const std::vector<std::vector<std::string>>& rows);
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "reading/other_lines.h"
+#include "text/angles.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -123,13 +124,13 @@ void CuttingVerb::set_side(Asked& asked, const std::string& option, const std::s
         choice.point = {point[0], point[1]};
         choice.given = shortest(point[0]) + " " + shortest(point[1]);
     } else if (given("--facing")) {
-        const std::optional<double> gons = parse_angle(facing_);
+        const std::optional<double> gons = parse_angle(facing_, asked.angles);
         if (!gons)
             wrong_use("--facing: '" + facing_ +
                       "' is not an angle; write gons as in 112.5, or degrees as in 101.25d");
         choice.by = By::facing;
         choice.bearing_gon = *gons;
-        choice.given = parse_number(facing_) ? facing_ + " gon" : facing_;
+        choice.given = given_angle(facing_, asked.angles);
     } else {
         choice.by = By::along;
         choice.given = along_;
@@ -178,13 +179,13 @@ void CuttingVerb::set_line(Asked& asked) const
 {
     const auto as_text = [](double e, double n) { return shortest(e) + " " + shortest(n); };
     if (given("--bearing")) {
-        const std::optional<double> gons = parse_angle(bearing_);
+        const std::optional<double> gons = parse_angle(bearing_, asked.angles);
         if (!gons)
             wrong_use("--bearing: '" + bearing_ +
                       "' is not an angle; write gons as in 112.5, degrees as in 101.25d or 101d15'30\", or a "
                       "quadrant bearing as in S78-44-30E");
         asked.request.line = plparcel::at_bearing(*gons);
-        asked.line = parse_number(bearing_) ? bearing_ + " gon" : bearing_;
+        asked.line = given_angle(bearing_, asked.angles);
     } else if (given("--along-segment")) {
         const std::vector<double> ends = numbers("--along-segment", segment_, 4);
         asked.request.line = plparcel::along_segment({ends[0], ends[1]}, {ends[2], ends[3]});
@@ -278,6 +279,7 @@ void CuttingVerb::set_rounding(Asked& asked) const
 Asked CuttingVerb::asked() const
 {
     Asked asked;
+    asked.angles = angle_unit().value_or(AngleUnit::gon);
     set_cut(asked);
     set_amounts(asked);
     set_choice(asked);

@@ -199,7 +199,6 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_flag("--json", json_);
     options().add_option("--plan", plan_)->type_name("PLAN");
     options().add_option("--paper", paper_)->type_name("A4|A3");
-    options().add_option("--name-column", name_column_)->type_name("COLUMN");
     options().add_option("--area-decimals", area_decimals_)->type_name("N");
     options().add_option("--title", titles_)->type_name("KEY=VALUE")->expected(1)->take_all();
     options().add_option("--title-block", title_block_)->type_name("FILE");
@@ -271,14 +270,6 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, 
     return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file);
 }
 
-Source DivideVerb::source() const
-{
-    Source source = Verb::source();
-    if (given("--name-column"))
-        source.name_column = name_column_;
-    return source;
-}
-
 PlanWishes DivideVerb::plan_wishes() const
 {
     PlanWishes wishes;
@@ -339,11 +330,36 @@ std::vector<std::string> DivideVerb::write_texts(const Answer& answer, const Par
         names.push_back(name);
     };
     if (given("--report"))
-        write(report_, division_report(answer, ends_with(report_, ".md") ? ReportStyle::markdown
-                                                                         : ReportStyle::plain));
+        write(report_, division_report(answer, report_style()));
     if (given("--points"))
         write(points_, point_list(answer));
     return names;
+}
+
+// Writes the report all the same, and with --json the refusal as a program reads it; the message follows in any case.
+Output DivideVerb::refused(const Answer& answer, const ParcelFile& file) const
+{
+    const Failure failure = refusal(answer);
+    if (failure.status != ExitStatus::cannot_cut)
+        throw failure;
+    std::vector<std::string> written;
+    if (given("--report")) {
+        PendingOutput output(report_, overwrite_, file.files());
+        write_text(output.path(), refusal_report(answer, failure, report_style()), report_);
+        output.commit();
+        written.push_back(report_);
+    }
+    if (!json_)
+        throw failure;
+    ManyReport report(ManyReport::Keep::json);
+    report.add(answer, "");
+    std::cerr << alarming("plcalc:") << ' ' << sentence(failure) << '\n';
+    return report.json(written, {});
+}
+
+ReportStyle DivideVerb::report_style() const
+{
+    return ends_with(report_, ".md") ? ReportStyle::markdown : ReportStyle::plain;
 }
 
 Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const
@@ -356,7 +372,7 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
     const Asked of_parcel = with_side(requests.of(*read), read->parcel);
     const Answer answer = tool::answer(read->parcel, of_parcel);
     if (!answer.printed.done())
-        throw refusal(answer);
+        return refused(answer, file);
     // Both are written before either is moved into its place.
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);

@@ -32,6 +32,11 @@ std::string how_to_read()
   --name-layer NAME     takes a parcel's name from the text inside it on this
                         layer of a drawing; any layer by default, if there is
                         one text only
+  --angles UNIT         how angles are given and told: gon, deg, dms as in
+                        12d34'56" or quadrant as in N12d34'56"E; a number alone
+                        counts in degrees for the last three, else in gons
+  --name-column COLUMN  takes the parcel's name from this column; pieces of
+                        1234/5 are then called 1234/5a, 1234/5b, ...
   --any-scale           accepts a CRS whose lengths differ by more than a
                         thousandth from those on the ground
 )";
@@ -186,10 +191,9 @@ Options
                         may be given several times
   --title-block FILE    the same from a text file, an entry in every line
   --report REPORT       writes a report to REPORT.txt or REPORT.md: parcel,
-                        request, method, new points, pieces, checks
+                        request, method, new points, pieces, checks; or why the
+                        parcel cannot be cut as asked
   --points POINTS.csv   writes name, E, N and code of all points: NEW or CORNER
-  --name-column COLUMN  takes the parcel's name from this column; pieces of
-                        1234/5 are then called 1234/5a, 1234/5b, ...
   --overwrite           replaces files that exist, but never FILE; in a
                         GeoPackage or SQLite file only the layers pieces and
                         lines
@@ -222,16 +226,19 @@ std::string measure_help()
 
 Usage: plcalc measure FILE [OPTION ...]
 
-FILE  a parcel as plcalc divide takes it (see plcalc divide --help)
+FILE  parcels as plcalc divide takes it (see plcalc divide --help)
 
 The output gives the area, the perimeter and the direction of the ring, the
 length and the bearing of every side, and the angle inside the parcel at every
 vertex. Bearings count from North towards East. Angles are in gons, 400 to the
 circle, and in degrees. A side between two equal vertices has no bearing: "-".
+Of several parcels it gives area and perimeter, a parcel in each row, and counts
+those that it refuses by reason; JSON has the sides and angles of them all.
 
 Options
 )" + one_feature() +
-           how_to_read() + R"(  --json                prints JSON with the same numbers
+           how_to_read() + R"(  --csv                 prints CSV for spreadsheets, a parcel in each row
+  --json                prints JSON with the same numbers
   -h, --help            prints this text
 
 Examples
@@ -247,18 +254,23 @@ std::string stakeout_help()
 Usage: plcalc stakeout FILE --station PLACE --orientation PLACE [OPTION ...]
 
 FILE   a parcel as plcalc divide takes it (see plcalc divide --help)
-PLACE  E,N in the file's coordinates, or the number of a vertex
+PLACE  E,N in the file's coordinates, the number of a vertex, or the name of a
+       point: in FILE, or in one of the lists below
 
 What is set out
   CUT AREA              the ends of the dividing lines, with the options of
                         plcalc divide: --parallel SIDE --area A, ..., as well
                         as --decimals N and --tolerance SHARE
   --point PLACE         a point of your own; may be given several times
+  --points-from LIST    all points of a text table with columns name, E and N,
+                        as plcalc divide writes its new points
   Without any of these, the vertices of the parcel are set out.
 
 Options
   --station PLACE       where the instrument stands
   --orientation PLACE   where its circle reads 0
+  --control LIST        a table like that of --points-from, with points that are
+                        named but not set out, such as stations
   --base SIDE           base line of the offsets; without it, the side of the
                         cut, or side 1 where nothing is cut
   --csv                 prints CSV for spreadsheets
@@ -266,14 +278,14 @@ Options
 )" + one_feature() +
            how_to_read() + R"(  -h, --help            prints this text
 
-Angles are in gons, clockwise from the orientation; distances count from the
-station. "Along" counts from the first point of the base line towards the
-second and is negative behind it. "Right" is the distance at right angles to
-the line and is negative to its left. Angles have as many decimals as the
-farthest point needs.
+Angles are in gons or as --angles says, clockwise from the orientation;
+distances count from the station. "Along" counts from the first point of the
+base line towards the second and is negative behind it. "Right" is the distance
+at right angles to the line and is negative to its left. Angles have as many
+decimals as the farthest point needs.
 
 Examples
-  plcalc stakeout examples/published.csv --station 4 --orientation 1 \
+  plcalc stakeout examples/published.csv --station D --orientation A \
       --parallel 4 --area 6000
   plcalc stakeout examples/published.csv --station 360.5,290.25 \
       --orientation 3 --point 400,350 --csv

@@ -1,7 +1,12 @@
 #include "verbs/verbs.h"
 
+#include <iostream>
+
 #include "answers/measure.h"
+#include "console/interrupt.h"
+#include "console/terminal.h"
 #include "reading/parcel_file.h"
+#include "reports/many_measures.h"
 #include "reports/parcel_reports.h"
 #include "verbs/help.h"
 
@@ -9,16 +14,51 @@ namespace tool {
 
 MeasureVerb::MeasureVerb(CLI::App& app) : Verb(app, "measure", measure_help())
 {
+    options().add_flag("--csv", csv_);
     options().add_flag("--json", json_);
+}
+
+Output MeasureVerb::one(ParcelFile& file) const
+{
+    const Parcel parcel = only_parcel(file, source()).parcel;
+    require_usable(parcel);
+    return {measures_table(parcel, measure(parcel), angle_unit())};
+}
+
+// A layer, or one parcel for a spreadsheet or a program.
+Output MeasureVerb::many(ParcelFile& file) const
+{
+    using As = ManyMeasures::As;
+    const InterruptGuard guard;
+    ManyMeasures report(csv_ ? As::csv : json_ ? As::json : As::table, file.names_parcels(), angle_unit());
+    Progress progress("measuring", file.count());
+    while (const std::optional<ReadParcel> read = file.next()) {
+        try {
+            if (read->problem)
+                throw *read->problem;
+            require_usable(read->parcel);
+            report.add(read->parcel, measure(read->parcel));
+        } catch (const Failure& problem) {
+            if (file.count() == 1)
+                throw;
+            report.add(problem, read->parcel.name);
+        }
+        progress.step();
+        guard.check();
+    }
+    for (const std::string& clause : report.tally().assumed())
+        if (csv_)
+            std::cerr << "plcalc: assumed: " << clause
+                      << "\n";  // a table for spreadsheets has no place for it
+    return report.output(file.passed_over(), file.hidden());
 }
 
 Output MeasureVerb::work() const
 {
+    if (csv_ && json_)
+        wrong_use("give one of --csv and --json");
     ParcelFile file(source());
-    const Parcel parcel = only_parcel(file, source()).parcel;
-    require_usable(parcel);
-    const Measures measures = measure(parcel);
-    return {json_ ? measures_json(parcel, measures) : measures_table(parcel, measures)};
+    return file.count() == 1 && !csv_ && !json_ ? one(file) : many(file);
 }
 
 }  // namespace tool

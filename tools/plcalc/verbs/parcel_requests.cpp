@@ -135,7 +135,7 @@ void ParcelRequests::set_from_table(Asked& asked, ReadParcel& read)
     try {
         for (const std::string& cell : row.cells)
             for (const std::string& text : parts_of_list(cell, ';'))
-                add(asked, one_amount(table_->decimal_commas() ? with_points(text) : text));
+                add(asked, one_amount(table_->decimal_commas() ? with_point(text) : text));
     } catch (const NotUnderstood& why) {
         throw Failure(ExitStatus::unusable_input, read.parcel.place,
                       "its row of " + table_->file() + " holds no area", "correct the row",

@@ -3,7 +3,7 @@
 
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
-    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --any-scale --json --help'
+    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --name-column --angles --any-scale --json --help'
     local cut='--parallel --perpendicular --side --side-near --facing --along --side-from --within --vertex --vertex-near --vertex-from'
     cut+=' --bearing --along-segment --place --through --alternative --pieces'
     cut+=' --area --product --share --width --areas --area-from --share-from --parts --opposite --decimals --tolerance'
@@ -27,6 +27,10 @@ _plcalc() {
             mapfile -t COMPREPLY < <(compgen -W 'longest shortest' -- "$word")
             return
             ;;
+        --angles)
+            mapfile -t COMPREPLY < <(compgen -W 'gon deg dms quadrant' -- "$word")
+            return
+            ;;
         --pieces)
             mapfile -t COMPREPLY < <(compgen -W 'two any' -- "$word")
             return
@@ -41,9 +45,9 @@ _plcalc() {
     esac
     case $verb in
         divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
-            --title-block --name-column --report --points --overwrite --jobs" ;;
-        measure) words=$choose ;;
-        stakeout) words="$choose $cut --station --orientation --point --base --csv" ;;
+            --title-block --report --points --overwrite --jobs" ;;
+        measure) words="$choose --csv" ;;
+        stakeout) words="$choose $cut --station --orientation --control --point --points-from --base --csv" ;;
         *) return ;;
     esac
     if [[ $word == -* ]]; then

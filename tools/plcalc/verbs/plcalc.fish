@@ -24,8 +24,10 @@ complete -c plcalc -n __fish_use_subcommand -l version
 complete -c plcalc -l help
 
 __plcalc_offer 'divide measure stakeout' flags any-scale json
-__plcalc_offer 'divide measure stakeout' values layer feature where part columns crs ground-factor arcs join name-layer
+__plcalc_offer 'divide measure stakeout' values layer feature where part columns crs ground-factor arcs join name-layer \
+    name-column
 __plcalc_offer_words 'divide measure stakeout' axes 'en ne'
+__plcalc_offer_words 'divide measure stakeout' angles 'gon deg dms quadrant'
 
 __plcalc_offer 'divide stakeout' flags parallel perpendicular opposite
 __plcalc_offer 'divide stakeout' values side-near facing side-from within vertex vertex-near vertex-from bearing \
@@ -35,9 +37,10 @@ __plcalc_offer_words 'divide stakeout' side 'longest shortest'
 __plcalc_offer_words 'divide stakeout' pieces 'two any'
 
 __plcalc_offer divide flags overwrite
-__plcalc_offer divide values format area-decimals title name-column jobs
+__plcalc_offer divide values format area-decimals title jobs
 __plcalc_offer divide files output plan title-block report points
 __plcalc_offer_words divide paper 'A4 A3'
 
-__plcalc_offer stakeout flags csv
+__plcalc_offer 'measure stakeout' flags csv
 __plcalc_offer stakeout values station orientation point base
+__plcalc_offer stakeout files control points-from

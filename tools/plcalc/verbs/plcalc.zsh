@@ -4,7 +4,7 @@
 _plcalc() {
     local -a choose cut offered
     choose=(--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer
-        --any-scale --json --help)
+        --name-column --angles --any-scale --json --help)
     cut=(--parallel --perpendicular --side --side-near --facing --along --side-from --within --vertex --vertex-near
         --vertex-from --bearing --along-segment --place --through --alternative --pieces --area --product --share
         --width --areas --area-from --share-from --parts --opposite --decimals --tolerance)
@@ -17,14 +17,15 @@ _plcalc() {
         --paper) compadd -- A4 A3; return ;;
         --axes) compadd -- en ne; return ;;
         --side) compadd -- longest shortest; return ;;
+        --angles) compadd -- gon deg dms quadrant; return ;;
         --pieces) compadd -- two any; return ;;
-        --along | --areas | --output | -o | --plan | --title-block | --report | --points) _files; return ;;
+        --along | --areas | --output | -o | --plan | --title-block | --report | --points | --points-from | --control) _files; return ;;
     esac
     case ${words[2]} in
         divide) offered=($choose $cut --output --format --plan --paper --area-decimals --title --title-block
-            --name-column --report --points --overwrite --jobs) ;;
-        measure) offered=($choose) ;;
-        stakeout) offered=($choose $cut --station --orientation --point --base --csv) ;;
+            --report --points --overwrite --jobs) ;;
+        measure) offered=($choose --csv) ;;
+        stakeout) offered=($choose $cut --station --orientation --control --point --points-from --base --csv) ;;
     esac
     if [[ ${words[CURRENT]} == -* ]]; then
         compadd -- $offered

@@ -9,6 +9,7 @@
 #include "answers/heights.h"
 #include "answers/printed_division.h"
 #include "reading/parcel_file.h"
+#include "reading/point_list.h"
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
 #include "text/numbers.h"
@@ -21,7 +22,14 @@ NamedPoint vertex(const Parcel& parcel, std::size_t i)
 {
     const RingIndex at = in_ring(parcel, i).value();
     const plparcel::Ring& ring = at.ring == 0 ? parcel.ring : parcel.holes[at.ring - 1];
-    return {"vertex " + std::to_string(i + 1), ring[at.index]};
+    const bool has_name = i < parcel.point_names.size() && !parcel.point_names[i].empty();
+    return {has_name ? parcel.point_names[i] : "vertex " + std::to_string(i + 1), ring[at.index]};
+}
+
+bool has_heights(const Parcel& parcel, const std::vector<NamedPoint>& listed)
+{
+    return !parcel.heights.empty() ||
+           std::any_of(listed.begin(), listed.end(), [](const NamedPoint& point) { return point.height; });
 }
 
 bool same(const NamedPoint& a, const NamedPoint& b)
@@ -54,6 +62,8 @@ StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeou
 {
     options().add_option("--station", station_)->type_name("PLACE");
     options().add_option("--orientation", orientation_)->type_name("PLACE");
+    options().add_option("--control", control_)->type_name("FILE");
+    options().add_option("--points-from", points_from_)->type_name("FILE");
     options().add_option("--base", base_)->type_name("SIDE");
     options()
         .add_option("--point", points_)
@@ -64,32 +74,75 @@ StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeou
     options().add_flag("--json", json_);
 }
 
-// "E,N", or the number of a vertex.
-NamedPoint StakeoutVerb::place(const std::string& option, const std::string& text, const Parcel& parcel) const
+// What a name or a number may stand for.
+std::vector<NamedPoint> StakeoutVerb::called(const std::string& text, const Parcel& parcel,
+                                             const KnownPoints& known) const
 {
+    std::vector<NamedPoint> points;
+    for (std::size_t i = 0; i < parcel.point_names.size(); ++i)
+        if (parcel.point_names[i] == text)
+            points.push_back(vertex(parcel, i));
+    for (const std::vector<NamedPoint>* list : {&known.control, &known.listed})
+        for (const NamedPoint& point : *list)
+            if (point.name == text)
+                points.push_back(point);
+    const std::optional<long long> number = parse_whole(text);
+    if (number && *number >= 1 && static_cast<unsigned long long>(*number) <= vertex_count(parcel))
+        points.push_back(vertex(parcel, static_cast<std::size_t>(*number - 1)));
+    return points;
+}
+
+// "E,N", or the number of a vertex, or the name of a point.
+NamedPoint StakeoutVerb::place(const std::string& option, const std::string& text, const Parcel& parcel,
+                               const KnownPoints& known) const
+{
+    const std::vector<NamedPoint> points = called(text, parcel, known);
+    const auto differs = [&](const NamedPoint& point) { return !same(point, points.front()); };
+    if (std::any_of(points.begin(), points.end(), differs))
+        throw Failure(ExitStatus::wrong_use, parcel.place,
+                      option + ": several points are called '" + text +
+                          "', or one of them and the number of a vertex",
+                      "write the place as E,N");
+    if (!points.empty())
+        return points.front();
     const std::size_t comma = text.find(',');
     if (comma != std::string::npos) {
         const std::optional<double> east = parse_number(text.substr(0, comma));
         const std::optional<double> north = parse_number(text.substr(comma + 1));
         if (!east || !north || !std::isfinite(*east) || !std::isfinite(*north))
-            wrong_use(
-                option + ": '" + text +
-                "' is not a place; write E,N with points before the decimals, or the number of a vertex");
+            no_place(option, text);
         return {"", {*east, *north}};
     }
-    const std::optional<long long> number = parse_whole(text);
-    if (!number)
-        wrong_use(option + ": '" + text +
-                  "' is not a place; write E,N with points before the decimals, or the number of a vertex");
-    if (*number < 1 || static_cast<unsigned long long>(*number) > vertex_count(parcel))
-        throw Failure(ExitStatus::wrong_use, parcel.place, "there is no vertex " + text,
-                      "the parcel has vertices 1 to " + std::to_string(vertex_count(parcel)));
-    return vertex(parcel, static_cast<std::size_t>(*number - 1));
+    if (!parse_whole(text))
+        no_place(option, text);
+    throw Failure(ExitStatus::wrong_use, parcel.place, "there is no vertex " + text,
+                  "the parcel has vertices 1 to " + std::to_string(vertex_count(parcel)));
 }
 
-Setup StakeoutVerb::setup(const Parcel& parcel) const
+void StakeoutVerb::no_place(const std::string& option, const std::string& text) const
 {
-    Setup setup = {place("--station", station_, parcel), place("--orientation", orientation_, parcel)};
+    wrong_use(option + ": '" + text +
+              "' is not a place; write E,N with points before the decimals, the number of a vertex or the "
+              "name of a "
+              "point");
+}
+
+// The points that --control and --points-from name; they are in the CRS of the parcel.
+StakeoutVerb::KnownPoints StakeoutVerb::known_points(const Source& source, const ParcelFile& file,
+                                                     Parcel& parcel) const
+{
+    KnownPoints known;
+    if (given("--control"))
+        known.control = read_point_list(control_, source.axes, file.crs(), parcel.assumed);
+    if (given("--points-from"))
+        known.listed = read_point_list(points_from_, source.axes, file.crs(), parcel.assumed);
+    return known;
+}
+
+Setup StakeoutVerb::setup(const Parcel& parcel, const KnownPoints& known) const
+{
+    Setup setup = {place("--station", station_, parcel, known),
+                   place("--orientation", orientation_, parcel, known)};
     if (same(setup.station, setup.orientation))
         wrong_use("--orientation: this is the station itself; name another place");
     return setup;
@@ -114,19 +167,21 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel, const std::optional<Asked
     return base;
 }
 
-// The ends of the lines that are asked for and the points that are named; without either, the vertices.
+// The ends of the lines that are asked for, the points that are named and those of the list; without any, the vertices.
 std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, const std::optional<Asked>& asked,
-                                             Resolution& resolution) const
+                                             const KnownPoints& known, Resolution& resolution) const
 {
     std::vector<NamedPoint> points;
     if (asked)
         points = line_ends(parcel, *asked, resolution);
     for (std::size_t i = 0; i < points_.size(); ++i) {
-        points.push_back(place("--point", points_[i], parcel));
+        points.push_back(place("--point", points_[i], parcel, known));
         if (points.back().name.empty())
             points.back().name = "point " + std::to_string(i + 1);
     }
-    for (std::size_t i = 0; points_.empty() && !asked && i < vertex_count(parcel); ++i)
+    points.insert(points.end(), known.listed.begin(), known.listed.end());
+    const bool has_none = points.empty();
+    for (std::size_t i = 0; has_none && i < vertex_count(parcel); ++i)
         points.push_back(vertex(parcel, i));
     return points;
 }
@@ -143,6 +198,7 @@ Output StakeoutVerb::work() const
     std::optional<Asked> asked;
     if (asks_for_cut())
         asked = requests(file, source).of(read);
+    const KnownPoints known = known_points(source, file, read.parcel);
     const Parcel& parcel = read.parcel;
     if (asked)
         asked = with_side(std::move(*asked), parcel);
@@ -151,14 +207,16 @@ Output StakeoutVerb::work() const
     StakeoutSheet sheet;
     sheet.parcel = parcel.place;
     sheet.assumed = parcel.assumed;
-    sheet.heights = !parcel.heights.empty();
-    sheet.setup = setup(parcel);
+    sheet.heights = has_heights(parcel, known.listed);
+    sheet.angles = angle_unit().value_or(AngleUnit::gon);
+    sheet.setup = setup(parcel, known);
     sheet.base = base_line(parcel, asked);
     sheet.resolution = resolution_of(parcel.ring, 1.0);
-    std::vector<NamedPoint> wanted = points(parcel, asked, sheet.resolution);
+    std::vector<NamedPoint> wanted = points(parcel, asked, known, sheet.resolution);
     const Heights heights(parcel, asked ? asked->request.rounding.decimals : std::optional<int>());
     for (NamedPoint& point : wanted)
-        point.height = heights.at(point.at);
+        if (!point.height)
+            point.height = heights.at(point.at);
     sheet.points = set_out(sheet.setup, sheet.base, wanted, parcel.ground_factor);
     sheet.angle_decimals = angle_decimals_for(sheet.points, sheet.resolution);
     return {csv_ ? stakeout_csv(sheet) : json_ ? stakeout_json(sheet) : stakeout_table(sheet)};

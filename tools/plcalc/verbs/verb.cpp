@@ -26,6 +26,8 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("--join", join_)->type_name("GAP");
     app_->add_option("--arcs", arcs_)->type_name("DISTANCE");
     app_->add_option("--name-layer", name_layer_)->type_name("NAME");
+    app_->add_option("--angles", angles_)->type_name("gon|deg|dms|quadrant");
+    app_->add_option("--name-column", name_column_)->type_name("COLUMN");
 }
 
 void Verb::wrong_use(const std::string& what) const
@@ -69,6 +71,8 @@ Source Verb::source() const
         source.arcs = amount("--arcs", arcs_);
     if (given("--name-layer"))
         source.name_layer = name_layer_;
+    if (given("--name-column"))
+        source.name_column = name_column_;
     source.ground_factor = given("--ground-factor") ? ground_factor() : 1.0;
     return source;
 }
@@ -84,6 +88,16 @@ double Verb::ground_factor() const
                   "' is not the factor by which lengths on the ground become lengths in the plane, such as "
                   "0.99962");
     return factor;
+}
+
+std::optional<AngleUnit> Verb::angle_unit() const
+{
+    if (!given("--angles"))
+        return std::nullopt;
+    const std::optional<AngleUnit> unit = angle_unit_named(angles_);
+    if (!unit)
+        wrong_use("--angles: '" + angles_ + "' is none of gon, deg, dms and quadrant");
+    return unit;
 }
 
 long long Verb::whole(const std::string& option, const std::string& text) const

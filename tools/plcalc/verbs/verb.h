@@ -3,6 +3,7 @@
 // What the verbs have in common: --help, the choice of a file and a feature, and how options become numbers
 // or are refused.
 
+#include <optional>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -10,6 +11,7 @@
 #include "answers/question.h"
 #include "console/outcome.h"
 #include "reading/source.h"
+#include "text/angles.h"
 #include "verbs/amounts.h"
 
 namespace tool {
@@ -45,6 +47,9 @@ protected:
     Source source() const;
 
     long long whole(const std::string& option, const std::string& text) const;
+
+    /// How angles are given and told; nothing where the command line does not say it.
+    std::optional<AngleUnit> angle_unit() const;
 
     /// An area or a length: finite and above 0.
     double amount(const std::string& option, const std::string& text) const;
@@ -88,6 +93,8 @@ private:
     std::string join_;
     std::string arcs_;
     std::string name_layer_;
+    std::string name_column_;
+    std::string angles_;
 };
 
 }  // namespace tool

@@ -3,6 +3,7 @@
 // The verbs: each takes its options and goes its way from file to output.
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "answers/stakeout.h"
 #include "plan/plan.h"
 #include "reading/parcel_file.h"
+#include "reports/division_file.h"
 #include "verbs/cut_options.h"
 #include "verbs/verb.h"
 
@@ -35,11 +37,12 @@ private:
     std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out) const;
     Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
     Output many(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
+    Output refused(const Answer& answer, const ParcelFile& file) const;
+    ReportStyle report_style() const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
     std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
     std::vector<std::string> write_texts(const Answer& answer, const ParcelFile& file,
                                          Outputs& outputs) const;
-    Source source() const;
     PlanWishes plan_wishes() const;
 
     bool json_ = false;
@@ -48,7 +51,6 @@ private:
     std::string out_;
     std::string format_;
     std::string paper_ = "A4";
-    std::string name_column_;
     std::string area_decimals_;
     std::vector<std::string> titles_;
     std::string title_block_;
@@ -57,14 +59,17 @@ private:
     std::string jobs_;
 };
 
-/// `plcalc measure`: area, perimeter, sides and angles of a parcel.
+/// `plcalc measure`: area, perimeter, sides and angles of a parcel, or area and perimeter of every parcel of a layer.
 class MeasureVerb : public Verb {
 public:
     explicit MeasureVerb(CLI::App& app);
 
 private:
     Output work() const override;
+    Output one(ParcelFile& file) const;
+    Output many(ParcelFile& file) const;
 
+    bool csv_ = false;
     bool json_ = false;
 };
 
@@ -75,14 +80,27 @@ public:
 
 private:
     Output work() const override;
-    NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel) const;
-    Setup setup(const Parcel& parcel) const;
+
+    struct KnownPoints {
+        std::vector<NamedPoint> control;  ///< whose names may be used
+        std::vector<NamedPoint> listed;   ///< that are set out, too
+    };
+
+    KnownPoints known_points(const Source& source, const ParcelFile& file, Parcel& parcel) const;
+    std::vector<NamedPoint> called(const std::string& text, const Parcel& parcel,
+                                   const KnownPoints& known) const;
+    NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel,
+                     const KnownPoints& known) const;
+    [[noreturn]] void no_place(const std::string& option, const std::string& text) const;
+    Setup setup(const Parcel& parcel, const KnownPoints& known) const;
     BaseLine base_line(const Parcel& parcel, const std::optional<Asked>& asked) const;
     std::vector<NamedPoint> points(const Parcel& parcel, const std::optional<Asked>& asked,
-                                   Resolution& resolution) const;
+                                   const KnownPoints& known, Resolution& resolution) const;
 
     std::string station_;
     std::string orientation_;
+    std::string control_;
+    std::string points_from_;
     std::string base_;
     std::vector<std::string> points_;
     bool csv_ = false;
