@@ -57,7 +57,8 @@ struct Feasible {
 ///             than 1e-9 of the parcel apart are one when one of the two ends is had; shorter ones of which no end is had
 ///             are left out.
 /// Refused     An amount inside a range may still be refused as not_reached, where doubles lie too far apart for it.
-/// Exactness   The ends are computed with 106 bits and rounded once. Costs n log n.
+/// Exactness   The ends are computed with 106 bits and rounded once. Costs n log n; for whole lines through a point
+///             that is so only while the sides that a line crosses are few: otherwise n times these at worst.
 PLPARCEL_API Feasible feasible(const Parcel& parcel, const Line& line,
                                Measured measured = Measured::from_reference, Pieces pieces = Pieces::two);
 
