@@ -1,0 +1,117 @@
+from qgis.core import (QgsField, QgsGeometry, QgsPointXY, QgsProcessing, QgsProcessingParameterBoolean,
+                       QgsProcessingParameterFeatureSink, QgsProcessingParameterFeatureSource, QgsWkbTypes)
+from qgis.PyQt.QtCore import QVariant
+
+from .. import engine
+from ..parcels import Plane, Unusable, line_of, polygon_of
+from ..requests import AmountRequest, LineRequest, amount_parameters, line_parameters
+from .base import Algorithm, joined, made, parcels
+
+PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
+                QgsField("area", QVariant.Double), QgsField("asked", QVariant.Double),
+                QgsField("residual", QVariant.Double), QgsField("status", QVariant.String)]
+LINE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("line", QVariant.Int), QgsField("length", QVariant.Double),
+               QgsField("bearing", QVariant.Double)]
+POINT_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("name", QVariant.String), QgsField("E", QVariant.Double),
+                QgsField("N", QVariant.Double)]
+REFUSED_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("status", QVariant.String),
+                  QgsField("reason", QVariant.String)]
+
+
+class Divide(Algorithm):
+    """Divides each parcel of a layer as asked, with proof.
+
+    The line runs parallel to a side, at right angles to one, from a vertex, at a bearing or through a point. The side or the
+    vertex has a number, is named by a column, or by what it is: the longest, the nearest to a point, the one that faces a
+    bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second.
+
+    The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them. Each can
+    come from a column.
+
+    Pieces: with the columns of their parcel, its id, the piece's number and the number of its amount (the last one is what
+    is left), the area, what was asked, and the difference. Lines: with length and bearing in gons. Points: the ends of the lines.
+    Refused: parcels that no such line divides as asked, with the reason and what can be had.
+
+    What is answered is proven: each piece holds its amount to a billionth of the parcel, or, with decimals, within the part of
+    the parcel that is asked for.
+    """
+
+    NAME = "divide"
+    TITLE = "Divide parcels"
+    TAGS = ("split", "subdivide", "area", "share")
+
+    def initAlgorithm(self, config=None):
+        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Parcels", [QgsProcessing.TypeVectorPolygon]))
+        for parameter in [*line_parameters(), *amount_parameters()]:
+            self.addParameter(parameter)
+        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", "Divide although the CRS stretches lengths here",
+                                                        defaultValue=False))
+        sink = QgsProcessingParameterFeatureSink
+        self.addParameter(sink("PIECES", "Pieces", QgsProcessing.TypeVectorPolygon))
+        self.addParameter(sink("LINES", "Lines", QgsProcessing.TypeVectorLine, None, True))
+        self.addParameter(sink("POINTS", "Points", QgsProcessing.TypeVectorPoint, None, True, False))
+        self.addParameter(sink("REFUSED", "Refused", QgsProcessing.TypeVectorPolygon, None, True))
+
+    def processAlgorithm(self, parameters, context, feedback):
+        plcalc = engine.package()
+        source = self.parameterAsSource(parameters, "INPUT", context)
+        plane = Plane(source, context, feedback, self.parameterAsBoolean(parameters, "ANY_SCALE", context))
+        line = LineRequest(plcalc, self, parameters, context, plane)
+        amounts = AmountRequest(self, parameters, context)
+        how = {"opposite": line.opposite, "any_pieces": line.any_pieces, "raise_on_refusal": False,
+               "tolerance": self.parameterAsDouble(parameters, "TOLERANCE", context)}
+        if parameters.get("DECIMALS") is not None:
+            how["decimals"] = self.parameterAsInt(parameters, "DECIMALS", context)
+
+        sinks = Sinks(self, parameters, context, source, plane)
+        for feature, polygon, rings in parcels(source, plane, feedback):
+            if polygon is None:
+                sinks.refuse(feature, None, "no_parcel", rings)
+                continue
+            parcel = plcalc.plparcel.Parcel(*rings[:1], rings[1:])
+            try:
+                request = {**line.arguments(parcel, feature), **amounts.arguments(feature)}
+                division = plcalc.divide(parcel, **request, **how)
+            except (Unusable, ValueError) as why:
+                sinks.refuse(feature, polygon, "no_request", str(why))
+                continue
+            if division:
+                sinks.add(feature, division)
+            else:
+                sinks.refuse(feature, polygon, division.status, str(plcalc.Refused(division)))
+        feedback.pushInfo(f"{sinks.divided} parcels are divided, {sinks.refused} are refused.")
+        return {**sinks.ids, "DIVIDED": sinks.divided, "NOT_DIVIDED": sinks.refused}
+
+
+class Sinks:
+    """Where the results go."""
+
+    def __init__(self, algorithm, parameters, context, source, plane):
+        self.ids, self._sinks, self._fields = {}, {}, {}
+        self.divided = self.refused = 0
+        for name, own, kind in (("PIECES", PIECE_FIELDS, QgsWkbTypes.Polygon), ("LINES", LINE_FIELDS, QgsWkbTypes.MultiLineString),
+                                ("POINTS", POINT_FIELDS, QgsWkbTypes.Point), ("REFUSED", REFUSED_FIELDS, QgsWkbTypes.Polygon)):
+            fields = joined(source.fields(), own)
+            sink, where = algorithm.parameterAsSink(parameters, name, context, fields, kind, plane.crs)
+            if sink is not None:
+                self._sinks[name], self._fields[name], self.ids[name] = sink, fields, where
+
+    def _put(self, name, feature, own, geometry=None):
+        if name in self._sinks:
+            self._sinks[name].addFeature(made(self._fields[name], [*feature.attributes(), *own], geometry))
+
+    def add(self, feature, division):
+        self.divided += 1
+        for number, piece in enumerate(division.pieces, 1):
+            self._put("PIECES", feature, [feature.id(), number, piece.amount + 1, piece.area, piece.asked, piece.residual,
+                                          division.status], polygon_of(piece.ring, piece.holes))
+        point = 0
+        for number, line in enumerate(division.lines, 1):
+            self._put("LINES", feature, [feature.id(), number, line.length, line.bearing], line_of(line.segments))
+            for end in (end for segment in line.segments for end in segment):
+                point += 1
+                self._put("POINTS", feature, [feature.id(), f"P{point}", *end], QgsGeometry.fromPointXY(QgsPointXY(*end)))
+
+    def refuse(self, feature, polygon, status, reason):
+        self.refused += 1
+        self._put("REFUSED", feature, [feature.id(), status, reason], polygon)

@@ -1,0 +1,50 @@
+from qgis.core import QgsField, QgsProcessing, QgsProcessingException, QgsProcessingParameterFeatureSink, \
+    QgsProcessingParameterFeatureSource, QgsProcessingParameterPoint, QgsWkbTypes
+from qgis.PyQt.QtCore import QVariant
+
+from .. import engine
+from ..parcels import features_of
+from .base import Algorithm, joined, made
+
+FIELDS = [QgsField("angle", QVariant.Double), QgsField("distance", QVariant.Double), QgsField("bearing", QVariant.Double)]
+
+
+class StakeOut(Algorithm):
+    """Lists what the instrument shows for each point: the angle from the orientation point, clockwise in gons, and the
+    distance; with the bearing from North.
+
+    The points are as a rule those of Divide parcels. Station and orientation point are given in the CRS of the layer, which
+    must be plane.
+    """
+
+    NAME = "stakeout"
+    TITLE = "Stake-out list"
+    TAGS = ("set out", "station", "polar", "angle")
+
+    def initAlgorithm(self, config=None):
+        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Points", [QgsProcessing.TypeVectorPoint]))
+        self.addParameter(QgsProcessingParameterPoint("STATION", "Station"))
+        self.addParameter(QgsProcessingParameterPoint("ORIENTATION", "Orientation point"))
+        self.addParameter(QgsProcessingParameterFeatureSink("OUTPUT", "Stake-out", QgsProcessing.TypeVectorPoint))
+
+    def processAlgorithm(self, parameters, context, feedback):
+        core = engine.package().core
+        source = self.parameterAsSource(parameters, "INPUT", context)
+        if source.sourceCrs().isGeographic():
+            raise QgsProcessingException("The points are in degrees: reproject them to a plane CRS first.")
+        station, reference = (self.parameterAsPoint(parameters, name, context, source.sourceCrs())
+                              for name in ("STATION", "ORIENTATION"))
+        if station == reference:
+            raise QgsProcessingException("Station and orientation point are one and the same.")
+        zero = core.AngoloDaAsseRifer(reference.x() - station.x(), reference.y() - station.y())
+        fields = joined(source.fields(), FIELDS)
+        sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
+        for feature in features_of(source):
+            if feedback.isCanceled():
+                break
+            for point in feature.geometry().vertices():
+                bearing = core.AngoloDaAsseRifer(point.x() - station.x(), point.y() - station.y())
+                distance = core.PlFunz_distance((station.x(), station.y()), (point.x(), point.y()))
+                own = [core.LimiteAng0_400(bearing - zero), distance, bearing]
+                sink.addFeature(made(fields, [*feature.attributes(), *own], feature.geometry()))
+        return {"OUTPUT": where}

@@ -1,0 +1,216 @@
+"""What is asked of each parcel: the line, the side that it follows, and the amounts."""
+
+from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcessingException,
+                       QgsProcessingParameterBoolean, QgsProcessingParameterDistance, QgsProcessingParameterEnum,
+                       QgsProcessingParameterFeatureSource, QgsProcessingParameterField, QgsProcessingParameterNumber,
+                       QgsProcessingParameterPoint, QgsProcessingParameterString)
+
+from .parcels import Unusable, features_of
+
+LINES = ["parallel to a side", "at right angles to a side", "from a vertex", "at a bearing", "through a point"]
+PARALLEL, PERPENDICULAR, VERTEX, BEARING, POINT = range(len(LINES))
+
+CHOICES = ["by its number", "by a column with its number", "the longest side", "the shortest side",
+           "nearest to a point", "the side that faces a bearing", "the side along another layer"]
+NUMBER, COLUMN, LONGEST, SHORTEST, NEAREST, FACING, ALONG = range(len(CHOICES))
+
+AMOUNTS = ["area", "share: 1/3 or 25%", "equal parts", "width of a strip", "a list: 1000, 40x25, 1/3"]
+AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
+
+
+def _optional(parameter):
+    parameter.setFlags(parameter.flags() | parameter.FlagOptional)
+    return parameter
+
+
+def line_parameters():
+    yield QgsProcessingParameterEnum("LINE", "The line runs", LINES, defaultValue=PARALLEL)
+    yield QgsProcessingParameterEnum("CHOICE", "The side, or the vertex, is", CHOICES, defaultValue=LONGEST)
+    yield QgsProcessingParameterNumber("NUMBER", "its number, from 1", defaultValue=1, minValue=1, optional=True)
+    yield QgsProcessingParameterField("COLUMN", "its column", parentLayerParameterName="INPUT", optional=True)
+    yield QgsProcessingParameterPoint("POINT", "the point: nearest to it, or the line runs through it", optional=True)
+    yield QgsProcessingParameterNumber("BEARING", "the bearing, gons from North", QgsProcessingParameterNumber.Double,
+                                       defaultValue=0.0, optional=True)
+    yield QgsProcessingParameterFeatureSource("ALONG", "the other layer: roads, neighbours",
+                                              [QgsProcessing.TypeVectorLine, QgsProcessing.TypeVectorPolygon],
+                                              optional=True)
+    yield QgsProcessingParameterDistance("DISTANCE", "which lies no farther away than", defaultValue=10.0,
+                                         parentParameterName="INPUT", optional=True)
+    yield QgsProcessingParameterBoolean("OPPOSITE", "What is asked lies on the far side of the line", defaultValue=False)
+    yield QgsProcessingParameterBoolean("ANY_PIECES", "The whole straight line cuts, into however many pieces",
+                                        defaultValue=False)
+
+
+def amount_parameters():
+    yield QgsProcessingParameterEnum("AMOUNT", "What is asked", AMOUNTS, defaultValue=SHARE)
+    yield QgsProcessingParameterString("VALUE", "how much", defaultValue="1/2", optional=True)
+    yield _optional(QgsProcessingParameterField("VALUE_COLUMN", "or the column that says how much",
+                                                parentLayerParameterName="INPUT"))
+    yield _optional(QgsProcessingParameterNumber("DECIMALS", "Decimals to which lines are staked out (none: all digits)",
+                                                 minValue=0, maxValue=17))
+    yield QgsProcessingParameterNumber("TOLERANCE", "with decimals, a piece may miss this part of the parcel",
+                                       QgsProcessingParameterNumber.Double, defaultValue=1e-6, minValue=0.0)
+
+
+class LineRequest:
+    """The line that the parameters ask for, parcel by parcel."""
+
+    def __init__(self, plcalc, algorithm, parameters, context, plane):
+        self._layer = plcalc.plparcel
+        self._line = algorithm.parameterAsEnum(parameters, "LINE", context)
+        self._choice = algorithm.parameterAsEnum(parameters, "CHOICE", context)
+        self._number = algorithm.parameterAsInt(parameters, "NUMBER", context)
+        columns = algorithm.parameterAsFields(parameters, "COLUMN", context)
+        self._column = columns[0] if columns else None
+        self._bearing = algorithm.parameterAsDouble(parameters, "BEARING", context)
+        has_point = parameters.get("POINT") not in (None, "")
+        self._point = algorithm.parameterAsPoint(parameters, "POINT", context, plane.crs) if has_point else None
+        self.opposite = algorithm.parameterAsBoolean(parameters, "OPPOSITE", context)
+        self.any_pieces = algorithm.parameterAsBoolean(parameters, "ANY_PIECES", context)
+        self._along = None
+        if self._follows_a_side() and self._choice == ALONG:
+            self._along = self._segments(algorithm, parameters, context, plane)
+            distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
+            self._alongside = self._layer.Alongside(distance)
+        self._check()
+
+    def _follows_a_side(self):
+        return self._line in (PARALLEL, PERPENDICULAR)
+
+    def _check(self):
+        if self._point is None and (self._line == POINT or (self._has_choice() and self._choice == NEAREST)):
+            raise QgsProcessingException("Say where the point is.")
+        if self._has_choice() and self._choice == COLUMN and self._column is None:
+            raise QgsProcessingException("Say which column has the number of the side or the vertex.")
+        if self._line == VERTEX and self._choice not in (NUMBER, COLUMN, NEAREST):
+            raise QgsProcessingException(f"A vertex is named by its number, by a column, or as the nearest to a point; "
+                                         f"'{CHOICES[self._choice]}' names sides.")
+
+    def _has_choice(self):
+        return self._line in (PARALLEL, PERPENDICULAR, VERTEX)
+
+    def _segments(self, algorithm, parameters, context, plane):
+        source = algorithm.parameterAsSource(parameters, "ALONG", context)
+        if source is None:
+            raise QgsProcessingException("Say which other layer the side runs along.")
+        request = QgsFeatureRequest().setDestinationCrs(plane.crs, context.transformContext()).setNoAttributes()
+        segments = []
+        for feature in features_of(source, request):
+            geometry = QgsGeometry(feature.geometry())
+            points = [(vertex.x(), vertex.y(), geometry.vertexIdFromVertexNr(number)[1])
+                      for number, vertex in enumerate(geometry.vertices())]
+            for one, two in zip(points, points[1:]):
+                same_ring = (one[2].part, one[2].ring) == (two[2].part, two[2].ring)
+                if same_ring:
+                    segments.append((one[:2], two[:2]))
+        return self._layer.OtherGeometry(segments)
+
+    def arguments(self, parcel, feature):
+        """The arguments of plcalc.divide. Raises Unusable where the side cannot be told."""
+        if self._line == BEARING:
+            return {"at_bearing": self._bearing}
+        if self._line == POINT:
+            return {"through_point": (self._point.x(), self._point.y()), "bearing": self._bearing}
+        name = {PARALLEL: "parallel_to", PERPENDICULAR: "perpendicular_to", VERTEX: "through_vertex"}[self._line]
+        return {name: self._place(parcel, feature)}
+
+    def line(self, parcel, feature):
+        """The same as a line of plcalc.plparcel, whose functions have the names of the arguments."""
+        given = self.arguments(parcel, feature)
+        if self._line == POINT:
+            return self._layer.through_point(given["through_point"], given["bearing"])
+        (name, where), = given.items()
+        return getattr(self._layer, name)(*(where if isinstance(where, tuple) else (where,)))
+
+    def _place(self, parcel, feature):
+        if self._choice in (NUMBER, COLUMN):
+            return self._numbered(parcel, feature)
+        chosen = self._chosen(parcel)
+        if chosen.status == self._layer.ChoiceStatus.found:
+            place = chosen.candidates[0].place
+            if self._line == VERTEX:
+                if place.ring > 0:
+                    raise Unusable("the nearest vertex is one of a hole, from which no line starts")
+                return place.index
+            return (place.index, place.ring)
+        if chosen.status == self._layer.ChoiceStatus.tied:
+            tied = ", ".join(str(candidate.place.index + 1) for candidate in chosen.candidates)
+            raise Unusable(f"several fit equally well: {tied}")
+        raise Unusable(self._layer.describe(chosen.status))
+
+    def _chosen(self, parcel):
+        layer = self._layer
+        if self._choice == LONGEST:
+            return layer.longest_side(parcel)
+        if self._choice == SHORTEST:
+            return layer.shortest_side(parcel)
+        if self._choice == FACING:
+            return layer.side_facing(parcel, self._bearing)
+        if self._choice == ALONG:
+            return layer.side_along(parcel, self._along, self._alongside)
+        near = layer.vertex_near if self._line == VERTEX else layer.side_near
+        return near(parcel, (self._point.x(), self._point.y()))
+
+    def _numbered(self, parcel, feature):
+        number = self._number
+        if self._choice == COLUMN:
+            given = feature[self._column]
+            try:
+                number = int(str(given))
+            except ValueError:
+                raise Unusable(f"its column {self._column} has no number: {given}") from None
+        if number < 1:
+            raise Unusable(f"sides and vertices are counted from 1, not {number}")
+        return number - 1
+
+
+class AmountRequest:
+    """The amounts that the parameters ask for, parcel by parcel."""
+
+    def __init__(self, algorithm, parameters, context):
+        self._kind = algorithm.parameterAsEnum(parameters, "AMOUNT", context)
+        self._value = algorithm.parameterAsString(parameters, "VALUE", context)
+        columns = algorithm.parameterAsFields(parameters, "VALUE_COLUMN", context)
+        self._column = columns[0] if columns else None
+        if self._column is None:
+            try:
+                self._said(self._value)
+            except ValueError as error:
+                raise QgsProcessingException(f"How much is asked cannot be read: {error}") from None
+
+    def arguments(self, feature):
+        """The arguments of plcalc.divide. Raises Unusable where the column cannot be read."""
+        if self._column is None:
+            return self._said(self._value)
+        given = feature[self._column]
+        if given is None or str(given) in ("", "NULL"):
+            raise Unusable(f"its column {self._column} is empty")
+        try:
+            return self._said(str(given))
+        except ValueError as error:
+            raise Unusable(f"its column {self._column} cannot be read: {error}") from None
+
+    def _said(self, text):
+        text = text.strip()
+        if not text:
+            raise ValueError("nothing is there")
+        if self._kind == AREA:
+            return {"area": float(text)}
+        if self._kind == SHARE:
+            return {"amounts": [text if "/" in text or text.endswith("%") else _no_share(text)]}
+        if self._kind == PARTS:
+            return {"parts": _parts(text)}
+        if self._kind == WIDTH:
+            return {"width": float(text)}
+        return {"amounts": [part.strip() for part in text.replace(";", ",").split(",")]}
+
+
+def _parts(text):
+    parts = int(text)
+    if parts < 2:
+        raise ValueError("parts are 2 or more")
+    return parts
+
+
+def _no_share(text):
+    raise ValueError(f"'{text}' is not a share; write it as 1/3 or 25%")

@@ -1,0 +1,227 @@
+"""The plug-in as it is installed from its zip, in a QGIS without a window."""
+
+import os
+import unittest
+
+import plcalc
+from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsFeature, QgsGeometry, QgsProcessingContext,
+                       QgsProcessingException, QgsProcessingFeedback, QgsProject, QgsVectorLayer)
+
+application = None
+
+
+def setUpModule():
+    global application
+    application = QgsApplication([], False, os.environ["PLCALC_PROFILE"])
+    application.initQgis()
+    import processing
+    from plcalc_qgis import classFactory
+    from processing.core.Processing import Processing
+
+    Processing.initialize()
+    application.plcalc_plugin = classFactory(None)
+    application.plcalc_plugin.initProcessing()
+    application.processing = processing
+
+
+def tearDownModule():
+    application.plcalc_plugin.unload()
+    application.exitQgis()
+
+
+def layer_of(crs, rows, kind="Polygon", columns=""):
+    """A layer in memory: WKT and the values of the columns."""
+    layer = QgsVectorLayer(f"{kind}?crs={crs}{columns}", "lots", "memory")
+    features = []
+    for wkt, *values in rows:
+        feature = QgsFeature(layer.fields())
+        if wkt is not None:
+            feature.setGeometry(QgsGeometry.fromWkt(wkt))
+        feature.setAttributes(values)
+        features.append(feature)
+    assert layer.dataProvider().addFeatures(features)[0]
+    return layer
+
+
+class Messages(QgsProcessingFeedback):
+    def __init__(self):
+        super().__init__()
+        self.text = ""
+
+    def pushInfo(self, info):
+        self.text += info + "\n"
+
+
+def run(name, **parameters):
+    outputs = {"divide": ("PIECES", "LINES", "POINTS", "REFUSED"), "measure": ("OUTPUT",), "feasible": ("OUTPUT",),
+               "stakeout": ("OUTPUT",)}[name]
+    feedback = Messages()
+    found = application.processing.run(f"plcalc:{name}", {**parameters, **dict.fromkeys(outputs, "memory:")},
+                                       feedback=feedback)
+    found["said"] = feedback.text
+    return found
+
+
+def values(layer, *names):
+    return [tuple(feature[name] for name in names) for feature in layer.getFeatures()]
+
+
+UTM = "EPSG:32632"
+# 100 by 50, at UTM 32 North; and an L of 2400.
+LOT = "POLYGON ((500000 5000000, 500100 5000000, 500100 5000050, 500000 5000050, 500000 5000000))"
+YARD = ("POLYGON ((500200 5000000, 500260 5000000, 500260 5000020, 500240 5000020, 500240 5000050, 500200 5000050, "
+        "500200 5000000))")
+HOLED = ("POLYGON ((500300 5000000, 500400 5000000, 500400 5000050, 500300 5000050, 500300 5000000), "
+         "(500345 5000020, 500345 5000030, 500355 5000030, 500355 5000020, 500345 5000020))")
+CROSSED = "POLYGON ((500000 5000000, 500010 5000010, 500010 5000000, 500000 5000010, 500000 5000000))"
+COLUMNS = "&field=owner:string&field=wanted:string&field=front:integer"
+
+
+class Divide(unittest.TestCase):
+    def test_a_share_of_every_parcel(self):
+        lots = layer_of(UTM, [(LOT, "Rossi", "", 1), (YARD, "Bianchi", "", 1)], columns=COLUMNS)
+        found = run("divide", INPUT=lots, LINE=0, CHOICE=0, NUMBER=1, AMOUNT=1, VALUE="1/4")
+        self.assertEqual(values(found["PIECES"], "owner", "piece", "amount", "status"),
+                         [("Rossi", 1, 1, "divided"), ("Rossi", 2, 2, "divided"), ("Bianchi", 1, 1, "divided"),
+                          ("Bianchi", 2, 2, "divided")])
+        for area, want in zip((area for area, in values(found["PIECES"], "area")), (1250, 3750, 600, 1800)):
+            self.assertAlmostEqual(area, want, delta=5e-6)
+        self.assertEqual([round(length, 6) for length, in values(found["LINES"], "length")], [100.0, 60.0])
+        self.assertEqual([name for name, in values(found["POINTS"], "name")], ["P1", "P2", "P1", "P2"])
+        self.assertEqual(found["REFUSED"].featureCount(), 0)
+        self.assertEqual((found["DIVIDED"], found["NOT_DIVIDED"]), (2, 0))
+
+    def test_the_same_doubles_as_the_package(self):
+        lots = layer_of(UTM, [(YARD,)])
+        found = run("divide", INPUT=lots, LINE=1, CHOICE=0, NUMBER=1, AMOUNT=2, VALUE="3", DECIMALS=2, TOLERANCE=1e-4)
+        division = plcalc.divide(YARD, perpendicular_to=0, parts=3, decimals=2, tolerance=1e-4)
+        ends = [(end.x(), end.y()) for end in (feature.geometry().asPoint() for feature in found["POINTS"].getFeatures())]
+        self.assertEqual(ends, [end for line in division.lines for end in (line.start, line.end)])
+        self.assertEqual([area for area, in values(found["PIECES"], "area")], [piece.area for piece in division.pieces])
+
+    def test_sides_by_what_they_are(self):
+        road = layer_of(UTM, [("LINESTRING (500100.5 4999000, 500100.5 5001000)",)], kind="LineString")
+        lots = layer_of(UTM, [(LOT, "", "", 3)], columns=COLUMNS)
+        for choice, more, bearing in ((2, {}, None), (3, {}, None), (4, {"POINT": "500050,4999990 [EPSG:32632]"}, 100.0),
+                                      (5, {"BEARING": 200.0}, 100.0), (6, {"ALONG": road, "DISTANCE": 2.0}, 0.0),
+                                      (1, {"COLUMN": "front"}, 300.0)):
+            found = run("divide", INPUT=lots, LINE=0, CHOICE=choice, AMOUNT=0, VALUE="1000", **more)
+            if bearing is None:  # two longest, two shortest
+                (reason,), = values(found["REFUSED"], "reason")
+                self.assertIn("several fit equally well", reason)
+            else:
+                (got,), = values(found["LINES"], "bearing")
+                self.assertAlmostEqual(got, bearing, places=6, msg=str(choice))
+
+    def test_amounts_from_a_column(self):
+        lots = layer_of(UTM, [(LOT, "Rossi", "1000", 1), (LOT, "Verdi", "9000", 1), (LOT, "Neri", "much", 1),
+                              (LOT, "Blu", None, 1)], columns=COLUMNS)
+        found = run("divide", INPUT=lots, LINE=0, CHOICE=0, NUMBER=1, AMOUNT=0, VALUE_COLUMN="wanted")
+        self.assertEqual(found["PIECES"].featureCount(), 2)
+        refused = values(found["REFUSED"], "owner", "status", "reason")
+        self.assertEqual([row[:2] for row in refused],
+                         [("Verdi", "amount_too_large"), ("Neri", "no_request"), ("Blu", "no_request")])
+        self.assertIn("0.0000 to 5000.0000", refused[0][2])
+        self.assertIn("its column wanted cannot be read", refused[1][2])
+        self.assertIn("its column wanted is empty", refused[2][2])
+
+    def test_holes_and_any_number_of_pieces(self):
+        found = run("divide", INPUT=layer_of(UTM, [(HOLED,)]), LINE=3, BEARING=100.0, AMOUNT=1, VALUE="1/2", ANY_PIECES=True)
+        self.assertEqual(len(values(found["POINTS"], "name")), 4)
+        for area, in values(found["PIECES"], "area"):
+            self.assertAlmostEqual(area, 2450.0, delta=1e-5)
+
+    def test_a_multipolygon_is_as_many_parcels(self):
+        both = f"MULTIPOLYGON ({LOT[8:]}, {YARD[8:]})"
+        found = run("divide", INPUT=layer_of(UTM, [(both,)], kind="MultiPolygon"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(found["DIVIDED"], 2)
+
+    def test_what_is_no_parcel_is_refused(self):
+        found = run("divide", INPUT=layer_of(UTM, [(None,), (CROSSED,)]), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(found["PIECES"].featureCount(), 0)
+        self.assertEqual([status for status, in values(found["REFUSED"], "status")], ["no_parcel", "unusable_boundary"])
+
+    def test_columns_of_the_same_name_stay(self):
+        lots = layer_of(UTM, [(LOT, 77.0)], columns="&field=area:double")
+        found = run("divide", INPUT=lots, LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertEqual({area for area, in values(found["PIECES"], "area")}, {77.0})
+        self.assertEqual([round(area, 4) for area, in values(found["PIECES"], "area_2")], [2500.0, 2500.0])
+
+    def test_what_cannot_be_asked(self):
+        lots = layer_of(UTM, [(LOT,)])
+        for wrong, said in (({"AMOUNT": 1, "VALUE": "0.5"}, "is not a share"), ({"AMOUNT": 2, "VALUE": "1"}, "2 or more"),
+                            ({"AMOUNT": 0, "VALUE": ""}, "nothing is there"),
+                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 4}, "where the point is"),
+                            ({"AMOUNT": 1, "VALUE": "1/2", "LINE": 2, "CHOICE": 2}, "names sides"),
+                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6}, "which other layer")):
+            with self.assertRaisesRegex(QgsProcessingException, said):
+                run("divide", **{"INPUT": lots, "LINE": 0, "CHOICE": 0, **wrong})
+
+
+class Planes(unittest.TestCase):
+    DEGREES = "POLYGON ((9 45.15, 9.00127 45.15, 9.00127 45.15045, 9 45.15045, 9 45.15))"
+
+    def tearDown(self):
+        QgsProject.instance().setCrs(QgsCoordinateReferenceSystem())
+
+    def test_degrees_are_divided_in_the_plane_of_the_project(self):
+        QgsProject.instance().setCrs(QgsCoordinateReferenceSystem(UTM))
+        found = run("divide", INPUT=layer_of("EPSG:4326", [(self.DEGREES,)]), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(found["PIECES"].crs().authid(), UTM)
+        self.assertIn("is divided in the project's EPSG:32632", found["said"])
+        one, two = (area for area, in values(found["PIECES"], "area"))
+        self.assertAlmostEqual(one, two, delta=1e-5)
+
+    def test_degrees_without_a_plane_are_refused(self):
+        with self.assertRaisesRegex(QgsProcessingException, "no areas"):
+            run("measure", INPUT=layer_of("EPSG:4326", [(self.DEGREES,)]))
+
+    def test_a_plane_that_stretches_is_refused(self):
+        mercator = layer_of("EPSG:3857", [("POLYGON ((1000000 5600000, 1000100 5600000, 1000100 5600100, 1000000 5600000))",)])
+        with self.assertRaisesRegex(QgsProcessingException, "times as long"):
+            run("measure", INPUT=mercator)
+        self.assertEqual(values(run("measure", INPUT=mercator, ANY_SCALE=True)["OUTPUT"], "area"), [(5000.0,)])
+        self.assertEqual(values(run("measure", INPUT=layer_of(UTM, [(LOT,)]))["OUTPUT"], "area"), [(5000.0,)])
+
+
+class TheOthers(unittest.TestCase):
+    def test_measure(self):
+        found = run("measure", INPUT=layer_of(UTM, [(HOLED,), (CROSSED,), (None,)]))
+        rows = values(found["OUTPUT"], "area", "perimeter", "vertices", "status")
+        self.assertEqual(rows[0], (4900.0, 340.0, 8, "usable"))
+        self.assertIn("cross", rows[1][3])
+        self.assertEqual(rows[2][3], "there is no geometry")
+
+    def test_feasible(self):
+        found = run("feasible", INPUT=layer_of(UTM, [(YARD,)]), LINE=0, CHOICE=0, NUMBER=1)
+        (least, most, least_is_had, most_is_had), = values(found["OUTPUT"], "least", "most", "least_is_had", "most_is_had")
+        self.assertEqual((least, round(most, 6), least_is_had, most_is_had), (0.0, 2400.0, False, False))
+        found = run("feasible", INPUT=layer_of(UTM, [(YARD,)]), LINE=0, CHOICE=0, NUMBER=99)
+        (reason,), = values(found["OUTPUT"], "reason")
+        self.assertIn("no side or vertex of that index", reason)
+
+    def test_stakeout(self):
+        points = layer_of(UTM, [("POINT (500100 5000100)", "P1"), ("POINT (500000 5000025)", "P2")], kind="Point",
+                          columns="&field=name:string")
+        found = run("stakeout", INPUT=points, STATION="500000,5000000 [EPSG:32632]",
+                    ORIENTATION="500100,5000000 [EPSG:32632]")
+        rows = values(found["OUTPUT"], "name", "angle", "distance", "bearing")
+        self.assertEqual(rows, [("P1", 350.0, 141.4213562373095, 50.0), ("P2", 300.0, 25.0, 0.0)])
+
+
+class Cancelled(unittest.TestCase):
+    def test_a_run_that_is_cancelled_stops(self):
+        from qgis.core import QgsProcessingUtils
+
+        lots = layer_of(UTM, [(LOT,)] * 50)
+        algorithm = QgsApplication.processingRegistry().createAlgorithmById("plcalc:measure")
+        context = QgsProcessingContext()
+        feedback = QgsProcessingFeedback()
+        feedback.cancel()
+        found, succeeded = algorithm.run({"INPUT": lots, "OUTPUT": "memory:"}, context, feedback)
+        self.assertTrue(succeeded)
+        self.assertEqual(QgsProcessingUtils.mapLayerFromString(found["OUTPUT"], context).featureCount(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
