@@ -274,6 +274,44 @@ TEST(WholeLines, WhereDoublesAreWholeNumbers)
     EXPECT_GT(half.trials, 1U);
 }
 
+// Within four spacings of two corners a line is moved to them if the amount allows it; here it would leave nothing.
+TEST(WholeLines, WhereMovingToTheCornersWouldMissTheAmount)
+{
+    const Parcel parcel = {
+        moved({{0, 0}, {100, 0}, {100, 100}, {0, 100}}, kWholeNumbers, kWholeNumbers, 1.0),
+        {moved({{40, 40}, {60, 40}, {60, 60}, {40, 60}}, kWholeNumbers, kWholeNumbers, 1.0)}};
+    const Division division = cut(parcel, parallel_to(0), {area(300)}, kHere, Pieces::two);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.lines[0].from.y, kWholeNumbers + 3);
+    EXPECT_EQ(division.lines[0].to.y, kWholeNumbers + 3);
+    EXPECT_EQ(division.pieces[0].area, 300);
+}
+
+// Across a bay 20 wide; its end lies at 50. Where half a step is wanted, one end is rounded up and the other one down.
+TEST(WholeLines, EndsInABayAreRoundedAgainstEachOther)
+{
+    const Parcel bay = {
+        moved({{0, 0}, {100, 0}, {100, 100}, {0, 100}}, kWholeNumbers, kWholeNumbers, 1.0),
+        {moved({{40, 30}, {70, 30}, {70, 40}, {50, 40}, {50, 60}, {70, 60}, {70, 70}, {40, 70}},
+               kWholeNumbers, kWholeNumbers, 1.0)}};
+    Request request;
+    request.line = at_bearing(0);
+    request.measured = kThere;
+    request.amounts = {area(110)};
+    int in_the_bay = 0;
+    for (const Division& division : plparcel::all_divisions(bay, request)) {
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.pieces[0].area, 110);
+        if (division.lines[0].from.x < kWholeNumbers + 50)
+            continue;
+        ++in_the_bay;
+        EXPECT_EQ(division.lines[0].from.x - kWholeNumbers + division.lines[0].to.x - kWholeNumbers, 111);
+    }
+    EXPECT_EQ(in_the_bay, 1);
+    request.amounts = {area(110.3)};
+    EXPECT_EQ(divide(bay, request).status, Status::not_reached) << "areas are multiples of a half";
+}
+
 // Half of it lies beyond a line across one arm, which prolonged meets the other arm: that is no whole line, and the whole
 // line that holds as much does not run through whole numbers.
 TEST(WholeLines, AnArmIsNotTakenForTheWholeLine)
@@ -505,9 +543,10 @@ TEST(WholeLines, ASeriesOfTwoPiecesEachAcrossHoles)
         for (const Parcel& parcel : {away, Parcel{away.outer, {}}})
             for (const Line& line : {parallel_to(0), at_bearing(0), at_bearing(100)})
                 for (const Measured measured : {kHere, kThere})
-                    EXPECT_EQ(cut(parcel, line, {width(1e-40)}, measured, pieces).status, Status::not_reached)
-                        << parcel.holes.size() << line.bearing << static_cast<int>(measured)
-                        << static_cast<int>(pieces);
+                    for (const Amount& amount : {width(1e-40), area(1e-40)})
+                        EXPECT_EQ(cut(parcel, line, {amount}, measured, pieces).status, Status::not_reached)
+                            << parcel.holes.size() << line.bearing << static_cast<int>(measured)
+                            << static_cast<int>(pieces) << static_cast<int>(amount.given);
 }
 
 // What an arm holds above its floor, give or take less than an amount may be missed by: the line at the floor, to the corner.
@@ -529,6 +568,115 @@ TEST(WholeLines, APartOfALineBesideTheAmount)
             EXPECT_EQ(divide(u, request).status, Status::divided) << "in the right arm";
         }
     }
+}
+
+// Above its floor the left arm holds a little less than is asked, the right one as much. The line at the floor stands for the
+// amount only where no line holds it.
+TEST(WholeLines, ALineBesideTheAmountIsNoFurtherLine)
+{
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    Request request;
+    request.line = at_bearing(300);
+    request.amounts = {area(1185 + 1e-7)};
+    const Division division = divide(u, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_NEAR(division.lines[0].from.y, 60 - 1185.0 / 40, 1e-8);
+    EXPECT_EQ(division.lines[0].from.x, 100);
+    request.alternative = 1;
+    EXPECT_EQ(divide(u, request).status, Status::no_further_line);
+}
+
+// Up from the floor's side, which lies between the arms: what lies with it goes up to its own level in one of them.
+TEST(WholeLines, ALineInLineWithItsSide)
+{
+    const Parcel u = {kU.outer, {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    const struct {
+        double beyond;  // area of the arm
+        double from;
+        double to;
+    } rows[] = {{30.0 * 40 - 15, 30, 0}, {40.0 * 40, 100, 60}};
+    for (const auto& row : rows) {
+        Request request;
+        request.line = parallel_to(4);
+        request.amounts = {area(4785 - row.beyond)};
+        request.alternative = 1;  // a strip at the bottom comes first
+        const Division division = divide(u, request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.lines[0].from.x, row.from);
+        EXPECT_EQ(division.lines[0].to.x, row.to);
+        EXPECT_EQ(division.lines[0].from.y, 20);
+        EXPECT_EQ(division.lines[0].to.y, 20);
+        EXPECT_NEAR(division.pieces[0].area, 4785 - row.beyond, 1e-9);
+    }
+}
+
+// Level 5 halves each of them. Vertices lie on the line there, where sides that it met end and others begin.
+TEST(WholeLines, HalvesAtTheLevelOfVertices)
+{
+    const Ring square_hole = {{4, 4}, {6, 4}, {6, 6}, {4, 6}};
+    const struct {
+        const char* what;
+        Parcel parcel;
+        std::vector<double> ends;  // along the line
+    } rows[] = {
+        {"both ends",
+         {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}, {-2, 5}}, {square_hole}},
+         {-2, 4, 6, 12}},
+        {"the left end", {{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 5}}, {square_hole}}, {-2, 4, 6, 10}},
+        {"the right end", {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}}, {square_hole}}, {0, 4, 6, 12}},
+        {"the left end and a hole's left one",
+         {{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 5}}, {{{4, 5}, {6, 3}, {6, 7}}}},
+         {-2, 4, 6, 10}},
+        {"the right end and a hole's right one",
+         {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}}, {{{4, 3}, {6, 5}, {4, 7}}}},
+         {0, 4, 6, 12}},
+        {"inner corners, past holes",
+         {{{0, 0}, {10, 0}, {8, 5}, {10, 10}, {0, 10}, {2, 5}},
+          {{{4, 1}, {6, 1}, {6, 3}, {4, 3}}, {{4, 7}, {6, 7}, {6, 9}, {4, 9}}}},
+         {2, 8}},
+    };
+    for (const auto& row : rows) {
+        const Division division = cut(row.parcel, parallel_to(0), {share(1, 2)}, kHere, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << row.what;
+        std::vector<double> ends;
+        for (const plparcel::Segment& segment : division.lines[0].segments) {
+            ends.push_back(segment.from.x);
+            ends.push_back(segment.to.x);
+            EXPECT_EQ(segment.from.y, 5) << row.what;
+            EXPECT_EQ(segment.to.y, 5) << row.what;
+        }
+        EXPECT_EQ(ends, row.ends) << row.what;
+    }
+}
+
+// A width that leads into the bay of a hole, and through two legs of which the line across the longer one has the
+// parcel's lowest corner below it, the line across the shorter one does not.
+TEST(WholeLines, AStripAcrossABayOrALeg)
+{
+    const Parcel bay = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                        {{{40, 30}, {70, 30}, {70, 40}, {50, 40}, {50, 60}, {70, 60}, {70, 70}, {40, 70}}}};
+    const Division in_bay = cut(bay, at_bearing(0), {width(60)}, kThere, Pieces::two);
+    ASSERT_EQ(in_bay.status, Status::divided) << describe(in_bay);
+    EXPECT_EQ(in_bay.lines[0].segments.size(), 1U);
+    EXPECT_NEAR(std::hypot(in_bay.lines[0].from.x - 60, in_bay.lines[0].from.y - 40), 0.0, 1e-12);
+    EXPECT_NEAR(std::hypot(in_bay.lines[0].to.x - 60, in_bay.lines[0].to.y - 60), 0.0, 1e-12);
+    EXPECT_NEAR(in_bay.pieces[0].area, 200, 1e-9);
+
+    const Parcel legs = {{{0, 0}, {30, 0}, {30, 40}, {60, 40}, {60, 10}, {100, 10}, {100, 60}, {0, 60}},
+                         {{{45, 45}, {50, 45}, {50, 50}, {45, 50}}}};
+    Request request;
+    request.line = at_bearing(300);
+    request.amounts = {width(45)};
+    const double areas[] = {4375 - 30 * 15, 4375 - 40 * 5};
+    const double ends[] = {0, 60};
+    for (; request.alternative < 2; ++request.alternative) {
+        const Division division = divide(legs, request);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_NEAR(division.pieces[0].area, areas[request.alternative], 1e-9);
+        EXPECT_NEAR(division.lines[0].to.x, ends[request.alternative], 1e-12);
+        EXPECT_NEAR(division.lines[0].to.y, 15, 1e-12);
+    }
+    EXPECT_EQ(divide(legs, request).status, Status::no_further_line);
 }
 
 // The line in the left arm at the level at which the right one ends, and the left one is wider from there on.

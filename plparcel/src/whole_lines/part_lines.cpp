@@ -386,10 +386,9 @@ void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) con
         const Wide widening = questions[i].sum.width_at(high) - width_low;
         const Wide sunk = (above(family, questions[i], low) - family.wanted) / height;
         const Wide under_root = width_low * width_low + widening * sunk * 2.0;
-        const Wide divisor = width_low + (under_root > 0.0 ? sqrt(under_root) : Wide(0.0));
-        Wide u = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
-        u = u < 0.0 ? Wide(0.0) : (u > 1.0 ? Wide(1.0) : u);
-        family.level = low + height * u;
+        const Wide divisor = width_low + sqrt(under_root);
+        const Wide part = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
+        family.level = low + height * std::clamp(part, Wide(0.0), Wide(1.0));
     }
 }
 
@@ -438,7 +437,7 @@ std::vector<PartLine> PartLines::all_lines(const PartRequest& request) const
             continue;
         const std::size_t beside = at_low ? slab - 1 : slab + 1;
         const bool passes_base = lies_by_base(request) && (slab < index_of(0.0)) != (beside < index_of(0.0));
-        if (beside + 1 < levels_.size() && is_thick(beside) && !passes_base) {
+        if (beside < levels_.size() - 1 && is_thick(beside) && !passes_base) {
             both.push_back(family);
             both.back().first_slab = beside;
         }
