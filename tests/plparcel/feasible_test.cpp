@@ -165,6 +165,8 @@ TEST(Feasible, AnyNumberOfPieces)
     const auto whole = [](const Parcel& parcel, const Line& line, Measured measured) {
         return said(feasible(parcel, line, measured, Pieces::any));
     };
+    EXPECT_EQ(whole({kSquare, {}}, perpendicular_to(3), kFar), "(0 10000)");
+    EXPECT_EQ(whole({kSquare, {}}, plparcel::at_bearing(50), kFar), "(0 10000)");
     EXPECT_EQ(whole({kSquare, {}}, through_vertex(0), kFar), "(0 10000)");
     EXPECT_EQ(whole({kSquare, {}}, through_point({25, 25}), kFar), "[1250 8750]");
     EXPECT_EQ(whole({kSquare, {}}, through_point({-5, 50}), kFar), "(0 10000)") << "outside";
@@ -194,6 +196,39 @@ TEST(Feasible, RefusesWhatDivideRefuses)
     EXPECT_EQ(said(feasible({kSquare, {}}, parallel_to(9), kFar, Pieces::any)),
               describe(Status::no_such_index));
     EXPECT_EQ(feasible({kSquare, {}}, parallel_to(9)).parcel, 10000.0);
+    EXPECT_EQ(said(feasible({kSquare, {}}, parallel_to(0), kFar, static_cast<Pieces>(7))),
+              describe(Status::unknown_request));
+    const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    EXPECT_EQ(said(feasible(holed, parallel_to(0))), describe(Status::only_without_holes));
+}
+
+TEST(Feasible, RefusesWhatDivideRefusesOfWholeLines)
+{
+    const struct {
+        const char* what;
+        Ring ring;
+        Line line;
+        Status want;
+    } rows[] = {
+        {"no such ring", kSquare, parallel_to(0, 5), Status::no_such_index},
+        {"no such side", kSquare, perpendicular_to(4), Status::no_such_index},
+        {"a side of no length",
+         {{0, 0}, {0, 0}, {1, 0}, {1, 1}},
+         parallel_to(0),
+         Status::side_without_length},
+        {"a bearing of no number", kSquare, plparcel::at_bearing(std::nan("")), Status::no_direction},
+        {"a segment of no length", kSquare, plparcel::along_segment({7, 7}, {7, 7}), Status::no_direction},
+        {"a place beyond the side", kSquare, through_place(0, 101), Status::no_such_place},
+    };
+    for (const auto& row : rows) {
+        Request request;
+        request.line = row.line;
+        request.pieces = Pieces::any;
+        request.amounts = {plparcel::area(0.25)};
+        EXPECT_EQ(said(feasible({row.ring, {}}, row.line, kFar, Pieces::any)), describe(row.want))
+            << row.what;
+        EXPECT_EQ(divide(row.ring, request).status, row.want) << row.what;
+    }
 }
 
 TEST(Feasible, NearestAmounts)
@@ -212,6 +247,30 @@ TEST(Feasible, NearestAmounts)
     EXPECT_FALSE(nearest_amounts(some, 4000).above);
     EXPECT_FALSE(nearest_amounts(some, -1).below);
     EXPECT_FALSE(plparcel::nearest_amounts({}, 1).below);
+}
+
+TEST(Feasible, NearestAmountsWhereEndsAreHad)
+{
+    const std::vector<AmountRange> some = {
+        {100, 1250, false, true}, {2500, 2500, true, true}, {4000, 6000, false, false}};
+    const struct {
+        double amount;
+        double below;  // 0: none
+        double above;
+        bool below_is_had;
+        bool above_is_had;
+    } rows[] = {
+        {50, 0, 100, false, false},      {100, 0, 100, false, false},    {1250, 1250, 1250, true, true},
+        {1300, 1250, 2500, true, true},  {2500, 2500, 2500, true, true}, {3000, 2500, 4000, true, false},
+        {4000, 2500, 4000, true, false}, {5000, 5000, 5000, true, true}, {6000, 6000, 0, false, false},
+    };
+    for (const auto& row : rows) {
+        const NearestAmounts nearest = nearest_amounts(some, row.amount);
+        EXPECT_EQ(nearest.below.value_or(0.0), row.below) << row.amount;
+        EXPECT_EQ(nearest.above.value_or(0.0), row.above) << row.amount;
+        EXPECT_EQ(nearest.below_is_had, row.below_is_had) << row.amount;
+        EXPECT_EQ(nearest.above_is_had, row.above_is_had) << row.amount;
+    }
 }
 
 std::string said(const Alternatives& found)
@@ -249,6 +308,12 @@ TEST(Feasible, Alternatives)
     EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::width(5))), describe(Status::unknown_request));
     EXPECT_EQ(said(alternatives_for({{{0, 0}, {1, 1}}, {}}, plparcel::area(1))),
               describe(Status::unusable_boundary));
+    EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::area(1), static_cast<Measured>(7))),
+              describe(Status::unknown_request));
+    EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::area(std::nan("")))),
+              describe(Status::unusable_amount));
+    const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    EXPECT_EQ(said(alternatives_for(holed, plparcel::area(1))), describe(Status::only_without_holes));
     // Vertex 1 stands twice.
     const Ring repeated = {{0, 0}, {100, 0}, {100, 0}, {100, 100}, {0, 100}};
     EXPECT_EQ(alternatives_for({repeated, {}}, plparcel::area(2200)).of, 12U);

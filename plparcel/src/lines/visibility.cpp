@@ -135,7 +135,7 @@ private:
         if (direction.nearest == side + 1)
             return {side, 1.0};
         const Wide part = off_a / (off_a - off_b);
-        return {side, part < 0.0 ? Wide(0.0) : (part > 1.0 ? Wide(1.0) : part)};
+        return {side, std::clamp(part, Wide(0.0), Wide(1.0))};
     }
 
     bool is_clear(std::size_t side, const Direction& direction, const Wide& reach) const

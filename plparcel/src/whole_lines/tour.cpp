@@ -53,13 +53,14 @@ public:
     }
 
 private:
-    // Of each hole the side on the left of its lowest vertex: a trapezium begins there that ends at the hole.
+    // Of each hole the side on the left of its lowest vertex: a trapezium begins there that ends at the hole, the first
+    // that does.
     void find_slits(const std::vector<Trapezium>& found)
     {
         std::vector<const Trapezium*> lowest(rings_.rings());
         for (const Trapezium& trapezium : found) {
             const Trapezium*& at = lowest[rings_.ring_of(trapezium.right)];
-            if (at == nullptr || trapezium.low < at->low)
+            if (at == nullptr)
                 at = &trapezium;
         }
         for (std::size_t ring = 1; ring < lowest.size(); ++ring)
