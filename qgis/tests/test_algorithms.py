@@ -147,6 +147,28 @@ class Divide(unittest.TestCase):
         self.assertEqual({area for area, in values(found["PIECES"], "area")}, {77.0})
         self.assertEqual([round(area, 4) for area, in values(found["PIECES"], "area_2")], [2500.0, 2500.0])
 
+    def test_what_is_loaded_has_labels(self):
+        from qgis.core import QgsExpression, QgsProcessingOutputLayerDefinition
+
+        lots = layer_of(UTM, [(LOT, 77.0)], columns="&field=area:double")
+        context, feedback = QgsProcessingContext(), QgsProcessingFeedback()
+        project = QgsProject.instance()
+        context.setProject(project)
+        outputs = {name: QgsProcessingOutputLayerDefinition("memory:", project)
+                   for name in ("PIECES", "LINES", "POINTS", "REFUSED")}
+        algorithm = QgsApplication.processingRegistry().createAlgorithmById("plcalc:divide")
+        found, _ = algorithm.run({"INPUT": lots, "LINE": 0, "CHOICE": 0, "AMOUNT": 1, "VALUE": "1/2", **outputs}, context,
+                                 feedback)
+        for name in outputs:
+            details = context.layerToLoadOnCompletionDetails(found[name])
+            layer = context.getMapLayer(found[name])
+            details.postProcessor().postProcessLayer(layer, context, feedback)
+            self.assertTrue(layer.labelsEnabled(), name)
+            label = QgsExpression(layer.labeling().settings().fieldName)
+            self.assertFalse(label.hasParserError(), name)
+            if name == "PIECES":
+                self.assertEqual(sorted(label.referencedColumns()), ["area_2", "piece"])
+
     def test_what_cannot_be_asked(self):
         lots = layer_of(UTM, [(LOT,)])
         for wrong, said in (({"AMOUNT": 1, "VALUE": "0.5"}, "is not a share"), ({"AMOUNT": 2, "VALUE": "1"}, "2 or more"),

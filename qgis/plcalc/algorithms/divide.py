@@ -5,6 +5,7 @@ from qgis.PyQt.QtCore import QVariant
 from .. import engine
 from ..parcels import Plane, Unusable, line_of, polygon_of
 from ..requests import AmountRequest, LineRequest, amount_parameters, line_parameters
+from ..styles import Styled
 from .base import Algorithm, joined, made, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
@@ -95,6 +96,14 @@ class Sinks:
             sink, where = algorithm.parameterAsSink(parameters, name, context, fields, kind, plane.crs)
             if sink is not None:
                 self._sinks[name], self._fields[name], self.ids[name] = sink, fields, where
+                self._style(name, own, where, context)
+
+    def _style(self, name, own, where, context):
+        if not context.willLoadLayerOnCompletion(where):
+            return
+        first = self._fields[name].count() - len(own)
+        names = {field.name(): self._fields[name].at(first + number).name() for number, field in enumerate(own)}
+        context.layerToLoadOnCompletionDetails(where).setPostProcessor(Styled(name, names))
 
     def _put(self, name, feature, own, geometry=None):
         if name in self._sinks:
