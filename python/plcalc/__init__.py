@@ -13,10 +13,11 @@ from . import core, plparcel
 from ._divide import area, divide, feasible, measure, product, share, width
 from ._parcels import parcel
 from ._results import Division, Line, Piece, Refused
+from ._sides import Undecided, beside, facing, longest, nearest_to, shortest
 
 __version__ = core.PlFunz_version()
-__all__ = ["Division", "Line", "Piece", "Refused", "area", "core", "divide", "divide_frame", "feasible", "measure",
-           "parcel", "plparcel", "product", "share", "width"]
+__all__ = ["Division", "Line", "Piece", "Refused", "Undecided", "area", "beside", "core", "divide", "divide_frame", "facing",
+           "feasible", "longest", "measure", "nearest_to", "parcel", "plparcel", "product", "share", "shortest", "width"]
 
 
 def __getattr__(name):

@@ -6,6 +6,7 @@ from fractions import Fraction
 from . import plparcel as _layer
 from ._parcels import parcel as _parcel_of
 from ._results import Division, Refused, ranges_of
+from ._sides import Named
 
 area = _layer.area
 product = _layer.product
@@ -119,6 +120,14 @@ def line_of(parallel_to=None, perpendicular_to=None, through_vertex=None, at_bea
     return _layer.through_point(point, 0.0 if bearing is None else bearing)
 
 
+def _side_of(given, parcel):
+    return given.side_of(parcel) if isinstance(given, Named) else given
+
+
+def _vertex_of(given, parcel):
+    return given.vertex_of(parcel) if isinstance(given, Named) else given
+
+
 def _points(given):
     """Points of pairs, or of what has a geo-interface."""
     interface = getattr(given, "__geo_interface__", None)
@@ -138,8 +147,9 @@ def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=No
     parcel: see `plcalc.parcel`. Sides and vertices are counted from 0, in its order; side i runs from vertex i on.
 
     The line, one of:
-    parallel_to, perpendicular_to: a side, or (side, ring), where ring k is the k-th hole
-    through_vertex: a vertex
+    parallel_to, perpendicular_to: a side, or (side, ring), where ring k is the k-th hole; or what the side is:
+        `plcalc.longest`, `plcalc.shortest`, `plcalc.nearest_to(point)`, `plcalc.facing(bearing)`, `plcalc.beside(road, 10)`
+    through_vertex: a vertex, or `plcalc.nearest_to(point)`
     at_bearing: gons, clockwise from North
     along: a segment that gives the direction, two points
     through_place: (side, distance along it)
@@ -161,10 +171,11 @@ def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=No
     raise_on_refusal: with False a refused request is returned, and is false
 
     Returns: a `Division`.
-    Raises: `Refused` when no line holds the amounts; TypeError and ValueError for a request that is none.
+    Raises: `Refused` when no line holds the amounts; `Undecided` when no side, or several, are what was named; TypeError and
+        ValueError for a request that is none.
     """
     given = _parcel_of(parcel)
-    line = line_of(parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point, bearing)
+    line = line_of(_side_of(parallel_to, given), _side_of(perpendicular_to, given), _vertex_of(through_vertex, given), at_bearing, along, through_place, through_point, bearing)
     answer = _layer.divide(given, line, _amounts(area, product, share, width, parts, amounts), opposite,
                            _index(alternative, "alternatives"), any_pieces, decimals, tolerance)
     division = Division(given, line, opposite, any_pieces, answer)
@@ -188,5 +199,7 @@ def feasible(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=
     Returns: the ranges of areas, each (least, most), from the smallest on; none when the parcel or the line cannot be used.
         Whether the ends are had themselves tells `plcalc.plparcel.feasible`, which this asks.
     """
-    line = line_of(parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point, None)
-    return ranges_of(_parcel_of(parcel), line, opposite, any_pieces)
+    given = _parcel_of(parcel)
+    line = line_of(_side_of(parallel_to, given), _side_of(perpendicular_to, given), _vertex_of(through_vertex, given),
+                   at_bearing, along, through_place, through_point, None)
+    return ranges_of(given, line, opposite, any_pieces)

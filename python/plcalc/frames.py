@@ -6,6 +6,7 @@ from shapely.geometry import LineString, MultiLineString, Polygon
 
 from ._divide import divide
 from ._results import Division
+from ._sides import Undecided
 
 
 def _piece_rows(division):
@@ -24,13 +25,15 @@ def _line_rows(division):
 
 
 def _answer(geometry, request):
-    """The division, or the sentence that says why there is none."""
+    """The division, or the status and the sentence that say why there is none."""
     if geometry is None or geometry.is_empty:
-        return "the row has no geometry"
+        return "no_polygon", "the row has no geometry"
     try:
         return divide(geometry, raise_on_refusal=False, **request)
+    except Undecided as error:
+        return error.status, str(error)
     except ValueError as error:
-        return str(error)
+        return "no_polygon", str(error)
 
 
 def divide_frame(frame, *, lines=False, **request):
@@ -60,9 +63,8 @@ def divide_frame(frame, *, lines=False, **request):
         if isinstance(answer, Division) and answer:
             found = list(rows_of(answer))
         else:
-            refused = isinstance(answer, Division)
-            found = [({"status": answer.status if refused else "no_polygon",
-                       "reason": answer.reason if refused else answer}, None)]
+            status, reason = (answer.status, answer.reason) if isinstance(answer, Division) else answer
+            found = [({"status": status, "reason": reason}, None)]
         for values, shape in found:
             at.append(row)
             fields.append(values)

@@ -293,3 +293,40 @@ def test_package_is_typed():
     assert (pathlib.Path(plcalc.__file__).parent / "py.typed").exists()
     assert copy.copy(plcalc.plparcel.Status.divided) == plparcel.Status.divided
     assert pickle.loads(pickle.dumps(plparcel.Status.divided)) == plparcel.Status.divided
+
+
+SOUTH_ROAD = LineString([(-500, -8), (500, -8)])
+
+
+@pytest.mark.parametrize("named, start, end", [
+    (plcalc.facing(200), (0, 10), (100, 10)),
+    (plcalc.facing(100), (90, 0), (90, 50)),
+    (plcalc.nearest_to((50, -3)), (0, 10), (100, 10)),
+    (plcalc.nearest_to(Point(120, 25)), (80, 0), (80, 50)),
+    (plcalc.beside(SOUTH_ROAD, 10), (0, 10), (100, 10)),
+    (plcalc.beside(Polygon([(0, -8), (100, -8), (50, -90)]), 10), (0, 10), (100, 10)),
+])
+def test_a_side_by_what_it_is(named, start, end):
+    area = 1000 if start[0] != 90 else 500
+    line, = plcalc.divide(LOT, parallel_to=named, area=area).lines
+    assert (line.start, line.end) == (start, end)
+    assert plcalc.feasible(LOT, parallel_to=named) == ((0, 5000),)
+
+
+def test_a_vertex_by_what_it_is():
+    line, = plcalc.divide(LOT, through_vertex=plcalc.nearest_to((-1, -1)), area=1000).lines
+    assert (line.start, line.end) == ((0, 0), (100, 20))
+    with pytest.raises(TypeError, match="names sides"):
+        plcalc.divide(LOT, through_vertex=plcalc.longest, area=1000)
+
+
+def test_a_side_that_is_not_told():
+    with pytest.raises(plcalc.Undecided, match="sides 1, 3") as caught:
+        plcalc.divide(LOT, parallel_to=plcalc.shortest, area=1000)
+    assert (caught.value.status, caught.value.places) == ("tied", ((1, 0), (3, 0)))
+    with pytest.raises(plcalc.Undecided, match="near enough") as caught:
+        plcalc.divide(LOT, parallel_to=plcalc.beside(SOUTH_ROAD, 5), area=1000)
+    assert (caught.value.status, caught.value.places) == ("too_far", ())
+    with pytest.raises(TypeError, match="not along a Point"):
+        plcalc.beside(Point(0, 0), 5)
+    assert repr(plcalc.nearest_to((1, 2))) == "plcalc.nearest_to((1.0, 2.0))"

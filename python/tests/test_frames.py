@@ -25,6 +25,16 @@ def test_pieces_in_order():
         assert own.geometry.area.sum() == pytest.approx(lot.area)
 
 
+def test_a_side_of_each_parcel():
+    lots = frame()
+    lots.loc[20, "geometry"] = Polygon([(200, 51), (100, 50), (100, 0), (200, 0)])
+    pieces = plcalc.divide_frame(lots, parallel_to=plcalc.facing(200), share="1/2")
+    assert pieces.index.tolist() == [10, 10, 20, 20, 30, 30, 40, 40]
+    assert all(piece.bounds[1] == 0 for piece in pieces.geometry[::2])
+    undecided = plcalc.divide_frame(frame(), parallel_to=plcalc.longest, share="1/2")
+    assert undecided.loc[10, "status"] == "tied" and "sides 0, 2" in undecided.loc[10, "reason"]
+
+
 def test_lines():
     lines = plcalc.divide_frame(frame(), lines=True, parallel_to=0, parts=3)
     assert len(lines) == 8 and lines["line"].tolist() == [0, 1] * 4

@@ -1,0 +1,98 @@
+"""Sides and vertices named by what they are. In a layer, side 0 is an accident of how it was drawn."""
+
+from . import plparcel as _layer
+
+
+class Undecided(ValueError):
+    """No side, or several, are what was named.
+
+    status: one word, a name of `plcalc.plparcel.ChoiceStatus`
+    places: those that fit equally well, each (index, ring); empty when there is none
+    """
+
+    def __init__(self, status, places, reason):
+        super().__init__(reason)
+        self.status, self.places = status, places
+
+
+class Named:
+    """What `divide` takes instead of a number: it finds the side or the vertex of each parcel."""
+
+    def __init__(self, text, side, vertex=None):
+        self._text, self._side, self._vertex = text, side, vertex
+
+    def __repr__(self):
+        return f"plcalc.{self._text}"
+
+    def side_of(self, parcel):
+        """(side, ring) of a parcel. Raises Undecided."""
+        return self._place(self._side(parcel), "sides")
+
+    def vertex_of(self, parcel):
+        """A vertex of the outer ring. Raises Undecided, and TypeError for a name that is one of sides only."""
+        if self._vertex is None:
+            raise TypeError(f"{self!r} names sides, not vertices")
+        index, ring = self._place(self._vertex(parcel), "vertices")
+        if ring > 0:
+            raise Undecided("on_a_hole", ((index, ring),), "the nearest vertex is one of a hole, from which no line starts")
+        return index
+
+    @staticmethod
+    def _place(choice, what):
+        places = tuple((candidate.place.index, candidate.place.ring) for candidate in choice.candidates)
+        if choice.status == _layer.ChoiceStatus.found:
+            return places[0]
+        reason = _layer.describe(choice.status)
+        if places:
+            reason += f": {what} " + ", ".join(str(index) if ring == 0 else str((index, ring)) for index, ring in places)
+        raise Undecided(choice.status.name, places, reason)
+
+
+longest = Named("longest", _layer.longest_side)
+shortest = Named("shortest", _layer.shortest_side)
+
+
+def nearest_to(point):
+    """The side, or the vertex, nearest to a point."""
+    x, y = getattr(point, "coords", [point])[0][:2]
+    at = (float(x), float(y))
+    return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at), lambda parcel: _layer.vertex_near(parcel, at))
+
+
+def facing(bearing):
+    """The side that faces a bearing, in gons clockwise from North: 200 for the one to the South."""
+    gons = float(bearing)
+    return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons))
+
+
+def beside(geometry, within):
+    """The side with the greatest length along another geometry, such as a road or a neighbour.
+
+    geometry: lines or polygons: anything with `__geo_interface__`, or a GeoJSON-like dictionary
+    within: how far away the geometry may lie, caller's unit
+    """
+    interface = geometry if isinstance(geometry, dict) else geometry.__geo_interface__
+    other = _layer.OtherGeometry(list(_segments(interface)))
+    alongside = _layer.Alongside(float(within))
+    return Named(f"beside({interface['type']}, {within:g})", lambda parcel: _layer.side_along(parcel, other, alongside))
+
+
+def _segments(interface):
+    if interface["type"] == "GeometryCollection":
+        for geometry in interface["geometries"]:
+            yield from _segments(geometry)
+        return
+    depth = {"LineString": 1, "MultiLineString": 2, "Polygon": 2, "MultiPolygon": 3}.get(interface["type"])
+    if depth is None:
+        raise TypeError(f"a side runs along lines or polygons, not along a {interface['type']}")
+    for points in _lines(interface["coordinates"], depth):
+        for start, end in zip(points, points[1:]):
+            yield tuple(map(float, start[:2])), tuple(map(float, end[:2]))
+
+
+def _lines(coordinates, depth):
+    if depth == 1:
+        yield coordinates
+        return
+    for part in coordinates:
+        yield from _lines(part, depth - 1)
