@@ -56,7 +56,7 @@ class LineRequest:
     """The line that the parameters ask for, parcel by parcel."""
 
     def __init__(self, plcalc, algorithm, parameters, context, plane):
-        self._layer = plcalc.plparcel
+        self._plcalc = plcalc
         self._line = algorithm.parameterAsEnum(parameters, "LINE", context)
         self._choice = algorithm.parameterAsEnum(parameters, "CHOICE", context)
         self._number = algorithm.parameterAsInt(parameters, "NUMBER", context)
@@ -67,43 +67,38 @@ class LineRequest:
         self._point = algorithm.parameterAsPoint(parameters, "POINT", context, plane.crs) if has_point else None
         self.opposite = algorithm.parameterAsBoolean(parameters, "OPPOSITE", context)
         self.any_pieces = algorithm.parameterAsBoolean(parameters, "ANY_PIECES", context)
-        self._along = None
-        if self._follows_a_side() and self._choice == ALONG:
-            self._along = self._segments(algorithm, parameters, context, plane)
-            distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
-            self._alongside = self._layer.Alongside(distance)
+        self._has_other = algorithm.parameterAsSource(parameters, "ALONG", context) is not None
         self._check()
+        self._named = self._name(algorithm, parameters, context, plane)
 
-    def _follows_a_side(self):
-        return self._line in (PARALLEL, PERPENDICULAR)
+    def _name(self, algorithm, parameters, context, plane):
+        """What the side or the vertex is; None when it has a number, or there is none."""
+        if not self._has_choice() or self._choice in (NUMBER, COLUMN):
+            return None
+        if self._choice == LONGEST:
+            return self._plcalc.longest
+        if self._choice == SHORTEST:
+            return self._plcalc.shortest
+        if self._choice == FACING:
+            return self._plcalc.facing(self._bearing)
+        if self._choice == NEAREST:
+            return self._plcalc.nearest_to((self._point.x(), self._point.y()))
+        distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
+        return self._plcalc.beside(lines_of(algorithm.parameterAsSource(parameters, "ALONG", context), plane, context), distance)
 
     def _check(self):
         if self._point is None and (self._line == POINT or (self._has_choice() and self._choice == NEAREST)):
             raise QgsProcessingException("Say where the point is.")
         if self._has_choice() and self._choice == COLUMN and self._column is None:
             raise QgsProcessingException("Say which column has the number of the side or the vertex.")
+        if self._has_choice() and self._choice == ALONG and not self._has_other:
+            raise QgsProcessingException("Say which other layer the side runs along.")
         if self._line == VERTEX and self._choice not in (NUMBER, COLUMN, NEAREST):
             raise QgsProcessingException(f"A vertex is named by its number, by a column, or as the nearest to a point; "
                                          f"'{CHOICES[self._choice]}' names sides.")
 
     def _has_choice(self):
         return self._line in (PARALLEL, PERPENDICULAR, VERTEX)
-
-    def _segments(self, algorithm, parameters, context, plane):
-        source = algorithm.parameterAsSource(parameters, "ALONG", context)
-        if source is None:
-            raise QgsProcessingException("Say which other layer the side runs along.")
-        request = QgsFeatureRequest().setDestinationCrs(plane.crs, context.transformContext()).setNoAttributes()
-        segments = []
-        for feature in features_of(source, request):
-            geometry = QgsGeometry(feature.geometry())
-            points = [(vertex.x(), vertex.y(), geometry.vertexIdFromVertexNr(number)[1])
-                      for number, vertex in enumerate(geometry.vertices())]
-            for one, two in zip(points, points[1:]):
-                same_ring = (one[2].part, one[2].ring) == (two[2].part, two[2].ring)
-                if same_ring:
-                    segments.append((one[:2], two[:2]))
-        return self._layer.OtherGeometry(segments)
 
     def arguments(self, parcel, feature):
         """The arguments of plcalc.divide. Raises Unusable where the side cannot be told."""
@@ -116,40 +111,22 @@ class LineRequest:
 
     def line(self, parcel, feature):
         """The same as a line of plcalc.plparcel, whose functions have the names of the arguments."""
+        layer = self._plcalc.plparcel
         given = self.arguments(parcel, feature)
         if self._line == POINT:
-            return self._layer.through_point(given["through_point"], given["bearing"])
+            return layer.through_point(given["through_point"], given["bearing"])
         (name, where), = given.items()
-        return getattr(self._layer, name)(*(where if isinstance(where, tuple) else (where,)))
+        return getattr(layer, name)(*(where if isinstance(where, tuple) else (where,)))
 
     def _place(self, parcel, feature):
-        if self._choice in (NUMBER, COLUMN):
+        if self._named is None:
             return self._numbered(parcel, feature)
-        chosen = self._chosen(parcel)
-        if chosen.status == self._layer.ChoiceStatus.found:
-            place = chosen.candidates[0].place
-            if self._line == VERTEX:
-                if place.ring > 0:
-                    raise Unusable("the nearest vertex is one of a hole, from which no line starts")
-                return place.index
-            return (place.index, place.ring)
-        if chosen.status == self._layer.ChoiceStatus.tied:
-            tied = ", ".join(str(candidate.place.index + 1) for candidate in chosen.candidates)
-            raise Unusable(f"several fit equally well: {tied}")
-        raise Unusable(self._layer.describe(chosen.status))
-
-    def _chosen(self, parcel):
-        layer = self._layer
-        if self._choice == LONGEST:
-            return layer.longest_side(parcel)
-        if self._choice == SHORTEST:
-            return layer.shortest_side(parcel)
-        if self._choice == FACING:
-            return layer.side_facing(parcel, self._bearing)
-        if self._choice == ALONG:
-            return layer.side_along(parcel, self._along, self._alongside)
-        near = layer.vertex_near if self._line == VERTEX else layer.side_near
-        return near(parcel, (self._point.x(), self._point.y()))
+        try:
+            return self._named.vertex_of(parcel) if self._line == VERTEX else self._named.side_of(parcel)
+        except self._plcalc.Undecided as why:
+            # QGIS counts from 1.
+            text = ", ".join(str(index + 1) for index, _ in why.places)
+            raise Unusable(f"several fit equally well: {text}" if why.status == "tied" else str(why)) from None
 
     def _numbered(self, parcel, feature):
         number = self._number
@@ -162,6 +139,18 @@ class LineRequest:
         if number < 1:
             raise Unusable(f"sides and vertices are counted from 1, not {number}")
         return number - 1
+
+
+def lines_of(source, plane, context):
+    """Everything that runs in a layer, as the geometry that plcalc takes."""
+    request = QgsFeatureRequest().setDestinationCrs(plane.crs, context.transformContext()).setNoAttributes()
+    lines = {}
+    for feature in features_of(source, request):
+        geometry = QgsGeometry(feature.geometry())
+        for number, vertex in enumerate(geometry.vertices()):
+            at = geometry.vertexIdFromVertexNr(number)[1]
+            lines.setdefault((feature.id(), at.part, at.ring), []).append((vertex.x(), vertex.y()))
+    return {"type": "MultiLineString", "coordinates": list(lines.values())}
 
 
 class AmountRequest:
