@@ -22,18 +22,9 @@ namespace {
 using tool::ExitStatus;
 using tool::Failure;
 
-// A file name may hold a line break; a message may not.
-std::string printable(std::string text)
-{
-    for (char& c : text)
-        if (static_cast<unsigned char>(c) < ' ')
-            c = '?';
-    return text;
-}
-
 ExitStatus complain(ExitStatus status, const std::string& text)
 {
-    std::cerr << tool::alarming("plcalc:") << ' ' << printable(text) << '\n';
+    std::cerr << tool::message(text);
     return status;
 }
 

@@ -1,6 +1,7 @@
 // Every message and every exit status of the program. Whatever goes wrong: one line on stderr, nothing on
 // stdout.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -358,12 +359,12 @@ TEST_F(Messages, TinyAreasAreShown)
 {
     write_wkt("POLYGON ((0 0, 1e-4 0, 1e-4 1e-4, 0 1e-4, 0 0))");
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--vertex 1 --area 1.5e-8"), 4,
-                                 "lot.csv: feature 1: the requested area 1.5e-08 is not less than the "
+                                 "lot.csv: feature 1: the requested area 0.000000015 is not less than the "
                                  "parcel's area 0.000000010000000; ask for less"));
     const test::Result run = divide("lot.csv", "--parallel 1 --area 2.5e-9");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out.find(" 0.0000\n"), std::string::npos) << run.out;
-    EXPECT_NE(run.out.find("Asked   2.5e-09\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("Asked   0.0000000025\n"), std::string::npos) << run.out;
 }
 
 TEST_F(Messages, ParcelTooSmallForItsCoordinates)
@@ -733,6 +734,18 @@ TEST(GdalMessages, AreKeptShortAndOnOneLine)
     for (const char* error : {"an error", "what comes of it"})
         CPLError(CE_Failure, CPLE_AppDefined, "%s", error);
     EXPECT_EQ(messages.text(), "an error");
+}
+
+// What a program reads, a line at a time.
+TEST_F(Messages, AreOneLineWhateverTheFileIsCalled)
+{
+    write("two\nlines.csv", "E,N\n0,0\n10,0\n10,10\n");
+    for (const char* json : {"", " --json"}) {
+        const test::Result run = divide("two\nlines.csv", std::string("--parallel 1 --area 99") + json);
+        EXPECT_EQ(run.status, 4);
+        EXPECT_EQ(run.err.rfind("plcalc: two?lines.csv: ", 0), 0u) << run.err;
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+    }
 }
 
 }  // namespace

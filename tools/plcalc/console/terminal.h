@@ -11,8 +11,9 @@ namespace tool {
 /// Whether stderr is a terminal that shows colours and can rewrite a line. One that TERM calls dumb cannot.
 bool stderr_is_terminal();
 
-/// The text in red if stderr is such a terminal and NO_COLOR is not set; otherwise the text as it is.
-std::string alarming(const std::string& text);
+/// "plcalc: ..." as one line: a file name may hold a line break, a message may not. "plcalc:" is red if stderr is such a
+/// terminal and NO_COLOR is not set.
+std::string message(std::string text);
 
 /// A bar that appears on stderr after the first half second, only if stderr is a terminal, and removes itself at the
 /// end.

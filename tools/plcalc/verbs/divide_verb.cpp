@@ -353,7 +353,7 @@ Output DivideVerb::refused(const Answer& answer, const ParcelFile& file) const
         throw failure;
     ManyReport report(ManyReport::Keep::json);
     report.add(answer, "");
-    std::cerr << alarming("plcalc:") << ' ' << sentence(failure) << '\n';
+    std::cerr << message(sentence(failure));
     return report.json(written, {});
 }
 

@@ -48,8 +48,7 @@ Output MeasureVerb::many(ParcelFile& file) const
     }
     for (const std::string& clause : report.tally().assumed())
         if (csv_)
-            std::cerr << "plcalc: assumed: " << clause
-                      << "\n";  // a table for spreadsheets has no place for it
+            std::cerr << message("assumed: " + clause);  // a table for spreadsheets has no place for it
     return report.output(file.passed_over(), file.hidden());
 }
 
