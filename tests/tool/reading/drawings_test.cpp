@@ -161,10 +161,10 @@ TEST_F(Drawings, ArcsBecomeChordsWithinADistance)
         5000.0 + 312.5 * std::acos(-1.0), 0.06);
     write("lot.dxf", drawing(half_disc));
     // The arc is drawn third. It is read in steps of a tenth of a degree: in the middle 50 * (1 - cos 0.05 deg) = 0.000019 off a chord.
-    EXPECT_TRUE(
-        test::fails_with(divide("lot.dxf", std::string("--arcs 1e-9 ") + kStrip), 2,
-                         "lot.dxf: feature 2: --arcs 1e-09 is too small for an arc with a radius of 50.000; "
-                         "allow 0.001"));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", std::string("--arcs 1e-9 ") + kStrip), 2,
+        "lot.dxf: feature 2: --arcs 0.000000001 is too small for an arc with a radius of 50.000; "
+        "allow 0.001"));
 }
 
 TEST_F(Drawings, BlocksAreTakenApart)

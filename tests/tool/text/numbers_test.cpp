@@ -88,17 +88,27 @@ TEST(Numbers, PrintsSoManyDecimals)
     EXPECT_EQ(tool::fixed(4985117.4360625, 4), "4985117.4361");
     EXPECT_EQ(tool::fixed(4985117.4360625, 7), "4985117.4360625");
     EXPECT_EQ(tool::fixed(999999999999.0, 4), "999999999999.0000");
-    EXPECT_EQ(tool::fixed(1e12, 4), "1.0000000000000000e+12");
-    EXPECT_EQ(tool::fixed(-1e12, 4), "-1.0000000000000000e+12");
+    EXPECT_EQ(tool::fixed(1e12, 4), "1000000000000");
+    EXPECT_EQ(tool::fixed(-1e12, 4), "-1000000000000");
+    EXPECT_EQ(tool::fixed(1234567890123.25, 4), "1234567890123.25");
+    EXPECT_EQ(tool::fixed(1e20, 4), "100000000000000000000");
+    EXPECT_EQ(tool::fixed(1e21, 4), "1e+21");
     EXPECT_EQ(tool::fixed(1e-16, 17), "0.00000000000000010");
-    EXPECT_EQ(tool::fixed(1e-16, 18), "9.9999999999999998e-17");
+    EXPECT_EQ(tool::fixed(1e-16, 18), "0.0000000000000001");
 }
 
 TEST(Numbers, PrintsNoMoreDigitsThanNeeded)
 {
     EXPECT_EQ(tool::shortest(12.34567), "12.34567");
     EXPECT_EQ(tool::shortest(6000.0), "6000");
-    EXPECT_EQ(tool::shortest(1e-9), "1e-09");
+    EXPECT_EQ(tool::shortest(6e5), "600000");
+    EXPECT_EQ(tool::shortest(1e8), "100000000");
+    EXPECT_EQ(tool::shortest(-1e20), "-100000000000000000000");
+    EXPECT_EQ(tool::shortest(1e21), "1e+21");
+    EXPECT_EQ(tool::shortest(1e-9), "0.000000001");
+    EXPECT_EQ(tool::shortest(1e-20), "0.00000000000000000001");
+    EXPECT_EQ(tool::shortest(0.9e-20), "9e-21");
+    EXPECT_EQ(tool::shortest(0.0), "0");
     EXPECT_EQ(tool::shortest(1.0 / 3.0), "0.3333333333333333");
     EXPECT_EQ(tool::shortest(-2.2250738585072014e-308), "-2.2250738585072014e-308");
 }

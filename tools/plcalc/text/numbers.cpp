@@ -12,7 +12,10 @@
 namespace {
 
 constexpr int kMinDecimals = 4;
-constexpr int kAllDigits = 16;  // after the first one
+
+// Beyond these a number would be a row of zeros: no survey has such figures.
+constexpr double kLargestPlain = 1e21;
+constexpr double kSmallestPlain = 1e-20;
 
 // A step that came out a few bits below 1e-5 still gets five decimals.
 constexpr double kStepSlack = 1.0 + 1e-12;
@@ -41,11 +44,11 @@ template <typename Number> std::optional<Number> parse_all(std::string_view text
     return value;
 }
 
-std::string formatted(double value, std::ios_base& (*notation)(std::ios_base&), int digits)
+std::string with_decimals(double value, int decimals)
 {
     std::ostringstream out;
     out.imbue(std::locale::classic());
-    out << notation << std::setprecision(digits) << value;
+    out << std::fixed << std::setprecision(decimals) << value;
     return out.str();
 }
 
@@ -77,15 +80,20 @@ std::optional<long long> parse_whole(const std::string& text)
 std::string fixed(double value, int decimals)
 {
     if (decimals > kMaxDecimals || !(std::fabs(value) < kMaxFixed))
-        return formatted(value, std::scientific, kAllDigits);
-    const std::string text = formatted(value, std::fixed, decimals);
-    return text.find_first_not_of("-0.") == std::string::npos ? formatted(0.0, std::fixed, decimals) : text;
+        return shortest(value);
+    const std::string text = with_decimals(value, decimals);
+    return text.find_first_not_of("-0.") == std::string::npos ? with_decimals(0.0, decimals) : text;
 }
 
 std::string shortest(double value)
 {
-    char text[32];  // the longest is -2.2250738585072014e-308
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+    char text[48];  // the longest have 17 digits behind 20 zeros, or an exponent
+    const double size = std::fabs(value);
+    const bool plain = size == 0.0 || (size >= kSmallestPlain && size < kLargestPlain);
+    const std::to_chars_result end =
+        plain ? std::to_chars(text, text + sizeof text, value, std::chars_format::fixed)
+              : std::to_chars(text, text + sizeof text, value);
+    return {text, end.ptr};
 }
 
 int decimals_for(double step)

@@ -20,15 +20,15 @@ std::optional<double> parse_number(const std::string& text);
 /// Reads a text that is a whole number from end to end, blanks around it allowed; nothing for any other text.
 std::optional<long long> parse_whole(const std::string& text);
 
-/// A number with more decimals is written with an exponent.
+/// More decimals are not written.
 constexpr int kMaxDecimals = 17;
 
 /// The value with this many decimals, never "-0.0000". With more than kMaxDecimals, and from 1e12 on, where a
-/// double runs out of decimals, the value is written with all its digits and an exponent; read back, it is
-/// the same double.
+/// double runs out of decimals, the value is written as shortest() has it.
 std::string fixed(double value, int decimals);
 
-/// The shortest text that reads back as the same double: 12.5 is "12.5".
+/// The shortest text without an exponent that reads back as the same double: 12.5 is "12.5", 1e8 "100000000". Only
+/// below 1e-20 and from 1e21 on has it an exponent.
 std::string shortest(double value);
 
 /// How many decimals, at least 4, make the last place no larger than `step`; more than kMaxDecimals if none
