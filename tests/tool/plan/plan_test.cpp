@@ -527,6 +527,23 @@ TEST(PlanContents, TitleIsTheFilesNameAsText)
         EXPECT_EQ(plan_of_lot(row.place, {}, plparcel::Cut::parallel, 1).title, row.title);
 }
 
+TEST(PlanContents, TitleAndTablesNameCornersAlike)
+{
+    tool::Asked asked;
+    asked.request.line.cut = plparcel::Cut::through_vertex;
+    asked.request.amounts = {plparcel::area(1000)};
+    asked.number = 4;
+    asked.amounts = {"1000"};
+    tool::Parcel parcel;
+    parcel.ring = kField;
+    parcel.point_names = {"A", "B", "", "Gr\xfcn"};
+    EXPECT_EQ(tool::plan_of(tool::answer(parcel, asked)).subtitles[0], "Cut through vertex Gr?n: 1000");
+    asked.request.line.cut = plparcel::Cut::parallel;
+    asked.number = 2;
+    EXPECT_EQ(tool::plan_of(tool::answer(parcel, asked)).subtitles[0],
+              "Cut parallel to side 2, from vertex B to vertex 3: 1000");
+}
+
 TEST(PlanContents, FiguresHaveTheUnitOfTheCoordinates)
 {
     struct Row {
@@ -770,6 +787,154 @@ TEST_F(Plans, SvgAndPdfHaveTheirPaper)
 double thousandths(double value)
 {
     return std::round(value * 1000.0) / 1000.0;
+}
+
+// A text of an SVG, as the rectangle that its capitals take.
+struct DrawnText {
+    std::string text;
+    SheetPoint corners[4];
+};
+
+// Texts that stand at their middle, on the sheet of a drawing.
+std::vector<DrawnText> drawn_texts(const std::string& svg)
+{
+    constexpr double kCapitals = 0.73;  // of the size
+    std::vector<DrawnText> texts;
+    std::istringstream lines(svg);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("<text", 0) != 0)
+            continue;
+        const auto number = [&](const std::string& name) {
+            return std::stod(line.substr(line.find(name) + name.size()));
+        };
+        SheetPoint at = {0, 0};
+        double turn = 0.0;
+        if (line.find("transform=\"") != std::string::npos) {
+            at.x = number("translate(");
+            at.y = std::stod(line.substr(line.find(' ', line.find("translate("))));
+            turn = number("rotate(") * M_PI / 180.0;
+        }
+        const double x = number(" x=\"");
+        const double y = number(" y=\"");
+        const double width = number("textLength=\"");
+        const double height = kCapitals * number("font-size=\"");
+        DrawnText text;
+        text.text = line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1);
+        const SheetPoint own[] = {{x, y}, {x + width, y}, {x + width, y - height}, {x, y - height}};
+        for (std::size_t i = 0; i < 4; ++i)
+            text.corners[i] = {at.x + own[i].x * std::cos(turn) - own[i].y * std::sin(turn),
+                               at.y + own[i].x * std::sin(turn) + own[i].y * std::cos(turn)};
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+// How far two outlines are from each other along the directions at right angles to the sides of the first; below 0
+// where none of these parts them.
+double parted_by(const std::vector<SheetPoint>& a, const std::vector<SheetPoint>& b)
+{
+    double most = -INFINITY;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const SheetPoint along = tool::direction(a[i], a[(i + 1) % a.size()]);
+        double far_a = -INFINITY;
+        double near_b = INFINITY;
+        for (const double sign : {1.0, -1.0}) {
+            far_a = -INFINITY;
+            near_b = INFINITY;
+            for (const SheetPoint& p : a)
+                far_a = std::max(far_a, sign * (along.y * p.x - along.x * p.y));
+            for (const SheetPoint& p : b)
+                near_b = std::min(near_b, sign * (along.y * p.x - along.x * p.y));
+            most = std::max(most, near_b - far_a);
+        }
+    }
+    return most;
+}
+
+double gap_between(const std::vector<SheetPoint>& a, const std::vector<SheetPoint>& b)
+{
+    return std::max(parted_by(a, b), parted_by(b, a));
+}
+
+const plparcel::Ring kFive = {{0, 0}, {79.2, 3}, {84, 55}, {40, 77}, {-3, 50}};
+const plparcel::Ring kTall = {{0, 0}, {0, 60}, {30, 60}, {30, 25}, {75, 25}, {75, 0}};
+const plparcel::Ring kFoot120 = {{0, 0}, {120, 0}, {120, 25}, {30, 25}, {30, 90}, {0, 90}};
+const plparcel::Ring kSkew = {{1000, 2000}, {1080, 2003}, {1085, 2055}, {998, 2050}};
+
+// Seen as on paper: no label touches another one, the boundary or a dividing line.
+TEST_F(Plans, NoLabelTouchesAnotherOrALine)
+{
+    struct Row {
+        const char* what;
+        plparcel::Ring ring;
+        std::vector<plparcel::Ring> holes;
+        plparcel::Cut cut;
+        long long side;
+        std::size_t parts;
+        tool::AngleUnit angles = tool::AngleUnit::gon;
+    };
+    using plparcel::Cut;
+    const std::vector<plparcel::Ring> one = {{{46, 36}, {46, 44}, {54, 44}, {54, 36}}};
+    const std::vector<plparcel::Ring> three = {{{20, 20}, {20, 26}, {26, 26}, {26, 20}},
+                                               {{60, 60}, {60, 64}, {64, 64}, {64, 60}},
+                                               {{48, 38}, {48, 41}, {51, 41}, {51, 38}}};
+    const plparcel::Ring block = {{0, 0}, {100, 0}, {100, 80}, {0, 80}};
+    const Row rows[] = {
+        {"five corners", kFive, {}, Cut::parallel, 1, 2},
+        {"bearings in quadrants", kFive, {}, Cut::perpendicular, 2, 4, tool::AngleUnit::quadrant},
+        {"a narrow arm of a piece", kTall, {}, Cut::perpendicular, 2, 12},
+        {"short lines and long ones", kFoot120, {}, Cut::parallel, 6, 8},
+        {"seconds", kSkew, {}, Cut::perpendicular, 1, 6, tool::AngleUnit::dms},
+        {"a triangle", {{0, 0}, {50, 0}, {12, 40}}, {}, Cut::parallel, 2, 4},
+        {"a small hole", block, one, Cut::parallel, 1, 3},
+        {"a line through a hole", block, one, Cut::perpendicular, 1, 2},
+        {"three small holes", block, three, Cut::parallel, 1, 3},
+        {"thin", {{0, 0}, {500, 300}, {500, 308}, {0, 8}}, {}, Cut::parallel, 2, 3},
+        {"tiny", {{0, 0}, {0.4, 0}, {0.42, 0.3}, {0.01, 0.28}}, {}, Cut::parallel, 1, 3},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        tool::Asked asked;
+        asked.request.line.cut = row.cut;
+        asked.request.amounts = plparcel::equal_parts(row.parts);
+        asked.number = row.side;
+        asked.amounts.assign(row.parts - 1, "1/2");
+        asked.angles = row.angles;
+        tool::Parcel parcel;
+        parcel.ring = row.ring;
+        parcel.holes = row.holes;
+        const tool::Answer answer = tool::answer(parcel, asked);
+        ASSERT_TRUE(answer.printed.done());
+        const tool::Plan plan = tool::plan_of(answer);
+        const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+        const tool::View view = layout.view();
+        tool::Canvas canvas(path("labels.svg"), layout.sheet(), "", "labels.svg");
+        tool::PlanLabels(plan, view, canvas).draw();
+        canvas.finish();
+        const std::vector<DrawnText> texts = drawn_texts(content("labels.svg"));
+        std::vector<std::vector<SheetPoint>> lines;
+        for (std::size_t i = 0; i < plan.corners.size(); ++i)
+            lines.push_back({view.at(plan.corners.at[i]), view.at(plan.corners.at[plan.corners.next[i]])});
+        std::set<std::string> written;
+        for (const tool::PlanLine& line : plan.lines)
+            lines.push_back({view.at(plan.points[line.from].at), view.at(plan.points[line.to].at)});
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const std::vector<SheetPoint> box(std::begin(texts[i].corners), std::end(texts[i].corners));
+            for (std::size_t k = 0; k < i; ++k)
+                EXPECT_GT(gap_between(box, {std::begin(texts[k].corners), std::end(texts[k].corners)}), 0.5)
+                    << texts[i].text << " and " << texts[k].text;
+            for (const std::vector<SheetPoint>& line : lines)
+                EXPECT_GT(gap_between(box, line), 0.5) << texts[i].text;
+            written.insert(texts[i].text.substr(0, texts[i].text.find("   ")));
+        }
+        for (const tool::PlanLine& line : plan.lines) {
+            const bool shown =
+                tool::length_of({view.at(plan.points[line.to].at).x - view.at(plan.points[line.from].at).x,
+                                 view.at(plan.points[line.to].at).y - view.at(plan.points[line.from].at).y}) >
+                20.0;
+            EXPECT_TRUE(!shown || written.count(line.length) > 0) << "a line of " << line.length;
+        }
+    }
 }
 
 // Where a text of an SVG begins, and its baseline.

@@ -99,7 +99,10 @@ private:
 
     std::string name(const Candidate& candidate) const
     {
-        return (choice_.by == By::vertex_near ? "vertex " : "side ") + std::to_string(number(candidate));
+        const long long chosen = number(candidate);
+        return choice_.by == By::vertex_near
+                   ? "vertex " + vertex_name(parcel_, static_cast<std::size_t>(chosen - 1))
+                   : "side " + std::to_string(chosen);
     }
 
     std::string what_it_is() const

@@ -57,8 +57,7 @@ private:
         points_.rings = corners_of(parcel);
         const plparcel::Ring& at = points_.rings.at;
         for (std::size_t i = 0; i < at.size(); ++i) {
-            const bool named = i < parcel.point_names.size() && !parcel.point_names[i].empty();
-            const std::string name = named ? parcel.point_names[i] : std::to_string(i + 1);
+            const std::string name = vertex_name(parcel, i);
             points_.points.push_back({name, at[i]});
             index_.emplace(key_of(at[i]), i);
             if (const std::optional<long long> number = number_behind_p(name))

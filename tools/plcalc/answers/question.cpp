@@ -60,6 +60,12 @@ std::size_t vertex_count(const Parcel& parcel)
     return count;
 }
 
+std::string vertex_name(const Parcel& parcel, std::size_t vertex)
+{
+    const bool named = vertex < parcel.point_names.size() && !parcel.point_names[vertex].empty();
+    return named ? parcel.point_names[vertex] : std::to_string(vertex + 1);
+}
+
 std::optional<RingIndex> in_ring(const Parcel& parcel, std::size_t vertex)
 {
     std::size_t first = 0;

@@ -59,6 +59,11 @@ Corners corners_of(const Parcel& parcel);
 /// How many vertices all rings have.
 std::size_t vertex_count(const Parcel& parcel);
 
+/// What the file calls a vertex: its name, or its number where it has none.
+///
+/// @param[in] vertex  by its number, from 0
+std::string vertex_name(const Parcel& parcel, std::size_t vertex);
+
 /// A vertex, and the side that begins there, within its ring.
 struct RingIndex {
     std::size_t ring = 0;   ///< 0 the outer one, k the k-th hole

@@ -19,6 +19,9 @@ constexpr double kLineStep = 1.25;
 constexpr double kPartGap = 7.0;
 constexpr double kWholeGap = 18.0;
 
+// Between text along a line and other labels and lines.
+constexpr double kGap = 1.5;
+
 // New points on a side that are nearer to each other than this have names across the side.
 constexpr double kLevelNames = 30.0;
 
@@ -88,6 +91,7 @@ WithoutLabel PlanLabels::draw()
 {
     label_new_points();
     label_pieces();
+    label_lines();
     label_parts(true);
     label_wholes();
     // Where corners are many, their names tell more: the table has the lengths by these names.
@@ -97,7 +101,6 @@ WithoutLabel PlanLabels::draw()
     label_parts(false);
     if (!many)
         label_corners();
-    label_lines();
     return without_;
 }
 
@@ -143,17 +146,20 @@ bool PlanLabels::label_around(const std::string& text, const SheetPoint& p, cons
 }
 
 // Across the side, like the rungs of a ladder.
-bool PlanLabels::label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out)
+bool PlanLabels::label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out,
+                              bool may_cross_lines)
 {
     const SheetPoint extent = canvas_.size_of(text, kSmallSize, true);
     const double angle = reading_angle({0.0, 0.0}, out);
-    const auto place = places_.first_free_along({moved(p, out, 0.5 * extent.x + 5.0)}, extent, angle);
+    const auto place =
+        places_.first_free_along({moved(p, out, 0.5 * extent.x + 5.0)}, extent, angle, may_cross_lines);
     if (place)
         canvas_.text(text, *place, kSmallSize, kRed, Anchor::centre, true, angle);
     return place.has_value();
 }
 
-// Beyond the end of the line, outside the parcel; around it where there is room for level text.
+// Beyond the end of the line, outside the parcel; around it where there is room for level text, and where it would
+// cross a line otherwise. A hole is too small for a name that crosses its boundary.
 void PlanLabels::label_new_points()
 {
     for (std::size_t side = 0; side < plan_.sides.size(); ++side) {
@@ -168,7 +174,10 @@ void PlanLabels::label_new_points()
                 continue;
             const std::string& name = plan_.points[end].name;
             const bool level = nearest > kLevelNames && label_around(name, point(end), out, kRed, false);
-            if (!level && !label_beyond(name, point(end), out))
+            const bool done = level || label_beyond(name, point(end), out, false) ||
+                              label_around(name, point(end), out, kRed, false) ||
+                              (!in_hole(side) && label_beyond(name, point(end), out, true));
+            if (!done)
                 without_.new_points.push_back(end);
         }
     }
@@ -185,7 +194,9 @@ void PlanLabels::label_corners()
             continue;
         const SheetPoint before = outwards(plan_.corners.before[i]);
         const SheetPoint after = outwards(i);
-        const SheetPoint out = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
+        const SheetPoint away = direction({0.0, 0.0}, {before.x + after.x, before.y + after.y});
+        // A hole has no room; its corners have their names around it.
+        const SheetPoint out = in_hole(i) ? turned_around(away) : away;
         const bool done = few ? label_around(plan_.points[i].name, point(i), out, kInk, true)
                               : label_outside(plan_.points[i].name, point(i), out);
         without_.corners += done ? 0 : 1;
@@ -223,7 +234,7 @@ void PlanLabels::label_parts(bool of_cut_sides)
     }
 }
 
-// Along the part; across it where it is short.
+// Along the part; across it where it is short. Beyond it, or inside the parcel where lines are in the way there.
 bool PlanLabels::label_part(const PlanPart& part, const SheetPoint& out)
 {
     const SheetPoint a = point(part.from);
@@ -232,14 +243,15 @@ bool PlanLabels::label_part(const PlanPart& part, const SheetPoint& out)
     const bool fits = distance(a, b) > extent.x + 4.0;
     const double angle = fits ? reading_angle(a, b) : reading_angle({0.0, 0.0}, out);
     std::vector<SheetPoint> beside;
-    if (fits) {
+    for (const SheetPoint& to : {out, turned_around(out)}) {
+        if (!fits) {
+            beside.push_back(moved(middle_of(a, b), to, 0.5 * extent.x + 4.0));
+            continue;
+        }
         for (const double part_of : {0.5, 0.4, 0.6, 0.3, 0.7})
-            beside.push_back(
-                moved({a.x + (b.x - a.x) * part_of, a.y + (b.y - a.y) * part_of}, out, kPartGap));
-    } else {
-        beside.push_back(moved(middle_of(a, b), out, 0.5 * extent.x + 4.0));
+            beside.push_back(moved({a.x + (b.x - a.x) * part_of, a.y + (b.y - a.y) * part_of}, to, kPartGap));
     }
-    const auto place = places_.first_free_along(beside, extent, angle);
+    const auto place = places_.first_free_along(beside, extent, angle, false);
     if (place)
         canvas_.text(part.length, *place, kSmallSize, kGrey, Anchor::centre, false, angle);
     return place.has_value();
@@ -267,7 +279,7 @@ void PlanLabels::label_wholes()
                 beside.push_back(
                     moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, outwards(side), gap));
         const double angle = reading_angle(a, b);
-        const auto place = places_.first_free_along(beside, extent, angle);
+        const auto place = places_.first_free_along(beside, extent, angle, false, kGap);
         if (place)
             canvas_.text(text, *place, kSmallSize, kInk, Anchor::centre, false, angle);
         else
@@ -275,32 +287,59 @@ void PlanLabels::label_wholes()
     }
 }
 
-// Along the line, on either side of it.
+// Length and bearing along the line, or the length alone: along it, or across a short one.
 void PlanLabels::label_lines()
 {
     const std::string unit = plan_.unit.name.empty() ? "" : " " + plan_.unit.name;
     for (const PlanLine& line : plan_.lines) {
         const SheetPoint a = point(line.from);
         const SheetPoint b = point(line.to);
-        const std::string text = line.length + unit + "   " + with_angle_sign(line.bearing, plan_.angles);
-        const SheetPoint extent = canvas_.size_of(text, kSmallSize);
-        if (!shows(a) || !shows(b) || distance(a, b) < extent.x + 10.0) {
-            ++without_.lengths;
-            continue;
-        }
-        const SheetPoint along = direction(a, b);
-        std::vector<SheetPoint> beside;
-        for (const double part : {0.5, 0.3, 0.7, 0.2, 0.8})
-            for (const double side : {6.0, -6.0})
-                beside.push_back(
-                    moved({a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part}, {along.y, -along.x}, side));
-        const double angle = reading_angle(a, b);
-        const auto place = places_.first_free_along(beside, extent, angle, false);
-        if (place)
-            canvas_.text(text, *place, kSmallSize, kRed, Anchor::centre, false, angle);
-        else
-            ++without_.lengths;
+        const std::string length = line.length + unit;
+        const std::string both = length + "   " + with_angle_sign(line.bearing, plan_.angles);
+        const bool done = shows(a) && shows(b) && distance(a, b) >= kLeastPart &&
+                          (label_along(both, a, b) || label_along(length, a, b) || label_rung(length, a, b));
+        without_.lengths += done ? 0 : 1;
     }
+}
+
+// Beside the line, on either side of it, wherever it is free.
+bool PlanLabels::label_along(const std::string& text, const SheetPoint& a, const SheetPoint& b)
+{
+    constexpr double kFromEnds = 5.0;
+    constexpr double kFromLine = 6.5;
+    constexpr int kSteps = 12;
+    const SheetPoint extent = canvas_.size_of(text, kSmallSize);
+    const SheetPoint along = direction(a, b);
+    // How far the middle of the text may lie from the middle of the line.
+    const double most = 0.5 * (distance(a, b) - extent.x) - kFromEnds;
+    if (most < 0.0)
+        return false;
+    std::vector<SheetPoint> beside;
+    for (int step = 0; step <= kSteps; ++step)
+        for (const double off : {most * step / kSteps, -most * step / kSteps})
+            for (const double side : {kFromLine, -kFromLine})
+                beside.push_back(moved(moved(middle_of(a, b), along, off), {along.y, -along.x}, side));
+    return write_red(text, beside, extent, reading_angle(a, b));
+}
+
+// At right angles to the line, beside its middle.
+bool PlanLabels::label_rung(const std::string& text, const SheetPoint& a, const SheetPoint& b)
+{
+    const SheetPoint extent = canvas_.size_of(text, kSmallSize);
+    const SheetPoint along = direction(a, b);
+    const SheetPoint across = {along.y, -along.x};
+    const double away = 0.5 * extent.x + 5.0;
+    return write_red(text, {moved(middle_of(a, b), across, away), moved(middle_of(a, b), across, -away)},
+                     extent, reading_angle({0.0, 0.0}, across));
+}
+
+bool PlanLabels::write_red(const std::string& text, const std::vector<SheetPoint>& places,
+                           const SheetPoint& extent, double angle)
+{
+    const auto place = places_.first_free_along(places, extent, angle, false, kGap);
+    if (place)
+        canvas_.text(text, *place, kSmallSize, kRed, Anchor::centre, false, angle);
+    return place.has_value();
 }
 
 // Name and area in the piece, or the name alone, or both beside it with a hair line.

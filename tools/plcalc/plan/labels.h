@@ -36,10 +36,12 @@ private:
     const SheetPoint& point(std::size_t i) const { return points_[i]; }
     bool shows(const SheetPoint& p) const { return view_.box.holds(p); }
     std::size_t next(std::size_t corner) const { return plan_.corners.next[corner]; }
+    bool in_hole(std::size_t corner) const { return plan_.corners.ring[corner] > 0; }
     SheetPoint outwards(std::size_t side) const;
 
     void label_new_points();
-    bool label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out);
+    bool label_beyond(const std::string& text, const SheetPoint& p, const SheetPoint& out,
+                      bool may_cross_lines);
     bool label_around(const std::string& text, const SheetPoint& p, const SheetPoint& first,
                       const Colour& colour, bool may_cross_lines);
     void label_corners();
@@ -48,6 +50,10 @@ private:
     void label_wholes();
     bool label_part(const PlanPart& part, const SheetPoint& out);
     void label_lines();
+    bool label_along(const std::string& text, const SheetPoint& a, const SheetPoint& b);
+    bool label_rung(const std::string& text, const SheetPoint& a, const SheetPoint& b);
+    bool write_red(const std::string& text, const std::vector<SheetPoint>& places, const SheetPoint& extent,
+                   double angle);
     void label_pieces();
     bool label_inside(const std::vector<std::string>& lines, const std::vector<RoomyPlace>& inside);
     bool label_across(const std::string& name, const std::vector<RoomyPlace>& inside);

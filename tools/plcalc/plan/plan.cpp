@@ -162,7 +162,7 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
         plan.title_block.emplace_back(as_text(key), as_text(value));
     const std::string file = as_text(file_of(parcel.place));
     plan.title = parcel.name.empty() ? file : "Parcel " + as_text(parcel.name);
-    plan.subtitles = {(parcel.name.empty() ? "" : file + ". ") + cut_sentence(answer.asked, parcel),
+    plan.subtitles = {(parcel.name.empty() ? "" : file + ". ") + as_text(cut_sentence(answer.asked, parcel)),
                       "Parcel " + plan.area_text(plan.area) + ", perimeter " +
                           fixed(printed.proven.ring.perimeter, 2) +
                           (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};

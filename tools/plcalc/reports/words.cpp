@@ -29,6 +29,12 @@ long long before(const Parcel& parcel, long long number)
     return neighbour(parcel, number, false);
 }
 
+// "vertex 4", or "vertex D" where the file names it.
+std::string described_vertex(const Parcel& parcel, long long number)
+{
+    return "vertex " + vertex_name(parcel, static_cast<std::size_t>(number - 1));
+}
+
 // Where the first piece lies.
 std::string place_of_first(const Asked& asked, const Parcel& parcel)
 {
@@ -38,11 +44,11 @@ std::string place_of_first(const Asked& asked, const Parcel& parcel)
         return near ? "along " + numbered("side", asked.number)
                     : "beyond the line from " + numbered("side", asked.number);
     case Cut::perpendicular:
-        return near ? "ahead towards " + numbered("vertex", after(parcel, asked.number))
-                    : "behind towards " + numbered("vertex", asked.number);
+        return near ? "ahead towards " + described_vertex(parcel, after(parcel, asked.number))
+                    : "behind towards " + described_vertex(parcel, asked.number);
     case Cut::through_place:
-        return near ? "towards " + numbered("vertex", after(parcel, asked.number))
-                    : "towards " + numbered("vertex", asked.number);
+        return near ? "towards " + described_vertex(parcel, after(parcel, asked.number))
+                    : "towards " + described_vertex(parcel, asked.number);
     case Cut::through_point:
     case Cut::at_bearing:
     case Cut::along_segment:
@@ -83,7 +89,7 @@ std::string described_cut(const Asked& asked, const Parcel& parcel)
     case Cut::through_vertex:
         break;
     }
-    return "through " + numbered("vertex", asked.number);
+    return "through " + described_vertex(parcel, asked.number);
 }
 
 // Many equal ones are counted.
@@ -130,8 +136,8 @@ std::string described_rings(const Parcel& parcel, bool anticlockwise)
 
 std::string described_side(const Parcel& parcel, long long number)
 {
-    return numbered("side", number) + ", from vertex " + std::to_string(number) + " to vertex " +
-           std::to_string(after(parcel, number));
+    return numbered("side", number) + ", from " + described_vertex(parcel, number) + " to " +
+           described_vertex(parcel, after(parcel, number));
 }
 
 std::string cut_sentence(const Asked& asked, const Parcel& parcel)

@@ -34,7 +34,7 @@ std::string piece_name(const Answer& answer, std::size_t piece);
 /// "4 vertices, anticlockwise", or "10 vertices, anticlockwise, 2 holes".
 std::string described_rings(const Parcel& parcel, bool anticlockwise);
 
-/// "side 3, from vertex 3 to vertex 4".
+/// "side 3, from vertex 3 to vertex 4", with the names that the file gives the vertices.
 ///
 /// @param[in] number  from 1
 std::string described_side(const Parcel& parcel, long long number);

@@ -147,15 +147,16 @@ std::optional<SheetPoint> LabelPlaces::first_free(const std::vector<SheetPoint>&
 
 std::optional<SheetPoint> LabelPlaces::first_free_along(const std::vector<SheetPoint>& middles,
                                                         const SheetPoint& size, double angle,
-                                                        bool may_cross_lines)
+                                                        bool may_cross_lines, double gap)
 {
     constexpr double kCapitals = 0.8;  // of the size: as high as figures and capitals are, with a little air
     const SheetPoint extent = {size.x, kCapitals * size.y};
     for (const SheetPoint& middle : middles) {
         const std::vector<SheetPoint> beads = beads_of(middle, extent, angle);
         const SheetPoint bead = {extent.y, extent.y};
+        const SheetPoint with_gap = {extent.y + 2.0 * gap, extent.y + 2.0 * gap};
         const bool free = std::all_of(beads.begin(), beads.end(), [&](const SheetPoint& p) {
-            return is_free(p, bead, 0.0, may_cross_lines);
+            return is_free(p, with_gap, 0.0, may_cross_lines);
         });
         if (!free)
             continue;

@@ -38,9 +38,11 @@ public:
                                          double angle = 0.0, bool may_cross_lines = true);
 
     /// The same for text along a line. The box around turned text is far too large, so small boxes along the text
-    /// must be free.
+    /// must be free. A place that may cross lines is as good as one that does not.
+    ///
+    /// @param[in] gap  left free around the text: other labels and, where it may not cross them, lines stay so far away
     std::optional<SheetPoint> first_free_along(const std::vector<SheetPoint>& middles, const SheetPoint& size,
-                                               double angle, bool may_cross_lines = true);
+                                               double angle, bool may_cross_lines = true, double gap = 0.0);
 
     /// Takes small boxes along a line, so that no label covers it.
     void take_along(const SheetPoint& a, const SheetPoint& b, double width);
