@@ -705,6 +705,7 @@ TEST(TurningWholeLine, CutsOffTheAmount)
          {100, 100},
          2,
          2},
+        {"from a place at a corner", kHoled, through_place(0, 0), 4800, kNear, {0, 0}, {100, 100}, 2, 2},
         {"from the middle of a hole's side",
          kHoled,
          [] {
@@ -743,9 +744,13 @@ TEST(TurningWholeLine, IsRefusedWithTheReason)
     EXPECT_EQ(one(through_point({1.1e8, 0}), 700), Status::point_outside)
         << "over a million times the extent";
     EXPECT_EQ(one(through_point({0.9e8, 0}), 700), Status::divided);
+    EXPECT_EQ(one(through_point({50, 1.1e8}), 700), Status::point_outside);
     EXPECT_EQ(one(through_point({kNan, 0}), 700), Status::point_outside);
     EXPECT_EQ(one(through_point({20, 20}, kNan), 700), Status::no_direction);
     EXPECT_EQ(one(through_place(0, 100.001), 700), Status::no_such_place);
+    EXPECT_EQ(one(through_place(0, -0.001), 700), Status::no_such_place);
+    const Ring repeated = {{0, 0}, {0, 0}, {100, 0}, {0, 100}};
+    EXPECT_EQ(divide(repeated, whole(through_place(0, 0), {area(700)})).status, Status::side_without_length);
     EXPECT_EQ(one(plparcel::through_vertex(4), 700), Status::no_such_index);
     Line of_hole = plparcel::through_vertex(0);
     of_hole.ring = 2;
@@ -757,6 +762,11 @@ TEST(TurningWholeLine, IsRefusedWithTheReason)
     Request second = whole(plparcel::through_vertex(0), {share(1, 2)});
     second.alternative = 1;
     EXPECT_EQ(status(second), Status::no_further_line);
+    // 1250 is the least that a line through this point can cut off the square.
+    Request least = whole(through_point({25, 25}), {area(1250 - 1e-6)});
+    EXPECT_EQ(divide(kSquare, least).status, Status::divided) << "within a billionth of the parcel";
+    least.alternative = 1;
+    EXPECT_EQ(divide(kSquare, least).status, Status::no_further_line);
 }
 
 // Through a corner of a hole most lines only touch the hole: a piece would touch itself there.

@@ -28,7 +28,7 @@ struct Target {
     }
 
     /// By how much a line may miss what both should hold.
-    double granted() const { return std::min(granted(asked), granted(rest)); }
+    double granted() const { return granted(std::min(asked, rest)); }
 };
 
 }  // namespace plparcel

@@ -155,10 +155,10 @@ private:
                 return;
             }
         }
-        if (halved == kMostHalvings)
-            return;
-        look(begin, middle, halved + 1);
-        look(middle, end, halved + 1);
+        if (halved < kMostHalvings) {
+            look(begin, middle, halved + 1);
+            look(middle, end, halved + 1);
+        }
     }
 
     // Zero at the ends where the lines through the vertices hold the area.
@@ -405,10 +405,10 @@ private:
             if (is_monotone || !(at_middle + reach > best_ + profile_.scale() * kHair))
                 return;
         }
-        if (halved == kMostHalvings)
-            return;
-        look_between(left, begin, middle, halved + 1);
-        look_between(left, middle, end, halved + 1);
+        if (halved < kMostHalvings) {
+            look_between(left, begin, middle, halved + 1);
+            look_between(left, middle, end, halved + 1);
+        }
     }
 
     const TurningProfile& profile_;

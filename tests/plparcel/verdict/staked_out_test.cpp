@@ -353,6 +353,63 @@ TEST(StakedOut, RoundingsThatMakeNoSenseAreRefused)
                   Status::unusable_rounding);
     EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), 4, 0.01)).status, Status::divided);
     EXPECT_EQ(divide(kLot, request(Cut::parallel, 0, share(1, 3), 17)).status, Status::divided);
+    Request whole = request(Cut::parallel, 0, share(1, 3), 18);
+    whole.pieces = plparcel::Pieces::any;
+    EXPECT_EQ(divide(kLot, whole).status, Status::unusable_rounding);
+}
+
+// Thirds from the middle of a side: half of 1667 more than the 2500 up to the corner, so 16.67 from the corner.
+TEST(StakedOut, LinesFromAPointOnTheBoundary)
+{
+    const Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+    Request thirds;
+    thirds.line = plparcel::through_point({50, 0});
+    thirds.amounts = plparcel::equal_parts(3);
+    thirds.rounding = {2, 1e-4};
+    const Division division = divide(square, thirds);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    ASSERT_EQ(division.lines.size(), 2U);
+    EXPECT_EQ(division.decimals, 2);
+    std::vector<double> ends;
+    for (const plparcel::DividingLine& line : division.lines) {
+        EXPECT_POINT(line.from, (PL_PNT2D_record{50, 0}));
+        EXPECT_EQ(line.segments.size(), 1U);
+        EXPECT_EQ(line.to.y, 100);
+        ends.push_back(line.to.x);
+    }
+    std::sort(ends.begin(), ends.end());
+    EXPECT_EQ(ends, (std::vector<double>{16.67, 83.33}));
+}
+
+// The point at which further lines start is a corner of all pieces, whichever way they run.
+TEST(StakedOut, ThePointInsideIsACornerOfAllPieces)
+{
+    for (const bool clockwise : {false, true}) {
+        for (const auto measured : {plparcel::Measured::from_reference, plparcel::Measured::opposite}) {
+            Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+            if (clockwise)
+                std::reverse(square.begin(), square.end());
+            Request thirds;
+            thirds.line = plparcel::through_point({40, 30}, 10);
+            thirds.measured = measured;
+            thirds.amounts = plparcel::equal_parts(3);
+            thirds.rounding = {2, 1e-4};
+            const Division division = divide(square, thirds);
+            ASSERT_EQ(division.status, Status::divided) << describe(division);
+            ASSERT_EQ(division.lines.size(), 2U);
+            const PL_PNT2D_record& point = division.lines[1].from;
+            EXPECT_NEAR(point.x, 40, 0.01);
+            EXPECT_NEAR(point.y, 30, 0.01);
+            EXPECT_EQ(division.lines[0].segments.size(), 2U);
+            for (const plparcel::Piece& piece : division.pieces) {
+                const auto is_point = [&](const PL_PNT2D_record& p) {
+                    return p.x == point.x && p.y == point.y;
+                };
+                EXPECT_EQ(std::count_if(piece.ring.begin(), piece.ring.end(), is_point), 1);
+                EXPECT_NEAR(piece.area, 10000.0 / 3, 1.0);
+            }
+        }
+    }
 }
 
 //  3---------------------------2       A gap of a hundredth of a millimetre goes up to 8. To four decimals, the end
