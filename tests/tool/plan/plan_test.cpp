@@ -836,11 +836,9 @@ double parted_by(const std::vector<SheetPoint>& a, const std::vector<SheetPoint>
     double most = -INFINITY;
     for (std::size_t i = 0; i < a.size(); ++i) {
         const SheetPoint along = tool::direction(a[i], a[(i + 1) % a.size()]);
-        double far_a = -INFINITY;
-        double near_b = INFINITY;
         for (const double sign : {1.0, -1.0}) {
-            far_a = -INFINITY;
-            near_b = INFINITY;
+            double far_a = -INFINITY;
+            double near_b = INFINITY;
             for (const SheetPoint& p : a)
                 far_a = std::max(far_a, sign * (along.y * p.x - along.x * p.y));
             for (const SheetPoint& p : b)
@@ -858,7 +856,7 @@ double gap_between(const std::vector<SheetPoint>& a, const std::vector<SheetPoin
 
 const plparcel::Ring kFive = {{0, 0}, {79.2, 3}, {84, 55}, {40, 77}, {-3, 50}};
 const plparcel::Ring kTall = {{0, 0}, {0, 60}, {30, 60}, {30, 25}, {75, 25}, {75, 0}};
-const plparcel::Ring kFoot120 = {{0, 0}, {120, 0}, {120, 25}, {30, 25}, {30, 90}, {0, 90}};
+const plparcel::Ring kArms = {{0, 0}, {120, 0}, {120, 25}, {30, 25}, {30, 90}, {0, 90}};
 const plparcel::Ring kSkew = {{1000, 2000}, {1080, 2003}, {1085, 2055}, {998, 2050}};
 
 // Seen as on paper: no label touches another one, the boundary or a dividing line.
@@ -883,7 +881,7 @@ TEST_F(Plans, NoLabelTouchesAnotherOrALine)
         {"five corners", kFive, {}, Cut::parallel, 1, 2},
         {"bearings in quadrants", kFive, {}, Cut::perpendicular, 2, 4, tool::AngleUnit::quadrant},
         {"a narrow arm of a piece", kTall, {}, Cut::perpendicular, 2, 12},
-        {"short lines and long ones", kFoot120, {}, Cut::parallel, 6, 8},
+        {"short lines and long ones", kArms, {}, Cut::parallel, 6, 8},
         {"seconds", kSkew, {}, Cut::perpendicular, 1, 6, tool::AngleUnit::dms},
         {"a triangle", {{0, 0}, {50, 0}, {12, 40}}, {}, Cut::parallel, 2, 4},
         {"a small hole", block, one, Cut::parallel, 1, 3},
@@ -1026,6 +1024,24 @@ TEST_F(Plans, PdfHasItsTitleItsFontsAndItsSheets)
     EXPECT_EQ(divide("round.csv", "--parallel 1 --parts 3 --plan next.svg").status, 2);
     EXPECT_FALSE(std::filesystem::exists(path("next.svg")));
     EXPECT_EQ(content("next-2.svg"), "mine");
+}
+
+// They are named, and kept: nobody asked to delete them.
+TEST_F(Plans, SheetsOfAnEarlierRunAreNamed)
+{
+    write_wkt(kLot);
+    for (const char* old : {"plan-2.png", "plan-3.png", "plan-5.png"})
+        write(old, "old");
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 1000 --plan plan.png");
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (const char* old : {"plan-2.png", "plan-3.png"}) {
+        EXPECT_NE(run.out.find(std::string("Left     ") + old +
+                               ": from an earlier run with more sheets, not part of this plan\n"),
+                  std::string::npos)
+            << run.out;
+        EXPECT_EQ(content(old), "old");
+    }
+    EXPECT_EQ(run.out.find("plan-5.png"), std::string::npos) << "no sheets lie between";
 }
 
 TEST_F(Plans, TitleBlockFromAFile)

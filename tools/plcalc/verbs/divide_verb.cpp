@@ -392,7 +392,8 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
     if (given("--plan"))
         for (const std::string& sheet :
              PlanSheets(plan_of(answer, plan_wishes()), *paper_of(paper_)).left_over(plan_))
-            left_over += "Left     " + sheet + ": it is no sheet of this plan\n";
+            left_over +=
+                "Left     " + sheet + ": from an earlier run with more sheets, not part of this plan\n";
     if (!json_)
         return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file)) +
                 left_over + rows_left(requests)};
