@@ -103,7 +103,9 @@ void TurnedSteps::list_along(double along_x, double along_y)
     }
     least_gon_of_others_ =
         std::min(least_gon_of_others_, kGonPerRad * 0.49 * grid * std::fabs(across) / longest);
-    for (double row = first; row <= last; row += 1.0) {
+    const int rows = static_cast<int>(last - first);
+    for (int i = 0; i <= rows; ++i) {
+        const double row = first + i;
         const double direction = row * row_height * in_row / across;
         const double nearest = std::floor(direction / grid + 0.5) * grid;
         const double aside = std::fabs(direction - nearest) * across * across;

@@ -60,7 +60,7 @@ ParcelRequests::ParcelRequests(Asked common, const RequestColumns& columns, cons
 std::string ParcelRequests::text_in(const ReadParcel& read, const std::string& column) const
 {
     const int at = read.feature != nullptr ? read.feature->GetFieldIndex(column.c_str()) : -1;
-    const std::string text = at >= 0 ? cell_text(*read.feature, at) : "";
+    std::string text = at >= 0 ? cell_text(*read.feature, at) : "";
     if (text.empty())
         throw Failure(ExitStatus::unusable_input, read.parcel.place, "the column '" + column + "' is empty",
                       "fill it in, or leave the parcel out with --where");
