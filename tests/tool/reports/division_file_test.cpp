@@ -114,6 +114,12 @@ TEST_F(DivisionFiles, PointsForAController)
                                      "2,80.0000,0.0000,CORNER\n"
                                      "3,80.0000,50.0000,CORNER\n"
                                      "4,0.0000,50.0000,CORNER\n");
+    // And in again, to be set out.
+    const test::Result run = this->run({"stakeout", "lot.csv", "--station", "0,0", "--orientation", "80,0",
+                                        "--points-from", "points.csv", "--csv"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("\nP2,80.0000,12.5000,"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("\n4,0.0000,50.0000,"), std::string::npos) << run.out;
 }
 
 TEST_F(DivisionFiles, RefusedWishes)

@@ -1,5 +1,6 @@
 // Divisions written by the program and read back through GDAL.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -489,6 +490,36 @@ TEST_F(Writer, HeightsInDrawings)
         EXPECT_EQ(again.status, 0) << again.err;
         EXPECT_NE(again.out.find("\"z\""), std::string::npos) << again.out;
     }
+}
+
+// Two lots share each dividing line; it is drawn once all the same, and each lot can be cut again.
+TEST_F(Writer, LotsSideBySideShareTheirLineInDrawings)
+{
+    write_wkt("POLYGON ((0 0, 0 60, 30 60, 30 25, 75 25, 75 0, 0 0))");
+    ASSERT_EQ(divide("lot.csv", "--perpendicular 2 --parts 12 -o out.dxf").status, 0);
+    using Point = std::pair<double, double>;
+    std::multiset<std::pair<Point, Point>> lines;  // in either direction
+    std::vector<long long> pieces;
+    const GDALDatasetUniquePtr drawing = open("out.dxf");
+    ASSERT_NE(drawing, nullptr);
+    for (const OGRFeatureUniquePtr& entity : *drawing->GetLayer(0)) {
+        const std::string layer = entity->GetFieldAsString("Layer");
+        if (layer == "pieces")
+            pieces.push_back(entity->GetFID());
+        if (layer != "lines")
+            continue;
+        const OGRLineString& line = *entity->GetGeometryRef()->toLineString();
+        const Point from(line.getX(0), line.getY(0));
+        const Point to(line.getX(1), line.getY(1));
+        lines.insert(std::minmax(from, to));
+    }
+    EXPECT_EQ(lines.size(), 11u);
+    for (const auto& line : lines)
+        EXPECT_EQ(lines.count(line), 1u);
+    ASSERT_EQ(pieces.size(), 12u);
+    for (const long long piece : {pieces.front(), pieces.back()})
+        EXPECT_EQ(divide("out.dxf", "--feature " + std::to_string(piece) + " --parallel 1 --share 1/2").err,
+                  "");
 }
 
 // A .prj or an index beside the old Shapefile would be taken for the new one's.
