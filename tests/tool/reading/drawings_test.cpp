@@ -89,6 +89,23 @@ TEST_F(Drawings, LinesInAnyOrderAndDirectionAreJoined)
     EXPECT_NE(out_.find("joined from 4 lines; lines drawn twice: 1"), std::string::npos) << out_;
 }
 
+// A hole is a closed line of its own there: read back without it, the piece would be too large.
+TEST_F(Drawings, AHoleOnItsOwnLayerIsNotLost)
+{
+    write("pond.csv",
+          "lot;WKT\n1;\"POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0), (45 20, 45 26, 55 26, 55 20, 45 20))\"\n");
+    const test::Result written = divide("pond.csv", "--parallel 1 --area 1000 -o pieces.dxf");
+    ASSERT_EQ(written.status, 0) << written.err;
+    const test::Result all = divide("pieces.dxf", "--layer pieces --parallel 1 --share 1/2");
+    EXPECT_EQ(all.status, 3) << all.out;
+    EXPECT_NE(all.out.find("a hole is drawn in it, on the layer holes, which is not read"), std::string::npos)
+        << all.out << all.err;
+    EXPECT_NE(all.out.find("Divided  1 of 2"), std::string::npos) << "the piece without a hole: " << all.out;
+    const test::Result hole = divide("pieces.dxf", "--layer holes --parallel 1 --share 1/2");
+    ASSERT_EQ(hole.status, 0) << hole.err;
+    EXPECT_EQ(test::numbers_after(hole.out, "parcel").at(0), 60.0);
+}
+
 // The gap at kB, north of it. The vertex is the end of the line that comes first.
 TEST_F(Drawings, EndsAreJoinedWithinATolerance)
 {

@@ -235,37 +235,60 @@ DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset
     return drawn;
 }
 
-DrawnTexts::DrawnTexts(OGRLayer& entities, GDALDataset& dataset, const std::optional<std::string>& layer)
+DrawnMarks DrawnMarks::texts(OGRLayer& entities, GDALDataset& dataset,
+                             const std::optional<std::string>& layer)
 {
+    std::vector<Mark> texts;
     for (const OGRFeatureUniquePtr& feature : entities) {
         const OGRGeometry* const geometry = feature->GetGeometryRef();
         const std::string line = first_line(feature->GetFieldAsString("Text"));
         if (geometry == nullptr || wkbFlatten(geometry->getGeometryType()) != wkbPoint || line.empty() ||
             is_hidden(*feature, dataset) || (layer && *layer != feature->GetFieldAsString("Layer")))
             continue;
-        texts_.push_back({geometry->toPoint()->getX(), geometry->toPoint()->getY(), line});
+        texts.push_back({geometry->toPoint()->getX(), geometry->toPoint()->getY(), line});
     }
     entities.ResetReading();
-    CPLRectObj bounds = {0.0, 0.0, 0.0, 0.0};
-    if (!texts_.empty())
-        bounds_of(&texts_.front(), &bounds);
-    for (const Text& text : texts_) {
-        bounds = {std::min(bounds.minx, text.east), std::min(bounds.miny, text.north),
-                  std::max(bounds.maxx, text.east), std::max(bounds.maxy, text.north)};
-    }
-    by_place_.reset(CPLQuadTreeCreate(&bounds, bounds_of));
-    CPLQuadTreeSetMaxDepth(by_place_.get(), CPLQuadTreeGetAdvisedMaxDepth(static_cast<int>(texts_.size())));
-    for (Text& text : texts_)
-        CPLQuadTreeInsert(by_place_.get(), &text);
+    return DrawnMarks(std::move(texts));
 }
 
-void DrawnTexts::bounds_of(const void* text, CPLRectObj* bounds)
+DrawnMarks DrawnMarks::holes(OGRLayer& entities, GDALDataset& dataset)
 {
-    const Text& at = *static_cast<const Text*>(text);
+    std::vector<Mark> holes;
+    for (const OGRFeatureUniquePtr& feature : entities) {
+        const OGRGeometry* const geometry = feature->GetGeometryRef();
+        if (geometry == nullptr || wkbFlatten(geometry->getGeometryType()) != wkbLineString ||
+            !bounds_area(*geometry) || is_hidden(*feature, dataset) ||
+            !EQUAL(feature->GetFieldAsString("Layer"), kHolesLayer))
+            continue;
+        const OGRLineString& line = *geometry->toLineString();
+        holes.push_back({line.getX(0), line.getY(0), kHolesLayer});
+    }
+    entities.ResetReading();
+    return DrawnMarks(std::move(holes));
+}
+
+DrawnMarks::DrawnMarks(std::vector<Mark> marks) : marks_(std::move(marks))
+{
+    CPLRectObj bounds = {0.0, 0.0, 0.0, 0.0};
+    if (!marks_.empty())
+        bounds_of(&marks_.front(), &bounds);
+    for (const Mark& mark : marks_) {
+        bounds = {std::min(bounds.minx, mark.east), std::min(bounds.miny, mark.north),
+                  std::max(bounds.maxx, mark.east), std::max(bounds.maxy, mark.north)};
+    }
+    by_place_.reset(CPLQuadTreeCreate(&bounds, bounds_of));
+    CPLQuadTreeSetMaxDepth(by_place_.get(), CPLQuadTreeGetAdvisedMaxDepth(static_cast<int>(marks_.size())));
+    for (Mark& mark : marks_)
+        CPLQuadTreeInsert(by_place_.get(), &mark);
+}
+
+void DrawnMarks::bounds_of(const void* mark, CPLRectObj* bounds)
+{
+    const Mark& at = *static_cast<const Mark*>(mark);
     *bounds = {at.east, at.north, at.east, at.north};
 }
 
-std::optional<std::string> DrawnTexts::inside(const plparcel::Ring& ring) const
+std::optional<std::string> DrawnMarks::inside(const plparcel::Ring& ring) const
 {
     OGRLinearRing boundary;
     for (const PL_PNT2D_record& p : ring)
@@ -279,13 +302,13 @@ std::optional<std::string> DrawnTexts::inside(const plparcel::Ring& ring) const
                                                            &VSIFree);
     std::optional<std::string> name;
     for (int i = 0; i < count; ++i) {
-        const Text& text = *static_cast<const Text*>(found.get()[i]);
-        const OGRPoint at(text.east, text.north);
+        const Mark& mark = *static_cast<const Mark*>(found.get()[i]);
+        const OGRPoint at(mark.east, mark.north);
         if (!boundary.isPointInRing(&at, TRUE))
             continue;
-        if (name && *name != text.line)
+        if (name && *name != mark.line)
             return std::nullopt;
-        name = text.line;
+        name = mark.line;
     }
     return name;
 }

@@ -67,31 +67,39 @@ struct DrawnLines {
 /// @throws Failure        as with_chords(); unusable_input when the two do not say the same
 DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset, const Source& source);
 
-/// The texts of a drawing by their place.
-class DrawnTexts {
+/// The layer on which drawings of ours have the holes of pieces.
+constexpr const char* kHolesLayer = "holes";
+
+/// What stands at places of a drawing: its texts, or its holes.
+class DrawnMarks {
 public:
-    /// Reads all that are shown in model space.
+    /// All texts that are shown in model space.
     ///
     /// @param[in] layer  of the drawing, only those on it; any where there is none
-    DrawnTexts(OGRLayer& entities, GDALDataset& dataset, const std::optional<std::string>& layer);
+    static DrawnMarks texts(OGRLayer& entities, GDALDataset& dataset,
+                            const std::optional<std::string>& layer);
 
-    /// The first line of the only text inside the ring; nothing where there is none, or where several differ.
+    /// The first vertex of each closed line that is shown on the layer of holes, with the name of that layer.
+    static DrawnMarks holes(OGRLayer& entities, GDALDataset& dataset);
+
+    /// The first line of the only mark inside the ring; nothing where there is none, or where several differ.
     std::optional<std::string> inside(const plparcel::Ring& ring) const;
 
 private:
-    struct Text {
+    struct Mark {
         double east;
         double north;
         std::string line;
     };
 
-    static void bounds_of(const void* text, CPLRectObj* bounds);
+    explicit DrawnMarks(std::vector<Mark> marks);
+    static void bounds_of(const void* mark, CPLRectObj* bounds);
 
     struct Release {
         void operator()(CPLQuadTree* tree) const { CPLQuadTreeDestroy(tree); }
     };
 
-    std::vector<Text> texts_;
+    std::vector<Mark> marks_;
     std::unique_ptr<CPLQuadTree, Release> by_place_;
 };
 

@@ -227,7 +227,9 @@ void ParcelFile::open_drawing()
 {
     OGRLayer* const entities = dataset_->GetLayer(0);
     if (entities != nullptr)
-        texts_.emplace(*entities, *dataset_, source_.name_layer);
+        texts_ = DrawnMarks::texts(*entities, *dataset_, source_.name_layer);
+    if (entities != nullptr && source_.layer && !EQUAL(source_.layer->c_str(), kHolesLayer))
+        holes_ = DrawnMarks::holes(*entities, *dataset_);
     if (!source_.feature)
         choice_ = choose_layer(*dataset_, source_, messages_, true);
     else if (entities != nullptr)
@@ -310,6 +312,7 @@ void ParcelFile::complete_loop(const DrawnLoop& loop, Parcel& parcel)
         (joined.repeated > 0 ? "; lines drawn twice: " + std::to_string(joined.repeated) : ""));
     if (loop.has_arcs)
         read.assumed.push_back(words_of_arcs());
+    require_no_drawn_hole(read);
     complete_from_source(read);
     parcel = std::move(read);
 }
@@ -356,6 +359,16 @@ std::string ParcelFile::words_of_arcs() const
     return "arcs are chords that stay within " + shortest(*source_.arcs) + " of them";
 }
 
+// A drawing has no polygons with holes: they are closed lines of their own, and would be lost without a word.
+void ParcelFile::require_no_drawn_hole(const Parcel& parcel) const
+{
+    if (!holes_ || !holes_->inside(parcel.ring))
+        return;
+    throw Failure(ExitStatus::unusable_input, parcel.place,
+                  std::string("a hole is drawn in it, on the layer ") + kHolesLayer + ", which is not read",
+                  "take the parcels from a format that keeps their holes, such as GeoPackage");
+}
+
 // What the command line says of all parcels, and what must be said of their heights.
 void ParcelFile::complete_from_source(Parcel& parcel) const
 {
@@ -394,6 +407,7 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     read.crs = crs_name(crs);
     if (boundary.had_arcs || has_arcs_)
         read.assumed.push_back(words_of_arcs());
+    require_no_drawn_hole(read);
     complete_from_source(read);
     parcel = std::move(read);
 }

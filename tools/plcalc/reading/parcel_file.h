@@ -94,6 +94,7 @@ private:
     ReadParcel next_part();
     void complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel);
     void complete_from_source(Parcel& parcel) const;
+    void require_no_drawn_hole(const Parcel& parcel) const;
     void take_crs_of_file();
     void require_whole_table() const;
     void require_no_axes() const;
@@ -122,7 +123,8 @@ private:
     std::vector<DrawnLoop> loops_;  // of a drawing: joined lines, which come after closed boundaries
     std::size_t next_loop_ = 0;
     bool only_loops_ = false;
-    std::optional<DrawnTexts> texts_;         // of a drawing
+    std::optional<DrawnMarks> texts_;         // of a drawing
+    std::optional<DrawnMarks> holes_;         // of a drawing, where they are on a layer that is not read
     std::optional<OGRSpatialReference> crs_;  // where the file does not state it
     std::vector<std::string> assumed_;        // of a table
     PlaneCheck plane_;

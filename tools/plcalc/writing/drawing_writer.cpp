@@ -16,6 +16,7 @@
 #include "plparcel/extent.h"
 #include "reading/boundary.h"
 #include "reading/crs.h"
+#include "reading/drawing.h"
 #include "text/numbers.h"
 #include "writing/with_heights.h"
 
@@ -23,15 +24,14 @@ namespace tool {
 namespace {
 
 constexpr const char* kPieces = "pieces";
-constexpr const char* kHoles = "holes";
 constexpr const char* kLines = "lines";
 constexpr const char* kPoints = "points";
 constexpr const char* kLabels = "labels";
 constexpr const char* kUndivided = "undivided";
 
 // Layers with the number that DXF gives to their colour.
-const std::pair<const char*, int> kLayers[] = {{kPieces, 3}, {kHoles, 8},  {kLines, 1},
-                                               {kPoints, 5}, {kLabels, 7}, {kUndivided, 6}};
+const std::pair<const char*, int> kLayers[] = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
+                                               {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
 
 // A circle with a cross, one percent of the screen high.
 constexpr const char* kPointMode = "34";
@@ -296,7 +296,7 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         const plparcel::Held& held = division.held[piece.amount];
         draw(kPieces, open_polygon(piece.ring, heights));
         for (const plparcel::Ring& hole : piece.holes)
-            draw(kHoles, open_polygon(hole, heights));
+            draw(kHolesLayer, open_polygon(hole, heights));
         draw_label(piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
                        (is_rest           ? "rest"
                         : held.pieces > 1 ? "of " + fixed(held.area, decimals)
