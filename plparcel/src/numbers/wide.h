@@ -154,10 +154,14 @@ inline Wide dot(const WidePoint& a, const WidePoint& b)
     return a.x * b.x + a.y * b.y;
 }
 
-/// The same direction, the longer component 1 to 2; exact.
+/// The same direction, the longer component 1 to 2; exact. Where there is none, as between vertices that lie nearer to each
+/// other than the least double, the same vector.
 inline WidePoint about_unit(const WidePoint& v)
 {
-    const int exponent = std::ilogb(std::fmax(std::fabs(v.x.value()), std::fabs(v.y.value())));
+    const double longer = std::fmax(std::fabs(v.x.value()), std::fabs(v.y.value()));
+    if (!(longer > 0.0))
+        return v;
+    const int exponent = std::ilogb(longer);
     return {scaled(v.x, -exponent), scaled(v.y, -exponent)};
 }
 

@@ -87,4 +87,15 @@ TEST(Wide, OrderLooksAtBothParts)
     EXPECT_BITS(plparcel::scaled(more, 3).lo, 0x1p-77);
 }
 
+TEST(Wide, ADirectionIsAboutOneLong)
+{
+    const plparcel::WidePoint unit = plparcel::about_unit({Wide(-12.0), Wide(3.0)});
+    EXPECT_BITS(unit.x.value(), -1.5);
+    EXPECT_BITS(unit.y.value(), 0.375);
+    const plparcel::WidePoint none = plparcel::about_unit({Wide(0.0), Wide(0.0)});
+    EXPECT_BITS(none.x.value(), 0.0);
+    EXPECT_BITS(none.y.value(), 0.0);
+    EXPECT_BITS(plparcel::about_unit({Wide(0x1p-1074), Wide(0.0)}).x.value(), 1.0);
+}
+
 }  // namespace
