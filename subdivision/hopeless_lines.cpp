@@ -22,6 +22,9 @@ constexpr double kWider = 2.0;
 // What a line or a strip costs without any crossing, in crossings.
 constexpr std::int64_t kWorkOfLine = 8;
 
+// What a bearing of a turned step costs, in crossings.
+constexpr std::int64_t kWorkOfBearing = 3;
+
 }  // namespace
 
 bool HopelessLines::up_to(std::int32_t at)
@@ -29,16 +32,32 @@ bool HopelessLines::up_to(std::int32_t at)
     // Nothing divided by these is ever below the tolerance.
     if (std::isnan(requested_) || (requested_ == 0.0 && !std::signbit(requested_)))
         return true;
-    if (!begun_ && work_left_ > 0) {
-        begun_ = true;
-        measure_parcel();
-        usable_ = none_near_base();
-    }
-    if (!usable_)
+    if (!begin())
         return false;
     const double off = trials_.constant(at) - trials_.base_constant();
     const bool along_normal = std::signbit(off);
     return extend(!along_normal, room_) && extend(along_normal, std::fabs(off) + room_);
+}
+
+// Starts with the lines near the base line, as soon as the work that is left pays for listing the turned steps.
+bool HopelessLines::begin()
+{
+    if (begun_)
+        return usable_;
+    if (work_left_ <= 0)
+        return false;
+    if (!steps_) {
+        measure_parcel();
+        steps_ = trials_.turned_steps();
+    }
+    const std::int64_t listing = kWorkOfBearing * static_cast<std::int64_t>(steps_->to_list());
+    if (work_left_ <= listing)
+        return false;
+    begun_ = true;
+    work_left_ -= listing;
+    steps_->list();
+    usable_ = none_near_base();
+    return usable_;
 }
 
 // Goes on from what is proved, towards the vertex.
@@ -66,7 +85,7 @@ bool HopelessLines::extend(bool along_normal, double wanted)
 // Lines this near to the base line may face either way or none.
 bool HopelessLines::none_near_base()
 {
-    const double half = trials_.few_bearings_from(farthest_);
+    const double half = trials_.few_bearings_from(farthest_, *steps_);
     if (!(half < farthest_))
         return false;
     const double low = trials_.base_constant() - half;

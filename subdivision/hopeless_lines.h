@@ -5,9 +5,11 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "subdivision/parallel_trials.h"
 #include "subdivision/partial_polygon.h"
+#include "subdivision/turned_steps.h"
 
 namespace plcalc {
 
@@ -49,6 +51,7 @@ private:
     // Whether none of these lines meets the request.
     bool none_in(const Strip& strip);
     double doubtful_at(const Strip& strip, std::int32_t at);
+    bool begin();
     bool none_near_base();
     bool extend(bool along_normal, double wanted);
     void measure_parcel();
@@ -59,6 +62,7 @@ private:
     double requested_;
 
     std::int64_t work_left_ = 0;
+    std::optional<TurnedSteps> steps_;  // once the parcel is measured
     bool begun_ = false;
     bool usable_ = false;
     double room_ = 0.0;        // constants: how far a bisection may stray from its strip

@@ -431,18 +431,15 @@ TrialLine ParallelTrials::any_line_between(double low, double high, bool drops_b
 
 // A bearing near the base line is that of its normal, or its smaller step counts as zero, or both: then it lies on
 // an axis. On the way of the seam all bearings must lie on one side of the jump.
-double ParallelTrials::few_bearings_from(double farthest) noexcept
+double ParallelTrials::few_bearings_from(double farthest, const TurnedSteps& steps) noexcept
 {
     const bool jumps = seam_way_ != BaseOffset::Facing::kUnclear &&
                        !(seen_past_0_ > farthest || seen_below_400_ < near_base_);
-    if (!tells_ || jumps)
+    if (!tells_ || jumps || !steps.few())
         return HUGE_VAL;
     double from = near_base_;
     for (const double axis_gon : {0.0, 100.0, 200.0, 300.0})
         from = std::max(from, bearing_tells_from(axis_gon));
-    const TurnedSteps steps(points_, a_, b_);
-    if (!steps.listed())
-        return HUGE_VAL;
     from = std::max(from, turned_less_from(steps.foot_off(), steps.least_gon_of_others()));
     const double to = turned_less_from(steps.foot_off(), steps.least_gon());
     for (std::int32_t at = 2; at < last_ && from < to; ++at) {

@@ -107,7 +107,11 @@ public:
     /// they are, on their side. Infinite when that cannot be told.
     ///
     /// @param[in] farthest  of the vertices and lines that are asked about
-    double few_bearings_from(double farthest) noexcept;
+    /// @param[in] steps     turned_steps(), listed
+    double few_bearings_from(double farthest, const TurnedSteps& steps) noexcept;
+
+    /// The steps from the base line that rounding may have turned, not listed yet.
+    TurnedSteps turned_steps() const noexcept { return TurnedSteps(points_, a_, b_); }
 
     /// Position of the closing point.
     std::int32_t last() const noexcept { return last_; }

@@ -57,7 +57,8 @@ struct Extent {
 
 }  // namespace
 
-TurnedSteps::TurnedSteps(const std::vector<PL_PNT2D_record>& points, double normal_x, double normal_y)
+TurnedSteps::TurnedSteps(const std::vector<PL_PNT2D_record>& points, double normal_x,
+                         double normal_y) noexcept
     : least_gon_(HUGE_VAL), least_gon_of_others_(HUGE_VAL)
 {
     Extent x;
@@ -72,46 +73,67 @@ TurnedSteps::TurnedSteps(const std::vector<PL_PNT2D_record>& points, double norm
     grid_x_ = x.grid();
     grid_y_ = y.grid();
     foot_off_ = kOfFoot * (x.greatest() + y.greatest());
-    listed_ = foot_off_ < kMostOff;
+    few_ = foot_off_ < kMostOff;
 
     const double length = std::sqrt(normal_x * normal_x + normal_y * normal_y);
     const double nx = normal_x / length;
     const double ny = normal_y / length;
-    list_along(nx * kCosGon - ny * kSinGon, ny * kCosGon + nx * kSinGon);
-    list_along(nx * kCosGon + ny * kSinGon, ny * kCosGon - nx * kSinGon);
+    rows_[0] = rows_along(nx * kCosGon - ny * kSinGon, ny * kCosGon + nx * kSinGon);
+    rows_[1] = rows_along(nx * kCosGon + ny * kSinGon, ny * kCosGon - nx * kSinGon);
+}
+
+TurnedSteps::Rows TurnedSteps::rows_along(double along_x, double along_y) noexcept
+{
+    Rows rows;
+    rows.level = grid_x_ <= grid_y_;
+    rows.in_row = rows.level ? along_x : along_y;
+    rows.across = rows.level ? along_y : along_x;
+    rows.grid = rows.level ? grid_x_ : grid_y_;
+    rows.height = std::copysign(rows.level ? grid_y_ : grid_x_, rows.across);
+    const double longest = kLongest * foot_off_;
+    const double shortest = kLeast / std::min(std::fabs(rows.in_row), std::fabs(rows.across));
+    if (!few_ || longest < shortest)
+        return rows;  // all that are so short count as level or upright
+    rows.first = std::max(std::floor(shortest * rows.across / rows.height), 1.0);
+    const double more = std::ceil(longest * rows.across / rows.height) - rows.first;
+    if (rows.grid > 0.0 && more < kMostRows)
+        rows.count = static_cast<int>(more) + 1;
+    else
+        few_ = false;
+    return rows;
+}
+
+std::size_t TurnedSteps::to_list() const noexcept
+{
+    return few_ ? 2 * static_cast<std::size_t>(rows_[0].count + rows_[1].count) : 0;
+}
+
+void TurnedSteps::list()
+{
+    if (!few_)
+        return;
+    bearings_.reserve(to_list());
+    for (const Rows& rows : rows_)
+        list_in(rows);
     std::sort(bearings_.begin(), bearings_.end());
 }
 
-// Steps lie in rows along the axis on which coordinates are finer. Of each row, the nearest to the direction is listed,
-// and its opposite.
-void TurnedSteps::list_along(double along_x, double along_y)
+// Of each row, the nearest step to the direction is listed, and its opposite.
+void TurnedSteps::list_in(const Rows& rows)
 {
-    const bool level_rows = grid_x_ <= grid_y_;
-    const double in_row = level_rows ? along_x : along_y;
-    const double across = level_rows ? along_y : along_x;
-    const double grid = level_rows ? grid_x_ : grid_y_;
-    const double row_height = std::copysign(level_rows ? grid_y_ : grid_x_, across);
-    const double longest = kLongest * foot_off_;
-    const double shortest = kLeast / std::min(std::fabs(in_row), std::fabs(across));
-    if (!listed_ || longest < shortest)
-        return;  // all that are so short count as level or upright
-    const double first = std::max(std::floor(shortest * across / row_height), 1.0);
-    const double last = std::ceil(longest * across / row_height);
-    if (!(grid > 0.0) || !(last - first < kMostRows)) {
-        listed_ = false;
+    if (rows.count == 0)
         return;
-    }
     least_gon_of_others_ =
-        std::min(least_gon_of_others_, kGonPerRad * 0.49 * grid * std::fabs(across) / longest);
-    const int rows = static_cast<int>(last - first);
-    for (int i = 0; i <= rows; ++i) {
-        const double row = first + i;
-        const double direction = row * row_height * in_row / across;
-        const double nearest = std::floor(direction / grid + 0.5) * grid;
-        const double aside = std::fabs(direction - nearest) * across * across;
-        least_gon_ = std::min(least_gon_, kGonPerRad * aside / std::fabs(row * row_height));
-        const PL_PNT2D_record step = level_rows ? PL_PNT2D_record{nearest, row * row_height}
-                                                : PL_PNT2D_record{row * row_height, nearest};
+        std::min(least_gon_of_others_,
+                 kGonPerRad * 0.49 * rows.grid * std::fabs(rows.across) / (kLongest * foot_off_));
+    for (int i = 0; i < rows.count; ++i) {
+        const double aside = (rows.first + i) * rows.height;
+        const double direction = aside * rows.in_row / rows.across;
+        const double nearest = std::floor(direction / rows.grid + 0.5) * rows.grid;
+        const double off = std::fabs(direction - nearest) * rows.across * rows.across;
+        least_gon_ = std::min(least_gon_, kGonPerRad * off / std::fabs(aside));
+        const PL_PNT2D_record step =
+            rows.level ? PL_PNT2D_record{nearest, aside} : PL_PNT2D_record{aside, nearest};
         bearings_.push_back(direction_gon({0.0, 0.0}, step));
         bearings_.push_back(direction_gon(step, {0.0, 0.0}));
     }

@@ -2,6 +2,8 @@
 
 // Steps so short that rounding may turn them: internal, not installed; for subdivision/.
 
+#include <array>
+#include <cstddef>
 #include <vector>
 
 #include "plcalc/kernel.h"
@@ -17,13 +19,19 @@ class TurnedSteps {
 public:
     /// @param[in] points              of the parcel; the base line runs through one of them
     /// @param[in] normal_x, normal_y  of the base line
-    TurnedSteps(const std::vector<PL_PNT2D_record>& points, double normal_x, double normal_y);
+    TurnedSteps(const std::vector<PL_PNT2D_record>& points, double normal_x, double normal_y) noexcept;
 
-    /// Whether they could be listed.
-    bool listed() const noexcept { return listed_; }
+    /// Whether they are few enough to be listed.
+    bool few() const noexcept { return few_; }
 
     /// What the foot of a vertex, or of a point between it and the base line, may be off on either axis.
     double foot_off() const noexcept { return foot_off_; }
+
+    /// How many bearings list() computes and keeps: 8 bytes for each, 16,384 at most.
+    std::size_t to_list() const noexcept;
+
+    /// Lists them, when they are few. What follows tells of listed steps.
+    void list();
 
     /// The least angle in gons between a listed step and a direction a gon from the normal or its opposite; infinite
     /// when none is listed.
@@ -36,12 +44,25 @@ public:
     bool between(double gon1, double gon2) const noexcept;
 
 private:
-    void list_along(double along_x, double along_y);
+    // Steps in rows along the axis on which coordinates are finer, beside one direction.
+    struct Rows {
+        bool level = true;    // along x
+        double in_row = 0.0;  // the direction: along the rows, and across
+        double across = 0.0;
+        double grid = 0.0;    // in a row, steps are multiples of this
+        double height = 0.0;  // from row to row
+        double first = 0.0;   // times the height; the row that is listed first
+        int count = 0;
+    };
+
+    Rows rows_along(double along_x, double along_y) noexcept;
+    void list_in(const Rows& rows);
 
     double grid_x_ = 0.0;  // steps are multiples of these; 0 when there is no such number
     double grid_y_ = 0.0;
     double foot_off_ = 0.0;
-    bool listed_ = true;
+    bool few_ = true;
+    std::array<Rows, 2> rows_;  // on either side of the normal
     double least_gon_ = 0.0;
     double least_gon_of_others_ = 0.0;
     std::vector<double> bearings_;  // in order

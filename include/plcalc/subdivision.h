@@ -103,15 +103,17 @@ public:
     ///             has done, except in a second call.
     ///
     /// Memory, for n vertices: the object keeps 52 bytes per vertex. While a search runs, it takes up to 200
-    /// more per vertex in modes 0 and 1, and up to 60 more in mode 2, on 64-bit machines. std::bad_alloc is the only
+    /// more per vertex in modes 0 and 1, and up to 60 more in mode 2, on 64-bit machines; and in mode 0, where
+    /// coordinates exceed 1e6, as a rule 16 and at most 131 kilobytes of directions. std::bad_alloc is the only
     /// exception that may be thrown; after it the object can only be destroyed.
     ///
     /// Time, for n vertices: mode 2 turns at most 49 rays. Each compares every direction once and meets only
     /// the sides near it. Mode 0 tries a line through each vertex until one cuts off more than the request, and
     /// bisects from there. A line meets only the sides near it, and finds each of them in a logarithmic number
     /// of steps. A bisection that cannot succeed, since too much lies behind the base line, is as a rule recognised
-    /// by its first line. It is run, 30 lines for a vertex, where coordinates exceed 3e4, where the lines run within
-    /// 1.4 gon of an axis but not along the x axis, and where the request comes near to what such a line cuts off.
+    /// by its first line. It is run, 30 lines for a vertex, where the request comes near to what such a line cuts
+    /// off; where both coordinates together exceed 3e7, or exceed 1e6 with one of them near 0; and where an upright
+    /// base side leans to the right, but by so little that bearings jump from 400 to 0 within the parcel.
     bool Esegui(double& x1, double& y1, double& z1, double& x2, double& y2, double& z2);
 
 private:

@@ -12,6 +12,7 @@ namespace {
 
 using plcalc::ParallelTrials;
 using plcalc::TrialLine;
+using plcalc::TurnedSteps;
 using Ring = std::vector<PL_PNT2D_record>;
 
 // Trials over a ring whose first side is the base side.
@@ -329,7 +330,9 @@ TEST(ParallelTrials, FewBearingsNearTheBaseLine)
             ring.push_back(
                 at(100.0 * unit(random), (k % 2 == 0 ? 1.0 : -1.0) * 2.6e-4 * std::pow(1.4, k / 2)));
         ParallelTrials trials = trials_on(ring);
-        const double from = trials.few_bearings_from(100.0);
+        TurnedSteps steps = trials.turned_steps();
+        steps.list();
+        const double from = trials.few_bearings_from(100.0, steps);
         if (!(from < 1.0))
             continue;
         ++told;

@@ -28,7 +28,7 @@ TEST(TurnedSteps, AreListedWhereTheyAreFew)
     const struct {
         const char* what;
         PL_PNT2D_record place;
-        bool listed;
+        bool few;
         bool any;
     } kRows[] = {
         {"local coordinates: rounding turns no step that counts", {1000, 1000}, true, false},
@@ -41,16 +41,20 @@ TEST(TurnedSteps, AreListedWhereTheyAreFew)
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.what);
-        const TurnedSteps steps(parcel_at(row.place), 3.0, 4.0);
-        EXPECT_EQ(steps.listed(), row.listed);
+        TurnedSteps steps(parcel_at(row.place), 3.0, 4.0);
+        EXPECT_EQ(steps.few(), row.few);
+        EXPECT_EQ(steps.to_list() > 0, row.any);
+        EXPECT_FALSE(steps.between(0.0, 400.0)) << "not listed yet";
+        steps.list();
         EXPECT_EQ(std::isfinite(steps.least_gon()), row.any);
         EXPECT_EQ(steps.between(0.0, 400.0), row.any);
     }
     const Ring wide = {{1000000, 1000000}, {1494900, 1494900}};
-    EXPECT_FALSE(TurnedSteps(wide, 3.0, 4.0).listed())
+    EXPECT_FALSE(TurnedSteps(wide, 3.0, 4.0).few())
         << "feet beyond the parcel have finer coordinates: too many";
-    const TurnedSteps beside_axis(parcel_at({500000, 5000000}), 1e-6, 4.0);
-    EXPECT_TRUE(beside_axis.listed());
+    TurnedSteps beside_axis(parcel_at({500000, 5000000}), 1e-6, 4.0);
+    beside_axis.list();
+    EXPECT_TRUE(beside_axis.few());
     EXPECT_FALSE(beside_axis.between(0.0, 400.0)) << "as short as that, they count as level or upright";
 }
 
@@ -104,7 +108,8 @@ TEST(TurnedSteps, NoneIsLeftOut)
         const auto& row = kPlaces[i % 3];
         const double nx = unit(random);
         const double ny = unit(random);
-        const TurnedSteps steps(parcel_at(row.place), nx, ny);
+        TurnedSteps steps(parcel_at(row.place), nx, ny);
+        steps.list();
         const double longest = 100.0 * steps.foot_off();
         const double normal = std::atan2(ny, nx) * kGonPerRad;
         for (double sx = std::ceil(1e-7 / row.grid_x) * row.grid_x; sx < longest; sx += row.grid_x)
