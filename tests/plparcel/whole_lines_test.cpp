@@ -45,6 +45,20 @@ const Parcel kU = {{{0, 0}, {100, 0}, {100, 60}, {60, 60}, {60, 20}, {30, 20}, {
 // A square with a square hole in the middle, and one on its tip beside it.
 const Parcel kHoles = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
                        {{{40, 40}, {60, 40}, {60, 60}, {40, 60}}, {{20, 70}, {30, 80}, {20, 90}, {10, 80}}}};
+// A T, a few degrees off the axes, with a square hole that is turned by as much again. Vertices of its bar lie on one straight
+// line with each other, but for rounding.
+const Parcel kTee = {{{21.509318670344541, 2.723966366175262},
+                      {65.974814828451329, 8.3551310648959607},
+                      {56.625904097609194, 82.177151273110582},
+                      {89.858707855863187, 86.385794098045622},
+                      {86.643844696874325, 111.77139247653632},
+                      {-12.563773889830996, 99.207618586705323},
+                      {-9.3489107308421335, 73.822020208214624},
+                      {12.160407939502408, 76.545986574389886}},
+                     {{{50.782511425367602, 67.99401865744322},
+                       {53.776399350241959, 88.787546868333976},
+                       {32.982871139351211, 91.781434793208334},
+                       {29.988983214476846, 70.987906582317578}}}};
 
 Division cut(const Parcel& parcel, const Line& line, std::vector<Amount> amounts, Measured measured = kHere,
              Pieces pieces = Pieces::any)
@@ -287,6 +301,30 @@ TEST(WholeLines, WhereMovingToTheCornersWouldMissTheAmount)
     EXPECT_EQ(division.pieces[0].area, 300);
 }
 
+// 64 by 65 less a hole of 64, which leaves 4096. Areas are multiples of a half there, so that an amount of a quarter more
+// than a whole number is missed by a quarter at the least: half of 2^-13 of the parcel, which the line may use up before
+// it is rounded.
+TEST(WholeLines, AMissAsLargeAsTheToleranceIsGranted)
+{
+    const Parcel parcel = {
+        moved({{0, 0}, {64, 0}, {64, 65}, {0, 65}}, kWholeNumbers, kWholeNumbers, 1.0),
+        {moved({{28, 40}, {36, 40}, {36, 48}, {28, 48}}, kWholeNumbers, kWholeNumbers, 1.0)}};
+    Request request;
+    request.line = parallel_to(0);
+    request.rounding.decimals = 0;
+    const struct {
+        double tolerance;
+        Status status;
+    } rows[] = {{0x1p-13, Status::divided}, {std::nextafter(0x1p-13, 0.0), Status::not_reached}};
+    for (const auto& row : rows) {
+        request.rounding.tolerance = row.tolerance;
+        for (const double asked : {640.25, 4096 - 640.25}) {
+            request.amounts = {area(asked)};
+            EXPECT_EQ(divide(parcel, request).status, row.status) << row.tolerance << " " << asked;
+        }
+    }
+}
+
 // 4755 in two arms. Above its floor the left one holds 1173 1/3 less the hole's 15, from where its wall is a third of a
 // spacing inside: a millionth off, the line at the floor is tried. Areas are multiples of a half there.
 TEST(WholeLines, ALineBesideTheAmountThatDoublesDoNotHold)
@@ -501,26 +539,14 @@ TEST(WholeLines, ABayOfAHoleIsCutOff)
 // Two vertices on one line of the direction, levels apart by a rounding in 106 bits: the arm beyond them is found.
 TEST(WholeLines, ALineThroughTwoVerticesDoesNotConfuseTheSides)
 {
-    const Parcel t = {{{21.509318670344541, 2.723966366175262},
-                       {65.974814828451329, 8.3551310648959607},
-                       {56.625904097609194, 82.177151273110582},
-                       {89.858707855863187, 86.385794098045622},
-                       {86.643844696874325, 111.77139247653632},
-                       {-12.563773889830996, 99.207618586705323},
-                       {-9.3489107308421335, 73.822020208214624},
-                       {12.160407939502408, 76.545986574389886}},
-                      {{{50.782511425367602, 67.99401865744322},
-                        {53.776399350241959, 88.787546868333976},
-                        {32.982871139351211, 91.781434793208334},
-                        {29.988983214476846, 70.987906582317578}}}};
     Request request;
-    request.line = plparcel::along_segment(t.outer[0], t.outer[2]);
+    request.line = plparcel::along_segment(kTee.outer[0], kTee.outer[2]);
     request.measured = Measured::opposite;
     request.amounts = {share(10, 11)};
-    const Division division = divide(t, request);
+    const Division division = divide(kTee, request);
     EXPECT_EQ(division.status, Status::divided) << describe(division);
     request.alternative = 1;
-    EXPECT_EQ(divide(t, request).status, Status::divided) << "in the stem and in the arm";
+    EXPECT_EQ(divide(kTee, request).status, Status::divided) << "in the stem and in the arm";
 }
 
 // Strips and shares one after another, through holes and past them.
@@ -717,20 +743,8 @@ TEST(WholeLines, AlongAnArmsEndItDoesNotMeetTheParcelAgain)
 // lie where those do whose direction differs by a billionth.
 TEST(WholeLines, VerticesOnOneLineOfTheDirectionChangeNothing)
 {
-    const Parcel t = {{{21.509318670344541, 2.723966366175262},
-                       {65.974814828451329, 8.3551310648959607},
-                       {56.625904097609194, 82.177151273110582},
-                       {89.858707855863187, 86.385794098045622},
-                       {86.643844696874325, 111.77139247653632},
-                       {-12.563773889830996, 99.207618586705323},
-                       {-9.3489107308421335, 73.822020208214624},
-                       {12.160407939502408, 76.545986574389886}},
-                      {{{50.782511425367602, 67.99401865744322},
-                        {53.776399350241959, 88.787546868333976},
-                        {32.982871139351211, 91.781434793208334},
-                        {29.988983214476846, 70.987906582317578}}}};
-    Ring all = t.outer;
-    all.insert(all.end(), t.holes[0].begin(), t.holes[0].end());
+    Ring all = kTee.outer;
+    all.insert(all.end(), kTee.holes[0].begin(), kTee.holes[0].end());
     int compared = 0;
     for (const PL_PNT2D_record& a : all) {
         for (const PL_PNT2D_record& b : all) {
@@ -739,9 +753,9 @@ TEST(WholeLines, VerticesOnOneLineOfTheDirectionChangeNothing)
             const PL_PNT2D_record beside = {b.x - 1e-9 * (b.y - a.y), b.y + 1e-9 * (b.x - a.x)};
             for (const double part : {0.31, 0.83}) {
                 const Division one =
-                    cut(t, plparcel::along_segment(a, b), {share(part, 1)}, kHere, Pieces::two);
+                    cut(kTee, plparcel::along_segment(a, b), {share(part, 1)}, kHere, Pieces::two);
                 const Division other =
-                    cut(t, plparcel::along_segment(a, beside), {share(part, 1)}, kHere, Pieces::two);
+                    cut(kTee, plparcel::along_segment(a, beside), {share(part, 1)}, kHere, Pieces::two);
                 EXPECT_EQ(one.status, other.status) << a.x << " " << b.x << " " << part;
                 if (one.status != Status::divided || other.status != Status::divided)
                     continue;
@@ -884,6 +898,25 @@ TEST(WholeLines, WhatLiesBehindTheBaseGoesWithIt)
     };
     EXPECT_EQ(status(497), Status::base_reaches_behind);
     EXPECT_EQ(status(503), Status::divided);
+}
+
+//   9 --------- 8   5 ---- 4    Side 0 is the base; 1750 lie behind it, and 2999 above it in the left arm. With less than
+//   |           |   |      |    that no line leaves it: what lies behind the base decides what is told. The hole is a
+//   | []        |   |      |    thousandth above the base.
+//   0 ------ 1  7 --6      |
+//            2 ----------- 3
+TEST(WholeLines, WhetherTheBaseReachesBehindIsToldWhereNoLineLies)
+{
+    const Parcel parcel = {
+        {{0, 0}, {40, 0}, {40, -30}, {100, -30}, {100, 60}, {60, 60}, {60, -5}, {50, -5}, {50, 60}, {0, 60}},
+        {{{10, 0.001}, {11, 0.001}, {11, 1.001}, {10, 1.001}}}};
+    const auto status = [&](double asked) {
+        return cut(parcel, parallel_to(0), {area(asked)}, kHere, Pieces::two).status;
+    };
+    EXPECT_EQ(status(1749.999), Status::base_reaches_behind);
+    EXPECT_EQ(status(1750.001), Status::line_leaves_parcel);
+    EXPECT_EQ(status(2998.9), Status::line_leaves_parcel);
+    EXPECT_EQ(status(2999.1), Status::divided) << "from the lower part of the right side to the left arm";
 }
 
 TEST(CheckParcel, Rows)

@@ -262,11 +262,10 @@ private:
     std::size_t look_at_faces()
     {
         std::size_t first = kNone;
-        is_simple_ = true;
         got_.assign(asked_.size(), Wide());
         areas_.clear();
-        if (!find_faces(levels_, crossings_, rounded_, faces_)) {
-            is_simple_ = false;
+        is_simple_ = find_faces(levels_, crossings_, rounded_, faces_);
+        if (!is_simple_) {
             faulty_.assign(faulty_.size(), true);
             return 0;
         }

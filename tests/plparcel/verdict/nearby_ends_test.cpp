@@ -82,6 +82,40 @@ TEST(NearbyEnds, AnEndIsMovedToTheMiddleOfWhatHolds)
     EXPECT_EQ(level[0], 4.0 - 6.0 * kDouble);
 }
 
+// A line from the corner (0, 8) to the lower side, 2^-22 from the corner (0, 0): the triangle there, of 2^-20, may miss
+// what it should hold by a hundredth of that. The rest of 64 may miss by seven hundredths of the triangle.
+TEST(NearbyEnds, ATinyPieceIsHeldToAHundredthOfItself)
+{
+    const MeasuredRing square({{0, 0}, {8, 0}, {8, 8}, {0, 8}});
+    constexpr double kTriangle = 0x1p-20;
+    const struct {
+        const char* what;
+        double wanted;
+        bool held;
+    } rows[] = {
+        {"as much as it holds", kTriangle, true},
+        {"nearly a hundredth less", kTriangle / 1.0099, true},
+        {"more than a hundredth less", kTriangle / 1.0101, false},
+        {"nearly a hundredth more", kTriangle / 0.9901, true},
+        {"more than a hundredth more", kTriangle / 0.9899, false},
+    };
+    for (const auto& row : rows) {
+        for (const bool is_request : {true, false}) {
+            Chord chord;
+            chord.from_side = 3;
+            chord.to_side = 0;
+            chord.request_after_from = is_request;
+            chord.from_stays = true;
+            const Wide rest = Wide(64.0) - row.wanted;
+            const Target target =
+                is_request ? Target{row.wanted, rest, 64.0} : Target{rest, row.wanted, 64.0};
+            const auto take = [](const PL_PNT2D_record&, const PL_PNT2D_record&) { return true; };
+            EXPECT_EQ(offer_nearby_ends(square, chord, target, {0, 8}, {0x1p-22, 0}, take), row.held)
+                << row.what << (is_request ? ", the request" : ", the rest");
+        }
+    }
+}
+
 // From a line that ends on two sides, both ends may move: the start goes farther away offer by offer.
 TEST(NearbyEnds, TriesTheNearestStartsFirst)
 {
