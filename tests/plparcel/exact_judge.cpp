@@ -833,30 +833,6 @@ std::string objection_to_refusal(const Case& c, Status status)
     return "";
 }
 
-Number power_of_ten(int exponent)
-{
-    Number power = 1;
-    for (int i = 0; i < exponent; ++i)
-        power *= 10;
-    return power;
-}
-
-// Whether a double is the nearest one to a number of so many decimals.
-bool has_decimals(double value, int decimals)
-{
-    const Number power = power_of_ten(decimals);
-    const Number steps = Number(value) * power;
-    mpz_class whole;
-    const Number half_up = steps + Number(1) / 2;
-    mpz_fdiv_q(whole.get_mpz_t(), half_up.get_num_mpz_t(), half_up.get_den_mpz_t());
-    const Number decimal = Number(whole) / power;
-    const double infinity = std::numeric_limits<double>::infinity();
-    const Number off = abs(Number(value) - decimal);
-    const Number off_below = abs(Number(std::nextafter(value, -infinity)) - decimal);
-    const Number off_above = abs(Number(std::nextafter(value, infinity)) - decimal);
-    return off <= off_below && off <= off_above;
-}
-
 bool is_on_boundary(const Case& c, const Point& p)
 {
     const Number reach = c.spacing * Number(2.5) + c.rounding;
@@ -1133,13 +1109,39 @@ std::string objection_to_division(const Case& c, const Division& division)
     return "";
 }
 
+Number power_of_ten(int exponent)
+{
+    Number power = 1;
+    for (int i = 0; i < exponent; ++i)
+        power *= 10;
+    return power;
+}
+
 }  // namespace
+
+bool has_decimals(double value, int decimals)
+{
+    const Number power = power_of_ten(decimals);
+    const Number half_up = Number(value) * power + Number(1) / 2;
+    mpz_class whole;
+    mpz_fdiv_q(whole.get_mpz_t(), half_up.get_num_mpz_t(), half_up.get_den_mpz_t());
+    const Number decimal = Number(whole) / power;
+    const double infinity = std::numeric_limits<double>::infinity();
+    const Number off = abs(Number(value) - decimal);
+    return off <= abs(Number(std::nextafter(value, -infinity)) - decimal) &&
+           off <= abs(Number(std::nextafter(value, infinity)) - decimal);
+}
+
+Number most_rounding(int decimals)
+{
+    return Number(0.7072) / power_of_ten(decimals);
+}
 
 std::string exact_objection(const Ring& ring, const Request& request, const Division& division)
 {
     Case c = case_of(ring, request);
     if (division.decimals)
-        c.rounding = Number(0.7072) / power_of_ten(*division.decimals);
+        c.rounding = most_rounding(*division.decimals);
     return division.status == Status::divided ? objection_to_division(c, division)
                                               : objection_to_refusal(c, division.status);
 }

@@ -3,6 +3,8 @@
 // A judge of divisions that shares nothing with the search: rational numbers of any length, its own enumeration of
 // the lines that there are.
 
+#include <gmpxx.h>
+
 #include <string>
 
 #include "plparcel/division.h"
@@ -23,5 +25,11 @@ namespace plparcel_test {
 /// @return nothing where the answer is right, or what is wrong with it
 std::string exact_objection(const plparcel::Ring& ring, const plparcel::Request& request,
                             const plparcel::Division& division);
+
+/// Whether a double is the nearest one to a number of so many decimals.
+bool has_decimals(double value, int decimals);
+
+/// How far rounding to so many decimals takes a point at the most: half the diagonal of their grid, and a hair.
+mpq_class most_rounding(int decimals);
 
 }  // namespace plparcel_test

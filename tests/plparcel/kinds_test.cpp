@@ -38,6 +38,27 @@ int requests()
     return chosen != nullptr ? std::max(1, std::atoi(chosen)) : kDefaultRequests;
 }
 
+// A parcel of any kind.
+test::Ring any_ring(std::mt19937_64& random)
+{
+    const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
+    return kinds[random() % kinds.size()].make(random);
+}
+
+// Which part of it is asked for.
+double any_part(std::mt19937_64& random)
+{
+    return std::uniform_real_distribution<double>(0.05, 0.95)(random);
+}
+
+using Outcomes = std::map<std::string, int>;
+
+void print(const Outcomes& outcomes)
+{
+    for (const auto& [what, times] : outcomes)
+        std::printf("  %7d %s\n", times, what.c_str());
+}
+
 struct Tally {
     int requests = 0;
     int bare = 0;    // held by a bare call of CFrazArea on the parcel as it is
@@ -104,7 +125,7 @@ private:
     void judge(const test::ParcelKind& kind, bare_cut::Mode mode, Tally& tally)
     {
         const test::Ring ring = kind.make(random_);
-        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random_);
+        const double part = any_part(random_);
         const bare_cut::Request r = bare_cut::request_on(random_, ring, mode, part);
         const plparcel::Request request = as_request(r);
         const Division division = plparcel::divide(r.ring, request);
@@ -192,28 +213,26 @@ TEST(KindsOfStarts, WhatIsDividedFromAPlaceOrThroughAPointIsRightByGeos)
 {
     std::mt19937_64 random = test::random_source();
     witness::Geos geos;
-    std::map<std::string, int> tally;
+    Outcomes outcomes;
     const int count = requests();
     for (int i = 0; i < count; ++i) {
-        const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
-        const test::Ring ring = kinds[random() % kinds.size()].make(random);
+        const test::Ring ring = any_ring(random);
         plparcel::Request request;
         request.line = any_start(random, ring);
-        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random);
+        const double part = any_part(random);
         const double asked = part * plparcel::check_ring(ring).area;
         request.amounts = {plparcel::area(asked)};
         if (random() % 2 == 0)
             request.measured = plparcel::Measured::opposite;
         const Division division = plparcel::divide(ring, request);
-        ++tally[plparcel::describe(division)];
+        ++outcomes[plparcel::describe(division)];
         if (division.status != Status::divided)
             continue;
         EXPECT_EQ(plparcel_test::geos_objection(geos, ring, request, asked, division), "")
             << i << ": cut " << static_cast<int>(request.line.cut) << " side " << request.line.index;
     }
-    for (const auto& [what, times] : tally)
-        std::printf("  %7d %s\n", times, what.c_str());
-    EXPECT_GT(tally["divided as asked"], count / 2);
+    print(outcomes);
+    EXPECT_GT(outcomes["divided as asked"], count / 2);
 }
 
 // At a bearing, along a segment, along a side or across it.
@@ -271,14 +290,13 @@ TEST(KindsOfDirections, WhatIsDividedInADirectionOrByAWidthIsRightByGeos)
 {
     std::mt19937_64 random = test::random_source();
     witness::Geos geos;
-    std::map<std::string, int> tally;
+    Outcomes outcomes;
     const int count = requests();
     for (int i = 0; i < count; ++i) {
-        const std::vector<test::ParcelKind>& kinds = test::parcel_kinds();
-        const test::Ring ring = kinds[random() % kinds.size()].make(random);
+        const test::Ring ring = any_ring(random);
         plparcel::Request request;
         request.line = any_direction(random, ring);
-        const double part = std::uniform_real_distribution<double>(0.05, 0.95)(random);
+        const double part = any_part(random);
         const bool by_width = random() % 3 == 0;
         const plparcel::Extent extent = plparcel::extent_of(ring);
         const double width = part * extent.largest();
@@ -287,7 +305,7 @@ TEST(KindsOfDirections, WhatIsDividedInADirectionOrByAWidthIsRightByGeos)
         if (!by_width && random() % 2 == 0)
             request.measured = plparcel::Measured::opposite;
         const Division division = plparcel::divide(ring, request);
-        ++tally[std::string(by_width ? "width: " : "") + plparcel::describe(division)];
+        ++outcomes[std::string(by_width ? "width: " : "") + plparcel::describe(division)];
         if (division.status != Status::divided)
             continue;
         EXPECT_EQ(plparcel_test::geos_objection(geos, ring, request, division.pieces[0].asked, division), "")
@@ -298,10 +316,9 @@ TEST(KindsOfDirections, WhatIsDividedInADirectionOrByAWidthIsRightByGeos)
                 << i << ": cut " << static_cast<int>(request.line.cut) << " side " << request.line.index;
         }
     }
-    for (const auto& [what, times] : tally)
-        std::printf("  %7d %s\n", times, what.c_str());
-    EXPECT_GT(tally["divided as asked"], count / 2);
-    EXPECT_GT(tally["width: divided as asked"], count / 10);
+    print(outcomes);
+    EXPECT_GT(outcomes["divided as asked"], count / 2);
+    EXPECT_GT(outcomes["width: divided as asked"], count / 10);
 }
 
 }  // namespace

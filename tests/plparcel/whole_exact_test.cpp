@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "exact_judge.h"
 #include "lattice.h"
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
@@ -242,28 +243,6 @@ Number tolerance(const Judged& judged, std::size_t band)
     return tolerance(judged, band, judged.of_parcel);
 }
 
-Number power_of_ten(int decimals)
-{
-    Number power = 1;
-    for (int i = 0; i < decimals; ++i)
-        power *= 10;
-    return power;
-}
-
-// Whether a double is the nearest one to a number of so many decimals.
-bool has_decimals(double value, int decimals)
-{
-    const Number power = power_of_ten(decimals);
-    const Number half_up = Number(value) * power + Number(1) / 2;
-    mpz_class whole;
-    mpz_fdiv_q(whole.get_mpz_t(), half_up.get_num_mpz_t(), half_up.get_den_mpz_t());
-    const Number decimal = Number(whole) / power;
-    const double infinity = std::numeric_limits<double>::infinity();
-    const Number off = abs(Number(value) - decimal);
-    return off <= abs(Number(std::nextafter(value, -infinity)) - decimal) &&
-           off <= abs(Number(std::nextafter(value, infinity)) - decimal);
-}
-
 std::string objection_to_decimals(const Request& request, const Division& division)
 {
     if (!request.rounding.decimals)
@@ -275,7 +254,7 @@ std::string objection_to_decimals(const Request& request, const Division& divisi
     for (const plparcel::DividingLine& line : division.lines)
         for (const plparcel::Segment& s : line.segments)
             for (const double v : {s.from.x, s.from.y, s.to.x, s.to.y})
-                if (!has_decimals(v, *division.decimals))
+                if (!plparcel_test::has_decimals(v, *division.decimals))
                     return "an end has more decimals than is said";
     return "";
 }
@@ -554,7 +533,7 @@ Judged judged(const Parcel& parcel, const Request& request)
 void look_at_rounding(const Division& division, Judged& judged)
 {
     if (division.decimals)
-        judged.rounding = Number(0.7072) / power_of_ten(*division.decimals);
+        judged.rounding = plparcel_test::most_rounding(*division.decimals);
 }
 
 std::string shown(const Parcel& parcel, const Request& request)
