@@ -1,4 +1,4 @@
-"""plcalc in QGIS: processing algorithms on the Python package of the same name."""
+"""plcalc in QGIS: what computes is the Python package of that name, or the program."""
 
 
 def classFactory(iface):  # the name that QGIS asks for

@@ -1,17 +1,32 @@
-"""The package plcalc, which computes everything, or what to do where it is missing.
+"""Who computes: the Python package plcalc, or where it is missing the program of that name on the path.
 
 QGIS loads a plug-in under the name of its folder, which therefore must not be that of the package: the zip has it as
 plcalc_qgis.
 """
 
-MISSING = ("The Python package plcalc is not installed where QGIS looks for packages. Install the wheel that scripts/python "
-           "builds with the Python of QGIS (python3 -m pip install plcalc-*.whl), and start QGIS again.")
+import shutil
+
+from .words import tr
 
 
-def package():
-    """The package, or None."""
+def engine():
+    """The package, else the program, else None."""
     try:
         import plcalc
     except ImportError:
-        return None
-    return plcalc
+        program = shutil.which("plcalc")
+        if program is None:
+            return None
+        from .program import Program
+
+        return Program(program)
+    from .package import Package
+
+    return Package(plcalc)
+
+
+def missing():
+    """What to install where there is neither."""
+    return tr("plcalc is missing. Install the Python package with the Python of QGIS: build the wheel with scripts/python, then "
+              "python3 -m pip install plcalc-*.whl. Or install the program plcalc, and see that it is on the path. Then start "
+              "QGIS again.")

@@ -1,7 +1,9 @@
 """Features as parcels: plane coordinates, one ring and its holes, and why a feature is none."""
 
 from qgis.core import (QgsCoordinateTransform, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsPointXY,
-                       QgsProcessingException, QgsProcessingFeatureSource, QgsProject, QgsWkbTypes)
+                       QgsProcessingFeatureSource, QgsWkbTypes)
+
+from .words import tr
 
 # A plane that stretches lengths by more than this is no plane to divide land in.
 MOST_STRETCHED = 1e-3
@@ -17,33 +19,38 @@ class Unusable(Exception):
     """A feature that is no parcel; the text says why."""
 
 
+class NoPlane(Exception):
+    """There is no plane in which to divide; the text says what to do."""
+
+
 class Plane:
-    """The plane system in which a layer is divided, and the way there."""
+    """The plane system in which a layer is divided, and the way there.
 
-    def __init__(self, source, context, feedback, any_scale):
-        project = context.project() or QgsProject.instance()
-        self.crs = source.sourceCrs()
+    note: what was assumed, or None
+    Raises NoPlane for degrees without a plane, and for a plane that stretches lengths, unless any_scale.
+    """
+
+    def __init__(self, crs, extent, of_project, transforms, any_scale=False):
+        self.crs, self.note = crs, None
         self._there = None
-        if self.crs.isGeographic():
-            plane = project.crs()
-            if not plane.isValid() or plane.isGeographic():
-                raise QgsProcessingException(
-                    f"The layer's coordinates are degrees ({self.crs.authid()}), in which there are no areas. Give the "
-                    "project a plane CRS, such as the UTM zone of the place, or reproject the layer.")
-            self._there = QgsCoordinateTransform(self.crs, plane, context.transformContext())
-            feedback.pushInfo(f"The layer has degrees: it is divided in the project's {plane.authid()}, and so are the results.")
-            self.crs = plane
-        extent = source.sourceExtent()
-        if not extent.isEmpty():
-            self._check_scale(self._moved(QgsGeometry.fromPointXY(extent.center())).asPoint(), context, any_scale)
+        if crs.isGeographic():
+            if not of_project.isValid() or of_project.isGeographic():
+                raise NoPlane(tr("The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane "
+                                 "CRS, such as the UTM zone of the place, or reproject the layer.").format(crs=crs.authid()))
+            self._there = QgsCoordinateTransform(crs, of_project, transforms)
+            self.note = tr("The layer has degrees: it is divided in the project's {crs}, and so are the results.").format(
+                crs=of_project.authid())
+            self.crs = of_project
+        if not extent.isEmpty() and not any_scale:
+            self._check_scale(self._moved(QgsGeometry.fromPointXY(extent.center())).asPoint(), transforms)
 
-    def _check_scale(self, at, context, any_scale):
-        factor = scale_at(self.crs, at, context.transformContext())
-        if factor is None or any_scale or abs(factor - 1.0) <= MOST_STRETCHED:
+    def _check_scale(self, at, transforms):
+        factor = scale_at(self.crs, at, transforms)
+        if factor is None or abs(factor - 1.0) <= MOST_STRETCHED:
             return
-        raise QgsProcessingException(
-            f"{self.crs.authid()} shows lengths {factor:.4f} times as long as they are at this place, and areas "
-            f"{factor * factor:.4f} times. Use the UTM zone of the place or a local grid, or tick that this is meant.")
+        raise NoPlane(tr("{crs} shows lengths {length:.4f} times as long as they are at this place, and areas {area:.4f} times. Use "
+                         "the UTM zone of the place or a local grid, or tick that this is meant.").format(
+            crs=self.crs.authid(), length=factor, area=factor * factor))
 
     def _moved(self, geometry):
         if self._there is not None:
@@ -82,12 +89,11 @@ def scale_at(crs, at, transforms):
 
 
 def rings_of(geometry):
-    """The rings of a polygon as plcalc takes them: lists of (x, y), closed as QGIS closes them."""
-    return [[(point.x(), point.y()) for point in ring] for ring in geometry.asPolygon()]
+    """The rings of a polygon: lists of (x, y), without the vertex that closes them."""
+    return [[(point.x(), point.y()) for point in ring[:-1]] for ring in geometry.asPolygon()]
 
 
-def polygon_of(ring, holes):
-    rings = [ring.tolist(), *[hole.tolist() for hole in holes]]
+def polygon_of(rings):
     return QgsGeometry.fromPolygonXY([[QgsPointXY(x, y) for x, y in [*ring, ring[0]]] for ring in rings])
 
 

@@ -5,14 +5,14 @@ from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcess
                        QgsProcessingParameterFeatureSource, QgsProcessingParameterField, QgsProcessingParameterNumber,
                        QgsProcessingParameterPoint, QgsProcessingParameterString)
 
+from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, VERTEX, Alongside,
+                      Asked, Line)
 from .parcels import Unusable, features_of
 
 LINES = ["parallel to a side", "at right angles to a side", "from a vertex", "at a bearing", "through a point"]
-PARALLEL, PERPENDICULAR, VERTEX, BEARING, POINT = range(len(LINES))
 
 CHOICES = ["by its number", "by a column with its number", "the longest side", "the shortest side",
            "nearest to a point", "the side that faces a bearing", "the side along another layer"]
-NUMBER, COLUMN, LONGEST, SHORTEST, NEAREST, FACING, ALONG = range(len(CHOICES))
 
 AMOUNTS = ["area", "share: 1/3 or 25%", "equal parts", "width of a strip", "a list: 1000, 40x25, 1/3"]
 AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
@@ -55,8 +55,7 @@ def amount_parameters():
 class LineRequest:
     """The line that the parameters ask for, parcel by parcel."""
 
-    def __init__(self, plcalc, algorithm, parameters, context, plane):
-        self._plcalc = plcalc
+    def __init__(self, algorithm, parameters, context, plane):
         self._line = algorithm.parameterAsEnum(parameters, "LINE", context)
         self._choice = algorithm.parameterAsEnum(parameters, "CHOICE", context)
         self._number = algorithm.parameterAsInt(parameters, "NUMBER", context)
@@ -64,34 +63,31 @@ class LineRequest:
         self._column = columns[0] if columns else None
         self._bearing = algorithm.parameterAsDouble(parameters, "BEARING", context)
         has_point = parameters.get("POINT") not in (None, "")
-        self._point = algorithm.parameterAsPoint(parameters, "POINT", context, plane.crs) if has_point else None
+        point = algorithm.parameterAsPoint(parameters, "POINT", context, plane.crs) if has_point else None
+        self._point = (point.x(), point.y()) if has_point else None
         self.opposite = algorithm.parameterAsBoolean(parameters, "OPPOSITE", context)
         self.any_pieces = algorithm.parameterAsBoolean(parameters, "ANY_PIECES", context)
-        self._has_other = algorithm.parameterAsSource(parameters, "ALONG", context) is not None
+        self._other = algorithm.parameterAsSource(parameters, "ALONG", context)
         self._check()
-        self._named = self._name(algorithm, parameters, context, plane)
+        self._value = self._value_of_choice(algorithm, parameters, context, plane)
 
-    def _name(self, algorithm, parameters, context, plane):
-        """What the side or the vertex is; None when it has a number, or there is none."""
-        if not self._has_choice() or self._choice in (NUMBER, COLUMN):
-            return None
-        if self._choice == LONGEST:
-            return self._plcalc.longest
-        if self._choice == SHORTEST:
-            return self._plcalc.shortest
+    def _value_of_choice(self, algorithm, parameters, context, plane):
+        """What the choice needs to be told; None when that differs from parcel to parcel, or there is nothing."""
         if self._choice == FACING:
-            return self._plcalc.facing(self._bearing)
+            return self._bearing
         if self._choice == NEAREST:
-            return self._plcalc.nearest_to((self._point.x(), self._point.y()))
-        distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
-        return self._plcalc.beside(lines_of(algorithm.parameterAsSource(parameters, "ALONG", context), plane, context), distance)
+            return self._point
+        if self._choice == ALONG and self._has_choice():
+            distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
+            return Alongside(lines_of(self._other, plane, context), distance)
+        return None
 
     def _check(self):
         if self._point is None and (self._line == POINT or (self._has_choice() and self._choice == NEAREST)):
             raise QgsProcessingException("Say where the point is.")
         if self._has_choice() and self._choice == COLUMN and self._column is None:
             raise QgsProcessingException("Say which column has the number of the side or the vertex.")
-        if self._has_choice() and self._choice == ALONG and not self._has_other:
+        if self._has_choice() and self._choice == ALONG and self._other is None:
             raise QgsProcessingException("Say which other layer the side runs along.")
         if self._line == VERTEX and self._choice not in (NUMBER, COLUMN, NEAREST):
             raise QgsProcessingException(f"A vertex is named by its number, by a column, or as the nearest to a point; "
@@ -100,35 +96,15 @@ class LineRequest:
     def _has_choice(self):
         return self._line in (PARALLEL, PERPENDICULAR, VERTEX)
 
-    def arguments(self, parcel, feature):
-        """The arguments of plcalc.divide. Raises Unusable where the side cannot be told."""
-        if self._line == BEARING:
-            return {"at_bearing": self._bearing}
-        if self._line == POINT:
-            return {"through_point": (self._point.x(), self._point.y()), "bearing": self._bearing}
-        name = {PARALLEL: "parallel_to", PERPENDICULAR: "perpendicular_to", VERTEX: "through_vertex"}[self._line]
-        return {name: self._place(parcel, feature)}
+    def line(self, feature):
+        """The line of one parcel. Raises Unusable where its column does not name a side."""
+        if not self._has_choice():
+            return Line(self._line, bearing=self._bearing, point=self._point)
+        if self._choice in (NUMBER, COLUMN):
+            return Line(self._line, NUMBER, self._number_of(feature))
+        return Line(self._line, self._choice, self._value)
 
-    def line(self, parcel, feature):
-        """The same as a line of plcalc.plparcel, whose functions have the names of the arguments."""
-        layer = self._plcalc.plparcel
-        given = self.arguments(parcel, feature)
-        if self._line == POINT:
-            return layer.through_point(given["through_point"], given["bearing"])
-        (name, where), = given.items()
-        return getattr(layer, name)(*(where if isinstance(where, tuple) else (where,)))
-
-    def _place(self, parcel, feature):
-        if self._named is None:
-            return self._numbered(parcel, feature)
-        try:
-            return self._named.vertex_of(parcel) if self._line == VERTEX else self._named.side_of(parcel)
-        except self._plcalc.Undecided as why:
-            # QGIS counts from 1.
-            text = ", ".join(str(index + 1) for index, _ in why.places)
-            raise Unusable(f"several fit equally well: {text}" if why.status == "tied" else str(why)) from None
-
-    def _numbered(self, parcel, feature):
+    def _number_of(self, feature):
         number = self._number
         if self._choice == COLUMN:
             given = feature[self._column]
@@ -138,7 +114,7 @@ class LineRequest:
                 raise Unusable(f"its column {self._column} has no number: {given}") from None
         if number < 1:
             raise Unusable(f"sides and vertices are counted from 1, not {number}")
-        return number - 1
+        return number
 
 
 def lines_of(source, plane, context):
@@ -167,8 +143,8 @@ class AmountRequest:
             except ValueError as error:
                 raise QgsProcessingException(f"How much is asked cannot be read: {error}") from None
 
-    def arguments(self, feature):
-        """The arguments of plcalc.divide. Raises Unusable where the column cannot be read."""
+    def amount(self, feature):
+        """The amount of one parcel, as Asked has it. Raises Unusable where the column cannot be read."""
         if self._column is None:
             return self._said(self._value)
         given = feature[self._column]
@@ -184,14 +160,31 @@ class AmountRequest:
         if not text:
             raise ValueError("nothing is there")
         if self._kind == AREA:
-            return {"area": float(text)}
+            return "area", float(text)
         if self._kind == SHARE:
-            return {"amounts": [text if "/" in text or text.endswith("%") else _no_share(text)]}
+            return "amounts", (text if "/" in text or text.endswith("%") else _no_share(text),)
         if self._kind == PARTS:
-            return {"parts": _parts(text)}
+            return "parts", _parts(text)
         if self._kind == WIDTH:
-            return {"width": float(text)}
-        return {"amounts": [part.strip() for part in text.replace(";", ",").split(",")]}
+            return "width", float(text)
+        return "amounts", tuple(part.strip() for part in text.replace(";", ",").split(","))
+
+
+class Request:
+    """All that the parameters ask for, parcel by parcel."""
+
+    def __init__(self, algorithm, parameters, context, plane):
+        self._line = LineRequest(algorithm, parameters, context, plane)
+        self._amount = AmountRequest(algorithm, parameters, context)
+        self._tolerance = algorithm.parameterAsDouble(parameters, "TOLERANCE", context)
+        self.decimals = None
+        if parameters.get("DECIMALS") is not None:
+            self.decimals = algorithm.parameterAsInt(parameters, "DECIMALS", context)
+
+    def of(self, feature):
+        """What is asked of one parcel. Raises Unusable where its columns do not say it."""
+        return Asked(self._line.line(feature), self._amount.amount(feature), self._line.opposite, self._line.any_pieces,
+                     self.decimals, self._tolerance)
 
 
 def _parts(text):

@@ -1,46 +1,16 @@
 """The plug-in as it is installed from its zip, in a QGIS without a window."""
 
-import os
 import unittest
 
 import plcalc
-from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsFeature, QgsGeometry, QgsProcessingContext,
-                       QgsProcessingException, QgsProcessingFeedback, QgsProject, QgsVectorLayer)
-
-application = None
+import session
+from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsProcessingContext, QgsProcessingException,
+                       QgsProcessingFeedback, QgsProject)
+from session import CROSSED, HOLED, LOT, UTM, YARD, layer_of, values
 
 
 def setUpModule():
-    global application
-    application = QgsApplication([], False, os.environ["PLCALC_PROFILE"])
-    application.initQgis()
-    import processing
-    from plcalc_qgis import classFactory
-    from processing.core.Processing import Processing
-
-    Processing.initialize()
-    application.plcalc_plugin = classFactory(None)
-    application.plcalc_plugin.initProcessing()
-    application.processing = processing
-
-
-def tearDownModule():
-    application.plcalc_plugin.unload()
-    application.exitQgis()
-
-
-def layer_of(crs, rows, kind="Polygon", columns=""):
-    """A layer in memory: WKT and the values of the columns."""
-    layer = QgsVectorLayer(f"{kind}?crs={crs}{columns}", "lots", "memory")
-    features = []
-    for wkt, *values in rows:
-        feature = QgsFeature(layer.fields())
-        if wkt is not None:
-            feature.setGeometry(QgsGeometry.fromWkt(wkt))
-        feature.setAttributes(values)
-        features.append(feature)
-    assert layer.dataProvider().addFeatures(features)[0]
-    return layer
+    session.start()
 
 
 class Messages(QgsProcessingFeedback):
@@ -56,24 +26,12 @@ def run(name, **parameters):
     outputs = {"divide": ("PIECES", "LINES", "POINTS", "REFUSED"), "measure": ("OUTPUT",), "feasible": ("OUTPUT",),
                "stakeout": ("OUTPUT",)}[name]
     feedback = Messages()
-    found = application.processing.run(f"plcalc:{name}", {**parameters, **dict.fromkeys(outputs, "memory:")},
+    found = session.application.processing.run(f"plcalc:{name}", {**parameters, **dict.fromkeys(outputs, "memory:")},
                                        feedback=feedback)
     found["said"] = feedback.text
     return found
 
 
-def values(layer, *names):
-    return [tuple(feature[name] for name in names) for feature in layer.getFeatures()]
-
-
-UTM = "EPSG:32632"
-# 100 by 50, at UTM 32 North; and an L of 2400.
-LOT = "POLYGON ((500000 5000000, 500100 5000000, 500100 5000050, 500000 5000050, 500000 5000000))"
-YARD = ("POLYGON ((500200 5000000, 500260 5000000, 500260 5000020, 500240 5000020, 500240 5000050, 500200 5000050, "
-        "500200 5000000))")
-HOLED = ("POLYGON ((500300 5000000, 500400 5000000, 500400 5000050, 500300 5000050, 500300 5000000), "
-         "(500345 5000020, 500345 5000030, 500355 5000030, 500355 5000020, 500345 5000020))")
-CROSSED = "POLYGON ((500000 5000000, 500010 5000010, 500010 5000000, 500000 5000010, 500000 5000000))"
 COLUMNS = "&field=owner:string&field=wanted:string&field=front:integer"
 
 

@@ -1,13 +1,15 @@
 """What all algorithms have in common."""
 
+import collections
 import inspect
 import os
 
-from qgis.core import QgsFeature, QgsFields, QgsProcessingAlgorithm, QgsProcessingUtils
+from qgis.core import (QgsFeature, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException, QgsProcessingParameterBoolean,
+                       QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject)
 from qgis.PyQt.QtGui import QIcon
 
 from .. import engine
-from ..parcels import Unusable, features_of, rings_of
+from ..parcels import NoPlane, Plane, Unusable, features_of, rings_of
 
 
 class Algorithm(QgsProcessingAlgorithm):
@@ -34,7 +36,74 @@ class Algorithm(QgsProcessingAlgorithm):
         return type(self)()
 
     def canExecute(self):
-        return (True, "") if engine.package() else (False, engine.MISSING)
+        computes = engine.engine()
+        if computes is None:
+            return False, engine.missing()
+        lacks = computes.lacks.get(self.NAME)
+        return lacks is None, lacks or ""
+
+    def checkParameterValues(self, parameters, context):
+        # QGIS asks whether it can be executed in the toolbox, but not where Python runs it.
+        can, why = self.canExecute()
+        return super().checkParameterValues(parameters, context) if can else (False, why)
+
+
+class OfParcels(Algorithm):
+    """An algorithm that takes parcels."""
+
+    def initAlgorithm(self, config=None):
+        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Parcels", [QgsProcessing.TypeVectorPolygon]))
+        for parameter in self.what_is_asked():
+            self.addParameter(parameter)
+        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", "Go on although the CRS stretches lengths here",
+                                                        defaultValue=False))
+        for parameter in self.results():
+            self.addParameter(parameter)
+
+    def what_is_asked(self):
+        """Its parameters beside the parcels."""
+        return ()
+
+    def results(self):
+        """The parameters of its results."""
+        raise NotImplementedError
+
+    def begin(self, parameters, context, feedback):
+        """(engine, source, plane) of a run."""
+        computes = engine.engine()
+        if computes.note:
+            feedback.pushInfo(computes.note)
+        source = self.parameterAsSource(parameters, "INPUT", context)
+        project = context.project() or QgsProject.instance()
+        try:
+            plane = Plane(source.sourceCrs(), source.sourceExtent(), project.crs(), context.transformContext(),
+                          self.parameterAsBoolean(parameters, "ANY_SCALE", context))
+        except NoPlane as why:
+            raise QgsProcessingException(str(why)) from None
+        if plane.note:
+            feedback.pushInfo(plane.note)
+        return computes, source, plane
+
+
+class Tabled(OfParcels):
+    """One with a single result, a row or more for each parcel."""
+
+    FIELDS = ()
+    KIND = None
+
+    def processAlgorithm(self, parameters, context, feedback):
+        computes, source, plane = self.begin(parameters, context, feedback)
+        fields = joined(source.fields(), self.FIELDS)
+        sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, self.KIND, plane.crs)
+        ask = self.asker(computes, parameters, context, plane)
+        for feature, polygon, rows in ask(parcels(source, plane, feedback)):
+            for row in rows:
+                sink.addFeature(made(fields, [*feature.attributes(), feature.id(), *row], polygon))
+        return {"OUTPUT": where}
+
+    def asker(self, computes, parameters, context, plane):
+        """What makes of `parcels` (feature, geometry or None, rows), a row without the number of the feature."""
+        raise NotImplementedError
 
 
 def joined(source_fields, own):
@@ -60,15 +129,38 @@ def parcels(source, plane, feedback):
         if feedback.isCanceled():
             return
         feedback.setProgress(number * step)
-        polygons, why = _polygons_of(plane, feature)
-        if why:
-            yield feature, None, why
+        try:
+            polygons = plane.parcels_of(feature)
+        except Unusable as why:
+            yield feature, None, str(why)
+            continue
         for polygon in polygons:
             yield feature, polygon, rings_of(polygon)
 
 
-def _polygons_of(plane, feature):
-    try:
-        return plane.parcels_of(feature), None
-    except Unusable as why:
-        return [], str(why)
+def answers_in_order(given, request, ask):
+    """(feature, polygon, answer or reason) of each of `parcels`, in their order.
+
+    request: what is asked of (feature, rings), as `ask` takes it behind a key; Unusable where that cannot be told
+    ask: makes of (key, ...) (key, answer), in their order
+    """
+    waiting = collections.deque()
+
+    def asked():
+        for feature, polygon, rings in given:
+            try:
+                if polygon is None:
+                    raise Unusable(rings)
+                wanted = request(feature, rings)
+            except Unusable as why:
+                waiting.append((feature, polygon, str(why)))
+                continue
+            waiting.append((feature, polygon, None))
+            yield (None, *wanted)
+
+    for _, answer in ask(asked()):
+        while waiting[0][2] is not None:
+            yield waiting.popleft()
+        feature, polygon, _ = waiting.popleft()
+        yield feature, polygon, answer
+    yield from waiting

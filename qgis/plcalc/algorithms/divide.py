@@ -1,12 +1,10 @@
-from qgis.core import (QgsField, QgsGeometry, QgsPointXY, QgsProcessing, QgsProcessingParameterBoolean,
-                       QgsProcessingParameterFeatureSink, QgsProcessingParameterFeatureSource, QgsWkbTypes)
+from qgis.core import (QgsField, QgsGeometry, QgsPointXY, QgsProcessing, QgsProcessingParameterFeatureSink, QgsWkbTypes)
 from qgis.PyQt.QtCore import QVariant
 
-from .. import engine
-from ..parcels import Plane, Unusable, line_of, polygon_of
-from ..requests import AmountRequest, LineRequest, amount_parameters, line_parameters
+from ..parcels import line_of, polygon_of
+from ..requests import Request, amount_parameters, line_parameters
 from ..styles import Styled
-from .base import Algorithm, joined, made, parcels
+from .base import OfParcels, answers_in_order, joined, made, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
                 QgsField("area", QVariant.Double), QgsField("asked", QVariant.Double),
@@ -19,7 +17,7 @@ REFUSED_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("status", QVar
                   QgsField("reason", QVariant.String)]
 
 
-class Divide(Algorithm):
+class Divide(OfParcels):
     """Divides each parcel of a layer as asked, with proof.
 
     The line runs parallel to a side, at right angles to one, from a vertex, at a bearing or through a point. The side or the
@@ -41,45 +39,29 @@ class Divide(Algorithm):
     TITLE = "Divide parcels"
     TAGS = ("split", "subdivide", "area", "share")
 
-    def initAlgorithm(self, config=None):
-        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Parcels", [QgsProcessing.TypeVectorPolygon]))
-        for parameter in [*line_parameters(), *amount_parameters()]:
-            self.addParameter(parameter)
-        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", "Divide although the CRS stretches lengths here",
-                                                        defaultValue=False))
+    def what_is_asked(self):
+        return [*line_parameters(), *amount_parameters()]
+
+    def results(self):
         sink = QgsProcessingParameterFeatureSink
-        self.addParameter(sink("PIECES", "Pieces", QgsProcessing.TypeVectorPolygon))
-        self.addParameter(sink("LINES", "Lines", QgsProcessing.TypeVectorLine, None, True))
-        self.addParameter(sink("POINTS", "Points", QgsProcessing.TypeVectorPoint, None, True, False))
-        self.addParameter(sink("REFUSED", "Refused", QgsProcessing.TypeVectorPolygon, None, True))
+        yield sink("PIECES", "Pieces", QgsProcessing.TypeVectorPolygon)
+        yield sink("LINES", "Lines", QgsProcessing.TypeVectorLine, None, True)
+        yield sink("POINTS", "Points", QgsProcessing.TypeVectorPoint, None, True, False)
+        yield sink("REFUSED", "Refused", QgsProcessing.TypeVectorPolygon, None, True)
 
     def processAlgorithm(self, parameters, context, feedback):
-        plcalc = engine.package()
-        source = self.parameterAsSource(parameters, "INPUT", context)
-        plane = Plane(source, context, feedback, self.parameterAsBoolean(parameters, "ANY_SCALE", context))
-        line = LineRequest(plcalc, self, parameters, context, plane)
-        amounts = AmountRequest(self, parameters, context)
-        how = {"opposite": line.opposite, "any_pieces": line.any_pieces, "raise_on_refusal": False,
-               "tolerance": self.parameterAsDouble(parameters, "TOLERANCE", context)}
-        if parameters.get("DECIMALS") is not None:
-            how["decimals"] = self.parameterAsInt(parameters, "DECIMALS", context)
-
+        computes, source, plane = self.begin(parameters, context, feedback)
+        request = Request(self, parameters, context, plane)
         sinks = Sinks(self, parameters, context, source, plane)
-        for feature, polygon, rings in parcels(source, plane, feedback):
-            if polygon is None:
-                sinks.refuse(feature, None, "no_parcel", rings)
-                continue
-            parcel = plcalc.plparcel.Parcel(*rings[:1], rings[1:])
-            try:
-                request = {**line.arguments(parcel, feature), **amounts.arguments(feature)}
-                division = plcalc.divide(parcel, **request, **how)
-            except (Unusable, ValueError) as why:
-                sinks.refuse(feature, polygon, "no_request", str(why))
-                continue
-            if division:
+        given = parcels(source, plane, feedback)
+        for feature, polygon, division in answers_in_order(given, lambda feature, rings: (rings, request.of(feature)),
+                                                           computes.divide_all):
+            if isinstance(division, str):
+                sinks.refuse(feature, polygon, "no_parcel" if polygon is None else "no_request", division)
+            elif division:
                 sinks.add(feature, division)
             else:
-                sinks.refuse(feature, polygon, division.status, str(plcalc.Refused(division)))
+                sinks.refuse(feature, polygon, division.status, division.reason)
         feedback.pushInfo(f"{sinks.divided} parcels are divided, {sinks.refused} are refused.")
         return {**sinks.ids, "DIVIDED": sinks.divided, "NOT_DIVIDED": sinks.refused}
 
@@ -113,7 +95,7 @@ class Sinks:
         self.divided += 1
         for number, piece in enumerate(division.pieces, 1):
             self._put("PIECES", feature, [feature.id(), number, piece.amount + 1, piece.area, piece.asked, piece.residual,
-                                          division.status], polygon_of(piece.ring, piece.holes))
+                                          division.status], polygon_of(piece.rings))
         point = 0
         for number, line in enumerate(division.lines, 1):
             self._put("LINES", feature, [feature.id(), number, line.length, line.bearing], line_of(line.segments))

@@ -28,7 +28,7 @@ class StakeOut(Algorithm):
         self.addParameter(QgsProcessingParameterFeatureSink("OUTPUT", "Stake-out", QgsProcessing.TypeVectorPoint))
 
     def processAlgorithm(self, parameters, context, feedback):
-        core = engine.package().core
+        computes = engine.engine()
         source = self.parameterAsSource(parameters, "INPUT", context)
         if source.sourceCrs().isGeographic():
             raise QgsProcessingException("The points are in degrees: reproject them to a plane CRS first.")
@@ -36,15 +36,12 @@ class StakeOut(Algorithm):
                               for name in ("STATION", "ORIENTATION"))
         if station == reference:
             raise QgsProcessingException("Station and orientation point are one and the same.")
-        zero = core.AngoloDaAsseRifer(reference.x() - station.x(), reference.y() - station.y())
         fields = joined(source.fields(), FIELDS)
         sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
         for feature in features_of(source):
             if feedback.isCanceled():
                 break
-            for point in feature.geometry().vertices():
-                bearing = core.AngoloDaAsseRifer(point.x() - station.x(), point.y() - station.y())
-                distance = core.PlFunz_distance((station.x(), station.y()), (point.x(), point.y()))
-                own = [core.LimiteAng0_400(bearing - zero), distance, bearing]
+            points = [(point.x(), point.y()) for point in feature.geometry().vertices()]
+            for own in computes.set_out((station.x(), station.y()), (reference.x(), reference.y()), points):
                 sink.addFeature(made(fields, [*feature.attributes(), *own], feature.geometry()))
         return {"OUTPUT": where}

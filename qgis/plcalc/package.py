@@ -1,0 +1,120 @@
+"""Asks the Python package plcalc."""
+
+from .answers import (ALONG, BEARING, FACING, LONGEST, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, VERTEX, Division,
+                      DividingLine, Measure, Piece, Side)
+
+_ARGUMENTS = {PARALLEL: "parallel_to", PERPENDICULAR: "perpendicular_to", VERTEX: "through_vertex", BEARING: "at_bearing",
+              POINT: "through_point"}
+
+
+class Package:
+    # What it leaves out: nothing.
+    lacks = {}
+    note = None
+
+    def __init__(self, plcalc):
+        self._plcalc = plcalc
+        self._layer = plcalc.plparcel
+        self._beside = {}
+
+    def _parcel(self, rings):
+        return self._layer.Parcel(rings[0], rings[1:])
+
+    def divide_all(self, requests):
+        """(key, Division) of each (key, rings, asked), in their order."""
+        for key, rings, asked in requests:
+            yield key, self.divide(rings, asked)
+
+    def divide(self, rings, asked):
+        parcel = self._parcel(rings)
+        try:
+            division = self._plcalc.divide(
+                parcel, **self._line(asked.line, parcel), **_amount(asked.amount), opposite=asked.opposite,
+                any_pieces=asked.any_pieces, decimals=asked.decimals, tolerance=asked.tolerance, raise_on_refusal=False)
+        except ValueError as why:
+            return Division("no_request", self._said(why))
+        if not division:
+            return Division(division.status, str(self._plcalc.Refused(division)))
+        return Division("divided", pieces=[_piece(piece) for piece in division.pieces],
+                        lines=[DividingLine(line.start, line.end, line.segments, line.length, line.bearing)
+                               for line in division.lines])
+
+    def measure_all(self, parcels):
+        """(key, Measure) of each (key, rings), in their order."""
+        for key, rings in parcels:
+            yield key, self.measure(rings)
+
+    def measure(self, rings):
+        report = self._plcalc.measure(self._parcel(rings))
+        if report.status != self._layer.BoundaryStatus.usable:
+            return Measure(self._layer.describe(report.status))
+        return Measure("usable", report.area, report.perimeter, [self._sides(ring) for ring in rings])
+
+    def _sides(self, ring):
+        core = self._plcalc.core
+        return [Side(core.PlFunz_distance(start, end), core.AngoloDaAsseRifer(end[0] - start[0], end[1] - start[1]))
+                for start, end in zip(ring, ring[1:] + ring[:1])]
+
+    def feasible(self, rings, line, opposite, any_pieces):
+        """Ranges (least, most, least_is_had, most_is_had), or the reason why there are none."""
+        layer, parcel = self._layer, self._parcel(rings)
+        try:
+            wanted = self._line(line, parcel)
+        except ValueError as why:
+            return [], self._said(why)
+        if line.kind == POINT:
+            asked = layer.through_point(wanted["through_point"], wanted["bearing"])
+        else:
+            (name, where), = wanted.items()
+            asked = getattr(layer, name)(*(where if isinstance(where, tuple) else (where,)))
+        found = layer.feasible(parcel, asked, layer.Measured.opposite if opposite else layer.Measured.from_reference,
+                               layer.Pieces.any if any_pieces else layer.Pieces.two)
+        return ([(each.least, each.most, each.least_is_had, each.most_is_had) for each in found.ranges],
+                layer.describe(found.refusal) if found.refusal is not None else "nothing")
+
+    def set_out(self, station, reference, points):
+        """(angle, distance, bearing) of each point; angles in gons, clockwise from the reference point."""
+        core = self._plcalc.core
+        zero = core.AngoloDaAsseRifer(reference[0] - station[0], reference[1] - station[1])
+        for x, y in points:
+            bearing = core.AngoloDaAsseRifer(x - station[0], y - station[1])
+            yield core.LimiteAng0_400(bearing - zero), core.PlFunz_distance(station, (x, y)), bearing
+
+    def _line(self, line, parcel):
+        """The arguments of plcalc.divide."""
+        name = _ARGUMENTS[line.kind]
+        if line.kind == BEARING:
+            return {name: line.bearing}
+        if line.kind == POINT:
+            return {name: line.point, "bearing": line.bearing}
+        if line.by == NUMBER:
+            return {name: line.value - 1}
+        named = self._named(line)
+        return {name: named.vertex_of(parcel) if line.kind == VERTEX else named.side_of(parcel)}
+
+    def _named(self, line):
+        if line.by == FACING:
+            return self._plcalc.facing(line.value)
+        if line.by == NEAREST:
+            return self._plcalc.nearest_to(line.value)
+        if line.by == ALONG:
+            if line.value not in self._beside:
+                self._beside[line.value] = self._plcalc.beside(line.value.geometry, line.value.within)
+            return self._beside[line.value]
+        return self._plcalc.longest if line.by == LONGEST else self._plcalc.shortest
+
+    def _said(self, why):
+        """QGIS counts from 1."""
+        if isinstance(why, self._plcalc.Undecided) and why.status == "tied":
+            return "several fit equally well: " + ", ".join(str(index + 1) for index, _ in why.places)
+        return str(why)
+
+
+def _amount(amount):
+    name, value = amount
+    return {name: list(value) if name == "amounts" else value}
+
+
+def _piece(piece):
+    rings = [[tuple(vertex) for vertex in ring.tolist()] for ring in (piece.ring, *piece.holes)]
+    return Piece(rings, piece.amount, piece.area, piece.asked, piece.residual)
