@@ -57,6 +57,16 @@ class Plane:
             geometry.transform(self._there)
         return geometry
 
+    def back(self, point):
+        """A point of the plane in the layer's own coordinates."""
+        return point if self._there is None else self._there.transform(point, QgsCoordinateTransform.ReverseTransform)
+
+    def to(self, crs, transforms):
+        """What takes points of the plane to another system; as they are where one of the two is not known."""
+        if not crs.isValid() or not self.crs.isValid() or crs == self.crs:
+            return lambda point: point
+        return QgsCoordinateTransform(self.crs, crs, transforms).transform
+
     def parcels_of(self, feature):
         """Each polygon of a feature, as QgsGeometry in the plane.
 

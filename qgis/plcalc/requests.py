@@ -8,6 +8,7 @@ from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcess
 from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, VERTEX, Alongside,
                       Asked, Line)
 from .parcels import Unusable, features_of
+from .words import tr
 
 LINES = ["parallel to a side", "at right angles to a side", "from a vertex", "at a bearing", "through a point"]
 
@@ -139,35 +140,37 @@ class AmountRequest:
         self._column = columns[0] if columns else None
         if self._column is None:
             try:
-                self._said(self._value)
+                amount_of(self._kind, self._value)
             except ValueError as error:
                 raise QgsProcessingException(f"How much is asked cannot be read: {error}") from None
 
     def amount(self, feature):
         """The amount of one parcel, as Asked has it. Raises Unusable where the column cannot be read."""
         if self._column is None:
-            return self._said(self._value)
+            return amount_of(self._kind, self._value)
         given = feature[self._column]
         if given is None or str(given) in ("", "NULL"):
             raise Unusable(f"its column {self._column} is empty")
         try:
-            return self._said(str(given))
+            return amount_of(self._kind, str(given))
         except ValueError as error:
             raise Unusable(f"its column {self._column} cannot be read: {error}") from None
 
-    def _said(self, text):
-        text = text.strip()
-        if not text:
-            raise ValueError("nothing is there")
-        if self._kind == AREA:
-            return "area", float(text)
-        if self._kind == SHARE:
-            return "amounts", (text if "/" in text or text.endswith("%") else _no_share(text),)
-        if self._kind == PARTS:
-            return "parts", _parts(text)
-        if self._kind == WIDTH:
-            return "width", float(text)
-        return "amounts", tuple(part.strip() for part in text.replace(";", ",").split(","))
+
+def amount_of(kind, text):
+    """What is asked, as Asked has it; kind is one of AMOUNTS. Raises ValueError for a text that is none."""
+    text = text.strip()
+    if not text:
+        raise ValueError(tr("nothing is there"))
+    if kind == AREA:
+        return "area", float(text)
+    if kind == SHARE:
+        return "amounts", (text if "/" in text or text.endswith("%") else _no_share(text),)
+    if kind == PARTS:
+        return "parts", _parts(text)
+    if kind == WIDTH:
+        return "width", float(text)
+    return "amounts", tuple(part.strip() for part in text.replace(";", ",").split(","))
 
 
 class Request:

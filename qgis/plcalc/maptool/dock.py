@@ -1,0 +1,144 @@
+"""The dock beside the canvas: what is asked, and what is answered."""
+
+from qgis.core import QgsMapLayerProxyModel
+from qgis.gui import QgsMapLayerComboBox
+from qgis.PyQt.QtCore import Qt, pyqtSignal
+from qgis.PyQt.QtWidgets import (QCheckBox, QComboBox, QDockWidget, QFormLayout, QHBoxLayout, QLabel, QLineEdit, QPushButton, QSpinBox,
+                                 QVBoxLayout, QWidget)
+
+from ..requests import AMOUNTS, SHARE
+from ..words import tr
+from .work import Wishes
+
+_ALL_DIGITS = -1
+
+
+class Dock(QDockWidget):
+    changed = pyqtSignal()  # what is asked
+    commit = pyqtSignal()
+    closed = pyqtSignal()
+
+    def __init__(self, parent=None):
+        super().__init__(tr("Divide a parcel"), parent)
+        self.setObjectName("plcalc_divide")
+        self.setAllowedAreas(Qt.LeftDockWidgetArea | Qt.RightDockWidgetArea)
+        self.note, self.about, self.place, self.result = (QLabel() for _ in range(4))
+        for label in (self.note, self.about, self.place, self.result):
+            label.setWordWrap(True)
+            label.setTextInteractionFlags(Qt.TextSelectableByMouse)
+        self.kind = QComboBox()
+        self.kind.addItems([tr("parallel to the side"), tr("at right angles to the side")])
+        self.amount = QComboBox()
+        self.amount.addItems([tr(name) for name in AMOUNTS])
+        self.amount.setCurrentIndex(SHARE)
+        self.value = QLineEdit("1/2")
+        self.decimals = QSpinBox()
+        self.decimals.setRange(_ALL_DIGITS, 17)
+        self.decimals.setSpecialValueText(tr("all digits"))
+        self.decimals.setValue(3)
+        self.opposite = QCheckBox(tr("What is asked lies on the far side of the line"))
+        self.any_pieces = QCheckBox(tr("The whole straight line cuts, into however many pieces"))
+        self.any_scale = QCheckBox(tr("Go on although the CRS stretches lengths here"))
+        self.points = QgsMapLayerComboBox()
+        self.points.setFilters(QgsMapLayerProxyModel.PointLayer)
+        self.points.setAllowEmptyLayer(True)
+        self.points.setLayer(None)
+        self.divide = QPushButton(tr("Divide"))
+        self.divide.setToolTip(tr("Splits the feature in the edit session of its layer (Enter)"))
+        self._lay_out()
+        self.kind.currentIndexChanged.connect(self.changed)
+        self.amount.currentIndexChanged.connect(self.changed)
+        self.decimals.valueChanged.connect(self.changed)
+        self.value.textChanged.connect(self.changed)
+        for box in (self.opposite, self.any_pieces):
+            box.toggled.connect(self.changed)
+        self.divide.clicked.connect(self.commit)
+        self.show_nothing()
+
+    def _lay_out(self):
+        form = QFormLayout()
+        form.addRow(tr("The line runs"), self.kind)
+        form.addRow(tr("What is asked"), self.amount)
+        form.addRow(tr("how much"), self.value)
+        form.addRow(tr("Decimals of new points"), self.decimals)
+        form.addRow(self.opposite)
+        form.addRow(self.any_pieces)
+        form.addRow(self.any_scale)
+        form.addRow(tr("New points go to"), self.points)
+        buttons = QHBoxLayout()
+        buttons.addStretch()
+        buttons.addWidget(self.divide)
+        column = QVBoxLayout()
+        for item in (self.note, self.about, self.place):
+            column.addWidget(item)
+        column.addLayout(form)
+        column.addWidget(self.result)
+        column.addLayout(buttons)
+        column.addStretch()
+        inside = QWidget()
+        inside.setLayout(column)
+        self.setWidget(inside)
+
+    def wishes(self):
+        decimals = self.decimals.value()
+        return Wishes(self.kind.currentIndex() == 1, self.amount.currentIndex(), self.value.text(), self.opposite.isChecked(),
+                      self.any_pieces.isChecked(), None if decimals == _ALL_DIGITS else decimals)
+
+    def set_amount(self, wishes):
+        """Shows another amount, and says so once."""
+        for widget in (self.amount, self.value):
+            widget.blockSignals(True)
+        self.amount.setCurrentIndex(wishes.kind)
+        self.value.setText(wishes.text)
+        for widget in (self.amount, self.value):
+            widget.blockSignals(False)
+        self.changed.emit()
+
+    def show_note(self, text):
+        self.note.setText(text or "")
+        self.note.setVisible(bool(text))
+
+    def show_nothing(self):
+        self.show_note(None)
+        self.about.setText(tr("Click on a parcel."))
+        self.place.setText("")
+        self.result.setText("")
+        self.kind.setEnabled(True)
+        self.divide.setEnabled(False)
+
+    def show_work(self, work, hovered, from_corner):
+        """from_corner: whether the line starts at a corner, so that it has no direction to choose"""
+        about = tr("Parcel {name}").format(name=work.parcel.name())
+        if work.usable():
+            about += tr(": area {area:.4f}, perimeter {perimeter:.4f}").format(area=work.measure.area, perimeter=work.measure.perimeter)
+        self.about.setText(about)
+        shown = hovered or work.place
+        self.place.setText(work.described(shown) if shown and work.usable() else tr("Click on a side or a corner."))
+        self.kind.setEnabled(not from_corner)
+        self.result.setText(work.problem or _figures(work.division))
+        self.divide.setEnabled(work.division is not None)
+
+    def closeEvent(self, event):
+        super().closeEvent(event)
+        self.closed.emit()
+
+
+def _figures(division):
+    if division is None:
+        return ""
+    rest = max(piece.amount for piece in division.pieces)
+    lines = [tr("{what}: {area:.4f} (asked {asked:.4f})").format(
+        what=tr("Left") if piece.amount == rest else tr("Piece {number}").format(number=number), area=piece.area, asked=piece.asked)
+        for number, piece in enumerate(division.pieces, 1)]
+    for line in division.lines:
+        text = tr("Line from {start} to {end}").format(start=_place(line.start), end=_place(line.end))
+        if line.length is not None:
+            text += tr(", length {length:.3f}").format(length=line.length)
+        if line.bearing is not None:
+            text += tr(", bearing {bearing:.4f} gon").format(bearing=line.bearing)
+        lines.append(text)
+    return "\n".join(lines)
+
+
+def _place(point):
+    return f"{point[0]!r}, {point[1]!r}"

@@ -1,0 +1,125 @@
+"""What the tool draws on the canvas: the parcel, the side under the cursor, the pieces and lines, and their figures."""
+
+from qgis.core import QgsGeometry, QgsPointXY, QgsWkbTypes
+from qgis.gui import QgsMapCanvasItem, QgsRubberBand
+from qgis.PyQt.QtCore import QPointF, QRectF, Qt
+from qgis.PyQt.QtGui import QColor, QFontMetricsF, QPainterPath, QPen
+
+from ..parcels import line_of, polygon_of
+from .parcel import Corner
+
+_OUTLINE = QColor(47, 47, 51)
+_LINE = QColor(176, 58, 46)
+_CHOSEN = QColor(32, 96, 160)
+_HOVERED = QColor(32, 96, 160, 140)
+_FILLS = (QColor(188, 217, 194, 120), QColor(240, 222, 170, 120))
+
+
+class Labels(QgsMapCanvasItem):
+    """Texts at places of the map, with a light rim."""
+
+    def __init__(self, canvas):
+        super().__init__(canvas)
+        self._canvas, self._texts = canvas, []
+        self.setZValue(1000)  # above all that is filled
+
+    def show(self, texts):
+        """texts: (place in the coordinates of the canvas, text)"""
+        self._texts = texts
+        self.updatePosition()
+        self.update()
+
+    def updatePosition(self):
+        self.prepareGeometryChange()
+        self.setPos(0, 0)
+
+    def boundingRect(self):
+        return QRectF(0, 0, self._canvas.width(), self._canvas.height())
+
+    def paint(self, painter, option=None, widget=None):
+        font = painter.font()
+        font.setPointSizeF(10.0)
+        measures = QFontMetricsF(font)
+        for place, text in self._texts:
+            at = self.toCanvasCoordinates(place)
+            path = QPainterPath()
+            path.addText(QPointF(at.x() - measures.horizontalAdvance(text) / 2, at.y() + measures.ascent() / 2), font, text)
+            painter.strokePath(path, QPen(QColor(255, 255, 255, 220), 4.0))
+            painter.fillPath(path, _OUTLINE)
+
+
+class Drawing:
+    """All of it. Coordinates are those of the parcel's plane."""
+
+    def __init__(self, canvas, transforms):
+        self._canvas, self._transforms = canvas, transforms
+        self._bands = {}
+        self._labels = Labels(canvas)
+
+    def clear(self):
+        for bands in self._bands.values():
+            for band in bands:
+                self._canvas.scene().removeItem(band)
+        self._bands = {}
+        self._labels.show([])
+
+    def remove(self):
+        self.clear()
+        self._canvas.scene().removeItem(self._labels)
+
+    def parcel(self, parcel):
+        self._show("parcel", [(polygon_of(parcel.rings), _OUTLINE, QColor(0, 0, 0, 0), 2)], parcel)
+
+    def hovered(self, parcel, place):
+        self._show("hovered", self._place(parcel, place, _HOVERED, 6), parcel)
+
+    def chosen(self, parcel, place):
+        self._show("chosen", self._place(parcel, place, _CHOSEN, 4), parcel)
+
+    def division(self, parcel, division):
+        """The pieces, the lines and their figures; none for no division."""
+        if division is None:
+            self._show("pieces", [], parcel)
+            self._show("lines", [], parcel)
+            self._labels.show([])
+            return
+        pieces = [(polygon_of(piece.rings), _OUTLINE, _FILLS[piece.amount % len(_FILLS)], 1) for piece in division.pieces]
+        self._show("pieces", pieces, parcel)
+        self._show("lines", [(line_of(line.segments), _LINE, _LINE, 3) for line in division.lines], parcel)
+        to_canvas = parcel.plane.to(self._canvas.mapSettings().destinationCrs(), self._transforms)
+        texts = [(to_canvas(geometry.pointOnSurface().asPoint()), f"{piece.area:.2f}")
+                 for (geometry, *_), piece in zip(pieces, division.pieces)]
+        for line in division.lines:
+            (x0, y0), (x1, y1) = line.segments[0]
+            if line.length is not None:
+                # Off the middle, where the areas of narrow pieces stand.
+                texts.append((to_canvas(QgsPointXY(x0 + (x1 - x0) / 4, y0 + (y1 - y0) / 4)), f"{line.length:.3f}"))
+        self._labels.show(texts)
+
+    @staticmethod
+    def _place(parcel, place, colour, width):
+        if place is None:
+            return []
+        if isinstance(place, Corner):
+            return [(QgsGeometry.fromPointXY(QgsPointXY(*parcel.corner(place.number))), colour, colour, width)]
+        start, end = parcel.side(place.number)
+        return [(QgsGeometry.fromPolylineXY([QgsPointXY(*start), QgsPointXY(*end)]), colour, colour, width)]
+
+    def _show(self, name, shapes, parcel):
+        """Shapes of (geometry, outline, fill, width) in place of what had this name."""
+        for band in self._bands.pop(name, []):
+            self._canvas.scene().removeItem(band)
+        bands = []
+        for geometry, outline, fill, width in shapes:
+            band = QgsRubberBand(self._canvas, geometry.type())
+            band.setStrokeColor(outline)
+            band.setFillColor(fill)
+            band.setWidth(width)
+            if geometry.type() == QgsWkbTypes.PointGeometry:
+                band.setIcon(QgsRubberBand.ICON_CIRCLE)
+                band.setIconSize(12)
+            if outline is _LINE:
+                band.setLineStyle(Qt.SolidLine)
+            band.setToGeometry(geometry, parcel.plane.crs)
+            bands.append(band)
+        self._bands[name] = bands

@@ -1,0 +1,447 @@
+"""The map tool, driven by mouse and keys as a user would."""
+
+import os
+import sys
+import tempfile
+import traceback
+import unittest
+from unittest import mock
+
+import session
+from qgis.core import QgsCoordinateReferenceSystem, QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, \
+    QgsVectorFileWriter, QgsVectorLayer
+from qgis.gui import QgsMapCanvas
+from qgis.PyQt.QtCore import QEvent, QPoint, Qt
+from qgis.PyQt.QtGui import QMouseEvent
+from qgis.PyQt.QtTest import QTest
+from qgis.PyQt.QtWidgets import QApplication, QHBoxLayout, QMainWindow, QWidget
+from session import LOT, UTM, YARD, layer_of
+from test_program import without_package, without_program
+
+# To the East of LOT, with a side that lies along the whole of its East side and on both ways; and one that touches a corner only.
+NEIGHBOUR = "POLYGON ((500100 4999990, 500150 4999990, 500150 5000060, 500100 5000060, 500100 4999990))"
+CORNER_ONLY = "POLYGON ((499990 5000050, 500000 5000050, 500000 5000060, 499990 5000060, 499990 5000050))"
+
+
+class Window:
+    """A canvas with the tool and its dock."""
+
+    def __init__(self, layers, current=None, extent=(499980, 4999980, 500170, 5000080)):
+        from plcalc_qgis.maptool.dock import Dock
+        from plcalc_qgis.maptool.tool import DivideTool
+
+        self.project = QgsProject.instance()
+        self.project.addMapLayers(layers, False)
+        self.widget = QWidget()
+        self.canvas = QgsMapCanvas()
+        self.canvas.setLayers(layers)
+        self.canvas.setCurrentLayer(current or layers[0])
+        self.canvas.setDestinationCrs(QgsCoordinateReferenceSystem(UTM))
+        self.canvas.setExtent(QgsRectangle(*extent))
+        self.dock = Dock()
+        layout = QHBoxLayout(self.widget)
+        layout.addWidget(self.canvas, 3)
+        layout.addWidget(self.dock, 2)
+        self.widget.resize(1100, 600)
+        self.widget.show()
+        QTest.qWaitForWindowExposed(self.widget)
+        self.canvas.refresh()
+        self.canvas.waitWhileRendering()
+        self.tool = DivideTool(self.canvas, self.dock)
+        self.said = []
+        self.tool.said.connect(lambda text, problem: self.said.append((text, problem)))
+        self.canvas.setMapTool(self.tool)
+        # Qt ends the process at an exception in an event; a test should fail instead.
+        self.raised = []
+        sys.excepthook = lambda *what: self.raised.append("".join(traceback.format_exception(*what)))
+
+    def close(self):
+        sys.excepthook = sys.__excepthook__
+        self.canvas.unsetMapTool(self.tool)
+        self.tool.remove()
+        self.project.removeAllMapLayers()
+        self.widget.close()
+
+    def pixel(self, x, y):
+        at = self.canvas.getCoordinateTransform().transform(QgsPointXY(x, y))
+        return QPoint(round(at.x()), round(at.y()))
+
+    def move(self, x, y, buttons=Qt.NoButton):
+        at = self.pixel(x, y)
+        event = QMouseEvent(QEvent.MouseMove, at, self.canvas.viewport().mapToGlobal(at), Qt.NoButton, buttons, Qt.NoModifier)
+        QApplication.sendEvent(self.canvas.viewport(), event)
+
+    def click(self, x, y, button=Qt.LeftButton):
+        self.move(x, y)
+        QTest.mouseClick(self.canvas.viewport(), button, Qt.NoModifier, self.pixel(x, y))
+
+    def drag(self, start, *ends):
+        QTest.mousePress(self.canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*start))
+        for end in ends:
+            self.move(*end, Qt.LeftButton)
+        QTest.mouseRelease(self.canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*ends[-1]))
+
+    def key(self, key):
+        QTest.keyClick(self.canvas, key)
+
+    def ask(self, kind, text):
+        self.dock.amount.setCurrentIndex(kind)
+        self.dock.value.setText(text)
+
+    def picture(self, name):
+        """Kept where PLCALC_PICTURES says, for people to look at."""
+        if os.environ.get("PLCALC_PICTURES"):
+            self.canvas.waitWhileRendering()
+            QApplication.processEvents()
+            self.widget.grab().save(os.path.join(os.environ["PLCALC_PICTURES"], name + ".png"))
+
+
+AREA, SHARE, PARTS, WIDTH, LIST = range(5)
+
+
+def shapes(layer):
+    return sorted((feature.geometry().asWkt(4), *feature.attributes()) for feature in layer.getFeatures())
+
+
+def setUpModule():
+    session.start()
+
+
+class Case(unittest.TestCase):
+    def window(self, rows, crs=UTM, kind="Polygon", columns="&field=owner:string", more=(), **how):
+        self.lots = layer_of(crs, rows, kind=kind, columns=columns)
+        self.opened = Window([self.lots, *more], **how)
+        self.addCleanup(lambda: self.assertEqual(self.opened.raised, []))
+        self.addCleanup(self.opened.close)
+        return self.opened
+
+
+class Choosing(Case):
+    def test_select_hover_and_click(self):
+        window = self.window([(LOT, "Rossi"), (NEIGHBOUR, "Verdi")])
+        self.assertIn("Click on a parcel", window.dock.about.text())
+        window.click(500050, 5000025)
+        self.assertIn("area 5000.0000, perimeter 300.0000", window.dock.about.text())
+        self.assertIn("Click on a side", window.dock.place.text())
+        window.move(500050, 5000000.5)
+        self.assertEqual(window.dock.place.text(), "Side 1: length 100.000, bearing 100.0000 gon")
+        window.move(500099.5, 5000025)
+        self.assertEqual(window.dock.place.text(), "Side 2: length 50.000, bearing 0.0000 gon")
+        window.move(500000.2, 5000049.8)
+        self.assertEqual(window.dock.place.text(), "Corner 4: E 500000.000, N 5000050.000")
+        window.move(500050, 5000025)
+        self.assertIn("Click on a side", window.dock.place.text())
+        self.assertFalse(window.dock.divide.isEnabled())
+        window.click(500050, 5000000)
+        self.assertIn("Piece 1: 2500.0000 (asked 2500.0000)", window.dock.result.text())
+        self.assertIn("length 100.000, bearing 100.0000 gon", window.dock.result.text())
+        self.assertTrue(window.dock.divide.isEnabled())
+        window.picture("side")
+
+    def test_the_answer_follows_the_dock(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.ask(AREA, "1234")
+        self.assertIn("Piece 1: 1234.0000", window.dock.result.text())
+        window.dock.kind.setCurrentIndex(1)
+        self.assertIn("bearing 0.0000 gon", window.dock.result.text())
+        window.ask(PARTS, "3")
+        self.assertEqual(len(window.tool.work.division.lines), 2)
+        window.ask(AREA, "1000")
+        window.dock.opposite.setChecked(True)
+        ends = [end for line in window.tool.work.division.lines for end in (line.start, line.end)]
+        self.assertEqual({x for x, _ in ends}, {500020.0})
+        window.key(Qt.Key_O)
+        self.assertFalse(window.dock.opposite.isChecked())
+        window.ask(AREA, "6000")
+        self.assertIn("what can be had: 0.0000 to 5000.0000", window.dock.result.text())
+        self.assertFalse(window.dock.divide.isEnabled())
+        window.ask(AREA, "much")
+        self.assertIn("How much is asked cannot be read", window.dock.result.text())
+
+    def test_a_corner(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500000, 5000000)
+        self.assertFalse(window.dock.kind.isEnabled())
+        window.ask(AREA, "1250")
+        line, = window.tool.work.division.lines
+        self.assertEqual(sorted([line.start, line.end]), [(500000.0, 5000000.0), (500100.0, 5000025.0)])
+        window.picture("corner")
+
+    def test_stepping_back(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Escape)
+        self.assertIsNone(window.tool.work.division)
+        self.assertEqual(window.dock.result.text(), "")
+        window.key(Qt.Key_Escape)
+        self.assertIsNone(window.tool.work)
+        self.assertIn("Click on a parcel", window.dock.about.text())
+
+    def test_what_is_no_parcel(self):
+        window = self.window([("POLYGON ((500000 5000000, 500100 5000050, 500100 5000000, 500000 5000050, 500000 5000000))", "")])
+        window.click(500005, 5000025)
+        self.assertIn("cross", window.dock.result.text())
+        window.click(500050, 5000000)
+        self.assertFalse(window.dock.divide.isEnabled())
+
+    def test_a_layer_of_points_is_refused(self):
+        window = self.window([("POINT (500050 5000025)", "")], kind="Point")
+        window.click(500050, 5000025)
+        self.assertEqual(window.said, [("Make a layer of polygons the current one.", True)])
+
+    def test_dragging_the_line(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.drag((500050, 5000025), (500050, 5000020), (500050, 5000015))
+        self.assertEqual(window.dock.amount.currentIndex(), AREA)
+        wanted = float(window.dock.value.text())
+        self.assertAlmostEqual(wanted, 1500.0, delta=30.0)  # a pixel is a quarter of a metre
+        self.assertEqual(wanted % 10, 0.0)  # no digits that the cursor cannot tell apart
+        self.assertAlmostEqual(window.tool.work.division.pieces[0].area, wanted, delta=1e-2)
+        window.dock.opposite.setChecked(True)
+        window.drag((500050, 5000035), (500050, 5000010))
+        self.assertAlmostEqual(float(window.dock.value.text()), 4000.0, delta=30.0)
+        window.picture("dragged")
+
+    def test_dragging_a_line_from_a_corner(self):
+        window = self.window([(YARD, "Rossi")], extent=(500190, 4999990, 500270, 5000060))
+        window.click(500220, 5000025)
+        window.click(500200, 5000000)
+        line, = window.tool.work.division.lines
+        (x0, y0), (x1, y1) = line.start, line.end
+        # To (500240, 5000035): the corners 1 to 4, and there; 60 x 20 less the triangle above the line, and the one beyond.
+        window.drag(((x0 + x1) / 2, (y0 + y1) / 2), (500220, 5000017.5))
+        piece = QgsGeometry.fromWkt("POLYGON ((500200 5000000, 500260 5000000, 500260 5000020, 500240 5000020, 500240 5000035, "
+                                    "500200 5000000))")
+        self.assertAlmostEqual(float(window.dock.value.text()), piece.area(), delta=20.0)
+
+
+    def test_with_the_program(self):
+        window = self.window([(LOT, "Rossi")])
+        with without_package():
+            window.click(500050, 5000025)
+            self.assertIn("the program of that name is asked", window.dock.note.text())
+            window.move(500050, 5000000.5)
+            self.assertEqual(window.dock.place.text(), "Side 1: length 100.000, bearing 100.0000 gon")
+            window.click(500050, 5000000)
+            window.ask(AREA, "1234")
+            self.assertIn("Piece 1: 1234.0000", window.dock.result.text())
+            window.dock.decimals.setValue(-1)
+            self.assertIn("say to how many decimals", window.dock.result.text())
+
+    def test_with_neither(self):
+        window = self.window([(LOT, "Rossi")])
+        with without_package(), without_program():
+            window.click(500050, 5000025)
+        (text, problem), = window.said
+        self.assertTrue(problem)
+        self.assertIn("Or install the program plcalc", text)
+
+
+class InTheWindowOfQgis(Case):
+    def test_button_dock_and_unload(self):
+        window = self.window([(LOT, "Rossi")])
+        main = QMainWindow()
+        iface = mock.MagicMock()
+        iface.mainWindow.return_value, iface.mapCanvas.return_value = main, window.canvas
+        iface.addDockWidget.side_effect = main.addDockWidget
+        iface.removeDockWidget.side_effect = main.removeDockWidget
+        main.show()
+        before = len(window.canvas.scene().items())
+        plugin = session.application.plcalc_plugin
+        plugin.unload()
+        from plcalc_qgis import classFactory
+
+        plugin = classFactory(iface)
+        plugin.initGui()
+        self.assertFalse(plugin.dock.isVisible())
+        plugin.action.trigger()
+        self.assertIs(window.canvas.mapTool(), plugin.tool)
+        self.assertTrue(plugin.dock.isVisible())
+        window.click(500050, 5000025)
+        self.assertIsNotNone(plugin.tool.work)
+        window.canvas.setCurrentLayer(None)
+        window.click(500050, 5000025)
+        (title, text), _ = iface.messageBar().pushWarning.call_args
+        self.assertEqual((title, text), ("plcalc", "Make a layer of polygons the current one."))
+        plugin.dock.close()
+        self.assertIsNot(window.canvas.mapTool(), plugin.tool)
+        plugin.action.trigger()
+        plugin.unload()
+        self.assertEqual(len(window.canvas.scene().items()), before)
+        session.application.plcalc_plugin.initProcessing()
+
+
+class Writing(Case):
+    def test_divide_and_undo(self):
+        window = self.window([(LOT, "Rossi"), (NEIGHBOUR, "Verdi"), (CORNER_ONLY, "Blu")])
+        before = shapes(self.lots)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.ask(AREA, "1000.01")
+        window.key(Qt.Key_Return)
+        self.assertTrue(self.lots.isEditable())
+        self.assertEqual([problem for _, problem in window.said], [False])
+        self.assertIn("1 new features", window.said[0][0])
+        self.assertIn("1 neighbours have the new points", window.said[0][0])
+        by_owner = {}
+        for feature in self.lots.getFeatures():
+            by_owner.setdefault(feature["owner"], []).append(feature.geometry())
+        self.assertEqual([round(shape.area(), 1) for shape in sorted(by_owner["Rossi"], key=QgsGeometry.area)], [1000.0, 4000.0])
+        neighbour, = by_owner["Verdi"]
+        self.assertIn("500100 5000010", neighbour.asWkt(6))
+        self.assertAlmostEqual(neighbour.area(), 50 * 70, delta=1e-6)
+        kept = self.lots.getFeature(1).geometry()  # what is left keeps the number
+        self.assertAlmostEqual(kept.area(), 3999.99, delta=0.02)
+        # The three share their new corner to the last bit.
+        corner = {(v.x(), v.y()) for v in kept.vertices()} & {(v.x(), v.y()) for v in neighbour.vertices()}
+        self.assertEqual(len(corner - {(500100.0, 5000050.0)}), 1)
+        self.assertEqual(self.lots.undoStack().count(), 1)
+        self.lots.undoStack().undo()
+        self.assertEqual(shapes(self.lots), before)
+        self.lots.undoStack().redo()
+        self.assertTrue(self.lots.commitChanges())
+        self.assertEqual(self.lots.featureCount(), 4)
+
+    def test_new_points(self):
+        points = layer_of("EPSG:25832", [], kind="Point", columns="&field=name:string")
+        window = self.window([(LOT, "Rossi")], more=[points])
+        window.dock.points.setLayer(points)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.ask(PARTS, "4")
+        QTest.mouseClick(window.dock.divide, Qt.LeftButton)
+        self.assertEqual([feature["name"] for feature in points.getFeatures()], ["P1", "P2", "P3", "P4", "P5", "P6"])
+        self.assertIn("6 points are added", window.said[0][0])
+        self.assertEqual(self.lots.featureCount(), 4)
+        self.lots.undoStack().undo()
+        self.assertEqual(self.lots.featureCount(), 1)
+
+    def test_several_polygons_heights_and_holes(self):
+        lot = ("MULTIPOLYGON Z (((500000 5000000 10, 500100 5000000 20, 500100 5000050 20, 500000 5000050 10, 500000 5000000 10), "
+               "(500045 5000030 1, 500045 5000040 1, 500055 5000040 1, 500055 5000030 1, 500045 5000030 1)), "
+               "((500110 5000000 7, 500120 5000000 7, 500120 5000010 7, 500110 5000000 7)))")
+        window = self.window([(lot, "Rossi")], kind="MultiPolygonZ")
+        window.click(500020, 5000025)
+        window.click(500000, 5000025)  # the West side
+        window.ask(AREA, "1500")
+        window.dock.decimals.setValue(1)
+        window.key(Qt.Key_Return)
+        cut_off, = (feature.geometry() for feature in self.lots.getFeatures() if feature.id() != 1)
+        self.assertEqual(cut_off.asWkt(3), "MultiPolygonZ (((500030 5000000 13, 500030 5000050 13, 500000 5000050 10, 500000 5000000 10, "
+                                           "500030 5000000 13)))")
+        kept = self.lots.getFeature(1).geometry()
+        self.assertEqual(kept.constGet().numGeometries(), 2)
+        self.assertAlmostEqual(kept.area(), 3400.0 + 50.0, delta=1e-6)
+        self.assertEqual({point.z() for point in kept.vertices()}, {13.0, 20.0, 1.0, 7.0})
+
+    def test_a_geopackage_with_a_column_of_unique_values(self):
+        memory = layer_of(UTM, [(LOT, "Rossi", 7.5), (NEIGHBOUR, "Verdi", 2.5)], columns="&field=owner:string&field=tax:double")
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "lots.gpkg")
+            options = QgsVectorFileWriter.SaveVectorOptions()
+            self.assertEqual(QgsVectorFileWriter.writeAsVectorFormatV3(memory, path, QgsProject.instance().transformContext(),
+                                                                       options)[0], QgsVectorFileWriter.NoError)
+            self.lots = QgsVectorLayer(path, "lots", "ogr")
+            window = Window([self.lots])
+            window.click(500050, 5000025)
+            window.click(500050, 5000000)
+            window.ask(PARTS, "5")
+            window.key(Qt.Key_Return)
+            self.assertTrue(self.lots.commitChanges(), self.lots.commitErrors())
+            read_back = QgsVectorLayer(path, "again", "ogr")
+            rows = sorted((feature["fid"], feature["owner"], feature["tax"], round(feature.geometry().area(), 3))
+                          for feature in read_back.getFeatures())
+            self.assertEqual(rows[:2], [(1, "Rossi", 7.5, 1000.0), (2, "Verdi", 2.5, 3500.0)])
+            self.assertEqual([row[1:] for row in rows[2:]], [("Rossi", 7.5, 1000.0)] * 4)
+            self.assertEqual(len({row[0] for row in rows}), 6)
+            window.close()
+            self.assertEqual(window.raised, [])
+
+    def test_points_that_cannot_be_written(self):
+        points = layer_of(UTM, [], kind="Point")
+        window = self.window([(LOT, "Rossi")], more=[points])
+        window.dock.points.setLayer(points)
+        points.setReadOnly(True)
+        before = shapes(self.lots)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertEqual([problem for _, problem in window.said], [True])
+        self.assertEqual(shapes(self.lots), before)
+
+    def test_what_was_changed_meanwhile(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        self.lots.startEditing()
+        self.lots.changeGeometry(1, QgsGeometry.fromWkt(YARD))
+        window.key(Qt.Key_Return)
+        self.assertEqual([problem for _, problem in window.said], [True])
+        self.assertIn("has been changed", window.said[0][0])
+        self.assertEqual(self.lots.featureCount(), 1)
+
+    def test_a_layer_that_cannot_be_edited(self):
+        window = self.window([(LOT, "Rossi")])
+        self.lots.setReadOnly(True)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertEqual(window.said, [("The layer lots cannot be edited.", True)])
+
+    def test_without_an_answer_nothing_is_written(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.key(Qt.Key_Return)
+        window.click(500050, 5000000)
+        window.ask(AREA, "6000")
+        window.key(Qt.Key_Return)
+        self.assertFalse(self.lots.isEditable())
+        self.assertEqual(window.said, [])
+
+
+class Degrees(Case):
+    DEGREES = "POLYGON ((9 45.15, 9.00127 45.15, 9.00127 45.15045, 9 45.15045, 9 45.15))"
+
+    def tearDown(self):
+        QgsProject.instance().setCrs(QgsCoordinateReferenceSystem())
+
+    def middle(self):
+        from qgis.core import QgsCoordinateTransform
+
+        way = QgsCoordinateTransform(QgsCoordinateReferenceSystem("EPSG:4326"), QgsCoordinateReferenceSystem(UTM), QgsProject.instance())
+        return way.transform(QgsPointXY(9.0006, 45.1502)), way.transform(QgsPointXY(9.0006, 45.15))
+
+    def test_the_plane_of_the_project(self):
+        QgsProject.instance().setCrs(QgsCoordinateReferenceSystem(UTM))
+        inside, side = self.middle()
+        window = self.window([(self.DEGREES, "Rossi")], crs="EPSG:4326",
+                             extent=(inside.x() - 80, inside.y() - 60, inside.x() + 80, inside.y() + 60))
+        window.click(inside.x(), inside.y())
+        self.assertIn("divided in the project's EPSG:32632", window.dock.note.text())
+        window.click(side.x(), side.y())
+        window.ask(SHARE, "1/4")
+        window.key(Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+        kept, cut_off = sorted((feature.geometry() for feature in self.lots.getFeatures()), key=QgsGeometry.area, reverse=True)
+        self.assertAlmostEqual(cut_off.area() / (kept.area() + cut_off.area()), 0.25, delta=1e-5)
+        for corner in ((9.0, 45.15), (9.00127, 45.15)):  # to the last bit
+            self.assertIn(corner, [(v.x(), v.y()) for v in cut_off.vertices()])
+
+    def test_no_plane(self):
+        inside, _ = self.middle()
+        window = self.window([(self.DEGREES, "Rossi")], crs="EPSG:4326",
+                             extent=(inside.x() - 80, inside.y() - 60, inside.x() + 80, inside.y() + 60))
+        window.click(inside.x(), inside.y())
+        (text, problem), = window.said
+        self.assertTrue(problem)
+        self.assertIn("in which there are no areas", text)
+
+
+if __name__ == "__main__":
+    unittest.main()
