@@ -38,7 +38,7 @@ class Plugin:
         self.tool.deactivated.connect(self.dock.hide)
         self.tool.said.connect(self._say)
         self.dock.closed.connect(self._end)
-        self.iface.addDockWidget(Qt.RightDockWidgetArea, self.dock)
+        self.iface.addDockWidget(Qt.DockWidgetArea.RightDockWidgetArea, self.dock)
         self.iface.addVectorToolBarIcon(self.action)
         self.iface.addPluginToVectorMenu("plcalc", self.action)
 

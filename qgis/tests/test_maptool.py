@@ -8,7 +8,7 @@ import unittest
 from unittest import mock
 
 import session
-from qgis.core import QgsCoordinateReferenceSystem, QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, \
+from qgis.core import QgsCoordinateReferenceSystem, QgsCoordinateTransform, QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, \
     QgsVectorFileWriter, QgsVectorLayer
 from qgis.gui import QgsMapCanvas
 from qgis.PyQt.QtCore import QEvent, QPoint, Qt
@@ -187,6 +187,21 @@ class Choosing(Case):
         self.assertIn("cross", window.dock.result.text())
         window.click(500050, 5000000)
         self.assertFalse(window.dock.divide.isEnabled())
+
+    def test_a_layer_without_a_system(self):
+        window = self.window([(LOT, "Rossi")], crs="")
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+
+    def test_arcs_are_refused(self):
+        window = self.window([("CURVEPOLYGON (CIRCULARSTRING (500000 5000025, 500050 5000075, 500100 5000025, 500050 4999975, "
+                               "500000 5000025))", "")], kind="CurvePolygon")
+        window.click(500050, 5000025)
+        (text, problem), = window.said
+        self.assertTrue(problem)
+        self.assertIn("its boundary has arcs", text)
 
     def test_a_layer_of_points_is_refused(self):
         window = self.window([("POINT (500050 5000025)", "")], kind="Point")
@@ -412,8 +427,6 @@ class Degrees(Case):
         QgsProject.instance().setCrs(QgsCoordinateReferenceSystem())
 
     def middle(self):
-        from qgis.core import QgsCoordinateTransform
-
         way = QgsCoordinateTransform(QgsCoordinateReferenceSystem("EPSG:4326"), QgsCoordinateReferenceSystem(UTM), QgsProject.instance())
         return way.transform(QgsPointXY(9.0006, 45.1502)), way.transform(QgsPointXY(9.0006, 45.15))
 
@@ -432,6 +445,24 @@ class Degrees(Case):
         self.assertAlmostEqual(cut_off.area() / (kept.area() + cut_off.area()), 0.25, delta=1e-5)
         for corner in ((9.0, 45.15), (9.00127, 45.15)):  # to the last bit
             self.assertIn(corner, [(v.x(), v.y()) for v in cut_off.vertices()])
+
+    def test_a_map_in_another_system(self):
+        mercator = QgsCoordinateReferenceSystem("EPSG:3857")
+        there = QgsCoordinateTransform(QgsCoordinateReferenceSystem(UTM), mercator, QgsProject.instance())
+        box = there.transformBoundingBox(QgsRectangle(499980, 4999980, 500130, 5000080))
+        window = self.window([(LOT, "Rossi")])
+        window.canvas.setDestinationCrs(mercator)
+        window.canvas.setExtent(box)
+        window.canvas.waitWhileRendering()
+        for x, y in ((500050, 5000025), (500050, 5000000)):
+            at = there.transform(x, y)
+            window.click(at.x(), at.y())
+        window.ask(AREA, "1000")
+        line, = window.tool.work.division.lines
+        self.assertEqual([line.start, line.end], [(500000.0, 5000010.0), (500100.0, 5000010.0)])
+        start, end = there.transform(500050, 5000010), there.transform(500050, 5000020)
+        window.drag((start.x(), start.y()), (end.x(), end.y()))
+        self.assertAlmostEqual(float(window.dock.value.text()), 2000.0, delta=30.0)
 
     def test_no_plane(self):
         inside, _ = self.middle()

@@ -21,11 +21,11 @@ class Dock(QDockWidget):
     def __init__(self, parent=None):
         super().__init__(tr("Divide a parcel"), parent)
         self.setObjectName("plcalc_divide")
-        self.setAllowedAreas(Qt.LeftDockWidgetArea | Qt.RightDockWidgetArea)
+        self.setAllowedAreas(Qt.DockWidgetArea.LeftDockWidgetArea | Qt.DockWidgetArea.RightDockWidgetArea)
         self.note, self.about, self.place, self.result = (QLabel() for _ in range(4))
         for label in (self.note, self.about, self.place, self.result):
             label.setWordWrap(True)
-            label.setTextInteractionFlags(Qt.TextSelectableByMouse)
+            label.setTextInteractionFlags(Qt.TextInteractionFlag.TextSelectableByMouse)
         self.kind = QComboBox()
         self.kind.addItems([tr("parallel to the side"), tr("at right angles to the side")])
         self.amount = QComboBox()

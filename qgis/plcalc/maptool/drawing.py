@@ -2,7 +2,7 @@
 
 from qgis.core import QgsGeometry, QgsPointXY, QgsWkbTypes
 from qgis.gui import QgsMapCanvasItem, QgsRubberBand
-from qgis.PyQt.QtCore import QPointF, QRectF, Qt
+from qgis.PyQt.QtCore import QPointF, QRectF
 from qgis.PyQt.QtGui import QColor, QFontMetricsF, QPainterPath, QPen
 
 from ..parcels import line_of, polygon_of
@@ -118,8 +118,6 @@ class Drawing:
             if geometry.type() == QgsWkbTypes.PointGeometry:
                 band.setIcon(QgsRubberBand.ICON_CIRCLE)
                 band.setIconSize(12)
-            if outline is _LINE:
-                band.setLineStyle(Qt.SolidLine)
             band.setToGeometry(geometry, parcel.plane.crs)
             bands.append(band)
         self._bands[name] = bands

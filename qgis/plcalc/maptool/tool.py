@@ -31,7 +31,7 @@ class DivideTool(QgsMapTool):
         self._work = self._hovered = None
         self._dragging = False
         self._drawing = Drawing(canvas, self._project.transformContext())
-        self.setCursor(Qt.CrossCursor)
+        self.setCursor(Qt.CursorShape.CrossCursor)
         dock.changed.connect(self._ask)
         dock.commit.connect(self.divide)
         # What is drawn belongs to a layer that may go or change under it.
@@ -69,17 +69,17 @@ class DivideTool(QgsMapTool):
             self._drag(at, reach / _REACH)
             return
         on_line = self._work.is_on_line(at, reach / 2)
-        self.setCursor(Qt.SizeAllCursor if on_line else Qt.CrossCursor)
+        self.setCursor(Qt.CursorShape.SizeAllCursor if on_line else Qt.CursorShape.CrossCursor)
         self._hover(None if on_line else self._work.parcel.under(at, reach))
 
     def canvasPressEvent(self, event):
-        if event.button() != Qt.LeftButton or self._work is None:
+        if event.button() != Qt.MouseButton.LeftButton or self._work is None:
             return
         at, reach = self._in_plane(event)
         self._dragging = self._work.is_on_line(at, reach / 2)
 
     def canvasReleaseEvent(self, event):
-        if event.button() != Qt.LeftButton:
+        if event.button() != Qt.MouseButton.LeftButton:
             return
         if self._dragging:
             self._dragging = False
@@ -93,11 +93,11 @@ class DivideTool(QgsMapTool):
         self._select(event.mapPoint())
 
     def keyPressEvent(self, event):
-        if event.key() in (Qt.Key_Return, Qt.Key_Enter):
+        if event.key() in (Qt.Key.Key_Return, Qt.Key.Key_Enter):
             self.divide()
-        elif event.key() == Qt.Key_Escape:
+        elif event.key() == Qt.Key.Key_Escape:
             self._step_back()
-        elif event.key() == Qt.Key_O:
+        elif event.key() == Qt.Key.Key_O:
             self._dock.opposite.toggle()
         else:
             event.ignore()
