@@ -646,47 +646,108 @@ TEST(WholeLines, ALineInLineWithItsSide)
     }
 }
 
-// Level 5 halves each of them. Vertices lie on the line there, where sides that it met end and others begin.
-TEST(WholeLines, HalvesAtTheLevelOfVertices)
+// Vertices lie on the line at level 5, where sides that it met end and others begin. Of directions so little apart that
+// numbers of 106 bits hold no lines between the vertices, some lie a hair above the line and some below it.
+TEST(WholeLines, ALineAtTheLevelOfVertices)
 {
+    const Line lines[] = {parallel_to(0), plparcel::along_segment({0, 0}, {1, 0x1p-70}),
+                          plparcel::along_segment({0, 0}, {1, -0x1p-70})};
     const Ring square_hole = {{4, 4}, {6, 4}, {6, 6}, {4, 6}};
     const struct {
         const char* what;
         Parcel parcel;
+        std::vector<Amount> amounts;
         std::vector<double> ends;  // along the line
     } rows[] = {
         {"both ends",
          {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}, {-2, 5}}, {square_hole}},
+         {area(58), width(5)},
          {-2, 4, 6, 12}},
-        {"the left end", {{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 5}}, {square_hole}}, {-2, 4, 6, 10}},
-        {"the right end", {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}}, {square_hole}}, {0, 4, 6, 12}},
+        {"the left end",
+         {{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 5}}, {square_hole}},
+         {area(53), width(5)},
+         {-2, 4, 6, 10}},
+        {"the right end",
+         {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}}, {square_hole}},
+         {area(53), width(5)},
+         {0, 4, 6, 12}},
         {"the left end and a hole's left one",
          {{{0, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 5}}, {{{4, 5}, {6, 3}, {6, 7}}}},
+         {area(53), width(5)},
          {-2, 4, 6, 10}},
         {"the right end and a hole's right one",
          {{{0, 0}, {10, 0}, {12, 5}, {10, 10}, {0, 10}}, {{{4, 3}, {6, 5}, {4, 7}}}},
+         {area(53), width(5)},
          {0, 4, 6, 12}},
         {"inner corners, past holes",
          {{{0, 0}, {10, 0}, {8, 5}, {10, 10}, {0, 10}, {2, 5}},
           {{{4, 1}, {6, 1}, {6, 3}, {4, 3}}, {{4, 7}, {6, 7}, {6, 9}, {4, 9}}}},
+         {area(36), width(5)},
          {2, 8}},
+        {"below it a hole's two legs, which a line meets one after the other",
+         {{{0, 0}, {10, 0}, {10, 10}, {0, 10}},
+          {{{3, 3}, {4, 3}, {4, 5}, {6, 5}, {6, 3}, {7, 3}, {7, 7}, {3, 7}}}},
+         {area(46)},
+         {0, 3, 7, 10}},
+        {"above it two horns",
+         {{{0, 0}, {10, 0}, {10, 10}, {0, 10}},
+          {{{3, 3}, {7, 3}, {7, 7}, {6, 7}, {6, 5}, {4, 5}, {4, 7}, {3, 7}}}},
+         {area(42)},
+         {0, 3, 7, 10}},
     };
     for (const auto& row : rows) {
-        const Division division = cut(row.parcel, parallel_to(0), {share(1, 2)}, kHere, Pieces::two);
-        ASSERT_EQ(division.status, Status::divided) << row.what;
-        std::vector<double> ends;
-        for (const plparcel::Segment& segment : division.lines[0].segments) {
-            ends.push_back(segment.from.x);
-            ends.push_back(segment.to.x);
-            EXPECT_EQ(segment.from.y, 5) << row.what;
-            EXPECT_EQ(segment.to.y, 5) << row.what;
+        for (const Line& line : lines) {
+            for (const Amount& amount : row.amounts) {
+                const Division division = cut(row.parcel, line, {amount}, kHere, Pieces::two);
+                EXPECT_EQ(division.status, Status::divided)
+                    << row.what << " " << line.b.y << " " << static_cast<int>(amount.given);
+                if (division.status != Status::divided)
+                    continue;
+                std::vector<double> ends;
+                for (const plparcel::Segment& segment : division.lines[0].segments) {
+                    ends.push_back(segment.from.x);
+                    ends.push_back(segment.to.x);
+                    EXPECT_EQ(segment.from.y, 5) << row.what;
+                    EXPECT_EQ(segment.to.y, 5) << row.what;
+                }
+                EXPECT_EQ(ends, row.ends) << row.what;
+                Request other;
+                other.line = line;
+                other.amounts = {amount};
+                other.alternative = 1;
+                EXPECT_EQ(divide(row.parcel, other).status, Status::no_further_line) << row.what;
+            }
         }
-        EXPECT_EQ(ends, row.ends) << row.what;
-        Request other;
-        other.amounts = {share(1, 2)};
-        other.alternative = 1;
-        EXPECT_EQ(divide(row.parcel, other).status, Status::no_further_line) << row.what;
     }
+}
+
+//   5 ---------- 4         The strip is as wide as from side 0 to the ledge 2-3, in a direction 2^-64 off the ledge's. Between
+//   |  | |_| |   |         the level of 3 and that of the corners in the hole's bay numbers of 106 bits hold no lines; along
+//   |  |_____|   3 --- 2   the ledge, which is longer, they do. The line ends at 3.
+//   0 ---------- 1
+TEST(WholeLines, AStripThatEndsAtALedge)
+{
+    const Parcel parcel = {{{0, 0}, {7, 0}, {12, 5}, {8, 5}, {8, 10}, {0, 10}},
+                           {{{3, 3}, {7, 3}, {7, 7}, {6, 7}, {6, 5}, {4, 5}, {4, 7}, {3, 7}}}};
+    const Division division =
+        cut(parcel, plparcel::along_segment({0, 0}, {1, 0x1p-64}), {width(5)}, kHere, Pieces::two);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    ASSERT_EQ(division.lines[0].segments.size(), 2U);
+    EXPECT_EQ(division.lines[0].segments[1].from.x, 7);
+    EXPECT_EQ(division.lines[0].segments[1].to.x, 8);
+    EXPECT_NEAR(division.pieces[0].area, 0.5 * (7 + 12) * 5 - 8, 1e-9);
+}
+
+//   4 ------------------ 3     Side 0 is the base, vertex 2 lies 2^-62 above its line. Between these levels numbers of 106 bits
+//   |        [  ]        |     hold no lines. The strip there is not all that lies above the line through the base.
+//   |        0 --- 1 --- 2
+//   5 ------ 6
+TEST(WholeLines, AStripTooThinForALineToEndIt)
+{
+    const Parcel parcel = {{{0, 0}, {50, 0}, {100, 0x1p-62}, {100, 60}, {-50, 60}, {-50, -10}, {0, -10}},
+                           {{{40, 30}, {60, 30}, {60, 40}, {40, 40}}}};
+    EXPECT_EQ(cut(parcel, parallel_to(0), {width(0x1p-63)}, kHere, Pieces::two).status,
+              Status::line_leaves_parcel);
 }
 
 // A width that leads into the bay of a hole, and through two legs of which the line across the longer one has the
@@ -877,12 +938,17 @@ TEST(WholeLines, AmountsThatCannotBeCutOffAParcelWithHoles)
 
 TEST(WholeLines, AWidthAsHighAsAParcelWithHolesLeavesNothing)
 {
-    const auto status = [](double high) {
-        return cut(kHoles, parallel_to(0), {width(high)}, kHere, Pieces::two).status;
+    const auto status = [](double high, double tilt) {
+        const Line line = plparcel::along_segment({0, 0}, {1, tilt});
+        return cut(kHoles, line, {width(high)}, kHere, Pieces::two).status;
     };
-    EXPECT_EQ(status(99), Status::divided);
-    EXPECT_EQ(status(100), Status::amount_too_large);
-    EXPECT_EQ(status(101), Status::amount_too_large);
+    EXPECT_EQ(cut(kHoles, parallel_to(0), {width(100)}, kHere, Pieces::two).status, Status::amount_too_large);
+    for (const double tilt : {0.0, 0x1p-70, -0x1p-70}) {
+        EXPECT_EQ(status(99, tilt), Status::divided) << tilt;
+        EXPECT_EQ(status(100, tilt), tilt == 0.0 ? Status::amount_too_large : Status::not_reached)
+            << tilt << ": turned, it is higher by less than rounding";
+        EXPECT_EQ(status(101, tilt), Status::amount_too_large) << tilt;
+    }
 }
 
 //   4 ------------------ 3     Side 0 is the base; 500 lie behind it. Vertex 2 is a twentieth above its line.

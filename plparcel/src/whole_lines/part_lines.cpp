@@ -181,6 +181,32 @@ bool PartLines::is_thick(std::size_t slab) const
     return levels_[slab + 1] - levels_[slab] > (levels_.back() - levels_.front()) * kThinSlab;
 }
 
+// Where lines at a level lie: in its slab, at the rim of one on both sides of that, and in place of thin slabs in those
+// beyond. None above or below the parcel.
+std::vector<std::size_t> PartLines::slabs_at(const Wide& level) const
+{
+    if (level < lowest() || level > highest())
+        return {};
+    std::vector<std::size_t> found;
+    std::size_t below = index_of(level);
+    std::size_t above = levels_[below] > level ? below - 1 : below;
+    while (below > 0 && !is_thick(below - 1))
+        --below;
+    if (below > 0)
+        found.push_back(below - 1);
+    while (above + 1 < levels_.size() && !is_thick(above))
+        ++above;
+    if (above + 1 < levels_.size() && above + 1 != below)
+        found.push_back(above);
+    return found;
+}
+
+// A level as near as the lines of a slab come to it.
+Wide PartLines::in_slab(std::size_t slab, const Wide& level) const
+{
+    return std::clamp(level, levels_[slab], levels_[slab + 1]);
+}
+
 std::vector<std::size_t> PartLines::vertices_between(const Wide& low, const Wide& high) const
 {
     std::vector<std::size_t> found;
@@ -388,7 +414,7 @@ void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) con
         const Wide under_root = width_low * width_low + widening * sunk * 2.0;
         const Wide divisor = width_low + sqrt(under_root);
         const Wide part = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
-        family.level = low + height * std::clamp(part, Wide(0.0), Wide(1.0));
+        family.level = in_slab(family.first_slab, low + height * part);
     }
 }
 
@@ -411,7 +437,7 @@ bool PartLines::parts_in_two(const std::vector<std::size_t>& sides) const
 PartLine PartLines::line_of(const Family& family, const Question& question) const
 {
     PartLine line;
-    line.level = family.level;
+    line.level = in_slab(question.slab, family.level);
     line.sides = question.sides;
     line.places = question.places;
     line.holds_start = family.holds_start;
@@ -435,9 +461,11 @@ std::vector<PartLine> PartLines::all_lines(const PartRequest& request) const
         const bool at_low = !(family.level - levels_[slab] > reach);
         if (family.at_rim || (!at_low && levels_[slab + 1] - family.level > reach))
             continue;
-        const std::size_t beside = at_low ? slab - 1 : slab + 1;
-        const bool passes_base = lies_by_base(request) && (slab < index_of(0.0)) != (beside < index_of(0.0));
-        if (beside < levels_.size() - 1 && is_thick(beside) && !passes_base) {
+        for (const std::size_t beside : slabs_at(levels_[at_low ? slab : slab + 1])) {
+            const bool passes_base =
+                lies_by_base(request) && (slab < index_of(0.0)) != (beside < index_of(0.0));
+            if (beside == slab || passes_base)
+                continue;
             both.push_back(family);
             both.back().first_slab = beside;
         }
@@ -462,8 +490,9 @@ std::vector<PartLine> PartLines::all_lines(const PartRequest& request) const
 std::vector<PartLine> PartLines::lines_at(const PartRequest& request, const Wide& level) const
 {
     std::vector<Question> questions;
-    for (std::size_t slab = 0; slab + 1 < levels_.size(); ++slab) {
-        if (level < levels_[slab] || level > levels_[slab + 1] || !is_thick(slab))
+    for (const std::size_t slab : slabs_at(level)) {
+        // A line below the base side has that in its other piece.
+        if (lies_by_base(request) && level > 0.0 && slab < index_of(0.0))
             continue;
         questions.emplace_back();
         questions.back().slab = slab;

@@ -101,6 +101,8 @@ private:
 
     std::size_t index_of(const Wide& level) const;
     bool is_thick(std::size_t slab) const;
+    std::vector<std::size_t> slabs_at(const Wide& level) const;
+    Wide in_slab(std::size_t slab, const Wide& level) const;
     std::vector<Family> families(const PartRequest& request) const;
     void add_families(std::size_t left, std::size_t right, std::size_t begin, std::size_t end,
                       std::vector<Family>& all) const;
