@@ -154,10 +154,10 @@ TEST_F(DivisionFiles, ARefusalIsReported)
     write("lot.csv", "lot,WKT\n12/3,\"POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0))\"\n");
     const test::Result run = divide(
         "lot.csv", "--parallel 1 --area 6000 --name-column lot --report report.txt --points points.csv");
-    EXPECT_TRUE(
-        test::fails_with(run, 4,
-                         "lot.csv: feature 1: the requested area 6000 is not less than the parcel's area "
-                         "5000.0000; ask for less"));
+    EXPECT_TRUE(test::fails_with(
+        run, 4,
+        "lot.csv: feature 1 '12/3': the requested area 6000 is not less than the parcel's area "
+        "5000.0000; ask for less"));
     EXPECT_EQ(content("report.txt"),
               "A parcel that was not divided\n"
               "=============================\n"

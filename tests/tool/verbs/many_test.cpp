@@ -54,6 +54,37 @@ TEST_F(Many, EveryParcelOfALayerAndASummary)
     EXPECT_EQ(run.status, 3);
 }
 
+// Tables, lists and messages call a parcel by its name; JSON keeps name and place apart.
+TEST_F(Many, ParcelsAreCalledByTheirNames)
+{
+    write_lots();
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 --name-column owner");
+    EXPECT_EQ(run.out, "             Parcel  line    from E   from N      to E     to N    cut off\n"
+                       "  feature 1 'Rossi'     1    0.0000  10.0000  100.0000  10.0000  1000.0000\n"
+                       "feature 2 'Bianchi'     1  200.0000  10.0000  300.0000  10.0000  1000.0000\n"
+                       "\n"
+                       "Divided  2 of 5 parcels\n"
+                       "Refused  3 in lots.csv\n"
+                       "  1: the WKT 'POLYGON ((0 0, 9 x))' cannot be read (feature 5 'Neri')\n"
+                       "  1: the amount is not below what there is to cut (feature 6 'Neri')\n"
+                       "  1: the boundary crosses or touches itself (feature 4 'Rossi')\n"
+                       "Skipped, without an area  2\n");
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.csv", "--parallel 1 --area 1000 --name-column owner --feature 6"), 4,
+                         "lots.csv: feature 6 'Neri': the requested area 1000 is not less than the "
+                         "parcel's area 100.00000; ask for less"));
+    const json got =
+        json::parse(divide("lots.csv", "--parallel 1 --area 1000 --name-column owner --json").out);
+    EXPECT_EQ(got["parcels"][1]["parcel"], "lots.csv: feature 2");
+    EXPECT_EQ(got["parcels"][1]["name"], "Bianchi");
+    EXPECT_EQ(got["parcels"][2]["status"], "refused");
+    EXPECT_EQ(got["parcels"][2]["parcel"], "lots.csv: feature 4");
+    EXPECT_EQ(got["parcels"][2]["name"], "Rossi");
+    EXPECT_FALSE(
+        json::parse(divide("lots.csv", "--parallel 1 --area 1000 --json").out)["parcels"][1].contains(
+            "name"));
+}
+
 // Two squares, one with a hole, a point and a bow-tie.
 TEST_F(Many, ALayerIsMeasured)
 {

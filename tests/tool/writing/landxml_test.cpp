@@ -178,7 +178,7 @@ TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
         write_xml(parcel(line(kA, kB) + curve(rot) + line(kC, kD) + line(kD, kA)));
         EXPECT_TRUE(test::fails_with(
             run({"measure", "in.xml"}), 3,
-            "in.xml: feature 1: the boundary has arcs; replace them with chords, as --arcs 0.005 "
+            "in.xml: feature 1 '7/1': the boundary has arcs; replace them with chords, as --arcs 0.005 "
             "does, which keeps the chords within 0.005 of the arcs"));
         const test::Result measured = run({"measure", "in.xml", "--arcs", "0.001"});
         ASSERT_EQ(measured.status, 0) << measured.err;

@@ -27,11 +27,10 @@ struct LengthUnit {
 std::string square_of(const LengthUnit& unit);
 
 struct Parcel {
-    Place place;                           ///< the file and the feature
+    Place place;                           ///< the file and the feature, and what the parcel is called
     plparcel::Ring ring;                   ///< in the file's order, without the closing vertex
     LengthUnit unit;                       ///< of the ring's coordinates
     std::string crs;                       ///< name of their CRS; empty when the file does not say
-    std::string name;                      ///< of the parcel, "1234/5"; empty when nobody says
     std::vector<std::string> point_names;  ///< of the vertices; empty when the file has none
     /// Of all vertices, NaN for one without; empty where no vertex has one.
     std::vector<double> heights = {};

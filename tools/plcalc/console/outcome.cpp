@@ -4,9 +4,28 @@
 
 namespace tool {
 
-std::string Place::text() const
+namespace {
+
+std::string in_file(const std::string& file, const std::string& feature)
 {
     return file.empty() || feature.empty() ? file + feature : file + ": " + feature;
+}
+
+}  // namespace
+
+std::string Place::called() const
+{
+    return name.empty() ? feature : feature + " '" + name + "'";
+}
+
+std::string Place::text() const
+{
+    return in_file(file, called());
+}
+
+std::string Place::without_name() const
+{
+    return in_file(file, feature);
 }
 
 Failure::Failure(ExitStatus failure_status, Place failure_place, std::string what_is_wrong,

@@ -31,9 +31,16 @@ struct Place {
     std::string file;  ///< as the command line names it
     std::string
         feature;  ///< in the file: "feature 3", or "layer lots: feature 3" where there are several layers
+    std::string name = {};  ///< of the parcel, "1234/5"; empty when nobody says
 
-    /// "lots.gpkg: layer lots: feature 3".
+    /// "layer lots: feature 3", or "feature 3 '1234/5'".
+    std::string called() const;
+
+    /// "lots.gpkg: feature 3 '1234/5'".
     std::string text() const;
+
+    /// The same without the name.
+    std::string without_name() const;
 };
 
 /// Ends the verb. main() makes a sentence of it and returns its status.

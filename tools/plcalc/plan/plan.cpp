@@ -30,7 +30,7 @@ std::string as_text(const std::string& bytes)
 // The file without its folders, and the feature.
 std::string file_of(const Place& place)
 {
-    return Place{CPLGetFilename(place.file.c_str()), place.feature}.text();
+    return Place{CPLGetFilename(place.file.c_str()), place.feature}.without_name();
 }
 
 // Whole square metres, or as many decimals as leave two digits of the smallest piece.
@@ -101,7 +101,7 @@ plparcel::Ring with_holes_joined(const plparcel::Piece& piece)
 void add_pieces(Plan& plan, const Answer& answer)
 {
     const PrintedDivision& printed = answer.printed;
-    const std::string name = as_text(answer.parcel.name);
+    const std::string name = as_text(answer.parcel.place.name);
     for (std::size_t i = 0; i < printed.proven.pieces.size(); ++i) {
         const plparcel::Piece& piece = printed.proven.pieces[i];
         const bool is_rest = piece.amount + 1 == printed.proven.held.size();
@@ -161,11 +161,11 @@ Plan plan_of(const Answer& answer, const PlanWishes& wishes)
     for (const auto& [key, value] : wishes.title_block)
         plan.title_block.emplace_back(as_text(key), as_text(value));
     const std::string file = as_text(file_of(parcel.place));
-    plan.title = parcel.name.empty() ? file : "Parcel " + as_text(parcel.name);
-    plan.subtitles = {(parcel.name.empty() ? "" : file + ". ") + as_text(cut_sentence(answer.asked, parcel)),
-                      "Parcel " + plan.area_text(plan.area) + ", perimeter " +
-                          fixed(printed.proven.ring.perimeter, 2) +
-                          (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};
+    plan.title = parcel.place.name.empty() ? file : "Parcel " + as_text(parcel.place.name);
+    plan.subtitles = {
+        (parcel.place.name.empty() ? "" : file + ". ") + as_text(cut_sentence(answer.asked, parcel)),
+        "Parcel " + plan.area_text(plan.area) + ", perimeter " + fixed(printed.proven.ring.perimeter, 2) +
+            (parcel.unit.name.empty() ? "" : " " + parcel.unit.name)};
     if (answer.asked.number == 0)
         return plan;
     const std::size_t index = static_cast<std::size_t>(answer.asked.number - 1);

@@ -272,13 +272,14 @@ ReadParcel ParcelFile::next_loop()
 {
     DrawnLoop& loop = loops_[next_loop_++];
     ReadParcel read;
-    read.parcel.place = {source_.file, feature_name(*loop.feature, *choice_.layer, *dataset_)};
+    read.parcel.place = {source_.file, feature_name(*loop.feature, *choice_.layer, *dataset_),
+                         name_in_column(*loop.feature)};
     try {
         complete_loop(loop, read.parcel);
     } catch (const Failure& failure) {
         read.problem = failure;
     }
-    name(read.parcel, *loop.feature);
+    name_by_text(read.parcel);
     read.feature = std::move(loop.feature);
     return read;
 }
@@ -432,7 +433,8 @@ ReadParcel ParcelFile::next_of_table()
     TableParcel& row = table_->parcels()[next_in_table_++];
     ReadParcel read;
     read.feature = std::move(row.feature);
-    read.parcel.place = {source_.file, row.name};
+    read.parcel.place = {source_.file, row.name,
+                         read.feature != nullptr ? name_in_column(*read.feature) : ""};
     try {
         Parcel parcel;
         parcel.place = read.parcel.place;
@@ -447,8 +449,6 @@ ReadParcel ParcelFile::next_of_table()
     } catch (const Failure& failure) {
         read.problem = failure;
     }
-    if (read.feature != nullptr)
-        name(read.parcel, *read.feature);
     return read;
 }
 
@@ -469,12 +469,15 @@ void ParcelFile::require_column(const std::string& name) const
                   names.empty() ? "the parcels have none" : "choose one of: " + names);
 }
 
-void ParcelFile::name(Parcel& parcel, const OGRFeature& feature) const
+std::string ParcelFile::name_in_column(const OGRFeature& feature) const
 {
-    if (source_.name_column)
-        parcel.name = feature.GetFieldAsString(source_.name_column->c_str());
-    else if (texts_ && !parcel.ring.empty())
-        parcel.name = texts_->inside(parcel.ring).value_or("");
+    return source_.name_column ? feature.GetFieldAsString(source_.name_column->c_str()) : "";
+}
+
+void ParcelFile::name_by_text(Parcel& parcel) const
+{
+    if (!source_.name_column && texts_ && !parcel.ring.empty())
+        parcel.place.name = texts_->inside(parcel.ring).value_or("");
 }
 
 std::optional<ReadParcel> ParcelFile::next()
@@ -523,14 +526,15 @@ ReadParcel ParcelFile::next_part()
 {
     ReadParcel read;
     read.parcel.place = {source_.file,
-                         part_name(feature_name(*feature_, *choice_.layer, *dataset_), part_ + 1, parts_)};
+                         part_name(feature_name(*feature_, *choice_.layer, *dataset_), part_ + 1, parts_),
+                         name_in_column(*feature_)};
     try {
         replace_arcs();
         complete(*feature_, finer_.get(), read.parcel);
     } catch (const Failure& failure) {
         read.problem = failure;
     }
-    name(read.parcel, *feature_);
+    name_by_text(read.parcel);
     if (parts_ == 1) {
         read.feature = std::move(feature_);
         return read;

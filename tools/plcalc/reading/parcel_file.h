@@ -104,7 +104,8 @@ private:
     std::vector<bool> rows_that_pass(OGRLayer& layer);
     ReadParcel next_of_table();
     void require_name_column() const;
-    void name(Parcel& parcel, const OGRFeature& feature) const;
+    std::string name_in_column(const OGRFeature& feature) const;
+    void name_by_text(Parcel& parcel) const;
 
     Source source_;
     GdalMessages messages_;

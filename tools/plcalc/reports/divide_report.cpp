@@ -191,7 +191,9 @@ Json division_json(const Answer& answer)
     const int area_decimals = printed.resolution.area_decimals;
     const plparcel::RingReport& ring = printed.proven.ring;
     Json json;
-    json["parcel"] = answer.parcel.place.text();
+    json["parcel"] = answer.parcel.place.without_name();
+    if (!answer.parcel.place.name.empty())
+        json["name"] = answer.parcel.place.name;
     if (!answer.parcel.assumed.empty())
         json["assumed"] = answer.parcel.assumed;
     json["status"] = "divided";

@@ -115,9 +115,9 @@ void add_parcel(const Reported& reported, ReportText& text)
     const Parcel& parcel = reported.answer.parcel;
     const plparcel::RingReport& ring = reported.answer.printed.proven.ring;
     text.heading("Parcel");
-    if (!parcel.name.empty())
-        text.item("Name: " + parcel.name);
-    text.item("Source: " + heading(parcel.place, parcel.assumed));
+    if (!parcel.place.name.empty())
+        text.item("Name: " + parcel.place.name);
+    text.item("Source: " + heading({parcel.place.file, parcel.place.feature}, parcel.assumed));
     text.item("Coordinates: " + (parcel.crs.empty() ? "no CRS stated" : parcel.crs) +
               (parcel.unit.name.empty() ? "; the unit is not stated" : ", in " + parcel.unit.name));
     text.item("Boundary: " + described_rings(parcel, ring.anticlockwise));
@@ -209,7 +209,7 @@ void add_pieces(const Reported& reported, ReportText& text)
     for (std::size_t i = 0; i < printed.areas.size(); ++i) {
         const plparcel::Piece& piece = printed.proven.pieces[i];
         const plparcel::Held& held = printed.proven.held[piece.amount];
-        const std::string name = piece_title(reported.answer.parcel.name, i);
+        const std::string name = piece_title(reported.answer.parcel.place.name, i);
         if (held.pieces == 1) {
             rows.push_back(cells(name, piece.asked, printed.areas[i]));
             continue;

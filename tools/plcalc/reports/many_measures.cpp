@@ -57,7 +57,7 @@ Cells ManyMeasures::cells_of(const Parcel& parcel, const Measures& measures) con
                    std::to_string(parcel.holes.size()), fixed(measures.area, resolution.area_decimals),
                    fixed(measures.perimeter, resolution.decimals)};
     if (named_)
-        cells.insert(cells.begin() + 1, parcel.name);
+        cells.insert(cells.begin() + 1, parcel.place.name);
     return cells;
 }
 
@@ -67,14 +67,14 @@ void ManyMeasures::add(const Parcel& parcel, const Measures& measures)
     tally_.note(parcel);
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
     if (as_ == As::json) {
-        Json json = {{"parcel", parcel.place.text()}, {"status", "measured"}};
+        Json json = {{"parcel", parcel.place.without_name()}, {"status", "measured"}};
         json.update(measures_json(parcel, measures, angles_));
         kept_->add(dumped_in_list(json));
     } else if (as_ == As::csv) {
-        kept_->add(csv_row({parcel.place.feature, parcel.name, fixed(measures.area, resolution.area_decimals),
-                            fixed(measures.perimeter, resolution.decimals),
-                            std::to_string(vertex_count(parcel)), std::to_string(parcel.holes.size()),
-                            direction_name(measures.anticlockwise), "measured"}));
+        kept_->add(csv_row(
+            {parcel.place.feature, parcel.place.name, fixed(measures.area, resolution.area_decimals),
+             fixed(measures.perimeter, resolution.decimals), std::to_string(vertex_count(parcel)),
+             std::to_string(parcel.holes.size()), direction_name(measures.anticlockwise), "measured"}));
     } else {
         const Cells cells = cells_in(kept_row(cells_of(parcel, measures)));
         columns_.measure(cells);
@@ -82,14 +82,14 @@ void ManyMeasures::add(const Parcel& parcel, const Measures& measures)
     }
 }
 
-void ManyMeasures::add(const Failure& problem, const std::string& name)
+void ManyMeasures::add(const Failure& problem)
 {
     tally_.refuse(problem, problem.problem);
     if (as_ == As::json)
-        kept_->add(dumped_in_list(
-            {{"parcel", problem.place.text()}, {"status", "refused"}, {"reason", sentence(problem)}}));
+        kept_->add(dumped_in_list(refused_json(problem)));
     else if (as_ == As::csv)
-        kept_->add(csv_row({problem.place.feature, name, "", "", "", "", "", "refused: " + problem.problem}));
+        kept_->add(csv_row(
+            {problem.place.feature, problem.place.name, "", "", "", "", "", "refused: " + problem.problem}));
 }
 
 Output ManyMeasures::table(std::size_t passed_over, std::size_t hidden) const

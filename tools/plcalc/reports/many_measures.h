@@ -31,7 +31,7 @@ public:
     void add(const Parcel& parcel, const Measures& measures);
 
     /// A parcel that could not be measured; CSV and JSON name it, the table counts it.
-    void add(const Failure& problem, const std::string& name);
+    void add(const Failure& problem);
 
     /// The rows and, of a table, what was assumed and the summary. The status is the smallest of the refusals.
     ///

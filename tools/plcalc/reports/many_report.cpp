@@ -60,8 +60,7 @@ std::string ManyReport::refuse(const Failure& failure, const std::string& reason
 {
     tally_.refuse(failure, reason);
     if (keep_ == Keep::json) {
-        Json parcel = {
-            {"parcel", failure.place.text()}, {"status", "refused"}, {"reason", sentence(failure)}};
+        Json parcel = refused_json(failure);
         if (!instead.is_null())
             parcel["instead"] = instead;
         kept_->add(dumped_in_list(parcel));
@@ -87,7 +86,7 @@ std::string ManyReport::kept_of(const Answer& answer) const
         const PrintedLine& line = printed.lines[i];
         const std::string name =
             std::to_string(line.line + 1) + (line.parts > 1 ? "." + std::to_string(line.part + 1) : "");
-        rows += without_ends(answer.parcel.place.feature) + kCellEnd + name;
+        rows += without_ends(answer.parcel.place.called()) + kCellEnd + name;
         for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
             rows += kCellEnd + fixed(value, decimals);
         rows +=

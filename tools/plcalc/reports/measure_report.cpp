@@ -81,8 +81,8 @@ Json measures_json(const Parcel& parcel, const Measures& measures, std::optional
 {
     const Resolution resolution = resolution_of(parcel.ring, measures.area);
     Json json;
-    if (!parcel.name.empty())
-        json["name"] = parcel.name;
+    if (!parcel.place.name.empty())
+        json["name"] = parcel.place.name;
     if (!parcel.assumed.empty())
         json["assumed"] = parcel.assumed;
     json["orientation"] = direction_name(measures.anticlockwise);

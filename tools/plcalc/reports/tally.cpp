@@ -8,7 +8,7 @@ void Tally::refuse(const Failure& failure, const std::string& reason)
 {
     ++refused_;
     file_ = failure.place.file;
-    refusals_[reason].add([&] { return failure.place.feature; });
+    refusals_[reason].add([&] { return failure.place.called(); });
     if (status_ == ExitStatus::done || failure.status < status_)
         status_ = failure.status;
 }
@@ -43,6 +43,16 @@ std::string Tally::summary(const std::string& was_done, std::size_t passed_over,
     if (hidden > 0)
         text += "Skipped, in paper space or not shown  " + std::to_string(hidden) + "\n";
     return text;
+}
+
+Json refused_json(const Failure& failure)
+{
+    Json json = {{"parcel", failure.place.without_name()}};
+    if (!failure.place.name.empty())
+        json["name"] = failure.place.name;
+    json["status"] = "refused";
+    json["reason"] = sentence(failure);
+    return json;
 }
 
 // The parcels between what stands before and behind them in the object.

@@ -58,6 +58,9 @@ private:
     ExitStatus status_ = ExitStatus::done;
 };
 
+/// A parcel that was refused, as JSON lists it: where it is, its name if it has one, and why.
+Json refused_json(const Failure& failure);
+
 /// JSON with a list of parcels that waits outside memory.
 ///
 /// @param[in] json    with one list, an empty one, where the parcels go

@@ -35,8 +35,9 @@ std::string how_to_read()
   --angles UNIT         how angles are given and told: gon, deg, dms as in
                         12d34'56" or quadrant as in N12d34'56"E; a number alone
                         counts in degrees for the last three, else in gons
-  --name-column COLUMN  takes the parcel's name from this column; pieces of
-                        1234/5 are then called 1234/5a, 1234/5b, ...
+  --name-column COLUMN  takes the parcel's name from this column: tables and
+                        messages call it feature 3 '1234/5', and its pieces are
+                        1234/5a, 1234/5b, ...
   --any-scale           accepts a CRS whose lengths differ by more than a
                         thousandth from those on the ground
 )";

@@ -41,7 +41,7 @@ Output MeasureVerb::many(ParcelFile& file) const
         } catch (const Failure& problem) {
             if (file.count() == 1)
                 throw;
-            report.add(problem, read->parcel.name);
+            report.add(problem);
         }
         progress.step();
         guard.check();

@@ -73,7 +73,7 @@ std::string ParcelRequests::name_of(const ReadParcel& read) const
         return text_in(read, name_column_);
     if (by_feature_)
         return read.feature != nullptr ? std::to_string(read.feature->GetFID()) : "";
-    return read.parcel.name;
+    return read.parcel.place.name;
 }
 
 NamedRows::Row& ParcelRequests::row_of(const ReadParcel& read)

@@ -289,7 +289,7 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
     const Heights* const heights = heights_ ? &known : nullptr;
     const std::string number =
         several_parcels_ && read.feature != nullptr ? std::to_string(read.feature->GetFID()) : "";
-    const std::string& parcel = read.parcel.name.empty() ? number : read.parcel.name;
+    const std::string& parcel = read.parcel.place.name.empty() ? number : read.parcel.place.name;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
         const bool is_rest = piece.amount + 1 == division.held.size();

@@ -207,7 +207,8 @@ void LandXmlWriter::write_parcel(const Attributes& attributes,
 
 std::string LandXmlWriter::parcel_name(const ReadParcel& read) const
 {
-    return read.parcel.name.empty() && several_parcels_ ? std::to_string(parcels_read_) : read.parcel.name;
+    return read.parcel.place.name.empty() && several_parcels_ ? std::to_string(parcels_read_)
+                                                              : read.parcel.place.name;
 }
 
 void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
