@@ -50,9 +50,10 @@ def road(lots_file):
     lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90", "outline_width": "0.3"}))
     iface.setActiveLayer(lots)
     canvas = iface.mapCanvas()
-    canvas.setExtent(lots.extent().buffered(15))
     iface.mainWindow().showMaximized()
     tool.action.trigger()
+    QTest.qWait(1000)
+    canvas.setExtent(lots.extent().buffered(5))  # now that the dock has taken its room
     QTest.qWait(1000)
     user = User(canvas)
     before = {feature["owner"]: feature.geometry() for feature in lots.getFeatures()}
@@ -66,7 +67,7 @@ def road(lots_file):
     user.drag(((x0 + x1) / 2, (y0 + y1) / 2), ((x0 + x1) / 2, (y0 + y1) / 2 - 8))
     assert tool.dock.amount.currentIndex() == 0, "dragging asks for an area"
     tool.dock.value.setText("1000")
-    QTest.qWait(500)
+    QTest.qWait(1000)
     canvas.waitWhileRendering()
     if os.environ.get("PLCALC_PICTURES"):
         iface.mainWindow().grab().save(os.path.join(os.environ["PLCALC_PICTURES"], "window.png"))
