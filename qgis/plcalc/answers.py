@@ -35,10 +35,13 @@ class Alongside:
 
 
 class Division:
-    """An answer. It is true when the parcel has been divided; else status and reason say why not."""
+    """An answer. It is true when the parcel has been divided; else status and reason say why not.
 
-    def __init__(self, status, reason="", pieces=(), lines=()):
-        self.status, self.reason, self.pieces, self.lines = status, reason, pieces, lines
+    decimals: of the ends of the lines, None for all digits: those asked for, or as many more as hold the amounts
+    """
+
+    def __init__(self, status, reason="", pieces=(), lines=(), decimals=None):
+        self.status, self.reason, self.pieces, self.lines, self.decimals = status, reason, pieces, lines, decimals
 
     def __bool__(self):
         return self.status == "divided"

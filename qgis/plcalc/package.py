@@ -37,7 +37,7 @@ class Package:
             return Division(division.status, str(self._plcalc.Refused(division)))
         return Division("divided", pieces=[_piece(piece) for piece in division.pieces],
                         lines=[DividingLine(line.start, line.end, line.segments, line.length, line.bearing)
-                               for line in division.lines])
+                               for line in division.lines], decimals=division.decimals)
 
     def measure_all(self, parcels):
         """(key, Measure) of each (key, rings), in their order."""

@@ -193,7 +193,7 @@ def _division(report, pieces, lines):
             (tuple(_points(feature["geometry"]["coordinates"])), feature["properties"]["length"]))
     return Division("divided", pieces=[Piece(rings, told["amount"] - 1, told["area"], told["asked"], told["residual"])
                                        for told, rings in own],
-                    lines=[_line(parts) for _, parts in sorted(segments.items())])
+                    lines=[_line(parts) for _, parts in sorted(segments.items())], decimals=report["decimals"])
 
 
 def _line(parts):

@@ -1,5 +1,6 @@
 """The QGIS without a window in which all tests run, and layers for them."""
 
+import atexit
 import os
 
 from qgis.core import QgsApplication, QgsFeature, QgsGeometry, QgsVectorLayer
@@ -22,7 +23,13 @@ def start():
     application.plcalc_plugin = classFactory(None)
     application.plcalc_plugin.initProcessing()
     application.processing = processing
+    atexit.register(end)
     return application
+
+
+def end():
+    application.plcalc_plugin.unload()
+    application.exitQgis()
 
 
 def layer_of(crs, rows, kind="Polygon", columns=""):

@@ -61,6 +61,8 @@ class Window:
         self.tool.remove()
         self.project.removeAllMapLayers()
         self.widget.close()
+        self.widget.deleteLater()
+        QApplication.sendPostedEvents(None, QEvent.DeferredDelete)
 
     def pixel(self, x, y):
         at = self.canvas.getCoordinateTransform().transform(QgsPointXY(x, y))
@@ -159,6 +161,18 @@ class Choosing(Case):
         self.assertFalse(window.dock.divide.isEnabled())
         window.ask(AREA, "much")
         self.assertIn("How much is asked cannot be read", window.dock.result.text())
+
+    def test_decimals(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.ask(AREA, "1234.5678")  # 12.345678 from the side: off by 0.0322 m2 with three decimals, 0.0022 with four
+        self.assertIn("The ends have 4 decimals: with 3", window.dock.result.text())
+        window.dock.tolerance.setCurrentIndex(1)
+        self.assertNotIn("decimals", window.dock.result.text())
+        self.assertEqual(window.tool.work.division.lines[0].start, (500000.0, 5000012.346))
+        window.dock.decimals.setValue(-1)
+        self.assertEqual(window.tool.work.division.lines[0].start, (500000.0, 5000012.345678))
 
     def test_a_corner(self):
         window = self.window([(LOT, "Rossi")])

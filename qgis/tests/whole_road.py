@@ -2,7 +2,6 @@
 file that PLCALC_RESULT names, and a picture of the window to PLCALC_PICTURES, where that is set."""
 
 import os
-import sys
 import traceback
 
 import processing
@@ -103,8 +102,8 @@ def begin():
         said = traceback.format_exc()
     with open(os.environ["PLCALC_RESULT"], "w", encoding="utf-8") as file:
         file.write(said)
-    sys.stdout.flush()
-    os._exit(0)  # without the question whether to keep the project
+    QgsProject.instance().clear()  # or QGIS asks whether to keep it
+    iface.actionExit().trigger()
 
 
 QTimer.singleShot(1000, begin)

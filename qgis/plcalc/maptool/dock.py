@@ -12,6 +12,9 @@ from .work import Wishes
 
 _ALL_DIGITS = -1
 
+# By which part of the parcel a piece may miss its amount.
+_TOLERANCES = ((1e-6, "1 : 1 000 000"), (1e-5, "1 : 100 000"), (1e-4, "1 : 10 000"), (1e-3, "1 : 1 000"))
+
 
 class Dock(QDockWidget):
     changed = pyqtSignal()  # what is asked
@@ -36,6 +39,10 @@ class Dock(QDockWidget):
         self.decimals.setRange(_ALL_DIGITS, 17)
         self.decimals.setSpecialValueText(tr("all digits"))
         self.decimals.setValue(3)
+        self.tolerance = QComboBox()
+        for tolerance, text in _TOLERANCES:
+            self.tolerance.addItem(text, tolerance)
+        self.tolerance.setToolTip(tr("The part of the parcel by which a piece may miss its amount, because new points are rounded"))
         self.opposite = QCheckBox(tr("What is asked lies on the far side of the line"))
         self.any_pieces = QCheckBox(tr("The whole straight line cuts, into however many pieces"))
         self.any_scale = QCheckBox(tr("Go on although the CRS stretches lengths here"))
@@ -48,6 +55,7 @@ class Dock(QDockWidget):
         self._lay_out()
         self.kind.currentIndexChanged.connect(self.changed)
         self.amount.currentIndexChanged.connect(self.changed)
+        self.tolerance.currentIndexChanged.connect(self.changed)
         self.decimals.valueChanged.connect(self.changed)
         self.value.textChanged.connect(self.changed)
         for box in (self.opposite, self.any_pieces):
@@ -61,6 +69,7 @@ class Dock(QDockWidget):
         form.addRow(tr("What is asked"), self.amount)
         form.addRow(tr("how much"), self.value)
         form.addRow(tr("Decimals of new points"), self.decimals)
+        form.addRow(tr("Areas may be off by"), self.tolerance)
         form.addRow(self.opposite)
         form.addRow(self.any_pieces)
         form.addRow(self.any_scale)
@@ -82,7 +91,8 @@ class Dock(QDockWidget):
     def wishes(self):
         decimals = self.decimals.value()
         return Wishes(self.kind.currentIndex() == 1, self.amount.currentIndex(), self.value.text(), self.opposite.isChecked(),
-                      self.any_pieces.isChecked(), None if decimals == _ALL_DIGITS else decimals)
+                      self.any_pieces.isChecked(), None if decimals == _ALL_DIGITS else decimals,
+                      self.tolerance.currentData())
 
     def set_amount(self, wishes):
         """Shows another amount, and says so once."""
@@ -115,7 +125,7 @@ class Dock(QDockWidget):
         shown = hovered or work.place
         self.place.setText(work.described(shown) if shown and work.usable() else tr("Click on a side or a corner."))
         self.kind.setEnabled(not from_corner)
-        self.result.setText(work.problem or _figures(work.division))
+        self.result.setText(work.problem or _figures(work.division, self.decimals.value()))
         self.divide.setEnabled(work.division is not None)
 
     def closeEvent(self, event):
@@ -123,7 +133,7 @@ class Dock(QDockWidget):
         self.closed.emit()
 
 
-def _figures(division):
+def _figures(division, decimals):
     if division is None:
         return ""
     rest = max(piece.amount for piece in division.pieces)
@@ -137,6 +147,9 @@ def _figures(division):
         if line.bearing is not None:
             text += tr(", bearing {bearing:.4f} gon").format(bearing=line.bearing)
         lines.append(text)
+    if division.decimals is not None and division.decimals > decimals:
+        lines.append(tr("The ends have {used} decimals: with {asked} no line holds the areas that closely.").format(
+            used=division.decimals, asked=decimals))
     return "\n".join(lines)
 
 

@@ -10,9 +10,9 @@ from ..requests import AREA, amount_of
 from ..words import tr
 from .parcel import Corner, dragged_area, rounded
 
-# kind and text: of the amount, as requests.amount_of takes them; decimals: None for all digits.
-Wishes = collections.namedtuple("Wishes", "at_right_angles kind text opposite any_pieces decimals",
-                                defaults=(False, False, False, None))
+# kind and text: of the amount, as requests.amount_of takes them; decimals: None for all digits; tolerance: with decimals, the part of
+# the parcel by which a piece may miss its amount.
+Wishes = collections.namedtuple("Wishes", "at_right_angles kind text opposite any_pieces decimals tolerance")
 
 
 class Work:
@@ -65,7 +65,7 @@ class Work:
     def _divide(self, place, wishes, amount):
         kind = VERTEX if isinstance(place, Corner) else PERPENDICULAR if wishes.at_right_angles else PARALLEL
         return self._engine.divide(self.parcel.rings, Asked(Line(kind, NUMBER, place.number), amount, wishes.opposite,
-                                                            wishes.any_pieces, wishes.decimals))
+                                                            wishes.any_pieces, wishes.decimals, wishes.tolerance))
 
     def dragged_to(self, at, pixel, wishes):
         """The wishes with the amount that a line through (x, y) cuts off, in as many digits as the cursor can tell apart; None where
