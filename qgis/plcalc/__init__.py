@@ -2,6 +2,9 @@
 
 
 def classFactory(iface):  # the name that QGIS asks for
+    from . import words
     from .plugin import Plugin
+
+    words.load()
 
     return Plugin(iface)

@@ -5,8 +5,8 @@ import collections
 PARALLEL, PERPENDICULAR, VERTEX, BEARING, POINT = range(5)
 NUMBER, COLUMN, LONGEST, SHORTEST, NEAREST, FACING, ALONG = range(7)
 
-# kind: PARALLEL to POINT; by: how the side or the vertex is named, NUMBER to ALONG, or None; value: the number from 1, the point, the bearing or an
-# Alongside, as by says; bearing: gons; point: (x, y).
+# kind: PARALLEL to POINT; by: how the side or the vertex is named, NUMBER to ALONG, or None; value: the number from 1, the
+# point, the bearing or an Alongside, as by says; bearing: gons; point: (x, y).
 Line = collections.namedtuple("Line", "kind by value bearing point", defaults=(None, None, 0.0, None))
 
 # amount: ("area", 1000.0), ("width", 5.0), ("parts", 3), or ("amounts", ("1000", "40x25", "1/3"));

@@ -2,6 +2,7 @@
 
 from .answers import (ALONG, BEARING, FACING, LONGEST, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, VERTEX, Division,
                       DividingLine, Measure, Piece, Side)
+from .words import tr
 
 _ARGUMENTS = {PARALLEL: "parallel_to", PERPENDICULAR: "perpendicular_to", VERTEX: "through_vertex", BEARING: "at_bearing",
               POINT: "through_point"}
@@ -106,7 +107,7 @@ class Package:
     def _said(self, why):
         """QGIS counts from 1."""
         if isinstance(why, self._plcalc.Undecided) and why.status == "tied":
-            return "several fit equally well: " + ", ".join(str(index + 1) for index, _ in why.places)
+            return tr("several fit equally well: {sides}").format(sides=", ".join(str(index + 1) for index, _ in why.places))
         return str(why)
 
 

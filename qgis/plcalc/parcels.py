@@ -38,7 +38,7 @@ class Plane:
                 raise NoPlane(tr("The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane "
                                  "CRS, such as the UTM zone of the place, or reproject the layer.").format(crs=crs.authid()))
             self._there = QgsCoordinateTransform(crs, of_project, transforms)
-            self.note = tr("The layer has degrees: it is divided in the project's {crs}, and so are the results.").format(
+            self.note = tr("The layer has degrees: it is divided in the project's {crs}.").format(
                 crs=of_project.authid())
             self.crs = of_project
         if not extent.isEmpty() and not any_scale:
@@ -74,11 +74,11 @@ class Plane:
         """
         geometry = QgsGeometry(feature.geometry())
         if geometry.isNull() or geometry.isEmpty():
-            raise Unusable("there is no geometry")
+            raise Unusable(tr("there is no geometry"))
         if geometry.type() != QgsWkbTypes.PolygonGeometry:
-            raise Unusable("it is no polygon")
+            raise Unusable(tr("it is no polygon"))
         if QgsWkbTypes.isCurvedType(geometry.wkbType()):
-            raise Unusable("its boundary has arcs: give them corners first, with the algorithm Segmentize")
+            raise Unusable(tr("its boundary has arcs: give them corners first, with the algorithm Segmentize"))
         self._moved(geometry)
         return [part for part in geometry.asGeometryCollection() if not part.isEmpty()]
 

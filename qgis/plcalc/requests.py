@@ -8,15 +8,21 @@ from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcess
 from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, VERTEX, Alongside,
                       Asked, Line)
 from .parcels import Unusable, features_of
-from .words import tr
+from .words import marked, tr
 
-LINES = ["parallel to a side", "at right angles to a side", "from a vertex", "at a bearing", "through a point"]
+LINES = [marked("parallel to a side"), marked("at right angles to a side"), marked("from a vertex"), marked("at a bearing"),
+         marked("through a point")]
 
-CHOICES = ["by its number", "by a column with its number", "the longest side", "the shortest side",
-           "nearest to a point", "the side that faces a bearing", "the side along another layer"]
+CHOICES = [marked("by its number"), marked("by a column with its number"), marked("the longest side"), marked("the shortest side"),
+           marked("nearest to a point"), marked("the side that faces a bearing"), marked("the side along another layer")]
 
-AMOUNTS = ["area", "share: 1/3 or 25%", "equal parts", "width of a strip", "a list: 1000, 40x25, 1/3"]
+AMOUNTS = [marked("area"), marked("share: 1/3 or 25%"), marked("equal parts"), marked("width of a strip"),
+           marked("a list: 1000, 40x25, 1/3")]
 AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
+
+
+def translated(texts):
+    return [tr(text) for text in texts]
 
 
 def _optional(parameter):
@@ -25,31 +31,31 @@ def _optional(parameter):
 
 
 def line_parameters():
-    yield QgsProcessingParameterEnum("LINE", "The line runs", LINES, defaultValue=PARALLEL)
-    yield QgsProcessingParameterEnum("CHOICE", "The side, or the vertex, is", CHOICES, defaultValue=LONGEST)
-    yield QgsProcessingParameterNumber("NUMBER", "its number, from 1", defaultValue=1, minValue=1, optional=True)
-    yield QgsProcessingParameterField("COLUMN", "its column", parentLayerParameterName="INPUT", optional=True)
-    yield QgsProcessingParameterPoint("POINT", "the point: nearest to it, or the line runs through it", optional=True)
-    yield QgsProcessingParameterNumber("BEARING", "the bearing, gons from North", QgsProcessingParameterNumber.Double,
+    yield QgsProcessingParameterEnum("LINE", tr("The line runs"), translated(LINES), defaultValue=PARALLEL)
+    yield QgsProcessingParameterEnum("CHOICE", tr("The side, or the vertex, is"), translated(CHOICES), defaultValue=LONGEST)
+    yield QgsProcessingParameterNumber("NUMBER", tr("its number, from 1"), defaultValue=1, minValue=1, optional=True)
+    yield QgsProcessingParameterField("COLUMN", tr("its column"), parentLayerParameterName="INPUT", optional=True)
+    yield QgsProcessingParameterPoint("POINT", tr("the point: nearest to it, or the line runs through it"), optional=True)
+    yield QgsProcessingParameterNumber("BEARING", tr("the bearing, gons from North"), QgsProcessingParameterNumber.Double,
                                        defaultValue=0.0, optional=True)
-    yield QgsProcessingParameterFeatureSource("ALONG", "the other layer: roads, neighbours",
+    yield QgsProcessingParameterFeatureSource("ALONG", tr("the other layer: roads, neighbours"),
                                               [QgsProcessing.TypeVectorLine, QgsProcessing.TypeVectorPolygon],
                                               optional=True)
-    yield QgsProcessingParameterDistance("DISTANCE", "which lies no farther away than", defaultValue=10.0,
+    yield QgsProcessingParameterDistance("DISTANCE", tr("which lies no farther away than"), defaultValue=10.0,
                                          parentParameterName="INPUT", optional=True)
-    yield QgsProcessingParameterBoolean("OPPOSITE", "What is asked lies on the far side of the line", defaultValue=False)
-    yield QgsProcessingParameterBoolean("ANY_PIECES", "The whole straight line cuts, into however many pieces",
+    yield QgsProcessingParameterBoolean("OPPOSITE", tr("What is asked lies on the far side of the line"), defaultValue=False)
+    yield QgsProcessingParameterBoolean("ANY_PIECES", tr("The whole straight line cuts, into however many pieces"),
                                         defaultValue=False)
 
 
 def amount_parameters():
-    yield QgsProcessingParameterEnum("AMOUNT", "What is asked", AMOUNTS, defaultValue=SHARE)
-    yield QgsProcessingParameterString("VALUE", "how much", defaultValue="1/2", optional=True)
-    yield _optional(QgsProcessingParameterField("VALUE_COLUMN", "or the column that says how much",
+    yield QgsProcessingParameterEnum("AMOUNT", tr("What is asked"), translated(AMOUNTS), defaultValue=SHARE)
+    yield QgsProcessingParameterString("VALUE", tr("how much"), defaultValue="1/2", optional=True)
+    yield _optional(QgsProcessingParameterField("VALUE_COLUMN", tr("or the column that says how much"),
                                                 parentLayerParameterName="INPUT"))
-    yield _optional(QgsProcessingParameterNumber("DECIMALS", "Decimals to which lines are staked out (none: all digits)",
+    yield _optional(QgsProcessingParameterNumber("DECIMALS", tr("Decimals to which lines are staked out (none: all digits)"),
                                                  minValue=0, maxValue=17))
-    yield QgsProcessingParameterNumber("TOLERANCE", "with decimals, a piece may miss this part of the parcel",
+    yield QgsProcessingParameterNumber("TOLERANCE", tr("with decimals, a piece may miss this part of the parcel"),
                                        QgsProcessingParameterNumber.Double, defaultValue=1e-6, minValue=0.0)
 
 
@@ -85,14 +91,14 @@ class LineRequest:
 
     def _check(self):
         if self._point is None and (self._line == POINT or (self._has_choice() and self._choice == NEAREST)):
-            raise QgsProcessingException("Say where the point is.")
+            raise QgsProcessingException(tr("Say where the point is."))
         if self._has_choice() and self._choice == COLUMN and self._column is None:
-            raise QgsProcessingException("Say which column has the number of the side or the vertex.")
+            raise QgsProcessingException(tr("Say which column has the number of the side or the vertex."))
         if self._has_choice() and self._choice == ALONG and self._other is None:
-            raise QgsProcessingException("Say which other layer the side runs along.")
+            raise QgsProcessingException(tr("Say which other layer the side runs along."))
         if self._line == VERTEX and self._choice not in (NUMBER, COLUMN, NEAREST):
-            raise QgsProcessingException(f"A vertex is named by its number, by a column, or as the nearest to a point; "
-                                         f"'{CHOICES[self._choice]}' names sides.")
+            raise QgsProcessingException(tr("A vertex is named by its number, by a column, or as the nearest to a point; '{choice}' names "
+                                            "sides.").format(choice=tr(CHOICES[self._choice])))
 
     def _has_choice(self):
         return self._line in (PARALLEL, PERPENDICULAR, VERTEX)
@@ -112,9 +118,9 @@ class LineRequest:
             try:
                 number = int(str(given))
             except ValueError:
-                raise Unusable(f"its column {self._column} has no number: {given}") from None
+                raise Unusable(tr("its column {column} has no number: {given}").format(column=self._column, given=given)) from None
         if number < 1:
-            raise Unusable(f"sides and vertices are counted from 1, not {number}")
+            raise Unusable(tr("sides and vertices are counted from 1, not {number}").format(number=number))
         return number
 
 
@@ -142,7 +148,7 @@ class AmountRequest:
             try:
                 amount_of(self._kind, self._value)
             except ValueError as error:
-                raise QgsProcessingException(f"How much is asked cannot be read: {error}") from None
+                raise QgsProcessingException(tr("How much is asked cannot be read: {why}").format(why=error)) from None
 
     def amount(self, feature):
         """The amount of one parcel, as Asked has it. Raises Unusable where the column cannot be read."""
@@ -150,11 +156,11 @@ class AmountRequest:
             return amount_of(self._kind, self._value)
         given = feature[self._column]
         if given is None or str(given) in ("", "NULL"):
-            raise Unusable(f"its column {self._column} is empty")
+            raise Unusable(tr("its column {column} is empty").format(column=self._column))
         try:
             return amount_of(self._kind, str(given))
         except ValueError as error:
-            raise Unusable(f"its column {self._column} cannot be read: {error}") from None
+            raise Unusable(tr("its column {column} cannot be read: {why}").format(column=self._column, why=error)) from None
 
 
 def amount_of(kind, text):
@@ -193,9 +199,9 @@ class Request:
 def _parts(text):
     parts = int(text)
     if parts < 2:
-        raise ValueError("parts are 2 or more")
+        raise ValueError(tr("parts are 2 or more"))
     return parts
 
 
 def _no_share(text):
-    raise ValueError(f"'{text}' is not a share; write it as 1/3 or 25%")
+    raise ValueError(tr("'{text}' is not a share; write it as 1/3 or 25%").format(text=text))

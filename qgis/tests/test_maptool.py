@@ -11,19 +11,19 @@ import session
 from qgis.core import QgsCoordinateReferenceSystem, QgsCoordinateTransform, QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, \
     QgsVectorFileWriter, QgsVectorLayer
 from qgis.gui import QgsMapCanvas
-from qgis.PyQt.QtCore import QEvent, QPoint, Qt
-from qgis.PyQt.QtGui import QMouseEvent
+from qgis.PyQt.QtCore import QEvent, Qt
 from qgis.PyQt.QtTest import QTest
 from qgis.PyQt.QtWidgets import QApplication, QHBoxLayout, QMainWindow, QWidget
 from session import LOT, UTM, YARD, layer_of
 from test_program import without_package, without_program
+from user import User
 
 # To the East of LOT, with a side that lies along the whole of its East side and on both ways; and one that touches a corner only.
 NEIGHBOUR = "POLYGON ((500100 4999990, 500150 4999990, 500150 5000060, 500100 5000060, 500100 4999990))"
 CORNER_ONLY = "POLYGON ((499990 5000050, 500000 5000050, 500000 5000060, 499990 5000060, 499990 5000050))"
 
 
-class Window:
+class Window(User):
     """A canvas with the tool and its dock."""
 
     def __init__(self, layers, current=None, extent=(499980, 4999980, 500170, 5000080)):
@@ -33,7 +33,7 @@ class Window:
         self.project = QgsProject.instance()
         self.project.addMapLayers(layers, False)
         self.widget = QWidget()
-        self.canvas = QgsMapCanvas()
+        super().__init__(QgsMapCanvas())
         self.canvas.setLayers(layers)
         self.canvas.setCurrentLayer(current or layers[0])
         self.canvas.setDestinationCrs(QgsCoordinateReferenceSystem(UTM))
@@ -63,28 +63,6 @@ class Window:
         self.widget.close()
         self.widget.deleteLater()
         QApplication.sendPostedEvents(None, QEvent.DeferredDelete)
-
-    def pixel(self, x, y):
-        at = self.canvas.getCoordinateTransform().transform(QgsPointXY(x, y))
-        return QPoint(round(at.x()), round(at.y()))
-
-    def move(self, x, y, buttons=Qt.NoButton):
-        at = self.pixel(x, y)
-        event = QMouseEvent(QEvent.MouseMove, at, self.canvas.viewport().mapToGlobal(at), Qt.NoButton, buttons, Qt.NoModifier)
-        QApplication.sendEvent(self.canvas.viewport(), event)
-
-    def click(self, x, y, button=Qt.LeftButton):
-        self.move(x, y)
-        QTest.mouseClick(self.canvas.viewport(), button, Qt.NoModifier, self.pixel(x, y))
-
-    def drag(self, start, *ends):
-        QTest.mousePress(self.canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*start))
-        for end in ends:
-            self.move(*end, Qt.LeftButton)
-        QTest.mouseRelease(self.canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*ends[-1]))
-
-    def key(self, key):
-        QTest.keyClick(self.canvas, key)
 
     def ask(self, kind, text):
         self.dock.amount.setCurrentIndex(kind)

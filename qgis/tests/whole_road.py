@@ -1,44 +1,15 @@
-"""From a layer to split features and a stake-out list, in the window of QGIS. QGIS runs this with --code; what came of it goes to the
-file that PLCALC_RESULT names, and a picture of the window to PLCALC_PICTURES, where that is set."""
+"""From a layer to split features and a stake-out list, in the window of QGIS. QGIS runs this with --code; what came of it goes
+to the file that PLCALC_RESULT names, and a picture of the window to the folder PLCALC_PICTURES, where that is set."""
 
 import os
 import traceback
 
 import processing
-from qgis.core import QgsFillSymbol, QgsPointXY, QgsProject, QgsVectorLayer
-from qgis.PyQt.QtCore import QEvent, QPoint, Qt, QTimer
-from qgis.PyQt.QtGui import QMouseEvent
+from qgis.core import QgsFillSymbol, QgsProject, QgsVectorLayer
+from qgis.PyQt.QtCore import Qt, QTimer
 from qgis.PyQt.QtTest import QTest
-from qgis.PyQt.QtWidgets import QApplication
 from qgis.utils import iface, plugins
-
-
-class User:
-    """Mouse and keys on the canvas."""
-
-    def __init__(self, canvas):
-        self._canvas = canvas
-
-    def pixel(self, x, y):
-        at = self._canvas.getCoordinateTransform().transform(QgsPointXY(x, y))
-        return QPoint(round(at.x()), round(at.y()))
-
-    def move(self, x, y, buttons=Qt.NoButton):
-        view, at = self._canvas.viewport(), self.pixel(x, y)
-        event = QMouseEvent(QEvent.MouseMove, at, view.mapToGlobal(at), Qt.NoButton, buttons, Qt.NoModifier)
-        QApplication.sendEvent(view, event)
-
-    def click(self, x, y):
-        self.move(x, y)
-        QTest.mouseClick(self._canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(x, y))
-
-    def drag(self, start, end):
-        QTest.mousePress(self._canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*start))
-        self.move(*end, Qt.LeftButton)
-        QTest.mouseRelease(self._canvas.viewport(), Qt.LeftButton, Qt.NoModifier, self.pixel(*end))
-
-    def key(self, key):
-        QTest.keyClick(self._canvas, key)
+from user import User
 
 
 def road(lots_file):
@@ -46,7 +17,7 @@ def road(lots_file):
     lots = QgsVectorLayer(lots_file, "lots", "ogr")
     points = QgsVectorLayer("Point?crs=EPSG:32632&field=name:string", "new points", "memory")
     QgsProject.instance().addMapLayers([lots, points])
-    lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90", "outline_width": "0.3"}))
+    lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90"}))
     iface.setActiveLayer(lots)
     canvas = iface.mapCanvas()
     iface.mainWindow().showMaximized()
@@ -85,7 +56,8 @@ def road(lots_file):
     assert abs(pieces[0] - 1000.0) < 1e-2 and abs(sum(pieces) - before["Rossi"].area()) < 1e-2, pieces
     corners = {(vertex.x(), vertex.y()) for feature in lots.getFeatures() if feature["owner"] != "Rossi"
                for vertex in feature.geometry().vertices()}
-    shared = [point["name"] for point in points.getFeatures() if (point.geometry().asPoint().x(), point.geometry().asPoint().y()) in corners]
+    places = {point["name"]: point.geometry().asPoint() for point in points.getFeatures()}
+    shared = [name for name, place in places.items() if (place.x(), place.y()) in corners]
     assert shared == ["P1", "P2"], f"neighbours have the new points: {shared}"
 
     found = processing.run("plcalc:stakeout", {"INPUT": points, "STATION": "500000,4999990 [EPSG:32632]",

@@ -4,33 +4,41 @@ import collections
 import inspect
 import os
 
-from qgis.core import (QgsFeature, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException, QgsProcessingParameterBoolean,
-                       QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject)
+from qgis.core import (QgsFeature, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
+                       QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject)
+from qgis.PyQt.QtCore import QUrl
 from qgis.PyQt.QtGui import QIcon
 
 from .. import engine
 from ..parcels import NoPlane, Plane, Unusable, features_of, rings_of
+from ..words import tr
+
+_HERE = os.path.dirname(os.path.dirname(__file__))
 
 
 class Algorithm(QgsProcessingAlgorithm):
     NAME = ""
     TITLE = ""
     TAGS = ()
+    PICTURES = ()  # of the folder help
 
     def name(self):
         return self.NAME
 
     def displayName(self):
-        return self.TITLE
+        return tr(self.TITLE)
 
     def tags(self):
         return [*self.TAGS, "parcel", "plcalc"]
 
     def icon(self):
-        return QIcon(os.path.join(os.path.dirname(os.path.dirname(__file__)), "icon.svg"))
+        return QIcon(os.path.join(_HERE, "icon.svg"))
 
     def shortHelpString(self):
-        return inspect.cleandoc(type(self).__doc__)
+        # QGIS makes a paragraph of each line.
+        said = tr(inspect.cleandoc(type(self).__doc__)).replace("\n\n", "\0").replace("\n", " ").replace("\0", "\n")
+        pictures = (os.path.join(_HERE, "help", name + ".svg") for name in self.PICTURES)
+        return said + "".join(f'\n<img src="{QUrl.fromLocalFile(path).toString()}">' for path in pictures)
 
     def createInstance(self):
         return type(self)()
@@ -52,10 +60,10 @@ class OfParcels(Algorithm):
     """An algorithm that takes parcels."""
 
     def initAlgorithm(self, config=None):
-        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Parcels", [QgsProcessing.TypeVectorPolygon]))
+        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", tr("Parcels"), [QgsProcessing.TypeVectorPolygon]))
         for parameter in self.what_is_asked():
             self.addParameter(parameter)
-        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", "Go on although the CRS stretches lengths here",
+        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", tr("Go on although the CRS stretches lengths here"),
                                                         defaultValue=False))
         for parameter in self.results():
             self.addParameter(parameter)
@@ -82,6 +90,7 @@ class OfParcels(Algorithm):
             raise QgsProcessingException(str(why)) from None
         if plane.note:
             feedback.pushInfo(plane.note)
+            feedback.pushInfo(tr("The results are in that CRS too."))
         return computes, source, plane
 
 

@@ -4,6 +4,7 @@ from qgis.PyQt.QtCore import QVariant
 from ..parcels import line_of, polygon_of
 from ..requests import Request, amount_parameters, line_parameters
 from ..styles import Styled
+from ..words import marked, tr
 from .base import OfParcels, answers_in_order, joined, made, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
@@ -36,18 +37,19 @@ class Divide(OfParcels):
     """
 
     NAME = "divide"
-    TITLE = "Divide parcels"
+    TITLE = marked("Divide parcels")
     TAGS = ("split", "subdivide", "area", "share")
+    PICTURES = ("parallel", "right-angles", "vertex", "bearing", "point", "two-pieces", "any-pieces")
 
     def what_is_asked(self):
         return [*line_parameters(), *amount_parameters()]
 
     def results(self):
         sink = QgsProcessingParameterFeatureSink
-        yield sink("PIECES", "Pieces", QgsProcessing.TypeVectorPolygon)
-        yield sink("LINES", "Lines", QgsProcessing.TypeVectorLine, None, True)
-        yield sink("POINTS", "Points", QgsProcessing.TypeVectorPoint, None, True, False)
-        yield sink("REFUSED", "Refused", QgsProcessing.TypeVectorPolygon, None, True)
+        yield sink("PIECES", tr("Pieces"), QgsProcessing.TypeVectorPolygon)
+        yield sink("LINES", tr("Lines"), QgsProcessing.TypeVectorLine, None, True)
+        yield sink("POINTS", tr("Points"), QgsProcessing.TypeVectorPoint, None, True, False)
+        yield sink("REFUSED", tr("Refused"), QgsProcessing.TypeVectorPolygon, None, True)
 
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
@@ -62,7 +64,8 @@ class Divide(OfParcels):
                 sinks.add(feature, division)
             else:
                 sinks.refuse(feature, polygon, division.status, division.reason)
-        feedback.pushInfo(f"{sinks.divided} parcels are divided, {sinks.refused} are refused.")
+        feedback.pushInfo(tr("{divided} parcels are divided, {refused} are refused.").format(divided=sinks.divided,
+                                                                                              refused=sinks.refused))
         return {**sinks.ids, "DIVIDED": sinks.divided, "NOT_DIVIDED": sinks.refused}
 
 

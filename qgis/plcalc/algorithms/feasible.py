@@ -3,6 +3,7 @@ from qgis.PyQt.QtCore import QVariant
 
 from ..parcels import Unusable
 from ..requests import LineRequest, line_parameters
+from ..words import marked, tr
 from .base import Tabled
 
 
@@ -14,8 +15,9 @@ class Feasible(Tabled):
     """
 
     NAME = "feasible"
-    TITLE = "What a line can cut off"
+    TITLE = marked("What a line can cut off")
     TAGS = ("area", "range")
+    PICTURES = ("two-pieces", "any-pieces")
     FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("least", QVariant.Double), QgsField("most", QVariant.Double),
               QgsField("least_is_had", QVariant.Bool), QgsField("most_is_had", QVariant.Bool),
               QgsField("reason", QVariant.String)]
@@ -25,7 +27,7 @@ class Feasible(Tabled):
         return line_parameters()
 
     def results(self):
-        yield QgsProcessingParameterFeatureSink("OUTPUT", "Ranges", QgsProcessing.TypeVector)
+        yield QgsProcessingParameterFeatureSink("OUTPUT", tr("Ranges"), QgsProcessing.TypeVector)
 
     def asker(self, computes, parameters, context, plane):
         line = LineRequest(self, parameters, context, plane)

@@ -1,6 +1,7 @@
 from qgis.core import QgsField, QgsProcessing, QgsProcessingParameterFeatureSink, QgsWkbTypes
 from qgis.PyQt.QtCore import QVariant
 
+from ..words import marked, tr
 from .base import Tabled, answers_in_order
 
 
@@ -11,14 +12,14 @@ class Measure(Tabled):
     """
 
     NAME = "measure"
-    TITLE = "Measure parcels"
+    TITLE = marked("Measure parcels")
     TAGS = ("area", "perimeter", "check")
     FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("area", QVariant.Double), QgsField("perimeter", QVariant.Double),
               QgsField("vertices", QVariant.Int), QgsField("status", QVariant.String)]
     KIND = QgsWkbTypes.Polygon
 
     def results(self):
-        yield QgsProcessingParameterFeatureSink("OUTPUT", "Measured", QgsProcessing.TypeVectorPolygon)
+        yield QgsProcessingParameterFeatureSink("OUTPUT", tr("Measured"), QgsProcessing.TypeVectorPolygon)
 
     def asker(self, computes, parameters, context, plane):
         def ask(given):

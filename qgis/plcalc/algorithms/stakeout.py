@@ -4,6 +4,7 @@ from qgis.PyQt.QtCore import QVariant
 
 from .. import engine
 from ..parcels import features_of
+from ..words import marked, tr
 from .base import Algorithm, joined, made
 
 FIELDS = [QgsField("angle", QVariant.Double), QgsField("distance", QVariant.Double), QgsField("bearing", QVariant.Double)]
@@ -18,24 +19,24 @@ class StakeOut(Algorithm):
     """
 
     NAME = "stakeout"
-    TITLE = "Stake-out list"
+    TITLE = marked("Stake-out list")
     TAGS = ("set out", "station", "polar", "angle")
 
     def initAlgorithm(self, config=None):
-        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", "Points", [QgsProcessing.TypeVectorPoint]))
-        self.addParameter(QgsProcessingParameterPoint("STATION", "Station"))
-        self.addParameter(QgsProcessingParameterPoint("ORIENTATION", "Orientation point"))
-        self.addParameter(QgsProcessingParameterFeatureSink("OUTPUT", "Stake-out", QgsProcessing.TypeVectorPoint))
+        self.addParameter(QgsProcessingParameterFeatureSource("INPUT", tr("Points"), [QgsProcessing.TypeVectorPoint]))
+        self.addParameter(QgsProcessingParameterPoint("STATION", tr("Station")))
+        self.addParameter(QgsProcessingParameterPoint("ORIENTATION", tr("Orientation point")))
+        self.addParameter(QgsProcessingParameterFeatureSink("OUTPUT", tr("Stake-out"), QgsProcessing.TypeVectorPoint))
 
     def processAlgorithm(self, parameters, context, feedback):
         computes = engine.engine()
         source = self.parameterAsSource(parameters, "INPUT", context)
         if source.sourceCrs().isGeographic():
-            raise QgsProcessingException("The points are in degrees: reproject them to a plane CRS first.")
+            raise QgsProcessingException(tr("The points are in degrees: reproject them to a plane CRS first."))
         station, reference = (self.parameterAsPoint(parameters, name, context, source.sourceCrs())
                               for name in ("STATION", "ORIENTATION"))
         if station == reference:
-            raise QgsProcessingException("Station and orientation point are one and the same.")
+            raise QgsProcessingException(tr("Station and orientation point are one and the same."))
         fields = joined(source.fields(), FIELDS)
         sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
         for feature in features_of(source):

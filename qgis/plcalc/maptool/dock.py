@@ -3,10 +3,10 @@
 from qgis.core import QgsMapLayerProxyModel
 from qgis.gui import QgsMapLayerComboBox
 from qgis.PyQt.QtCore import Qt, pyqtSignal
-from qgis.PyQt.QtWidgets import (QCheckBox, QComboBox, QDockWidget, QFormLayout, QHBoxLayout, QLabel, QLineEdit, QPushButton, QSpinBox,
-                                 QVBoxLayout, QWidget)
+from qgis.PyQt.QtWidgets import (QCheckBox, QComboBox, QDockWidget, QFormLayout, QHBoxLayout, QLabel, QLineEdit, QPushButton,
+                                 QSpinBox, QVBoxLayout, QWidget)
 
-from ..requests import AMOUNTS, SHARE
+from ..requests import AMOUNTS, SHARE, translated
 from ..words import tr
 from .work import Wishes
 
@@ -32,7 +32,7 @@ class Dock(QDockWidget):
         self.kind = QComboBox()
         self.kind.addItems([tr("parallel to the side"), tr("at right angles to the side")])
         self.amount = QComboBox()
-        self.amount.addItems([tr(name) for name in AMOUNTS])
+        self.amount.addItems(translated(AMOUNTS))
         self.amount.setCurrentIndex(SHARE)
         self.value = QLineEdit("1/2")
         self.decimals = QSpinBox()
@@ -120,7 +120,8 @@ class Dock(QDockWidget):
         """from_corner: whether the line starts at a corner, so that it has no direction to choose"""
         about = tr("Parcel {name}").format(name=work.parcel.name())
         if work.usable():
-            about += tr(": area {area:.4f}, perimeter {perimeter:.4f}").format(area=work.measure.area, perimeter=work.measure.perimeter)
+            about += tr(": area {area:.4f}, perimeter {perimeter:.4f}").format(area=work.measure.area,
+                                                                               perimeter=work.measure.perimeter)
         self.about.setText(about)
         shown = hovered or work.place
         self.place.setText(work.described(shown) if shown and work.usable() else tr("Click on a side or a corner."))
@@ -137,9 +138,10 @@ def _figures(division, decimals):
     if division is None:
         return ""
     rest = max(piece.amount for piece in division.pieces)
-    lines = [tr("{what}: {area:.4f} (asked {asked:.4f})").format(
-        what=tr("Left") if piece.amount == rest else tr("Piece {number}").format(number=number), area=piece.area, asked=piece.asked)
-        for number, piece in enumerate(division.pieces, 1)]
+    lines = []
+    for number, piece in enumerate(division.pieces, 1):
+        what = tr("Left") if piece.amount == rest else tr("Piece {number}").format(number=number)
+        lines.append(tr("{what}: {area:.4f} (asked {asked:.4f})").format(what=what, area=piece.area, asked=piece.asked))
     for line in division.lines:
         text = tr("Line from {start} to {end}").format(start=_place(line.start), end=_place(line.end))
         if line.length is not None:

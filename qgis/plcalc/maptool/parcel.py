@@ -36,7 +36,8 @@ class Parcel:
 
     def is_same(self, other):
         """Whether it is the same polygon, and has not been changed."""
-        return (self.layer, self.feature.id(), self.part, self.rings) == (other.layer, other.feature.id(), other.part, other.rings)
+        return (self.layer == other.layer and self.feature.id() == other.feature.id() and self.part == other.part
+                and self.rings == other.rings)
 
     def name(self):
         name = self.layer.displayExpression()
@@ -143,7 +144,8 @@ def _area_from_corner(parcel, number, at):
     length = math.hypot(at[0] - x, at[1] - y)
     if length == 0.0:
         return None
-    ray = QgsGeometry.fromPolylineXY([QgsPointXY(x, y), QgsPointXY(x + far * (at[0] - x) / length, y + far * (at[1] - y) / length)])
+    beyond = QgsPointXY(x + far * (at[0] - x) / length, y + far * (at[1] - y) / length)
+    ray = QgsGeometry.fromPolylineXY([QgsPointXY(x, y), beyond])
     outer = QgsGeometry.fromPolygonXY([parcel.polygon.asPolygon()[0]])
     start = QgsGeometry.fromPointXY(QgsPointXY(x, y))
     inside = [part for part in ray.intersection(outer).asGeometryCollection()
