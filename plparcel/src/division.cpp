@@ -150,25 +150,9 @@ std::optional<PL_PNT2D_record> meeting_point(const Line& line, const Division& d
 // Parts the first line in two there. The point becomes a corner of its piece, as it is one of the others.
 void part_at(const PL_PNT2D_record& point, Division& division)
 {
-    std::vector<Segment>& segments = division.lines[0].segments;
-    const auto has_point = [&point](const Segment& segment) {
-        return dot(from_to(point, segment.from), from_to(point, segment.to)) < 0.0;
-    };
-    const auto first = std::find_if(segments.begin(), segments.end(), has_point);
-    if (first == segments.end())
-        return;
-    const Segment whole = *first;
-    first->to = point;
-    segments.insert(first + 1, {point, whole.to});
-    Ring& ring = division.pieces[0].ring;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const PL_PNT2D_record& next = around(ring, i + 1);
-        if ((same_place(ring[i], whole.from) && same_place(next, whole.to)) ||
-            (same_place(ring[i], whole.to) && same_place(next, whole.from))) {
-            ring.insert(ring.begin() + static_cast<std::ptrdiff_t>(i) + 1, point);
-            return;
-        }
-    }
+    DividingLine& line = division.lines[0];
+    line.segments = {{line.from, point}, {point, line.to}};
+    division.pieces[0].ring.push_back(point);  // the line closes the ring
 }
 
 // What each amount holds of all its pieces; each piece of an amount is told what that holds.

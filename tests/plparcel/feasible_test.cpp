@@ -170,6 +170,8 @@ TEST(Feasible, AnyNumberOfPieces)
     EXPECT_EQ(whole({kSquare, {}}, through_vertex(0), kFar), "(0 10000)");
     EXPECT_EQ(whole({kSquare, {}}, through_point({25, 25}), kFar), "[1250 8750]");
     EXPECT_EQ(whole({kSquare, {}}, through_point({-5, 50}), kFar), "(0 10000)") << "outside";
+    EXPECT_EQ(whole({{{0, 0}, {1000, 0}, {1000, 10}, {0, 10}}, {}}, through_point({1, 1}), kFar), "[2 9998]")
+        << "from where a side is a thousand times as far at its end as at its beginning";
     EXPECT_EQ(whole(holed, through_point({50, 50}), kFar), "[3200 3200]") << "in the hole, its middle";
     // From straight on, 2500 as far as at right angles, and then up to the line along the side, run the other way.
     const Ring el = {{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 100}, {0, 100}};

@@ -741,6 +741,8 @@ TEST(TurningWholeLine, IsRefusedWithTheReason)
     const auto status = [](const Request& request) { return divide(kHoled, request).status; };
     const auto one = [&](const Line& line, double asked) { return status(whole(line, {area(asked)})); };
     EXPECT_EQ(one(through_point({20, 20}), 700), Status::no_line_through_point);
+    EXPECT_EQ(one(through_point({20, 20}), 800 - 0.97e-5), Status::no_line_through_point)
+        << "0.96e-5 is granted";
     EXPECT_EQ(one(through_point({1.1e8, 0}), 700), Status::point_outside)
         << "over a million times the extent";
     EXPECT_EQ(one(through_point({0.9e8, 0}), 700), Status::divided);
@@ -794,6 +796,46 @@ TEST(TurningWholeLine, AllThatHoldTheAmount)
 {
     EXPECT_EQ(all_divisions(kHoled, whole(through_point({50, 50}, 10), {share(1, 2)})).size(), 12U);
     EXPECT_EQ(all_divisions(kHoled, whole(through_point({25, 25}), {area(1406.25)})).size(), 2U);
+}
+
+//   4                     From the corner 3 straight down, 160 lie on the right. The point is as far from the corner as from the
+//   |  \                  bottom: turned a little, the line holds as much but for the square of the angle. It is one line.
+//   |     3 ---- 2
+//   |     o      |
+//   0 ---------- 1
+TEST(TurningWholeLine, ThroughAVertexWhereTheAmountGrowsFromNothing)
+{
+    for (const double way : {1.0, -1.0}) {
+        const plparcel::Parcel parcel = {
+            {{-20 * way, 0}, {20 * way, 0}, {20 * way, 8}, {0, 8}, {-20 * way, 28}}, {}};
+        const Measured measured = way > 0.0 ? kNear : kFar;
+        int found = 0;
+        for (const Division& division :
+             all_divisions(parcel, whole(through_point({0, 4}, 100), {area(160)}, measured))) {
+            const bool is_upright =
+                std::fabs(division.lines[0].from.x) < 1e-6 && std::fabs(division.lines[0].to.x) < 1e-6;
+            found += is_upright ? 1 : 0;
+        }
+        EXPECT_EQ(found, 1) << way;
+    }
+}
+
+// The least that a line through a point cuts off a corner is twice the product of its distances from the sides, and the line
+// runs twice as far along each. A hair less is held there and nowhere else.
+TEST(TurningWholeLine, ALittleLessThanTheLeast)
+{
+    const plparcel::Parcel square = {kSquare, {}};
+    for (const double off : {-1e-2, -1e-4, -1e-6, 0.0, 1e-6, 1e-4, 1e-2}) {
+        const PL_PNT2D_record point = {25, 25 + off};
+        const double least = 2 * point.x * point.y;
+        const Division division = divide(square, whole(through_point(point), {area(least - 0.99e-5)}));
+        ASSERT_EQ(division.status, Status::divided) << off;
+        EXPECT_NEAR(division.lines[0].from.y, 2 * point.y, 2e-3) << off;
+        EXPECT_NEAR(division.lines[0].to.x, 2 * point.x, 2e-3) << off;
+        EXPECT_EQ(divide(square, whole(through_point(point), {area(least - 1.01e-5)})).status,
+                  Status::no_line_through_point)
+            << off;
+    }
 }
 
 }  // namespace

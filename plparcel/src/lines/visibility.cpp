@@ -58,6 +58,7 @@ public:
         const std::vector<std::size_t> vertices = around_the_vertex();
         std::vector<Direction> directions;
         std::vector<std::size_t> sides;  // seen from each direction on
+        std::size_t side = 1;
         start(vertices);
         for (std::size_t i = 0; i < vertices.size();) {
             Direction direction = {points_[vertices[i]], vertices[i], {}};
@@ -68,15 +69,15 @@ public:
                     direction.nearest = vertices[next];
             pass(vertices, i, next);
             directions.push_back(direction);
-            sides.push_back(row_.empty() ? 0 : *row_.begin());
+            // In the last direction nothing is. Between the others only rounding could say so: then what was seen stands.
+            if (!row_.empty())
+                side = *row_.begin();
+            sides.push_back(side);
             i = next;
         }
         clear_ways(directions, reach);
         std::vector<SeenPart> parts;
         for (std::size_t i = 0; i + 1 < directions.size(); ++i) {
-            // Side 0 begins at the vertex itself: nothing is seen there, but for rounding.
-            if (sides[i] == 0)
-                continue;
             const Sight end = sight_of(sides[i], directions[i + 1]);
             const bool end_is_clear = is_clear(sides[i], directions[i + 1], reach);
             if (i > 0 && sides[i - 1] == sides[i]) {

@@ -16,7 +16,7 @@ namespace plparcel {
 /// touches it: on which side it passes is a matter of rounding.
 constexpr double kTouchRoundings = 4.0;
 
-/// A line as it would be returned, and the two pieces that it makes.
+/// A line as it would be returned, and the two pieces that it makes: each begins at one of its ends and ends at the other.
 struct Cutting {
     PL_PNT2D_record from = {};
     PL_PNT2D_record to = {};

@@ -260,7 +260,7 @@ std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, con
     bool is_found = false;
     turning.lines(shares, [&](const TurningLine& line) {
         ++offered;
-        if (line.beside_the_amount && (passed > 0 || request.alternative > 0))
+        if (line.beside_the_amount && request.alternative > 0)
             return true;
         Division tried = cut_along_one(parcel, turning, line, request, shares, of_parcel, division);
         division.trials = tried.trials;

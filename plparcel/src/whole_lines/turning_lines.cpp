@@ -214,9 +214,10 @@ private:
         run_begin_.reset();
         const bool from_vertex = !(begin > 0.0);
         const bool to_vertex = !(end < 1.0);
-        if (from_vertex != to_vertex && ((from_vertex && begin_holds_) || (to_vertex && end_holds_)))
-            return;
-        add(extreme_in(begin, end));
+        const bool is_at_vertex =
+            from_vertex != to_vertex && ((from_vertex && begin_holds_) || (to_vertex && end_holds_));
+        if (!is_at_vertex)
+            add(extreme_in(begin, end));
     }
 
     const Excess& excess_;

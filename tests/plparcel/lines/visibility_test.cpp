@@ -80,6 +80,40 @@ TEST(Visibility, CornersAHairFromTheProlongationOfTheFirstSide)
               (std::vector<bool>{true, true, true, true}));
 }
 
+//     5   .3         From the vertex 0 the corner 4 lies beside the line to 2, by a hundredth or by three of them. In local units
+//     |  /  \        that is 0.64, within a reach of 1, or 1.92. Seen from 4 it is the far corner 2 that would lie beside
+//     | /    2       the line, by ten times as much.
+//     |4     |
+//     0 ---- 1
+TEST(Visibility, ALineThatPassesANearCornerIsNotClear)
+{
+    const plparcel::Wide reach = 1.0;
+    for (const bool is_beside : {true, false}) {
+        const Ring ring = {{0, 0}, {100, 0}, {100, 20}, {60, 60}, {10, is_beside ? 2.01 : 2.03}, {5, 60}};
+        const MeasuredRing measured(ring);
+        const std::vector<plparcel::SeenPart> parts =
+            all_seen_from(LocalRing(measured), measured.turn(), 0, reach);
+        ASSERT_EQ(parts.size(), 3U);
+        EXPECT_EQ(parts[0].begin.side, 1U);
+        EXPECT_TRUE(parts[0].begin_is_clear);
+        EXPECT_EQ(parts[0].end_is_clear, !is_beside) << "from 1 up to 2";
+        EXPECT_EQ(parts[1].begin_is_clear, !is_beside);
+        EXPECT_FALSE(parts[1].end_is_clear) << "behind the corner 4";
+        EXPECT_EQ(parts[2].begin.side, 4U);
+        EXPECT_TRUE(parts[2].begin_is_clear) << "the corner itself";
+
+        // The other way round, the ray comes to the corner 4 first.
+        const MeasuredRing clockwise(test::reversed(ring));
+        const std::vector<plparcel::SeenPart> back =
+            all_seen_from(LocalRing(clockwise), clockwise.turn(), 0, reach);
+        ASSERT_EQ(back.size(), 3U);
+        EXPECT_TRUE(back[0].end_is_clear) << "the corner itself";
+        EXPECT_FALSE(back[1].begin_is_clear);
+        EXPECT_EQ(back[1].end_is_clear, !is_beside);
+        EXPECT_EQ(back[2].begin_is_clear, !is_beside);
+    }
+}
+
 double cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
 {
     return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);
