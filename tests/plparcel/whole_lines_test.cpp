@@ -325,6 +325,16 @@ TEST(WholeLines, AMissAsLargeAsTheToleranceIsGranted)
     }
 }
 
+// The tip at the top is so flat and so small that both ends of its line come out as the same place.
+TEST(WholeLines, ATipInWhichEndsAreOne)
+{
+    const Parcel roof = {{{1000, 1000}, {1100, 1000}, {1100, 1050}, {1050, 1060}, {1000, 1050}},
+                         {{{1040, 1020}, {1060, 1020}, {1060, 1040}, {1040, 1040}}}};
+    for (const double asked : {1e-25, 1e-28})
+        EXPECT_EQ(cut(roof, parallel_to(0), {area(asked)}, kThere, Pieces::two).status, Status::not_reached)
+            << asked;
+}
+
 // 4755 in two arms. Above its floor the left one holds 1173 1/3 less the hole's 15, from where its wall is a third of a
 // spacing inside: a millionth off, the line at the floor is tried. Areas are multiples of a half there.
 TEST(WholeLines, ALineBesideTheAmountThatDoublesDoNotHold)
@@ -748,6 +758,24 @@ TEST(WholeLines, AStripTooThinForALineToEndIt)
                            {{{40, 30}, {60, 30}, {60, 40}, {40, 40}}}};
     EXPECT_EQ(cut(parcel, parallel_to(0), {width(0x1p-63)}, kHere, Pieces::two).status,
               Status::line_leaves_parcel);
+}
+
+// A strip from the far end, up to the level of the base side and beyond it, where the line ends what lies behind: with a hole
+// far away from it as without.
+TEST(WholeLines, AStripPastTheBaseSide)
+{
+    Parcel parcel = {{{0, 0}, {50, 0}, {100, 1}, {100, 60}, {-50, 60}, {-50, -10}, {0, -10}}, {}};
+    const Ring hole = {{80, 30}, {90, 30}, {90, 40}, {80, 40}};
+    for (const double wide : {59.5, 60.0, 65.0}) {
+        parcel.holes.clear();
+        const Division without = cut(parcel, parallel_to(0), {width(wide)}, kThere, Pieces::two);
+        ASSERT_EQ(without.status, Status::divided) << wide;
+        parcel.holes = {hole};
+        const Division with = cut(parcel, parallel_to(0), {width(wide)}, kThere, Pieces::two);
+        ASSERT_EQ(with.status, Status::divided) << wide;
+        EXPECT_POINT(with.lines[0].from, (without.lines[0].from));
+        EXPECT_POINT(with.lines[0].to, (without.lines[0].to));
+    }
 }
 
 // A width that leads into the bay of a hole, and through two legs of which the line across the longer one has the

@@ -441,35 +441,39 @@ private:
         return rings;
     }
 
+    // Where a line at a level meets a side, along the line.
+    Wide met_along(std::size_t side, const Wide& level) const
+    {
+        const WidePoint& a = frame_.seen()[side];
+        const WidePoint& b = frame_.seen()[rings_.next(side)];
+        return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
+    }
+
+    // Where the sides are met that have an end more than a reach above a level, and another that lies no higher; with
+    // `way` -1 below it, and no lower.
+    std::vector<Wide> met_beyond(const Wide& level, const Wide& reach, double way) const
+    {
+        const auto is_beyond = [&](std::size_t vertex) {
+            return (frame_.seen()[vertex].y - level) * way > reach;
+        };
+        std::vector<Wide> found;
+        for (std::size_t side = 0; side < frame_.seen().size(); ++side)
+            if (is_beyond(side) != is_beyond(rings_.next(side)))
+                found.push_back(met_along(side, level));
+        std::sort(found.begin(), found.end());
+        return found;
+    }
+
     // Whether the line, prolonged beyond its ends, runs through the inside for longer than a touch.
     bool meets_again(const PartLine& line) const
     {
         if (line.alone)
             return false;
         const Wide reach = frame_.length_to_frame(kTouchRoundings * spacing_);
-        const auto crossed = [&](bool just_above) {
-            const auto is_beyond = [&](const Wide& y) {
-                return just_above ? y - line.level > reach : line.level - y > reach;
-            };
-            std::vector<Wide> found;
-            for (std::size_t side = 0; side < frame_.seen().size(); ++side) {
-                const WidePoint& a = frame_.seen()[side];
-                const WidePoint& b = frame_.seen()[rings_.next(side)];
-                if (is_beyond(a.y) != is_beyond(b.y))
-                    found.push_back(a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y)));
-            }
-            std::sort(found.begin(), found.end());
-            return found;
-        };
-        const std::vector<Wide> below = crossed(false);
-        const std::vector<Wide> above = crossed(true);
-        const auto along = [&](std::size_t side) {
-            const WidePoint& a = frame_.seen()[side];
-            const WidePoint& b = frame_.seen()[rings_.next(side)];
-            return a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y));
-        };
-        const Wide left = along(line.sides.front());
-        const Wide right = along(line.sides.back());
+        const std::vector<Wide> below = met_beyond(line.level, reach, -1.0);
+        const std::vector<Wide> above = met_beyond(line.level, reach, 1.0);
+        const Wide left = met_along(line.sides.front(), line.level);
+        const Wide right = met_along(line.sides.back(), line.level);
         std::size_t l = 0;
         std::size_t r = 0;
         while (l + 1 < below.size() && r + 1 < above.size()) {

@@ -141,6 +141,26 @@ TEST(StakedOut, AnEndThatIsRoundedOntoACornerBecomesThatCorner)
     }
 }
 
+// The line runs through the hole's corner (10.4, 20.3) and out of it at (19.8, 20). To whole numbers both lie on its other
+// corners, and nothing would be left of it.
+TEST(StakedOut, AHoleKeepsItsCorners)
+{
+    const plparcel::Parcel parcel = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                                     {{{10, 20}, {20, 20}, {10.4, 20.3}}}};
+    Request asked;
+    asked.line = plparcel::along_segment({10.4, 20.3}, {19.8, 20});
+    asked.amounts = {plparcel::area(100 * (20.3 - (50 - 10.4) * 0.3 / 9.4) - 0.5 * 9.8 * 0.3)};
+    asked.rounding.decimals = 0;
+    asked.rounding.tolerance = 0.01;
+    asked.pieces = plparcel::Pieces::any;
+    const Division division = divide(parcel, asked);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.decimals, 1);
+    ASSERT_EQ(division.lines[0].segments.size(), 2U);
+    EXPECT_POINT(division.lines[0].segments[0].to, (PL_PNT2D_record{10.4, 20.3}));
+    EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{19.8, 20}));
+}
+
 // The line of half the slope from (13/7, 2/7) to the left side: to whole numbers it runs from (2, 0), above which the
 // left side has ended.
 TEST(StakedOut, ALineThatWouldPassBeyondTheEndOfItsSideNeedsMoreDecimals)
