@@ -281,6 +281,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Ecke {number}: Ost {x:.3f}, Nord {y:.3f}</translation>
   </message>
   <message>
+   <source>A rounded point would take the place of corner {number}, and corners are not moved. That corner has {decimals} decimals: ask for as many, for all digits, or for another amount.</source>
+   <translation>Ein gerundeter Punkt käme an die Stelle von Ecke {number}, und Ecken werden nicht verschoben. Diese Ecke hat {decimals} Nachkommastellen: verlangen Sie ebenso viele, alle Stellen oder eine andere Menge.</translation>
+  </message>
+  <message>
    <source>How much is asked cannot be read: {why}</source>
    <translation>Wie viel verlangt ist, ist nicht lesbar: {why}</translation>
   </message>

@@ -1,6 +1,8 @@
 """The map tool, driven by mouse and keys as a user would."""
 
+import csv
 import os
+import random
 import sys
 import tempfile
 import traceback
@@ -151,6 +153,19 @@ class Choosing(Case):
         self.assertEqual(window.tool.work.division.lines[0].start, (500000.0, 5000012.346))
         window.dock.decimals.setValue(-1)
         self.assertEqual(window.tool.work.division.lines[0].start, (500000.0, 5000012.345678))
+
+    def test_a_point_in_the_place_of_a_corner(self):
+        window = self.window([(LOT.replace("500000 5000000", "500000.125 5000000"), "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500000, 5000000)  # from which the line starts
+        window.dock.decimals.setValue(2)
+        window.dock.tolerance.setCurrentIndex(3)
+        self.assertIn("the place of corner 1, and corners are not moved. That corner has 3 decimals", window.dock.result.text())
+        self.assertFalse(window.dock.divide.isEnabled())
+        for decimals in (3, -1):
+            window.dock.decimals.setValue(decimals)
+            line, = window.tool.work.division.lines
+            self.assertIn((500000.125, 5000000.0), (line.start, line.end))
 
     def test_a_corner(self):
         window = self.window([(LOT, "Rossi")])
@@ -410,6 +425,55 @@ class Writing(Case):
         window.key(Qt.Key_Return)
         self.assertFalse(self.lots.isEditable())
         self.assertEqual(window.said, [])
+
+
+class ATown(unittest.TestCase):
+    """Lots that share their sides are divided again and again. GEOS judges that no gap and no overlap has come of it."""
+
+    def judge(self, lots, area, off):
+        shapes = [feature.geometry() for feature in lots.getFeatures()]
+        whole = QgsGeometry.unaryUnion(shapes)
+        self.assertTrue(all(shape.isGeosValid() for shape in shapes))
+        self.assertEqual((len(whole.asGeometryCollection()), len(whole.asPolygon())), (1, 1))  # one polygon without holes
+        self.assertAlmostEqual(sum(shape.area() for shape in shapes), whole.area(), delta=1e-6)
+        self.assertAlmostEqual(whole.area(), area, delta=off)
+
+    def divided(self, decimals, tolerance, chance):
+        from plcalc_qgis import engine
+        from plcalc_qgis.maptool.commit import commit
+        from plcalc_qgis.maptool.parcel import Corner, Parcel, Side
+        from plcalc_qgis.maptool.work import Wishes, Work
+        from plcalc_qgis.parcels import Plane
+
+        with open(os.path.join(os.path.dirname(__file__), "lots.csv"), encoding="utf-8", newline="") as file:
+            lots = layer_of(UTM, [(row["WKT"], row["owner"]) for row in csv.DictReader(file)], columns="&field=owner:string")
+        area = sum(feature.geometry().area() for feature in lots.getFeatures())
+        transforms = QgsProject.instance().transformContext()
+        plane = Plane(lots.crs(), lots.extent(), QgsCoordinateReferenceSystem(), transforms)
+        # A rounded end lies up to 0.71 of a step beside the rim of the town, which is 430 long.
+        off = 0.71 * 430 * 10.0 ** -decimals if decimals is not None else 1e-6
+        done = 0
+        for _ in range(60):
+            parcel = Parcel(lots, chance.choice(list(lots.getFeatures())), plane, 0)
+            number = chance.randint(1, len(parcel.rings[0]))
+            work = Work(engine.engine(), parcel)
+            work.ask(chance.choice((Side, Side, Corner))(number),
+                     Wishes(chance.random() < 0.5, SHARE, chance.choice(("1/2", "1/3", "30%")), chance.random() < 0.5, False, decimals,
+                            tolerance))
+            if work.division is None or min(piece.area for piece in work.division.pieces) < 5.0:
+                continue
+            commit(parcel, work.division, None, transforms)
+            done += 1
+            self.judge(lots, area, off)
+        self.assertGreater(done, 20)
+        while lots.undoStack().canUndo():
+            lots.undoStack().undo()
+        self.assertEqual(lots.featureCount(), 5)
+
+    def test_no_gaps_and_no_overlaps(self):
+        for seed, decimals, tolerance in ((1, 3, 1e-4), (2, 2, 1e-3), (3, None, 1e-6), (4, 1, 1e-2)):
+            with self.subTest(seed=seed, decimals=decimals):
+                self.divided(decimals, tolerance, random.Random(seed))
 
 
 class Degrees(Case):

@@ -41,7 +41,7 @@ def commit(parcel, division, points_layer, transforms):
             raise CannotSplit(tr("The layer {name} cannot be edited.").format(name=wanted.name()))
     new_points = _new_points(parcel, division)
     written = Written(0, 0, 0)
-    _in_one_command(layer, lambda: _split(parcel, now, division, new_points, written))
+    _in_one_command(layer, lambda: _split(parcel, now, division, written))
     if points_layer is not None:
         try:
             _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, new_points, transforms, written))
@@ -73,14 +73,14 @@ def _new_points(parcel, division):
     return list(dict.fromkeys(end for end in ends if not parcel.has(end)))
 
 
-def _split(parcel, feature, division, new_points, written):
+def _split(parcel, feature, division, written):
     layer = parcel.layer
     rest = max(piece.amount for piece in division.pieces)
     keeps = max((piece for piece in division.pieces if piece.amount == rest), key=lambda piece: piece.area)
     others = [_polygon(parcel, piece) for piece in division.pieces if piece is not keeps]
     kept = parcel.parts()
     kept[parcel.part] = _polygon(parcel, keeps)
-    neighbours = _neighbours(parcel, new_points)
+    neighbours = _neighbours(parcel, division)
     _require(layer.changeGeometry(feature.id(), _as_in(layer, kept)), layer)
     attributes = dict(enumerate(feature.attributes()))
     context = layer.createExpressionContext()
@@ -111,35 +111,77 @@ def _as_in(layer, polygons):
     return geometry
 
 
-def _neighbours(parcel, new_points):
-    """The other features on whose boundary new points lie, with them: geometries by the number of the feature."""
+def _divided_sides(parcel, division):
+    """The sides of the parcel that have got points: (start, end, points from start to end)."""
+    edges = {edge for piece in division.pieces for ring in piece.rings for edge in _edges(ring)}
+    after = {start: end for start, end in edges if (end, start) not in edges}
+    for ring in parcel.rings:
+        for start, end in _edges(ring):
+            points, at = [], after.get(start)
+            while at is not None and at != end and not parcel.has(at):
+                points.append(at)
+                at = after.get(at)
+            if points and at == end:
+                yield start, end, points
+
+
+def _edges(ring):
+    return zip(ring, ring[1:] + ring[:1])
+
+
+def _neighbours(parcel, division):
+    """The other features that share a divided side, with its points: geometries by the number of the feature."""
     layer = parcel.layer
     same = _SAME_IN_DEGREES if layer.crs().isGeographic() else _SAME_IN_PLANE
-    own = parcel.parts()[parcel.part]
     changed = {}
-    for vertex in new_points:
-        point = parcel.in_layer(vertex)
-        # A rounded end may lie beside the side; its neighbour shares the place on the side itself.
-        _, foot, _, _ = own.closestSegmentWithContext(QgsPointXY(point))
-        box = QgsRectangle(foot.x() - same, foot.y() - same, foot.x() + same, foot.y() + same)
+    for start, end, points in _divided_sides(parcel, division):
+        side = [parcel.in_layer(vertex) for vertex in (start, *points, end)]
+        box = QgsRectangle(side[0].x(), side[0].y(), side[-1].x(), side[-1].y()).buffered(same)
         for feature in layer.getFeatures(QgsFeatureRequest(box).setNoAttributes()):
             if feature.id() == parcel.feature.id():
                 continue
             geometry = changed.get(feature.id(), feature.geometry())
-            if _insert(geometry, foot, point, same):
+            if _insert_in_side(geometry, side) or _insert_by_place(geometry, side, same):
                 changed[feature.id()] = geometry
     return changed
 
 
-def _insert(geometry, foot, point, same):
-    """Whether the boundary passes by the foot and has got the point."""
-    distance2, _, after, _ = geometry.closestSegmentWithContext(foot)
-    if not 0.0 <= distance2 <= same * same:
-        return False
-    # A neighbour that has a corner there shares it already.
-    if any(geometry.vertexAt(number).distance(foot.x(), foot.y()) <= same for number in (after - 1, after)):
-        return False
-    return geometry.insertVertex(_like(geometry, point, after), after)
+def _insert_in_side(geometry, side):
+    """Whether the geometry has the very same side, and has got its points."""
+    ends = [(side[0].x(), side[0].y()), (side[-1].x(), side[-1].y())]
+    vertices = [(vertex.x(), vertex.y()) for vertex in geometry.vertices()]
+    for number, pair in enumerate(zip(vertices, vertices[1:])):
+        backwards = list(pair) == ends[::-1]
+        if (backwards or list(pair) == ends) and _in_one_ring(geometry, number):
+            points = side[1:-1]
+            for point in points if backwards else points[::-1]:
+                geometry.insertVertex(_like(geometry, point, number + 1), number + 1)
+            return True
+    return False
+
+
+def _in_one_ring(geometry, number):
+    """Whether a vertex and the next one are in the same ring."""
+    _, one = geometry.vertexIdFromVertexNr(number)
+    _, next_one = geometry.vertexIdFromVertexNr(number + 1)
+    return one.part == next_one.part and one.ring == next_one.ring
+
+
+def _insert_by_place(geometry, side, same):
+    """Whether the boundary passes by points of the side, and has got them: a neighbour with a longer side, or a shorter one."""
+    found = False
+    straight = QgsGeometry(QgsLineString([side[0], side[-1]]))
+    for point in side[1:-1]:
+        # A rounded point may lie beside the side; the neighbour shares the place on the side itself.
+        _, foot, _, _ = straight.closestSegmentWithContext(QgsPointXY(point))
+        distance2, _, after, _ = geometry.closestSegmentWithContext(foot)
+        if not 0.0 <= distance2 <= same * same:
+            continue
+        # A neighbour that has a corner there shares it already.
+        if any(geometry.vertexAt(number).distance(foot.x(), foot.y()) <= same for number in (after - 1, after)):
+            continue
+        found |= geometry.insertVertex(_like(geometry, point, after), after)
+    return found
 
 
 def _like(geometry, point, after):

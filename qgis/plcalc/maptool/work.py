@@ -1,6 +1,7 @@
 """The work on one parcel: which side or corner is chosen, what is asked, and what plcalc answers. Nothing here draws or writes."""
 
 import collections
+import decimal
 
 from qgis.core import QgsGeometry, QgsPointXY
 
@@ -53,10 +54,23 @@ class Work:
         except ValueError as why:
             self.problem = tr("How much is asked cannot be read: {why}").format(why=why)
             return
-        if answer:
+        lost = self._lost_corner(answer) if answer else None
+        if lost is not None:
+            number, decimals = lost
+            self.problem = tr("A rounded point would take the place of corner {number}, and corners are not moved. That corner has "
+                              "{decimals} decimals: ask for as many, for all digits, or for another amount.").format(
+                number=number, decimals=decimals)
+        elif answer:
             self.division = answer
         else:
             self.problem = answer.reason
+
+    def _lost_corner(self, division):
+        """The first corner that no piece has, because a rounded end lies in its place: its number and decimals; None where all are
+        there."""
+        kept = {vertex for piece in division.pieces for ring in piece.rings for vertex in ring}
+        corners = [vertex for ring in self.parcel.rings for vertex in ring]
+        return next(((number, max(map(_decimals, vertex))) for number, vertex in enumerate(corners, 1) if vertex not in kept), None)
 
     def forget(self):
         """No place is chosen, and nothing asked."""
@@ -89,3 +103,8 @@ class Work:
             return False
         point = QgsGeometry.fromPointXY(QgsPointXY(*at))
         return any(line_of(line.segments).distance(point) <= reach for line in self.division.lines)
+
+
+def _decimals(value):
+    """How many it has."""
+    return max(0, -decimal.Decimal(repr(value)).normalize().as_tuple().exponent)
