@@ -711,6 +711,14 @@ TEST_F(Plans, PngIsTrueToScaleAndTinted)
         ASSERT_TRUE(plan.is(2, y, 255, 255, 255) && plan.is(plan.width() - 3, y, 255, 255, 255)) << y;
 }
 
+// Where a text of an SVG begins, and its baseline.
+SheetPoint beginning_of(const std::string& text, const std::string& svg)
+{
+    const std::size_t begin = svg.rfind("<text", svg.find(">" + text + "</text>"));
+    const auto number = [&](const char* name) { return std::stod(svg.substr(svg.find(name, begin) + 4)); };
+    return {number(" x=\""), number(" y=\"")};
+}
+
 // 20 metres at 1:500 are 40 millimetres, 226.8 dots, in four fields: dark, white, dark, white. The bar's right end is
 // 10 points from the frame, which leaves 10 millimetres of the sheet free.
 TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
@@ -733,6 +741,12 @@ TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
         rows += is_all(y, 5, 255) && is_all(y, 4, 38) && is_all(y, 3, 255) && is_all(y, 2, 38) &&
                 is_all(y, 1, 255);
     EXPECT_NEAR(rows, 10, 3) << "5 points high";
+
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan plan.svg").status, 0);
+    const std::string svg = content("plan.svg");
+    const SheetPoint zero = beginning_of("0", svg);
+    EXPECT_EQ(zero.y, beginning_of("20", svg).y);
+    EXPECT_NEAR(zero.x, 0.5 * (right - 4.0 * field), 3.0) << "its middle is below the left end";
 }
 
 // Drawn 1:1000, thirty strips that stand upright are 7.6 points wide, and ten that lie are 14.2 high: two lines of the
@@ -933,14 +947,6 @@ TEST_F(Plans, NoLabelTouchesAnotherOrALine)
             EXPECT_TRUE(!shown || written.count(line.length) > 0) << "a line of " << line.length;
         }
     }
-}
-
-// Where a text of an SVG begins, and its baseline.
-SheetPoint beginning_of(const std::string& text, const std::string& svg)
-{
-    const std::size_t begin = svg.rfind("<text", svg.find(">" + text + "</text>"));
-    const auto number = [&](const char* name) { return std::stod(svg.substr(svg.find(name, begin) + 4)); };
-    return {number(" x=\""), number(" y=\"")};
 }
 
 TEST_F(Plans, ALineIsNoOutline)

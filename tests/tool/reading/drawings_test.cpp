@@ -112,28 +112,36 @@ TEST_F(Drawings, EndsAreJoinedWithinATolerance)
     struct Row {
         double gap;
         const char* options;
-        bool joined;
+        const char* away;  // empty where the ends are joined
     };
-    for (const Row& row : {Row{0.0009, "", true},
-                           {0.0011, "", false},
-                           {0.0011, "--join 0.002", true},
-                           {0.25, "--join 0.26", true},
-                           {0.25, "--join 0.24", false}}) {
+    for (const Row& row : {Row{0.0009, "", ""},
+                           {0.00105, "", "0.0011"},
+                           {0.0011, "--join 0.002", ""},
+                           {0.25, "--join 0.26", ""},
+                           {0.25, "--join 0.24", "0.2500"}}) {
+        const bool joined = row.away[0] == '\0';
         SCOPED_TRACE(row.gap);
         write("lot.dxf",
               drawing(line(kA, kB) + line({kB.east, kB.north + row.gap}, kC) + line(kC, kD) + line(kD, kA)));
         const test::Result run = divide("lot.dxf", std::string(row.options) + " " + kStrip);
-        EXPECT_EQ(run.status, row.joined ? 0 : 3) << run.err;
-        if (row.joined) {
+        EXPECT_EQ(run.status, joined ? 0 : 3) << run.err;
+        if (joined) {
             EXPECT_EQ(test::numbers_after(run.out, "parcel").at(0), 5000.0);
             EXPECT_NE(run.out.find("joined from 4 lines, ends up to"), std::string::npos) << run.out;
         } else {
             EXPECT_NE(run.err.find("plcalc: lot.dxf: its lines close no boundary: at 500100.0000, "
-                                   "5000000.0000 the next end is"),
+                                   "5000000.0000 the next end is " +
+                                   std::string(row.away) + " away; "),
                       std::string::npos)
                 << run.err;
         }
     }
+    // Two lines are enough for a gap that is told.
+    write("lot.dxf", drawing(line(kA, kB) + line({kB.east, kB.north}, {kA.east, kA.north + 0.5})));
+    EXPECT_TRUE(
+        test::fails_with(divide("lot.dxf", kStrip), 3,
+                         "lot.dxf: its lines close no boundary: at 500000.0000, 5000000.0000 the next "
+                         "end is 0.5000 away; close the boundary, or allow such a gap with --join"));
 }
 
 TEST_F(Drawings, ForksAreRefusedWithTheirPlace)
@@ -182,6 +190,11 @@ TEST_F(Drawings, ArcsBecomeChordsWithinADistance)
         divide("lot.dxf", std::string("--arcs 1e-9 ") + kStrip), 2,
         "lot.dxf: feature 2: --arcs 0.000000001 is too small for an arc with a radius of 50.000; "
         "allow 0.001"));
+    // 20000 * (1 - cos 0.05 deg) = 0.0076, and half a millimetre so that three decimals suffice.
+    write("lot.dxf", drawing("0\nCIRCLE\n8\nLOTS\n" + at(kA) + "40\n20000\n"));
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.dxf", std::string("--arcs 0.007 ") + kStrip), 2,
+        "lot.dxf: feature 0: --arcs 0.007 is too small for an arc with a radius of 20000.000; allow 0.008"));
 }
 
 TEST_F(Drawings, BlocksAreTakenApart)

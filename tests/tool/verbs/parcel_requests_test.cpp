@@ -87,7 +87,7 @@ TEST_F(ParcelRequests, ColumnsOfNumbersAndLists)
 {
     const char* const kLots = R"({"type": "FeatureCollection",
  "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::25832"}}, "features": [
- {"type": "Feature", "properties": {"area": 1000.5, "list": [1000, 250.25], "side": 2.0}, "geometry":
+ {"type": "Feature", "properties": {"area": 1000.5, "list": [1000, 250.25], "whole": [1000, 250], "side": 2.0}, "geometry":
   {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000100], [500000, 5000100], [500000, 5000000]]]}},
  {"type": "Feature", "properties": {"area": null, "list": null, "side": 1.5}, "geometry":
   {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000100], [500000, 5000100], [500000, 5000000]]]}}
@@ -102,6 +102,9 @@ TEST_F(ParcelRequests, ColumnsOfNumbersAndLists)
     EXPECT_NEAR(area(lists, 0, 0), 1000.0, 0.01);
     EXPECT_NEAR(area(lists, 0, 1), 250.25, 0.01);
     EXPECT_NE(reason(lists, 1).find("the column 'list' is empty"), std::string::npos);
+    const json whole = divided("lots.geojson", "--parallel 1 --area-from whole");
+    EXPECT_NEAR(area(whole, 0, 0), 1000.0, 0.01);
+    EXPECT_NEAR(area(whole, 0, 1), 250.0, 0.01);
 }
 
 TEST_F(ParcelRequests, OneParcelAndASetOut)

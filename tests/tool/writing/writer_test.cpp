@@ -206,6 +206,20 @@ TEST_F(Writer, AnOutputThatEndsLeavesNothingOpen)
     EXPECT_EQ(files(), (std::set<std::string>{"pieces.txt"}));
 }
 
+TEST_F(Writer, AFolderThatCameInTheWayIsNamed)
+{
+    tool::PendingOutput output(path("pieces.txt"), true, {});
+    std::ofstream(output.path()) << "pieces";
+    std::filesystem::create_directory(path("pieces.txt"));
+    try {
+        output.commit();
+        ADD_FAILURE() << "a folder was replaced";
+    } catch (const tool::Failure& failure) {
+        EXPECT_EQ(failure.place.file, path("pieces.txt"));
+        EXPECT_EQ(failure.problem, "the file cannot be written (Is a directory)");
+    }
+}
+
 TEST_F(Writer, ATableOfOneParcelHasNoFeatureNumber)
 {
     write("table.csv", "E,N\n0,0\n100,0\n100,50\n0,50\n");
