@@ -798,25 +798,22 @@ TEST(TurningWholeLine, AllThatHoldTheAmount)
     EXPECT_EQ(all_divisions(kHoled, whole(through_point({25, 25}), {area(1406.25)})).size(), 2U);
 }
 
-//   4                     From the corner 3 straight down, 160 lie on the right. The point is as far from the corner as from the
-//   |  \                  bottom: turned a little, the line holds as much but for the square of the angle. It is one line.
-//   |     3 ---- 2
-//   |     o      |
-//   0 ---------- 1
+//   5                     From the corner 4 straight down to 1, 160 lie on the right. The point is as far from one as from the
+//   |  '-- 4 ---- 3       other: turned a little, the line holds as much but for the square of the angle. It is one line.
+//   |      o      |
+//   |  .-- 1 ---- 2
+//   0
 TEST(TurningWholeLine, ThroughAVertexWhereTheAmountGrowsFromNothing)
 {
     for (const double way : {1.0, -1.0}) {
         const plparcel::Parcel parcel = {
-            {{-20 * way, 0}, {20 * way, 0}, {20 * way, 8}, {0, 8}, {-20 * way, 28}}, {}};
+            {{-20 * way, -8}, {0, 0}, {20 * way, 0}, {20 * way, 8}, {0, 8}, {-20 * way, 16}}, {}};
         const Measured measured = way > 0.0 ? kNear : kFar;
-        int found = 0;
-        for (const Division& division :
-             all_divisions(parcel, whole(through_point({0, 4}, 100), {area(160)}, measured))) {
-            const bool is_upright =
-                std::fabs(division.lines[0].from.x) < 1e-6 && std::fabs(division.lines[0].to.x) < 1e-6;
-            found += is_upright ? 1 : 0;
-        }
-        EXPECT_EQ(found, 1) << way;
+        const std::vector<Division> all =
+            all_divisions(parcel, whole(through_point({0, 4}, 100), {area(160)}, measured));
+        ASSERT_EQ(all.size(), 1U);
+        EXPECT_EQ(all[0].lines[0].from.x, 0);
+        EXPECT_EQ(all[0].lines[0].to.x, 0);
     }
 }
 
