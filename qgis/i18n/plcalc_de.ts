@@ -261,16 +261,8 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Wählen Sie einen Layer mit Polygonen als aktuellen Layer.</translation>
   </message>
   <message>
-   <source>Divided: {pieces} new features with the columns of the parcel; what is left keeps its feature. Columns that hold areas are not computed anew.</source>
-   <translation>Geteilt: {pieces} neue Objekte mit den Spalten des Grundstücks; der Rest behält das Objekt. Spalten mit Flächen werden nicht neu berechnet.</translation>
-  </message>
-  <message>
-   <source>{count} neighbours have the new points.</source>
-   <translation>{count} Nachbarn haben die neuen Punkte.</translation>
-  </message>
-  <message>
-   <source>{count} points are added.</source>
-   <translation>{count} Punkte sind dazugekommen.</translation>
+   <source>Divided. New features: {pieces}; neighbours with new points: {neighbours}; points: {points}. Columns that hold areas are not computed anew.</source>
+   <translation>Geteilt. Neue Objekte: {pieces}; Nachbarn mit neuen Punkten: {neighbours}; Punkte: {points}. Spalten mit Flächen werden nicht neu berechnet.</translation>
   </message>
   <message>
    <source>Side {number}: length {length:.3f}, bearing {bearing:.4f} gon</source>

@@ -1,11 +1,14 @@
 """The plug-in as it is installed from its zip, in a QGIS without a window."""
 
+import os
+import tempfile
 import unittest
 
 import plcalc
 import session
-from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsProcessingContext, QgsProcessingException,
-                       QgsProcessingFeedback, QgsProject)
+from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsFields, QgsProcessingContext, QgsProcessingException,
+                       QgsProcessingFeedback, QgsProject, QgsVectorFileWriter, QgsVectorLayer)
+from qgis.PyQt.QtCore import QVariant
 from session import CROSSED, HOLED, LOT, UTM, YARD, layer_of, values
 
 
@@ -136,6 +139,53 @@ class Divide(unittest.TestCase):
                             ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6}, "which other layer")):
             with self.assertRaisesRegex(QgsProcessingException, said):
                 run("divide", **{"INPUT": lots, "LINE": 0, "CHOICE": 0, **wrong})
+
+
+class Files(unittest.TestCase):
+    """From a GeoPackage into GeoPackages, as most people work: several rows have the key of their parcel."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+        lots = layer_of(UTM, [(LOT, "Rossi", "", 1), (YARD, "Bianchi", "", 1), (CROSSED, "Neri", "", 1)], columns=COLUMNS)
+        self.lots = self.file("lots")
+        options = QgsVectorFileWriter.SaveVectorOptions()
+        QgsVectorFileWriter.writeAsVectorFormatV3(lots, self.lots, QgsProject.instance().transformContext(), options)
+
+    def file(self, name):
+        return os.path.join(self.folder, name + ".gpkg")
+
+    def written(self, name, *columns):
+        return values(QgsVectorLayer(self.file(name), name, "ogr"), *columns)
+
+    def run_to_files(self, name, *results, **parameters):
+        session.application.processing.run(f"plcalc:{name}", {**parameters, **{result: self.file(result) for result in results}})
+
+    def test_every_row_arrives(self):
+        self.run_to_files("divide", "PIECES", "LINES", "POINTS", "REFUSED", INPUT=self.lots, LINE=0, CHOICE=0, AMOUNT=2, VALUE="4")
+        self.assertEqual(self.written("PIECES", "owner", "parcel", "piece"),
+                         [("Rossi", 1, 1), ("Rossi", 1, 2), ("Rossi", 1, 3), ("Rossi", 1, 4), ("Bianchi", 2, 1), ("Bianchi", 2, 2),
+                          ("Bianchi", 2, 3), ("Bianchi", 2, 4)])
+        self.assertEqual([len(self.written(name, "parcel")) for name in ("LINES", "POINTS", "REFUSED")], [6, 12, 1])
+        self.run_to_files("measure", "OUTPUT", INPUT=self.lots)
+        self.assertEqual(self.written("OUTPUT", "owner", "area"), [("Rossi", 5000.0), ("Bianchi", 2400.0), ("Neri", QVariant())])
+        self.run_to_files("stakeout", "OUTPUT", INPUT=self.file("POINTS"), STATION="500000,4999900 [EPSG:32632]",
+                          ORIENTATION="500000,5000000 [EPSG:32632]")
+        self.assertEqual(len(self.written("OUTPUT", "angle")), 12)
+
+    def test_a_row_that_is_not_taken_ends_the_run(self):
+        from plcalc_qgis.algorithms.base import Sink
+
+        class Full:
+            def addFeature(self, feature, flags):
+                return False
+
+            def lastError(self):
+                return "the disk is full"
+
+        with self.assertRaisesRegex(QgsProcessingException, "Could not write: the disk is full"):
+            Sink(Full(), QgsFields(), "Could not write:").add([])
 
 
 class Planes(unittest.TestCase):

@@ -309,8 +309,7 @@ class Writing(Case):
         window.key(Qt.Key_Return)
         self.assertTrue(self.lots.isEditable())
         self.assertEqual([problem for _, problem in window.said], [False])
-        self.assertIn("1 new features", window.said[0][0])
-        self.assertIn("1 neighbours have the new points", window.said[0][0])
+        self.assertIn("New features: 1; neighbours with new points: 1; points: 0.", window.said[0][0])
         by_owner = {}
         for feature in self.lots.getFeatures():
             by_owner.setdefault(feature["owner"], []).append(feature.geometry())
@@ -339,7 +338,7 @@ class Writing(Case):
         window.ask(PARTS, "4")
         QTest.mouseClick(window.dock.divide, Qt.LeftButton)
         self.assertEqual([feature["name"] for feature in points.getFeatures()], ["P1", "P2", "P3", "P4", "P5", "P6"])
-        self.assertIn("6 points are added", window.said[0][0])
+        self.assertIn("New features: 3; neighbours with new points: 0; points: 6.", window.said[0][0])
         self.assertEqual(self.lots.featureCount(), 4)
         self.lots.undoStack().undo()
         self.assertEqual(self.lots.featureCount(), 1)

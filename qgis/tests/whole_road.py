@@ -12,6 +12,12 @@ from qgis.utils import iface, plugins
 from user import User
 
 
+def picture(name):
+    """Of the window, for people to look at."""
+    if os.environ.get("PLCALC_PICTURES"):
+        iface.mainWindow().grab().save(os.path.join(os.environ["PLCALC_PICTURES"], name + ".png"))
+
+
 def road(lots_file):
     tool = plugins["plcalc_qgis"]
     lots = QgsVectorLayer(lots_file, "lots", "ogr")
@@ -39,8 +45,7 @@ def road(lots_file):
     tool.dock.value.setText("1000")
     QTest.qWait(1000)
     canvas.waitWhileRendering()
-    if os.environ.get("PLCALC_PICTURES"):
-        iface.mainWindow().grab().save(os.path.join(os.environ["PLCALC_PICTURES"], "window.png"))
+    picture("tool")
     user.key(Qt.Key_Return)
     assert lots.isEditable() and lots.featureCount() == len(before) + 1, "the feature is split"
     assert iface.messageBar().currentItem() is not None, "what has been done is said"
@@ -66,10 +71,30 @@ def road(lots_file):
     assert [name for name, *_ in rows] == ["P1", "P2"] and all(distance > 0 for *_, distance in rows), rows
 
 
+def layers(lots_file):
+    """A layer divided as a whole: the results are layers with symbols and labels."""
+    QgsProject.instance().clear()
+    lots = QgsVectorLayer(lots_file, "lots", "ogr")
+    QgsProject.instance().addMapLayer(lots)
+    results = {name: "TEMPORARY_OUTPUT" for name in ("PIECES", "LINES", "POINTS", "REFUSED")}
+    found = processing.runAndLoadResults("plcalc:divide", {
+        "INPUT": lots, "LINE": 0, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 4, "VALUE": "500, 1/3", "DECIMALS": 3, **results})
+    loaded = {layer.name(): layer for layer in QgsProject.instance().mapLayers().values()}
+    assert set(loaded) == {"lots", "Pieces", "Lines", "Points", "Refused"}, loaded.keys()
+    assert found["DIVIDED"] + found["NOT_DIVIDED"] == lots.featureCount() and found["DIVIDED"] > 3, found
+    assert all(layer.labelsEnabled() for name, layer in loaded.items() if name != "lots"), "labels"
+    lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90"}))
+    iface.mapCanvas().setExtent(lots.extent().buffered(5))
+    iface.messageBar().clearWidgets()
+    QTest.qWait(2000)
+    picture("layers")
+
+
 def begin():
     said = "passed"
     try:
         road(os.environ["PLCALC_LOTS"])
+        layers(os.environ["PLCALC_LOTS"])
     except BaseException:
         said = traceback.format_exc()
     with open(os.environ["PLCALC_RESULT"], "w", encoding="utf-8") as file:

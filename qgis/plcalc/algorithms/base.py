@@ -4,7 +4,7 @@ import collections
 import inspect
 import os
 
-from qgis.core import (QgsFeature, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
+from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
                        QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject)
 from qgis.PyQt.QtCore import QUrl
 from qgis.PyQt.QtGui import QIcon
@@ -14,6 +14,25 @@ from ..parcels import NoPlane, Plane, Unusable, features_of, rings_of
 from ..words import tr
 
 _HERE = os.path.dirname(os.path.dirname(__file__))
+
+
+class Sink:
+    """Where a result goes.
+
+    fields: of its rows; error: what to say where it does not take a row
+    """
+
+    def __init__(self, sink, fields, error):
+        self.fields = fields
+        self._sink, self._error = sink, error
+
+    def add(self, attributes, geometry=None):
+        feature = QgsFeature(self.fields)
+        feature.setAttributes(attributes)
+        if geometry is not None:
+            feature.setGeometry(geometry)
+        if not self._sink.addFeature(feature, QgsFeatureSink.FastInsert):
+            raise QgsProcessingException(f"{self._error} {self._sink.lastError()}")
 
 
 class Algorithm(QgsProcessingAlgorithm):
@@ -49,6 +68,12 @@ class Algorithm(QgsProcessingAlgorithm):
             return False, engine.missing()
         lacks = computes.lacks.get(self.NAME)
         return lacks is None, lacks or ""
+
+    def sink(self, parameters, name, context, fields, kind, crs):
+        """(Sink, where it is) of a result, or (None, None) for one that is not wanted."""
+        # Several rows have the key of their parcel.
+        sink, where = self.parameterAsSink(parameters, name, context, fields, kind, crs, QgsFeatureSink.RegeneratePrimaryKey)
+        return (None, None) if sink is None else (Sink(sink, fields, self.writeFeatureError(sink, parameters, name)), where)
 
     def checkParameterValues(self, parameters, context):
         # QGIS asks whether it can be executed in the toolbox, but not where Python runs it.
@@ -103,11 +128,11 @@ class Tabled(OfParcels):
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
         fields = joined(source.fields(), self.FIELDS)
-        sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, self.KIND, plane.crs)
+        sink, where = self.sink(parameters, "OUTPUT", context, fields, self.KIND, plane.crs)
         ask = self.asker(computes, parameters, context, plane)
         for feature, polygon, rows in ask(parcels(source, plane, feedback)):
             for row in rows:
-                sink.addFeature(made(fields, [*feature.attributes(), feature.id(), *row], polygon))
+                sink.add([*feature.attributes(), feature.id(), *row], polygon)
         return {"OUTPUT": where}
 
     def asker(self, computes, parameters, context, plane):
@@ -121,14 +146,6 @@ def joined(source_fields, own):
     for field in own:
         fields.append(field)
     return QgsProcessingUtils.combineFields(source_fields, fields)
-
-
-def made(fields, attributes, geometry=None):
-    feature = QgsFeature(fields)
-    feature.setAttributes(attributes)
-    if geometry is not None:
-        feature.setGeometry(geometry)
-    return feature
 
 
 def parcels(source, plane, feedback):

@@ -5,7 +5,7 @@ from ..parcels import line_of, polygon_of
 from ..requests import Request, amount_parameters, line_parameters
 from ..styles import Styled
 from ..words import marked, tr
-from .base import OfParcels, answers_in_order, joined, made, parcels
+from .base import OfParcels, answers_in_order, joined, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
                 QgsField("area", QVariant.Double), QgsField("asked", QVariant.Double),
@@ -73,26 +73,27 @@ class Sinks:
     """Where the results go."""
 
     def __init__(self, algorithm, parameters, context, source, plane):
-        self.ids, self._sinks, self._fields = {}, {}, {}
+        self.ids, self._sinks = {}, {}
         self.divided = self.refused = 0
         for name, own, kind in (("PIECES", PIECE_FIELDS, QgsWkbTypes.Polygon), ("LINES", LINE_FIELDS, QgsWkbTypes.MultiLineString),
                                 ("POINTS", POINT_FIELDS, QgsWkbTypes.Point), ("REFUSED", REFUSED_FIELDS, QgsWkbTypes.Polygon)):
             fields = joined(source.fields(), own)
-            sink, where = algorithm.parameterAsSink(parameters, name, context, fields, kind, plane.crs)
+            sink, where = algorithm.sink(parameters, name, context, fields, kind, plane.crs)
             if sink is not None:
-                self._sinks[name], self._fields[name], self.ids[name] = sink, fields, where
+                self._sinks[name], self.ids[name] = sink, where
                 self._style(name, own, where, context)
 
     def _style(self, name, own, where, context):
         if not context.willLoadLayerOnCompletion(where):
             return
-        first = self._fields[name].count() - len(own)
-        names = {field.name(): self._fields[name].at(first + number).name() for number, field in enumerate(own)}
+        fields = self._sinks[name].fields
+        first = fields.count() - len(own)
+        names = {field.name(): fields.at(first + number).name() for number, field in enumerate(own)}
         context.layerToLoadOnCompletionDetails(where).setPostProcessor(Styled(name, names))
 
     def _put(self, name, feature, own, geometry=None):
         if name in self._sinks:
-            self._sinks[name].addFeature(made(self._fields[name], [*feature.attributes(), *own], geometry))
+            self._sinks[name].add([*feature.attributes(), *own], geometry)
 
     def add(self, feature, division):
         self.divided += 1

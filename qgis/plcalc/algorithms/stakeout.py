@@ -5,7 +5,7 @@ from qgis.PyQt.QtCore import QVariant
 from .. import engine
 from ..parcels import features_of
 from ..words import marked, tr
-from .base import Algorithm, joined, made
+from .base import Algorithm, joined
 
 FIELDS = [QgsField("angle", QVariant.Double), QgsField("distance", QVariant.Double), QgsField("bearing", QVariant.Double)]
 
@@ -38,11 +38,11 @@ class StakeOut(Algorithm):
         if station == reference:
             raise QgsProcessingException(tr("Station and orientation point are one and the same."))
         fields = joined(source.fields(), FIELDS)
-        sink, where = self.parameterAsSink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
+        sink, where = self.sink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
         for feature in features_of(source):
             if feedback.isCanceled():
                 break
             points = [(point.x(), point.y()) for point in feature.geometry().vertices()]
             for own in computes.set_out((station.x(), station.y()), (reference.x(), reference.y()), points):
-                sink.addFeature(made(fields, [*feature.attributes(), *own], feature.geometry()))
+                sink.add([*feature.attributes(), *own], feature.geometry())
         return {"OUTPUT": where}

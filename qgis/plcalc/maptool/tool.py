@@ -179,12 +179,9 @@ class DivideTool(QgsMapTool):
             self.said.emit(str(why), True)
             return
         self._start_again()
-        text = tr("Divided: {pieces} new features with the columns of the parcel; what is left keeps its feature. Columns that hold "
-                  "areas are not computed anew.").format(pieces=written.pieces)
-        if written.neighbours:
-            text += " " + tr("{count} neighbours have the new points.").format(count=written.neighbours)
-        if written.points:
-            text += " " + tr("{count} points are added.").format(count=written.points)
+        text = tr("Divided. New features: {pieces}; neighbours with new points: {neighbours}; points: {points}. Columns that hold "
+                  "areas are not computed anew.").format(pieces=written.pieces, neighbours=written.neighbours,
+                                                         points=written.points)
         self.said.emit(text, False)
 
     def _show(self):
