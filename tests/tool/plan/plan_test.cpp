@@ -949,6 +949,12 @@ TEST_F(Plans, NoLabelTouchesAnotherOrALine)
     }
 }
 
+TEST_F(Plans, APdfThatCannotBeBegunIsToldAtOnce)
+{
+    const auto begin = [&] { tool::Canvas(path("none/line.pdf"), {200, 100}, "title", "line.pdf"); };
+    EXPECT_THROW(begin(), tool::Failure);
+}
+
 TEST_F(Plans, ALineIsNoOutline)
 {
     tool::Canvas canvas(path("line.svg"), {200, 100}, "title", "line.svg");
