@@ -62,6 +62,10 @@ Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein M
    <translation>Abgelehnt</translation>
   </message>
   <message>
+   <source>The heights of the vertices are left out.</source>
+   <translation>Die Höhen der Ecken bleiben weg.</translation>
+  </message>
+  <message>
    <source>{divided} parcels are divided, {refused} are refused.</source>
    <translation>{divided} Grundstücke sind geteilt, {refused} sind abgelehnt.</translation>
   </message>
@@ -243,6 +247,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>{what}: {area:.4f} (asked {asked:.4f})</source>
    <translation>{what}: {area:.4f} (verlangt {asked:.4f})</translation>
+  </message>
+  <message>
+   <source>and {count} more pieces</source>
+   <translation>und {count} weitere Teile</translation>
   </message>
   <message>
    <source>, length {length:.3f}</source>
@@ -441,10 +449,6 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>es steht nichts da</translation>
   </message>
   <message>
-   <source>parts are 2 or more</source>
-   <translation>es sind 2 Teile oder mehr</translation>
-  </message>
-  <message>
    <source>or the column that says how much</source>
    <translation>oder die Spalte, die sagt, wie viel</translation>
   </message>
@@ -467,6 +471,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>'{text}' is not a share; write it as 1/3 or 25%</source>
    <translation>'{text}' ist kein Anteil; schreiben Sie 1/3 oder 25%</translation>
+  </message>
+  <message>
+   <source>parts are {least} to {most}</source>
+   <translation>Teile sind es {least} bis {most}</translation>
   </message>
   <message>
    <source>A vertex is named by its number, by a column, or as the nearest to a point; '{choice}' names sides.</source>

@@ -1,4 +1,5 @@
-"""Asks the program plcalc: parcels go to it as a table, answers come back as JSON and GeoJSON."""
+"""Asks the program plcalc: parcels go to it as a table, answers come back as JSON, pieces and lines in a GeoPackage, which holds each
+number to the last bit."""
 
 import itertools
 import json
@@ -7,8 +8,11 @@ import re
 import subprocess
 import tempfile
 
+from qgis.core import QgsVectorLayer
+
 from .answers import (ALONG, BEARING, FACING, LONGEST, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, SHORTEST, VERTEX,
                       Division, DividingLine, Measure, Piece, Side)
+from .parcels import rings_of
 from .words import tr
 
 # Parcels in one call: many, for starting the program takes as long as dividing some hundred; few, for a run can be cancelled
@@ -68,9 +72,9 @@ class Program:
                 _check_sides(asked, parcels)
             except Unasked as why:
                 return [Division("no_request", str(why))] * len(parcels)
-            out = os.path.join(folder, "pieces.geojson")
+            out = os.path.join(folder, "divided.gpkg")
             reports = self._run("divide", folder, parcels, [*options, "-o", out])
-            pieces, lines = _features(out), _features(os.path.join(folder, "pieces-lines.geojson"))
+            pieces, lines = _features(out, "pieces"), _features(out, "lines")
         return [_division(report, pieces.get(number, []), lines.get(number, []))
                 for number, report in enumerate(reports, 1)]
 
@@ -80,7 +84,9 @@ class Program:
         with open(table, "w", encoding="utf-8") as file:
             file.write("id,WKT\n")
             file.writelines(f'{number},"{_wkt(rings)}"\n' for number, rings in enumerate(parcels))
-        done = subprocess.run([self._path, verb, table, *options, "--json"], capture_output=True, text=True,
+        # What is written lives for a moment, and need not survive a loss of power.
+        environment = {**os.environ, "OGR_SQLITE_SYNCHRONOUS": "OFF"}
+        done = subprocess.run([self._path, verb, table, *options, "--json"], capture_output=True, text=True, env=environment,
                               encoding="utf-8", check=False, creationflags=getattr(subprocess, "CREATE_NO_WINDOW", 0))
         if done.stdout:
             return json.loads(done.stdout)["parcels"]
@@ -165,13 +171,14 @@ def _check_sides(asked, parcels):
         raise Unasked(tr("there is no side or vertex of the number {number} on the outer ring").format(number=line.value))
 
 
-def _features(path):
+def _features(path, name):
     """The features of each parcel, by its number."""
     found = {}
     if os.path.exists(path):
-        with open(path, encoding="utf-8") as file:
-            for feature in json.load(file)["features"]:
-                found.setdefault(feature["properties"]["parcel"], []).append(feature)
+        options = QgsVectorLayer.LayerOptions()
+        options.skipCrsValidation = True  # the table has none, and QGIS would ask for it
+        for feature in QgsVectorLayer(f"{path}|layername={name}", name, "ogr", options).getFeatures():
+            found.setdefault(feature["parcel"], []).append(feature)
     return found
 
 
@@ -179,20 +186,15 @@ def _reason(report):
     return re.sub(r"^(plcalc: )?.*?: feature \d+: ", "", report["reason"], count=1)
 
 
-def _points(coordinates):
-    return [tuple(point) for point in coordinates]
-
-
 def _division(report, pieces, lines):
     if report["status"] != "divided":
         return Division("refused", _reason(report))
-    own = [(feature["properties"], [_points(ring)[:-1] for ring in feature["geometry"]["coordinates"]]) for feature in pieces]
     segments = {}
     for feature in lines:
-        segments.setdefault(feature["properties"]["line"], []).append(
-            (tuple(_points(feature["geometry"]["coordinates"])), feature["properties"]["length"]))
-    return Division("divided", pieces=[Piece(rings, told["amount"] - 1, told["area"], told["asked"], told["residual"])
-                                       for told, rings in own],
+        ends = tuple((point.x(), point.y()) for point in feature.geometry().asPolyline())
+        segments.setdefault(feature["line"], []).append((ends, feature["length"]))
+    return Division("divided", pieces=[Piece(rings_of(feature.geometry()), feature["amount"] - 1, feature["area"], feature["asked"],
+                                             feature["residual"]) for feature in pieces],
                     lines=[_line(parts) for _, parts in sorted(segments.items())], decimals=report["decimals"])
 
 

@@ -20,6 +20,9 @@ AMOUNTS = [marked("area"), marked("share: 1/3 or 25%"), marked("equal parts"), m
            marked("a list: 1000, 40x25, 1/3")]
 AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
 
+# As many as the program takes. More would be a slip of the hand, and the memory of the machine.
+_MOST_PARTS = 1000
+
 
 def translated(texts):
     return [tr(text) for text in texts]
@@ -198,8 +201,8 @@ class Request:
 
 def _parts(text):
     parts = int(text)
-    if parts < 2:
-        raise ValueError(tr("parts are 2 or more"))
+    if not 2 <= parts <= _MOST_PARTS:
+        raise ValueError(tr("parts are {least} to {most}").format(least=2, most=_MOST_PARTS))
     return parts
 
 

@@ -7,7 +7,7 @@ import unittest
 import plcalc
 import session
 from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsFields, QgsProcessingContext, QgsProcessingException,
-                       QgsProcessingFeedback, QgsProject, QgsVectorFileWriter, QgsVectorLayer)
+                       QgsProcessingFeedback, QgsProject, QgsVectorFileWriter, QgsVectorLayer, QgsWkbTypes)
 from qgis.PyQt.QtCore import QVariant
 from session import CROSSED, HOLED, LOT, UTM, YARD, layer_of, values
 
@@ -23,6 +23,9 @@ class Messages(QgsProcessingFeedback):
 
     def pushInfo(self, info):
         self.text += info + "\n"
+
+    def pushWarning(self, warning):
+        self.text += warning + "\n"
 
 
 def run(name, **parameters):
@@ -92,6 +95,12 @@ class Divide(unittest.TestCase):
         for area, in values(found["PIECES"], "area"):
             self.assertAlmostEqual(area, 2450.0, delta=1e-5)
 
+    def test_heights_are_left_out_and_that_is_said(self):
+        lot = "POLYGON Z ((500000 5000000 7, 500100 5000000 7, 500100 5000050 7, 500000 5000000 7))"
+        found = run("divide", INPUT=layer_of(UTM, [(lot,)], kind="PolygonZ"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertIn("heights of the vertices are left out", found["said"])
+        self.assertFalse(QgsWkbTypes.hasZ(found["PIECES"].wkbType()))
+
     def test_a_multipolygon_is_as_many_parcels(self):
         both = f"MULTIPOLYGON ({LOT[8:]}, {YARD[8:]})"
         found = run("divide", INPUT=layer_of(UTM, [(both,)], kind="MultiPolygon"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
@@ -132,7 +141,8 @@ class Divide(unittest.TestCase):
 
     def test_what_cannot_be_asked(self):
         lots = layer_of(UTM, [(LOT,)])
-        for wrong, said in (({"AMOUNT": 1, "VALUE": "0.5"}, "is not a share"), ({"AMOUNT": 2, "VALUE": "1"}, "2 or more"),
+        for wrong, said in (({"AMOUNT": 1, "VALUE": "0.5"}, "is not a share"), ({"AMOUNT": 2, "VALUE": "1"}, "2 to 1000"),
+                            ({"AMOUNT": 2, "VALUE": "1000000000"}, "2 to 1000"),
                             ({"AMOUNT": 0, "VALUE": ""}, "nothing is there"),
                             ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 4}, "where the point is"),
                             ({"AMOUNT": 1, "VALUE": "1/2", "LINE": 2, "CHOICE": 2}, "names sides"),

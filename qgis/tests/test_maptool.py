@@ -130,6 +130,11 @@ class Choosing(Case):
         self.assertIn("bearing 0.0000 gon", window.dock.result.text())
         window.ask(PARTS, "3")
         self.assertEqual(len(window.tool.work.division.lines), 2)
+        window.ask(PARTS, "1000")
+        self.assertEqual(len(window.tool.work.division.lines), 999)
+        self.assertIn("and 988 more pieces", window.dock.result.text())
+        window.ask(PARTS, "1000000000")
+        self.assertIn("parts are 2 to 1000", window.dock.result.text())
         window.ask(AREA, "1000")
         window.dock.opposite.setChecked(True)
         ends = [end for line in window.tool.work.division.lines for end in (line.start, line.end)]

@@ -71,7 +71,7 @@ class TheSame(unittest.TestCase):
 
     def test_every_line_and_amount(self):
         for asked in ({"LINE": 0, "CHOICE": 0, "NUMBER": 1, "AMOUNT": 1, "VALUE": "1/3"},
-                      {"LINE": 0, "CHOICE": 2, "AMOUNT": 2, "VALUE": "3"},
+                      {"LINE": 0, "CHOICE": 2, "AMOUNT": 2, "VALUE": "7"},
                       {"LINE": 1, "CHOICE": 3, "AMOUNT": 1, "VALUE": "25%", "OPPOSITE": True},
                       {"LINE": 1, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 3, "VALUE": "5.5"},
                       {"LINE": 0, "CHOICE": 6, "ALONG": self.road, "DISTANCE": 80.0, "AMOUNT": 0, "VALUE": "312.5"},
@@ -80,6 +80,14 @@ class TheSame(unittest.TestCase):
                       {"LINE": 4, "POINT": "500010,5000005 [EPSG:32632]", "AMOUNT": 1, "VALUE": "1/2"}):
             with self.subTest(asked):
                 self.the_same(**asked)
+
+    def test_numbers_that_are_nearly_round(self):
+        # Areas such as 714.28600000000006, and small coordinates: formats of text shorten them.
+        self.lots = layer_of(UTM, [("POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0))", "", 1, 0),
+                                   ("POLYGON ((0.1 0.2, 0.3 0.2, 0.3 0.7, 0.123456789012345678 0.7, 0.1 0.2))", "", 1, 1)],
+                             columns="&field=wanted:string&field=side:integer&field=row:integer")
+        for parts in ("7", "11", "12"):
+            self.the_same(LINE=0, CHOICE=0, NUMBER=1, AMOUNT=2, VALUE=parts, ANY_SCALE=True)
 
     def test_columns(self):
         found = self.the_same(LINE=1, CHOICE=1, COLUMN="side", AMOUNT=0, VALUE_COLUMN="wanted")

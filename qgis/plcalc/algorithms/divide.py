@@ -53,6 +53,8 @@ class Divide(OfParcels):
 
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
+        if QgsWkbTypes.hasZ(source.wkbType()):
+            feedback.pushWarning(tr("The heights of the vertices are left out."))
         request = Request(self, parameters, context, plane)
         sinks = Sinks(self, parameters, context, source, plane)
         given = parcels(source, plane, feedback)

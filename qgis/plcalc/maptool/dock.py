@@ -12,6 +12,9 @@ from .work import Wishes
 
 _ALL_DIGITS = -1
 
+# Of pieces and lines, that the dock lists.
+_MOST_ROWS = 12
+
 # By which part of the parcel a piece may miss its amount.
 _TOLERANCES = ((1e-6, "1 : 1 000 000"), (1e-5, "1 : 100 000"), (1e-4, "1 : 10 000"), (1e-3, "1 : 1 000"))
 
@@ -139,10 +142,12 @@ def _figures(division, decimals):
         return ""
     rest = max(piece.amount for piece in division.pieces)
     lines = []
-    for number, piece in enumerate(division.pieces, 1):
+    for number, piece in enumerate(division.pieces[:_MOST_ROWS], 1):
         what = tr("Left") if piece.amount == rest else tr("Piece {number}").format(number=number)
         lines.append(tr("{what}: {area:.4f} (asked {asked:.4f})").format(what=what, area=piece.area, asked=piece.asked))
-    for line in division.lines:
+    if len(division.pieces) > _MOST_ROWS:
+        lines.append(tr("and {count} more pieces").format(count=len(division.pieces) - _MOST_ROWS))
+    for line in division.lines[:_MOST_ROWS]:
         text = tr("Line from {start} to {end}").format(start=_place(line.start), end=_place(line.end))
         if line.length is not None:
             text += tr(", length {length:.3f}").format(length=line.length)

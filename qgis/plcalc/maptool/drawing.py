@@ -12,6 +12,8 @@ _OUTLINE = QColor(47, 47, 51)
 _LINE = QColor(176, 58, 46)
 _CHOSEN = QColor(32, 96, 160)
 _HOVERED = QColor(32, 96, 160, 140)
+# More of them could not be read.
+_MOST_LABELS = 100
 _FILLS = (QColor(188, 217, 194, 120), QColor(240, 222, 170, 120))
 
 
@@ -83,13 +85,17 @@ class Drawing:
             self._show("lines", [], parcel)
             self._labels.show([])
             return
-        pieces = [(polygon_of(piece.rings), _OUTLINE, _FILLS[piece.amount % len(_FILLS)], 1) for piece in division.pieces]
-        self._show("pieces", pieces, parcel)
-        self._show("lines", [(line_of(line.segments), _LINE, _LINE, 3) for line in division.lines], parcel)
+        polygons = [polygon_of(piece.rings) for piece in division.pieces]
+        # One band for each colour: a thousand of them would be slow.
+        by_fill = [[polygon for polygon, piece in zip(polygons, division.pieces) if piece.amount % len(_FILLS) == number]
+                   for number in range(len(_FILLS))]
+        self._show("pieces", [(QgsGeometry.collectGeometry(some), _OUTLINE, fill, 1) for some, fill in zip(by_fill, _FILLS) if some],
+                   parcel)
+        self._show("lines", [(line_of([segment for line in division.lines for segment in line.segments]), _LINE, _LINE, 3)], parcel)
         to_canvas = parcel.plane.to(self._canvas.mapSettings().destinationCrs(), self._transforms)
-        texts = [(to_canvas(geometry.pointOnSurface().asPoint()), f"{piece.area:.2f}")
-                 for (geometry, *_), piece in zip(pieces, division.pieces)]
-        for line in division.lines:
+        texts = [(to_canvas(polygon.pointOnSurface().asPoint()), f"{piece.area:.2f}")
+                 for polygon, piece in zip(polygons[:_MOST_LABELS], division.pieces)]
+        for line in division.lines[:_MOST_LABELS]:
             (x0, y0), (x1, y1) = line.segments[0]
             if line.length is not None:
                 # Off the middle, where the areas of narrow pieces stand.
