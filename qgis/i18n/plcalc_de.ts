@@ -333,6 +333,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>das Programm plcalc rundet die Enden der Linien: sagen Sie, auf wie viele Nachkommastellen, oder installieren Sie für alle Stellen das Python-Paket plcalc</translation>
   </message>
   <message>
+   <source>{program} gave no answer that can be read, and ended with status {status}</source>
+   <translation>{program} gab keine lesbare Antwort und endete mit Status {status}</translation>
+  </message>
+  <message>
    <source>the program plcalc looks for lines through a point from North on: leave the bearing at 0, or install the Python package plcalc</source>
    <translation>das Programm plcalc sucht Linien durch einen Punkt von Nord an: lassen Sie den Richtungswinkel bei 0, oder installieren Sie das Python-Paket plcalc</translation>
   </message>

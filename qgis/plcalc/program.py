@@ -88,11 +88,16 @@ class Program:
         environment = {**os.environ, "OGR_SQLITE_SYNCHRONOUS": "OFF"}
         done = subprocess.run([self._path, verb, table, *options, "--json"], capture_output=True, text=True, env=environment,
                               encoding="utf-8", check=False, creationflags=getattr(subprocess, "CREATE_NO_WINDOW", 0))
-        if done.stdout:
-            return json.loads(done.stdout)["parcels"]
+        try:
+            reports = json.loads(done.stdout)["parcels"] if done.stdout else []
+        except (ValueError, LookupError, TypeError):
+            reports = []
+        if len(reports) == len(parcels):
+            return reports
         # Of a request that is none, and of a single parcel that is none, there is a message only.
-        return [{"status": "refused", "reason": done.stderr.strip() or f"plcalc ended with status {done.returncode}"}
-                ] * len(parcels)
+        ended = tr("{program} gave no answer that can be read, and ended with status {status}").format(program=self._path,
+                                                                                                     status=done.returncode)
+        return [{"status": "refused", "reason": done.stderr.strip() or ended}] * len(parcels)
 
 
 def _batches(rows):

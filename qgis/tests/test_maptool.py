@@ -401,6 +401,21 @@ class Writing(Case):
         self.assertEqual([problem for _, problem in window.said], [True])
         self.assertEqual(shapes(self.lots), before)
 
+    def test_what_is_left_in_several_pieces(self):
+        # A comb with teeth of 10, 20 and 30 wide: the line above its back leaves three pieces.
+        comb = ("POLYGON ((500000 5000000, 500100 5000000, 500100 5000040, 500070 5000040, 500070 5000010, 500050 5000010, 500050 5000040, "
+                "500030 5000040, 500030 5000010, 500010 5000010, 500010 5000040, 500000 5000040, 500000 5000000))")
+        window = self.window([(comb, "Rossi")])
+        window.click(500050, 5000005)
+        window.click(500050, 5000000)
+        window.dock.any_pieces.setChecked(True)
+        window.ask(AREA, "1600")  # the back of 1000, and 10 of each tooth
+        window.key(Qt.Key_Return)
+        self.assertEqual(sorted(round(feature.geometry().area(), 2) for feature in self.lots.getFeatures()),
+                         [200.0, 400.0, 600.0, 1600.0])
+        self.assertAlmostEqual(self.lots.getFeature(1).geometry().area(), 600.0, delta=1e-2)  # the largest that is left
+        self.assertEqual({feature["owner"] for feature in self.lots.getFeatures()}, {"Rossi"})
+
     def test_what_was_changed_meanwhile(self):
         window = self.window([(LOT, "Rossi")])
         window.click(500050, 5000025)

@@ -4,6 +4,7 @@ import math
 import os
 import random
 import sys
+import tempfile
 import unittest
 from unittest import mock
 
@@ -133,6 +134,16 @@ class WhatCannotBeAsked(unittest.TestCase):
                 run("feasible", INPUT=layer_of(UTM, [(LOT,)]), LINE=0, CHOICE=0)
             with self.assertRaisesRegex(QgsProcessingException, "no bearings of points"):
                 run("stakeout", INPUT=layer_of(UTM, [("POINT (1 2)",)], kind="Point"), STATION="0,0", ORIENTATION="1,1")
+
+    def test_another_program_of_that_name(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "plcalc")
+            for answer in ("echo hello", "echo '[]'", "echo '{\"parcels\": []}'", "exit 7"):
+                with open(path, "w", encoding="utf-8") as file:
+                    file.write(f"#!/bin/sh\n{answer}\n")
+                os.chmod(path, 0o755)
+                with mock.patch.dict(os.environ, {"PATH": folder + ":/bin"}):
+                    self.assertIn("gave no answer that can be read", self.refused())
 
     def test_neither_package_nor_program(self):
         with without_package(), without_program(), self.assertRaisesRegex(
