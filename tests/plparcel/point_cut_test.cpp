@@ -817,6 +817,21 @@ TEST(TurningWholeLine, ThroughAVertexWhereTheAmountGrowsFromNothing)
     }
 }
 
+// From a corner of a triangle, to the side across, which is seen at its end up to ten times as far as at its beginning.
+// Every share is had, also where the line ends next to a vertex.
+TEST(TurningWholeLine, OfATriangleEveryShareIsHad)
+{
+    for (double ratio = 0.1; ratio < 10.0; ratio *= 1.03) {
+        const plparcel::Parcel triangle = {{{0, 0}, {100, 0}, {60 * ratio, 80 * ratio}}, {}};
+        for (const double part : {1e-5, 1e-4, 1e-3, 0.5, 1 - 1e-3, 1 - 1e-4, 1 - 1e-5})
+            for (const Measured measured : {kNear, kFar})
+                EXPECT_EQ(
+                    divide(triangle, whole(plparcel::through_vertex(0), {share(part, 1)}, measured)).status,
+                    Status::divided)
+                    << ratio << " " << part;
+    }
+}
+
 // The least that a line through a point cuts off a corner is twice the product of its distances from the sides, and the line
 // runs twice as far along each. A hair less is held there and nowhere else.
 TEST(TurningWholeLine, ALittleLessThanTheLeast)

@@ -349,9 +349,9 @@ private:
         Wide high;
         for (std::size_t i = 0; i < ends.size(); ++i) {
             const std::size_t side = line.sides[i];
-            if (!is_near_side(rings_[side], rings_.end_of(side), ends[i], kSideRoundings * spacing_))
-                return false;
-            if (i % 2 == 1 && !(dot(right, from_to(ends[i - 1], ends[i])) > 0.0))
+            const bool runs_on = i % 2 == 0 || dot(right, from_to(ends[i - 1], ends[i])) > 0.0;
+            if (!runs_on ||
+                !is_near_side(rings_[side], rings_.end_of(side), ends[i], kSideRoundings * spacing_))
                 return false;
             const Wide off = dot(stage_.up, from_to(ends[0], ends[i]));
             low = off < low ? off : low;
