@@ -297,7 +297,10 @@ bool are_apart(const std::vector<Ring>& rings)
 {
     constexpr std::size_t kMinVertices = 3;
     const auto is_ring = [](const Ring& ring) { return ring.size() >= kMinVertices; };
-    return std::all_of(rings.begin(), rings.end(), is_ring) && !meeting_sides(JoinedRings(rings)).met;
+    if (!std::all_of(rings.begin(), rings.end(), is_ring))
+        return false;
+    const JoinedRings joined(rings);
+    return !meeting_sides(joined).met;
 }
 
 }  // namespace plparcel
