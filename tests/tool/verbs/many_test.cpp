@@ -183,13 +183,14 @@ TEST_F(Many, TheOrderAndTheResultsDoNotDependOnTheJobs)
             EXPECT_EQ(writes ? content("out.geojson") : "", written);
         }
     }
-    for (const char* jobs : {"0", "-1", "1025", "two"})
-        EXPECT_TRUE(
-            test::fails_with(divide("lots.csv", std::string("--parallel 1 --area 1000 --jobs ") + jobs), 2,
-                             std::string("--jobs: '") + jobs +
-                                 (jobs == std::string("two") ? "' is not a whole number"
-                                                             : "' is not a number from 1 to 1024") +
-                                 "; see plcalc divide --help"));
+    for (const char* parcels : {"", "--feature 1 "})
+        for (const char* jobs : {"0", "-1", "1025", "two"})
+            EXPECT_TRUE(test::fails_with(
+                divide("lots.csv", parcels + std::string("--parallel 1 --area 1000 --jobs ") + jobs), 2,
+                std::string("--jobs: '") + jobs +
+                    (jobs == std::string("two") ? "' is not a whole number"
+                                                : "' is not a number from 1 to 1024") +
+                    "; see plcalc divide --help"));
 }
 
 // Text that is kept outside memory is the JSON that a library makes of the whole.

@@ -11,7 +11,6 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     : app_(app.add_subcommand(name)), help_text_(help_text)
 {
     app_->set_help_flag();
-    app_->allow_extras();
     app_->add_flag("-h,--help", help_);
     app_->add_option("FILE", file_);
     app_->add_option("--layer", layer_)->type_name("NAME");
