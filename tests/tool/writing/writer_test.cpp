@@ -776,7 +776,8 @@ TEST_F(Writer, ADrawingIsReadyToBeWorkedOn)
     for (const Entity& label : drawing.on("labels")) {
         EXPECT_EQ(label.kind, "MTEXT");
         labels.insert(label.value(1));
-        EXPECT_NEAR(std::stod(label.value(40)), std::sqrt(1000.0) / 12.0, 1e-4) << "it fits the smallest piece";
+        EXPECT_NEAR(std::stod(label.value(40)), std::sqrt(1000.0) / 12.0, 1e-4)
+            << "it fits the smallest piece";
     }
     EXPECT_EQ(labels, (std::set<std::string>{"P1", "P2", "P3", "P4", "A\\P1000.0000\\Pasked\\~1000.0000",
                                              "B\\P2000.0000\\Pasked\\~2000.0000", "C\\P3000.0000\\Prest"}));
@@ -826,6 +827,11 @@ TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
         labels.insert(label.value(1).substr(0, label.value(1).find("\\~")));
     EXPECT_EQ(labels, (std::set<std::string>{"1a\\P1000.0000\\Pasked", "1b\\P5000.0000\\Prest", "P1", "P2",
                                              "refused:"}));
+    // Two are several.
+    write("two.csv", "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n"
+                     "2,\"POLYGON ((200 0, 300 0, 300 60, 200 60, 200 0))\"\n");
+    ASSERT_EQ(divide("two.csv", "--parallel 1 --area 1000 -o two.dxf").status, 0);
+    EXPECT_NE(content("two.dxf").find("1a\\P1000.0000"), std::string::npos);
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.csv").status, 3);
     EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 6);
 }
