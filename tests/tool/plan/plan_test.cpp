@@ -408,6 +408,21 @@ TEST(PlanDetails, EnlargeWhatIsTooThin)
     }
     EXPECT_TRUE(
         tool::PlanDetails(plan_of_ring(kField, plparcel::Cut::parallel, 1, 3), layout, {}).all().empty());
+
+    // Two beside each other on a sheet that stands, three on one that lies, with gaps of 14 points around them.
+    const auto beside_each_other = [](const PlanLayout& on, const tool::SheetBox& box) {
+        return (on.frame().width() - 14.0) / (box.width() + 14.0);
+    };
+    ASSERT_GT(layout.sheet().y, layout.sheet().x);
+    EXPECT_NEAR(beside_each_other(layout, details.view(layout, 0).box), 2.0, 1e-9);
+    parcel.ring = {{0, 0}, {240, 0}, {240, 40}, {0, 40}};
+    const tool::Plan wide = tool::plan_of(tool::answer(parcel, asked));
+    const PlanLayout lying(wide.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    ASSERT_GT(lying.sheet().x, lying.sheet().y);
+    const tool::PlanDetails on_lying(wide, lying, {});
+    ASSERT_EQ(on_lying.all().size(), 2u);
+    EXPECT_NEAR(beside_each_other(lying, on_lying.view(lying, 0).box), 3.0, 1e-9);
+    EXPECT_LT(on_lying.view(lying, 0).box.right, on_lying.view(lying, 1).box.left);
 }
 
 // ------------------------------------------------------------------------------------------------- the tables
@@ -747,6 +762,22 @@ TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
     const SheetPoint zero = beginning_of("0", svg);
     EXPECT_EQ(zero.y, beginning_of("20", svg).y);
     EXPECT_NEAR(zero.x, 0.5 * (right - 4.0 * field), 3.0) << "its middle is below the left end";
+    EXPECT_GT(beginning_of("Pieces", svg).y, 2.0 / 3.0 * 595.0) << "tables stand below the drawing";
+}
+
+TEST_F(Plans, AMarkStandsAtTheEndOfItsHairLine)
+{
+    write_wkt("POLYGON ((0 0, 120 0, 120 80, 0 80, 0 0))");
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 20 --plan plan.svg").status, 0);
+    const std::string svg = content("plan.svg");
+    for (const char* mark : {"Detail 1", "Detail 2"}) {
+        const std::size_t text = svg.rfind("<text", svg.find(std::string(">") + mark + "</text>"));
+        ASSERT_NE(text, std::string::npos);
+        const double width = std::stod(svg.substr(svg.find("textLength=\"", text) + 12));
+        const std::size_t line = svg.rfind("<path", text);
+        const double end = std::stod(svg.substr(svg.find('L', line) + 1));
+        EXPECT_NEAR(beginning_of(mark, svg).x + 0.5 * width, end, 2e-3) << mark;
+    }
 }
 
 // Drawn 1:1000, thirty strips that stand upright are 7.6 points wide, and ten that lie are 14.2 high: two lines of the

@@ -63,7 +63,7 @@ TEST_F(LandXml, PiecesAndPointsAreWritten)
                              "linearUnit=\"meter\"", "areaUnit=\"squareMeter\"", "epsgCode=\"32632\"",
                              "<CgPoint name=\"1\" code=\"CORNER\">4985117.436 610234.182</CgPoint>",
                              "<CgPoint name=\"P1\" code=\"NEW\">", "<Parcel name=\"A\"",
-                             "<Start pntRef=\"P1\"/>", "state=\"proposed\""})
+                             "<Start pntRef=\"P1\"/>", "state=\"proposed\"", "\n <Units>\n  <Metric "})
         EXPECT_NE(text.find(part), std::string::npos) << part;
     // Read back, the pieces have the areas that were printed, and their points the names.
     double sum = 0.0;
