@@ -765,6 +765,22 @@ TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
     EXPECT_GT(beginning_of("Pieces", svg).y, 2.0 / 3.0 * 595.0) << "tables stand below the drawing";
 }
 
+// A lane a metre wide ends in a room: along the lane the boundary is too near for a text.
+TEST_F(Plans, ALengthStandsWhereItsLineHasRoom)
+{
+    write_wkt("POLYGON ((0 0, 75 0, 75 -12, 100 -12, 100 13, 75 13, 75 1, 0 1, 0 0))");
+    for (const char* bearing : {"100", "300"}) {
+        ASSERT_EQ(
+            divide("lot.csv", std::string("--share 1/2 --plan plan.svg --overwrite --bearing ") + bearing)
+                .status,
+            0);
+        const std::string svg = content("plan.svg");
+        const std::string text = std::string("100.00   ") + bearing + ".0000 gon";
+        ASSERT_NE(svg.find(">" + text + "</text>"), std::string::npos) << text;
+        EXPECT_GT(beginning_of(text, svg).x, 842.0 / 2.0) << "in the room";
+    }
+}
+
 TEST_F(Plans, AMarkStandsAtTheEndOfItsHairLine)
 {
     write_wkt("POLYGON ((0 0, 120 0, 120 80, 0 80, 0 0))");
