@@ -67,6 +67,9 @@ TEST(PointLines, HoldTheAreaOnTheirRightClockwiseFromTheFirstDirection)
     //   |  o        |
     //   0 --------- 1
     const Ring el = {{0, 0}, {4096, 0}, {4096, 2048}, {2048, 2048}, {2048, 4096}, {0, 4096}};
+    // A square with two walls that stand on its bottom and end at the level of its middle.
+    const Ring walls = {{0, 0},       {1000, 0}, {1024, 2048}, {1048, 0},    {3048, 0},
+                        {3072, 2048}, {3096, 0}, {4096, 0},    {4096, 4096}, {0, 4096}};
     const struct {
         const char* what;
         Ring ring;
@@ -112,6 +115,12 @@ TEST(PointLines, HoldTheAreaOnTheirRightClockwiseFromTheFirstDirection)
          0x1.8p22,
          {0, 1},
          {{{0, 0}, {2048, 2048}}, {{2048, 2048}, {0, 0}}}},
+        {"from the tip of a wall to that of another: a little turned, one of its ends is far behind a tip",
+         walls,
+         {2048, 2048},
+         0.5 * (2000 + 2048) * 2048,
+         {0, 1},
+         {{{1024, 2048}, {3072, 2048}}}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
