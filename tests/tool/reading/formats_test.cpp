@@ -574,6 +574,11 @@ TEST_F(Formats, AxesRunEastAndNorth)
         divide("west.gpkg", kStrip), 3,
         "west.gpkg: feature 1: the coordinates increase to the West (Hartebeesthoek94 "
         "/ Lo29), not to the East; project them first, for example with ogr2ogr -t_srs EPSG:32734"));
+    make("south.gpkg", "GPKG", {"lot"}, {kLot}, 5513);
+    const test::Result second = divide("south.gpkg", kStrip);
+    EXPECT_EQ(second.status, 3);
+    EXPECT_NE(second.err.find("increase to the West (S-JTSK / Krovak)"), std::string::npos)
+        << "South is the first axis there, West the second: " << second.err;
     // Northing first on paper, Easting first in files; a grid around a pole.
     for (const int epsg : {31467, 2393, 5514, 3031, 32661}) {
         SCOPED_TRACE(epsg);
