@@ -190,6 +190,7 @@ TEST_F(StakeoutVerb, JsonHasTheSameNumbers)
     const test::Result run = stakeout("--station 1 --orientation 4 --vertex 2 --parts 3 --point 0,0 --json");
     ASSERT_EQ(run.status, 0) << run.err;
     const nlohmann::json got = nlohmann::json::parse(run.out);
+    EXPECT_EQ(got["parcel"], "lot.csv");
     EXPECT_EQ(got["points"].size(), 5u);
     EXPECT_EQ(got["points"][0]["name"], "line 1 from");
     EXPECT_EQ(got["points"][0]["distance"], 80.0);

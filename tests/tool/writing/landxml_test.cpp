@@ -159,8 +159,11 @@ TEST_F(LandXml, FilesOfOthersAreRead)
         "name=\"d\">"
         "10 0 7</l:CgPoint><l:CgPoint name=\"c\" pntRef=\"d\"/></l:CgPoints></l:LandXML>");
     EXPECT_EQ(area(), 50.0);
-    EXPECT_NE(run({"stakeout", "in.xml", "--station", "1", "--orientation", "2", "--json"}).out.find("\"z\""),
-              std::string::npos);
+    const std::string set_out =
+        run({"stakeout", "in.xml", "--station", "1", "--orientation", "2", "--json"}).out;
+    EXPECT_NE(set_out.find("\"z\""), std::string::npos);
+    EXPECT_NE(set_out.find("\"parcel\": \"in.xml: feature 1\",\n  \"name\": \"7\""), std::string::npos)
+        << set_out;
     write_xml(parcel(sides), "Imperial linearUnit=\"USSurveyFoot\"");
     ASSERT_EQ(divide("in.xml", "--parallel 1 --share 1/2 -o out.xml").status, 0);
     EXPECT_NE(content("out.xml").find("<Imperial areaUnit=\"squareFoot\" linearUnit=\"USSurveyFoot\""),

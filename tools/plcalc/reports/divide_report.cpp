@@ -6,6 +6,7 @@
 
 #include "answers/heights.h"
 #include "answers/nearness.h"
+#include "reports/tally.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 #include "text/table.h"
@@ -190,10 +191,7 @@ Json division_json(const Answer& answer)
     const int decimals = printed.resolution.decimals;
     const int area_decimals = printed.resolution.area_decimals;
     const plparcel::RingReport& ring = printed.proven.ring;
-    Json json;
-    json["parcel"] = answer.parcel.place.without_name();
-    if (!answer.parcel.place.name.empty())
-        json["name"] = answer.parcel.place.name;
+    Json json = place_json(answer.parcel.place);
     if (!answer.parcel.assumed.empty())
         json["assumed"] = answer.parcel.assumed;
     json["status"] = "divided";

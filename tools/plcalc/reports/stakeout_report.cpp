@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "reports/tally.h"
 #include "text/angles.h"
 #include "text/json.h"
 #include "text/numbers.h"
@@ -104,8 +105,7 @@ std::string stakeout_json(const StakeoutSheet& sheet)
     const auto point = [&](const NamedPoint& p) {
         return Json{{"name", p.name}, {"e", number(p.at.x, decimals)}, {"n", number(p.at.y, decimals)}};
     };
-    Json json;
-    json["parcel"] = sheet.parcel.text();
+    Json json = place_json(sheet.parcel);
     if (!sheet.assumed.empty())
         json["assumed"] = sheet.assumed;
     json["station"] = point(sheet.setup.station);

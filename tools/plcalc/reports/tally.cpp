@@ -45,11 +45,17 @@ std::string Tally::summary(const std::string& was_done, std::size_t passed_over,
     return text;
 }
 
+Json place_json(const Place& place)
+{
+    Json json = {{"parcel", place.without_name()}};
+    if (!place.name.empty())
+        json["name"] = place.name;
+    return json;
+}
+
 Json refused_json(const Failure& failure)
 {
-    Json json = {{"parcel", failure.place.without_name()}};
-    if (!failure.place.name.empty())
-        json["name"] = failure.place.name;
+    Json json = place_json(failure.place);
     json["status"] = "refused";
     json["reason"] = sentence(failure);
     return json;

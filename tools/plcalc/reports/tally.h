@@ -58,7 +58,10 @@ private:
     ExitStatus status_ = ExitStatus::done;
 };
 
-/// A parcel that was refused, as JSON lists it: where it is, its name if it has one, and why.
+/// Where a parcel is, and its name if it has one: with these its JSON begins.
+Json place_json(const Place& place);
+
+/// A parcel that was refused, as JSON lists it: where it is, and why.
 Json refused_json(const Failure& failure);
 
 /// JSON with a list of parcels that waits outside memory.
