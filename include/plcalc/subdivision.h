@@ -103,8 +103,8 @@ public:
     ///             has done, except in a second call.
     ///
     /// Memory, for n vertices: the object keeps 52 bytes per vertex. While a search runs, it takes up to 200
-    /// more per vertex in modes 0 and 1, and up to 60 more in mode 2, on 64-bit machines; and in mode 0, where
-    /// coordinates exceed 1e6, as a rule 16 and at most 131 kilobytes of directions. std::bad_alloc is the only
+    /// more per vertex in modes 0 and 1, and up to 60 more in mode 2, on 64-bit machines; and in modes 0 and 1,
+    /// where coordinates exceed 1e6, as a rule 16 and at most 131 kilobytes of directions. std::bad_alloc is the only
     /// exception that may be thrown; after it the object can only be destroyed.
     ///
     /// Time, for n vertices: mode 2 turns at most 49 rays. Each compares every direction once and meets only

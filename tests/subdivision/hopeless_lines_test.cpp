@@ -24,10 +24,10 @@ public:
         : n_(static_cast<std::int32_t>(ring.size())), trials_(trials_on(ring)), piece_(trials_.points())
     {}
 
-    bool hopeless(double requested, std::int32_t at)
+    bool hopeless(double requested, std::int32_t at, std::int32_t futile_lines = 100000)
     {
         HopelessLines lines(trials_, piece_, requested);
-        lines.note_futile(100000, 1000);
+        lines.note_futile(futile_lines, 1000);
         return lines.up_to(at);
     }
 
@@ -173,6 +173,21 @@ TEST(HopelessLines, ProvesAtNationalCoordinatesWhereStepsAreFew)
             p = {0.8 * p.x - 0.6 * p.y + row.at.x, 0.6 * p.x + 0.8 * p.y + row.at.y};
         EXPECT_EQ(Lines(ring).hopeless(1000.0, 2), row.proves);
     }
+}
+
+// A line that met 1,000 sides for nothing pays for strips of a small parcel, but not for the 2,000 directions that are
+// listed at national coordinates; ten lines do.
+TEST(HopelessLines, ListsDirectionsOnlyWhereThatPays)
+{
+    const auto proves = [](const PL_PNT2D_record& at, std::int32_t futile_lines) {
+        Ring ring = kBehind;
+        for (PL_PNT2D_record& p : ring)
+            p = {0.8 * p.x - 0.6 * p.y + at.x, 0.6 * p.x + 0.8 * p.y + at.y};
+        return Lines(ring).hopeless(1000.0, 2, futile_lines);
+    };
+    EXPECT_TRUE(proves({0, 0}, 1));
+    EXPECT_FALSE(proves({500000, 5000000}, 1));
+    EXPECT_TRUE(proves({500000, 5000000}, 10));
 }
 
 // Round the same way again and again: a line cuts off so many times as much.
