@@ -85,6 +85,19 @@ TEST_F(Many, ParcelsAreCalledByTheirNames)
             "name"));
 }
 
+// What a name holds neither parts a row nor speaks to the terminal.
+TEST_F(Many, NamesStayInTheirRows)
+{
+    write("lots.csv", "id,owner,WKT\n1,\"Rossi\nA\",\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n"
+                      "2,\"a\x1b[31mb\",\"POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))\"\n");
+    const std::string rows = divide("lots.csv", "--parallel 1 --area 1000 --name-column owner").out;
+    EXPECT_NE(rows.find("\nfeature 1 'Rossi?A'     1  0.0000"), std::string::npos) << rows;
+    EXPECT_NE(rows.find("\nfeature 2 'a?[31mb'     1  0.0000"), std::string::npos) << rows;
+    const std::string measured = run({"measure", "lots.csv", "--name-column", "owner"}).out;
+    EXPECT_NE(measured.find("\nfeature 1  Rossi?A "), std::string::npos) << measured;
+    EXPECT_NE(measured.find("\nfeature 2  a?[31mb "), std::string::npos) << measured;
+}
+
 // Two squares, one with a hole, a point and a bow-tie.
 TEST_F(Many, ALayerIsMeasured)
 {

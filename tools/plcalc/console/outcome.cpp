@@ -13,9 +13,17 @@ std::string in_file(const std::string& file, const std::string& feature)
 
 }  // namespace
 
+std::string printable(std::string text)
+{
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ')
+            c = '?';
+    return text;
+}
+
 std::string Place::called() const
 {
-    return name.empty() ? feature : feature + " '" + name + "'";
+    return name.empty() ? feature : feature + " '" + printable(name) + "'";
 }
 
 std::string Place::text() const

@@ -43,6 +43,9 @@ struct Place {
     std::string without_name() const;
 };
 
+/// The text in one line that a terminal cannot take for a command: control characters become question marks.
+std::string printable(std::string text);
+
 /// Ends the verb. main() makes a sentence of it and returns its status.
 struct Failure : std::exception {
     Failure(ExitStatus failure_status, Place failure_place, std::string what_is_wrong, std::string what_to_do,

@@ -7,6 +7,8 @@
 
 #include <unistd.h>
 
+#include "console/outcome.h"
+
 namespace {
 
 constexpr std::size_t kPlaces = 30;
@@ -26,14 +28,11 @@ bool stderr_is_terminal()
     return isatty(STDERR_FILENO) != 0 && kind != nullptr && std::strcmp(kind, "dumb") != 0;
 }
 
-std::string message(std::string text)
+std::string message(const std::string& text)
 {
-    for (char& c : text)
-        if (static_cast<unsigned char>(c) < ' ')
-            c = '?';
     const char* const no_color = std::getenv("NO_COLOR");
     const bool plain = no_color != nullptr && *no_color != '\0';
-    return (plain || !stderr_is_terminal() ? "plcalc: " : "\x1b[31mplcalc:\x1b[0m ") + text + '\n';
+    return (plain || !stderr_is_terminal() ? "plcalc: " : "\x1b[31mplcalc:\x1b[0m ") + printable(text) + '\n';
 }
 
 Progress::Progress(const std::string& what, std::size_t total)

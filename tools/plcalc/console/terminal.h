@@ -13,7 +13,7 @@ bool stderr_is_terminal();
 
 /// "plcalc: ..." as one line: a file name may hold a line break, a message may not. "plcalc:" is red if stderr is such a
 /// terminal and NO_COLOR is not set.
-std::string message(std::string text);
+std::string message(const std::string& text);
 
 /// A bar that appears on stderr after the first half second, only if stderr is a terminal, and removes itself at the
 /// end.

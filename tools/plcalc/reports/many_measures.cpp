@@ -37,8 +37,7 @@ std::string kept_row(const Cells& cells)
     std::string row;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         row += i > 0 ? "\n" : "";
-        for (const char c : cells[i])
-            row += c == '\n' ? ' ' : c;
+        row += printable(cells[i]);
     }
     return row;
 }
