@@ -676,19 +676,23 @@ TEST(Division, FoundByTheSweepWhereTheSearchEndedNearby)
     EXPECT_FALSE(division.lines[0].library_agrees);
 }
 
-// 27 + 8 + 6 lie below 5, where the left arm ends. The search's line runs along that end and across the gap; the one
-// that divides crosses the right arm only: one end of it is an end of the other.
+// 27 + 8 + 6 lie below 5, where one arm ends. The search's line runs along that end and across the gap; the one that
+// divides crosses the other arm only: one end of it is an end of the other.
 TEST(Division, FoundByTheSweepWhereOneEndOfTheSearchedLineIsFarOff)
 {
-    const Ring anticlockwise = {{0, 0}, {9, 0}, {9, 8}, {6, 8}, {6, 3}, {4, 3}, {4, 5}, {0, 5}};
-    const Ring clockwise = test::reversed(anticlockwise);
+    const Ring right_arm = {{0, 0}, {9, 0}, {9, 8}, {6, 8}, {6, 3}, {4, 3}, {4, 5}, {0, 5}};
+    const Ring left_arm = {{0, 0}, {9, 0}, {9, 5}, {5, 5}, {5, 3}, {3, 3}, {3, 8}, {0, 8}};
     const struct {
         Ring ring;
         Cut cut;
         std::size_t side;
+        double left;
         bool begins_on_the_right;
-    } rows[] = {{anticlockwise, Cut::parallel, 0, true}, {clockwise, Cut::perpendicular, 6, false}};
+    } rows[] = {{right_arm, Cut::parallel, 0, 6.0, true},
+                {test::reversed(right_arm), Cut::perpendicular, 6, 6.0, false},
+                {left_arm, Cut::parallel, 0, 0.0, true}};
     for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.side) + ", from x = " + std::to_string(row.left));
         const Division division = compared(row.ring, request(row.cut, row.side, {area(41)}));
         ASSERT_EQ(division.status, Status::divided);
         ASSERT_TRUE(division.bare[0].done);
@@ -697,8 +701,8 @@ TEST(Division, FoundByTheSweepWhereOneEndOfTheSearchedLineIsFarOff)
         EXPECT_NEAR(searched.end.x, row.begins_on_the_right ? 0.0 : 9.0, 1e-3);
         EXPECT_NEAR(searched.start.y, 5.0, 1e-3);
         const plparcel::DividingLine& line = division.lines[0];
-        EXPECT_NEAR(std::min(line.from.x, line.to.x), 6.0, 1e-15);
-        EXPECT_NEAR(std::max(line.from.x, line.to.x), 9.0, 1e-15);
+        EXPECT_NEAR(std::min(line.from.x, line.to.x), row.left, 1e-15);
+        EXPECT_NEAR(std::max(line.from.x, line.to.x), row.left + 3.0, 1e-15);
         EXPECT_NEAR(line.from.y, 5.0, 1e-15);
         EXPECT_FALSE(line.library_agrees);
     }

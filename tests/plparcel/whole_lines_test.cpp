@@ -731,6 +731,31 @@ TEST(WholeLines, ALineAtTheLevelOfVertices)
     }
 }
 
+// A notch in the top comes down to the line, beside a hole in its middle: what lies above is two pieces, which meet at the
+// notch's tip or have a strip between them that is no wider than rounding.
+TEST(WholeLines, ALineThatTouchesATipInOneOfItsParts)
+{
+    const Ring hole = {{4, 4}, {6, 4}, {6, 6}, {4, 6}};
+    const auto notched = [](double tip, bool left) {
+        return left ? Ring{{0, 0}, {10, 0}, {10, 10}, {3, 10}, {2, tip}, {1, 10}, {0, 10}}
+                    : Ring{{0, 0}, {10, 0}, {10, 10}, {9, 10}, {8, tip}, {7, 10}, {0, 10}};
+    };
+    for (const bool left : {true, false}) {
+        SCOPED_TRACE(left ? "left of the hole" : "right of the hole");
+        const auto below = [&](double tip, double wanted) {
+            return cut({notched(tip, left), {hole}}, parallel_to(0), {area(wanted)}, kHere, Pieces::two);
+        };
+        EXPECT_EQ(below(5, 48).status, Status::line_leaves_parcel);
+        EXPECT_EQ(below(5 + 0x4p-50, 48).status, Status::line_leaves_parcel);
+        EXPECT_EQ(below(5 + 0x20p-50, 48).status, Status::divided);
+        EXPECT_EQ(below(5, 48 + 1e-6).status, Status::line_leaves_parcel);
+        const Division passed = below(5, 48 - 1e-10);
+        ASSERT_EQ(passed.status, Status::divided) << describe(passed);
+        EXPECT_EQ(passed.lines[0].segments.size(), 2U);
+        EXPECT_NEAR(passed.lines[0].from.y, 5 - 1e-10 / 8, 1e-15);
+    }
+}
+
 //   5 ---------- 4         The strip is as wide as from side 0 to the ledge 2-3, in a direction 2^-64 off the ledge's. Between
 //   |  | |_| |   |         the level of 3 and that of the corners in the hole's bay numbers of 106 bits hold no lines; along
 //   |  |_____|   3 --- 2   the ledge, which is longer, they do. The line ends at 3.
