@@ -357,17 +357,220 @@ PLC_API int32_t plc_division_held(const plc_division* division, int64_t amount, 
  *         PLC_NO_SUCH_INDEX */
 PLC_API int32_t plc_division_bare(const plc_division* division, int64_t cut, double* xyxy);
 
-/** What the lines through a point can cut off: plparcel::feasible(). It is what can be had where the
- * status is PLC_NO_LINE_THROUGH_POINT.
+/** Every division that a request allows, one for each line that holds its first amount. */
+typedef struct plc_divisions plc_divisions;
+
+/** Divides a parcel by each line that holds the first amount, from plc_request::alternative on: plparcel::all_divisions(),
+ * which says in which order. The last of n lines costs as much as n divisions.
  *
- * @param[in]  parcel  the parcel, without holes
- * @param[in]  x, y    the point
- * @param[out] ranges  least and greatest area of each range, two doubles each; null when `room` is 0
- * @param[in]  room    how many ranges fit there; what does not fit is left out
- * @param[out] count   how many ranges there are
- * @return PLC_OK; PLC_NO_ANSWER for a parcel with holes; PLC_NULL_POINTER, PLC_NO_SUCH_INDEX, PLC_OUT_OF_MEMORY */
-PLC_API int32_t plc_amounts_through(const plc_parcel* parcel, double x, double y, double* ranges,
-                                    int64_t room, int64_t* count);
+ * @param[in]  parcel, request, amounts, count  as for plc_divide()
+ * @param[out] divisions  the answers; free them with plc_divisions_free()
+ * @return PLC_OK divided; PLC_NO_ANSWER where there is no line: the only answer says why; otherwise as plc_divide() */
+PLC_API int32_t plc_all_divisions(const plc_parcel* parcel, const plc_request* request,
+                                  const plc_amount* amounts, int64_t count, plc_divisions** divisions);
+
+/** @param[in] divisions  the answers, or null
+ *  @return how many there are; 0 for a null pointer */
+PLC_API int64_t plc_divisions_count(const plc_divisions* divisions);
+
+/** @param[in] divisions  the answers
+ *  @param[in] index      which one
+ *  @return the answer, which is a part of `divisions`: do not free it; null where there is none of that index */
+PLC_API const plc_division* plc_divisions_at(const plc_divisions* divisions, int64_t index);
+
+/** @param[in] divisions  the answers, or null */
+PLC_API void plc_divisions_free(plc_divisions* divisions);
+
+/* ---------------------------------------------------------------------------------- what could be asked instead */
+
+/** Areas from the least to the greatest, without a gap: plparcel::AmountRange. */
+typedef struct plc_range {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_range) */
+    int32_t least_is_had; /**< 1 when the least area is had itself; otherwise all above it */
+    double least;         /**< unit squared */
+    double most;          /**< unit squared */
+    int32_t most_is_had;  /**< likewise, of the greatest */
+    int32_t reserved;     /**< 0 */
+} plc_range;
+
+/** What a line can cut off: plparcel::Feasible. */
+typedef struct plc_feasible_info {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_feasible_info) */
+    int32_t
+        refused; /**< 0, or what plc_divide() answers whatever the amount: PLC_UNUSABLE_BOUNDARY or another */
+    int64_t ranges; /**< how many; 0 when refused */
+    double parcel;  /**< area of the parcel, unit squared; 0 unless its boundary is usable */
+} plc_feasible_info;
+
+/** What a line can cut off: plparcel::feasible().
+ *
+ * @param[in]     parcel   the parcel
+ * @param[in]     request  its line, `measured` and `pieces`; the rest has no effect
+ * @param[in,out] ranges   from the smallest areas on. The struct_size of the first is read; the others have the same, which is
+ *                         written. Null when `room` is 0
+ * @param[in]     room     how many ranges fit there; what does not fit is left out
+ * @param[in,out] info     its struct_size is read, the rest is written
+ * @return PLC_OK; PLC_NO_ANSWER when refused, `info` says why; PLC_NULL_POINTER, PLC_WRONG_SIZE, PLC_NO_SUCH_INDEX,
+ *         PLC_OUT_OF_MEMORY */
+PLC_API int32_t plc_feasible(const plc_parcel* parcel, const plc_request* request, plc_range* ranges,
+                             int64_t room, plc_feasible_info* info);
+
+/** The amounts nearest to one that cannot be had: plparcel::NearestAmounts. */
+typedef struct plc_nearest {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_nearest) */
+    int32_t has_below;    /**< 1 when there is one */
+    double below;         /**< the greatest that is not above it, unit squared; 0 when there is none */
+    double above;         /**< the least that is not below it; likewise */
+    int32_t has_above;    /**< 1 when there is one */
+    int32_t below_is_had; /**< 1 when had itself; otherwise everything up to there is */
+    int32_t above_is_had; /**< likewise, from there on */
+    int32_t reserved;     /**< 0 */
+} plc_nearest;
+
+/** The amounts nearest to one that cannot be had: plparcel::nearest_amounts().
+ *
+ * @param[in]     ranges   of plc_feasible(), all of the same struct_size; with a count of 0 it may be null
+ * @param[in]     count    how many
+ * @param[in]     area     unit squared
+ * @param[in,out] nearest  its struct_size is read, the rest is written; both are `area` itself where a range has it
+ * @return PLC_OK, PLC_NULL_POINTER, PLC_WRONG_SIZE, PLC_NO_SUCH_INDEX or PLC_OUT_OF_MEMORY */
+PLC_API int32_t plc_nearest_amounts(const plc_range* ranges, int64_t count, double area,
+                                    plc_nearest* nearest);
+
+/** A line that can cut off an amount: plparcel::Alternative. */
+typedef struct plc_alternative {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_alternative) */
+    int32_t cut;          /**< PLC_PARALLEL, PLC_PERPENDICULAR or PLC_THROUGH_VERTEX */
+    int64_t index;        /**< side or vertex */
+    int64_t ring;         /**< whose: 0 the outer ring, k the k-th hole */
+    int32_t measured;     /**< which of its pieces can hold the amount */
+    int32_t least_is_had; /**< of the range that the amount lies in, see plc_range */
+    double least;         /**< likewise */
+    double most;          /**< likewise */
+    int32_t most_is_had;  /**< likewise */
+    int32_t reserved;     /**< 0 */
+} plc_alternative;
+
+/** What came of looking for lines: plparcel::Alternatives. */
+typedef struct plc_alternatives_info {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_alternatives_info) */
+    int32_t refused;      /**< 0, or why there can be none: a status */
+    int64_t lines;        /**< how many can hold the amount; 0 when refused */
+    int64_t looked_at;    /**< how many were looked at */
+    int64_t of;           /**< how many there are; when more, the list is not whole */
+} plc_alternatives_info;
+
+/** The parallels, perpendiculars and vertices of a parcel that can hold an amount in two pieces:
+ * plparcel::alternatives_for(), whose cost grows with the number looked at.
+ *
+ * @param[in]     parcel    the parcel
+ * @param[in]     amount    an area, product or share
+ * @param[in]     measured  PLC_FROM_REFERENCE or PLC_OPPOSITE: which piece should hold it
+ * @param[in]     most      how many lines to look at, at most; below 0 as many as there are
+ * @param[in,out] lines     in the order in which they were looked at; struct_size as for plc_feasible(); null when `room`
+ *                          is 0
+ * @param[in]     room      how many lines fit there; what does not fit is left out
+ * @param[in,out] info      its struct_size is read, the rest is written
+ * @return PLC_OK; PLC_NO_ANSWER when refused, `info` says why; PLC_NULL_POINTER, PLC_WRONG_SIZE, PLC_NO_SUCH_INDEX,
+ *         PLC_OUT_OF_MEMORY */
+PLC_API int32_t plc_alternatives_for(const plc_parcel* parcel, const plc_amount* amount, int32_t measured,
+                                     int64_t most, plc_alternative* lines, int64_t room,
+                                     plc_alternatives_info* info);
+
+/* ------------------------------------------------------------------------------------------------- which side */
+
+/** What a side or a vertex is. */
+enum {
+    PLC_LONGEST_SIDE = 0,   /**< plparcel::longest_side() */
+    PLC_SHORTEST_SIDE = 1,  /**< plparcel::shortest_side() */
+    PLC_SIDE_NEAR = 2,      /**< nearest to a point: plparcel::side_near() */
+    PLC_SIDE_FACING = 3,    /**< facing a bearing: plparcel::side_facing() */
+    PLC_SIDE_ALONG = 4,     /**< along another geometry, such as a road: plparcel::side_along() */
+    PLC_VERTEX_NEAR = 5,    /**< nearest to a point: plparcel::vertex_near() */
+    PLC_VERTEX_FARTHEST = 6 /**< farthest towards a bearing: plparcel::vertex_farthest() */
+};
+
+/** Which side or vertex to look for. Zeros but for the size ask for the longest side. */
+typedef struct plc_search {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_search) */
+    int32_t wanted;       /**< PLC_LONGEST_SIDE to PLC_VERTEX_FARTHEST */
+    double x;             /**< SIDE_NEAR, VERTEX_NEAR: the point, which may lie anywhere; East */
+    double y;             /**< likewise; North */
+    double bearing_gon;   /**< SIDE_FACING, VERTEX_FARTHEST: clockwise from North */
+    double distance;      /**< SIDE_ALONG: how far away the other geometry may lie, caller's unit */
+    double angle_gon;     /**< SIDE_ALONG: how much it may turn away from the side; 0 stands for 25 */
+    double tied_within;   /**< differences up to this count as none: caller's unit, for SIDE_FACING gons */
+} plc_search;
+
+/** What became of a search: plparcel::ChoiceStatus. The numbers stay. */
+enum {
+    PLC_CHOICE_FOUND = 0,             /**< there is one */
+    PLC_CHOICE_TIED = 1,              /**< several fit equally well */
+    PLC_CHOICE_UNUSABLE_BOUNDARY = 2, /**< the parcel cannot be used; plc_choice::boundary says why */
+    PLC_CHOICE_UNUSABLE_REQUEST = 3,  /**< a number out of range, or `wanted` is none of the kinds above */
+    PLC_CHOICE_NOTHING_GIVEN = 4,     /**< there is no other geometry that has a length */
+    PLC_CHOICE_TOO_FAR = 5,           /**< no side comes within the distance of the other geometry */
+    PLC_CHOICE_NOT_ALONGSIDE = 6,     /**< sides do, but none faces it, or runs along it */
+    PLC_CHOICE_TOO_MUCH_NEAR = 7      /**< too many pairs of sides and segments are near each other */
+};
+
+/** @param[in] status  a PLC_CHOICE_ number
+ *  @return a sentence's worth in English, without a full stop; never null */
+PLC_API const char* plc_choice_text(int32_t status);
+
+/** A side or a vertex, and what was measured of it: plparcel::Candidate. */
+typedef struct plc_candidate {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_candidate) */
+    int32_t reserved;     /**< 0 */
+    int64_t index;        /**< of the side or vertex */
+    int64_t ring;         /**< whose: 0 the outer ring, k the k-th hole */
+    double length;        /**< of the side, caller's unit; 0 for a vertex */
+    double bearing_gon;   /**< towards which the side faces, out of the parcel; 0 for a vertex */
+    double turned_gon;    /**< SIDE_FACING: from there to the bearing that was asked for, 0 to 200 */
+    double distance;      /**< NEAR: from the point; SIDE_ALONG: of the other geometry where it is nearest;
+                               VERTEX_FARTHEST: by how much others lie farther. Caller's unit */
+    double alongside;     /**< SIDE_ALONG: how much of its length counts, caller's unit */
+} plc_candidate;
+
+/** What came of a search: plparcel::Choice. */
+typedef struct plc_choice {
+    uint32_t struct_size; /**< set by the caller: sizeof(plc_choice) */
+    int32_t status;       /**< a PLC_CHOICE_ number */
+    int32_t boundary;     /**< a PLC_BOUNDARY_ number, of the whole parcel */
+    int32_t has_next;     /**< 1: after the candidates follows one more, which fits best after them */
+    int64_t candidates;   /**< FOUND: 1; TIED: all that fit equally well; otherwise 0 */
+    double nearest;       /**< TOO_FAR, NOT_ALONGSIDE: how near the other geometry comes, caller's unit */
+} plc_choice;
+
+/** Another geometry, to be asked about many parcels: plparcel::OtherGeometry. */
+typedef struct plc_other plc_other;
+
+/** Makes another geometry of its segments: the axes of roads, the boundaries of neighbours.
+ *
+ * @param[in]  xyxy   the ends of each segment: 4 doubles; in any order
+ * @param[in]  count  how many segments; with 0 `xyxy` may be null
+ * @param[out] other  the handle; free it with plc_other_free()
+ * @return PLC_OK, PLC_NULL_POINTER, PLC_NO_SUCH_INDEX or PLC_OUT_OF_MEMORY */
+PLC_API int32_t plc_other_make(const double* xyxy, int64_t count, plc_other** other);
+
+/** @param[in] other  the other geometry, or null */
+PLC_API void plc_other_free(plc_other* other);
+
+/** Finds a side or a vertex by what it is.
+ *
+ * @param[in]     parcel      the parcel
+ * @param[in]     search      what to look for
+ * @param[in]     other       SIDE_ALONG: the other geometry; otherwise without effect, and may be null
+ * @param[in,out] candidates  the one that was found, or all that fit equally well, in the order of rings and indexes;
+ *                            struct_size as for plc_feasible(); null when `room` is 0
+ * @param[in]     room        how many candidates fit there; what does not fit is left out
+ * @param[in,out] choice      its struct_size is read, the rest is written
+ * @return PLC_OK found; PLC_NO_ANSWER not found, or tied: `choice` says why; PLC_NULL_POINTER, PLC_WRONG_SIZE,
+ *         PLC_NO_SUCH_INDEX, PLC_OUT_OF_MEMORY */
+PLC_API int32_t plc_find(const plc_parcel* parcel, const plc_search* search, const plc_other* other,
+                         plc_candidate* candidates, int64_t room, plc_choice* choice);
+
+/* ----------------------------------------------------------------------------------------------------- rounding */
 
 /** A number as it is staked out: plparcel::rounded_to().
  *

@@ -59,30 +59,38 @@ plparcel::Line line_of(const plc_request& given)
     return line;
 }
 
-plparcel::Request request_of(const plc_request& given)
+/// Reads the request and its amounts.
+std::int32_t read(const plc_request& given, const plc_amount* amounts, std::int64_t count,
+                  plparcel::Request& request)
 {
-    plparcel::Request request;
-    request.line = line_of(given);
-    request.measured = static_cast<plparcel::Measured>(given.measured);
-    request.alternative = index_of(given.alternative);
-    request.pieces = static_cast<plparcel::Pieces>(given.pieces);
-    request.rounding = rounding_of(given);
-    request.ask_library = given.ask_library != 0;
-    return request;
+    request = request_of(given);
+    return read_records(amounts, count,
+                        [&](const plc_amount& amount) { request.amounts.push_back(amount_of(amount)); });
 }
 
-/// Adds the amounts of an array whose elements are as long as the first one says.
-std::int32_t add_amounts(const plc_amount* amounts, std::size_t count, std::vector<plparcel::Amount>& to)
+/// Checks and reads a caller's request, and hands it to `work`.
+template <typename Work>
+std::int32_t with_request(const plc_request* request, const plc_amount* amounts, std::int64_t count,
+                          const Work& work)
 {
-    const auto* bytes = reinterpret_cast<const unsigned char*>(amounts);
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto* given = reinterpret_cast<const plc_amount*>(bytes + i * amounts->struct_size);
-        plc_amount amount;
-        if (!read_record(given, amount) || given->struct_size != amounts->struct_size)
-            return PLC_WRONG_SIZE;
-        to.push_back({static_cast<plparcel::Given>(amount.given), amount.first, amount.second});
-    }
-    return PLC_OK;
+    if (request == nullptr)
+        return PLC_NULL_POINTER;
+    std::int32_t wrong = check_records(amounts, count);
+    if (wrong != PLC_OK)
+        return wrong;
+    plc_request given;
+    if (!read_record(request, given) || given.reserved != 0)
+        return PLC_WRONG_SIZE;
+    return guarded([&]() -> std::int32_t {
+        plparcel::Request asked;
+        wrong = read(given, amounts, count, asked);
+        return wrong != PLC_OK ? wrong : work(asked);
+    });
+}
+
+std::int32_t code_of(const plparcel::Division& division)
+{
+    return division.status == plparcel::Status::divided ? PLC_OK : PLC_NO_ANSWER;
 }
 
 /// The element, or null where the list has none of that index.
@@ -90,11 +98,6 @@ template <typename Element> const Element* at(const std::vector<Element>& list, 
 {
     const std::size_t i = index_of(index);
     return i < list.size() ? &list[i] : nullptr;
-}
-
-std::int64_t size_of(std::size_t size)
-{
-    return static_cast<std::int64_t>(size);
 }
 
 plc_division_info info_of(const plparcel::Division& division)
@@ -178,28 +181,66 @@ const plparcel::Ring* ring_at(const plparcel::Piece& piece, std::int64_t ring)
 }
 
 }  // namespace
+
+plparcel::Request request_of(const plc_request& given)
+{
+    plparcel::Request request;
+    request.line = line_of(given);
+    request.measured = static_cast<plparcel::Measured>(given.measured);
+    request.alternative = index_of(given.alternative);
+    request.pieces = static_cast<plparcel::Pieces>(given.pieces);
+    request.rounding = rounding_of(given);
+    request.ask_library = given.ask_library != 0;
+    return request;
+}
+
+plparcel::Amount amount_of(const plc_amount& given) noexcept
+{
+    return {static_cast<plparcel::Given>(given.given), given.first, given.second};
+}
+
 }  // namespace plcalc_c
 
 std::int32_t plc_divide(const plc_parcel* parcel, const plc_request* request, const plc_amount* amounts,
                         std::int64_t count, plc_division** division)
 {
-    if (parcel == nullptr || request == nullptr || division == nullptr || (count > 0 && amounts == nullptr))
+    if (parcel == nullptr || division == nullptr)
         return PLC_NULL_POINTER;
-    if (count < 0)
-        return PLC_NO_SUCH_INDEX;
-    plc_request given;
-    if (!plcalc_c::read_record(request, given) || given.reserved != 0)
-        return PLC_WRONG_SIZE;
-    return plcalc_c::guarded([&]() -> std::int32_t {
-        plparcel::Request asked = plcalc_c::request_of(given);
-        const std::int32_t wrong = plcalc_c::add_amounts(amounts, plcalc_c::index_of(count), asked.amounts);
-        if (wrong != PLC_OK)
-            return wrong;
+    return plcalc_c::with_request(request, amounts, count, [&](const plparcel::Request& asked) {
         auto made = std::make_unique<plc_division>();
         made->division = plparcel::divide(parcel->parcel, asked);
         *division = made.release();
-        return (*division)->division.status == plparcel::Status::divided ? PLC_OK : PLC_NO_ANSWER;
+        return plcalc_c::code_of((*division)->division);
     });
+}
+
+std::int32_t plc_all_divisions(const plc_parcel* parcel, const plc_request* request,
+                               const plc_amount* amounts, std::int64_t count, plc_divisions** divisions)
+{
+    if (parcel == nullptr || divisions == nullptr)
+        return PLC_NULL_POINTER;
+    return plcalc_c::with_request(request, amounts, count, [&](const plparcel::Request& asked) {
+        auto made = std::make_unique<plc_divisions>();
+        for (plparcel::Division& division : plparcel::all_divisions(parcel->parcel, asked))
+            made->each.push_back({std::move(division)});
+        *divisions = made.release();
+        return plcalc_c::code_of((*divisions)->each.front().division);
+    });
+}
+
+std::int64_t plc_divisions_count(const plc_divisions* divisions)
+{
+    return divisions == nullptr ? 0 : plcalc_c::size_of(divisions->each.size());
+}
+
+const plc_division* plc_divisions_at(const plc_divisions* divisions, std::int64_t index)
+{
+    return divisions == nullptr ? nullptr : plcalc_c::at(divisions->each, index);
+}
+
+void plc_divisions_free(plc_divisions* divisions)
+{
+    delete divisions;
 }
 
 void plc_division_free(plc_division* division)

@@ -1,13 +1,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <utility>
-#include <vector>
 
 #include "guard.h"
 #include "handles.h"
 #include "plcalc_c.h"
-#include "plparcel/feasible.h"
 #include "records.h"
 
 namespace plcalc_c {
@@ -82,28 +79,6 @@ std::int32_t plc_parcel_check(const plc_parcel* parcel, plc_parcel_report* repor
         return PLC_WRONG_SIZE;
     return plcalc_c::guarded([&] {
         plcalc_c::write_record(plcalc_c::report_of(plparcel::check_parcel(parcel->parcel)), report);
-        return PLC_OK;
-    });
-}
-
-std::int32_t plc_amounts_through(const plc_parcel* parcel, double x, double y, double* ranges,
-                                 std::int64_t room, std::int64_t* count)
-{
-    if (parcel == nullptr || count == nullptr)
-        return PLC_NULL_POINTER;
-    const std::int32_t wrong = plcalc_c::check_array(ranges, room, 2);
-    if (wrong != PLC_OK)
-        return wrong;
-    if (!parcel->parcel.holes.empty())
-        return PLC_NO_ANSWER;
-    return plcalc_c::guarded([&] {
-        const std::vector<plparcel::AmountRange> found =
-            plparcel::feasible(parcel->parcel, plparcel::through_point({x, y})).ranges;
-        *count = static_cast<std::int64_t>(found.size());
-        for (std::size_t i = 0; i < found.size() && i < static_cast<std::size_t>(room); ++i) {
-            ranges[2 * i] = found[i].least;
-            ranges[2 * i + 1] = found[i].most;
-        }
         return PLC_OK;
     });
 }

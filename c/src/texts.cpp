@@ -5,7 +5,7 @@
 
 namespace plcalc_c {
 
-// No default in these two: the compiler names a status that has no number yet.
+// No default in these: the compiler names a status that has no number yet.
 std::int32_t number_of(plparcel::BoundaryStatus status) noexcept
 {
     using plparcel::BoundaryStatus;
@@ -82,9 +82,33 @@ std::int32_t number_of(plparcel::Status status) noexcept
     return -1;
 }
 
+std::int32_t number_of(plparcel::ChoiceStatus status) noexcept
+{
+    using plparcel::ChoiceStatus;
+    switch (status) {
+    case ChoiceStatus::found:
+        return PLC_CHOICE_FOUND;
+    case ChoiceStatus::tied:
+        return PLC_CHOICE_TIED;
+    case ChoiceStatus::unusable_boundary:
+        return PLC_CHOICE_UNUSABLE_BOUNDARY;
+    case ChoiceStatus::unusable_request:
+        return PLC_CHOICE_UNUSABLE_REQUEST;
+    case ChoiceStatus::nothing_given:
+        return PLC_CHOICE_NOTHING_GIVEN;
+    case ChoiceStatus::too_far:
+        return PLC_CHOICE_TOO_FAR;
+    case ChoiceStatus::not_alongside:
+        return PLC_CHOICE_NOT_ALONGSIDE;
+    case ChoiceStatus::too_much_near:
+        return PLC_CHOICE_TOO_MUCH_NEAR;
+    }
+    return -1;
+}
+
 namespace {
 
-// More than the statuses of either kind.
+// More than the statuses of any kind.
 constexpr int kMostStatuses = 256;
 
 /// The text of the status that has this number.
@@ -138,6 +162,11 @@ const char* plc_boundary_text(std::int32_t boundary)
 const char* plc_status_text(std::int32_t status)
 {
     return plcalc_c::text_of<plparcel::Status>(status);
+}
+
+const char* plc_choice_text(std::int32_t status)
+{
+    return plcalc_c::text_of<plparcel::ChoiceStatus>(status);
 }
 
 const char* plc_division_text(const plc_division* division)

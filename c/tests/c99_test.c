@@ -1,5 +1,5 @@
 /* The interface as a C99 host sees it: layouts, codes, null pointers, sizes of other versions, each function once with a
- * figure worked out by hand. That the bits are the library's is asked by same_bits_test.cpp. */
+ * figure worked out by hand. That the bits are the library's is asked by the hosts. */
 #include <math.h>
 #include <stddef.h>
 #include <stdio.h>
@@ -58,6 +58,14 @@ static void test_layouts(void)
     CHECK(sizeof(plc_line_info) == 56 && offsetof(plc_line_info, segments) == 40);
     CHECK(sizeof(plc_piece_info) == 56 && offsetof(plc_piece_info, area) == 32);
     CHECK(sizeof(plc_held_info) == 40 && offsetof(plc_held_info, residual) == 32);
+    CHECK(sizeof(plc_range) == 32 && offsetof(plc_range, most) == 16);
+    CHECK(sizeof(plc_feasible_info) == 24 && offsetof(plc_feasible_info, parcel) == 16);
+    CHECK(sizeof(plc_nearest) == 40 && offsetof(plc_nearest, above) == 16);
+    CHECK(sizeof(plc_alternative) == 56 && offsetof(plc_alternative, least) == 32);
+    CHECK(sizeof(plc_alternatives_info) == 32 && offsetof(plc_alternatives_info, of) == 24);
+    CHECK(sizeof(plc_search) == 56 && offsetof(plc_search, tied_within) == 48);
+    CHECK(sizeof(plc_candidate) == 64 && offsetof(plc_candidate, alongside) == 56);
+    CHECK(sizeof(plc_choice) == 32 && offsetof(plc_choice, nearest) == 24);
 }
 
 static void test_texts(void)
@@ -68,6 +76,9 @@ static void test_texts(void)
     CHECK(strcmp(plc_code_text(PLC_FAILED + 1), plc_code_text(-1)) == 0);
     CHECK(strcmp(plc_boundary_text(PLC_BOUNDARY_HOLE_IN_HOLE + 1), plc_boundary_text(-1)) == 0);
     CHECK(strcmp(plc_status_text(1000000), plc_status_text(-1)) == 0);
+    CHECK(strcmp(plc_choice_text(PLC_CHOICE_TOO_MUCH_NEAR + 1), plc_choice_text(-1)) == 0);
+    for (i = 0; i <= PLC_CHOICE_TOO_MUCH_NEAR; ++i)
+        CHECK(strcmp(plc_choice_text(i), plc_choice_text(-1)) != 0);
     for (i = PLC_OK; i <= PLC_FAILED; ++i)
         CHECK(strcmp(plc_code_text(i), plc_code_text(-1)) != 0);
     for (i = 0; i <= PLC_BOUNDARY_HOLE_IN_HOLE; ++i)
@@ -227,8 +238,6 @@ static void test_refusals(void)
     plc_division_info info;
     plc_parcel* parcel = lot();
     plc_division* division = NULL;
-    double ranges[2] = {0.0, 0.0};
-    int64_t count = 0;
 
     info.struct_size = sizeof info;
     CHECK(plc_divide(parcel, &request, &all, 1, &division) == PLC_NO_ANSWER);
@@ -273,11 +282,6 @@ static void test_refusals(void)
     request.a_x = 50.0;
     request.a_y = 25.0;
     REFUSED(&third, 1, PLC_NO_LINE_THROUGH_POINT);
-    CHECK(plc_amounts_through(parcel, 50.0, 25.0, ranges, 1, &count) == PLC_OK && count == 1);
-    CHECK(fabs(ranges[0] - 2500.0) < 1e-6 && fabs(ranges[1] - 2500.0) < 1e-6);
-    CHECK(plc_amounts_through(parcel, 50.0, 25.0, NULL, 0, &count) == PLC_OK && count == 1);
-    CHECK(plc_amounts_through(parcel, 50.0, 25.0, NULL, 1, &count) == PLC_NULL_POINTER);
-    CHECK(plc_amounts_through(parcel, 500.0, 25.0, ranges, 1, &count) == PLC_OK && count == 0);
     plc_parcel_free(parcel);
 }
 
@@ -406,10 +410,6 @@ static void test_null_pointers(void)
     CHECK(plc_division_ring(division, 0, 0, xy, 0, NULL) == PLC_NULL_POINTER);
     CHECK(plc_division_bare(division, 0, NULL) == PLC_NULL_POINTER);
     plc_division_free(division);
-    CHECK(plc_amounts_through(NULL, 1, 1, xy, 1, &count) == PLC_NULL_POINTER);
-    CHECK(plc_amounts_through(parcel, 1, 1, xy, 1, NULL) == PLC_NULL_POINTER);
-    CHECK(plc_parcel_add_hole(parcel, kPond, 4) == PLC_OK);
-    CHECK(plc_amounts_through(parcel, 1, 1, xy, 1, &count) == PLC_NO_ANSWER);
     plc_parcel_free(parcel);
 
     CHECK(plc_fraz_area(NULL, 4, 0, 0, 100, 0, 0, 1, 1000, 0, xy) == PLC_NULL_POINTER);
@@ -510,6 +510,307 @@ static void test_geometry(void)
     }
 }
 
+/* 60 by 50 less 20 by 30 in the north-east, as an L. */
+static const double kYard[] = {0, 0, 60, 0, 60, 20, 40, 20, 40, 50, 0, 50};
+/* A comb with its back to the South, and two teeth of 10 by 20. */
+static const double kComb[] = {0, 0, 30, 0, 30, 30, 20, 30, 20, 10, 10, 10, 10, 30, 0, 30};
+
+static plc_parcel* made(const double* xy, int64_t count)
+{
+    plc_parcel* parcel = NULL;
+    CHECK(plc_parcel_make(xy, count, &parcel) == PLC_OK);
+    return parcel;
+}
+
+static void test_feasible(void)
+{
+    plc_request request = along_first_side();
+    plc_feasible_info info;
+    plc_range ranges[3];
+    plc_nearest nearest;
+    plc_parcel* comb = made(kComb, 8);
+    plc_parcel* parcel = lot();
+
+    /* The back holds 300. Above it a line crosses one tooth, and what it does not cut off holds 500 or more. */
+    memset(ranges, 0x55, sizeof ranges);
+    ranges[0].struct_size = sizeof ranges[0];
+    info.struct_size = sizeof info;
+    CHECK(plc_feasible(comb, &request, ranges, 3, &info) == PLC_OK && info.refused == 0);
+    CHECK(info.ranges == 2 && info.parcel == 700.0);
+    CHECK(ranges[0].least == 0.0 && ranges[0].least_is_had == 0 && ranges[0].most == 300.0);
+    CHECK(ranges[1].struct_size == sizeof ranges[0] && ranges[1].least == 500.0 && ranges[1].most == 700.0);
+    CHECK(ranges[2].struct_size == 0x55555555u); /* there is no third one */
+    nearest.struct_size = sizeof nearest;
+    CHECK(plc_nearest_amounts(ranges, 2, 450.0, &nearest) == PLC_OK);
+    CHECK(nearest.has_below == 1 && nearest.below == 300.0 && nearest.below_is_had == ranges[0].most_is_had);
+    CHECK(nearest.has_above == 1 && nearest.above == 500.0 && nearest.above_is_had == ranges[1].least_is_had);
+    CHECK(plc_nearest_amounts(ranges, 2, 900.0, &nearest) == PLC_OK);
+    CHECK(nearest.below == 700.0 && nearest.has_above == 0 && nearest.above == 0.0);
+    CHECK(plc_nearest_amounts(ranges, 2, 250.0, &nearest) == PLC_OK);
+    CHECK(nearest.below == 250.0 && nearest.has_above == 1 && nearest.above == 250.0);
+    CHECK(plc_nearest_amounts(NULL, 0, 450.0, &nearest) == PLC_OK);
+    CHECK(nearest.has_below == 0 && nearest.has_above == 0);
+    /* From the other side: a part of a tooth, or both teeth and more. The whole line cuts off any amount. */
+    request.measured = PLC_OPPOSITE;
+    CHECK(plc_feasible(comb, &request, ranges, 2, &info) == PLC_OK && info.ranges == 2);
+    CHECK(ranges[0].most == 200.0 && ranges[1].least == 400.0 && ranges[1].most == 700.0);
+    request.pieces = PLC_ANY_PIECES;
+    CHECK(plc_feasible(comb, &request, ranges, 2, &info) == PLC_OK && info.ranges == 1);
+    CHECK(ranges[0].least == 0.0 && ranges[0].most == 700.0);
+
+    /* Every line through the middle of a rectangle halves it. */
+    request = along_first_side();
+    request.cut = PLC_THROUGH_POINT;
+    request.a_x = 50.0;
+    request.a_y = 25.0;
+    CHECK(plc_feasible(parcel, &request, ranges, 1, &info) == PLC_OK && info.ranges == 1);
+    CHECK(fabs(ranges[0].least - 2500.0) < 1e-6 && fabs(ranges[0].most - 2500.0) < 1e-6);
+    CHECK(plc_feasible(parcel, &request, NULL, 0, &info) == PLC_OK && info.ranges == 1);
+    request.a_x = 500.0;
+    CHECK(plc_feasible(parcel, &request, ranges, 1, &info) == PLC_NO_ANSWER && info.ranges == 0);
+    CHECK(info.refused == PLC_POINT_OUTSIDE && info.parcel == 5000.0);
+    request.cut = 99;
+    CHECK(plc_feasible(parcel, &request, ranges, 1, &info) == PLC_NO_ANSWER &&
+          info.refused == PLC_UNKNOWN_REQUEST);
+
+    CHECK(plc_feasible(NULL, &request, ranges, 1, &info) == PLC_NULL_POINTER);
+    CHECK(plc_feasible(parcel, NULL, ranges, 1, &info) == PLC_NULL_POINTER);
+    CHECK(plc_feasible(parcel, &request, NULL, 1, &info) == PLC_NULL_POINTER);
+    CHECK(plc_feasible(parcel, &request, ranges, 1, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_feasible(parcel, &request, ranges, -1, &info) == PLC_NO_SUCH_INDEX);
+    CHECK(plc_feasible(parcel, &request, ranges, INT64_MAX, &info) == PLC_OUT_OF_MEMORY);
+    CHECK(plc_nearest_amounts(NULL, 1, 1.0, &nearest) == PLC_NULL_POINTER);
+    CHECK(plc_nearest_amounts(ranges, 1, 1.0, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_nearest_amounts(ranges, -1, 1.0, &nearest) == PLC_NO_SUCH_INDEX);
+    ranges[1].struct_size = sizeof ranges[1] + 8;
+    CHECK(plc_nearest_amounts(ranges, 2, 1.0, &nearest) == PLC_WRONG_SIZE);
+    ranges[0].struct_size = 4;
+    CHECK(plc_feasible(parcel, &request, ranges, 1, &info) == PLC_WRONG_SIZE);
+    CHECK(plc_nearest_amounts(ranges, 1, 1.0, &nearest) == PLC_WRONG_SIZE);
+    info.struct_size = 0;
+    CHECK(plc_feasible(parcel, &request, NULL, 0, &info) == PLC_WRONG_SIZE);
+    nearest.struct_size = 8;
+    CHECK(plc_nearest_amounts(NULL, 0, 1.0, &nearest) == PLC_WRONG_SIZE);
+    plc_parcel_free(comb);
+    plc_parcel_free(parcel);
+}
+
+static void test_alternatives(void)
+{
+    const plc_amount half_and_more = amount_of(PLC_AREA, 450.0, 0.0);
+    const plc_amount strip = amount_of(PLC_WIDTH, 5.0, 0.0);
+    plc_alternatives_info info;
+    plc_alternative lines[24];
+    int64_t i;
+    plc_parcel* comb = made(kComb, 8);
+
+    memset(lines, 0x55, sizeof lines);
+    lines[0].struct_size = sizeof lines[0];
+    info.struct_size = sizeof info;
+    CHECK(plc_alternatives_for(comb, &half_and_more, PLC_FROM_REFERENCE, -1, lines, 24, &info) == PLC_OK);
+    CHECK(info.refused == 0 && info.lines > 0 && info.looked_at == 24 && info.of == 24);
+    for (i = 0; i < info.lines; ++i) {
+        /* Each is a line that divides. */
+        plc_request request = along_first_side();
+        plc_division* division = NULL;
+        CHECK(lines[i].struct_size == sizeof lines[0] && lines[i].ring == 0);
+        CHECK(lines[i].least <= 450.0 && lines[i].most >= 450.0);
+        request.cut = lines[i].cut;
+        request.index = lines[i].index;
+        request.measured = lines[i].measured;
+        CHECK(plc_divide(comb, &request, &half_and_more, 1, &division) == PLC_OK);
+        plc_division_free(division);
+    }
+    CHECK(plc_alternatives_for(comb, &half_and_more, PLC_FROM_REFERENCE, 4, NULL, 0, &info) == PLC_OK);
+    CHECK(info.looked_at == 4 && info.of == 24);
+    CHECK(plc_alternatives_for(comb, &strip, PLC_FROM_REFERENCE, -1, lines, 24, &info) == PLC_NO_ANSWER);
+    CHECK(info.refused == PLC_UNKNOWN_REQUEST && info.lines == 0);
+    CHECK(plc_alternatives_for(comb, &half_and_more, 17, -1, lines, 24, &info) == PLC_NO_ANSWER);
+    CHECK(info.refused == PLC_UNKNOWN_REQUEST && info.lines == 0);
+
+    CHECK(plc_alternatives_for(NULL, &strip, 0, -1, lines, 24, &info) == PLC_NULL_POINTER);
+    CHECK(plc_alternatives_for(comb, NULL, 0, -1, lines, 24, &info) == PLC_NULL_POINTER);
+    CHECK(plc_alternatives_for(comb, &strip, 0, -1, NULL, 24, &info) == PLC_NULL_POINTER);
+    CHECK(plc_alternatives_for(comb, &strip, 0, -1, lines, 24, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_alternatives_for(comb, &strip, 0, -1, lines, -24, &info) == PLC_NO_SUCH_INDEX);
+    lines[0].struct_size = 8;
+    CHECK(plc_alternatives_for(comb, &strip, 0, -1, lines, 24, &info) == PLC_WRONG_SIZE);
+    info.struct_size = 8;
+    CHECK(plc_alternatives_for(comb, &strip, 0, -1, NULL, 0, &info) == PLC_WRONG_SIZE);
+    plc_parcel_free(comb);
+}
+
+static void test_all_divisions(void)
+{
+    plc_request request = along_first_side();
+    const plc_amount half_a_tooth = amount_of(PLC_AREA, 100.0, 0.0);
+    const plc_amount all = amount_of(PLC_AREA, 700.0, 0.0);
+    plc_line_info line;
+    plc_division_info info;
+    plc_divisions* divisions = NULL;
+    double west[2] = {0.0, 0.0};
+    int i;
+    plc_parcel* comb = made(kComb, 8);
+
+    /* Beyond a parallel to the back: a half of either tooth. */
+    request.measured = PLC_OPPOSITE;
+    CHECK(plc_all_divisions(comb, &request, &half_a_tooth, 1, &divisions) == PLC_OK);
+    CHECK(plc_divisions_count(divisions) == 2);
+    line.struct_size = sizeof line;
+    for (i = 0; i < 2; ++i) {
+        CHECK(plc_division_line(plc_divisions_at(divisions, i), 0, &line) == PLC_OK);
+        CHECK(line.from_y == 20.0 && line.to_y == 20.0);
+        west[i] = fmin(line.from_x, line.to_x);
+    }
+    CHECK(fmin(west[0], west[1]) == 0.0 && fmax(west[0], west[1]) == 20.0);
+    CHECK(plc_divisions_at(divisions, 2) == NULL && plc_divisions_at(divisions, -1) == NULL);
+    plc_divisions_free(divisions);
+
+    divisions = NULL;
+    CHECK(plc_all_divisions(comb, &request, &all, 1, &divisions) == PLC_NO_ANSWER);
+    info.struct_size = sizeof info;
+    CHECK(plc_divisions_count(divisions) == 1);
+    CHECK(plc_division_get(plc_divisions_at(divisions, 0), &info) == PLC_OK &&
+          info.status == PLC_AMOUNT_TOO_LARGE);
+    plc_divisions_free(divisions);
+
+    divisions = NULL;
+    CHECK(plc_all_divisions(NULL, &request, &all, 1, &divisions) == PLC_NULL_POINTER);
+    CHECK(plc_all_divisions(comb, NULL, &all, 1, &divisions) == PLC_NULL_POINTER);
+    CHECK(plc_all_divisions(comb, &request, NULL, 1, &divisions) == PLC_NULL_POINTER);
+    CHECK(plc_all_divisions(comb, &request, &all, 1, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_all_divisions(comb, &request, &all, -1, &divisions) == PLC_NO_SUCH_INDEX);
+    request.struct_size = 4;
+    CHECK(plc_all_divisions(comb, &request, &all, 1, &divisions) == PLC_WRONG_SIZE && divisions == NULL);
+    CHECK(plc_divisions_count(NULL) == 0 && plc_divisions_at(NULL, 0) == NULL);
+    plc_divisions_free(NULL);
+    plc_parcel_free(comb);
+}
+
+static plc_search search_for(int32_t wanted)
+{
+    plc_search search;
+    memset(&search, 0, sizeof search);
+    search.struct_size = sizeof search;
+    search.wanted = wanted;
+    return search;
+}
+
+static void test_sides(void)
+{
+    static const double kRoad[] = {-10, 55, 50, 55, 200, 200, 300, 300};
+    static const double kFarRoad[] = {0, 900, 60, 900};
+    plc_search search = search_for(PLC_LONGEST_SIDE);
+    plc_choice choice;
+    plc_candidate found[3];
+    plc_other* road = NULL;
+    plc_other* far_road = NULL;
+    plc_parcel* yard = made(kYard, 6);
+    plc_parcel* parcel = lot();
+
+    choice.struct_size = sizeof choice;
+    memset(found, 0x55, sizeof found);
+    found[0].struct_size = sizeof found[0];
+    CHECK(plc_find(yard, &search, NULL, found, 3, &choice) == PLC_OK && choice.status == PLC_CHOICE_FOUND);
+    CHECK(choice.candidates == 1 && choice.has_next == 1 && choice.boundary == PLC_BOUNDARY_USABLE);
+    CHECK(found[0].index == 0 && found[0].ring == 0 && found[0].length == 60.0 && found[0].reserved == 0);
+    CHECK(found[1].struct_size == sizeof found[0] && found[1].index == 5 && found[1].length == 50.0);
+    CHECK(found[2].struct_size == 0x55555555u);
+    CHECK(plc_find(parcel, &search, NULL, found, 3, &choice) == PLC_NO_ANSWER);
+    CHECK(choice.status == PLC_CHOICE_TIED && choice.candidates == 2 && choice.has_next == 0);
+    CHECK(found[0].index == 0 && found[1].index == 2);
+
+    search = search_for(PLC_SHORTEST_SIDE);
+    CHECK(plc_find(yard, &search, NULL, NULL, 0, &choice) == PLC_NO_ANSWER && choice.candidates == 2);
+    search = search_for(PLC_SIDE_NEAR);
+    search.x = 61.0;
+    search.y = 10.0;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_OK);
+    CHECK(found[0].index == 1 && found[0].distance == 1.0);
+    search = search_for(PLC_SIDE_FACING);
+    search.bearing_gon = 310.0;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_OK && found[0].index == 5);
+    CHECK(fabs(found[0].bearing_gon - 300.0) < 1e-9 && fabs(found[0].turned_gon - 10.0) < 1e-9);
+    search = search_for(PLC_VERTEX_NEAR);
+    search.x = 41.0;
+    search.y = 20.0;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_OK);
+    CHECK(found[0].index == 3 && found[0].length == 0.0 && found[0].distance == 1.0);
+    search = search_for(PLC_VERTEX_FARTHEST);
+    search.bearing_gon = 50.0;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_OK && found[0].index == 4);
+
+    CHECK(plc_other_make(kRoad, 2, &road) == PLC_OK && plc_other_make(kFarRoad, 1, &far_road) == PLC_OK);
+    search = search_for(PLC_SIDE_ALONG);
+    search.distance = 10.0;
+    CHECK(plc_find(yard, &search, road, found, 1, &choice) == PLC_OK && found[0].index == 4);
+    CHECK(fabs(found[0].alongside - 40.0) < 1e-9 && found[0].distance == 5.0);
+    CHECK(plc_find(yard, &search, far_road, found, 1, &choice) == PLC_NO_ANSWER);
+    CHECK(choice.status == PLC_CHOICE_TOO_FAR && choice.nearest == 850.0);
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_NULL_POINTER);
+    search.angle_gon = NAN;
+    CHECK(plc_find(yard, &search, road, found, 1, &choice) == PLC_NO_ANSWER &&
+          choice.status == PLC_CHOICE_UNUSABLE_REQUEST);
+    search = search_for(PLC_SIDE_ALONG); /* a distance of 0 */
+    CHECK(plc_find(yard, &search, road, found, 1, &choice) == PLC_NO_ANSWER &&
+          choice.status == PLC_CHOICE_UNUSABLE_REQUEST);
+    search = search_for(17);
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_NO_ANSWER &&
+          choice.status == PLC_CHOICE_UNUSABLE_REQUEST && choice.candidates == 0);
+    plc_other_free(road);
+    plc_other_free(far_road);
+    plc_other_free(NULL);
+
+    CHECK(plc_other_make(NULL, 0, &road) == PLC_OK);
+    search = search_for(PLC_SIDE_ALONG);
+    search.distance = 10.0;
+    CHECK(plc_find(yard, &search, road, found, 1, &choice) == PLC_NO_ANSWER &&
+          choice.status == PLC_CHOICE_NOTHING_GIVEN);
+    plc_other_free(road);
+    CHECK(plc_other_make(NULL, 1, &road) == PLC_NULL_POINTER &&
+          plc_other_make(kRoad, 1, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_other_make(kRoad, -1, &road) == PLC_NO_SUCH_INDEX &&
+          plc_other_make(kRoad, INT64_MAX, &road) == PLC_OUT_OF_MEMORY);
+
+    search = search_for(PLC_LONGEST_SIDE);
+    CHECK(plc_find(NULL, &search, NULL, found, 1, &choice) == PLC_NULL_POINTER);
+    CHECK(plc_find(yard, NULL, NULL, found, 1, &choice) == PLC_NULL_POINTER);
+    CHECK(plc_find(yard, &search, NULL, NULL, 1, &choice) == PLC_NULL_POINTER);
+    CHECK(plc_find(yard, &search, NULL, found, 1, NULL) == PLC_NULL_POINTER);
+    CHECK(plc_find(yard, &search, NULL, found, -1, &choice) == PLC_NO_SUCH_INDEX);
+    search.struct_size = 8;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_WRONG_SIZE);
+    search.struct_size = sizeof search;
+    choice.struct_size = 8;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_WRONG_SIZE);
+    choice.struct_size = sizeof choice;
+    found[0].struct_size = 8;
+    CHECK(plc_find(yard, &search, NULL, found, 1, &choice) == PLC_WRONG_SIZE);
+    plc_parcel_free(yard);
+    plc_parcel_free(parcel);
+}
+
+/* Arrays of records of a later version lie farther apart. */
+static void test_longer_elements(void)
+{
+    struct {
+        plc_candidate candidate;
+        double later;
+    } found[2];
+    const plc_search search = search_for(PLC_LONGEST_SIDE);
+    plc_choice choice;
+    plc_parcel* parcel = lot();
+
+    memset(found, 0, sizeof found);
+    found[0].candidate.struct_size = sizeof found[0];
+    found[0].later = found[1].later = 7.0;
+    choice.struct_size = sizeof choice;
+    CHECK(plc_find(parcel, &search, NULL, &found[0].candidate, 2, &choice) == PLC_NO_ANSWER);
+    CHECK(found[1].candidate.struct_size == sizeof found[0] && found[1].candidate.index == 2);
+    CHECK(found[0].later == 7.0 && found[1].later == 7.0);
+    plc_parcel_free(parcel);
+}
+
 int main(void)
 {
     test_layouts();
@@ -522,6 +823,11 @@ int main(void)
     test_sizes();
     test_null_pointers();
     test_geometry();
+    test_feasible();
+    test_alternatives();
+    test_all_divisions();
+    test_sides();
+    test_longer_elements();
     printf("%d failures\n", failures);
     return failures == 0 ? 0 : 1;
 }

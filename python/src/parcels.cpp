@@ -382,6 +382,9 @@ static void add_calls(py::module_& m)
             return divide(vertices, request);
         },
         doc("plparcel::divide"), arg("ring"), arg("request"));
+    m.def("all_divisions", py::overload_cast<const Parcel&, const Request&>(&all_divisions),
+          doc("plparcel::all_divisions(const Parcel& parcel, const Request& request)"), arg("parcel"),
+          arg("request"), ReleaseGil());
     add(
         "all_divisions",
         [](const Points& ring, const Request& request) {

@@ -22,6 +22,8 @@ class Words:
 
 
 def word(value):
+    if isinstance(value, str):
+        return f"'{value}'"
     return str(int(value)) if isinstance(value, (int, bool)) else struct.pack(">d", value).hex()
 
 
@@ -42,7 +44,7 @@ def ring_words(ring):
 
 
 def division_words(division):
-    yield from [division.at_amount, -1 if division.decimals is None else division.decimals, division.ring.area,
+    yield from [plparcel.describe(division), division.at_amount, -1 if division.decimals is None else division.decimals, division.ring.area,
                 division.trials]
     for line in division.lines:
         yield from [*line.from_, *line.to, line.meets_again, line.library_agrees, len(line.segments)]
@@ -58,27 +60,91 @@ def division_words(division):
         yield from [answer.done, *answer.line.start, *answer.line.end]
 
 
-def divide(words):
+def line_words(words):
     cut, index, ring = words.i(), words.i(), words.i()
     (bearing,), a, b, (along,) = words.d(1), words.d(2), words.d(2), words.d(1)
+    return cut, index, ring, bearing, a, b, along
+
+
+def amount_of(words):
+    makers = (plparcel.area, plparcel.product, plparcel.share, plparcel.width)
+    make, numbers = makers[words.i()], words.d(2)
+    return make(*numbers) if make in makers[1:3] else make(numbers[0])
+
+
+def parcel_of(words):
+    rings = [words.ring() for _ in range(words.i())]
+    return plparcel.Parcel(rings[0], rings[1:])
+
+
+def request_of(words):
+    line = line_words(words)
     measured, pieces, alternative, rounded, decimals = (words.i() for _ in range(5))
     tolerance, = words.d(1)
     ask_library = words.i() != 0
-    makers = (plparcel.area, plparcel.product, plparcel.share, plparcel.width)
-    amounts = []
-    for _ in range(words.i()):
-        make, numbers = makers[words.i()], words.d(2)
-        amounts.append(make(*numbers) if make in makers[1:3] else make(numbers[0]))
-    rings = [words.ring() for _ in range(words.i())]
-    try:
-        line = line_of(cut, index, ring, bearing, a, b, along)
-    except KeyError:
-        return None  # a kind that does not exist cannot be written down here
+    amounts = [amount_of(words) for _ in range(words.i())]
     rounding = plparcel.Rounding(decimals if rounded else None, *([tolerance] if tolerance else []))
-    request = plparcel.Request(line, amounts, plparcel.Measured(measured), alternative, plparcel.Pieces(pieces), rounding,
-                               ask_library)
-    division = plparcel.divide(plparcel.Parcel(rings[0], rings[1:]), request)
-    return [f"'{plparcel.describe(division)}'", *map(word, division_words(division))]
+    return plparcel.Request(line_of(*line), amounts, plparcel.Measured(measured), alternative, plparcel.Pieces(pieces),
+                            rounding, ask_library)
+
+
+def divide(words):
+    request = request_of(words)
+    return division_words(plparcel.divide(parcel_of(words), request))
+
+
+def all_divisions(words):
+    request = request_of(words)
+    divisions = plparcel.all_divisions(parcel_of(words), request)
+    yield len(divisions)
+    for division in divisions:
+        yield from division_words(division)
+
+
+def refusal_of(found):
+    return plparcel.describe(found.refusal) if found.refusal is not None else ""
+
+
+def range_words(found):
+    return [found.least, found.most, found.least_is_had, found.most_is_had]
+
+
+def feasible(words):
+    line, measured, pieces = line_words(words), words.i(), words.i()
+    area, = words.d(1)
+    found = plparcel.feasible(parcel_of(words), line_of(*line), plparcel.Measured(measured), plparcel.Pieces(pieces))
+    yield from [refusal_of(found), found.parcel, len(found.ranges)]
+    for each in found.ranges:
+        yield from range_words(each)
+    nearest = plparcel.nearest_amounts(found.ranges, area)
+    for end in (nearest.below, nearest.above):
+        yield from [end is not None, end or 0.0]
+    yield from [nearest.below_is_had, nearest.above_is_had]
+
+
+def alternatives(words):
+    amount, measured, most = amount_of(words), words.i(), words.i()
+    found = plparcel.alternatives_for(parcel_of(words), amount, plparcel.Measured(measured), most)
+    yield from [refusal_of(found), found.looked_at, found.of, len(found.lines)]
+    for each in found.lines:
+        yield from [int(each.line.cut), each.line.index, each.line.ring, int(each.measured), *range_words(each.range)]
+
+
+def find(words):
+    wanted, point, (bearing, distance, angle, tied) = words.i(), words.d(2), words.d(4)
+    other = plparcel.OtherGeometry([(words.d(2), words.d(2)) for _ in range(words.i())])
+    alongside = plparcel.Alongside(distance, *([angle] if angle else []))
+    parcel = parcel_of(words)
+    found = (lambda: plparcel.longest_side(parcel, tied),
+             lambda: plparcel.shortest_side(parcel, tied),
+             lambda: plparcel.side_near(parcel, point, tied),
+             lambda: plparcel.side_facing(parcel, bearing, tied),
+             lambda: plparcel.side_along(parcel, other, alongside, tied),
+             lambda: plparcel.vertex_near(parcel, point, tied),
+             lambda: plparcel.vertex_farthest(parcel, bearing, tied))[wanted]()
+    yield from [plparcel.describe(found.status), plparcel.describe(found.boundary), found.nearest, len(found.candidates)]
+    for each in [*found.candidates, *([found.next] if found.next is not None else [])]:
+        yield from [each.place.index, each.place.ring, each.length, each.bearing, each.turned, each.distance, each.alongside]
 
 
 def geometry(name, words):
@@ -101,10 +167,16 @@ def geometry(name, words):
     return [*foot, core.DistPtSuSegmDaPt(a, b, a, foot), ordinate]
 
 
+LAYER = {"divide": divide, "all_divisions": all_divisions, "feasible": feasible, "alternatives": alternatives, "find": find}
+
+
 def answers(path):
     for text in path.read_text().splitlines():
         name, *rest = text.split() or ["#"]
         if name.startswith("#"):
             continue
-        words = divide(Words(rest)) if name == "divide" else list(map(word, geometry(name, Words(rest))))
-        yield " ".join([name, *words]) if words is not None else None
+        try:
+            given = LAYER[name](Words(rest)) if name in LAYER else geometry(name, Words(rest))
+            yield " ".join([name, *map(word, given)])
+        except KeyError:
+            yield None  # a kind of line that does not exist cannot be written down here

@@ -71,6 +71,99 @@ static class Plcalc
         public double Asked, Area, Residual;
     }
 
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Range
+    {
+        public uint StructSize;
+        public int LeastIsHad;
+        public double Least, Most;
+        public int MostIsHad, Reserved;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct FeasibleInfo
+    {
+        public uint StructSize;
+        public int Refused;
+        public long Ranges;
+        public double Parcel;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Nearest
+    {
+        public uint StructSize;
+        public int HasBelow;
+        public double Below, Above;
+        public int HasAbove, BelowIsHad, AboveIsHad, Reserved;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Alternative
+    {
+        public uint StructSize;
+        public int Cut;
+        public long Index, Ring;
+        public int Measured, LeastIsHad;
+        public double Least, Most;
+        public int MostIsHad, Reserved;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct AlternativesInfo
+    {
+        public uint StructSize;
+        public int Refused;
+        public long Lines, LookedAt, Of;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Search
+    {
+        public uint StructSize;
+        public int Wanted;
+        public double X, Y, BearingGon, Distance, AngleGon, TiedWithin;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Candidate
+    {
+        public uint StructSize;
+        public int Reserved;
+        public long Index, Ring;
+        public double Length, BearingGon, TurnedGon, Distance, Alongside;
+    }
+
+    [StructLayout(LayoutKind.Sequential)]
+    public struct Choice
+    {
+        public uint StructSize;
+        public int Status, Boundary, HasNext;
+        public long Candidates;
+        public double Nearest;
+    }
+
+    [DllImport(Library)] public static extern int plc_all_divisions(IntPtr parcel, ref Request request, Amount[] amounts,
+                                                                    long count, out IntPtr divisions);
+    [DllImport(Library)] public static extern long plc_divisions_count(IntPtr divisions);
+    [DllImport(Library)] public static extern IntPtr plc_divisions_at(IntPtr divisions, long index);
+    [DllImport(Library)] public static extern void plc_divisions_free(IntPtr divisions);
+    [DllImport(Library)] public static extern int plc_feasible(IntPtr parcel, ref Request request,
+                                                               [In, Out] Range[] ranges, long room,
+                                                               ref FeasibleInfo info);
+    [DllImport(Library)] public static extern int plc_nearest_amounts(Range[] ranges, long count, double area,
+                                                                      ref Nearest nearest);
+    [DllImport(Library)] public static extern int plc_alternatives_for(IntPtr parcel, ref Amount amount, int measured,
+                                                                       long most, [In, Out] Alternative[] lines,
+                                                                       long room, ref AlternativesInfo info);
+    [DllImport(Library)] public static extern int plc_other_make(double[] xyxy, long count, out IntPtr other);
+    [DllImport(Library)] public static extern void plc_other_free(IntPtr other);
+    [DllImport(Library)] public static extern int plc_find(IntPtr parcel, ref Search search, IntPtr other,
+                                                           [In, Out] Candidate[] candidates, long room,
+                                                           ref Choice choice);
+    [DllImport(Library)] public static extern IntPtr plc_status_text(int status);
+    [DllImport(Library)] public static extern IntPtr plc_boundary_text(int boundary);
+    [DllImport(Library)] public static extern IntPtr plc_choice_text(int status);
     [DllImport(Library)] public static extern int plc_parcel_make(double[] xy, long count, out IntPtr parcel);
     [DllImport(Library)] public static extern int plc_parcel_add_hole(IntPtr parcel, double[] xy, long count);
     [DllImport(Library)] public static extern void plc_parcel_free(IntPtr parcel);
@@ -129,10 +222,18 @@ static class Answers
             said.Add(BitConverter.DoubleToInt64Bits(number).ToString("x16"));
     }
 
+    static void SayText(IntPtr text) { said.Add("'" + Marshal.PtrToStringAnsi(text) + "'"); }
+
     static void Must(int code)
     {
         if (code != Ok)
             throw new Exception("code " + code);
+    }
+
+    static void MustOrNoAnswer(int code)
+    {
+        if (code != NoAnswer)
+            Must(code);
     }
 
     static uint SizeOf<T>() { return (uint)Marshal.SizeOf(typeof(T)); }
@@ -149,7 +250,7 @@ static class Answers
 
     static void SayDivision(IntPtr division)
     {
-        said.Add("'" + Marshal.PtrToStringAnsi(Plcalc.plc_division_text(division)) + "'");
+        SayText(Plcalc.plc_division_text(division));
         var info = new Plcalc.DivisionInfo { StructSize = SizeOf<Plcalc.DivisionInfo>() };
         Must(Plcalc.plc_division_get(division, ref info));
         Say(info.AtAmount);
@@ -191,31 +292,163 @@ static class Answers
         }
     }
 
-    static void Divide()
+    static Plcalc.Request LineOf()
     {
-        var request = new Plcalc.Request {
+        return new Plcalc.Request {
             StructSize = SizeOf<Plcalc.Request>(), Cut = I(), Index = I(), Ring = I(), BearingGon = D(), Ax = D(),
-            Ay = D(), Bx = D(), By = D(), Along = D(), Measured = I(), Pieces = I(), Alternative = I(), Rounded = I(),
-            Decimals = I(), RoundingTolerance = D(), AskLibrary = I()
+            Ay = D(), Bx = D(), By = D(), Along = D(), Measured = I(), Pieces = I()
         };
+    }
+
+    static Plcalc.Request RequestOf()
+    {
+        Plcalc.Request request = LineOf();
+        request.Alternative = I();
+        request.Rounded = I();
+        request.Decimals = I();
+        request.RoundingTolerance = D();
+        request.AskLibrary = I();
+        return request;
+    }
+
+    static Plcalc.Amount AmountOf()
+    {
+        return new Plcalc.Amount { StructSize = SizeOf<Plcalc.Amount>(), Given = I(), First = D(), Second = D() };
+    }
+
+    static Plcalc.Amount[] AmountsOf()
+    {
         var amounts = new Plcalc.Amount[I()];
         for (int i = 0; i < amounts.Length; ++i)
-            amounts[i] = new Plcalc.Amount { StructSize = SizeOf<Plcalc.Amount>(), Given = I(), First = D(),
-                                             Second = D() };
+            amounts[i] = AmountOf();
+        return amounts;
+    }
+
+    static IntPtr ParcelOf()
+    {
         int rings = I();
         double[] ring = Ring();
-        IntPtr parcel, division;
+        IntPtr parcel;
         Must(Plcalc.plc_parcel_make(ring, ring.Length / 2, out parcel));
         for (int k = 1; k < rings; ++k) {
             ring = Ring();
             Must(Plcalc.plc_parcel_add_hole(parcel, ring, ring.Length / 2));
         }
-        int code = Plcalc.plc_divide(parcel, ref request, amounts, amounts.Length, out division);
-        if (code != NoAnswer)
-            Must(code);
+        return parcel;
+    }
+
+    static void Divide()
+    {
+        Plcalc.Request request = RequestOf();
+        Plcalc.Amount[] amounts = AmountsOf();
+        IntPtr parcel = ParcelOf(), division;
+        MustOrNoAnswer(Plcalc.plc_divide(parcel, ref request, amounts, amounts.Length, out division));
         Plcalc.plc_parcel_free(parcel);
         SayDivision(division);
         Plcalc.plc_division_free(division);
+    }
+
+    static void AllDivisions()
+    {
+        Plcalc.Request request = RequestOf();
+        Plcalc.Amount[] amounts = AmountsOf();
+        IntPtr parcel = ParcelOf(), divisions;
+        MustOrNoAnswer(Plcalc.plc_all_divisions(parcel, ref request, amounts, amounts.Length, out divisions));
+        Plcalc.plc_parcel_free(parcel);
+        long count = Plcalc.plc_divisions_count(divisions);
+        Say(count);
+        for (long i = 0; i < count; ++i)
+            SayDivision(Plcalc.plc_divisions_at(divisions, i));
+        Plcalc.plc_divisions_free(divisions);
+    }
+
+    static void SayRefusal(int refused)
+    {
+        if (refused == 0)
+            said.Add("''");
+        else
+            SayText(Plcalc.plc_status_text(refused));
+    }
+
+    static void Feasible()
+    {
+        Plcalc.Request line = LineOf();
+        double area = D();
+        IntPtr parcel = ParcelOf();
+        var info = new Plcalc.FeasibleInfo { StructSize = SizeOf<Plcalc.FeasibleInfo>() };
+        var ranges = new Plcalc.Range[16];
+        ranges[0].StructSize = SizeOf<Plcalc.Range>();
+        MustOrNoAnswer(Plcalc.plc_feasible(parcel, ref line, ranges, ranges.Length, ref info));
+        Plcalc.plc_parcel_free(parcel);
+        SayRefusal(info.Refused);
+        Say(info.Parcel);
+        Say(info.Ranges);
+        for (long i = 0; i < info.Ranges; ++i) {
+            Say(ranges[i].Least, ranges[i].Most);
+            Say((long)ranges[i].LeastIsHad);
+            Say((long)ranges[i].MostIsHad);
+        }
+        var nearest = new Plcalc.Nearest { StructSize = SizeOf<Plcalc.Nearest>() };
+        Must(Plcalc.plc_nearest_amounts(ranges, info.Ranges, area, ref nearest));
+        Say((long)nearest.HasBelow);
+        Say(nearest.Below);
+        Say((long)nearest.HasAbove);
+        Say(nearest.Above);
+        Say((long)nearest.BelowIsHad);
+        Say((long)nearest.AboveIsHad);
+    }
+
+    static void Alternatives()
+    {
+        Plcalc.Amount amount = AmountOf();
+        int measured = I(), most = I();
+        IntPtr parcel = ParcelOf();
+        var info = new Plcalc.AlternativesInfo { StructSize = SizeOf<Plcalc.AlternativesInfo>() };
+        var lines = new Plcalc.Alternative[most];
+        lines[0].StructSize = SizeOf<Plcalc.Alternative>();
+        MustOrNoAnswer(Plcalc.plc_alternatives_for(parcel, ref amount, measured, most, lines, most, ref info));
+        Plcalc.plc_parcel_free(parcel);
+        SayRefusal(info.Refused);
+        Say(info.LookedAt);
+        Say(info.Of);
+        Say(info.Lines);
+        for (long i = 0; i < info.Lines; ++i) {
+            Say((long)lines[i].Cut);
+            Say(lines[i].Index);
+            Say(lines[i].Ring);
+            Say((long)lines[i].Measured);
+            Say(lines[i].Least, lines[i].Most);
+            Say((long)lines[i].LeastIsHad);
+            Say((long)lines[i].MostIsHad);
+        }
+    }
+
+    static void Find()
+    {
+        var search = new Plcalc.Search {
+            StructSize = SizeOf<Plcalc.Search>(), Wanted = I(), X = D(), Y = D(), BearingGon = D(), Distance = D(),
+            AngleGon = D(), TiedWithin = D()
+        };
+        int count = I();
+        IntPtr other;
+        Must(Plcalc.plc_other_make(D(4 * count), count, out other));
+        IntPtr parcel = ParcelOf();
+        var choice = new Plcalc.Choice { StructSize = SizeOf<Plcalc.Choice>() };
+        var candidates = new Plcalc.Candidate[16];
+        candidates[0].StructSize = SizeOf<Plcalc.Candidate>();
+        MustOrNoAnswer(Plcalc.plc_find(parcel, ref search, other, candidates, candidates.Length, ref choice));
+        Plcalc.plc_parcel_free(parcel);
+        Plcalc.plc_other_free(other);
+        SayText(Plcalc.plc_choice_text(choice.Status));
+        SayText(Plcalc.plc_boundary_text(choice.Boundary));
+        Say(choice.Nearest);
+        Say(choice.Candidates);
+        for (long i = 0; i < choice.Candidates + choice.HasNext; ++i) {
+            Plcalc.Candidate each = candidates[i];
+            Say(each.Index);
+            Say(each.Ring);
+            Say(each.Length, each.BearingGon, each.TurnedGon, each.Distance, each.Alongside);
+        }
     }
 
     static void Geometry(string name)
@@ -254,10 +487,14 @@ static class Answers
             words = new Queue<string>(line.Split(' '));
             string name = words.Dequeue();
             said = new List<string> { name };
-            if (name == "divide")
-                Divide();
-            else
-                Geometry(name);
+            switch (name) {
+            case "divide": Divide(); break;
+            case "all_divisions": AllDivisions(); break;
+            case "feasible": Feasible(); break;
+            case "alternatives": Alternatives(); break;
+            case "find": Find(); break;
+            default: Geometry(name); break;
+            }
             Console.WriteLine(string.Join(" ", said));
         }
     }

@@ -70,7 +70,77 @@ public class Answers {
         public double asked, area, residual;
     }
 
+    @FieldOrder({"structSize", "leastIsHad", "least", "most", "mostIsHad", "reserved"})
+    public static class Range extends Structure {
+        public int structSize, leastIsHad;
+        public double least, most;
+        public int mostIsHad, reserved;
+    }
+
+    @FieldOrder({"structSize", "refused", "ranges", "parcel"})
+    public static class FeasibleInfo extends Structure {
+        public int structSize = size(), refused;
+        public long ranges;
+        public double parcel;
+    }
+
+    @FieldOrder({"structSize", "hasBelow", "below", "above", "hasAbove", "belowIsHad", "aboveIsHad", "reserved"})
+    public static class Nearest extends Structure {
+        public int structSize = size(), hasBelow;
+        public double below, above;
+        public int hasAbove, belowIsHad, aboveIsHad, reserved;
+    }
+
+    @FieldOrder({"structSize", "cut", "index", "ring", "measured", "leastIsHad", "least", "most", "mostIsHad", "reserved"})
+    public static class Alternative extends Structure {
+        public int structSize, cut;
+        public long index, ring;
+        public int measured, leastIsHad;
+        public double least, most;
+        public int mostIsHad, reserved;
+    }
+
+    @FieldOrder({"structSize", "refused", "lines", "lookedAt", "of"})
+    public static class AlternativesInfo extends Structure {
+        public int structSize = size(), refused;
+        public long lines, lookedAt, of;
+    }
+
+    @FieldOrder({"structSize", "wanted", "x", "y", "bearingGon", "distance", "angleGon", "tiedWithin"})
+    public static class Search extends Structure {
+        public int structSize = size(), wanted;
+        public double x, y, bearingGon, distance, angleGon, tiedWithin;
+    }
+
+    @FieldOrder({"structSize", "reserved", "index", "ring", "length", "bearingGon", "turnedGon", "distance", "alongside"})
+    public static class Candidate extends Structure {
+        public int structSize, reserved;
+        public long index, ring;
+        public double length, bearingGon, turnedGon, distance, alongside;
+    }
+
+    @FieldOrder({"structSize", "status", "boundary", "hasNext", "candidates", "nearest"})
+    public static class Choice extends Structure {
+        public int structSize = size(), status, boundary, hasNext;
+        public long candidates;
+        public double nearest;
+    }
+
     public interface Plcalc extends Library {
+        int plc_all_divisions(Pointer parcel, Request request, Pointer amounts, long count, PointerByReference divisions);
+        long plc_divisions_count(Pointer divisions);
+        Pointer plc_divisions_at(Pointer divisions, long index);
+        void plc_divisions_free(Pointer divisions);
+        int plc_feasible(Pointer parcel, Request request, Pointer ranges, long room, FeasibleInfo info);
+        int plc_nearest_amounts(Pointer ranges, long count, double area, Nearest nearest);
+        int plc_alternatives_for(Pointer parcel, Amount amount, int measured, long most, Pointer lines, long room,
+                                 AlternativesInfo info);
+        int plc_other_make(double[] xyxy, long count, PointerByReference other);
+        void plc_other_free(Pointer other);
+        int plc_find(Pointer parcel, Search search, Pointer other, Pointer candidates, long room, Choice choice);
+        String plc_status_text(int status);
+        String plc_boundary_text(int boundary);
+        String plc_choice_text(int status);
         int plc_parcel_make(double[] xy, long count, PointerByReference parcel);
         int plc_parcel_add_hole(Pointer parcel, double[] xy, long count);
         void plc_parcel_free(Pointer parcel);
@@ -131,9 +201,30 @@ public class Answers {
             said.append(String.format(" %016x", Double.doubleToRawLongBits(number)));
     }
 
+    void sayText(String text) {
+        said.append(" '").append(text).append("'");
+    }
+
     static void must(int code) {
         if (code != OK)
             throw new IllegalStateException("code " + code);
+    }
+
+    static void mustOrNoAnswer(int code) {
+        if (code != NO_ANSWER)
+            must(code);
+    }
+
+    /** The records of an array, of which the first one knows its size. */
+    static Structure[] room(Structure first, int count) {
+        Structure[] records = first.toArray(count);
+        first.getPointer().setInt(0, first.size());
+        return records;
+    }
+
+    static void read(Structure[] records) {
+        for (Structure record : records)
+            record.read();
     }
 
     void sayRing(Pointer division, long piece, long ring) {
@@ -146,7 +237,7 @@ public class Answers {
     }
 
     void sayDivision(Pointer division) {
-        said.append(" '").append(plcalc.plc_division_text(division)).append("'");
+        sayText(plcalc.plc_division_text(division));
         DivisionInfo info = new DivisionInfo();
         must(plcalc.plc_division_get(division, info));
         say(info.atAmount);
@@ -188,7 +279,7 @@ public class Answers {
         }
     }
 
-    void divide() {
+    Request line() {
         Request request = new Request();
         request.structSize = request.size();
         request.cut = i();
@@ -202,20 +293,36 @@ public class Answers {
         request.along = d();
         request.measured = i();
         request.pieces = i();
+        return request;
+    }
+
+    Request request() {
+        Request request = line();
         request.alternative = i();
         request.rounded = i();
         request.decimals = i();
         request.roundingTolerance = d();
         request.askLibrary = i();
+        return request;
+    }
+
+    void fill(Amount amount) {
+        amount.structSize = amount.size();
+        amount.given = i();
+        amount.first = d();
+        amount.second = d();
+        amount.write();
+    }
+
+    Amount[] amounts() {
         int count = i();
         Amount[] amounts = count == 0 ? new Amount[0] : (Amount[]) new Amount().toArray(count);
-        for (Amount amount : amounts) {
-            amount.structSize = amount.size();
-            amount.given = i();
-            amount.first = d();
-            amount.second = d();
-            amount.write();
-        }
+        for (Amount amount : amounts)
+            fill(amount);
+        return amounts;
+    }
+
+    Pointer parcel() {
         int rings = i();
         double[] outer = ring();
         PointerByReference parcel = new PointerByReference();
@@ -224,14 +331,126 @@ public class Answers {
             double[] hole = ring();
             must(plcalc.plc_parcel_add_hole(parcel.getValue(), hole, hole.length / 2));
         }
+        return parcel.getValue();
+    }
+
+    void divide() {
+        Request request = request();
+        Amount[] amounts = amounts();
+        Pointer parcel = parcel();
         PointerByReference division = new PointerByReference();
-        Pointer first = count == 0 ? null : amounts[0].getPointer();
-        int code = plcalc.plc_divide(parcel.getValue(), request, first, count, division);
-        if (code != NO_ANSWER)
-            must(code);
-        plcalc.plc_parcel_free(parcel.getValue());
+        Pointer first = amounts.length == 0 ? null : amounts[0].getPointer();
+        mustOrNoAnswer(plcalc.plc_divide(parcel, request, first, amounts.length, division));
+        plcalc.plc_parcel_free(parcel);
         sayDivision(division.getValue());
         plcalc.plc_division_free(division.getValue());
+    }
+
+    void allDivisions() {
+        Request request = request();
+        Amount[] amounts = amounts();
+        Pointer parcel = parcel();
+        PointerByReference divisions = new PointerByReference();
+        mustOrNoAnswer(
+            plcalc.plc_all_divisions(parcel, request, amounts[0].getPointer(), amounts.length, divisions));
+        plcalc.plc_parcel_free(parcel);
+        long count = plcalc.plc_divisions_count(divisions.getValue());
+        say(count);
+        for (long i = 0; i < count; ++i)
+            sayDivision(plcalc.plc_divisions_at(divisions.getValue(), i));
+        plcalc.plc_divisions_free(divisions.getValue());
+    }
+
+    void sayRefusal(int refused) {
+        sayText(refused == 0 ? "" : plcalc.plc_status_text(refused));
+    }
+
+    void feasible() {
+        Request line = line();
+        double area = d();
+        Pointer parcel = parcel();
+        FeasibleInfo info = new FeasibleInfo();
+        Structure[] ranges = room(new Range(), 16);
+        mustOrNoAnswer(plcalc.plc_feasible(parcel, line, ranges[0].getPointer(), ranges.length, info));
+        plcalc.plc_parcel_free(parcel);
+        read(ranges);
+        sayRefusal(info.refused);
+        say(info.parcel);
+        say(info.ranges);
+        for (int i = 0; i < info.ranges; ++i) {
+            Range range = (Range) ranges[i];
+            say(range.least, range.most);
+            say((long) range.leastIsHad);
+            say((long) range.mostIsHad);
+        }
+        Nearest nearest = new Nearest();
+        must(plcalc.plc_nearest_amounts(ranges[0].getPointer(), info.ranges, area, nearest));
+        say((long) nearest.hasBelow);
+        say(nearest.below);
+        say((long) nearest.hasAbove);
+        say(nearest.above);
+        say((long) nearest.belowIsHad);
+        say((long) nearest.aboveIsHad);
+    }
+
+    void alternatives() {
+        Amount amount = new Amount();
+        fill(amount);
+        int measured = i();
+        int most = i();
+        Pointer parcel = parcel();
+        AlternativesInfo info = new AlternativesInfo();
+        Structure[] lines = room(new Alternative(), most);
+        mustOrNoAnswer(
+            plcalc.plc_alternatives_for(parcel, amount, measured, most, lines[0].getPointer(), most, info));
+        plcalc.plc_parcel_free(parcel);
+        read(lines);
+        sayRefusal(info.refused);
+        say(info.lookedAt);
+        say(info.of);
+        say(info.lines);
+        for (int i = 0; i < info.lines; ++i) {
+            Alternative line = (Alternative) lines[i];
+            say((long) line.cut);
+            say(line.index);
+            say(line.ring);
+            say((long) line.measured);
+            say(line.least, line.most);
+            say((long) line.leastIsHad);
+            say((long) line.mostIsHad);
+        }
+    }
+
+    void find() {
+        Search search = new Search();
+        search.wanted = i();
+        search.x = d();
+        search.y = d();
+        search.bearingGon = d();
+        search.distance = d();
+        search.angleGon = d();
+        search.tiedWithin = d();
+        int count = i();
+        PointerByReference other = new PointerByReference();
+        must(plcalc.plc_other_make(d(4 * count), count, other));
+        Pointer parcel = parcel();
+        Choice choice = new Choice();
+        Structure[] candidates = room(new Candidate(), 16);
+        mustOrNoAnswer(plcalc.plc_find(parcel, search, other.getValue(), candidates[0].getPointer(), candidates.length,
+                                       choice));
+        plcalc.plc_parcel_free(parcel);
+        plcalc.plc_other_free(other.getValue());
+        read(candidates);
+        sayText(plcalc.plc_choice_text(choice.status));
+        sayText(plcalc.plc_boundary_text(choice.boundary));
+        say(choice.nearest);
+        say(choice.candidates);
+        for (int i = 0; i < choice.candidates + choice.hasNext; ++i) {
+            Candidate each = (Candidate) candidates[i];
+            say(each.index);
+            say(each.ring);
+            say(each.length, each.bearingGon, each.turnedGon, each.distance, each.alongside);
+        }
     }
 
     void geometry(String name) {
@@ -271,10 +490,14 @@ public class Answers {
                 continue;
             Answers answers = new Answers(line);
             String name = answers.words.remove();
-            if (name.equals("divide"))
-                answers.divide();
-            else
-                answers.geometry(name);
+            switch (name) {
+            case "divide": answers.divide(); break;
+            case "all_divisions": answers.allDivisions(); break;
+            case "feasible": answers.feasible(); break;
+            case "alternatives": answers.alternatives(); break;
+            case "find": answers.find(); break;
+            default: answers.geometry(name); break;
+            }
             System.out.println(name + answers.said);
         }
     }

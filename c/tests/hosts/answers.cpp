@@ -6,12 +6,15 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
-#include <limits>
+#include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "plcalc/plcalc.h"
 #include "plparcel/division.h"
+#include "plparcel/feasible.h"
+#include "plparcel/which_side.h"
 
 namespace {
 
@@ -28,6 +31,36 @@ public:
     {
         const double x = d();
         return {x, d()};
+    }
+
+    plparcel::Parcel parcel()
+    {
+        const int rings = i();
+        plparcel::Parcel parcel;
+        parcel.outer = ring();
+        for (int k = 1; k < rings; ++k)
+            parcel.holes.push_back(ring());
+        return parcel;
+    }
+
+    plparcel::Line line()
+    {
+        plparcel::Line line;
+        line.cut = static_cast<plparcel::Cut>(i());
+        line.index = index();
+        line.ring = index();
+        line.bearing = d();
+        line.a = point();
+        line.b = point();
+        line.along = d();
+        return line;
+    }
+
+    plparcel::Amount amount()
+    {
+        const auto given = static_cast<plparcel::Given>(i());
+        const double first = d();
+        return {given, first, d()};
     }
 
     plparcel::Ring ring()
@@ -104,16 +137,10 @@ void say(const plparcel::Piece& piece)
         say(hole);
 }
 
-void divide(Words& words)
+plparcel::Request request_of(Words& words)
 {
     plparcel::Request request;
-    request.line.cut = static_cast<plparcel::Cut>(words.i());
-    request.line.index = words.index();
-    request.line.ring = words.index();
-    request.line.bearing = words.d();
-    request.line.a = words.point();
-    request.line.b = words.point();
-    request.line.along = words.d();
+    request.line = words.line();
     request.measured = static_cast<plparcel::Measured>(words.i());
     request.pieces = static_cast<plparcel::Pieces>(words.i());
     request.alternative = words.index();
@@ -124,18 +151,13 @@ void divide(Words& words)
     if (const double tolerance = words.d(); tolerance > 0.0)
         request.rounding.tolerance = tolerance;
     request.ask_library = words.i() != 0;
-    for (int left = words.i(); left > 0; --left) {
-        const auto given = static_cast<plparcel::Given>(words.i());
-        const double first = words.d();
-        request.amounts.push_back({given, first, words.d()});
-    }
-    plparcel::Parcel parcel;
-    const int rings = words.i();
-    parcel.outer = words.ring();
-    for (int k = 1; k < rings; ++k)
-        parcel.holes.push_back(words.ring());
+    for (int left = words.i(); left > 0; --left)
+        request.amounts.push_back(words.amount());
+    return request;
+}
 
-    const plparcel::Division division = plparcel::divide(parcel, request);
+void say(const plparcel::Division& division)
+{
     std::printf(" '%s'", plparcel::describe(division));
     say_count(division.at_amount);
     say(static_cast<long long>(division.decimals.value_or(-1)));
@@ -156,6 +178,120 @@ void divide(Words& words)
         say(answer.line.start);
         say(answer.line.end);
     }
+}
+
+void divide(Words& words)
+{
+    const plparcel::Request request = request_of(words);
+    say(plparcel::divide(words.parcel(), request));
+}
+
+void all_divisions(Words& words)
+{
+    const plparcel::Request request = request_of(words);
+    const std::vector<plparcel::Division> all = plparcel::all_divisions(words.parcel(), request);
+    say_count(all.size());
+    for (const plparcel::Division& each : all)
+        say(each);
+}
+
+void say(const std::optional<plparcel::Status>& refusal)
+{
+    std::printf(" '%s'", refusal ? plparcel::describe(*refusal) : "");
+}
+
+void say(const plparcel::AmountRange& range)
+{
+    say(range.least);
+    say(range.most);
+    say(static_cast<long long>(range.least_is_had));
+    say(static_cast<long long>(range.most_is_had));
+}
+
+void say(const std::optional<double>& number)
+{
+    say(static_cast<long long>(number.has_value()));
+    say(number.value_or(0.0));
+}
+
+void feasible(Words& words)
+{
+    const plparcel::Line line = words.line();
+    const auto measured = static_cast<plparcel::Measured>(words.i());
+    const auto pieces = static_cast<plparcel::Pieces>(words.i());
+    const double area = words.d();
+    const plparcel::Feasible found = plparcel::feasible(words.parcel(), line, measured, pieces);
+    say(found.refusal);
+    say(found.parcel);
+    say_count(found.ranges.size());
+    for (const plparcel::AmountRange& range : found.ranges)
+        say(range);
+    const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(found.ranges, area);
+    say(nearest.below);
+    say(nearest.above);
+    say(static_cast<long long>(nearest.below_is_had));
+    say(static_cast<long long>(nearest.above_is_had));
+}
+
+void alternatives(Words& words)
+{
+    const plparcel::Amount amount = words.amount();
+    const auto measured = static_cast<plparcel::Measured>(words.i());
+    const std::size_t most = words.index();
+    const plparcel::Alternatives found = plparcel::alternatives_for(words.parcel(), amount, measured, most);
+    say(found.refusal);
+    say_count(found.looked_at);
+    say_count(found.of);
+    say_count(found.lines.size());
+    for (const plparcel::Alternative& each : found.lines) {
+        say(static_cast<long long>(each.line.cut));
+        say_count(each.line.index);
+        say_count(each.line.ring);
+        say(static_cast<long long>(each.measured));
+        say(each.range);
+    }
+}
+
+void say(const plparcel::Candidate& candidate)
+{
+    say_count(candidate.place.index);
+    say_count(candidate.place.ring);
+    for (const double each :
+         {candidate.length, candidate.bearing, candidate.turned, candidate.distance, candidate.alongside})
+        say(each);
+}
+
+void find(Words& words)
+{
+    const int wanted = words.i();
+    const PL_PNT2D_record point = words.point();
+    const double bearing = words.d();
+    const double distance = words.d();
+    const double angle = words.d();
+    const double tied = words.d();
+    std::vector<plparcel::Segment> segments(words.index());
+    for (plparcel::Segment& segment : segments) {
+        segment.from = words.point();
+        segment.to = words.point();
+    }
+    const plparcel::OtherGeometry other(segments);
+    const plparcel::Alongside alongside =
+        angle == 0.0 ? plparcel::Alongside{distance} : plparcel::Alongside{distance, angle};
+    const plparcel::Parcel parcel = words.parcel();
+    const plparcel::Choice found = wanted == 0   ? plparcel::longest_side(parcel, tied)
+                                   : wanted == 1 ? plparcel::shortest_side(parcel, tied)
+                                   : wanted == 2 ? plparcel::side_near(parcel, point, tied)
+                                   : wanted == 3 ? plparcel::side_facing(parcel, bearing, tied)
+                                   : wanted == 4 ? plparcel::side_along(parcel, other, alongside, tied)
+                                   : wanted == 5 ? plparcel::vertex_near(parcel, point, tied)
+                                                 : plparcel::vertex_farthest(parcel, bearing, tied);
+    std::printf(" '%s' '%s'", plparcel::describe(found.status), plparcel::describe(found.boundary));
+    say(found.nearest);
+    say_count(found.candidates.size());
+    for (const plparcel::Candidate& candidate : found.candidates)
+        say(candidate);
+    if (found.next)
+        say(*found.next);
 }
 
 CPoint3dVector points_of(const plparcel::Ring& ring)
@@ -215,6 +351,14 @@ bool answer(const std::string& name, Words& words)
 {
     if (name == "divide")
         divide(words);
+    else if (name == "all_divisions")
+        all_divisions(words);
+    else if (name == "feasible")
+        feasible(words);
+    else if (name == "alternatives")
+        alternatives(words);
+    else if (name == "find")
+        find(words);
     else if (name == "signed_area")
         say(AreaCalcolataSgn(points_of(words.ring())));
     else if (name == "fraz_area")

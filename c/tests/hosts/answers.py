@@ -48,6 +48,44 @@ class HeldInfo(Record):
                 ("residual", DOUBLE)]
 
 
+class Range(Record):
+    _fields_ = [("struct_size", UINT32), ("least_is_had", INT32), ("least", DOUBLE), ("most", DOUBLE),
+                ("most_is_had", INT32), ("reserved", INT32)]
+
+
+class FeasibleInfo(Record):
+    _fields_ = [("struct_size", UINT32), ("refused", INT32), ("ranges", INT64), ("parcel", DOUBLE)]
+
+
+class Nearest(Record):
+    _fields_ = [("struct_size", UINT32), ("has_below", INT32), ("below", DOUBLE), ("above", DOUBLE), ("has_above", INT32),
+                ("below_is_had", INT32), ("above_is_had", INT32), ("reserved", INT32)]
+
+
+class Alternative(Record):
+    _fields_ = [("struct_size", UINT32), ("cut", INT32), ("index", INT64), ("ring", INT64), ("measured", INT32),
+                ("least_is_had", INT32), ("least", DOUBLE), ("most", DOUBLE), ("most_is_had", INT32), ("reserved", INT32)]
+
+
+class AlternativesInfo(Record):
+    _fields_ = [("struct_size", UINT32), ("refused", INT32), ("lines", INT64), ("looked_at", INT64), ("of", INT64)]
+
+
+class Search(Record):
+    _fields_ = [("struct_size", UINT32), ("wanted", INT32), ("x", DOUBLE), ("y", DOUBLE), ("bearing_gon", DOUBLE),
+                ("distance", DOUBLE), ("angle_gon", DOUBLE), ("tied_within", DOUBLE)]
+
+
+class Candidate(Record):
+    _fields_ = [("struct_size", UINT32), ("reserved", INT32), ("index", INT64), ("ring", INT64), ("length", DOUBLE),
+                ("bearing_gon", DOUBLE), ("turned_gon", DOUBLE), ("distance", DOUBLE), ("alongside", DOUBLE)]
+
+
+class Choice(Record):
+    _fields_ = [("struct_size", UINT32), ("status", INT32), ("boundary", INT32), ("has_next", INT32),
+                ("candidates", INT64), ("nearest", DOUBLE)]
+
+
 def load(path):
     library = ctypes.CDLL(path)
     handle, doubles = ctypes.c_void_p, ctypes.POINTER(DOUBLE)
@@ -55,6 +93,15 @@ def load(path):
         "plc_parcel_make": [doubles, INT64, ctypes.POINTER(handle)],
         "plc_parcel_add_hole": [handle, doubles, INT64],
         "plc_divide": [handle, ctypes.POINTER(Request), ctypes.POINTER(Amount), INT64, ctypes.POINTER(handle)],
+        "plc_all_divisions": [handle, ctypes.POINTER(Request), ctypes.POINTER(Amount), INT64, ctypes.POINTER(handle)],
+        "plc_divisions_count": [handle],
+        "plc_divisions_at": [handle, INT64],
+        "plc_feasible": [handle, ctypes.POINTER(Request), ctypes.POINTER(Range), INT64, ctypes.POINTER(FeasibleInfo)],
+        "plc_nearest_amounts": [ctypes.POINTER(Range), INT64, DOUBLE, ctypes.POINTER(Nearest)],
+        "plc_alternatives_for": [handle, ctypes.POINTER(Amount), INT32, INT64, ctypes.POINTER(Alternative), INT64,
+                                 ctypes.POINTER(AlternativesInfo)],
+        "plc_other_make": [doubles, INT64, ctypes.POINTER(handle)],
+        "plc_find": [handle, ctypes.POINTER(Search), handle, ctypes.POINTER(Candidate), INT64, ctypes.POINTER(Choice)],
         "plc_division_get": [handle, ctypes.POINTER(DivisionInfo)],
         "plc_division_line": [handle, INT64, ctypes.POINTER(LineInfo)],
         "plc_division_segment": [handle, INT64, INT64, doubles],
@@ -70,16 +117,19 @@ def load(path):
     }
     for name, types in arguments.items():
         getattr(library, name).argtypes = types
-    for name in ("plc_parcel_free", "plc_division_free"):
+    for name in ("plc_parcel_free", "plc_division_free", "plc_divisions_free", "plc_other_free"):
         getattr(library, name).argtypes = [handle]
         getattr(library, name).restype = None
+    library.plc_divisions_count.restype = INT64
+    library.plc_divisions_at.restype = handle
     library.plc_division_text.argtypes = [handle]
-    library.plc_division_text.restype = ctypes.c_char_p
+    for name in ("plc_division_text", "plc_status_text", "plc_boundary_text", "plc_choice_text"):
+        getattr(library, name).restype = ctypes.c_char_p
     return library
 
 
-def must(code):
-    if code != OK:
+def must(code, *others):
+    if code != OK and code not in others:
         sys.exit(f"code {code}")
 
 
@@ -101,7 +151,13 @@ class Words:
         return self.d(2 * self.i())
 
 
+def quoted(text):
+    return f"'{text.decode()}'"
+
+
 def word(value):
+    if isinstance(value, str):
+        return value
     return str(value) if isinstance(value, int) else struct.pack(">d", value).hex()
 
 
@@ -116,6 +172,7 @@ def ring_words(library, division, piece, ring):
 def division_words(library, division):
     info = DivisionInfo()
     must(library.plc_division_get(division, info))
+    yield quoted(library.plc_division_text(division))
     yield from [info.at_amount, info.decimals, info.area, info.trials]
     xyxy = (DOUBLE * 4)()
     for i in range(info.lines):
@@ -143,33 +200,104 @@ def division_words(library, division):
         yield from xyxy
 
 
-def divide(library, words):
+def request_of(words):
     cut, index, ring = words.i(), words.i(), words.i()
     bearing, a_x, a_y, b_x, b_y, along = words.d(6)
-    measured, pieces, alternative, rounded, decimals = (words.i() for _ in range(5))
-    tolerance, = words.d(1)
-    request = Request(cut=cut, index=index, ring=ring, bearing_gon=bearing, a_x=a_x, a_y=a_y, b_x=b_x, b_y=b_y,
-                      along=along, measured=measured, pieces=pieces, alternative=alternative, rounded=rounded,
-                      decimals=decimals, rounding_tolerance=tolerance, ask_library=words.i())
-    amounts = []
-    for _ in range(words.i()):
-        given = words.i()
-        first, second = words.d(2)
-        amounts.append(Amount(given=given, first=first, second=second))
-    rings = [words.ring() for _ in range(words.i())]
+    return Request(cut=cut, index=index, ring=ring, bearing_gon=bearing, a_x=a_x, a_y=a_y, b_x=b_x, b_y=b_y, along=along,
+                   measured=words.i(), pieces=words.i())
 
-    parcel, division = ctypes.c_void_p(), ctypes.c_void_p()
+
+def amount_of(words):
+    given = words.i()
+    first, second = words.d(2)
+    return Amount(given=given, first=first, second=second)
+
+
+def parcel_of(library, words):
+    rings = [words.ring() for _ in range(words.i())]
+    parcel = ctypes.c_void_p()
     must(library.plc_parcel_make(array(rings[0]), len(rings[0]) // 2, parcel))
     for hole in rings[1:]:
         must(library.plc_parcel_add_hole(parcel, array(hole), len(hole) // 2))
-    code = library.plc_divide(parcel, request, (Amount * len(amounts))(*amounts), len(amounts), division)
-    if code not in (OK, NO_ANSWER):
-        must(code)
-    text = library.plc_division_text(division).decode()
-    answer = [f"'{text}'", *map(word, division_words(library, division))]
-    library.plc_division_free(division)
+    return parcel
+
+
+def whole_request_of(words):
+    request = request_of(words)
+    request.alternative, request.rounded, request.decimals = words.i(), words.i(), words.i()
+    request.rounding_tolerance, = words.d(1)
+    request.ask_library = words.i()
+    amounts = [amount_of(words) for _ in range(words.i())]
+    return request, (Amount * len(amounts))(*amounts), len(amounts)
+
+
+def divide(library, words):
+    request = whole_request_of(words)
+    parcel, division = parcel_of(library, words), ctypes.c_void_p()
+    must(library.plc_divide(parcel, *request, division), NO_ANSWER)
     library.plc_parcel_free(parcel)
-    return answer
+    yield from division_words(library, division)
+    library.plc_division_free(division)
+
+
+def all_divisions(library, words):
+    request = whole_request_of(words)
+    parcel, divisions = parcel_of(library, words), ctypes.c_void_p()
+    must(library.plc_all_divisions(parcel, *request, divisions), NO_ANSWER)
+    library.plc_parcel_free(parcel)
+    count = library.plc_divisions_count(divisions)
+    yield count
+    for i in range(count):
+        yield from division_words(library, library.plc_divisions_at(divisions, i))
+    library.plc_divisions_free(divisions)
+
+
+def refusal(library, number):
+    return quoted(library.plc_status_text(number) if number else b"")
+
+
+def feasible(library, words):
+    request = request_of(words)
+    area, = words.d(1)
+    parcel, info, nearest = parcel_of(library, words), FeasibleInfo(), Nearest()
+    must(library.plc_feasible(parcel, request, None, 0, info), NO_ANSWER)
+    ranges = (Range * max(info.ranges, 1))(Range())
+    must(library.plc_feasible(parcel, request, ranges, info.ranges, info), NO_ANSWER)
+    library.plc_parcel_free(parcel)
+    yield from [refusal(library, info.refused), info.parcel, info.ranges]
+    for each in ranges[:info.ranges]:
+        yield from [each.least, each.most, each.least_is_had, each.most_is_had]
+    must(library.plc_nearest_amounts(ranges, info.ranges, area, nearest))
+    yield from [nearest.has_below, nearest.below, nearest.has_above, nearest.above, nearest.below_is_had,
+                nearest.above_is_had]
+
+
+def alternatives(library, words):
+    amount, measured, most = amount_of(words), words.i(), words.i()
+    parcel, info = parcel_of(library, words), AlternativesInfo()
+    lines = (Alternative * most)(Alternative())
+    must(library.plc_alternatives_for(parcel, amount, measured, most, lines, most, info), NO_ANSWER)
+    library.plc_parcel_free(parcel)
+    yield from [refusal(library, info.refused), info.looked_at, info.of, info.lines]
+    for each in lines[:info.lines]:
+        yield from [each.cut, each.index, each.ring, each.measured, each.least, each.most, each.least_is_had,
+                    each.most_is_had]
+
+
+def find(library, words):
+    search = Search(wanted=words.i())
+    search.x, search.y, search.bearing_gon, search.distance, search.angle_gon, search.tied_within = words.d(6)
+    count = words.i()
+    other, choice, candidates = ctypes.c_void_p(), Choice(), (Candidate * 16)(Candidate())
+    must(library.plc_other_make(array(words.d(4 * count)), count, other))
+    parcel = parcel_of(library, words)
+    must(library.plc_find(parcel, search, other, candidates, len(candidates), choice), NO_ANSWER)
+    library.plc_parcel_free(parcel)
+    library.plc_other_free(other)
+    yield from [quoted(library.plc_choice_text(choice.status)), quoted(library.plc_boundary_text(choice.boundary)),
+                choice.nearest, choice.candidates]
+    for each in candidates[:choice.candidates + choice.has_next]:
+        yield from [each.index, each.ring, each.length, each.bearing_gon, each.turned_gon, each.distance, each.alongside]
 
 
 def geometry(library, name, words):
@@ -195,13 +323,16 @@ def geometry(library, name, words):
     return [*xy[:2], abscissa.value, ordinate.value]
 
 
+LAYER = {"divide": divide, "all_divisions": all_divisions, "feasible": feasible, "alternatives": alternatives, "find": find}
+
+
 def main():
     library = load(sys.argv[1])
     with open(sys.argv[2], encoding="ascii") as requests:
         for line in requests:
             name, *rest = line.split() or ["#"]
-            if name == "divide":
-                print(name, *divide(library, Words(rest)))
+            if name in LAYER:
+                print(name, *map(word, LAYER[name](library, Words(rest))))
             elif not name.startswith("#"):
                 print(name, *map(word, geometry(library, name, Words(rest))))
 
