@@ -10,14 +10,14 @@ the names of the C++ layer, `plcalc.core` the library below it with all its func
 """
 
 from . import core, plparcel
-from ._divide import area, divide, feasible, measure, product, share, width
+from ._divide import all_divisions, area, divide, feasible, measure, product, share, width
 from ._parcels import parcel
 from ._results import Division, Line, Piece, Refused
-from ._sides import Undecided, beside, facing, longest, nearest_to, shortest
+from ._sides import Undecided, beside, facing, farthest, longest, nearest_to, shortest
 
 __version__ = core.PlFunz_version()
-__all__ = ["Division", "Line", "Piece", "Refused", "Undecided", "area", "beside", "core", "divide", "divide_frame", "facing",
-           "feasible", "longest", "measure", "nearest_to", "parcel", "plparcel", "product", "share", "shortest", "width"]
+__all__ = ["Division", "Line", "Piece", "Refused", "Undecided", "all_divisions", "area", "beside", "core", "divide",
+           "divide_frame", "facing", "farthest", "feasible", "longest", "measure", "nearest_to", "parcel", "plparcel", "product", "share", "shortest", "width"]
 
 
 def __getattr__(name):

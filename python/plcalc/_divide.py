@@ -84,11 +84,16 @@ def _index(given, what):
     return index
 
 
-def _side(make, given):
-    """A side of the outer ring, or (side, ring)."""
+def _of_ring(make, given, what):
+    """A side or a vertex of the outer ring, or (side, ring)."""
     if isinstance(given, tuple):
-        return make(_index(given[0], "sides"), _index(given[1], "rings"))
-    return make(_index(given, "sides"))
+        index, ring = given
+        return make(_index(index, what), _index(ring, "rings"))
+    return make(_index(given, what))
+
+
+def _place(side, distance, ring=0):
+    return _layer.through_place(_index(side, "sides"), distance, _index(ring, "rings"))
 
 
 def line_of(parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None, through_place=None,
@@ -103,19 +108,18 @@ def line_of(parallel_to=None, perpendicular_to=None, through_vertex=None, at_bea
     if bearing is not None and through_point is None:
         raise TypeError("bearing says where to look first, and goes with through_point; the bearing of a line is at_bearing")
     if parallel_to is not None:
-        return _side(_layer.parallel_to, parallel_to)
+        return _of_ring(_layer.parallel_to, parallel_to, "sides")
     if perpendicular_to is not None:
-        return _side(_layer.perpendicular_to, perpendicular_to)
+        return _of_ring(_layer.perpendicular_to, perpendicular_to, "sides")
     if through_vertex is not None:
-        return _layer.through_vertex(_index(through_vertex, "vertices"))
+        return _of_ring(_layer.through_vertex, through_vertex, "vertices")
     if at_bearing is not None:
         return _layer.at_bearing(at_bearing)
     if along is not None:
         start, end = _points(along)
         return _layer.along_segment(start, end)
     if through_place is not None:
-        side, distance = through_place
-        return _layer.through_place(_index(side, "sides"), distance)
+        return _place(*through_place)
     point, = _points([through_point])
     return _layer.through_point(point, 0.0 if bearing is None else bearing)
 
@@ -138,6 +142,12 @@ def _points(given):
         yield tuple(map(float, interface["coordinates"] if interface is not None else point))[:2]
 
 
+def _line_for(parcel, parallel_to, perpendicular_to, through_vertex, *others):
+    """The line, where a side or a vertex may be named by what it is."""
+    return line_of(_side_of(parallel_to, parcel), _side_of(perpendicular_to, parcel), _vertex_of(through_vertex, parcel),
+                   *others)
+
+
 def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None,
            through_place=None, through_point=None, bearing=None, area=None, product=None, share=None, width=None,
            parts=None, amounts=None, opposite=False, alternative=0, any_pieces=False, decimals=None, tolerance=1e-6,
@@ -149,10 +159,10 @@ def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=No
     The line, one of:
     parallel_to, perpendicular_to: a side, or (side, ring), where ring k is the k-th hole; or what the side is:
         `plcalc.longest`, `plcalc.shortest`, `plcalc.nearest_to(point)`, `plcalc.facing(bearing)`, `plcalc.beside(road, 10)`
-    through_vertex: a vertex, or `plcalc.nearest_to(point)`
+    through_vertex: a vertex, or (vertex, ring), `plcalc.nearest_to(point)`, `plcalc.farthest(bearing)`
     at_bearing: gons, clockwise from North
     along: a segment that gives the direction, two points
-    through_place: (side, distance along it)
+    through_place: (side, distance along it), or (side, distance, ring)
     through_point: a point; `bearing` says where to look first when several lines hold the amount
 
     The amounts, one of; lists are cut one after another:
@@ -175,13 +185,34 @@ def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=No
         ValueError for a request that is none.
     """
     given = _parcel_of(parcel)
-    line = line_of(_side_of(parallel_to, given), _side_of(perpendicular_to, given), _vertex_of(through_vertex, given), at_bearing, along, through_place, through_point, bearing)
-    answer = _layer.divide(given, line, _amounts(area, product, share, width, parts, amounts), opposite,
-                           _index(alternative, "alternatives"), any_pieces, decimals, tolerance)
-    division = Division(given, line, opposite, any_pieces, answer)
+    line = _line_for(given, parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point,
+                     bearing)
+    listed = _amounts(area, product, share, width, parts, amounts)
+    answer = _layer.divide(given, line, listed, opposite, _index(alternative, "alternatives"), any_pieces, decimals,
+                           tolerance)
+    division = Division(given, line, listed, opposite, any_pieces, answer)
     if raise_on_refusal and not answer.divided:
         raise Refused(division)
     return division
+
+
+def all_divisions(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None,
+                  through_place=None, through_point=None, bearing=None, area=None, product=None, share=None, width=None,
+                  parts=None, amounts=None, opposite=False, alternative=0, any_pieces=False, decimals=None, tolerance=1e-6):
+    """Divides a parcel by each of the lines that hold the first amount. The arguments are those of `divide`.
+
+    Returns: the divisions, in the order of `alternative`. Where no line holds the amount, the only one says why, and is false.
+    """
+    given = _parcel_of(parcel)
+    line = _line_for(given, parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point,
+                     bearing)
+    listed = _amounts(area, product, share, width, parts, amounts)
+    side, pieces = _layer.Measured, _layer.Pieces
+    request = _layer.Request(line, listed, side.opposite if opposite else side.from_reference,
+                             _index(alternative, "alternatives"), pieces.any if any_pieces else pieces.two,
+                             _layer.Rounding(decimals, tolerance))
+    return tuple(Division(given, line, listed, opposite, any_pieces, answer)
+                 for answer in _layer.all_divisions(given, request))
 
 
 def measure(parcel):
@@ -200,6 +231,6 @@ def feasible(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=
         Whether the ends are had themselves tells `plcalc.plparcel.feasible`, which this asks.
     """
     given = _parcel_of(parcel)
-    line = line_of(_side_of(parallel_to, given), _side_of(perpendicular_to, given), _vertex_of(through_vertex, given),
-                   at_bearing, along, through_place, through_point, None)
+    line = _line_for(given, parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point,
+                     None)
     return ranges_of(given, line, opposite, any_pieces)

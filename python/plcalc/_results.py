@@ -22,6 +22,18 @@ def ranges_of(parcel, line, opposite, any_pieces):
     return tuple((found.least, found.most) for found in found.ranges)
 
 
+_WORDS = {_layer.Cut.parallel: "parallel_to", _layer.Cut.perpendicular: "perpendicular_to",
+          _layer.Cut.through_vertex: "through_vertex"}
+
+
+def lines_for(parcel, amount, opposite):
+    """Lines that can hold an amount, each as arguments of `divide`."""
+    kind = _layer.Measured
+    found = _layer.alternatives_for(parcel, amount, kind.opposite if opposite else kind.from_reference)
+    return tuple({_WORDS[each.line.cut]: (each.line.index, each.line.ring) if each.line.ring else each.line.index,
+                  "opposite": each.measured == kind.opposite} for each in found.lines)
+
+
 class _Frozen:
     __slots__ = ()
 
@@ -141,12 +153,13 @@ class Piece(_Frozen):
 class Division(_Frozen):
     """The answer to a request. It is true when the parcel has been divided."""
 
-    __slots__ = ("parcel", "line", "_opposite", "_any_pieces", "_answer", "_lines", "_pieces")
+    __slots__ = ("parcel", "line", "_amounts", "_opposite", "_any_pieces", "_answer", "_lines", "_pieces")
 
-    def __init__(self, parcel, line, opposite, any_pieces, answer):
+    def __init__(self, parcel, line, amounts, opposite, any_pieces, answer):
         put = object.__setattr__
         put(self, "parcel", parcel)
         put(self, "line", line)
+        put(self, "_amounts", amounts)
         put(self, "_opposite", opposite)
         put(self, "_any_pieces", any_pieces)
         put(self, "_answer", answer)
@@ -213,6 +226,13 @@ class Division(_Frozen):
         return ranges_of(self.parcel, self.line, self._opposite, self._any_pieces)
 
     @property
+    def alternatives(self):
+        """The parallels, perpendiculars and vertices that can hold the first amount in two pieces, each as arguments of
+        `divide`: {"parallel_to": 2, "opposite": False}. It looks at every side and vertex, at 1,000 of them and
+        more only at some."""
+        return lines_for(self.parcel, self._amounts[0], self._opposite) if self._amounts else ()
+
+    @property
     def __geo_interface__(self):
         """The pieces as features."""
         features = [{"type": "Feature", "geometry": piece.__geo_interface__,
@@ -235,7 +255,7 @@ class Refused(Exception):
 
     status: one word, a name of `plcalc.plparcel.Status`
     reason: the same as a sentence's worth
-    division: the refused answer; `division.feasible` is what could be had instead
+    division: the refused answer
     """
 
     def __init__(self, division):
@@ -248,6 +268,11 @@ class Refused(Exception):
     def feasible(self):
         """What such a line can cut off: ranges of areas (least, most)."""
         return self.division.feasible
+
+    @property
+    def alternatives(self):
+        """Other lines that can hold the first amount, each as arguments of `divide`."""
+        return self.division.alternatives
 
     def __str__(self):
         # Only where the line is at fault, and the amount was the first.

@@ -18,24 +18,23 @@ class Undecided(ValueError):
 class Named:
     """What `divide` takes instead of a number: it finds the side or the vertex of each parcel."""
 
-    def __init__(self, text, side, vertex=None):
+    def __init__(self, text, side=None, vertex=None):
         self._text, self._side, self._vertex = text, side, vertex
 
     def __repr__(self):
         return f"plcalc.{self._text}"
 
     def side_of(self, parcel):
-        """(side, ring) of a parcel. Raises Undecided."""
+        """(side, ring) of a parcel. Raises Undecided, and TypeError for a name that is one of vertices only."""
+        if self._side is None:
+            raise TypeError(f"{self!r} names vertices, not sides")
         return self._place(self._side(parcel), "sides")
 
     def vertex_of(self, parcel):
-        """A vertex of the outer ring. Raises Undecided, and TypeError for a name that is one of sides only."""
+        """(vertex, ring) of a parcel. Raises Undecided, and TypeError for a name that is one of sides only."""
         if self._vertex is None:
             raise TypeError(f"{self!r} names sides, not vertices")
-        index, ring = self._place(self._vertex(parcel), "vertices")
-        if ring > 0:
-            raise Undecided("on_a_hole", ((index, ring),), "the nearest vertex is one of a hole, from which no line starts")
-        return index
+        return self._place(self._vertex(parcel), "vertices")
 
     @staticmethod
     def _place(choice, what):
@@ -63,6 +62,12 @@ def facing(bearing):
     """The side that faces a bearing, in gons clockwise from North: 200 for the one to the South."""
     gons = float(bearing)
     return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons))
+
+
+def farthest(bearing):
+    """The vertex that lies farthest towards a bearing, in gons clockwise from North: 0 for the northernmost."""
+    gons = float(bearing)
+    return Named(f"farthest({gons:g})", vertex=lambda parcel: _layer.vertex_farthest(parcel, gons))
 
 
 def beside(geometry, within):

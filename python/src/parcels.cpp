@@ -93,6 +93,13 @@ template <typename Owner> auto rings_inside(const std::vector<Ring> Owner::*memb
     return [member](const py::object& self) { return arrays_of(self.cast<const Owner&>().*member, self); };
 }
 
+/// The line from a vertex or a place of another ring.
+Line of_ring(Line line, std::size_t ring)
+{
+    line.ring = ring;
+    return line;
+}
+
 py::tuple pair_of(const std::size_t (&two)[2])
 {
     return py::make_tuple(two[0], two[1]);
@@ -322,10 +329,18 @@ static void add_calls(py::module_& m)
     };
     add("parallel_to", &parallel_to, arg("side"), arg("ring") = 0);
     add("perpendicular_to", &perpendicular_to, arg("side"), arg("ring") = 0);
-    add("through_vertex", &through_vertex, arg("vertex"));
+    add(
+        "through_vertex",
+        [](std::size_t vertex, std::size_t ring) { return of_ring(through_vertex(vertex), ring); },
+        arg("vertex"), arg("ring") = 0);
     add("at_bearing", &at_bearing, arg("bearing_gon"));
     add("along_segment", &along_segment, arg("a"), arg("b"));
-    add("through_place", &through_place, arg("side"), arg("along"));
+    add(
+        "through_place",
+        [](std::size_t side, double along, std::size_t ring) {
+            return of_ring(through_place(side, along), ring);
+        },
+        arg("side"), arg("along"), arg("ring") = 0);
     add("through_point", &through_point, arg("point"), arg("bearing") = 0.0);
     add("area", &area, arg("value"));
     add("product", &product, arg("length1"), arg("length2"));

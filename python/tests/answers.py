@@ -31,10 +31,10 @@ def line_of(cut, index, ring, bearing, a, b, along):
     kind = plparcel.Cut
     makers = {kind.parallel: lambda: plparcel.parallel_to(index, ring),
               kind.perpendicular: lambda: plparcel.perpendicular_to(index, ring),
-              kind.through_vertex: lambda: plparcel.through_vertex(index),
+              kind.through_vertex: lambda: plparcel.through_vertex(index, ring),
               kind.at_bearing: lambda: plparcel.at_bearing(bearing),
               kind.along_segment: lambda: plparcel.along_segment(a, b),
-              kind.through_place: lambda: plparcel.through_place(index, along),
+              kind.through_place: lambda: plparcel.through_place(index, along, ring),
               kind.through_point: lambda: plparcel.through_point(a, bearing)}
     return makers[kind(cut)]()
 

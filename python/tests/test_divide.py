@@ -20,6 +20,8 @@ from plcalc import plparcel
 LOT = [(0, 0), (100, 0), (100, 50), (0, 50)]
 POND = [(45, 20), (55, 20), (55, 30), (45, 30)]
 YARD = [(0, 0), (60, 0), (60, 20), (40, 20), (40, 50), (0, 50)]
+# Its back to the South, two teeth to the North.
+COMB = [(0, 0), (30, 0), (30, 30), (20, 30), (20, 10), (10, 10), (10, 30), (0, 30)]
 GEOJSON = {"type": "Polygon", "coordinates": [[*LOT, LOT[0]]]}
 
 
@@ -173,6 +175,37 @@ def test_what_could_be_had():
     assert plcalc.feasible([(0, 0), (10, 10), (10, 0), (0, 10)], parallel_to=0) == ()
 
 
+def test_other_lines_that_can_hold_it():
+    with pytest.raises(plcalc.Refused) as caught:
+        plcalc.divide(COMB, parallel_to=0, area=450)
+    assert caught.value.alternatives == caught.value.division.alternatives
+    assert {"perpendicular_to": 0, "opposite": False} in caught.value.alternatives
+    for line in caught.value.alternatives:
+        assert plcalc.divide(COMB, **line, area=450).pieces[0].area == pytest.approx(450)
+    assert plcalc.divide(COMB, parallel_to=0, width=900, raise_on_refusal=False).alternatives == ()
+    assert plcalc.divide(COMB, parallel_to=0, amounts=[], raise_on_refusal=False).alternatives == ()
+
+
+def test_every_line_that_holds_it():
+    halves = plcalc.all_divisions(COMB, parallel_to=0, opposite=True, area=100)
+    assert sorted(line.start[0] + line.end[0] for half in halves for line in half.lines) == [10, 50]
+    for number, half in enumerate(halves):
+        assert plcalc.divide(COMB, parallel_to=0, opposite=True, area=100, alternative=number).lines[0].start == \
+            half.lines[0].start
+    refused, = plcalc.all_divisions(COMB, parallel_to=plcalc.facing(200), area=450)
+    assert not refused and refused.status == "line_leaves_parcel" and refused.feasible == ((0, 300), (500, 700))
+
+
+def test_lines_from_a_hole():
+    lot = Polygon(LOT, [POND])
+    for line in ({"through_vertex": (2, 1)}, {"through_vertex": plcalc.nearest_to((54, 29))},
+                 {"through_place": (1, 10, 1)}, {"parallel_to": (0, 1)}):
+        division = plcalc.divide(lot, **line, share="1/2", any_pieces=True)
+        assert division.held[0][1] == pytest.approx(2450)
+    with pytest.raises(TypeError):
+        plcalc.divide(lot, through_place=(1, 10, 1, 1), share="1/3", any_pieces=True)
+
+
 def test_a_refusal_names_the_boundary():
     division = plcalc.divide([(0, 0), (10, 10), (10, 0), (0, 10)], parallel_to=0, area=1, raise_on_refusal=False)
     assert division.status == "unusable_boundary" and "crosses" in division.reason
@@ -317,6 +350,10 @@ def test_a_side_by_what_it_is(named, start, end):
 def test_a_vertex_by_what_it_is():
     line, = plcalc.divide(LOT, through_vertex=plcalc.nearest_to((-1, -1)), area=1000).lines
     assert (line.start, line.end) == ((0, 0), (100, 20))
+    line, = plcalc.divide(LOT, through_vertex=plcalc.farthest(350), area=1000).lines
+    assert line.start == (0, 50)
+    with pytest.raises(TypeError, match="names vertices"):
+        plcalc.divide(LOT, parallel_to=plcalc.farthest(0), area=1000)
     with pytest.raises(TypeError, match="names sides"):
         plcalc.divide(LOT, through_vertex=plcalc.longest, area=1000)
 
