@@ -117,6 +117,8 @@ TEST(DivisionPoints, NamesOfTheFileAreKept)
     EXPECT_EQ(points.points[2].name, "3") << "without one, the number";
     EXPECT_EQ(points.points[4].name, "P8") << "no name twice";
     EXPECT_EQ(points.points[5].name, "P9");
+    divided.parcel.point_names = {"101", "P7", "", "p8"};
+    EXPECT_EQ(divided.points().points[4].name, "P9") << "nor the same in small letters";
 }
 
 TEST(DivisionPoints, PiecesAreNamedAfterTheirParcel)

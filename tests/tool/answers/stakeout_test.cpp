@@ -346,6 +346,36 @@ TEST_F(StakeoutNames, ListsOfPoints)
         << table.out;
 }
 
+TEST_F(StakeoutNames, WhichOfXAndYIsEastInAList)
+{
+    write("lot.csv", "P,X,Y\nP1,0,0\nP2,0,100\nP3,100,100\nP4,100,0\n");
+    write("list.csv", "name,X,Y\nA,10,20\n");
+    const auto set_out = [&](const std::vector<std::string>& more) {
+        std::vector<std::string> words = {"stakeout",      "lot.csv", "--station",     "P1",
+                                          "--orientation", "P4",      "--points-from", "list.csv"};
+        words.insert(words.end(), more.begin(), more.end());
+        return run(words).out;
+    };
+    const struct {
+        std::vector<std::string> options;
+        const char* row;
+        const char* assumed;
+    } rows[] = {
+        {{"--axes", "en"}, "A,10.0000,20.0000,", "in list.csv X is East and Y North"},
+        {{"--axes", "ne"}, "A,20.0000,10.0000,", "in list.csv X is North and Y East"},
+        {{"--crs", "EPSG:31468", "--any-scale"}, "A,20.0000,10.0000,", "in list.csv X is North and Y East"},
+        {{"--crs", "EPSG:25832", "--any-scale"}, "A,10.0000,20.0000,", "in list.csv X is East and Y North"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.options[1]);
+        std::vector<std::string> options = row.options;
+        const std::string table = set_out(options);
+        EXPECT_NE(table.substr(0, table.find("\nStation")).find(row.assumed), std::string::npos) << table;
+        options.push_back("--csv");
+        EXPECT_NE(set_out(options).find(row.row), std::string::npos) << set_out(options);
+    }
+}
+
 TEST_F(StakeoutNames, ListsThatCannotBeUsed)
 {
     write_lot();

@@ -395,12 +395,20 @@ TEST_F(Formats, LengthsAreTrueToScale)
         const char* zone;
     };
     // Factors by hand: 1 / cos(latitude) on a sphere, 0.9996 (1 + d^2 / 2 R^2) in UTM.
-    for (const Row& row : {Row{"Web Mercator at 45 degrees North", 3857, 1000000, 5621521, "1.41", "32632"},
-                           {"and in Buenos Aires", 3857, -6500000, -4100000, "1.2", "32721"},
-                           {"in Bergen, whose zone is wider", 3857, 590000, 8490000, "2.0", "32632"},
-                           {"UTM on its central meridian", 32632, 500000, 5000000, nullptr, ""},
-                           {"a bit less than three degrees from it", 32632, 820000, 100000, nullptr, ""},
-                           {"and much farther", 32632, 1100000, 5000000, "1.004", "32633"}}) {
+    for (const Row& row :
+         {Row{"Web Mercator at 45 degrees North", 3857, 1000000, 5621521, "1.41", "32632"},
+          {"and in Buenos Aires", 3857, -6500000, -4100000, "1.2", "32721"},
+          {"in Bergen, whose zone is wider", 3857, 590000, 8490000, "2.0", "32632"},
+          {"on Svalbard, whose zones are wider: at 8 degrees", 3857, 890000, 14100000, "4.", "32631"},
+          {"at 10 degrees", 3857, 1113195, 14100000, "4.", "32633"},
+          {"at 20 degrees", 3857, 2226390, 14100000, "4.", "32633"},
+          {"at 22 degrees", 3857, 2449029, 14100000, "4.", "32635"},
+          {"at 32 degrees", 3857, 3562224, 14100000, "4.", "32635"},
+          {"at 34 degrees", 3857, 3784863, 14100000, "4.", "32637"},
+          {"at 43 degrees, East of them", 3857, 4786738, 14100000, "4.", "32638"},
+          {"UTM on its central meridian", 32632, 500000, 5000000, nullptr, ""},
+          {"a bit less than three degrees from it", 32632, 820000, 100000, nullptr, ""},
+          {"and much farther", 32632, 1100000, 5000000, "1.004", "32633"}}) {
         SCOPED_TRACE(row.what);
         const auto corner = [&](int e, int n) {
             return std::to_string(row.east + e) + " " + std::to_string(row.north + n);
@@ -448,6 +456,9 @@ TEST_F(Formats, AreasOnTheGround)
     EXPECT_NEAR(test::numbers_after(run.out, "from").at(1), 5000000.0 + 10.0 * 0.9996 * 0.9996, 1e-4);
     const test::Result product = ground("--product 20 50");
     EXPECT_EQ(test::numbers_after(product.out, "from"), test::numbers_after(run.out, "from"));
+    const test::Result width = ground("--width 20");
+    EXPECT_NEAR(test::numbers_after(width.out, "from").at(1), 5000000.0 + 20.0 * 0.9996, 1e-4);
+    EXPECT_NEAR(test::numbers_after(width.out, "requested").at(0), 20.0 * 100.0 / 0.9996, 1e-4);
     const test::Result share = ground("--share 1/2");
     EXPECT_EQ(test::numbers_after(share.out, "from").at(1), 5000025.0) << "a share is the same in the plane";
     EXPECT_TRUE(

@@ -2,8 +2,11 @@
 // exact rational arithmetic by divisions.py beside it.
 
 #include <cmath>
+#include <fstream>
+#include <iterator>
 
 #include <gdal_priv.h>
+#include <nlohmann/json.hpp>
 #include <ogrsf_frmts.h>
 
 #include "program.h"
@@ -285,6 +288,101 @@ TEST_F(Divisions, AParcelWithAHole)
     EXPECT_NE(measured.out.find("\n   8     8   5   20.0000"), std::string::npos) << measured.out;
     EXPECT_NE(measured.out.find("300.0000"), std::string::npos)
         << "a corner of the hole, seen from the parcel";
+}
+
+// Two arms, 30 and 40 wide and 40 high, on a foot of 100 by 20. 1500 lie above 60 - 1500 / 70, and 1000 more 1000 / 70
+// below that, in two pieces each.
+class Arms : public Divisions {
+protected:
+    Arms() { write_wkt("POLYGON ((0 0, 100 0, 100 60, 60 60, 60 20, 30 20, 30 60, 0 60, 0 0))"); }
+};
+
+TEST_F(Arms, SeveralPiecesOfAnAmountAreAddedUp)
+{
+    const std::string one = divide("lot.csv", "--bearing 300 --area 1500 --pieces any").out;
+    EXPECT_NE(one.find("\nDividing line, part 1                        E          N\n"
+                       "  from                                100.0000    38.5714\n"
+                       "  to                                   60.0000    38.5714\n"
+                       "Dividing line, part 2                        E          N\n"
+                       "  from                                 30.0000    38.5714\n"
+                       "  to                                    0.0000    38.5714\n"
+                       "\n"
+                       "Area\n"
+                       "  requested                          1500.0000\n"
+                       "  cut off, on the right of the line  1500.0020\n"
+                       "    1 of 2                            857.1440\n"
+                       "    2 of 2                            642.8580\n"
+                       "  rest                               3299.9980\n"),
+              std::string::npos)
+        << one;
+    const std::string two = divide("lot.csv", "--bearing 300 --areas 1500,1000 --pieces any").out;
+    EXPECT_NE(two.find("Dividing line 2, part 2                      E          N\n"
+                       "  from                                 30.0000    24.2857\n"
+                       "  to                                    0.0000    24.2857\n"
+                       "\n"
+                       "Area                                 requested   measured\n"
+                       "  piece 1, on the right of the line  1500.0000  1500.0020\n"
+                       "    1 of 2                                       857.1440\n"
+                       "    2 of 2                                       642.8580\n"
+                       "  piece 2                            1000.0000   999.9990\n"
+                       "    1 of 2                                       571.4280\n"
+                       "    2 of 2                                       428.5710\n"
+                       "  piece 3                            2300.0000  2299.9990\n"),
+              std::string::npos)
+        << two;
+}
+
+TEST_F(Arms, SeveralPiecesOfAnAmountInJson)
+{
+    const struct {
+        const char* line;
+        const char* cut;
+        const char* described;
+    } rows[] = {{"--bearing 300", "bearing", "300 gon"},
+                {"--along-segment 0,0,-5,0", "segment", "0 0 to -5 0"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        const test::Result run =
+            divide("lot.csv", std::string(row.line) + " --areas 1500,1000 --pieces any --json");
+        ASSERT_EQ(run.status, 0) << run.err;
+        const nlohmann::json got = nlohmann::json::parse(run.out)["parcels"][0];
+        EXPECT_EQ(got["cut"], row.cut);
+        EXPECT_EQ(got["line"], row.described);
+        EXPECT_EQ(got["lines"][1]["segments"][1]["from"], (nlohmann::json{{"e", 30.0}, {"n", 24.2857}}));
+        const nlohmann::json pieces = got["pieces"];
+        ASSERT_EQ(pieces.size(), 5U);
+        EXPECT_EQ(pieces[0]["piece"], "piece 1, on the right of the line (1 of 2)");
+        EXPECT_EQ(pieces[1]["piece"], "piece 1, on the right of the line (2 of 2)");
+        EXPECT_EQ(pieces[2]["piece"], "piece 2 (1 of 2)");
+        EXPECT_EQ(pieces[3]["piece"], "piece 2 (2 of 2)");
+        EXPECT_EQ(pieces[4]["piece"], "piece 3");
+        EXPECT_EQ(pieces[3]["amount"], 2);
+        EXPECT_EQ(pieces[3]["given"], "1000");
+        EXPECT_EQ(pieces[3]["requested"], 1000.0);
+        EXPECT_EQ(pieces[3]["area"], 428.571);
+        EXPECT_EQ(pieces[1]["area_of_amount"], 1500.002);
+        EXPECT_EQ(pieces[3]["area_of_amount"], 999.999);
+        EXPECT_FALSE(pieces[4].contains("area_of_amount"));
+        EXPECT_TRUE(pieces[4]["given"].is_null());
+    }
+}
+
+TEST_F(Arms, SeveralPiecesOfAnAmountInTheReport)
+{
+    ASSERT_EQ(divide("lot.csv", "--bearing 300 --areas 1500,1000 --pieces any --report report.txt").status,
+              0);
+    std::ifstream file(path("report.txt"));
+    const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    EXPECT_NE(text.find("Piece      asked       area  difference\n"
+                        "    A              857.1440\n"
+                        "    B              642.8580\n"
+                        "A + B  1500.0000  1500.0020      0.0020\n"
+                        "    C              571.4280\n"
+                        "    D              428.5710\n"
+                        "C + D  1000.0000   999.9990     -0.0010\n"
+                        "    E  2300.0000  2299.9990     -0.0010\n"),
+              std::string::npos)
+        << text;
 }
 
 TEST_F(Divisions, PieceWithTheRequestIsNamed)

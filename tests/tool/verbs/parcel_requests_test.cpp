@@ -87,7 +87,8 @@ TEST_F(ParcelRequests, ColumnsOfNumbersAndLists)
 {
     const char* const kLots = R"({"type": "FeatureCollection",
  "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::25832"}}, "features": [
- {"type": "Feature", "properties": {"area": 1000.5, "list": [1000, 250.25], "whole": [1000, 250], "side": 2.0}, "geometry":
+ {"type": "Feature", "properties": {"area": 1000.5, "list": [1000, 250.25], "whole": [1000, 250],
+  "large": [1000, 30000000000], "texts": ["1000", "1/4"], "side": 2.0}, "geometry":
   {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000100], [500000, 5000100], [500000, 5000000]]]}},
  {"type": "Feature", "properties": {"area": null, "list": null, "side": 1.5}, "geometry":
   {"type": "Polygon", "coordinates": [[[500000, 5000000], [500100, 5000000], [500100, 5000100], [500000, 5000100], [500000, 5000000]]]}}
@@ -105,6 +106,12 @@ TEST_F(ParcelRequests, ColumnsOfNumbersAndLists)
     const json whole = divided("lots.geojson", "--parallel 1 --area-from whole");
     EXPECT_NEAR(area(whole, 0, 0), 1000.0, 0.01);
     EXPECT_NEAR(area(whole, 0, 1), 250.0, 0.01);
+    const json texts = divided("lots.geojson", "--parallel 1 --area-from texts");
+    EXPECT_NEAR(area(texts, 0, 0), 1000.0, 0.01);
+    EXPECT_NEAR(area(texts, 0, 1), 2500.0, 0.01);
+    EXPECT_NE(reason(divided("lots.geojson", "--parallel 1 --area-from large"), 0)
+                  .find("the requested area 30000000000 (number 2 of the list)"),
+              std::string::npos);
 }
 
 TEST_F(ParcelRequests, OneParcelAndASetOut)
@@ -211,6 +218,18 @@ TEST_F(ParcelRequests, HowATableNamesParcels)
     EXPECT_NEAR(area(got, 3, 0), 30.0, 0.01) << "the other part of the same feature";
 }
 
+TEST_F(ParcelRequests, AParcelWithoutANameHasNoRow)
+{
+    write("lots.csv",
+          "nr,WKT\n12/1,\"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0))\"\n,\"POLYGON ((0 0, 9 0, 9 9, 0 9, 0 0))\"\n");
+    write("areas.csv", "nr,area\n12/1,20\n");
+    const json got = divided("lots.csv", "--parallel 1 --areas areas.csv");
+    EXPECT_NEAR(area(got, 0, 0), 20.0, 0.01);
+    EXPECT_EQ(
+        reason(got, 1),
+        "lots.csv: feature 2: the column 'nr' is empty; fill it in, or leave the parcel out with --where");
+}
+
 TEST_F(ParcelRequests, TablesThatCannotBeUsed)
 {
     const struct {
@@ -223,6 +242,8 @@ TEST_F(ParcelRequests, TablesThatCannotBeUsed)
         {"nr,area\n12/1,5\n12/1,6\n",
          "areas.csv: row 2: '12/1' stands in row 1 too; write all areas of a parcel into one row"},
         {"nr,area\n,5\n", "areas.csv: row 1: it names no parcel; write the name into the column 'nr'"},
+        {"nr,area\n,\n12/1,5\n,7\n",
+         "areas.csv: row 3: it names no parcel; write the name into the column 'nr'"},
         {"nr,area\n12/1,five\n",
          "lots.csv: feature 1: its row of areas.csv holds no area: row 1, 'five' is not a number "
          "above 0, with a point before the decimals; correct the row"},

@@ -92,6 +92,127 @@ TEST_F(Sides, AlongARoad)
     EXPECT_EQ(run.status, 3) << run.err;
 }
 
+TEST_F(Sides, AlongWhateverHasLines)
+{
+    const struct {
+        const char* what;
+        const char* rows;
+    } others[] = {
+        {"a polygon", "p,\"POLYGON((128 -500,140 -500,140 500,128 500,128 -500))\"\n"},
+        {"the hole of one", "p,\"POLYGON((-900 -900,900 -900,900 900,-900 900,-900 -900),(-400 -500,128 "
+                            "-500,128 500,-400 500,-400 -500))\"\n"},
+        {"several lines", "p,\"MULTILINESTRING((300 -500,300 500),(128 -500,128 500))\"\n"},
+        {"a collection", "p,\"GEOMETRYCOLLECTION(POINT(0 0),LINESTRING(128 -500,128 500))\"\n"},
+        {"rows without geometry", "p,\"\"\nq,\"LINESTRING(128 -500,128 500)\"\nr,\n"},
+    };
+    for (const auto& other : others) {
+        SCOPED_TRACE(other.what);
+        const std::string file = write("other.csv", std::string("name,WKT\n") + other.rows);
+        const test::Result run = divide(lot(), "--parallel --along " + file + " --area 1000");
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.out.find("side 2 lies along other.csv, 80.000 of it, as near as 8.000"),
+                  std::string::npos)
+            << run.out;
+    }
+}
+
+TEST_F(Sides, AlongLinesOfAnotherCrsOrOfSeveralLayers)
+{
+    write("lots.geojson",
+          R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":"EPSG:25832"}},
+"features":[{"type":"Feature","properties":{},"geometry":{"type":"Polygon",
+"coordinates":[[[500000,0],[500120,0],[500120,80],[500000,80],[500000,0]]]}}]})");
+    const std::string line = R"("features":[{"type":"Feature","properties":{},"geometry":
+{"type":"LineString","coordinates":[[500128,-500],[500128,500]]}}]})";
+    const std::string head =
+        R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":"EPSG:)";
+    write("same.geojson", head + "25832\"}}," + line);
+    write("other.geojson", head + "31468\"}}," + line);
+    const test::Result same = divide("lots.geojson", "--parallel --along same.geojson --area 1000");
+    EXPECT_EQ(same.status, 0) << same.err;
+    EXPECT_TRUE(test::fails_with(
+        divide("lots.geojson", "--parallel --along other.geojson --area 1000"), 3,
+        "other.geojson: its CRS DHDN / 3-degree Gauss-Kruger zone 4 (EPSG:31468) is not that "
+        "of the parcels, ETRS89 / UTM zone 32N (EPSG:25832); "
+        "bring it to theirs, for example with ogr2ogr -t_srs"));
+    ASSERT_EQ(divide("lots.geojson", "--parallel 1 --area 1000 -o pieces.gpkg").status, 0);
+    ASSERT_EQ(divide("lots.geojson", "--parallel 1 --area 1000 -o pieces.gpkg").status, 2);
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", "--parallel --along pieces.gpkg --area 1000"), 2,
+                         "pieces.gpkg: several layers have lines; name one, as in pieces.gpkg:LAYER"));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", "--parallel --along pieces.gpkg:lines --area 1000"), 4,
+                         "lots.geojson: feature 0: no side that is near enough faces the other geometry "
+                         "and runs along it (pieces.gpkg:lines); choose the side by its number"))
+        << "a line inside";
+}
+
+//   4 ------------ 3    Two holes of 20 by 20: 5 to 8 in the West, 9 to 12 in the East.
+//   | 8-7    12-11 |
+//   | 5-6     9-10 |
+//   1 ------------ 2
+TEST_F(Sides, OfHolesAreNumberedOn)
+{
+    const std::string file = write("holes.csv", "name,WKT\na,\"POLYGON((0 0,120 0,120 60,0 60,0 0),"
+                                                "(20 20,40 20,40 40,20 40,20 20),"
+                                                "(80 20,100 20,100 40,80 40,80 20))\"\n");
+    for (const auto& row : {std::pair<const char*, const char*>{"22,19", "side 5 is"},
+                            {"41,22", "side 6 is"},
+                            {"79,30", "side 12 is"},
+                            {"1,30", "side 4 is"}}) {
+        const test::Result run =
+            divide(file, std::string("--parallel --side-near ") + row.first + " --area 900 --pieces any");
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.out.find(row.second), std::string::npos) << row.first << run.out;
+    }
+    const test::Result vertex = divide(file, "--vertex-near 101,41 --area 3000 --pieces any");
+    ASSERT_EQ(vertex.status, 0) << vertex.err;
+    EXPECT_NE(vertex.out.find("vertex 11 is the nearest to 101 41, 1.414 away"), std::string::npos)
+        << vertex.out;
+    const test::Result tie = divide(file, "--parallel --side-near 60,30 --area 900");
+    EXPECT_NE(tie.err.find("sides 6 and 12 fit equally well: each is the nearest to 60 30, 20.000 away"),
+              std::string::npos)
+        << tie.err;
+}
+
+TEST_F(Sides, ManyThatTieAreCounted)
+{
+    // Steps: ten sides of 1, and two of 5.
+    const std::string file =
+        write("steps.csv", "name,WKT\na,\"POLYGON((0 0,1 0,1 1,2 1,2 2,3 2,3 3,4 3,4 4,5 4,"
+                           "5 5,0 5,0 0))\"\n");
+    EXPECT_TRUE(
+        test::fails_with(divide(file, "--parallel --side shortest --area 3"), 4,
+                         "steps.csv: feature 1: sides 1, 2, 3, 4, 5 and 5 more fit equally well: each is "
+                         "the shortest, 1.000; choose one of them by its number"));
+    EXPECT_TRUE(
+        test::fails_with(divide(file, "--parallel --facing 100 --area 3"), 4,
+                         "steps.csv: feature 1: sides 2, 4, 6, 8 and 10 fit equally well: each faces 100 "
+                         "gon, 0.00 gon from it; choose one of them by its number"));
+}
+
+TEST_F(Sides, NearAPointOutOfRange)
+{
+    EXPECT_TRUE(
+        test::fails_with(divide(lot(), "--parallel --side-near 1e95,0 --area 3"), 4,
+                         "lot.csv: feature 1: a number that is asked with is not finite, or out of range "
+                         "(1e+95 0); choose the side by its number"));
+}
+
+TEST_F(Sides, OfABoundaryThatCrossesItselfItIsTheBoundaryThatIsRefused)
+{
+    const std::string bow = write("bow.csv", "name,WKT\na,\"POLYGON((0 0,120 0,0 80,110 80,0 0))\"\n");
+    const test::Result by_number = divide(bow, "--parallel 1 --area 1000");
+    ASSERT_NE(by_number.err.find("side 2, from vertex 2 to vertex 3, meets side 4"), std::string::npos)
+        << by_number.err;
+    for (const char* side : {"--parallel --side longest", "--parallel --facing 90", "--vertex-near 1,1"}) {
+        const test::Result run = divide(bow, std::string(side) + " --area 1000");
+        EXPECT_EQ(run.status, by_number.status) << side;
+        EXPECT_EQ(run.out, "") << side;
+        EXPECT_EQ(run.err, by_number.err) << side;
+    }
+}
+
 TEST_F(Sides, WrongUse)
 {
     for (const char* options :
