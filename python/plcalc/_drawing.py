@@ -2,6 +2,7 @@
 
 _SIZE = 360.0    # of the longer side, pixels
 _MARGIN = 24.0   # for the corners' numbers
+_DIGIT = 7.0     # width of a digit of an area, pixels
 _FILLS = ("#e8f1e4", "#fdf3d8", "#e3ecf7", "#f7e6e6", "#ece6f4", "#e2f2f1")
 
 
@@ -28,28 +29,76 @@ def _text(x, y, size, text):
             f'dominant-baseline="middle">{text}</text>')
 
 
-def _label_place(ring):
-    """Inside as a rule: the middle of the vertices' mean, or of the longest level chord where the mean lies outside."""
-    x, y = ring.mean(axis=0).tolist()
-    vertices = ring.tolist()
+def _chords(rings, y):
+    """Where a level line runs inside: pairs of x."""
     crossings = sorted(x1 + (y - y1) * (x2 - x1) / (y2 - y1)
-                       for (x1, y1), (x2, y2) in zip(vertices, vertices[1:] + vertices[:1]) if (y1 > y) != (y2 > y))
-    chords = list(zip(crossings[::2], crossings[1::2]))
-    if not chords or any(west <= x <= east for west, east in chords):
-        return x, y
-    west, east = max(chords, key=lambda chord: chord[1] - chord[0])
-    return (west + east) / 2.0, y
+                       for ring in rings for (x1, y1), (x2, y2) in zip(ring, ring[1:] + ring[:1]) if (y1 > y) != (y2 > y))
+    return zip(crossings[::2], crossings[1::2])
 
 
-def drawn(outer, holes, pieces, lines):
-    """An SVG of the parcel, its pieces with their areas, its dividing lines and its corners by number."""
+def _label_place(rings):
+    """The middle of the longest level chord, rather near half of the height, and its length; None where there is none."""
+    low, high = min(y for _, y in rings[0]), max(y for _, y in rings[0])
+    best = (0.0, None)
+    for step in range(1, 20):
+        part = step / 20.0
+        y = low + part * (high - low)
+        for west, east in _chords(rings, y):
+            best = max(best, ((east - west) * (1.0 - abs(part - 0.5)), ((west + east) / 2.0, y, east - west)))
+    return best[1]
+
+
+def _label(frame, piece):
+    """The area, where there is room for the most of it."""
+    place = _label_place([ring.tolist() for ring in (piece.ring, *piece.holes)])
+    text = f"{piece.area:.2f}"
+    if place is None or place[2] * frame.scale < 0.6 * _DIGIT * len(text):
+        return []
+    return [_text(*frame.at(*place[:2]), 12, text)]
+
+
+def _corner_numbers(frame, ring):
+    """Beside each corner, outside; where corners crowd, the first of them."""
+    turns_left = sum(x1 * y2 - x2 * y1 for (x1, y1), (x2, y2) in zip(ring, ring[1:] + ring[:1])) > 0.0
+    taken = set()
+    corners = [(number, vertex) for number, vertex in enumerate(ring)
+               if number == 0 or vertex not in (ring[number - 1], ring[0])]
+    for i, (number, corner) in enumerate(corners):
+        before, after = corners[i - 1][1], corners[(i + 1) % len(corners)][1]
+        x, y = _outside(before, corner, after, turns_left)
+        at_x, at_y = frame.at(*corner)
+        at_x, at_y = at_x + 12.0 * x, at_y - 12.0 * y
+        cell = (at_x // 14.0, at_y // 10.0)
+        if all((cell[0] + i, cell[1] + j) not in taken for i in (-1, 0, 1) for j in (-1, 0, 1)):
+            taken.add(cell)
+            yield _text(at_x, at_y, 10, number)
+
+
+def _outside(before, corner, after, turns_left):
+    """A direction out of the corner, of length 1: at right angles to the way from the one side into the other."""
+    (x1, y1), (x2, y2) = _unit(before, corner), _unit(corner, after)
+    x, y = _unit((0.0, 0.0), (x1 + x2, y1 + y2))
+    return (y, -x) if turns_left else (-y, x)
+
+
+def _unit(start, end):
+    x, y = end[0] - start[0], end[1] - start[1]
+    length = (x * x + y * y) ** 0.5
+    return (x / length, y / length) if length > 0.0 else (0.0, 0.0)
+
+
+def drawn(outer, holes, pieces, lines, said=""):
+    """An SVG of the parcel, its pieces with their areas, its dividing lines and its corners by number; and below it what
+    is said."""
     import numpy
 
     if len(outer) == 0 or not numpy.isfinite(outer).all():
         return '<svg xmlns="http://www.w3.org/2000/svg" width="1" height="1"/>'
     frame = _Frame(outer)
-    out = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{frame.width:.0f}" height="{frame.height:.0f}" '
-           f'viewBox="0 0 {frame.width:.1f} {frame.height:.1f}" font-family="sans-serif" fill="#222">']
+    width = max(frame.width, 0.9 * _DIGIT * len(said))
+    height = frame.height + (_MARGIN if said else 0.0)
+    out = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{width:.0f}" height="{height:.0f}" '
+           f'viewBox="0 0 {width:.1f} {height:.1f}" font-family="sans-serif" fill="#222">']
     for piece in pieces:
         path = " ".join(_path(frame, ring) for ring in (piece.ring, *piece.holes))
         fill = _FILLS[piece.amount % len(_FILLS)]
@@ -61,10 +110,8 @@ def drawn(outer, holes, pieces, lines):
             start, end = frame.at(x1, y1), frame.at(x2, y2)
             out.append('<line x1="%.2f" y1="%.2f" x2="%.2f" y2="%.2f" stroke="#c00" stroke-width="2"/>' % (*start, *end))
     for piece in pieces:
-        out.append(_text(*frame.at(*_label_place(piece.ring)), 12, f"{piece.area:.2f}"))
-    middle = frame.at(*outer.mean(axis=0).tolist())
-    for number, vertex in enumerate(outer.tolist()):
-        x, y = frame.at(*vertex)
-        away = max(((x - middle[0]) ** 2 + (y - middle[1]) ** 2) ** 0.5, 1.0)
-        out.append(_text(x + 12 * (x - middle[0]) / away, y + 12 * (y - middle[1]) / away, 10, number))
+        out += _label(frame, piece)
+    out += _corner_numbers(frame, outer.tolist())
+    if said:
+        out.append(_text(width / 2.0, frame.height, 11, said))
     return "\n".join([*out, "</svg>"])

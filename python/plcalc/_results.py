@@ -5,6 +5,9 @@ from . import core as _core
 from . import plparcel as _layer
 
 
+_MOST_AREAS = 6  # that a long answer shows
+
+
 def _pair(point):
     return (point.x, point.y)
 
@@ -243,11 +246,14 @@ class Division(_Frozen):
     def __repr__(self):
         if not self:
             return f"Division(refused, {self.status}: {self.reason})"
-        areas = ", ".join(_number(piece.area) for piece in self.pieces)
-        return f"Division({len(self.lines)} lines, areas {areas})"
+        areas = [_number(piece.area) for piece in self.pieces]
+        if len(areas) > 2 * _MOST_AREAS:
+            areas[_MOST_AREAS:] = [f"and {len(areas) - _MOST_AREAS} more"]
+        lines = "1 line" if len(self.lines) == 1 else f"{len(self.lines)} lines"
+        return f"Division({lines}, areas {', '.join(areas)})"
 
     def _repr_svg_(self):
-        return _drawing.drawn(self.parcel.outer, self.parcel.holes, self.pieces, self.lines)
+        return _drawing.drawn(self.parcel.outer, self.parcel.holes, self.pieces, self.lines, "" if self else self.reason)
 
 
 class Refused(Exception):

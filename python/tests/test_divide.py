@@ -259,6 +259,11 @@ def test_plan_is_drawn():
         drawing = ElementTree.fromstring(division._repr_svg_())
         assert drawing.tag.endswith("svg")
     text = plcalc.divide(YARD, perpendicular_to=0, parts=3)._repr_svg_()
+    # A closing vertex has no number of its own, and what was refused says why.
+    assert ">3<" in plcalc.divide(Polygon(LOT), parallel_to=0, parts=2)._repr_svg_()
+    assert ">4<" not in plcalc.divide(Polygon(LOT), parallel_to=0, parts=2)._repr_svg_()
+    refused = plcalc.divide(LOT, parallel_to=0, area=5000, raise_on_refusal=False)
+    assert f">{refused.reason}<" in refused._repr_svg_()
     assert text.count("800.00") == 3 and text.count("<line ") == 2
     assert "800.00" in plcalc.divide(YARD, perpendicular_to=0, parts=3).pieces[0]._repr_svg_()
 
@@ -268,6 +273,13 @@ def test_reprs_say_what_it_is():
     assert repr(division) == "Division(2 lines, areas 800.0000, 800.0000, 800.0000)"
     assert repr(division.lines[0]) == "Line((32.0, 0.0) to (32.0, 50.0))"
     assert repr(division.pieces[2]) == "Piece(rest, area 800.0000, 4 vertices)"
+    assert repr(plcalc.divide(LOT, parallel_to=0, parts=2)) == "Division(1 line, areas 2500.0000, 2500.0000)"
+    many = repr(plcalc.divide(LOT, parallel_to=0, parts=100))
+    assert many.startswith("Division(99 lines, areas 50.0000, ") and many.endswith("50.0000, and 94 more)")
+    assert repr(plcalc.parcel(Polygon(LOT, [POND]))) == "Parcel(outer=<5 vertices>, holes=(<5 vertices>,))"
+    assert repr(plcalc.width(3)) == "Amount(given=Given.as_width, first=3.0, second=1.0)"
+    assert repr(plparcel.feasible(plcalc.parcel(LOT), plparcel.parallel_to(0))).startswith(
+        "Feasible(refusal=None, ranges=(AmountRange(least=0.0, most=5000.0, ")
 
 
 def test_threads_divide_at_the_same_time():
