@@ -1,5 +1,6 @@
 """The wheel: CMake builds the extension with the libraries inside it, from the sources around this folder."""
 
+import os
 import pathlib
 import re
 import shutil
@@ -21,7 +22,9 @@ class BuildWithCMake(build_ext):
     def build_extension(self, ext):
         build = pathlib.Path(self.build_temp).resolve() / "cmake"
         off = ["BUILD_SHARED_LIBS", "PLCALC_BUILD_C", "PLCALC_BUILD_TESTS", "PLCALC_BUILD_TOOL", "PLCALC_INSTALL"]
-        subprocess.run(["cmake", "-S", SOURCE, "-B", build, "-DCMAKE_BUILD_TYPE=Release", "-DPLCALC_BUILD_PYTHON=ON",
+        # A machine with Ninja need not have make. CMAKE_GENERATOR in the environment says otherwise.
+        generator = ["-G", "Ninja"] if shutil.which("ninja") and "CMAKE_GENERATOR" not in os.environ else []
+        subprocess.run(["cmake", *generator, "-S", SOURCE, "-B", build, "-DCMAKE_BUILD_TYPE=Release", "-DPLCALC_BUILD_PYTHON=ON",
                         f"-DPython3_EXECUTABLE={sys.executable}", *(f"-D{name}=OFF" for name in off)], check=True)
         subprocess.run(["cmake", "--build", build, "--parallel", "2", "--target", "plcalc_python_package"], check=True)
         package = pathlib.Path(self.get_ext_fullpath(ext.name)).resolve().parent
