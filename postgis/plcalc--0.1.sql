@@ -1,7 +1,7 @@
 -- The functions of plcalc for PostGIS, on the Python package plcalc, which the server's Python must find.
 --
--- A parcel is a polygon in a plane reference system. Sides and vertices are counted from 1 as ST_DumpPoints lists them:
--- side k runs from vertex k to the next one. Give one line and one amount; see docs/postgis.md.
+-- A parcel is a polygon in a plane reference system. Sides and vertices are counted from 1: side k runs from vertex k to the
+-- next one, and those of holes are numbered on. Give one line and one amount; see docs/postgis.md.
 \echo Use "CREATE EXTENSION plcalc" to load this file. \quit
 
 -- Whether the coordinates of a reference system are degrees.
@@ -15,7 +15,7 @@ CREATE FUNCTION plcalc_divide_wkb(
     parallel_to integer, perpendicular_to integer, through_vertex integer, at_bearing double precision, along bytea,
     place_side integer, place_distance double precision, through_point bytea, bearing double precision,
     area double precision, share text, width double precision, parts integer, amounts text,
-    opposite boolean, any_pieces boolean, decimals integer, tolerance double precision)
+    opposite boolean, any_pieces boolean, decimals integer, tolerance double precision, alternative integer)
 RETURNS TABLE (number integer, piece geometry, line geometry, amount integer, area_ double precision,
                asked double precision, residual double precision, decimals_ integer, status text, reason text)
 LANGUAGE plpython3u IMMUTABLE PARALLEL SAFE ROWS 2 COST 10000 AS $$
@@ -23,7 +23,8 @@ LANGUAGE plpython3u IMMUTABLE PARALLEL SAFE ROWS 2 COST 10000 AS $$
     line = postgis.line_arguments(parallel_to, perpendicular_to, through_vertex, at_bearing, along, place_side,
                                   place_distance, through_point, bearing)
     held = postgis.amount_arguments(area, share, width, parts, amounts)
-    return postgis.divide_rows(parcel, srid, degrees, line, held, opposite, any_pieces, decimals, tolerance)
+    return postgis.divide_rows(parcel, srid, degrees, line, held, opposite, any_pieces, decimals, tolerance,
+                               alternative)
 $$;
 
 -- The pieces of a parcel with the line that cuts each off. A refused parcel is one row without them: status and reason say
@@ -37,14 +38,14 @@ CREATE FUNCTION plcalc_divide(
     area double precision DEFAULT NULL, share text DEFAULT NULL, width double precision DEFAULT NULL,
     parts integer DEFAULT NULL, amounts text DEFAULT NULL,
     opposite boolean DEFAULT false, any_pieces boolean DEFAULT false, decimals integer DEFAULT NULL,
-    tolerance double precision DEFAULT 1e-6)
+    tolerance double precision DEFAULT 1e-6, alternative integer DEFAULT 1)
 RETURNS TABLE (number integer, piece geometry, line geometry, amount integer, area_held double precision,
                asked double precision, residual double precision, ends_decimals integer, status text, reason text)
 LANGUAGE sql STABLE PARALLEL SAFE ROWS 2 COST 10000 AS $$
     SELECT * FROM plcalc_divide_wkb(
         ST_AsBinary($1), ST_SRID($1), plcalc_has_degrees(ST_SRID($1)), $2, $3, $4, $5,
         ST_AsBinary(ST_Force2D($6), 'NDR'), $7, $8, ST_AsBinary(ST_Force2D($9), 'NDR'), $10, $11, $12, $13, $14, $15, $16,
-        $17, $18, $19)
+        $17, $18, $19, $20)
 $$;
 
 CREATE FUNCTION plcalc_measure_wkb(parcel bytea, degrees boolean,

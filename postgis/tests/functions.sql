@@ -39,6 +39,15 @@ SELECT pg_temp.expect('a line through a pond', ST_AsText(line) || ' ' || ST_NRin
 SELECT pg_temp.expect('a pond in the rest', ST_NRings(piece)::text, '2')
     FROM pond, plcalc_divide(geom, parallel_to => 1, area => 1000) WHERE number = 2;
 
+SELECT pg_temp.expect('10 before the south side of the pond', ST_AsText(line), 'LINESTRING(0 10,100 10)')
+    FROM pond, plcalc_divide(geom, parallel_to => 5, area => 3900, any_pieces => true) WHERE number = 1;
+SELECT pg_temp.expect('from a corner of the pond', status, 'divided')
+    FROM pond, plcalc_divide(geom, through_vertex => 7, share => '1/2', any_pieces => true) WHERE number = 1;
+SELECT pg_temp.expect('the second line that holds it', string_agg(round(ST_X(ST_StartPoint(line)))::text, ' ' ORDER BY other),
+       '0 20') FROM generate_series(1, 2) AS other,
+    plcalc_divide('POLYGON ((0 0, 30 0, 30 30, 20 30, 20 10, 10 10, 10 30, 0 30, 0 0))', parallel_to => 1, opposite => true,
+                  area => 100, alternative => other) WHERE number = 1;
+
 -- What is wrong with a parcel is a row.
 SELECT pg_temp.expect('too much', concat_ws(' ', number, piece, line, area_held, status, reason),
        'amount_too_large the amount is not below what there is to cut')
@@ -56,7 +65,11 @@ SELECT pg_temp.expect('two polygons', status, 'no_polygon')
 SELECT pg_temp.expect('a multipolygon of one', count(*)::text, '2')
     FROM plcalc_divide('MULTIPOLYGON (((0 0, 1 0, 1 1, 0 0)))', parallel_to => 1, parts => 2);
 SELECT pg_temp.expect('a column without a value', status, 'no_amount') FROM lot, plcalc_divide(geom, parallel_to => 1);
-SELECT pg_temp.expect('no such side', status, 'no_such_index') FROM lot, plcalc_divide(geom, parallel_to => 9, parts => 2);
+SELECT pg_temp.expect('no such side', status, 'no_such_index') FROM lot, plcalc_divide(geom, parallel_to => 5, parts => 2);
+SELECT pg_temp.expect('no such side of a hole', status, 'no_such_index')
+    FROM pond, plcalc_divide(geom, parallel_to => 9, parts => 2);
+SELECT pg_temp.expect('no further line', status, 'no_further_line')
+    FROM lot, plcalc_divide(geom, parallel_to => 1, parts => 2, alternative => 2);
 
 SELECT pg_temp.expect('measured', concat_ws(' ', area, perimeter, vertices, anticlockwise, status), '4900 340 8 t usable')
     FROM pond, plcalc_measure(geom);
@@ -76,6 +89,7 @@ DECLARE
 BEGIN
     FOREACH call IN ARRAY ARRAY['parts => 2', 'parallel_to => 1, at_bearing => 5, parts => 2',
                                 'parallel_to => 0, parts => 2', 'parallel_to => 1, parts => 2, area => 5',
+                                'parallel_to => 1, parts => 2, alternative => 0',
                                 'parallel_to => 1, share => ''a third'''] LOOP
         BEGIN
             EXECUTE 'SELECT count(*) FROM lot, plcalc_divide(geom, ' || call || ')';

@@ -19,10 +19,11 @@ def _point(data):
 
 def line_arguments(parallel_to, perpendicular_to, through_vertex, at_bearing, along, place_side, place_distance,
                    through_point, bearing):
-    """The arguments of `plcalc.divide` for what SQL has: numbers from 1, points and segments as little-endian WKB."""
+    """The arguments of `plcalc.divide` for what SQL has: points and segments are little-endian WKB. Sides and vertices are
+    still numbers from 1 on: see `_in_rings`."""
     given = {"parallel_to": parallel_to, "perpendicular_to": perpendicular_to, "through_vertex": through_vertex}
-    arguments = {name: number - 1 for name, number in given.items() if number is not None}
-    if min(arguments.values(), default=0) < 0 or place_side is not None and place_side < 1:
+    arguments = {name: number for name, number in given.items() if number is not None}
+    if min([*arguments.values(), 1 if place_side is None else place_side]) < 1:
         raise ValueError("sides and vertices are counted from 1")
     if at_bearing is not None:
         arguments["at_bearing"] = at_bearing
@@ -31,7 +32,7 @@ def line_arguments(parallel_to, perpendicular_to, through_vertex, at_bearing, al
         numbers = struct.unpack_from(f"<{2 * count}d", along, 9)
         arguments["along"] = [numbers[:2], numbers[-2:]]
     if place_side is not None:
-        arguments["through_place"] = (place_side - 1, place_distance)
+        arguments["through_place"] = (place_side, place_distance)
     if through_point is not None:
         arguments["through_point"] = _point(through_point)
         arguments["bearing"] = bearing
@@ -57,19 +58,51 @@ def _parcel(data, degrees):
         return None, ("no_polygon", str(error))
 
 
+def _vertices(ring):
+    """How many, without the closing one."""
+    return len(ring) - int(len(ring) > 1 and (ring[0] == ring[-1]).all())
+
+
+def _place_of(parcel, number):
+    """(index, ring) of a side or a vertex by its number; those of holes are numbered on."""
+    index = number - 1
+    if number < len(parcel.outer):
+        return index, 0
+    for ring, vertices in enumerate((parcel.outer, *parcel.holes)):
+        count = _vertices(vertices)
+        if index < count:
+            return index, ring
+        index -= count
+    return len(parcel.outer), 0  # which it does not have
+
+
+def _in_rings(parcel, line):
+    """The arguments for a parcel: sides and vertices are an index and a ring."""
+    placed = dict(line)
+    for name in line.keys() & {"parallel_to", "perpendicular_to", "through_vertex"}:
+        placed[name] = _place_of(parcel, line[name])
+    if "through_place" in line:
+        side, distance = line["through_place"]
+        index, ring = _place_of(parcel, side)
+        placed["through_place"] = (index, distance, ring)
+    return placed
+
+
 def _refused(width, status, reason):
     return (None,) * (width - 2) + (status, reason)
 
 
-def divide_rows(data, srid, degrees, line, amounts, opposite, any_pieces, decimals, tolerance):
+def divide_rows(data, srid, degrees, line, amounts, opposite, any_pieces, decimals, tolerance, alternative):
     """(number, piece, line, amount, area, asked, residual, decimals, status, reason) of each piece."""
     parcel, wrong = _parcel(data, degrees)
     if wrong:
         return [_refused(10, *wrong)]
     if not amounts:  # as where the column that has them is empty
         return [_refused(10, "no_amount", _layer.describe(_layer.Status.no_amount))]
-    answer = divide(parcel, **line, **amounts, opposite=opposite, any_pieces=any_pieces, decimals=decimals,
-                    tolerance=tolerance, raise_on_refusal=False)
+    if alternative < 1:
+        raise ValueError("alternatives are counted from 1")
+    answer = divide(parcel, **_in_rings(parcel, line), **amounts, opposite=opposite, alternative=alternative - 1,
+                    any_pieces=any_pieces, decimals=decimals, tolerance=tolerance, raise_on_refusal=False)
     status, reason = answer.status, answer.reason
     if not answer:
         return [_refused(10, status, reason)]
@@ -90,8 +123,7 @@ def measure_row(data, degrees):
     if report.status != _layer.BoundaryStatus.usable:
         return _refused(6, status, reason)
     # A polygon of the database repeats the first vertex of each ring.
-    vertices = sum(len(ring) - int((ring[0] == ring[-1]).all()) for ring in (parcel.outer, *parcel.holes))
-    vertices -= report.repeated
+    vertices = sum(map(_vertices, (parcel.outer, *parcel.holes))) - report.repeated
     return report.area, report.perimeter, vertices, report.anticlockwise, status, reason
 
 
@@ -101,7 +133,7 @@ def feasible_rows(data, degrees, line, opposite, any_pieces):
     if wrong:
         return [_refused(6, *wrong)]
     kind = _layer.Measured
-    found = _layer.feasible(parcel, line_of(**line), kind.opposite if opposite else kind.from_reference,
+    found = _layer.feasible(parcel, line_of(**_in_rings(parcel, line)), kind.opposite if opposite else kind.from_reference,
                             _layer.Pieces.any if any_pieces else _layer.Pieces.two)
     if found.refusal is not None:
         return [_refused(6, found.refusal.name, _layer.describe(found.refusal))]
