@@ -9,9 +9,9 @@ import { build } from 'esbuild';
 const nothing = './src/nothing.ts';
 
 const { outputFiles } = await build({
-    entryPoints: ['src/main.ts'], bundle: true, format: 'esm', target: 'es2022', platform: 'browser', minify: true, write: false, outdir: 'dist', charset: 'utf8',
+    entryPoints: ['src/main.ts'], bundle: true, format: 'iife', target: 'es2022', platform: 'browser', minify: true, write: false, outdir: 'dist', charset: 'utf8',
     loader: { '.csv': 'text', '.geojson': 'text', '.wasm': 'binary' }, alias: { html2canvas: nothing, canvg: nothing, dompurify: nothing },
-    legalComments: 'none', logLevel: 'warning',
+    define: { 'import.meta.url': '"about:blank"' }, legalComments: 'none', logLevel: 'warning',
 });
 const text = (ending) => outputFiles.find((file) => file.path.endsWith(ending)).text;
 // Neither may end the element that it stands in.
@@ -19,14 +19,14 @@ const script = text('.js').replaceAll('</script', '<\\/script').replaceAll('<!--
 const style = text('.css');
 const hash = (content) => `'sha256-${createHash('sha256').update(content).digest('base64')}'`;
 
-// Nothing may be fetched or sent. Only this script runs, and the WebAssembly that it brings.
+// Nothing may be fetched or sent. Only this script runs, in a worker too, and the WebAssembly that it brings.
 const policy = [
-    "default-src 'none'", `script-src ${hash(script)} 'wasm-unsafe-eval'`, `style-src ${hash(style)}`, 'img-src data:', "base-uri 'none'", "form-action 'none'",
+    "default-src 'none'", `script-src ${hash(script)} 'wasm-unsafe-eval'`, 'worker-src blob:', `style-src ${hash(style)}`, 'img-src data:', "base-uri 'none'", "form-action 'none'",
 ].join('; ');
 
 const page = readFileSync('src/index.html', 'utf8')
     .replace('{{policy}}', () => policy).replace('{{style}}', () => style)
-    .replace('<script>{{script}}', () => `<script type="module">${script}`);
+    .replace('{{script}}', () => script);
 mkdirSync('dist', { recursive: true });
 writeFileSync('dist/index.html', page);
 

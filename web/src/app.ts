@@ -4,31 +4,27 @@ import { OutOfMemory, type Alternative, type Amount, type Plcalc, type Point } f
 
 import OlPolygon from 'ol/geom/Polygon.js';
 
-import { answerOf, asParcel, divided, hasDirection, lineOf, measuresOf, requestOf, type Answer } from './answer';
 import { numberOf } from './amounts';
+import { asParcel, hasDirection, type Answer, type Question, type Solved } from './answer';
+import { Desk } from './desk';
 import { ParcelMap, type Picked } from './drawing/map';
-import type { PlanTexts } from './drawing/plan';
+import type { PlanTexts, PlanWanted } from './drawing/plan';
 import type { XY } from './drawing/pen';
 import { examples } from './examples';
 import { Numbers, roundBelow, typedNumber } from './numbers';
-import { cornerName, find, Panel, sideFacts, sideName, type Range } from './panel';
+import { cornerName, find, Panel, sideFacts, sideName } from './panel';
 import { Unreadable, type NamedParcel, type Reading } from './parcels';
-import { readFile, readText } from './reading/read';
+import { readText } from './reading/read';
 import { addressOf, fromAddress, History, kDefaultSettings, kFirstAsked, type Asked, type Kind, type Settings, type Spot, type State } from './state';
 import { noteText, setLanguage, t } from './texts';
 import { csvOf, dxfOf, geoJsonOf } from './writing/files';
-import { planPdf, planPng, planSvg, save, type PlanWanted } from './writing/plan_files';
+import { planPdf, planPng, planSvg, printedSheets, save, type PlanFile } from './writing/plan_files';
 
 // Steps of a dragged area: as many to a parcel, or fewer.
 const kSnapSteps = 250;
 
-// Other lines to propose, how many to look at for them, and up to which size of a parcel.
-const kMostAlternatives = 4;
-const kLookAt = 60;
-const kMostForAlternatives = 2000;
-
-// A line through a point that is looked for from its own direction on might be missed by a rounding.
-const kLookBackGon = 0.01;
+// What takes longer is told to be under way.
+const kPatienceMs = 250;
 
 export class App {
     private settings: Settings = kDefaultSettings;
@@ -36,23 +32,27 @@ export class App {
     private readonly panel: Panel;
     private readonly map: ParcelMap;
     private numbers: Numbers;
-    private answer!: Answer;
+    private readonly desk: Desk;
+    private solved!: Solved;
     private beforeDrag: State | undefined;
     private dragTarget: Point | undefined;
-    private hasOther = false;
+    private following: Promise<void> | undefined;
+    private axisBegun: Point | undefined;
     private times: number[] | undefined;
-    private lastRanges: readonly Range[] = [];
-    private rangesFor: { parcel?: NamedParcel; key?: string } = {};
+    private asked = 0;
+    private running = 0;
 
-    constructor(private readonly plcalc: Plcalc) {
+    /** @param script  of the page, for its worker */
+    constructor(private readonly plcalc: Plcalc, script?: string) {
+        this.desk = new Desk(plcalc, script);
         const given = fromAddress(location.hash);
         const language = navigator.language.slice(0, 2);
         this.settings = { ...kDefaultSettings, language: language === 'de' ? 'de' : 'en', ...given?.settings };
         this.history = new History(given?.state ?? this.exampleState(0));
         this.numbers = new Numbers(plcalc, this.settings);
         this.map = new ParcelMap(find('map'), {
-            pick: (picked) => this.pick(picked), hover: (picked, pixel) => this.hover(picked, pixel),
-            dragTo: (at) => this.dragTo(at), dragEnd: () => this.dragEnd(),
+            pick: (picked, snapped) => this.pick(picked, snapped), hover: (picked, pixel) => this.hover(picked, pixel),
+            dragTo: (at) => this.dragTo(at), dragEnd: () => void this.dragEnd(),
         });
         this.panel = new Panel({
             ask: (change, field) => this.ask(change, field), set: (change) => this.set(change), choose: (parcel) => this.choose(parcel),
@@ -66,6 +66,9 @@ export class App {
     private get state(): State {
         return this.history.now;
     }
+    private get answer(): Answer {
+        return this.solved.answer;
+    }
 
     // ------------------------------------------------------------------------------------------- steps
 
@@ -73,14 +76,14 @@ export class App {
         const asked = { ...this.state.asked, ...change };
         if (asked.mode === 'width' && !hasDirection(asked)) asked.mode = 'share';
         const empty = asked.typed[asked.mode] === '';
+        this.axisBegun = undefined;
         this.history.push({ ...this.state, asked: empty ? { ...asked, typed: { ...asked.typed, [asked.mode]: this.suggestion(asked) } } : asked }, field);
-        this.update();
-        if (field === '') this.announce();
+        this.update(() => field === '' && this.announce());
     }
 
     // What an empty field begins with, so that a click on a tab shows a line.
     private suggestion(asked: Asked): string {
-        const area = this.answer.measures.report.area;
+        const area = this.answer.report.area;
         if (!(area > 0)) return '';
         const third = roundBelow(area / 3);
         if (asked.mode === 'area') return typedNumber(Number(this.plcalc.fixed(this.answer.division?.held[0]?.area ?? third, 2)));
@@ -99,45 +102,44 @@ export class App {
     private open(state: State): void {
         find('trouble').hidden = true;
         this.history.push(state);
-        this.update();
         this.map.fit(state.parcels);
-        this.announce();
+        this.update(() => this.announce());
     }
 
     private choose(chosen: number): void {
-        const { asked } = this.state;
-        const none = { ring: 0, index: 0 };
-        this.history.push({ ...this.state, chosen, asked: { ...asked, side: none, corner: none, alternative: 0, along: 0, point: somewhereIn(this.state.parcels[chosen]) } });
-        this.update();
-        this.announce();
+        const { asked, parcels } = this.state;
+        const side = this.longestSide(parcels[chosen]);
+        this.history.push({ ...this.state, chosen, asked: { ...asked, side, corner: { ring: 0, index: 0 }, alternative: 0, along: 0, point: somewhereIn(parcels[chosen]) } });
+        this.update(() => this.announce());
     }
-
 
     private exampleState(index: number): State {
         const example = examples[index] ?? (examples[0] as (typeof examples)[number]);
-        return stateOf(readText(example.text), t(example.title), example.asked);
+        return this.stateOf(readText(example.text, this.plcalc), t(example.title), example.asked);
     }
 
     private slide(share: number): void {
         const { asked } = this.state;
-        const area = this.answer.measures.report.area;
+        const area = this.answer.report.area;
         const value = asked.mode === 'share' ? `${typedNumber(Math.round(share * 1000) / 10)} %` : typedNumber(this.snapped(share * area));
         this.ask({ typed: { ...asked.typed, [asked.mode]: value }, alternative: 0 }, 'slider');
     }
 
     private snapped(area: number): number {
-        const step = roundBelow(this.answer.measures.report.area / kSnapSteps);
+        const step = roundBelow(this.answer.report.area / kSnapSteps);
         return this.settings.snap ? Number((Math.max(1, Math.round(area / step)) * step).toPrecision(12)) : Number(this.plcalc.fixed(area, 2));
     }
 
     private otherLine(): void {
-        this.ask({ alternative: this.hasOther ? this.state.asked.alternative + 1 : 0 }, '');
+        this.ask({ alternative: this.solved.hasOther ? this.state.asked.alternative + 1 : 0 }, '');
     }
 
     // ------------------------------------------------------------------------------------- the drawing
 
-    private pick(picked: Picked): void {
+    private pick(picked: Picked, snapped: Point): void {
         const { asked } = this.state;
+        if (asked.kind === 'segment') return this.pickAxis(this.isCorner(snapped) ? snapped : this.pointed(snapped));
+        if (asked.kind === 'point' && asked.whole && picked.kind !== 'corner') return this.ask({ point: this.pointed(picked.at), alternative: 0 }, '');
         if (picked.kind === 'parcel') return this.choose(picked.index);
         if (picked.kind === 'corner') return this.ask({ kind: 'vertex', corner: picked.spot, alternative: 0 }, '');
         if (asked.kind === 'point' && picked.kind === 'inside') return this.ask({ point: this.pointed(picked.at), alternative: 0 }, '');
@@ -148,6 +150,18 @@ export class App {
             return this.ask({ side: picked.spot, along: Number(this.plcalc.fixed(along, 2)), alternative: 0 }, '');
         }
         this.ask({ kind: asked.kind === 'perpendicular' ? 'perpendicular' : 'parallel', side: picked.spot, alternative: 0 }, '');
+    }
+
+    // Two clicks make a segment.
+    private pickAxis(at: Point): void {
+        const from = this.axisBegun;
+        if (from && (from[0] !== at[0] || from[1] !== at[1])) return this.ask({ axis: [from, at], alternative: 0 }, '');
+        this.axisBegun = at;
+        this.showSolved(this.solved);
+    }
+
+    private isCorner(p: Point): boolean {
+        return this.state.parcels.some((parcel) => [parcel.outer, ...parcel.holes].some((ring) => ring.includes(p)));
     }
 
     // Nobody points to the hundredth of a millimetre.
@@ -194,33 +208,34 @@ export class App {
         return this.times ?? [];
     }
 
-    // One line a frame: the one through the pointer, proven like any other.
+    // One line a frame: the one through the pointer. A large parcel takes longer; then the next one starts where the pointer is.
     private dragFrame(): void {
+        if (this.following) return;
         const begin = performance.now();
-        this.dragLine();
-        if (this.times) {
+        this.following = this.dragLine();
+        if (!this.following && this.times) {
             this.map.drawNow();
             this.times.push(performance.now() - begin);
         }
     }
 
-    private dragLine(): void {
+    private dragLine(): Promise<void> | undefined {
         const at = this.dragTarget;
         this.dragTarget = undefined;
         const parcel = this.state.parcels[this.state.chosen];
-        if (!at || !parcel || !this.beforeDrag) return;
-        let asked: Asked = { ...this.state.asked, alternative: 0 };
-        if (asked.kind === 'point') {
-            const bearing = this.plcalc.measure([asked.point, at]).rings[0]?.[0]?.bearing ?? NaN;
-            if (Number.isNaN(bearing)) return;
-            asked = { ...asked, gon: Number(this.plcalc.fixed((bearing + 400 - kLookBackGon) % 400, 4)) };
-        }
-        const amount = this.plcalc.amountAt(asParcel(parcel), requestOf(asked, [], this.settings), at);
-        if (!amount) return;
-        const answer = answerOf(this.plcalc, { ...this.state, asked }, this.settings, [amount]);
-        if (!answer?.division?.divided) return;
-        this.history.preview({ ...this.state, asked: this.typedFrom(asked, amount, answer.division.held[0]?.area ?? 0, false) });
-        this.showAnswer(answer);
+        if (!at || !parcel || !this.beforeDrag) return undefined;
+        const solved = this.desk.solve(parcel, { asked: this.state.asked, settings: this.settings, dragged: at });
+        if (!(solved instanceof Promise)) return void this.followed(solved);
+        return solved.then((later) => this.followed(later), () => undefined).finally(() => {
+            this.following = undefined;
+            if (this.dragTarget) this.dragFrame();
+        });
+    }
+
+    private followed(solved: Solved | undefined): void {
+        if (!solved?.amount || !this.beforeDrag) return;
+        this.history.preview({ ...this.state, asked: this.typedFrom(solved.asked, solved.amount, solved.answer.division?.held[0]?.area ?? 0, false) });
+        this.showSolved(solved);
     }
 
     private typedFrom(asked: Asked, amount: Amount, area: number, snap: boolean): Asked {
@@ -229,8 +244,9 @@ export class App {
         return { ...asked, mode: 'area', typed: { ...asked.typed, area: typedNumber(value) } };
     }
 
-    private dragEnd(): void {
+    private async dragEnd(): Promise<void> {
         this.dragFrame();
+        await this.following;
         const before = this.beforeDrag;
         this.beforeDrag = undefined;
         if (!before) return;
@@ -239,8 +255,7 @@ export class App {
         const after = { ...this.state, asked: area === undefined || asked.mode !== 'area' ? asked : this.typedFrom(asked, { area }, area, true) };
         this.history.preview(before);
         this.history.push(after);
-        this.update();
-        this.announce();
+        this.update(() => this.announce());
     }
 
     private mapKey(event: KeyboardEvent): void {
@@ -250,7 +265,7 @@ export class App {
         const field = asked.kind === 'vertex' ? 'corner' : 'side';
         const at = spots.findIndex((spot) => spot.ring === asked[field].ring && spot.index === asked[field].index);
         const next = (step: number): void => this.ask({ [field]: spots[(at + step + spots.length) % spots.length], alternative: 0 }, '');
-        const area = this.answer.measures.report.area;
+        const area = this.answer.report.area;
         const move = (step: number): void => {
             const now = this.answer.division?.held[0]?.asked ?? area / 3;
             this.ask({ mode: 'area', typed: { ...asked.typed, area: typedNumber(this.snapped(now + step * roundBelow(area / 100))) }, alternative: 0 }, 'keys');
@@ -267,14 +282,46 @@ export class App {
 
     // --------------------------------------------------------------------------------------- the answer
 
-    private update(): void {
+    // What was asked last is shown, whatever comes before it.
+    private update(then: () => void = () => undefined): void {
+        const parcel = this.state.parcels[this.state.chosen];
+        if (!parcel) return;
+        this.writeAddress();
+        const number = ++this.asked;
+        const question: Question = { asked: this.state.asked, settings: this.settings };
+        const show = (solved: Solved | undefined): void => {
+            if (number !== this.asked || !solved) return;
+            this.showSolved(solved);
+            then();
+        };
         try {
-            const answer = answerOf(this.plcalc, this.state, this.settings);
-            if (answer) this.showAnswer(answer);
+            const solved = this.desk.solve(parcel, question);
+            if (!(solved instanceof Promise)) return show(solved);
+            if (this.answer.parcel === parcel) this.showSolved({ ...this.solved, asked: this.state.asked });
+            void this.busy(solved).then(show, (error: unknown) => number === this.asked && this.trouble(error));
         } catch (error) {
             this.trouble(error);
-            return;
         }
+    }
+
+    // Says after a moment that something is under way.
+    private async busy<T>(work: Promise<T>): Promise<T> {
+        const timer = window.setTimeout(() => (find('busy').hidden = false), kPatienceMs);
+        this.running += 1;
+        document.body.ariaBusy = 'true';
+        try {
+            return await work;
+        } finally {
+            clearTimeout(timer);
+            this.running -= 1;
+            if (this.running === 0) {
+                find('busy').hidden = true;
+                document.body.ariaBusy = 'false';
+            }
+        }
+    }
+
+    private writeAddress(): void {
         const address = addressOf(this.state, this.settings);
         try {
             history.replaceState(null, '', address ?? location.pathname + location.search);
@@ -283,51 +330,24 @@ export class App {
         }
     }
 
-    private showAnswer(answer: Answer): void {
-        this.answer = answer;
+    private showSolved(solved: Solved): void {
+        this.solved = solved;
         const { state, settings, numbers } = this;
-        this.hasOther = this.beforeDrag === undefined && this.findOther();
-        this.map.show({ answer, parcels: state.parcels, chosen: state.chosen, asked: state.asked, numbers });
-        this.panel.show({ state, settings, answer, numbers, ranges: this.ranges(), instead: this.instead(), hasOther: this.hasOther });
-        const hints = { parallel: 'hintParallel', perpendicular: 'hintParallel', vertex: 'hintVertex', bearing: 'hintBearing', place: 'hintPlace', point: 'hintPoint' } as const;
+        const { answer } = solved;
+        this.map.show({ answer, parcels: state.parcels, chosen: state.chosen, asked: state.asked, numbers, begun: this.axisBegun });
+        this.panel.show({ state, settings, numbers, ...solved });
+        const hints = {
+            parallel: 'hintParallel', perpendicular: 'hintParallel', vertex: 'hintVertex', bearing: 'hintBearing', segment: this.axisBegun ? 'hintSegmentEnd' : 'hintSegment',
+            place: 'hintPlace', point: 'hintPoint',
+        } as const;
         const [hint, drag] = [t(hints[state.asked.kind]), t('dragHint')];
         const refused = answer.division !== undefined && !answer.division.divided;
         find('hint').textContent = refused ? `${find('refusal-title').textContent}. ${find('refusal-text').textContent} ${find('refusal-range').textContent}`
-            : answer.division?.lines.length === 1 ? `${hint} ${drag}` : hint;
+            : answer.division?.lines.length === 1 && !this.axisBegun ? `${hint} ${drag}` : hint;
         find('hint').classList.toggle('bad', refused);
         find<HTMLButtonElement>('print-top').disabled = !answer.division?.divided;
         find<HTMLButtonElement>('undo').disabled = !this.history.canUndo;
         find<HTMLButtonElement>('redo').disabled = !this.history.canRedo;
-    }
-
-    // Whether another line holds the same amount.
-    private findOther(): boolean {
-        const { request, parcel, division } = this.answer;
-        if (!request || !division?.divided || request.pieces === 'any' || parcel.outer.length > 300) return false;
-        return divided(this.plcalc, parcel, { ...request, alternative: this.state.asked.alternative + 1 }).divided;
-    }
-
-    // What can be had with this kind of line, as areas. It costs as much as a division; while a line is dragged, nobody asks.
-    private ranges(): readonly Range[] {
-        const { parcel, measures } = this.answer;
-        const { asked } = this.state;
-        if (measures.report.status !== 'usable') return [];
-        if (this.beforeDrag) return this.lastRanges;
-        const key = JSON.stringify([lineOf(asked), asked.opposite, asked.whole]);
-        if (this.rangesFor.parcel !== parcel || this.rangesFor.key !== key) {
-            this.rangesFor = { parcel, key };
-            this.lastRanges = this.plcalc.feasible(asParcel(parcel), requestOf(asked, [], this.settings)).ranges;
-        }
-        return this.lastRanges;
-    }
-
-    // Other lines that hold what was refused.
-    private instead(): readonly Alternative[] {
-        const { division, request, parcel } = this.answer;
-        const amount = request?.amounts[0];
-        if (!division || division.divided || !amount || request.amounts.length > 1 || 'width' in amount || 'parts' in amount) return [];
-        if (division.status === 'unusable_boundary' || parcel.outer.length > kMostForAlternatives) return [];
-        return this.plcalc.alternatives(asParcel(parcel), amount, request.measured, kLookAt).slice(0, kMostAlternatives);
     }
 
     private takeInstead({ line, measured }: Alternative): void {
@@ -346,13 +366,12 @@ export class App {
 
     // ---------------------------------------------------------------------------------------- in and out
 
-    private async take(read: () => Reading | Promise<Reading>, source: string): Promise<void> {
+    private async take(from: File | string, source: string): Promise<void> {
         try {
-            const reading = await read();
-            const first = reading.parcels[0];
+            const reading = await this.busy(this.desk.read(from));
             if (reading.unit) this.settings = { ...this.settings, unit: reading.unit };
             this.numbers = new Numbers(this.plcalc, this.settings);
-            this.open(stateOf(reading, source, { ...kFirstAsked, side: first ? this.longestSide(reading) : kFirstAsked.side }));
+            this.open(this.stateOf(reading, source, { ...kFirstAsked, side: this.longestSide(reading.parcels[0]) }));
             this.panel.closePaste();
         } catch (error) {
             this.trouble(error);
@@ -360,11 +379,18 @@ export class App {
     }
 
     // Most lines are asked along the longest side.
-    private longestSide(reading: Reading): Asked['side'] {
+    private longestSide(parcel: NamedParcel | undefined): Spot {
+        const ring = parcel?.outer ?? [];
+        const lengths = ring.map((from, i) => this.plcalc.length(from, ring[(i + 1) % ring.length] ?? from));
+        return { ring: 0, index: lengths.reduce((best, length, i) => (length > (lengths[best] ?? 0) ? i : best), 0) };
+    }
+
+    private stateOf(reading: Reading, source: string, asked: Asked): State {
         const parcel = reading.parcels[0];
-        const sides = parcel ? measuresOf(this.plcalc, parcel).rings[0] ?? [] : [];
-        const index = sides.reduce((best, side, i) => (side.length > (sides[best]?.length ?? 0) ? i : best), 0);
-        return { ring: 0, index };
+        const ring = parcel?.outer ?? [];
+        const longest = this.longestSide(parcel).index;
+        const axis = [ring[longest] ?? [0, 0], ring[(longest + 1) % Math.max(1, ring.length)] ?? [0, 1]] as const;
+        return { source, parcels: reading.parcels, notes: reading.notes, chosen: 0, asked: { ...asked, axis, point: somewhereIn(parcel) } };
     }
 
     private trouble(error: unknown): void {
@@ -384,7 +410,7 @@ export class App {
         const side = sideName(answer, asked.side);
         const cut = {
             parallel: () => t('cutParallel', side), perpendicular: () => t('cutPerpendicular', side), vertex: () => t('cutVertex', cornerName(answer, asked.corner)),
-            bearing: () => t('cutBearing', numbers.angle(asked.gon)), place: () => t('cutPlace', side),
+            bearing: () => t('cutBearing', numbers.angle(asked.gon)), segment: () => t('cutSegment', numbers.bearing(...asked.axis)), place: () => t('cutPlace', side),
             point: () => t('cutPoint', numbers.fixed(asked.point[0], 2), numbers.fixed(asked.point[1], 2)),
         }[asked.kind]();
         const typed = asked.typed[asked.mode];
@@ -401,15 +427,16 @@ export class App {
     private async saveAs(kind: string): Promise<void> {
         if (!this.answer.division?.divided) return;
         const epsg = this.state.notes.map((note) => /EPSG:(\d+)/.exec(note.slice(1).join(' '))?.[1]).find(Boolean);
-        const contents: Record<string, () => Blob | string | Promise<Blob>> = {
-            geojson: () => geoJsonOf(this.answer, epsg), csv: () => csvOf(this.answer, this.numbers), dxf: () => dxfOf(this.answer, this.numbers),
+        const text = (content: string, type: string): PlanFile => ({ content: new Blob([content], { type: `${type};charset=utf-8` }), ending: kind });
+        const contents: Record<string, () => PlanFile | Promise<PlanFile>> = {
+            geojson: () => text(geoJsonOf(this.answer, epsg), 'application/geo+json'), csv: () => text(csvOf(this.answer, this.numbers), 'text/csv'),
+            dxf: () => text(dxfOf(this.answer, this.numbers), 'image/vnd.dxf'),
             svg: () => planSvg(this.wanted()), png: () => planPng(this.wanted()), pdf: () => planPdf(this.wanted()),
         };
-        const types: Record<string, string> = { geojson: 'application/geo+json', csv: 'text/csv', dxf: 'image/vnd.dxf', svg: 'image/svg+xml' };
-        const content = await contents[kind]?.();
-        if (content === undefined) return;
-        save(this.fileName(kind), content, types[kind]);
-        find('told').textContent = t('saved', this.fileName(kind));
+        const file = await contents[kind]?.();
+        if (!file) return;
+        save(this.fileName(file.ending), file.content);
+        find('told').textContent = t('saved', this.fileName(file.ending));
     }
 
     private async copyLink(): Promise<void> {
@@ -432,11 +459,18 @@ export class App {
         this.onNumber('along', (along) => this.ask({ along, alternative: 0 }, 'along'));
         this.onNumber('east', (east) => this.ask({ point: [east, this.state.asked.point[1]], alternative: 0 }, 'east'));
         this.onNumber('north', (north) => this.ask({ point: [this.state.asked.point[0], north], alternative: 0 }, 'north'));
+        const axis = (end: 0 | 1, k: 0 | 1) => (value: number): void => {
+            const { axis: now } = this.state.asked;
+            const moved: Point = k === 0 ? [value, now[end][1]] : [now[end][0], value];
+            this.ask({ axis: end === 0 ? [moved, now[1]] : [now[0], moved], alternative: 0 }, `axis ${end} ${k}`);
+        };
+        for (const end of [0, 1] as const)
+            for (const k of [0, 1] as const) this.onNumber(`axis-${end}-${k}`, axis(end, k));
         this.listenForFiles();
         for (const button of document.querySelectorAll<HTMLElement>('[data-save]')) button.onclick = () => void this.saveAs(button.dataset.save ?? '');
         for (const id of ['print', 'print-top']) find(id).onclick = () => window.print();
         find('link').onclick = () => void this.copyLink();
-        window.addEventListener('beforeprint', () => (find('sheet').innerHTML = this.answer.division?.divided ? planSvg(this.wanted()) : ''));
+        window.addEventListener('beforeprint', () => (find('sheet').innerHTML = this.answer.division?.divided ? printedSheets(this.wanted()) : ''));
         window.addEventListener('hashchange', () => {
             const given = fromAddress(location.hash);
             if (!given) return;
@@ -458,17 +492,17 @@ export class App {
         find('open').onclick = () => file.click();
         file.onchange = () => {
             const chosen = file.files?.[0];
-            if (chosen) void this.take(() => readFile(chosen), chosen.name);
+            if (chosen) void this.take(chosen, chosen.name);
             file.value = '';
         };
         const area = find<HTMLTextAreaElement>('paste-text');
-        find('paste-take').onclick = () => void this.take(() => readText(area.value), t('parcel'));
+        find('paste-take').onclick = () => void this.take(area.value, t('parcel'));
         document.addEventListener('paste', (event) => {
             if (event.target instanceof HTMLInputElement || event.target instanceof HTMLTextAreaElement) return;
             const pasted = event.clipboardData?.files[0];
             const text = event.clipboardData?.getData('text') ?? '';
-            if (pasted) void this.take(() => readFile(pasted), pasted.name);
-            else if (text) void this.take(() => readText(text), t('parcel'));
+            if (pasted) void this.take(pasted, pasted.name);
+            else if (text) void this.take(text, t('parcel'));
         });
         let depth = 0;
         const show = (by: number): void => {
@@ -484,8 +518,8 @@ export class App {
             show(0);
             const dropped = event.dataTransfer?.files[0];
             const text = event.dataTransfer?.getData('text') ?? '';
-            if (dropped) void this.take(() => readFile(dropped), dropped.name);
-            else if (text) void this.take(() => readText(text), t('parcel'));
+            if (dropped) void this.take(dropped, dropped.name);
+            else if (text) void this.take(text, t('parcel'));
         });
     }
 
@@ -505,10 +539,9 @@ export class App {
 
     private step(stepped: boolean): void {
         if (!stepped) return;
-        const before = this.answer.parcel;
-        this.update();
-        if (this.answer.parcel !== before) this.map.fit(this.state.parcels);
-        this.announce();
+        if (this.answer.parcel !== this.state.parcels[this.state.chosen]) this.map.fit(this.state.parcels);
+        this.axisBegun = undefined;
+        this.update(() => this.announce());
     }
 }
 
@@ -518,8 +551,4 @@ function somewhereIn(parcel: NamedParcel | undefined): Point {
     const [x = 0, y = 0] = new OlPolygon(rings).getInteriorPoint().getCoordinates();
     const rounded: Point = [Number(x.toFixed(2)), Number(y.toFixed(2))];
     return Number.isFinite(rounded[0]) && Number.isFinite(rounded[1]) ? rounded : [0, 0];
-}
-
-function stateOf(reading: Reading, source: string, asked: Asked): State {
-    return { source, parcels: reading.parcels, notes: reading.notes, chosen: 0, asked: { ...asked, point: somewhereIn(reading.parcels[0]) } };
 }

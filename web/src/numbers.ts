@@ -1,6 +1,6 @@
 // Numbers as text. Rounding is plparcel's.
 
-import type { Plcalc } from '@plcalc/wasm';
+import type { Plcalc, Point } from '@plcalc/wasm';
 
 import type { Settings } from './state';
 
@@ -19,6 +19,13 @@ export class Numbers {
     }
     length(value: number): string {
         return this.fixed(value, decimalsFor(value));
+    }
+    /** From one point to another. */
+    distance(from: Point, to: Point): string {
+        return this.length(this.plcalc.length(from, to));
+    }
+    bearing(from: Point, to: Point): string {
+        return this.angle(this.plcalc.bearing(from, to));
     }
     withUnit(text: string): string {
         return this.settings.unit ? `${text} ${this.settings.unit}` : text;

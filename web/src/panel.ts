@@ -2,19 +2,13 @@
 
 import type { Alternative } from '@plcalc/wasm';
 
-import { isParts } from './drawing/plan';
 import { pieceColor } from './drawing/scene';
-import { hasDirection, type Answer } from './answer';
+import { hasDirection, isParts, type Answer, type Solved } from './answer';
 import type { Mode } from './amounts';
 import { typedNumber, type Numbers } from './numbers';
 import { kKinds, type Asked, type Kind, type Settings, type Spot, type State } from './state';
 import { languages, noteText, reasonText, t, type Key } from './texts';
 import { examples } from './examples';
-
-export interface Range {
-    readonly least: number;
-    readonly most: number;
-}
 
 export interface PanelEvents {
     ask(change: Partial<Asked>, field: string): void;
@@ -26,15 +20,10 @@ export interface PanelEvents {
     takeInstead(alternative: Alternative): void;
 }
 
-export interface PanelShown {
+export interface PanelShown extends Solved {
     readonly state: State;
     readonly settings: Settings;
-    readonly answer: Answer;
     readonly numbers: Numbers;
-    readonly ranges: readonly Range[];
-    /** Other lines that hold what was refused. */
-    readonly instead: readonly Alternative[];
-    readonly hasOther: boolean;
 }
 
 const kModes: readonly [Mode, Key, Key][] = [
@@ -51,6 +40,7 @@ const kPictures: Record<Kind, string> = {
     vertex: '<path class="take" d="M4 40 55 20 58 38z"/><path class="lot lot-line" d="{lot}"/><path class="cut" d="M4 40 55 20"/><circle class="dot" cx="4.6" cy="39.6" r="4"/>',
     bearing: '<path class="take" d="M22 8.7 52 6 58 38 41 38.6z"/><path class="lot lot-line" d="{lot}"/><path class="cut" d="M22 8.7 41 38.6"/><path class="ref thin" d="M22 31V14m-3.4 5L22 13.4l3.4 5.6"/>',
     place: '<path class="take" d="M25 39.2 44 6.7 52 6 58 38z"/><path class="lot lot-line" d="{lot}"/><path class="ref" d="M4 40 58 38"/><path class="cut" d="M25 39.2 44 6.7"/><circle class="dot" cx="25" cy="39.2" r="4"/>',
+    segment: '<path class="take" d="M29 8.1 52 6 58 38 43 38.6z"/><path class="lot lot-line" d="{lot}"/><path class="cut" d="M29 8.1 43 38.6"/><path class="ref thin" d="M7 3 26 44m-5.2-3.6L26 44l.9-6.3"/>',
     point: '<path class="take" d="M6.3 22.5 55.6 25.4 58 38 4 40z"/><path class="lot lot-line" d="{lot}"/><path class="cut" d="M6.3 22.5 55.6 25.4"/><circle class="dot" cx="31" cy="24" r="4.6"/>',
 };
 
@@ -192,7 +182,7 @@ export class Panel {
     }
 
     private showParcel({ state, answer, numbers }: PanelShown): void {
-        const { report } = answer.measures;
+        const { report } = answer;
         const count = answer.parcel.outer.length;
         text('parcel-name', answer.parcel.name || (state.parcels.length === 1 ? state.source : t('parcelNumber', state.chosen + 1)));
         const facts = [t('corners', count), ...(answer.parcel.holes.length > 0 ? [t('holes', answer.parcel.holes.length)] : [])];
@@ -222,6 +212,7 @@ export class Panel {
         fill('along', typedNumber(asked.along));
         fill('east', typedNumber(asked.point[0]));
         fill('north', typedNumber(asked.point[1]));
+        asked.axis.forEach((end, i) => end.forEach((value, k) => fill(`axis-${i}-${k}`, typedNumber(value))));
         find<HTMLInputElement>('whole').checked = asked.whole;
     }
 
@@ -242,7 +233,7 @@ export class Panel {
         find('mistake').hidden = !answer.mistake;
         text('mistake', answer.mistake ? t(answer.mistake) : '');
         find('amount').ariaInvalid = String(Boolean(answer.mistake));
-        const area = answer.measures.report.area;
+        const area = answer.report.area;
         const sliding = (asked.mode === 'area' || asked.mode === 'share') && area > 0;
         find('slider-box').hidden = !sliding;
         const wanted = answer.division?.held[0]?.asked;
@@ -292,7 +283,7 @@ export class Panel {
         const proof = division.decimals === undefined ? t('provenExact')
             : division.decimals > settings.decimals ? t('moreDecimals', settings.decimals, division.decimals) : t('provenLong', division.decimals);
         text('proof', proof + (division.lines.some((line) => line.meetsAgain) ? ` ${t('meetsAgain')}` : ''));
-        const whole = answer.measures.report.area;
+        const whole = answer.report.area;
         const last = division.held.length - 1;
         const body = (id: string, rows: HTMLTableRowElement[], more: number): void => {
             if (more > 0) rows.push(cells([`+ ${more}`], false));
@@ -339,8 +330,9 @@ export function cornerName(answer: Answer, spot: Spot): string {
 
 /** "4 – 1: 129.92 m, 374.9509 gon" */
 export function sideFacts(answer: Answer, numbers: Numbers, spot: Spot): string {
-    const side = answer.measures.rings[spot.ring]?.[spot.index];
-    return side ? `${sideName(answer, spot)}: ${numbers.withUnit(numbers.length(side.length))}, ${numbers.angle(side.bearing)}` : '';
+    const ring = [answer.parcel.outer, ...answer.parcel.holes][spot.ring] ?? [];
+    const [from, to] = [ring[spot.index], ring[(spot.index + 1) % Math.max(1, ring.length)]];
+    return from && to ? `${sideName(answer, spot)}: ${numbers.withUnit(numbers.distance(from, to))}, ${numbers.bearing(from, to)}` : '';
 }
 
 function insteadName(answer: Answer, { line }: Alternative): string {

@@ -27,10 +27,23 @@ export class Unreadable extends Error {
     }
 }
 
+export function verticesOf(parcel: NamedParcel): number {
+    return parcel.outer.length + parcel.holes.reduce((sum, hole) => sum + hole.length, 0);
+}
+
+/** Something that a worker has no means for, so that the page has to do it. */
+export class NeedsPage extends Error {}
+
 /** What a page can hold without becoming slow. The program has no such limits. */
 export const kMostBytes = 32e6;
 export const kMostVertices = 200_000;
 export const kMostParcels = 20_000;
+
+/** XML is read by the page itself, which stands still meanwhile. */
+export const kMostXmlBytes = 8e6;
+
+/** For a file or a division; then it is given up. */
+export const kMostSeconds = 60;
 
 /** Without the closing vertex. @throws Unreadable for coordinates that are none */
 export function opened(ring: readonly (readonly number[])[]): Point[] {
@@ -40,4 +53,8 @@ export function opened(ring: readonly (readonly number[])[]): Point[] {
     const last = points.at(-1);
     if (points.length > 1 && first && last && first[0] === last[0] && first[1] === last[1]) points.pop();
     return points;
+}
+
+export function megabytes(bytes: number): string {
+    return String(Math.ceil(bytes / 1e6));
 }

@@ -6,8 +6,8 @@ import { deflateSync, inflateSync, strFromU8, strToU8 } from 'fflate';
 import type { Mode } from './amounts';
 import type { NamedParcel, Note } from './parcels';
 
-export type Kind = 'parallel' | 'perpendicular' | 'vertex' | 'bearing' | 'place' | 'point';
-export const kKinds: readonly Kind[] = ['parallel', 'perpendicular', 'vertex', 'bearing', 'place', 'point'];
+export const kKinds = ['parallel', 'perpendicular', 'vertex', 'bearing', 'segment', 'place', 'point'] as const;
+export type Kind = (typeof kKinds)[number];
 
 /** A side or a corner, counted from 0; ring 0 is the outer one. */
 export interface Spot {
@@ -20,6 +20,8 @@ export interface Asked {
     readonly side: Spot;
     readonly corner: Spot;
     readonly gon: number;
+    /** A segment anywhere that gives the line its direction, such as the axis of a road. */
+    readonly axis: readonly [Point, Point];
     readonly along: number;
     readonly point: Point;
     readonly mode: Mode;
@@ -53,7 +55,7 @@ export interface Settings {
 export const kDefaultSettings: Settings = { language: 'en', decimals: 4, angles: 'gon', unit: 'm', snap: true };
 
 export const kFirstAsked: Asked = {
-    kind: 'parallel', side: { ring: 0, index: 0 }, corner: { ring: 0, index: 0 }, gon: 0, along: 0, point: [0, 0],
+    kind: 'parallel', side: { ring: 0, index: 0 }, corner: { ring: 0, index: 0 }, gon: 0, axis: [[0, 0], [0, 1]], along: 0, point: [0, 0],
     mode: 'share', typed: { area: '', share: '1/3', parts: '3', width: '', list: '' },
     opposite: false, alternative: 0, whole: false,
 };
@@ -144,7 +146,7 @@ export function fromAddress(hash: string): { state: State; settings: Pick<Settin
         const bytes = Uint8Array.from(atob(packed.replaceAll('-', '+').replaceAll('_', '/')), (c) => c.charCodeAt(0));
         const { parcel, source, notes, asked, settings } = JSON.parse(strFromU8(inflateSync(bytes, { out: new Uint8Array(1 << 18) }))) as Written;
         const points = (ring: unknown): boolean => Array.isArray(ring) && ring.every((p) => Array.isArray(p) && p.length === 2 && p.every(Number.isFinite));
-        if (!points(parcel.outer) || !parcel.holes.every(points) || !kKinds.includes(asked.kind)) return undefined;
+        if (!points(parcel.outer) || !parcel.holes.every(points) || !kKinds.includes(asked.kind) || !points(asked.axis ?? [])) return undefined;
         const state: State = { source: String(source), parcels: [{ ...parcel, name: String(parcel.name) }], notes, chosen: 0, asked: { ...kFirstAsked, ...asked } };
         return { state, settings };
     } catch {

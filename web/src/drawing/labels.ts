@@ -2,6 +2,9 @@
 
 import type { XY } from './pen';
 
+/** Where labels may stand. */
+export type Within = Box;
+
 interface Box {
     readonly left: number;
     readonly top: number;
@@ -27,11 +30,11 @@ const kCell = 64;
 export class LabelPlaces {
     private readonly cells = new Map<string, Box[]>();
 
-    constructor(private readonly width: number, private readonly height: number) {}
+    constructor(private readonly within: Within) {}
 
     isFree(at: XY, width: number, height: number, angle: number): boolean {
         return boxesOf(at, width, height, angle).every((box) =>
-            box.left >= 0 && box.top >= 0 && box.right <= this.width && box.bottom <= this.height &&
+            box.left >= this.within.left && box.top >= this.within.top && box.right <= this.within.right && box.bottom <= this.within.bottom &&
             this.cellsOf(box).every((cell) => (this.cells.get(cell) ?? []).every((other) =>
                 box.left >= other.right || box.right <= other.left || box.top >= other.bottom || box.bottom <= other.top)));
     }

@@ -13,8 +13,9 @@ import type { Answer } from '../answer';
 import { roundBelow, type Numbers } from '../numbers';
 import type { NamedParcel } from '../parcels';
 import type { Asked, Spot } from '../state';
+import { kColors } from './colors';
 import { CanvasPen, type XY } from './pen';
-import { drawScene, kColors, type Looks } from './scene';
+import { drawOthers, drawScene, isWithin, type Looks, type View as SceneView } from './scene';
 
 export type Picked =
     | { readonly kind: 'side' | 'corner'; readonly spot: Spot; readonly at: Point }
@@ -27,10 +28,12 @@ export interface Shown {
     readonly chosen: number;
     readonly asked: Asked;
     readonly numbers: Numbers;
+    readonly begun?: Point | undefined;
 }
 
 export interface MapEvents {
-    pick(picked: Picked): void;
+    /** @param snapped  the corner of any parcel at which the person pointed, else the place itself */
+    pick(picked: Picked, snapped: Point): void;
     hover(picked: Picked | undefined, pixel: XY): void;
     dragTo(at: Point): void;
     dragEnd(): void;
@@ -41,6 +44,8 @@ const kNorthArrow = 54;
 export class ParcelMap {
     private readonly map: OlMap;
     private readonly canvas = document.createElement('canvas');
+    private readonly below = document.createElement('canvas');
+    private belowFor: readonly unknown[] = [];
     private shown: Shown | undefined;
     private hovered: Looks['hovered'];
     private dragging = false;
@@ -67,8 +72,10 @@ export class ParcelMap {
         }));
         this.map.on('click', (event) => {
             // A click on the line is the beginning of a drag, except where a point is asked for.
-            if (this.shown?.asked.kind === 'point' || !this.isOnLine([event.pixel[0] ?? 0, event.pixel[1] ?? 0], 8))
-                this.events.pick(this.pick(event.pixel, event.coordinate, isMouse(event) ? 12 : 24));
+            const pointing = this.shown?.asked.kind === 'point' || this.shown?.asked.kind === 'segment';
+            const reach = isMouse(event) ? 12 : 24;
+            if (pointing || !this.isOnLine([event.pixel[0] ?? 0, event.pixel[1] ?? 0], 8))
+                this.events.pick(this.pick(event.pixel, event.coordinate, reach), this.snapped(event.pixel, event.coordinate, reach));
         });
         this.map.on('pointermove', (event) => {
             if (this.dragging || event.dragging) return;
@@ -133,24 +140,56 @@ export class ParcelMap {
         const [width = 0, height = 0] = frame.size;
         const ratio = frame.pixelRatio;
         const canvas = this.canvas;
-        if (canvas.width !== Math.round(width * ratio) || canvas.height !== Math.round(height * ratio)) {
-            canvas.width = Math.round(width * ratio);
-            canvas.height = Math.round(height * ratio);
-            Object.assign(canvas.style, { position: 'absolute', width: '100%', height: '100%' });
-        }
+        this.sized(canvas, width * ratio, height * ratio);
         const context = canvas.getContext('2d') as CanvasRenderingContext2D;
         context.setTransform(ratio, 0, 0, ratio, 0, 0);
         context.clearRect(0, 0, width, height);
         if (!this.shown) return canvas;
         const [a = 1, b = 0, c = 0, d = 1, e = 0, f = 0] = frame.coordinateToPixelTransform;
         const place = (p: Point): XY => [a * p[0] + c * p[1] + e, b * p[0] + d * p[1] + f];
-        const { answer, parcels, chosen, asked, numbers } = this.shown;
+        const view = { place, pixel: 1, width, height };
+        const { answer, parcels, chosen, asked, numbers, begun } = this.shown;
+        if (parcels.length > 1) {
+            this.drawBelow(view, ratio, [...frame.coordinateToPixelTransform, ratio, width, height, parcels, chosen]);
+            context.drawImage(this.below, 0, 0, width, height);
+        }
         const pen = new CanvasPen(context);
-        const others = parcels.filter((_, i) => i !== chosen);
-        drawScene(pen, { place, pixel: 1, width, height }, answer, { asked, others, hovered: this.hovered, handles: true }, numbers);
+        drawScene(pen, view, answer, { asked, begun, hovered: this.hovered, handles: true }, numbers);
         drawNorthArrow(pen, [width - 32, 40], 1);
         drawScaleBar(pen, [16, height - 22], Math.min(150, width / 4), frame.viewState.resolution, numbers, 1);
         return canvas;
+    }
+
+    private sized(canvas: HTMLCanvasElement, width: number, height: number): void {
+        if (canvas.width === Math.round(width) && canvas.height === Math.round(height)) return;
+        canvas.width = Math.round(width);
+        canvas.height = Math.round(height);
+        Object.assign(canvas.style, { position: 'absolute', width: '100%', height: '100%' });
+    }
+
+    // The other parcels stay as they are while a line is dragged.
+    private drawBelow(view: SceneView, ratio: number, looks: readonly unknown[]): void {
+        if (looks.every((value, i) => value === this.belowFor[i])) return;
+        this.belowFor = looks;
+        this.sized(this.below, view.width * ratio, view.height * ratio);
+        const context = this.below.getContext('2d') as CanvasRenderingContext2D;
+        context.setTransform(ratio, 0, 0, ratio, 0, 0);
+        context.clearRect(0, 0, view.width, view.height);
+        const chosen = this.shown?.chosen;
+        drawOthers(new CanvasPen(context), view, this.shown?.parcels.filter((_, i) => i !== chosen) ?? []);
+    }
+
+    private snapped(pixel: readonly number[], coordinate: readonly number[], reach: number): Point {
+        const target: XY = [pixel[0] ?? 0, pixel[1] ?? 0];
+        let [best, found] = [reach, asPoint(coordinate)];
+        for (const parcel of this.shown?.parcels ?? [])
+            for (const ring of [parcel.outer, ...parcel.holes])
+                for (const p of ring) {
+                    const at = this.pixelOf(p);
+                    const far = Math.hypot(at[0] - target[0], at[1] - target[1]);
+                    if (far < best) [best, found] = [far, p];
+                }
+        return found;
     }
 
     private isOnLine(pixel: XY, reach: number): boolean {
@@ -173,8 +212,8 @@ export class ParcelMap {
         if (corner) return { kind: 'corner', spot: corner, at };
         const side = nearest(rings, reach, (ring, i) => distance(target, ring[i] as XY, ring[(i + 1) % ring.length] as XY));
         if (side) return { kind: 'side', spot: side, at };
-        if (within(rings, target)) return { kind: 'inside', at };
-        const index = shown.parcels.findIndex((parcel, i) => i !== shown.chosen && within([parcel.outer, ...parcel.holes].map((ring) => ring.map((p) => this.pixelOf(p))), target));
+        if (isWithin(rings, target)) return { kind: 'inside', at };
+        const index = shown.parcels.findIndex((parcel, i) => i !== shown.chosen && isWithin([parcel.outer, ...parcel.holes].map((ring) => ring.map((p) => this.pixelOf(p))), target));
         return index >= 0 ? { kind: 'parcel', index, at } : { kind: 'outside', at };
     }
 }
@@ -216,16 +255,6 @@ function nearest(rings: readonly (readonly XY[])[], reach: number, far: (ring: r
     return found;
 }
 
-function within(rings: readonly (readonly XY[])[], p: XY): boolean {
-    let inside = false;
-    for (const ring of rings)
-        ring.forEach((a, i) => {
-            const b = ring[(i + 1) % ring.length] as XY;
-            if (a[1] > p[1] !== b[1] > p[1] && p[0] < a[0] + ((p[1] - a[1]) / (b[1] - a[1])) * (b[0] - a[0])) inside = !inside;
-        });
-    return inside;
-}
-
 /** @param unit  how long a pixel is on the sheet */
 export function drawNorthArrow(pen: CanvasPen | import('./pen').Pen, [x, y]: XY, unit: number): void {
     const h = (kNorthArrow / 2) * unit;
@@ -235,16 +264,19 @@ export function drawNorthArrow(pen: CanvasPen | import('./pen').Pen, [x, y]: XY,
     pen.text([x, y + h * 0.62 + 10 * unit], 'N', { size: 13 * unit, bold: true, color: kColors.ink });
 }
 
-/** @param resolution  units of the plane to a unit of the sheet */
-export function drawScaleBar(pen: import('./pen').Pen, [x, y]: XY, most: number, resolution: number, numbers: Numbers, unit: number): number {
+/**
+ * @param resolution  units of the plane to a unit of the sheet
+ * @param right       where it ends; without it, it begins at the place
+ */
+export function drawScaleBar(pen: import('./pen').Pen, [left, y]: XY, most: number, resolution: number, numbers: Numbers, unit: number, right?: number): void {
     const length = roundBelow(most * resolution);
     const width = length / resolution;
+    const x = right === undefined ? left : right - width;
     const h = 6 * unit;
     for (let i = 0; i < 4; ++i)
         pen.shape([[[x + (i * width) / 4, y], [x + ((i + 1) * width) / 4, y], [x + ((i + 1) * width) / 4, y + h], [x + (i * width) / 4, y + h]]],
             { fill: i % 2 === 0 ? kColors.ink : kColors.paper, stroke: kColors.ink, width: 0.9 * unit });
     const lettering = { size: 11 * unit, color: kColors.ink, halo: kColors.paper } as const;
     pen.text([x, y - 8 * unit], '0', { ...lettering, align: 'left' });
-    pen.text([x + width, y - 8 * unit], numbers.withUnit(String(Number(length.toPrecision(6)))), { ...lettering, align: 'center' });
-    return width;
+    pen.text([x + width, y - 8 * unit], numbers.withUnit(String(Number(length.toPrecision(6)))), { ...lettering, align: right === undefined ? 'center' : 'right' });
 }

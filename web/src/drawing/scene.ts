@@ -1,20 +1,15 @@
 // The drawing of a parcel and its division, the same on the screen and on paper: pieces, sides, lines, and their figures.
 
-import type { Point, SideMeasure } from '@plcalc/wasm';
-import OlPolygon from 'ol/geom/Polygon.js';
+import type { Point } from '@plcalc/wasm';
 
 import type { Answer, NamedPiece } from '../answer';
 import type { Numbers } from '../numbers';
 import type { NamedParcel } from '../parcels';
 import type { Asked, Spot } from '../state';
-import { LabelPlaces } from './labels';
+import { kColors } from './colors';
+import { LabelPlaces, type Within } from './labels';
 import type { Lettering, Pen, XY } from './pen';
-
-export const kColors = {
-    ink: '#16202b', muted: '#55616e', line: '#b3151b', base: '#1450a3', paper: '#ffffff', other: '#eceae4', otherInk: '#9a968c',
-    pieces: ['#f7dba7', '#dcead6', '#d3e2f2', '#f3d8db', '#e4dcf0', '#f0ecc6', '#d4ebe8', '#ecdccf'],
-    undivided: '#f4efe3', hover: '#1450a3',
-} as const;
+import { sidesOf } from './tables';
 
 export interface View {
     /** From the plane to the sheet. */
@@ -24,11 +19,14 @@ export interface View {
     /** The sheet's size. */
     readonly width: number;
     readonly height: number;
+    /** Where labels may stand; anywhere on the sheet without it. */
+    readonly within?: Within;
 }
 
 export interface Looks {
     readonly asked: Asked;
-    readonly others: readonly NamedParcel[];
+    /** The first point of a segment of which the second is yet to come. */
+    readonly begun?: Point | undefined;
     readonly hovered?: { readonly kind: 'side' | 'corner'; readonly spot: Spot } | undefined;
     /** Handles at the lines, on the screen only. */
     readonly handles: boolean;
@@ -36,6 +34,72 @@ export interface Looks {
 
 export function pieceColor(index: number): string {
     return kColors.pieces[index % kColors.pieces.length] as string;
+}
+
+/** The other parcels of a file, which lie below. */
+export function drawOthers(pen: Pen, view: View, others: readonly NamedParcel[]): void {
+    for (const other of others) {
+        const rings = [other.outer, ...other.holes].map((ring) => thinned(ring.map((p) => view.place(p)), view.pixel));
+        pen.shape(rings, { fill: kColors.other, stroke: kColors.otherInk, width: view.pixel });
+    }
+}
+
+/** By the even-odd rule, on the sheet. */
+export function isWithin(rings: readonly (readonly XY[])[], p: XY): boolean {
+    let inside = false;
+    for (const ring of rings)
+        ring.forEach((a, i) => {
+            const b = ring[(i + 1) % ring.length] as XY;
+            if (a[1] > p[1] !== b[1] > p[1] && p[0] < a[0] + ((p[1] - a[1]) / (b[1] - a[1])) * (b[0] - a[0])) inside = !inside;
+        });
+    return inside;
+}
+
+// Where a horizontal line enters and leaves an area.
+function crossings(rings: readonly (readonly XY[])[], y: number): number[] {
+    const xs: number[] = [];
+    for (const ring of rings)
+        ring.forEach((a, i) => {
+            const b = ring[(i + 1) % ring.length] as XY;
+            if (a[1] > y !== b[1] > y) xs.push(a[0] + ((y - a[1]) / (b[1] - a[1])) * (b[0] - a[0]));
+        });
+    return xs.sort((a, b) => a - b);
+}
+
+// Lines across an area, by the even-odd rule.
+function hatch(rings: readonly (readonly XY[])[], angle: number, spacing: number): (readonly [XY, XY])[] {
+    const [cos, sin] = [Math.cos(angle), Math.sin(angle)];
+    const crossings = new Map<number, number[]>();
+    for (const ring of rings)
+        ring.forEach((a, i) => {
+            const b = ring[(i + 1) % ring.length] as XY;
+            const [u, v] = [a[0] * cos + a[1] * sin, a[1] * cos - a[0] * sin];
+            const [du, dv] = [b[0] * cos + b[1] * sin - u, b[1] * cos - b[0] * sin - v];
+            for (let k = Math.floor(Math.min(v, v + dv) / spacing) + 1; k * spacing <= Math.max(v, v + dv); ++k) {
+                if (dv === 0) break;
+                crossings.set(k, [...(crossings.get(k) ?? []), u + ((k * spacing - v) / dv) * du]);
+            }
+        });
+    const place = (u: number, v: number): XY => [u * cos - v * sin, v * cos + u * sin];
+    return [...crossings].flatMap(([k, at]) => {
+        at.sort((a, b) => a - b);
+        return Array.from({ length: Math.floor(at.length / 2) }, (_, i) => [place(at[2 * i] as number, k * spacing), place(at[2 * i + 1] as number, k * spacing)] as const);
+    });
+}
+
+// Corners nearer to the one before than the eye can part are left out of what is drawn.
+const kThinnest = 0.4;
+const kFewestToThin = 500;
+
+function thinned(ring: readonly XY[], pixel: number): readonly XY[] {
+    if (ring.length < kFewestToThin) return ring;
+    const least = kThinnest * pixel;
+    let last: XY | undefined;
+    return ring.filter((p) => {
+        if (last && Math.abs(p[0] - last[0]) < least && Math.abs(p[1] - last[1]) < least) return false;
+        last = p;
+        return true;
+    });
 }
 
 export function drawScene(pen: Pen, view: View, answer: Answer, looks: Looks, numbers: Numbers): void {
@@ -46,24 +110,25 @@ const kSideText = 12;
 const kPieceText = 16;
 const kMostCornerNames = 400;
 
+// At these parts of its height an area is looked at for a place for its label.
+const kLookedAtLines = [0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.1, 0.9];
+
 // No figure fits a side that is shorter on the screen.
 const kShortestLabelled = 16;
 
 class Scene {
     private readonly places: LabelPlaces;
     private readonly rings: readonly (readonly XY[])[];
+    private readonly outline: readonly (readonly XY[])[];
 
     constructor(private readonly pen: Pen, private readonly view: View, private readonly answer: Answer,
         private readonly looks: Looks, private readonly numbers: Numbers) {
-        this.places = new LabelPlaces(view.width, view.height);
+        this.places = new LabelPlaces(view.within ?? { left: 0, top: 0, right: view.width, bottom: view.height });
         this.rings = [answer.parcel.outer, ...answer.parcel.holes].map((ring) => this.placed(ring));
+        this.outline = this.rings.map((ring) => thinned(ring, view.pixel));
     }
 
     draw(): void {
-        for (const other of this.looks.others) {
-            const rings = [other.outer, ...other.holes].map((ring) => this.placed(ring));
-            this.pen.shape(rings, { fill: kColors.other, stroke: kColors.otherInk, width: this.px(1) });
-        }
         this.drawPieces();
         this.drawBoundary();
         this.drawLines();
@@ -72,6 +137,7 @@ class Scene {
         this.placeLineLabels();
         this.placePointNames();
         this.placeSideLabels();
+        if (!this.looks.handles) this.placeWholeSides();
     }
 
     private px(pixels: number): number {
@@ -83,16 +149,24 @@ class Scene {
 
     private drawPieces(): void {
         if (this.answer.pieces.length === 0) {
-            this.pen.shape(this.rings, { fill: kColors.undivided });
+            this.pen.shape(this.outline, { fill: kColors.undivided });
             return;
         }
-        for (const piece of this.answer.pieces) this.pen.shape(piece.rings.map((ring) => this.placed(ring)), { fill: pieceColor(piece.amount) });
+        for (const piece of this.answer.pieces) {
+            const rings = piece.rings.map((ring) => thinned(this.placed(ring), this.view.pixel));
+            this.pen.shape(rings, { fill: pieceColor(piece.amount) });
+            // On paper, pieces are told apart in black and white too.
+            if (!this.looks.handles && piece.amount % 2 === 1)
+                for (const stroke of hatch(rings, piece.amount % 4 === 1 ? Math.PI / 4 : -Math.PI / 4, this.px(7.7)))
+                    this.pen.line(stroke, { stroke: kColors.hatch, width: this.px(0.6) });
+        }
     }
 
     private drawBoundary(): void {
-        this.pen.shape(this.rings, { stroke: kColors.ink, width: this.px(1.6) });
+        this.pen.shape(this.outline, { stroke: kColors.ink, width: this.px(1.6) });
         const { hovered, asked } = this.looks;
         if (['parallel', 'perpendicular', 'place'].includes(asked.kind)) this.drawSide(asked.side, kColors.base, 5);
+        if (asked.kind === 'segment') this.drawAxis(asked.axis);
         if (hovered?.kind === 'side') this.drawSide(hovered.spot, `${kColors.hover}66`, 9);
     }
 
@@ -101,6 +175,17 @@ class Scene {
         const from = ring[spot.index];
         const to = ring[(spot.index + 1) % ring.length];
         if (from && to) this.pen.line([from, to], { stroke: color, width: this.px(width) });
+    }
+
+    // With an arrow, because what is asked lies on its right.
+    private drawAxis([from, to]: readonly [Point, Point]): void {
+        const [a, b] = [this.view.place(from), this.view.place(to)];
+        const way = Math.atan2(b[1] - a[1], b[0] - a[0]);
+        const barb = (turn: number): XY => [b[0] - this.px(15) * Math.cos(way + turn), b[1] - this.px(15) * Math.sin(way + turn)];
+        const style = { stroke: kColors.base, width: this.px(3.5) };
+        this.pen.line([a, b], { ...style, dash: [this.px(12), this.px(7)] });
+        this.pen.line([barb(0.45), b, barb(-0.45)], style);
+        for (const at of [a, b]) this.pen.circle(at, this.px(4.5), { fill: kColors.base, stroke: kColors.paper, width: this.px(1.3) });
     }
 
     private drawLines(): void {
@@ -125,6 +210,7 @@ class Scene {
         if (asked.kind === 'point') {
             this.pen.circle(this.view.place(asked.point), this.px(6), { fill: kColors.base, stroke: kColors.paper, width: this.px(1.5) });
         }
+        if (this.looks.begun) this.pen.circle(this.view.place(this.looks.begun), this.px(6), { fill: kColors.base, stroke: kColors.paper, width: this.px(1.5) });
         if (this.looks.handles) this.drawHandles();
     }
 
@@ -148,34 +234,53 @@ class Scene {
     }
 
     private placePieceLabels(): void {
-        for (const piece of this.answer.pieces) {
-            const at = this.inside(piece);
-            const rows: [string, boolean, number][] = [
-                [piece.name, true, kPieceText],
-                [this.numbers.area(piece.area), false, kPieceText - 2],
-            ];
-            const widest = Math.max(...rows.map(([text, bold, size]) => this.pen.widthOf(text, { size: this.px(size), bold })));
-            const free = [0, 1, -1, 2, -2, 3, -3].map((k): XY => [at[0], at[1] + this.px(19 * k)]).find((place) =>
-                this.places.isFree(place, widest, this.px(36), 0));
-            const place = free ?? (this.places.isFree(at, this.px(12), this.px(16), 0) ? at : undefined);
-            if (!place) continue;
-            this.places.take(place, widest, this.px(38), 0);
-            rows.forEach(([text, bold, size], i) => this.pen.text([place[0], place[1] + this.px(i === 0 ? -9 : 9)], text,
-                { size: this.px(size), bold, color: kColors.ink, halo: pieceColor(piece.amount) }));
-        }
+        for (const piece of this.answer.pieces) this.placePieceLabel(piece);
         if (this.answer.pieces.length > 0) return;
-        const at = this.inside({ rings: [this.answer.parcel.outer, ...this.answer.parcel.holes] });
-        const text = this.numbers.area(this.answer.measures.report.area);
+        const text = this.numbers.area(this.answer.report.area);
         const lettering: Lettering = { size: this.px(kPieceText), color: kColors.ink, halo: kColors.undivided, bold: true };
+        const at = this.inside(this.outline, this.pen.widthOf(text, lettering));
         this.places.take(at, this.pen.widthOf(text, lettering), this.px(20), 0);
         this.pen.text(at, text, lettering);
     }
 
-    // A place for a label, found by OpenLayers.
-    private inside(piece: Pick<NamedPiece, 'rings'>): XY {
-        const rings = piece.rings.map((ring) => this.placed([...ring, ring[0] as Point]).map((p) => [p[0], p[1]]));
-        const [x = 0, y = 0] = new OlPolygon(rings).getInteriorPoint().getCoordinates();
-        return [x, y];
+    // Name and area, or the name alone where a piece is too narrow for its area: on the piece next to it, that would mislead.
+    private placePieceLabel(piece: NamedPiece): void {
+        const rings = piece.rings.map((ring) => thinned(this.placed(ring), this.view.pixel));
+        const area = this.numbers.area(piece.area);
+        const widthOf = (text: string, size: number, bold: boolean): number => this.pen.widthOf(text, { size: this.px(size), bold });
+        const width = Math.max(widthOf(area, kPieceText - 2, false), widthOf(piece.name, kPieceText, true));
+        const at = this.inside(rings, 1.2 * width);
+        const fits = ([x, y]: XY): boolean => this.places.isFree([x, y], width, this.px(36), 0) &&
+            [-0.5, 0.5].every((part) => isWithin(rings, [x + part * width, y + this.px(9)]));
+        const style = { color: kColors.ink, halo: pieceColor(piece.amount) };
+        const place = [0, 1, -1, 2, -2, 3, -3].map((k): XY => [at[0], at[1] + this.px(19 * k)]).find(fits);
+        if (place) {
+            this.places.take(place, width, this.px(38), 0);
+            this.pen.text([place[0], place[1] - this.px(9)], piece.name, { ...style, size: this.px(kPieceText), bold: true });
+            this.pen.text([place[0], place[1] + this.px(9)], area, { ...style, size: this.px(kPieceText - 2) });
+            return;
+        }
+        const short = widthOf(piece.name, kPieceText, true);
+        if (!this.places.isFree(at, short, this.px(16), 0)) return;
+        this.places.take(at, short, this.px(18), 0);
+        this.pen.text(at, piece.name, { ...style, size: this.px(kPieceText), bold: true });
+    }
+
+    // Where a text fits: in the middle of the widest part of one of some lines of writing, the middle one if it is wide enough.
+    private inside(rings: readonly (readonly XY[])[], wanted: number): XY {
+        const ys = (rings[0] ?? []).map((p) => p[1]);
+        const [top, bottom] = [ys.reduce((least, y) => Math.min(least, y), Infinity), ys.reduce((most, y) => Math.max(most, y), -Infinity)];
+        let best: { width: number; at: XY } = { width: -1, at: rings[0]?.[0] ?? [0, 0] };
+        for (const part of kLookedAtLines) {
+            const y = top + part * (bottom - top);
+            const xs = crossings(rings, y);
+            for (let i = 0; i + 1 < xs.length; i += 2) {
+                const [left, right] = [xs[i] as number, xs[i + 1] as number];
+                if (right - left > best.width) best = { width: right - left, at: [(left + right) / 2, y] };
+            }
+            if (best.width >= wanted) break;
+        }
+        return best.at;
     }
 
     private placeLineLabels(): void {
@@ -224,27 +329,36 @@ class Scene {
     private placeSideLabels(): void {
         const lettering: Lettering = { size: this.px(kSideText), color: kColors.muted, halo: kColors.paper };
         const cut = new Set(this.answer.cuts.flatMap(({ from, to }) => [`${from.at} ${to.at}`, `${to.at} ${from.at}`]));
-        const outlines: [readonly Point[], readonly SideMeasure[]][] = this.answer.pieces.length > 0
-            ? this.answer.pieces.flatMap((piece) => piece.rings.map((ring, k): [readonly Point[], readonly SideMeasure[]] => [ring, piece.sides[k] ?? []]))
-            : [this.answer.parcel.outer, ...this.answer.parcel.holes].map((ring, k) => [ring, this.answer.measures.rings[k] ?? []]);
-        for (const [ring, sides] of outlines) {
+        const outlines = this.answer.pieces.length > 0 ? this.answer.pieces.flatMap((piece) => piece.rings) : [this.answer.parcel.outer, ...this.answer.parcel.holes];
+        const least = this.px(kShortestLabelled);
+        for (const ring of outlines) {
             const placed = this.placed(ring);
             // On the sheet, where y grows downwards.
             const turns = placed.reduce((sum, p, i) => {
                 const q = placed[(i + 1) % placed.length] as XY;
                 return sum + (p[0] - (placed[0] as XY)[0]) * (q[1] - (placed[0] as XY)[1]) - (q[0] - (placed[0] as XY)[0]) * (p[1] - (placed[0] as XY)[1]);
             }, 0);
-            const is_hole = ring !== outlines[0]?.[0] && this.answer.parcel.holes.some((hole) => hole[0] === ring[0]);
+            const is_hole = ring !== outlines[0] && this.answer.parcel.holes.some((hole) => hole[0] === ring[0]);
             const outward = turns > 0 !== is_hole ? -1 : 1;
             ring.forEach((from, i) => {
-                const to = ring[(i + 1) % ring.length] as Point;
-                const side = sides[i];
                 const [a, b] = [placed[i] as XY, placed[(i + 1) % placed.length] as XY];
-                const short = Math.hypot(b[0] - a[0], b[1] - a[1]) < this.px(kShortestLabelled);
-                if (short || !side || cut.has(`${from} ${to}`)) return;
-                const text = this.numbers.length(side.length);
-                this.alongside(a, b, text, lettering, [0.5, 0.35, 0.65], [12.5 * outward], false);
+                if (Math.abs(b[0] - a[0]) < least && Math.abs(b[1] - a[1]) < least) return;
+                const to = ring[(i + 1) % ring.length] as Point;
+                if (!cut.has(`${from} ${to}`)) this.alongside(a, b, this.numbers.distance(from, to), lettering, [0.5, 0.35, 0.65], [12.5 * outward], false);
             });
+        }
+    }
+
+    // On paper, sides that are cut have their whole length beyond those of their parts.
+    private placeWholeSides(): void {
+        const lettering: Lettering = { size: this.px(kSideText), color: kColors.ink, halo: kColors.paper };
+        const clockwise = !this.answer.report.anticlockwise;
+        for (const { points, ring } of sidesOf(this.answer)) {
+            const [from, to] = [points[0], points.at(-1)];
+            if (!from || !to || points.length < 3) continue;
+            const text = `${from.name}–${to.name}: ${this.numbers.distance(from.at, to.at)}`;
+            const outward = clockwise === (ring === 0) ? -1 : 1;
+            this.alongside(this.view.place(from.at), this.view.place(to.at), text, lettering, [0.5, 0.4, 0.6, 0.3, 0.7], [28 * outward, 40 * outward], false);
         }
     }
 

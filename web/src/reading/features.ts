@@ -10,7 +10,7 @@ import type LineString from 'ol/geom/LineString.js';
 import type MultiPolygon from 'ol/geom/MultiPolygon.js';
 import type Polygon from 'ol/geom/Polygon.js';
 
-import { opened, Unreadable, type NamedParcel, type Note, type Reading } from '../parcels';
+import { kMostXmlBytes, megabytes, NeedsPage, opened, Unreadable, type NamedParcel, type Note, type Reading } from '../parcels';
 import { isLonLat, projected } from './degrees';
 
 const kNames = ['name', 'lot', 'parcel', 'plot', 'label', 'id', 'number', 'nummer', 'flurstueck', 'flurstück', 'mappale'];
@@ -91,6 +91,8 @@ export function readGeoJson(text: string): Reading {
 }
 
 export function readKml(text: string): Reading {
+    if (text.length > kMostXmlBytes) throw new Unreadable(['tooLarge', megabytes(text.length), megabytes(kMostXmlBytes)]);
+    if (typeof DOMParser === 'undefined') throw new NeedsPage();
     let features: Feature[];
     try {
         features = new KML({ extractStyles: false }).readFeatures(text) as Feature[];

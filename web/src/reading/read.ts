@@ -1,22 +1,29 @@
 // Tells what a file or a pasted text is, and reads it.
 
-import { kMostBytes, kMostParcels, kMostVertices, Unreadable, type NamedParcel, type Reading } from '../parcels';
+import type { Plcalc } from '@plcalc/wasm';
+
+import { kMostBytes, kMostParcels, kMostVertices, megabytes, Unreadable, verticesOf, type Reading } from '../parcels';
 import { readDxf } from './drawing';
 import { readGeoJson, readKml, readWkt } from './features';
-import { megabytes, readZip } from './shapefile';
+import { readZip } from './shapefile';
 import { readTable } from './table';
 
-/** @throws Unreadable */
-export async function readFile(file: File): Promise<Reading> {
-    if (file.size > kMostBytes) throw new Unreadable(['tooLarge', megabytes(file.size), megabytes(kMostBytes)]);
-    return readBytes(new Uint8Array(await file.arrayBuffer()));
+/**
+ * A file, or a text as it was pasted.
+ *
+ * @throws Unreadable, or NeedsPage in a worker for what only a page can read
+ */
+export async function read(from: File | string, plcalc: Plcalc): Promise<Reading> {
+    if (typeof from === 'string') return readText(from, plcalc);
+    if (from.size > kMostBytes) throw new Unreadable(['tooLarge', megabytes(from.size), megabytes(kMostBytes)]);
+    return readBytes(new Uint8Array(await from.arrayBuffer()), plcalc);
 }
 
-function readBytes(bytes: Uint8Array): Reading {
+function readBytes(bytes: Uint8Array, plcalc: Plcalc): Reading {
     if (bytes[0] === 0x50 && bytes[1] === 0x4b) return checked(readZip(bytes));
     if (bytes[0] === 0x53 && bytes[1] === 0x51 && bytes[2] === 0x4c) throw new Unreadable(['geoPackage']);
     if (bytes[0] === 0 && bytes[2] === 0x27 && bytes[3] === 0x0a) throw new Unreadable(['bareShapefile']);
-    return readText(decoded(bytes));
+    return readText(decoded(bytes), plcalc);
 }
 
 // Texts are UTF-8, or what Windows wrote before.
@@ -29,22 +36,21 @@ function decoded(bytes: Uint8Array): string {
 }
 
 /** @throws Unreadable */
-export function readText(text: string): Reading {
+export function readText(text: string, plcalc: Plcalc): Reading {
     const start = text.slice(0, 2000).trimStart();
     if (start === '') throw new Unreadable(['empty']);
     if (start.includes('\u0000')) throw new Unreadable(['unknownFormat']);
     if (start.startsWith('{')) return checked(readGeoJson(text));
     if (start.startsWith('<')) return checked(readKml(text));
     if (/^(SRID=\d+;)?\s*(MULTI|POLYGON|LINESTRING|GEOMETRYCOLLECTION)/i.test(start)) return checked(readWkt(text));
-    if (/^(999\s*\n[^\n]*\n\s*)*0\s*\n\s*SECTION/.test(start.replaceAll('\r', ''))) return checked(readDxf(text));
+    if (/^(999\s*\n[^\n]*\n\s*)*0\s*\n\s*SECTION/.test(start.replaceAll('\r', ''))) return checked(readDxf(text, plcalc));
     return checked(readTable(text));
 }
 
 function checked(reading: Reading): Reading {
-    const vertices = (parcel: NamedParcel): number => parcel.outer.length + parcel.holes.reduce((sum, hole) => sum + hole.length, 0);
     if (reading.parcels.length === 0) throw new Unreadable(['noParcel']);
     if (reading.parcels.length > kMostParcels) throw new Unreadable(['tooManyParcels', String(reading.parcels.length), String(kMostParcels)]);
-    const sum = reading.parcels.reduce((all, parcel) => all + vertices(parcel), 0);
+    const sum = reading.parcels.reduce((all, parcel) => all + verticesOf(parcel), 0);
     if (sum > kMostVertices) throw new Unreadable(['tooManyVertices', String(sum), String(kMostVertices)]);
     return reading;
 }

@@ -3,7 +3,7 @@
 import { unzipSync, type UnzipFileInfo } from 'fflate';
 import { parseDbf, parseShp } from 'shpjs';
 
-import { kMostBytes, Unreadable, type Note, type Reading } from '../parcels';
+import { kMostBytes, megabytes, Unreadable, type Note, type Reading } from '../parcels';
 import { projected } from './degrees';
 import { ParcelCollector, readKml } from './features';
 
@@ -37,10 +37,6 @@ function filter(file: UnzipFileInfo): boolean {
     if (!kWanted.test(file.name) || file.name.includes('__MACOSX')) return false;
     if (file.originalSize > 2 * kMostBytes) throw new Unreadable(['tooLarge', megabytes(file.originalSize), megabytes(kMostBytes)]);
     return true;
-}
-
-export function megabytes(bytes: number): string {
-    return String(Math.ceil(bytes / 1e6));
 }
 
 function readShapes(shp: Uint8Array, dbf: Uint8Array | undefined, cpg: Uint8Array | undefined, prj: string): Reading {

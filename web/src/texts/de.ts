@@ -21,11 +21,12 @@ export const de: Texts = {
     exampleField: 'Feld', exampleYard: 'L-Form', exampleConvex: 'Vieleck', exampleUtm: 'Lose',
 
     line: 'Linie', parallel: 'Parallel', perpendicular: 'Rechtwinklig', vertex: 'Aus einer Ecke',
-    bearing: 'Mit Richtung', place: 'Von einer Seite', point: 'Durch Punkt',
+    bearing: 'Mit Richtung', segment: 'Wie eine Straße', place: 'Von einer Seite', point: 'Durch Punkt',
     side: 'Seite', corner: 'Ecke', sideName: '{0} – {1}: {2}, {3}', sideShort: '{0} – {1}', cornerName: 'Ecke {0}',
     bearingLabel: 'Richtungswinkel', along: 'Abstand von {0}', east: 'E', north: 'N',
+    fromEast: 'Von E', fromNorth: 'N', toEast: 'Nach E', toNorth: 'N',
     hintParallel: 'Eine Seite des Flurstücks anklicken.', hintVertex: 'Eine Ecke des Flurstücks anklicken.', hintPlace: 'Die Stelle auf einer Seite anklicken.',
-    hintPoint: 'Einen Punkt im Flurstück anklicken.', hintBearing: 'Einen Winkel eingeben, rechtsherum von Norden.',
+    hintSegment: 'Zwei Punkte anklicken, nach denen sich die Linie richtet.', hintSegmentEnd: 'Jetzt den zweiten Punkt anklicken.', hintPoint: 'Einen Punkt im Flurstück anklicken.', hintBearing: 'Einen Winkel eingeben, rechtsherum von Norden.',
     otherSide: 'Seiten tauschen', otherLine: 'Andere Linie', whole: 'Ganze Gerade, in beliebig viele Teile',
 
     amount: 'Wie viel', modeArea: 'Fläche', modeShare: 'Anteil', modeParts: 'Teile', modeWidth: 'Breite', modeList: 'Liste',
@@ -46,14 +47,15 @@ export const de: Texts = {
 
     save: 'Speichern', geojson: 'GeoJSON', csv: 'Punkte (CSV)', dxf: 'DXF', svg: 'Plan (SVG)', pdf: 'Plan (PDF)', png: 'Plan (PNG)', print: 'Plan drucken', link: 'Link kopieren',
     linkCopied: 'Der Link zeigt diese Teilung jedem, der diese Seite öffnet.', linkTooLong: 'Das Flurstück ist zu groß für einen Link. Bitte als GeoJSON speichern.', saved: 'Gespeichert: {0}',
-    scale: 'Maßstab 1:{0} auf A4', sheetMetres: 'Koordinaten als Meter', plan: 'Plan', morePoints: '{0} weitere Punkte: siehe Punktliste', morePieces: '{0} weitere Teile: siehe GeoJSON',
+    scale: 'Maßstab 1:{0} auf A4', sheetMetres: 'Koordinaten als Meter', plan: 'Plan', sheetOf: 'Blatt {0} von {1}', continued: '(Fortsetzung)', cutSides: 'Geschnittene Seiten', pointsAround: 'Punkte rings um das Flurstück', toNext: 'zum nächsten',
     cutSentence: 'Schnitt {0}: {1}', cutParallel: 'parallel zur Seite {0}', cutPerpendicular: 'rechtwinklig zur Seite {0}', cutVertex: 'aus der Ecke {0}',
-    cutBearing: 'in der Richtung {0}', cutPlace: 'von einer Stelle der Seite {0}', cutPoint: 'durch den Punkt {0} {1}', partsText: '{0} gleiche Teile', widthText: 'Breite {0}',
+    cutBearing: 'in der Richtung {0}', cutSegment: 'in der Richtung einer Strecke, {0}', cutPlace: 'von einer Stelle der Seite {0}', cutPoint: 'durch den Punkt {0} {1}', partsText: '{0} gleiche Teile', widthText: 'Breite {0}',
 
     degrees: 'Grad, projiziert in die UTM-Zone {0} (WGS 84, {1}). Gespeicherte Koordinaten stehen in dieser Projektion, nicht in Grad.',
     farFromZone: 'Flurstücke fern von Zone {1}, deren Flächen dort nicht die am Boden sind: {0}. Bitte einzeln öffnen.',
     crs: 'Koordinaten in {0}, als eben genommen.', noCrs: 'Kein Koordinatensystem; als eben genommen.', xEast: 'Spalten X und Y: X gilt als Ost. Ist X Nord, bitte in N und E umbenennen.',
-    leftOut: 'Weggelassen, weil keine geschlossenen Flächen: {0}.', arcs: 'Weggelassen, weil Seiten Bögen sind: {0}.', cannotOpen: 'Das lässt sich nicht öffnen',
+    leftOut: 'Weggelassen, weil keine geschlossenen Flächen: {0}.', arcs: 'Bögen gelten als Sehnen, höchstens {0} von ihnen entfernt.', joined: 'Grenzen aus {0} Linien verbunden, deren Enden bis zu {1} auseinander liegen.',
+    fork: 'Bei {0} {1} treffen sich mehr als zwei Linien, sodass offen bleibt, welche die Grenze ist.', gap: 'Die Linien schließen keine Grenze: Bei {0} {1} ist das nächste Ende {2} entfernt.', cannotOpen: 'Das lässt sich nicht öffnen',
     notFinite: 'Eine Koordinate ist keine Zahl.', brokenGeoJson: 'Das GeoJSON ist nicht lesbar.', brokenKml: 'Das KML ist nicht lesbar.', brokenWkt: 'Das WKT "{0}" ist nicht lesbar.', brokenDxf: 'Die DXF-Datei ist nicht lesbar.',
     brokenZip: 'Das Zip lässt sich nicht entpacken.', brokenShapefile: 'Das Shapefile ist nicht lesbar.', noShapefile: 'Im Zip ist kein Shapefile (.shp).', badDegrees: 'Diese Grade sind keine Längen und Breiten zwischen 84° Süd und Nord.',
     noColumns: 'Die Tabelle braucht eine Spalte WKT, oder einen Punkt je Zeile in den Spalten E und N (oder Rechtswert und Hochwert, X und Y).', badNumber: 'Zeile {0}: "{1}" ist keine Zahl. Bitte einen Punkt vor die Dezimalen setzen.',
@@ -61,7 +63,7 @@ export const de: Texts = {
     geoPackage: 'Die Seite liest kein GeoPackage. Das Programm plcalc kann es; oder bitte als GeoJSON ausgeben.', bareShapefile: 'Ein Shapefile besteht aus mehreren Dateien. Bitte zippen und das Zip ablegen.',
     empty: 'Es steht nichts darin.', unknownFormat: 'Das Format ist nicht bekannt. Die Seite liest GeoJSON, WKT, KML, CSV, DXF und gezippte Shapefiles.', noParcel: 'Es ist keine geschlossene Fläche darin.',
     tooManyParcels: 'Es sind {0} Flurstücke darin. Die Seite fasst bis zu {1}; das Programm plcalc teilt beliebig viele.', tooManyVertices: 'Es sind {0} Ecken darin. Die Seite fasst bis zu {1}; das Programm plcalc teilt beliebig viele.',
-    memory: 'Das Flurstück braucht mehr Speicher, als der Browser gibt.', noScript: 'Diese Seite rechnet auf Ihrem Gerät und braucht dafür JavaScript.',
+    busy: 'Wird berechnet …', tooLong: 'Das dauerte länger als {0} Sekunden und wurde abgebrochen. Das Programm plcalc hat keine solche Grenze.', memory: 'Das Flurstück braucht mehr Speicher, als der Browser gibt.', noScript: 'Diese Seite rechnet auf Ihrem Gerät und braucht dafür JavaScript.',
     selectedSide: 'Seite {0} gewählt.', announceDivided: 'Geteilt. {0}', announceRefused: 'Abgelehnt. {0}',
     reasons: {
         not_finite: 'Eine Koordinate ist unendlich oder keine Zahl', out_of_range: 'Die Koordinaten sind zu groß oder zu klein',

@@ -19,11 +19,12 @@ export const en = {
     exampleField: 'Field', exampleYard: 'L-shaped', exampleConvex: 'Polygon', exampleUtm: 'Lots',
 
     line: 'Line', parallel: 'Parallel', perpendicular: 'Right angle', vertex: 'From a corner',
-    bearing: 'At a bearing', place: 'From a side', point: 'Through point',
+    bearing: 'At a bearing', segment: 'Along a road', place: 'From a side', point: 'Through point',
     side: 'Side', corner: 'Corner', sideName: '{0} – {1}: {2}, {3}', sideShort: '{0} – {1}', cornerName: 'Corner {0}',
     bearingLabel: 'Bearing', along: 'Distance from {0}', east: 'E', north: 'N',
+    fromEast: 'From E', fromNorth: 'N', toEast: 'To E', toNorth: 'N',
     hintParallel: 'Click a side of the parcel.', hintVertex: 'Click a corner of the parcel.', hintPlace: 'Click the place on a side.',
-    hintPoint: 'Click a point inside the parcel.', hintBearing: 'Type a bearing, clockwise from North.',
+    hintSegment: 'Click two points that the line is to run along.', hintSegmentEnd: 'Now click the second point.', hintPoint: 'Click a point inside the parcel.', hintBearing: 'Type a bearing, clockwise from North.',
     otherSide: 'Swap sides', otherLine: 'Another line', whole: 'Whole line, into any number of pieces',
 
     amount: 'How much', modeArea: 'Area', modeShare: 'Share', modeParts: 'Parts', modeWidth: 'Width', modeList: 'List',
@@ -44,14 +45,15 @@ export const en = {
 
     save: 'Save', geojson: 'GeoJSON', csv: 'Points (CSV)', dxf: 'DXF', svg: 'Plan (SVG)', pdf: 'Plan (PDF)', png: 'Plan (PNG)', print: 'Print the plan', link: 'Copy link',
     linkCopied: 'The link shows this division to everyone who opens this page.', linkTooLong: 'The parcel is too large for a link. Save it as GeoJSON.', saved: 'Saved: {0}',
-    scale: 'Scale 1:{0} on A4', sheetMetres: 'coordinates taken as metres', plan: 'Plan', morePoints: '{0} more points: see the list of points', morePieces: '{0} more pieces: see the GeoJSON',
+    scale: 'Scale 1:{0} on A4', sheetMetres: 'coordinates taken as metres', plan: 'Plan', sheetOf: 'Sheet {0} of {1}', continued: '(continued)', cutSides: 'Cut sides', pointsAround: 'Points around the parcel', toNext: 'to next',
     cutSentence: 'Cut {0}: {1}', cutParallel: 'parallel to side {0}', cutPerpendicular: 'at right angles to side {0}', cutVertex: 'from corner {0}',
-    cutBearing: 'at the bearing {0}', cutPlace: 'from a place on side {0}', cutPoint: 'through the point {0} {1}', partsText: '{0} equal parts', widthText: 'width {0}',
+    cutBearing: 'at the bearing {0}', cutSegment: 'along a segment at {0}', cutPlace: 'from a place on side {0}', cutPoint: 'through the point {0} {1}', partsText: '{0} equal parts', widthText: 'width {0}',
 
     degrees: 'Degrees, projected to UTM zone {0} (WGS 84, {1}). Save coordinates in this projection, not in degrees.',
     farFromZone: 'Parcels far from zone {1}, whose areas there are not those on the ground: {0}. Open them by themselves.',
     crs: 'Coordinates in {0}, taken as plane.', noCrs: 'No coordinate system given; taken as plane.', xEast: 'Columns X and Y: X is taken as East. If X is North, rename them N and E.',
-    leftOut: 'Left out, being no closed areas: {0}.', arcs: 'Left out, having arcs for sides: {0}.', cannotOpen: 'This cannot be opened',
+    leftOut: 'Left out, being no closed areas: {0}.', arcs: 'Arcs are taken as chords, no farther from them than {0}.', joined: 'Boundaries joined from {0} lines whose ends are up to {1} apart.',
+    fork: 'At {0} {1} more than two lines meet, so that they do not say which is the boundary.', gap: 'Lines close no boundary: at {0} {1} the next end is {2} away.', cannotOpen: 'This cannot be opened',
     notFinite: 'A coordinate is not a number.', brokenGeoJson: 'The GeoJSON cannot be read.', brokenKml: 'The KML cannot be read.', brokenWkt: 'The WKT "{0}" cannot be read.', brokenDxf: 'The DXF cannot be read.',
     brokenZip: 'The zip cannot be unpacked.', brokenShapefile: 'The Shapefile cannot be read.', noShapefile: 'The zip holds no Shapefile (.shp).', badDegrees: 'These degrees cannot be longitudes and latitudes between 84° South and North.',
     noColumns: 'The table needs a column WKT, or a vertex per row in columns E and N (or Easting and Northing, Rechtswert and Hochwert, X and Y).', badNumber: 'Row {0}: "{1}" is not a number. Use a point before the decimals.',
@@ -59,7 +61,7 @@ export const en = {
     geoPackage: 'The page cannot read GeoPackage. The program plcalc can; or export it as GeoJSON.', bareShapefile: 'A Shapefile consists of several files. Zip them and drop the zip.',
     empty: 'There is nothing in it.', unknownFormat: 'The format is not known. The page reads GeoJSON, WKT, KML, CSV, DXF and zipped Shapefiles.', noParcel: 'There is no closed area in it.',
     tooManyParcels: 'There are {0} parcels in it. The page holds up to {1}; the program plcalc divides any number.', tooManyVertices: 'There are {0} corners in it. The page holds up to {1}; the program plcalc divides any number.',
-    memory: 'The parcel needs more memory than the browser gives.', noScript: 'This page computes on your machine and needs JavaScript for it.',
+    busy: 'Computing …', tooLong: 'This took longer than {0} seconds and was given up. The program plcalc has no such limit.', memory: 'The parcel needs more memory than the browser gives.', noScript: 'This page computes on your machine and needs JavaScript for it.',
     selectedSide: 'Side {0} chosen.', announceDivided: 'Divided. {0}', announceRefused: 'Refused. {0}',
 };
 

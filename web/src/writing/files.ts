@@ -16,7 +16,7 @@ export function geoJsonOf(answer: Answer, epsg: string | undefined): string {
     const pieces = answer.pieces.map(({ name, area, asked, rings }) => ({
         type: 'Feature', properties: { piece: name, area, asked },
         // Outer rings run anticlockwise and holes clockwise, as the format wants it; pieces come as the parcel ran.
-        geometry: { type: 'Polygon', coordinates: rings.map((ring) => closed(turned(ring, answer.measures.report.anticlockwise))) },
+        geometry: { type: 'Polygon', coordinates: rings.map((ring) => closed(turned(ring, answer.report.anticlockwise))) },
     }));
     const lines = answer.cuts.map(({ from, to, length, bearing }) => ({
         type: 'Feature', properties: { line: `${from.name}-${to.name}`, length, bearing_gon: bearing },

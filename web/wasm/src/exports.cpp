@@ -1,10 +1,12 @@
 // What WebAssembly exports. The host asks for room for its numbers (plc_input), writes them there, calls, and reads the answer
 // from plc_result on. Both buffers belong to this module and are used again by the next call.
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "exports.h"
@@ -14,6 +16,7 @@
 #include "plparcel/division.h"
 #include "plparcel/feasible.h"
 #include "pointed_at.h"
+#include "reading/joined_lines.h"
 
 #ifdef __wasm__
 #define PLC_EXPORT(name) extern "C" __attribute__((export_name(#name)))
@@ -295,6 +298,47 @@ PLC_EXPORT(plc_alternatives) void plc_alternatives()
         to.count(alternative.line.ring);
         to.flag(alternative.measured == plparcel::Measured::opposite);
     }
+}
+
+PLC_EXPORT(plc_join) void plc_join()
+{
+    PackedReader from(input());
+    const double tolerance = from.number();
+    std::vector<tool::OpenLine> lines;
+    for (std::size_t left = from.count(1); left > 0; --left) {
+        tool::OpenLine line;
+        line.points = from.ring();
+        line.points.resize(std::max<std::size_t>(line.points.size(), 2),
+                           line.points.empty() ? Point{} : line.points.back());
+        line.heights.assign(line.points.size(), none());
+        lines.push_back(std::move(line));
+    }
+    PackedWriter to(result());
+    const std::vector<tool::JoinedLines> groups = tool::join_lines(lines, tolerance);
+    to.count(groups.size());
+    for (const tool::JoinedLines& group : groups) {
+        to.number(static_cast<double>(group.kind));
+        to.number(group.widest_gap);
+        to.count(group.repeated);
+        to.count(group.lines.size());
+        for (const std::size_t line : group.lines)
+            to.count(line);
+        to.ring(group.ring);
+        to.ring(group.loose);
+        to.point(group.fork);
+    }
+}
+
+PLC_EXPORT(plc_length) double plc_length(double x1, double y1, double x2, double y2)
+{
+    const Point from = {x1, y1};
+    const Point to = {x2, y2};
+    return PlFunz_distance(&from, &to);
+}
+
+PLC_EXPORT(plc_bearing) double plc_bearing(double x1, double y1, double x2, double y2)
+{
+    return bearing_gon({x1, y1}, {x2, y2});
 }
 
 PLC_EXPORT(plc_rounded) double plc_rounded(double value, int decimals)

@@ -36,6 +36,15 @@ void plc_feasible();
 /// A parcel, a request and how many lines to look at; sides, perpendiculars and vertices that can hold the first amount.
 void plc_alternatives();
 
+/// How far apart two ends may be, and lines as rows of points; the groups of lines that hang together, as tool::join_lines()
+/// has them: kind, widest gap, how many lines are repeated, the lines by number, the ring of a loop, where open
+/// lines end, and where lines fork.
+void plc_join();
+
+/// From one point to another: the length, and the bearing in gons, NaN between two that are equal.
+double plc_length(double x1, double y1, double x2, double y2);
+double plc_bearing(double x1, double y1, double x2, double y2);
+
 /// plparcel::rounded_to().
 double plc_rounded(double value, int decimals);
 

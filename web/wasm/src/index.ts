@@ -6,7 +6,7 @@
  * from North. Sides and vertices are counted from 0, and side i runs from vertex i to the next one.
  */
 
-import { kCuts, kWidth, Reader, pushParcel, pushPoint, pushRequest } from './packing.js';
+import { kCuts, kJoins, kWidth, Reader, pushParcel, pushPoint, pushRequest, pushRing } from './packing.js';
 
 /** x East, y North. */
 export type Point = readonly [number, number];
@@ -152,6 +152,24 @@ export interface Measures {
     readonly rings: readonly (readonly SideMeasure[])[];
 }
 
+/** Lines of a drawing that hang together. */
+export interface JoinedLines {
+    /** 'loop' is a closed boundary; 'open' ends somewhere; at a 'fork' more than two ends meet. */
+    readonly kind: 'loop' | 'open' | 'fork';
+    /** Of a loop: between two ends that were joined. */
+    readonly widestGap: number;
+    /** How many lines were left out because another is the same. */
+    readonly repeated: number;
+    /** The lines, by number; those of a loop in the order along it. */
+    readonly lines: readonly number[];
+    /** Of a loop, without a closing vertex. */
+    readonly ring: Ring;
+    /** Where open lines end. */
+    readonly loose: readonly Point[];
+    /** Of a fork: where more than two ends meet. */
+    readonly fork: Point;
+}
+
 /** Something that WebAssembly could not do: the memory that it may have is used up. The next call works again. */
 export class OutOfMemory extends Error {
     constructor() {
@@ -173,6 +191,9 @@ interface Exports {
     plc_along_side(): void;
     plc_feasible(): void;
     plc_alternatives(): void;
+    plc_join(): void;
+    plc_length(x1: number, y1: number, x2: number, y2: number): number;
+    plc_bearing(x1: number, y1: number, x2: number, y2: number): number;
     plc_rounded(value: number, decimals: number): number;
     plc_status_name(status: number): number;
     plc_status_reason(status: number): number;
@@ -180,7 +201,7 @@ interface Exports {
     plc_boundary_reason(status: number): number;
 }
 
-type Call = 'plc_divide' | 'plc_check' | 'plc_measure' | 'plc_amount_at' | 'plc_along_side' | 'plc_feasible' | 'plc_alternatives';
+type Call = 'plc_divide' | 'plc_check' | 'plc_measure' | 'plc_amount_at' | 'plc_along_side' | 'plc_feasible' | 'plc_alternatives' | 'plc_join';
 
 // ------------------------------------------------------------------------------------------------ calls
 
@@ -269,6 +290,30 @@ export class Plcalc {
             const line: Line = kind === 'perpendicular' || kind === 'parallel' ? { kind, side: index, ring } : { kind: 'vertex', vertex: index, ring };
             return { line, measured: from.flag() ? 'opposite' : 'from_reference' };
         });
+    }
+
+    /**
+     * Joins lines to closed boundaries. Ends that are no farther apart than the tolerance are one place. Lines of fewer than
+     * two points, or no longer than the tolerance, are left out.
+     */
+    joinLines(lines: readonly (readonly Point[])[], tolerance: number): JoinedLines[] {
+        const input: number[] = [tolerance, lines.length];
+        for (const line of lines) pushRing(input, line);
+        const from = this.call('plc_join', input);
+        return from.list(() => ({
+            kind: kJoins[from.number()] ?? 'open', widestGap: from.number(), repeated: from.number(), lines: from.list(() => from.number()),
+            ring: from.ring(), loose: from.ring(), fork: from.point(),
+        }));
+    }
+
+    /** From one point to another. */
+    length(from: Point, to: Point): number {
+        return this.exports.plc_length(from[0], from[1], to[0], to[1]);
+    }
+
+    /** Gons, clockwise from North, 0 to 400; NaN between equal points. */
+    bearing(from: Point, to: Point): number {
+        return this.exports.plc_bearing(from[0], from[1], to[0], to[1]);
     }
 
     /** The double nearest to the decimal number that is nearest to the value; of two as near, the even one. */

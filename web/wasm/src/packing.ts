@@ -3,6 +3,7 @@
 import type { Amount, Line, Parcel, Point, Request, Ring } from './index.js';
 
 export const kCuts = ['parallel', 'perpendicular', 'vertex', 'bearing', 'segment', 'place', 'point'] as const;
+export const kJoins = ['loop', 'open', 'fork'] as const;
 const kArea = 0;
 const kProduct = 1;
 const kShare = 2;
@@ -13,7 +14,7 @@ export function pushPoint(out: number[], p: Point): void {
     out.push(p[0], p[1]);
 }
 
-function pushRing(out: number[], ring: Ring): void {
+export function pushRing(out: number[], ring: Ring): void {
     out.push(ring.length);
     for (const p of ring) out.push(p[0], p[1]);
 }

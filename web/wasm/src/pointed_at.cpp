@@ -223,6 +223,63 @@ std::optional<Amount> area_through(const Ring& ring, const Point& point, const P
     return ahead_is_right == (measured == Measured::from_reference) ? ahead : rest_of(ring, ahead);
 }
 
+// On the right of a line from a through b, be the ring convex or not: what lies on its left is cut away along it, and edges along
+// the line that run to and fro bound nothing.
+double area_right_of(const Ring& ring, const Direction& line)
+{
+    CPoint3dVector kept;
+    const std::size_t n = ring.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        const Point& p = ring[i];
+        const Point& next = ring[(i + 1) % n];
+        const double at = right_of(line, p);
+        const double then = right_of(line, next);
+        if (at >= 0.0)
+            kept.Append(p.x, p.y, 0.0);
+        if ((at >= 0.0) != (then >= 0.0)) {
+            const double part = at / (at - then);
+            kept.Append(p.x + part * (next.x - p.x), p.y + part * (next.y - p.y), 0.0);
+        }
+    }
+    return AreaCalcolata(kept);
+}
+
+// Where a whole line turns, and which way it runs: amounts from a vertex or a place lie on the side on which the ring goes on.
+struct Pivot {
+    Point at;
+    std::optional<Point> ahead;  // of the ring; nothing for a point, whose amount lies on the right
+};
+
+std::optional<Pivot> pivot_of(const Parcel& parcel, const plparcel::Line& line)
+{
+    if (line.cut == Cut::through_point)
+        return Pivot{line.a, std::nullopt};
+    const std::optional<Direction> side = side_of(parcel, line);
+    if (!side || (line.cut != Cut::through_vertex && line.cut != Cut::through_place))
+        return std::nullopt;
+    Pivot pivot = {side->a, side->b};
+    if (line.cut == Cut::through_place)
+        CalcPtAtDistSuSegm(&side->a, &side->b, &side->a, line.along, &pivot.at);
+    return pivot;
+}
+
+std::optional<Amount> area_of_whole_line(const Parcel& parcel, const Request& request, const Point& target)
+{
+    const std::optional<Pivot> pivot = pivot_of(parcel, request.line);
+    if (!pivot || PlFunz_samepnt(&pivot->at, &target))
+        return std::nullopt;
+    const Point origin = parcel.outer.front();
+    Direction line = {relative(pivot->at, origin), relative(target, origin)};
+    const bool swapped = request.measured == Measured::opposite;
+    const bool on_left = pivot->ahead && right_of(line, relative(*pivot->ahead, origin)) < 0.0;
+    if (on_left != swapped)
+        line = {line.b, line.a};
+    double area = area_right_of(relative(parcel.outer, origin), line);
+    for (const Ring& hole : parcel.holes)
+        area -= area_right_of(relative(hole, origin), line);
+    return plparcel::area(area);
+}
+
 }  // namespace
 
 std::optional<Amount> amount_at(const Parcel& parcel, const Request& request, const Point& target)
@@ -231,6 +288,8 @@ std::optional<Amount> amount_at(const Parcel& parcel, const Request& request, co
         return std::nullopt;
     if (const std::optional<Direction> direction = direction_of(parcel, request.line))
         return width_at(parcel, request, *direction, target);
+    if (request.pieces == plparcel::Pieces::any)
+        return area_of_whole_line(parcel, request, target);
 
     const Point origin = parcel.outer.front();
     const Ring ring = relative(parcel.outer, origin);

@@ -150,6 +150,45 @@ test('a line through the pointer has the amount that amountAt tells', () => {
     assert.equal(plcalc.amountAt(kRectangle, { line: { kind: 'parallel', side: 0 } }, [50, 51]), undefined);
 });
 
+test('a whole line through the pointer has the amount that amountAt tells, past corners and across a hole', () => {
+    const outer = [[0, 0], [100, 0], [100, 40], [40, 40], [40, 100], [0, 100]];
+    const hole = [[10, 10], [10, 30], [30, 30], [30, 10]];
+    const pointer = [70, 25];
+    const lines = [
+        { kind: 'vertex', vertex: 3 }, { kind: 'vertex', vertex: 5 }, { kind: 'vertex', vertex: 1, ring: 1 }, { kind: 'place', side: 5, along: 30 },
+        { kind: 'point', point: [20, 20], gon: 80 }, { kind: 'point', point: [-30, 80], gon: 100 },
+    ];
+    for (const line of lines)
+        for (const measured of ['from_reference', 'opposite']) {
+            const request = { line, measured, pieces: 'any' };
+            const amount = plcalc.amountAt({ outer, holes: [hole] }, request, pointer);
+            const offs = Array.from({ length: 4 }, (_, alternative) => plcalc.divide({ outer, holes: [hole] }, { ...request, alternative, amounts: [amount] }))
+                .filter((division) => division.divided)
+                .map(({ lines: [{ from, to, length }] }) => Math.abs(((to[0] - from[0]) * (pointer[1] - from[1]) - (to[1] - from[1]) * (pointer[0] - from[0])) / length));
+            assert.ok(Math.min(...offs) < 1e-6, `${JSON.stringify(line)} ${measured} ${JSON.stringify(amount)}: ${offs}`);
+        }
+});
+
+test('lines of a drawing are joined to loops, within a tolerance', () => {
+    const square = [[[0, 0], [10, 0]], [[10, 10.0009], [10, 0]], [[10, 10], [0, 10]], [[0, 0], [0, 10]]];
+    const [loop, ...others] = plcalc.joinLines(square, 0.001);
+    assert.deepEqual(others, []);
+    assert.deepEqual([loop.kind, loop.lines, loop.ring], ['loop', [0, 1, 2, 3], [[0, 0], [10, 0], [10, 10.0009], [0, 10]]]);
+    assert.ok(Math.abs(loop.widestGap - 0.0009) < 1e-12);
+    const [open] = plcalc.joinLines(square, 0.0005);
+    assert.deepEqual([open.kind, open.loose.length], ['open', 2]);
+    const [fork] = plcalc.joinLines([...square, [[10, 0], [20, 0]]], 0.001);
+    assert.deepEqual([fork.kind, fork.fork], ['fork', [10, 0]]);
+    assert.deepEqual(plcalc.joinLines([[], [[1, 1]], [[2, 2], [2, 2]]], 0.001), [], 'what is no line');
+    assert.equal(plcalc.joinLines([...square, square[0]], 0.001)[0].repeated, 1);
+});
+
+test('lengths and bearings between points', () => {
+    assert.equal(plcalc.length([1, 1], [4, 5]), 5);
+    assert.deepEqual([[0, 1], [1, 0], [0, -1], [-1, 0]].map((p) => plcalc.bearing([0, 0], p)), [0, 100, 200, 300]);
+    assert.ok(Number.isNaN(plcalc.bearing([3, 3], [3, 3])));
+});
+
 test('after memory has run out, the next call works', () => {
     const huge = { length: 4e8, [Symbol.iterator]: function* () {} };
     assert.throws(() => plcalc['call']('plc_check', huge), OutOfMemory);
