@@ -59,10 +59,19 @@ tty 5 0"
         inside "$@" </dev/null
 }
 
+# What the network of this machine asks its clients to trust. apt-get was told already; npm takes it from the environment.
+trust_network() {
+    local certificates=(/usr/local/share/ca-certificates/*.crt)
+    [ -e "${certificates[0]}" ] || return 0
+    cat "${certificates[@]}" | as_root tee "$1/etc/network-certificates.pem" >/dev/null
+    echo NODE_EXTRA_CA_CERTS=/etc/network-certificates.pem | as_root tee -a "$1/etc/environment" >/dev/null
+}
+
 # unpack_machine <folder>: a bare machine there, which reaches the network as this one does.
 unpack_machine() {
     mkdir "$1"
     as_root tar -xf "$work/bare.tar" -C "$1"
     as_root cp -L /etc/resolv.conf "$1/etc/resolv.conf"
     echo "127.0.0.1 localhost $(uname -n)" | as_root tee "$1/etc/hosts" >/dev/null
+    trust_network "$1"
 }

@@ -187,6 +187,74 @@ test('every format is read, and degrees are never plane', async () => {
     await closed(page);
 });
 
+const dxfOf = (entities, header = '') => `0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n6\n${header}0\nENDSEC\n0\nSECTION\n2\nENTITIES\n${entities.join('')}0\nENDSEC\n0\nEOF\n`;
+const dxfLine = ([x1, y1], [x2, y2], layer = 'LOTS') => `0\nLINE\n8\n${layer}\n10\n${x1}\n20\n${y1}\n11\n${x2}\n21\n${y2}\n`;
+const dxfArc = ([x, y], radius, from, to, layer = 'LOTS') => `0\nARC\n8\n${layer}\n10\n${x}\n20\n${y}\n40\n${radius}\n50\n${from}\n51\n${to}\n`;
+
+// The program joins these lines, too, and with --arcs 0.005 it puts the same chords in the place of the arc.
+test('drawings of lines and arcs are joined as the program joins them', { skip: !existsSync(kProgram) && 'the program is not built' }, async () => {
+    const page = await opened();
+    // A lot with a rounded end: 40 by 20, and half a circle of radius 10 with its middle at (40, 10).
+    const lot = [dxfLine([0, 0], [40, 0]), dxfLine([40.0004, 20], [0, 20]), dxfLine([0, 20], [0, 0]), dxfArc([40, 10], 10, 270, 90)];
+    const name = '0\nTEXT\n8\nNAMES\n10\n20\n20\n10\n40\n2\n1\n114/7\n';
+    const file = join(scratch, 'rounded.dxf');
+    writeFileSync(file, dxfOf([...lot, name]));
+    await drop(page, 'rounded.dxf', readFileSync(file));
+    assert.equal(await isShown(page, 'trouble'), false, await textOf(page, 'trouble'));
+    assert.equal(await textOf(page, 'parcel-name'), '114/7');
+    assert.match(await textOf(page, 'notes'), /joined from 4 lines whose ends are up to 0\.0004 apart.*chords.*0\.005/);
+    const program = JSON.parse(execFileSync(kProgram, ['measure', file, '--arcs', '0.005', '--json']));
+    const measured = (program.parcels ?? [program])[0];
+    assert.ok(measured.sides.length > 10);
+    assert.match(await textOf(page, 'parcel-facts'), new RegExp(`${measured.sides.length} corners · ${measured.area.toFixed(2)}`));
+    await page.click('[data-kind=parallel]');
+    await typed(page, 'share', '1/3');
+    const side = Number((await page.inputValue('#side')).split(' ')[1]) + 1;
+    const divided = JSON.parse(execFileSync(kProgram, ['divide', file, '--arcs', '0.005', '--parallel', String(side), '--share', '1/3', '--json']));
+    const { from, to } = divided.parcels[0].lines[0];
+    const ends = [from, to].map(({ e, n }) => `${e} ${n}`);
+    const points = (await rows(page, 'points')).map(([, e, n]) => `${Number(e)} ${Number(n)}`);
+    for (const end of ends) assert.ok(points.includes(end), `${end} of ${points}`);
+
+    // A bulge of 1 is half a circle: the same lot as one polyline.
+    const polyline = '0\nLWPOLYLINE\n8\nLOTS\n90\n4\n70\n1\n10\n0\n20\n0\n10\n40\n20\n0\n42\n1\n10\n40\n20\n20\n10\n0\n20\n20\n';
+    writeFileSync(file, dxfOf([polyline]));
+    await drop(page, 'bulge.dxf', readFileSync(file));
+    const bulged = JSON.parse(execFileSync(kProgram, ['measure', file, '--arcs', '0.005', '--json']));
+    assert.match(await textOf(page, 'parcel-facts'), new RegExp(` ${(bulged.parcels ?? [bulged])[0].area.toFixed(2)} `));
+
+    const open = [...lot.slice(0, 3), dxfArc([40, 10], 10, 275, 90)];
+    await drop(page, 'open.dxf', dxfOf(open));
+    assert.match(await textOf(page, 'trouble'), /Lines close no boundary: at [\d.]+ [\d.]+ the next end is 0\.87\d away/);
+    await drop(page, 'fork.dxf', dxfOf([...lot, dxfLine([40, 0], [80, 0])]));
+    assert.match(await textOf(page, 'trouble'), /At 40\.000 0\.000 more than two lines meet/);
+    await closed(page);
+});
+
+test('tables in every dialect that the program reads', async () => {
+    const page = await opened();
+    const corners = [['A', 300.23, 420.57], ['B', 410.75, 440.49], ['C', 520.18, 320.81], ['D', 350.04, 300.58]];
+    const table = (head, separator, comma = '.') => [head.join(separator), ...corners.map((row) => row.map((cell) => String(cell).replace('.', comma)).join(separator))].join('\r\n');
+    const files = [
+        ['tabs.txt', table(['Point', 'Easting', 'Northing'], '\t')],
+        ['blanks.txt', table(['P', 'E', 'N'], '   ')],
+        ['sep.csv', `sep=;\r\n${table(['Punkt', 'Rechtswert', 'Hochwert'], ';', ',')}`],
+        ['bom.csv', `\uFEFF${table(['Punkt-Nr.', 'Ost [m]', 'Nord [m]'], ';', ',')}`],
+        ['pipes.csv', table(['name', 'RW', 'HW'], '|')],
+        ['utf16.csv', Buffer.concat([Buffer.from([0xff, 0xfe]), Buffer.from(table(['Punto', 'Est', 'Nord'], ';'), 'utf16le')])],
+        ['windows.csv', Buffer.from(table(['Gr\u00fcn', 'E', 'N'], ';').replace('Gr\u00fcn', 'Gr\xfcn'), 'latin1')],
+        ['codes.csv', `P,E,N,code\n${corners.map((row) => [...row, 'stone'].join()).join('\n')}\n`],
+    ];
+    for (const [name, content] of files) {
+        await drop(page, name, content);
+        assert.equal(await isShown(page, 'trouble'), false, `${name}: ${await textOf(page, 'trouble')}`);
+        assert.match(await textOf(page, 'parcel-facts'), /^4 corners · 18414\.82 m²/, name);
+    }
+    await drop(page, 'lots.csv', `lot,part,E,N\n${['1', '2'].map((part, k) => [[0, 0], [10, 0], [10, 10]].map(([e, n]) => `7,${part},${e + 20 * k},${n}`).join('\n')).join('\n')}`);
+    assert.match(await textOf(page, 'trouble'), /Column part changes within a parcel/);
+    await closed(page);
+});
+
 test('text is pasted, and one of several parcels is picked', async () => {
     const page = await opened();
     await page.click('#open-paste');
@@ -363,6 +431,67 @@ test('the line is dragged, and snaps to a round area', async () => {
         assert.ok(await isShown(page, 'proven'), kind);
         assert.notDeepEqual(await rows(page, 'points'), before, kind);
     }
+    await closed(page);
+});
+
+test('a line runs along a segment anywhere: two clicks, typed points, a corner of a neighbour', { skip: !existsSync(kProgram) && 'the program is not built' }, async () => {
+    const page = await opened();
+    await page.click('[data-kind=segment]');
+    assert.ok(await isShown(page, 'proven'), 'along the longest side at first');
+    await page.mouse.click(...(await pixelOf(page, [305, 330])));
+    assert.match(await textOf(page, 'hint'), /second point/);
+    await page.mouse.click(...(await pixelOf(page, kField[1])));
+    assert.deepEqual([await page.inputValue('#axis-1-0'), await page.inputValue('#axis-1-1')], ['410.75', '440.49'], 'a corner is met exactly');
+    for (const [id, value] of [['axis-0-0', '250'], ['axis-0-1', '100,5'], ['axis-1-0', '600.25'], ['axis-1-1', '233']]) await page.fill(`#${id}`, value);
+    await typed(page, 'share', '1/3');
+    const output = execFileSync(kProgram, ['divide', join(kExamples, 'published.csv'), '--along-segment', '250,100.5,600.25,233', '--share', '1/3']).toString();
+    for (const [, e, n] of output.matchAll(/^ +(?:from|to) +([\d.]+) +([\d.]+)$/gm))
+        assert.ok((await rows(page, 'points')).some((row) => row[1] === e && row[2] === n), `${e} ${n}`);
+    await typed(page, 'width', '12');
+    assert.ok(await isShown(page, 'proven'));
+    await page.screenshot({ path: join(kPictures, 'segment.png') });
+    // The axis of a road next to the lot: a side of the neighbour, corner by corner.
+    await open(page, 'two.wkt', 'POLYGON((0 0,50 0,50 40,0 40,0 0))\nPOLYGON((60 -5,90 12.34,80 60,60 60,60 -5))');
+    await page.click('[data-kind=segment]');
+    await page.mouse.click(...(await pixelOf(page, [60, -5])));
+    await page.mouse.click(...(await pixelOf(page, [90, 12.34])));
+    assert.deepEqual(await Promise.all(['0-0', '0-1', '1-0', '1-1'].map((end) => page.inputValue(`#axis-${end}`))), ['60', '-5', '90', '12.34']);
+    assert.ok(await isShown(page, 'proven'));
+    await closed(page);
+});
+
+test('whole lines through a corner, a place and a point cut any number of pieces', { skip: !existsSync(kProgram) && 'the program is not built' }, async () => {
+    const page = await opened();
+    const comb = 'POLYGON((0 0,100 0,100 50,80 50,80 10,60 10,60 50,40 50,40 10,20 10,20 50,0 50,0 0))';
+    const file = join(scratch, 'comb.csv');
+    writeFileSync(file, `lot,WKT\n1,"${comb}"\n`);
+    await open(page, 'comb.wkt', comb);
+    await page.click('#whole');
+    const cases = [['vertex', ['#corner', '0 2'], ['--vertex', '3']], ['place', ['#side', '0 11'], ['--place', '12,30']], ['point', undefined, ['--through', '50,70']]];
+    for (const [kind, choice, cut] of cases) {
+        await page.click(`[data-kind=${kind}]`);
+        if (choice) await page.selectOption(...choice);
+        if (kind === 'place') await page.fill('#along', '30');
+        if (kind === 'point') await page.fill('#east', '50').then(() => page.fill('#north', '70'));
+        await typed(page, 'share', '30 %');
+        assert.ok(await isShown(page, 'proven'), `${kind}: ${await textOf(page, 'refusal-text')}`);
+        const output = execFileSync(kProgram, ['divide', file, ...cut, '--share', '30%', '--pieces', 'any', '--json']);
+        const { lines: [line], pieces } = (JSON.parse(output).parcels ?? [JSON.parse(output)])[0];
+        const areas = (await rows(page, 'pieces')).slice(0, -1).map((row) => row[1]);
+        assert.deepEqual(areas.sort(), pieces.map(({ area }) => area.toFixed(2)).sort(), kind);
+        assert.ok(areas.length > 2 && line, kind);
+        // It is dragged like any other.
+        const grip = await page.evaluate(() => window.plcalcPage.grip());
+        const box = await page.locator('#map').boundingBox();
+        await page.mouse.move(box.x + grip[0], box.y + grip[1]);
+        await page.mouse.down();
+        await page.mouse.move(box.x + grip[0] + 6, box.y + grip[1] + 14, { steps: 4 });
+        await page.waitForTimeout(60);
+        assert.notDeepEqual((await rows(page, 'pieces')).slice(0, -1).map((row) => row[1]).sort(), areas, kind);
+        await page.mouse.up();
+        assert.ok(await isShown(page, 'proven'), kind);
+    }
+    await page.screenshot({ path: join(kPictures, 'whole.png') });
     await closed(page);
 });
 
@@ -548,6 +677,40 @@ test('a parcel of 1,000 corners is dragged without a stutter', async () => {
     console.log(`1,000 corners: ${times.length} frames computed and drawn, median ${median.toFixed(1)} ms, slowest ${times.at(-1).toFixed(1)} ms`);
     assert.ok(times.length > 10);
     if (process.env.PLCALC_TIMED) assert.ok(median < 1000 / 60, `${median} ms`);
+    await closed(page);
+});
+
+// What stops a page is work on its own thread, between two frames. The worker's is not.
+test('a parcel of 20,000 corners is divided and dragged while the page goes on', async () => {
+    const page = await opened();
+    const ring = Array.from({ length: 20000 }, (_, i) => {
+        const turn = (2 * Math.PI * i) / 20000;
+        const radius = 100 + 6 * Math.sin(11 * turn);
+        return [5000 + radius * Math.cos(turn), 5000 + radius * Math.sin(turn)];
+    });
+    await open(page, 'round.wkt', `POLYGON((${[...ring, ring[0]].map((p) => p.join(' ')).join(',')}))`);
+    await page.evaluate(() => {
+        window.longTasks = [];
+        new PerformanceObserver((list) => window.longTasks.push(...list.getEntries().map((entry) => entry.duration))).observe({ entryTypes: ['longtask'] });
+    });
+    await page.click('[data-kind=bearing]');
+    await typed(page, 'share', '1/2');
+    await settled(page);
+    assert.equal((await rows(page, 'pieces'))[0][2], '50.00 %');
+    assert.equal(page.workers().length, 1);
+    const grip = await page.evaluate(() => window.plcalcPage.grip());
+    const box = await page.locator('#map').boundingBox();
+    await page.mouse.move(box.x + grip[0], box.y + grip[1]);
+    await page.mouse.down();
+    for (let i = 1; i <= 20; ++i) await page.mouse.move(box.x + grip[0] + i, box.y + grip[1]);
+    await page.mouse.up();
+    await settled(page);
+    await page.waitForFunction(() => document.querySelector('#amount').value !== '1/2');
+    assert.ok(await isShown(page, 'proven'));
+    assert.notEqual((await rows(page, 'pieces'))[0][2], '50.00 %');
+    const tasks = await page.evaluate(() => window.longTasks);
+    console.log(`20,000 corners: ${tasks.length} tasks above 50 ms on the page's own thread, the longest ${Math.max(0, ...tasks).toFixed(0)} ms`);
+    if (process.env.PLCALC_TIMED) assert.ok(Math.max(0, ...tasks) < 500);
     await closed(page);
 });
 

@@ -26,8 +26,10 @@ function readBytes(bytes: Uint8Array, plcalc: Plcalc): Reading {
     return readText(decoded(bytes), plcalc);
 }
 
-// Texts are UTF-8, or what Windows wrote before.
+// Texts are UTF-8, or UTF-16 that says so, or what Windows wrote before.
 function decoded(bytes: Uint8Array): string {
+    if (bytes[0] === 0xff && bytes[1] === 0xfe) return new TextDecoder('utf-16le').decode(bytes);
+    if (bytes[0] === 0xfe && bytes[1] === 0xff) return new TextDecoder('utf-16be').decode(bytes);
     try {
         return new TextDecoder('utf-8', { fatal: true }).decode(bytes);
     } catch {
@@ -36,7 +38,8 @@ function decoded(bytes: Uint8Array): string {
 }
 
 /** @throws Unreadable */
-export function readText(text: string, plcalc: Plcalc): Reading {
+export function readText(given: string, plcalc: Plcalc): Reading {
+    const text = given.replace(/^\uFEFF/, '');
     const start = text.slice(0, 2000).trimStart();
     if (start === '') throw new Unreadable(['empty']);
     if (start.includes('\u0000')) throw new Unreadable(['unknownFormat']);

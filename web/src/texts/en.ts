@@ -57,7 +57,7 @@ export const en = {
     notFinite: 'A coordinate is not a number.', brokenGeoJson: 'The GeoJSON cannot be read.', brokenKml: 'The KML cannot be read.', brokenWkt: 'The WKT "{0}" cannot be read.', brokenDxf: 'The DXF cannot be read.',
     brokenZip: 'The zip cannot be unpacked.', brokenShapefile: 'The Shapefile cannot be read.', noShapefile: 'The zip holds no Shapefile (.shp).', badDegrees: 'These degrees cannot be longitudes and latitudes between 84° South and North.',
     noColumns: 'The table needs a column WKT, or a vertex per row in columns E and N (or Easting and Northing, Rechtswert and Hochwert, X and Y).', badNumber: 'Row {0}: "{1}" is not a number. Use a point before the decimals.',
-    parcelComesBack: 'The rows of parcel {0} do not follow one another.', tooLarge: 'This file has {0} MB. The page reads up to {1} MB; the program plcalc reads more.',
+    columnChanges: 'Column {0} changes within a parcel, as if it named parcels. Call it lot if it does, or take it out.', parcelComesBack: 'The rows of parcel {0} do not follow one another.', tooLarge: 'This file has {0} MB. The page reads up to {1} MB; the program plcalc reads more.',
     geoPackage: 'The page cannot read GeoPackage. The program plcalc can; or export it as GeoJSON.', bareShapefile: 'A Shapefile consists of several files. Zip them and drop the zip.',
     empty: 'There is nothing in it.', unknownFormat: 'The format is not known. The page reads GeoJSON, WKT, KML, CSV, DXF and zipped Shapefiles.', noParcel: 'There is no closed area in it.',
     tooManyParcels: 'There are {0} parcels in it. The page holds up to {1}; the program plcalc divides any number.', tooManyVertices: 'There are {0} corners in it. The page holds up to {1}; the program plcalc divides any number.',
