@@ -5,7 +5,7 @@ import type { Amount } from '@plcalc/wasm';
 export type Mode = 'area' | 'share' | 'parts' | 'width' | 'list';
 
 /** A key of the texts that says what is wrong with the text. */
-export type Mistake = 'typeNumber' | 'ambiguousComma' | 'typeShare' | 'typeParts' | 'typeList';
+export type Mistake = 'typeNumber' | 'ambiguousComma' | 'typeShare' | 'ambiguousShare' | 'typeParts' | 'typeList';
 
 export type Typed = { readonly amounts: readonly Amount[] } | { readonly mistake: Mistake };
 
@@ -25,20 +25,28 @@ function amount(value: number | Mistake, make: (value: number) => Amount): Amoun
     return typeof value === 'string' ? value : make(value);
 }
 
-// "1/3", "25 %"
+const kWords: readonly (readonly [RegExp, number])[] = [
+    [/^((a|one|die|eine|1) )?(half|hälfte|halb|halbe)$/i, 2], [/^((a|one|ein|1) )?(third|drittel)$/i, 3], [/^((a|one|ein|1) )?(quarter|fourth|viertel)$/i, 4],
+];
+
+// "1/3", "25 %", "a third". What is not above 1 could be a part or per cent.
 function share(text: string): Amount | Mistake {
+    const word = kWords.find(([words]) => words.test(text.trim()));
+    if (word) return { share: [1, word[1]] };
     const [part = '', of] = text.split('/');
     if (of !== undefined) {
         const [first, second] = [numberOf(part), numberOf(of)];
         return typeof first === 'string' || typeof second === 'string' ? 'typeShare' : { share: [first, second] };
     }
     const percent = numberOf(text.replace('%', ''));
-    return typeof percent === 'string' ? 'typeShare' : { share: [percent, 100] };
+    if (typeof percent === 'string') return 'typeShare';
+    if (!text.includes('%') && percent > 0 && percent <= 1) return 'ambiguousShare';
+    return text.includes('%') || percent < 100 ? { share: [percent, 100] } : 'typeShare';
 }
 
 // One entry of a list: 1000, 1/4, 25%, 20x35.
 function entry(text: string): Amount | Mistake {
-    if (/[/%]/.test(text)) return share(text);
+    if (/[/%]/.test(text) || kWords.some(([words]) => words.test(text.trim()))) return share(text);
     const sides = text.split(/[x×*]/i);
     if (sides.length === 2) {
         const [first, second] = [numberOf(sides[0] ?? ''), numberOf(sides[1] ?? '')];
@@ -63,7 +71,8 @@ function single(one: Amount | Mistake): Typed {
 export function amountsOf(mode: Mode, text: string): Typed {
     switch (mode) {
         case 'area':
-            return single(/[x×*]/i.test(text) ? entry(text) : amount(numberOf(text), (area) => ({ area })));
+            // A share is understood here, too.
+            return single(/[x×*/%]/i.test(text) || kWords.some(([words]) => words.test(text.trim())) ? entry(text) : amount(numberOf(text), (area) => ({ area })));
         case 'share':
             return single(share(text));
         case 'width':

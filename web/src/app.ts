@@ -23,6 +23,9 @@ import { planPdf, planPng, planSvg, printedSheets, save, type PlanFile } from '.
 // Steps of a dragged area: as many to a parcel, or fewer.
 const kSnapSteps = 250;
 
+// Pixels; nobody points at a side of a smaller parcel.
+const kSpeck = 110;
+
 // What takes longer is told to be under way.
 const kPatienceMs = 250;
 
@@ -109,8 +112,24 @@ export class App {
     private choose(chosen: number): void {
         const { asked, parcels } = this.state;
         const side = this.longestSide(parcels[chosen]);
+        find('tip').hidden = true;
         this.history.push({ ...this.state, chosen, asked: { ...asked, side, corner: { ring: 0, index: 0 }, alternative: 0, along: 0, point: somewhereIn(parcels[chosen]) } });
+        this.showLargeEnough();
         this.update(() => this.announce());
+    }
+
+    // A parcel that is a speck among many is brought near.
+    private showLargeEnough(): void {
+        const parcel = this.state.parcels[this.state.chosen];
+        if (parcel && this.map.sizeOf(parcel) < kSpeck) this.map.fit([parcel]);
+    }
+
+    // The parcel, and when it fills the drawing already, all of them.
+    private fitNext(): void {
+        const size = this.map.sizeOf(this.answer.parcel);
+        this.map.fit([this.answer.parcel]);
+        if (this.state.parcels.length > 1 && Math.abs(this.map.sizeOf(this.answer.parcel) - size) < 1) this.map.fit(this.state.parcels);
+        this.showSolved(this.solved);
     }
 
     private exampleState(index: number): State {
@@ -272,7 +291,7 @@ export class App {
         };
         const actions: Record<string, () => void> = {
             ArrowRight: () => next(1), ArrowLeft: () => next(-1), ArrowUp: () => move(1), ArrowDown: () => move(-1),
-            '+': () => this.map.zoom(0.5), '-': () => this.map.zoom(-0.5), '0': () => this.map.fit([this.answer.parcel]),
+            '+': () => this.map.zoom(0.5), '-': () => this.map.zoom(-0.5), '0': () => this.fitNext(),
         };
         const action = actions[event.key];
         if (!action || event.ctrlKey || event.metaKey || event.altKey) return;
@@ -340,10 +359,12 @@ export class App {
             parallel: 'hintParallel', perpendicular: 'hintParallel', vertex: 'hintVertex', bearing: 'hintBearing', segment: this.axisBegun ? 'hintSegmentEnd' : 'hintSegment',
             place: 'hintPlace', point: 'hintPoint',
         } as const;
-        const [hint, drag] = [t(hints[state.asked.kind]), t('dragHint')];
+        // Of many parcels, the person's own one has yet to be found.
+        const isSpeck = state.parcels.length > 1 && this.map.sizeOf(answer.parcel) < kSpeck;
+        const [hint, drag] = [t(isSpeck ? 'hintPick' : hints[state.asked.kind]), isSpeck ? '' : t('dragHint')];
         const refused = answer.division !== undefined && !answer.division.divided;
         find('hint').textContent = refused ? `${find('refusal-title').textContent}. ${find('refusal-text').textContent} ${find('refusal-range').textContent}`
-            : answer.division?.lines.length === 1 && !this.axisBegun ? `${hint} ${drag}` : hint;
+            : answer.division?.lines.length === 1 && !this.axisBegun && drag ? `${hint} ${drag}` : hint;
         find('hint').classList.toggle('bad', refused);
         find<HTMLButtonElement>('print-top').disabled = !answer.division?.divided;
         find<HTMLButtonElement>('undo').disabled = !this.history.canUndo;
@@ -452,7 +473,7 @@ export class App {
         find('redo').onclick = () => this.step(this.history.redo());
         find('zoom-in').onclick = () => this.map.zoom(0.7);
         find('zoom-out').onclick = () => this.map.zoom(-0.7);
-        find('fit').onclick = () => this.map.fit([this.answer.parcel]);
+        find('fit').onclick = () => this.fitNext();
         find('map').addEventListener('keydown', (event) => this.mapKey(event));
         this.onInput('amount', (text) => this.ask({ typed: { ...this.state.asked.typed, [this.state.asked.mode]: text }, alternative: 0 }, 'amount'));
         this.onNumber('bearing', (gon) => this.ask({ gon, alternative: 0 }, 'bearing'));
@@ -479,7 +500,8 @@ export class App {
         });
         window.addEventListener('keydown', (event) => {
             const typing = event.target instanceof HTMLInputElement || event.target instanceof HTMLTextAreaElement;
-            if (typing || !(event.ctrlKey || event.metaKey)) return;
+            if (typing || event.altKey) return;
+            if (!(event.ctrlKey || event.metaKey)) return void (/^[1-9]$/.test(event.key) && !(event.target instanceof HTMLSelectElement) && this.typeAmount());
             const key = event.key.toLowerCase();
             if (key !== 'z' && key !== 'y') return;
             event.preventDefault();
@@ -521,6 +543,13 @@ export class App {
             if (dropped) void this.take(dropped, dropped.name);
             else if (text) void this.take(text, t('parcel'));
         });
+    }
+
+    // Who points at a side and then types means the amount.
+    private typeAmount(): void {
+        const field = find<HTMLInputElement>('amount');
+        field.focus({ preventScroll: false });
+        field.select();
     }
 
     private onInput(id: string, typed: (text: string) => void): void {

@@ -190,6 +190,7 @@ export class Panel {
         text('parcel-facts', facts.join(' · '));
         find('notes').replaceChildren(...state.notes.map((note) => Object.assign(document.createElement('li'), { textContent: noteText(note) })));
         find('pick').hidden = state.parcels.length < 2;
+        find('parcel-name').classList.toggle('hidden', state.parcels.length > 1);
         const picker = find<HTMLSelectElement>('parcels');
         if (picker.dataset.source !== `${state.source} ${state.parcels.length}`) {
             picker.dataset.source = `${state.source} ${state.parcels.length}`;

@@ -7,10 +7,11 @@ import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { existsSync, mkdirSync, mkdtempSync, readFileSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';
-import { join } from 'node:path';
+import { basename, join } from 'node:path';
 import { after, before, test } from 'node:test';
 import { fileURLToPath, pathToFileURL } from 'node:url';
-import { strToU8, zipSync } from 'fflate';
+import { build } from 'esbuild';
+import { strToU8, unzipSync, zipSync } from 'fflate';
 import { chromium } from 'playwright-core';
 
 const kWeb = fileURLToPath(new URL('..', import.meta.url));
@@ -568,6 +569,60 @@ test('each output is read back with the same figures', async () => {
     await closed(page);
 });
 
+// What is on a sheet, as words: figures and names, without where they stand.
+function wordsOf(pdf) {
+    return execFileSync('pdftotext', ['-layout', pdf, '-']).toString().split(/\s+/).filter((word) => /\d/.test(word)).map((word) => word.replace(/[:,]$/, ''));
+}
+
+test('the printed plan has what the program\u2019s plan has, on as many sheets as it needs', { skip: !existsSync(kProgram) && 'the program is not built' }, async () => {
+    const page = await opened();
+    const large = join(scratch, 'large.csv');
+    writeFileSync(large, 'P,E,N\nA,1000,2000\nB,1600,2000\nC,1600,2300.5\nD,1300.25,2300.5\nE,1300.25,2450\nF,1000,2450\n');
+    for (const [file, side, parts] of [[join(kExamples, 'published.csv'), 4, 3], [large, 1, 38]]) {
+        await open(page, basename(file), readFileSync(file));
+        await page.click('[data-kind=perpendicular]');
+        await page.selectOption('#side', `0 ${side - 1}`);
+        await typed(page, 'parts', String(parts));
+        assert.ok(await isShown(page, 'proven'), file);
+        const plan = join(scratch, 'program.pdf');
+        execFileSync(kProgram, ['divide', file, '--perpendicular', String(side), '--parts', String(parts), '--plan', plan, '--area-decimals', '2', '--overwrite']);
+        const printed = join(kPictures, `printed-${parts}.pdf`);
+        await page.evaluate(() => window.dispatchEvent(new Event('beforeprint')));
+        await page.emulateMedia({ media: 'print' });
+        writeFileSync(printed, await page.pdf({ preferCSSPageSize: true }));
+        await page.emulateMedia({ media: 'screen' });
+        const saved = await downloaded(page, '[data-save=pdf]');
+        const sheets = (pdf) => Number(/Pages: +(\d+)/.exec(execFileSync('pdfinfo', [pdf]).toString())[1]);
+        assert.equal(sheets(printed) > 1, parts > 12, file);
+        assert.equal(sheets(printed), sheets(saved), file);
+        // Tables first: points, lengths, areas. Labels of the drawing may find no room.
+        const wanted = new Set(wordsOf(plan).filter((word) => /^\d+\.\d{2,}$|^P\d+$|^1:\d+$/.test(word)));
+        assert.ok(wanted.size > 20);
+        for (const pdf of [printed, saved]) {
+            const there = new Set(wordsOf(pdf));
+            assert.deepEqual([...wanted].filter((word) => !there.has(word)), [], `${file}: of ${pdf}`);
+        }
+    }
+    const [svgs, pngs] = [await downloaded(page, '[data-save=svg]'), await downloaded(page, '[data-save=png]')].map((zip) => Object.keys(unzipSync(readFileSync(zip))));
+    assert.deepEqual([svgs[1], pngs[1]], ['plan-2.svg', 'plan-2.png']);
+    await closed(page);
+});
+
+test('every text is there in every language', async () => {
+    const { outputFiles } = await build({ entryPoints: [join(kWeb, 'src', 'texts', 'index.ts')], bundle: true, format: 'esm', write: false });
+    const { languages } = await import(`data:text/javascript;base64,${Buffer.from(outputFiles[0].text).toString('base64')}`);
+    const gaps = (text) => [...text.matchAll(/\{\d\}/g)].map(String).sort();
+    const names = [...readFileSync(join(kWeb, 'wasm', 'src', 'names.cpp'), 'utf8').matchAll(/return "(\w+)";/g)].map(([, name]) => name);
+    assert.ok(names.length > 20);
+    for (const [code, texts] of Object.entries(languages)) {
+        for (const [key, text] of Object.entries(languages.en)) assert.deepEqual(gaps(texts[key] ?? ''), gaps(text), `${code} ${key}`);
+        if (code === 'en') continue;
+        const same = Object.keys(languages.en).filter((key) => texts[key] === languages.en[key] && /[a-z]{3}/i.test(texts[key]));
+        assert.deepEqual(same.filter((key) => !['plan', 'geojson', 'dxf', 'svg', 'png', 'pdf', 'parallel'].includes(key)), [], `${code}: not translated`);
+        assert.deepEqual(names.filter((name) => !['divided', 'usable', 'unusable_boundary', 'unknown'].includes(name) && !texts.reasons[name]), [], `${code}: reasons`);
+    }
+});
+
 test('all is done by the keyboard alone', async () => {
     const page = await opened();
     await page.keyboard.press('Tab');
@@ -712,6 +767,72 @@ test('a parcel of 20,000 corners is divided and dragged while the page goes on',
     console.log(`20,000 corners: ${tasks.length} tasks above 50 ms on the page's own thread, the longest ${Math.max(0, ...tasks).toFixed(0)} ms`);
     if (process.env.PLCALC_TIMED) assert.ok(Math.max(0, ...tasks) < 500);
     await closed(page);
+});
+
+// Somebody who has read nothing: a file of lots with names, in degrees; a click on a lot, a click on a side, a third, the plan.
+test('a file, a lot, a side, a third, a plan: eight steps of a person who has read nothing', async () => {
+    const page = await opened({ width: 1366, height: 768 });
+    const lots = Array.from({ length: 30 }, (_, i) => {
+        const [x, y] = [11.3547 + 0.0009 * (i % 6), 46.4981 + 0.0006 * Math.floor(i / 6)];
+        return { type: 'Feature', properties: { Flurstueck: `${100 + i}/2` }, geometry: { type: 'Polygon', coordinates: [[[x, y], [x + 0.0008, y], [x + 0.00085, y + 0.0005], [x, y + 0.00049], [x, y]]] } };
+    });
+    await drop(page, 'Katasterauszug.geojson', JSON.stringify({ type: 'FeatureCollection', features: lots }));
+    assert.equal(await textOf(page, 'hint'), 'Click your parcel.');
+    const box = await page.locator('#map').boundingBox();
+    await page.mouse.click(box.x + 0.3 * box.width, box.y + 0.35 * box.height);
+    const lot = await textOf(page, 'parcel-name');
+    assert.match(lot, /^1(1|2)\d\/2$/);
+    assert.match(await textOf(page, 'hint'), /Click a side of the parcel\. Or drag/);
+    const ring = await page.evaluate(() => { const { parcels, chosen } = window.plcalcPage.state; return parcels[chosen].outer; });
+    await page.mouse.click(...(await pixelOf(page, middle(ring[1], ring[2]))));
+    assert.equal(await page.inputValue('#side'), '0 1');
+    // The cursor is in no field; what is typed is the amount.
+    await page.keyboard.type('1/3');
+    assert.deepEqual([await page.inputValue('#amount'), (await rows(page, 'pieces'))[0][2]], ['1/3', '33.33 %']);
+    assert.ok(await page.locator('#amount').evaluate((field) => field.getBoundingClientRect().bottom < innerHeight), 'in sight');
+    for (const words of ['a third', '1 / 3', '33.3333333 %']) {
+        await page.fill('#amount', words);
+        assert.equal((await rows(page, 'pieces'))[0][2], '33.33 %', words);
+    }
+    await page.click('#mode-area');
+    await page.fill('#amount', '1/3');
+    assert.equal((await rows(page, 'pieces'))[0][2], '33.33 %', 'a share is understood as an area, too');
+    await page.click('#mode-share');
+    for (const [text, words] of [['0.5', /part or per cent/], ['2000', /choose Area/]]) {
+        await page.fill('#amount', text);
+        assert.match(await textOf(page, 'mistake'), words);
+    }
+    await page.fill('#amount', '1/3');
+    await page.evaluate(() => { window.print = () => { window.printed = document.querySelectorAll('#sheet svg').length; }; });
+    await page.evaluate(() => window.dispatchEvent(new Event('beforeprint')));
+    await page.click('#print-top');
+    assert.equal(await page.evaluate(() => window.printed), 1);
+    assert.ok((await page.textContent('#sheet')).includes(lot));
+    await page.screenshot({ path: join(kPictures, 'lots.png') });
+    await closed(page);
+});
+
+// The hardest data at hand, to be looked at.
+test('pictures of many corners, holes, tiny pieces, long names and German', async () => {
+    const ring = Array.from({ length: 200 }, (_, i) => {
+        const turn = (2 * Math.PI * i) / 200;
+        const radius = 100 + 20 * Math.sin(7 * turn);
+        return [5000 + radius * Math.cos(turn), 5000 + 2 * radius * Math.sin(turn)];
+    });
+    const wkt = `POLYGON((${[...ring, ring[0]].map((p) => p.join(' ')).join(',')}),(4990 4990,5010 4990,5000 5010,4990 4990))`;
+    for (const [name, size] of [['desktop', { width: 1440, height: 900 }], ['tablet', { width: 1024, height: 768 }], ['phone', { width: 390, height: 844, phone: true }]]) {
+        const page = await opened({ ...size, language: 'de-AT' });
+        await open(page, 'Flurst\u00fccke der Gemeinde Gro\u00dfweikersdorf an der Stra\u00dfe nach Obermallebarn.wkt', wkt);
+        await page.click('[data-kind=bearing]');
+        await page.click('#whole');
+        await typed(page, 'list', '1/3, 2, 1/100, w');
+        assert.ok(await isShown(page, 'mistake'));
+        await typed(page, 'list', '1/3; 2; 1/100; 3000; 3000; 25 %');
+        assert.ok(await isShown(page, 'proven'));
+        await page.screenshot({ path: join(kPictures, `hard-${name}.png`), fullPage: name === 'phone' });
+        if (name === 'desktop') writeFileSync(join(kPictures, 'hard.pdf'), readFileSync(await downloaded(page, '[data-save=pdf]')));
+        await closed(page);
+    }
 });
 
 test('pictures at three sizes, to be looked at', async () => {

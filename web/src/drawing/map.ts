@@ -118,7 +118,13 @@ export class ParcelMap {
         // The buttons lie on the left of a large drawing.
         const left = (size[0] ?? 600) > 500 ? room + 26 : room;
         this.map.setView(view);
-        view.fit([low[0], low[1], high[0], high[1]], { size, padding: [room, room, room + 8, left] });
+        view.fit([low[0], low[1], high[0], high[1]], { size, padding: [(size[1] ?? 400) > 500 ? room + 12 : room, room, room + 8, left] });
+    }
+
+    /** How many pixels a parcel is wide or high, whichever is more. */
+    sizeOf(parcel: NamedParcel): number {
+        const [low, high] = boxOf([parcel.outer]);
+        return Math.max(high[0] - low[0], high[1] - low[1]) / (this.map.getView().getResolution() ?? 1);
     }
 
     zoom(steps: number): void {

@@ -41,7 +41,22 @@ export function drawOthers(pen: Pen, view: View, others: readonly NamedParcel[])
     for (const other of others) {
         const rings = [other.outer, ...other.holes].map((ring) => thinned(ring.map((p) => view.place(p)), view.pixel));
         pen.shape(rings, { fill: kColors.other, stroke: kColors.otherInk, width: view.pixel });
+        if (others.length <= kMostNamed) nameOther(pen, view, other.name, rings[0] ?? []);
     }
+}
+
+// Names help to find one's own parcel; further ones would only be a crowd.
+const kMostNamed = 1000;
+
+function nameOther(pen: Pen, view: View, name: string, ring: readonly XY[]): void {
+    if (name === '') return;
+    const xs = ring.map((p) => p[0]);
+    const ys = ring.map((p) => p[1]);
+    const [left, right, top, bottom] = [Math.min(...xs), Math.max(...xs), Math.min(...ys), Math.max(...ys)];
+    const lettering: Lettering = { size: 12 * view.pixel, color: kColors.muted, halo: kColors.other };
+    if (right < 0 || left > view.width || bottom < 0 || top > view.height || pen.widthOf(name, lettering) > 0.8 * (right - left)) return;
+    const at: XY = [(left + right) / 2, (top + bottom) / 2];
+    if (isWithin([ring], at)) pen.text(at, name, lettering);
 }
 
 /** By the even-odd rule, on the sheet. */
@@ -251,7 +266,7 @@ class Scene {
         const width = Math.max(widthOf(area, kPieceText - 2, false), widthOf(piece.name, kPieceText, true));
         const at = this.inside(rings, 1.2 * width);
         const fits = ([x, y]: XY): boolean => this.places.isFree([x, y], width, this.px(36), 0) &&
-            [-0.5, 0.5].every((part) => isWithin(rings, [x + part * width, y + this.px(9)]));
+            [-0.5, 0.5].every((part) => isWithin(rings, [x + part * width, y + this.px(9)])) && isWithin(rings, [x, y - this.px(16)]);
         const style = { color: kColors.ink, halo: pieceColor(piece.amount) };
         const place = [0, 1, -1, 2, -2, 3, -3].map((k): XY => [at[0], at[1] + this.px(19 * k)]).find(fits);
         if (place) {

@@ -23,14 +23,14 @@ export const en = {
     side: 'Side', corner: 'Corner', sideName: '{0} – {1}: {2}, {3}', sideShort: '{0} – {1}', cornerName: 'Corner {0}',
     bearingLabel: 'Bearing', along: 'Distance from {0}', east: 'E', north: 'N',
     fromEast: 'From E', fromNorth: 'N', toEast: 'To E', toNorth: 'N',
-    hintParallel: 'Click a side of the parcel.', hintVertex: 'Click a corner of the parcel.', hintPlace: 'Click the place on a side.',
+    hintPick: 'Click your parcel.', hintParallel: 'Click a side of the parcel.', hintVertex: 'Click a corner of the parcel.', hintPlace: 'Click the place on a side.',
     hintSegment: 'Click two points that the line is to run along.', hintSegmentEnd: 'Now click the second point.', hintPoint: 'Click a point inside the parcel.', hintBearing: 'Type a bearing, clockwise from North.',
     otherSide: 'Swap sides', otherLine: 'Another line', whole: 'Whole line, into any number of pieces',
 
     amount: 'How much', modeArea: 'Area', modeShare: 'Share', modeParts: 'Parts', modeWidth: 'Width', modeList: 'List',
     typeArea: 'Area to cut off', typeShareLabel: 'Share of the parcel, as 1/3 or 25 %', typePartsLabel: 'Equal parts', typeWidthLabel: 'Width of the strip',
     typeListLabel: 'Several, one after another: 1000, 1/4, 20x35', slider: 'Share to cut off', dragHint: 'Or drag the line in the drawing.',
-    typeNumber: 'Type a number.', ambiguousComma: 'Is the comma a decimal one? Write 1250 or 1.250.', typeShare: 'Type a share, as 1/3 or 25 %.',
+    typeNumber: 'Type a number.', ambiguousComma: 'Is the comma a decimal one? Write 1250 or 1.250.', typeShare: 'Type a share, as 1/3 or 25 %. For square metres, choose Area.', ambiguousShare: 'Is this a part or per cent? Write 1/2 or 0.5 %.',
     typeParts: 'Type a whole number from 2 to 1000.', typeList: 'Type amounts with commas between them, as 1000, 1/4, 20x35.',
 
     result: 'Result', proven: 'Proven', provenLong: 'Every piece holds its area, with the line as it is staked out: {0} decimals.',
