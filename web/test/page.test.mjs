@@ -595,8 +595,9 @@ test('the printed plan has what the program\u2019s plan has, on as many sheets a
         const sheets = (pdf) => Number(/Pages: +(\d+)/.exec(execFileSync('pdfinfo', [pdf]).toString())[1]);
         assert.equal(sheets(printed) > 1, parts > 12, file);
         assert.equal(sheets(printed), sheets(saved), file);
-        // Tables first: points, lengths, areas. Labels of the drawing may find no room.
-        const wanted = new Set(wordsOf(plan).filter((word) => /^\d+\.\d{2,}$|^P\d+$|^1:\d+$/.test(word)));
+        // Points, lengths, areas and the scale. The program enlarges what is too thin, at scales of its own.
+        const words = wordsOf(plan);
+        const wanted = new Set([...words.filter((word) => /^\d+\.\d{2,}$|^P\d+$/.test(word)), words.find((word) => /^1:\d+$/.test(word))]);
         assert.ok(wanted.size > 20);
         for (const pdf of [printed, saved]) {
             const there = new Set(wordsOf(pdf));

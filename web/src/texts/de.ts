@@ -20,7 +20,7 @@ export const de: Texts = {
     parcelNumber: 'Flurstück {0}', corners: '{0} Ecken', area: 'Fläche', perimeter: 'Umfang', holes: 'Löcher: {0}', hole: 'Loch {0}',
     exampleField: 'Feld', exampleYard: 'L-Form', exampleConvex: 'Vieleck', exampleUtm: 'Lose',
 
-    line: 'Linie', parallel: 'Parallel', perpendicular: 'Rechtwinklig', vertex: 'Aus einer Ecke',
+    line: 'Linie', parallel: 'Parallel', perpendicular: 'Recht\u00adwinklig', vertex: 'Aus einer Ecke',
     bearing: 'Mit Richtung', segment: 'Wie eine Straße', place: 'Von einer Seite', point: 'Durch Punkt',
     side: 'Seite', corner: 'Ecke', sideName: '{0} – {1}: {2}, {3}', sideShort: '{0} – {1}', cornerName: 'Ecke {0}',
     bearingLabel: 'Richtungswinkel', along: 'Abstand von {0}', east: 'E', north: 'N',
