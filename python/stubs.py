@@ -23,6 +23,7 @@ def typed(text):
         text = re.sub(rf"(\w+): {record}(?=[,)])", rf"\1: Union[{record}, Sequence[Any]]", text)
     text = re.sub(r": CPoint3dVector(?=[,)])", ": Union[CPoint3dVector, numpy.typing.ArrayLike]", text)
     text = re.sub(r"\bself: (?:Union\[.*?\]\]|Union\[\w+, numpy\.typing\.ArrayLike\]|\w+)(?=[,)])", "self", text)
+    text = re.sub(r"\bIterator\b(?!\[)", "Iterator[Any]", text)
     text = re.sub(r"\bsequence\b", "Sequence[Any]", re.sub(r"\b(?:handle|object)\b", "Any", text))
     return re.sub(r"^\(arg0\b(?:: \w+)?", "(self", text) if text.startswith("(arg0") else text
 
@@ -66,6 +67,8 @@ def classes(name, kind):
             empty = False
         elif callable(value) and (not attribute.startswith("_") or attribute in ("__init__", "__iter__", "__len__")) \
                 and not members:
+            if attribute == "__init__" and "Initialize self" in (value.__doc__ or ""):
+                continue  # an answer, which is not made in Python
             yield from functions(attribute, value, "    ")
             empty = False
     if empty:

@@ -1,19 +1,29 @@
 """Requests as a surveyor says them."""
 
+from __future__ import annotations
+
 import operator
 from fractions import Fraction
+from typing import Any, Optional, Sequence, SupportsIndex, Tuple, Union, cast
 
 from . import plparcel as _layer
+from ._parcels import HasGeoInterface, ParcelLike
 from ._parcels import parcel as _parcel_of
 from ._results import Division, Refused, ranges_of
-from ._sides import Named
+from ._sides import Named, PointLike
+
+# A side or a vertex: an index, (index, ring), or what it is.
+PlaceLike = Union[SupportsIndex, Tuple[SupportsIndex, SupportsIndex], Named]
+ShareLike = Union[str, Fraction, float, Tuple[float, float]]
+SegmentLike = Union[HasGeoInterface, Sequence[PointLike]]
+Listed = Any  # a list, an array or a column of them
 
 area = _layer.area
 product = _layer.product
 width = _layer.width
 
 
-def share(part, of=None):
+def share(part: ShareLike, of: Optional[float] = None) -> _layer.Amount:
     """An amount given as a share of the parcel.
 
     part: "1/3", "25%", a fraction, a number from 0 to 1; or, with `of`, the numerator
@@ -21,7 +31,7 @@ def share(part, of=None):
     Returns: an amount; the quotient is not rounded.
     """
     if of is not None:
-        return _layer.share(part, of)
+        return _layer.share(cast(float, part), of)
     if isinstance(part, str):
         text = part.strip()
         numerator, slash, denominator = text.partition("/")
@@ -148,10 +158,16 @@ def _line_for(parcel, parallel_to, perpendicular_to, through_vertex, *others):
                    *others)
 
 
-def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None,
-           through_place=None, through_point=None, bearing=None, area=None, product=None, share=None, width=None,
-           parts=None, amounts=None, opposite=False, alternative=0, any_pieces=False, decimals=None, tolerance=1e-6,
-           raise_on_refusal=True):
+def divide(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None,
+           perpendicular_to: Optional[PlaceLike] = None, through_vertex: Optional[PlaceLike] = None,
+           at_bearing: Optional[float] = None, along: Optional[SegmentLike] = None,
+           through_place: Optional[Sequence[float]] = None, through_point: Optional[PointLike] = None,
+           bearing: Optional[float] = None, area: Union[float, Listed, None] = None,
+           product: Union[Tuple[float, float], Listed, None] = None, share: Union[ShareLike, Listed, None] = None,
+           width: Union[float, Listed, None] = None, parts: Optional[SupportsIndex] = None, amounts: Optional[Listed] = None,
+           opposite: bool = False, alternative: SupportsIndex = 0, any_pieces: bool = False,
+           decimals: Optional[int] = None, tolerance: float = 1e-6,
+           raise_on_refusal: bool = True) -> Division:
     """Divides a parcel with proof.
 
     parcel: see `plcalc.parcel`. Sides and vertices are counted from 0, in its order; side i runs from vertex i on.
@@ -196,9 +212,15 @@ def divide(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=No
     return division
 
 
-def all_divisions(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None,
-                  through_place=None, through_point=None, bearing=None, area=None, product=None, share=None, width=None,
-                  parts=None, amounts=None, opposite=False, alternative=0, any_pieces=False, decimals=None, tolerance=1e-6):
+def all_divisions(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None,
+                  perpendicular_to: Optional[PlaceLike] = None, through_vertex: Optional[PlaceLike] = None,
+                  at_bearing: Optional[float] = None, along: Optional[SegmentLike] = None,
+                  through_place: Optional[Sequence[float]] = None, through_point: Optional[PointLike] = None,
+                  bearing: Optional[float] = None, area: Union[float, Listed, None] = None,
+                  product: Union[Tuple[float, float], Listed, None] = None, share: Union[ShareLike, Listed, None] = None,
+                  width: Union[float, Listed, None] = None, parts: Optional[SupportsIndex] = None, amounts: Optional[Listed] = None,
+                  opposite: bool = False, alternative: SupportsIndex = 0, any_pieces: bool = False,
+                  decimals: Optional[int] = None, tolerance: float = 1e-6) -> Tuple[Division, ...]:
     """Divides a parcel by each of the lines that hold the first amount. The arguments are those of `divide`.
 
     Returns: the divisions, in the order of `alternative`. Where no line holds the amount, the only one says why, and is false.
@@ -215,7 +237,7 @@ def all_divisions(parcel, *, parallel_to=None, perpendicular_to=None, through_ve
                  for answer in _layer.all_divisions(given, request))
 
 
-def measure(parcel):
+def measure(parcel: ParcelLike) -> _layer.RingReport:
     """Checks and measures a parcel.
 
     Returns: a `plcalc.plparcel.RingReport`: status, area, perimeter, and where the boundary is at fault.
@@ -223,8 +245,11 @@ def measure(parcel):
     return _layer.check_parcel(_parcel_of(parcel))
 
 
-def feasible(parcel, *, parallel_to=None, perpendicular_to=None, through_vertex=None, at_bearing=None, along=None,
-             through_place=None, through_point=None, opposite=False, any_pieces=False):
+def feasible(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None,
+             perpendicular_to: Optional[PlaceLike] = None, through_vertex: Optional[PlaceLike] = None,
+             at_bearing: Optional[float] = None, along: Optional[SegmentLike] = None,
+             through_place: Optional[Sequence[float]] = None, through_point: Optional[PointLike] = None,
+             opposite: bool = False, any_pieces: bool = False) -> Tuple[Tuple[float, float], ...]:
     """What a line can cut off. The arguments are those of `divide`.
 
     Returns: the ranges of areas, each (least, most), from the smallest on; none when the parcel or the line cannot be used.

@@ -1,8 +1,12 @@
 """What a parcel may come as."""
 
+from __future__ import annotations
+
 import re
+from typing import Any, Mapping, Protocol, Sequence, Union
 
 import numpy
+import numpy.typing
 
 from . import _wkb
 from . import plparcel as _layer
@@ -62,7 +66,18 @@ def _ring_of(vertices):
     return ring[:, :2] if ring.size else ring
 
 
-def parcel(given):
+class HasGeoInterface(Protocol):
+    """A geometry of Shapely, a feature, and many others."""
+
+    @property
+    def __geo_interface__(self) -> Mapping[str, Any]: ...
+
+
+ParcelLike = Union[_layer.Parcel, HasGeoInterface, Mapping[str, Any], str, bytes, bytearray, memoryview,
+                   "numpy.typing.NDArray[Any]", Sequence[Sequence[float]]]
+
+
+def parcel(given: ParcelLike) -> _layer.Parcel:
     """A parcel from whatever it comes as, ready to be divided again and again.
 
     given: anything with `__geo_interface__` (Shapely, GeoPandas' geometries), a GeoJSON-like dictionary, the WKT of a

@@ -1,5 +1,9 @@
 """Answers. They are frozen: what has been proven does not change."""
 
+from __future__ import annotations
+
+from typing import TYPE_CHECKING, Any, Dict, List, Optional, Tuple
+
 from . import _drawing
 from . import core as _core
 from . import plparcel as _layer
@@ -17,7 +21,7 @@ def _number(value):
     return f"{value:.4f}"
 
 
-def ranges_of(parcel, line, opposite, any_pieces):
+def ranges_of(parcel: _layer.Parcel, line: _layer.Line, opposite: bool, any_pieces: bool) -> Tuple[Pair, ...]:
     """What a line can cut off: ranges of areas (least, most)."""
     kind = _layer.Measured
     found = _layer.feasible(parcel, line, kind.opposite if opposite else kind.from_reference,
@@ -25,11 +29,19 @@ def ranges_of(parcel, line, opposite, any_pieces):
     return tuple((found.least, found.most) for found in found.ranges)
 
 
+if TYPE_CHECKING:
+    import numpy
+    import numpy.typing
+
+    Ring = numpy.typing.NDArray[numpy.float64]
+
+Pair = Tuple[float, float]
+
 _WORDS = {_layer.Cut.parallel: "parallel_to", _layer.Cut.perpendicular: "perpendicular_to",
           _layer.Cut.through_vertex: "through_vertex"}
 
 
-def lines_for(parcel, amount, opposite):
+def lines_for(parcel: _layer.Parcel, amount: _layer.Amount, opposite: bool) -> Tuple[Dict[str, Any], ...]:
     """Lines that can hold an amount, each as arguments of `divide`."""
     kind = _layer.Measured
     found = _layer.alternatives_for(parcel, amount, kind.opposite if opposite else kind.from_reference)
@@ -55,49 +67,50 @@ class Line(_Frozen):
     """A dividing line, its ends on the boundary."""
 
     __slots__ = ("_answer",)
+    _answer: _layer.DividingLine
 
-    def __init__(self, answer):
+    def __init__(self, answer: _layer.DividingLine) -> None:
         self._set(_answer=answer)
 
     @property
-    def start(self):
+    def start(self) -> Pair:
         """The end that comes first along the line: (x, y)."""
         return _pair(self._answer.from_)
 
     @property
-    def end(self):
+    def end(self) -> Pair:
         """The other end: (x, y)."""
         return _pair(self._answer.to)
 
     @property
-    def segments(self):
+    def segments(self) -> Tuple[Tuple[Pair, Pair], ...]:
         """What of the line lies in the parcel: pairs of points."""
         return tuple((_pair(part.from_), _pair(part.to)) for part in self._answer.segments)
 
     @property
-    def length(self):
+    def length(self) -> float:
         """From end to end, caller's unit."""
         return _core.PlFunz_distance(self._answer.from_, self._answer.to)
 
     @property
-    def bearing(self):
+    def bearing(self) -> float:
         """Gons, clockwise from North, from start to end."""
         start, end = self._answer.from_, self._answer.to
         return _core.AngoloDaAsseRifer(end.x - start.x, end.y - start.y)
 
     @property
-    def meets_again(self):
+    def meets_again(self) -> bool:
         """Whether the line, prolonged beyond its ends, meets what was left of the parcel again."""
         return self._answer.meets_again
 
     @property
-    def __geo_interface__(self):
+    def __geo_interface__(self) -> Dict[str, Any]:
         segments = self.segments
         if len(segments) == 1:
             return {"type": "LineString", "coordinates": segments[0]}
         return {"type": "MultiLineString", "coordinates": segments}
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         return f"Line({self.start} to {self.end})"
 
 
@@ -105,51 +118,53 @@ class Piece(_Frozen):
     """A piece of the divided parcel."""
 
     __slots__ = ("_answer", "is_rest")
+    _answer: _layer.Piece
+    is_rest: bool
 
-    def __init__(self, answer, is_rest):
+    def __init__(self, answer: _layer.Piece, is_rest: bool) -> None:
         self._set(_answer=answer, is_rest=is_rest)
 
     @property
-    def ring(self):
+    def ring(self) -> Ring:
         """The vertices, an (n, 2) array that lies in the answer; the first one is not repeated."""
         return self._answer.ring
 
     @property
-    def holes(self):
+    def holes(self) -> Tuple[Ring, ...]:
         """Likewise, of the holes."""
         return self._answer.holes
 
     @property
-    def amount(self):
+    def amount(self) -> int:
         """Index of its amount; one more than the last of them for what is left."""
         return self._answer.amount
 
     @property
-    def area(self):
+    def area(self) -> float:
         """Unit squared."""
         return self._answer.area
 
     @property
-    def asked(self):
+    def asked(self) -> float:
         """What it should hold; with any number of pieces, the whole amount."""
         return self._answer.asked
 
     @property
-    def residual(self):
+    def residual(self) -> float:
         """What it holds less what it should, before either is rounded."""
         return self._answer.residual
 
     @property
-    def __geo_interface__(self):
+    def __geo_interface__(self) -> Dict[str, Any]:
         rings = [self.ring, *self.holes]
         closed = tuple(tuple(map(tuple, [*ring.tolist(), ring[0].tolist()])) for ring in rings)
         return {"type": "Polygon", "coordinates": closed}
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         what = "rest" if self.is_rest else f"amount {self.amount}"
         return f"Piece({what}, area {_number(self.area)}, {len(self.ring)} vertices)"
 
-    def _repr_svg_(self):
+    def _repr_svg_(self) -> str:
         return _drawing.drawn(self.ring, self.holes, [self], [])
 
 
@@ -157,8 +172,17 @@ class Division(_Frozen):
     """The answer to a request. It is true when the parcel has been divided."""
 
     __slots__ = ("parcel", "line", "_amounts", "_opposite", "_any_pieces", "_answer", "_lines", "_pieces")
+    parcel: _layer.Parcel
+    line: _layer.Line
+    _amounts: List[_layer.Amount]
+    _opposite: bool
+    _any_pieces: bool
+    _answer: _layer.Division
+    _lines: Optional[Tuple[Line, ...]]
+    _pieces: Optional[Tuple[Piece, ...]]
 
-    def __init__(self, parcel, line, amounts, opposite, any_pieces, answer):
+    def __init__(self, parcel: _layer.Parcel, line: _layer.Line, amounts: List[_layer.Amount], opposite: bool,
+                 any_pieces: bool, answer: _layer.Division) -> None:
         put = object.__setattr__
         put(self, "parcel", parcel)
         put(self, "line", line)
@@ -169,81 +193,85 @@ class Division(_Frozen):
         put(self, "_lines", None)
         put(self, "_pieces", None)
 
-    def __bool__(self):
+    def __bool__(self) -> bool:
         return self._answer.divided
 
     @property
-    def status(self):
+    def status(self) -> str:
         """"divided", or what became of the request in one word: a name of `plcalc.plparcel.Status`."""
         return self._answer.status.name
 
     @property
-    def reason(self):
+    def reason(self) -> str:
         """The same as a sentence's worth; of the boundary, when that is at fault."""
         return _layer.describe(self._answer)
 
     @property
-    def at_amount(self):
+    def at_amount(self) -> int:
         """Unless divided, index of the amount that could not be cut."""
         return self._answer.at_amount
 
     @property
-    def area(self):
+    def area(self) -> float:
         """Of the parcel, unit squared."""
         return self._answer.ring.area
 
     @property
-    def report(self):
+    def report(self) -> _layer.RingReport:
         """What `measure` says of the parcel."""
         return self._answer.ring
 
     @property
-    def lines(self):
+    def lines(self) -> Tuple[Line, ...]:
         """The dividing lines, in the order of the amounts."""
-        if self._lines is None:
-            self._set(_lines=tuple(map(Line, self._answer.lines)))
-        return self._lines
+        lines = self._lines
+        if lines is None:
+            lines = tuple(map(Line, self._answer.lines))
+            self._set(_lines=lines)
+        return lines
 
     @property
-    def pieces(self):
+    def pieces(self) -> Tuple[Piece, ...]:
         """The pieces, in the order of the amounts, then what is left."""
-        if self._pieces is None:
+        pieces = self._pieces
+        if pieces is None:
             rest = len(self._answer.held) - 1
-            self._set(_pieces=tuple(Piece(piece, piece.amount == rest) for piece in self._answer.pieces))
-        return self._pieces
+            pieces = tuple(Piece(piece, piece.amount == rest) for piece in self._answer.pieces)
+            self._set(_pieces=pieces)
+        return pieces
 
     @property
-    def held(self):
+    def held(self) -> Tuple[Tuple[float, float, float, int], ...]:
         """What each amount has become, and what is left: (asked, area, residual, pieces)."""
         return tuple((held.asked, held.area, held.residual, held.pieces) for held in self._answer.held)
 
     @property
-    def decimals(self):
+    def decimals(self) -> Optional[int]:
         """Of the ends of all lines; None for all digits."""
         return self._answer.decimals
 
     @property
-    def feasible(self):
+    def feasible(self) -> Tuple[Pair, ...]:
         """What such a line can cut off, ranges of areas (least, most): what could be had where the request was refused. Of
         several amounts, it is about the first."""
         return ranges_of(self.parcel, self.line, self._opposite, self._any_pieces)
 
     @property
-    def alternatives(self):
+    def alternatives(self) -> Tuple[Dict[str, Any], ...]:
         """The parallels, perpendiculars and vertices that can hold the first amount in two pieces, each as arguments of
         `divide`: {"parallel_to": 2, "opposite": False}. It looks at every side and vertex, at 1,000 of them and
         more only at some."""
         return lines_for(self.parcel, self._amounts[0], self._opposite) if self._amounts else ()
 
     @property
-    def __geo_interface__(self):
+    def __geo_interface__(self) -> Dict[str, Any]:
         """The pieces as features."""
         features = [{"type": "Feature", "geometry": piece.__geo_interface__,
                      "properties": {"piece": number, "amount": piece.amount, "area": piece.area, "asked": piece.asked,
                                     "residual": piece.residual}} for number, piece in enumerate(self.pieces)]
         return {"type": "FeatureCollection", "features": features}
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         if not self:
             return f"Division(refused, {self.status}: {self.reason})"
         areas = [_number(piece.area) for piece in self.pieces]
@@ -252,7 +280,7 @@ class Division(_Frozen):
         lines = "1 line" if len(self.lines) == 1 else f"{len(self.lines)} lines"
         return f"Division({lines}, areas {', '.join(areas)})"
 
-    def _repr_svg_(self):
+    def _repr_svg_(self) -> str:
         return _drawing.drawn(self.parcel.outer, self.parcel.holes, self.pieces, self.lines, "" if self else self.reason)
 
 
@@ -264,23 +292,23 @@ class Refused(Exception):
     division: the refused answer
     """
 
-    def __init__(self, division):
+    def __init__(self, division: Division) -> None:
         super().__init__(division)
         self.division = division
         self.status = division.status
         self.reason = division.reason
 
     @property
-    def feasible(self):
+    def feasible(self) -> Tuple[Pair, ...]:
         """What such a line can cut off: ranges of areas (least, most)."""
         return self.division.feasible
 
     @property
-    def alternatives(self):
+    def alternatives(self) -> Tuple[Dict[str, Any], ...]:
         """Other lines that can hold the first amount, each as arguments of `divide`."""
         return self.division.alternatives
 
-    def __str__(self):
+    def __str__(self) -> str:
         # Only where the line is at fault, and the amount was the first.
         if self.division.at_amount > 0 or self.status in ("no_amount", "unusable_amount", "unusable_rounding"):
             return self.reason

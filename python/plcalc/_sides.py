@@ -1,6 +1,14 @@
 """Sides and vertices named by what they are. In a layer, side 0 is an accident of how it was drawn."""
 
+from __future__ import annotations
+
+from typing import Any, Callable, Mapping, Optional, Sequence, Tuple, Union
+
+from . import core as _core
 from . import plparcel as _layer
+from ._parcels import HasGeoInterface
+
+PointLike = Union[Sequence[float], HasGeoInterface, _core.PL_PNT2D_record]
 
 
 class Undecided(ValueError):
@@ -10,7 +18,10 @@ class Undecided(ValueError):
     places: those that fit equally well, each (index, ring); empty when there is none
     """
 
-    def __init__(self, status, places, reason):
+    status: str
+    places: Tuple[Tuple[int, int], ...]
+
+    def __init__(self, status: str, places: Tuple[Tuple[int, int], ...], reason: str) -> None:
         super().__init__(reason)
         self.status, self.places = status, places
 
@@ -18,27 +29,28 @@ class Undecided(ValueError):
 class Named:
     """What `divide` takes instead of a number: it finds the side or the vertex of each parcel."""
 
-    def __init__(self, text, side=None, vertex=None):
+    def __init__(self, text: str, side: Optional[Callable[[_layer.Parcel], _layer.Choice]] = None,
+                 vertex: Optional[Callable[[_layer.Parcel], _layer.Choice]] = None) -> None:
         self._text, self._side, self._vertex = text, side, vertex
 
-    def __repr__(self):
+    def __repr__(self) -> str:
         return f"plcalc.{self._text}"
 
-    def side_of(self, parcel):
+    def side_of(self, parcel: _layer.Parcel) -> Tuple[int, int]:
         """(side, ring) of a parcel. Raises Undecided, and TypeError for a name that is one of vertices only."""
         if self._side is None:
             raise TypeError(f"{self!r} names vertices, not sides")
         return self._place(self._side(parcel), "sides")
 
-    def vertex_of(self, parcel):
+    def vertex_of(self, parcel: _layer.Parcel) -> Tuple[int, int]:
         """(vertex, ring) of a parcel. Raises Undecided, and TypeError for a name that is one of sides only."""
         if self._vertex is None:
             raise TypeError(f"{self!r} names sides, not vertices")
         return self._place(self._vertex(parcel), "vertices")
 
     @staticmethod
-    def _place(choice, what):
-        places = tuple((candidate.place.index, candidate.place.ring) for candidate in choice.candidates)
+    def _place(choice: _layer.Choice, what: str) -> Tuple[int, int]:
+        places: Tuple[Tuple[int, int], ...] = tuple((candidate.place.index, candidate.place.ring) for candidate in choice.candidates)
         if choice.status == _layer.ChoiceStatus.found:
             return places[0]
         reason = _layer.describe(choice.status)
@@ -51,32 +63,32 @@ longest = Named("longest", _layer.longest_side)
 shortest = Named("shortest", _layer.shortest_side)
 
 
-def nearest_to(point):
+def nearest_to(point: PointLike) -> Named:
     """The side, or the vertex, nearest to a point."""
     x, y = getattr(point, "coords", [point])[0][:2]
     at = (float(x), float(y))
     return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at), lambda parcel: _layer.vertex_near(parcel, at))
 
 
-def facing(bearing):
+def facing(bearing: float) -> Named:
     """The side that faces a bearing, in gons clockwise from North: 200 for the one to the South."""
     gons = float(bearing)
     return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons))
 
 
-def farthest(bearing):
+def farthest(bearing: float) -> Named:
     """The vertex that lies farthest towards a bearing, in gons clockwise from North: 0 for the northernmost."""
     gons = float(bearing)
     return Named(f"farthest({gons:g})", vertex=lambda parcel: _layer.vertex_farthest(parcel, gons))
 
 
-def beside(geometry, within):
+def beside(geometry: Union[HasGeoInterface, Mapping[str, Any]], within: float) -> Named:
     """The side with the greatest length along another geometry, such as a road or a neighbour.
 
     geometry: lines or polygons: anything with `__geo_interface__`, or a GeoJSON-like dictionary
     within: how far away the geometry may lie, caller's unit
     """
-    interface = geometry if isinstance(geometry, dict) else geometry.__geo_interface__
+    interface = geometry if isinstance(geometry, Mapping) else geometry.__geo_interface__
     other = _layer.OtherGeometry(list(_segments(interface)))
     alongside = _layer.Alongside(float(within))
     return Named(f"beside({interface['type']}, {within:g})", lambda parcel: _layer.side_along(parcel, other, alongside))

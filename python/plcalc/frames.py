@@ -1,5 +1,9 @@
 """Layers: GeoPandas frames in and out."""
 
+from __future__ import annotations
+
+from typing import Any
+
 import pandas
 from geopandas import GeoDataFrame
 from shapely.geometry import LineString, MultiLineString, Polygon
@@ -36,7 +40,7 @@ def _answer(geometry, request):
         return "no_polygon", str(error)
 
 
-def divide_frame(frame, *, lines=False, **request):
+def divide_frame(frame: GeoDataFrame, *, lines: bool = False, **request: Any) -> GeoDataFrame:
     """Divides every parcel of a GeoDataFrame.
 
     frame: polygons in a plane CRS, or without one

@@ -59,9 +59,9 @@ Array array_of(const Ring& ring, const py::object& owner)
     return array;
 }
 
-py::tuple arrays_of(const std::vector<Ring>& rings, const py::object& owner)
+TupleOf<Array> arrays_of(const std::vector<Ring>& rings, const py::object& owner)
 {
-    py::tuple arrays(rings.size());
+    TupleOf<Array> arrays(rings.size());
     for (std::size_t i = 0; i < rings.size(); ++i)
         arrays[i] = array_of(rings[i], owner);
     return arrays;
@@ -69,9 +69,9 @@ py::tuple arrays_of(const std::vector<Ring>& rings, const py::object& owner)
 
 /// The elements where they lie, each of which keeps its owner alive.
 template <typename Element>
-py::tuple elements_of(const std::vector<Element>& elements, const py::object& owner)
+TupleOf<Element> elements_of(const std::vector<Element>& elements, const py::object& owner)
 {
-    py::tuple handles(elements.size());
+    TupleOf<Element> handles(elements.size());
     for (std::size_t i = 0; i < elements.size(); ++i)
         handles[i] = py::cast(&elements[i], py::return_value_policy::reference_internal, owner);
     return handles;
@@ -100,9 +100,9 @@ Line of_ring(Line line, std::size_t ring)
     return line;
 }
 
-py::tuple pair_of(const std::size_t (&two)[2])
+std::pair<std::size_t, std::size_t> pair_of(const std::size_t (&two)[2])
 {
-    return py::make_tuple(two[0], two[1]);
+    return {two[0], two[1]};
 }
 
 }  // namespace

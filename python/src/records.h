@@ -79,6 +79,18 @@ template <typename Record> struct handle_type_name<Output<Record>> {
 };
 }  // namespace pybind11::detail
 
+/// A tuple that says in its signature what it holds.
+template <typename Element> class TupleOf : public py::tuple {
+public:
+    using py::tuple::tuple;
+};
+
+namespace pybind11::detail {
+template <typename Element> struct handle_type_name<TupleOf<Element>> {
+    static constexpr auto name = const_name("Tuple[") + make_caster<Element>::name + const_name(", ...]");
+};
+}  // namespace pybind11::detail
+
 /// Points of two or three columns; heights are left out.
 using Points = py::array_t<double, py::array::c_style | py::array::forcecast>;
 
