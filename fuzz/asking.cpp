@@ -1,4 +1,4 @@
-// plparcel: which side is meant, and what could be asked instead. Sides are compared again, in long double; what is said
+// plparcel: which side is meant, what could be asked instead, and what neighbours get. Sides are compared again, in long double; what is said
 // to be had is divided.
 
 #include <cmath>
@@ -11,6 +11,7 @@
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
 #include "plparcel/feasible.h"
+#include "plparcel/neighbours.h"
 #include "plparcel/which_side.h"
 
 namespace {
@@ -149,6 +150,59 @@ void check_alternatives(const Ring& ring, double part)
     }
 }
 
+// Vertices that were there stay, in their order, and the others are counted.
+void check_inserted(const Ring& before, const Ring& after, std::size_t& inserted)
+{
+    std::size_t kept = 0;
+    for (const PL_PNT2D_record& p : after)
+        if (kept < before.size() && fuzz::same(p, before[kept]))
+            ++kept;
+        else
+            ++inserted;
+    FUZZ_CHECK(kept == before.size());
+}
+
+void check_with_points(const plparcel::SharedSides& shared, const Parcel& parcel)
+{
+    const plparcel::WithPoints with = shared.with_points(parcel);
+    std::size_t inserted = 0;
+    check_inserted(parcel.outer, with.parcel.outer, inserted);
+    FUZZ_CHECK(with.parcel.holes.size() == parcel.holes.size());
+    for (std::size_t i = 0; i < parcel.holes.size(); ++i)
+        check_inserted(parcel.holes[i], with.parcel.holes[i], inserted);
+    FUZZ_CHECK(inserted == with.inserted && !(with.left_out && inserted > 0));
+    FUZZ_CHECK(with.farthest_beside >= 0.0 && (with.beside > 0 || !(with.farthest_beside > 0.0)));
+    if (plparcel::check_parcel(parcel).status == plparcel::BoundaryStatus::usable)
+        FUZZ_CHECK(plparcel::check_parcel(with.parcel).status == plparcel::BoundaryStatus::usable);
+}
+
+// The points of a division, and a few anywhere, on the sides of the parcel, of its pieces, and of another parcel.
+void check_neighbours(Reader& in, const Parcel& parcel, const plparcel::Line& line,
+                      const std::vector<plparcel::Segment>& segments, double within)
+{
+    plparcel::Request request;
+    request.line = line;
+    request.amounts = plparcel::equal_parts(2 + in.byte() % 3);
+    if (in.byte() % 2 == 0)
+        request.rounding.decimals = in.byte() % 6;
+    const plparcel::Division division = plparcel::divide(parcel, request);
+    std::vector<plparcel::NewPoint> points = plparcel::new_points(parcel, division);
+    FUZZ_CHECK(division.status == plparcel::Status::divided || points.empty());
+    for (const plparcel::Segment& segment : segments)
+        points.push_back({in.point(), segment});
+    const Parcel other = {fuzz::read_ring(in), {}};
+    const plparcel::SharedSides shared(points, within, [&](const plparcel::SharedSides::Take& take) {
+        take(parcel);
+        take(other);
+    });
+    const std::vector<Parcel> pieces = plparcel::pieces_with_corners(parcel, division);
+    FUZZ_CHECK(pieces.size() == division.pieces.size());
+    for (const Parcel& piece : pieces)
+        check_with_points(shared, piece);
+    check_with_points(shared, parcel);
+    check_with_points(shared, other);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -187,5 +241,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check_alternatives(parcel.outer, part);
     const plparcel::Feasible any = plparcel::feasible(parcel, line, measured, plparcel::Pieces::any);
     FUZZ_CHECK(any.refusal ? any.ranges.empty() : any.ranges.size() == 1);
+    check_neighbours(in, parcel, line, segments, distance);
     return 0;
 }

@@ -83,9 +83,13 @@ Geometry Geos::closed_line(const Ring& ring) const
     return own(GEOSGeom_createLinearRing_r(handle_, sequence(ring, true)));
 }
 
-Geometry Geos::polygon(const Ring& ring) const
+Geometry Geos::polygon(const Ring& ring, const std::vector<Ring>& holes) const
 {
-    return own(GEOSGeom_createPolygon_r(handle_, closed_line(ring).release(), nullptr, 0));
+    std::vector<GEOSGeometry*> inner;
+    for (const Ring& hole : holes)
+        inner.push_back(closed_line(hole).release());
+    return own(GEOSGeom_createPolygon_r(handle_, closed_line(ring).release(), inner.data(),
+                                        static_cast<unsigned>(inner.size())));
 }
 
 double Geos::area(const Geometry& shape) const
@@ -150,6 +154,32 @@ std::vector<Geometry> Geos::split(const Ring& ring, const PL_LINE_2D_record& cut
     for (int i = 0; i < n; ++i)
         pieces.push_back(own(GEOSGeom_clone_r(handle_, GEOSGetGeometryN_r(handle_, faces.get(), i))));
     return pieces;
+}
+
+Geometry Geos::united(const std::vector<Geometry>& shapes) const
+{
+    std::vector<GEOSGeometry*> copies;
+    for (const Geometry& shape : shapes)
+        copies.push_back(GEOSGeom_clone_r(handle_, shape.get()));
+    const Geometry all = own(GEOSGeom_createCollection_r(handle_, GEOS_GEOMETRYCOLLECTION, copies.data(),
+                                                         static_cast<unsigned>(copies.size())));
+    return own(GEOSUnaryUnion_r(handle_, all.get()));
+}
+
+Geometry Geos::difference(const Geometry& a, const Geometry& b) const
+{
+    return own(GEOSSymDifference_r(handle_, a.get(), b.get()));
+}
+
+bool Geos::insides_meet(const Geometry& a, const Geometry& b) const
+{
+    return yes(GEOSRelatePattern_r(handle_, a.get(), b.get(), "T********"));
+}
+
+std::size_t Geos::rings(const Geometry& shape) const
+{
+    const Geometry boundary = own(GEOSBoundary_r(handle_, shape.get()));
+    return static_cast<std::size_t>(GEOSGetNumGeometries_r(handle_, boundary.get()));
 }
 
 PL_PNT2D_record Geos::centroid(const Geometry& shape) const

@@ -5,6 +5,7 @@
 
 #include <geos_c.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -33,7 +34,7 @@ public:
     Geometry point(const PL_PNT2D_record& p) const;
     Geometry line(const std::vector<PL_PNT2D_record>& points) const;
     Geometry closed_line(const Ring& ring) const;
-    Geometry polygon(const Ring& ring) const;
+    Geometry polygon(const Ring& ring, const std::vector<Ring>& holes = {}) const;
 
     double area(const Geometry& shape) const;
     double length(const Geometry& shape) const;
@@ -47,6 +48,18 @@ public:
 
     /// The faces that a line cuts a ring into: the noded union of both, polygonised.
     std::vector<Geometry> split(const Ring& ring, const PL_LINE_2D_record& cut) const;
+
+    /// What several shapes cover together.
+    Geometry united(const std::vector<Geometry>& shapes) const;
+
+    /// What one shape covers and the other does not, both ways.
+    Geometry difference(const Geometry& a, const Geometry& b) const;
+
+    /// Whether the insides of two shapes have a point in common, decided exactly.
+    bool insides_meet(const Geometry& a, const Geometry& b) const;
+
+    /// Of how many rings the shape consists, over all its polygons.
+    std::size_t rings(const Geometry& shape) const;
 
     PL_PNT2D_record centroid(const Geometry& shape) const;
 

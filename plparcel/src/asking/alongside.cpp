@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <limits>
 
+#include "boundary/box_tree.h"
 #include "lines/direction.h"
 
 namespace plparcel {
@@ -16,22 +16,6 @@ constexpr double kBehind = 0.1;
 // Products of four coordinates stay finite.
 constexpr double kFarthest = 1e90;
 
-struct Box {
-    PL_PNT2D_record low = {};
-    PL_PNT2D_record high = {};
-};
-
-Box box_of(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-{
-    return {{std::fmin(a.x, b.x), std::fmin(a.y, b.y)}, {std::fmax(a.x, b.x), std::fmax(a.y, b.y)}};
-}
-
-Box both(const Box& a, const Box& b)
-{
-    return {{std::fmin(a.low.x, b.low.x), std::fmin(a.low.y, b.low.y)},
-            {std::fmax(a.high.x, b.high.x), std::fmax(a.high.y, b.high.y)}};
-}
-
 bool is_usable(const Segment& segment)
 {
     for (const double c : {segment.from.x, segment.from.y, segment.to.x, segment.to.y})
@@ -40,39 +24,6 @@ bool is_usable(const Segment& segment)
     const Box box = box_of(segment.from, segment.to);
     return std::fmax(box.high.x - box.low.x, box.high.y - box.low.y) > 1.0 / kFarthest;
 }
-
-// What a segment must come near to: a side, and the distance.
-class Reach {
-public:
-    Reach(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
-        : box_(box_of(a, b)), a_(a), length_(std::hypot(b.x - a.x, b.y - a.y)),
-          across_({(a.y - b.y) / length_, (b.x - a.x) / length_})
-    {}
-
-    // False only where all of a box lies farther away than that.
-    bool comes_near(const Box& box, double distance) const
-    {
-        const double away_x = std::fmax(box.low.x - box_.high.x, box_.low.x - box.high.x);
-        const double away_y = std::fmax(box.low.y - box_.high.y, box_.low.y - box.high.y);
-        if (away_x > distance || away_y > distance)
-            return false;
-        const double half_x = 0.5 * (box.high.x - box.low.x);
-        const double half_y = 0.5 * (box.high.y - box.low.y);
-        const double off = (box.low.x + half_x - a_.x) * across_.x + (box.low.y + half_y - a_.y) * across_.y;
-        // A little more, for the roundings of it.
-        constexpr double kRoundings = 1e-12;
-        const double extent = std::fabs(across_.x) * half_x + std::fabs(across_.y) * half_y;
-        const double sizes =
-            std::fabs(box.low.x) + std::fabs(box.low.y) + std::fabs(a_.x) + std::fabs(a_.y) + half_x + half_y;
-        return !(std::fabs(off) - extent > distance + kRoundings * sizes);
-    }
-
-private:
-    Box box_;
-    PL_PNT2D_record a_;
-    double length_;
-    PL_PNT2D_record across_;
-};
 
 double squared(double a)
 {
@@ -115,81 +66,15 @@ double distance_between(double length, const Beside& p, const Beside& q)
                      std::fmin(distance_to(first, p, q), distance_to(last, p, q)));
 }
 
+struct BoxOfSegment {
+    Box operator()(const Segment& segment) const { return box_of(segment.from, segment.to); }
+};
+
 }  // namespace
 
-// Boxes around segments, and around pairs of boxes: nodes i of a heap, the leaves last.
-class OtherGeometry::Tree {
+class OtherGeometry::Tree : public BoxTree<Segment, BoxOfSegment> {
 public:
-    explicit Tree(std::vector<Segment> segments) : segments_(std::move(segments))
-    {
-        if (segments_.empty())
-            return;
-        while (leaves_ * kInLeaf < segments_.size())
-            leaves_ *= 2;
-        boxes_.resize(2 * leaves_);
-        build(1, 0, segments_.size(), leaves_);
-    }
-
-    bool is_empty() const { return segments_.empty(); }
-
-    using Note = std::function<bool(const Segment&)>;
-
-    // Calls `note` for each segment that may lie within the distance, which may shrink on the way; stops when it
-    // returns false. There must be segments.
-    void near(const Reach& reach, const double& distance, const Note& note) const
-    {
-        visit(1, 0, segments_.size(), leaves_, reach, distance, note);
-    }
-
-private:
-    static constexpr std::size_t kInLeaf = 8;
-
-    static PL_PNT2D_record middle(const Segment& s)
-    {
-        return {0.5 * s.from.x + 0.5 * s.to.x, 0.5 * s.from.y + 0.5 * s.to.y};
-    }
-
-    // Halves of equal size, apart in the direction in which their middles spread most.
-    void build(std::size_t node, std::size_t begin, std::size_t end, std::size_t leaves)
-    {
-        Box& box = boxes_[node];
-        Box middles = {middle(segments_[begin]), middle(segments_[begin])};
-        box = box_of(segments_[begin].from, segments_[begin].to);
-        for (std::size_t i = begin; i < end; ++i) {
-            box = both(box, box_of(segments_[i].from, segments_[i].to));
-            middles = both(middles, {middle(segments_[i]), middle(segments_[i])});
-        }
-        if (leaves == 1)
-            return;
-        const bool by_x = middles.high.x - middles.low.x > middles.high.y - middles.low.y;
-        const std::size_t half = begin + (end - begin) / 2;
-        const auto at = [this](std::size_t i) { return segments_.begin() + static_cast<std::ptrdiff_t>(i); };
-        std::nth_element(at(begin), at(half), at(end), [by_x](const Segment& a, const Segment& b) {
-            return by_x ? middle(a).x < middle(b).x : middle(a).y < middle(b).y;
-        });
-        build(2 * node, begin, half, leaves / 2);
-        build(2 * node + 1, half, end, leaves / 2);
-    }
-
-    bool visit(std::size_t node, std::size_t begin, std::size_t end, std::size_t leaves, const Reach& reach,
-               const double& distance, const Note& note) const
-    {
-        if (!reach.comes_near(boxes_[node], distance))
-            return true;
-        if (leaves == 1) {
-            for (std::size_t i = begin; i < end; ++i)
-                if (!note(segments_[i]))
-                    return false;
-            return true;
-        }
-        const std::size_t half = begin + (end - begin) / 2;
-        return visit(2 * node, begin, half, leaves / 2, reach, distance, note) &&
-               visit(2 * node + 1, half, end, leaves / 2, reach, distance, note);
-    }
-
-    std::vector<Segment> segments_;
-    std::vector<Box> boxes_;
-    std::size_t leaves_ = 1;
+    using BoxTree::BoxTree;
 };
 
 OtherGeometry::OtherGeometry(const std::vector<Segment>& segments)

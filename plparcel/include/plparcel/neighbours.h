@@ -1,0 +1,124 @@
+#pragma once
+
+/// @file
+/// New points on boundaries that parcels share, so that no gap and no overlap is left beside a division.
+///
+/// The end of a dividing line becomes a corner of the pieces. Rounded to decimals it lies up to half a step beside its side, and
+/// the neighbour on the other side of the boundary knows nothing of it:
+///
+/// ```
+///     A ---------- N ---------- B     The pieces have the corner N, which lies a little beside AB.
+///       \  . . . . . . . . . /        The neighbour still has the side from B to A: a sliver is left between
+///     neighbour: B ------- A          them, until the neighbour gets N as well.
+/// ```
+///
+/// A layer is worked on in two steps. First divide, and collect the new points of every division. Then insert them in the
+/// rings of all parcels of the layer, those of the new pieces too:
+///
+/// ```cpp
+/// std::vector<plparcel::NewPoint> points = plparcel::new_points(lot, division);
+/// const plparcel::SharedSides shared(points, 0.001, [&](const plparcel::SharedSides::Take& take) {
+///     for (const plparcel::Parcel& parcel : layer)
+///         take(parcel);
+/// });
+/// for (const plparcel::Parcel& piece : plparcel::pieces_with_corners(lot, division))
+///     store(shared.with_points(piece).parcel);
+/// for (const plparcel::Parcel& neighbour : neighbours)
+///     store(shared.with_points(neighbour).parcel);
+/// ```
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "plparcel/boundary.h"
+#include "plparcel/division.h"
+#include "plparcel/export.h"
+#include "plparcel/line.h"
+
+namespace plparcel {
+
+/// A point that a division has put on a side of its parcel.
+struct NewPoint {
+    PL_PNT2D_record at = {};  ///< a corner of pieces and no vertex of the parcel, to the last bit
+    Segment side;  ///< the side on which it lies, between two vertices of the parcel, as the pieces run
+};
+
+/// The points that a division has put on the boundary of its parcel.
+///
+/// @param[in] parcel    the parcel, as it was divided
+/// @param[in] division  what divide() answered
+/// @return each point with its side; those of one side follow one another, from its `from` to its `to`. None unless it was
+///         divided. An end that is a vertex, or a vertex rounded to Division::decimals, is no new point, and neither is
+///         one inside the parcel. n log n.
+PLPARCEL_API std::vector<NewPoint> new_points(const Parcel& parcel, const Division& division);
+
+/// The pieces of a division as parcels beside their neighbours: as Division::pieces, but for an end that was rounded
+/// beside a vertex of the parcel. Its neighbours have that vertex, and so has the piece here.
+///
+/// @param[in] parcel    the parcel, as it was divided
+/// @param[in] division  what divide() answered
+/// @return in the order of Division::pieces; none unless it was divided. Where the parcel's vertices have no more decimals
+///         than Division::decimals, the rings are those of the pieces to the last bit. n log n.
+PLPARCEL_API std::vector<Parcel> pieces_with_corners(const Parcel& parcel, const Division& division);
+
+/// A parcel with the new points on its sides.
+struct WithPoints {
+    Parcel parcel;             ///< as it was handed over, with the points between its vertices
+    std::size_t inserted = 0;  ///< how many vertices it has got
+    /// Points that were not inserted: within the distance of a vertex, but not at its place to the last bit.
+    std::size_t beside = 0;
+    double farthest_beside =
+        0.0;  ///< how far these are from their vertices at most, along the side; caller's unit
+    double area_change =
+        0.0;  ///< by how much the area has grown, unit squared; below zero where it has shrunk
+    /// Whether there are points for it, and check_parcel() calls it usable without them and not with them. The parcel is
+    /// then as it was, and `inserted` is 0.
+    bool left_out = false;
+};
+
+/// The sides of a layer's parcels on which divisions have put points.
+class SharedSides {
+public:
+    /// Takes a parcel of the layer.
+    using Take = std::function<void(const Parcel& parcel)>;
+
+    /// @param[in] points  of all divisions of the layer, in any order. Points whose own coordinates or side are not finite
+    ///                    or beyond 1e90, or whose side has no length, are left out
+    /// @param[in] within  two boundaries that are no farther apart are one: caller's unit, at right angles to the side.
+    ///                    Below four spacings of doubles, and NaN, it counts as four
+    /// @param[in] layer   hands every parcel of the layer over, as it was before it was divided; called once. Their
+    ///                    vertices on divided sides are noted: a vertex in the middle of a parcel's side is a corner of the
+    ///                    neighbours there, and must become one of the pieces once a point bends that side. May be empty
+    ///                    where no vertex lies so
+    ///
+    /// Cost        With p points and n vertices (p + n) log p, and as much more as sides lie on one another. 48 bytes are
+    ///             kept for a point, and 64 for a side with points; 100 for both more at first.
+    PLPARCEL_API SharedSides(std::vector<NewPoint> points, double within,
+                             const std::function<void(const Take& take)>& layer = {});
+
+    /// A parcel or a piece with the points on its sides. May be called by several threads at the same time.
+    ///
+    /// @param[in] parcel  any rings, in any direction; repeated vertices and a closing one stay. A piece comes from
+    ///                    pieces_with_corners()
+    /// @return the rings with the points
+    ///
+    /// Same side   A side whose two ends are vertices or points of one divided side, to the last bit, gets all points between
+    ///             them. So has the neighbour who shares the side, and so has a piece, whose sides end at points.
+    /// Longer      So does a side that runs along a divided one, no farther from it than the distance for as long as they
+    ///             lie beside each other, which must be more than the distance. It gets the points that lie beyond its own
+    ///             vertices by more than the distance, and at least one of them must be new; with them it gets the
+    ///             ends of the divided side that lie between its vertices, as corners of the pieces.
+    /// Order       Along the divided side. Points at one place, to the last bit, are one.
+    /// Area        Changes by half the length of a side times the distance of the points from it, at most. A point
+    ///             lies off the side by its rounding, and by the distance that was allowed. WithPoints::area_change says it,
+    ///             summed with 106 bits.
+    PLPARCEL_API WithPoints with_points(const Parcel& parcel) const;
+
+private:
+    class Index;
+    std::shared_ptr<const Index> index_;
+};
+
+}  // namespace plparcel

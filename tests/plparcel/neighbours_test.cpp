@@ -1,0 +1,292 @@
+// New points on boundaries that parcels share.
+
+#include "plparcel/neighbours.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "plparcel/division.h"
+#include "plparcel/rounding.h"
+#include "text_of.h"
+
+namespace {
+
+using parcel_test::text_of;
+using plparcel::Division;
+using plparcel::NewPoint;
+using plparcel::Parcel;
+using plparcel::Request;
+using plparcel::Ring;
+using plparcel::SharedSides;
+using plparcel::WithPoints;
+
+const double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+Division halved(const Parcel& parcel, const plparcel::Line& line, std::optional<int> decimals = {},
+                std::size_t parts = 2)
+{
+    Request request;
+    request.line = line;
+    request.amounts = plparcel::equal_parts(parts);
+    request.rounding.decimals = decimals;
+    request.pieces = plparcel::Pieces::any;
+    const Division division = plparcel::divide(parcel, request);
+    EXPECT_EQ(division.status, plparcel::Status::divided) << describe(division);
+    return division;
+}
+
+// "50 0 on 0 0, 100 0".
+std::string shown(const std::vector<NewPoint>& points)
+{
+    std::string text;
+    for (const NewPoint& point : points)
+        text += (text.empty() ? "" : "; ") + text_of({point.at}) + " on " +
+                text_of({point.side.from, point.side.to});
+    return text;
+}
+
+const Parcel kSquare = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}}, {}};
+
+TEST(NewPoints, AreTheEndsOfLinesOnSides)
+{
+    EXPECT_EQ(shown(new_points(kSquare, halved(kSquare, plparcel::perpendicular_to(0)))),
+              "50 0 on 0 0, 100 0; 50 100 on 100 100, 0 100");
+    EXPECT_EQ(shown(new_points(kSquare, halved(kSquare, plparcel::perpendicular_to(0), {}, 4))),
+              "25 0 on 0 0, 100 0; 50 0 on 0 0, 100 0; 75 0 on 0 0, 100 0; "
+              "75 100 on 100 100, 0 100; 50 100 on 100 100, 0 100; 25 100 on 100 100, 0 100");
+}
+
+TEST(NewPoints, AreNoneAtVertices)
+{
+    EXPECT_EQ(shown(new_points(kSquare, halved(kSquare, plparcel::through_vertex(0)))), "");
+    // With decimals the vertex is a corner of the pieces although it has more digits than they.
+    const Parcel parcel = {{{0.00003, 0.00004}, {100, 0}, {100, 100}, {0, 100}}, {}};
+    const Division division = halved(parcel, plparcel::through_vertex(0), 4);
+    EXPECT_EQ(division.lines[0].from.x, 0.0);
+    EXPECT_EQ(shown(new_points(parcel, division)), "");
+    for (const Parcel& piece : pieces_with_corners(parcel, division))
+        EXPECT_NE(text_of(piece.outer).find("3e-05 4e-05"), std::string::npos) << text_of(piece.outer);
+}
+
+TEST(NewPoints, LieOnHolesThatRunEitherWay)
+{
+    for (const bool turned : {false, true}) {
+        Ring hole = {{40, 40}, {40, 60}, {60, 60}, {60, 40}};
+        if (turned)
+            hole = {{40, 40}, {60, 40}, {60, 60}, {40, 60}};
+        const Parcel parcel = {kSquare.outer, {hole}};
+        EXPECT_EQ(new_points(parcel, halved(parcel, plparcel::perpendicular_to(0))).size(), 4u);
+    }
+}
+
+TEST(NewPoints, AreNoneOfARefusal)
+{
+    Request request;
+    request.amounts = {plparcel::area(2e4)};
+    const Division division = plparcel::divide(kSquare, request);
+    EXPECT_NE(division.status, plparcel::Status::divided);
+    EXPECT_TRUE(new_points(kSquare, division).empty());
+    EXPECT_TRUE(pieces_with_corners(kSquare, division).empty());
+}
+
+TEST(NewPoints, OfAnythingEnd)
+{
+    Division division;
+    division.pieces.resize(2);
+    division.pieces[0].ring = {{0, 0}, {1, 0}, {0, 0}, {1, 0}};
+    division.pieces[1].ring = {{0, 0}, {50, 0}, {kNaN, 0}, {50, 0}};
+    new_points(kSquare, division);
+    new_points({}, division);
+    new_points({{{kNaN, kNaN}}, {{}}}, division);
+}
+
+// One side from (0, 0) to (100, 0) of the parcel above it, with points, and a neighbour below.
+struct Row {
+    const char* what;
+    std::vector<PL_PNT2D_record> points;
+    double within;
+    Ring neighbour;
+    std::string want;
+    std::size_t beside = 0;
+};
+
+const Ring kBelow = {{100, 0}, {0, 0}, {0, -50}, {100, -50}};
+
+const Row kRows[] = {
+    {"the same side", {{40, 0}}, 0.001, kBelow, "100 0, 40 0, 0 0, 0 -50, 100 -50"},
+    {"the same side, the ring the other way round",
+     {{40, 0}},
+     0.001,
+     {{100, -50}, {0, -50}, {0, 0}, {100, 0}},
+     "100 -50, 0 -50, 0 0, 40 0, 100 0"},
+    {"two points in the order of the neighbour",
+     {{40, 0}, {70, 0}},
+     0.001,
+     kBelow,
+     "100 0, 70 0, 40 0, 0 0, 0 -50, 100 -50"},
+    {"a point a hair off the side", {{40, 7e-5}}, 0.0, kBelow, "100 0, 40 7e-05, 0 0, 0 -50, 100 -50"},
+    {"a point far off the side, rounded to whole units",
+     {{40, 0.5}},
+     0.001,
+     kBelow,
+     "100 0, 40 0.5, 0 0, 0 -50, 100 -50"},
+    {"the neighbour has the point", {{40, 0}}, 0.001, {{100, 0}, {40, 0}, {0, 0}, {0, -50}}, ""},
+    {"the neighbour has only a part of the side, with the point",
+     {{40, 0}},
+     0.001,
+     {{60, 0}, {0, 0}, {0, -50}},
+     "60 0, 40 0, 0 0, 0 -50"},
+    {"the neighbour has only the other part", {{40, 0}}, 0.001, {{60, 0}, {100, 0}, {60, -50}}, ""},
+    {"a longer side gets the ends of the divided one as well",
+     {{40, 0}},
+     0.001,
+     {{200, 0}, {-100, 0}, {0, -50}},
+     "200 0, 100 0, 40 0, 0 0, -100 0, 0 -50"},
+    {"longer at one end",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {-100, 0}, {0, -50}},
+     "100 0, 40 0, 0 0, -100 0, 0 -50"},
+    {"longer, inside the distance",
+     {{40, 0}},
+     0.001,
+     {{100, -0.001}, {-100, -0.001}, {0, -50}},
+     "100 -0.001, 40 0, 0 0, -100 -0.001, 0 -50"},
+    {"longer, just outside the distance",
+     {{40, 0}},
+     0.001,
+     {{100, -0.0010001}, {-100, -0.0010001}, {0, -50}},
+     ""},
+    {"inside the distance at one end only", {{40, 0}}, 0.001, {{100, 0}, {-100, -0.0021}, {0, -50}}, ""},
+    {"an end beside that of the divided side is the same corner",
+     {{40, 0}},
+     0.001,
+     {{100.0004, 0.0003}, {-0.0004, -0.0003}, {0, -50}},
+     "100.0004 3e-04, 40 0, -4e-04 -3e-04, 0 -50"},
+    {"a point beside a vertex is the vertex", {{40, 0}}, 0.001, {{40.001, 0}, {0, 0}, {0, -50}}, "", 1},
+    {"a point farther from the vertex than the distance",
+     {{40, 0}},
+     0.001,
+     {{40.00101, 0}, {0, 0}, {0, -50}},
+     "40.00101 0, 40 0, 0 0, 0 -50"},
+    {"a point beside a vertex that both have",
+     {{0.0005, 0}},
+     0.001,
+     {{60, 0}, {0, 0}, {0, -50}},
+     "60 0, 5e-04 0, 0 0, 0 -50"},
+    {"a neighbour that only touches a corner", {{40, 0}}, 0.001, {{0, 0}, {-50, 0}, {0, -50}}, ""},
+    {"a neighbour that touches the side at a vertex", {{40, 0}}, 0.001, {{40, 0}, {20, -50}, {60, -50}}, ""},
+    {"side in line with the divided one", {{40, 0}}, 0.001, {{200, 0}, {100, 0}, {150, -50}}, ""},
+    {"a flat angle away", {{40, 0}}, 0.001, {{100, 0}, {-100, -1}, {0, -50}}, ""},
+    {"on both sides of a thin strip",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {0, 0}, {0, -0.01}, {100, -0.01}},
+     "100 0, 40 0, 0 0, 0 -0.01, 100 -0.01"},
+    {"a closing vertex and repeated ones stay",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {100, 0}, {0, 0}, {0, -50}, {100, 0}},
+     "100 0, 100 0, 40 0, 0 0, 0 -50, 100 0"},
+    {"points at one place are one", {{40, 0}, {40, 0}}, 0.001, kBelow, "100 0, 40 0, 0 0, 0 -50, 100 -50"},
+    {"a distance that is no number", {{40, 0}}, kNaN, kBelow, "100 0, 40 0, 0 0, 0 -50, 100 -50"},
+    {"a vertex that is no number",
+     {{40, 0}},
+     0.001,
+     {{kNaN, 0}, {0, 0}, {100, 0}},
+     "nan 0, 0 0, 40 0, 100 0"},
+    {"a point that is no number", {{40, kNaN}}, 0.001, kBelow, ""},
+    {"no vertices", {{40, 0}}, 0.001, {}, ""},
+};
+
+TEST(SharedSides, GiveANeighbourThePoints)
+{
+    for (const Row& row : kRows) {
+        std::vector<NewPoint> points;
+        for (const PL_PNT2D_record& p : row.points)
+            points.push_back({p, {{0, 0}, {100, 0}}});
+        const SharedSides shared(points, row.within);
+        const WithPoints with = shared.with_points({row.neighbour, {}});
+        EXPECT_EQ(text_of(with.parcel.outer), row.want.empty() ? text_of(row.neighbour) : row.want)
+            << row.what;
+        EXPECT_EQ(with.inserted, with.parcel.outer.size() - row.neighbour.size()) << row.what;
+        EXPECT_EQ(with.beside, row.beside) << row.what;
+        EXPECT_FALSE(with.left_out) << row.what;
+        // The same from the other end of the side.
+        for (NewPoint& point : points)
+            std::swap(point.side.from, point.side.to);
+        EXPECT_EQ(text_of(SharedSides(points, row.within).with_points({row.neighbour, {}}).parcel.outer),
+                  text_of(with.parcel.outer))
+            << row.what;
+    }
+}
+
+TEST(SharedSides, TellTheChangeOfTheArea)
+{
+    const SharedSides shared({{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.001);
+    EXPECT_EQ(shared.with_points({kBelow, {}}).area_change, 25.0);
+    EXPECT_EQ(shared.with_points({{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}}).area_change, -25.0);
+    const Ring around = {{-50, -50}, {150, -50}, {150, 50}, {-50, 50}};
+    const WithPoints with = shared.with_points({around, {{{0, 0}, {0, 20}, {100, 20}, {100, 0}}}});
+    EXPECT_EQ(with.area_change, 25.0);
+    EXPECT_EQ(with.inserted, 1u);
+    EXPECT_EQ(text_of(with.parcel.holes[0]), "0 0, 0 20, 100 20, 100 0, 40 0.5");
+}
+
+TEST(SharedSides, LeaveAParcelOutThatWouldMeetItself)
+{
+    // A spike of the neighbour reaches up to a millimetre below its side, just where the point lies.
+    const Ring spiked = {{100, 0}, {0, 0}, {0, -50}, {39, -50}, {40, -0.1}, {41, -50}, {100, -50}};
+    const SharedSides shared({{{40, -0.2}, {{0, 0}, {100, 0}}}}, 0.001);
+    const WithPoints with = shared.with_points({spiked, {}});
+    EXPECT_TRUE(with.left_out);
+    EXPECT_EQ(with.inserted, 0u);
+    EXPECT_EQ(text_of(with.parcel.outer), text_of(spiked));
+    // One that meets itself anyway gets its points.
+    const WithPoints crossed = shared.with_points({{{100, 0}, {0, 0}, {100, -50}, {0, -50}}, {}});
+    EXPECT_FALSE(crossed.left_out);
+    EXPECT_EQ(crossed.inserted, 1u);
+}
+
+//     +-----------+-----------+      Two neighbours below share the place M, in the middle of the divided side.
+//     |     |     |                  Bent at the new point, the side would pass M: the pieces get M as well.
+//     A-----N-----------------B
+//     +--------M--------------+
+TEST(SharedSides, GivePiecesTheNeighboursVertices)
+{
+    const Ring left = {{70, 0}, {0, 0}, {0, -50}, {70, -50}};
+    const Ring right = {{100, 0}, {70, 0}, {70, -50}, {100, -50}};
+    const SharedSides shared({{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.001, [&](const SharedSides::Take& take) {
+        take({left, {}});
+        take({right, {}});
+    });
+    EXPECT_EQ(text_of(shared.with_points({{{40, 0.5}, {100, 0}, {100, 50}, {40, 50}}, {}}).parcel.outer),
+              "40 0.5, 70 0, 100 0, 100 50, 40 50");
+    EXPECT_EQ(text_of(shared.with_points({left, {}}).parcel.outer), "70 0, 40 0.5, 0 0, 0 -50, 70 -50");
+    EXPECT_EQ(shared.with_points({right, {}}).inserted, 0u);
+}
+
+TEST(SharedSides, GiveBothDividedParcelsEachOthersPoints)
+{
+    // The same side, then a longer one.
+    for (const double more : {0.0, 30.0}) {
+        const SharedSides shared(
+            {{{40, 0.5}, {{0, 0}, {100, 0}}}, {{60, -0.5}, {{100 + more, 0}, {0.0 - more, 0}}}}, 0.001,
+            [&](const SharedSides::Take& take) {
+                take({{{0, 0}, {100, 0}, {50, 50}}, {}});
+                take({{{100 + more, 0}, {0.0 - more, 0}, {50, -50}}, {}});
+            });
+        EXPECT_EQ(text_of(shared.with_points({{{40, 0.5}, {100, 0}, {100, 50}}, {}}).parcel.outer),
+                  "40 0.5, 60 -0.5, 100 0, 100 50");
+        EXPECT_EQ(text_of(shared.with_points({{{60, -0.5}, {0.0 - more, 0}, {50, -50}}, {}}).parcel.outer),
+                  more > 0.0 ? "60 -0.5, 40 0.5, 0 0, -30 0, 50 -50" : "60 -0.5, 40 0.5, 0 0, 50 -50");
+    }
+}
+
+}  // namespace
