@@ -564,6 +564,23 @@ std::vector<std::string> ParcelFile::files() const
     return files;
 }
 
+std::optional<Source> ParcelFile::all_of_layer() const
+{
+    if (source_.file == "-")
+        throw Failure(ExitStatus::wrong_use, {source_.file, ""},
+                      "the layer is read more than once, and the standard input can be read only once",
+                      "save it in a file");
+    if (!source_.feature && !source_.where && !source_.part)
+        return std::nullopt;
+    Source source = source_;
+    source.feature.reset();
+    source.where.reset();
+    source.part.reset();
+    if (!choice_.by_layer.empty())
+        source.layer = choice_.by_layer.begin()->first;
+    return source;
+}
+
 void ParcelFile::refuse_several(const std::string& why) const
 {
     throw Failure(ExitStatus::wrong_use, {source_.file, ""},

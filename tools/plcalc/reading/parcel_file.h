@@ -27,6 +27,7 @@ struct ReadParcel {
     Parcel parcel;                   ///< its ring is empty when there is a problem
     std::optional<Failure> problem;  ///< why it has no ring in plane coordinates
     OGRFeatureUniquePtr feature;     ///< null where all rows of a table of points are one parcel
+    bool has_new_points = false;     ///< whether the parcel has vertices that the feature's geometry has not
 };
 
 /// The parcels of one layer: polygons, closed lines, or the points of a CSV file with a column for
@@ -65,6 +66,11 @@ public:
 
     /// The files that are read.
     std::vector<std::string> files() const;
+
+    /// The layer without the choice of features: the parcels and their neighbours. Nothing where they are all chosen.
+    ///
+    /// @throws Failure  wrong_use for the standard input, which cannot be read again
+    std::optional<Source> all_of_layer() const;
 
     /// Whether its parcels have names without a column that tells them.
     bool names_parcels() const { return source_.name_column || texts_; }

@@ -153,8 +153,8 @@ Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
     return output;
 }
 
-Output ManyReport::json(const std::vector<std::string>& written,
-                        const std::vector<std::string>& unused_rows) const
+Output ManyReport::json(const std::vector<std::string>& written, const std::vector<std::string>& unused_rows,
+                        const Json& neighbours) const
 {
     Json json;
     json["parcels"] = Json::array();
@@ -164,6 +164,8 @@ Output ManyReport::json(const std::vector<std::string>& written,
         json["written"] = written;
     if (!unused_rows.empty())
         json["unused_rows"] = unused_rows;
+    if (!neighbours.is_null())
+        json["neighbours"] = neighbours;
     return with_list(json, kept_, tally_.status());
 }
 

@@ -49,7 +49,9 @@ public:
     /// One object per parcel in "parcels", the counts, and the names of files that were written.
     ///
     /// @param[in] unused_rows  names in a table of areas that no parcel has
-    Output json(const std::vector<std::string>& written, const std::vector<std::string>& unused_rows) const;
+    /// @param[in] neighbours   what is told of neighbours; null where they were not asked for
+    Output json(const std::vector<std::string>& written, const std::vector<std::string>& unused_rows,
+                const Json& neighbours = Json()) const;
 
 private:
     void measure(const std::string& rows);

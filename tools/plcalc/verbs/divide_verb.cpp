@@ -11,8 +11,10 @@
 #include <memory>
 #include <system_error>
 #include <thread>
+#include <unordered_set>
 
 #include "answers/chosen_side.h"
+#include "answers/neighbour_points.h"
 #include "console/interrupt.h"
 #include "console/ordered_work.h"
 #include "console/terminal.h"
@@ -21,6 +23,7 @@
 #include "plan/plan.h"
 #include "reports/division_file.h"
 #include "reports/many_report.h"
+#include "reports/neighbour_tally.h"
 #include "reports/parcel_reports.h"
 #include "reports/refusal.h"
 #include "sheet/canvas.h"
@@ -42,6 +45,9 @@ constexpr std::size_t kBatchesAhead = 2;
 constexpr std::size_t kMaxFiles = 20;
 
 constexpr long long kMaxAreaDecimals = 12;
+
+// Within this, unit of the parcels, the boundaries of two parcels are one, unless the command line says otherwise.
+constexpr double kSharedWithin = 1e-3;
 
 bool ends_with(const std::string& text, const std::string& ending)
 {
@@ -122,6 +128,7 @@ struct Batch {
     std::vector<ReadParcel> read;
     std::deque<Asked> asked;  // of each parcel, where it is not the same of all; answers refer to them
     std::vector<std::optional<Answer>> answers;  // nothing for a parcel with a problem
+    std::vector<Insertion> insertions;           // points of neighbours in the pieces
     std::vector<std::string> kept;
 };
 
@@ -158,7 +165,10 @@ std::unique_ptr<Batch> next_batch(ParcelFile& file, ParcelRequests& requests)
 }
 
 // Divides the parcels of a batch. Nothing of GDAL is touched.
-void divide_batch(Batch& batch, const ParcelRequests& requests, const ManyReport& report)
+//
+// points: of neighbours, for the pieces; may be null
+void divide_batch(Batch& batch, const ParcelRequests& requests, const ManyReport& report,
+                  const NeighbourPoints* points)
 {
     const bool differ = requests.differ() || requests.common().choice.by != SideChoice::By::number;
     if (!requests.differ() && differ)
@@ -174,18 +184,128 @@ void divide_batch(Batch& batch, const ParcelRequests& requests, const ManyReport
         } catch (const Failure& problem) {
             read.problem = problem;
         }
+        const bool shares = points != nullptr && answer && answer->printed.done();
+        batch.insertions.push_back(shares ? points->insert_in_pieces(*answer) : Insertion());
         batch.kept.push_back(answer ? report.kept_of(*answer) : "");
         batch.answers.push_back(std::move(answer));
     }
 }
 
-void add_batch(const Batch& batch, ManyReport& report, DivisionWriter* writer)
+// Divides all parcels of the file, a batch at a time.
+void divide_all(ParcelFile& file, ParcelRequests& requests, const ManyReport& report, std::size_t jobs,
+                const NeighbourPoints* points, const std::function<void(Batch&)>& take)
+{
+    OrderedWork<Batch> work(jobs, [&](Batch& batch) { divide_batch(batch, requests, report, points); });
+    for (bool more = true; more || work.pending() > 0;) {
+        while (more && work.pending() <= kBatchesAhead * jobs) {
+            std::unique_ptr<Batch> batch = next_batch(file, requests);
+            more = !batch->read.empty();
+            if (more)
+                work.put(std::move(batch));
+        }
+        if (work.pending() > 0)
+            take(*work.take());
+    }
+}
+
+}  // namespace
+
+// New points on boundaries that parcels share. The file is read once to divide its parcels, once more for the neighbours'
+// corners, then to write the pieces, and at last for the neighbours that are no parcels of ours.
+class NeighbourWork {
+public:
+    NeighbourWork(ParcelFile& file, ParcelRequests& requests, std::size_t jobs, double within)
+        : whole_(file.all_of_layer()), points_(within), tally_(within)
+    {
+        const InterruptGuard guard;
+        const ManyReport nothing(ManyReport::Keep::counts);
+        divide_all(file, requests, nothing, jobs, nullptr, [&](Batch& batch) {
+            for (const std::optional<Answer>& answer : batch.answers)
+                if (answer)
+                    points_.note(*answer);
+            for (const ReadParcel& read : batch.read)
+                if (whole_)
+                    ours_.insert(read.parcel.place.feature);
+            guard.check();
+        });
+    }
+
+    /// Reads the neighbours' corners.
+    ///
+    /// @param[in] all  the source where all parcels of the layer are ours
+    void note_layer(const Source& all)
+    {
+        const InterruptGuard guard;
+        points_.note_layer([&](const auto& take) {
+            ParcelFile layer(whole_ ? *whole_ : all);
+            while (const std::optional<ReadParcel> read = layer.next()) {
+                if (!read->problem)
+                    take(read->parcel);
+                else if (is_neighbour(*read))
+                    tally_.add_unread();
+                guard.check();
+            }
+        });
+    }
+
+    const NeighbourPoints& points() const { return points_; }
+    NeighbourTally& tally() { return tally_; }
+
+    /// Whether there are parcels that are not ours.
+    bool has_neighbours() const { return whole_.has_value(); }
+
+    /// Writes those that get points.
+    void write(DivisionWriter& writer)
+    {
+        if (!whole_)
+            return;
+        const InterruptGuard guard;
+        ParcelFile layer(*whole_);
+        while (std::optional<ReadParcel> read = layer.next()) {
+            guard.check();
+            if (read->problem || !is_neighbour(*read))
+                continue;
+            const Insertion insertion = insert_in(*read);
+            if (insertion.points > 0)
+                writer.add_neighbour(*read, insertion);
+        }
+    }
+
+    /// Gives an undivided parcel its points.
+    Insertion insert_in(ReadParcel& read)
+    {
+        const Insertion insertion = points_.insert_in(read.parcel);
+        read.has_new_points = insertion.points > 0;
+        tally_.add_neighbour(insertion);
+        return insertion;
+    }
+
+private:
+    bool is_neighbour(const ReadParcel& read) const
+    {
+        return whole_ && ours_.count(read.parcel.place.feature) == 0;
+    }
+
+    std::optional<Source> whole_;           // where some parcels of the layer are not ours
+    std::unordered_set<std::string> ours_;  // by feature
+    NeighbourPoints points_;
+    NeighbourTally tally_;
+};
+
+namespace {
+
+void add_batch(Batch& batch, ManyReport& report, DivisionWriter* writer, NeighbourWork* neighbours)
 {
     for (std::size_t i = 0; i < batch.read.size(); ++i) {
-        const ReadParcel& read = batch.read[i];
+        ReadParcel& read = batch.read[i];
         const std::optional<Answer>& answer = batch.answers[i];
         const std::string refused = answer ? report.add(*answer, batch.kept[i]) : report.add(*read.problem);
-        if (writer != nullptr && answer && refused.empty())
+        const bool divided = answer && refused.empty();
+        if (neighbours != nullptr && divided)
+            neighbours->tally().add_pieces(batch.insertions[i]);
+        else if (neighbours != nullptr && !read.problem)
+            neighbours->insert_in(read);
+        if (writer != nullptr && divided)
             writer->add(read, *answer);
         else if (writer != nullptr)
             writer->add_refused(read, refused);
@@ -207,6 +327,8 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_option("-o,--output", out_)->type_name("OUT");
     options().add_option("--format", format_)->type_name("ENDING");
     options().add_flag("--overwrite", overwrite_);
+    options().add_flag("--neighbours", neighbours_);
+    options().add_option("--shared-within", shared_within_)->type_name("D");
     options().add_option("--jobs", jobs_)->type_name("N");
 }
 
@@ -226,11 +348,37 @@ void DivideVerb::check_outputs() const
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     check_standard_output();
+    check_neighbours();
     jobs();
     if (given("--output") && !to_standard_output() &&
         !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
                   "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
+}
+
+void DivideVerb::check_neighbours() const
+{
+    if (given("--shared-within"))
+        amount("--shared-within", shared_within_);
+    if (given("--shared-within") && !neighbours_)
+        wrong_use("--shared-within is about neighbours; add --neighbours");
+    if (neighbours_ && !given("--output"))
+        wrong_use("--neighbours writes parcels; name a file with -o");
+    if (neighbours_ && to_standard_output() && !DivisionWriter::holds_all("pieces." + format_))
+        wrong_use("--neighbours: this format holds the pieces only; name a file with -o");
+}
+
+std::unique_ptr<NeighbourWork> DivideVerb::neighbour_work(const Source& source) const
+{
+    if (!neighbours_)
+        return nullptr;
+    const double within =
+        given("--shared-within") ? amount("--shared-within", shared_within_) : kSharedWithin;
+    ParcelFile file(source);
+    ParcelRequests requests = this->requests(file, source);
+    auto work = std::make_unique<NeighbourWork>(file, requests, jobs(), within);
+    work->note_layer(source);
+    return work;
 }
 
 bool DivideVerb::to_standard_output() const
@@ -265,9 +413,11 @@ std::size_t DivideVerb::jobs() const
     return static_cast<std::size_t>(jobs);
 }
 
-std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out) const
+std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out,
+                                                        const NeighbourWork* neighbours) const
 {
-    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file);
+    const bool others = neighbours != nullptr && neighbours->has_neighbours();
+    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, others);
 }
 
 PlanWishes DivideVerb::plan_wishes() const
@@ -362,7 +512,8 @@ ReportStyle DivideVerb::report_style() const
     return ends_with(report_, ".md") ? ReportStyle::markdown : ReportStyle::plain;
 }
 
-Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const
+Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::string& out,
+                       NeighbourWork* neighbours) const
 {
     std::optional<ReadParcel> read = file.next();
     if (!read)
@@ -370,14 +521,18 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
     if (read->problem)
         throw *read->problem;
     const Asked of_parcel = with_side(requests.of(*read), read->parcel);
-    const Answer answer = tool::answer(read->parcel, of_parcel);
+    Answer answer = tool::answer(read->parcel, of_parcel);
     if (!answer.printed.done())
         return refused(answer, file);
+    if (neighbours != nullptr)
+        neighbours->tally().add_pieces(neighbours->points().insert_in_pieces(answer));
     // Both are written before either is moved into its place.
     const InterruptGuard guard;
-    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out, neighbours);
     if (writer != nullptr)
         writer->add(*read, answer);
+    if (neighbours != nullptr)
+        neighbours->write(*writer);
     Outputs outputs;
     const std::vector<std::string> sheets = draw(answer, file, outputs);
     const std::vector<std::string> texts = write_texts(answer, file, outputs);
@@ -396,13 +551,14 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
                 "Left     " + sheet + ": from an earlier run with more sheets, not part of this plan\n";
     if (!json_)
         return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file)) +
-                left_over + rows_left(requests)};
+                (neighbours != nullptr ? neighbours->tally().lines() : "") + left_over + rows_left(requests)};
     ManyReport report(ManyReport::Keep::json);
     report.add(answer, report.kept_of(answer));
-    return report.json(written, requests.left());
+    return report.json(written, requests.left(), neighbours != nullptr ? neighbours->tally().json() : Json());
 }
 
-Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::string& out) const
+Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::string& out,
+                        NeighbourWork* neighbours) const
 {
     if (given("--plan"))
         file.refuse_several("and --plan draws only one");
@@ -411,33 +567,27 @@ Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::s
     if (given("--points"))
         file.refuse_several("and --points lists those of one");
     const InterruptGuard guard;
-    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out);
+    const std::unique_ptr<DivisionWriter> writer = make_writer(file, out, neighbours);
     using Keep = ManyReport::Keep;
     ManyReport report(json_ ? Keep::json : writer != nullptr ? Keep::counts : Keep::rows);
     Progress progress("dividing", file.count());
-    const std::size_t jobs = this->jobs();
-    OrderedWork<Batch> work(jobs, [&](Batch& batch) { divide_batch(batch, requests, report); });
-    for (bool more = true; more || work.pending() > 0;) {
-        while (more && work.pending() <= kBatchesAhead * jobs) {
-            std::unique_ptr<Batch> batch = next_batch(file, requests);
-            more = !batch->read.empty();
-            if (more)
-                work.put(std::move(batch));
-        }
-        if (work.pending() == 0)
-            break;
-        const std::unique_ptr<Batch> batch = work.take();
-        add_batch(*batch, report, writer.get());
-        for (std::size_t i = 0; i < batch->read.size(); ++i)
+    const NeighbourPoints* const points = neighbours != nullptr ? &neighbours->points() : nullptr;
+    divide_all(file, requests, report, jobs(), points, [&](Batch& batch) {
+        add_batch(batch, report, writer.get(), neighbours);
+        for (std::size_t i = 0; i < batch.read.size(); ++i)
             progress.step();
         guard.check();
-    }
+    });
+    if (neighbours != nullptr)
+        neighbours->write(*writer);
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
     if (json_)
-        return report.json(written, requests.left());
+        return report.json(written, requests.left(),
+                           neighbours != nullptr ? neighbours->tally().json() : Json());
     Output output = report.table(file.passed_over(), file.hidden());
-    output.end += (to_standard_output() ? "" : written_lines(written, file)) + rows_left(requests);
+    output.end += (to_standard_output() ? "" : written_lines(written, file)) +
+                  (neighbours != nullptr ? neighbours->tally().lines() : "") + rows_left(requests);
     return output;
 }
 
@@ -446,6 +596,7 @@ Output DivideVerb::work() const
     asked();  // a wrong request is told before the file is read
     check_outputs();
     const Source source = this->source();
+    const std::unique_ptr<NeighbourWork> neighbours = neighbour_work(source);
     ParcelFile file(source);
     ParcelRequests requests = this->requests(file, source);
     std::shared_ptr<ScratchFolder> scratch;
@@ -453,7 +604,8 @@ Output DivideVerb::work() const
     if (to_standard_output())
         out = (scratch = std::make_shared<ScratchFolder>())->path() + "/pieces." + format_;
     const bool one_parcel = file.count() == 1;
-    Output output = one_parcel ? one(file, requests, out) : many(file, requests, out);
+    Output output =
+        one_parcel ? one(file, requests, out, neighbours.get()) : many(file, requests, out, neighbours.get());
     if (!to_standard_output())
         return output;
     if (output.status != ExitStatus::done)

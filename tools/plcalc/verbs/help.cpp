@@ -195,9 +195,14 @@ Options
                         request, method, new points, pieces, checks; or why the
                         parcel cannot be cut as asked
   --points POINTS.csv   writes name, E, N and code of all points: NEW or CORNER
+  --neighbours          inserts new points on a side that neighbours share
+                        there too, so that no gap and no overlap is left:
+                        parcels of the layer that are not divided go to the
+                        layer neighbours of OUT, or to OUT-neighbours
+  --shared-within D     boundaries no farther apart are one; 0.001 without it
   --overwrite           replaces files that exist, but never FILE; in a
-                        GeoPackage or SQLite file only the layers pieces and
-                        lines
+                        GeoPackage or SQLite file only the layers that are
+                        written
   --jobs N              divides so many parcels at a time; by default as many as
                         the machine has processors; the results are the same
   --json                prints JSON with the same numbers

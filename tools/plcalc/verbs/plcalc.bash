@@ -36,7 +36,7 @@ _plcalc() {
             return
             ;;
         --layer | --feature | --where | --part | --columns | --crs | --ground-factor | --arcs | --jobs | --join | \
-            --name-layer | --format | \
+            --name-layer | --format | --shared-within | \
             --side-from | --vertex-from | --area-from | --share-from | --side-near | --facing | --within | --vertex | --vertex-near | --bearing | --along-segment | --place | \
             --through | --alternative | --area | \
             --product | --share | --width | --parts | --decimals | --tolerance | --area-decimals | --title | --name-column | --station | --orientation | --point | --base)
@@ -45,7 +45,7 @@ _plcalc() {
     esac
     case $verb in
         divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
-            --title-block --report --points --overwrite --jobs" ;;
+            --title-block --report --points --overwrite --jobs --neighbours --shared-within" ;;
         measure) words="$choose --csv" ;;
         stakeout) words="$choose $cut --station --orientation --control --point --points-from --base --csv" ;;
         *) return ;;

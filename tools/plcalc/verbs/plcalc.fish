@@ -36,8 +36,8 @@ __plcalc_offer 'divide stakeout' files along areas
 __plcalc_offer_words 'divide stakeout' side 'longest shortest'
 __plcalc_offer_words 'divide stakeout' pieces 'two any'
 
-__plcalc_offer divide flags overwrite
-__plcalc_offer divide values format area-decimals title jobs
+__plcalc_offer divide flags overwrite neighbours
+__plcalc_offer divide values format area-decimals title jobs shared-within
 __plcalc_offer divide files output plan title-block report points
 __plcalc_offer_words divide paper 'A4 A3'
 

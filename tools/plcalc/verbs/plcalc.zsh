@@ -23,7 +23,7 @@ _plcalc() {
     esac
     case ${words[2]} in
         divide) offered=($choose $cut --output --format --plan --paper --area-decimals --title --title-block
-            --report --points --overwrite --jobs) ;;
+            --report --points --overwrite --jobs --neighbours --shared-within) ;;
         measure) offered=($choose --csv) ;;
         stakeout) offered=($choose $cut --station --orientation --control --point --points-from --base --csv) ;;
     esac

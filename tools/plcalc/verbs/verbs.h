@@ -20,6 +20,7 @@ namespace tool {
 
 class DivisionWriter;
 class ManyReport;
+class NeighbourWork;
 class PendingOutput;
 
 /// `plcalc divide`: one parcel, or every parcel of a layer.
@@ -34,9 +35,14 @@ private:
     void check_standard_output() const;
     bool to_standard_output() const;
     std::size_t jobs() const;
-    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out) const;
-    Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
-    Output many(ParcelFile& file, ParcelRequests& requests, const std::string& out) const;
+    std::unique_ptr<DivisionWriter> make_writer(const ParcelFile& file, const std::string& out,
+                                                const NeighbourWork* neighbours) const;
+    void check_neighbours() const;
+    std::unique_ptr<NeighbourWork> neighbour_work(const Source& source) const;
+    Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out,
+               NeighbourWork* neighbours) const;
+    Output many(ParcelFile& file, ParcelRequests& requests, const std::string& out,
+                NeighbourWork* neighbours) const;
     Output refused(const Answer& answer, const ParcelFile& file) const;
     ReportStyle report_style() const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
@@ -47,6 +53,8 @@ private:
 
     bool json_ = false;
     bool overwrite_ = false;
+    bool neighbours_ = false;
+    std::string shared_within_;
     std::string plan_;
     std::string out_;
     std::string format_;

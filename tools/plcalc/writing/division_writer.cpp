@@ -19,14 +19,20 @@ bool DivisionWriter::can_write(const std::string& file)
     return LandXmlWriter::writes(file) || OutputFormat::for_file(file).has_value();
 }
 
+bool DivisionWriter::holds_all(const std::string& file)
+{
+    return LandXmlWriter::writes(file) || DrawingWriter::writes(file) ||
+           OutputFormat::for_file(file).value().holds_two_layers();
+}
+
 std::unique_ptr<DivisionWriter> DivisionWriter::make(const std::string& file, bool overwrite,
-                                                     const ParcelFile& parcels)
+                                                     const ParcelFile& parcels, bool neighbours)
 {
     if (DrawingWriter::writes(file))
-        return std::make_unique<DrawingWriter>(file, overwrite, parcels);
+        return std::make_unique<DrawingWriter>(file, overwrite, parcels, neighbours);
     if (LandXmlWriter::writes(file))
         return std::make_unique<LandXmlWriter>(file, overwrite, parcels);
-    return std::make_unique<LayerWriter>(file, overwrite, parcels);
+    return std::make_unique<LayerWriter>(file, overwrite, parcels, neighbours);
 }
 
 }  // namespace tool

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "answers/neighbour_points.h"
 #include "answers/printed_division.h"
 #include "reading/parcel_file.h"
 
@@ -20,14 +21,18 @@ public:
     /// Whether there is a writer for the ending of a file name.
     static bool can_write(const std::string& file);
 
+    /// Whether the file holds all that is written, in one file.
+    static bool holds_all(const std::string& file);
+
     /// The writer for a file: a DrawingWriter for .dxf, a LandXmlWriter for .xml and .landxml, else a LayerWriter.
     ///
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced
     /// @param[in] parcels    where the parcels come from; its files are never replaced
+    /// @param[in] neighbours whether there will be neighbours
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     static std::unique_ptr<DivisionWriter> make(const std::string& file, bool overwrite,
-                                                const ParcelFile& parcels);
+                                                const ParcelFile& parcels, bool neighbours);
 
     virtual ~DivisionWriter() = default;
 
@@ -36,8 +41,11 @@ public:
     /// @param[in] answer  one that is done()
     virtual void add(const ReadParcel& read, const Answer& answer) = 0;
 
-    /// Adds a refused parcel, undivided.
+    /// Adds a refused parcel, undivided; with its points, where it has got some.
     virtual void add_refused(const ReadParcel& read, const std::string& reason) = 0;
+
+    /// Adds a parcel that was not divided, and has got points on its sides. Only where there will be neighbours.
+    virtual void add_neighbour(const ReadParcel& read, const Insertion& insertion) = 0;
 
     /// Completes the files and moves them into their place.
     ///

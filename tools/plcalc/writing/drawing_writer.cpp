@@ -28,10 +28,19 @@ constexpr const char* kLines = "lines";
 constexpr const char* kPoints = "points";
 constexpr const char* kLabels = "labels";
 constexpr const char* kUndivided = "undivided";
+constexpr const char* kNeighbours = "neighbours";
 
 // Layers with the number that DXF gives to their colour.
-const std::pair<const char*, int> kLayers[] = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
-                                               {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
+using Layers = std::vector<std::pair<const char*, int>>;
+
+Layers layers_with(bool neighbours)
+{
+    Layers layers = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
+                     {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
+    if (neighbours)
+        layers.emplace_back(kNeighbours, 4);
+    return layers;
+}
 
 // A circle with a cross, one percent of the screen high.
 constexpr const char* kPointMode = "34";
@@ -82,7 +91,7 @@ void set_variable(std::vector<Pair>& pairs, const std::string& name, const std::
 }
 
 // Puts our layers behind layer 0, as copies of it with another name, colour and handle.
-void add_layers(std::vector<Pair>& pairs)
+void add_layers(std::vector<Pair>& pairs, const Layers& wanted)
 {
     const auto is = [](const char* code, const char* value) {
         return [=](const Pair& pair) { return atoi(pair.code.c_str()) == atoi(code) && pair.value == value; };
@@ -92,7 +101,7 @@ void add_layers(std::vector<Pair>& pairs)
     const auto end = std::find_if(zero, pairs.end(), is("0", "ENDTAB"));
     std::vector<Pair> layers;
     int handle = kFirstHandle;
-    for (const auto& [name, colour] : kLayers) {
+    for (const auto& [name, colour] : wanted) {
         for (auto pair = zero; pair != end; ++pair) {
             layers.push_back(*pair);
             const int code = atoi(pair->code.c_str());
@@ -108,7 +117,7 @@ void add_layers(std::vector<Pair>& pairs)
 }
 
 // GDAL's own template with the unit, how points look, and our layers. Empty where GDAL has none.
-std::string drawing_template(const LengthUnit& unit)
+std::string drawing_template(const LengthUnit& unit, const Layers& layers)
 {
     const char* const path = CPLFindFile("gdal", "header.dxf");
     GByte* bytes = nullptr;
@@ -122,7 +131,7 @@ std::string drawing_template(const LengthUnit& unit)
     set_variable(pairs, "$MEASUREMENT", metric ? "1" : "0");
     set_variable(pairs, "$PDMODE", kPointMode);
     set_variable(pairs, "$PDSIZE", kPointSize);
-    add_layers(pairs);
+    add_layers(pairs, layers);
     std::string text;
     for (const Pair& pair : pairs)
         text += pair.code + "\n" + pair.value + "\n";
@@ -170,8 +179,9 @@ OGRPoint place_in(const plparcel::Ring& ring, const std::vector<plparcel::Ring>&
 std::vector<plparcel::Ring> rings_of(const ReadParcel& read)
 {
     std::vector<plparcel::Ring> rings = {read.parcel.ring};
+    rings.insert(rings.end(), read.parcel.holes.begin(), read.parcel.holes.end());
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
-    if (geometry != nullptr) {
+    if (geometry != nullptr && !read.has_new_points) {
         const std::unique_ptr<OGRGeometry> polygons(
             OGRGeometryFactory::forceToMultiPolygon(geometry->getLinearGeometry()));
         if (wkbFlatten(polygons->getGeometryType()) == wkbMultiPolygon) {
@@ -218,11 +228,12 @@ bool DrawingWriter::writes(const std::string& file)
     return EQUAL(CPLGetExtension(file.c_str()), "dxf");
 }
 
-DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
+DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                             bool neighbours)
     : file_(file), output_(file, overwrite, parcels.files()), several_parcels_(parcels.count() > 1),
       heights_(parcels.has_heights())
 {
-    const std::string header = drawing_template(unit_of(parcels.crs()));
+    const std::string header = drawing_template(unit_of(parcels.crs()), layers_with(neighbours));
     require(!header.empty());
     template_ = CPLSPrintf("/vsimem/plcalc-%p.dxf", static_cast<void*>(this));
     VSILFILE* const memory = VSIFOpenL(template_.c_str(), "wb");
@@ -326,6 +337,14 @@ void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reaso
     const plparcel::Extent extent = plparcel::extent_of(rings.front());
     const double height = std::max(extent.width(), extent.height()) / static_cast<double>(text.size());
     draw_label(text, place_in(rings.front()), height, Hangs::centred);
+}
+
+void DrawingWriter::add_neighbour(const ReadParcel& read, const Insertion& /*insertion*/)
+{
+    const Heights known(read.parcel);
+    const Heights* const heights = heights_ ? &known : nullptr;
+    for (const plparcel::Ring& ring : rings_of(read))
+        draw(kNeighbours, open_polygon(ring, heights));
 }
 
 std::vector<std::string> DrawingWriter::commit()

@@ -25,6 +25,7 @@ namespace tool {
 /// | points    | blue    | the new points                                                                     |
 /// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |
 /// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
+/// | neighbours | cyan   | neighbours that have got points, closed LWPOLYLINEs; only where they were asked for  |
 ///
 /// Where all vertices of all parcels have heights, pieces and lines are POLYLINEs in space, and points have theirs.
 ///
@@ -36,11 +37,12 @@ public:
     static bool writes(const std::string& file);
 
     /// As DivisionWriter::make().
-    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours);
     ~DrawingWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;
     void add_refused(const ReadParcel& read, const std::string& reason) override;
+    void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
     std::vector<std::string> commit() override;
 
 private:

@@ -245,16 +245,28 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
 void LandXmlWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
     ++parcels_read_;
+    write_undivided(read, parcel_name(read), "refused: " + reason);
+}
+
+void LandXmlWriter::add_neighbour(const ReadParcel& read, const Insertion& insertion)
+{
+    const std::string& name = read.parcel.place.name;
+    write_undivided(read, name.empty() ? read.parcel.place.feature : name,
+                    "neighbour with new points: " + std::to_string(insertion.points));
+}
+
+void LandXmlWriter::write_undivided(const ReadParcel& read, const std::string& name, const std::string& words)
+{
     require_no_holes(read);
     const plparcel::Ring& ring = read.parcel.ring;
     if (ring.empty() || !is_finite(ring))
         return;
     std::vector<std::pair<std::string, std::string>> boundary;
     for (std::size_t i = 0; i < ring.size(); ++i)
-        boundary.emplace_back(
-            "", coordinates(ring[i], heights_ ? known_height(read.parcel.heights[i]) : std::nullopt));
-    write_parcel({{"name", parcel_name(read)}, {"desc", "refused: " + reason}, {"state", "existing"}},
-                 boundary);
+        boundary.emplace_back("", coordinates(ring[i], heights_ && i < read.parcel.heights.size()
+                                                           ? known_height(read.parcel.heights[i])
+                                                           : std::nullopt));
+    write_parcel({{"name", name}, {"desc", words}, {"state", "existing"}}, boundary);
 }
 
 // Ends the parcels and puts them behind the points.

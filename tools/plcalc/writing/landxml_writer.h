@@ -17,7 +17,8 @@ namespace tool {
 
 /// One file with a CgPoint for every corner and every new point, with codes CORNER and NEW, and a Parcel for every piece,
 /// whose boundary refers to the points. Points have northing, easting and, where all vertices of all parcels have one, height. With several parcels
-/// the number of the parcel stands before the names of its points. Parcels that were refused have the reason as desc.
+/// the number of the parcel stands before the names of its points. Parcels that were refused have the reason as desc,
+/// neighbours how many points they have got.
 class LandXmlWriter : public DivisionWriter {
 public:
     /// Whether a file with this name is LandXML: .xml or .landxml.
@@ -31,6 +32,7 @@ public:
 
     void add(const ReadParcel& read, const Answer& answer) override;
     void add_refused(const ReadParcel& read, const std::string& reason) override;
+    void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
     std::vector<std::string> commit() override;
 
 private:
@@ -44,6 +46,7 @@ private:
     void write_head(const ParcelFile& parcels);
     void write_parcel(const Attributes& attributes,
                       const std::vector<std::pair<std::string, std::string>>& corners);
+    void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words);
     std::string parcel_name(const ReadParcel& read) const;
     void append_parcels();
     void require(bool ok) const;

@@ -1,5 +1,6 @@
 #include "writing/layer_writer.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -20,11 +21,13 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPieces = "pieces";
 constexpr const char* kLines = "lines";
+constexpr const char* kNeighbours = "neighbours";
 
-std::string lines_file_of(const std::string& file)
+// OUT-lines.shp of OUT.shp.
+std::string file_beside(const std::string& file, const std::string& layer)
 {
     const fs::path path(file);
-    return (path.parent_path() / (path.stem().string() + "-lines" + path.extension().string())).string();
+    return (path.parent_path() / (path.stem().string() + "-" + layer + path.extension().string())).string();
 }
 
 // CRS and index that other programs put beside a Shapefile, and that GDAL does not list.
@@ -90,19 +93,29 @@ const std::vector<std::pair<const char*, OGRFieldType>> kPieceColumns = {
     {"residual", OFTReal},    {"share", OFTReal},    {"amount", OFTInteger}, {"status", OFTString}};
 const std::vector<std::pair<const char*, OGRFieldType>> kLineColumns = {
     {"parcel", OFTInteger64}, {"line", OFTInteger}, {"length", OFTReal}};
+const std::vector<std::pair<const char*, OGRFieldType>> kNeighbourColumns = {
+    {"parcel", OFTInteger64}, {"points", OFTInteger}, {"area", OFTReal}, {"change", OFTReal}};
 
 }  // namespace
 
-LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
-    : file_(file), format_(OutputFormat::for_file(file).value()), output_(file, overwrite, parcels.files())
+LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours)
+    : file_(file), format_(OutputFormat::for_file(file).value())
 {
+    parts_.resize(neighbours ? kNeighboursPart + 1 : kNeighboursPart);
+    parts_[kPiecesPart].name = kPieces;
+    parts_[kLinesPart].name = kLines;
+    if (neighbours)
+        parts_[kNeighboursPart].name = kNeighbours;
+    for (Part& part : parts_)
+        part.file = file;
+    parts_.front().output = std::make_unique<PendingOutput>(file, overwrite, parcels.files());
     const OGRSpatialReference* const crs = is_plane(parcels.crs()) ? parcels.crs() : nullptr;
     heights_ = parcels.has_heights();
     if (format_.holds_degrees() && crs == nullptr)
         refuse_format("stores degrees, and the input has no CRS to convert from");
     if (overwrite && format_.keeps_other_layers())
         open_copy();
-    if (dataset_ == nullptr)
+    if (parts_.front().dataset == nullptr)
         create_files(overwrite, parcels);
     make_layers(parcels.columns(), crs);
 }
@@ -112,34 +125,41 @@ LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFi
 void LayerWriter::open_copy()
 {
     std::error_code error;
-    if (!fs::exists(output_.target(), error))
+    if (!fs::exists(output().target(), error))
         return;
-    output_.copy_existing();
+    output().copy_existing();
     const char* const only[] = {format_.driver().GetDescription(), nullptr};
-    dataset_.reset(
-        GDALDataset::Open(output_.path().c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, only, nullptr, nullptr));
-    if (dataset_ == nullptr) {
-        fs::remove(output_.path(), error);
+    GDALDatasetUniquePtr& copy = parts_.front().dataset;
+    copy.reset(
+        GDALDataset::Open(output().path().c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, only, nullptr, nullptr));
+    if (copy == nullptr) {
+        fs::remove(output().path(), error);
         return;
     }
-    for (int i = dataset_->GetLayerCount() - 1; i >= 0; --i) {
-        const std::string name = dataset_->GetLayer(i)->GetName();
-        if (EQUAL(name.c_str(), kPieces) || EQUAL(name.c_str(), kLines))
-            require(dataset_->DeleteLayer(i) == OGRERR_NONE);
+    for (int i = copy->GetLayerCount() - 1; i >= 0; --i) {
+        const std::string name = copy->GetLayer(i)->GetName();
+        const auto is_ours = [&](const Part& part) { return EQUAL(name.c_str(), part.name.c_str()); };
+        if (std::any_of(parts_.begin(), parts_.end(), is_ours))
+            require(copy->DeleteLayer(i) == OGRERR_NONE);
     }
 }
 
 void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels)
 {
-    GDALDriver& driver = format_.driver();
-    dataset_.reset(driver.Create(output_.path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    require(dataset_ != nullptr);
-    if (format_.holds_two_layers())
-        return;
-    lines_file_ = lines_file_of(file_);
-    lines_output_.emplace(lines_file_, overwrite, parcels.files());
-    lines_dataset_.reset(driver.Create(lines_output_->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    require(lines_dataset_ != nullptr);
+    for (Part& part : parts_) {
+        const bool is_first = &part == &parts_.front();
+        if (!is_first && format_.holds_two_layers())
+            return;
+        if (!is_first) {
+            part.file = file_beside(file_, part.name);
+            part.output = std::make_unique<PendingOutput>(part.file, overwrite, parcels.files());
+        }
+        part.dataset.reset(
+            format_.driver().Create(part.output->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+        require(part.dataset != nullptr);
+    }
+    for (Part& part : parts_)
+        part.name = fs::path(part.file).stem().string();
 }
 
 void LayerWriter::refuse_format(const std::string& why) const
@@ -153,7 +173,7 @@ void LayerWriter::require(bool ok) const
 {
     if (ok)
         return;
-    if (output_.disk_is_full())
+    if (output().disk_is_full())
         throw disk_full(file_);
     throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
                   "try another format, such as OUT.gpkg");
@@ -162,134 +182,157 @@ void LayerWriter::require(bool ok) const
 void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs)
 {
     OGRSpatialReference* const shared = const_cast<OGRSpatialReference*>(crs);
-    const bool two_files = lines_dataset_ != nullptr;
-    CPLStringList options = format_.layer_options();
-    char** const list = options.List();
-    GDALDataset& lines_in = two_files ? *lines_dataset_ : *dataset_;
-    const std::string pieces_name = two_files ? fs::path(file_).stem().string() : kPieces;
-    const std::string lines_name = two_files ? fs::path(lines_file_).stem().string() : kLines;
-    dataset_->StartTransaction();
-    pieces_ = dataset_->CreateLayer(pieces_name.c_str(), shared, heights_ ? wkbPolygon25D : wkbPolygon, list);
-    require(pieces_ != nullptr);
-    if (pieces_->GetLayerDefn()->GetGeomFieldCount() == 0)
-        refuse_format("cannot store geometry");
-    copy_fields(columns, *pieces_, pieces_map_);
-    piece_columns_ = make_columns(*pieces_, format_, kPieceColumns);
-    lines_ =
-        lines_in.CreateLayer(lines_name.c_str(), shared, heights_ ? wkbLineString25D : wkbLineString, list);
-    require(lines_ != nullptr);
-    copy_fields(columns, *lines_, lines_map_);
-    line_columns_ = make_columns(*lines_, format_, kLineColumns);
+    const OGRwkbGeometryType polygon = heights_ ? wkbPolygon25D : wkbPolygon;
+    dataset().StartTransaction();
+    make_layer(parts_[kPiecesPart], polygon, columns, kPieceColumns, shared);
+    make_layer(parts_[kLinesPart], heights_ ? wkbLineString25D : wkbLineString, columns, kLineColumns,
+               shared);
+    if (parts_.size() > kNeighboursPart)
+        make_layer(parts_[kNeighboursPart], polygon, columns, kNeighbourColumns, shared);
     messages_.clear();  // drop the warning of a format without columns
 }
 
-void LayerWriter::copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map)
+void LayerWriter::make_layer(Part& part, OGRwkbGeometryType type, const OGRFeatureDefn& columns,
+                             const std::vector<std::pair<const char*, OGRFieldType>>& own,
+                             OGRSpatialReference* crs)
+{
+    CPLStringList options = format_.layer_options();
+    GDALDataset& in = part.dataset != nullptr ? *part.dataset : dataset();
+    part.layer = in.CreateLayer(part.name.c_str(), crs, type, options.List());
+    require(part.layer != nullptr);
+    if (part.layer->GetLayerDefn()->GetGeomFieldCount() == 0)
+        refuse_format("cannot store geometry");
+    copy_fields(columns, part);
+    part.columns = make_columns(*part.layer, format_, own);
+}
+
+void LayerWriter::copy_fields(const OGRFeatureDefn& fields, Part& part)
 {
     for (int i = 0; i < fields.GetFieldCount(); ++i) {
         OGRFieldDefn field(fields.GetFieldDefn(i));
         const bool wanted = !is_wkt_column(field.GetNameRef());
-        field.SetName(free_name(target, field.GetNameRef()).c_str());
-        map.push_back(wanted ? make_column(target, field, format_) : -1);
+        field.SetName(free_name(*part.layer, field.GetNameRef()).c_str());
+        part.map.push_back(wanted ? make_column(*part.layer, field, format_) : -1);
     }
 }
 
-OGRFeatureUniquePtr LayerWriter::new_feature(OGRLayer& layer, const ReadParcel& read,
-                                             const std::vector<int>& map)
+OGRFeatureUniquePtr LayerWriter::new_feature(const Part& part, const ReadParcel& read) const
 {
-    OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(layer.GetLayerDefn()));
-    if (read.feature != nullptr && !map.empty())
-        feature->SetFieldsFrom(read.feature.get(), map.data(), TRUE);
+    OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(part.layer->GetLayerDefn()));
+    if (read.feature != nullptr && !part.map.empty())
+        feature->SetFieldsFrom(read.feature.get(), part.map.data(), TRUE);
+    set(*feature, part.columns[0], read.feature != nullptr ? read.feature->GetFID() : GIntBig(0));
     return feature;
 }
 
-void LayerWriter::create(OGRLayer& layer, OGRFeature& feature)
+void LayerWriter::create(Part& part, OGRFeature& feature)
 {
-    require(layer.CreateFeature(&feature) == OGRERR_NONE);
-    ++(&layer == pieces_ ? pieces_written_ : lines_written_);
+    require(part.layer->CreateFeature(&feature) == OGRERR_NONE);
+    ++part.written;
 }
 
 void LayerWriter::add(const ReadParcel& read, const Answer& answer)
 {
     const plparcel::Division& division = answer.printed.proven;
-    const GIntBig fid = read.feature != nullptr ? read.feature->GetFID() : 0;
+    Part& pieces = parts_[kPiecesPart];
+    Part& lines = parts_[kLinesPart];
     const Heights known(read.parcel, division.decimals);
     const Heights* const heights = heights_ ? &known : nullptr;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
-        const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
+        const OGRFeatureUniquePtr feature = new_feature(pieces, read);
         const OGRPolygon polygon = polygon_of(piece.ring, piece.holes, heights);
         feature->SetGeometry(&polygon);
-        set(*feature, piece_columns_[0], fid);
-        set(*feature, piece_columns_[1], static_cast<int>(i) + 1);
-        set(*feature, piece_columns_[2], piece.asked);
-        set(*feature, piece_columns_[3], piece.area);
-        set(*feature, piece_columns_[4], piece.residual);
-        set(*feature, piece_columns_[5], piece.area / division.ring.area);
-        set(*feature, piece_columns_[6], static_cast<int>(piece.amount) + 1);
-        set(*feature, piece_columns_[7], "divided");
-        create(*pieces_, *feature);
+        set(*feature, pieces.columns[1], static_cast<int>(i) + 1);
+        set(*feature, pieces.columns[2], piece.asked);
+        set(*feature, pieces.columns[3], piece.area);
+        set(*feature, pieces.columns[4], piece.residual);
+        set(*feature, pieces.columns[5], piece.area / division.ring.area);
+        set(*feature, pieces.columns[6], static_cast<int>(piece.amount) + 1);
+        set(*feature, pieces.columns[7], "divided");
+        create(pieces, *feature);
     }
     for (const PrintedLine& line : answer.printed.lines) {
-        const OGRFeatureUniquePtr feature = new_feature(*lines_, read, lines_map_);
+        const OGRFeatureUniquePtr feature = new_feature(lines, read);
         const OGRLineString segment = line_of(line, heights);
         feature->SetGeometry(&segment);
-        set(*feature, line_columns_[0], fid);
-        set(*feature, line_columns_[1], static_cast<int>(line.line) + 1);
-        set(*feature, line_columns_[2], on_ground(read.parcel, PlFunz_distance(&line.start, &line.end)));
-        create(*lines_, *feature);
+        set(*feature, lines.columns[1], static_cast<int>(line.line) + 1);
+        set(*feature, lines.columns[2], on_ground(read.parcel, PlFunz_distance(&line.start, &line.end)));
+        create(lines, *feature);
     }
 }
 
 void LayerWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
-    const int status = piece_columns_.back();
+    Part& pieces = parts_[kPiecesPart];
+    const int status = pieces.columns.back();
     if (status < 0)
         return;
-    const OGRFeatureUniquePtr feature = new_feature(*pieces_, read, pieces_map_);
+    const OGRFeatureUniquePtr feature = new_feature(pieces, read);
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
-    if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon) {
+    if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon &&
+        !read.has_new_points) {
         feature->SetGeometry(geometry);
     } else if (!read.parcel.ring.empty()) {
-        const OGRPolygon polygon = polygon_of(read.parcel.ring, read.parcel.holes, nullptr);
+        const Heights known(read.parcel);
+        const OGRPolygon polygon =
+            polygon_of(read.parcel.ring, read.parcel.holes, read.has_new_points ? &known : nullptr);
         feature->SetGeometry(&polygon);
     }
     if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())
         return;
-    set(*feature, piece_columns_[0], read.feature != nullptr ? read.feature->GetFID() : GIntBig(0));
     set(*feature, status, ("refused: " + reason).c_str());
-    create(*pieces_, *feature);
+    create(pieces, *feature);
+}
+
+void LayerWriter::add_neighbour(const ReadParcel& read, const Insertion& insertion)
+{
+    Part& neighbours = parts_[kNeighboursPart];
+    const Heights known(read.parcel);
+    const OGRFeatureUniquePtr feature = new_feature(neighbours, read);
+    const OGRPolygon polygon = polygon_of(read.parcel.ring, read.parcel.holes, heights_ ? &known : nullptr);
+    feature->SetGeometry(&polygon);
+    set(*feature, neighbours.columns[1], static_cast<int>(insertion.points));
+    const double square = read.parcel.ground_factor * read.parcel.ground_factor;
+    set(*feature, neighbours.columns[2], check(read.parcel).area / square);
+    set(*feature, neighbours.columns[3], insertion.area_change);
+    create(neighbours, *feature);
 }
 
 // Reads the file back, because not every format reports a full disk.
-void LayerWriter::require_whole(const std::string& file, const std::string& layer, std::size_t features) const
+void LayerWriter::require_whole(const Part& part) const
 {
-    if (features == 0)
+    if (part.written == 0)
         return;  // some formats have no empty layers, or cannot read them
-    const GDALDatasetUniquePtr written = open_vector_file(file);
+    const bool alone = parts_.back().output != nullptr;
+    const GDALDatasetUniquePtr written =
+        open_vector_file((part.output != nullptr ? *part.output : output()).path());
     require(written != nullptr);
-    OGRLayer* const found = lines_output_ ? written->GetLayer(0) : written->GetLayerByName(layer.c_str());
+    OGRLayer* const found = alone ? written->GetLayer(0) : written->GetLayerByName(part.name.c_str());
     require(found != nullptr);
     leave_columns(*found, true);
     std::size_t count = 0;
     for ([[maybe_unused]] const OGRFeatureUniquePtr& feature : *found)
         ++count;
-    require(count == features && !messages_.failed());
+    require(count == part.written && !messages_.failed());
 }
 
 std::vector<std::string> LayerWriter::commit()
 {
     messages_.clear();
-    dataset_->CommitTransaction();
-    dataset_.reset();
-    lines_dataset_.reset();
+    dataset().CommitTransaction();
+    for (Part& part : parts_)
+        part.dataset.reset();
     require(!messages_.failed());
-    require_whole(output_.path(), kPieces, pieces_written_);
-    require_whole(lines_output_ ? lines_output_->path() : output_.path(), kLines, lines_written_);
-    output_.commit(files_there(output_.target()));
-    if (!lines_output_)
-        return {file_};
-    lines_output_->commit(files_there(lines_output_->target()));
-    return {file_, lines_file_};
+    for (const Part& part : parts_)
+        require_whole(part);
+    std::vector<std::string> files;
+    for (Part& part : parts_)
+        if (part.output != nullptr) {
+            part.output->commit(files_there(part.output->target()));
+            files.push_back(part.file);
+        }
+    return files;
 }
 
 }  // namespace tool

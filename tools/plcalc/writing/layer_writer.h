@@ -2,8 +2,9 @@
 
 // Writes divisions as layers of any vector format that GDAL writes.
 
-#include <optional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gdal_priv.h>
@@ -17,14 +18,16 @@
 
 namespace tool {
 
-/// Writes the layers "pieces" and "lines". A format that holds one layer gets two files: OUT.shp and
-/// OUT-lines.shp. Every feature carries the attributes of its parcel, and both layers its CRS.
+/// Writes the layers "pieces" and "lines", and "neighbours" where that is asked for. A format that holds one layer gets
+/// a file for each: OUT.shp, OUT-lines.shp and OUT-neighbours.shp. Every feature carries the attributes of its parcel,
+/// and all layers its CRS.
 ///
-/// | layer  | columns beside the parcel's own                                                   |
-/// | ------ | --------------------------------------------------------------------------------- |
-/// | pieces | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, amount  |
-/// |        | (from 1) that it belongs to, status                                               |
-/// | lines  | parcel (FID), line (from 1), length                                               |
+/// | layer      | columns beside the parcel's own                                                   |
+/// | ---------- | --------------------------------------------------------------------------------- |
+/// | pieces     | parcel (FID), piece (from 1), asked, area, residual, share of the parcel, amount  |
+/// |            | (from 1) that it belongs to, status                                               |
+/// | lines      | parcel (FID), line (from 1), length                                               |
+/// | neighbours | parcel (FID), points that it has got, area, change of the area by them            |
 ///
 /// What was asked, and the residual, are those of the whole amount where that is in several pieces. A line in several
 /// parts is a feature for each.
@@ -37,8 +40,9 @@ public:
     /// @param[in] overwrite  whether an existing file may be replaced; in a database only the layers of these names
     ///                       are, and the others stay
     /// @param[in] parcels    where the parcels come from; its files are never replaced
+    /// @param[in] neighbours whether there is a layer for neighbours
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours);
 
     void add(const ReadParcel& read, const Answer& answer) override;
 
@@ -46,36 +50,47 @@ public:
     /// not a polygon, like FlatGeobuf.
     void add_refused(const ReadParcel& read, const std::string& reason) override;
 
+    void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
+
     std::vector<std::string> commit() override;
 
 private:
+    /// One of the layers.
+    struct Part {
+        std::string name;  ///< of the layer
+        std::string file;
+        std::unique_ptr<PendingOutput> output = {};  ///< of a file that others do not share
+        GDALDatasetUniquePtr dataset = {};           ///< likewise
+        OGRLayer* layer = nullptr;
+        std::vector<int> map = {};      ///< from the columns of the parcels
+        std::vector<int> columns = {};  ///< our own
+        std::size_t written = 0;
+    };
+
     void open_copy();
     void create_files(bool overwrite, const ParcelFile& parcels);
     void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
-    void copy_fields(const OGRFeatureDefn& fields, OGRLayer& target, std::vector<int>& map);
-    OGRFeatureUniquePtr new_feature(OGRLayer& layer, const ReadParcel& read, const std::vector<int>& map);
-    void create(OGRLayer& layer, OGRFeature& feature);
+    void make_layer(Part& part, OGRwkbGeometryType type, const OGRFeatureDefn& columns,
+                    const std::vector<std::pair<const char*, OGRFieldType>>& own, OGRSpatialReference* crs);
+    void copy_fields(const OGRFeatureDefn& fields, Part& part);
+    OGRFeatureUniquePtr new_feature(const Part& part, const ReadParcel& read) const;
+    void create(Part& part, OGRFeature& feature);
     void require(bool ok) const;
-    void require_whole(const std::string& file, const std::string& layer, std::size_t features) const;
+    void require_whole(const Part& part) const;
+    PendingOutput& output() { return *parts_.front().output; }
+    const PendingOutput& output() const { return *parts_.front().output; }
+    GDALDataset& dataset() { return *parts_.front().dataset; }
     [[noreturn]] void refuse_format(const std::string& why) const;
 
+    static constexpr std::size_t kPiecesPart = 0;
+    static constexpr std::size_t kLinesPart = 1;
+    static constexpr std::size_t kNeighboursPart = 2;
+
     std::string file_;
-    std::string lines_file_;
     OutputFormat format_;
-    PendingOutput output_;
-    std::optional<PendingOutput> lines_output_;
+    std::vector<Part> parts_;  // the first owns the file that others share
     GdalMessages messages_;
-    GDALDatasetUniquePtr dataset_;
-    GDALDatasetUniquePtr lines_dataset_;
-    std::size_t pieces_written_ = 0;
-    std::size_t lines_written_ = 0;
-    OGRLayer* pieces_ = nullptr;
-    OGRLayer* lines_ = nullptr;
     bool heights_ = false;  // whether points are written with theirs
-    std::vector<int> pieces_map_;
-    std::vector<int> lines_map_;
-    std::vector<int> piece_columns_;
-    std::vector<int> line_columns_;
 };
 
 }  // namespace tool

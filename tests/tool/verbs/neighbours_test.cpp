@@ -1,0 +1,346 @@
+// Neighbours that get the new points of a division, as files hold them.
+
+#include <cmath>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program.h"
+
+namespace {
+
+using Geometries = std::vector<std::unique_ptr<OGRGeometry>>;
+
+class Neighbours : public test::ProgramTest {
+protected:
+    Neighbours()
+    {
+        GDALAllRegister();
+        CPLPushErrorHandler(CPLQuietErrorHandler);
+    }
+    ~Neighbours() override { CPLPopErrorHandler(); }
+
+    static std::string feature(int id, const std::string& lot, const std::string& geometry)
+    {
+        return R"({"type": "Feature", "id": )" + std::to_string(id) + R"(, "properties": {"lot": ")" + lot +
+               R"("}, "geometry": )" + geometry + "}";
+    }
+
+    static std::string polygon(const std::string& rings)
+    {
+        return R"({"type": "Polygon", "coordinates": [)" + rings + "]}";
+    }
+
+    void write_layer(const std::vector<std::string>& features, const std::string& name = "lots.geojson") const
+    {
+        std::string text;
+        for (const std::string& one : features)
+            text += (text.empty() ? "" : ",\n") + one;
+        write(name, R"({"type": "FeatureCollection",
+            "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::25832"}}, "features": [)" +
+                        text + "]}");
+    }
+
+    //     +-----------------------+
+    //     |          1/3          |    Three lots in UTM; the third has the whole northern side of both others,
+    //     +-----------+-----------+    with their common corner.
+    //     |    1/1    |    1/2    |
+    //     +-----------+-----------+
+    void write_lots() const
+    {
+        write_layer({feature(1, "1/1",
+                             polygon("[[500000.12,5200000.34],[500050.77,5200003.11],"
+                                     "[500047.3,5200050.9],[499997.1,5200047.4],[500000.12,5200000.34]]")),
+                     feature(2, "1/2",
+                             polygon("[[500050.77,5200003.11],[500101.3,5200006.2],"
+                                     "[500098.2,5200054.1],[500047.3,5200050.9],[500050.77,5200003.11]]")),
+                     feature(3, "1/3",
+                             polygon("[[499997.1,5200047.4],[500047.3,5200050.9],[500098.2,5200054.1],"
+                                     "[500095.0,5200099.0],[499994.0,5200092.0],[499997.1,5200047.4]]"))});
+    }
+
+    GDALDatasetUniquePtr open(const std::string& name) const
+    {
+        return GDALDatasetUniquePtr(
+            GDALDataset::Open(path(name).c_str(), GDAL_OF_VECTOR, nullptr, nullptr, nullptr));
+    }
+
+    // The polygons of a layer; those of features with other numbers than `without`.
+    Geometries polygons(const std::string& name, const std::string& layer, GIntBig without = -1) const
+    {
+        Geometries found;
+        const GDALDatasetUniquePtr dataset = open(name);
+        OGRLayer* const from = dataset != nullptr ? dataset->GetLayerByName(layer.c_str()) : nullptr;
+        EXPECT_NE(from, nullptr) << name << " " << layer;
+        if (from != nullptr)
+            for (const OGRFeatureUniquePtr& feature : *from)
+                if (feature->GetFID() != without)
+                    found.emplace_back(feature->GetGeometryRef()->clone());
+        return found;
+    }
+
+    std::string content(const std::string& name) const
+    {
+        std::ifstream file(path(name));
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+};
+
+void append(Geometries& all, Geometries more)
+{
+    for (std::unique_ptr<OGRGeometry>& one : more)
+        all.push_back(std::move(one));
+}
+
+// What GEOS says of polygons that should lie side by side.
+std::string objection(const Geometries& shapes)
+{
+    OGRMultiPolygon all;
+    double area = 0.0;
+    for (const auto& shape : shapes) {
+        all.addGeometry(shape.get());
+        area += shape->toSurface()->get_Area();
+    }
+    const std::unique_ptr<OGRGeometry> covered(all.UnionCascaded());
+    if (covered == nullptr || wkbFlatten(covered->getGeometryType()) != wkbPolygon)
+        return "apart";
+    if (covered->toPolygon()->getNumInteriorRings() > 0)
+        return "a gap";
+    if (!(std::fabs(covered->toPolygon()->get_Area() - area) < 1e-7))
+        return "areas";
+    for (std::size_t i = 0; i < shapes.size(); ++i)
+        for (std::size_t k = 0; k < i; ++k) {
+            const std::unique_ptr<OGRGeometry> shared(shapes[i]->Intersection(shapes[k].get()));
+            if (shared == nullptr || (!shared->IsEmpty() && shared->getDimension() > 1))
+                return "an overlap";
+        }
+    return "";
+}
+
+TEST_F(Neighbours, OfOneParcelGetItsPoints)
+{
+    write_lots();
+    const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 ";
+    const test::Result run = divide("lots.geojson", asked + "--neighbours -o out.gpkg");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("\nShared   1 neighbour has got 1 point\n"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("No area has changed by more than 0.00"), std::string::npos) << run.out;
+    Geometries all = polygons("out.gpkg", "pieces");
+    append(all, polygons("out.gpkg", "neighbours"));
+    ASSERT_EQ(all.size(), 3u);
+    append(all, polygons("lots.geojson", "lots", 1));
+    all.erase(all.begin() + 4);  // 1/3 as it was
+    ASSERT_EQ(all.size(), 4u);
+    EXPECT_EQ(objection(all), "");
+    const GDALDatasetUniquePtr dataset = open("out.gpkg");
+    const OGRFeatureUniquePtr neighbour(dataset->GetLayerByName("neighbours")->GetNextFeature());
+    EXPECT_STREQ(neighbour->GetFieldAsString("lot"), "1/3");
+    EXPECT_EQ(neighbour->GetFieldAsInteger("parcel"), 3);
+    EXPECT_EQ(neighbour->GetFieldAsInteger("points"), 1);
+    EXPECT_NEAR(neighbour->GetFieldAsDouble("area"), neighbour->GetGeometryRef()->toPolygon()->get_Area(),
+                1e-5);
+    // Without the points it is not so.
+    ASSERT_EQ(divide("lots.geojson", asked + "-o bare.gpkg").status, 0);
+    Geometries bare = polygons("bare.gpkg", "pieces");
+    append(bare, polygons("lots.geojson", "lots", 1));
+    EXPECT_NE(objection(bare), "");
+    EXPECT_EQ(open("bare.gpkg")->GetLayerByName("neighbours"), nullptr);
+}
+
+TEST_F(Neighbours, ThatAreDividedTooGetEachOthersPoints)
+{
+    write_lots();
+    for (const char* cut : {"--perpendicular 1 --share 1/3",
+                            "--bearing 35d --pieces any --parts 7 --decimals 1", "--vertex 1 --share 1/3"}) {
+        const test::Result run =
+            divide("lots.geojson", cut + std::string(" --neighbours --overwrite -o out.gpkg --tolerance 1%"));
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(objection(polygons("out.gpkg", "pieces")), "") << cut;
+        EXPECT_NE(run.out.find("\nShared   0 neighbours have got 0 points, and the pieces "),
+                  std::string::npos)
+            << run.out;
+        EXPECT_EQ(open("out.gpkg")->GetLayerByName("neighbours"), nullptr);
+    }
+}
+
+TEST_F(Neighbours, AreTheSameWithAnyNumberOfJobs)
+{
+    write_lots();
+    for (const char* jobs : {"1", "3"})
+        ASSERT_EQ(divide("lots.geojson", "--perpendicular 1 --share 1/3 --neighbours -o jobs" +
+                                             std::string(jobs) + ".geojson --jobs " + jobs)
+                      .status,
+                  0);
+    std::string one = content("jobs1.geojson");
+    std::string three = content("jobs3.geojson");
+    EXPECT_EQ(one.substr(one.find("features")), three.substr(three.find("features")));
+}
+
+TEST_F(Neighbours, ThatAreRefusedGetPoints)
+{
+    write_lots();
+    const test::Result run = divide("lots.geojson", "--perpendicular 1 --area 2300 --neighbours -o out.gpkg");
+    EXPECT_EQ(run.status, 0) << run.err;
+    const test::Result refused =
+        divide("lots.geojson", "--perpendicular 1 --area 3000 --neighbours --overwrite -o out.gpkg");
+    EXPECT_EQ(refused.status, 4) << refused.err;
+    EXPECT_NE(refused.out.find("Divided  1 of 3 parcels"), std::string::npos) << refused.out;
+    EXPECT_NE(refused.out.find("1 neighbour has got 1 point"), std::string::npos) << refused.out;
+    EXPECT_EQ(objection(polygons("out.gpkg", "pieces")), "");
+}
+
+TEST_F(Neighbours, GoThroughEveryFormat)
+{
+    write_lots();
+    const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 --neighbours ";
+    const test::Result run = divide("lots.geojson", asked + "-o out.geojson");
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (const char* file : {"out.geojson", "out-lines.geojson", "out-neighbours.geojson"})
+        EXPECT_NE(run.out.find("Written  " + std::string(file) + "\n"), std::string::npos) << run.out;
+    EXPECT_EQ(polygons("out-neighbours.geojson", "out-neighbours").size(), 1u);
+    ASSERT_EQ(divide("lots.geojson", asked + "-o out.shp").status, 0);
+    EXPECT_EQ(polygons("out-neighbours.shp", "out-neighbours").size(), 1u);
+    ASSERT_EQ(divide("lots.geojson", asked + "-o out.dxf").status, 0);
+    EXPECT_NE(content("out.dxf").find("\nneighbours\n"), std::string::npos);
+    EXPECT_EQ(this->run({"measure", "out.dxf", "--layer", "neighbours"}).status, 0);
+    ASSERT_EQ(divide("lots.geojson", asked + "-o out.xml").status, 0);
+    EXPECT_NE(content("out.xml").find("desc=\"neighbour with new points: 1\" state=\"existing\""),
+              std::string::npos);
+    const test::Result stdout_only = divide("lots.geojson", asked + "-o - --format dxf");
+    EXPECT_EQ(stdout_only.status, 0) << stdout_only.err;
+    EXPECT_NE(stdout_only.out.find("\nneighbours\n"), std::string::npos);
+    // No neighbour gets any: the layer is there, and empty.
+    ASSERT_EQ(divide("lots.geojson",
+                     "--feature 1 --vertex 1 --share 1/2 --decimals 1 --tolerance 1% --neighbours "
+                     "-o none.gpkg")
+                  .status,
+              0);
+    EXPECT_NE(open("none.gpkg")->GetLayerByName("neighbours"), nullptr);
+}
+
+TEST_F(Neighbours, KeepHeightsHolesAndParts)
+{
+    // The hole of the first is the second part of the second feature, whose first part lies to the East.
+    write_layer(
+        {feature(1, "a",
+                 polygon("[[501000,5202000,10],[501100,5202000,20],[501100,5202100,20],[501000,5202100,10],"
+                         "[501000,5202000,10]],[[501040,5202040,10],[501040,5202060,10],[501063,5202061,20],["
+                         "501060,5202040,20],"
+                         "[501040,5202040,10]]")),
+         feature(
+             2, "b",
+             R"({"type": "MultiPolygon", "coordinates": [[[[501100,5202000,20],[501150,5202000,30],[501150,5202100,30],
+                             [501100,5202100,20],[501100,5202000,20]]],[[[501040,5202040,10],[501060,5202040,20],[501063,5202061,20],
+                             [501040,5202060,10],[501040,5202040,10]]]]})")});
+    const test::Result run =
+        divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o "
+                               "out.gpkg --pieces any");
+    ASSERT_EQ(run.status, 0) << run.err;
+    Geometries all = polygons("out.gpkg", "pieces");
+    const Geometries neighbours = polygons("out.gpkg", "neighbours");
+    ASSERT_EQ(neighbours.size(), 1u);
+    EXPECT_TRUE(neighbours[0]->Is3D());
+    EXPECT_EQ(neighbours[0]->toPolygon()->getExteriorRing()->getNumPoints(), 7);
+    for (const OGRPoint& p : *neighbours[0]->toPolygon()->getExteriorRing())
+        EXPECT_TRUE(p.getZ() >= 10.0 && p.getZ() <= 20.0) << p.getZ();
+    append(all, polygons("out.gpkg", "neighbours"));
+    EXPECT_EQ(objection(all), "");
+    // One part is divided; the other is its neighbour no less than the rest.
+    const test::Result part =
+        divide("lots.geojson", "--feature 2 --part 2 --perpendicular 1 --share 1/2 --neighbours "
+                               "-o part.gpkg --json");
+    ASSERT_EQ(part.status, 0) << part.err;
+    const nlohmann::json counts = nlohmann::json::parse(part.out)["neighbours"];
+    EXPECT_EQ(counts["parcels"], 1);
+    EXPECT_EQ(counts["points"], 2);
+    EXPECT_EQ(counts["left_out"], 0);
+}
+
+TEST_F(Neighbours, BesideACornerAreTold)
+{
+    write_layer(
+        {feature(
+             1, "a",
+             polygon(
+                 "[[501000,5202000],[501100,5202000],[501100,5202100],[501000,5202100],[501000,5202000]]")),
+         feature(2, "b",
+                 polygon("[[501000,5202000],[501000,5201900],[501050.0004,5201900],[501050.0004,5202000],["
+                         "501000,5202000]]")),
+         feature(3, "c",
+                 polygon("[[501050.0004,5202000],[501050.0004,5201900],[501100,5201900],[501100,5202000],"
+                         "[501050.0004,5202000]]"))});
+    const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o out.gpkg ";
+    const test::Result run = divide("lots.geojson", asked);
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(
+        run.out.find("\nGaps     2 corners of neighbours have a new point within 0.001 (at most 0.0004"),
+        std::string::npos)
+        << run.out;
+    const test::Result nearer = divide("lots.geojson", asked + "--overwrite --shared-within 0.0001");
+    EXPECT_EQ(nearer.out.find("Gaps"), std::string::npos) << nearer.out;
+    EXPECT_NE(nearer.out.find("1 neighbour has got 1 point, and the pieces 1 point of their neighbours"),
+              std::string::npos)
+        << nearer.out;
+}
+
+TEST_F(Neighbours, CornersKeepTheirDigits)
+{
+    write_layer(
+        {feature(
+             1, "a",
+             polygon("[[501000.12345678,5202000.12345678],[501100,5202000],[501100,5202100],[501000,5202100],"
+                     "[501000.12345678,5202000.12345678]]")),
+         feature(2, "b",
+                 polygon("[[501000.12345678,5202000.12345678],[501100,5202000],[501100,5201900],"
+                         "[501000.12345678,5202000.12345678]]"))});
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --vertex 1 --share 1/3 --neighbours -o out.gpkg").status,
+              0);
+    Geometries all = polygons("out.gpkg", "pieces");
+    append(all, polygons("lots.geojson", "lots", 1));
+    EXPECT_EQ(objection(all), "");
+}
+
+TEST_F(Neighbours, ThatCannotBeReadAreTold)
+{
+    // The second lies so far East that its scale is off.
+    write_layer(
+        {feature(1, "a", polygon("[[501000,5202000],[501100,5202000],[501100,5202100],[501000,5202000]]")),
+         feature(2, "b",
+                 polygon("[[1901000,5202000],[1901100,5202000],[1901100,5202100],[1901000,5202000]]"))});
+    const test::Result run =
+        divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o out.gpkg");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("\nUnread   1 parcel of the layer cannot be read: without new points\n"),
+              std::string::npos)
+        << run.out;
+}
+
+TEST_F(Neighbours, WhatIsAskedWronglyIsRefused)
+{
+    write_lots();
+    const std::string cut = "--perpendicular 1 --share 1/2 ";
+    const struct {
+        std::string asked;
+        std::string message;
+    } rows[] = {
+        {"--neighbours", "--neighbours writes parcels; name a file with -o; see plcalc divide --help"},
+        {"-o out.gpkg --shared-within 1",
+         "--shared-within is about neighbours; add --neighbours; see plcalc divide --help"},
+        {"-o out.gpkg --neighbours --shared-within 0", "--shared-within: '0' is not a number above 0, with a "
+                                                       "point before the decimals; see plcalc divide --help"},
+        {"-o - --format geojson --neighbours",
+         "--neighbours: this format holds the pieces only; name a file with -o; see plcalc divide --help"},
+    };
+    for (const auto& row : rows)
+        EXPECT_TRUE(test::fails_with(divide("lots.geojson", cut + row.asked), 2, row.message)) << row.asked;
+    EXPECT_EQ(open("out.gpkg"), nullptr);
+}
+
+}  // namespace
