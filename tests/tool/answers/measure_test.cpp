@@ -155,6 +155,35 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     EXPECT_TRUE(json["vertices"][2]["angle_gon"].is_null());
 }
 
+// (0, 0) to (30, 0) to (30, 40): sides of 30, 40 and 50; the angle at the first vertex has the tangent 4/3.
+TEST_F(MeasureVerb, JsonHasNamesHeightsAnglesAndWhatWasAssumed)
+{
+    write("lot.csv", "P;X;Y;Z\n1;0;0;5,5\n2;30;0;6\n3;30;40;\n");
+    const test::Result run = this->run({"measure", "lot.csv", "--json", "--axes", "en", "--angles", "dms"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json json = nlohmann::json::parse(run.out)["parcels"][0];
+    EXPECT_EQ(json["assumed"],
+              (nlohmann::json{"X is East and Y North, as --axes says", "commas stand before the decimals",
+                              "not every vertex has a height"}));
+    EXPECT_EQ(json["vertices"][0]["z"], 5.5);
+    EXPECT_EQ(json["vertices"][1]["z"], 6.0);
+    EXPECT_TRUE(json["vertices"][2]["z"].is_null());
+    EXPECT_EQ(json["vertices"][0]["angle"], "53°07'48\"");
+    EXPECT_EQ(json["vertices"][1]["e"], 30.0);
+    EXPECT_EQ(json["vertices"][2]["n"], 40.0);
+    EXPECT_EQ(json["sides"][1]["from"], 2);
+    EXPECT_EQ(json["sides"][1]["to"], 3);
+    EXPECT_EQ(json["sides"][1]["length"], 40.0);
+    EXPECT_EQ(json["sides"][2]["bearing"], "216°52'12\"");
+    EXPECT_FALSE(json.contains("holes"));
+    write("named.csv", "nr,WKT\n12/1,\"POLYGON((0 0,9 0,9 9,0 9,0 0),(1 1,2 1,2 2,1 2,1 1))\"\n");
+    const nlohmann::json named = nlohmann::json::parse(
+        this->run({"measure", "named.csv", "--json", "--name-column", "nr"}).out)["parcels"][0];
+    EXPECT_EQ(named["name"], "12/1");
+    EXPECT_EQ(named["holes"], 1);
+    EXPECT_EQ(named["sides"][7]["to"], 5);
+}
+
 TEST_F(MeasureVerb, AnglesInOneUnit)
 {
     write("lot.csv", "E,N\n0,0\n80,0\n80,60\n");

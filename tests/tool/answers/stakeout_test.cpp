@@ -203,6 +203,23 @@ TEST_F(StakeoutVerb, JsonHasTheSameNumbers)
 }
 
 // Here five decimals would turn the line: divide prints it with more, and it is that one that is set out.
+TEST_F(StakeoutVerb, JsonSaysWhatWasAssumedAndTheAngleInItsUnit)
+{
+    write("xy.csv", "P;X;Y\n1;0;0\n2;30;0\n3;30;40\n");
+    const test::Result run = this->run({"stakeout", "xy.csv", "--axes", "en", "--station", "1",
+                                        "--orientation", "2", "--point", "3", "--json", "--angles", "deg"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json json = nlohmann::json::parse(run.out);
+    EXPECT_EQ(json["assumed"], nlohmann::json{"X is East and Y North, as --axes says"});
+    EXPECT_EQ(json["points"][0]["distance"], 50.0);
+    EXPECT_EQ(json["points"][0]["along"], 30.0);
+    EXPECT_EQ(json["points"][0]["right"], -40.0);
+    EXPECT_EQ(json["points"][0]["angle"].get<std::string>().substr(0, 7), "306.869");
+    const test::Result gons =
+        this->run({"stakeout", "xy.csv", "--axes", "en", "--station", "1", "--orientation", "2", "--json"});
+    EXPECT_FALSE(nlohmann::json::parse(gons.out)["points"][0].contains("angle"));
+}
+
 TEST_F(StakeoutVerb, TheEndsHaveTheDecimalsOfTheLine)
 {
     write("lot.csv", "E,N\n0,0\n40,0\n40,0.03\n0,0.05\n");

@@ -1125,6 +1125,21 @@ TEST_F(Plans, TitleBlockFromAFile)
         "none.txt: the title block cannot be read; name a text file with lines such as "
         "Client=Rossi"));
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block /dev/zero").status, 3);
+    std::string entries;
+    for (int i = 1; i <= 12; ++i)
+        entries += "Entry " + std::to_string(i) + "=given\n";
+    write("twelve.txt", entries);
+    write("thirteen.txt", entries + "Sheet=1\n");
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan twelve.svg --title-block twelve.txt").status,
+              0);
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block thirteen.txt"), 2,
+        "thirteen.txt: the title block has more than 12 entries; leave some out"));
+    write("long.txt", "Client=" + std::string(70000, 'x') + "\n");
+    EXPECT_TRUE(test::fails_with(
+        divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block long.txt"), 3,
+        "long.txt: the file is too long for a title block; name a text file with lines such "
+        "as Client=Rossi"));
     EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block /").status, 3);
 }
 

@@ -1,6 +1,7 @@
 // Every format the program is meant to read, written here by GDAL or by hand. Only the ring matters: all of
 // them hold the same parcel, 100 by 50 with a corner at (500000, 5000000).
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -8,11 +9,17 @@
 
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
+#include <sys/wait.h>
 
 #include "program.h"
 #include "reading/parcel_file.h"
 
 namespace {
+
+const char* const kLot =
+    "POLYGON ((500000 5000000, 500100 5000000, 500100 5000050, 500000 5000050, 500000 5000000))";
+const char* const kLotPoints = "500000,5000000\n500100,5000000\n500100,5000050\n500000,5000050\n";
+const char* const kStrip = "--parallel 1 --area 1000";
 
 class Formats : public test::ProgramTest {
 protected:
@@ -31,6 +38,22 @@ protected:
         const double depth = level ? from.at(1) - 5000000.0 : from.at(0) - 500000.0;
         const double width = level ? 50.0 : 100.0;
         EXPECT_NEAR(std::fmin(depth, width - depth), 1000.0 / length, 2e-4) << run.out;
+    }
+
+    // With the file as standard input, which the program knows by the name.
+    test::Result divide_from(const std::string& file, const std::string& name)
+    {
+        const std::string command = std::string(PLCALC_PROGRAM) + " divide " + name + " " + kStrip + " <" +
+                                    path(file) + " >" + path("out") + " 2>" + path("err");
+        test::Result run;
+        const int ended = std::system(command.c_str());
+        run.status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
+        std::ostringstream out, err;
+        out << std::ifstream(path("out")).rdbuf();
+        err << std::ifstream(path("err")).rdbuf();
+        run.out = out.str();
+        run.err = err.str();
+        return run;
     }
 
     double run_measure(const std::string& options)
@@ -68,11 +91,6 @@ protected:
         }
     }
 };
-
-const char* const kLot =
-    "POLYGON ((500000 5000000, 500100 5000000, 500100 5000050, 500000 5000050, 500000 5000000))";
-const char* const kLotPoints = "500000,5000000\n500100,5000000\n500100,5000050\n500000,5000050\n";
-const char* const kStrip = "--parallel 1 --area 1000";
 
 TEST_F(Formats, WrittenByGdal)
 {
@@ -178,6 +196,36 @@ TEST_F(Formats, CommasThatCouldPartThousands)
     }
 }
 
+// Coordinates in whole metres say nothing of the sign before decimals; the heights beside them do.
+TEST_F(Formats, CommasInHeightsAlone)
+{
+    const struct {
+        const char* table;
+        const char* heights;
+    } rows[] = {
+        {"E;N;Z\n0;0;5,5\n30;0;6\n30;40;7,25\n", "5.50000 6.00000 7.25000"},
+        {"E;N;Z\n0;0;5,5\n30;0;n.a.\n30;40;7,25\n", "5.50000 - 7.25000"},
+        {"E;N;Z\n0;0;5.5\n30;0;6\n30;40;7.25\n", "5.50000 6.00000 7.25000"},
+        {"E;N;Z\n0;0;5.5\n30;0;6\n30;40;7,25\n", "5.50000 6.00000 -"},
+    };
+    for (const auto& row : rows) {
+        write("lot.csv", row.table);
+        const std::string out = this->run({"measure", "lot.csv"}).out;
+        std::istringstream lines(out.substr(out.find("Vertex")));
+        std::string heights;
+        std::string line;
+        for (std::getline(lines, line); std::getline(lines, line);) {
+            std::istringstream cells(line);
+            std::vector<std::string> words;
+            for (std::string word; cells >> word;)
+                words.push_back(word);
+            ASSERT_GE(words.size(), 4U) << out;
+            heights += (heights.empty() ? "" : " ") + words[3];
+        }
+        EXPECT_EQ(heights, row.heights) << row.table << out;
+    }
+}
+
 TEST_F(Formats, TablesWithoutAHeader)
 {
     const std::string pnezd = "1,5000000.0,500000.0,10.5,peg\n2,5000000.0,500100.0,10.5,peg\n"
@@ -230,20 +278,44 @@ TEST_F(Formats, StandardInput)
           "20\n5000000\n10\n500100\n20\n5000050\n10\n500000\n20\n5000050\n0\nENDSEC\n0\nEOF\n");
     make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 32632);
     make("lot.gml", "GML", {"lot"}, {kLot}, 32632);
-    for (const char* file : {"lot.csv", "wkt.csv", "lot.geojson", "lot.dxf", "lot.gpkg", "lot.gml"}) {
+    make("lot.fgb", "FlatGeobuf", {"lot"}, {kLot}, 32632);
+    std::string semicolons = kLotPoints;
+    std::replace(semicolons.begin(), semicolons.end(), ',', ';');
+    write("sep.csv", "sep=;\r\nE;N\r\n" + semicolons);
+    std::string blanks = kLotPoints;
+    std::replace(blanks.begin(), blanks.end(), ',', ' ');
+    write("blanks.txt", "E  N\n" + blanks);
+    std::string wide = "\xFF\xFE";
+    for (const char letter : std::string("E,N\n") + kLotPoints)
+        wide += std::string(1, letter) + '\0';
+    write("wide.txt", wide);
+    for (const char* file : {"lot.csv", "wkt.csv", "lot.geojson", "lot.dxf", "lot.gpkg", "lot.gml", "lot.fgb",
+                             "sep.csv", "blanks.txt", "wide.txt"}) {
         for (const char* name : {"-", "/vsistdin/", "/dev/stdin"}) {
             SCOPED_TRACE(std::string(file) + " as " + name);
-            const std::string command = std::string(PLCALC_PROGRAM) + " divide " + name + " " + kStrip +
-                                        " <" + path(file) + " >" + path("out") + " 2>" + path("err");
-            test::Result run;
-            run.status = std::system(command.c_str());
-            std::ostringstream out, err;
-            out << std::ifstream(path("out")).rdbuf();
-            err << std::ifstream(path("err")).rdbuf();
-            run.out = out.str();
-            run.err = err.str();
-            expect_divided(run);
+            expect_divided(divide_from(file, name));
         }
+    }
+}
+
+TEST_F(Formats, StandardInputThatCannotBeUsed)
+{
+    const std::string cannot =
+        "-: GDAL cannot read the standard input; a table needs a header; any other format "
+        "must be text, or GeoPackage or FlatGeobuf";
+    const struct {
+        const char* what;
+        std::string content;
+        std::string text;
+    } rows[] = {
+        {"nothing", "", "-: the standard input is empty; let the command before it write the parcels"},
+        {"lines without text", "\n\n", cannot},
+        {"one word", "garbage\n", cannot},
+        {"the beginning of a database", "SQLite format 3", cannot},
+    };
+    for (const auto& row : rows) {
+        write("in", row.content);
+        EXPECT_TRUE(test::fails_with(divide_from("in", "-"), 3, row.text)) << row.what;
     }
 }
 
@@ -280,6 +352,14 @@ TEST_F(Formats, PolygonsOfSeveralParts)
     EXPECT_EQ(parcels, (std::vector<int>{1, 1, 1, 1, 1})) << "one id for all parts";
     EXPECT_EQ(run_measure("--part 2"), 45.0);
     EXPECT_EQ(run_measure("--feature 1 --part 1"), 40.5);
+    write("two.csv", "id,WKT\n1,\"MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 9, 20 0)))\"\n"
+                     "2,\"POLYGON ((0 0, 8 0, 8 8, 0 8, 0 0))\"\n"
+                     "3,\"MULTIPOLYGON (((0 0, 9 0, 9 9, 0 0)), ((20 0, 30 0, 30 6, 20 0)))\"\n");
+    const test::Result second = this->run({"measure", "two.csv", "--part", "2", "--csv"});
+    EXPECT_EQ(second.out, "parcel,name,area,perimeter,vertices,holes,direction,status\n"
+                          "feature 1 part 2,,45.000000,32.45362,3,0,anticlockwise,measured\n"
+                          "feature 3 part 2,,30.000000,27.66190,3,0,anticlockwise,measured\n")
+        << second.err;
     EXPECT_TRUE(test::fails_with(this->run({"measure", "lot.csv", "--part", "4"}), 2,
                                  "lot.csv: there is no part 4; list them with ogrinfo -al"));
 }

@@ -134,6 +134,11 @@ TEST_F(LandXml, AUnitIsNeeded)
         run({"divide", PLCALC_EXAMPLES "/convex.csv", "--crs", "LOCAL_CS[\"site\",UNIT[\"metre\",1]]",
              "--parallel", "1", "--share", "1/2", "-o", "out.xml"});
     EXPECT_EQ(local.status, 0) << local.err;
+    const test::Result rods =
+        run({"divide", PLCALC_EXAMPLES "/convex.csv", "--crs", "LOCAL_CS[\"site\",UNIT[\"rod\",5.0292]]",
+             "--parallel", "1", "--share", "1/2", "-o", "rods.xml"});
+    EXPECT_TRUE(test::fails_with(
+        rods, 2, "rods.xml: LandXML has no unit of length rod; name it .gpkg for a GeoPackage"));
 }
 
 TEST_F(LandXml, FilesOfOthersAreRead)
@@ -208,6 +213,16 @@ TEST_F(LandXml, WhatCannotBeUsedIsRefused)
     expect_refused("<Parcels><Parcel name=\"7/1\"><CoordGeom>" + line(kA, kB) +
                        "</CoordGeom><CoordGeom/></Parcel></Parcels>",
                    "parcel 7/1: it has several boundaries (2); export each as a parcel of its own");
+    for (const char* list : {"<PntList2D>2000 1000 2000</PntList2D>", "<PntList2D></PntList2D>",
+                             "<PntList3D>2000 1000 3 2000</PntList3D>"})
+        expect_refused(parcel("<IrregularLine><Start>" + kA + "</Start>" + list + "<End>" + kB +
+                              "</End></IrregularLine>" + line(kB, kC) + line(kC, kA)),
+                       "parcel 7/1: a list of points is broken; export the file again");
+    for (const char* lacking : {"<Line><Start>2000 1000</Start></Line>", "<Line><End>2000 1040</End></Line>",
+                                "<Curve><Start>2000 1000</Start><End>2000 1040</End></Curve>"})
+        expect_refused(parcel(std::string(lacking) + line(kB, kC) + line(kC, kA)),
+                       std::string("parcel 7/1: a ") + (lacking[1] == 'C' ? "Curve" : "Line") +
+                           " lacks its start, end or centre; export the file again");
     expect_refused("<Parcels><Parcel></Parcels>", "the file is no XML from line 2 on; export it again");
     write_xml("<CoordinateSystem epsgCode=\"32632\"/>" + parcel(line(kA, kB)),
               "Imperial linearUnit=\"foot\"");

@@ -196,6 +196,9 @@ TextSource::TextSource(const std::string& file, const std::optional<std::string>
 {
     const bool standard_input = is_standard_input(file);
     const std::string text = standard_input ? contents(std::cin, file) : "";
+    if (standard_input && text.empty())
+        throw Failure(ExitStatus::unusable_input, {file, ""}, "the standard input is empty",
+                      "let the command before it write the parcels");
     const bool is_table = standard_input ? ending_for(text) == ".csv" || is_utf16(text)
                                          : is_one_of(fs::path(file).extension().string(), kTableEndings);
     std::error_code ignored;

@@ -44,7 +44,7 @@ Failure why_not_opened(const std::string& file, const GdalMessages& messages)
     std::error_code ignored;
     const std::filesystem::file_status status = std::filesystem::status(file, ignored);
     if (is_standard_input(file))
-        return failure("GDAL cannot read the standard input" + messages.remark(),
+        return failure("GDAL cannot read the standard input",
                        "a table needs a header; any other format must be text, or GeoPackage or FlatGeobuf");
     if (!std::filesystem::exists(status))
         return failure("there is no such file" + remark_on_missing(messages), "check the name");

@@ -105,14 +105,17 @@ bool shows_decimal_comma(const std::string& text)
     return text.size() - comma != 4 || comma - first > 3 || text[first] == '0';
 }
 
-// Whether commas stand before the decimals of a table's coordinates. One point before decimals, and none do.
+// Whether commas stand before the decimals of a table's coordinates and heights. One point before decimals, and none
+// do. Other text than a number is no height.
 bool has_decimal_commas(OGRLayer& table, const PointColumns& columns, char separator)
 {
     bool commas = false;
     bool shown = separator == ';';
     for (const OGRFeatureUniquePtr& row : table) {
-        for (const int field : {columns.east, columns.north}) {
-            const std::string text = row->GetFieldAsString(field);
+        for (const int field : {columns.east, columns.north, columns.height}) {
+            const std::string text = field >= 0 ? row->GetFieldAsString(field) : "";
+            if (field == columns.height && !parse_number(with_point(text)))
+                continue;
             if (text.find('.') != std::string::npos)
                 return false;
             commas = commas || text.find(',') != std::string::npos;
@@ -135,7 +138,6 @@ double coordinate(const OGRFeature& row, int field, bool decimal_commas, const P
                        "use a point before the decimals");
 }
 
-// Other text than a number is no height.
 double height(const OGRFeature& row, int field, bool decimal_commas)
 {
     const std::string text = field >= 0 ? row.GetFieldAsString(field) : "";
