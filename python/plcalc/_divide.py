@@ -134,14 +134,6 @@ def line_of(parallel_to=None, perpendicular_to=None, through_vertex=None, at_bea
     return _layer.through_point(point, 0.0 if bearing is None else bearing)
 
 
-def _side_of(given, parcel):
-    return given.side_of(parcel) if isinstance(given, Named) else given
-
-
-def _vertex_of(given, parcel):
-    return given.vertex_of(parcel) if isinstance(given, Named) else given
-
-
 def _points(given):
     """Points of pairs, or of what has a geo-interface."""
     interface = getattr(given, "__geo_interface__", None)
@@ -154,8 +146,13 @@ def _points(given):
 
 def _line_for(parcel, parallel_to, perpendicular_to, through_vertex, *others):
     """The line, where a side or a vertex may be named by what it is."""
-    return line_of(_side_of(parallel_to, parcel), _side_of(perpendicular_to, parcel), _vertex_of(through_vertex, parcel),
-                   *others)
+    if isinstance(parallel_to, Named):
+        parallel_to = parallel_to.side_of(parcel)
+    if isinstance(perpendicular_to, Named):
+        perpendicular_to = perpendicular_to.side_of(parcel)
+    if isinstance(through_vertex, Named):
+        through_vertex = through_vertex.vertex_of(parcel)
+    return line_of(parallel_to, perpendicular_to, through_vertex, *others)
 
 
 def divide(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None,
