@@ -30,6 +30,8 @@ ELSEWHERE = {
     "ctest --test-dir build/gcc -R fuzz/": ("scripts/test", "run_tests gcc"),
     "python3 tests/golden/check.py": ("tests/golden/CMakeLists.txt", "check.py"),
     "scripts/fuzz && python3 fuzz/make_corpus.py build/fuzz/fuzz": ("scripts/fuzz", "fuzz/make_corpus.py"),
+    "apt-get install ./libpl{util,calc,parcel}0.1_*.deb ./python3-plcalc_*.deb ./postgresql-15-plcalc_*.deb":
+        ("scripts/test-packages", "autopkgtest ./*.deb"),
     "man plcalc": ("tests/tool/CMakeLists.txt", "PLCALC_MANUAL"),
 }
 
