@@ -819,6 +819,29 @@ TEST(TurningWholeLine, ThroughAVertexWhereTheAmountGrowsFromNothing)
 
 // From a corner of a triangle, to the side across, which is seen at its end up to ten times as far as at its beginning.
 // Every share is had, also where the line ends next to a vertex.
+// A place that doubles cannot put on its side exactly: the line begins along that side, and meets it nowhere or anywhere.
+TEST(TurningWholeLine, FromAPlaceARoundingBesideItsSide)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_int_distribution<int> whole(1, 9);
+    for (int i = 0; i < 2000; ++i) {
+        const double x = whole(random);
+        const double y = whole(random) - 5;
+        const Ring ring = {{0, 0}, {60 * x, 60 * y}, {60 * x - 20 * y, 60 * y + 20 * x}, {-20 * y, 20 * x}};
+        Request request;
+        request.line = through_place(static_cast<std::size_t>(whole(random) % 4), whole(random));
+        request.pieces = plparcel::Pieces::any;
+        request.amounts = {share(10 * whole(random) + whole(random) % 3, 100)};
+        const Division division = divide(ring, request);
+        EXPECT_EQ(division.status, Status::divided) << i << ": " << describe(division);
+    }
+    Request request;
+    request.line = through_place(0, 8);
+    request.pieces = plparcel::Pieces::any;
+    request.amounts = {share(26, 100)};
+    EXPECT_EQ(divide({{0, 0}, {360, 240}, {280, 360}, {-80, 120}}, request).status, Status::divided);
+}
+
 TEST(TurningWholeLine, OfATriangleEveryShareIsHad)
 {
     for (double ratio = 0.1; ratio < 10.0; ratio *= 1.03) {

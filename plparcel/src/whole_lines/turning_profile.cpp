@@ -171,7 +171,8 @@ TurningProfile::State TurningProfile::at(std::size_t direction) const
 }
 
 // The ray runs in the direction u + t f and meets the part along s at w0 / (1 + bend t), w0 where u meets it. It has
-// swept half the cross product of that and w0.
+// swept half the cross product of that and w0. A part along which the ray runs at first passes the point within a rounding: it
+// sweeps nothing.
 std::vector<TurningProfile::Term> TurningProfile::terms(std::size_t direction) const
 {
     const WidePoint& from = directions_[direction];
@@ -180,7 +181,10 @@ std::vector<TurningProfile::Term> TurningProfile::terms(std::size_t direction) c
     for (const std::size_t i : parts_in(direction)) {
         const Part& part = parts_[i];
         const WidePoint along = part.end - part.begin;
-        const Wide quotient = cross(to, along) / cross(from, along);
+        const Wide off = cross(from, along);
+        if (is_zero(off))
+            continue;
+        const Wide quotient = cross(to, along) / off;
         const Wide growth = cross(hit(part, direction), hit(part, direction + 1)) * 0.5 * quotient;
         all.push_back({part.leaves == part.ahead ? -growth : growth, quotient - 1.0});
     }
