@@ -39,8 +39,12 @@ export const kMostBytes = 32e6;
 export const kMostVertices = 200_000;
 export const kMostParcels = 20_000;
 
-/** XML is read by the page itself, which stands still meanwhile. */
-export const kMostXmlBytes = 8e6;
+/** XML is read by the page itself, bit by bit; a document that cannot be parted is to be small. */
+export const kMostXmlBytes = 16e6;
+export const kMostXmlInOne = 1e6;
+
+/** Whatever the unit, no land lies beyond. */
+const kFarthest = 1e12;
 
 /** For a file or a division; then it is given up. */
 export const kMostSeconds = 60;
@@ -49,6 +53,8 @@ export const kMostSeconds = 60;
 export function opened(ring: readonly (readonly number[])[]): Point[] {
     const points = ring.map((p): Point => [Number(p[0]), Number(p[1])]);
     if (points.some((p) => !Number.isFinite(p[0]) || !Number.isFinite(p[1]))) throw new Unreadable(['notFinite']);
+    const far = points.find((p) => Math.abs(p[0]) > kFarthest || Math.abs(p[1]) > kFarthest);
+    if (far) throw new Unreadable(['tooFar', String(far[0]), String(far[1])]);
     const first = points[0];
     const last = points.at(-1);
     if (points.length > 1 && first && last && first[0] === last[0] && first[1] === last[1]) points.pop();

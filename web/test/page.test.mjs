@@ -288,6 +288,11 @@ test('hostile and broken files end in a message', async () => {
         ['line.geojson', '{"type":"LineString","coordinates":[[0,0],[500,0]]}', /no closed area/],
         ['bad.kml', '<kml><Placemark>', /no closed area|KML/],
         ['bomb.kml', `<!DOCTYPE k [<!ENTITY a "${'a'.repeat(100)}">${Array.from({ length: 20 }, (_, i) => `<!ENTITY a${i} "${(i ? `&a${i - 1};` : '&a;').repeat(10)}">`).join('')}]><kml>&a19;</kml>`, /no closed area|KML/],
+        ['far.geojson', '{"type":"Polygon","coordinates":[[[0,0],[1e308,0],[1,1],[0,0]]]}', /1e\+308 0 are too large/],
+        ['deep.kml', `<kml>${'<Folder>'.repeat(4e5)}`, /KML cannot be read/],
+        ['points.kml', `<kml>${'<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>'.repeat(2e4)}</kml>`, /no closed area/],
+        ['nest.geojson', `{"type":"GeometryCollection","geometries":${'['.repeat(5e6)}`, /GeoJSON cannot be read/],
+        ['spaces.wkt', `POLYGON((0 0${' '.repeat(5e6)}`, /WKT/],
         ['bad.wkt', 'POLYGON((0 0, 1', /WKT|closed area/],
         ['bad.dxf', '0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n', /DXF|closed area/],
         ['bad.zip', 'PK\u0003\u0004nothing', /zip/i],
@@ -308,6 +313,17 @@ test('hostile and broken files end in a message', async () => {
     assert.deepEqual((await rows(page, 'pieces'))[0], ['A', '6000.00', '32.58 %', '6000.00'], 'the parcel on the page stays');
     // The browser's own report on broken XML would have styles, and the policy keeps them out.
     await closed(page, /^console: Applying inline style/);
+});
+
+test('190,000 corners that cross each other everywhere end in a message, and the page lives on', async () => {
+    const page = await opened();
+    const corners = Array.from({ length: 190000 }, (_, i) => `${(i * 7919) % 190001} ${(i * 104729) % 190001}`);
+    await open(page, 'knot.wkt', `POLYGON((${corners.join(',')}))`);
+    assert.match(await textOf(page, 'refusal-text'), /Sides .* meet/);
+    await page.click('#undo');
+    await settled(page);
+    assert.ok(await isShown(page, 'proven'));
+    await closed(page);
 });
 
 test('sides and corners are pointed at, and say what they are', async () => {
@@ -548,6 +564,13 @@ test('each output is read back with the same figures', async () => {
     assert.ok((await textOf(page, 'parcel-facts')).includes(areas[0]), await textOf(page, 'parcel-facts'));
     await page.click('#undo');
 
+    // The program reads both, and measures the same pieces.
+    if (existsSync(kProgram))
+        for (const [name, ...layer] of [['Field-divided.geojson'], ['Field-divided.dxf', '--layer', 'pieces']]) {
+            const { parcels } = JSON.parse(execFileSync(kProgram, ['measure', join(scratch, name), ...layer, '--json']));
+            assert.deepEqual(parcels.map(({ area }) => area.toFixed(2)), areas, name);
+        }
+
     const svg = readFileSync(await downloaded(page, '[data-save=svg]'), 'utf8');
     for (const text of [...points.flatMap(({ e, n }) => [e, n]), ...areas, 'Scale 1:1500 on A4']) assert.ok(svg.includes(text), text);
     writeFileSync(join(kPictures, 'plan.svg'), svg);
@@ -709,30 +732,36 @@ test('on a phone: nothing is wider than the screen, targets are large, the line 
     await closed(page);
 });
 
+// Time of the page's own thread for each frame: amount, division with proof, tables, drawing. A second holds 60 of 16.7 ms.
 test('a parcel of 1,000 corners is dragged without a stutter', async () => {
     const page = await opened();
-    const ring = Array.from({ length: 1000 }, (_, i) => {
-        const turn = (2 * Math.PI * i) / 1000;
-        const radius = 100 + 6 * Math.sin(11 * turn);
-        return [5000 + radius * Math.cos(turn), 5000 + radius * Math.sin(turn)];
-    });
-    await open(page, 'round.wkt', `POLYGON((${[...ring, ring[0]].map((p) => p.join(' ')).join(',')}))`);
-    await page.click('[data-kind=bearing]');
-    await typed(page, 'share', '1/2');
-    const grip = await page.evaluate(() => window.plcalcPage.grip());
-    const box = await page.locator('#map').boundingBox();
-    await page.mouse.move(box.x + grip[0], box.y + grip[1]);
-    await page.mouse.down();
-    await page.evaluate(() => window.plcalcPage.timeFrames());
-    for (let i = 1; i <= 60; ++i) await page.mouse.move(box.x + grip[0] + i, box.y + grip[1]);
-    await page.waitForTimeout(100);
-    const times = await page.evaluate(() => window.plcalcPage.frameTimes());
-    await page.mouse.up();
-    times.sort((a, b) => a - b);
-    const median = times[Math.floor(times.length / 2)];
-    console.log(`1,000 corners: ${times.length} frames computed and drawn, median ${median.toFixed(1)} ms, slowest ${times.at(-1).toFixed(1)} ms`);
-    assert.ok(times.length > 10);
-    if (process.env.PLCALC_TIMED) assert.ok(median < 1000 / 60, `${median} ms`);
+    const shapes = {
+        smooth: (i) => 100 + 6 * Math.sin((22 * Math.PI * i) / 1000),
+        jagged: (i) => 100 + 4 * Math.sin((22 * Math.PI * i) / 1000) + ((i * 7919) % 1000) / 400,
+    };
+    for (const [name, radius] of Object.entries(shapes)) {
+        const ring = Array.from({ length: 1000 }, (_, i) => [5000 + radius(i) * Math.cos((2 * Math.PI * i) / 1000), 5000 + radius(i) * Math.sin((2 * Math.PI * i) / 1000)]);
+        await open(page, `${name}.wkt`, `POLYGON((${[...ring, ring[0]].map((p) => p.join(' ')).join(',')}))`);
+        await page.click('[data-kind=bearing]');
+        await page.locator('#whole').setChecked(name === 'jagged');
+        await typed(page, 'share', '1/2');
+        assert.ok(await isShown(page, 'proven'), name);
+        const grip = await page.evaluate(() => window.plcalcPage.grip());
+        const box = await page.locator('#map').boundingBox();
+        await page.mouse.move(box.x + grip[0], box.y + grip[1]);
+        await page.mouse.down();
+        await page.mouse.move(box.x + grip[0] + 1, box.y + grip[1], { steps: 10 });
+        await page.evaluate(() => window.plcalcPage.timeFrames());
+        for (let i = 1; i <= 60; ++i) await page.mouse.move(box.x + grip[0] + i, box.y + grip[1]);
+        await page.waitForTimeout(100);
+        const times = await page.evaluate(() => window.plcalcPage.frameTimes());
+        await page.mouse.up();
+        times.sort((a, b) => a - b);
+        const at = (part) => times[Math.floor(part * (times.length - 1))];
+        console.log(`1,000 corners, ${name}: ${times.length} frames, median ${at(0.5).toFixed(1)} ms, nine in ten below ${at(0.9).toFixed(1)} ms, slowest ${at(1).toFixed(1)} ms`);
+        assert.ok(times.length > 10);
+        if (process.env.PLCALC_TIMED) assert.ok(at(0.9) < 1000 / 60, `${at(0.9)} ms`);
+    }
     await closed(page);
 });
 

@@ -35,18 +35,31 @@ function fontOf(lettering: Pick<Lettering, 'size' | 'bold'>): string {
     return `${lettering.bold ? 'bold ' : ''}${lettering.size}px ${kFont}`;
 }
 
+const kMostInPath = 20_000;
+const kMostDrawn = 60_000;
+const kBit = 1000;
+
 export class CanvasPen implements Pen {
     constructor(private readonly context: CanvasRenderingContext2D) {
         context.lineJoin = 'round';
         context.textBaseline = 'middle';
     }
     shape(rings: readonly (readonly XY[])[], style: Stroke): void {
+        if (rings.some((ring) => ring.length > kMostInPath)) return this.outlines(rings, style);
         this.context.beginPath();
         for (const ring of rings) {
             ring.forEach((p, i) => (i === 0 ? this.context.moveTo(p[0], p[1]) : this.context.lineTo(p[0], p[1])));
             this.context.closePath();
         }
         this.paint(style);
+    }
+    // A browser can die of an area with so many corners, above all one that crosses itself. Its outline is drawn bit by bit.
+    private outlines(rings: readonly (readonly XY[])[], style: Stroke): void {
+        if (!style.stroke) return;
+        for (const ring of rings) {
+            const points = ring.slice(0, kMostDrawn);
+            for (let i = 0; i < points.length; i += kBit) this.line(points.slice(i, i + kBit + 1), style);
+        }
     }
     line(points: readonly XY[], style: Stroke): void {
         this.context.beginPath();

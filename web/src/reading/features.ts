@@ -10,7 +10,7 @@ import type LineString from 'ol/geom/LineString.js';
 import type MultiPolygon from 'ol/geom/MultiPolygon.js';
 import type Polygon from 'ol/geom/Polygon.js';
 
-import { kMostXmlBytes, megabytes, NeedsPage, opened, Unreadable, type NamedParcel, type Note, type Reading } from '../parcels';
+import { kMostParcels, kMostXmlBytes, kMostXmlInOne, megabytes, NeedsPage, opened, Unreadable, type NamedParcel, type Note, type Reading } from '../parcels';
 import { isLonLat, projected } from './degrees';
 
 const kNames = ['name', 'lot', 'parcel', 'plot', 'label', 'id', 'number', 'nummer', 'flurstueck', 'flurstück', 'mappale'];
@@ -65,8 +65,7 @@ export class ParcelCollector {
     }
 }
 
-function collect(features: readonly Feature[]): ParcelCollector {
-    const collector = new ParcelCollector();
+function collectInto(collector: ParcelCollector, features: readonly Feature[]): ParcelCollector {
     for (const feature of features) collector.add(feature.getGeometry(), nameOf(feature.getProperties(), feature.getId()));
     return collector;
 }
@@ -76,7 +75,7 @@ export function readGeoJson(text: string): Reading {
     let collector: ParcelCollector;
     try {
         json = JSON.parse(text);
-        collector = collect(new GeoJSON().readFeatures(json) as Feature[]);
+        collector = collectInto(new ParcelCollector(), new GeoJSON().readFeatures(json) as Feature[]);
     } catch (error) {
         if (error instanceof Unreadable) throw error;
         throw new Unreadable(['brokenGeoJson']);
@@ -90,16 +89,29 @@ export function readGeoJson(text: string): Reading {
     return { parcels: collector.parcels, notes: [...notes, ['noCrs']] };
 }
 
-export function readKml(text: string): Reading {
+// A page that reads so many placemarks at a time still answers.
+const kPlacemarksAtOnce = 100;
+
+/** @throws NeedsPage where there is no reader of XML */
+export async function readKml(text: string): Promise<Reading> {
     if (text.length > kMostXmlBytes) throw new Unreadable(['tooLarge', megabytes(text.length), megabytes(kMostXmlBytes)]);
     if (typeof DOMParser === 'undefined') throw new NeedsPage();
-    let features: Feature[];
-    try {
-        features = new KML({ extractStyles: false }).readFeatures(text) as Feature[];
-    } catch {
-        throw new Unreadable(['brokenKml']);
+    const root = /<kml\b[^>]*>/.exec(text)?.[0] ?? '<kml>';
+    const placemarks = text.length > kMostXmlInOne && !/<!DOCTYPE/i.test(text) ? (text.match(/<Placemark\b[\s\S]*?<\/Placemark>/g) ?? []) : [];
+    if (placemarks.length === 0 && text.length > kMostXmlInOne) throw new Unreadable(['brokenKml']);
+    const collector = new ParcelCollector();
+    const take = (part: string): void => {
+        try {
+            collectInto(collector, new KML({ extractStyles: false }).readFeatures(part) as Feature[]);
+        } catch (error) {
+            throw error instanceof Unreadable ? error : new Unreadable(['brokenKml']);
+        }
+    };
+    if (placemarks.length === 0) take(text);
+    for (let i = 0; i < placemarks.length && collector.parcels.length <= kMostParcels; i += kPlacemarksAtOnce) {
+        take(`${root}<Document>${placemarks.slice(i, i + kPlacemarksAtOnce).join('')}</Document></kml>`);
+        await new Promise((next) => setTimeout(next));
     }
-    const collector = collect(features);
     return projected(collector.parcels, collector.notes());
 }
 

@@ -14,16 +14,19 @@ import { readTable } from './table';
  * @throws Unreadable, or NeedsPage in a worker for what only a page can read
  */
 export async function read(from: File | string, plcalc: Plcalc): Promise<Reading> {
-    if (typeof from === 'string') return readText(from, plcalc);
+    if (typeof from === 'string') return readAnyText(from, plcalc);
     if (from.size > kMostBytes) throw new Unreadable(['tooLarge', megabytes(from.size), megabytes(kMostBytes)]);
     return readBytes(new Uint8Array(await from.arrayBuffer()), plcalc);
 }
 
-function readBytes(bytes: Uint8Array, plcalc: Plcalc): Reading {
-    if (bytes[0] === 0x50 && bytes[1] === 0x4b) return checked(readZip(bytes));
+async function readBytes(bytes: Uint8Array, plcalc: Plcalc): Promise<Reading> {
+    if (bytes[0] === 0x50 && bytes[1] === 0x4b) {
+        const unpacked = readZip(bytes);
+        return typeof unpacked === 'string' ? readAnyText(unpacked, plcalc) : checked(unpacked);
+    }
     if (bytes[0] === 0x53 && bytes[1] === 0x51 && bytes[2] === 0x4c) throw new Unreadable(['geoPackage']);
     if (bytes[0] === 0 && bytes[2] === 0x27 && bytes[3] === 0x0a) throw new Unreadable(['bareShapefile']);
-    return readText(decoded(bytes), plcalc);
+    return readAnyText(decoded(bytes), plcalc);
 }
 
 // Texts are UTF-8, or UTF-16 that says so, or what Windows wrote before.
@@ -37,14 +40,21 @@ function decoded(bytes: Uint8Array): string {
     }
 }
 
-/** @throws Unreadable */
+async function readAnyText(text: string, plcalc: Plcalc): Promise<Reading> {
+    return /^[\s\uFEFF]*</.test(text.slice(0, 2000)) ? checked(await readKml(text.replace(/^\uFEFF/, ''))) : readText(text, plcalc);
+}
+
+/**
+ * Everything but XML.
+ *
+ * @throws Unreadable
+ */
 export function readText(given: string, plcalc: Plcalc): Reading {
     const text = given.replace(/^\uFEFF/, '');
     const start = text.slice(0, 2000).trimStart();
     if (start === '') throw new Unreadable(['empty']);
     if (start.includes('\u0000')) throw new Unreadable(['unknownFormat']);
     if (start.startsWith('{')) return checked(readGeoJson(text));
-    if (start.startsWith('<')) return checked(readKml(text));
     if (/^(SRID=\d+;)?\s*(MULTI|POLYGON|LINESTRING|GEOMETRYCOLLECTION)/i.test(start)) return checked(readWkt(text));
     if (/^(999\s*\n[^\n]*\n\s*)*0\s*\n\s*SECTION/.test(start.replaceAll('\r', ''))) return checked(readDxf(text, plcalc));
     return checked(readTable(text));

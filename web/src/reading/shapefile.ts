@@ -5,7 +5,7 @@ import { parseDbf, parseShp } from 'shpjs';
 
 import { kMostBytes, megabytes, Unreadable, type Note, type Reading } from '../parcels';
 import { projected } from './degrees';
-import { ParcelCollector, readKml } from './features';
+import { ParcelCollector } from './features';
 
 interface ShapeGeometry {
     readonly type: string;
@@ -15,7 +15,8 @@ interface ShapeGeometry {
 const kWanted = /\.(shp|dbf|prj|cpg|kml)$/i;
 const kNames = /^(name|lot|parcel|plot|label|id|number|nummer|flurst.*|parz.*|mappale)$/i;
 
-export function readZip(bytes: Uint8Array): Reading {
+/** The reading of a Shapefile, or the text of a KML. */
+export function readZip(bytes: Uint8Array): Reading | string {
     let files: Record<string, Uint8Array>;
     try {
         files = unzipSync(bytes, { filter });
@@ -25,7 +26,7 @@ export function readZip(bytes: Uint8Array): Reading {
     const paths = Object.keys(files);
     const shp = paths.find((path) => /\.shp$/i.test(path));
     const kml = paths.find((path) => /\.kml$/i.test(path));
-    if (!shp && kml) return readKml(new TextDecoder().decode(files[kml]));
+    if (!shp && kml) return new TextDecoder().decode(files[kml]);
     if (!shp) throw new Unreadable(['noShapefile']);
     const beside = (ending: string): Uint8Array | undefined =>
         files[paths.find((path) => path.toLowerCase() === shp.slice(0, -3).toLowerCase() + ending) ?? ''];

@@ -4,12 +4,17 @@
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
+import { mkdtempSync, readFileSync, writeFileSync } from 'node:fs';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
 import { test } from 'node:test';
+import { fileURLToPath } from 'node:url';
 
 import { load, OutOfMemory } from '../dist/index.js';
 import { pushParcel, pushPoint, pushRequest, Reader } from '../dist/packing.js';
 
 const native = process.env.PLCALC_NATIVE ?? '../../build/wasm-native/web/wasm/native';
+const kPackage = fileURLToPath(new URL('..', import.meta.url));
 const plcalc = await load();
 
 const kField = [[300.23, 420.57], [410.75, 440.49], [520.18, 320.81], [350.04, 300.58]];
@@ -269,6 +274,17 @@ function near(got, wanted, relative, what) {
         assert.ok(Object.is(value, wanted[i]) || Math.abs(value - wanted[i]) <= tolerance, `${what}: ${value}, ${wanted[i]}`);
     });
 }
+
+// What npm would publish, in a folder with nothing else: the README's own lines, and what it says that they print.
+test('the package works by itself, as its README shows', () => {
+    const folder = mkdtempSync(join(tmpdir(), 'plcalc-wasm-'));
+    const [{ filename }] = JSON.parse(execFileSync('npm', ['pack', '--json', '--silent', '--pack-destination', folder], { cwd: kPackage }));
+    writeFileSync(join(folder, 'package.json'), '{"type":"module"}');
+    execFileSync('npm', ['install', '--silent', '--offline', '--no-save', '--no-audit', '--no-fund', `./${filename.replace('@', '').replace('/', '-')}`], { cwd: folder });
+    const [, lines, printed] = /```js\n([\s\S]*?)```\n```\n([\s\S]*?)```/.exec(readFileSync(join(kPackage, 'README.md'), 'utf8'));
+    writeFileSync(join(folder, 'example.js'), lines);
+    assert.equal(execFileSync('node', ['example.js'], { cwd: folder }).toString(), printed);
+});
 
 test('random requests have the native answer, to the last bit', () => {
     const seed = Number(process.env.PLCALC_SEED ?? 18);
