@@ -253,7 +253,7 @@ class Scene {
         if (this.answer.pieces.length > 0) return;
         const text = this.numbers.area(this.answer.report.area);
         const lettering: Lettering = { size: this.px(kPieceText), color: kColors.ink, halo: kColors.undivided, bold: true };
-        const at = this.inside(this.outline, this.pen.widthOf(text, lettering));
+        const at = this.inside(this.outline, this.pen.widthOf(text, lettering))[0] ?? [0, 0];
         this.places.take(at, this.pen.widthOf(text, lettering), this.px(20), 0);
         this.pen.text(at, text, lettering);
     }
@@ -264,11 +264,11 @@ class Scene {
         const area = this.numbers.area(piece.area);
         const widthOf = (text: string, size: number, bold: boolean): number => this.pen.widthOf(text, { size: this.px(size), bold });
         const width = Math.max(widthOf(area, kPieceText - 2, false), widthOf(piece.name, kPieceText, true));
-        const at = this.inside(rings, 1.2 * width);
+        const places = this.inside(rings, 1.2 * width);
         const fits = ([x, y]: XY): boolean => this.places.isFree([x, y], width, this.px(36), 0) &&
             [-0.5, 0.5].every((part) => isWithin(rings, [x + part * width, y + this.px(9)])) && isWithin(rings, [x, y - this.px(16)]);
         const style = { color: kColors.ink, halo: pieceColor(piece.amount) };
-        const place = [0, 1, -1, 2, -2, 3, -3].map((k): XY => [at[0], at[1] + this.px(19 * k)]).find(fits);
+        const place = places.flatMap((at) => [0, 1, -1].map((k): XY => [at[0], at[1] + this.px(19 * k)])).find(fits);
         if (place) {
             this.places.take(place, width, this.px(38), 0);
             this.pen.text([place[0], place[1] - this.px(9)], piece.name, { ...style, size: this.px(kPieceText), bold: true });
@@ -276,26 +276,27 @@ class Scene {
             return;
         }
         const short = widthOf(piece.name, kPieceText, true);
-        if (!this.places.isFree(at, short, this.px(16), 0)) return;
+        const at = places.find((one) => this.places.isFree(one, short, this.px(16), 0));
+        if (!at) return;
         this.places.take(at, short, this.px(18), 0);
         this.pen.text(at, piece.name, { ...style, size: this.px(kPieceText), bold: true });
     }
 
-    // Where a text fits: in the middle of the widest part of one of some lines of writing, the middle one if it is wide enough.
-    private inside(rings: readonly (readonly XY[])[], wanted: number): XY {
+    // Where a text could stand: in the middle of the widest part of some lines of writing, those that are wide enough first.
+    private inside(rings: readonly (readonly XY[])[], wanted: number): XY[] {
         const ys = (rings[0] ?? []).map((p) => p[1]);
         const [top, bottom] = [ys.reduce((least, y) => Math.min(least, y), Infinity), ys.reduce((most, y) => Math.max(most, y), -Infinity)];
-        let best: { width: number; at: XY } = { width: -1, at: rings[0]?.[0] ?? [0, 0] };
-        for (const part of kLookedAtLines) {
+        const spans = kLookedAtLines.map((part): { width: number; at: XY } => {
             const y = top + part * (bottom - top);
             const xs = crossings(rings, y);
+            let best: { width: number; at: XY } = { width: -1, at: rings[0]?.[0] ?? [0, 0] };
             for (let i = 0; i + 1 < xs.length; i += 2) {
                 const [left, right] = [xs[i] as number, xs[i + 1] as number];
                 if (right - left > best.width) best = { width: right - left, at: [(left + right) / 2, y] };
             }
-            if (best.width >= wanted) break;
-        }
-        return best.at;
+            return best;
+        });
+        return spans.sort((one, other) => Math.min(other.width, wanted) - Math.min(one.width, wanted)).map(({ at }) => at);
     }
 
     private placeLineLabels(): void {
