@@ -357,7 +357,7 @@ export class App {
         this.panel.show({ state, settings, numbers, ...solved });
         const hints = {
             parallel: 'hintParallel', perpendicular: 'hintParallel', vertex: 'hintVertex', bearing: 'hintBearing', segment: this.axisBegun ? 'hintSegmentEnd' : 'hintSegment',
-            place: 'hintPlace', point: 'hintPoint',
+            place: 'hintPlace', point: state.asked.whole ? 'hintPointAnywhere' : 'hintPoint',
         } as const;
         // Of many parcels, the person's own one has yet to be found.
         const isSpeck = state.parcels.length > 1 && this.map.sizeOf(answer.parcel) < kSpeck;

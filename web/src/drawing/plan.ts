@@ -154,7 +154,7 @@ export class Plan {
         const room = frame.right - frame.left - 34;
         pen.text([x, frame.top + 5.6], fitted(pen, texts.title, 5, room, true), { size: 5, bold: true, color: kColors.ink, align: 'left' });
         pen.text([x, frame.top + 11.5], fitted(pen, texts.sentence, 3.3, room), { size: 3.3, color: kColors.ink, align: 'left' });
-        pen.text([x, frame.top + 17.2], `${t('sum')} ${numbers.area(answer.report.area)}, ${t('perimeter').toLowerCase()} ${numbers.withUnit(numbers.length(answer.report.perimeter))}`,
+        pen.text([x, frame.top + 17.2], t('parcelFacts', numbers.area(answer.report.area), numbers.withUnit(numbers.length(answer.report.perimeter))),
             { size: 3.3, color: kColors.ink, align: 'left' });
     }
 
