@@ -765,6 +765,66 @@ TEST_F(Plans, TheScaleBarIsAsLongAsItSays)
     EXPECT_GT(beginning_of("Pieces", svg).y, 2.0 / 3.0 * 595.0) << "tables stand below the drawing";
 }
 
+// Below the drawing, on the right: the bar, then the scale flush with its end, then line by line what the title block
+// says. The title stands above the drawing on the left, where the tables begin too.
+TEST_F(Plans, EveryLineOfTheSheetHasItsPlace)
+{
+    write_wkt(kLot);
+    ASSERT_EQ(
+        divide(
+            "lot.csv",
+            "--parallel 1 --area 1000 --plan plan.svg --title Client=Rossi --title Project=Hill --paper A4")
+            .status,
+        0);
+    const std::string svg = content("plan.svg");
+    const auto width = [&](const std::string& text) {
+        const std::size_t begin = svg.rfind("<text", svg.find(">" + text + "</text>"));
+        return std::stod(svg.substr(svg.find("textLength=\"", begin) + 12));
+    };
+    constexpr double kMargin = 10.0 / 25.4 * 72.0;
+    const auto paper = [&](const std::string& name) {
+        return std::stod(svg.substr(svg.find(" " + name + "=\"") + name.size() + 3));
+    };
+    const std::size_t scale_at = svg.find(">Scale 1:") + 1;
+    const std::string scale = svg.substr(scale_at, svg.find('<', scale_at) - scale_at);
+    const double end = beginning_of(scale, svg).x + width(scale);
+    EXPECT_NEAR(end, paper("width") - kMargin - 10.0, 0.01);
+    const double bar_figures = beginning_of("0", svg).y;
+    const std::vector<std::string> lines = {scale, "no CRS; coordinates taken as metres", "Client: Rossi",
+                                            "Project: Hill", "Sheet 1 of 1"};
+    double above = bar_figures;
+    for (const std::string& line : lines) {
+        ASSERT_NE(svg.find(">" + line + "</text>"), std::string::npos) << line;
+        const SheetPoint at = beginning_of(line, svg);
+        EXPECT_GT(at.y, above + 7.0) << line;
+        EXPECT_LT(at.y, above + 20.0) << line;
+        EXPECT_LT(at.x + width(line), end + 0.01) << line;
+        if (line != scale) {
+            EXPECT_EQ(at.x, beginning_of(lines[1], svg).x) << line;
+        }
+        above = at.y;
+    }
+    EXPECT_LT(above, paper("height") - kMargin) << "in the frame";
+    const double left = kMargin + 10.0;
+    EXPECT_NEAR(beginning_of("lot.csv: feature 1", svg).x, left, 0.01);
+    EXPECT_LT(beginning_of("lot.csv: feature 1", svg).y, 60.0);
+    EXPECT_NEAR(beginning_of("Pieces", svg).x, left, 0.01);
+}
+
+// By name, bold, in the colour of the line, beside the drawing: the table has them too.
+TEST_F(Plans, NewPointsAreNamedOnTheDrawing)
+{
+    write_wkt(kLot);
+    ASSERT_EQ(divide("lot.csv", "--parallel 1 --parts 3 --plan plan.svg").status, 0);
+    std::istringstream svg(content("plan.svg"));
+    std::multiset<std::string> names;
+    for (std::string line; std::getline(svg, line);)
+        if (line.find("font-weight=\"bold\"") != std::string::npos &&
+            line.find("fill=\"#b81c1c\"") != std::string::npos)
+            names.insert(line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1));
+    EXPECT_EQ(names, (std::multiset<std::string>{"P1", "P2", "P3", "P4"}));
+}
+
 // A lane a metre wide ends in a room: along the lane the boundary is too near for a text.
 TEST_F(Plans, ALengthStandsWhereItsLineHasRoom)
 {
