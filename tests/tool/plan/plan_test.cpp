@@ -846,13 +846,31 @@ TEST_F(Plans, AMarkStandsAtTheEndOfItsHairLine)
     write_wkt("POLYGON ((0 0, 120 0, 120 80, 0 80, 0 0))");
     ASSERT_EQ(divide("lot.csv", "--parallel 1 --area 20 --plan plan.svg").status, 0);
     const std::string svg = content("plan.svg");
+    const auto font_size = [&](const char* mark) {
+        const std::size_t text = svg.rfind("<text", svg.find(std::string(">") + mark + "</text>"));
+        return std::stod(svg.substr(svg.find("font-size=\"", text) + 11));
+    };
     for (const char* mark : {"Detail 1", "Detail 2"}) {
         const std::size_t text = svg.rfind("<text", svg.find(std::string(">") + mark + "</text>"));
         ASSERT_NE(text, std::string::npos);
         const double width = std::stod(svg.substr(svg.find("textLength=\"", text) + 12));
         const std::size_t line = svg.rfind("<path", text);
-        const double end = std::stod(svg.substr(svg.find('L', line) + 1));
-        EXPECT_NEAR(beginning_of(mark, svg).x + 0.5 * width, end, 2e-3) << mark;
+        const auto point_after = [&](char letter) {
+            std::istringstream numbers(svg.substr(svg.find(letter, line) + 1, 40));
+            SheetPoint p = {};
+            numbers >> p.x >> p.y;
+            return p;
+        };
+        const SheetPoint start = point_after('M');
+        const SheetPoint end = point_after('L');
+        EXPECT_NEAR(beginning_of(mark, svg).x + 0.5 * width, end.x, 2e-3) << mark;
+        // From the ring to the text's box, seen in the direction of the line, are 4 points.
+        const double length = std::hypot(end.x - start.x, end.y - start.y);
+        const double cos = std::fabs(end.x - start.x) / length;
+        const double sin = std::fabs(end.y - start.y) / length;
+        ASSERT_GT(sin, 0.1) << mark;
+        const double height = 2.0 * (length - 4.0 - 0.5 * cos * width) / sin;
+        EXPECT_NEAR(height, font_size(mark), 0.01) << mark;
     }
 }
 
