@@ -81,6 +81,17 @@ TEST(DivisionPoints, TheEndOfALineAtACornerIsTheCorner)
     EXPECT_LE(points.points.size(), 7u);
 }
 
+// The line has four decimals and the corner more: it starts there all the same.
+TEST(DivisionPoints, ALineFromACornerWithMoreDecimalsStartsThere)
+{
+    const tool::DivisionPoints points =
+        Divided({{0.00012, 0.00026}, {90, 0}, {90, 50}, {0, 50}}, Cut::through_vertex, 1, 3).points();
+    ASSERT_EQ(points.lines.size(), 2u);
+    for (const tool::DivisionPoints::Line& line : points.lines)
+        EXPECT_EQ(line.from, 0u);
+    EXPECT_EQ(points.points.size(), 6u);
+}
+
 TEST(DivisionPoints, CornersThatRepeatAreNoTrouble)
 {
     const tool::DivisionPoints points =
