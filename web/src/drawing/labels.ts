@@ -41,7 +41,13 @@ export class LabelPlaces {
 
     take(at: XY, width: number, height: number, angle: number): void {
         for (const box of boxesOf(at, width, height, angle))
-            for (const cell of this.cellsOf(box)) this.cells.set(cell, [...(this.cells.get(cell) ?? []), box]);
+            for (const cell of this.cellsOf(box)) this.put(cell, box);
+    }
+
+    private put(cell: string, box: Box): void {
+        const there = this.cells.get(cell);
+        if (there) there.push(box);
+        else this.cells.set(cell, [box]);
     }
 
     private cellsOf(box: Box): string[] {

@@ -35,6 +35,10 @@ function fontOf(lettering: Pick<Lettering, 'size' | 'bold'>): string {
     return `${lettering.bold ? 'bold ' : ''}${lettering.size}px ${kFont}`;
 }
 
+// Names come again in every frame; to measure them takes longer than to draw them.
+const widths = new Map<string, number>();
+const kMostWidths = 5000;
+
 const kMostInPath = 20_000;
 const kMostDrawn = 60_000;
 const kBit = 1000;
@@ -88,8 +92,16 @@ export class CanvasPen implements Pen {
         context.restore();
     }
     widthOf(text: string, lettering: Pick<Lettering, 'size' | 'bold'>): number {
-        this.context.font = fontOf(lettering);
-        return this.context.measureText(text).width;
+        const font = fontOf(lettering);
+        const key = `${font} ${text}`;
+        let width = widths.get(key);
+        if (width === undefined) {
+            this.context.font = font;
+            width = this.context.measureText(text).width;
+            if (widths.size >= kMostWidths) widths.clear();
+            widths.set(key, width);
+        }
+        return width;
     }
     private paint(style: Stroke): void {
         if (style.fill) {

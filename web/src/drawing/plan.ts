@@ -62,6 +62,7 @@ export class Plan {
     private readonly further: TableSetter;
     /** Where the tables of each further sheet begin. */
     private readonly begins: readonly Position[];
+    private readonly complete: boolean;
 
     constructor(private readonly wanted: PlanWanted, ruler: Pen) {
         const tables = tablesOf(wanted.answer, wanted.numbers);
@@ -70,11 +71,13 @@ export class Plan {
         const better = standing.scale < lying.scale ? standing : lying;
         ({ width: this.width, height: this.height, frame: this.frame, bottom: this.bottom, scale: this.scale, foot: this.foot, further: this.further } = better);
         const begins: Position[] = [];
-        for (let position = kStart; !this.further.isEnd(position) && begins.length < kMostSheets - 1;) {
+        let position = kStart;
+        while (!this.further.isEnd(position) && begins.length < kMostSheets - 1) {
             begins.push(position);
             position = this.further.fill(undefined, this.tableBox(), position).rest;
         }
         this.begins = begins;
+        this.complete = this.further.isEnd(position);
     }
 
     get count(): number {
@@ -166,7 +169,7 @@ export class Plan {
         drawScaleBar(pen, [0, bottom + 7.5], 50, 1 / perUnit, numbers, 0.26, right);
         const style: Omit<Lettering, 'size'> = { color: kColors.ink, align: 'right' };
         pen.text([right, bottom + 14], t('scale', String(Number(this.scale.toPrecision(12)))), { ...style, size: 3.6, bold: true });
-        const lines = texts.notes.flatMap((note) => wrapped(pen, note, 2.5, kInformation));
+        const lines = [...texts.notes, ...(this.complete ? [] : [t('planCut', kMostSheets)])].flatMap((note) => wrapped(pen, note, 2.5, kInformation));
         [...lines, t('sheetOf', 1, this.count), 'plcalc'].forEach((line, i) =>
             pen.text([right, bottom + 19 + 3.5 * i], line, { ...style, size: 2.5, color: i < lines.length ? kColors.muted : kColors.ink }));
     }

@@ -70,6 +70,17 @@ export function isWithin(rings: readonly (readonly XY[])[], p: XY): boolean {
     return inside;
 }
 
+// Of the box around a ring.
+function middleOf(ring: readonly XY[]): XY {
+    const [low, high] = [[Infinity, Infinity], [-Infinity, -Infinity]] as [[number, number], [number, number]];
+    for (const p of ring)
+        for (const k of [0, 1] as const) {
+            low[k] = Math.min(low[k], p[k]);
+            high[k] = Math.max(high[k], p[k]);
+        }
+    return [(low[0] + high[0]) / 2, (low[1] + high[1]) / 2];
+}
+
 // Where a horizontal line enters and leaves an area.
 function crossings(rings: readonly (readonly XY[])[], y: number): number[] {
     const xs: number[] = [];
@@ -84,7 +95,7 @@ function crossings(rings: readonly (readonly XY[])[], y: number): number[] {
 // Lines across an area, by the even-odd rule.
 function hatch(rings: readonly (readonly XY[])[], angle: number, spacing: number): (readonly [XY, XY])[] {
     const [cos, sin] = [Math.cos(angle), Math.sin(angle)];
-    const crossings = new Map<number, number[]>();
+    const met = new Map<number, number[]>();
     for (const ring of rings)
         ring.forEach((a, i) => {
             const b = ring[(i + 1) % ring.length] as XY;
@@ -92,11 +103,14 @@ function hatch(rings: readonly (readonly XY[])[], angle: number, spacing: number
             const [du, dv] = [b[0] * cos + b[1] * sin - u, b[1] * cos - b[0] * sin - v];
             for (let k = Math.floor(Math.min(v, v + dv) / spacing) + 1; k * spacing <= Math.max(v, v + dv); ++k) {
                 if (dv === 0) break;
-                crossings.set(k, [...(crossings.get(k) ?? []), u + ((k * spacing - v) / dv) * du]);
+                const at = u + ((k * spacing - v) / dv) * du;
+                const there = met.get(k);
+                if (there) there.push(at);
+                else met.set(k, [at]);
             }
         });
     const place = (u: number, v: number): XY => [u * cos - v * sin, v * cos + u * sin];
-    return [...crossings].flatMap(([k, at]) => {
+    return [...met].flatMap(([k, at]) => {
         at.sort((a, b) => a - b);
         return Array.from({ length: Math.floor(at.length / 2) }, (_, i) => [place(at[2 * i] as number, k * spacing), place(at[2 * i + 1] as number, k * spacing)] as const);
     });
@@ -135,12 +149,14 @@ class Scene {
     private readonly places: LabelPlaces;
     private readonly rings: readonly (readonly XY[])[];
     private readonly outline: readonly (readonly XY[])[];
+    private readonly middle: XY;
 
     constructor(private readonly pen: Pen, private readonly view: View, private readonly answer: Answer,
         private readonly looks: Looks, private readonly numbers: Numbers) {
         this.places = new LabelPlaces(view.within ?? { left: 0, top: 0, right: view.width, bottom: view.height });
         this.rings = [answer.parcel.outer, ...answer.parcel.holes].map((ring) => this.placed(ring));
         this.outline = this.rings.map((ring) => thinned(ring, view.pixel));
+        this.middle = middleOf(this.rings[0] ?? []);
     }
 
     draw(): void {
@@ -319,7 +335,7 @@ class Scene {
 
     // Outside the parcel's middle first, then round the point.
     private nameAt(at: XY, name: string, lettering: Lettering): void {
-        const [east, south] = this.middle();
+        const [east, south] = this.middle;
         const away = Math.atan2(at[1] - south, at[0] - east);
         const width = this.pen.widthOf(name, lettering);
         for (const turn of [0, 0.7, -0.7, 1.4, -1.4, 2.1, -2.1, Math.PI]) {
@@ -332,14 +348,6 @@ class Scene {
         }
     }
 
-    private middle(): XY {
-        const ring = this.rings[0] ?? [];
-        const xs = ring.map((p) => p[0]);
-        const ys = ring.map((p) => p[1]);
-        const mid = (values: readonly number[]): number =>
-            (values.reduce((least, v) => Math.min(least, v), Infinity) + values.reduce((most, v) => Math.max(most, v), -Infinity)) / 2;
-        return [mid(xs), mid(ys)];
-    }
 
     // Parts of sides where lines end, whole sides elsewhere: the sides of the pieces without the dividing lines.
     private placeSideLabels(): void {

@@ -86,7 +86,8 @@ export function tablesOf(answer: Answer, numbers: Numbers): PlanTable[] {
             rows: cut.map((side) => [ends(side).map((point) => point.name).join(' – '), numbers.distance(ends(side)[0].at, ends(side)[1].at)]),
         });
     const isNew = new Set(answer.newPoints);
-    const inside = answer.newPoints.filter((point) => !sides.some(({ points }) => points.includes(point)));
+    const around = new Set(sides.flatMap(({ points }) => points));
+    const inside = answer.newPoints.filter((point) => !around.has(point));
     const coordinates = (point: NamedPoint): string[] => point.at.map((v) => (isNew.has(point) ? numbers.coordinate(v, division.decimals) : numbers.coordinate(v, numbers.settings.decimals)));
     tables.push({
         title: t('pointsAround'), heads: [t('newPoint'), t('east'), t('north'), withUnit(t('toNext'), unit)],

@@ -47,7 +47,7 @@ export const de: Texts = {
 
     save: 'Speichern', geojson: 'GeoJSON', csv: 'Punkte (CSV)', dxf: 'DXF', svg: 'Plan (SVG)', pdf: 'Plan (PDF)', png: 'Plan (PNG)', print: 'Plan drucken', link: 'Link kopieren',
     linkCopied: 'Der Link zeigt diese Teilung jedem, der diese Seite öffnet.', linkTooLong: 'Das Flurstück ist zu groß für einen Link. Bitte als GeoJSON speichern.', saved: 'Gespeichert: {0}',
-    scale: 'Maßstab 1:{0} auf A4', sheetMetres: 'Koordinaten als Meter', plan: 'Plan', parcelFacts: 'Flurstück {0}, Umfang {1}', sheetOf: 'Blatt {0} von {1}', continued: '(Fortsetzung)', cutSides: 'Geschnittene Seiten', pointsAround: 'Punkte rings um das Flurstück', toNext: 'zum nächsten',
+    scale: 'Maßstab 1:{0} auf A4', sheetMetres: 'Koordinaten als Meter', plan: 'Plan', parcelFacts: 'Flurstück {0}, Umfang {1}', planCut: 'Die Tabellen gehen weiter: Nach {0} Blättern stehen sie in den Dateien der Punkte und Teile.', sheetOf: 'Blatt {0} von {1}', continued: '(Fortsetzung)', cutSides: 'Geschnittene Seiten', pointsAround: 'Punkte rings um das Flurstück', toNext: 'zum nächsten',
     cutSentence: 'Schnitt {0}: {1}', cutParallel: 'parallel zur Seite {0}', cutPerpendicular: 'rechtwinklig zur Seite {0}', cutVertex: 'aus der Ecke {0}',
     cutBearing: 'in der Richtung {0}', cutSegment: 'in der Richtung einer Strecke, {0}', cutPlace: 'von einer Stelle der Seite {0}', cutPoint: 'durch den Punkt {0} {1}', partsText: '{0} gleiche Teile', widthText: 'Breite {0}',
 

@@ -45,7 +45,7 @@ export const en = {
 
     save: 'Save', geojson: 'GeoJSON', csv: 'Points (CSV)', dxf: 'DXF', svg: 'Plan (SVG)', pdf: 'Plan (PDF)', png: 'Plan (PNG)', print: 'Print the plan', link: 'Copy link',
     linkCopied: 'The link shows this division to everyone who opens this page.', linkTooLong: 'The parcel is too large for a link. Save it as GeoJSON.', saved: 'Saved: {0}',
-    scale: 'Scale 1:{0} on A4', sheetMetres: 'coordinates taken as metres', plan: 'Plan', parcelFacts: 'Parcel {0}, perimeter {1}', sheetOf: 'Sheet {0} of {1}', continued: '(continued)', cutSides: 'Cut sides', pointsAround: 'Points around the parcel', toNext: 'to next',
+    scale: 'Scale 1:{0} on A4', sheetMetres: 'coordinates taken as metres', plan: 'Plan', parcelFacts: 'Parcel {0}, perimeter {1}', planCut: 'The tables go on: after {0} sheets, see the files of points and pieces.', sheetOf: 'Sheet {0} of {1}', continued: '(continued)', cutSides: 'Cut sides', pointsAround: 'Points around the parcel', toNext: 'to next',
     cutSentence: 'Cut {0}: {1}', cutParallel: 'parallel to side {0}', cutPerpendicular: 'at right angles to side {0}', cutVertex: 'from corner {0}',
     cutBearing: 'at the bearing {0}', cutSegment: 'along a segment at {0}', cutPlace: 'from a place on side {0}', cutPoint: 'through the point {0} {1}', partsText: '{0} equal parts', widthText: 'width {0}',
 
