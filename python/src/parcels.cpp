@@ -363,7 +363,13 @@ static void add_calls(py::module_& m)
         arg("value"), arg("decimals"));
 
     add(
-        "check_ring", [](const Points& ring) { return check_ring(ring_of(ring)); }, arg("ring"));
+        "check_ring",
+        [](const Points& ring) {
+            const Ring vertices = ring_of(ring);
+            const py::gil_scoped_release release;
+            return check_ring(vertices);
+        },
+        arg("ring"));
     add("check_parcel", &check_parcel, arg("parcel"), ReleaseGil());
     add(
         "extent_of", [](const Points& ring) { return extent_of(ring_of(ring)); }, arg("ring"));
