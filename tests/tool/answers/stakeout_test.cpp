@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <sstream>
 
@@ -326,10 +328,17 @@ TEST_F(StakeoutNames, CornersOfTheFile)
     const std::string row = "P3,100.0000,100.0000,50.00000,141.4214,100.0000,-100.0000\n";
     EXPECT_EQ(stakeout("--station P1 --orientation P4 --point P3"), row);
     EXPECT_EQ(stakeout("--station 1 --orientation P4 --point 3"), row);
-    EXPECT_EQ(stakeout("--station P1 --orientation 4 --point P3"),
-              "plcalc: lot.csv: --orientation: several points are called '4', or one of them and the number "
-              "of a vertex; "
-              "write the place as E,N\n");
+    // The corner that is called 4 lies to the East, the fourth to the North.
+    const std::string from_east = "P3,100.0000,100.0000,350.00000,141.4214,100.0000,-100.0000\n";
+    EXPECT_EQ(stakeout("--station P1 --orientation 4 --point P3"), from_east);
+    const test::Result told = run({"stakeout", "lot.csv", "--station", "P1", "--orientation", "4"});
+    EXPECT_EQ(told.out.rfind(
+                  "Parcel       lot.csv (4 is the point of this name; the vertex is called 'vertex 4')\n", 0),
+              0u)
+        << told.out;
+    const test::Result numbered = run(
+        {"stakeout", "lot.csv", "--csv", "--station", "P1", "--orientation", "vertex 4", "--point", "P3"});
+    EXPECT_NE(numbered.out.find(row), std::string::npos) << numbered.out << numbered.err;
     EXPECT_EQ(stakeout("--station P1 --orientation P9"),
               "plcalc: --orientation: 'P9' is not a place; write E,N with points before the decimals, the "
               "number of a "
@@ -337,6 +346,33 @@ TEST_F(StakeoutNames, CornersOfTheFile)
     const std::string all = stakeout("--station P1 --orientation P4");
     EXPECT_EQ(all.substr(0, 3), "P1,");
     EXPECT_NE(all.find("\n4,100.0000,0.0000,100."), std::string::npos) << all;
+}
+
+TEST_F(StakeoutNames, AreWrittenForAController)
+{
+    write_lot();
+    const std::vector<std::string> words = {"stakeout", "lot.csv",  "--station", "P1",      "--orientation",
+                                            "P4",       "--points", "out.csv",   "--point", "5,7.5"};
+    const auto content = [&] {
+        std::ifstream file(path("out.csv"));
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    std::vector<std::string> with_cut = words;
+    for (const char* word : {"--perpendicular", "1", "--share", "1/2"})
+        with_cut.push_back(word);
+    const test::Result first = run(with_cut);
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_NE(first.out.find("\nWritten  out.csv\n"), std::string::npos) << first.out;
+    EXPECT_EQ(content(), "name,E,N,code\nP5,50.0000,0.0000,NEW\nP6,50.0000,100.0000,NEW\n"
+                         "point 1,5.0000,7.5000,POINT\n");
+    EXPECT_EQ(run(words).status, 2);
+    std::vector<std::string> again = words;
+    again.push_back("--overwrite");
+    EXPECT_EQ(run(again).status, 0);
+    EXPECT_EQ(content(), "name,E,N,code\npoint 1,5.0000,7.5000,POINT\n");
+    again[7] = "out.txt";
+    EXPECT_EQ(run(again).err,
+              "plcalc: --points: 'out.txt' does not end in .csv; see plcalc stakeout --help\n");
 }
 
 TEST_F(StakeoutNames, ListsOfPoints)

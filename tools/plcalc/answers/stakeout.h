@@ -16,6 +16,8 @@ struct NamedPoint {
     std::string name;
     PL_PNT2D_record at = {};
     std::optional<double> height = {};
+    std::string short_name = {};  ///< for a controller, where `name` tells more than a name
+    std::string code = "POINT";   ///< for a controller: NEW, CORNER, or of a list
 };
 
 /// Where the instrument stands and what it is oriented on.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <fstream>
 #include <system_error>
 
 #include <fcntl.h>
@@ -225,6 +226,18 @@ void PendingOutput::commit(const std::vector<fs::path>& replaced)
     for (const fs::path& path : replaced)
         if (!is_new(path) && !is_source(path))
             fs::remove(path, error);
+}
+
+void write_text_file(const std::string& path, const std::string& text, const std::string& name)
+{
+    errno = 0;
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    file.close();
+    if (!file)
+        throw Failure(ExitStatus::failed, {name, ""},
+                      "the file could not be written (" + std::generic_category().message(errno) + ")",
+                      "check the folder and the room on the disk");
 }
 
 Failure disk_full(const std::string& file)

@@ -61,6 +61,13 @@ private:
     std::vector<std::string> sources_;
 };
 
+/// Writes a text.
+///
+/// @param[in] path    where to write
+/// @param[in] name    the file as the command line names it
+/// @throws Failure    failed when it cannot be written
+void write_text_file(const std::string& path, const std::string& text, const std::string& name);
+
 /// The failure for a disk that takes no more data.
 ///
 /// @param[in] file  as the command line names it

@@ -59,4 +59,7 @@ std::string stakeout_table(const StakeoutSheet& sheet);
 std::string stakeout_csv(const StakeoutSheet& sheet);
 std::string stakeout_json(const StakeoutSheet& sheet);
 
+/// The points as a controller reads them: name, E, N, Z where there are heights, and code, each point once.
+std::string stakeout_points(const StakeoutSheet& sheet);
+
 }  // namespace tool

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "reports/tally.h"
 #include "text/angles.h"
@@ -95,6 +96,23 @@ std::string stakeout_csv(const StakeoutSheet& sheet)
             if (i != kHeightCell || sheet.heights)
                 text += "," + (cells[i] == "-" ? std::string() : csv_cell(cells[i]));
         text += "\n";
+    }
+    return text;
+}
+
+std::string stakeout_points(const StakeoutSheet& sheet)
+{
+    std::string text = sheet.heights ? "name,E,N,Z,code\n" : "name,E,N,code\n";
+    std::set<std::string> rows;
+    for (const SetOut& point : sheet.points) {
+        const std::vector<std::string> cells = cells_of(sheet, point);
+        const std::string& name = point.point.short_name.empty() ? cells[0] : point.point.short_name;
+        std::string row = csv_cell(name) + "," + cells[1] + "," + cells[2] + ",";
+        if (sheet.heights)
+            row += (cells[kHeightCell] == "-" ? "" : cells[kHeightCell]) + ",";
+        row += point.point.code + "\n";
+        if (rows.insert(row).second)
+            text += row;
     }
     return text;
 }

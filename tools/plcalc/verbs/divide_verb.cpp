@@ -1,7 +1,6 @@
 #include "verbs/verbs.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
@@ -53,18 +52,6 @@ bool ends_with(const std::string& text, const std::string& ending)
 {
     return text.size() > ending.size() &&
            text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
-void write_text(const std::string& path, const std::string& text, const std::string& name)
-{
-    errno = 0;
-    std::ofstream file(path, std::ios::binary);
-    file << text;
-    file.close();
-    if (!file)
-        throw Failure(ExitStatus::failed, {name, ""},
-                      "the file could not be written (" + std::generic_category().message(errno) + ")",
-                      "check the folder and the room on the disk");
 }
 
 std::string written_lines(const std::vector<std::string>& files, const ParcelFile& parcels)
@@ -339,8 +326,7 @@ void DivideVerb::check_outputs() const
         wrong_use("--paper: '" + paper_ + "' is neither A4 nor A3");
     if (given("--report") && !ends_with(report_, ".txt") && !ends_with(report_, ".md"))
         wrong_use("--report: '" + report_ + "' does not end in .txt or .md");
-    if (given("--points") && !ends_with(points_, ".csv"))
-        wrong_use("--points: '" + points_ + "' does not end in .csv");
+    require_list_name("--points", points_);
     for (const char* option : {"--area-decimals", "--title", "--title-block"})
         if (given(option) && !given("--plan"))
             wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
@@ -476,7 +462,7 @@ std::vector<std::string> DivideVerb::write_texts(const Answer& answer, const Par
     std::vector<std::string> names;
     const auto write = [&](const std::string& name, const std::string& text) {
         outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files()));
-        write_text(outputs.back()->path(), text, name);
+        write_text_file(outputs.back()->path(), text, name);
         names.push_back(name);
     };
     if (given("--report"))
@@ -495,7 +481,7 @@ Output DivideVerb::refused(const Answer& answer, const ParcelFile& file) const
     std::vector<std::string> written;
     if (given("--report")) {
         PendingOutput output(report_, overwrite_, file.files());
-        write_text(output.path(), refusal_report(answer, failure, report_style()), report_);
+        write_text_file(output.path(), refusal_report(answer, failure, report_style()), report_);
         output.commit();
         written.push_back(report_);
     }

@@ -260,8 +260,9 @@ std::string stakeout_help()
 Usage: plcalc stakeout FILE --station PLACE --orientation PLACE [OPTION ...]
 
 FILE   a parcel as plcalc divide takes it (see plcalc divide --help)
-PLACE  E,N in the file's coordinates, the number of a vertex, or the name of a
-       point: in FILE, or in one of the lists below
+PLACE  E,N in the file's coordinates, the name of a point in FILE or in one of
+       the lists below, or the number of a vertex: 3, or "vertex 3" where a
+       point has the name 3
 
 What is set out
   CUT AREA              the ends of the dividing lines, with the options of
@@ -279,6 +280,10 @@ Options
                         named but not set out, such as stations
   --base SIDE           base line of the offsets; without it, the side of the
                         cut, or side 1 where nothing is cut
+  --points POINTS.csv   writes name, E, N and code of the points, as field
+                        controllers read them: P1, P2, ... as plcalc divide
+                        calls them (NEW), corners (CORNER), others (POINT)
+  --overwrite           replaces POINTS.csv if it exists
   --csv                 prints CSV for spreadsheets
   --json                prints JSON for programs
 )" + one_feature() +

@@ -47,7 +47,7 @@ _plcalc() {
         divide) words="$choose $cut --output --format --plan --paper --area-decimals --title \
             --title-block --report --points --overwrite --jobs --neighbours --shared-within" ;;
         measure) words="$choose --csv" ;;
-        stakeout) words="$choose $cut --station --orientation --control --point --points-from --base --csv" ;;
+        stakeout) words="$choose $cut --station --orientation --control --point --points-from --base --points --overwrite --csv" ;;
         *) return ;;
     esac
     if [[ $word == -* ]]; then

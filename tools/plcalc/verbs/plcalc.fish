@@ -43,4 +43,5 @@ __plcalc_offer_words divide paper 'A4 A3'
 
 __plcalc_offer 'measure stakeout' flags csv
 __plcalc_offer stakeout values station orientation point base
-__plcalc_offer stakeout files control points-from
+__plcalc_offer stakeout files control points-from points
+__plcalc_offer stakeout flags overwrite

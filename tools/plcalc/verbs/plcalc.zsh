@@ -25,7 +25,7 @@ _plcalc() {
         divide) offered=($choose $cut --output --format --plan --paper --area-decimals --title --title-block
             --report --points --overwrite --jobs --neighbours --shared-within) ;;
         measure) offered=($choose --csv) ;;
-        stakeout) offered=($choose $cut --station --orientation --control --point --points-from --base --csv) ;;
+        stakeout) offered=($choose $cut --station --orientation --control --point --points-from --base --points --overwrite --csv) ;;
     esac
     if [[ ${words[CURRENT]} == -* ]]; then
         compadd -- $offered

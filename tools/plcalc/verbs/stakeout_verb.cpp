@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "answers/chosen_side.h"
+#include "answers/division_points.h"
 #include "answers/heights.h"
 #include "answers/printed_division.h"
+#include "files/pending_output.h"
 #include "reading/parcel_file.h"
 #include "reading/point_list.h"
 #include "reports/parcel_reports.h"
@@ -18,12 +20,33 @@
 namespace tool {
 namespace {
 
+// Before the number of a vertex without a name.
+const std::string kVertex = "vertex ";
+
 NamedPoint vertex(const Parcel& parcel, std::size_t i)
 {
     const RingIndex at = in_ring(parcel, i).value();
     const plparcel::Ring& ring = at.ring == 0 ? parcel.ring : parcel.holes[at.ring - 1];
     const bool has_name = i < parcel.point_names.size() && !parcel.point_names[i].empty();
-    return {has_name ? parcel.point_names[i] : "vertex " + std::to_string(i + 1), ring[at.index]};
+    NamedPoint point = {has_name ? parcel.point_names[i] : kVertex + std::to_string(i + 1), ring[at.index]};
+    point.short_name = vertex_name(parcel, i);
+    point.code = "CORNER";
+    return point;
+}
+
+// The vertex with this number, as a text has it.
+std::optional<std::size_t> vertex_number(const std::string& text, const Parcel& parcel)
+{
+    const std::optional<long long> number = parse_whole(text);
+    const bool is_there =
+        number && *number >= 1 && static_cast<unsigned long long>(*number) <= vertex_count(parcel);
+    return is_there ? std::optional<std::size_t>(static_cast<std::size_t>(*number - 1)) : std::nullopt;
+}
+
+// "vertex 3".
+std::optional<std::size_t> called_vertex(const std::string& text, const Parcel& parcel)
+{
+    return text.rfind(kVertex, 0) == 0 ? vertex_number(text.substr(kVertex.size()), parcel) : std::nullopt;
 }
 
 bool has_heights(const Parcel& parcel, const std::vector<NamedPoint>& listed)
@@ -46,12 +69,17 @@ std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked, Reso
         throw refusal(answer);
     resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
     std::vector<NamedPoint> ends;
-    for (const PrintedLine& line : printed.lines) {
+    const DivisionPoints points = points_of(answer);
+    const auto add = [&](const std::string& name, const PL_PNT2D_record& at, std::size_t point) {
+        ends.push_back({name, at, {}, points.points[point].name, point < points.corners ? "CORNER" : "NEW"});
+    };
+    for (std::size_t i = 0; i < printed.lines.size(); ++i) {
+        const PrintedLine& line = printed.lines[i];
         const std::string name =
             (printed.proven.lines.size() > 1 ? "line " + std::to_string(line.line + 1) + " " : "") +
             (line.parts > 1 ? "part " + std::to_string(line.part + 1) + " " : "");
-        ends.push_back({name + "from", line.start});
-        ends.push_back({name + "to", line.end});
+        add(name + "from", line.start, points.lines[i].from);
+        add(name + "to", line.end, points.lines[i].to);
     }
     return ends;
 }
@@ -70,6 +98,8 @@ StakeoutVerb::StakeoutVerb(CLI::App& app) : CuttingVerb(app, "stakeout", stakeou
         ->type_name("PLACE")
         ->allow_extra_args(false)  // one PLACE each time, because FILE may follow
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    options().add_option("--points", list_)->type_name("POINTS");
+    options().add_flag("--overwrite", overwrite_);
     options().add_flag("--csv", csv_);
     options().add_flag("--json", json_);
 }
@@ -86,10 +116,43 @@ std::vector<NamedPoint> StakeoutVerb::called(const std::string& text, const Parc
         for (const NamedPoint& point : *list)
             if (point.name == text)
                 points.push_back(point);
-    const std::optional<long long> number = parse_whole(text);
-    if (number && *number >= 1 && static_cast<unsigned long long>(*number) <= vertex_count(parcel))
-        points.push_back(vertex(parcel, static_cast<std::size_t>(*number - 1)));
+    if (!points.empty())
+        return points;  // where points have numbers for names, a number is a name
+    if (const std::optional<std::size_t> number = vertex_number(text, parcel))
+        points.push_back(vertex(parcel, *number));
+    if (const std::optional<std::size_t> number = called_vertex(text, parcel))
+        points.push_back(vertex(parcel, *number));
     return points;
+}
+
+// What must be said where a number is the name of a point, and not the vertex with this number.
+std::vector<std::string> StakeoutVerb::names_that_are_numbers(const Parcel& parcel,
+                                                              const KnownPoints& known) const
+{
+    std::vector<std::string> texts = {station_, orientation_};
+    texts.insert(texts.end(), points_.begin(), points_.end());
+    std::vector<std::string> clauses;
+    for (const std::string& text : texts) {
+        const std::optional<std::size_t> number = vertex_number(text, parcel);
+        if (!number || same(called(text, parcel, known).front(), vertex(parcel, *number)))
+            continue;
+        const std::string clause =
+            text + " is the point of this name; the vertex is called 'vertex " + text + "'";
+        if (std::find(clauses.begin(), clauses.end(), clause) == clauses.end())
+            clauses.push_back(clause);
+    }
+    return clauses;
+}
+
+// Writes the list for a controller. Returns the names of the files.
+std::vector<std::string> StakeoutVerb::write_points(const StakeoutSheet& sheet, const ParcelFile& file) const
+{
+    if (!given("--points"))
+        return {};
+    PendingOutput output(list_, overwrite_, file.files());
+    write_text_file(output.path(), stakeout_points(sheet), list_);
+    output.commit();
+    return {list_};
 }
 
 // "E,N", or the number of a vertex, or the name of a point.
@@ -100,9 +163,7 @@ NamedPoint StakeoutVerb::place(const std::string& option, const std::string& tex
     const auto differs = [&](const NamedPoint& point) { return !same(point, points.front()); };
     if (std::any_of(points.begin(), points.end(), differs))
         throw Failure(ExitStatus::wrong_use, parcel.place,
-                      option + ": several points are called '" + text +
-                          "', or one of them and the number of a vertex",
-                      "write the place as E,N");
+                      option + ": several points are called '" + text + "'", "write the place as E,N");
     if (!points.empty())
         return points.front();
     const std::size_t comma = text.find(',');
@@ -192,6 +253,7 @@ Output StakeoutVerb::work() const
         wrong_use("give --station PLACE and --orientation PLACE");
     if (csv_ && json_)
         wrong_use("give one of --csv and --json");
+    require_list_name("--points", list_);
     const Source source = this->source();
     ParcelFile file(source);
     ReadParcel read = only_parcel(file, source);
@@ -207,6 +269,8 @@ Output StakeoutVerb::work() const
     StakeoutSheet sheet;
     sheet.parcel = parcel.place;
     sheet.assumed = parcel.assumed;
+    for (const std::string& clause : names_that_are_numbers(parcel, known))
+        sheet.assumed.push_back(clause);
     sheet.heights = has_heights(parcel, known.listed);
     sheet.angles = angle_unit().value_or(AngleUnit::gon);
     sheet.setup = setup(parcel, known);
@@ -219,7 +283,10 @@ Output StakeoutVerb::work() const
             point.height = heights.at(point.at);
     sheet.points = set_out(sheet.setup, sheet.base, wanted, parcel.ground_factor);
     sheet.angle_decimals = angle_decimals_for(sheet.points, sheet.resolution);
-    return {csv_ ? stakeout_csv(sheet) : json_ ? stakeout_json(sheet) : stakeout_table(sheet)};
+    const std::vector<std::string> written = write_points(sheet, file);
+    if (csv_ || json_)
+        return {csv_ ? stakeout_csv(sheet) : stakeout_json(sheet)};
+    return {stakeout_table(sheet) + (written.empty() ? "" : "\nWritten  " + written.front() + "\n")};
 }
 
 }  // namespace tool

@@ -29,6 +29,15 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("--name-column", name_column_)->type_name("COLUMN");
 }
 
+void Verb::require_list_name(const std::string& option, const std::string& file) const
+{
+    const std::string ending = ".csv";
+    const bool has_it =
+        file.size() > ending.size() && file.compare(file.size() - ending.size(), ending.size(), ending) == 0;
+    if (!file.empty() && !has_it)
+        wrong_use(option + ": '" + file + "' does not end in .csv");
+}
+
 void Verb::wrong_use(const std::string& what) const
 {
     throw Failure(ExitStatus::wrong_use, {}, what, "see plcalc " + app_->get_name() + " --help");

@@ -54,6 +54,9 @@ protected:
     /// An area or a length: finite and above 0.
     double amount(const std::string& option, const std::string& text) const;
 
+    /// Refuses the name of a list of points that does not end in .csv; an empty one is none.
+    void require_list_name(const std::string& option, const std::string& file) const;
+
     /// What `read` makes of the value of an option.
     ///
     /// @throws Failure  wrong_use where it throws NotUnderstood

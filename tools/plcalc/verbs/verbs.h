@@ -22,6 +22,7 @@ class DivisionWriter;
 class ManyReport;
 class NeighbourWork;
 class PendingOutput;
+struct StakeoutSheet;
 
 /// `plcalc divide`: one parcel, or every parcel of a layer.
 class DivideVerb : public CuttingVerb {
@@ -97,6 +98,8 @@ private:
     KnownPoints known_points(const Source& source, const ParcelFile& file, Parcel& parcel) const;
     std::vector<NamedPoint> called(const std::string& text, const Parcel& parcel,
                                    const KnownPoints& known) const;
+    std::vector<std::string> names_that_are_numbers(const Parcel& parcel, const KnownPoints& known) const;
+    std::vector<std::string> write_points(const StakeoutSheet& sheet, const ParcelFile& file) const;
     NamedPoint place(const std::string& option, const std::string& text, const Parcel& parcel,
                      const KnownPoints& known) const;
     [[noreturn]] void no_place(const std::string& option, const std::string& text) const;
@@ -110,6 +113,8 @@ private:
     std::string control_;
     std::string points_from_;
     std::string base_;
+    std::string list_;
+    bool overwrite_ = false;
     std::vector<std::string> points_;
     bool csv_ = false;
     bool json_ = false;
