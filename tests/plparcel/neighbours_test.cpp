@@ -36,7 +36,7 @@ Division halved(const Parcel& parcel, const plparcel::Line& line, std::optional<
     request.amounts = plparcel::equal_parts(parts);
     request.rounding.decimals = decimals;
     request.pieces = plparcel::Pieces::any;
-    const Division division = plparcel::divide(parcel, request);
+    Division division = plparcel::divide(parcel, request);
     EXPECT_EQ(division.status, plparcel::Status::divided) << describe(division);
     return division;
 }
