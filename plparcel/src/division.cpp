@@ -20,6 +20,7 @@
 #include "whole_lines/part_cut.h"
 #include "whole_lines/turning_cut.h"
 #include "whole_lines/whole_cut.h"
+#include "whole_lines/whole_parcel.h"
 
 namespace plparcel {
 namespace {
@@ -241,43 +242,7 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
         return request.pieces == Pieces::any ? pivot_of(parcel, line).refusal : Status::only_without_holes;
     if (request.alternative > 0 && request.pieces == Pieces::any)
         return Status::no_further_line;  // there is one whole line of a direction for each amount
-    if (is_free(line.cut))
-        return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
-    if (line.ring >= parcel.clean.size() || line.index >= parcel.clean[line.ring].place.size())
-        return Status::no_such_index;
-    const std::vector<std::size_t>& place = parcel.clean[line.ring].place;
-    return place[line.index] == around(place, line.index + 1)
-               ? std::optional<Status>(Status::side_without_length)
-               : std::nullopt;
-}
-
-WholeParcel whole_parcel(const CheckedParcel& checked_parcel, const Line& line)
-{
-    WholeParcel whole;
-    whole.rings = checked_parcel.rings;
-    whole.clockwise = !checked_parcel.report.anticlockwise;
-    whole.area = checked_parcel.area;
-    if (is_free(line.cut) || has_start(line.cut))
-        return whole;
-    const CleanRing& of_side = checked_parcel.clean[line.ring];
-    whole.a = of_side.ring[of_side.place[line.index]];
-    whole.b = of_side.ring[around(of_side.place, line.index + 1)];
-    whole.inside_on_left = (of_side.ring.turn() > 0.0) == (line.ring == 0);
-    return whole;
-}
-
-// The side that gives the direction, as one of the rings' own; 0 for none.
-std::size_t side_between(const WholeParcel& whole)
-{
-    const JoinedRings rings(whole.rings);
-    for (std::size_t side = 0; side < rings.size(); ++side) {
-        const PL_PNT2D_record& a = rings[side];
-        const PL_PNT2D_record& b = rings.end_of(side);
-        if ((same_place(a, whole.a) && same_place(b, whole.b)) ||
-            (same_place(a, whole.b) && same_place(b, whole.a)))
-            return side;
-    }
-    return 0;
+    return refusal_of_direction(parcel, line);
 }
 
 bool has_width(const std::vector<Amount>& amounts)
@@ -335,9 +300,8 @@ Division divide(const Parcel& parcel, const Request& request)
         if (turns)
             return cut_through(whole, pivot_of(checked_parcel, request.line), request, shares, of_parcel,
                                division);
-        return request.pieces == Pieces::two
-                   ? cut_parts(whole, side_between(whole), request, shares, of_parcel, division)
-                   : cut_whole(whole, request, shares, of_parcel, division);
+        return request.pieces == Pieces::two ? cut_parts(whole, request, shares, of_parcel, division)
+                                             : cut_whole(whole, request, shares, of_parcel, division);
     });
     if (request.pieces == Pieces::any && !turns && division.status == Status::not_reached &&
         parcel.holes.empty())

@@ -106,15 +106,6 @@ Reference reference_of(const Line& line, const MeasuredRing& begun)
 
 }  // namespace
 
-bool has_direction(const Line& line)
-{
-    if (line.cut == Cut::at_bearing)
-        return std::isfinite(line.bearing);
-    const double dx = std::fabs(line.b.x - line.a.x);
-    const double dy = std::fabs(line.b.y - line.a.y);
-    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
-}
-
 LineStart start_of(const CleanRing& clean, const Request& request)
 {
     const Line& line = request.line;

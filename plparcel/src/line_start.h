@@ -25,9 +25,6 @@ struct LineStart {
 /// @param[in] request  its line and which piece is measured
 LineStart start_of(const CleanRing& clean, const Request& request);
 
-/// Whether a bearing or a segment is a direction.
-bool has_direction(const Line& line);
-
 /// The first cut of a request.
 struct FirstStage {
     Stage stage;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -201,7 +202,51 @@ TEST(Feasible, RefusesWhatDivideRefuses)
     EXPECT_EQ(said(feasible({kSquare, {}}, parallel_to(0), kFar, static_cast<Pieces>(7))),
               describe(Status::unknown_request));
     const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
-    EXPECT_EQ(said(feasible(holed, parallel_to(0))), describe(Status::only_without_holes));
+    EXPECT_EQ(said(feasible(holed, parallel_to(0, 2))), describe(Status::no_such_index));
+    EXPECT_EQ(said(feasible(holed, perpendicular_to(4, 1))), describe(Status::no_such_index));
+    EXPECT_EQ(said(feasible(holed, plparcel::at_bearing(nan))), describe(Status::no_direction));
+    EXPECT_EQ(said(feasible(holed, unknown)), describe(Status::unknown_request));
+    const Parcel repeated = {kSquare, {{{20, 20}, {20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    EXPECT_EQ(said(feasible(repeated, parallel_to(0, 1))), describe(Status::side_without_length));
+}
+
+//   3 ------------- 2      .-------------.      .-------------.
+//   |    .---.      |      |      ^      |      |  .  ...  .  |  a U of a hole,
+//   |    |   |      |      |     / \     |      |  | |   | |  |  its bay 40 wide
+//   |    '---'      |      |     \ /     |      |  | '---' |  |  and 30 deep
+//   |               |      |      v      |      |  '-------'  |
+//   0 ------------- 1      '-------------'      '-------------'
+TEST(Feasible, BesideHoles)
+{
+    const Ring block = {{20, 20}, {20, 80}, {80, 80}, {80, 20}};
+    const Ring diamond = {{50, 20}, {20, 50}, {50, 80}, {80, 50}};
+    const Ring u = {{20, 20}, {80, 20}, {80, 60}, {70, 60}, {70, 30}, {30, 30}, {30, 60}, {20, 60}};
+    const auto holed = [](const std::vector<Ring>& holes, const Line& line,
+                          Measured measured = Measured::from_reference) {
+        return said(feasible({kSquare, holes}, line, measured));
+    };
+    // The line may run across the hole, in two segments.
+    EXPECT_EQ(holed({block}, parallel_to(0)), "(0 6400)");
+    EXPECT_EQ(holed({block}, perpendicular_to(0), kFar), "(0 6400)");
+    EXPECT_EQ(holed({block}, parallel_to(0, 1)), "[2000 6400)")
+        << "along its western side, and from there on";
+    EXPECT_EQ(holed({block}, plparcel::along_segment({0, 0}, {7, 0})), "(0 6400)");
+    // Where it only touches one of the corners of the diamond it makes other pieces: 2000 below the lowest, 6200 in the
+    // lower ones of the two.
+    EXPECT_EQ(holed({diamond}, parallel_to(0)), "(0 2000) (2000 6200) (6200 8200)");
+    EXPECT_EQ(holed({diamond}, plparcel::at_bearing(100), kFar), "(0 2000) (2000 6200) (6200 8200)");
+    // All of 10000 less 60 * 40 and the bay's 40 * 30. Below the bay's floor 3000 less 60 * 10; in the bay it is only the bay
+    // that is cut off, 1200 at most; above it 4000.
+    EXPECT_EQ(holed({u}, parallel_to(0)), "(0 2400] (4800 8800)");
+    EXPECT_EQ(holed({u}, parallel_to(0), kFar), "(0 4000) [6400 8800)");
+    // The line over the bay has the bay below it, and what is asked is the piece with the side.
+    EXPECT_EQ(holed({u}, parallel_to(2)), "(0 4000) [6400 8800)");
+    // A line across the bay and through both of its walls: first the outer parts and then the inner one.
+    EXPECT_EQ(holed({u}, perpendicular_to(0)), "(0 8800)");
+    // Two holes beside each other, both are crossed.
+    EXPECT_EQ(holed({{{10, 40}, {10, 60}, {30, 60}, {30, 40}}, {{70, 45}, {70, 65}, {90, 65}, {90, 45}}},
+                    parallel_to(0)),
+              "(0 9200)");
 }
 
 TEST(Feasible, RefusesWhatDivideRefusesOfWholeLines)
@@ -315,7 +360,9 @@ TEST(Feasible, Alternatives)
     EXPECT_EQ(said(alternatives_for({kU, {}}, plparcel::area(std::nan("")))),
               describe(Status::unusable_amount));
     const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
-    EXPECT_EQ(said(alternatives_for(holed, plparcel::area(1))), describe(Status::only_without_holes));
+    EXPECT_EQ(said(alternatives_for(holed, plparcel::area(1))),
+              "|0 +0 |1 +1 |2 +2 |3 +3 |0' +0 |1' +1 |2' +2 |3' +3")
+        << "beside a side of the hole lie 2000 at least";
     // Vertex 1 stands twice.
     const Ring repeated = {{0, 0}, {100, 0}, {100, 0}, {100, 100}, {0, 100}};
     EXPECT_EQ(alternatives_for({repeated, {}}, plparcel::area(2200)).of, 12U);
@@ -407,19 +454,169 @@ bool is_outside(const Feasible& feasible, double amount, double margin)
     return true;
 }
 
-Status status_of(const Ring& ring, const Line& line, Measured measured, double amount)
+Status status_of(const Parcel& parcel, const Line& line, Measured measured, double amount)
 {
     Request request;
     request.line = line;
     request.measured = measured;
     request.amounts = {plparcel::area(amount)};
-    return divide(ring, request).status;
+    return divide(parcel, request).status;
+}
+
+// A ring, sized and moved into a box around another one; on whole numbers with `rounds`.
+Ring hole_for(std::mt19937_64& random, const Ring& outer, bool rounds)
+{
+    std::uniform_real_distribution<double> any(0.0, 1.0);
+    const auto& kinds = test::parcel_kinds();
+    Ring hole = kinds[random() % kinds.size()].make(random);
+    const plparcel::Extent of = plparcel::extent_of(hole);
+    const plparcel::Extent extent = plparcel::extent_of(outer);
+    const double size = (0.05 + 0.5 * any(random)) * extent.largest() / of.largest();
+    const double x = extent.low.x + any(random) * (extent.high.x - extent.low.x);
+    const double y = extent.low.y + any(random) * (extent.high.y - extent.low.y);
+    for (PL_PNT2D_record& p : hole) {
+        p = {x + size * (p.x - of.low.x), y + size * (p.y - of.low.y)};
+        if (rounds)
+            p = {std::round(p.x), std::round(p.y)};
+    }
+    return hole;
+}
+
+// With up to four holes; some without.
+Parcel any_holed(std::mt19937_64& random)
+{
+    const auto& kinds = test::parcel_kinds();
+    const bool rounds = random() % 3 == 0;
+    Parcel parcel = {random() % 4 == 0 ? test::stepped_ring(random, 4, 100.0)
+                                       : kinds[random() % kinds.size()].make(random),
+                     {}};
+    if (rounds)
+        for (PL_PNT2D_record& p : parcel.outer)
+            p = {std::round(p.x), std::round(p.y)};
+    for (int tried = 0; tried < 12 && parcel.holes.size() < 4; ++tried) {
+        parcel.holes.push_back(hole_for(random, parcel.outer, rounds));
+        if (check_parcel(parcel).status != plparcel::BoundaryStatus::usable)
+            parcel.holes.pop_back();
+    }
+    return parcel;
+}
+
+// One that has a direction.
+Line any_direction(std::mt19937_64& random, const Parcel& parcel)
+{
+    const std::size_t ring = random() % (parcel.holes.size() + 1);
+    Line line;
+    do
+        line = any_line(random, ring == 0 ? parcel.outer : parcel.holes[ring - 1]);
+    while (line.cut != Cut::parallel && line.cut != Cut::perpendicular && line.cut != Cut::at_bearing &&
+           line.cut != Cut::along_segment);
+    line.ring = ring;
+    return line;
+}
+
+std::string coordinates(const Parcel& parcel)
+{
+    std::string text = coordinates(parcel.outer);
+    for (const Ring& hole : parcel.holes)
+        text += " hole" + coordinates(hole);
+    return text;
+}
+
+// Amounts anywhere, and near the ends, where a mistake would be.
+std::vector<double> amounts_for(std::mt19937_64& random, const Feasible& feasible, double margin)
+{
+    std::uniform_real_distribution<double> any(0.0, 1.0);
+    std::vector<double> amounts;
+    for (int i = 0; i < 4; ++i)
+        amounts.push_back(any(random) * feasible.parcel);
+    for (const AmountRange& range : feasible.ranges)
+        for (const double off : {-1.5 * margin, 1.5 * margin})
+            for (const double end : {range.least, range.most})
+                amounts.push_back(end + off);
+    return amounts;
+}
+
+bool is_amount(const Feasible& feasible, double amount)
+{
+    return amount > 3e-9 * feasible.parcel && amount < (1.0 - 3e-9) * feasible.parcel;
+}
+
+// Whether one range ends and the next begins there. A line that touches a corner of a hole holds it; one that runs across
+// the corner, but for a hair, holds it but for a hair as well.
+bool parts_two(const Feasible& feasible, double amount)
+{
+    const auto ends_there = [&](const AmountRange& range) { return range.most == amount; };
+    const auto begins_there = [&](const AmountRange& range) { return range.least == amount; };
+    const std::vector<AmountRange>& all = feasible.ranges;
+    return std::any_of(all.begin(), all.end(), ends_there) &&
+           std::any_of(all.begin(), all.end(), begins_there);
+}
+
+TEST(Feasible, BesideHolesWhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
+{
+    std::mt19937_64 random = test::random_source();
+    int inside = 0;
+    int outside = 0;
+    int ends = 0;
+    int too_coarse = 0;
+    const int most = requests() / 2;
+    for (int tried = 0; tried < most;) {
+        const Parcel parcel = any_holed(random);
+        if (check_parcel(parcel).status != plparcel::BoundaryStatus::usable || parcel.holes.empty())
+            continue;
+        const Line line = any_direction(random, parcel);
+        const auto measured = static_cast<Measured>(random() % 2);
+        const Feasible feasible = plparcel::feasible(parcel, line, measured);
+        if (feasible.refusal) {
+            EXPECT_EQ(*feasible.refusal, status_of(parcel, line, measured, 0.5));
+            ++tried;
+            continue;
+        }
+        const auto told = [&](double amount, Status status) {
+            std::ostringstream text;
+            text.precision(17);
+            text << " cut " << static_cast<int>(line.cut) << " ring " << line.ring << " index " << line.index
+                 << " bearing " << line.bearing << " a " << line.a.x << " " << line.a.y << " b " << line.b.x
+                 << " " << line.b.y << " measured " << static_cast<int>(measured) << " amount " << amount
+                 << ": " << describe(status) << "; " << said(feasible) << coordinates(parcel);
+            return text.str();
+        };
+        const double margin = 2e-9 * feasible.parcel + 16.0 * plparcel::coordinate_spacing(parcel.outer) *
+                                                           plparcel::extent_of(parcel.outer).largest();
+        for (const double amount : amounts_for(random, feasible, margin)) {
+            const bool is_in = is_inside(feasible, amount, margin);
+            if (!is_amount(feasible, amount) || (!is_in && !is_outside(feasible, amount, margin)))
+                continue;
+            ++tried;
+            const Status status = status_of(parcel, line, measured, amount);
+            too_coarse += status == Status::not_reached ? 1 : 0;
+            if (status == Status::not_reached)
+                continue;
+            (is_in ? inside : outside) += 1;
+            EXPECT_EQ(status == Status::divided, is_in) << told(amount, status);
+        }
+        for (const AmountRange& range : feasible.ranges) {
+            for (const bool least : {true, false}) {
+                const double amount = least ? range.least : range.most;
+                if (!is_amount(feasible, amount) || parts_two(feasible, amount))
+                    continue;
+                ++tried;
+                ++ends;
+                const Status status = status_of(parcel, line, measured, amount);
+                if (status != Status::not_reached) {
+                    EXPECT_EQ(status == Status::divided, least ? range.least_is_had : range.most_is_had)
+                        << "end" << told(amount, status);
+                }
+            }
+        }
+    }
+    std::printf("%d inside, %d outside, %d ends, %d too coarse\n", inside, outside, ends, too_coarse);
+    EXPECT_LT(too_coarse, most / 50);
 }
 
 TEST(Feasible, WhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
 {
     std::mt19937_64 random = test::random_source();
-    std::uniform_real_distribution<double> any(0.0, 1.0);
     int inside = 0;
     int outside = 0;
     int ends = 0;
@@ -432,27 +629,20 @@ TEST(Feasible, WhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
         const auto measured = static_cast<Measured>(random() % 2);
         const Feasible feasible = plparcel::feasible({ring, {}}, line, measured);
         if (feasible.refusal) {
-            EXPECT_EQ(*feasible.refusal, status_of(ring, line, measured, 0.5));
+            EXPECT_EQ(*feasible.refusal, status_of({ring, {}}, line, measured, 0.5));
             ++tried;
             continue;
         }
         const double margin = 2e-9 * feasible.parcel +
                               8.0 * plparcel::coordinate_spacing(ring) * plparcel::extent_of(ring).largest();
-        std::vector<double> amounts;
-        for (int i = 0; i < 4; ++i)
-            amounts.push_back(any(random) * feasible.parcel);
-        for (const AmountRange& range : feasible.ranges)  // near the ends, where a mistake would be
-            for (const double off : {-1.5 * margin, 1.5 * margin})
-                for (const double end : {range.least, range.most})
-                    amounts.push_back(end + off);
-        for (const double amount : amounts) {
-            if (!(amount > 3e-9 * feasible.parcel) || !(amount < (1.0 - 3e-9) * feasible.parcel))
+        for (const double amount : amounts_for(random, feasible, margin)) {
+            if (!is_amount(feasible, amount))
                 continue;
             const bool is_in = is_inside(feasible, amount, margin);
             if (!is_in && !is_outside(feasible, amount, margin))
                 continue;
             ++tried;
-            const Status status = status_of(ring, line, measured, amount);
+            const Status status = status_of({ring, {}}, line, measured, amount);
             too_coarse += status == Status::not_reached ? 1 : 0;
             if (status == Status::not_reached)
                 continue;
@@ -467,11 +657,11 @@ TEST(Feasible, WhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
         for (const AmountRange& range : feasible.ranges) {
             for (const bool least : {true, false}) {
                 const double amount = least ? range.least : range.most;
-                if (!(amount > 3e-9 * feasible.parcel) || !(amount < (1.0 - 3e-9) * feasible.parcel))
+                if (!is_amount(feasible, amount))
                     continue;
                 ++tried;
                 ++ends;
-                const Status status = status_of(ring, line, measured, amount);
+                const Status status = status_of({ring, {}}, line, measured, amount);
                 if (status == Status::not_reached)
                     continue;
                 const bool is_had = least ? range.least_is_had : range.most_is_had;

@@ -616,6 +616,26 @@ TEST(WholeLines, APartOfALineBesideTheAmount)
     }
 }
 
+//   .-------------.      The line at the floor of the bay in the hole, 2400 below it. A hair above it the line meets the hole
+//   |  .-.   .-.  |      twice; an amount that misses 2400 by less than the tolerance belongs to the line at the floor.
+//   |  | '---' |  |
+//   |  '-------'  |
+//   '-------------'
+TEST(WholeLines, ALineAtTheFloorOfABayBesideTheAmount)
+{
+    const Ring square = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+    const Ring u = {{20, 20}, {80, 20}, {80, 60}, {70, 60}, {70, 30}, {30, 30}, {30, 60}, {20, 60}};
+    for (const double off : {-8e-6, 0.0, 8e-6}) {
+        const Division division = cut({square, {u}}, parallel_to(0), {area(2400 + off)}, kHere, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << off;
+        ASSERT_EQ(division.lines[0].segments.size(), 2U);
+        EXPECT_NEAR(division.lines[0].from.y, 30, 1e-6) << off;
+        EXPECT_NEAR(division.pieces[0].area, 2400 + off, 8.8e-6) << off;
+    }
+    EXPECT_EQ(cut({square, {u}}, parallel_to(0), {area(2400 + 1e-5)}, kHere, Pieces::two).status,
+              Status::line_leaves_parcel);
+}
+
 // Above its floor the left arm holds a little less than is asked, the right one as much. The line at the floor stands for the
 // amount only where no line holds it.
 TEST(WholeLines, ALineBesideTheAmountIsNoFurtherLine)

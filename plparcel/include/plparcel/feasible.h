@@ -28,7 +28,8 @@ struct AmountRange {
     double least = 0.0;  ///< unit squared
     double most = 0.0;   ///< unit squared
     /// Whether the least amount is had itself. It is where the line that holds it ends at a vertex; it is not where that line
-    /// touches a vertex on its way, and nothing and all of the parcel are not. Where a point inside lies in line with two
+    /// touches a vertex on its way, and nothing and all of the parcel are not. A line that touches a corner of a hole has
+    /// ranges on both sides of its amount. Where a point inside lies in line with two
     /// vertices, an end that belongs to the line through both may be told either way; and where the area is all but
     /// greatest or least there, a line beside it may hold the amount within the tolerance.
     bool least_is_had = false;
@@ -48,7 +49,8 @@ struct Feasible {
 /// @param[in] line      how the line runs
 /// @param[in] measured  which piece holds the amount
 /// @param[in] pieces    for `any` everything between nothing and the parcel can be had, by lines that have a direction;
-///                      through a vertex, a place or a point there is one range
+///                      through a vertex, a place or a point there is one range. For `two` with holes the line must have a
+///                      direction
 /// @return the ranges. A line through a point inside may run either way, so that both pieces have the same
 ///
 /// Tolerance   divide() accepts a line to a vertex that misses its amount by 1e-9 of the parcel, and by a hundredth of the
@@ -57,7 +59,9 @@ struct Feasible {
 ///             than 1e-9 of the parcel apart are one when one of the two ends is had; shorter ones of which no end is had
 ///             are left out.
 /// Refused     An amount inside a range may still be refused as not_reached, where doubles lie too far apart for it.
-/// Exactness   The ends are computed with 106 bits and rounded once. Costs n log n; for whole lines through a point
+/// Exactness   The ends are computed with 106 bits and rounded once. Costs n log n, and n log^2 n beside holes, where
+///             each row of vertices that are level but for four spacings takes as many steps as the line there meets
+///             sides; for whole lines through a point
 ///             that is so only while the sides that a line crosses are few: otherwise n times these at worst.
 PLPARCEL_API Feasible feasible(const Parcel& parcel, const Line& line,
                                Measured measured = Measured::from_reference, Pieces pieces = Pieces::two);
@@ -90,7 +94,8 @@ struct Alternatives {
     std::size_t of = 0;              ///< how many there are; when more than looked_at, the list is not whole
 };
 
-/// The sides, perpendiculars and vertices of a parcel that can hold an amount in two pieces.
+/// The sides, perpendiculars and vertices of a parcel that can hold an amount in two pieces. Of a parcel with holes the
+/// sides of all rings are looked at, and no vertices.
 ///
 /// @param[in] parcel    as for divide()
 /// @param[in] amount    an area, product or share
@@ -101,7 +106,7 @@ struct Alternatives {
 ///         more than the tolerance of divide(), and eight spacings of doubles times the parcel's extent
 ///
 /// Degenerate  A width places a line, whatever the amount: unknown_request.
-/// Exactness   Costs n log n for each line that is looked at, on a parcel of n vertices 3 n^2 log n for all. So no more
+/// Exactness   Costs n log n for each line that is looked at (n log^2 n beside holes), on a parcel of n vertices 3 n^2 log n for all. So no more
 ///             lines are looked at than 4,000,000 / n, but four at least: on 1,000 vertices all, on 100,000 forty.
 PLPARCEL_API Alternatives alternatives_for(const Parcel& parcel, const Amount& amount,
                                            Measured measured = Measured::from_reference,

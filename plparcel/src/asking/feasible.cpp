@@ -1,18 +1,20 @@
 #include "plparcel/feasible.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "amounts.h"
 #include "boundary/locate.h"
 #include "boundary/ring_check.h"
 #include "line_start.h"
+#include "lines/area_ranges.h"
 #include "lines/direction.h"
 #include "numbers/wide.h"
 #include "one_cut.h"
 #include "verdict/target.h"
+#include "whole_lines/part_cut.h"
 #include "whole_lines/turning_cut.h"
+#include "whole_lines/whole_parcel.h"
 
 namespace plparcel {
 namespace {
@@ -35,25 +37,16 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Line& 
 {
     if (has_start(line.cut))
         return pivot_of(parcel, line).refusal;
-    if (is_free(line.cut))
-        return has_direction(line) ? std::nullopt : std::optional<Status>(Status::no_direction);
-    if (line.cut != Cut::parallel && line.cut != Cut::perpendicular)
+    if (!is_free(line.cut) && line.cut != Cut::parallel && line.cut != Cut::perpendicular)
         return Status::unknown_request;
-    if (line.ring >= parcel.clean.size() || line.index >= parcel.clean[line.ring].place.size())
-        return Status::no_such_index;
-    const std::vector<std::size_t>& place = parcel.clean[line.ring].place;
-    if (place[line.index] == around(place, line.index + 1))
-        return Status::side_without_length;
-    return std::nullopt;
+    return refusal_of_direction(parcel, line);
 }
 
 // The area changes without a jump as a line turns about a point. Nothing and all of the parcel are not had.
 AmountRange of_turning_line(const CheckedParcel& parcel, const Line& line, Measured measured)
 {
     constexpr double kNothing = 1e-24;
-    WholeParcel whole;
-    whole.rings = parcel.rings;
-    whole.area = parcel.area;
+    const WholeParcel whole = whole_parcel(parcel, line);
     const LeastAndMost found = areas_through(whole, pivot_of(parcel, line), measured);
     const Wide nothing = whole.area * kNothing;
     const bool has_least = found.least > nothing;
@@ -74,11 +67,36 @@ Feasible of_whole_lines(const CheckedParcel& parcel, const Line& line, Measured 
     return all;
 }
 
-Feasible of_two_pieces(const CleanRing& clean, const Line& line, Measured measured)
+std::vector<AmountRange> rounded(const std::vector<AreaRange>& areas)
+{
+    std::vector<AmountRange> ranges;
+    for (const AreaRange& area : areas)
+        ranges.push_back({area.least.value(), area.most.value(), area.least_is_had, area.most_is_had});
+    return ranges;
+}
+
+Request request_for(const Line& line, Measured measured)
 {
     Request request;
     request.line = line;
     request.measured = measured;
+    return request;
+}
+
+Feasible of_two_pieces_beside_holes(const CheckedParcel& parcel, const Line& line, Measured measured)
+{
+    Feasible found;
+    found.parcel = parcel.report.area;
+    found.refusal = has_start(line.cut) ? Status::only_without_holes : refusal_of_whole(parcel, line);
+    if (!found.refusal)
+        found.ranges = rounded(areas_of_parts(whole_parcel(parcel, line), request_for(line, measured),
+                                              parcel.area * kAsExactAsDoubles));
+    return found;
+}
+
+Feasible of_two_pieces(const CleanRing& clean, const Line& line, Measured measured)
+{
+    const Request request = request_for(line, measured);
     Feasible found;
     found.parcel = clean.ring.area().value();
     if (!is_free(line.cut) && !has_start(line.cut) && line.cut != Cut::parallel &&
@@ -89,36 +107,48 @@ Feasible of_two_pieces(const CleanRing& clean, const Line& line, Measured measur
         return refused(*start.refusal, found.parcel);
     const FirstStage first = first_stage(clean, request, start);
     const Wide granted = clean.ring.area() * kAsExactAsDoubles;
-    for (const AreaRange& range : areas_of_cuts(first.stage, first.reference, granted))
-        found.ranges.push_back(
-            {range.least.value(), range.most.value(), range.least_is_had, range.most_is_had});
+    found.ranges = rounded(areas_of_cuts(first.stage, first.reference, granted));
     return found;
 }
 
-// The sides by their length, the longest first.
-std::vector<std::size_t> longest_first(const CleanRing& clean)
+Feasible of_two_pieces(const CheckedParcel& parcel, const Line& line, Measured measured)
 {
-    std::vector<std::size_t> sides;
-    std::vector<double> lengths;
-    for (std::size_t i = 0; i < clean.place.size(); ++i) {
-        const std::size_t side = clean.place[i];
-        const bool has_length = side != around(clean.place, i + 1);
-        lengths.push_back(has_length ? side_length(clean.ring, side) : 0.0);
-        if (has_length)
-            sides.push_back(i);
-    }
-    std::stable_sort(sides.begin(), sides.end(),
-                     [&](std::size_t a, std::size_t b) { return lengths[a] > lengths[b]; });
-    return sides;
+    return parcel.clean.size() == 1 ? of_two_pieces(parcel.clean.front(), line, measured)
+                                    : of_two_pieces_beside_holes(parcel, line, measured);
 }
 
-std::vector<Line> lines_of(const CleanRing& clean)
+// The sides of all rings by their length, the longest first.
+std::vector<BoundaryPlace> longest_first(const CheckedParcel& parcel)
+{
+    struct Side {
+        BoundaryPlace place;
+        double length;
+    };
+    std::vector<Side> sides;
+    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
+        const CleanRing& of = parcel.clean[ring];
+        for (std::size_t i = 0; i < of.place.size(); ++i)
+            if (of.place[i] != around(of.place, i + 1))
+                sides.push_back({{ring, i}, side_length(of.ring, of.place[i])});
+    }
+    std::stable_sort(sides.begin(), sides.end(),
+                     [](const Side& a, const Side& b) { return a.length > b.length; });
+    std::vector<BoundaryPlace> places;
+    for (const Side& side : sides)
+        places.push_back(side.place);
+    return places;
+}
+
+std::vector<Line> lines_of(const CheckedParcel& parcel)
 {
     std::vector<Line> lines;
-    for (const std::size_t side : longest_first(clean)) {
-        lines.push_back(parallel_to(side));
-        lines.push_back(perpendicular_to(side));
+    for (const BoundaryPlace& side : longest_first(parcel)) {
+        lines.push_back(parallel_to(side.index, side.ring));
+        lines.push_back(perpendicular_to(side.index, side.ring));
     }
+    if (parcel.clean.size() > 1)
+        return lines;
+    const CleanRing& clean = parcel.clean.front();
     std::vector<bool> is_listed(clean.ring.size(), false);
     for (std::size_t i = 0; i < clean.place.size(); ++i) {
         if (!is_listed[clean.place[i]])
@@ -150,9 +180,7 @@ Feasible feasible(const Parcel& parcel, const Line& line, Measured measured, Pie
         return refused(Status::unknown_request, whole);
     if (pieces == Pieces::any)
         return of_whole_lines(checked_parcel, line, measured);
-    if (!parcel.holes.empty())
-        return refused(Status::only_without_holes, whole);
-    return of_two_pieces(checked_parcel.clean.front(), line, measured);
+    return of_two_pieces(checked_parcel, line, measured);
 }
 
 NearestAmounts nearest_amounts(const std::vector<AmountRange>& ranges, double amount) noexcept
@@ -186,8 +214,6 @@ Alternatives alternatives_for(const Parcel& parcel, const Amount& amount, Measur
         found.refusal = Status::unusable_boundary;
     else if (!is_known(measured) || amount.given == Given::as_width)
         found.refusal = Status::unknown_request;
-    else if (!parcel.holes.empty())
-        found.refusal = Status::only_without_holes;
     if (found.refusal)
         return found;
     const Shares shares = share_out({amount}, checked_parcel.area);
@@ -198,13 +224,16 @@ Alternatives alternatives_for(const Parcel& parcel, const Amount& amount, Measur
     const double asked = shares.pieces.front().value();
     const double margin = kAsExactAsDoubles * checked_parcel.report.area +
                           kMarginSpacings * clean.ring.spacing() * clean.ring.extent().largest();
-    const std::vector<Line> lines = lines_of(clean);
+    const std::vector<Line> lines = lines_of(checked_parcel);
+    std::size_t vertices = 0;
+    for (const Ring& ring : checked_parcel.rings)
+        vertices += ring.size();
     found.of = lines.size();
-    found.looked_at = std::min({most, lines.size(), std::max(kMostWork / clean.ring.size(), kLeastLines)});
+    found.looked_at = std::min({most, lines.size(), std::max(kMostWork / vertices, kLeastLines)});
     const Measured other = measured == Measured::opposite ? Measured::from_reference : Measured::opposite;
     const double whole = checked_parcel.report.area;
     for (std::size_t i = 0; i < found.looked_at; ++i) {
-        const std::vector<AmountRange> ranges = of_two_pieces(clean, lines[i], measured).ranges;
+        const std::vector<AmountRange> ranges = of_two_pieces(checked_parcel, lines[i], measured).ranges;
         if (const AmountRange* range = range_around(ranges, asked, margin)) {
             found.lines.push_back({lines[i], measured, *range});
         } else if (const AmountRange* left = range_around(ranges, whole - asked, margin)) {

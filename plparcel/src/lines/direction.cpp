@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "boundary/local_ring.h"
+
 namespace plparcel {
 namespace {
 
@@ -28,6 +30,15 @@ WidePoint sine_and_cosine(const Wide& angle_rad)
 }
 
 }  // namespace
+
+bool has_direction(const Line& line)
+{
+    if (line.cut == Cut::at_bearing)
+        return std::isfinite(line.bearing);
+    const double dx = std::fabs(line.b.x - line.a.x);
+    const double dy = std::fabs(line.b.y - line.a.y);
+    return std::isfinite(dx) && std::isfinite(dy) && is_workable(std::fmax(dx, dy));
+}
 
 WidePoint direction_of(double bearing_gon)
 {

@@ -19,6 +19,9 @@ inline bool has_start(Cut cut)
     return cut == Cut::through_vertex || cut == Cut::through_place || cut == Cut::through_point;
 }
 
+/// Whether a bearing or a segment is a direction.
+bool has_direction(const Line& line);
+
 /// Sine and cosine of a bearing, so East and North of a vector of length 1: to about 100 bits, and the same on every
 /// machine. Exact at the four cardinal directions.
 ///

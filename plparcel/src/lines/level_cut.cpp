@@ -1,8 +1,9 @@
 #include "lines/level_cut.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
+
+#include "lines/vertex_rows.h"
 
 namespace plparcel {
 namespace {
@@ -181,60 +182,10 @@ Wide LevelCut::request_area(const Chord& chord, const Wide& level) const
     return (chord.request_after_from ? above : twice_area_.back() * (0.5 * request_.turn) - above) / up2_;
 }
 
-// The vertices in rows: those of a row are no further apart, from one level to the next, than a reach.
-class LevelCut::Rows {
-public:
-    Rows(const std::vector<WidePoint>& frame, const Wide& reach)
-        : frame_(frame), reach_(reach), vertices_(frame.size())
-    {
-        std::iota(vertices_.begin(), vertices_.end(), std::size_t{0});
-        const auto level = [&frame](std::size_t vertex) -> const Wide& { return frame[vertex].y; };
-        std::sort(vertices_.begin(), vertices_.end(),
-                  [&](std::size_t a, std::size_t b) { return level(a) < level(b); });
-        for (std::size_t i = 0; i < vertices_.size(); ++i) {
-            if (i == 0 || level(vertices_[i]) - level(vertices_[i - 1]) > reach)
-                first_.push_back(i);
-            levels_.push_back(level(vertices_[i]));
-        }
-        first_.push_back(vertices_.size());
-        for (std::size_t row = 0; row + 1 < first_.size(); ++row)
-            std::sort(at(first_[row]), at(first_[row + 1]),
-                      [&frame](std::size_t a, std::size_t b) { return frame[a].x < frame[b].x; });
-    }
-
-    Rows(const Rows&) = delete;
-    Rows& operator=(const Rows&) = delete;
-
-    // Whether a vertex of the row at the level lies between two places along it, and not next to them.
-    bool has_between(const Wide& level, const Wide& left, const Wide& right)
-    {
-        const auto place = std::lower_bound(levels_.begin(), levels_.end(), level) - levels_.begin();
-        const auto row = std::upper_bound(first_.begin(), first_.end(), static_cast<std::size_t>(place)) - 1;
-        const auto end = at(row[1]);
-        const auto next =
-            std::upper_bound(at(row[0]), end, left + reach_, [this](const Wide& along, std::size_t vertex) {
-                return along < frame_[vertex].x;
-            });
-        return next != end && frame_[*next].x < right - reach_;
-    }
-
-private:
-    std::vector<std::size_t>::iterator at(std::size_t i)
-    {
-        return vertices_.begin() + static_cast<std::ptrdiff_t>(i);
-    }
-
-    const std::vector<WidePoint>& frame_;
-    Wide reach_;
-    std::vector<std::size_t> vertices_;  // row by row, from left to right
-    std::vector<std::size_t> first_;     // of each row its place there; one more at the end
-    std::vector<Wide> levels_;           // all, upwards
-};
-
 std::vector<AreaRange> LevelCut::areas(const Wide& reach) const
 {
     const Wide in_frame = reach * scale();
-    Rows rows(frame_, in_frame);
+    const VertexRows rows(frame_, in_frame);
     std::vector<AreaRange> ranges;
     for (const Trapezium& trapezium : trapeziums(frame_)) {
         const Chord chord = between_sides(trapezium).chord;

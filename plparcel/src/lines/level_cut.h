@@ -83,7 +83,6 @@ private:
     Wide area_above(const Chord& chord, const Wide& level) const;
     bool solve(const Trapezium& trapezium, Candidate& found) const;
     WidePoint on_side(std::size_t side, const Wide& level) const;
-    class Rows;
 
     const WidePoint& frame_at(std::size_t i) const { return around(frame_, i); }
 

@@ -179,10 +179,12 @@ private:
         std::sort(touched_.begin(), touched_.end(), IsLeftOf(ring_, rings_, level_));
         for (const std::size_t side : touched_) {
             const Row::iterator next = std::next(place_[side]);
-            if (next == row_.end() || (open_[side] != kNone && found_[open_[side]].right == *next))
+            if (next != row_.end() && open_[side] != kNone && found_[open_[side]].right == *next)
                 continue;
             close(side, level);
-            open_[side] = found_.size();
+            open_[side] = next == row_.end() ? kNone : found_.size();
+            if (next == row_.end())
+                continue;  // round a hole the inside goes on for ever
             found_.push_back({side, *next, level, level});
         }
         touched_.clear();

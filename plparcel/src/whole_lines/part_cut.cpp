@@ -131,6 +131,17 @@ public:
         return none_of(std::move(made), passed);
     }
 
+    std::vector<AreaRange> areas(const Wide& granted) const
+    {
+        std::vector<AreaRange> ranges =
+            lines_.areas(part_request(), frame_.length_to_frame(kTouchRoundings * spacing_));
+        for (AreaRange& range : ranges) {
+            range.least = frame_.area_to_parcel(range.least);
+            range.most = frame_.area_to_parcel(range.most);
+        }
+        return united(std::move(ranges), area_, granted);
+    }
+
 private:
     using Passed = std::vector<std::vector<PL_PNT2D_record>>;
 
@@ -496,6 +507,62 @@ private:
     Wide area_;
 };
 
+// The direction that the request names.
+WidePoint run_of(const WholeParcel& parcel, const Line& line)
+{
+    if (line.cut == Cut::at_bearing)
+        return direction_of(line.bearing);
+    return line.cut == Cut::along_segment ? from_to(line.a, line.b) : from_to(parcel.a, parcel.b);
+}
+
+// In the rings as they run here, the base side may run the other way; the request lies ahead of the line as the side was
+// given.
+Stage stage_across(Stage stage, bool inside_on_left, bool here)
+{
+    if (!inside_on_left) {
+        stage.up = {-stage.up.x, -stage.up.y};
+        stage.where = here ? PartRequest::Where::below : PartRequest::Where::above;
+    }
+    return stage;
+}
+
+Stage first_stage(const WholeParcel& parcel, std::size_t base, const Request& request)
+{
+    const WidePoint along = about_unit(run_of(parcel, request.line));
+    const bool here = request.measured == Measured::from_reference;
+    Stage stage;
+    stage.rings = parcel.rings;
+    stage.alternative = request.alternative;
+    stage.where = here ? PartRequest::Where::above : PartRequest::Where::below;
+    stage.up = {along.y, -along.x};
+    stage.zero = stage.rings.front().front();
+    if (is_free(request.line.cut))
+        return stage;
+    stage.has_base = true;
+    stage.base = base;
+    stage.zero = parcel.a;
+    stage.up = along;
+    if (request.line.cut == Cut::perpendicular)
+        return stage_across(std::move(stage), parcel.inside_on_left, here);
+    stage.where = here ? PartRequest::Where::with_base : PartRequest::Where::without_base;
+    stage.up = parcel.inside_on_left ? WidePoint{-along.y, along.x} : WidePoint{along.y, -along.x};
+    return stage;
+}
+
+// The side that gives the direction, as one of the rings' own; 0 for none.
+std::size_t side_between(const WholeParcel& whole)
+{
+    const JoinedRings rings(whole.rings);
+    for (std::size_t side = 0; side < rings.size(); ++side) {
+        const PL_PNT2D_record& a = rings[side];
+        const PL_PNT2D_record& b = rings.end_of(side);
+        if ((same_place(a, whole.a) && same_place(b, whole.b)) ||
+            (same_place(a, whole.b) && same_place(b, whole.a)))
+            return side;
+    }
+    return 0;
+}
+
 // The whole series.
 class Series {
 public:
@@ -506,7 +573,7 @@ public:
 
     std::vector<Wide> divide(Division& division)
     {
-        Stage stage = first_stage();
+        Stage stage = first_stage(parcel_, base_, request_);
         std::vector<Wide> wanted;
         std::vector<Wide> after(shares_.pieces.size());
         for (std::size_t i = after.size() - 1; i > 0; --i)
@@ -550,49 +617,6 @@ private:
         return rest > 0.0 ? one.cut_area({shares_.pieces[i], rest, parcel_.area, of_parcel_}) : none;
     }
 
-    // The direction that the request names.
-    WidePoint run() const
-    {
-        const Line& line = request_.line;
-        if (line.cut == Cut::at_bearing)
-            return direction_of(line.bearing);
-        return line.cut == Cut::along_segment ? from_to(line.a, line.b) : from_to(parcel_.a, parcel_.b);
-    }
-
-    Stage first_stage() const
-    {
-        const WidePoint along = about_unit(run());
-        const bool here = request_.measured == Measured::from_reference;
-        Stage stage;
-        stage.rings = parcel_.rings;
-        stage.alternative = request_.alternative;
-        stage.where = here ? PartRequest::Where::above : PartRequest::Where::below;
-        stage.up = {along.y, -along.x};
-        stage.zero = stage.rings.front().front();
-        if (is_free(request_.line.cut))
-            return stage;
-        stage.has_base = true;
-        stage.base = base_;
-        stage.zero = parcel_.a;
-        stage.up = along;
-        if (request_.line.cut == Cut::perpendicular)
-            return stage_across(std::move(stage), here);
-        stage.where = here ? PartRequest::Where::with_base : PartRequest::Where::without_base;
-        stage.up = parcel_.inside_on_left ? WidePoint{-along.y, along.x} : WidePoint{along.y, -along.x};
-        return stage;
-    }
-
-    // In the rings as they run here, the base side may run the other way; the request lies ahead of the line as the side
-    // was given.
-    Stage stage_across(Stage stage, bool here) const
-    {
-        if (!parcel_.inside_on_left) {
-            stage.up = {-stage.up.x, -stage.up.y};
-            stage.where = here ? PartRequest::Where::below : PartRequest::Where::above;
-        }
-        return stage;
-    }
-
     // What is left begins with the line.
     static Stage next_stage(const Stage& stage, Cut2 made)
     {
@@ -613,14 +637,15 @@ private:
     DividingLine dividing_line(const Stage& stage, const Cut2& made) const
     {
         const WidePoint to_right = {stage.up.y, -stage.up.x};
+        const WidePoint run = run_of(parcel_, request_.line);
         DividingLine line;
         line.meets_again = made.meets_again;
         for (std::size_t i = 0; i < made.ends.size(); i += 2)
             line.segments.push_back({made.ends[i], made.ends[i + 1]});
-        bool runs_back = dot(run(), to_right) < 0.0;
+        bool runs_back = dot(run, to_right) < 0.0;
         if (request_.line.cut == Cut::perpendicular)
-            runs_back = abs(cross(run(), from_to(parcel_.a, made.ends.back()))) <
-                        abs(cross(run(), from_to(parcel_.a, made.ends.front())));
+            runs_back = abs(cross(run, from_to(parcel_.a, made.ends.back()))) <
+                        abs(cross(run, from_to(parcel_.a, made.ends.front())));
         if (runs_back) {
             std::reverse(line.segments.begin(), line.segments.end());
             for (Segment& segment : line.segments)
@@ -661,10 +686,15 @@ private:
 
 }  // namespace
 
-std::vector<Wide> cut_parts(const WholeParcel& parcel, std::size_t base, const Request& request,
-                            const Shares& shares, double of_parcel, Division& division)
+std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, const Shares& shares,
+                            double of_parcel, Division& division)
 {
-    return Series(parcel, base, request, shares, of_parcel).divide(division);
+    return Series(parcel, side_between(parcel), request, shares, of_parcel).divide(division);
+}
+
+std::vector<AreaRange> areas_of_parts(const WholeParcel& parcel, const Request& request, const Wide& granted)
+{
+    return PartCut(first_stage(parcel, side_between(parcel), request)).areas(granted);
 }
 
 }  // namespace plparcel

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
 #include <tuple>
 #include <utility>
 
 #include "lines/trapeziums.h"
+#include "lines/vertex_rows.h"
 #include "whole_lines/tour.h"
 
 namespace plparcel {
@@ -218,6 +220,14 @@ std::vector<std::size_t> PartLines::vertices_between(const Wide& low, const Wide
     return found;
 }
 
+// Where a line at a level meets a side.
+Wide PartLines::along(std::size_t side, const Wide& level) const
+{
+    const WidePoint& a = frame_[side];
+    const WidePoint& b = frame_[rings_.next(side)];
+    return a.x + (b.x - a.x) * ((level - a.y) / (b.y - a.y));
+}
+
 // Goes through the slabs upwards once, and answers all questions on the way.
 void PartLines::answer(const PartRequest& request, std::vector<Question>& questions) const
 {
@@ -310,21 +320,61 @@ std::vector<PartLines::Family> PartLines::families(const PartRequest& request) c
     return all;
 }
 
+// Whether the boundary comes to a vertex from below and goes on above it, or the other way round.
+bool PartLines::passes_through(std::size_t vertex) const
+{
+    const Wide& level = frame_[vertex].y;
+    const Wide& before = frame_[rings_.before(vertex)].y;
+    const Wide& after = frame_[rings_.next(vertex)].y;
+    return (before < level && level < after) || (after < level && level < before);
+}
+
+// The vertices that a line touches when it comes to them, or leaves them.
+std::vector<SpanBreak> PartLines::breaks() const
+{
+    std::vector<SpanBreak> found;
+    for (std::size_t vertex = 0; vertex < frame_.size(); ++vertex) {
+        if (passes_through(vertex))
+            continue;
+        for (const std::size_t side : {rings_.before(vertex), vertex})
+            if (order_[side] != kNone)
+                found.push_back({index_of(frame_[vertex].y), order_[side]});
+    }
+    return found;
+}
+
+// Those parts of the families at whose levels a line makes two pieces, up to where it touches a vertex.
+std::vector<PartLines::Family> PartLines::open_families(const PartRequest& request) const
+{
+    const std::vector<Family> all = families(request);
+    std::vector<LineSpan> spans;
+    spans.reserve(all.size());
+    for (const Family& family : all)
+        spans.push_back({order_[family.left], order_[family.right], family.first_slab, family.last_slab});
+    std::vector<Family> open;
+    for (const OpenRun& run : open_runs(spans, breaks(), in_order_count_))
+        add_families(all[run.span].left, all[run.span].right, run.first_slab, run.last_slab + 1, open);
+    return open;
+}
+
+// Two questions for each: in its first slab and in its last one.
+std::vector<PartLines::Question> PartLines::at_both_ends(const std::vector<Family>& all)
+{
+    std::vector<Question> questions(2 * all.size());
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        const Family& family = all[i / 2];
+        questions[i].slab = i % 2 == 0 ? family.first_slab : family.last_slab;
+        questions[i].left = family.left;
+        questions[i].right = family.right;
+    }
+    return questions;
+}
+
 // Those in which the area above passes through what is wanted, or comes near enough at a rim.
 std::vector<PartLines::Family> PartLines::holding(const PartRequest& request) const
 {
-    const std::vector<Family> all = families(request);
-    std::vector<Question> questions;
-    for (const Family& family : all) {
-        questions.emplace_back();
-        questions.back().slab = family.first_slab;
-        questions.emplace_back();
-        questions.back().slab = family.last_slab;
-        for (std::size_t i = questions.size() - 2; i < questions.size(); ++i) {
-            questions[i].left = family.left;
-            questions[i].right = family.right;
-        }
-    }
+    const std::vector<Family> all = open_families(request);
+    std::vector<Question> questions = at_both_ends(all);
     answer(request, questions);
     std::vector<Family> found;
     for (std::size_t i = 0; i < all.size(); ++i) {
@@ -355,6 +405,21 @@ std::vector<PartLines::Family> PartLines::holding(const PartRequest& request) co
         }
         found.push_back(family);
     }
+    return without_neighbours(std::move(found));
+}
+
+// Between the same two sides, a line beside the amount stands for none that holds it.
+std::vector<PartLines::Family> PartLines::without_neighbours(std::vector<Family> found)
+{
+    std::set<std::pair<std::size_t, std::size_t>> held;
+    for (const Family& family : found)
+        if (!family.beside)
+            held.insert({family.left, family.right});
+    found.erase(std::remove_if(found.begin(), found.end(),
+                               [&held](const Family& family) {
+                                   return family.beside && held.count({family.left, family.right}) > 0;
+                               }),
+                found.end());
     return found;
 }
 
@@ -452,38 +517,17 @@ std::vector<PartLine> PartLines::all_lines(const PartRequest& request) const
 {
     std::vector<Family> found = holding(request);
     bisect(request, found);
-    // At the level of a vertex the lines just above and just below it differ in what they meet.
-    std::vector<Family> both;
-    for (const Family& family : found) {
-        both.push_back(family);
-        const std::size_t slab = family.first_slab;
-        const Wide reach = (levels_[slab + 1] - levels_[slab]) * kRim;
-        const bool at_low = !(family.level - levels_[slab] > reach);
-        if (family.at_rim || (!at_low && levels_[slab + 1] - family.level > reach))
-            continue;
-        for (const std::size_t beside : slabs_at(levels_[at_low ? slab : slab + 1])) {
-            const bool passes_base =
-                lies_by_base(request) && (slab < index_of(0.0)) != (beside < index_of(0.0));
-            if (beside == slab || passes_base)
-                continue;
-            both.push_back(family);
-            both.back().first_slab = beside;
-        }
-    }
-    std::vector<Question> questions(both.size());
-    for (std::size_t i = 0; i < both.size(); ++i) {
-        questions[i].slab = both[i].first_slab;
-        questions[i].left = both[i].left;
-        questions[i].right = both[i].right;
+    std::vector<Question> questions(found.size());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        questions[i].slab = found[i].first_slab;
+        questions[i].left = found[i].left;
+        questions[i].right = found[i].right;
         questions[i].lists = true;
     }
     answer(request, questions);
     std::vector<PartLine> lines;
-    for (std::size_t i = 0; i < both.size(); ++i) {
-        const std::vector<std::size_t>& sides = questions[i].sides;
-        if (parts_in_two(sides) && sides.front() == both[i].left && sides.back() == both[i].right)
-            lines.push_back(line_of(both[i], questions[i]));
-    }
+    for (std::size_t i = 0; i < found.size(); ++i)
+        lines.push_back(line_of(found[i], questions[i]));
     return in_order(request, std::move(lines));
 }
 
@@ -536,6 +580,135 @@ std::vector<PartLine> PartLines::lines_at(const PartRequest& request, const Wide
     return in_order(request, std::move(lines));
 }
 
+// Whether lines that come to a vertex, from above with `from` 1 and from below with -1, touch it: where the parcel goes on
+// past it. From a vertex from which one side leads back they end there.
+bool PartLines::is_touched(std::size_t vertex, double from) const
+{
+    const WidePoint& v = frame_[vertex];
+    const WidePoint& before = frame_[rings_.before(vertex)];
+    const WidePoint& after = frame_[rings_.next(vertex)];
+    const auto way_to = [&v](const WidePoint& p) { return p.y > v.y ? 1 : (p.y < v.y ? -1 : 0); };
+    const int to_before = way_to(before);
+    const int to_after = way_to(after);
+    if (to_before != 0 && to_after != 0)
+        return to_before == to_after && cross(v - before, after - v) < 0.0;
+    const int other = to_before == 0 ? to_after : to_before;
+    if (other * from > 0.0)
+        return false;
+    // Along a side to the right the parcel lies above.
+    const Wide run = to_before == 0 ? v.x - before.x : after.x - v.x;
+    return run * from > 0.0;
+}
+
+// Tells for each family whether the lines at its two ends are free of vertices on their way.
+class PartLines::Ends {
+public:
+    Ends(const PartLines& lines, const PartRequest& request, const Wide& reach)
+        : lines_(lines), request_(request), reach_(reach), all_(lines.frame_, reach),
+          from_below_(lines.frame_, reach, [&lines](std::size_t v) { return lines.is_touched(v, -1.0); }),
+          from_above_(lines.frame_, reach, [&lines](std::size_t v) { return lines.is_touched(v, 1.0); })
+    {}
+
+    // Lines between vertices that are as good as level cannot be told from lines through them.
+    bool is_in_one_row(const Family& family) const
+    {
+        return all_.row_at(lines_.levels_[family.first_slab]) ==
+               all_.row_at(lines_.levels_[family.last_slab + 1]);
+    }
+
+    // Of each family two, the lower end first.
+    std::vector<bool> are_free(const std::vector<Family>& families) const
+    {
+        std::vector<bool> free(2 * families.size());
+        std::vector<std::size_t> in_rows;
+        for (std::size_t i = 0; i < free.size(); ++i) {
+            const Family& family = families[i / 2];
+            const Wide& level = level_of(family, i);
+            const VertexRows& rows = i % 2 == 0 ? from_above_ : from_below_;
+            if (all_.is_level(all_.row_at(level)))
+                free[i] = !rows.has_between(level, lines_.along(family.left, level),
+                                            lines_.along(family.right, level));
+            else
+                in_rows.push_back(i);
+        }
+        const std::vector<Question> lists = lists_of(families, in_rows);
+        for (std::size_t k = 0; k < in_rows.size(); ++k)
+            free[in_rows[k]] = is_free(lists[k].sides, level_of(families[in_rows[k] / 2], in_rows[k]));
+        return free;
+    }
+
+private:
+    const Wide& level_of(const Family& family, std::size_t end) const
+    {
+        return lines_.levels_[end % 2 == 0 ? family.first_slab : family.last_slab + 1];
+    }
+
+    std::vector<Question> lists_of(const std::vector<Family>& families,
+                                   const std::vector<std::size_t>& ends) const
+    {
+        const std::vector<Question> all = at_both_ends(families);
+        std::vector<Question> lists;
+        lists.reserve(ends.size());
+        for (const std::size_t end : ends) {
+            lists.push_back(all[end]);
+            lists.back().lists = true;
+        }
+        lines_.answer(request_, lists);
+        return lists;
+    }
+
+    // Each segment passes no vertex of the row, and the next one begins further on.
+    bool is_free(const std::vector<std::size_t>& sides, const Wide& level) const
+    {
+        Wide before;
+        for (std::size_t i = 0; i < sides.size(); i += 2) {
+            const Wide left = lines_.along(sides[i], level);
+            const Wide right = lines_.along(sides[i + 1], level);
+            if (all_.has_between(level, left, right) || (i > 0 && !(left - before > reach_)))
+                return false;
+            before = right;
+        }
+        return true;
+    }
+
+    const PartLines& lines_;
+    const PartRequest& request_;
+    Wide reach_;
+    VertexRows all_;
+    VertexRows from_below_;
+    VertexRows from_above_;
+};
+
+std::vector<AreaRange> PartLines::areas(const PartRequest& request, const Wide& reach) const
+{
+    const Ends ends(*this, request, reach);
+    std::vector<Family> all = open_families(request);
+    all.erase(std::remove_if(all.begin(), all.end(),
+                             [&ends](const Family& family) { return ends.is_in_one_row(family); }),
+              all.end());
+    const std::vector<bool> is_free = ends.are_free(all);
+    std::vector<Question> questions = at_both_ends(all);
+    answer(request, questions);
+    std::vector<AreaRange> ranges;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const Sum& sum = questions[2 * i].sum;
+        AreaRange above = {questions[2 * i + 1].sum.at(levels_[all[i].last_slab + 1]),
+                           sum.at(levels_[all[i].first_slab]), is_free[2 * i + 1], is_free[2 * i]};
+        const bool holds_start = above.least + above.most < 0.0;
+        if (holds_start) {
+            above.least = above.least + area_;
+            above.most = above.most + area_;
+        }
+        const bool base_above = sum.beyond + (holds_start ? 1 : 0) == 1;
+        if (is_request_above(request, base_above))
+            ranges.push_back(above);
+        else
+            ranges.push_back(
+                {area_ - above.most, area_ - above.least, above.most_is_had, above.least_is_had});
+    }
+    return ranges;
+}
+
 std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vector<PartLine> all) const
 {
     const bool along_base = lies_by_base(request);
@@ -562,12 +735,8 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
         const PartLine& line = all[i];
         const bool preferred =
             !request.has_base || (along_base ? line.level > 0.0 : line.sides.back() == request.base);
-        const std::size_t side = line.sides.front();
-        const WidePoint& a = frame_[side];
-        const WidePoint& b = frame_[rings_.next(side)];
-        const Wide along = a.x + (b.x - a.x) * ((line.level - a.y) / (b.y - a.y));
-        ranks.push_back(
-            {!preferred, !line.alone, abs(line.level - near).value(), line.level.value(), along.value(), i});
+        ranks.push_back({!preferred, !line.alone, abs(line.level - near).value(), line.level.value(),
+                         along(line.sides.front(), line.level).value(), i});
     }
     std::sort(ranks.begin(), ranks.end());
     std::vector<PartLine> sorted;

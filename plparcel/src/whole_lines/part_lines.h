@@ -16,7 +16,9 @@
 #include <vector>
 
 #include "boundary/joined_rings.h"
+#include "lines/area_ranges.h"
 #include "numbers/wide.h"
+#include "whole_lines/open_spans.h"
 
 namespace plparcel {
 
@@ -59,6 +61,12 @@ public:
     /// All lines at a level that have something on both sides, in the same order.
     std::vector<PartLine> lines_at(const PartRequest& request, const Wide& level) const;
 
+    /// The areas that the request can have, of lines at all levels. Costs n log n, and where vertices lie all but level the
+    /// number of sides that the line through them meets.
+    ///
+    /// @param[in] reach  a vertex so near to a line lies on it, in levels
+    std::vector<AreaRange> areas(const PartRequest& request, const Wide& reach) const;
+
     /// Place of a ring on the tour.
     std::size_t place_of_ring(std::size_t ring) const { return ring_place_[ring]; }
 
@@ -75,6 +83,7 @@ private:
     struct Sum;
     struct Question;
     class Row;
+    class Ends;
 
     // Lines between the same two sides of one ring.
     struct Family {
@@ -100,15 +109,22 @@ private:
     };
 
     std::size_t index_of(const Wide& level) const;
+    Wide along(std::size_t side, const Wide& level) const;
     bool is_thick(std::size_t slab) const;
     std::vector<std::size_t> slabs_at(const Wide& level) const;
     Wide in_slab(std::size_t slab, const Wide& level) const;
     std::vector<Family> families(const PartRequest& request) const;
     void add_families(std::size_t left, std::size_t right, std::size_t begin, std::size_t end,
                       std::vector<Family>& all) const;
+    std::vector<Family> open_families(const PartRequest& request) const;
+    static std::vector<Question> at_both_ends(const std::vector<Family>& all);
+    static std::vector<Family> without_neighbours(std::vector<Family> found);
     std::vector<Family> holding(const PartRequest& request) const;
     void bisect(const PartRequest& request, std::vector<Family>& all) const;
     void answer(const PartRequest& request, std::vector<Question>& questions) const;
+    bool passes_through(std::size_t vertex) const;
+    std::vector<SpanBreak> breaks() const;
+    bool is_touched(std::size_t vertex, double from) const;
     PartLine line_of(const Family& family, const Question& question) const;
     bool parts_in_two(const std::vector<std::size_t>& sides) const;
     std::vector<PartLine> in_order(const PartRequest& request, std::vector<PartLine> all) const;

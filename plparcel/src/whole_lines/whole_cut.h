@@ -7,18 +7,9 @@
 #include "amounts.h"
 #include "numbers/wide.h"
 #include "plparcel/division.h"
+#include "whole_lines/whole_parcel.h"
 
 namespace plparcel {
-
-/// A parcel and the side that gives the direction.
-struct WholeParcel {
-    std::vector<Ring> rings;  ///< no vertex repeated; the outer ring anticlockwise, the holes clockwise
-    bool clockwise = false;   ///< the outer ring was given that way round, and pieces are to run so too
-    PL_PNT2D_record a = {};   ///< the side, as it was given
-    PL_PNT2D_record b = {};
-    bool inside_on_left = true;  ///< of the side from a to b
-    Wide area;                   ///< unit squared
-};
 
 /// Cuts all amounts at once, since the area below a line grows with its level whatever was cut before.
 ///

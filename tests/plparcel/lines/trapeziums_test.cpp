@@ -7,6 +7,7 @@
 #include <random>
 #include <vector>
 
+#include "boundary/joined_rings.h"
 #include "boundary/local_ring.h"
 #include "support/bits.h"
 #include "support/parcel_kinds.h"
@@ -62,6 +63,23 @@ TEST(Trapeziums, ReachFromVertexToVertex)
     expect_trapeziums("upside down", upside_down, {{3, 1, -8, -3}, {7, 5, -5, -3}, {7, 1, -3, 0}});
     expect_trapeziums("two feet, each on a vertex", {{4, 3}, {8, 0}, {4, 9}, {0, 0}},
                       {{2, 3, 0, 3}, {0, 1, 0, 3}, {2, 1, 3, 9}});
+}
+
+// Beside a hole the inside goes on for ever: only its bays count, and they end where one of their two sides does.
+//     .   .---.
+//     |\  |   |
+//     | \/    |      the bay from 4 to 7, its left side goes on to 9
+//     '-------'
+TEST(Trapeziums, OfAHoleAreItsBays)
+{
+    const std::vector<WidePoint> hole = wide({{0, 0}, {0, 9}, {2, 4}, {4, 7}, {9, 7}, {9, 0}});
+    const plparcel::JoinedRings one(Ring(hole.size()));
+    const std::vector<Trapezium> found = trapeziums(hole, one);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].left, 1U);
+    EXPECT_EQ(found[0].right, 2U);
+    EXPECT_BITS(found[0].low.value(), 4.0);
+    EXPECT_BITS(found[0].high.value(), 7.0);
 }
 
 //                1     The boundary crosses itself at the level 4.85. What lies right of that runs the other way
