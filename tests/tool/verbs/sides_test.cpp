@@ -282,4 +282,20 @@ TEST_F(Sides, ARefusalSaysWhatCanBeHad)
     EXPECT_NE(point.err.find("ask for at least 1250.0000"), std::string::npos) << point.err;
 }
 
+// Around a hole like a U: up to its bay's floor lie 2400, and 4800 from its top on. Its sides are counted on from the outer ring's.
+TEST_F(Sides, ARefusalSaysWhatCanBeHadBesideAHole)
+{
+    const std::string file = write("bay.csv", "name,WKT\na,\"POLYGON((0 0,100 0,100 100,0 100,0 0),"
+                                              "(20 20,20 60,30 60,30 30,70 30,70 60,80 60,80 20,20 20))\"\n");
+    const test::Result run = divide(file, "--parallel 1 --area 3000");
+    EXPECT_EQ(run.status, 4);
+    EXPECT_NE(run.err.find("ask for at most 2400.0000 or more than 4800.0000, or cut across side 1"),
+              std::string::npos)
+        << run.err;
+    EXPECT_EQ(divide(file, "--parallel 1 --area 2400").status, 0);
+    EXPECT_EQ(divide(file, "--parallel 1 --area 4800.0001").status, 0);
+    const test::Result json = divide(file, "--parallel 1 --area 3000 --json");
+    EXPECT_EQ(json.status, 4);
+}
+
 }  // namespace

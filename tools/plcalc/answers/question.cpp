@@ -78,6 +78,14 @@ std::optional<RingIndex> in_ring(const Parcel& parcel, std::size_t vertex)
     return std::nullopt;
 }
 
+std::size_t number_of(const Parcel& parcel, std::size_t ring, std::size_t index)
+{
+    std::size_t number = index;
+    for (std::size_t before = 0; before < ring; ++before)
+        number += before == 0 ? parcel.ring.size() : parcel.holes[before - 1].size();
+    return number;
+}
+
 plparcel::Parcel boundary_of(const Parcel& parcel)
 {
     return {parcel.ring, parcel.holes};

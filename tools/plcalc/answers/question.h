@@ -75,6 +75,9 @@ struct RingIndex {
 /// @return nothing where there is no such vertex
 std::optional<RingIndex> in_ring(const Parcel& parcel, std::size_t vertex);
 
+/// @return the number of a side or a vertex of a ring, from 0
+std::size_t number_of(const Parcel& parcel, std::size_t ring, std::size_t index);
+
 /// The rings as plparcel takes them.
 plparcel::Parcel boundary_of(const Parcel& parcel);
 

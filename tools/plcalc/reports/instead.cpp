@@ -48,7 +48,6 @@ std::optional<Instead> instead_of(const Answer& answer)
     const Asked& asked = answer.asked;
     const bool any_pieces = asked.request.pieces == plparcel::Pieces::any;
     const bool is_said = is_about_line(division.status) && division.at_amount == 0 &&
-                         (answer.parcel.holes.empty() || any_pieces) &&
                          asked.request.amounts[0].given != plparcel::Given::as_width;
     if (!is_said)
         return std::nullopt;
@@ -80,9 +79,9 @@ std::optional<Instead> instead_of(const Answer& answer)
 }
 
 // "along side 2", "across side 1" or "from vertex 3", with --opposite where the other piece holds the amount.
-std::string name_of(const plparcel::Alternative& line)
+std::string name_of(const Parcel& parcel, const plparcel::Alternative& line)
 {
-    const std::string number = std::to_string(line.line.index + 1);
+    const std::string number = std::to_string(number_of(parcel, line.line.ring, line.line.index) + 1);
     const std::string how = line.measured == Measured::opposite ? " (--opposite)" : "";
     switch (line.line.cut) {
     case Cut::parallel:
@@ -94,12 +93,12 @@ std::string name_of(const plparcel::Alternative& line)
     }
 }
 
-std::string named(const plparcel::Alternatives& lines)
+std::string named(const Parcel& parcel, const plparcel::Alternatives& lines)
 {
     std::string names;
     const std::size_t count = lines.lines.size();
     for (std::size_t i = 0; i < count && i < kMostNamed; ++i)
-        names += (i == 0 ? "" : i + 1 == count ? " or " : ", ") + name_of(lines.lines[i]);
+        names += (i == 0 ? "" : i + 1 == count ? " or " : ", ") + name_of(parcel, lines.lines[i]);
     return count > kMostNamed ? names + " or " + std::to_string(count - kMostNamed) + " other lines" : names;
 }
 
@@ -124,7 +123,7 @@ std::string advice_instead(const Answer& answer, const std::string& otherwise)
                 std::string(instead->above_is_had ? "at least " : "more than ") +
                 fixed(*instead->above, instead->decimals);
     text = text.empty() ? "" : "ask for " + text;
-    const std::string lines = named(instead->lines);
+    const std::string lines = named(answer.parcel, instead->lines);
     if (!lines.empty())
         text += (text.empty() ? "" : ", or ") + std::string("cut ") + lines;
     return text.empty() ? otherwise : text;
@@ -147,7 +146,7 @@ Json json_instead(const Answer& answer)
     json["lines"] = Json::array();
     for (const plparcel::Alternative& line : instead->lines.lines)
         json["lines"].push_back({{"cut", cut_option(line.line.cut)},
-                                 {"number", line.line.index + 1},
+                                 {"number", number_of(answer.parcel, line.line.ring, line.line.index) + 1},
                                  {"opposite", line.measured == Measured::opposite}});
     json["whole_list"] = instead->lines.looked_at == instead->lines.of;
     return json;
