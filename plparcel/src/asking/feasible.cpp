@@ -70,6 +70,7 @@ Feasible of_whole_lines(const CheckedParcel& parcel, const Line& line, Measured 
 std::vector<AmountRange> rounded(const std::vector<AreaRange>& areas)
 {
     std::vector<AmountRange> ranges;
+    ranges.reserve(areas.size());
     for (const AreaRange& area : areas)
         ranges.push_back({area.least.value(), area.most.value(), area.least_is_had, area.most_is_had});
     return ranges;
@@ -134,6 +135,7 @@ std::vector<BoundaryPlace> longest_first(const CheckedParcel& parcel)
     std::stable_sort(sides.begin(), sides.end(),
                      [](const Side& a, const Side& b) { return a.length > b.length; });
     std::vector<BoundaryPlace> places;
+    places.reserve(sides.size());
     for (const Side& side : sides)
         places.push_back(side.place);
     return places;
@@ -225,9 +227,9 @@ Alternatives alternatives_for(const Parcel& parcel, const Amount& amount, Measur
     const double margin = kAsExactAsDoubles * checked_parcel.report.area +
                           kMarginSpacings * clean.ring.spacing() * clean.ring.extent().largest();
     const std::vector<Line> lines = lines_of(checked_parcel);
-    std::size_t vertices = 0;
-    for (const Ring& ring : checked_parcel.rings)
-        vertices += ring.size();
+    std::size_t vertices = clean.ring.size();
+    for (std::size_t hole = 1; hole < checked_parcel.clean.size(); ++hole)
+        vertices += checked_parcel.clean[hole].ring.size();
     found.of = lines.size();
     found.looked_at = std::min({most, lines.size(), std::max(kMostWork / vertices, kLeastLines)});
     const Measured other = measured == Measured::opposite ? Measured::from_reference : Measured::opposite;
