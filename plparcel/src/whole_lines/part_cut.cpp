@@ -231,6 +231,23 @@ private:
         return p;
     }
 
+    // Where a line comes to a side at a sharp angle, it may pass an end of that side so closely that it touches it once it is
+    // rounded: then that is where its own end lies. Along a side it does not run: it ends before it, or begins behind it.
+    PL_PNT2D_record on_passed_vertex(const PartLine& line, std::size_t end, const PL_PNT2D_record& p) const
+    {
+        const std::size_t side = line.sides[end];
+        const Wide reach = frame_.length_to_frame(0.5 * kMayTouch * spacing_);
+        const double to_right = end % 2 == 0 ? 1.0 : -1.0;
+        std::optional<std::size_t> passed;
+        for (const std::size_t v : {side, rings_.next(side)}) {
+            const WidePoint& seen = frame_.seen()[v];
+            if (!(abs(seen.y - line.level) > reach) &&
+                (!passed || (seen.x - frame_.seen()[*passed].x) * to_right > 0.0))
+                passed = v;
+        }
+        return passed ? rings_[*passed] : p;
+    }
+
     bool passes(const PartLine& line, const Target& target, Cut2& made) const
     {
         ++made.trials;
@@ -255,6 +272,11 @@ private:
             made.ends.push_back(on_vertex(side, found.back()));
         }
         const Verdict verdict = judge_rounded(line, target, made);
+        if (verdict == Verdict::leaves_the_parcel) {
+            for (std::size_t i = 0; i < found.size(); ++i)
+                made.ends[i] = on_passed_vertex(line, i, made.ends[i]);
+            return judge_rounded(line, target, made) == Verdict::divides ? Verdict::divides : verdict;
+        }
         if (verdict != Verdict::misses)
             return verdict;
         made.ends = found;

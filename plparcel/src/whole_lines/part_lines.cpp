@@ -286,7 +286,7 @@ void PartLines::add_families(std::size_t left, std::size_t right, std::size_t be
     while (begin < end && !is_thick(end - 1))
         --end;
     if (begin < end && order_[left] != kNone && order_[right] != kNone)
-        all.push_back({left, right, begin, end - 1, 0.0, false, false, false, false, 0.0});
+        all.push_back({left, right, begin, end - 1, 0.0, false, false, false, false, false, 0.0});
 }
 
 std::vector<PartLines::Family> PartLines::families(const PartRequest& request) const
@@ -405,22 +405,19 @@ std::vector<PartLines::Family> PartLines::holding(const PartRequest& request) co
         }
         found.push_back(family);
     }
-    return without_neighbours(std::move(found));
+    mark_neighbours(found);
+    return found;
 }
 
-// Between the same two sides, a line beside the amount stands for none that holds it.
-std::vector<PartLines::Family> PartLines::without_neighbours(std::vector<Family> found)
+// Between the same two sides, a line beside the amount stands in for one that holds it, where that one touches a vertex.
+void PartLines::mark_neighbours(std::vector<Family>& found)
 {
     std::set<std::pair<std::size_t, std::size_t>> held;
     for (const Family& family : found)
         if (!family.beside)
             held.insert({family.left, family.right});
-    found.erase(std::remove_if(found.begin(), found.end(),
-                               [&held](const Family& family) {
-                                   return family.beside && held.count({family.left, family.right}) > 0;
-                               }),
-                found.end());
-    return found;
+    for (Family& family : found)
+        family.stands_in = family.beside && held.count({family.left, family.right}) > 0;
 }
 
 // Halves the slabs of all families at once, until each has one left, and solves the quadratic in it.
@@ -509,6 +506,7 @@ PartLine PartLines::line_of(const Family& family, const Question& question) cons
     line.request_above = family.request_above;
     line.above = family.wanted;
     line.beside_the_amount = family.beside;
+    line.stands_in = family.stands_in;
     line.alone = question.all == question.sides.size();
     return line;
 }
@@ -716,6 +714,7 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
     if (request.has_base)
         near = (frame_[request.base].y + frame_[rings_.next(request.base)].y) * 0.5;
     struct Rank {
+        bool stands_in;
         bool later;
         bool not_alone;
         double distance;
@@ -724,9 +723,9 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
         std::size_t index;
         bool operator<(const Rank& other) const
         {
-            return std::tie(later, not_alone, distance, level, along, index) <
-                   std::tie(other.later, other.not_alone, other.distance, other.level, other.along,
-                            other.index);
+            return std::tie(stands_in, later, not_alone, distance, level, along, index) <
+                   std::tie(other.stands_in, other.later, other.not_alone, other.distance, other.level,
+                            other.along, other.index);
         }
     };
     std::vector<Rank> ranks;
@@ -735,8 +734,8 @@ std::vector<PartLine> PartLines::in_order(const PartRequest& request, std::vecto
         const PartLine& line = all[i];
         const bool preferred =
             !request.has_base || (along_base ? line.level > 0.0 : line.sides.back() == request.base);
-        ranks.push_back({!preferred, !line.alone, abs(line.level - near).value(), line.level.value(),
-                         along(line.sides.front(), line.level).value(), i});
+        ranks.push_back({line.stands_in, !preferred, !line.alone, abs(line.level - near).value(),
+                         line.level.value(), along(line.sides.front(), line.level).value(), i});
     }
     std::sort(ranks.begin(), ranks.end());
     std::vector<PartLine> sorted;

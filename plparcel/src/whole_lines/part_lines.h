@@ -44,8 +44,9 @@ struct PartLine {
     bool request_above = false;       ///< the piece above is the one of the request
     Wide above;                       ///< area of the piece above
     bool beside_the_amount =
-        false;          ///< at the level of a vertex, and holds the amount not exactly but near enough
-    bool alone = true;  ///< the whole line meets the boundary nowhere else
+        false;               ///< at the level of a vertex, and holds the amount not exactly but near enough
+    bool stands_in = false;  ///< beside it, while another line between the same two sides holds it exactly
+    bool alone = true;       ///< the whole line meets the boundary nowhere else
 };
 
 class PartLines {
@@ -55,7 +56,7 @@ public:
     PartLines(const JoinedRings& rings, const std::vector<WidePoint>& frame);
 
     /// All lines that hold the request, and those at the level of a vertex that miss it by no more than is granted. In the
-    /// order that LevelCut states. Costs n log n times the logarithm of n.
+    /// order that LevelCut states, those that stand in for others last. Costs n log n times the logarithm of n.
     std::vector<PartLine> all_lines(const PartRequest& request) const;
 
     /// All lines at a level that have something on both sides, in the same order.
@@ -95,6 +96,7 @@ private:
         bool holds_start;
         bool request_above;
         bool beside;
+        bool stands_in;
         bool at_rim;
         Wide level;
     };
@@ -118,7 +120,7 @@ private:
                       std::vector<Family>& all) const;
     std::vector<Family> open_families(const PartRequest& request) const;
     static std::vector<Question> at_both_ends(const std::vector<Family>& all);
-    static std::vector<Family> without_neighbours(std::vector<Family> found);
+    static void mark_neighbours(std::vector<Family>& found);
     std::vector<Family> holding(const PartRequest& request) const;
     void bisect(const PartRequest& request, std::vector<Family>& all) const;
     void answer(const PartRequest& request, std::vector<Question>& questions) const;
