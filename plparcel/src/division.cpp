@@ -230,6 +230,20 @@ bool is_known(const Request& request)
            (request.pieces == Pieces::two || request.pieces == Pieces::any);
 }
 
+// A point in a hole lies outside the parcel.
+std::optional<Status> refusal_of_start(const CheckedParcel& parcel, const Request& request)
+{
+    const Pivot pivot = pivot_of(parcel, request.line);
+    if (pivot.refusal || pivot.on_boundary || request.pieces == Pieces::any)
+        return pivot.refusal;
+    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
+        const Location location = locate(parcel.clean[ring].ring, pivot.point);
+        if ((location.where == Location::Where::inside) != (ring == 0))
+            return Status::point_outside;
+    }
+    return std::nullopt;
+}
+
 // What is wrong with a request for whole lines.
 std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Request& request)
 {
@@ -239,7 +253,7 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
     if (!is_usable(request.rounding))
         return Status::unusable_rounding;
     if (has_start(line.cut))
-        return request.pieces == Pieces::any ? pivot_of(parcel, line).refusal : Status::only_without_holes;
+        return refusal_of_start(parcel, request);
     if (request.alternative > 0 && request.pieces == Pieces::any)
         return Status::no_further_line;  // there is one whole line of a direction for each amount
     return refusal_of_direction(parcel, line);
@@ -297,6 +311,9 @@ Division divide(const Parcel& parcel, const Request& request)
     const WholeParcel whole = whole_parcel(checked_parcel, request.line);
     const bool turns = has_start(request.line.cut);
     cut_and_round(whole.rings, whole.area, request, division, [&](double of_parcel) {
+        if (turns && request.pieces == Pieces::two)
+            return cut_parts_through(whole, pivot_of(checked_parcel, request.line), request, shares,
+                                     of_parcel, division);
         if (turns)
             return cut_through(whole, pivot_of(checked_parcel, request.line), request, shares, of_parcel,
                                division);

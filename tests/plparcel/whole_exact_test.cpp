@@ -1483,6 +1483,285 @@ TEST(WholeLinesExact, NoWrongDivisionThroughAPointAndNoFalseRefusal)
     std::printf("  %zu lines\n", lines);
 }
 
+// ---- Parts of lines through a vertex, a place or a point that make two pieces
+
+// With a place on a side as a vertex, as the pieces have it.
+Judged with_vertex_at(Judged judged, const PL_PNT2D_record& place)
+{
+    const Point p = exact({place})[0];
+    Polygon* nearest = nullptr;
+    std::size_t side = 0;
+    Number least;
+    for (Polygon& ring : judged.parcel) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            if (same(ring[i], p))
+                return judged;
+            const Point d = after(ring, i) - ring[i];
+            const Point w = p - ring[i];
+            if (dot(w, d) < 0 || dot(w, d) > dot(d, d))
+                continue;
+            const Number off2 = cross(d, w) * cross(d, w) / dot(d, d);
+            if (nearest == nullptr || off2 < least) {
+                nearest = &ring;
+                side = i;
+                least = off2;
+            }
+        }
+    }
+    nearest->insert(nearest->begin() + static_cast<std::ptrdiff_t>(side) + 1, p);
+    return judged;
+}
+
+Point between(const Point& a, const Point& b, const Number& part)
+{
+    const Number one = std::max(Number(abs(a.x)), Number(abs(a.y)));
+    const Number other = std::max(Number(abs(b.x)), Number(abs(b.y)));
+    const Number of_a = (1 - part) / one;
+    const Number of_b = part / other;
+    return {a.x * of_a + b.x * of_b, a.y * of_a + b.y * of_b};
+}
+
+// Between two directions next to each other.
+class PartsBetween {
+public:
+    PartsBetween(Judged judged, const Pivot& pivot, const Request& request, const Parcel& parcel,
+                 const Point& from, const Point& to)
+        : judged_(std::move(judged)), pivot_(pivot), request_(request), parcel_(parcel),
+          point_(exact({pivot.point})[0]), from_(from), to_(to)
+    {}
+
+    // How many lines hold the amount exactly, clear of all vertices; and whether one at a vertex holds it nearly.
+    Passed passed()
+    {
+        turn_to(Number(1) / 2);
+        std::vector<Run> runs = Runs(judged_, parcel_, request_).through(point_, pivot_.on_boundary);
+        for (const Run& run : runs)
+            for (const bool asked_above : {false, true})
+                if (may_lie(run, asked_above))
+                    look(run, judged_.asked[asked_above ? 0 : 1]);
+        return passed_;
+    }
+
+private:
+    void turn_to(const Number& part)
+    {
+        const Point run = ::between(from_, to_, part);
+        judged_.up = {-run.y, run.x};
+    }
+
+    // The piece of the request lies on the right of a line from the point, if the side does from which it turns.
+    bool may_lie(const Run& run, bool asked_above) const
+    {
+        if (!pivot_.on_boundary)
+            return true;
+        std::size_t end = 0;
+        while (!run.met[end].at_point)
+            ++end;
+        const bool on_right = (request_.measured == Measured::from_reference) == pivot_.inside_on_left;
+        const bool runs_on = end % 2 == 0;
+        return asked_above == (on_right != runs_on);
+    }
+
+    Number excess(const Run& run, const Number& wanted, const Number& part)
+    {
+        turn_to(part);
+        return Runs(judged_, parcel_, request_).area_above(run, point_) - wanted;
+    }
+
+    bool is_clear(const Run& run, const Number& part)
+    {
+        turn_to(part);
+        return Runs(judged_, parcel_, request_).is_clear(run, point_);
+    }
+
+    void look(const Run& run, const Number& wanted)
+    {
+        const Number granted =
+            std::min(tolerance(judged_, 0, Number(1e-9)), tolerance(judged_, 1, Number(1e-9)));
+        constexpr int kParts = 4;
+        Number more[kParts + 1];
+        for (int k = 0; k <= kParts; ++k)
+            more[k] = excess(run, wanted, Number(k) / kParts);
+        for (const int rim : {0, kParts})
+            if (2 * abs(more[rim]) <= granted && is_clear(run, rim == 0 ? 0 : 1))
+                passed_.holds_nearly = true;
+        for (int k = 0; k < kParts; ++k)
+            if (sgn(more[k]) * sgn(more[k + 1]) < 0 && is_clear(run, root(run, wanted, k, kParts)))
+                ++passed_.times;
+    }
+
+    Number root(const Run& run, const Number& wanted, int k, int parts)
+    {
+        Number low = Number(k) / parts;
+        Number high = Number(k + 1) / parts;
+        const int sign = sgn(excess(run, wanted, low));
+        for (int bit = 0; bit < 45; ++bit) {
+            const Number middle = (low + high) / 2;
+            (sgn(excess(run, wanted, middle)) == sign ? low : high) = middle;
+        }
+        return low;
+    }
+
+    Judged judged_;
+    const Pivot& pivot_;
+    const Request& request_;
+    const Parcel& parcel_;
+    Point point_;
+    Point from_;
+    Point to_;
+    Passed passed_;
+};
+
+Passed parts_there_are(const Judged& judged, const Pivot& pivot, const Request& request, const Parcel& parcel)
+{
+    const Judged with_point = pivot.on_boundary ? with_vertex_at(judged, pivot.point) : judged;
+    const Point first = pivot.on_boundary ? pivot.side : Point{1, 0};
+    const std::vector<Point> runs = to_vertices(judged, exact({pivot.point})[0], first);
+    Passed all;
+    for (std::size_t i = 0; i + 1 < runs.size(); ++i) {
+        if (sgn(cross(runs[i], runs[i + 1])) == 0 && i + 2 < runs.size())
+            continue;
+        const Passed passed = PartsBetween(with_point, pivot, request, parcel, runs[i], runs[i + 1]).passed();
+        all.times += passed.times;
+        all.holds_nearly = all.holds_nearly || passed.holds_nearly;
+    }
+    return all;
+}
+
+// The direction through two ends of a line across which all its ends lie nearest to each other.
+Point straightest_run(const Division& division)
+{
+    std::vector<Point> ends;
+    for (const plparcel::Segment& segment : division.lines[0].segments)
+        for (const PL_PNT2D_record& p : {segment.from, segment.to})
+            ends.push_back(exact({p})[0]);
+    Point best;
+    Number least2 = -1;
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        for (std::size_t k = i + 1; k < ends.size(); ++k) {
+            const Point run = ends[k] - ends[i];
+            if (sgn(dot(run, run)) == 0)
+                continue;
+            Number low = 0;
+            Number high = 0;
+            for (const Point& p : ends) {
+                const Number off = cross(run, p - ends[i]);
+                low = std::min(low, off);
+                high = std::max(high, off);
+            }
+            const Number spread2 = (high - low) * (high - low) / dot(run, run);
+            if (sgn(least2) < 0 || spread2 < least2) {
+                best = run;
+                least2 = spread2;
+            }
+        }
+    }
+    return best;
+}
+
+std::string objection_to_part_through(Judged judged, const Pivot& pivot, const Request& request,
+                                      const Parcel& parcel, const Division& division)
+{
+    const Point run = straightest_run(division);
+    const bool from_reference = request.measured == Measured::from_reference;
+    const bool on_right = from_reference == (!pivot.on_boundary || pivot.inside_on_left);
+    judged.up = on_right ? Point{-run.y, run.x} : Point{run.y, -run.x};
+    const Point point = exact({pivot.point})[0];
+    bool has_point = false;
+    for (const plparcel::Segment& segment : division.lines[0].segments) {
+        const Point from = exact({segment.from})[0];
+        const Point to = exact({segment.to})[0];
+        const Point d = to - from;
+        const Number off = cross(d, point - from);
+        const Number reach = 16 * judged.spacing + 2 * judged.rounding;
+        const bool runs_through =
+            off * off <= reach * reach * dot(d, d) && dot(point - from, d) > 0 && dot(to - point, d) > 0;
+        // A place by its distance along a side is itself rounded, near half way between two doubles either way.
+        const Number of_place = request.line.cut == Cut::through_place ? judged.spacing : Number(0);
+        const Number moved = of_place + judged.rounding;
+        const bool starts_there = abs(from.x - point.x) <= moved && abs(from.y - point.y) <= moved;
+        has_point = has_point || (pivot.on_boundary ? starts_there : runs_through);
+    }
+    if (!has_point)
+        return "the point is not on the line";
+    return objection_to_two(judged, request, parcel, division);
+}
+
+bool is_inside(const Parcel& parcel, const Pivot& pivot)
+{
+    const Point point = exact({pivot.point})[0];
+    if (!is_in(exact(parcel.outer), point))
+        return false;
+    return std::none_of(parcel.holes.begin(), parcel.holes.end(),
+                        [&](const Ring& hole) { return is_in(exact(hole), point); });
+}
+
+TEST(WholeLinesExact, NoWrongDivisionInTwoThroughAPointAndNoFalseRefusal)
+{
+    const char* chosen = std::getenv("PLCALC_DIVISIONS");
+    const int count = chosen != nullptr ? std::max(1, std::atoi(chosen)) : 1000;
+    std::map<std::string, int> tally;
+    for (int i = 0; i < count;) {
+        const Parcel parcel = any_parcel();
+        if (!is_plain(parcel) || parcel.holes.empty())
+            continue;
+        Request request = any_turning_request(parcel);
+        request.pieces = plparcel::Pieces::two;
+        const Pivot pivot = pivot_of(parcel, request.line);
+        if (!pivot.is_usable)
+            continue;
+        if (!pivot.on_boundary && !is_inside(parcel, pivot)) {
+            EXPECT_EQ(divide(parcel, request).status, Status::point_outside) << shown(parcel, request);
+            continue;
+        }
+        ++i;
+        if (i % 3 == 0)
+            request.rounding = any_rounding(parcel);
+        const Judged exactly = judged(parcel, request);
+        const bool coarse = is_too_coarse(exactly);
+        const std::vector<Division> all =
+            i % 4 == 0 ? all_divisions(parcel, request) : std::vector<Division>{divide(parcel, request)};
+        const Status status = all[0].status;
+        std::string what = describe(all[0]);
+        if (status == Status::divided && all[0].lines[0].segments.size() > 1)
+            what += ", across holes";
+        const bool is_vertex = request.line.cut == Cut::through_vertex;
+        const bool is_place = request.line.cut == Cut::through_place;
+        ++tally[std::string(is_vertex  ? "vertex: "
+                            : is_place ? "place: "
+                                       : "point: ") +
+                what + (coarse ? ", doubles far apart" : "")];
+        std::string fault;
+        for (const Division& division : all) {
+            if (!fault.empty() || status != Status::divided)
+                continue;
+            Judged by_this = exactly;
+            look_at_rounding(division, by_this);
+            fault = objection_to_part_through(by_this, pivot, request, parcel, division);
+            if (fault.empty())
+                fault = objection_to_rounding(by_this, request, division);
+        }
+        if (fault.empty() && (status != Status::divided || i % 4 == 0)) {
+            const Passed passed = parts_there_are(exactly, pivot, request, parcel);
+            const std::size_t found = status == Status::divided ? all.size() : 0;
+            const bool is_due = coarse && (status == Status::not_reached || found > 0);
+            if (status != Status::divided && status != Status::not_reached &&
+                status != Status::no_line_through_point)
+                fault = "no reason to refuse";
+            else if (found < passed.times && !is_due)
+                fault = "not all lines were found: " + std::to_string(found) + " of " +
+                        std::to_string(passed.times);
+            else if (found == 0 && passed.holds_nearly && !is_due)
+                fault = "a line holds it nearly";
+            ++tally[std::to_string(passed.times) + " lines there are"];
+        }
+        EXPECT_EQ(fault, "") << describe(all[0]) << ": point " << pivot.point.x << " " << pivot.point.y
+                             << " along " << request.line.along << " " << shown(parcel, request);
+    }
+    for (const auto& [what, times] : tally)
+        std::printf("  %7d %s\n", times, what.c_str());
+}
+
 // What is not right is seen.
 TEST(WholeLinesExact, TheJudgeObjects)
 {

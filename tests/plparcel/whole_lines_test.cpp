@@ -483,11 +483,111 @@ TEST(WholeLines, TwoPiecesOfAParcelWithHoles)
     EXPECT_EQ(through.status, Status::divided) << "through one hole and out of it again";
     ASSERT_EQ(through.lines[0].segments.size(), 2U);
     EXPECT_FALSE(through.lines[0].meets_again);
-    EXPECT_EQ(cut(kHoles, plparcel::through_vertex(0), {share(1, 2)}, kHere, Pieces::two).status,
-              Status::only_without_holes);
     EXPECT_EQ(cut(kHoles, parallel_to(0, 3), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kHoles, parallel_to(4, 2), {share(1, 2)}).status, Status::no_such_index);
     EXPECT_EQ(cut(kU, parallel_to(0, 1), {share(1, 2)}, kHere, Pieces::two).status, Status::no_such_index);
+}
+
+struct ThroughRow {
+    const char* what;
+    const Parcel& parcel;
+    Line line;
+    double area;
+    Measured measured;
+    std::vector<PL_LINE_2D_record> segments;
+};
+
+const Parcel kOneHole = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                         {{{40, 40}, {60, 40}, {60, 60}, {40, 60}}}};
+// A hole like a U, its bay 40 wide and 30 deep.
+const Parcel kBay = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                     {{{20, 20}, {20, 60}, {30, 60}, {30, 30}, {70, 30}, {70, 60}, {80, 60}, {80, 20}}}};
+
+Line at_vertex_of(std::size_t ring, std::size_t vertex)
+{
+    Line line = plparcel::through_vertex(vertex);
+    line.ring = ring;
+    return line;
+}
+
+const ThroughRow kThrough[] = {
+    {"from a corner, over the hole from corner to corner",
+     kOneHole,
+     plparcel::through_vertex(0),
+     4800,
+     kHere,
+     {{{0, 0}, {40, 40}}, {{60, 60}, {100, 100}}}},
+    {"past the hole: a triangle of 100 by 60",
+     kOneHole,
+     plparcel::through_vertex(0),
+     9600 - 1500,
+     kHere,
+     {{{0, 0}, {30, 100}}}},
+    {"from a corner of the hole out, and in from beyond it",
+     kOneHole,
+     at_vertex_of(1, 0),
+     4800,
+     kHere,
+     {{{100, 100}, {60, 60}}, {{40, 40}, {0, 0}}}},
+    {"from a place, over the hole",
+     kOneHole,
+     plparcel::through_place(0, 50),
+     4800,
+     kHere,
+     {{{50, 0}, {50, 40}}, {{50, 60}, {50, 100}}}},
+    {"the same point by its coordinates",
+     kOneHole,
+     plparcel::through_point({50, 0}),
+     4800,
+     kHere,
+     {{{50, 0}, {50, 40}}, {{50, 60}, {50, 100}}}},
+    {"through a point inside, over the hole; half of it lies on the right",
+     kOneHole,
+     plparcel::through_point({50, 20}),
+     4800,
+     kHere,
+     {{{50, 0}, {50, 40}}, {{50, 60}, {50, 100}}}},
+    {"through a point inside, below the hole",
+     kOneHole,
+     plparcel::through_point({50, 20}, 100),
+     2000,
+     kHere,
+     {{{0, 20}, {100, 20}}}},
+    {"over a hole's bay, from a corner of it", kBay, at_vertex_of(1, 2), 800, kHere, {{{30, 60}, {70, 40}}}},
+    {"the rest of that", kBay, at_vertex_of(1, 2), 10000 - 1200 - 800, kThere, {{{30, 60}, {70, 40}}}},
+};
+
+TEST(WholeLines, TwoPiecesThroughAPoint)
+{
+    for (const ThroughRow& row : kThrough) {
+        const Division division = cut(row.parcel, row.line, {area(row.area)}, row.measured, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << row.what << ": " << describe(division);
+        ASSERT_EQ(division.pieces.size(), 2U) << row.what;
+        EXPECT_NEAR(division.pieces[0].area, row.area, 1e-6) << row.what;
+        const std::vector<plparcel::Segment>& segments = division.lines[0].segments;
+        ASSERT_EQ(segments.size(), row.segments.size()) << row.what;
+        for (std::size_t i = 0; i < segments.size(); ++i) {
+            EXPECT_NEAR(segments[i].from.x, row.segments[i].start.x, 1e-9) << row.what;
+            EXPECT_NEAR(segments[i].from.y, row.segments[i].start.y, 1e-9) << row.what;
+            EXPECT_NEAR(segments[i].to.x, row.segments[i].end.x, 1e-9) << row.what;
+            EXPECT_NEAR(segments[i].to.y, row.segments[i].end.y, 1e-9) << row.what;
+        }
+    }
+}
+
+TEST(WholeLines, TwoPiecesThroughAPointAreRefusedWithAReason)
+{
+    const auto status = [](const Line& line, std::vector<Amount> amounts) {
+        return cut(kOneHole, line, std::move(amounts), kHere, Pieces::two).status;
+    };
+    EXPECT_EQ(status(plparcel::through_point({50, 50}), {share(1, 2)}), Status::point_outside)
+        << "in the hole";
+    EXPECT_EQ(status(plparcel::through_point({150, 50}), {share(1, 2)}), Status::point_outside);
+    EXPECT_EQ(status(at_vertex_of(1, 4), {share(1, 2)}), Status::no_such_index);
+    EXPECT_EQ(status(plparcel::through_vertex(0), {share(1, 3), share(1, 3)}), Status::only_one_amount);
+    EXPECT_EQ(status(plparcel::through_vertex(0), {width(5)}), Status::no_width);
+    // Of lines through (50, 20) none has less than 2000 on one side.
+    EXPECT_EQ(status(plparcel::through_point({50, 20}), {area(1900)}), Status::no_line_through_point);
 }
 
 // Of a whole line a part may do: in one arm, past the other one and the hole in it.

@@ -157,14 +157,14 @@ enum class Status {
     no_such_place,        ///< the distance along the side is not a number from 0 to its length
     point_outside,  ///< the point lies outside the parcel, or is not finite; of a whole line (Pieces::any), it
                     ///< lies farther off than a million times the parcel's extent
-    only_one_amount,  ///< two amounts or more, any number of pieces, and a line through a vertex, a place or a point
-    only_without_holes,  ///< a hole, two pieces, and a line that starts somewhere or goes through a point
-    no_amount,           ///< the list of amounts is empty
-    unusable_rounding,   ///< decimals or a tolerance outside what Rounding says
-    unusable_amount,     ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
-    amount_too_small,    ///< not above zero, or given by a number below 1e-200
-    amount_too_large,    ///< not less than there is to cut, or given by a number above 1e200; a width that
-                         ///< reaches beyond what is left
+    only_one_amount,  ///< two amounts or more, any number of pieces or holes, and a line through a vertex, a place or a point
+    only_without_holes,  ///< of feasible(): a hole, two pieces, and a line that starts somewhere or goes through a point
+    no_amount,          ///< the list of amounts is empty
+    unusable_rounding,  ///< decimals or a tolerance outside what Rounding says
+    unusable_amount,    ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200
+    amount_too_small,   ///< not above zero, or given by a number below 1e-200
+    amount_too_large,   ///< not less than there is to cut, or given by a number above 1e200; a width that
+                        ///< reaches beyond what is left
 
     // the cut
     base_reaches_behind,  ///< the part of the parcel behind the base side is larger than the request
@@ -329,8 +329,8 @@ PLPARCEL_API std::vector<Division> all_divisions(const Parcel& parcel, const Req
 ///
 /// @param[in] parcel   see check_parcel(); the order of the holes and the vertices at which rings begin change no bit
 ///                     of status, lines and pieces
-/// @param[in] request  as for a ring. Two pieces by a line through a vertex, a place or a point need a parcel without holes
-/// @return as for a ring, for lines in a direction, with two pieces and holes as follows.
+/// @param[in] request  as for a ring; with holes, a line through a vertex, a place or a point cuts off one amount only
+/// @return as for a ring, with two pieces and holes as follows.
 ///
 /// Counts      A line begins on one ring of the boundary and runs on until it comes back to that ring: from the outer ring
 ///             to the outer ring, or across the bay of a hole. On its way it may cross other rings, each once; a
@@ -338,10 +338,17 @@ PLPARCEL_API std::vector<Division> all_divisions(const Parcel& parcel, const Req
 ///             a line that meets a ring twice on its way makes more. A line that touches a ring, or passes a vertex
 ///             within four spacings, does not count. Without holes this is the rule for a ring.
 /// Order       As for a ring: see Concave above. A perpendicular ends on its base side where the last of its ends does.
+/// Through     A vertex or a place is an end of one of the line's segments, to the last bit: the line begins there, or comes
+///             from the far side of the ring that it crosses there. A point inside lies on a segment. The line turns round
+///             as for a ring: at a vertex and a place, what runs from there into the parcel begins at the side after
+///             them. The lines that hold the amount come in this order, then those that miss it by no more than the
+///             tolerance, at vertices or of the greatest or least area that there is. no_line_through_point says that there
+///             is none.
 /// Ends        All ends of a line lie within 14 spacings of each other across it. Of a line across holes they are moved one
 ///             after another where their roundings miss an amount: at the limit of what doubles hold, not_reached may
 ///             come where another combination of roundings would hold it.
-/// Cost        n log^2 n for each line.
+/// Cost        n log^2 n for each line. Through a vertex, a place or a point n log n, and for each direction of a vertex as many
+///             steps as the line meets sides before it comes to a ring for the second time.
 PLPARCEL_API Division divide(const Parcel& parcel, const Request& request);
 
 }  // namespace plparcel

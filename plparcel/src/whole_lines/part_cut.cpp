@@ -28,6 +28,9 @@ constexpr double kStraight = 14.0;
 // Vertices that a line may touch once it is rounded lie no more than so many spacings from where it was found.
 constexpr double kMayTouch = 24.0;
 
+// A line that misses by no more than so many times what is granted may be moved, by its rounding, to hold.
+constexpr double kMayMiss = 2.0;
+
 using Rings = std::vector<Ring>;
 
 // What is left to cut, and how the next line runs.
@@ -40,6 +43,7 @@ struct Stage {
     bool along_base = false;  // otherwise across it
     std::size_t base = 0;
     std::size_t alternative = 0;
+    bool zero_stays = false;  // `zero` is a vertex, and a line that ends there ends there to the last bit
 };
 
 // Two pieces and the line between them.
@@ -129,6 +133,28 @@ public:
                 return made;
         }
         return none_of(std::move(made), passed);
+    }
+
+    // The lines at level 0 that end at that point, or with one that does not stay, run through it.
+    std::vector<Cut2> cut_at_zero(const Target& target, std::size_t& trials) const
+    {
+        std::vector<Cut2> all;
+        for (const PartLine& line : lines_.lines_at(part_request(), 0.0)) {
+            const Wide above = frame_.area_to_parcel(line.above);
+            const Wide request = line.request_above ? above : area_ - above;
+            if (!has_zero(line) || abs(request - target.asked) > kMayMiss * target.granted())
+                continue;
+            Cut2 made;
+            const bool divides = passes(line, target, made);
+            trials += made.trials;
+            const auto is_same = [&made](const Cut2& other) {
+                return std::equal(other.ends.begin(), other.ends.end(), made.ends.begin(), made.ends.end(),
+                                  same_place);
+            };
+            if (divides && std::none_of(all.begin(), all.end(), is_same))
+                all.push_back(std::move(made));
+        }
+        return all;
     }
 
     std::vector<AreaRange> areas(const Wide& granted) const
@@ -221,6 +247,22 @@ private:
         return {p.x.value(), p.y.value()};
     }
 
+    bool ends_at_zero(std::size_t side) const
+    {
+        return same_place(rings_[side], stage_.zero) || same_place(rings_.end_of(side), stage_.zero);
+    }
+
+    bool has_zero(const PartLine& line) const
+    {
+        if (stage_.zero_stays)
+            return std::any_of(line.sides.begin(), line.sides.end(),
+                               [this](std::size_t side) { return ends_at_zero(side); });
+        for (std::size_t i = 0; i < line.sides.size(); i += 2)
+            if (met_along(line.sides[i], line.level) < 0.0 && met_along(line.sides[i + 1], line.level) > 0.0)
+                return true;
+        return false;
+    }
+
     // The end of its side that a point is next to, or the point.
     PL_PNT2D_record on_vertex(std::size_t side, const PL_PNT2D_record& p) const
     {
@@ -268,7 +310,8 @@ private:
         std::vector<PL_PNT2D_record> found;
         made.ends.clear();
         for (const std::size_t side : line.sides) {
-            found.push_back(end_at(side, line.level));
+            const bool stays = stage_.zero_stays && ends_at_zero(side);
+            found.push_back(stays ? stage_.zero : end_at(side, line.level));
             made.ends.push_back(on_vertex(side, found.back()));
         }
         const Verdict verdict = judge_rounded(line, target, made);
@@ -300,14 +343,18 @@ private:
         Target of_outer = target;
         of_outer.asked = target.asked - (line.request_above ? above : below);
         of_outer.rest = target.rest - (line.request_above ? below : above);
+        // From the right end, unless the left one stays.
+        const std::size_t right = stage_.zero_stays && ends_at_zero(line.sides[0]) ? 0 : 1;
         Chord chord;
-        chord.from_side = line.sides[1];
-        chord.to_side = line.sides[0];
-        chord.request_after_from = line.request_above;
-        const PL_PNT2D_record to = made.ends[0];
-        const PL_PNT2D_record from = made.ends[1];
+        chord.from_side = line.sides[right];
+        chord.to_side = line.sides[1 - right];
+        chord.request_after_from = line.request_above == (right == 1);
+        chord.from_stays = stage_.zero_stays;
+        const PL_PNT2D_record to = made.ends[1 - right];
+        const PL_PNT2D_record from = made.ends[right];
         const auto divides = [&](const PL_PNT2D_record& start, const PL_PNT2D_record& end) {
-            made.ends = {end, start};
+            made.ends[right] = start;
+            made.ends[1 - right] = end;
             return judge_rounded(line, target, made) == Verdict::divides;
         };
         return offer_nearby_ends(frame_.outer(), chord, of_outer, from, to, divides) ? Verdict::divides
@@ -323,6 +370,8 @@ private:
         const double enough = 0.25 * target.granted();
         for (std::size_t i = 0; i < made.ends.size() && std::fabs(over) > enough; ++i) {
             const std::size_t side = line.sides[i];
+            if (stage_.zero_stays && ends_at_zero(side))
+                continue;
             const PL_PNT2D_record other = made.ends[i ^ 1U];
             const bool is_left = i % 2 == 0;
             const WidePoint base =
@@ -585,6 +634,50 @@ std::size_t side_between(const WholeParcel& whole)
     return 0;
 }
 
+DividingLine line_between(const Cut2& made, bool runs_back)
+{
+    DividingLine line;
+    line.meets_again = made.meets_again;
+    for (std::size_t i = 0; i < made.ends.size(); i += 2)
+        line.segments.push_back({made.ends[i], made.ends[i + 1]});
+    if (runs_back) {
+        std::reverse(line.segments.begin(), line.segments.end());
+        for (Segment& segment : line.segments)
+            std::swap(segment.from, segment.to);
+    }
+    line.from = line.segments.front().from;
+    line.to = line.segments.back().to;
+    return line;
+}
+
+struct Holding {
+    const Rings& rings;
+    Wide area;
+    Wide asked;
+    std::size_t amount;
+};
+
+Piece piece_of(const Holding& of, bool clockwise)
+{
+    Piece piece;
+    piece.ring = of.rings.front();
+    piece.holes.assign(of.rings.begin() + 1, of.rings.end());
+    std::sort(piece.holes.begin(), piece.holes.end(), [](const Ring& a, const Ring& b) {
+        return comes_before(*std::min_element(a.begin(), a.end(), comes_before),
+                            *std::min_element(b.begin(), b.end(), comes_before));
+    });
+    piece.amount = of.amount;
+    piece.area = of.area.value();
+    piece.asked = of.asked.value();
+    piece.residual = (of.area - of.asked).value();
+    if (clockwise) {
+        std::reverse(piece.ring.begin() + 1, piece.ring.end());
+        for (Ring& hole : piece.holes)
+            std::reverse(hole.begin() + 1, hole.end());
+    }
+    return piece;
+}
+
 // The whole series.
 class Series {
 public:
@@ -660,43 +753,16 @@ private:
     {
         const WidePoint to_right = {stage.up.y, -stage.up.x};
         const WidePoint run = run_of(parcel_, request_.line);
-        DividingLine line;
-        line.meets_again = made.meets_again;
-        for (std::size_t i = 0; i < made.ends.size(); i += 2)
-            line.segments.push_back({made.ends[i], made.ends[i + 1]});
         bool runs_back = dot(run, to_right) < 0.0;
         if (request_.line.cut == Cut::perpendicular)
             runs_back = abs(cross(run, from_to(parcel_.a, made.ends.back()))) <
                         abs(cross(run, from_to(parcel_.a, made.ends.front())));
-        if (runs_back) {
-            std::reverse(line.segments.begin(), line.segments.end());
-            for (Segment& segment : line.segments)
-                std::swap(segment.from, segment.to);
-        }
-        line.from = line.segments.front().from;
-        line.to = line.segments.back().to;
-        return line;
+        return line_between(made, runs_back);
     }
 
     Piece piece_of(const Rings& rings, const Wide& area, const Wide& asked, std::size_t amount) const
     {
-        Piece piece;
-        piece.ring = rings.front();
-        piece.holes.assign(rings.begin() + 1, rings.end());
-        std::sort(piece.holes.begin(), piece.holes.end(), [](const Ring& a, const Ring& b) {
-            return comes_before(*std::min_element(a.begin(), a.end(), comes_before),
-                                *std::min_element(b.begin(), b.end(), comes_before));
-        });
-        piece.amount = amount;
-        piece.area = area.value();
-        piece.asked = asked.value();
-        piece.residual = (area - asked).value();
-        if (parcel_.clockwise) {
-            std::reverse(piece.ring.begin() + 1, piece.ring.end());
-            for (Ring& hole : piece.holes)
-                std::reverse(hole.begin() + 1, hole.end());
-        }
-        return piece;
+        return plparcel::piece_of(Holding{rings, area, asked, amount}, parcel_.clockwise);
     }
 
     const WholeParcel& parcel_;
@@ -712,6 +778,30 @@ std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, c
                             double of_parcel, Division& division)
 {
     return Series(parcel, side_between(parcel), request, shares, of_parcel).divide(division);
+}
+
+std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
+                                      const WidePoint& run, const Target& target, std::size_t& trials)
+{
+    Stage stage;
+    stage.rings = rings;
+    stage.up = line.up;
+    stage.zero = line.point;
+    stage.zero_stays = line.ends_there;
+    stage.where = PartRequest::Where::below;
+    const bool runs_back = dot(run, {stage.up.y, -stage.up.x}) < 0.0;
+    std::vector<Division> found;
+    for (const Cut2& made : PartCut(stage).cut_at_zero(target, trials)) {
+        Division division;
+        division.status = Status::divided;
+        division.lines = {line_between(made, runs_back)};
+        division.pieces = {piece_of({made.request, made.request_area, target.asked, 0}, clockwise),
+                           piece_of({made.rest, made.rest_area, target.rest, 1}, clockwise)};
+        for (const Piece& piece : division.pieces)
+            division.held.push_back({piece.asked, piece.area, piece.residual, 1});
+        found.push_back(std::move(division));
+    }
+    return found;
 }
 
 std::vector<AreaRange> areas_of_parts(const WholeParcel& parcel, const Request& request, const Wide& granted)

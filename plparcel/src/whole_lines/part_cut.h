@@ -7,6 +7,8 @@
 #include "amounts.h"
 #include "lines/area_ranges.h"
 #include "plparcel/division.h"
+#include "verdict/target.h"
+#include "whole_lines/whole_cut.h"
 #include "whole_lines/whole_parcel.h"
 
 namespace plparcel {
@@ -21,6 +23,18 @@ namespace plparcel {
 /// @return what each amount should hold, and what is left; unit squared
 std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, const Shares& shares,
                             double of_parcel, Division& division);
+
+/// Cuts one amount by the parts of a known line that make two pieces, and begin or end at its point, or have a segment that
+/// runs through it.
+///
+/// @param[in]  rings      the point is a vertex of one of them, or lies inside
+/// @param[in]  clockwise  pieces are to run so
+/// @param[in]  run        the direction of the line
+/// @param[in]  target     what the pieces should hold
+/// @param[out] trials     grows by the number of lines that were judged
+/// @return those that hold the target: divided, with one line and two pieces
+std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
+                                      const WidePoint& run, const Target& target, std::size_t& trials);
 
 /// The areas that such a line can cut off, unit squared: in their order, apart from each other.
 ///

@@ -14,6 +14,8 @@
 #include "lines/direction.h"
 #include "plparcel/extent.h"
 #include "verdict/target.h"
+#include "whole_lines/part_cut.h"
+#include "whole_lines/turning_parts.h"
 #include "whole_lines/turning_profile.h"
 
 namespace plparcel {
@@ -116,6 +118,30 @@ Pivot at_point(const CheckedParcel& parcel, const PL_PNT2D_record& point, double
     return pivot;
 }
 
+// A line through a point has the amount on its right on the ground. One through a place on the boundary has it where the
+// side lies that it turns away from: on the right as it turns. For `opposite` it is the other side.
+bool is_amount_on_left(const Pivot& pivot, Measured measured)
+{
+    return pivot.on_boundary == (measured == Measured::opposite);
+}
+
+// There and back.
+WidePoint on_ground(const Pivot& pivot, const WidePoint& v)
+{
+    return pivot.clockwise ? WidePoint{-v.x, v.y} : v;
+}
+
+KnownLine known_line_of(const Pivot& pivot, bool amount_on_left, const WidePoint& direction)
+{
+    const WidePoint run = about_unit(on_ground(pivot, direction));
+    KnownLine known;
+    known.point = pivot.point;
+    known.ends_there = pivot.on_boundary;
+    const bool on_right = amount_on_left == pivot.clockwise;
+    known.up = on_right ? WidePoint{-run.y, run.x} : WidePoint{run.y, -run.x};
+    return known;
+}
+
 // What the line turns over, anticlockwise: mirrored if it turns clockwise on the ground.
 class Turning {
 public:
@@ -123,7 +149,7 @@ public:
         : rings_of_(parcel.rings), parcel_(parcel.area), of_parcel_(of_parcel), rings_(parcel.rings),
           outer_(parcel.rings.front()), local_(outer_), pivot_(pivot),
           profile_(profile_about(local_.to_local(pivot.point))),
-          amount_on_left_(pivot.on_boundary == (measured == Measured::opposite))
+          amount_on_left_(is_amount_on_left(pivot, measured))
     {}
 
     // One after another, until one is taken.
@@ -134,13 +160,7 @@ public:
 
     KnownLine known_line(const TurningLine& line) const
     {
-        const WidePoint run = about_unit(on_ground(line.direction));
-        KnownLine known;
-        known.point = pivot_.point;
-        known.ends_there = pivot_.on_boundary;
-        const bool on_right = amount_on_left_ == pivot_.clockwise;
-        known.up = on_right ? WidePoint{-run.y, run.x} : WidePoint{run.y, -run.x};
-        return known;
+        return known_line_of(pivot_, amount_on_left_, line.direction);
     }
 
     // The line that holds as much and lies by so many spacings beside the point. Of several the one that runs most nearly
@@ -182,16 +202,13 @@ public:
     }
 
 private:
-    // There and back.
-    WidePoint on_ground(const WidePoint& v) const { return pivot_.clockwise ? WidePoint{-v.x, v.y} : v; }
-
     TurningProfile profile_about(const WidePoint& point) const
     {
         std::vector<WidePoint> points;
         points.reserve(rings_.size());
         for (const PL_PNT2D_record& p : rings_.points())
-            points.push_back(on_ground(local_.to_local(p) - point));
-        return {rings_, points, pivot_.clockwise ? -1.0 : 1.0, on_ground(pivot_.first)};
+            points.push_back(on_ground(pivot_, local_.to_local(p) - point));
+        return {rings_, points, pivot_.clockwise ? -1.0 : 1.0, on_ground(pivot_, pivot_.first)};
     }
 
     TurningRequest request_for(const Shares& shares, bool full_turn) const
@@ -212,9 +229,75 @@ private:
     LocalRing local_;
     const Pivot& pivot_;
     TurningProfile profile_;
-    // A line through a point has the amount on its right on the ground. One through a place on the boundary has it where
-    // the side lies that it turns away from: on the right as it turns. For `opposite` it is the other side.
     bool amount_on_left_;
+};
+
+// With a place on a side as a vertex.
+std::vector<Ring> with_vertex_at(std::vector<Ring> rings, const PL_PNT2D_record& place)
+{
+    const auto has_place = [&place](const Ring& ring) {
+        return std::any_of(ring.begin(), ring.end(),
+                           [&place](const PL_PNT2D_record& p) { return same_place(p, place); });
+    };
+    if (std::any_of(rings.begin(), rings.end(), has_place))
+        return rings;
+    for (Ring& ring : rings) {
+        const Location location = locate(MeasuredRing(ring), place);
+        if (location.where != Location::Where::on_side)
+            continue;
+        ring.insert(ring.begin() + static_cast<std::ptrdiff_t>(location.index) + 1, place);
+        return rings;
+    }
+    return rings;
+}
+
+PL_PNT2D_record mirrored(const PL_PNT2D_record& p)
+{
+    return {-p.x, p.y};
+}
+
+std::vector<Ring> mirrored(std::vector<Ring> rings)
+{
+    for (Ring& ring : rings) {
+        std::reverse(ring.begin(), ring.end());
+        for (PL_PNT2D_record& p : ring)
+            p = mirrored(p);
+    }
+    return rings;
+}
+
+// Parts of the line, likewise.
+class PartsTurning {
+public:
+    PartsTurning(const std::vector<Ring>& rings, const Pivot& pivot)
+        : seen_(pivot.clockwise ? mirrored(rings) : rings), rings_(seen_), outer_(seen_.front()),
+          local_(outer_), parts_(parts_about(pivot))
+    {}
+
+    std::vector<TurningLine> lines(const Wide& left, double granted) const
+    {
+        return parts_.lines(local_.area_to_local(left), local_.area_to_local(granted));
+    }
+
+private:
+    TurningParts parts_about(const Pivot& pivot) const
+    {
+        const PL_PNT2D_record point = pivot.clockwise ? mirrored(pivot.point) : pivot.point;
+        std::vector<WidePoint> points;
+        std::optional<std::size_t> vertex;
+        for (std::size_t i = 0; i < rings_.size(); ++i) {
+            points.push_back(local_.to_local(rings_[i]) - local_.to_local(point));
+            if (pivot.on_boundary && same_place(rings_[i], point))
+                vertex = i;
+        }
+        return {rings_, points, vertex, on_ground(pivot, pivot.first)};
+    }
+
+    std::vector<Ring> seen_;
+    JoinedRings rings_;
+    MeasuredRing outer_;
+    LocalRing local_;
+    TurningParts parts_;
 };
 
 Division cut_along_one(const WholeParcel& parcel, const Turning& turning, const TurningLine& line,
@@ -276,6 +359,42 @@ std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, con
     division.status = offered > failed ? Status::no_further_line : Status::not_reached;
     if (offered == 0)
         division.status = Status::no_line_through_point;
+    return {};
+}
+
+std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
+                                    const Shares& shares, double of_parcel, Division& division)
+{
+    const std::vector<Ring> rings =
+        pivot.on_boundary ? with_vertex_at(parcel.rings, pivot.point) : parcel.rings;
+    const Target target = {shares.pieces[0], shares.pieces[1], parcel.area, of_parcel};
+    const bool amount_on_left = is_amount_on_left(pivot, request.measured);
+    const std::size_t most_failures =
+        std::clamp(kMostWork / JoinedRings(rings).size(), kLeastFailures, kMostFailures);
+    std::size_t passed = 0;
+    std::size_t failed = 0;
+    for (const TurningLine& line :
+         PartsTurning(rings, pivot).lines(shares.pieces[amount_on_left ? 0 : 1], target.granted())) {
+        if (line.beside_the_amount && passed > 0)
+            break;
+        const std::vector<Division> found =
+            cut_by_parts_of(rings, parcel.clockwise, known_line_of(pivot, amount_on_left, line.direction),
+                            on_ground(pivot, line.direction), target, division.trials);
+        if (found.empty() && ++failed == most_failures)
+            break;
+        if (request.alternative < passed + found.size()) {
+            const Division& chosen = found[request.alternative - passed];
+            division.status = Status::divided;
+            division.lines = chosen.lines;
+            division.pieces = chosen.pieces;
+            division.held = chosen.held;
+            return shares.pieces;
+        }
+        passed += found.size();
+    }
+    division.status = passed > 0   ? Status::no_further_line
+                      : failed > 0 ? Status::not_reached
+                                   : Status::no_line_through_point;
     return {};
 }
 

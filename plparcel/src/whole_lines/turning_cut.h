@@ -36,6 +36,12 @@ Pivot pivot_of(const CheckedParcel& parcel, const Line& line);
 std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
                               const Shares& shares, double of_parcel, Division& division);
 
+/// Likewise by parts of lines that make exactly two pieces: the point is an end of one of their segments, or lies within one.
+///
+/// @param[in] parcel  with holes
+std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
+                                    const Shares& shares, double of_parcel, Division& division);
+
 /// The least and the greatest area that lines can cut off, unit squared.
 LeastAndMost areas_through(const WholeParcel& parcel, const Pivot& pivot, Measured measured);
 

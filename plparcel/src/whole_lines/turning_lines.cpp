@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <queue>
+#include <utility>
 #include <vector>
 
 namespace plparcel {
@@ -13,9 +14,8 @@ namespace {
 using State = TurningProfile::State;
 using Term = TurningProfile::Term;
 
-// Parts of all triangles together: an area that misses by no more than the first is held, one that misses by no more
-// than the second may be, for all that rounding in the sums allows to say.
-constexpr double kRim = 1e-28;
+// Part of all triangles together: an area that misses by no more than this may be held, for all that rounding in the sums
+// allows to say.
 constexpr double kHair = 1e-26;
 
 // Halves of the way between two vertices; there are no more digits.
@@ -29,9 +29,7 @@ bool is_above_zero(const Wide& a)
 // What is held too much on the left between two directions next to each other, on the way from 0 to 1.
 class Excess {
 public:
-    Excess(const TurningProfile& profile, std::size_t direction, const Wide& at_begin)
-        : begin_(at_begin), terms_(profile.terms(direction))
-    {}
+    Excess(std::vector<Term> terms, const Wide& at_begin) : begin_(at_begin), terms_(std::move(terms)) {}
 
     Wide at(const Wide& t) const
     {
@@ -112,19 +110,12 @@ template <class Function> Wide zero_of(const Function& of, Wide begin, Wide end)
 // The lines between two directions next to each other.
 class Between {
 public:
-    struct Found {
-        std::vector<Wide> exact;  // on the way from 0 to 1
-        std::optional<Wide> nearest;
-        Wide miss;  // by which that one does not hold the area
-    };
-
-    Between(const Excess& excess, const Wide& at_begin, const Wide& at_end, const Wide& scale,
-            const Wide& granted)
-        : excess_(excess), rim_(scale * kRim), hair_(scale.hi * kHair), granted_(granted.hi),
-          begin_holds_(!(abs(at_begin) > rim_)), end_holds_(!(abs(at_end) > rim_))
+    Between(Excess excess, const Wide& at_begin, const Wide& at_end, const Wide& scale, const Wide& granted)
+        : excess_(std::move(excess)), rim_(scale * kHeldExactly), hair_(scale.hi * kHair),
+          granted_(granted.hi), begin_holds_(!(abs(at_begin) > rim_)), end_holds_(!(abs(at_end) > rim_))
     {}
 
-    Found run()
+    TurningZeros run()
     {
         look(0.0, 1.0, 0);
         end_run(1.0);
@@ -183,7 +174,7 @@ private:
 
     void add(const Wide& t)
     {
-        if (t > kRim && t < Wide(1.0) - kRim)
+        if (t > kHeldExactly && t < Wide(1.0) - kHeldExactly)
             found_.exact.push_back(t);
     }
 
@@ -220,14 +211,14 @@ private:
             add(extreme_in(begin, end));
     }
 
-    const Excess& excess_;
+    Excess excess_;
     Wide rim_;
     double hair_;
     double granted_;
     bool begin_holds_;
     bool end_holds_;
     std::optional<Wide> run_begin_;
-    Found found_;
+    TurningZeros found_;
 };
 
 class Search {
@@ -302,7 +293,7 @@ private:
             return;
         proposed_ = direction + 1;
         const Wide miss = abs(state(direction).left - left_);
-        const bool holds = !(miss > profile_.scale() * kRim);
+        const bool holds = !(miss > profile_.scale() * kHeldExactly);
         if (direction == 0)
             first_holds_ = holds;
         if (holds)
@@ -316,10 +307,9 @@ private:
         const WidePoint& from = profile_.directions()[direction];
         const WidePoint& to = profile_.directions()[direction + 1];
         const Wide at_begin = state(direction).left - left_;
-        const Excess excess(profile_, direction, at_begin);
-        const Between::Found found =
-            Between(excess, at_begin, state(direction + 1).left - left_, profile_.scale(), request_.granted)
-                .run();
+        const TurningZeros found =
+            turning_zeros(profile_.terms(direction), at_begin, state(direction + 1).left - left_,
+                          profile_.scale(), request_.granted);
         const auto line_at = [&](const Wide& t) { return (from + (to - from) * t) * way_; };
         for (const Wide& t : found.exact)
             offer({line_at(t), false});
@@ -358,7 +348,7 @@ public:
             const Range at = ranges.top();
             ranges.pop();
             if (at.end - at.begin == 1) {
-                look_between(Excess(profile_, at.begin, state(at.begin).left), 0.0, 1.0, 0);
+                look_between(Excess(profile_.terms(at.begin), state(at.begin).left), 0.0, 1.0, 0);
                 continue;
             }
             const std::size_t middle = at.begin + (at.end - at.begin) / 2;
@@ -424,6 +414,12 @@ void turning_lines(const TurningProfile& profile, const TurningRequest& request,
                    const std::function<bool(const TurningLine&)>& take)
 {
     Search(profile, request, take).run();
+}
+
+TurningZeros turning_zeros(std::vector<Term> terms, const Wide& begin, const Wide& end, const Wide& scale,
+                           const Wide& granted)
+{
+    return Between(Excess(std::move(terms), begin), begin, end, scale, granted).run();
 }
 
 LeastAndMost least_and_most(const TurningProfile& profile, bool full_turn)

@@ -3,11 +3,16 @@
 // Whole straight lines through a point that have an area on their left.
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 #include "numbers/wide.h"
 #include "whole_lines/turning_profile.h"
 
 namespace plparcel {
+
+/// Part of all triangles together, see TurningProfile::scale(): an area that misses by no more than this is held.
+constexpr double kHeldExactly = 1e-28;
 
 struct TurningLine {
     WidePoint direction;
@@ -35,6 +40,21 @@ struct TurningRequest {
 /// @param[in] take  told of one line after another; true ends the search
 void turning_lines(const TurningProfile& profile, const TurningRequest& request,
                    const std::function<bool(const TurningLine&)>& take);
+
+/// Where a function of the way between two directions next to each other is zero.
+struct TurningZeros {
+    std::vector<Wide> exact;  ///< on the way from 0 to 1, those within; for a range of zeros one
+    std::optional<Wide>
+        nearest;  ///< where it comes nearest to zero and turns back, if by no more than is granted
+    Wide miss;    ///< by which it misses there
+};
+
+/// @param[in] terms    the function grows by these
+/// @param[in] begin    its value at the first direction
+/// @param[in] end      and at the second
+/// @param[in] scale    what rounding errors are measured by, see TurningProfile::scale()
+TurningZeros turning_zeros(std::vector<TurningProfile::Term> terms, const Wide& begin, const Wide& end,
+                           const Wide& scale, const Wide& granted);
 
 /// The least and the greatest area on the left of the line.
 struct LeastAndMost {

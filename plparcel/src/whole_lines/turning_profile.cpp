@@ -63,7 +63,7 @@ void TurningProfile::add_side(std::size_t a, std::size_t b, const std::vector<Wi
     };
     if (!(off_a * off_b < 0.0)) {
         const bool ahead = off_a > 0.0 || off_b > 0.0;
-        add_part(seen(points[a], ahead), seen(points[b], ahead), direction(a, ahead), direction(b, ahead),
+        add_part(a, seen(points[a], ahead), seen(points[b], ahead), direction(a, ahead), direction(b, ahead),
                  ahead, turn);
         return;
     }
@@ -73,22 +73,22 @@ void TurningProfile::add_side(std::size_t a, std::size_t b, const std::vector<Wi
         const WidePoint at_rim = seen(met, ahead);
         const std::size_t rim = rim_of(at_rim);
         if (first_half)
-            add_part(seen(points[a], ahead), at_rim, direction_[a], rim, ahead, turn);
+            add_part(a, seen(points[a], ahead), at_rim, direction_[a], rim, ahead, turn);
         else
-            add_part(at_rim, seen(points[b], ahead), rim, direction_[b], ahead, turn);
+            add_part(a, at_rim, seen(points[b], ahead), rim, direction_[b], ahead, turn);
     }
 }
 
 // One in line with the point is swept in no time.
-void TurningProfile::add_part(const WidePoint& a, const WidePoint& b, std::size_t from, std::size_t to,
-                              bool ahead, double turn)
+void TurningProfile::add_part(std::size_t side, const WidePoint& a, const WidePoint& b, std::size_t from,
+                              std::size_t to, bool ahead, double turn)
 {
     if (is_zero(cross(a, b)) || from == to)
         return;
     if (from < to)
-        parts_.push_back({a, b, from, to, ahead, turn > 0.0});
+        parts_.push_back({side, a, b, from, to, ahead, turn > 0.0});
     else
-        parts_.push_back({b, a, to, from, ahead, turn < 0.0});
+        parts_.push_back({side, b, a, to, from, ahead, turn < 0.0});
 }
 
 void TurningProfile::sum_whole_parts()
@@ -143,7 +143,6 @@ std::vector<std::size_t> TurningProfile::parts_in(std::size_t sector) const
     return found;
 }
 
-// Where the ray meets a part; its ends exactly.
 WidePoint TurningProfile::hit(const Part& part, std::size_t direction) const
 {
     if (direction == part.from)
@@ -173,20 +172,23 @@ TurningProfile::State TurningProfile::at(std::size_t direction) const
 // The ray runs in the direction u + t f and meets the part along s at w0 / (1 + bend t), w0 where u meets it. It has
 // swept half the cross product of that and w0. A part along which the ray runs at first passes the point within a rounding: it
 // sweeps nothing.
+TurningProfile::Term TurningProfile::swept_along(const Part& part, std::size_t direction) const
+{
+    const WidePoint along = part.end - part.begin;
+    const Wide off = cross(directions_[direction], along);
+    if (is_zero(off))
+        return {0.0, 0.0};
+    const Wide quotient = cross(directions_[direction + 1], along) / off;
+    const Wide growth = cross(hit(part, direction), hit(part, direction + 1)) * 0.5 * quotient;
+    return {growth, quotient - 1.0};
+}
+
 std::vector<TurningProfile::Term> TurningProfile::terms(std::size_t direction) const
 {
-    const WidePoint& from = directions_[direction];
-    const WidePoint& to = directions_[direction + 1];
     std::vector<Term> all;
     for (const std::size_t i : parts_in(direction)) {
-        const Part& part = parts_[i];
-        const WidePoint along = part.end - part.begin;
-        const Wide off = cross(from, along);
-        if (is_zero(off))
-            continue;
-        const Wide quotient = cross(to, along) / off;
-        const Wide growth = cross(hit(part, direction), hit(part, direction + 1)) * 0.5 * quotient;
-        all.push_back({part.leaves == part.ahead ? -growth : growth, quotient - 1.0});
+        const Term swept = swept_along(parts_[i], direction);
+        all.push_back({parts_[i].leaves == parts_[i].ahead ? -swept.growth : swept.growth, swept.bend});
     }
     return all;
 }

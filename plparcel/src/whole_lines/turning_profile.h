@@ -35,6 +35,17 @@ public:
         Wide bend;
     };
 
+    /// A side, or the part of it on one side of the first line, as the ray sees it.
+    struct Part {
+        std::size_t side;
+        WidePoint begin;  ///< where the ray comes to it; behind, turned half round the point
+        WidePoint end;
+        std::size_t from;  ///< the directions of these
+        std::size_t to;
+        bool ahead;
+        bool leaves;  ///< the parcel lies between the point and the part
+    };
+
     /// @param[in] rings   the outer ring anticlockwise, the holes clockwise
     /// @param[in] points  their vertices from the point, or these mirrored
     /// @param[in] turn    1, or -1 where they are mirrored
@@ -51,20 +62,18 @@ public:
     /// Between one of them and the next.
     std::vector<Term> terms(std::size_t direction) const;
 
+    const std::vector<Part>& parts() const { return parts_; }
+
+    /// Where the ray meets a part, in a direction of its own; its ends exactly.
+    WidePoint hit(const Part& part, std::size_t direction) const;
+
+    /// What the ray sweeps along a part, between a direction and the next.
+    Term swept_along(const Part& part, std::size_t direction) const;
+
     /// Areas of all triangles between the point and a side together: what rounding errors are measured by.
     const Wide& scale() const { return scale_; }
 
 private:
-    // A side, or the part of it on one side of the first line, as the ray sees it.
-    struct Part {
-        WidePoint begin;  // where the ray comes to it
-        WidePoint end;
-        std::size_t from;  // the directions of these
-        std::size_t to;
-        bool ahead;
-        bool leaves;  // the parcel lies between the point and the part
-    };
-
     struct Cover {
         std::size_t node;
         std::size_t part;
@@ -72,12 +81,11 @@ private:
 
     void put_in_order(const std::vector<WidePoint>& points);
     void add_side(std::size_t a, std::size_t b, const std::vector<WidePoint>& points, double turn);
-    void add_part(const WidePoint& a, const WidePoint& b, std::size_t from, std::size_t to, bool ahead,
-                  double turn);
+    void add_part(std::size_t side, const WidePoint& a, const WidePoint& b, std::size_t from, std::size_t to,
+                  bool ahead, double turn);
     void sum_whole_parts();
     void build_tree();
     std::size_t rim_of(const WidePoint& seen) const;
-    WidePoint hit(const Part& part, std::size_t direction) const;
     std::vector<std::size_t> parts_in(std::size_t sector) const;
 
     WidePoint first_;
