@@ -289,8 +289,10 @@ TEST_F(Sides, ARefusalSaysWhatCanBeHadBesideAHole)
                                               "(20 20,20 60,30 60,30 30,70 30,70 60,80 60,80 20,20 20))\"\n");
     const test::Result run = divide(file, "--parallel 1 --area 3000");
     EXPECT_EQ(run.status, 4);
-    EXPECT_NE(run.err.find("ask for at most 2400.0000 or more than 4800.0000, or cut across side 1"),
-              std::string::npos)
+    EXPECT_NE(
+        run.err.find("ask for at most 2400.0000 or more than 4800.0000, or cut along side 1 (--opposite), "
+                     "across side 1"),
+        std::string::npos)
         << run.err;
     EXPECT_EQ(divide(file, "--parallel 1 --area 2400").status, 0);
     EXPECT_EQ(divide(file, "--parallel 1 --area 4800.0001").status, 0);
