@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -14,7 +15,7 @@ namespace plparcel {
 namespace {
 
 // Where the line meets the boundary at a slant, a rounded end lies farther from it along the line: 64 times the
-// rounding at one degree. A flatter slant needs more decimals.
+// rounding at one degree. A flatter slant needs more decimals; with all its digits the line lies as well as it can.
 constexpr double kSlantAllowance = 64.0;
 
 // A line with all its digits ends within this many spacings of doubles from the boundary.
@@ -23,7 +24,14 @@ constexpr double kFoundSpacings = 4.0;
 // Half a step in the last place, on both axes.
 double rounding_of(int decimals)
 {
-    return decimals > kMostDecimals ? 0.0 : std::sqrt(0.5) * std::pow(10.0, -decimals);
+    return std::sqrt(0.5) * std::pow(10.0, -decimals);
+}
+
+// How far from a rounded end its line may meet the boundary.
+double reach_of(int decimals, double spacing)
+{
+    return decimals > kMostDecimals ? std::numeric_limits<double>::infinity()
+                                    : kSlantAllowance * (rounding_of(decimals) + kFoundSpacings * spacing);
 }
 
 bool holds(const Wide& got, const Wide& wanted, const Target& target)
@@ -109,8 +117,7 @@ std::optional<StakedOut> stake_out(const std::vector<Ring>& boundary, const Divi
     for (const Piece& piece : found.pieces)
         spacing = std::max(spacing, coordinate_spacing(piece.ring));
     for (int decimals = *rounding.decimals; decimals <= kMostDecimals + 1; ++decimals) {
-        const double reach = kSlantAllowance * (rounding_of(decimals) + kFoundSpacings * spacing);
-        if (!net.round(decimals, reach))
+        if (!net.round(decimals, reach_of(decimals, spacing)))
             continue;
         std::optional<std::vector<StakedPiece>> pieces = judged(net, wanted, target);
         if (!pieces)

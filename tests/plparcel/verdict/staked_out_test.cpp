@@ -195,6 +195,23 @@ TEST(StakedOut, WhereNoDecimalsHoldItTheLineHasAllDigits)
     EXPECT_NEAR(division.pieces[0].area, 1e-24 / 6, 1e-33);
 }
 
+// The left side leans by 3e-8 in 26, and the line due North meets it at that slant: from an end that is rounded to a decimal it
+// lies far along the line, whatever decimal that is. The line is 1.52e-8 from the corner: 1.52e-8 * 13.2 / 2 = 1e-7.
+TEST(StakedOut, ALineAlmostAlongASideHasAllDigits)
+{
+    Request sliver;
+    sliver.line = plparcel::at_bearing(0);
+    sliver.measured = plparcel::Measured::opposite;
+    sliver.amounts = {plparcel::area(1e-7)};
+    sliver.rounding = {3, 1e-6};
+    const Division division = divide({{100, 100}, {150, 100}, {150, 126}, {100.00000003, 126}}, sliver);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_FALSE(division.decimals);
+    EXPECT_NEAR(division.pieces[0].area, 1e-7, 1e-9);
+    EXPECT_NEAR(division.lines[0].from.x, 100 + 1.519e-8, 1e-11);
+    EXPECT_NEAR(division.lines[0].to.y, 113.166, 1e-2);
+}
+
 // A third of 4.5 where doubles are whole numbers: areas are multiples of a half, and 1.5 is one; a quarter, 1.125, is
 // none.
 TEST(StakedOut, WhereDoublesHoldNoSuchAmountItIsNotReached)
