@@ -590,6 +590,20 @@ TEST(WholeLines, TwoPiecesThroughAPointAreRefusedWithAReason)
     EXPECT_EQ(status(plparcel::through_point({50, 20}), {area(1900)}), Status::no_line_through_point);
 }
 
+//   +                    The line that cuts two thirds off runs along the hole's slope, from below it to above it. It does
+//   | +  +               not start at the place on the slope, but touches the hole all along.
+//   | |     +
+//   | +---+    +
+//   +             +
+TEST(WholeLines, ALineAlongTheSideThatItsPlaceIsOnTouchesIt)
+{
+    const Parcel parcel = {{{-2, -2}, {2, 0}, {0, 2}}, {{{0, 1}, {0, 0}, {1, 0}}}};
+    Line slope = plparcel::through_place(2, 1.3043267543796448);
+    slope.ring = 1;
+    EXPECT_EQ(cut(parcel, slope, {share(8, 12)}, kHere, Pieces::two).status, Status::line_leaves_parcel);
+    EXPECT_EQ(cut(parcel, slope, {share(4, 12)}, kThere, Pieces::two).status, Status::line_leaves_parcel);
+}
+
 // Of a whole line a part may do: in one arm, past the other one and the hole in it.
 TEST(WholeLines, APartOfALineMakesTwoPieces)
 {
@@ -750,6 +764,21 @@ TEST(WholeLines, ALineBesideTheAmountIsNoFurtherLine)
     EXPECT_EQ(division.lines[0].from.x, 100);
     request.alternative = 1;
     EXPECT_EQ(divide(u, request).status, Status::no_further_line);
+}
+
+//   +-------\/--+     Level 70. The right side has a vertex four spacings of doubles above the line. From there the line would
+//   |            o    pass the hole's lowest corner, seven spacings above it, within four; it ends where it was found.
+//   +------------+
+TEST(WholeLines, AnEndIsNotMovedToAVertexWhereTheLineThenTouchesAnother)
+{
+    constexpr double kSpacing = 0x1p-46;
+    const Ring outer = {{64, 64}, {100, 64}, {100, 70 + 4 * kSpacing}, {100, 80}, {64, 80}};
+    const Ring hole = {{94, 70 + 7 * kSpacing}, {96, 75}, {92, 75}};
+    const Division division = cut({outer, {hole}}, at_bearing(100), {area(216)}, kHere, Pieces::two);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.lines[0].from.y, 70);
+    EXPECT_EQ(division.lines[0].to.y, 70);
+    EXPECT_EQ(division.pieces[0].area, 216);
 }
 
 // Up from the floor's side, which lies between the arms: what lies with it goes up to its own level in one of them.

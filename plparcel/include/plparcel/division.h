@@ -343,7 +343,7 @@ PLPARCEL_API std::vector<Division> all_divisions(const Parcel& parcel, const Req
 ///             as for a ring: at a vertex and a place, what runs from there into the parcel begins at the side after
 ///             them. The lines that hold the amount come in this order, then those that miss it by no more than the
 ///             tolerance, at vertices or of the greatest or least area that there is. no_line_through_point says that there
-///             is none.
+///             is none, line_leaves_parcel that each of them touches a ring.
 /// Ends        All ends of a line lie within 14 spacings of each other across it. Of a line across holes they are moved one
 ///             after another where their roundings miss an amount: at the limit of what doubles hold, not_reached may
 ///             come where another combination of roundings would hold it.

@@ -136,7 +136,7 @@ public:
     }
 
     // The lines at level 0 that end at that point, or with one that does not stay, run through it.
-    std::vector<Cut2> cut_at_zero(const Target& target, std::size_t& trials) const
+    std::vector<Cut2> cut_at_zero(const Target& target, PartsOfLine& parts) const
     {
         std::vector<Cut2> all;
         for (const PartLine& line : lines_.lines_at(part_request(), 0.0)) {
@@ -146,7 +146,8 @@ public:
                 continue;
             Cut2 made;
             const bool divides = passes(line, target, made);
-            trials += made.trials;
+            parts.trials += made.trials;
+            parts.missing += made.status == Status::not_reached ? 1 : 0;
             const auto is_same = [&made](const Cut2& other) {
                 return std::equal(other.ends.begin(), other.ends.end(), made.ends.begin(), made.ends.end(),
                                   same_place);
@@ -252,6 +253,9 @@ private:
         return same_place(rings_[side], stage_.zero) || same_place(rings_.end_of(side), stage_.zero);
     }
 
+    // Whether a line ends there to the last bit.
+    bool stays(std::size_t side) const { return stage_.zero_stays && ends_at_zero(side); }
+
     bool has_zero(const PartLine& line) const
     {
         if (stage_.zero_stays)
@@ -310,21 +314,22 @@ private:
         std::vector<PL_PNT2D_record> found;
         made.ends.clear();
         for (const std::size_t side : line.sides) {
-            const bool stays = stage_.zero_stays && ends_at_zero(side);
-            found.push_back(stays ? stage_.zero : end_at(side, line.level));
-            made.ends.push_back(on_vertex(side, found.back()));
+            found.push_back(stays(side) ? stage_.zero : end_at(side, line.level));
+            made.ends.push_back(stays(side) ? stage_.zero : on_vertex(side, found.back()));
         }
-        const Verdict verdict = judge_rounded(line, target, made);
-        if (verdict == Verdict::leaves_the_parcel) {
+        const Verdict at_vertices = judge_rounded(line, target, made);
+        if (at_vertices == Verdict::divides)
+            return at_vertices;
+        if (at_vertices == Verdict::leaves_the_parcel) {
             for (std::size_t i = 0; i < found.size(); ++i)
-                made.ends[i] = on_passed_vertex(line, i, made.ends[i]);
-            return judge_rounded(line, target, made) == Verdict::divides ? Verdict::divides : verdict;
+                made.ends[i] = stays(line.sides[i]) ? stage_.zero : on_passed_vertex(line, i, made.ends[i]);
+            if (judge_rounded(line, target, made) == Verdict::divides)
+                return Verdict::divides;
         }
-        if (verdict != Verdict::misses)
-            return verdict;
         made.ends = found;
-        if (judge_rounded(line, target, made) == Verdict::divides)
-            return Verdict::divides;
+        const Verdict as_found = judge_rounded(line, target, made);
+        if (as_found == Verdict::divides || (as_found != Verdict::misses && as_found == at_vertices))
+            return as_found;
         if (line.sides.size() == 2 && rings_.ring_of(line.sides[0]) == 0)
             return look_nearby(line, target, made);
         balance(line, target, made);
@@ -344,7 +349,7 @@ private:
         of_outer.asked = target.asked - (line.request_above ? above : below);
         of_outer.rest = target.rest - (line.request_above ? below : above);
         // From the right end, unless the left one stays.
-        const std::size_t right = stage_.zero_stays && ends_at_zero(line.sides[0]) ? 0 : 1;
+        const std::size_t right = stays(line.sides[0]) ? 0 : 1;
         Chord chord;
         chord.from_side = line.sides[right];
         chord.to_side = line.sides[1 - right];
@@ -370,7 +375,7 @@ private:
         const double enough = 0.25 * target.granted();
         for (std::size_t i = 0; i < made.ends.size() && std::fabs(over) > enough; ++i) {
             const std::size_t side = line.sides[i];
-            if (stage_.zero_stays && ends_at_zero(side))
+            if (stays(side))
                 continue;
             const PL_PNT2D_record other = made.ends[i ^ 1U];
             const bool is_left = i % 2 == 0;
@@ -780,8 +785,8 @@ std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, c
     return Series(parcel, side_between(parcel), request, shares, of_parcel).divide(division);
 }
 
-std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
-                                      const WidePoint& run, const Target& target, std::size_t& trials)
+PartsOfLine cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
+                            const WidePoint& run, const Target& target)
 {
     Stage stage;
     stage.rings = rings;
@@ -790,8 +795,8 @@ std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clock
     stage.zero_stays = line.ends_there;
     stage.where = PartRequest::Where::below;
     const bool runs_back = dot(run, {stage.up.y, -stage.up.x}) < 0.0;
-    std::vector<Division> found;
-    for (const Cut2& made : PartCut(stage).cut_at_zero(target, trials)) {
+    PartsOfLine parts;
+    for (const Cut2& made : PartCut(stage).cut_at_zero(target, parts)) {
         Division division;
         division.status = Status::divided;
         division.lines = {line_between(made, runs_back)};
@@ -799,9 +804,9 @@ std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clock
                            piece_of({made.rest, made.rest_area, target.rest, 1}, clockwise)};
         for (const Piece& piece : division.pieces)
             division.held.push_back({piece.asked, piece.area, piece.residual, 1});
-        found.push_back(std::move(division));
+        parts.divisions.push_back(std::move(division));
     }
-    return found;
+    return parts;
 }
 
 std::vector<AreaRange> areas_of_parts(const WholeParcel& parcel, const Request& request, const Wide& granted)

@@ -2,6 +2,7 @@
 
 // Divides a parcel with holes by lines of one direction that make exactly two pieces each.
 
+#include <cstddef>
 #include <vector>
 
 #include "amounts.h"
@@ -24,17 +25,22 @@ namespace plparcel {
 std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, const Shares& shares,
                             double of_parcel, Division& division);
 
+/// What became of the parts of one line.
+struct PartsOfLine {
+    std::vector<Division> divisions;  ///< those that hold the target: divided, with one line and two pieces
+    std::size_t trials = 0;           ///< how many were judged
+    std::size_t missing = 0;          ///< of these, make two pieces, but no doubles hold the target
+};
+
 /// Cuts one amount by the parts of a known line that make two pieces, and begin or end at its point, or have a segment that
 /// runs through it.
 ///
-/// @param[in]  rings      the point is a vertex of one of them, or lies inside
-/// @param[in]  clockwise  pieces are to run so
-/// @param[in]  run        the direction of the line
-/// @param[in]  target     what the pieces should hold
-/// @param[out] trials     grows by the number of lines that were judged
-/// @return those that hold the target: divided, with one line and two pieces
-std::vector<Division> cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
-                                      const WidePoint& run, const Target& target, std::size_t& trials);
+/// @param[in] rings      the point is a vertex of one of them, or lies inside
+/// @param[in] clockwise  pieces are to run so
+/// @param[in] run        the direction of the line
+/// @param[in] target     what the pieces should hold
+PartsOfLine cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, const KnownLine& line,
+                            const WidePoint& run, const Target& target);
 
 /// The areas that such a line can cut off, unit squared: in their order, apart from each other.
 ///

@@ -373,13 +373,18 @@ std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivo
         std::clamp(kMostWork / JoinedRings(rings).size(), kLeastFailures, kMostFailures);
     std::size_t passed = 0;
     std::size_t failed = 0;
+    bool are_too_coarse = false;
     for (const TurningLine& line :
          PartsTurning(rings, pivot).lines(shares.pieces[amount_on_left ? 0 : 1], target.granted())) {
         if (line.beside_the_amount && passed > 0)
             break;
-        const std::vector<Division> found =
+        const PartsOfLine parts =
             cut_by_parts_of(rings, parcel.clockwise, known_line_of(pivot, amount_on_left, line.direction),
-                            on_ground(pivot, line.direction), target, division.trials);
+                            on_ground(pivot, line.direction), target);
+        const std::vector<Division>& found = parts.divisions;
+        division.trials += parts.trials;
+        // A place that is rounded may itself take so much that no part of the line is left to be judged.
+        are_too_coarse = are_too_coarse || parts.trials == 0 || parts.missing > 0;
         if (found.empty() && ++failed == most_failures)
             break;
         if (request.alternative < passed + found.size()) {
@@ -392,9 +397,12 @@ std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivo
         }
         passed += found.size();
     }
-    division.status = passed > 0   ? Status::no_further_line
-                      : failed > 0 ? Status::not_reached
-                                   : Status::no_line_through_point;
+    if (passed > 0)
+        division.status = Status::no_further_line;
+    else if (failed > 0)
+        division.status = are_too_coarse ? Status::not_reached : Status::line_leaves_parcel;
+    else
+        division.status = Status::no_line_through_point;
     return {};
 }
 
