@@ -1209,7 +1209,7 @@ void look_at_two(const Parcel& parcel, Request request, std::map<std::string, in
     Judged without_decimals = exactly;
     without_decimals.of_parcel = 1e-9;
     const bool has_no_other = other.status == Status::no_further_line && !is_too_coarse(without_decimals);
-    if (has_no_other && less_than(4) == 0) {
+    if (has_no_other && request.line.index % 4 == 0) {
         EXPECT_LE(Runs(exactly, parcel, request).count_holding(), 1U) << shown(parcel, request);
     }
     if (other.status == Status::divided) {

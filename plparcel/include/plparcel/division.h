@@ -281,7 +281,8 @@ PLPARCEL_API const char* describe(const Division& division) noexcept;
 ///             lines start is rounded, and is a corner of all pieces. Where that takes more decimals, the lines have
 ///             more: Division::decimals. Where doubles cannot hold an amount within 1e-9, a line that holds
 ///             it within half the stated tolerance is rounded; not_reached says that there is none, or that not even
-///             all digits hold the amounts.
+///             all digits hold the amounts. So a line that ends beside a vertex, and not on it, may be refused where
+///             doubles lie that far apart: prolonged, it passes beyond the end of its side.
 /// Concave     A line ends where it first leaves the parcel; see DividingLine::meets_again. When several lines hold
 ///             the amount, those on the inner side of the base side come first (for a perpendicular: those that
 ///             end on it). Among these come first the lines that meet the boundary only twice, and among these the
