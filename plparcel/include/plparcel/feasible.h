@@ -29,9 +29,10 @@ struct AmountRange {
     double most = 0.0;   ///< unit squared
     /// Whether the least amount is had itself. It is where the line that holds it ends at a vertex; it is not where that line
     /// touches a vertex on its way, and nothing and all of the parcel are not. A line that touches a corner of a hole has
-    /// ranges on both sides of its amount. Where a point inside lies in line with two
-    /// vertices, an end that belongs to the line through both may be told either way; and where the area is all but
-    /// greatest or least there, a line beside it may hold the amount within the tolerance.
+    /// ranges on both sides of its amount. Beside holes a line next to the one that touches may hold the amount within the
+    /// tolerance, and divide() takes it: such an end is not called had, though it is. Where a point inside lies in line
+    /// with two vertices, an end that belongs to the line through both may be told either way; and where the area is all
+    /// but greatest or least there, a line beside it may hold the amount within the tolerance.
     bool least_is_had = false;
     bool most_is_had = false;  ///< likewise, of the greatest
 };
