@@ -136,8 +136,8 @@ std::vector<std::string> StakeoutVerb::names_that_are_numbers(const Parcel& parc
         const std::optional<std::size_t> number = vertex_number(text, parcel);
         if (!number || same(called(text, parcel, known).front(), vertex(parcel, *number)))
             continue;
-        const std::string clause =
-            text + " is the point of this name; the vertex is called 'vertex " + text + "'";
+        std::string clause = text;
+        clause.append(" is the point of this name; the vertex is called 'vertex ").append(text).append("'");
         if (std::find(clauses.begin(), clauses.end(), clause) == clauses.end())
             clauses.push_back(clause);
     }
