@@ -7,7 +7,7 @@
 -- Whether the coordinates of a reference system are degrees.
 CREATE FUNCTION plcalc_has_degrees(srid integer) RETURNS boolean
 LANGUAGE sql STABLE PARALLEL SAFE AS $$
-    SELECT coalesce((SELECT srtext LIKE 'GEOGC%' FROM spatial_ref_sys AS system WHERE system.srid = $1), false)
+    SELECT coalesce((SELECT srtext LIKE 'GEOGC%' OR srtext LIKE 'COMPD_CS[%",GEOGCS[%' FROM spatial_ref_sys AS system WHERE system.srid = $1), false)
 $$;
 
 CREATE FUNCTION plcalc_divide_wkb(

@@ -80,6 +80,8 @@ def _amounts(area_, product_, share_, width_, parts, amounts):
     if width_ is not None:
         return [width(value) for value in _listed(width_)]
     if parts is None:
+        if isinstance(amounts, str):
+            amounts = amounts.split(",")
         return [_amount_of(value) for value in amounts]
     parts = operator.index(parts)
     if parts < 2:

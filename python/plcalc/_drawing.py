@@ -94,7 +94,10 @@ def drawn(outer, holes, pieces, lines, said=""):
 
     if len(outer) == 0 or not numpy.isfinite(outer).all():
         return '<svg xmlns="http://www.w3.org/2000/svg" width="1" height="1"/>'
-    frame = _Frame(outer)
+    with numpy.errstate(all="ignore"):
+        frame = _Frame(outer)
+    if not numpy.isfinite([frame.width, frame.height]).all():
+        return '<svg xmlns="http://www.w3.org/2000/svg" width="1" height="1"/>'
     width = max(frame.width, 0.9 * _DIGIT * len(said))
     height = frame.height + (_MARGIN if said else 0.0)
     out = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{width:.0f}" height="{height:.0f}" '

@@ -11,7 +11,7 @@ import numpy.typing
 from . import _wkb
 from . import plparcel as _layer
 
-_NUMBER = r"[-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?"
+_NUMBER = r"[-+]?(?:\d+(?:\.\d*)?|\.\d+)(?:[eE][-+]?\d+)?"
 _WKT = re.compile(r"\s*(?:SRID\s*=\s*\d+\s*;)?\s*(MULTIPOLYGON|POLYGON)\s*(ZM|Z|M)?\s*(\(.*\))\s*", re.I | re.S)
 _VERTEX = rf"\s*{_NUMBER}(?:\s+{_NUMBER}){{1,3}}\s*"
 _RING = re.compile(rf"\s*\(({_VERTEX}(?:,{_VERTEX})*)\)\s*")
@@ -33,7 +33,7 @@ def _rings_of_wkt(text):
             raise ValueError(f"not the WKT of a polygon: {text[:60]!r}")
         rings.append(numpy.array([vertex.split()[:2] for vertex in ring[1].split(",")], dtype=float))
         at = ring.end()
-        if body[at:] == ")":
+        if at == len(body) - 1 and body[at] == ")":
             return rings
         if body[at:at + 1] != ",":
             raise ValueError(f"not the WKT of a polygon: {text[:60]!r}")
@@ -86,13 +86,15 @@ def parcel(given: ParcelLike) -> _layer.Parcel:
     """
     if isinstance(given, _layer.Parcel):
         return given
+    if isinstance(given, numpy.ma.MaskedArray):
+        given = given.astype(float).filled(numpy.nan)  # a vertex that is masked is unknown
     if isinstance(given, numpy.ndarray):
         return _layer.Parcel(given)
     if isinstance(given, str):
         rings = _rings_of_wkt(given)
     elif isinstance(given, (bytes, bytearray, memoryview)):
         rings = _wkb.rings_of(given)
-    elif isinstance(given, dict):
+    elif isinstance(given, Mapping):
         rings = _rings_of_geo(given)
     elif hasattr(given, "__geo_interface__"):
         rings = _rings_of_geo(given.__geo_interface__)

@@ -58,6 +58,12 @@ class _Frozen:
     def __delattr__(self, name):
         raise AttributeError(f"{type(self).__name__} cannot be changed")
 
+    def __copy__(self):
+        return self
+
+    def __deepcopy__(self, memo):
+        return self
+
     def _set(self, **fields):
         for name, value in fields.items():
             object.__setattr__(self, name, value)

@@ -12,7 +12,8 @@ PointLike = Union[Sequence[float], HasGeoInterface, _core.PL_PNT2D_record]
 
 
 class Undecided(ValueError):
-    """No side, or several, are what was named.
+    """No side, or several, are what was named; or the boundary cannot be used. Differences up to 0.001 in lengths and up
+    to 0.01 gon in bearings count as none.
 
     status: one word, a name of `plcalc.plparcel.ChoiceStatus`
     places: those that fit equally well, each (index, ring); empty when there is none
@@ -25,6 +26,9 @@ class Undecided(ValueError):
         super().__init__(reason)
         self.status, self.places = status, places
 
+    def __reduce__(self) -> Tuple[Any, ...]:
+        return type(self), (self.status, self.places, str(self))
+
 
 class Named:
     """What `divide` takes instead of a number: it finds the side or the vertex of each parcel."""
@@ -32,6 +36,15 @@ class Named:
     def __init__(self, text: str, side: Optional[Callable[[_layer.Parcel], _layer.Choice]] = None,
                  vertex: Optional[Callable[[_layer.Parcel], _layer.Choice]] = None) -> None:
         self._text, self._side, self._vertex = text, side, vertex
+        self._made: Any = text
+
+    def made_by(self, *made: Any) -> "Named":
+        """Says which function of this module makes the same name, for a worker elsewhere."""
+        self._made = made
+        return self
+
+    def __reduce__(self) -> Any:
+        return self._made
 
     def __repr__(self) -> str:
         return f"plcalc.{self._text}"
@@ -54,32 +67,46 @@ class Named:
         if choice.status == _layer.ChoiceStatus.found:
             return places[0]
         reason = _layer.describe(choice.status)
+        if choice.status == _layer.ChoiceStatus.unusable_boundary:
+            reason += f": {_layer.describe(choice.boundary)}"
         if places:
             reason += f": {what} " + ", ".join(str(index) if ring == 0 else str((index, ring)) for index, ring in places)
         raise Undecided(choice.status.name, places, reason)
 
 
-longest = Named("longest", _layer.longest_side)
-shortest = Named("shortest", _layer.shortest_side)
+# Of what differs by less, rounding would choose: a millimetre and a hundredth of a gon, as in the program.
+_SAME_LENGTH, _SAME_GON = 0.001, 0.01
+
+longest = Named("longest", lambda parcel: _layer.longest_side(parcel, _SAME_LENGTH))
+shortest = Named("shortest", lambda parcel: _layer.shortest_side(parcel, _SAME_LENGTH))
+
+
+def _coordinates(point):
+    if hasattr(point, "__geo_interface__"):
+        point = point.__geo_interface__["coordinates"]
+    elif isinstance(point, _core.PL_PNT2D_record):
+        point = (point.x, point.y)
+    return float(point[0]), float(point[1])
 
 
 def nearest_to(point: PointLike) -> Named:
     """The side, or the vertex, nearest to a point."""
-    x, y = getattr(point, "coords", [point])[0][:2]
-    at = (float(x), float(y))
-    return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at), lambda parcel: _layer.vertex_near(parcel, at))
+    at = _coordinates(point)
+    return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at, _SAME_LENGTH),
+                 lambda parcel: _layer.vertex_near(parcel, at, _SAME_LENGTH)).made_by(nearest_to, (at,))
 
 
 def facing(bearing: float) -> Named:
     """The side that faces a bearing, in gons clockwise from North: 200 for the one to the South."""
     gons = float(bearing)
-    return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons))
+    return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons, _SAME_GON)).made_by(facing, (gons,))
 
 
 def farthest(bearing: float) -> Named:
     """The vertex that lies farthest towards a bearing, in gons clockwise from North: 0 for the northernmost."""
     gons = float(bearing)
-    return Named(f"farthest({gons:g})", vertex=lambda parcel: _layer.vertex_farthest(parcel, gons))
+    return Named(f"farthest({gons:g})",
+                 vertex=lambda parcel: _layer.vertex_farthest(parcel, gons, _SAME_LENGTH)).made_by(farthest, (gons,))
 
 
 def beside(geometry: Union[HasGeoInterface, Mapping[str, Any]], within: float) -> Named:
@@ -91,7 +118,9 @@ def beside(geometry: Union[HasGeoInterface, Mapping[str, Any]], within: float) -
     interface = geometry if isinstance(geometry, Mapping) else geometry.__geo_interface__
     other = _layer.OtherGeometry(list(_segments(interface)))
     alongside = _layer.Alongside(float(within))
-    return Named(f"beside({interface['type']}, {within:g})", lambda parcel: _layer.side_along(parcel, other, alongside))
+    return Named(f"beside({interface['type']}, {within:g})",
+                 lambda parcel: _layer.side_along(parcel, other, alongside, _SAME_LENGTH)
+                 ).made_by(beside, (dict(interface), float(within)))
 
 
 def _segments(interface):

@@ -9,6 +9,7 @@ from geopandas import GeoDataFrame
 from shapely.geometry import LineString, MultiLineString, Polygon
 
 from ._divide import divide
+from ._parcels import parcel
 from ._results import Division
 from ._sides import Undecided
 
@@ -33,11 +34,26 @@ def _answer(geometry, request):
     if geometry is None or geometry.is_empty:
         return "no_polygon", "the row has no geometry"
     try:
-        return divide(geometry, raise_on_refusal=False, **request)
-    except Undecided as error:
-        return error.status, str(error)
+        lot = parcel(geometry)
     except ValueError as error:
         return "no_polygon", str(error)
+    try:
+        return divide(lot, raise_on_refusal=False, **request)
+    except Undecided as error:
+        return error.status, str(error)
+
+
+def _answer_with_own(geometry, same, own):
+    """The same where columns say what is asked: what they say wrongly is said of the row."""
+    for name, value in own.items():
+        if value is None or value is pandas.NA:
+            return "no_amount", f"{name} is empty"
+    try:
+        return _answer(geometry, {**same, **own})
+    except (TypeError, ValueError) as error:
+        if not own:
+            raise
+        return "unusable_request", str(error)
 
 
 def divide_frame(frame: GeoDataFrame, *, lines: bool = False, **request: Any) -> GeoDataFrame:
@@ -63,7 +79,7 @@ def divide_frame(frame: GeoDataFrame, *, lines: bool = False, **request: Any) ->
     at, fields, geometries = [], [], []
     for row, geometry in enumerate(frame.geometry):
         own = {name: values.iloc[row] for name, values in by_row.items()}
-        answer = _answer(geometry, {**same, **own})
+        answer = _answer_with_own(geometry, same, own)
         if isinstance(answer, Division) and answer:
             found = list(rows_of(answer))
         else:
@@ -79,6 +95,6 @@ def divide_frame(frame: GeoDataFrame, *, lines: bool = False, **request: Any) ->
     whole = {name: "Int64" for name in ("piece", "amount", "line") if name in columns}
     columns = columns.astype(whole)
     given = frame.drop(columns=frame.geometry.name).iloc[at]
-    taken = given.columns.intersection(columns.columns)
+    taken = given.columns.intersection([*columns.columns, "geometry"])
     given = given.rename(columns={name: f"parcel_{name}" for name in taken})
     return GeoDataFrame(pandas.concat([given, columns], axis=1), geometry=geometries, crs=frame.crs)

@@ -31,10 +31,13 @@ def line_arguments(parallel_to, perpendicular_to, through_vertex, at_bearing, al
         count, = struct.unpack_from("<I", along, 5)
         numbers = struct.unpack_from(f"<{2 * count}d", along, 9)
         arguments["along"] = [numbers[:2], numbers[-2:]]
+    if (place_side is None) != (place_distance is None):
+        raise ValueError("place_side and place_distance belong together")
     if place_side is not None:
         arguments["through_place"] = (place_side, place_distance)
     if through_point is not None:
         arguments["through_point"] = _point(through_point)
+    if bearing is not None:
         arguments["bearing"] = bearing
     return arguments
 

@@ -12,6 +12,7 @@
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
 #include "plparcel/feasible.h"
+#include "plparcel/neighbours.h"
 #include "plparcel/which_side.h"
 #include "records.h"
 
@@ -143,7 +144,12 @@ static void add_requests(py::module_& m)
     py::class_<Amount>(m, "Amount", doc("plparcel::Amount"))
         .READ(Amount, given)
         .READ(Amount, first)
-        .READ(Amount, second);
+        .READ(Amount, second)
+        .def(py::pickle(
+            [](const Amount& amount) { return py::make_tuple(amount.given, amount.first, amount.second); },
+            [](const py::tuple& kept) {
+                return Amount{kept[0].cast<Given>(), kept[1].cast<double>(), kept[2].cast<double>()};
+            }));
     py::class_<Rounding>(m, "Rounding", doc("plparcel::Rounding"))
         .def(py::init([](std::optional<int> decimals, double tolerance) {
                  return Rounding{decimals, tolerance};
@@ -269,6 +275,35 @@ static void add_feasible(py::module_& m)
     m.def("alternatives_for", &alternatives_for, doc("plparcel::alternatives_for"), arg("parcel"),
           arg("amount"), arg("measured") = Measured::from_reference,
           arg("most") = static_cast<std::size_t>(-1), ReleaseGil());
+}
+
+static void add_neighbours(py::module_& m)
+{
+    using plparcel::NewPoint;
+    using plparcel::SharedSides;
+    using plparcel::WithPoints;
+    py::class_<NewPoint>(m, "NewPoint", doc("plparcel::NewPoint")).READ(NewPoint, at).READ(NewPoint, side);
+    py::class_<WithPoints>(m, "WithPoints", doc("plparcel::WithPoints"))
+        .READ(WithPoints, parcel)
+        .READ(WithPoints, inserted)
+        .READ(WithPoints, beside)
+        .READ(WithPoints, farthest_beside)
+        .READ(WithPoints, area_change)
+        .READ(WithPoints, left_out);
+    m.def("new_points", &plparcel::new_points, doc("plparcel::new_points"), arg("parcel"), arg("division"),
+          ReleaseGil());
+    m.def("pieces_with_corners", &plparcel::pieces_with_corners, doc("plparcel::pieces_with_corners"),
+          arg("parcel"), arg("division"), ReleaseGil());
+    py::class_<SharedSides>(m, "SharedSides", doc("plparcel::SharedSides"))
+        .def(py::init([](std::vector<NewPoint> points, double within, const std::vector<Parcel>& layer) {
+                 return SharedSides(std::move(points), within, [&](const SharedSides::Take& take) {
+                     for (const Parcel& parcel : layer)
+                         take(parcel);
+                 });
+             }),
+             arg("points"), arg("within"), arg("layer") = std::vector<Parcel>{}, ReleaseGil())
+        .def("with_points", &SharedSides::with_points, doc("plparcel::SharedSides::with_points"),
+             arg("parcel"), ReleaseGil());
 }
 
 static void add_choices(py::module_& m)
@@ -429,4 +464,5 @@ an answer are arrays that lie in it; they cannot be written.)";
     add_calls(plparcel);
     add_choices(plparcel);
     add_feasible(plparcel);
+    add_neighbours(plparcel);
 }

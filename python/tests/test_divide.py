@@ -370,6 +370,78 @@ def test_a_vertex_by_what_it_is():
         plcalc.divide(LOT, through_vertex=plcalc.longest, area=1000)
 
 
+TURNED = [(500000.300, 4500000.700), (500060.194, 4500004.258), (500058.712, 4500029.214), (499998.817, 4500025.656)]
+
+
+def test_sides_that_differ_by_rounding_are_tied():
+    for named in (plcalc.longest, plcalc.shortest, plcalc.nearest_to((500029.5, 4500014.957))):
+        with pytest.raises(plcalc.Undecided, match="several fit equally well"):
+            plcalc.divide(TURNED, parallel_to=named, area=500)
+
+
+def test_a_boundary_in_which_no_side_can_be_named():
+    with pytest.raises(plcalc.Undecided, match="crosses or touches itself"):
+        plcalc.divide([(0, 0), (10, 10), (10, 0), (0, 10)], parallel_to=plcalc.longest, area=5)
+
+
+@pytest.mark.parametrize("named", [
+    plcalc.longest, plcalc.shortest, plcalc.facing(200), plcalc.farthest(350), plcalc.nearest_to((1, 2)),
+    plcalc.beside(SOUTH_ROAD, 10),
+])
+def test_names_and_what_they_miss_go_to_other_processes(named):
+    assert repr(pickle.loads(pickle.dumps(named))) == repr(named)
+    missed = plcalc.Undecided("tied", ((0, 0), (2, 0)), "several fit")
+    again = pickle.loads(pickle.dumps(missed))
+    assert (again.status, again.places, str(again)) == ("tied", ((0, 0), (2, 0)), "several fit")
+
+
+def test_amounts_go_to_other_processes():
+    for amount in (plcalc.area(5), plcalc.share("1/3"), plcalc.width(3), plcalc.product(2, 3)):
+        again = pickle.loads(pickle.dumps(amount))
+        assert (again.given, again.first, again.second) == (amount.given, amount.first, amount.second)
+
+
+def test_a_list_of_amounts_as_text():
+    areas = [piece.area for piece in plcalc.divide(LOT, parallel_to=0, amounts="1000,500").pieces]
+    assert areas == pytest.approx([1000, 500, 3500])
+    whole, rest = plcalc.divide(LOT, parallel_to=0, amounts="1234").pieces
+    assert whole.area == pytest.approx(1234)
+
+
+def test_neighbours_get_the_new_points():
+    lot = plcalc.parcel([(0, 0), (100, 0), (100, 33.7), (0, 40.2)])
+    north = plcalc.parcel([(0, 40.2), (100, 33.7), (100, 90), (0, 90)])
+    division = plparcel.divide(lot, plparcel.perpendicular_to(0), [plcalc.share("1/3")], False, 0, False, 1, 1e-2)
+    points = plparcel.new_points(lot, division)
+    assert len(points) == 2
+    shared = plparcel.SharedSides(points, 0.001, [lot, north])
+    told = shared.with_points(north)
+    assert told.inserted == 1 and not told.left_out
+    corners = {tuple(vertex) for piece in plparcel.pieces_with_corners(lot, division) for vertex in piece.outer}
+    assert {tuple(vertex) for vertex in told.parcel.outer} - corners == {(100, 90), (0, 90)}
+
+
+def test_broken_text_of_many_vertices_is_refused_at_once():
+    vertices = ",".join(f"{500000 + i} {4500000 + i * i}" for i in range(20000))
+    with pytest.raises(ValueError, match="not the WKT"):
+        plcalc.parcel(f"POLYGON(({vertices};500000 4500000))")
+
+
+def test_a_masked_vertex_is_unknown():
+    ring = numpy.ma.array([(0, 0), (9, 0), (9, 9), (0, 9)], mask=[(0, 0), (0, 0), (1, 1), (0, 0)])
+    assert not plcalc.divide(ring, parallel_to=0, area=5, raise_on_refusal=False)
+
+
+def test_a_division_is_its_own_copy():
+    division = plcalc.divide(LOT, parallel_to=0, area=1000)
+    assert copy.copy(division) is division and copy.deepcopy(division) is division
+
+
+def test_a_parcel_beyond_drawing_is_not_drawn():
+    far = plcalc.divide([(-1e308, 0), (1e308, 0), (1e308, 1), (-1e308, 1)], parallel_to=0, area=1, raise_on_refusal=False)
+    assert "inf" not in far._repr_svg_() and "nan" not in far._repr_svg_()
+
+
 def test_a_side_that_is_not_told():
     with pytest.raises(plcalc.Undecided, match="sides 1, 3") as caught:
         plcalc.divide(LOT, parallel_to=plcalc.shortest, area=1000)

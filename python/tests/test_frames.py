@@ -61,6 +61,25 @@ def test_a_column_gives_each_row_its_own():
         plcalc.divide_frame(frame(), parallel_to=0, area=pandas.Series([1, 2, 3, 4]))
 
 
+def test_what_is_asked_wrongly_is_not_said_of_the_geometry():
+    with pytest.raises(ValueError, match="parts are 2"):
+        plcalc.divide_frame(frame(), parallel_to=0, parts=1)
+    with pytest.raises(ValueError, match="counted from 0"):
+        plcalc.divide_frame(frame(), parallel_to=-1, parts=2)
+    lots = frame(wanted=pandas.Series([1000, None, "many", 500], index=[10, 20, 30, 40], dtype=object))
+    pieces = plcalc.divide_frame(lots, parallel_to=0, area=lots["wanted"])
+    assert pieces.index.tolist() == [10, 10, 20, 30, 40, 40]
+    assert pieces.loc[20, "status"] == "no_amount" and pieces.loc[20, "reason"] == "area is empty"
+    assert pieces.loc[30, "status"] == "unusable_request"
+
+
+def test_a_column_called_geometry_is_kept():
+    lots = frame(note="x").rename_geometry("geom")
+    lots["geometry"] = "flat"
+    pieces = plcalc.divide_frame(lots, parallel_to=0, share="1/2")
+    assert set(pieces["parcel_geometry"]) == {"flat"} and pieces.geometry.notna().all()
+
+
 def test_degrees_are_refused():
     with pytest.raises(ValueError, match="degrees"):
         plcalc.divide_frame(frame().set_crs(4326, allow_override=True), parallel_to=0, share="1/3")
