@@ -87,7 +87,7 @@ def parcel(given: ParcelLike) -> _layer.Parcel:
     if isinstance(given, _layer.Parcel):
         return given
     if isinstance(given, numpy.ma.MaskedArray):
-        given = given.astype(float).filled(numpy.nan)  # a vertex that is masked is unknown
+        given = numpy.ma.filled(given.astype(float), numpy.nan)  # a vertex that is masked is unknown
     if isinstance(given, numpy.ndarray):
         return _layer.Parcel(given)
     if isinstance(given, str):
@@ -101,5 +101,6 @@ def parcel(given: ParcelLike) -> _layer.Parcel:
     else:
         if not hasattr(given, "__iter__"):
             raise TypeError(f"a parcel cannot be made of {type(given).__name__}")
-        rings = [_ring_of(list(given))]
+        points: Any = given
+        rings = [_ring_of(list(points))]
     return _layer.Parcel(rings[0] if rings else numpy.empty((0, 2)), rings[1:])
