@@ -196,6 +196,31 @@ TEST_F(Neighbours, ThatAreRefusedGetPoints)
     EXPECT_EQ(objection(polygons("out.gpkg", "pieces")), "");
 }
 
+// What is wrong is the request; the boundary is there, and gets its points.
+TEST_F(Neighbours, WhoseOwnRequestFailsGetPoints)
+{
+    write_lots();
+    write("areas.csv", "lot,area\n1/1,1/2\n");
+    const test::Result run =
+        divide("lots.geojson", "--perpendicular 1 --areas areas.csv --neighbours -o out.gpkg");
+    EXPECT_EQ(run.status, 3) << run.err;
+    EXPECT_NE(run.out.find("\nShared   1 neighbour has got 1 point\n"), std::string::npos) << run.out;
+    EXPECT_EQ(run.out.find("Unread"), std::string::npos) << run.out;
+    EXPECT_EQ(objection(polygons("out.gpkg", "pieces")), "");
+    // All sides of the second are as long.
+    write_layer({feature(1, "a",
+                         polygon("[[501000,5202000],[501100,5202000],[501100,5202060],[501000,5202061],"
+                                 "[501000,5202000]]")),
+                 feature(2, "b",
+                         polygon("[[501000,5202061],[501100,5202060],[501101,5202160],[501001,5202161],"
+                                 "[501000,5202061]]"))});
+    const test::Result tie = divide(
+        "lots.geojson", "--perpendicular --side longest --share 1/2 --neighbours --overwrite -o out.gpkg");
+    EXPECT_NE(tie.out.find("fit equally well"), std::string::npos) << tie.out;
+    EXPECT_NE(tie.out.find("\nShared   1 neighbour has got 1 point\n"), std::string::npos) << tie.out;
+    EXPECT_EQ(objection(polygons("out.gpkg", "pieces")), "");
+}
+
 TEST_F(Neighbours, GoThroughEveryFormat)
 {
     write_lots();
@@ -317,9 +342,12 @@ TEST_F(Neighbours, ThatCannotBeReadAreTold)
     const test::Result run =
         divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o out.gpkg");
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_NE(run.out.find("\nUnread   1 parcel of the layer cannot be read: without new points\n"),
-              std::string::npos)
-        << run.out;
+    const std::string told = "\nUnread   1 parcel of the layer cannot be read: without new points\n";
+    EXPECT_NE(run.out.find(told), std::string::npos) << run.out;
+    const test::Result all =
+        divide("lots.geojson", "--perpendicular 1 --share 1/2 --neighbours --overwrite -o out.gpkg");
+    EXPECT_EQ(all.status, 3) << all.err;
+    EXPECT_NE(all.out.find(told), std::string::npos) << all.out;
 }
 
 TEST_F(Neighbours, WhatIsAskedWronglyIsRefused)

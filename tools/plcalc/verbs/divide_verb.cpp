@@ -113,7 +113,8 @@ void read_out(const std::string& file, const std::function<void(const std::strin
 // Parcels that are divided together.
 struct Batch {
     std::vector<ReadParcel> read;
-    std::deque<Asked> asked;  // of each parcel, where it is not the same of all; answers refer to them
+    std::vector<bool> is_read;  // of each parcel, whether it has a ring; what is wrong may be in the request
+    std::deque<Asked> asked;    // of each parcel, where it is not the same of all; answers refer to them
     std::vector<std::optional<Answer>> answers;  // nothing for a parcel with a problem
     std::vector<Insertion> insertions;           // points of neighbours in the pieces
     std::vector<std::string> kept;
@@ -144,6 +145,7 @@ std::unique_ptr<Batch> next_batch(ParcelFile& file, ParcelRequests& requests)
         if (!read)
             break;
         vertices += read->parcel.ring.size();
+        batch->is_read.push_back(!read->problem);
         if (requests.differ())
             batch->asked.push_back(own_request(*read, requests));
         batch->read.push_back(std::move(*read));
@@ -290,8 +292,10 @@ void add_batch(Batch& batch, ManyReport& report, DivisionWriter* writer, Neighbo
         const bool divided = answer && refused.empty();
         if (neighbours != nullptr && divided)
             neighbours->tally().add_pieces(batch.insertions[i]);
-        else if (neighbours != nullptr && !read.problem)
+        else if (neighbours != nullptr && batch.is_read[i])
             neighbours->insert_in(read);
+        else if (neighbours != nullptr)
+            neighbours->tally().add_unread();
         if (writer != nullptr && divided)
             writer->add(read, *answer);
         else if (writer != nullptr)
