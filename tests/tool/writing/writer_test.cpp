@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -1046,6 +1047,46 @@ TEST_F(Writer, TheSourceIsNeverReplaced)
 }
 
 // Nor is a file that belongs to it: a Shapefile is several.
+// Lists, tables, lines and title blocks are the user's as the parcels are.
+TEST_F(Writer, NothingElseThatIsReadIsReplaced)
+{
+    const std::string kept = "name,E,N\nS1,-5,-5\nS2,0,-50\n";
+    write("lot.csv", "name,E,N\n1,0,0\n2,100,0\n3,100,50\n4,0,50\n");
+    write("lots.csv", "name,WKT\nx,\"POLYGON((0 0,100 0,100 50,0 50,0 0))\"\n");
+    const struct {
+        std::string file;
+        std::string content;
+        std::string arguments;
+    } rows[] = {
+        {"control.csv", kept,
+         "stakeout lot.csv --control control.csv --station S1 --orientation S2 --points control.csv"},
+        {"list.csv", kept,
+         "stakeout lot.csv --points-from list.csv --station 1 --orientation 2 --points list.csv"},
+        {"areas.csv", "name,a\nx,500\n", "divide lots.csv --parallel 1 --areas areas.csv --points areas.csv"},
+        {"areas.csv", "name,a\nx,500\n", "divide lots.csv --parallel 1 --areas areas.csv -o ./areas.csv"},
+        {"road.csv", "name,WKT\nr,\"LINESTRING(-100 -5,200 -5)\"\n",
+         "divide lots.csv --parallel --along road.csv --area 500 -o road.csv"},
+        {"block.txt", "Client=Rossi\n",
+         "divide lots.csv --parallel 1 --area 500 --plan plan.pdf --title-block block.txt --report "
+         "block.txt"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        write(row.file, row.content);
+        std::istringstream words(row.arguments + " --overwrite");
+        const test::Result run = this->run({std::istream_iterator<std::string>(words), {}});
+        EXPECT_EQ(run.status, 2);
+        EXPECT_NE(run.err.find(row.file + ": this file is read; choose another name"), std::string::npos)
+            << run.err;
+        std::ifstream file(path(row.file));
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), row.content);
+    }
+    EXPECT_TRUE(test::fails_with(
+        divide("lots.csv", "--parallel 1 --area 500 -o out.csv --points out-lines.csv --overwrite"), 2,
+        "'out-lines.csv' is the name of two outputs; name each of them differently; see plcalc divide "
+        "--help"));
+}
+
 TEST_F(Writer, NoPartOfTheSourceIsReplaced)
 {
     write_lots();

@@ -41,6 +41,14 @@ fs::path without_links(fs::path path)
     return path;
 }
 
+// A symbolic or hard link to one of the files is that file.
+bool is_one_of(const std::vector<std::string>& files, const fs::path& path)
+{
+    std::error_code error;  // a path that does not exist is none
+    return std::any_of(files.begin(), files.end(),
+                       [&](const std::string& file) { return fs::equivalent(file, path, error); });
+}
+
 int opened_folder(const fs::path& folder)
 {
     return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NOFOLLOW);
@@ -91,8 +99,9 @@ void remove_abandoned(const fs::path& parent)
 
 }  // namespace
 
-PendingOutput::PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources)
-    : name_(path), target_(without_links(path)), overwrite_(overwrite), sources_(sources)
+PendingOutput::PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources,
+                             const std::vector<std::string>& others)
+    : name_(path), target_(without_links(path)), overwrite_(overwrite), sources_(sources), others_(others)
 {
     std::error_code error;
     if (fs::is_symlink(target_, error))
@@ -135,12 +144,9 @@ void PendingOutput::fail(const fs::path& path, const std::string& why) const
                   "check the folder and its permissions");
 }
 
-// A symbolic or hard link to a source is the source.
-bool PendingOutput::is_source(const fs::path& path) const
+bool PendingOutput::is_read(const fs::path& path) const
 {
-    std::error_code error;  // a path that does not exist is none
-    return std::any_of(sources_.begin(), sources_.end(),
-                       [&](const std::string& source) { return fs::equivalent(source, path, error); });
+    return is_one_of(sources_, path) || is_one_of(others_, path);
 }
 
 // As the command line names it.
@@ -155,8 +161,10 @@ void PendingOutput::require_replaceable(const fs::path& path) const
     const auto refuse = [&](const std::string& why, const std::string& advice) {
         throw Failure(ExitStatus::wrong_use, {shown(path), ""}, why, advice);
     };
-    if (is_source(path))
+    if (is_one_of(sources_, path))
         refuse("the parcels come from this file", "choose another name");
+    if (is_one_of(others_, path))
+        refuse("this file is read", "choose another name");
     // A renamed file would take the place of the device itself, which root may do even to /dev/null.
     if (fs::is_other(path, error))
         refuse("this is a device or a pipe, not a file", "choose another name");
@@ -224,8 +232,19 @@ void PendingOutput::commit(const std::vector<fs::path>& replaced)
         return std::find(written.begin(), written.end(), path.filename()) != written.end();
     };
     for (const fs::path& path : replaced)
-        if (!is_new(path) && !is_source(path))
+        if (!is_new(path) && !is_read(path))
             fs::remove(path, error);
+}
+
+bool is_same_output(const std::string& one, const std::string& other)
+{
+    const auto place = [](const std::string& path) {
+        std::error_code error;
+        const fs::path target = without_links(path);
+        const fs::path folder = fs::weakly_canonical(parent_of(target), error);
+        return (error ? parent_of(target).lexically_normal() : folder) / target.filename();
+    };
+    return place(one) == place(other);
 }
 
 void write_text_file(const std::string& path, const std::string& text, const std::string& name)

@@ -17,9 +17,11 @@ class PendingOutput {
 public:
     /// @param[in] path       where the file is to be; files that a format puts beside it move with it
     /// @param[in] overwrite  whether an existing file may be replaced
-    /// @param[in] sources    files that are being read; none of them is ever replaced, by whatever path
+    /// @param[in] sources    files of the parcels; none of them is ever replaced, by whatever path
+    /// @param[in] others     other files that are read; nor is one of these
     /// @throws Failure       wrong_use if there is a file that must stay; failed if nothing can be written
-    PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources);
+    PendingOutput(const std::string& path, bool overwrite, const std::vector<std::string>& sources,
+                  const std::vector<std::string>& others = {});
     ~PendingOutput();
     PendingOutput(const PendingOutput&) = delete;
     PendingOutput& operator=(const PendingOutput&) = delete;
@@ -49,7 +51,7 @@ public:
 private:
     [[noreturn]] void fail(const std::filesystem::path& path, const std::string& why) const;
     void make_folder();
-    bool is_source(const std::filesystem::path& path) const;
+    bool is_read(const std::filesystem::path& path) const;
     std::string shown(const std::filesystem::path& path) const;
     void require_replaceable(const std::filesystem::path& path) const;
 
@@ -59,7 +61,11 @@ private:
     int lock_ = -1;  // on the folder, while the program lives
     bool overwrite_;
     std::vector<std::string> sources_;
+    std::vector<std::string> others_;
 };
+
+/// Whether two outputs would be one file; a symbolic link is the file to which it leads.
+bool is_same_output(const std::string& one, const std::string& other);
 
 /// Writes a text.
 ///

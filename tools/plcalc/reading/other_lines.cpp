@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <system_error>
-#include <vector>
 
 #include <ogrsf_frmts.h>
 
@@ -101,6 +100,13 @@ std::shared_ptr<const plparcel::OtherGeometry> other_lines(const std::string& fi
         throw Failure(name.layer.empty() ? ExitStatus::unusable_input : ExitStatus::wrong_use, place,
                       "there are no lines or boundaries", "name a file and layer with some");
     return std::make_shared<const plparcel::OtherGeometry>(segments);
+}
+
+std::vector<std::string> files_of_lines(const std::string& file_and_layer)
+{
+    const Named name = named(file_and_layer);
+    GdalMessages messages;
+    return files_of(*open_or_refuse(name.file, messages, name.file));
 }
 
 }  // namespace tool

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <ogr_spatialref.h>
 
@@ -19,5 +20,10 @@ namespace tool {
 ///                  cannot be read, has no lines, or has another CRS
 std::shared_ptr<const plparcel::OtherGeometry> other_lines(const std::string& file_and_layer,
                                                            const OGRSpatialReference* crs);
+
+/// The files in which they stand.
+///
+/// @throws Failure  unusable_input for a file that cannot be read
+std::vector<std::string> files_of_lines(const std::string& file_and_layer);
 
 }  // namespace tool

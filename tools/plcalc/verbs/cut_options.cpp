@@ -302,4 +302,14 @@ ParcelRequests CuttingVerb::requests(const ParcelFile& file, const Source& sourc
     return {std::move(common), columns, file, source};
 }
 
+std::vector<std::string> CuttingVerb::request_files() const
+{
+    std::vector<std::string> files;
+    if (given("--along"))
+        files = files_of_lines(along_);
+    if (names_table(areas_))
+        files.push_back(areas_);
+    return files;
+}
+
 }  // namespace tool

@@ -30,6 +30,9 @@ protected:
     /// @throws Failure    as asked(), ParcelRequests, other_lines()
     ParcelRequests requests(const ParcelFile& file, const Source& source) const;
 
+    /// The files beside that of the parcels from which requests are read.
+    std::vector<std::string> request_files() const;
+
 private:
     void set_cut(Asked& asked) const;
     void set_line(Asked& asked) const;

@@ -331,6 +331,7 @@ void DivideVerb::check_outputs() const
     if (given("--report") && !ends_with(report_, ".txt") && !ends_with(report_, ".md"))
         wrong_use("--report: '" + report_ + "' does not end in .txt or .md");
     require_list_name("--points", points_);
+    check_names();
     for (const char* option : {"--area-decimals", "--title", "--title-block"})
         if (given(option) && !given("--plan"))
             wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
@@ -344,6 +345,30 @@ void DivideVerb::check_outputs() const
         !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
                   "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
+}
+
+// No output may take the place of another.
+void DivideVerb::check_names() const
+{
+    std::vector<std::string> names;
+    if (given("--output") && !to_standard_output() &&
+        DivisionWriter::can_write(DivisionWriter::file_for(out_)))
+        names = DivisionWriter::files_for(DivisionWriter::file_for(out_));
+    for (const std::string& name : {plan_, report_, points_}) {
+        for (const std::string& other : names)
+            if (!name.empty() && is_same_output(name, other))
+                wrong_use("'" + name + "' is the name of two outputs; name each of them differently");
+        names.push_back(name);
+    }
+}
+
+// The files that are read beside that of the parcels.
+std::vector<std::string> DivideVerb::other_files() const
+{
+    std::vector<std::string> files = request_files();
+    if (given("--title-block"))
+        files.push_back(title_block_);
+    return files;
 }
 
 void DivideVerb::check_neighbours() const
@@ -407,7 +432,7 @@ std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, 
                                                         const NeighbourWork* neighbours) const
 {
     const bool others = neighbours != nullptr && neighbours->has_neighbours();
-    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, others);
+    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, others, other_files());
 }
 
 PlanWishes DivideVerb::plan_wishes() const
@@ -444,7 +469,7 @@ std::vector<std::string> DivideVerb::draw(const Answer& answer, const ParcelFile
                       "name it .pdf");
     std::vector<std::string> paths;
     for (const std::string& name : names) {
-        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files()));
+        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files(), other_files()));
         paths.push_back(outputs.back()->path());
     }
     try {
@@ -465,7 +490,7 @@ std::vector<std::string> DivideVerb::write_texts(const Answer& answer, const Par
 {
     std::vector<std::string> names;
     const auto write = [&](const std::string& name, const std::string& text) {
-        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files()));
+        outputs.push_back(std::make_unique<PendingOutput>(name, overwrite_, file.files(), other_files()));
         write_text_file(outputs.back()->path(), text, name);
         names.push_back(name);
     };
@@ -484,7 +509,7 @@ Output DivideVerb::refused(const Answer& answer, const ParcelFile& file) const
         throw failure;
     std::vector<std::string> written;
     if (given("--report")) {
-        PendingOutput output(report_, overwrite_, file.files());
+        PendingOutput output(report_, overwrite_, file.files(), other_files());
         write_text_file(output.path(), refusal_report(answer, failure, report_style()), report_);
         output.commit();
         written.push_back(report_);

@@ -149,7 +149,9 @@ std::vector<std::string> StakeoutVerb::write_points(const StakeoutSheet& sheet, 
 {
     if (!given("--points"))
         return {};
-    PendingOutput output(list_, overwrite_, file.files());
+    std::vector<std::string> others = request_files();
+    others.insert(others.end(), {control_, points_from_});
+    PendingOutput output(list_, overwrite_, file.files(), others);
     write_text_file(output.path(), stakeout_points(sheet), list_);
     output.commit();
     return {list_};

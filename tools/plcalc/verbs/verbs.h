@@ -33,6 +33,8 @@ private:
     Output work() const override;
 
     void check_outputs() const;
+    void check_names() const;
+    std::vector<std::string> other_files() const;
     void check_standard_output() const;
     bool to_standard_output() const;
     std::size_t jobs() const;

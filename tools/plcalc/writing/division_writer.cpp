@@ -25,14 +25,20 @@ bool DivisionWriter::holds_all(const std::string& file)
            OutputFormat::for_file(file).value().holds_two_layers();
 }
 
+std::vector<std::string> DivisionWriter::files_for(const std::string& file)
+{
+    return holds_all(file) ? std::vector<std::string>{file} : LayerWriter::files_for(file);
+}
+
 std::unique_ptr<DivisionWriter> DivisionWriter::make(const std::string& file, bool overwrite,
-                                                     const ParcelFile& parcels, bool neighbours)
+                                                     const ParcelFile& parcels, bool neighbours,
+                                                     const std::vector<std::string>& others)
 {
     if (DrawingWriter::writes(file))
-        return std::make_unique<DrawingWriter>(file, overwrite, parcels, neighbours);
+        return std::make_unique<DrawingWriter>(file, overwrite, parcels, neighbours, others);
     if (LandXmlWriter::writes(file))
-        return std::make_unique<LandXmlWriter>(file, overwrite, parcels);
-    return std::make_unique<LayerWriter>(file, overwrite, parcels, neighbours);
+        return std::make_unique<LandXmlWriter>(file, overwrite, parcels, others);
+    return std::make_unique<LayerWriter>(file, overwrite, parcels, neighbours, others);
 }
 
 }  // namespace tool

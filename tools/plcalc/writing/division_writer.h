@@ -24,15 +24,20 @@ public:
     /// Whether the file holds all that is written, in one file.
     static bool holds_all(const std::string& file);
 
+    /// The files that are written for a name: one, or one for each layer.
+    static std::vector<std::string> files_for(const std::string& file);
+
     /// The writer for a file: a DrawingWriter for .dxf, a LandXmlWriter for .xml and .landxml, else a LayerWriter.
     ///
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced
     /// @param[in] parcels    where the parcels come from; its files are never replaced
     /// @param[in] neighbours whether there will be neighbours
+    /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     static std::unique_ptr<DivisionWriter> make(const std::string& file, bool overwrite,
-                                                const ParcelFile& parcels, bool neighbours);
+                                                const ParcelFile& parcels, bool neighbours,
+                                                const std::vector<std::string>& others = {});
 
     virtual ~DivisionWriter() = default;
 

@@ -229,8 +229,8 @@ bool DrawingWriter::writes(const std::string& file)
 }
 
 DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                             bool neighbours)
-    : file_(file), output_(file, overwrite, parcels.files()), several_parcels_(parcels.count() > 1),
+                             bool neighbours, const std::vector<std::string>& others)
+    : file_(file), output_(file, overwrite, parcels.files(), others), several_parcels_(parcels.count() > 1),
       heights_(parcels.has_heights())
 {
     const std::string header = drawing_template(unit_of(parcels.crs()), layers_with(neighbours));

@@ -37,7 +37,8 @@ public:
     static bool writes(const std::string& file);
 
     /// As DivisionWriter::make().
-    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours);
+    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
+                  const std::vector<std::string>& others);
     ~DrawingWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;

@@ -80,8 +80,9 @@ bool LandXmlWriter::writes(const std::string& file)
     return EQUAL(ending.c_str(), "xml") || EQUAL(ending.c_str(), "landxml");
 }
 
-LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels)
-    : file_(file), output_(file, overwrite, parcels.files()),
+LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                             const std::vector<std::string>& others)
+    : file_(file), output_(file, overwrite, parcels.files(), others),
       unit_(landxml_unit(unit_of(parcels.crs()).metres)), several_parcels_(parcels.count() > 1),
       heights_(parcels.has_heights()), points_(nullptr, xmlFreeTextWriter),
       parcels_(nullptr, xmlFreeTextWriter)

@@ -27,7 +27,8 @@ public:
     /// As DivisionWriter::make().
     ///
     /// @throws Failure  wrong_use where the unit of the parcels is not known or has no name in LandXML
-    LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels);
+    LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                  const std::vector<std::string>& others);
     ~LandXmlWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;

@@ -98,7 +98,8 @@ const std::vector<std::pair<const char*, OGRFieldType>> kNeighbourColumns = {
 
 }  // namespace
 
-LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours)
+LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
+                         const std::vector<std::string>& others)
     : file_(file), format_(OutputFormat::for_file(file).value())
 {
     parts_.resize(neighbours ? kNeighboursPart + 1 : kNeighboursPart);
@@ -108,7 +109,7 @@ LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFi
         parts_[kNeighboursPart].name = kNeighbours;
     for (Part& part : parts_)
         part.file = file;
-    parts_.front().output = std::make_unique<PendingOutput>(file, overwrite, parcels.files());
+    parts_.front().output = std::make_unique<PendingOutput>(file, overwrite, parcels.files(), others);
     const OGRSpatialReference* const crs = is_plane(parcels.crs()) ? parcels.crs() : nullptr;
     heights_ = parcels.has_heights();
     if (format_.holds_degrees() && crs == nullptr)
@@ -116,8 +117,13 @@ LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFi
     if (overwrite && format_.keeps_other_layers())
         open_copy();
     if (parts_.front().dataset == nullptr)
-        create_files(overwrite, parcels);
+        create_files(overwrite, parcels, others);
     make_layers(parcels.columns(), crs);
+}
+
+std::vector<std::string> LayerWriter::files_for(const std::string& file)
+{
+    return {file, file_beside(file, kLines), file_beside(file, kNeighbours)};
 }
 
 // Where the file is a database already, a copy of it without our layers; no dataset otherwise. The file itself is not
@@ -144,7 +150,8 @@ void LayerWriter::open_copy()
     }
 }
 
-void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels)
+void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels,
+                               const std::vector<std::string>& others)
 {
     for (Part& part : parts_) {
         const bool is_first = &part == &parts_.front();
@@ -152,7 +159,7 @@ void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels)
             return;
         if (!is_first) {
             part.file = file_beside(file_, part.name);
-            part.output = std::make_unique<PendingOutput>(part.file, overwrite, parcels.files());
+            part.output = std::make_unique<PendingOutput>(part.file, overwrite, parcels.files(), others);
         }
         part.dataset.reset(
             format_.driver().Create(part.output->path().c_str(), 0, 0, 0, GDT_Unknown, nullptr));

@@ -41,8 +41,13 @@ public:
     ///                       are, and the others stay
     /// @param[in] parcels    where the parcels come from; its files are never replaced
     /// @param[in] neighbours whether there is a layer for neighbours
+    /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours);
+    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
+                const std::vector<std::string>& others);
+
+    /// The files of a format that holds one layer.
+    static std::vector<std::string> files_for(const std::string& file);
 
     void add(const ReadParcel& read, const Answer& answer) override;
 
@@ -68,7 +73,7 @@ private:
     };
 
     void open_copy();
-    void create_files(bool overwrite, const ParcelFile& parcels);
+    void create_files(bool overwrite, const ParcelFile& parcels, const std::vector<std::string>& others);
     void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
     void make_layer(Part& part, OGRwkbGeometryType type, const OGRFeatureDefn& columns,
                     const std::vector<std::pair<const char*, OGRFieldType>>& own, OGRSpatialReference* crs);
