@@ -307,6 +307,29 @@ TEST(PrintedDivision, LineThatNoDoublesHoldIsRefused)
     EXPECT_TRUE(refused.areas.empty());
 }
 
+// Two slivers, along whose long sides their lines all but run: no number of decimals holds a third of them. The ends are
+// the doubles themselves, and what is printed is read as these.
+TEST(PrintedDivision, EndsWithAllTheirDigitsAreShownWhole)
+{
+    const Ring slivers[] = {
+        {{683168.618, 5170806.846}, {683186.815, 5170810.789}, {683188.362, 5170811.127}},
+        {{530097.731, 5395260.438}, {530089.987, 5395262.127}, {530068.983, 5395266.709}},
+    };
+    for (const Ring& ring : slivers) {
+        Asked third = asked(Cut::parallel, 1, 1.0);
+        third.request.amounts = {plparcel::share(1, 3)};
+        third.request.rounding.decimals = 3;
+        const PrintedDivision printed = divide_in_print(ring, third);
+        ASSERT_TRUE(printed.done()) << plparcel::describe(printed.proven);
+        EXPECT_FALSE(printed.proven.decimals);
+        for (const tool::PrintedLine& line : printed.lines) {
+            for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
+                EXPECT_EQ(tool::parse_number(tool::fixed(value, printed.resolution.end_decimals)), value);
+        }
+        EXPECT_LT(printed.resolution.decimals, printed.resolution.end_decimals) << "lengths need fewer";
+    }
+}
+
 // Several lines: each piece lies between two of them, and is measured with both as they are printed.
 TEST(PrintedDivision, EveryPieceOfASeriesHolds)
 {

@@ -45,6 +45,21 @@ plparcel::Division divide(const Parcel& parcel, const plparcel::Request& request
                                 : plparcel::divide(boundary_of(parcel), request);
 }
 
+bool reads_back(double value, int decimals)
+{
+    return parse_number(fixed(value, decimals)) == value;
+}
+
+// As many decimals as show all digits of all ends.
+int decimals_of(const std::vector<PrintedLine>& lines, int decimals)
+{
+    for (const PrintedLine& line : lines)
+        for (const double value : {line.start.x, line.start.y, line.end.x, line.end.y})
+            while (decimals <= kMaxDecimals && !reads_back(value, decimals))
+                ++decimals;
+    return decimals;
+}
+
 std::vector<PrintedLine> lines_of(const plparcel::Division& division)
 {
     std::vector<PrintedLine> lines;
@@ -68,10 +83,12 @@ void complete(const Parcel& parcel, const Asked& asked, PrintedDivision& printed
     if (!printed.done())
         return;
     printed.lines = lines_of(division);
-    // A parcel too small for decimals has all digits everywhere.
     Resolution& resolution = printed.resolution;
-    resolution.end_decimals = division.decimals.value_or(resolution.decimals);
-    resolution.decimals = std::max(resolution.decimals, resolution.end_decimals);
+    resolution.end_decimals =
+        division.decimals ? *division.decimals : decimals_of(printed.lines, resolution.decimals);
+    // Lengths beside ends with all their digits need no more decimals than others.
+    if (division.decimals || resolution.end_decimals > kMaxDecimals)
+        resolution.decimals = std::max(resolution.decimals, resolution.end_decimals);
     for (const plparcel::Piece& piece : division.pieces)
         printed.areas.push_back(piece.area);
 }
