@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
-"""Draws the pictures of docs/division.md: plcalc divides the parcels, and what it writes is drawn.
+"""Draws the pictures of docs/division.md and docs/guide/which-line.md: plcalc divides the parcels, and what it writes
+is drawn.
 
-    pictures.py PLCALC [FOLDER]
+    pictures.py PLCALC [--check]
 
-PLCALC is the program. FOLDER gets the pictures; without it, docs.
+PLCALC is the program. With --check nothing is written: the pictures must be those that are there, and the guide must
+show with each of them the command that it is drawn from.
 """
 
 import csv
+import math
 import pathlib
 import re
 import subprocess
@@ -75,6 +78,10 @@ def middle(rings):
     return max((p for p in grid if is_in(p, rings)), key=lambda p: min(distance2(p, a, b) for a, b in sides))
 
 
+def is_anticlockwise(ring):
+    return sum(a[0] * b[1] - b[0] * a[1] for a, b in zip(ring, ring[1:] + ring[:1])) > 0
+
+
 def extent(ring):
     xs, ys = zip(*ring)
     return max(xs) - min(xs), max(ys) - min(ys)
@@ -114,6 +121,13 @@ class Drawing:
         x, y = self.at(p)
         self.parts.append(f'<text x="{x}" y="{float(y) + down:.1f}"{more}>{words}</text>')
 
+    def beside(self, a, b, words, turn):
+        """The words at the side, on its right for turn 1 and on its left for -1."""
+        length = math.hypot(b[0] - a[0], b[1] - a[1])
+        right, up = turn * (b[1] - a[1]) / length, turn * (a[0] - b[0]) / length
+        middle_of_words = ((a[0] + b[0]) / 2 + 23 * right / self.scale, (a[1] + b[1]) / 2)
+        self.text(middle_of_words, words, down=4 - 11 * up)
+
     def dot(self, p):
         x, y = self.at(p)
         self.parts.append(f'<circle cx="{x}" cy="{y}" r="4" fill="{LINE}"/>')
@@ -146,7 +160,7 @@ def drawn(program, panel, left, bottom):
     for side in panel.sides:
         a, b = ring[side - 1], ring[side % len(ring)]
         drawing.line(a, b, EDGE, 4)
-        drawing.text(((a[0] + b[0]) / 2, (a[1] + b[1]) / 2), f"side {side}", down=15 if b[0] > a[0] else -7)
+        drawing.beside(a, b, f"side {side}", 1 if is_anticlockwise(ring) else -1)
     drawing.parts.append(f'<text x="{left + WIDTH / 2:.0f}" y="{bottom - 14:.0f}" text-anchor="middle" '
                          f'font-weight="bold">{panel.title}</text>')
     return drawing.parts
@@ -204,12 +218,48 @@ PICTURES = {
 }
 
 
+# The guide's: each of an example's parcel, with the command that stands below it.
+CONVEX, CONCAVE = "examples/convex.csv", "examples/concave.csv"
+GUIDE = {
+    "parallel": (CONVEX, "--parallel 1 --area 4000", {"labels": ["4000"], "sides": [1]}),
+    "opposite": (CONVEX, "--parallel 1 --area 4000 --opposite", {"labels": ["4000"], "sides": [1]}),
+    "perpendicular": (CONVEX, "--perpendicular 1 --area 4000", {"labels": ["4000"], "sides": [1]}),
+    "vertex": (CONVEX, "--vertex 4 --share 1/3", {"labels": ["1/3"], "dots": [(137.30, 82.95)], "sides": [4]}),
+    "bearing": (CONVEX, "--bearing 20 --share 1/3", {"labels": ["1/3"]}),
+    "along-segment": (CONVEX, "--along-segment 0,140,150,112 --area 4000",
+                      {"labels": ["4000"], "road": ((0, 140), (150, 112))}),
+    "place": (CONVEX, "--place 1,30 --share 1/3", {"labels": ["1/3"], "dots": [(42.35788, 6.55916)], "sides": [1]}),
+    "through": (CONVEX, "--through 50,40 --share 2/5", {"labels": ["2/5"], "dots": [(50, 40)]}),
+    "width": (CONVEX, "--perpendicular 1 --areas w20,w20", {"labels": ["20", "20"], "sides": [1]}),
+    "parts": (CONVEX, "--parallel 4 --parts 4", {"labels": ["1", "2", "3", "4"], "sides": [4]}),
+    "one-arm": (CONCAVE, "--parallel 2 --area 600", {"labels": ["600"], "sides": [2]}),
+    "any-pieces": (CONCAVE, "--pieces any --bearing 340 --area 900", {"labels": ["of 900"]}),
+}
+
+
+def guide_pictures(program, source):
+    for name, (file, asked, shown) in GUIDE.items():
+        ring = rings_in(rows_of(source / file)[0]["WKT"])[0][:-1]
+        yield name, f"plcalc divide {file} {asked}", picture(program, [Panel("", [ring], asked, **shown)], columns=1)
+
+
 def main():
-    if len(sys.argv) not in (2, 3):
+    if sys.argv[2:] not in ([], ["--check"]) or len(sys.argv) < 2:
         sys.exit(__doc__)
-    folder = pathlib.Path(sys.argv[2] if len(sys.argv) == 3 else pathlib.Path(__file__).parent.parent / "docs")
-    for name, panels in PICTURES.items():
-        (folder / name).write_text(picture(sys.argv[1], panels), encoding="utf-8")
+    source = pathlib.Path(__file__).resolve().parent.parent
+    drawn = {source / "docs" / name: picture(sys.argv[1], panels) for name, panels in PICTURES.items()}
+    page, wrong = (source / "docs/guide/which-line.md").read_text(encoding="utf-8"), []
+    for name, command, text in guide_pictures(sys.argv[1], source):
+        drawn[source / "docs/guide/lines" / f"{name}.svg"] = text
+        if not re.search(rf"\(lines/{name}\.svg\)\n\n```sh\n{re.escape(command)}\n", page):
+            wrong.append(f"which-line.md does not show {name}.svg with '{command}' below it")
+    for path, text in drawn.items():
+        if not sys.argv[2:]:
+            path.write_text(text, encoding="utf-8")
+        elif not path.exists() or path.read_text(encoding="utf-8") != text:
+            wrong.append(f"{path}: the program's answer looks different; run scripts/pictures.py")
+    if wrong:
+        sys.exit("\n".join(wrong))
 
 
 main()

@@ -72,6 +72,11 @@ def without_comment(line):
     return re.sub(r"(^|\s)#.*", "", line).strip()
 
 
+def shown_with_output(text):
+    """(commands, output) of each ```sh block that has a block right behind it: guide_commands.py runs these."""
+    return re.findall(r"^```sh\n(.*?)^```\n```(?:text|json|csv)?\n(.*?)^```$", text, re.DOTALL | re.MULTILINE)
+
+
 def commands_of_markdown(text):
     """Lines of code blocks, and code between backticks, that begin with a program."""
     prose, fence = [], None
@@ -178,7 +183,11 @@ def main():
     listed = subprocess.run(["git", "-C", source, "ls-files", "*.md"], capture_output=True, text=True, check=True)
     found = {}
     for name in listed.stdout.splitlines():
-        for command in commands_of_markdown((source / name).read_text(encoding="utf-8")):
+        text = (source / name).read_text(encoding="utf-8")
+        if name.startswith("docs/guide/"):
+            for commands, output in shown_with_output(text):
+                text = text.replace(f"```sh\n{commands}```\n", "").replace(f"```\n{output}```\n", "")
+        for command in commands_of_markdown(text):
             found.setdefault(command, name)
     for command in commands_of_manual((source / "docs/plcalc.1").read_text(encoding="utf-8")):
         found.setdefault(command, "docs/plcalc.1")
