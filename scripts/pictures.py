@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Draws the pictures of docs/division.md and docs/guide/which-line.md: plcalc divides the parcels, and what it writes
-is drawn.
+is drawn. It draws the folders of docs/guide/maintainers.md from their includes, too.
 
     pictures.py PLCALC [--check]
 
@@ -243,6 +243,63 @@ def guide_pictures(program, source):
         yield name, f"plcalc divide {file} {asked}", picture(program, [Panel("", [ring], asked, **shown)], columns=1)
 
 
+# The house: where each folder stands in its row. Its row, and the arrows, come from the includes.
+COLUMNS = {"kernel": 1, "plutil": 3, "lines": 1, "arcs": 0, "survey": 2, "subdivision": 2, "plparcel": 2, "python": 0,
+           "c": 1, "tools": 2, "web": 3}
+UPWARD = ("lines", "arcs")  # the one include that points up: lines/point_line.cpp says why
+LIBRARY = ["kernel", "lines", "arcs", "survey", "subdivision"]
+INCLUDE = re.compile(r'#include ["<](?:plcalc/([a-z]+)\.h|([a-z]+)/[a-z_]+\.h)[">]')
+
+
+def included(source, folder):
+    """The folders whose headers the folder's sources include."""
+    public = source / "include/plcalc" / f"{folder}.h"
+    sources = [path for path in (source / folder).rglob("*") if path.suffix in (".cpp", ".h") and "tests" not in path.parts]
+    found = set()
+    for path in sources + [public] * public.exists():
+        for header, room in INCLUDE.findall(path.read_text(encoding="utf-8")):
+            named = LIBRARY if header == "plcalc" and folder not in LIBRARY else [header or room]
+            # A room of the program or of plparcel may be called like a folder of the library.
+            found.update(name for name in named if name in COLUMNS and (header or folder in LIBRARY or name not in LIBRARY))
+    return found - {folder}
+
+
+def house(source):
+    below = {folder: included(source, folder) for folder in COLUMNS}
+    below[UPWARD[0]].discard(UPWARD[1])
+
+    def reached(folder, seen=()):
+        if folder in seen:
+            sys.exit(f"the includes go round: {' > '.join([*seen, folder])}")
+        return set().union(*({name} | reached(name, (*seen, folder)) for name in below[folder]))
+
+    def row(folder):
+        return 1 + max((row(name) for name in below[folder]), default=-1)
+
+    wide, high, top = 150, 76, 5
+    at = {folder: (30 + wide * column, 20 + high * (top - row(folder))) for folder, column in COLUMNS.items()}
+    parts = [f'<svg xmlns="http://www.w3.org/2000/svg" width="620" height="{high * 6 + 20}" font-family="sans-serif" '
+             'font-size="14" text-anchor="middle" fill="#222">',
+             '<defs><marker id="arrow" markerWidth="8" markerHeight="6" refX="8" refY="3" orient="auto"><path d="M0,0 L8,3 '
+             'L0,6 z" fill="#333"/></marker></defs><rect width="100%" height="100%" fill="#fff"/>']
+
+    def arrow(one, other, more=""):
+        down = at[one][1] < at[other][1]
+        (x1, y1), (x2, y2) = at[one], at[other]
+        parts.append(f'<line x1="{x1 + 50}" y1="{y1 + 36 * down}" x2="{x2 + 50 - 30 * (not down)}" y2="{y2 + 36 * (not down)}" '
+                     f'stroke="#333" marker-end="url(#arrow)"{more}/>')
+
+    for folder in COLUMNS:
+        for name in sorted(below[folder]):
+            if not any(name in reached(other) for other in below[folder]):
+                arrow(folder, name)
+    arrow(*UPWARD, ' stroke-dasharray="5 4"')
+    for folder, (x, y) in at.items():
+        parts.append(f'<rect x="{x}" y="{y}" width="100" height="36" rx="4" fill="{COLOURS[0] if folder in LIBRARY else REST}" '
+                     f'stroke="#333"/><text x="{x + 50}" y="{y + 23}">{folder}</text>')
+    return "\n".join(parts + ["</svg>"]) + "\n"
+
+
 def main():
     if sys.argv[2:] not in ([], ["--check"]) or len(sys.argv) < 2:
         sys.exit(__doc__)
@@ -253,6 +310,7 @@ def main():
         drawn[source / "docs/guide/lines" / f"{name}.svg"] = text
         if not re.search(rf"\(lines/{name}\.svg\)\n\n```sh\n{re.escape(command)}\n", page):
             wrong.append(f"which-line.md does not show {name}.svg with '{command}' below it")
+    drawn[source / "docs/guide/house.svg"] = house(source)
     for path, text in drawn.items():
         if not sys.argv[2:]:
             path.write_text(text, encoding="utf-8")

@@ -74,7 +74,8 @@ def without_comment(line):
 
 def shown_with_output(text):
     """(commands, output) of each ```sh block that has a block right behind it: guide_commands.py runs these."""
-    return re.findall(r"^```sh\n(.*?)^```\n```(?:text|json|csv)?\n(.*?)^```$", text, re.DOTALL | re.MULTILINE)
+    lines = r"((?:(?!```).*\n)*)"
+    return re.findall(rf"^```sh\n{lines}```\n```\n{lines}```$", text, re.MULTILINE)
 
 
 def commands_of_markdown(text):
