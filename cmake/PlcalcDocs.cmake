@@ -1,4 +1,5 @@
-# The target `docs` makes HTML of the public headers. A warning, such as for a name without a contract, is an error.
+# The target `docs` makes HTML of the public headers and of the guide. A warning, such as for a name without a contract or
+# a link that leads nowhere, is an error.
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
   return()
@@ -14,11 +15,12 @@ set(DOXYGEN_JAVADOC_AUTOBRIEF YES)
 set(DOXYGEN_SORT_MEMBER_DOCS NO)  # the headers' own order
 set(DOXYGEN_MACRO_EXPANSION YES)
 set(DOXYGEN_EXPAND_ONLY_PREDEF YES)
-set(DOXYGEN_PREDEFINED PLCALC_API= PLUTIL_API= PLPARCEL_API= PLC_API= noexcept=)
+set(DOXYGEN_PREDEFINED PLCALC_API= PLUTIL_API= PLPARCEL_API= PLC_API=)
 set(DOXYGEN_HIDE_FRIEND_COMPOUNDS YES)  # the searches behind CFrazArea
 find_program(PLCALC_SED sed)
 if(PLCALC_SED)  # without it the contract's paragraphs run together
   set(DOXYGEN_INPUT_FILTER "${PLCALC_SED} -E -f cmake/contract_paragraphs.sed")
+  set(DOXYGEN_FILTER_PATTERNS "\"*.md=${PLCALC_SED} -E -f cmake/guide_pages.sed\"")
 endif()
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
   ${PROJECT_SOURCE_DIR}/plparcel/include ${PROJECT_SOURCE_DIR}/c/include)
@@ -27,5 +29,9 @@ set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/docs/mainpage.md)
 set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_HAVE_DOT NO)
-doxygen_add_docs(docs include plutil/include plparcel/include c/include docs/mainpage.md
-  WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the public headers")
+set(DOXYGEN_IMAGE_PATH docs docs/guide)
+set(DOXYGEN_EXCLUDE docs/exact-and-fast.md docs/footprint.md docs/mutation.md)  # measurements, read where they lie
+doxygen_add_docs(docs include plutil/include plparcel/include c/include docs
+  WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the guide and the public headers")
+add_custom_command(TARGET docs POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E echo "The first page is ${PROJECT_BINARY_DIR}/docs/html/index.html")

@@ -1,0 +1,15 @@
+# Filter of the target `docs` for its pages. It gives every heading of the second level the name under which the pages link to it,
+# and which the search finds, and leaves the text alone of a link to a file that is not among the pages.
+/^## /{
+  h
+  s/^## +//
+  s/.*/\L&/
+  s/[^a-z0-9 -]//g
+  s/ /-/g
+  s/.*/ {#&}/
+  x
+  G
+  s/\n//
+}
+s#\[([^]]*)\]\((\.\./)*[^)]*(README|CHANGELOG|CONTRIBUTING|footprint|exact-and-fast|mutation)\.md(\#[^)]*)?\)#\1#g
+s#\[([^]]*)\]\((\.\./)*[^)]*\.(cmake|h)\)#\1#g
