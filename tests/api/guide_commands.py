@@ -21,18 +21,17 @@ def difference(asked, printed):
     return "\n".join(difflib.unified_diff(asked.splitlines(), printed.splitlines(), "the page", "the program", lineterm=""))
 
 
-def check(clone, page):
-    """What is wrong with the page, block by block, and how many blocks it has."""
-    wrong, count = [], 0
-    for commands, said in shown_with_output(page.read_text(encoding="utf-8")):
-        count += 1
+def check(clone, page, blocks):
+    """What is wrong with the page, block by block."""
+    wrong = []
+    for commands, said in blocks:
         result = clone.call(commands)
         status = STATUS.search(commands)
         if result.returncode != int(status.group(1) if status else 0):
             wrong.append(f"{page.name}: ends with {result.returncode}:\n{commands}{result.stdout}")
         elif result.stdout.rstrip() != said.rstrip():
             wrong.append(f"{page.name}: {commands}{difference(said, result.stdout)}")
-    return wrong, count
+    return wrong
 
 
 def main():
@@ -41,11 +40,13 @@ def main():
     for page in sorted((source / "docs/guide").glob("*.md")):
         if sys.argv[4:] and page.name not in sys.argv[4:]:
             continue
+        blocks = shown_with_output(page.read_text(encoding="utf-8"))
+        if not blocks:
+            continue
         with tempfile.TemporaryDirectory() as scratch:
-            complaints, count = check(Clone(pathlib.Path(scratch), source, build, cmake), page)
-        print(f"{page.name}: {count} blocks")
-        wrong += complaints
-        total += count
+            wrong += check(Clone(pathlib.Path(scratch), source, build, cmake), page, blocks)
+        print(f"{page.name}: {len(blocks)} blocks")
+        total += len(blocks)
     if total == 0:
         wrong.append("the guide has no command with its output")
     if wrong:
