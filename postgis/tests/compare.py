@@ -24,7 +24,9 @@ def complaint(theirs, rows):
         return None
     if status != "divided":
         return f"the database refuses: {rows[0]['reason']}"
-    if [row["ends_decimals"] for row in rows] != [str(theirs["decimals"])] * len(rows):
+    # Ends with all their digits have no number of decimals: null in one, empty in the other.
+    decimals = "" if theirs["decimals"] is None else str(theirs["decimals"])
+    if [row["ends_decimals"] for row in rows] != [decimals] * len(rows):
         return "other decimals"
     ends = [tuple(float(row[name]) for name in ("x1", "y1", "x2", "y2")) for row in rows if row["x1"]]
     wanted = [(line["from"]["e"], line["from"]["n"], line["to"]["e"], line["to"]["n"]) for line in theirs["lines"]]
