@@ -499,7 +499,8 @@ typedef struct plc_search {
     double bearing_gon;   /**< SIDE_FACING, VERTEX_FARTHEST: clockwise from North */
     double distance;      /**< SIDE_ALONG: how far away the other geometry may lie, caller's unit */
     double angle_gon;     /**< SIDE_ALONG: how much it may turn away from the side; 0 stands for 25 */
-    double tied_within;   /**< differences up to this count as none: caller's unit, for SIDE_FACING gons */
+    /** Differences up to this count as none: caller's unit, for SIDE_FACING gons. The program takes 0.001 and 0.01. */
+    double tied_within;
 } plc_search;
 
 /** What became of a search: plparcel::ChoiceStatus. The numbers stay. */

@@ -74,11 +74,8 @@ class Named:
         raise Undecided(choice.status.name, places, reason)
 
 
-# Of what differs by less, rounding would choose: a millimetre and a hundredth of a gon, as in the program.
-_SAME_LENGTH, _SAME_GON = 0.001, 0.01
-
-longest = Named("longest", lambda parcel: _layer.longest_side(parcel, _SAME_LENGTH))
-shortest = Named("shortest", lambda parcel: _layer.shortest_side(parcel, _SAME_LENGTH))
+longest = Named("longest", lambda parcel: _layer.longest_side(parcel, _layer.kTiedWithin))
+shortest = Named("shortest", lambda parcel: _layer.shortest_side(parcel, _layer.kTiedWithin))
 
 
 def _coordinates(point):
@@ -92,21 +89,21 @@ def _coordinates(point):
 def nearest_to(point: PointLike) -> Named:
     """The side, or the vertex, nearest to a point."""
     at = _coordinates(point)
-    return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at, _SAME_LENGTH),
-                 lambda parcel: _layer.vertex_near(parcel, at, _SAME_LENGTH)).made_by(nearest_to, (at,))
+    return Named(f"nearest_to({at})", lambda parcel: _layer.side_near(parcel, at, _layer.kTiedWithin),
+                 lambda parcel: _layer.vertex_near(parcel, at, _layer.kTiedWithin)).made_by(nearest_to, (at,))
 
 
 def facing(bearing: float) -> Named:
     """The side that faces a bearing, in gons clockwise from North: 200 for the one to the South."""
     gons = float(bearing)
-    return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons, _SAME_GON)).made_by(facing, (gons,))
+    return Named(f"facing({gons:g})", lambda parcel: _layer.side_facing(parcel, gons, _layer.kTiedWithinGon)).made_by(facing, (gons,))
 
 
 def farthest(bearing: float) -> Named:
     """The vertex that lies farthest towards a bearing, in gons clockwise from North: 0 for the northernmost."""
     gons = float(bearing)
     return Named(f"farthest({gons:g})",
-                 vertex=lambda parcel: _layer.vertex_farthest(parcel, gons, _SAME_LENGTH)).made_by(farthest, (gons,))
+                 vertex=lambda parcel: _layer.vertex_farthest(parcel, gons, _layer.kTiedWithin)).made_by(farthest, (gons,))
 
 
 def beside(geometry: Union[HasGeoInterface, Mapping[str, Any]], within: float) -> Named:
@@ -119,7 +116,7 @@ def beside(geometry: Union[HasGeoInterface, Mapping[str, Any]], within: float) -
     other = _layer.OtherGeometry(list(_segments(interface)))
     alongside = _layer.Alongside(float(within))
     return Named(f"beside({interface['type']}, {within:g})",
-                 lambda parcel: _layer.side_along(parcel, other, alongside, _SAME_LENGTH)
+                 lambda parcel: _layer.side_along(parcel, other, alongside, _layer.kTiedWithin)
                  ).made_by(beside, (dict(interface), float(within)))
 
 

@@ -39,6 +39,13 @@ enum class ChoiceStatus {
     too_much_near   ///< more than 4,000,000 pairs of sides and segments are near each other
 };
 
+/// Where people name a side, rounding would choose between two whose lengths or distances differ by no more than this:
+/// what to give as `tied_within`. Caller's unit: a millimetre where that is metres. The program and the Python package do.
+constexpr double kTiedWithin = 0.001;
+
+/// As kTiedWithin, for bearings: gons. What to give as `tied_within_gon`.
+constexpr double kTiedWithinGon = 0.01;
+
 /// @param[in] status  any status
 /// @return a sentence's worth in English, without a full stop; never null
 PLPARCEL_API const char* describe(ChoiceStatus status) noexcept;

@@ -13,8 +13,6 @@ using plparcel::Candidate;
 using plparcel::Choice;
 using plparcel::ChoiceStatus;
 
-constexpr double kSameLength = 0.001;
-constexpr double kSameGon = 0.01;
 constexpr int kLengthDecimals = 3;
 constexpr int kTurnedDecimals = 2;
 
@@ -32,20 +30,20 @@ public:
         const plparcel::Parcel rings = boundary_of(parcel_);
         switch (choice_.by) {
         case By::longest:
-            return plparcel::longest_side(rings, kSameLength);
+            return plparcel::longest_side(rings, plparcel::kTiedWithin);
         case By::shortest:
-            return plparcel::shortest_side(rings, kSameLength);
+            return plparcel::shortest_side(rings, plparcel::kTiedWithin);
         case By::near:
-            return plparcel::side_near(rings, choice_.point, kSameLength);
+            return plparcel::side_near(rings, choice_.point, plparcel::kTiedWithin);
         case By::facing:
-            return plparcel::side_facing(rings, choice_.bearing_gon, kSameGon);
+            return plparcel::side_facing(rings, choice_.bearing_gon, plparcel::kTiedWithinGon);
         case By::along:
-            return plparcel::side_along(rings, *choice_.other, {distance()}, kSameLength);
+            return plparcel::side_along(rings, *choice_.other, {distance()}, plparcel::kTiedWithin);
         case By::vertex_near:
         case By::number:
             break;
         }
-        return plparcel::vertex_near(rings, choice_.point, kSameLength);
+        return plparcel::vertex_near(rings, choice_.point, plparcel::kTiedWithin);
     }
 
     long long number(const Candidate& candidate) const
