@@ -9,7 +9,7 @@ from typing import Any, Optional, Sequence, SupportsIndex, Tuple, Union, cast
 from . import plparcel as _layer
 from ._parcels import HasGeoInterface, ParcelLike
 from ._parcels import parcel as _parcel_of
-from ._results import Division, Refused, ranges_of
+from ._results import Division, Refused, divided, ranges_of
 from ._sides import Named, PointLike
 
 # A side or a vertex: an index, (index, ring), or what it is.
@@ -203,10 +203,8 @@ def divide(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None,
     line = _line_for(given, parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point,
                      bearing)
     listed = _amounts(area, product, share, width, parts, amounts)
-    answer = _layer.divide(given, line, listed, opposite, _index(alternative, "alternatives"), any_pieces, decimals,
-                           tolerance)
-    division = Division(given, line, listed, opposite, any_pieces, answer)
-    if raise_on_refusal and not answer.divided:
+    division = divided(given, (line, listed, opposite, _index(alternative, "alternatives"), any_pieces, decimals, tolerance))
+    if raise_on_refusal and not division:
         raise Refused(division)
     return division
 
@@ -228,12 +226,12 @@ def all_divisions(parcel: ParcelLike, *, parallel_to: Optional[PlaceLike] = None
     line = _line_for(given, parallel_to, perpendicular_to, through_vertex, at_bearing, along, through_place, through_point,
                      bearing)
     listed = _amounts(area, product, share, width, parts, amounts)
+    first = _index(alternative, "alternatives")
     side, pieces = _layer.Measured, _layer.Pieces
-    request = _layer.Request(line, listed, side.opposite if opposite else side.from_reference,
-                             _index(alternative, "alternatives"), pieces.any if any_pieces else pieces.two,
-                             _layer.Rounding(decimals, tolerance))
-    return tuple(Division(given, line, listed, opposite, any_pieces, answer)
-                 for answer in _layer.all_divisions(given, request))
+    request = _layer.Request(line, listed, side.opposite if opposite else side.from_reference, first,
+                             pieces.any if any_pieces else pieces.two, _layer.Rounding(decimals, tolerance))
+    return tuple(Division(given, (line, listed, opposite, first + further, any_pieces, decimals, tolerance), answer)
+                 for further, answer in enumerate(_layer.all_divisions(given, request)))
 
 
 def measure(parcel: ParcelLike) -> _layer.RingReport:

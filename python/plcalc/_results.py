@@ -37,6 +37,9 @@ if TYPE_CHECKING:
 
 Pair = Tuple[float, float]
 
+# A request: line, amounts, opposite, alternative, any_pieces, decimals, tolerance.
+Asked = Tuple[_layer.Line, List[_layer.Amount], bool, int, bool, Optional[int], float]
+
 _WORDS = {_layer.Cut.parallel: "parallel_to", _layer.Cut.perpendicular: "perpendicular_to",
           _layer.Cut.through_vertex: "through_vertex"}
 
@@ -63,6 +66,9 @@ class _Frozen:
 
     def __deepcopy__(self, memo):
         return self
+
+    def __reduce__(self) -> Any:
+        raise TypeError(f"a {type(self).__name__} lies in its division: that is what can be pickled")
 
     def _set(self, **fields):
         for name, value in fields.items():
@@ -177,27 +183,24 @@ class Piece(_Frozen):
 class Division(_Frozen):
     """The answer to a request. It is true when the parcel has been divided."""
 
-    __slots__ = ("parcel", "line", "_amounts", "_opposite", "_any_pieces", "_answer", "_lines", "_pieces")
+    __slots__ = ("parcel", "_asked", "_answer", "_lines", "_pieces")
     parcel: _layer.Parcel
-    line: _layer.Line
-    _amounts: List[_layer.Amount]
-    _opposite: bool
-    _any_pieces: bool
+    _asked: Asked
     _answer: _layer.Division
     _lines: Optional[Tuple[Line, ...]]
     _pieces: Optional[Tuple[Piece, ...]]
 
-    def __init__(self, parcel: _layer.Parcel, line: _layer.Line, amounts: List[_layer.Amount], opposite: bool,
-                 any_pieces: bool, answer: _layer.Division) -> None:
+    def __init__(self, parcel: _layer.Parcel, asked: Asked, answer: _layer.Division) -> None:
         put = object.__setattr__
         put(self, "parcel", parcel)
-        put(self, "line", line)
-        put(self, "_amounts", amounts)
-        put(self, "_opposite", opposite)
-        put(self, "_any_pieces", any_pieces)
+        put(self, "_asked", asked)
         put(self, "_answer", answer)
         put(self, "_lines", None)
         put(self, "_pieces", None)
+
+    def __reduce__(self) -> Tuple[Any, ...]:
+        # What goes to another process is the request; asked again there, it has the same answer to the last bit.
+        return divided, (self.parcel, self._asked)
 
     def __bool__(self) -> bool:
         return self._answer.divided
@@ -216,6 +219,11 @@ class Division(_Frozen):
     def at_amount(self) -> int:
         """Unless divided, index of the amount that could not be cut."""
         return self._answer.at_amount
+
+    @property
+    def line(self) -> _layer.Line:
+        """The line that was asked for."""
+        return self._asked[0]
 
     @property
     def area(self) -> float:
@@ -260,14 +268,16 @@ class Division(_Frozen):
     def feasible(self) -> Tuple[Pair, ...]:
         """What such a line can cut off, ranges of areas (least, most): what could be had where the request was refused. Of
         several amounts, it is about the first."""
-        return ranges_of(self.parcel, self.line, self._opposite, self._any_pieces)
+        line, _, opposite, _, any_pieces, *_ = self._asked
+        return ranges_of(self.parcel, line, opposite, any_pieces)
 
     @property
     def alternatives(self) -> Tuple[Dict[str, Any], ...]:
         """The parallels, perpendiculars and vertices that can hold the first amount in two pieces, each as arguments of
         `divide`: {"parallel_to": 2, "opposite": False}. It looks at every side and vertex, at 1,000 of them and
         more only at some."""
-        return lines_for(self.parcel, self._amounts[0], self._opposite) if self._amounts else ()
+        _, amounts, opposite, *_ = self._asked
+        return lines_for(self.parcel, amounts[0], opposite) if amounts else ()
 
     @property
     def __geo_interface__(self) -> Dict[str, Any]:
@@ -288,6 +298,11 @@ class Division(_Frozen):
 
     def _repr_svg_(self) -> str:
         return _drawing.drawn(self.parcel.outer, self.parcel.holes, self.pieces, self.lines, "" if self else self.reason)
+
+
+def divided(parcel: _layer.Parcel, asked: Asked) -> Division:
+    """The answer to a request."""
+    return Division(parcel, asked, _layer.divide(parcel, *asked))
 
 
 class Refused(Exception):

@@ -42,6 +42,7 @@ py::class_<Record> add_record(py::module_& core, const char* name, Record (*make
         return py::iter(values);
     });
     record.def("__copy__", [](const Record& self) { return Record(self); });
+    record.def("__reduce__", [](const py::object& self) { return py::make_tuple(py::type::of(self), py::tuple(self)); });
     record.def("__eq__", [names](const py::object& self, const py::object& other) {
         if (!py::isinstance<Record>(other))
             return false;
@@ -166,5 +167,6 @@ record is read, a sequence of its fields will do: PlFunz_distance((0, 0), (3, 4)
             py::arg("index"), doc("CPoint3dVector::GetYcoordAt"))
         .def("__len__", &CPoint3dVector::GetNoPoits)
         .def("__copy__", [](const CPoint3dVector& self) { return CPoint3dVector(self); });
-    py::implicitly_convertible<Points, CPoint3dVector>();
+    py::implicitly_convertible<py::array, CPoint3dVector>();
+    py::implicitly_convertible<py::sequence, CPoint3dVector>();
 }

@@ -132,7 +132,10 @@ static void add_requests(py::module_& m)
              arg("outer"))
         .def(py::init(&with_holes), arg("outer"), arg("holes"))
         .def_property_readonly("outer", ring_inside(&Parcel::outer), doc("plparcel::Parcel::outer"))
-        .def_property_readonly("holes", rings_inside(&Parcel::holes), doc("plparcel::Parcel::holes"));
+        .def_property_readonly("holes", rings_inside(&Parcel::holes), doc("plparcel::Parcel::holes"))
+        .def("__reduce__", [](const py::object& self) {
+            return py::make_tuple(py::type::of(self), py::make_tuple(self.attr("outer"), self.attr("holes")));
+        });
     py::class_<Line>(m, "Line", doc("plparcel::Line"))
         .READ(Line, cut)
         .READ(Line, index)
@@ -140,7 +143,22 @@ static void add_requests(py::module_& m)
         .READ(Line, bearing)
         .READ(Line, a)
         .READ(Line, b)
-        .READ(Line, along);
+        .READ(Line, along)
+        .def(py::pickle(
+            [](const Line& line) {
+                return py::make_tuple(line.cut, line.index, line.ring, line.bearing, line.a, line.b, line.along);
+            },
+            [](const py::tuple& kept) {
+                Line line;
+                line.cut = kept[0].cast<Cut>();
+                line.index = kept[1].cast<std::size_t>();
+                line.ring = kept[2].cast<std::size_t>();
+                line.bearing = kept[3].cast<double>();
+                line.a = kept[4].cast<Point>();
+                line.b = kept[5].cast<Point>();
+                line.along = kept[6].cast<double>();
+                return line;
+            }));
     py::class_<Amount>(m, "Amount", doc("plparcel::Amount"))
         .READ(Amount, given)
         .READ(Amount, first)
@@ -458,6 +476,8 @@ void add_parcels(py::module_& plparcel)
 A ring is an array of two columns, x and y. Records cannot be changed once made. `from` is called `from_` here. The rings of
 an answer are arrays that lie in it; they cannot be written.)";
     plparcel.attr("kMostDecimals") = kMostDecimals;
+    plparcel.attr("kTiedWithin") = kTiedWithin;
+    plparcel.attr("kTiedWithinGon") = kTiedWithinGon;
     add_kinds(plparcel);
     add_requests(plparcel);
     add_answers(plparcel);

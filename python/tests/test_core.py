@@ -2,6 +2,7 @@
 
 import copy
 import math
+import pickle
 import pathlib
 import re
 import sys
@@ -151,3 +152,33 @@ def test_golden_vectors(family):
     print(f"{family}: {lines} lines, {identical} identical")
     assert lines > 900
     assert identical >= 0.99 * lines
+
+
+@pytest.mark.parametrize("points", [
+    [(0, 0), (100, 0), (100, 50), (0, 50)],
+    ((0.0, 0.0, 7.0), (100.0, 0.0, 7.0), (100.0, 50.0, 7.0), (0.0, 50.0, 7.0)),
+    numpy.array([(0, 0), (100, 0), (100, 50), (0, 50)], dtype=numpy.float32),
+    numpy.array([(0, 0), (100, 0), (100, 50), (0, 50)], dtype=int),
+    numpy.array([(0.0, 100, 100, 0), (0, 0, 50, 50)]).T,
+    numpy.array([(0.0, 0), (1, 1), (100, 0), (2, 2), (100, 50), (3, 3), (0, 50), (4, 4)])[::2],
+])
+def test_points_come_as_any_array_or_list(points):
+    cut = core.CFrazArea(points, (0, 0), (100, 0), 0, 1, 1000.0)
+    done, x1, y1, _, x2, y2, _ = cut.Esegui()
+    assert done and (x1, y1, x2, y2) == pytest.approx((100, 10, 0, 10), abs=1e-4)
+
+
+@pytest.mark.parametrize("points", ["abc", [(0, 0), (1,)], [1, 2, 3], 5, None, {"a": 1}])
+def test_what_is_no_points_is_refused(points):
+    with pytest.raises((TypeError, ValueError)):
+        core.CFrazArea(points, (0, 0), (100, 0), 0, 1, 1000.0)
+
+
+@pytest.mark.parametrize("record", [
+    core.PL_PNT2D_record(1, 2), core.PL_PNT3D_record(1, 2, 3), core.PL_LINE_2D_record((1, 2), (3, 4)),
+    core.PL_IMP_LINE_2D_record(1, 2, 3), core.PL_RECT_2D_record(1, 2, 3, 4), core.PL_RECT_3D_record(1, 2, 3, 4, 5, 6),
+    core.ARC_2D_record((1, 2), 3, core.PL_DEGREES, 4, 5),
+])
+def test_records_go_to_other_processes(record):
+    again = pickle.loads(pickle.dumps(record))
+    assert again == record and type(again) is type(record)

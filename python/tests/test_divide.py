@@ -401,6 +401,48 @@ def test_amounts_go_to_other_processes():
         assert (again.given, again.first, again.second) == (amount.given, amount.first, amount.second)
 
 
+def digits(division):
+    return [(piece.amount, piece.area, piece.ring.tolist(), [hole.tolist() for hole in piece.holes])
+            for piece in division.pieces], [(line.start, line.end, line.segments) for line in division.lines]
+
+
+@pytest.mark.parametrize("asked", [
+    {"parallel_to": 1, "share": "1/3"},
+    {"parallel_to": (2, 1), "area": 700, "any_pieces": True},
+    {"perpendicular_to": 0, "amounts": ["500", "1/7", plcalc.width(3)], "decimals": 2},
+    {"through_vertex": 2, "share": "40%", "opposite": True},
+    {"at_bearing": 17.25, "area": 1234.5, "any_pieces": True},
+    {"along": [(3, 4), (17, 29)], "area": 1100, "any_pieces": True},
+    {"through_place": (0, 33.3), "share": "1/3"},
+    {"through_point": (21, 33), "bearing": 40, "area": 1500},
+])
+def test_divisions_go_to_other_processes(asked):
+    lot = plcalc.parcel({"type": "Polygon", "coordinates": [LOT, POND]})
+    division = plcalc.divide(lot, **asked)
+    again = pickle.loads(pickle.dumps(division))
+    assert digits(again) == digits(division) and again.status == "divided" and again.decimals == division.decimals
+    for piece in division.pieces:
+        with pytest.raises(TypeError, match="division"):
+            pickle.dumps(piece)
+
+
+def test_refusals_go_to_other_processes():
+    refused = plcalc.divide(LOT, parallel_to=0, area=6000, raise_on_refusal=False)
+    again = pickle.loads(pickle.dumps(refused))
+    assert not again and (again.status, again.reason, again.feasible) == (refused.status, refused.reason, refused.feasible)
+    with pytest.raises(plcalc.Refused) as raised:
+        plcalc.divide(LOT, parallel_to=0, area=6000)
+    again = pickle.loads(pickle.dumps(raised.value))
+    assert (str(again), again.status, again.alternatives) == (str(raised.value), raised.value.status, raised.value.alternatives)
+
+
+def test_every_alternative_goes_to_other_processes():
+    lines = plcalc.all_divisions(LOT, through_point=(50, 25), share="1/2")
+    assert len(lines) > 1
+    for division in lines:
+        assert digits(pickle.loads(pickle.dumps(division))) == digits(division)
+
+
 def test_a_list_of_amounts_as_text():
     areas = [piece.area for piece in plcalc.divide(LOT, parallel_to=0, amounts="1000,500").pieces]
     assert areas == pytest.approx([1000, 500, 3500])
