@@ -22,8 +22,9 @@ class BuildWithCMake(build_ext):
     def build_extension(self, ext):
         build = pathlib.Path(self.build_temp).resolve() / "cmake"
         off = ["BUILD_SHARED_LIBS", "PLCALC_BUILD_C", "PLCALC_BUILD_TESTS", "PLCALC_BUILD_TOOL", "PLCALC_INSTALL"]
-        # A machine with Ninja need not have make. CMAKE_GENERATOR in the environment says otherwise.
-        generator = ["-G", "Ninja"] if shutil.which("ninja") and "CMAKE_GENERATOR" not in os.environ else []
+        # A machine with Ninja need not have make. CMAKE_GENERATOR in the environment says otherwise; a folder keeps its own.
+        begun = (build / "CMakeCache.txt").exists() or "CMAKE_GENERATOR" in os.environ
+        generator = ["-G", "Ninja"] if shutil.which("ninja") and not begun else []
         subprocess.run(["cmake", *generator, "-S", SOURCE, "-B", build, "-DCMAKE_BUILD_TYPE=Release", "-DPLCALC_BUILD_PYTHON=ON",
                         f"-DPython3_EXECUTABLE={sys.executable}", *(f"-D{name}=OFF" for name in off)], check=True)
         subprocess.run(["cmake", "--build", build, "--parallel", "2", "--target", "plcalc_python_package"], check=True)
