@@ -42,7 +42,8 @@ py::class_<Record> add_record(py::module_& core, const char* name, Record (*make
         return py::iter(values);
     });
     record.def("__copy__", [](const Record& self) { return Record(self); });
-    record.def("__reduce__", [](const py::object& self) { return py::make_tuple(py::type::of(self), py::tuple(self)); });
+    record.def("__reduce__",
+               [](const py::object& self) { return py::make_tuple(py::type::of(self), py::tuple(self)); });
     record.def("__eq__", [names](const py::object& self, const py::object& other) {
         if (!py::isinstance<Record>(other))
             return false;

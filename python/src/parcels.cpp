@@ -146,7 +146,8 @@ static void add_requests(py::module_& m)
         .READ(Line, along)
         .def(py::pickle(
             [](const Line& line) {
-                return py::make_tuple(line.cut, line.index, line.ring, line.bearing, line.a, line.b, line.along);
+                return py::make_tuple(line.cut, line.index, line.ring, line.bearing, line.a, line.b,
+                                      line.along);
             },
             [](const py::tuple& kept) {
                 Line line;
