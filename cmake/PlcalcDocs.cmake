@@ -25,13 +25,28 @@ endif()
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
   ${PROJECT_SOURCE_DIR}/plparcel/include ${PROJECT_SOURCE_DIR}/c/include)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
-set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/docs/mainpage.md)
+set(DOXYGEN_USE_MDFILE_AS_MAINPAGE ${PROJECT_SOURCE_DIR}/docs/guide/README.md)
 set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_HAVE_DOT NO)
-set(DOXYGEN_IMAGE_PATH docs docs/guide)
-set(DOXYGEN_EXCLUDE docs/exact-and-fast.md docs/footprint.md docs/mutation.md)  # measurements, read where they lie
-doxygen_add_docs(docs include plutil/include plparcel/include c/include docs
+set(DOXYGEN_HTML_EXTRA_STYLESHEET ${PROJECT_SOURCE_DIR}/cmake/docs.css)
+set(DOXYGEN_GENERATE_TREEVIEW YES)
+set(DOXYGEN_IMAGE_PATH docs docs/guide qgis)
+
+# The pages, in the order of the table on the first one.
+set(pages docs/guide/README.md)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/guide/README.md)
+file(STRINGS ${PROJECT_SOURCE_DIR}/docs/guide/README.md rows REGEX "^\\| ")
+string(REGEX MATCHALL "\\([^()]+\\.md\\)" links "${rows}")
+foreach(link ${links})
+  string(REGEX REPLACE "^\\((.*)\\)$" "${PROJECT_SOURCE_DIR}/docs/guide/\\1" page "${link}")
+  get_filename_component(page "${page}" ABSOLUTE)
+  file(RELATIVE_PATH page ${PROJECT_SOURCE_DIR} "${page}")
+  if(NOT page MATCHES "^(web|qgis)/")  # read where they lie
+    list(APPEND pages "${page}")
+  endif()
+endforeach()
+doxygen_add_docs(docs ${pages} docs/words.dox include plutil/include plparcel/include c/include
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the guide and the public headers")
 add_custom_command(TARGET docs POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E echo "The first page is ${PROJECT_BINARY_DIR}/docs/html/index.html")

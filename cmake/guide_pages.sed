@@ -1,5 +1,5 @@
 # Filter of the target `docs` for its pages. It gives every heading of the second level the name under which the pages link to it,
-# and which the search finds, and leaves the text alone of a link to a file that is not among the pages.
+# leads a link with such a name there, and leaves the text alone of a link to a file that is not among the pages.
 /^## /{
   h
   s/^## +//
@@ -11,5 +11,7 @@
   G
   s/\n//
 }
-s#\[([^]]*)\]\((\.\./)*[^)]*(README|CHANGELOG|CONTRIBUTING|footprint|exact-and-fast|mutation)\.md(\#[^)]*)?\)#\1#g
+s#\[([^]]*)\]\((\.\./)*((web|tools/plcalc|qgis|bench)/README|\.\./README|CHANGELOG|CONTRIBUTING|footprint|exact-and-fast|mutation)\.md(\#[^)]*)?\)#\1#g
 s#\[([^]]*)\]\((\.\./)*[^)]*\.(cmake|h)\)#\1#g
+s#\[([^]]*)\]\([^)#]+\.md\#([^)]*)\)#@ref \2 "\1"#g
+s#\]\((\.\./)*qgis/([a-z]+\.png)\)#](\2)#
