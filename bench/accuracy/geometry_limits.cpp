@@ -137,6 +137,23 @@ Real meet_lines(const Case& c)
     return off(at, c.s1.start, meeting(c));
 }
 
+Real meet_by_equations(const Case& c)
+{
+    PL_PNT2D_record at = c.s1.start;
+    CalcoloIntersezioneRette(c.s1.start.x, c.s1.start.y, c.s1.end.x, c.s1.end.y, c.s2.start.x, c.s2.start.y,
+                             c.s2.end.x, c.s2.end.y, at.x, at.y);
+    return off(at, c.s1.start, meeting(c));
+}
+
+Real meet_line_and_segment(const Case& c)
+{
+    PL_IMP_LINE_2D_record l1 = {};
+    PlFunz_lineeq_ile(&c.s1.start, &c.s1.end, &l1);
+    PL_PNT2D_record at = c.s1.start;
+    PlFunz_intersect_ils(&l1, &c.s2, &at);
+    return off(at, c.s1.start, meeting(c));
+}
+
 Real meet_explicit(const Case& c)
 {
     PL_PNT2D_record at = c.s1.start;
@@ -163,6 +180,16 @@ Real distance_by_normal(const Case& c)
     return std::fabs(PlFunz_distpntln_ls(&c.p, &c.s1)) - distance_from_line(c);
 }
 
+Real distance_from_equation(const Case& c)
+{
+    PL_IMP_LINE_2D_record l1 = {};
+    PlFunz_lineeq_ile(&c.s1.start, &c.s1.end, &l1);
+    double dist = 0.0;
+    double angle_gon = 0.0;
+    CalcDistPuntoDaRetta(&l1, &c.p, dist, angle_gon);
+    return dist - distance_from_line(c);
+}
+
 Real distance_of_points(const Case& c)
 {
     return PlFunz_distance(&c.s1.start, &c.p) - length(from_to(c.s1.start, c.p));
@@ -176,9 +203,12 @@ constexpr Measurement kMeasurements[] = {
     {"meeting point of segments, `PlFunz_intersect_ls`", meet_segments},
     {"meeting point of explicit lines, `CalcoloIntersezioneRetteExt`", meet_explicit},
     {"meeting point of implicit lines, `PlFunz_intersect_ile`", meet_lines},
+    {"the same from points, `CalcoloIntersezioneRette`", meet_by_equations},
+    {"meeting point of a line and a segment, `PlFunz_intersect_ils`", meet_line_and_segment},
     {"foot of a perpendicular, `DistSegmDaPt`", foot_of_perpendicular},
     {"distance from a line by its foot, `DistSegmDaPt`", distance_by_foot},
     {"distance from a line by its normal form, `PlFunz_distpntln_ls`", distance_by_normal},
+    {"distance from a line by its equation, `CalcDistPuntoDaRetta`", distance_from_equation},
     {"distance of points, `PlFunz_distance`", distance_of_points},
 };
 
