@@ -42,6 +42,8 @@ function(plcalc_configure_library target prefix include_dir)
   elseif(UNIX AND NOT APPLE)
     # PLCALC_API decides what is exported; the script only keeps the standard library's templates, which
     # are visible by their own marks, out of the interface.
+  elseif(WIN32)
+    plcalc_configure_dll(${target})
     set(script ${PROJECT_SOURCE_DIR}/cmake/no_std_symbols.map)
     target_link_options(${target} PRIVATE LINKER:--version-script=${script} LINKER:-Bsymbolic-functions)
     if(NOT PLCALC_SANITIZE)  # whose routines the program brings
@@ -49,4 +51,16 @@ function(plcalc_configure_library target prefix include_dir)
     endif()
     set_target_properties(${target} PROPERTIES LINK_DEPENDS ${script})
   endif()
+endfunction()
+
+# plcalc_configure_dll(<library>): plcalc.dll, the name by which hosts such as .NET and Java look for the library plcalc,
+# with what the Explorer shows of it, and the same bytes whenever it is built.
+function(plcalc_configure_dll target)
+  set_target_properties(${target} PROPERTIES PREFIX "")
+  if(MINGW)
+    target_link_options(${target} PRIVATE LINKER:--no-insert-timestamp)
+  endif()
+  string(REPLACE "." "," numbers ${PROJECT_VERSION})
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc @ONLY)
+  target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
 endfunction()

@@ -24,6 +24,11 @@ is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
+# The version that everything bears. Its home is the header that applications read.
+project_version() {
+    sed -nE 's/.*PLCALC_VERSION "(.*)"/\1/p' "$root_dir/include/plcalc/version.h"
+}
+
 # Runs a command as root, directly or through sudo if that asks for no password.
 as_root() {
     if [ "$(id -u)" = 0 ]; then
@@ -65,6 +70,22 @@ ensure_clang() {
     ensure_packages "libclang-rt-$(clang -dumpversion | cut -d. -f1)-dev"
 }
 
+# A Windows of its own for wine, which the caller removes with end_wine. It is to open no windows, put nothing into the
+# user's menu, and install nothing.
+begin_wine() {
+    WINEPREFIX=$(mktemp -d)
+    WINEDEBUG=-all
+    WINEDLLOVERRIDES='winemenubuilder.exe=d;mscoree,mshtml='
+    export WINEPREFIX WINEDEBUG WINEDLLOVERRIDES
+    unset DISPLAY WAYLAND_DISPLAY
+}
+
+# A server outlives wine's programs.
+end_wine() {
+    wineserver -k || true
+    rm -rf "$WINEPREFIX"
+}
+
 # build_preset <preset> [target...]: configures and builds it on as many cores as there are.
 build_preset() {
     local preset=$1
@@ -78,4 +99,17 @@ build_preset() {
     local target_args=()
     [ $# -eq 0 ] || target_args=(--target "$@")
     cmake --build "$root_dir/build/$preset" -j "$(nproc)" "${target_args[@]}"
+}
+
+# build_target <name> <cmake argument...>: the libraries and the replay of the golden vectors, in build/targets/<name>.
+build_target() {
+    local dir=build/targets/$1
+    mkdir -p "$dir"
+    {
+        cmake -G Ninja -S . -B "$dir" -DBUILD_SHARED_LIBS=OFF -DPLCALC_BUILD_TOOL=OFF -DPLCALC_BUILD_TESTS=OFF \
+            -DPLCALC_BUILD_GOLDEN=ON -DPLCALC_WERROR=ON "${@:2}" && cmake --build "$dir" -j "$(nproc)"
+    } >"$dir.log" 2>&1 || {
+        cat "$dir.log" >&2
+        die "$1 does not build"
+    }
 }
