@@ -13,6 +13,9 @@ function(plcalc_configure_objects target prefix)
     # inlined.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
   endif()
+  if(PLCALC_ABI)  # which is read from the debug information
+    target_compile_options(${target} PRIVATE -g -fno-var-tracking)
+  endif()
   if(BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PRIVATE ${prefix}_BUILDING)
   else()
@@ -39,11 +42,11 @@ function(plcalc_configure_library target prefix include_dir)
     INSTALL_RPATH "$ORIGIN")  # plcalc finds the plutil that was installed beside it
   if(NOT BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PUBLIC ${prefix}_STATIC)
+  elseif(WIN32)
+    plcalc_configure_dll(${target})
   elseif(UNIX AND NOT APPLE)
     # PLCALC_API decides what is exported; the script only keeps the standard library's templates, which
     # are visible by their own marks, out of the interface.
-  elseif(WIN32)
-    plcalc_configure_dll(${target})
     set(script ${PROJECT_SOURCE_DIR}/cmake/no_std_symbols.map)
     target_link_options(${target} PRIVATE LINKER:--version-script=${script} LINKER:-Bsymbolic-functions)
     if(NOT PLCALC_SANITIZE)  # whose routines the program brings

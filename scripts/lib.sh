@@ -9,7 +9,7 @@ root_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build pkg-config)
 tool_packages=(libgdal-dev libcli11-dev libcairo2-dev libxml2-dev nlohmann-json3-dev)
 test_packages=(clang libgtest-dev librapidcheck-dev libgeos-dev libgmp-dev gdal-bin binutils python3 git
-               doxygen clang-format clang-tidy shellcheck man-db)
+               doxygen clang-format clang-tidy shellcheck man-db abigail-tools)
 
 say() {
     printf '\n== %s\n' "$*"
