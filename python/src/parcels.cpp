@@ -305,6 +305,8 @@ static void add_neighbours(py::module_& m)
     py::class_<WithPoints>(m, "WithPoints", doc("plparcel::WithPoints"))
         .READ(WithPoints, parcel)
         .READ(WithPoints, inserted)
+        .def_property_readonly("existing", ring_inside(&WithPoints::existing),
+                               doc("plparcel::WithPoints::existing"))
         .READ(WithPoints, beside)
         .READ(WithPoints, farthest_beside)
         .READ(WithPoints, area_change)

@@ -266,10 +266,25 @@ TEST(SharedSides, GivePiecesTheNeighboursVertices)
         take({left, {}});
         take({right, {}});
     });
-    EXPECT_EQ(text_of(shared.with_points({{{40, 0.5}, {100, 0}, {100, 50}, {40, 50}}, {}}).parcel.outer),
-              "40 0.5, 70 0, 100 0, 100 50, 40 50");
+    const WithPoints piece = shared.with_points({{{40, 0.5}, {100, 0}, {100, 50}, {40, 50}}, {}});
+    EXPECT_EQ(text_of(piece.parcel.outer), "40 0.5, 70 0, 100 0, 100 50, 40 50");
+    EXPECT_EQ(text_of(piece.existing), "70 0");
     EXPECT_EQ(text_of(shared.with_points({left, {}}).parcel.outer), "70 0, 40 0.5, 0 0, 0 -50, 70 -50");
     EXPECT_EQ(shared.with_points({right, {}}).inserted, 0u);
+    // The line ends at M, or a nanometre beside it.
+    for (const double end : {70.0, 70.000000001}) {
+        const SharedSides there({{{end, 0}, {{0, 0}, {100, 0}}}}, 0.001, [&](const SharedSides::Take& take) {
+            take({left, {}});
+            take({right, {}});
+        });
+        const WithPoints at_end = there.with_points({{{end, 0}, {100, 0}, {100, 50}, {70, 50}}, {}});
+        EXPECT_EQ(at_end.inserted, 0u);
+        EXPECT_EQ(text_of(at_end.existing), end > 70.0 ? "" : "70 0");
+    }
+    // Of a longer side the ends of the divided one are corners that were there.
+    const WithPoints longer = shared.with_points({{{130, 0}, {-30, 0}, {50, -50}}, {}});
+    EXPECT_EQ(text_of(longer.parcel.outer), "130 0, 100 0, 70 0, 40 0.5, 0 0, -30 0, 50 -50");
+    EXPECT_EQ(text_of(longer.existing), "100 0, 70 0, 0 0");
 }
 
 TEST(SharedSides, GiveBothDividedParcelsEachOthersPoints)

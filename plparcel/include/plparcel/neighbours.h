@@ -67,6 +67,10 @@ PLPARCEL_API std::vector<Parcel> pieces_with_corners(const Parcel& parcel, const
 struct WithPoints {
     Parcel parcel;             ///< as it was handed over, with the points between its vertices
     std::size_t inserted = 0;  ///< how many vertices it has got
+    /// Its vertices between the ends of divided sides that were corners of parcels of the layer before: corners of
+    /// neighbours that were inserted, and an end of a dividing line that is at such a corner to the last bit. In the order
+    /// of the rings.
+    Ring existing = {};
     /// Points that were not inserted: within the distance of a vertex, but not at its place to the last bit.
     std::size_t beside = 0;
     double farthest_beside =

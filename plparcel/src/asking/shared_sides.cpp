@@ -40,7 +40,8 @@ double largest(const PL_PNT2D_record& p)
 // A point on a divided side: one that a division has put there, or a vertex of a neighbour.
 struct Node {
     PL_PNT2D_record at;
-    bool is_new;
+    bool is_new;             // a division has put it there
+    bool is_vertex = false;  // a parcel of the layer has it already
 };
 
 // A divided side. Its nodes are a range in the list of all, in the order from a to b.
@@ -124,6 +125,7 @@ public:
     // What has been inserted in one ring, and what has not.
     struct Inserted {
         Ring ring;
+        Ring existing;
         std::vector<std::pair<PL_PNT2D_record, double>>
             beside;  // points, and how far they are from their vertices
     };
@@ -154,9 +156,10 @@ private:
     struct Wanted {
         PL_PNT2D_record from;
         PL_PNT2D_record to;
-        std::vector<PL_PNT2D_record> points = {};
-        bool is_exact = false;  // its ends are nodes of a divided side
-        std::size_t sides = 0;  // how many divided sides have given points
+        std::vector<Node> points = {};
+        bool is_exact = false;          // its ends are nodes of a divided side
+        bool from_is_existing = false;  // its first end is a corner of a neighbour there
+        std::size_t sides = 0;          // how many divided sides have given points
     };
 
     std::vector<std::size_t> sides_of(std::vector<NewPoint> points);
@@ -273,8 +276,13 @@ void SharedSides::Index::note_node(std::size_t side, const Node& node)
     const Side& on = sides_[side];
     const double reach = on.reach(within_);
     const double along = on.along(node.at);
-    if (!(along > reach && along < on.length() - reach) || rank_of(on, node.at))
+    if (!(along > reach && along < on.length() - reach))
         return;
+    if (const std::optional<std::size_t> rank = rank_of(on, node.at)) {
+        Node& known = nodes_[on.first + *rank - 1];
+        known.is_vertex = known.is_vertex || node.is_vertex;
+        return;
+    }
     // A vertex that near to a point is beside it. Two points are two, however near.
     const std::size_t next = first_from(on, along - reach);
     if (!node.is_new && next < on.last && on.along(nodes_[next].at) <= along + reach)
@@ -287,8 +295,8 @@ void SharedSides::Index::note_side(const PL_PNT2D_record& c, const PL_PNT2D_reco
     near(c, d, [&](std::size_t side) {
         if (side == not_for || !part_beside(sides_[side], c, d))
             return;
-        note_node(side, {c, false});
-        note_node(side, {d, false});
+        note_node(side, {c, false, true});
+        note_node(side, {d, false, true});
     });
 }
 
@@ -327,6 +335,8 @@ void SharedSides::Index::settle()
         const auto put = [&](const Node& node) {
             if (all.size() == first || !same_place(all.back().at, node.at))
                 all.push_back(node);
+            else
+                all.back().is_vertex = all.back().is_vertex || node.is_vertex;
         };
         for (std::size_t k = side.first; k < side.last; ++k) {
             const double along = side.along(nodes_[k].at);
@@ -353,9 +363,9 @@ void SharedSides::Index::take_between(const Side& side, std::size_t from, std::s
     wanted.is_exact = true;
     const std::size_t low = std::min(from, to);
     const std::size_t high = std::max(from, to);
-    std::vector<PL_PNT2D_record> between;
+    std::vector<Node> between;
     for (std::size_t rank = low + 1; rank < high; ++rank)
-        between.push_back(nodes_[side.first + rank - 1].at);
+        between.push_back(nodes_[side.first + rank - 1]);
     if (from > to)
         std::reverse(between.begin(), between.end());
     wanted.sides += between.empty() ? 0 : 1;
@@ -375,18 +385,18 @@ void SharedSides::Index::take_along(const Side& side, Wanted& wanted, Inserted& 
     // A vertex that is a node itself has its place in their row.
     const double begin = side.along(low) + (rank_of(side, low) ? 0.0 : reach);
     const double end = side.along(high) - (rank_of(side, high) ? 0.0 : reach);
-    std::vector<PL_PNT2D_record> between;
+    std::vector<Node> between;
     bool has_new = false;
     if (begin < 0.0)
-        between.push_back(side.a);
+        between.push_back({side.a, false, true});
     for (std::size_t i = first_from(side, begin); i < side.last && side.along(nodes_[i].at) < end; ++i) {
         if (!(side.along(nodes_[i].at) > begin))
             continue;
-        between.push_back(nodes_[i].at);
+        between.push_back(nodes_[i]);
         has_new = has_new || nodes_[i].is_new;
     }
     if (side.length() < end)
-        between.push_back(side.b);
+        between.push_back({side.b, false, true});
     if (!rank_of(side, low))
         note_beside(side, low, inserted);
     if (!rank_of(side, high))
@@ -419,6 +429,8 @@ SharedSides::Index::Inserted SharedSides::Index::with_points(const Ring& ring) c
             const Side& side = sides_[number];
             const std::optional<std::size_t> from = rank_of(side, wanted.from);
             const std::optional<std::size_t> to = rank_of(side, wanted.to);
+            if (from && *from > 0 && *from <= side.last - side.first)
+                wanted.from_is_existing = wanted.from_is_existing || nodes_[side.first + *from - 1].is_vertex;
             if (from && to)
                 take_between(side, *from, *to, wanted);
             else if (!wanted.is_exact)
@@ -426,18 +438,25 @@ SharedSides::Index::Inserted SharedSides::Index::with_points(const Ring& ring) c
         });
         if (wanted.sides > 1) {
             const Side run = {wanted.from, wanted.to, 0, 0};
-            std::stable_sort(wanted.points.begin(), wanted.points.end(),
-                             [&](const PL_PNT2D_record& p, const PL_PNT2D_record& q) {
-                                 const double along_p = run.along(p);
-                                 const double along_q = run.along(q);
-                                 return along_p < along_q ||
-                                        (!(along_q < along_p) && plparcel::comes_before(p, q));
-                             });
-            wanted.points.erase(std::unique(wanted.points.begin(), wanted.points.end(), same_place),
-                                wanted.points.end());
+            // Of two nodes in one place the one that is a vertex comes first, and stays.
+            const auto key = [&](const Node& node) {
+                return std::make_tuple(run.along(node.at), node.at.x, node.at.y, !node.is_vertex);
+            };
+            std::sort(wanted.points.begin(), wanted.points.end(),
+                      [&](const Node& p, const Node& q) { return key(p) < key(q); });
+            wanted.points.erase(
+                std::unique(wanted.points.begin(), wanted.points.end(),
+                            [](const Node& p, const Node& q) { return same_place(p.at, q.at); }),
+                wanted.points.end());
         }
         inserted.ring.push_back(ring[i]);
-        inserted.ring.insert(inserted.ring.end(), wanted.points.begin(), wanted.points.end());
+        if (wanted.from_is_existing)
+            inserted.existing.push_back(ring[i]);
+        for (const Node& point : wanted.points) {
+            inserted.ring.push_back(point.at);
+            if (point.is_vertex)
+                inserted.existing.push_back(point.at);
+        }
     }
     return inserted;
 }
@@ -499,6 +518,7 @@ WithPoints SharedSides::with_points(const Parcel& parcel) const
     const auto insert = [&](const Ring& ring) {
         Index::Inserted inserted = index_->with_points(ring);
         with.inserted += inserted.ring.size() - ring.size();
+        with.existing.insert(with.existing.end(), inserted.existing.begin(), inserted.existing.end());
         std::move(inserted.beside.begin(), inserted.beside.end(), std::back_inserter(beside));
         return std::move(inserted.ring);
     };
@@ -513,6 +533,7 @@ WithPoints SharedSides::with_points(const Parcel& parcel) const
     if (with.left_out) {
         with.parcel = parcel;
         with.inserted = 0;
+        with.existing.clear();
         return with;
     }
     with.area_change = (area_of(with.parcel) - area_of(parcel)).value();
