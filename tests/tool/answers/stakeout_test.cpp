@@ -370,6 +370,25 @@ TEST_F(StakeoutNames, AreWrittenForAController)
     again.push_back("--overwrite");
     EXPECT_EQ(run(again).status, 0);
     EXPECT_EQ(content(), "name,E,N,code\npoint 1,5.0000,7.5000,POINT\n");
+    // A name of the list is not given again, unless it is the same point.
+    const std::string kept = "P5,50.0000,0.0000,NEW\nP6,50.0000,100.0000,NEW\n";
+    std::vector<std::string> listed = with_cut;
+    listed.insert(listed.end(), {"--overwrite", "--points-from", "list.csv"});
+    write("list.csv", "name,E,N,code\nP5,1,1,PEG\n");
+    const test::Result renamed = run(listed);
+    EXPECT_EQ(content(), "name,E,N,code\nP6,50.0000,0.0000,NEW\nP7,50.0000,100.0000,NEW\n"
+                         "point 1,5.0000,7.5000,POINT\nP5,1.0000,1.0000,POINT\n");
+    EXPECT_NE(renamed.out.find("new points are numbered on behind those of the lists"), std::string::npos)
+        << renamed.out;
+    write("list.csv", "name,E,N,code\n" + kept);
+    const test::Result same = run(listed);
+    EXPECT_EQ(content(), "name,E,N,code\n" + kept + "point 1,5.0000,7.5000,POINT\n");
+    EXPECT_EQ(same.out.find("numbered on"), std::string::npos) << same.out;
+    write("list.csv", "name,E,N,code\nA,1,1,PEG\nA,2,1,PEG\n");
+    EXPECT_TRUE(
+        test::fails_with(run(listed), 2,
+                         "lot.csv: --points: two points would be called 'A'; name them differently in "
+                         "the files they come from"));
     again[7] = "out.txt";
     EXPECT_EQ(run(again).err,
               "plcalc: --points: 'out.txt' does not end in .csv; see plcalc stakeout --help\n");

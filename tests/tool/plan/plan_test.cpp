@@ -7,6 +7,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
+#include <thread>
 
 #include <gdal_priv.h>
 #include <sys/stat.h>
@@ -1193,6 +1194,12 @@ TEST_F(Plans, TitleBlockFromAFile)
     const std::string svg = content("plan.svg");
     EXPECT_NE(svg.find(">Project: Sunny Hill</text>"), std::string::npos);
     EXPECT_NE(svg.find(">Client: Bianchi</text>"), std::string::npos) << "the option comes last";
+    // A pipe can be read only once.
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(path("pipe")) << "Client=Verdi\n"; });
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 1000 --plan piped.svg --title-block pipe").status, 0);
+    writer.join();
+    EXPECT_NE(content("piped.svg").find(">Client: Verdi</text>"), std::string::npos);
     write("bad.txt", "Project Sunny Hill\n");
     EXPECT_TRUE(
         test::fails_with(divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block bad.txt"), 2,

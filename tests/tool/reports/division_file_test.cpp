@@ -114,6 +114,17 @@ TEST_F(DivisionFiles, PointsForAController)
                                      "2,80.0000,0.0000,CORNER\n"
                                      "3,80.0000,50.0000,CORNER\n"
                                      "4,0.0000,50.0000,CORNER\n");
+    write("high.csv", "E,N,Z\n0,0,100\n80,0,\n80,50,116\n0,50,104\n");
+    ASSERT_EQ(
+        divide("high.csv", "--parallel 1 --area 1000 --points high-points.csv --report high.txt").status, 0);
+    EXPECT_EQ(content("high-points.csv"), "name,E,N,Z,code\n"
+                                          "P1,0.0000,12.5000,101.0000,NEW\n"
+                                          "P2,80.0000,12.5000,,NEW\n"
+                                          "1,0.0000,0.0000,100.0000,CORNER\n"
+                                          "2,80.0000,0.0000,,CORNER\n"
+                                          "3,80.0000,50.0000,116.0000,CORNER\n"
+                                          "4,0.0000,50.0000,104.0000,CORNER\n");
+    EXPECT_NE(content("high.txt").find("12.5000  101.0000\n"), std::string::npos) << content("high.txt");
     // And in again, to be set out.
     const test::Result run = this->run({"stakeout", "lot.csv", "--station", "0,0", "--orientation", "80,0",
                                         "--points-from", "points.csv", "--csv"});

@@ -166,8 +166,117 @@ TEST_F(Neighbours, ThatAreDividedTooGetEachOthersPoints)
         EXPECT_NE(run.out.find("\nShared   0 neighbours have got 0 points, and the pieces "),
                   std::string::npos)
             << run.out;
-        EXPECT_EQ(open("out.gpkg")->GetLayerByName("neighbours"), nullptr);
+        // There are none but these: the layer is there, and empty.
+        EXPECT_TRUE(polygons("out.gpkg", "neighbours").empty());
     }
+}
+
+TEST_F(Neighbours, OfAnEarlierRunAreReplacedOrTold)
+{
+    write_lots();
+    const std::string one = "--feature 1 --perpendicular 1 --share 1/2 --overwrite -o out.";
+    const std::string all = "--perpendicular 1 --share 1/2 --overwrite -o out.";
+    for (const char* ending : {"gpkg", "geojson"}) {
+        const std::string layer = std::string(ending) == "gpkg" ? "neighbours" : "out-neighbours";
+        const std::string file = std::string(ending) == "gpkg" ? "out.gpkg" : "out-neighbours.geojson";
+        ASSERT_EQ(divide("lots.geojson", one + ending + " --neighbours").status, 0);
+        EXPECT_EQ(polygons(file, layer).size(), 1u);
+        const test::Result without = divide("lots.geojson", one + ending);
+        const std::string left = "\nLeft     " +
+                                 std::string(layer == "neighbours" ? "layer neighbours of " : "") + file +
+                                 ": not of this run, which is without --neighbours\n";
+        EXPECT_NE(without.out.find(left), std::string::npos) << without.out;
+        EXPECT_EQ(polygons(file, layer).size(), 1u);
+        const test::Result many = divide("lots.geojson", all + ending + " --neighbours");
+        EXPECT_EQ(many.out.find("Left"), std::string::npos) << many.out;
+        EXPECT_EQ(polygons(file, layer).size(), 0u);
+    }
+}
+
+// To whole metres a point lies decimetres beside its side.
+TEST_F(Neighbours, KeepHeightsBesideRoundedPoints)
+{
+    // A lot whose height is below zero has none.
+    const auto lots = [&](double first, double second, double third) {
+        const auto z = [](double height) { return height < 0.0 ? "" : "," + std::to_string(height); };
+        write_layer(
+            {feature(1, "a",
+                     polygon("[[501000,5202000" + z(first) + "],[501101.37,5202007.77" + z(first) +
+                             "],[501100,5202100" + z(first) + "],[501000,5202100" + z(first) +
+                             "],[501000,5202000" + z(first) + "]]")),
+             feature(2, "b",
+                     polygon("[[501000,5202000" + z(second) + "],[501010,5201900" + z(second) +
+                             "],[501100,5201900" + z(second) + "],[501101.37,5202007.77" + z(second) +
+                             "],[501000,5202000" + z(second) + "]]")),
+             feature(3, "c",
+                     polygon("[[501300,5202000" + z(third) + "],[501310,5202000" + z(third) +
+                             "],[501310,5202010" + z(third) + "],[501300,5202000" + z(third) + "]]"))});
+    };
+    const struct {
+        const char* what;
+        double first;
+        double second;
+        double third;
+        bool pieces;      // have heights
+        bool neighbours;  // likewise
+        const char* asked;
+    } rows[] = {
+        {"all have heights", 7.0, 7.0, 7.0, true, true, "0"},
+        {"to decimetres", 7.0, 7.0, 7.0, true, true, "1"},
+        {"to millimetres", 7.0, 7.0, 7.0, true, true, "3"},
+        {"a wide reach", 7.0, 7.0, 7.0, true, true, "3 --shared-within 0.5"},
+        {"the divided parcel has none", -1.0, 7.0, 7.0, false, true, "0"},
+        {"the neighbour has none", 7.0, -1.0, -1.0, true, false, "0"},
+        {"a parcel far away has none", 7.0, 7.0, -1.0, true, true, "0"},
+        {"only a parcel far away has some", -1.0, -1.0, 7.0, false, false, "0"},
+    };
+    for (const auto& row : rows) {
+        lots(row.first, row.second, row.third);
+        const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 --tolerance 1% --overwrite "
+                                  "--neighbours --decimals " +
+                                  std::string(row.asked);
+        const test::Result run = divide("lots.geojson", asked + " -o out.gpkg");
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.out.find("Heights"), std::string::npos) << row.what << run.out;
+        for (const bool is_piece : {true, false}) {
+            const Geometries shapes = polygons("out.gpkg", is_piece ? "pieces" : "neighbours");
+            EXPECT_EQ(shapes.size(), is_piece ? 2u : 1u) << row.what;
+            const bool heights = is_piece ? row.pieces : row.neighbours;
+            for (const auto& shape : shapes) {
+                EXPECT_EQ(shape->Is3D() != 0, heights) << row.what << " " << is_piece;
+                for (const OGRPoint& p : *shape->toPolygon()->getExteriorRing())
+                    EXPECT_EQ(p.getZ(), heights ? 7.0 : 0.0) << row.what << " " << is_piece;
+            }
+        }
+        for (const char* file : {"out.dxf", "out.xml"}) {
+            ASSERT_EQ(divide("lots.geojson", asked + " -o " + file).status, 0);
+            const std::string height = std::string(file) == "out.xml" ? " 7<" : "\n 38\n7\n";
+            EXPECT_EQ(content(file).find(height) != std::string::npos, row.pieces || row.neighbours)
+                << row.what << " " << file;
+        }
+    }
+}
+
+// Where only one of two neighbours has heights, none is made up.
+TEST_F(Neighbours, OfWhichSomeHaveHeightsLoseThemAndItIsTold)
+{
+    write_layer(
+        {feature(
+             1, "a",
+             polygon(
+                 "[[501000,5202000],[501100,5202000],[501100,5202100],[501000,5202100],[501000,5202000]]")),
+         feature(2, "b",
+                 polygon("[[501000,5202000,5],[501000,5201900,5],[501100,5201900,5],[501100,5202000,5],"
+                         "[501000,5202000,5]]")),
+         feature(3, "c", polygon("[[501000,5202100],[501100,5202100],[501100,5202200],[501000,5202100]]"))});
+    const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 --neighbours ";
+    const std::string told = "Heights of neighbours are not written: some vertices have none\n";
+    const test::Result run = divide("lots.geojson", asked + "-o out.gpkg");
+    EXPECT_NE(run.out.find("\n" + told), std::string::npos) << run.out;
+    for (const auto& shape : polygons("out.gpkg", "neighbours"))
+        EXPECT_FALSE(shape->Is3D());
+    const test::Result standard = divide("lots.geojson", asked + "-o - --format dxf");
+    EXPECT_EQ(standard.err, told);
 }
 
 TEST_F(Neighbours, AreTheSameWithAnyNumberOfJobs)
@@ -241,6 +350,7 @@ TEST_F(Neighbours, GoThroughEveryFormat)
     const test::Result stdout_only = divide("lots.geojson", asked + "-o - --format dxf");
     EXPECT_EQ(stdout_only.status, 0) << stdout_only.err;
     EXPECT_NE(stdout_only.out.find("\nneighbours\n"), std::string::npos);
+    EXPECT_EQ(stdout_only.err, "");
     // No neighbour gets any: the layer is there, and empty.
     ASSERT_EQ(divide("lots.geojson",
                      "--feature 1 --vertex 1 --share 1/2 --decimals 1 --tolerance 1% --neighbours "
@@ -308,11 +418,46 @@ TEST_F(Neighbours, BesideACornerAreTold)
         run.out.find("\nGaps     2 corners of neighbours have a new point within 0.001 (at most 0.0004"),
         std::string::npos)
         << run.out;
+    const test::Result standard =
+        divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o - --format dxf");
+    EXPECT_EQ(standard.err.rfind("Gaps     2 corners of neighbours have a new point within 0.001", 0), 0u)
+        << standard.err;
+    EXPECT_EQ(standard.out.find("Gaps"), std::string::npos);
     const test::Result nearer = divide("lots.geojson", asked + "--overwrite --shared-within 0.0001");
     EXPECT_EQ(nearer.out.find("Gaps"), std::string::npos) << nearer.out;
     EXPECT_NE(nearer.out.find("1 neighbour has got 1 point, and the pieces 1 point of their neighbours"),
               std::string::npos)
         << nearer.out;
+    // A corner of a neighbour stands there already.
+    ASSERT_EQ(divide("lots.geojson", asked + "--overwrite --shared-within 0.0001 --points list.csv --report "
+                                             "report.txt --plan plan.svg")
+                  .status,
+              0);
+    EXPECT_EQ(content("list.csv")
+                  .rfind("name,E,N,code\nP1,501050.0000,5202000.0000,NEW\n"
+                         "P2,501050.0000,5202100.0000,NEW\n"
+                         "N1,501050.0004,5202000.0000,CORNER\n1,501000.0000,",
+                         0),
+              0u)
+        << content("list.csv");
+    const std::string report = content("report.txt");
+    EXPECT_NE(report.find("\nCorners of neighbours\n"), std::string::npos) << report;
+    EXPECT_LT(report.find("P2"), report.find("Corners of neighbours")) << report;
+    EXPECT_LT(report.find("Corners of neighbours"), report.find("N1")) << report;
+    const std::string plan = content("plan.svg");
+    EXPECT_NE(plan.find(">N1<"), std::string::npos);
+    EXPECT_EQ(plan.find(">P3<"), std::string::npos);
+    // A line that ends at such a corner makes no new point of it.
+    ASSERT_EQ(divide("lots.geojson", "--feature 1 --perpendicular 1 --area 4999.96 --neighbours --decimals 4 "
+                                     "--overwrite -o out.gpkg --points list.csv")
+                  .status,
+              0);
+    EXPECT_EQ(content("list.csv")
+                  .rfind("name,E,N,code\nN1,501050.0004,5202000.0000,CORNER\n"
+                         "P1,501050.0004,5202100.0000,NEW\n1,501000.0000,",
+                         0),
+              0u)
+        << content("list.csv");
 }
 
 TEST_F(Neighbours, CornersKeepTheirDigits)

@@ -21,13 +21,25 @@ Key key_of(const PL_PNT2D_record& p)
     return {p.x, p.y};
 }
 
-// The number behind P in the name of a point.
-std::optional<long long> number_behind_p(const std::string& name)
-{
-    const bool begins = name.size() > 1 && (name[0] == 'P' || name[0] == 'p') &&
-                        std::isdigit(static_cast<unsigned char>(name[1]));
-    return begins ? parse_whole(name.substr(1)) : std::nullopt;
-}
+// Names of a letter and a number, from 1.
+class NumberedNames {
+public:
+    explicit NumberedNames(char letter) : letter_(letter) {}
+
+    // Begins behind a name of this kind.
+    void begin_behind(const std::string& name)
+    {
+        const bool begins = name.size() > 1 && std::toupper(static_cast<unsigned char>(name[0])) == letter_ &&
+                            std::isdigit(static_cast<unsigned char>(name[1]));
+        last_ = std::max(last_, begins ? parse_whole(name.substr(1)).value_or(0) : 0);
+    }
+
+    std::string next() { return letter_ + std::to_string(++last_); }
+
+private:
+    char letter_;
+    long long last_ = 0;
+};
 
 std::string letters(std::size_t index, char first)
 {
@@ -40,8 +52,10 @@ std::string letters(std::size_t index, char first)
 // Collects the points of one answer.
 class PointCollector {
 public:
-    explicit PointCollector(const Answer& answer) : answer_(answer)
+    PointCollector(const Answer& answer, const std::vector<std::string>& taken) : answer_(answer)
     {
+        for (const std::string& name : taken)
+            begin_behind(name);
         add_corners();
         add_lines();
         add_pieces();
@@ -51,6 +65,12 @@ public:
     DivisionPoints take() { return std::move(points_); }
 
 private:
+    void begin_behind(const std::string& name)
+    {
+        new_names_.begin_behind(name);
+        neighbour_names_.begin_behind(name);
+    }
+
     void add_corners()
     {
         const Parcel& parcel = answer_.parcel;
@@ -60,9 +80,10 @@ private:
             const std::string name = vertex_name(parcel, i);
             points_.points.push_back({name, at[i]});
             index_.emplace(key_of(at[i]), i);
-            if (const std::optional<long long> number = number_behind_p(name))
-                last_number_ = std::max(last_number_, *number);
+            begin_behind(name);
         }
+        for (const PL_PNT2D_record& p : answer_.printed.of_neighbours)
+            of_neighbours_.insert(key_of(p));
         // A line that ends at a corner ends at its coordinates with fewer decimals. Other corners come first.
         for (std::size_t i = 0; i < at.size(); ++i)
             index_.emplace(key_of(rounded(at[i])), i);
@@ -81,8 +102,10 @@ private:
     std::size_t index_of(const PL_PNT2D_record& p)
     {
         const auto [found, is_new] = index_.emplace(key_of(p), points_.points.size());
-        if (is_new)
-            points_.points.push_back({"P" + std::to_string(++last_number_), p});
+        if (!is_new)
+            return found->second;
+        const bool is_there = of_neighbours_.count(key_of(p)) > 0;
+        points_.points.push_back({is_there ? neighbour_names_.next() : new_names_.next(), p, !is_there});
         return found->second;
     }
 
@@ -156,7 +179,9 @@ private:
     DivisionPoints points_;
     std::map<Key, std::size_t> index_;
     std::set<std::pair<std::size_t, std::size_t>> lines_;
-    long long last_number_ = 0;
+    std::set<Key> of_neighbours_;
+    NumberedNames new_names_ = NumberedNames('P');
+    NumberedNames neighbour_names_ = NumberedNames('N');
 };
 
 }  // namespace
@@ -169,9 +194,9 @@ std::vector<std::size_t> DivisionPoints::along(std::size_t side) const
     return all;
 }
 
-DivisionPoints points_of(const Answer& answer)
+DivisionPoints points_of(const Answer& answer, const std::vector<std::string>& taken)
 {
-    return PointCollector(answer).take();
+    return PointCollector(answer, taken).take();
 }
 
 std::string piece_title(const std::string& parcel, std::size_t piece)

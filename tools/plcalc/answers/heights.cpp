@@ -24,11 +24,14 @@ bool same(const PL_PNT2D_record& p, const PL_PNT2D_record& q)
     return p.x == q.x && p.y == q.y;
 }
 
-// The point of a side that is nearest to p.
-struct Foot {
-    double part;      // of the side, from its first end: 0 to 1
-    double distance;  // from p
-};
+}  // namespace
+
+double Foot::height(double from, double to) const
+{
+    if (part == 0.0 || part == 1.0)
+        return part == 0.0 ? from : to;
+    return from + part * (to - from);
+}
 
 Foot foot_on(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
 {
@@ -40,7 +43,10 @@ Foot foot_on(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_
     return {part, std::hypot(a.x + part * dx - p.x, a.y + part * dy - p.y)};
 }
 
-}  // namespace
+Heights::Heights(const Answer& answer) : Heights(answer.parcel, answer.printed.proven.decimals)
+{
+    reach_ = std::max(reach_, answer.printed.off_boundary);
+}
 
 Heights::Heights(const Parcel& parcel, const std::optional<int>& decimals) : parcel_(parcel)
 {
@@ -77,12 +83,7 @@ std::optional<double> Heights::at(const PL_PNT2D_record& p) const
     }
     if (!(nearest.distance <= reach_))
         return std::nullopt;
-    const double from = parcel_.heights[side];
-    const double to = parcel_.heights[corners_.next[side]];
-    // At an end, the other end's height does not matter.
-    if (nearest.part == 0.0 || nearest.part == 1.0)
-        return known_height(nearest.part == 0.0 ? from : to);
-    return known_height(from + nearest.part * (to - from));
+    return known_height(nearest.height(parcel_.heights[side], parcel_.heights[corners_.next[side]]));
 }
 
 std::optional<std::vector<double>> Heights::at_all(const std::vector<PL_PNT2D_record>& points) const

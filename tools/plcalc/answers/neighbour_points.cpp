@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <iterator>
 #include <utility>
 
 #include "answers/heights.h"
@@ -43,18 +43,22 @@ bool same_rings(const plparcel::Piece& piece, const plparcel::Parcel& parcel)
                       same_ring);
 }
 
-// Appends the heights of a ring that has got vertices.
+// Appends the heights of a ring that has got vertices; these lie on the old sides, up to their rounding.
 //
 // first: the number of the old ring's first vertex
 void append_heights(const plparcel::Ring& old_ring, std::size_t first, const plparcel::Ring& ring,
-                    const Parcel& parcel, const Heights& known, std::vector<double>& heights)
+                    const std::vector<double>& known, std::vector<double>& heights)
 {
-    std::size_t old = 0;
+    std::size_t next = 0;  // of the old vertices
     for (const PL_PNT2D_record& vertex : ring) {
-        const bool is_old = old < old_ring.size() && same(old_ring[old], vertex);
-        heights.push_back(is_old ? parcel.heights[first + old]
-                                 : known.at(vertex).value_or(std::numeric_limits<double>::quiet_NaN()));
-        old += is_old ? 1 : 0;
+        if (next < old_ring.size() && same(old_ring[next], vertex)) {
+            heights.push_back(known[first + next++]);
+            continue;
+        }
+        const std::size_t from = next - 1;
+        const std::size_t to = next % old_ring.size();
+        const Foot foot = foot_on(old_ring[from], old_ring[to], vertex);
+        heights.push_back(foot.height(known[first + from], known[first + to]));
     }
 }
 
@@ -67,6 +71,8 @@ void NeighbourPoints::note(const Answer& answer)
     const std::vector<plparcel::NewPoint> points =
         plparcel::new_points(boundary_of(answer.parcel), answer.printed.proven);
     points_.insert(points_.end(), points.begin(), points.end());
+    for (const plparcel::NewPoint& point : points)
+        farthest_off_ = std::max(farthest_off_, foot_on(point.side.from, point.side.to, point.at).distance);
 }
 
 void NeighbourPoints::note_layer(const Layer& layer)
@@ -79,6 +85,7 @@ void NeighbourPoints::note_layer(const Layer& layer)
 Insertion NeighbourPoints::insert_in_pieces(Answer& answer) const
 {
     Insertion insertion;
+    answer.printed.off_boundary = within_ + farthest_off_;
     plparcel::Division& division = answer.printed.proven;
     const double square = answer.parcel.ground_factor * answer.parcel.ground_factor;
     const std::vector<plparcel::Parcel> pieces =
@@ -89,6 +96,8 @@ Insertion NeighbourPoints::insert_in_pieces(Answer& answer) const
         // To a corner that has more digits than the line's end the area changes as well.
         const double area = plparcel::check_parcel(with.parcel).area / square;
         count(with, answer.parcel.ground_factor, insertion);
+        std::move(with.existing.begin(), with.existing.end(),
+                  std::back_inserter(answer.printed.of_neighbours));
         if (same_rings(piece, with.parcel) || !(area > 0.0))
             continue;
         const double change = area - piece.area;
@@ -113,12 +122,11 @@ Insertion NeighbourPoints::insert_in(Parcel& parcel) const
     count(with, parcel.ground_factor, insertion);
     if (with.inserted == 0)
         return insertion;
-    const Heights known(parcel);
     std::vector<double> heights;
     std::size_t first = 0;
     for (std::size_t i = 0; i <= parcel.holes.size() && !parcel.heights.empty(); ++i) {
         const plparcel::Ring& old_ring = i == 0 ? parcel.ring : parcel.holes[i - 1];
-        append_heights(old_ring, first, i == 0 ? with.parcel.outer : with.parcel.holes[i - 1], parcel, known,
+        append_heights(old_ring, first, i == 0 ? with.parcel.outer : with.parcel.holes[i - 1], parcel.heights,
                        heights);
         first += old_ring.size();
     }

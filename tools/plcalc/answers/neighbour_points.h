@@ -47,6 +47,7 @@ public:
 
 private:
     double within_;
+    double farthest_off_ = 0.0;  // of the points from their sides
     std::vector<plparcel::NewPoint> points_;
     std::optional<plparcel::SharedSides> shared_;
 };

@@ -26,7 +26,10 @@ struct PrintedDivision {
     std::vector<PrintedLine> lines;  ///< its lines, part by part; empty unless done()
     std::vector<double> areas;       ///< of its pieces
     Resolution resolution;           ///< decimals of what is printed
-    std::size_t alternatives = 0;    ///< how many lines hold the first amount; 0 where nobody has counted
+    /// Vertices of pieces, and of none of the parcel's rings, that are corners of neighbours; none where nobody asked.
+    plparcel::Ring of_neighbours = {};
+    double off_boundary = 0.0;     ///< how far points of neighbours in the pieces may lie off the boundary
+    std::size_t alternatives = 0;  ///< how many lines hold the first amount; 0 where nobody has counted
 
     bool done() const { return proven.status == plparcel::Status::divided; }
 };

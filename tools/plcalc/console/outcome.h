@@ -23,7 +23,8 @@ struct Output {
     ExitStatus status = ExitStatus::done;  ///< not `done` where some parcels of many could not be worked on
     /// Hands out what stands behind the text and is too long to keep in memory; may be empty.
     std::function<void(const std::function<void(const std::string&)>& take)> body = {};
-    std::string end = {};  ///< behind the body
+    std::string end = {};    ///< behind the body
+    std::string notes = {};  ///< what is for people even where the standard output holds something else
 };
 
 /// What a message is about. A part that is empty is left out of it.

@@ -54,8 +54,8 @@ std::string length_text(const Answer& answer, const PL_PNT2D_record& from, const
 
 void add_points(Plan& plan, const DivisionPoints& points)
 {
-    for (std::size_t i = 0; i < points.points.size(); ++i)
-        plan.points.push_back({as_text(points.points[i].name), points.points[i].at, i >= points.corners});
+    for (const DivisionPoint& point : points.points)
+        plan.points.push_back({as_text(point.name), point.at, point.is_new});
 }
 
 void add_sides(Plan& plan, const DivisionPoints& points, const Answer& answer)

@@ -158,7 +158,7 @@ std::string division_table(const Answer& answer)
     const PrintedDivision& printed = answer.printed;
     const auto length = [&](double value) { return fixed(value, printed.resolution.decimals); };
     const plparcel::RingReport& ring = printed.proven.ring;
-    const Heights heights(answer.parcel, printed.proven.decimals);
+    const Heights heights(answer);
     std::vector<std::string> axes = {"E", "N"};
     if (!answer.parcel.heights.empty())
         axes.push_back("Z");
@@ -182,6 +182,14 @@ std::string division_table(const Answer& answer)
            described_cut(answer.asked, answer.parcel) + described_choice(answer) + "\nAsked   " +
            described_amounts(answer.asked) + "\n" + described_decimals(answer) +
            described_alternative(answer) + "\n" + labelled(rows) + warnings(answer);
+}
+
+std::string division_notes(const Answer& answer)
+{
+    const Parcel& parcel = answer.parcel;
+    const std::string warned = warnings(answer);
+    return (parcel.assumed.empty() ? "" : "Parcel  " + heading(parcel.place, parcel.assumed) + "\n") +
+           described_decimals(answer) + (warned.empty() ? "" : warned.substr(1));
 }
 
 Json division_json(const Answer& answer)
@@ -211,7 +219,7 @@ Json division_json(const Answer& answer)
     json["perimeter"] = number(ring.perimeter, decimals);
     json["orientation"] = direction_name(ring.anticlockwise);
     json["decimals"] = printed.proven.decimals ? Json(*printed.proven.decimals) : Json();
-    const Heights heights(answer.parcel, printed.proven.decimals);
+    const Heights heights(answer);
     json["lines"] = Json::array();
     for (std::size_t i = 0, part = 0; i < printed.proven.lines.size(); part += printed.lines[part].parts, ++i)
         json["lines"].push_back(line_json(answer, part, heights));

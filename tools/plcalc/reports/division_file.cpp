@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "answers/division_points.h"
+#include "answers/heights.h"
 #include "answers/measure.h"
 #include "plcalc/kernel.h"
 #include "reports/words.h"
@@ -98,6 +99,20 @@ struct Reported {
     const Answer& answer;
     DivisionPoints points;
     std::string unit;  ///< " m", or nothing
+    Heights heights = Heights(answer);
+
+    bool has_heights() const { return !answer.parcel.heights.empty(); }
+
+    /// E, N and, where the parcel has heights, Z of a point that is no corner of the parcel.
+    Cells coordinates(std::size_t point) const
+    {
+        const PL_PNT2D_record& p = points.points[point].at;
+        const int ends = answer.printed.resolution.end_decimals;
+        Cells cells = {fixed(p.x, ends), fixed(p.y, ends)};
+        if (has_heights())
+            cells.push_back(height_text(heights.at(p), decimals()));
+        return cells;
+    }
 
     int decimals() const { return answer.printed.resolution.decimals; }
     std::string area(double value) const { return fixed(value, answer.printed.resolution.area_decimals); }
@@ -157,14 +172,21 @@ void add_method(const Reported& reported, ReportText& text)
 
 void add_points(const Reported& reported, ReportText& text)
 {
-    std::vector<Cells> rows = {{"Point", "E", "N"}};
-    for (std::size_t i = reported.points.corners; i < reported.points.points.size(); ++i) {
-        const PL_PNT2D_record& p = reported.points.points[i].at;
-        const int decimals = reported.answer.printed.resolution.end_decimals;
-        rows.push_back({reported.name(i), fixed(p.x, decimals), fixed(p.y, decimals)});
+    for (const bool is_new : {true, false}) {
+        std::vector<Cells> rows = {{"Point", "E", "N"}};
+        if (reported.has_heights())
+            rows[0].push_back("Z");
+        for (std::size_t i = reported.points.corners; i < reported.points.points.size(); ++i) {
+            if (reported.points.points[i].is_new != is_new)
+                continue;
+            rows.push_back(reported.coordinates(i));
+            rows.back().insert(rows.back().begin(), reported.name(i));
+        }
+        if (!is_new && rows.size() == 1)
+            continue;
+        text.heading(is_new ? "New points" : "Corners of neighbours");
+        text.table(rows);
     }
-    text.heading("New points");
-    text.table(rows);
 }
 
 void add_lines(const Reported& reported, ReportText& text)
@@ -280,16 +302,21 @@ std::string point_list(const Answer& answer)
 {
     const DivisionPoints points = points_of(answer);
     const Resolution& resolution = answer.printed.resolution;
-    std::string list = "name,E,N,code\n";
-    const auto add = [&](std::size_t i, const char* code, int decimals) {
+    const Heights heights(answer);
+    const bool has_heights = !answer.parcel.heights.empty();
+    std::string list = has_heights ? "name,E,N,Z,code\n" : "name,E,N,code\n";
+    const auto add = [&](std::size_t i, int decimals) {
         const DivisionPoint& point = points.points[i];
         list += csv_cell(point.name) + "," + fixed(point.at.x, decimals) + "," + fixed(point.at.y, decimals) +
-                "," + code + "\n";
+                ",";
+        const std::optional<double> height = has_heights ? heights.at(point.at) : std::nullopt;
+        list += height ? height_text(height, resolution.decimals) : "";
+        list += (has_heights ? "," : "") + std::string(point.code()) + "\n";
     };
     for (std::size_t i = points.corners; i < points.points.size(); ++i)
-        add(i, "NEW", resolution.end_decimals);
+        add(i, resolution.end_decimals);
     for (std::size_t i = 0; i < points.corners; ++i)
-        add(i, "CORNER", resolution.decimals);
+        add(i, resolution.decimals);
     return list;
 }
 

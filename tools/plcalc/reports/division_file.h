@@ -22,7 +22,8 @@ std::string division_report(const Answer& answer, ReportStyle style);
 /// @param[in] refusal  its failure
 std::string refusal_report(const Answer& answer, const Failure& refusal, ReportStyle style);
 
-/// A CSV table with name, E, N and code of every point: the new ones first (NEW), then the corners (CORNER).
+/// A CSV table with name, E, N, Z where the parcel has heights, and code of every point: the new ones (NEW) and corners of
+/// neighbours first, then the corners (CORNER).
 ///
 /// @param[in] answer  one that is done()
 std::string point_list(const Answer& answer);

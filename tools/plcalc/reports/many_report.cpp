@@ -149,7 +149,8 @@ Output ManyReport::table(std::size_t passed_over, std::size_t hidden) const
             });
         };
     }
-    output.text = tally_.assumptions() + output.text;
+    output.notes = tally_.assumptions();
+    output.text = output.notes + output.text;
     return output;
 }
 

@@ -34,9 +34,11 @@ void NeighbourTally::add(const Insertion& insertion)
     all_.missed += insertion.missed;
 }
 
-void NeighbourTally::add_pieces(const Insertion& insertion)
+void NeighbourTally::add_pieces(const Insertion& insertion, const Place& parcel)
 {
     add(insertion);
+    if (insertion.missed > 0)
+        missed_.add([&] { return parcel.called(); });
     piece_points_ += insertion.points;
 }
 
@@ -56,9 +58,16 @@ std::string NeighbourTally::lines() const
     text += "\n";
     if (all_.largest_change > 0.0)
         text += "         No area has changed by more than " + up_to(all_.largest_change) + "\n";
+    return text + warnings();
+}
+
+std::string NeighbourTally::warnings() const
+{
+    std::string text;
     if (all_.missed > 0)
-        text += "         " + counted(all_.missed, "amount is", "amounts are") +
-                " now off by more than the tolerance; add --decimals\n";
+        text += "Missed   " + counted(all_.missed, "amount is", "amounts are") +
+                " off by more than the tolerance with points of neighbours\n         (" + missed_.text() +
+                "): more --decimals or a smaller --shared-within\n         leave less\n";
     if (all_.beside > 0)
         text += "Gaps     " +
                 counted(all_.beside, "corner of a neighbour has", "corners of neighbours have") +

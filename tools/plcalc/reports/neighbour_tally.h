@@ -7,6 +7,7 @@
 
 #include "answers/neighbour_points.h"
 #include "text/json.h"
+#include "text/name_list.h"
 
 namespace tool {
 
@@ -16,7 +17,7 @@ public:
     explicit NeighbourTally(double within) : within_(within) {}
 
     /// A parcel that was divided.
-    void add_pieces(const Insertion& insertion);
+    void add_pieces(const Insertion& insertion, const Place& parcel);
 
     /// A parcel that was not.
     void add_neighbour(const Insertion& insertion);
@@ -24,8 +25,11 @@ public:
     /// A parcel of the layer that cannot be read.
     void add_unread() { ++unread_; }
 
-    /// A line for what was inserted, and one for each thing that a reader must know.
+    /// A line for what was inserted, and warnings().
     std::string lines() const;
+
+    /// A line for each thing that a reader must know; mostly empty.
+    std::string warnings() const;
 
     /// The same numbers.
     Json json() const;
@@ -35,6 +39,7 @@ private:
 
     double within_;
     Insertion all_;
+    NameList missed_;  // parcels with amounts that are
     std::size_t neighbours_ = 0;
     std::size_t points_ = 0;        // of neighbours
     std::size_t piece_points_ = 0;  // of pieces

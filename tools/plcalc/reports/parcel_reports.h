@@ -25,6 +25,11 @@ namespace tool {
 /// @param[in] answer  one that is done()
 std::string division_table(const Answer& answer);
 
+/// What a reader of its files must know as well: what was assumed, and what was done otherwise than asked. Mostly empty.
+///
+/// @param[in] answer  one that is done()
+std::string division_notes(const Answer& answer);
+
 /// The same numbers.
 Json division_json(const Answer& answer);
 
@@ -60,6 +65,8 @@ std::string stakeout_csv(const StakeoutSheet& sheet);
 std::string stakeout_json(const StakeoutSheet& sheet);
 
 /// The points as a controller reads them: name, E, N, Z where there are heights, and code, each point once.
+///
+/// @throws Failure  wrong_use where one name stands for two places
 std::string stakeout_points(const StakeoutSheet& sheet);
 
 }  // namespace tool

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
+#include <map>
 
 #include "reports/tally.h"
 #include "text/angles.h"
@@ -103,16 +103,22 @@ std::string stakeout_csv(const StakeoutSheet& sheet)
 std::string stakeout_points(const StakeoutSheet& sheet)
 {
     std::string text = sheet.heights ? "name,E,N,Z,code\n" : "name,E,N,code\n";
-    std::set<std::string> rows;
+    std::map<std::string, std::string> places;
     for (const SetOut& point : sheet.points) {
         const std::vector<std::string> cells = cells_of(sheet, point);
         const std::string& name = point.point.short_name.empty() ? cells[0] : point.point.short_name;
-        std::string row = csv_cell(name) + "," + cells[1] + "," + cells[2] + ",";
+        const std::string at = cells[1] + "," + cells[2] + ",";
+        const auto [known, is_first] = places.emplace(name, at);
+        if (!is_first && known->second != at)
+            throw Failure(ExitStatus::wrong_use, sheet.parcel,
+                          "--points: two points would be called '" + name + "'",
+                          "name them differently in the files they come from");
+        if (!is_first)
+            continue;
+        std::string row = csv_cell(name) + "," + at;
         if (sheet.heights)
             row += (cells[kHeightCell] == "-" ? "" : cells[kHeightCell]) + ",";
-        row += point.point.code + "\n";
-        if (rows.insert(row).second)
-            text += row;
+        text += row + point.point.code + "\n";
     }
     return text;
 }

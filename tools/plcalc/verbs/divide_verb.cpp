@@ -54,13 +54,11 @@ bool ends_with(const std::string& text, const std::string& ending)
            text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
 }
 
-std::string written_lines(const std::vector<std::string>& files, const ParcelFile& parcels)
+std::string written_lines(const std::vector<std::string>& files)
 {
     std::string text;
     for (const std::string& file : files)
         text += "Written  " + file + "\n";
-    if (!files.empty() && parcels.lacks_heights())
-        text += "Heights are not written: some vertices have none\n";
     return text;
 }
 
@@ -199,8 +197,26 @@ void divide_all(ParcelFile& file, ParcelRequests& requests, const ManyReport& re
 
 }  // namespace
 
+// How many parcels have heights.
+struct HeightCount {
+    std::size_t with = 0;     // one at every vertex
+    std::size_t without = 0;  // none at some or at all
+
+    void add(const Parcel& parcel)
+    {
+        const bool has_all =
+            !parcel.heights.empty() && std::all_of(parcel.heights.begin(), parcel.heights.end(),
+                                                   [](double z) { return known_height(z).has_value(); });
+        ++(has_all ? with : without);
+    }
+
+    bool all() const { return with > 0 && without == 0; }
+    bool differ() const { return with > 0 && without > 0; }
+};
+
 // New points on boundaries that parcels share. The file is read once to divide its parcels, once more for the neighbours'
-// corners, then to write the pieces, and at last for the neighbours that are no parcels of ours.
+// corners, then to write the pieces, and at last for the neighbours that are no parcels of ours; once more where only some
+// of these have heights.
 class NeighbourWork {
 public:
     NeighbourWork(ParcelFile& file, ParcelRequests& requests, std::size_t jobs, double within)
@@ -230,34 +246,31 @@ public:
             while (const std::optional<ReadParcel> read = layer.next()) {
                 if (!read->problem)
                     take(read->parcel);
-                else if (is_neighbour(*read))
+                if (is_neighbour(*read) && read->problem)
                     tally_.add_unread();
+                else if (is_neighbour(*read))
+                    heights_.add(read->parcel);
                 guard.check();
             }
         });
+        if (heights_.differ())
+            count_heights();
     }
+
+    /// The heights of the neighbours that get points.
+    const HeightCount& heights() const { return heights_; }
 
     const NeighbourPoints& points() const { return points_; }
     NeighbourTally& tally() { return tally_; }
 
-    /// Whether there are parcels that are not ours.
-    bool has_neighbours() const { return whole_.has_value(); }
-
     /// Writes those that get points.
     void write(DivisionWriter& writer)
     {
-        if (!whole_)
-            return;
-        const InterruptGuard guard;
-        ParcelFile layer(*whole_);
-        while (std::optional<ReadParcel> read = layer.next()) {
-            guard.check();
-            if (read->problem || !is_neighbour(*read))
-                continue;
-            const Insertion insertion = insert_in(*read);
+        each_neighbour([&](ReadParcel& read) {
+            const Insertion insertion = insert_in(read);
             if (insertion.points > 0)
-                writer.add_neighbour(*read, insertion);
-        }
+                writer.add_neighbour(read, insertion);
+        });
     }
 
     /// Gives an undivided parcel its points.
@@ -270,6 +283,29 @@ public:
     }
 
 private:
+    void each_neighbour(const std::function<void(ReadParcel&)>& take)
+    {
+        if (!whole_)
+            return;
+        const InterruptGuard guard;
+        ParcelFile layer(*whole_);
+        while (std::optional<ReadParcel> read = layer.next()) {
+            guard.check();
+            if (!read->problem && is_neighbour(*read))
+                take(*read);
+        }
+    }
+
+    // A parcel far away must not cost the heights of those that get points.
+    void count_heights()
+    {
+        heights_ = {};
+        each_neighbour([&](ReadParcel& read) {
+            if (points_.insert_in(read.parcel).points > 0)
+                heights_.add(read.parcel);
+        });
+    }
+
     bool is_neighbour(const ReadParcel& read) const
     {
         return whole_ && ours_.count(read.parcel.place.feature) == 0;
@@ -277,11 +313,26 @@ private:
 
     std::optional<Source> whole_;           // where some parcels of the layer are not ours
     std::unordered_set<std::string> ours_;  // by feature
+    HeightCount heights_;
     NeighbourPoints points_;
     NeighbourTally tally_;
 };
 
 namespace {
+
+// What a reader of the written files must know.
+std::string written_notes(const ParcelFile& parcels, const DivisionWriter* writer,
+                          const NeighbourWork* neighbours)
+{
+    std::string text;
+    if (writer != nullptr && parcels.lacks_heights())
+        text += "Heights are not written: some vertices have none\n";
+    if (neighbours != nullptr && neighbours->heights().differ())
+        text += "Heights of neighbours are not written: some vertices have none\n";
+    if (writer != nullptr && !writer->left_over().empty())
+        text += "Left     " + writer->left_over() + ": not of this run, which is without --neighbours\n";
+    return text;
+}
 
 void add_batch(Batch& batch, ManyReport& report, DivisionWriter* writer, NeighbourWork* neighbours)
 {
@@ -291,7 +342,7 @@ void add_batch(Batch& batch, ManyReport& report, DivisionWriter* writer, Neighbo
         const std::string refused = answer ? report.add(*answer, batch.kept[i]) : report.add(*read.problem);
         const bool divided = answer && refused.empty();
         if (neighbours != nullptr && divided)
-            neighbours->tally().add_pieces(batch.insertions[i]);
+            neighbours->tally().add_pieces(batch.insertions[i], read.parcel.place);
         else if (neighbours != nullptr && batch.is_read[i])
             neighbours->insert_in(read);
         else if (neighbours != nullptr)
@@ -335,7 +386,6 @@ void DivideVerb::check_outputs() const
     for (const char* option : {"--area-decimals", "--title", "--title-block"})
         if (given(option) && !given("--plan"))
             wrong_use(std::string(option) + " is about a plan; name it with --plan PLAN");
-    plan_wishes();
     if (given("--plan") && !Canvas::can_draw(plan_))
         wrong_use("--plan: '" + plan_ + "' does not end in .svg, .pdf or .png");
     check_standard_output();
@@ -431,10 +481,13 @@ std::size_t DivideVerb::jobs() const
 std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out,
                                                         const NeighbourWork* neighbours) const
 {
-    const bool others = neighbours != nullptr && neighbours->has_neighbours();
-    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, others, other_files());
+    const NeighbourLayer layer = neighbours == nullptr         ? NeighbourLayer::none
+                                 : neighbours->heights().all() ? NeighbourLayer::with_heights
+                                                               : NeighbourLayer::plane;
+    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, layer, other_files());
 }
 
+// The file of the title block may be a pipe, which can be read only once.
 PlanWishes DivideVerb::plan_wishes() const
 {
     PlanWishes wishes;
@@ -455,12 +508,9 @@ PlanWishes DivideVerb::plan_wishes() const
 // Draws the sheets of the plan, but does not move them into their place.
 //
 // Returns the names of the files.
-std::vector<std::string> DivideVerb::draw(const Answer& answer, const ParcelFile& file,
+std::vector<std::string> DivideVerb::draw(const PlanSheets& sheets, const ParcelFile& file,
                                           Outputs& outputs) const
 {
-    if (!given("--plan"))
-        return {};
-    const PlanSheets sheets(plan_of(answer, plan_wishes()), *paper_of(paper_));
     std::vector<std::string> names = sheets.files(plan_);
     if (names.size() > kMaxFiles)
         throw Failure(ExitStatus::wrong_use, {plan_, ""},
@@ -528,7 +578,7 @@ ReportStyle DivideVerb::report_style() const
 }
 
 Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::string& out,
-                       NeighbourWork* neighbours) const
+                       NeighbourWork* neighbours, const PlanWishes& wishes) const
 {
     std::optional<ReadParcel> read = file.next();
     if (!read)
@@ -540,7 +590,7 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
     if (!answer.printed.done())
         return refused(answer, file);
     if (neighbours != nullptr)
-        neighbours->tally().add_pieces(neighbours->points().insert_in_pieces(answer));
+        neighbours->tally().add_pieces(neighbours->points().insert_in_pieces(answer), read->parcel.place);
     // Both are written before either is moved into its place.
     const InterruptGuard guard;
     const std::unique_ptr<DivisionWriter> writer = make_writer(file, out, neighbours);
@@ -549,7 +599,12 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
     if (neighbours != nullptr)
         neighbours->write(*writer);
     Outputs outputs;
-    const std::vector<std::string> sheets = draw(answer, file, outputs);
+    std::optional<PlanSheets> plan;
+    std::vector<std::string> sheets;
+    if (given("--plan")) {
+        plan.emplace(plan_of(answer, wishes), *paper_of(paper_));
+        sheets = draw(*plan, file, outputs);
+    }
     const std::vector<std::string> texts = write_texts(answer, file, outputs);
     guard.check();
     std::vector<std::string> written = writer != nullptr ? writer->commit() : std::vector<std::string>();
@@ -559,14 +614,19 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
         written.insert(written.end(), sheets.begin(), sheets.end());
     written.insert(written.end(), texts.begin(), texts.end());
     std::string left_over;
-    if (given("--plan"))
-        for (const std::string& sheet :
-             PlanSheets(plan_of(answer, plan_wishes()), *paper_of(paper_)).left_over(plan_))
+    if (plan)
+        for (const std::string& sheet : plan->left_over(plan_))
             left_over +=
                 "Left     " + sheet + ": from an earlier run with more sheets, not part of this plan\n";
-    if (!json_)
-        return {division_table(answer) + (to_standard_output() ? "" : written_lines(written, file)) +
-                (neighbours != nullptr ? neighbours->tally().lines() : "") + left_over + rows_left(requests)};
+    if (!json_) {
+        const std::string notes = written_notes(file, writer.get(), neighbours);
+        const std::string ends = left_over + rows_left(requests);
+        Output output = {division_table(answer) + written_lines(written) + notes +
+                         (neighbours != nullptr ? neighbours->tally().lines() : "") + ends};
+        output.notes = division_notes(answer) + notes +
+                       (neighbours != nullptr ? neighbours->tally().warnings() : "") + ends;
+        return output;
+    }
     ManyReport report(ManyReport::Keep::json);
     report.add(answer, report.kept_of(answer));
     return report.json(written, requests.left(), neighbours != nullptr ? neighbours->tally().json() : Json());
@@ -601,8 +661,11 @@ Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::s
         return report.json(written, requests.left(),
                            neighbours != nullptr ? neighbours->tally().json() : Json());
     Output output = report.table(file.passed_over(), file.hidden());
-    output.end += (to_standard_output() ? "" : written_lines(written, file)) +
+    const std::string notes = written_notes(file, writer.get(), neighbours);
+    output.end += (to_standard_output() ? "" : written_lines(written)) + notes +
                   (neighbours != nullptr ? neighbours->tally().lines() : "") + rows_left(requests);
+    output.notes +=
+        notes + (neighbours != nullptr ? neighbours->tally().warnings() : "") + rows_left(requests);
     return output;
 }
 
@@ -610,6 +673,7 @@ Output DivideVerb::work() const
 {
     asked();  // a wrong request is told before the file is read
     check_outputs();
+    const PlanWishes wishes = plan_wishes();
     const Source source = this->source();
     const std::unique_ptr<NeighbourWork> neighbours = neighbour_work(source);
     ParcelFile file(source);
@@ -619,12 +683,12 @@ Output DivideVerb::work() const
     if (to_standard_output())
         out = (scratch = std::make_shared<ScratchFolder>())->path() + "/pieces." + format_;
     const bool one_parcel = file.count() == 1;
-    Output output =
-        one_parcel ? one(file, requests, out, neighbours.get()) : many(file, requests, out, neighbours.get());
+    Output output = one_parcel ? one(file, requests, out, neighbours.get(), wishes)
+                               : many(file, requests, out, neighbours.get());
     if (!to_standard_output())
         return output;
-    if (output.status != ExitStatus::done)
-        std::cerr << output.text << output.end;  // which parcels were refused, and why
+    // Where parcels were refused, which and why.
+    std::cerr << (output.status != ExitStatus::done ? output.text + output.end : output.notes);
     return {"", output.status, [scratch, out](const auto& take) { read_out(out, take); }};
 }
 

@@ -194,7 +194,8 @@ Options
   --report REPORT       writes a report to REPORT.txt or REPORT.md: parcel,
                         request, method, new points, pieces, checks; or why the
                         parcel cannot be cut as asked
-  --points POINTS.csv   writes name, E, N and code of all points: NEW or CORNER
+  --points POINTS.csv   writes name, E, N, Z where the parcel has heights, and
+                        code of all points: NEW or CORNER
   --neighbours          inserts new points on a side that neighbours share
                         there too, so that no gap and no overlap is left:
                         parcels of the layer that are not divided go to the

@@ -60,8 +60,25 @@ bool same(const NamedPoint& a, const NamedPoint& b)
     return a.at.x == b.at.x && a.at.y == b.at.y;
 }
 
+// Whether a new point has the name of a listed one that lies elsewhere.
+bool has_name_of_another(const DivisionPoints& points, const std::vector<NamedPoint>& listed, int decimals)
+{
+    const auto is_other = [&](const DivisionPoint& point, const NamedPoint& other) {
+        const auto differ = [&](double a, double b) { return fixed(a, decimals) != fixed(b, decimals); };
+        return point.name == other.name && (differ(point.at.x, other.at.x) || differ(point.at.y, other.at.y));
+    };
+    return std::any_of(points.points.begin(), points.points.end(), [&](const DivisionPoint& point) {
+        return point.is_new && std::any_of(listed.begin(), listed.end(),
+                                           [&](const NamedPoint& other) { return is_other(point, other); });
+    });
+}
+
 // A sliver needs more decimals than its size asks for: as many as its lines have.
-std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked, Resolution& resolution)
+//
+// known: other points, whose names are not given again
+std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked,
+                                  const std::vector<NamedPoint>& known, Resolution& resolution,
+                                  std::vector<std::string>& assumed)
 {
     const Answer answer = tool::answer(parcel, asked);
     const PrintedDivision& printed = answer.printed;
@@ -69,9 +86,16 @@ std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked, Reso
         throw refusal(answer);
     resolution.decimals = std::max(resolution.decimals, printed.resolution.decimals);
     std::vector<NamedPoint> ends;
-    const DivisionPoints points = points_of(answer);
+    DivisionPoints points = points_of(answer);
+    if (has_name_of_another(points, known, printed.resolution.decimals)) {
+        std::vector<std::string> taken;
+        for (const NamedPoint& point : known)
+            taken.push_back(point.name);
+        points = points_of(answer, taken);
+        assumed.push_back("new points are numbered on behind those of the lists");
+    }
     const auto add = [&](const std::string& name, const PL_PNT2D_record& at, std::size_t point) {
-        ends.push_back({name, at, {}, points.points[point].name, point < points.corners ? "CORNER" : "NEW"});
+        ends.push_back({name, at, {}, points.points[point].name, points.points[point].code()});
     };
     for (std::size_t i = 0; i < printed.lines.size(); ++i) {
         const PrintedLine& line = printed.lines[i];
@@ -232,11 +256,15 @@ BaseLine StakeoutVerb::base_line(const Parcel& parcel, const std::optional<Asked
 
 // The ends of the lines that are asked for, the points that are named and those of the list; without any, the vertices.
 std::vector<NamedPoint> StakeoutVerb::points(const Parcel& parcel, const std::optional<Asked>& asked,
-                                             const KnownPoints& known, Resolution& resolution) const
+                                             const KnownPoints& known, Resolution& resolution,
+                                             std::vector<std::string>& assumed) const
 {
     std::vector<NamedPoint> points;
-    if (asked)
-        points = line_ends(parcel, *asked, resolution);
+    if (asked) {
+        std::vector<NamedPoint> all = known.control;
+        all.insert(all.end(), known.listed.begin(), known.listed.end());
+        points = line_ends(parcel, *asked, all, resolution, assumed);
+    }
     for (std::size_t i = 0; i < points_.size(); ++i) {
         points.push_back(place("--point", points_[i], parcel, known));
         if (points.back().name.empty())
@@ -278,7 +306,7 @@ Output StakeoutVerb::work() const
     sheet.setup = setup(parcel, known);
     sheet.base = base_line(parcel, asked);
     sheet.resolution = resolution_of(parcel.ring, 1.0);
-    std::vector<NamedPoint> wanted = points(parcel, asked, known, sheet.resolution);
+    std::vector<NamedPoint> wanted = points(parcel, asked, known, sheet.resolution, sheet.assumed);
     const Heights heights(parcel, asked ? asked->request.rounding.decimals : std::optional<int>());
     for (NamedPoint& point : wanted)
         if (!point.height)

@@ -22,6 +22,7 @@ class DivisionWriter;
 class ManyReport;
 class NeighbourWork;
 class PendingOutput;
+class PlanSheets;
 struct StakeoutSheet;
 
 /// `plcalc divide`: one parcel, or every parcel of a layer.
@@ -42,14 +43,14 @@ private:
                                                 const NeighbourWork* neighbours) const;
     void check_neighbours() const;
     std::unique_ptr<NeighbourWork> neighbour_work(const Source& source) const;
-    Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out,
-               NeighbourWork* neighbours) const;
+    Output one(ParcelFile& file, ParcelRequests& requests, const std::string& out, NeighbourWork* neighbours,
+               const PlanWishes& wishes) const;
     Output many(ParcelFile& file, ParcelRequests& requests, const std::string& out,
                 NeighbourWork* neighbours) const;
     Output refused(const Answer& answer, const ParcelFile& file) const;
     ReportStyle report_style() const;
     using Outputs = std::vector<std::unique_ptr<PendingOutput>>;
-    std::vector<std::string> draw(const Answer& answer, const ParcelFile& file, Outputs& outputs) const;
+    std::vector<std::string> draw(const PlanSheets& sheets, const ParcelFile& file, Outputs& outputs) const;
     std::vector<std::string> write_texts(const Answer& answer, const ParcelFile& file,
                                          Outputs& outputs) const;
     PlanWishes plan_wishes() const;
@@ -108,7 +109,8 @@ private:
     Setup setup(const Parcel& parcel, const KnownPoints& known) const;
     BaseLine base_line(const Parcel& parcel, const std::optional<Asked>& asked) const;
     std::vector<NamedPoint> points(const Parcel& parcel, const std::optional<Asked>& asked,
-                                   const KnownPoints& known, Resolution& resolution) const;
+                                   const KnownPoints& known, Resolution& resolution,
+                                   std::vector<std::string>& assumed) const;
 
     std::string station_;
     std::string orientation_;

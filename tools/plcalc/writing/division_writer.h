@@ -12,6 +12,13 @@
 
 namespace tool {
 
+/// Whether there is a layer for neighbours with new points.
+enum class NeighbourLayer {
+    none,
+    plane,        ///< without heights
+    with_heights  ///< all vertices of the neighbours have one
+};
+
 /// One output under way. Parcels are added one after another.
 class DivisionWriter {
 public:
@@ -32,11 +39,11 @@ public:
     /// @param[in] file       its ending chooses the format
     /// @param[in] overwrite  whether an existing file may be replaced
     /// @param[in] parcels    where the parcels come from; its files are never replaced
-    /// @param[in] neighbours whether there will be neighbours
+    /// @param[in] neighbours whether there will be neighbours, and their heights
     /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     static std::unique_ptr<DivisionWriter> make(const std::string& file, bool overwrite,
-                                                const ParcelFile& parcels, bool neighbours,
+                                                const ParcelFile& parcels, NeighbourLayer neighbours,
                                                 const std::vector<std::string>& others = {});
 
     virtual ~DivisionWriter() = default;
@@ -51,6 +58,9 @@ public:
 
     /// Adds a parcel that was not divided, and has got points on its sides. Only where there will be neighbours.
     virtual void add_neighbour(const ReadParcel& read, const Insertion& insertion) = 0;
+
+    /// What an earlier run with neighbours has left there, as a line for each; it is not replaced.
+    virtual std::string left_over() const { return ""; }
 
     /// Completes the files and moves them into their place.
     ///

@@ -33,11 +33,11 @@ constexpr const char* kNeighbours = "neighbours";
 // Layers with the number that DXF gives to their colour.
 using Layers = std::vector<std::pair<const char*, int>>;
 
-Layers layers_with(bool neighbours)
+Layers layers_with(NeighbourLayer neighbours)
 {
     Layers layers = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
                      {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
-    if (neighbours)
+    if (neighbours != NeighbourLayer::none)
         layers.emplace_back(kNeighbours, 4);
     return layers;
 }
@@ -229,9 +229,9 @@ bool DrawingWriter::writes(const std::string& file)
 }
 
 DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                             bool neighbours, const std::vector<std::string>& others)
+                             NeighbourLayer neighbours, const std::vector<std::string>& others)
     : file_(file), output_(file, overwrite, parcels.files(), others), several_parcels_(parcels.count() > 1),
-      heights_(parcels.has_heights())
+      heights_(parcels.has_heights()), neighbour_heights_(neighbours == NeighbourLayer::with_heights)
 {
     const std::string header = drawing_template(unit_of(parcels.crs()), layers_with(neighbours));
     require(!header.empty());
@@ -296,7 +296,7 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
     const plparcel::Division& division = answer.printed.proven;
     const int decimals = answer.printed.resolution.area_decimals;
     const double height = text_height(division);
-    const Heights known(read.parcel, division.decimals);
+    const Heights known(answer);
     const Heights* const heights = heights_ ? &known : nullptr;
     const std::string number =
         several_parcels_ && read.feature != nullptr ? std::to_string(read.feature->GetFID()) : "";
@@ -318,6 +318,8 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         draw(kLines, line_between(line.start, line.end, heights));
     const DivisionPoints points = points_of(answer);
     for (std::size_t i = points.corners; i < points.points.size(); ++i) {
+        if (!points.points[i].is_new)
+            continue;
         const OGRPoint at = point_at(points.points[i].at, heights);
         ++points_;
         draw(kPoints, at);
@@ -329,8 +331,9 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
 void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
     const std::vector<plparcel::Ring> rings = rings_of(read);
+    const Heights known(read.parcel);
     for (const plparcel::Ring& ring : rings)
-        draw(kUndivided, open_polygon(ring));
+        draw(kUndivided, open_polygon(ring, heights_ ? &known : nullptr));
     if (rings.empty())
         return;
     const std::string text = "refused: " + reason;
@@ -342,7 +345,7 @@ void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reaso
 void DrawingWriter::add_neighbour(const ReadParcel& read, const Insertion& /*insertion*/)
 {
     const Heights known(read.parcel);
-    const Heights* const heights = heights_ ? &known : nullptr;
+    const Heights* const heights = neighbour_heights_ ? &known : nullptr;
     for (const plparcel::Ring& ring : rings_of(read))
         draw(kNeighbours, open_polygon(ring, heights));
 }

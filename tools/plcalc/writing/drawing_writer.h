@@ -37,8 +37,8 @@ public:
     static bool writes(const std::string& file);
 
     /// As DivisionWriter::make().
-    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
-                  const std::vector<std::string>& others);
+    DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                  NeighbourLayer neighbours, const std::vector<std::string>& others);
     ~DrawingWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;
@@ -61,7 +61,8 @@ private:
     GDALDatasetUniquePtr dataset_;
     OGRLayer* entities_ = nullptr;
     bool several_parcels_;
-    bool heights_;  // whether every vertex has one
+    bool heights_;            // whether every vertex has one
+    bool neighbour_heights_;  // likewise, of neighbours
     std::size_t points_ = 0;
     std::size_t written_ = 0;
 };

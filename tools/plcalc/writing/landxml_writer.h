@@ -28,7 +28,7 @@ public:
     ///
     /// @throws Failure  wrong_use where the unit of the parcels is not known or has no name in LandXML
     LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                  const std::vector<std::string>& others);
+                  NeighbourLayer neighbours, const std::vector<std::string>& others);
     ~LandXmlWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;
@@ -47,7 +47,8 @@ private:
     void write_head(const ParcelFile& parcels);
     void write_parcel(const Attributes& attributes,
                       const std::vector<std::pair<std::string, std::string>>& corners);
-    void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words);
+    void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words,
+                         bool heights);
     std::string parcel_name(const ReadParcel& read) const;
     void append_parcels();
     void require(bool ok) const;
@@ -57,6 +58,7 @@ private:
     const LandXmlUnit* unit_;
     bool several_parcels_;
     bool heights_;                       // whether every vertex has one
+    bool neighbour_heights_;             // likewise, of neighbours
     std::FILE* parcels_file_ = nullptr;  // goes behind the points when all are known
     std::FILE* points_file_ = nullptr;
     Writer points_;

@@ -98,20 +98,22 @@ const std::vector<std::pair<const char*, OGRFieldType>> kNeighbourColumns = {
 
 }  // namespace
 
-LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
-                         const std::vector<std::string>& others)
+LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                         NeighbourLayer neighbours, const std::vector<std::string>& others)
     : file_(file), format_(OutputFormat::for_file(file).value())
 {
-    parts_.resize(neighbours ? kNeighboursPart + 1 : kNeighboursPart);
+    const bool with_neighbours = neighbours != NeighbourLayer::none;
+    parts_.resize(with_neighbours ? kNeighboursPart + 1 : kNeighboursPart);
     parts_[kPiecesPart].name = kPieces;
     parts_[kLinesPart].name = kLines;
-    if (neighbours)
+    if (with_neighbours)
         parts_[kNeighboursPart].name = kNeighbours;
     for (Part& part : parts_)
         part.file = file;
     parts_.front().output = std::make_unique<PendingOutput>(file, overwrite, parcels.files(), others);
     const OGRSpatialReference* const crs = is_plane(parcels.crs()) ? parcels.crs() : nullptr;
     heights_ = parcels.has_heights();
+    neighbour_heights_ = neighbours == NeighbourLayer::with_heights;
     if (format_.holds_degrees() && crs == nullptr)
         refuse_format("stores degrees, and the input has no CRS to convert from");
     if (overwrite && format_.keeps_other_layers())
@@ -147,6 +149,8 @@ void LayerWriter::open_copy()
         const auto is_ours = [&](const Part& part) { return EQUAL(name.c_str(), part.name.c_str()); };
         if (std::any_of(parts_.begin(), parts_.end(), is_ours))
             require(copy->DeleteLayer(i) == OGRERR_NONE);
+        else if (EQUAL(name.c_str(), kNeighbours))
+            left_over_ = "layer " + name + " of " + file_;
     }
 }
 
@@ -167,6 +171,10 @@ void LayerWriter::create_files(bool overwrite, const ParcelFile& parcels,
     }
     for (Part& part : parts_)
         part.name = fs::path(part.file).stem().string();
+    std::error_code error;
+    const std::string beside = file_beside(file_, kNeighbours);
+    if (overwrite && parts_.size() <= kNeighboursPart && fs::exists(beside, error))
+        left_over_ = beside;
 }
 
 void LayerWriter::refuse_format(const std::string& why) const
@@ -195,7 +203,8 @@ void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialRef
     make_layer(parts_[kLinesPart], heights_ ? wkbLineString25D : wkbLineString, columns, kLineColumns,
                shared);
     if (parts_.size() > kNeighboursPart)
-        make_layer(parts_[kNeighboursPart], polygon, columns, kNeighbourColumns, shared);
+        make_layer(parts_[kNeighboursPart], neighbour_heights_ ? wkbPolygon25D : wkbPolygon, columns,
+                   kNeighbourColumns, shared);
     messages_.clear();  // drop the warning of a format without columns
 }
 
@@ -243,7 +252,7 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
     const plparcel::Division& division = answer.printed.proven;
     Part& pieces = parts_[kPiecesPart];
     Part& lines = parts_[kLinesPart];
-    const Heights known(read.parcel, division.decimals);
+    const Heights known(answer);
     const Heights* const heights = heights_ ? &known : nullptr;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
@@ -297,7 +306,8 @@ void LayerWriter::add_neighbour(const ReadParcel& read, const Insertion& inserti
     Part& neighbours = parts_[kNeighboursPart];
     const Heights known(read.parcel);
     const OGRFeatureUniquePtr feature = new_feature(neighbours, read);
-    const OGRPolygon polygon = polygon_of(read.parcel.ring, read.parcel.holes, heights_ ? &known : nullptr);
+    const OGRPolygon polygon =
+        polygon_of(read.parcel.ring, read.parcel.holes, neighbour_heights_ ? &known : nullptr);
     feature->SetGeometry(&polygon);
     set(*feature, neighbours.columns[1], static_cast<int>(insertion.points));
     const double square = read.parcel.ground_factor * read.parcel.ground_factor;

@@ -40,10 +40,10 @@ public:
     /// @param[in] overwrite  whether an existing file may be replaced; in a database only the layers of these names
     ///                       are, and the others stay
     /// @param[in] parcels    where the parcels come from; its files are never replaced
-    /// @param[in] neighbours whether there is a layer for neighbours
+    /// @param[in] neighbours whether there is a layer for neighbours, and their heights
     /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, bool neighbours,
+    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, NeighbourLayer neighbours,
                 const std::vector<std::string>& others);
 
     /// The files of a format that holds one layer.
@@ -56,6 +56,8 @@ public:
     void add_refused(const ReadParcel& read, const std::string& reason) override;
 
     void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
+
+    std::string left_over() const override { return left_over_; }
 
     std::vector<std::string> commit() override;
 
@@ -95,7 +97,9 @@ private:
     OutputFormat format_;
     std::vector<Part> parts_;  // the first owns the file that others share
     GdalMessages messages_;
-    bool heights_ = false;  // whether points are written with theirs
+    bool heights_ = false;            // whether points are written with theirs
+    bool neighbour_heights_ = false;  // likewise, of neighbours
+    std::string left_over_;
 };
 
 }  // namespace tool
