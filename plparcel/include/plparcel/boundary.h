@@ -15,7 +15,7 @@ namespace plparcel {
 using Ring = std::vector<PL_PNT2D_record>;
 
 /// A parcel: what lies in its outer ring and in none of its holes. Each ring may run either way.
-struct Parcel {
+struct PLPARCEL_TAGGED_API Parcel {
     Ring outer;               ///< around the parcel
     std::vector<Ring> holes;  ///< inside it, apart from each other; in any order
 };

@@ -102,7 +102,7 @@ PLPARCEL_API Amount width(double distance) noexcept;
 /// @return n - 1 shares of 1/n, which leave one more; none when n is below 2
 ///
 /// Degenerate  For more parts than a vector can hold, the vector throws std::length_error.
-PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
+PLPARCEL_TAGGED_API PLPARCEL_API std::vector<Amount> equal_parts(std::size_t n);
 
 /// Into how many pieces a line may cut.
 enum class Pieces {
@@ -119,7 +119,7 @@ enum class Pieces {
 /// lines their direction, or all start at the same vertex or place. The lines after a line through a point inside
 /// start at that point, the next piece lies beside the half of the first line that runs to its end, and so round the
 /// point. What is left after the last amount is the last piece.
-struct Request {
+struct PLPARCEL_TAGGED_API Request {
     Line line;  ///< how the line runs
     /// One or more. When there are two or more, the last may be what is left: if the sum of all is the parcel's
     /// area within 1e-9 of it, and within a hundredth of the last amount, one line less is cut. With a width among
@@ -228,7 +228,7 @@ struct BareAnswer {
 };
 
 /// The answer to a request.
-struct Division {
+struct PLPARCEL_TAGGED_API Division {
     Status status = Status::unusable_boundary;  ///< divided, or why not
     std::size_t at_amount = 0;                  ///< unless divided: index of the amount that could not be cut
     RingReport ring;                            ///< what check_ring() says of the parcel

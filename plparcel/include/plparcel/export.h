@@ -18,3 +18,14 @@
 #else
 #define PLPARCEL_API __attribute__((visibility("default")))
 #endif
+
+/// @def PLPARCEL_TAGGED_API
+/// Marks records and functions whose names in the library tell with which containers of the standard library they were
+/// built: `_GLIBCXX_DEBUG` makes other types of these. A program that defines it would read the containers of a plparcel
+/// without it wrongly; so it does not link.
+
+#if defined(_GLIBCXX_DEBUG) && defined(__GNUC__)
+#define PLPARCEL_TAGGED_API [[gnu::abi_tag("GLIBCXX_DEBUG")]]
+#else
+#define PLPARCEL_TAGGED_API
+#endif
