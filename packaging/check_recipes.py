@@ -1,6 +1,7 @@
 """check_recipes.py <source folder>: follows the recipes for vcpkg and Conan without either, as far as that goes: what
 the recipe takes from the sources is configured, built and installed with the options that the recipe gives, and each
 option must be one that the project knows. Their own functions are played by the few lines here that stand for them.
+Of Homebrew's formula only the names are compared: what the program's build looks for, and the options.
 """
 
 import json
@@ -130,10 +131,29 @@ def check_conan(source, work, version):
            *(f"lib/lib{library}.a" for library in recipe.libraries))
 
 
+def check_homebrew(source):
+    formula = (source / "packaging/homebrew/plcalc.rb").read_text(encoding="utf-8")
+    named = set(re.findall(r'(?:depends_on|uses_from_macos) "(.*?)"', formula))
+    formulae = {"CLI11": "cli11", "GDAL": "gdal", "LibXml2": "libxml2", "PkgConfig": "pkg-config", "cairo": "cairo",
+                "nlohmann_json": "nlohmann-json", "Threads": None}
+    program = (source / "tools/plcalc/CMakeLists.txt").read_text(encoding="utf-8")
+    wanted = re.findall(r"find_package\((\w+)", program)
+    for modules in re.findall(r"pkg_check_modules\(\w+ (?:REQUIRED |IMPORTED_TARGET )*([^)]*)\)", program):
+        wanted += re.findall(r"^\w+", modules)
+    for name in wanted:
+        if name not in formulae or formulae[name] and formulae[name] not in named:
+            sys.exit(f"the program's build looks for {name}, which Homebrew's formula does not name")
+    known = (source / "CMakeLists.txt").read_text(encoding="utf-8")
+    for option in re.findall(r"-D(PLCALC_\w+)=", formula):
+        if f"option({option} " not in known:
+            sys.exit(f"Homebrew's formula sets {option}, which the project does not know")
+
+
 def main():
     source = pathlib.Path(sys.argv[1]).resolve()
     header = (source / "include/plcalc/version.h").read_text(encoding="utf-8")
     version = re.search(r'PLCALC_VERSION "(.*)"', header).group(1)
+    check_homebrew(source)
     with tempfile.TemporaryDirectory() as work:
         check_vcpkg(source, pathlib.Path(work), version)
         check_conan(source, pathlib.Path(work), version)

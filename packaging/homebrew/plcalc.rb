@@ -13,6 +13,7 @@ class Plcalc < Formula
   depends_on "pkg-config" => :build
   depends_on "cairo"
   depends_on "gdal"
+  uses_from_macos "libxml2"
 
   def install
     system "cmake", "-S", ".", "-B", "build", "-G", "Ninja", "-DPLCALC_BUILD_TESTS=OFF", *std_cmake_args
