@@ -14,4 +14,5 @@
 s#\[([^]]*)\]\((\.\./)*((web|tools/plcalc|qgis|bench)/README|\.\./README|CHANGELOG|CONTRIBUTING|footprint|exact-and-fast|mutation)\.md(\#[^)]*)?\)#\1#g
 s#\[([^]]*)\]\((\.\./)*[^)]*\.(cmake|h)\)#\1#g
 s#\[([^]]*)\]\([^)#]+\.md\#([^)]*)\)#@ref \2 "\1"#g
+s#\[`([^]`]*)`\]\(\##[\1](\##g
 s#\]\((\.\./)*qgis/([a-z]+\.png)\)#](\2)#

@@ -28,7 +28,6 @@ WORDS = {
     "translate": "PlFunz_translatematrix2d", "traverse": "CalcCoordEst", "trim": "CimaSegm", "zero": "NumeroEstZero",
 }
 FOLDERS = ("kernel", "lines", "arcs", "survey", "subdivision", "plutil", "plparcel")
-# The searches behind CFrazArea are members of it, which its own page lists.
 LISTS = ("plcalc_symbols.txt", "plutil_symbols.txt")
 
 
@@ -73,13 +72,28 @@ def lost_words(folder, pages):
             yield f"'{word}' does not find {wanted}, but {', '.join(sorted(offered)) or 'nothing'}"
 
 
+def exported(source):
+    """The functions as C++ writes them, a line each."""
+    symbols = "\n".join((source / "tests/api" / name).read_text(encoding="ascii") for name in LISTS)
+    return subprocess.run(["c++filt"], input=symbols, capture_output=True, text=True, check=True).stdout
+
+
 def functions_without_words(source, pages):
     groups = "".join(page.text for name, page in pages.items() if name.startswith("group__"))
-    symbols = "\n".join((source / "tests/api" / name).read_text(encoding="ascii") for name in LISTS)
-    plain = subprocess.run(["c++filt"], input=symbols, capture_output=True, text=True, check=True).stdout
-    for name in sorted(set(re.findall(r"^(\w+)\(", plain, re.M))):
+    for name in sorted(set(re.findall(r"^(\w+)\(", exported(source), re.M))):  # members are on the page of their class
         if f">{name}</a>" not in groups:
             yield f"no group has {name}"
+
+
+def words_without_meaning(source):
+    """Words in Italian names that docs/guide/names.md does not explain."""
+    page = (source / "docs/guide/names.md").read_text(encoding="utf-8")
+    terms = [term for row in re.findall(r"^\| (`.*?) \| ", page, re.M) for term in re.findall(r"`([^`]+)`", row)]
+    known = re.compile("|".join(re.escape(term) for term in sorted(terms, key=len, reverse=True)))
+    for name in sorted(set(re.findall(r"^(?:CFrazArea::)?(\w+)\(", exported(source), re.M))):
+        unknown = re.findall("[A-Za-z]+", known.sub(" ", name))
+        if not name.startswith(("PlFunz_", "CFrazArea")) and unknown:
+            yield f"names.md does not tell what {', '.join(unknown)} means in {name}"
 
 
 def lost_noexcept(source, pages):
@@ -115,7 +129,7 @@ def wrong_pages(source, pages):
 def main():
     source, folder = map(pathlib.Path, sys.argv[1:])
     pages = {path.name: Page(path) for path in folder.glob("*.html")}
-    wrong = [*dead_links(folder, pages), *lost_words(folder, pages), *functions_without_words(source, pages),
+    wrong = [*dead_links(folder, pages), *lost_words(folder, pages), *functions_without_words(source, pages), *words_without_meaning(source),
              *lost_noexcept(source, pages), *wrong_pages(source, pages)]
     print(f"{len(pages)} pages, {len(WORDS)} words")
     if wrong:
