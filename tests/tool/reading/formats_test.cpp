@@ -626,6 +626,23 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
     // A file that says degrees of coordinates that cannot be is in disorder.
     make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 4326);
     EXPECT_EQ(divide("lot.gpkg", kStrip).status, 3);
+    // Without a CRS, what looks like degrees is not taken as plane unasked.
+    make("unsaid.gpkg", "GPKG", {"lot"}, {"POLYGON ((9 45, 9.001 45, 9.001 45.001, 9 45))"}, 0);
+    EXPECT_TRUE(test::fails_with(divide("unsaid.gpkg", "--vertex 1 --share 1/2"), 3,
+                                 "unsaid.gpkg: feature 1: the coordinates look like degrees, and nothing "
+                                 "says that they are plane; project them "
+                                 "first, for example with ogr2ogr -s_srs EPSG:4326 -t_srs EPSG:32632, or "
+                                 "accept them as plane with --any-scale"));
+    const test::Result accepted = divide("unsaid.gpkg", "--vertex 1 --share 1/2 --any-scale");
+    EXPECT_EQ(accepted.status, 0) << accepted.err;
+    EXPECT_NE(accepted.out.find("taken as plane, although they look like degrees"), std::string::npos)
+        << accepted.out;
+    for (const char* const plane :
+         {"POLYGON ((9 45, 9.11 45, 9.11 45.1, 9 45))", "POLYGON ((0 0, 0.09 0, 0.09 0.09, 0 0))",
+          "POLYGON ((0.8 0.1, 0.89 0.1, 0.89 0.19, 0.8 0.1))"}) {
+        make("small.gpkg", "GPKG", {"lot"}, {plane}, 0);
+        EXPECT_EQ(divide("small.gpkg", "--vertex 1 --share 1/2").status, 0) << plane;
+    }
     make("plain.gpkg", "GPKG", {"lot"}, {kLot}, 0);
     expect_divided(divide("plain.gpkg", kStrip));
     make("plain.shp", "ESRI Shapefile", {"plain"}, {kLot}, 0);

@@ -280,6 +280,16 @@ TEST_F(Sides, ARefusalSaysWhatCanBeHad)
     const test::Result point = divide(square, "--through 25,25 --area 1000");
     EXPECT_EQ(point.status, 4);
     EXPECT_NE(point.err.find("ask for at least 1250.0000"), std::string::npos) << point.err;
+    // Every line through the middle halves the square: no other area can be had.
+    const test::Result middle = divide(square, "--through 50,50 --share 1/3");
+    EXPECT_EQ(middle.status, 4);
+    EXPECT_NE(middle.err.find("ask for exactly 5000.0000, or cut along side 1"), std::string::npos)
+        << middle.err;
+    const test::Result for_programs = divide(square, "--through 50,50 --share 1/3 --json");
+    EXPECT_NE(for_programs.out.find(R"("only": true)"), std::string::npos) << for_programs.out;
+    EXPECT_NE(for_programs.out.find("ask for exactly 5000.0000, or cut along side 1"), std::string::npos)
+        << "the reason gives the advice, too\n"
+        << for_programs.out;
 }
 
 // Around a hole like a U: up to its bay's floor lie 2400, and 4800 from its top on. Its sides are counted on from the outer ring's.

@@ -7,6 +7,7 @@
 #include <cpl_string.h>
 #include <cpl_vsi.h>
 
+#include "plparcel/extent.h"
 #include "text/json.h"
 #include "text/numbers.h"
 
@@ -30,6 +31,18 @@ bool may_be_degrees(const Ring& ring)
         if (std::fabs(p.x) > kMaxLongitude || std::fabs(p.y) > kMaxLatitude)
             return false;
     return true;
+}
+
+// Whether coordinates that come without a CRS are longitudes and latitudes all the same. A parcel of less than a tenth of a
+// unit, ten times as far from the origin as it is large, is in degrees, or in a unit in which nobody measures parcels.
+bool look_like_degrees(const Ring& ring)
+{
+    constexpr double kMostExtent = 0.1;
+    constexpr double kLeastDistance = 10.0;  // from the origin, in extents
+    const plparcel::Extent extent = plparcel::extent_of(ring);
+    const double across = extent.largest();
+    return may_be_degrees(ring) && across > 0.0 && across < kMostExtent &&
+           std::max(std::fabs(ring[0].x), std::fabs(ring[0].y)) > kLeastDistance * across;
 }
 
 // South African and old Bohemian grids do so, among others: bearings and sides would come out mirrored or
@@ -210,8 +223,8 @@ std::optional<double> ScaleOf::at(const PL_PNT2D_record& p) const
 
 void PlaneCheck::require(const OGRSpatialReference* crs, bool stated, Parcel& parcel)
 {
-    if (crs == nullptr)
-        return;
+    if (crs == nullptr || is_placeholder(*crs))
+        return require_no_degrees(parcel);
     const std::string name = name_of(*crs);
     if (crs->IsProjected() && counts_westwards(*crs))
         throw Failure(ExitStatus::unusable_input, parcel.place,
@@ -219,12 +232,25 @@ void PlaneCheck::require(const OGRSpatialReference* crs, bool stated, Parcel& pa
                       project_first(*crs, parcel.ring));
     if (crs->IsProjected())
         require_scale(*crs, parcel);
-    if ((!crs->IsGeographic() && !crs->IsGeocentric()) || is_placeholder(*crs))
+    if (!crs->IsGeographic() && !crs->IsGeocentric())
         return;
     if (!stated && !may_be_degrees(parcel.ring))
         return;
     throw Failure(ExitStatus::unusable_input, parcel.place, "the coordinates are not plane (" + name + ")",
                   project_first(*crs, parcel.ring) + ", or correct the file's CRS if they are");
+}
+
+void PlaneCheck::require_no_degrees(Parcel& parcel) const
+{
+    if (!look_like_degrees(parcel.ring))
+        return;
+    if (!source_.any_scale)
+        throw Failure(ExitStatus::unusable_input, parcel.place,
+                      "the coordinates look like degrees, and nothing says that they are plane",
+                      "project them first, for example with ogr2ogr -s_srs EPSG:4326" +
+                          target_for(crs_named("EPSG:4326"), middle_of(parcel.ring)) +
+                          ", or accept them as plane with --any-scale");
+    parcel.assumed.push_back("the coordinates are taken as plane, although they look like degrees");
 }
 
 void PlaneCheck::require_scale(const OGRSpatialReference& crs, Parcel& parcel)

@@ -67,11 +67,13 @@ public:
     /// @param[in] parcel   its ring and place; it is told what was accepted
     /// @throws Failure     unusable_input for degrees, for geocentric coordinates, for coordinates that increase to
     ///                     the West, and for lengths that differ by more than a thousandth from those on the
-    ///                     ellipsoid, or from what the ground factor says, unless the source accepts any scale
+    ///                     ellipsoid, or from what the ground factor says, unless the source accepts any scale; so
+    ///                     for coordinates without a CRS that look like degrees
     void require(const OGRSpatialReference* crs, bool stated, Parcel& parcel);
 
 private:
     void require_scale(const OGRSpatialReference& crs, Parcel& parcel);
+    void require_no_degrees(Parcel& parcel) const;
 
     struct Release {
         void operator()(OGRSpatialReference* crs) const { crs->Release(); }

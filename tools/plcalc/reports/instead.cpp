@@ -1,10 +1,10 @@
 #include "reports/instead.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <optional>
+#include <vector>
 
-#include "plparcel/feasible.h"
 #include "reports/words.h"
 #include "text/numbers.h"
 
@@ -19,16 +19,6 @@ using plparcel::Status;
 constexpr std::size_t kMostLines = 60;
 constexpr std::size_t kMostNamed = 5;
 
-struct Instead {
-    std::optional<double> below;  // unit squared, on the ground, rounded into the range
-    std::optional<double> above;
-    int decimals = 0;
-    bool below_is_had = false;
-    bool above_is_had = false;
-    bool with_lines = false;  // other lines have been looked for
-    plparcel::Alternatives lines;
-};
-
 bool is_about_line(Status status)
 {
     return status == Status::base_reaches_behind || status == Status::line_leaves_parcel ||
@@ -42,40 +32,24 @@ double rounded(double area, int decimals, bool up)
     return (up ? std::ceil(area * steps) : std::floor(area * steps)) / steps;
 }
 
-std::optional<Instead> instead_of(const Answer& answer)
+// Whether a range that ends at the area has no other one that is printed.
+bool is_single(const std::vector<plparcel::AmountRange>& ranges, double area, double to_plane, int decimals)
 {
-    const plparcel::Division& division = answer.printed.proven;
-    const Asked& asked = answer.asked;
-    const bool any_pieces = asked.request.pieces == plparcel::Pieces::any;
-    const bool is_said = is_about_line(division.status) && division.at_amount == 0 &&
-                         asked.request.amounts[0].given != plparcel::Given::as_width;
-    if (!is_said)
-        return std::nullopt;
-    const plparcel::Parcel parcel = boundary_of(answer.parcel);
-    plparcel::Line line = asked.request.line;
-    const std::optional<RingIndex> at =
-        in_ring(answer.parcel, asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : 0);
-    line.index = at ? at->index : 0;
-    line.ring = at ? at->ring : 0;
-    line.along *= answer.parcel.ground_factor;
-    const double to_plane = answer.parcel.ground_factor * answer.parcel.ground_factor;
-    const plparcel::Feasible feasible =
-        plparcel::feasible(parcel, line, asked.request.measured, asked.request.pieces);
-    const double wanted = area_of(asked.request.amounts[0], feasible.parcel / to_plane) * to_plane;
-    const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(feasible.ranges, wanted);
-    Instead instead;
-    instead.decimals = resolution_of(answer.parcel.ring, feasible.parcel).area_decimals;
-    if (nearest.below)
-        instead.below = rounded(*nearest.below / to_plane, instead.decimals, false);
-    if (nearest.above)
-        instead.above = rounded(*nearest.above / to_plane, instead.decimals, true);
-    instead.below_is_had = nearest.below_is_had;
-    instead.above_is_had = nearest.above_is_had;
-    instead.with_lines = !any_pieces;
-    if (instead.with_lines)
-        instead.lines =
-            plparcel::alternatives_for(parcel, plparcel::area(wanted), asked.request.measured, kMostLines);
-    return instead;
+    return std::any_of(ranges.begin(), ranges.end(), [&](const plparcel::AmountRange& range) {
+        return (range.least == area || range.most == area) &&
+               rounded(range.most / to_plane, decimals, false) <=
+                   rounded(range.least / to_plane, decimals, true);
+    });
+}
+
+std::string words_of(const Instead::Amount& amount, const char* had, const char* not_had, int decimals)
+{
+    return (amount.is_single ? "exactly " : amount.is_had ? had : not_had) + fixed(amount.area, decimals);
+}
+
+Json json_of(const Instead::Amount& amount, int decimals)
+{
+    return {{"area", number(amount.area, decimals)}, {"had", amount.is_had}, {"only", amount.is_single}};
 }
 
 // "along side 2", "across side 1" or "from vertex 3", with --opposite where the other piece holds the amount.
@@ -109,46 +83,74 @@ const char* cut_option(Cut cut)
 
 }  // namespace
 
-std::string advice_instead(const Answer& answer, const std::string& otherwise)
+std::optional<Instead> instead_of(const Answer& answer)
 {
-    const std::optional<Instead> instead = instead_of(answer);
-    if (!instead)
-        return otherwise;
-    std::string text;
-    if (instead->below && *instead->below > 0.0)
-        text +=
-            (instead->below_is_had ? "at most " : "less than ") + fixed(*instead->below, instead->decimals);
-    if (instead->above)
-        text += (text.empty() ? "" : " or ") +
-                std::string(instead->above_is_had ? "at least " : "more than ") +
-                fixed(*instead->above, instead->decimals);
-    text = text.empty() ? "" : "ask for " + text;
-    const std::string lines = named(answer.parcel, instead->lines);
-    if (!lines.empty())
-        text += (text.empty() ? "" : ", or ") + std::string("cut ") + lines;
-    return text.empty() ? otherwise : text;
+    const plparcel::Division& division = answer.printed.proven;
+    const Asked& asked = answer.asked;
+    const bool any_pieces = asked.request.pieces == plparcel::Pieces::any;
+    const bool is_said = is_about_line(division.status) && division.at_amount == 0 &&
+                         asked.request.amounts[0].given != plparcel::Given::as_width;
+    if (!is_said)
+        return std::nullopt;
+    const plparcel::Parcel parcel = boundary_of(answer.parcel);
+    plparcel::Line line = asked.request.line;
+    const std::optional<RingIndex> at =
+        in_ring(answer.parcel, asked.number > 0 ? static_cast<std::size_t>(asked.number - 1) : 0);
+    line.index = at ? at->index : 0;
+    line.ring = at ? at->ring : 0;
+    line.along *= answer.parcel.ground_factor;
+    const double to_plane = answer.parcel.ground_factor * answer.parcel.ground_factor;
+    const plparcel::Feasible feasible =
+        plparcel::feasible(parcel, line, asked.request.measured, asked.request.pieces);
+    const double wanted = area_of(asked.request.amounts[0], feasible.parcel / to_plane) * to_plane;
+    const plparcel::NearestAmounts nearest = plparcel::nearest_amounts(feasible.ranges, wanted);
+    Instead instead;
+    instead.decimals = resolution_of(answer.parcel.ring, feasible.parcel).area_decimals;
+    if (nearest.below)
+        instead.below = {rounded(*nearest.below / to_plane, instead.decimals, false), nearest.below_is_had,
+                         is_single(feasible.ranges, *nearest.below, to_plane, instead.decimals)};
+    if (nearest.above)
+        instead.above = {rounded(*nearest.above / to_plane, instead.decimals, true), nearest.above_is_had,
+                         is_single(feasible.ranges, *nearest.above, to_plane, instead.decimals)};
+    if (instead.below && !(instead.below->area > 0.0))
+        instead.below.reset();
+    instead.with_lines = !any_pieces;
+    if (instead.with_lines)
+        instead.lines =
+            plparcel::alternatives_for(parcel, plparcel::area(wanted), asked.request.measured, kMostLines);
+    return instead;
 }
 
-Json json_instead(const Answer& answer)
+std::string advice_instead(const Parcel& parcel, const Instead& instead)
 {
-    const std::optional<Instead> instead = instead_of(answer);
-    if (!instead)
-        return nullptr;
+    std::string text;
+    if (instead.below)
+        text += words_of(*instead.below, "at most ", "less than ", instead.decimals);
+    if (instead.above)
+        text += (text.empty() ? "" : " or ") +
+                words_of(*instead.above, "at least ", "more than ", instead.decimals);
+    text = text.empty() ? "" : "ask for " + text;
+    const std::string lines = named(parcel, instead.lines);
+    if (!lines.empty())
+        text += (text.empty() ? "" : ", or ") + std::string("cut ") + lines;
+    return text;
+}
+
+Json json_instead(const Parcel& parcel, const Instead& instead)
+{
     Json json;
-    if (instead->below && *instead->below > 0.0)
-        json["below"] = {{"area", number(*instead->below, instead->decimals)},
-                         {"had", instead->below_is_had}};
-    if (instead->above)
-        json["above"] = {{"area", number(*instead->above, instead->decimals)},
-                         {"had", instead->above_is_had}};
-    if (!instead->with_lines)
+    if (instead.below)
+        json["below"] = json_of(*instead.below, instead.decimals);
+    if (instead.above)
+        json["above"] = json_of(*instead.above, instead.decimals);
+    if (!instead.with_lines)
         return json;
     json["lines"] = Json::array();
-    for (const plparcel::Alternative& line : instead->lines.lines)
+    for (const plparcel::Alternative& line : instead.lines.lines)
         json["lines"].push_back({{"cut", cut_option(line.line.cut)},
-                                 {"number", number_of(answer.parcel, line.line.ring, line.line.index) + 1},
+                                 {"number", number_of(parcel, line.line.ring, line.line.index) + 1},
                                  {"opposite", line.measured == Measured::opposite}});
-    json["whole_list"] = instead->lines.looked_at == instead->lines.of;
+    json["whole_list"] = instead.lines.looked_at == instead.lines.of;
     return json;
 }
 

@@ -110,8 +110,9 @@ std::string ManyReport::add(const Answer& answer, const std::string& kept)
 
 std::string ManyReport::refuse_with_instead(const Answer& answer)
 {
-    const Json instead = keep_ == Keep::json ? json_instead(answer) : Json();
-    return refuse(refusal(answer, false), refusal_reason(answer), instead);
+    const std::optional<Instead> instead = keep_ == Keep::json ? instead_of(answer) : std::nullopt;
+    return refuse(refusal(answer, instead), refusal_reason(answer),
+                  instead ? json_instead(answer.parcel, *instead) : Json());
 }
 
 void ManyReport::measure(const std::string& rows)

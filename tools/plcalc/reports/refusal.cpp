@@ -134,10 +134,16 @@ std::string refusal_reason(const Answer& answer)
     return status == Status::not_reached ? kTooCoarse : plparcel::describe(status);
 }
 
-Failure refusal(const Answer& answer, bool with_instead)
+Failure refusal(const Answer& answer)
+{
+    return refusal(answer, instead_of(answer));
+}
+
+Failure refusal(const Answer& answer, const std::optional<Instead>& instead)
 {
     const auto advice = [&](const std::string& otherwise) {
-        return with_instead ? advice_instead(answer, otherwise) : otherwise;
+        const std::string found = instead ? advice_instead(answer.parcel, *instead) : "";
+        return found.empty() ? otherwise : found;
     };
     const Status status = answer.printed.proven.status;
     switch (status) {

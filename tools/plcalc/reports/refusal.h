@@ -2,18 +2,23 @@
 
 // Why there is no dividing line, or why nothing at all can be done with a parcel.
 
+#include <optional>
 #include <string>
 
 #include "answers/printed_division.h"
 #include "console/outcome.h"
+#include "reports/instead.h"
 
 namespace tool {
 
 /// The failure that ends the verb.
 ///
-/// @param[in] answer        one that is not done()
-/// @param[in] with_instead  whether to look for what can be had; it costs as much as some sixty divisions
-Failure refusal(const Answer& answer, bool with_instead = true);
+/// @param[in] answer   one that is not done()
+/// @param[in] instead  what can be had; without it the advice is a general one
+Failure refusal(const Answer& answer, const std::optional<Instead>& instead);
+
+/// The same with instead_of().
+Failure refusal(const Answer& answer);
 
 /// The reason in a few words without numbers, by which refusals are counted.
 std::string refusal_reason(const Answer& answer);

@@ -39,7 +39,8 @@ std::string how_to_read()
                         messages call it feature 3 '1234/5', and its pieces are
                         1234/5a, 1234/5b, ...
   --any-scale           accepts a CRS whose lengths differ by more than a
-                        thousandth from those on the ground
+                        thousandth from those on the ground, and what looks
+                        like degrees without a CRS
 )";
 }
 
