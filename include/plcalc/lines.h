@@ -99,7 +99,9 @@ PLCALC_API double PlFunz_abscissa_ile(const PL_IMP_LINE_2D_record* line, double 
 ///             give true, and NaN.
 /// Aliasing    l1 and l2 may be one record: a line does not meet itself.
 /// Exactness   det = l2.b*l1.a - l1.b*l2.a, inv = 1 / det, x = (l1.b*l2.c - l1.c*l2.b)*inv,
-///             y = (l1.c*l2.a - l1.a*l2.c)*inv; rounded at each operation, not snapped to zero.
+///             y = (l1.c*l2.a - l1.a*l2.c)*inv; rounded at each operation, not snapped to zero. For segments of
+///             100 that cross at 20 gons or more the point was up to 3e-5 off at 5e5 East, 5e6 North, and up to
+///             5e-12 at a local origin: shift to one.
 /// Source      Cramer's rule.
 PLCALC_API bool PlFunz_intersect_ile(const PL_IMP_LINE_2D_record* l1, const PL_IMP_LINE_2D_record* l2,
                                      PL_PNT2D_record* out) noexcept;
@@ -118,7 +120,8 @@ PLCALC_API bool PlFunz_intersect_ile(const PL_IMP_LINE_2D_record* l1, const PL_I
 /// Degenerate  A segment without length is met only when its start satisfies the equation exactly; out is
 ///             then that start. A NaN gives false, and out either holds NaN or is untouched.
 /// Aliasing    out may be an end of seg.
-/// Exactness   That of PlFunz_intersect_ile, the segment's line from PlFunz_lineeq_ile.
+/// Exactness   That of PlFunz_intersect_ile, the segment's line from PlFunz_lineeq_ile. A local origin is needed
+///             here, too.
 PLCALC_API bool PlFunz_intersect_ils(const PL_IMP_LINE_2D_record* line, const PL_LINE_2D_record* seg,
                                      PL_PNT2D_record* out) noexcept;
 
@@ -155,7 +158,9 @@ PLCALC_API bool PlFunz_intersect_ls(const PL_LINE_2D_record* s1, const PL_LINE_2
 ///             gives it, runs through the origin when |c| <= PL_EPS, and is vertical when |dx| <= PL_EPS. A
 ///             segment that has length but is not longer than 3.16e-4 has no normal form: the result is then
 ///             the raw value a*p.x + b*p.y + c, an area, positive to the left of the way from start to end.
-/// Exactness   p.y*b + p.x*a + c with the normal form of PlFunz_normal_ile, rounded at each operation.
+/// Exactness   p.y*b + p.x*a + c with the normal form of PlFunz_normal_ile, rounded at each operation. From a
+///             segment of 100 it was up to 5e-6 off at 5e5 East, 5e6 North, and up to 2e-12 at a local origin:
+///             shift to one.
 PLCALC_API double PlFunz_distpntln_ls(const PL_PNT2D_record* p, const PL_LINE_2D_record* seg) noexcept;
 
 /// Whether three points lie on one line, judged by the directions from the first to the other two.

@@ -31,7 +31,7 @@ class VertexSearch;
 /// parcel's area. So measure the pieces.
 ///
 /// For good answers prepare the parcel in two ways. Shift it to a local origin: at coordinates of 5e6 the ends
-/// of the line lie up to 2e-4 off the boundary with sides of 10, and the cut through a vertex misses the 1e-6
+/// of the line lie up to 5e-5 off the boundary with sides of 10, and the cut through a vertex misses the 1e-6
 /// in a tenth of the requests on parcels 100 across, and in most requests on smaller ones. And turn it so that
 /// the direction in which the line moves is not near +x: that direction is across the base side in mode 0, and
 /// along it in mode 1.

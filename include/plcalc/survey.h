@@ -58,8 +58,8 @@ PLCALC_API bool CalcoloIntersezioneRette(const PL_IMP_LINE_2D_record& l1, const 
 /// Degenerate  Two points that coincide within PL_EPS give a line that meets nothing. A NaN coordinate gives
 ///             true, and NaN.
 /// Aliasing    xOut and yOut may be any of the variables handed in, but must be two variables.
-/// Exactness   That of PlFunz_lineeq_ile and PlFunz_intersect_ile. Far from the origin they lose digits;
-///             CalcoloIntersezioneRetteExt keeps them.
+/// Exactness   That of PlFunz_lineeq_ile and PlFunz_intersect_ile. Far from the origin they lose digits: shift to
+///             a local origin, or call CalcoloIntersezioneRetteExt, which keeps them.
 PLCALC_API bool CalcoloIntersezioneRette(double x1, double y1, double x2, double y2, double x3, double y3,
                                          double x4, double y4, double& xOut, double& yOut) noexcept;
 
@@ -105,7 +105,7 @@ PLCALC_API double CalcCoordYsuSegmento(double x1, double y1, double x2, double y
 ///
 /// Tolerance   0.001 on either axis for the box. PlFunz_intersect_ile decides what is parallel.
 /// Aliasing    out must not be the record of a or b, which are read after it is written.
-/// Exactness   That of PlFunz_intersect_ile, called with the segment's line first.
+/// Exactness   That of PlFunz_intersect_ile, called with the segment's line first. It needs a local origin.
 PLCALC_API bool IntersezLineaInSegmOK(const PL_PNT2D_record& a, const PL_PNT2D_record& b,
                                       const PL_IMP_LINE_2D_record& line, PL_PNT2D_record& out) noexcept;
 
@@ -118,7 +118,8 @@ PLCALC_API bool IntersezLineaInSegmOK(const PL_PNT2D_record& a, const PL_PNT2D_r
 /// Tolerance   That of PlFunz_intersect_ile. The squared distances of the ends are compared without tolerance.
 /// Aliasing    The segments may share a record. The first segment is moved first, so that the second one sees a
 ///             shared end at its new place.
-/// Exactness   That of PlFunz_lineeq_ile and PlFunz_intersect_ile; both ends get the same bits.
+/// Exactness   That of PlFunz_lineeq_ile and PlFunz_intersect_ile, which need a local origin; both ends get the
+///             same bits.
 PLCALC_API bool CimaSegm(PL_PNT2D_record* a1, PL_PNT2D_record* b1, PL_PNT2D_record* a2,
                          PL_PNT2D_record* b2) noexcept;
 
@@ -184,7 +185,8 @@ PLCALC_API double DistPtSuSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_reco
 /// Tolerance   PL_EPS on dx*dx + dy*dy, an area.
 /// Aliasing    foot must not be the record of pt, a or b, which are read after it is written.
 /// Exactness   The foot is that of PlFunz_linepntperpend and PlFunz_intersect_ile, the magnitude that of
-///             PlFunz_distance; the sign is found by setting out both ways, as in DistPtSuSegmDaPt.
+///             PlFunz_distance; the sign is found by setting out both ways, as in DistPtSuSegmDaPt. Foot and
+///             distance need a local origin as those of PlFunz_distpntln_ls do.
 PLCALC_API double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* b, const PL_PNT2D_record* pt,
                                PL_PNT2D_record* foot) noexcept;
 
@@ -202,7 +204,8 @@ PLCALC_API double DistSegmDaPt(const PL_PNT2D_record* a, const PL_PNT2D_record* 
 /// Degenerate  When the line has no direction (a*a + b*b <= PL_EPS), the origin stands for the foot.
 /// Aliasing    dist must not be a coordinate of pt, which is read again for the angle.
 /// Exactness   The foot is that of PlFunz_linepntperpend and PlFunz_intersect_ile, dist that of
-///             PlFunz_distance; angle is PlFunz_arctan_deg times 1.1111111111111112.
+///             PlFunz_distance; angle is PlFunz_arctan_deg times 1.1111111111111112. It needs a local origin
+///             as PlFunz_distpntln_ls does.
 PLCALC_API void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL_PNT2D_record* pt,
                                      double& dist, double& angle) noexcept;
 
@@ -218,7 +221,8 @@ PLCALC_API void CalcDistPuntoDaRetta(const PL_IMP_LINE_2D_record* line, const PL
 ///             long as all coordinates are finite. With a NaN or an infinity among them, and when the ends are
 ///             farther apart than that but not farther than 3.16e-4, it is false and out is untouched.
 /// Aliasing    out may be the record of a, b or pt.
-/// Exactness   That of PlFunz_lineeq_ile, PlFunz_linepntperpend and PlFunz_intersect_ils.
+/// Exactness   That of PlFunz_lineeq_ile, PlFunz_linepntperpend and PlFunz_intersect_ils. It needs a local
+///             origin.
 PLCALC_API bool IntersPerpDaPtInSegm(const PL_PNT2D_record* a, const PL_PNT2D_record* b,
                                      const PL_PNT2D_record* pt, PL_PNT2D_record* out) noexcept;
 
@@ -325,7 +329,7 @@ PLCALC_API bool StessoPunto(const PL_PNT2D_record& p1, const PL_PNT2D_record& p2
 ///             thrown.
 /// Exactness   Sum in index order of ((x before - x after) * y) * 0.5, rounded at each operation, without a
 ///             shift of the origin: at UTM coordinates (5e5 East, 5e6 North) a ring 1000 across comes out up to
-///             1.5e-6 square units off.
+///             1.5e-6 square units off. A local origin mends that.
 /// Source      Shoelace formula (Gauss).
 PLCALC_API double AreaCalcolataSgn(const CPoint3dVector& pts);
 

@@ -95,6 +95,13 @@ def sentences(source, measured):
     yield tasks, (f"off by up to {short(max(largest(name, False) for name in lines))} in the same cases, "
                   f"and by {short(max(largest(name, True) for name in lines))} at the origin")
 
+    yield "include/plcalc/lines.h", (
+        f"the point was up to {max(map(short, (largest(n, False) for n in by_equations)))} off at 5e5 East, 5e6 North, and up "
+        f"to {max(map(short, (largest(n, True) for n in by_equations)))} at a local origin")
+    yield "include/plcalc/lines.h", (f"up to {short(largest('PlFunz_distpntln_ls', False))} off at 5e5 East, 5e6 North, and up "
+                                     f"to {short(largest('PlFunz_distpntln_ls', True))} at a local origin")
+    yield "include/plcalc/subdivision.h", f"lie up to {short(beside)} off the boundary with sides of 10"
+
     grid = "docs/guide/coordinates.md"
     yield grid, f"neighbouring doubles are {math.ulp(1e12):.4f} and more apart"
     edge = math.radians(3)  # of a zone, at the equator: the series of the scale factor to the fourth power
@@ -133,7 +140,8 @@ def main():
     checked = 0
     for page, sentence in sentences(source, said):
         checked += 1
-        if sentence not in " ".join((source / page).read_text(encoding="utf-8").split()):
+        text = re.sub(r"^ *///", "", (source / page).read_text(encoding="utf-8"), flags=re.MULTILINE)
+        if sentence not in " ".join(text.split()):
             wrong.append(f"{page} does not say: {sentence}")
     print(f"{len(said)} rows of accuracy.md, {checked} sentences")
     if len(said) < 100:
