@@ -1,5 +1,6 @@
 # Filter of the target `docs` for its pages. It gives every heading of the second level the name under which the pages link to it,
-# leads a link with such a name there, and leaves the text alone of a link to a file that is not among the pages.
+# and which the search finds; leads links with such a name there; links the functions in a row that begins with such a link; and
+# leaves the text alone of a link to a file that is not among the pages.
 /^## /{
   h
   s/^## +//
@@ -16,3 +17,4 @@ s#\[([^]]*)\]\((\.\./)*[^)]*\.(cmake|h)\)#\1#g
 s#\[([^]]*)\]\([^)#]+\.md\#([^)]*)\)#@ref \2 "\1"#g
 s#\[`([^]`]*)`\]\(\##[\1](\##g
 s#\]\((\.\./)*qgis/([a-z]+\.png)\)#](\2)#
+/^\| \[[^]]*\]\(#/s#`([A-Za-z0-9_:]+)`#@ref \1#g
