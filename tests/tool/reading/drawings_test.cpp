@@ -96,23 +96,89 @@ TEST_F(Drawings, AHoleOnItsOwnLayerIsNotLost)
           "lot;WKT\n1;\"POLYGON ((0 0, 100 0, 100 50, 0 50, 0 0), (45 20, 45 26, 55 26, 55 20, 45 20))\"\n");
     const test::Result written = divide("pond.csv", "--parallel 1 --area 1000 -o pieces.dxf");
     ASSERT_EQ(written.status, 0) << written.err;
-    const test::Result all = divide("pieces.dxf", "--layer pieces --parallel 1 --share 1/2");
-    EXPECT_EQ(all.status, 3) << all.out;
-    EXPECT_NE(all.out.find("a hole is drawn in it, on the layer holes, which is not read"), std::string::npos)
-        << all.out << all.err;
-    EXPECT_NE(all.out.find("Divided  1 of 2"), std::string::npos) << "the piece without a hole: " << all.out;
+    const test::Result all = run({"measure", "pieces.dxf", "--layer", "pieces", "--csv"});
+    EXPECT_EQ(all.status, 0) << all.err;
+    EXPECT_NE(all.out.find(",1000.0000,"), std::string::npos) << all.out;
+    EXPECT_NE(all.out.find(",3940.0000,"), std::string::npos)
+        << "5000, less the pond and the piece: " << all.out;
+    const test::Result again =
+        divide("pieces.dxf", "--layer pieces --feature 2 --pieces any --parallel 1 --share 1/2");
+    ASSERT_EQ(again.status, 0) << again.err;
+    EXPECT_NE(again.out.find(" (closed lines in it are its holes: 1)\n"), std::string::npos) << again.out;
     // Nor is it where the boundary is made of lines.
     const std::string hole_line = "0\nLWPOLYLINE\n8\nholes\n90\n3\n70\n1\n" +
                                   at({kA.east + 10, kA.north + 10}) + at({kA.east + 20, kA.north + 10}) +
                                   at({kA.east + 10, kA.north + 20});
     write("lines.dxf", drawing(line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA) + hole_line));
-    EXPECT_TRUE(test::fails_with(divide("lines.dxf", std::string("--layer LOTS ") + kStrip), 3,
-                                 "lines.dxf: feature 0: a hole is drawn in it, on the layer holes, which is "
-                                 "not read; take the parcels "
-                                 "from a format that keeps their holes, such as GeoPackage"));
+    const test::Result lines = run({"measure", "lines.dxf", "--layer", "LOTS"});
+    EXPECT_EQ(test::numbers_after(lines.out, "Area"), std::vector<double>{4950.0}) << lines.out << lines.err;
+    // A hole with an arc is no polygon.
+    const std::size_t bulge = hole_line.find("20\n");
+    write("arc.dxf", drawing(line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA) +
+                             hole_line.substr(0, hole_line.find('\n', bulge + 3) + 1) + "42\n0.5\n" +
+                             hole_line.substr(hole_line.find('\n', bulge + 3) + 1)));
+    const test::Result arc = run({"measure", "arc.dxf", "--layer", "LOTS"});
+    EXPECT_EQ(arc.status, 3) << arc.out;
+    EXPECT_NE(arc.err.find("arc"), std::string::npos) << arc.err;
+    const test::Result chords = run({"measure", "arc.dxf", "--layer", "LOTS", "--arcs", "0.01"});
+    EXPECT_EQ(chords.status, 0) << chords.err;
     const test::Result hole = divide("pieces.dxf", "--layer holes --parallel 1 --share 1/2");
     ASSERT_EQ(hole.status, 0) << hole.err;
     EXPECT_EQ(test::numbers_after(hole.out, "parcel").at(0), 60.0);
+}
+
+// Whether a closed line in another is a hole, a drawing does not say.
+TEST_F(Drawings, AClosedLineInAnotherIsAskedFor)
+{
+    const auto closed = [](double east, double north, double size) {
+        return "0\nLWPOLYLINE\n8\nLOTS\n90\n4\n70\n1\n" + at({east, north}) + at({east + size, north}) +
+               at({east + size, north + size}) + at({east, north + size});
+    };
+    const auto row = [](const std::string& name, const char* area) { return name + ",," + area + ","; };
+    const double east = kA.east;
+    const double north = kA.north;
+    // A pond with an island, and a lot beside the first that shares its side.
+    write("nested.dxf", drawing(closed(east, north, 100) + closed(east + 40, north + 40, 20) +
+                                closed(east + 45, north + 45, 5) + closed(east + 100, north, 100)));
+    const test::Result asked = run({"measure", "nested.dxf", "--csv"});
+    EXPECT_EQ(asked.status, 3);
+    EXPECT_NE((asked.out + asked.err).find("another closed line lies in it"), std::string::npos)
+        << asked.out << asked.err;
+    EXPECT_NE(asked.out.find(row("feature 3", "10000.0000")), std::string::npos) << asked.out;
+    EXPECT_TRUE(test::fails_with(run({"measure", "nested.dxf", "--feature", "0"}), 3,
+                                 "nested.dxf: feature 0: another closed line lies in it (feature 1); say "
+                                 "what such lines are: --inner hole, "
+                                 "or --inner overlap for parcels that lie over it"));
+    const test::Result holes = run({"measure", "nested.dxf", "--csv", "--inner", "hole"});
+    EXPECT_EQ(holes.status, 0) << holes.err;
+    const test::Result over = run({"measure", "nested.dxf", "--csv", "--inner", "overlap"});
+    EXPECT_EQ(over.status, 0) << over.err;
+    const struct {
+        const test::Result& result;
+        const char* areas[4];
+    } rows[] = {{holes, {"9600.0000", "375.00000", "25.000000", "10000.0000"}},
+                {over, {"10000.0000", "400.00000", "25.000000", "10000.0000"}}};
+    for (const auto& wanted : rows)
+        for (int i = 0; i < 4; ++i)
+            EXPECT_NE(wanted.result.out.find(row("feature " + std::to_string(i), wanted.areas[i])),
+                      std::string::npos)
+                << i << wanted.result.out;
+    EXPECT_TRUE(test::fails_with(run({"measure", "nested.dxf", "--inner", "pond"}), 2,
+                                 "--inner: 'pond' is neither hole nor overlap; see plcalc measure --help"));
+    // The same of lines that are joined.
+    const auto square = [](const Place& low, double size) {
+        const Place right = {low.east + size, low.north};
+        const Place high = {low.east + size, low.north + size};
+        const Place left = {low.east, low.north + size};
+        return line(low, right) + line(right, high) + line(high, left) + line(left, low);
+    };
+    write("joined.dxf", drawing(square({east, north}, 100) + square({east + 40, north + 40}, 20)));
+    EXPECT_NE(run({"measure", "joined.dxf", "--feature", "0"})
+                  .err.find("another closed line lies in it (feature 4)"),
+              std::string::npos);
+    const test::Result joined = run({"measure", "joined.dxf", "--feature", "0", "--inner", "hole"});
+    EXPECT_EQ(test::numbers_after(joined.out, "Area"), std::vector<double>{9600.0})
+        << joined.out << joined.err;
 }
 
 // The gap at kB, north of it. The vertex is the end of the line that comes first.

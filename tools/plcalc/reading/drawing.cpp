@@ -251,22 +251,6 @@ DrawnMarks DrawnMarks::texts(OGRLayer& entities, GDALDataset& dataset,
     return DrawnMarks(std::move(texts));
 }
 
-DrawnMarks DrawnMarks::holes(OGRLayer& entities, GDALDataset& dataset)
-{
-    std::vector<Mark> holes;
-    for (const OGRFeatureUniquePtr& feature : entities) {
-        const OGRGeometry* const geometry = feature->GetGeometryRef();
-        if (geometry == nullptr || wkbFlatten(geometry->getGeometryType()) != wkbLineString ||
-            !bounds_area(*geometry) || is_hidden(*feature, dataset) ||
-            !EQUAL(feature->GetFieldAsString("Layer"), kHolesLayer))
-            continue;
-        const OGRLineString& line = *geometry->toLineString();
-        holes.push_back({line.getX(0), line.getY(0), kHolesLayer});
-    }
-    entities.ResetReading();
-    return DrawnMarks(std::move(holes));
-}
-
 DrawnMarks::DrawnMarks(std::vector<Mark> marks) : marks_(std::move(marks))
 {
     CPLRectObj bounds = {0.0, 0.0, 0.0, 0.0};
@@ -288,27 +272,59 @@ void DrawnMarks::bounds_of(const void* mark, CPLRectObj* bounds)
     *bounds = {at.east, at.north, at.east, at.north};
 }
 
-std::optional<std::string> DrawnMarks::inside(const plparcel::Ring& ring) const
+namespace {
+
+OGRLinearRing boundary_ring(const plparcel::Ring& ring)
 {
     OGRLinearRing boundary;
     for (const PL_PNT2D_record& p : ring)
         boundary.addPoint(p.x, p.y);
     boundary.closeRings();
+    return boundary;
+}
+
+bool is_at_inside(const Mark& mark, const OGRLinearRing& boundary)
+{
+    const OGRPoint at(mark.east, mark.north);
+    return boundary.isPointInRing(&at, TRUE) != 0;
+}
+
+}  // namespace
+
+bool DrawnMarks::is_inside(std::size_t mark, const plparcel::Ring& ring) const
+{
+    return is_at_inside(marks_[mark], boundary_ring(ring));
+}
+
+std::vector<std::size_t> DrawnMarks::all_inside(const plparcel::Ring& ring) const
+{
+    const OGRLinearRing boundary = boundary_ring(ring);
     OGREnvelope extent;
     boundary.getEnvelope(&extent);
     const CPLRectObj area = {extent.MinX, extent.MinY, extent.MaxX, extent.MaxY};
     int count = 0;
     const std::unique_ptr<void*, decltype(&VSIFree)> found(CPLQuadTreeSearch(by_place_.get(), &area, &count),
                                                            &VSIFree);
-    std::optional<std::string> name;
+    std::vector<std::size_t> marks;
     for (int i = 0; i < count; ++i) {
-        const Mark& mark = *static_cast<const Mark*>(found.get()[i]);
-        const OGRPoint at(mark.east, mark.north);
-        if (!boundary.isPointInRing(&at, TRUE))
+        const Mark* const mark = static_cast<const Mark*>(found.get()[i]);
+        if (is_at_inside(*mark, boundary))
+            marks.push_back(static_cast<std::size_t>(mark - marks_.data()));
+    }
+    return marks;
+}
+
+std::optional<std::string> DrawnMarks::inside(const plparcel::Ring& ring,
+                                              const std::vector<plparcel::Ring>& holes) const
+{
+    std::optional<std::string> name;
+    for (const std::size_t i : all_inside(ring)) {
+        if (std::any_of(holes.begin(), holes.end(),
+                        [&](const plparcel::Ring& hole) { return is_inside(i, hole); }))
             continue;
-        if (name && *name != mark.line)
+        if (name && *name != marks_[i].line)
             return std::nullopt;
-        name = mark.line;
+        name = marks_[i].line;
     }
     return name;
 }

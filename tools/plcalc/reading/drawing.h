@@ -70,29 +70,35 @@ DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset
 /// The layer on which drawings of ours have the holes of pieces.
 constexpr const char* kHolesLayer = "holes";
 
-/// What stands at places of a drawing: its texts, or its holes.
+/// Something at a place of a drawing.
+struct Mark {
+    double east;
+    double north;
+    std::string line;  ///< what it says
+};
+
+/// What stands at places of a drawing, as its texts.
 class DrawnMarks {
 public:
+    explicit DrawnMarks(std::vector<Mark> marks);
+
     /// All texts that are shown in model space.
     ///
     /// @param[in] layer  of the drawing, only those on it; any where there is none
     static DrawnMarks texts(OGRLayer& entities, GDALDataset& dataset,
                             const std::optional<std::string>& layer);
 
-    /// The first vertex of each closed line that is shown on the layer of holes, with the name of that layer.
-    static DrawnMarks holes(OGRLayer& entities, GDALDataset& dataset);
+    /// What the only mark inside the ring and in none of the holes says; nothing where there is none, or where several
+    /// differ.
+    std::optional<std::string> inside(const plparcel::Ring& ring,
+                                      const std::vector<plparcel::Ring>& holes) const;
 
-    /// The first line of the only mark inside the ring; nothing where there is none, or where several differ.
-    std::optional<std::string> inside(const plparcel::Ring& ring) const;
+    /// The marks inside the ring, by index, in no order.
+    std::vector<std::size_t> all_inside(const plparcel::Ring& ring) const;
+
+    bool is_inside(std::size_t mark, const plparcel::Ring& ring) const;
 
 private:
-    struct Mark {
-        double east;
-        double north;
-        std::string line;
-    };
-
-    explicit DrawnMarks(std::vector<Mark> marks);
     static void bounds_of(const void* mark, CPLRectObj* bounds);
 
     struct Release {

@@ -216,7 +216,6 @@ std::vector<bool> ParcelFile::rows_that_pass(OGRLayer& layer)
 // more vertices when it is read again with finer steps has an arc.
 void ParcelFile::open_with_fine_arcs()
 {
-    fine_dataset_ = open_or_refuse(opened_->name(), messages_, source_.file);
     fine_layer_ = fine_dataset_->GetLayerByName(choice_.layer->GetName());
     if (fine_layer_ != nullptr)
         set_filter(*fine_layer_, source_, messages_);
@@ -228,18 +227,40 @@ void ParcelFile::open_drawing()
     OGRLayer* const entities = dataset_->GetLayer(0);
     if (entities != nullptr)
         texts_ = DrawnMarks::texts(*entities, *dataset_, source_.name_layer);
-    if (entities != nullptr && source_.layer && !EQUAL(source_.layer->c_str(), kHolesLayer))
-        holes_ = DrawnMarks::holes(*entities, *dataset_);
+    fine_dataset_ = open_or_refuse(opened_->name(), messages_, source_.file);
+    OGRLayer* const fine = fine_dataset_->GetLayer(0);
+    std::vector<ClosedLine> closed;
+    if (entities != nullptr && fine != nullptr)
+        closed = closed_lines_of(*entities, *fine, *dataset_, source_);
     if (!source_.feature)
         choice_ = choose_layer(*dataset_, source_, messages_, true);
     else if (entities != nullptr)
         choice_.layer = entities;
     if (choice_.layer != nullptr)
         open_with_fine_arcs();
+    const auto add_loops = [&](const std::vector<DrawnLoop>& loops) {
+        for (const DrawnLoop& loop : loops)
+            if (loop.joined.kind == Join::loop)
+                closed.push_back({loop.joined.ring, loop.joined.heights, loop.layer,
+                                  feature_name(*loop.feature, *choice_.layer, *dataset_),
+                                  loop.has_arcs && !source_.arcs});
+    };
     if (fine_layer_ != nullptr && (source_.join || choice_.parcels.count() == 0)) {
+        if (source_.feature || source_.where) {
+            // Others may lie in those that are chosen.
+            Source all = source_;
+            all.feature.reset();
+            for (OGRLayer* const layer : {choice_.layer, fine_layer_})
+                layer->SetAttributeFilter(nullptr);
+            add_loops(join_drawn_lines(*choice_.layer, *fine_layer_, *dataset_, all).loops);
+            set_filter(*fine_layer_, source_, messages_);
+        }
         set_filter(*choice_.layer, source_, messages_);
         choose_loops(join_drawn_lines(*choice_.layer, *fine_layer_, *dataset_, source_));
+        if (!source_.feature && !source_.where)
+            add_loops(loops_);
     }
+    closed_.emplace(std::move(closed));
     if (choice_.parcels.count() == 0)
         choice_ = choose_layer(*dataset_, source_, messages_);
 }
@@ -313,7 +334,7 @@ void ParcelFile::complete_loop(const DrawnLoop& loop, Parcel& parcel)
         (joined.repeated > 0 ? "; lines drawn twice: " + std::to_string(joined.repeated) : ""));
     if (loop.has_arcs)
         read.assumed.push_back(words_of_arcs());
-    require_no_drawn_hole(read);
+    add_drawn_holes(loop.layer, read);
     complete_from_source(read);
     parcel = std::move(read);
 }
@@ -323,7 +344,8 @@ void ParcelFile::require_drawing_options() const
     if (is_format(*dataset_, "DXF"))
         return;
     for (const auto& [given, option] : {std::pair<bool, const char*>(source_.join.has_value(), "--join"),
-                                        {source_.name_layer.has_value(), "--name-layer"}})
+                                        {source_.name_layer.has_value(), "--name-layer"},
+                                        {source_.inner.has_value(), "--inner"}})
         if (given)
             throw Failure(ExitStatus::wrong_use, {source_.file, ""}, std::string(option) + " is for drawings",
                           std::string("leave ") + option + " out");
@@ -361,13 +383,34 @@ std::string ParcelFile::words_of_arcs() const
 }
 
 // A drawing has no polygons with holes: they are closed lines of their own, and would be lost without a word.
-void ParcelFile::require_no_drawn_hole(const Parcel& parcel) const
+void ParcelFile::add_drawn_holes(const std::string& layer, Parcel& parcel) const
 {
-    if (!holes_ || !holes_->inside(parcel.ring))
+    if (!closed_)
         return;
-    throw Failure(ExitStatus::unusable_input, parcel.place,
-                  std::string("a hole is drawn in it, on the layer ") + kHolesLayer + ", which is not read",
-                  "take the parcels from a format that keeps their holes, such as GeoPackage");
+    std::vector<const ClosedLine*> holes;
+    if (!EQUAL(layer.c_str(), kHolesLayer))
+        holes = closed_->inside(parcel.ring, kHolesLayer);
+    const std::vector<const ClosedLine*> inner = closed_->inside(parcel.ring, layer);
+    if (!inner.empty() && !source_.inner)
+        throw Failure(
+            ExitStatus::unusable_input, parcel.place,
+            "another closed line lies in it (" + inner.front()->feature + ")",
+            "say what such lines are: --inner hole, or --inner overlap for parcels that lie over it");
+    if (source_.inner == InnerLine::hole)
+        holes.insert(holes.end(), inner.begin(), inner.end());
+    for (const ClosedLine* hole : holes) {
+        if (hole->has_arcs)
+            throw with_arcs({source_.file, hole->feature});
+        parcel.holes.push_back(hole->ring);
+        const bool has_height = std::any_of(hole->heights.begin(), hole->heights.end(),
+                                            [](double z) { return known_height(z).has_value(); });
+        if (!parcel.heights.empty() || has_height) {
+            parcel.heights.resize(vertex_count(parcel) - hole->ring.size(), std::nan(""));
+            parcel.heights.insert(parcel.heights.end(), hole->heights.begin(), hole->heights.end());
+        }
+    }
+    if (!holes.empty())
+        parcel.assumed.push_back("closed lines in it are its holes: " + std::to_string(holes.size()));
 }
 
 // What the command line says of all parcels, and what must be said of their heights.
@@ -408,7 +451,8 @@ void ParcelFile::complete(const OGRFeature& feature, OGRFeature* finer, Parcel& 
     read.crs = crs_name(crs);
     if (boundary.had_arcs || has_arcs_)
         read.assumed.push_back(words_of_arcs());
-    require_no_drawn_hole(read);
+    if (closed_)
+        add_drawn_holes(feature.GetFieldAsString("Layer"), read);
     complete_from_source(read);
     parcel = std::move(read);
 }
@@ -477,7 +521,7 @@ std::string ParcelFile::name_in_column(const OGRFeature& feature) const
 void ParcelFile::name_by_text(Parcel& parcel) const
 {
     if (!source_.name_column && texts_ && !parcel.ring.empty())
-        parcel.place.name = texts_->inside(parcel.ring).value_or("");
+        parcel.place.name = texts_->inside(parcel.ring, parcel.holes).value_or("");
 }
 
 std::optional<ReadParcel> ParcelFile::next()

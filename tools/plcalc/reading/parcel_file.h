@@ -14,6 +14,7 @@
 #include "console/outcome.h"
 #include "files/gdal_messages.h"
 #include "files/text_source.h"
+#include "reading/closed_lines.h"
 #include "reading/crs.h"
 #include "reading/drawing.h"
 #include "reading/layer_choice.h"
@@ -100,7 +101,7 @@ private:
     ReadParcel next_part();
     void complete(const OGRFeature& feature, OGRFeature* finer, Parcel& parcel);
     void complete_from_source(Parcel& parcel) const;
-    void require_no_drawn_hole(const Parcel& parcel) const;
+    void add_drawn_holes(const std::string& layer, Parcel& parcel) const;
     void take_crs_of_file();
     void require_whole_table() const;
     void require_no_axes() const;
@@ -131,7 +132,7 @@ private:
     std::size_t next_loop_ = 0;
     bool only_loops_ = false;
     std::optional<DrawnMarks> texts_;         // of a drawing
-    std::optional<DrawnMarks> holes_;         // of a drawing, where they are on a layer that is not read
+    std::optional<ClosedLines> closed_;       // of a drawing
     std::optional<OGRSpatialReference> crs_;  // where the file does not state it
     std::vector<std::string> assumed_;        // of a table
     PlaneCheck plane_;

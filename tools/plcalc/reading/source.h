@@ -10,6 +10,12 @@ namespace tool {
 /// What a column X holds; Y holds the other.
 enum class XAxis { east, north };
 
+/// What a closed line is that lies in another one on the same layer of a drawing.
+enum class InnerLine {
+    hole,    ///< of the other, and a parcel of its own
+    overlap  ///< a parcel of its own, which lies over the other
+};
+
 struct Source {
     std::string file;                         ///< a path, or another name that GDAL opens
     std::optional<std::string> layer;         ///< only this layer
@@ -25,7 +31,8 @@ struct Source {
     std::optional<std::string> name_layer = {};   ///< of a drawing, with texts that are their names
     std::optional<double> join =
         {};  ///< of a drawing: how far apart the ends of two lines may be to be joined
-    std::optional<double> arcs = {};  ///< how far a chord that takes the place of an arc may be from it
+    std::optional<InnerLine> inner = {};  ///< of a drawing
+    std::optional<double> arcs = {};      ///< how far a chord that takes the place of an arc may be from it
 };
 
 }  // namespace tool

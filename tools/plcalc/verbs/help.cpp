@@ -29,6 +29,10 @@ std::string how_to_read()
                         than this; without it a boundary with arcs is refused
   --join GAP            joins lines of a drawing whose ends are this close; by
                         default, 0.001 where it has no closed boundary
+  --inner hole|overlap  what a closed line of a drawing is that lies in another
+                        on its layer: a hole of it, or a parcel over it; without
+                        it, the outer one is refused. Closed lines on the layer
+                        holes are holes
   --name-layer NAME     takes a parcel's name from the text inside it on this
                         layer of a drawing; any layer by default, if there is
                         one text only

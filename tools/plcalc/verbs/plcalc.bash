@@ -3,7 +3,7 @@
 
 _plcalc() {
     local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} verb=${COMP_WORDS[1]}
-    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer --name-column --angles --any-scale --json --help'
+    local choose='--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --inner --name-layer --name-column --angles --any-scale --json --help'
     local cut='--parallel --perpendicular --side --side-near --facing --along --side-from --within --vertex --vertex-near --vertex-from'
     cut+=' --bearing --along-segment --place --through --alternative --pieces'
     cut+=' --area --product --share --width --areas --area-from --share-from --parts --opposite --decimals --tolerance'
@@ -29,6 +29,10 @@ _plcalc() {
             ;;
         --angles)
             mapfile -t COMPREPLY < <(compgen -W 'gon deg dms quadrant' -- "$word")
+            return
+            ;;
+        --inner)
+            mapfile -t COMPREPLY < <(compgen -W 'hole overlap' -- "$word")
             return
             ;;
         --pieces)

@@ -27,6 +27,7 @@ __plcalc_offer 'divide measure stakeout' flags any-scale json
 __plcalc_offer 'divide measure stakeout' values layer feature where part columns crs ground-factor arcs join name-layer \
     name-column
 __plcalc_offer_words 'divide measure stakeout' axes 'en ne'
+__plcalc_offer_words 'divide measure stakeout' inner 'hole overlap'
 __plcalc_offer_words 'divide measure stakeout' angles 'gon deg dms quadrant'
 
 __plcalc_offer 'divide stakeout' flags parallel perpendicular opposite

@@ -3,7 +3,7 @@
 
 _plcalc() {
     local -a choose cut offered
-    choose=(--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --name-layer
+    choose=(--layer --feature --where --part --columns --crs --axes --ground-factor --arcs --join --inner --name-layer
         --name-column --angles --any-scale --json --help)
     cut=(--parallel --perpendicular --side --side-near --facing --along --side-from --within --vertex --vertex-near
         --vertex-from --bearing --along-segment --place --through --alternative --pieces --area --product --share
@@ -18,6 +18,7 @@ _plcalc() {
         --axes) compadd -- en ne; return ;;
         --side) compadd -- longest shortest; return ;;
         --angles) compadd -- gon deg dms quadrant; return ;;
+        --inner) compadd -- hole overlap; return ;;
         --pieces) compadd -- two any; return ;;
         --along | --areas | --output | -o | --plan | --title-block | --report | --points | --points-from | --control) _files; return ;;
     esac

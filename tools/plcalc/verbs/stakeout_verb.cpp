@@ -88,9 +88,9 @@ std::vector<NamedPoint> line_ends(const Parcel& parcel, const Asked& asked,
     std::vector<NamedPoint> ends;
     DivisionPoints points = points_of(answer);
     if (has_name_of_another(points, known, printed.resolution.decimals)) {
-        std::vector<std::string> taken;
-        for (const NamedPoint& point : known)
-            taken.push_back(point.name);
+        std::vector<std::string> taken(known.size());
+        std::transform(known.begin(), known.end(), taken.begin(),
+                       [](const NamedPoint& point) { return point.name; });
         points = points_of(answer, taken);
         assumed.push_back("new points are numbered on behind those of the lists");
     }

@@ -23,6 +23,7 @@ Verb::Verb(CLI::App& app, const std::string& name, const std::string& help_text)
     app_->add_option("--ground-factor", ground_factor_)->type_name("F");
     app_->add_flag("--any-scale", any_scale_);
     app_->add_option("--join", join_)->type_name("GAP");
+    app_->add_option("--inner", inner_)->type_name("hole|overlap");
     app_->add_option("--arcs", arcs_)->type_name("DISTANCE");
     app_->add_option("--name-layer", name_layer_)->type_name("NAME");
     app_->add_option("--angles", angles_)->type_name("gon|deg|dms|quadrant");
@@ -75,6 +76,10 @@ Source Verb::source() const
     source.any_scale = any_scale_;
     if (given("--join"))
         source.join = amount("--join", join_);
+    if (given("--inner") && inner_ != "hole" && inner_ != "overlap")
+        wrong_use("--inner: '" + inner_ + "' is neither hole nor overlap");
+    if (given("--inner"))
+        source.inner = inner_ == "hole" ? InnerLine::hole : InnerLine::overlap;
     if (given("--arcs"))
         source.arcs = amount("--arcs", arcs_);
     if (given("--name-layer"))

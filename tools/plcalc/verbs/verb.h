@@ -94,6 +94,7 @@ private:
     std::string ground_factor_;
     bool any_scale_ = false;
     std::string join_;
+    std::string inner_;
     std::string arcs_;
     std::string name_layer_;
     std::string name_column_;

@@ -175,28 +175,36 @@ OGRPoint place_in(const plparcel::Ring& ring, const std::vector<plparcel::Ring>&
     return found ? place : OGRPoint(ring.front().x, ring.front().y);
 }
 
-// Everything that a refused parcel has for a boundary, as far as its numbers can be drawn.
-std::vector<plparcel::Ring> rings_of(const ReadParcel& read)
+// A ring that is drawn.
+struct DrawnRing {
+    plparcel::Ring ring;
+    bool is_hole;
+};
+
+// Everything that an undivided parcel has for a boundary, as far as its numbers can be drawn.
+std::vector<DrawnRing> rings_of(const ReadParcel& read)
 {
-    std::vector<plparcel::Ring> rings = {read.parcel.ring};
-    rings.insert(rings.end(), read.parcel.holes.begin(), read.parcel.holes.end());
+    std::vector<DrawnRing> rings = {{read.parcel.ring, false}};
+    for (const plparcel::Ring& hole : read.parcel.holes)
+        rings.push_back({hole, true});
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
-    if (geometry != nullptr && !read.has_new_points) {
+    if (geometry != nullptr && read.parcel.ring.empty()) {
         const std::unique_ptr<OGRGeometry> polygons(
             OGRGeometryFactory::forceToMultiPolygon(geometry->getLinearGeometry()));
         if (wkbFlatten(polygons->getGeometryType()) == wkbMultiPolygon) {
             rings.clear();
             for (const OGRPolygon* polygon : *polygons->toMultiPolygon())
                 for (const OGRLinearRing* boundary : *polygon) {
-                    rings.emplace_back();
+                    rings.push_back({{}, boundary != polygon->getExteriorRing()});
                     for (const OGRPoint& p : *boundary)
-                        rings.back().push_back({p.getX(), p.getY()});
-                    drop_closing_vertex(rings.back());
+                        rings.back().ring.push_back({p.getX(), p.getY()});
+                    drop_closing_vertex(rings.back().ring);
                 }
         }
     }
-    const auto cannot_be_drawn = [](const plparcel::Ring& ring) {
-        return ring.empty() || !std::all_of(ring.begin(), ring.end(), [](const PL_PNT2D_record& p) {
+    const auto cannot_be_drawn = [](const DrawnRing& drawn) {
+        return drawn.ring.empty() ||
+               !std::all_of(drawn.ring.begin(), drawn.ring.end(), [](const PL_PNT2D_record& p) {
                    return std::isfinite(p.x) && std::isfinite(p.y);
                });
     };
@@ -330,24 +338,24 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
 
 void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
-    const std::vector<plparcel::Ring> rings = rings_of(read);
+    const std::vector<DrawnRing> rings = rings_of(read);
     const Heights known(read.parcel);
-    for (const plparcel::Ring& ring : rings)
-        draw(kUndivided, open_polygon(ring, heights_ ? &known : nullptr));
+    for (const DrawnRing& drawn : rings)
+        draw(drawn.is_hole ? kHolesLayer : kUndivided, open_polygon(drawn.ring, heights_ ? &known : nullptr));
     if (rings.empty())
         return;
     const std::string text = "refused: " + reason;
-    const plparcel::Extent extent = plparcel::extent_of(rings.front());
+    const plparcel::Extent extent = plparcel::extent_of(rings.front().ring);
     const double height = std::max(extent.width(), extent.height()) / static_cast<double>(text.size());
-    draw_label(text, place_in(rings.front()), height, Hangs::centred);
+    draw_label(text, place_in(rings.front().ring), height, Hangs::centred);
 }
 
 void DrawingWriter::add_neighbour(const ReadParcel& read, const Insertion& /*insertion*/)
 {
     const Heights known(read.parcel);
     const Heights* const heights = neighbour_heights_ ? &known : nullptr;
-    for (const plparcel::Ring& ring : rings_of(read))
-        draw(kNeighbours, open_polygon(ring, heights));
+    for (const DrawnRing& drawn : rings_of(read))
+        draw(drawn.is_hole ? kHolesLayer : kNeighbours, open_polygon(drawn.ring, heights));
 }
 
 std::vector<std::string> DrawingWriter::commit()
