@@ -817,8 +817,6 @@ TEST(TurningWholeLine, ThroughAVertexWhereTheAmountGrowsFromNothing)
     }
 }
 
-// From a corner of a triangle, to the side across, which is seen at its end up to ten times as far as at its beginning.
-// Every share is had, also where the line ends next to a vertex.
 // A place that doubles cannot put on its side exactly: the line begins along that side, and meets it nowhere or anywhere.
 TEST(TurningWholeLine, FromAPlaceARoundingBesideItsSide)
 {
@@ -842,6 +840,8 @@ TEST(TurningWholeLine, FromAPlaceARoundingBesideItsSide)
     EXPECT_EQ(divide({{0, 0}, {360, 240}, {280, 360}, {-80, 120}}, request).status, Status::divided);
 }
 
+// From a corner of a triangle, to the side across, which is seen at its end up to ten times as far as at its beginning.
+// Every share is had, also where the line ends next to a vertex.
 TEST(TurningWholeLine, OfATriangleEveryShareIsHad)
 {
     for (double ratio = 0.1; ratio < 10.0; ratio *= 1.03) {
@@ -870,6 +870,38 @@ TEST(TurningWholeLine, ALittleLessThanTheLeast)
         EXPECT_EQ(divide(square, whole(through_point(point), {area(least - 1.01e-5)})).status,
                   Status::no_line_through_point)
             << off;
+    }
+}
+
+// The search begins in a direction that is rounded, next to the one through corners of the hole: to begin there finds the
+// same lines as to begin anywhere else.
+TEST(PartThroughAPoint, WhereTheSearchBeginsChangesNoLine)
+{
+    const Ring outer = {{0, 0}, {-1, -4}, {1, -4}, {0, -5}, {4, -6}, {5, -1}, {2, 0}, {1, -1}};
+    const Ring holes[] = {
+        {{3, -3}, {4, -2}, {4, -1}, {3, -1}, {2, -2}, {3, -2}},
+        {{3, -3}, {4, -1.9}, {4, -1}, {3, -1}, {2, -2}, {3, -2}},
+        {{3, -2.9}, {4, -2}, {4, -1}, {3, -1}, {2, -2}, {3, -2}},
+    };
+    for (const Ring& hole : holes) {
+        Request request;
+        request.line = through_point({1, -5}, 20.0);
+        request.amounts = {share(1, 2)};
+        const std::vector<Division> wanted = all_divisions(plparcel::Parcel{outer, {hole}}, request);
+        ASSERT_EQ(wanted.size(), 2U);
+        for (const double bearing : {50.0, 250.0, 0.0, 100.0}) {
+            request.line = through_point({1, -5}, bearing);
+            const std::vector<Division> found = all_divisions(plparcel::Parcel{outer, {hole}}, request);
+            ASSERT_EQ(found.size(), 2U) << bearing << ": " << describe(found[0]);
+            const bool in_order = std::fabs(found[0].lines[0].from.x - wanted[0].lines[0].from.x) < 1.0;
+            for (std::size_t i = 0; i < 2; ++i) {
+                const plparcel::DividingLine& line = found[in_order ? i : 1 - i].lines[0];
+                EXPECT_NEAR(line.from.x, wanted[i].lines[0].from.x, 1e-12) << bearing;
+                EXPECT_NEAR(line.from.y, wanted[i].lines[0].from.y, 1e-12) << bearing;
+                EXPECT_NEAR(line.to.x, wanted[i].lines[0].to.x, 1e-12) << bearing;
+                EXPECT_NEAR(line.to.y, wanted[i].lines[0].to.y, 1e-12) << bearing;
+            }
+        }
     }
 }
 

@@ -31,6 +31,14 @@ class Excess {
 public:
     Excess(std::vector<Term> terms, const Wide& at_begin) : begin_(at_begin), terms_(std::move(terms)) {}
 
+    // Nothing can be told of others, however small the range.
+    bool is_finite() const
+    {
+        return std::isfinite(begin_.hi) && std::all_of(terms_.begin(), terms_.end(), [](const Term& term) {
+                   return std::isfinite(term.growth.hi) && std::isfinite(term.bend.hi);
+               });
+    }
+
     Wide at(const Wide& t) const
     {
         Wide sum = begin_;
@@ -348,7 +356,9 @@ public:
             const Range at = ranges.top();
             ranges.pop();
             if (at.end - at.begin == 1) {
-                look_between(Excess(profile_.terms(at.begin), state(at.begin).left), 0.0, 1.0, 0);
+                const Excess left(profile_.terms(at.begin), state(at.begin).left);
+                if (left.is_finite())
+                    look_between(left, 0.0, 1.0, 0);
                 continue;
             }
             const std::size_t middle = at.begin + (at.end - at.begin) / 2;
@@ -419,7 +429,10 @@ void turning_lines(const TurningProfile& profile, const TurningRequest& request,
 TurningZeros turning_zeros(std::vector<Term> terms, const Wide& begin, const Wide& end, const Wide& scale,
                            const Wide& granted)
 {
-    return Between(Excess(std::move(terms), begin), begin, end, scale, granted).run();
+    Excess excess(std::move(terms), begin);
+    if (!excess.is_finite())
+        return {};
+    return Between(std::move(excess), begin, end, scale, granted).run();
 }
 
 LeastAndMost least_and_most(const TurningProfile& profile, bool full_turn)

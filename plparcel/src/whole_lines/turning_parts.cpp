@@ -37,7 +37,8 @@ public:
         for (; ended_ < parts.size() && parts[parts_.to_[ended_]].to <= sector; ++ended_)
             row_of(parts_.to_[ended_]).erase(parts_.to_[ended_]);
         for (; begun_ < parts.size() && parts[parts_.from_[begun_]].from <= sector; ++begun_)
-            row_of(parts_.from_[begun_]).insert(parts_.from_[begun_]);
+            if (parts[parts_.from_[begun_]].to > sector)
+                row_of(parts_.from_[begun_]).insert(parts_.from_[begun_]);
     }
 
     const Row& row(bool ahead) const { return ahead ? ahead_ : behind_; }
@@ -204,12 +205,17 @@ std::vector<TurningParts::Met> TurningParts::met_first() const
         std::size_t sector;
         std::size_t ring;
     };
+    std::vector<std::size_t> next_thick(profile_.directions().size(), kNone);
+    for (std::size_t sector = next_thick.size() - 1; sector-- > 0;)
+        next_thick[sector] = is_thick(sector) ? sector : next_thick[sector + 1];
     std::vector<Begin> begins;
     for (std::size_t ring = 1; ring < rings_.rings(); ++ring) {
         std::size_t first[2] = {kNone, kNone};
         for (std::size_t i = first_of_ring_[ring]; i < first_of_ring_[ring + 1]; ++i) {
-            std::size_t& sector = first[profile_.parts()[i].ahead ? 0 : 1];
-            sector = std::min(sector, profile_.parts()[i].from);
+            const Part& part = profile_.parts()[i];
+            std::size_t& sector = first[part.ahead ? 0 : 1];
+            if (next_thick[part.from] < part.to)
+                sector = std::min(sector, next_thick[part.from]);
         }
         begins.push_back({first[0] != kNone ? first[0] : first[1], ring});
     }
