@@ -987,7 +987,8 @@ bool runs_as_asked(const Case& c, const Point& from, const Point& to)
 // The line through two points, prolonged or shortened to the boundary, as a cut of the ring.
 struct LineToTheBoundary {
     std::vector<Polygon> pieces;
-    Number off2[2];  // from each end to where the line meets the boundary; squared
+    Number off2[2];       // from each end to where the line meets the boundary; squared
+    std::size_t side[2];  // the sides that it meets there
 };
 
 LineToTheBoundary to_the_boundary(const Case& c, const Point& from, const Point& to)
@@ -1025,6 +1026,8 @@ LineToTheBoundary to_the_boundary(const Case& c, const Point& from, const Point&
         return {};
     LineToTheBoundary found;
     found.pieces = {piece_after(c, line), piece_after(c, reversed(line))};
+    found.side[0] = line.from_side;
+    found.side[1] = line.to_side;
     found.off2[0] = first_along * first_along * length2;
     found.off2[1] = (last_along - 1) * (last_along - 1) * length2;
     return found;
@@ -1049,8 +1052,12 @@ std::string objection_to_rounding(const Case& c, const Division& division)
     for (std::size_t i = 0; i < 2; ++i) {
         if (line.off2[i] <= reach * reach)
             continue;
-        // Rounded beside a corner that points into the parcel, the line ends where it is staked out.
         const Point end = exact(i == 0 ? division.lines[0].from : division.lines[0].to);
+        // Along a side, a hair decides where the line meets it.
+        const Number beside = c.rounding + 4 * c.spacing;
+        if (distance2(c.ring[line.side[i]], vertex(c.ring, line.side[i] + 1), end) <= beside * beside)
+            continue;
+        // Rounded beside a corner that points into the parcel, the line ends where it is staked out.
         const bool at_a_vertex = std::any_of(c.ring.begin(), c.ring.end(), [&](const Point& v) {
             return largest_of(v - end) <= c.rounding + 4 * c.spacing;
         });

@@ -1793,11 +1793,15 @@ std::string objection_to_part_through(Judged judged, const Pivot& pivot, const R
         const Point d = to - from;
         const Number off = cross(d, point - from);
         const Number reach = 16 * judged.spacing + 2 * judged.rounding;
-        const bool runs_through =
-            off * off <= reach * reach * dot(d, d) && dot(point - from, d) > 0 && dot(to - point, d) > 0;
+        // The point may lie so near to the boundary that the end is rounded past it.
+        const Number past = judged.rounding * Number(std::sqrt(dot(d, d).get_d()));
+        const bool runs_through = off * off <= reach * reach * dot(d, d) && dot(point - from, d) > -past &&
+                                  dot(to - point, d) > -past;
         // A place by its distance along a side is itself rounded, near half way between two doubles either way.
         const Number of_place = request.line.cut == Cut::through_place ? judged.spacing : Number(0);
-        const Number moved = of_place + judged.rounding;
+        // Decimals beside the spacing of doubles: the nearest double lies up to half a spacing from them.
+        const Number of_double = sgn(judged.rounding) > 0 ? Number(judged.spacing / 2) : Number(0);
+        const Number moved = of_place + judged.rounding + of_double;
         const bool starts_there = abs(from.x - point.x) <= moved && abs(from.y - point.y) <= moved;
         has_point = has_point || (pivot.on_boundary ? starts_there : runs_through);
     }
