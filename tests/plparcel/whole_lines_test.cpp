@@ -905,6 +905,48 @@ TEST(WholeLines, ALineThatTouchesATipInOneOfItsParts)
     }
 }
 
+// A side of a hole runs a hair off the line's direction. The line that holds the amount touches one end of the side; the one
+// at the level of the other end misses the amount by less than is granted, and passes.
+TEST(WholeLines, WhereTheLineTouchesAVertexTheOneAtTheNextVertexStandsIn)
+{
+    const Parcel lots[] = {
+        {{{100, 100},
+          {180.77221364362921, 100.00000008077221},
+          {180.7722135530141, 190.61510482564643},
+          {99.999999909384897, 190.6151047448742}},
+         {{{108.82842640458888, 117.25988073531724},
+           {105.55100635963774, 121.77086243097783},
+           {100.24802933149657, 120.04782074586412},
+           {100.24802933149657, 114.47194072477036},
+           {105.55100635963774, 112.74889903965665}},
+          {{136.39023102874125, 129.36744631484268},
+           {127.90656173029437, 144.06159257436488},
+           {110.93922313340062, 144.06159257436488},
+           {102.45555383495373, 129.36744631484268},
+           {110.9392231334006, 114.67330005532048},
+           {127.90656173029437, 114.67330005532048}}}},
+        {{{100, 100},
+          {148.89358501503483, 99.999999951106417},
+          {148.8935850502277, 135.19286161758617},
+          {100.00000003519285, 135.19286166647976}},
+         {{{145.45480592907836, 118.25428524826489},
+           {140.80833969312678, 124.6495973695084},
+           {133.29019939577833, 122.20680550785757},
+           {133.29019939577833, 114.30176498867222},
+           {140.80833969312678, 111.85897312702139}}}},
+    };
+    // What a perpendicular through that corner cuts off, to all digits.
+    const Amount amounts[] = {share(3760.2302317812564, 6517.730538890054),
+                              share(1171.5773814036338, 1613.1931163600871)};
+    const std::size_t sides[] = {1, 2};
+    for (std::size_t i = 0; i < 2; ++i) {
+        const double whole = check_parcel(lots[i]).area;
+        const Division division = cut(lots[i], perpendicular_to(sides[i]), {amounts[i]}, kHere, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << i << ": " << describe(division);
+        EXPECT_NEAR(division.pieces[0].area, amounts[i].first / amounts[i].second * whole, 1e-9 * whole) << i;
+    }
+}
+
 //   5 ---------- 4         The strip is as wide as from side 0 to the ledge 2-3, in a direction 2^-64 off the ledge's. Between
 //   |  | |_| |   |         the level of 3 and that of the corners in the hole's bay numbers of 106 bits hold no lines; along
 //   |  |_____|   3 --- 2   the ledge, which is longer, they do. The line ends at 3.

@@ -420,7 +420,8 @@ void PartLines::mark_neighbours(std::vector<Family>& found)
         family.stands_in = family.beside && held.count({family.left, family.right}) > 0;
 }
 
-// Halves the slabs of all families at once, until each has one left, and solves the quadratic in it.
+// Halves the slabs of all families at once, until each has one left, and solves the quadratic in it. The lines at the levels
+// of the vertices next to that one stand in for it.
 void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) const
 {
     const auto above = [this](const Family& family, const Question& question, const Wide& level) {
@@ -463,20 +464,32 @@ void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) con
         questions[i].right = all[i].right;
     }
     answer(request, questions);
-    for (std::size_t i = 0; i < all.size(); ++i) {
+    for (std::size_t i = 0, n = all.size(); i < n; ++i) {
         Family& family = all[i];
-        if (family.at_rim)
-            continue;
         const Wide& low = levels_[family.first_slab];
         const Wide& high = levels_[family.first_slab + 1];
-        const Wide height = high - low;
-        const Wide width_low = questions[i].sum.width_at(low);
-        const Wide widening = questions[i].sum.width_at(high) - width_low;
-        const Wide sunk = (above(family, questions[i], low) - family.wanted) / height;
-        const Wide under_root = width_low * width_low + widening * sunk * 2.0;
-        const Wide divisor = width_low + sqrt(under_root);
-        const Wide part = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
-        family.level = in_slab(family.first_slab, low + height * part);
+        const Wide over_at_low = above(family, questions[i], low) - family.wanted;
+        const Wide over_at_high = above(family, questions[i], high) - family.wanted;
+        if (!family.at_rim) {
+            const Wide height = high - low;
+            const Wide width_low = questions[i].sum.width_at(low);
+            const Wide widening = questions[i].sum.width_at(high) - width_low;
+            const Wide sunk = over_at_low / height;
+            const Wide under_root = width_low * width_low + widening * sunk * 2.0;
+            const Wide divisor = width_low + sqrt(under_root);
+            const Wide part = divisor > 0.0 ? sunk * 2.0 / divisor : Wide(0.0);
+            family.level = in_slab(family.first_slab, low + height * part);
+        }
+        const Family found = family;
+        for (const bool is_low : {true, false}) {
+            const Wide& level = is_low ? low : high;
+            const bool is_another = found.level < level || found.level > level;
+            if (is_another && !(abs(is_low ? over_at_low : over_at_high) > request.granted)) {
+                all.push_back(found);
+                all.back().level = level;
+                all.back().beside = all.back().stands_in = true;
+            }
+        }
     }
 }
 
