@@ -280,7 +280,7 @@ bool foot_of(const Judged& judged, const Point& end, const Point& other, Point& 
                 return false;
             const Number off_a = cross(other - end, a - end);
             const Number off_b = cross(other - end, b - end);
-            if (sgn(off_a) * sgn(off_b) >= 0)
+            if (sgn(off_a) * sgn(off_b) > 0 || off_a == off_b)
                 continue;
             const Number part = off_a / (off_a - off_b);
             const Point met = {a.x + (b.x - a.x) * part, a.y + (b.y - a.y) * part};
