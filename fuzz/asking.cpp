@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "fuzz/check.h"
@@ -11,6 +12,7 @@
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
 #include "plparcel/feasible.h"
+#include "plparcel/heights.h"
 #include "plparcel/neighbours.h"
 #include "plparcel/which_side.h"
 
@@ -203,6 +205,22 @@ void check_neighbours(Reader& in, const Parcel& parcel, const plparcel::Line& li
     check_with_points(shared, other);
 }
 
+// A vertex has the height of the first at its place; of a point on the way it lies between the least and the greatest.
+void check_heights(const Parcel& parcel, const PL_PNT2D_record& point, int decimals)
+{
+    std::vector<double> heights(parcel.outer.size());
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        heights[i] = static_cast<double>(i);
+    const plparcel::Heights known(parcel, heights, decimals);
+    for (std::size_t i = 0; i < heights.size(); ++i) {
+        const std::optional<double> height = known.at(parcel.outer[i]);
+        const bool finite = std::isfinite(parcel.outer[i].x) && std::isfinite(parcel.outer[i].y);
+        FUZZ_CHECK(height.has_value() == finite && (!finite || *height <= heights[i]));
+    }
+    const std::optional<double> height = known.at(point);
+    FUZZ_CHECK(!height || (*height >= 0.0 && *height <= static_cast<double>(heights.size())));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -242,5 +260,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const plparcel::Feasible any = plparcel::feasible(parcel, line, measured, plparcel::Pieces::any);
     FUZZ_CHECK(any.refusal ? any.ranges.empty() : any.ranges.size() == 1);
     check_neighbours(in, parcel, line, segments, distance);
+    check_heights(parcel, point, in.byte() % 10);
     return 0;
 }

@@ -221,6 +221,11 @@ class Division(_Frozen):
         return self._answer.at_amount
 
     @property
+    def answer(self) -> _layer.Division:
+        """The same as the functions of `plcalc.plparcel` take it, such as `new_points`."""
+        return self._answer
+
+    @property
     def line(self) -> _layer.Line:
         """The line that was asked for."""
         return self._asked[0]

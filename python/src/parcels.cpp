@@ -12,6 +12,7 @@
 #include "plparcel/division.h"
 #include "plparcel/extent.h"
 #include "plparcel/feasible.h"
+#include "plparcel/heights.h"
 #include "plparcel/neighbours.h"
 #include "plparcel/which_side.h"
 #include "records.h"
@@ -315,6 +316,11 @@ static void add_neighbours(py::module_& m)
           ReleaseGil());
     m.def("pieces_with_corners", &plparcel::pieces_with_corners, doc("plparcel::pieces_with_corners"),
           arg("parcel"), arg("division"), ReleaseGil());
+    py::class_<Heights>(m, "Heights", doc("plparcel::Heights"))
+        .def(py::init<const Parcel&, const std::vector<double>&, const std::optional<int>&, double>(),
+             arg("parcel"), arg("heights"), arg("decimals") = py::none(), arg("off_boundary") = 0.0,
+             ReleaseGil())
+        .def("at", &Heights::at, doc("plparcel::Heights::at"), arg("p"));
     py::class_<SharedSides>(m, "SharedSides", doc("plparcel::SharedSides"))
         .def(py::init([](std::vector<NewPoint> points, double within, const std::vector<Parcel>& layer) {
                  return SharedSides(std::move(points), within, [&](const SharedSides::Take& take) {

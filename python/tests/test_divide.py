@@ -463,6 +463,16 @@ def test_neighbours_get_the_new_points():
     assert {tuple(vertex) for vertex in told.parcel.outer} - corners == {(100, 90), (0, 90)}
 
 
+def test_heights_of_new_points():
+    lot = plcalc.parcel([(0, 0), (100, 0), (100, 50), (0, 50)])
+    heights = plparcel.Heights(lot, [10, 20, float("nan")])
+    line, = plcalc.divide(lot, perpendicular_to=0, share="1/4").lines
+    assert heights.at(line.start if line.start[1] == 0 else line.end) == pytest.approx(17.5)
+    assert heights.at((0, 0)) == 10
+    assert heights.at((100, 50)) is None and heights.at((50, 25)) is None
+    assert heights.at((50, 0.009)) is None and plparcel.Heights(lot, [10, 20], 2).at((50, 0.009)) == pytest.approx(15)
+
+
 def test_broken_text_of_many_vertices_is_refused_at_once():
     vertices = ",".join(f"{500000 + i} {4500000 + i * i}" for i in range(20000))
     with pytest.raises(ValueError, match="not the WKT"):

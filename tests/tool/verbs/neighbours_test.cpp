@@ -387,6 +387,12 @@ TEST_F(Neighbours, KeepHeightsHolesAndParts)
         EXPECT_TRUE(p.getZ() >= 10.0 && p.getZ() <= 20.0) << p.getZ();
     append(all, polygons("out.gpkg", "neighbours"));
     EXPECT_EQ(objection(all), "");
+    // Rounded points that lie well beside their sides have heights all the same.
+    const test::Result coarse =
+        divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o coarse.gpkg "
+                               "--pieces any --decimals 0 --tolerance 1%");
+    ASSERT_EQ(coarse.status, 0) << coarse.err;
+    EXPECT_TRUE(polygons("coarse.gpkg", "neighbours")[0]->Is3D());
     // One part is divided; the other is its neighbour no less than the rest.
     const test::Result part =
         divide("lots.geojson", "--feature 2 --part 2 --perpendicular 1 --share 1/2 --neighbours "

@@ -2,12 +2,12 @@
 
 // Heights of the points of a parcel's boundary.
 
-#include <cstddef>
 #include <optional>
 #include <vector>
 
 #include "answers/printed_division.h"
 #include "answers/question.h"
+#include "plparcel/heights.h"
 
 namespace tool {
 
@@ -24,30 +24,25 @@ struct Foot {
 
 Foot foot_on(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p);
 
-/// Tells the height of any point on a boundary whose vertices have heights. It refers to the parcel, which must
-/// outlive it.
+/// Tells the height of any point on a boundary whose vertices have heights: plparcel::Heights, of a parcel that may have none.
 class Heights {
 public:
-    /// @param[in] decimals  of the points that are asked for; none: as many as printed_division.h says
+    /// @param[in] decimals  of the points that are asked for; none: they have all their digits
     explicit Heights(const Parcel& parcel, const std::optional<int>& decimals = std::nullopt);
 
     /// Of a division: the ends of its lines and points of neighbours may lie as far off a side as they do in the answer.
     explicit Heights(const Answer& answer);
 
-    /// A vertex has its own. Between two vertices the height changes evenly along the side.
-    ///
-    /// @param[in] p  a point of the boundary, up to the rounding of its coordinates
-    /// @return nothing where the vertex, or an end of the side, has no height, and for a point inside
+    /// As plparcel::Heights::at(); nothing where the parcel has no heights.
     std::optional<double> at(const PL_PNT2D_record& p) const;
 
     /// Those of several points; nothing unless all have one.
     std::optional<std::vector<double>> at_all(const std::vector<PL_PNT2D_record>& points) const;
 
 private:
-    const Parcel& parcel_;
-    Corners corners_;
-    double reach_ = 0.0;                 // of a side, for points whose coordinates are rounded
-    std::vector<std::size_t> by_place_;  // the vertices in the order of their coordinates
+    Heights(const Parcel& parcel, const std::optional<int>& decimals, double off_boundary);
+
+    std::optional<plparcel::Heights> known_;
 };
 
 }  // namespace tool
