@@ -16,11 +16,16 @@
    <translation>Auch die Ergebnisse sind in diesem KBS.</translation>
   </message>
   <message>
+   <source>Lengths are in {unit}, and areas in squares of it.</source>
+   <translation>Längen sind in {unit}, Flächen im Quadrat davon.</translation>
+  </message>
+  <message>
    <source>Divides each parcel of a layer as asked, with proof.
 
 The line runs parallel to a side, at right angles to one, from a vertex, at a bearing or through a point. The side or the
 vertex has a number, is named by a column, or by what it is: the longest, the nearest to a point, the one that faces a
-bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second.
+bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second. Those of holes
+are numbered on.
 
 The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them. Each can
 come from a column.
@@ -30,16 +35,16 @@ is left), the area, what was asked, and the difference. Lines: with length and b
 Refused: parcels that no such line divides as asked, with the reason and what can be had.
 
 What is answered is proven: each piece holds its amount to a billionth of the parcel, or, with decimals, within the part of
-the parcel that is asked for.</source>
+the parcel that is asked for. Vertices keep their heights; along a side heights change evenly.</source>
    <translation>Teilt jedes Grundstück eines Layers wie verlangt, mit Nachweis.
 
-Die Linie verläuft parallel zu einer Seite, rechtwinklig zu ihr, von einer Ecke aus, in einem Richtungswinkel oder durch einen Punkt. Die Seite oder Ecke hat eine Nummer, eine Spalte nennt sie, oder das, was sie ist: die längste, die nächste bei einem Punkt, die in eine Richtung blickt oder an einem anderen Layer liegt. Seiten zählen ab 1: Seite 1 läuft von der ersten Ecke zur zweiten.
+Die Linie verläuft parallel zu einer Seite, rechtwinklig zu ihr, von einer Ecke aus, in einem Richtungswinkel oder durch einen Punkt. Die Seite oder Ecke hat eine Nummer, eine Spalte nennt sie, oder das, was sie ist: die längste, die nächste bei einem Punkt, die in eine Richtung blickt oder an einem anderen Layer liegt. Seiten zählen ab 1: Seite 1 läuft von der ersten Ecke zur zweiten. Die von Löchern zählen weiter.
 
 Verlangt werden Flächen im Quadrat der Einheit des KBS, Anteile am Grundstück, gleiche Teile, Breiten oder eine Liste davon. Jedes kann aus einer Spalte kommen.
 
 Teile: mit den Spalten ihres Grundstücks, seiner Nummer, der Nummer des Teils und der Nummer der Angabe (die letzte ist der Rest), der Fläche, dem Verlangten und dem Unterschied. Linien: mit Länge und Richtungswinkel in Gon. Punkte: die Enden der Linien. Abgelehnt: Grundstücke, die keine solche Linie wie verlangt teilt, mit dem Grund und dem, was zu haben ist.
 
-Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein Milliardstel des Grundstücks ein oder, mit Nachkommastellen, innerhalb des verlangten Teils davon.</translation>
+Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein Milliardstel des Grundstücks ein oder, mit Nachkommastellen, innerhalb des verlangten Teils davon. Ecken behalten ihre Höhen; entlang einer Seite ändern sich Höhen gleichmäßig.</translation>
   </message>
   <message>
    <source>Divide parcels</source>
@@ -62,12 +67,16 @@ Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein M
    <translation>Abgelehnt</translation>
   </message>
   <message>
-   <source>The heights of the vertices are left out.</source>
-   <translation>Die Höhen der Ecken bleiben weg.</translation>
+   <source>The measures (M) of the vertices are left out.</source>
+   <translation>Die Messwerte (M) der Ecken bleiben weg.</translation>
   </message>
   <message>
    <source>{divided} parcels are divided, {refused} are refused.</source>
    <translation>{divided} Grundstücke sind geteilt, {refused} sind abgelehnt.</translation>
+  </message>
+  <message>
+   <source>{count} corners of pieces have no height, for a vertex at one of the two ends of their side has none, or they lie inside the parcel.</source>
+   <translation>{count} Ecken von Teilen haben keine Höhe, weil eine Ecke an einem der beiden Enden ihrer Seite keine hat oder weil sie im Innern des Grundstücks liegen.</translation>
   </message>
   <message>
    <source>Lists what a line can cut off each parcel: ranges of areas, a row for each.
@@ -157,8 +166,32 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Der Layer {name} kann nicht bearbeitet werden.</translation>
   </message>
   <message>
+   <source>Click on a side or a corner.</source>
+   <translation>Klicken Sie auf eine Seite oder eine Ecke.</translation>
+  </message>
+  <message>
+   <source>Click on a corner, or on a side.</source>
+   <translation>Klicken Sie auf eine Ecke oder eine Seite.</translation>
+  </message>
+  <message>
+   <source>Write the bearing, or click on a side.</source>
+   <translation>Schreiben Sie den Richtungswinkel, oder klicken Sie auf eine Seite.</translation>
+  </message>
+  <message>
+   <source>Click on the point.</source>
+   <translation>Klicken Sie auf den Punkt.</translation>
+  </message>
+  <message>
    <source>Divide a parcel</source>
    <translation>Ein Grundstück teilen</translation>
+  </message>
+  <message>
+   <source>Clockwise from North; a click on a side takes its bearing. Of lines through a point, the first one from here on counts.</source>
+   <translation>Im Uhrzeigersinn von Norden; ein Klick auf eine Seite übernimmt den ihren. Von Linien durch einen Punkt zählt die erste von hier an.</translation>
+  </message>
+  <message>
+   <source>E, N: write it, or click on it</source>
+   <translation>E, N: schreiben oder anklicken</translation>
   </message>
   <message>
    <source>all digits</source>
@@ -189,6 +222,14 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Die Linie verläuft</translation>
   </message>
   <message>
+   <source>Bearing</source>
+   <translation>Richtungswinkel</translation>
+  </message>
+  <message>
+   <source>The point</source>
+   <translation>Der Punkt</translation>
+  </message>
+  <message>
    <source>What is asked</source>
    <translation>Verlangt ist</translation>
   </message>
@@ -217,20 +258,8 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Rest</translation>
   </message>
   <message>
-   <source>parallel to the side</source>
-   <translation>parallel zur Seite</translation>
-  </message>
-  <message>
-   <source>at right angles to the side</source>
-   <translation>rechtwinklig zur Seite</translation>
-  </message>
-  <message>
    <source>Parcel {name}</source>
    <translation>Grundstück {name}</translation>
-  </message>
-  <message>
-   <source>Click on a side or a corner.</source>
-   <translation>Klicken Sie auf eine Seite oder eine Ecke.</translation>
   </message>
   <message>
    <source>Line from {start} to {end}</source>
@@ -265,6 +294,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Die Enden haben {used} Nachkommastellen: mit {asked} hält keine Linie die Flächen so genau ein.</translation>
   </message>
   <message>
+   <source>The layer of new points has no heights: they are left out there.</source>
+   <translation>Der Layer der neuen Punkte hat keine Höhen: dort bleiben sie weg.</translation>
+  </message>
+  <message>
    <source>Make a layer of polygons the current one.</source>
    <translation>Wählen Sie einen Layer mit Polygonen als aktuellen Layer.</translation>
   </message>
@@ -273,8 +306,28 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Geteilt. Neue Objekte: {pieces}; Nachbarn mit neuen Punkten: {neighbours}; Punkte: {points}. Spalten mit Flächen werden nicht neu berechnet.</translation>
   </message>
   <message>
+   <source>New points without a height or a measure: {count}.</source>
+   <translation>Neue Punkte ohne Höhe oder Messwert: {count}.</translation>
+  </message>
+  <message>
+   <source>New points so near to a neighbour's corner that they were not inserted: {count}.</source>
+   <translation>Neue Punkte, die so nahe bei der Ecke eines Nachbarn liegen, dass sie dort nicht eingefügt wurden: {count}.</translation>
+  </message>
+  <message>
+   <source>Boundaries that would meet themselves with the new points, and have not got them: {count}.</source>
+   <translation>Grenzen, die sich mit den neuen Punkten selbst träfen und sie nicht bekommen haben: {count}.</translation>
+  </message>
+  <message>
+   <source>Features beside it that are no parcels, and have got no points: {count}.</source>
+   <translation>Objekte daneben, die keine Grundstücke sind und keine Punkte bekommen haben: {count}.</translation>
+  </message>
+  <message>
    <source>Side {number}: length {length:.3f}, bearing {bearing:.4f} gon</source>
    <translation>Seite {number}: Länge {length:.3f}, Richtungswinkel {bearing:.4f} gon</translation>
+  </message>
+  <message>
+   <source>The point cannot be read: write it as E, N.</source>
+   <translation>Der Punkt ist nicht lesbar: schreiben Sie ihn als E, N.</translation>
   </message>
   <message>
    <source>Corner {number}: E {x:.3f}, N {y:.3f}</source>
@@ -313,12 +366,16 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>{crs} zeigt Längen hier {length:.4f}-mal so lang, wie sie sind, und Flächen {area:.4f}-mal so groß. Nehmen Sie die UTM-Zone des Ortes oder ein örtliches System, oder kreuzen Sie an, dass es so gemeint ist.</translation>
   </message>
   <message>
+   <source>its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, or tick that this is meant</source>
+   <translation>seine Koordinaten sehen wie Grad aus, und der Layer hat kein KBS, das sagt, dass sie eben sind: geben Sie ihm sein KBS, oder haken Sie an, dass es so gemeint ist</translation>
+  </message>
+  <message>
    <source>The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane CRS, such as the UTM zone of the place, or reproject the layer.</source>
    <translation>Die Koordinaten des Layers sind Grad ({crs}); darin gibt es keine Flächen. Geben Sie dem Projekt ein ebenes KBS, etwa die UTM-Zone des Ortes, oder projizieren Sie den Layer.</translation>
   </message>
   <message>
-   <source>The Python package plcalc is missing: the program of that name is asked. It tells no bearings, and only lengths of lines in one part.</source>
-   <translation>Das Python-Paket plcalc fehlt: das gleichnamige Programm wird gefragt. Es nennt keine Richtungswinkel und Längen nur von Linien in einem Stück.</translation>
+   <source>The Python package plcalc is missing: the program of that name is asked. Bearings, and lengths of lines in several parts, have the decimals that it prints.</source>
+   <translation>Das Python-Paket plcalc fehlt: das gleichnamige Programm wird gefragt. Richtungswinkel, und Längen von Linien in mehreren Stücken, haben die Nachkommastellen, die es schreibt.</translation>
   </message>
   <message>
    <source>The program plcalc does not list what a line can cut off. Install the Python package plcalc.</source>
@@ -341,8 +398,8 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>das Programm plcalc sucht Linien durch einen Punkt von Nord an: lassen Sie den Richtungswinkel bei 0, oder installieren Sie das Python-Paket plcalc</translation>
   </message>
   <message>
-   <source>there is no side or vertex of the number {number} on the outer ring</source>
-   <translation>auf dem Außenring gibt es keine Seite oder Ecke mit der Nummer {number}</translation>
+   <source>the program plcalc does not tell which points the neighbours get: install a newer one, or the Python package plcalc</source>
+   <translation>das Programm plcalc sagt nicht, welche Punkte die Nachbarn bekommen: installieren Sie ein neueres oder das Python-Paket plcalc</translation>
   </message>
   <message>
    <source>'{text}' is no amount; write it as 1000, 40x25, 1/3 or 25%</source>
@@ -445,20 +502,20 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>der nicht weiter entfernt liegt als</translation>
   </message>
   <message>
-   <source>with decimals, a piece may miss this part of the parcel</source>
-   <translation>mit Nachkommastellen darf ein Teil um so viel des Grundstücks abweichen</translation>
-  </message>
-  <message>
-   <source>nothing is there</source>
-   <translation>es steht nichts da</translation>
-  </message>
-  <message>
    <source>or the column that says how much</source>
    <translation>oder die Spalte, die sagt, wie viel</translation>
   </message>
   <message>
    <source>Decimals to which lines are staked out (none: all digits)</source>
    <translation>Nachkommastellen, auf die abgesteckt wird (leer: alle Stellen)</translation>
+  </message>
+  <message>
+   <source>with decimals, a piece may miss this part of the parcel</source>
+   <translation>mit Nachkommastellen darf ein Teil um so viel des Grundstücks abweichen</translation>
+  </message>
+  <message>
+   <source>nothing is there</source>
+   <translation>es steht nichts da</translation>
   </message>
   <message>
    <source>Say where the point is.</source>

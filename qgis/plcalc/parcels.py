@@ -1,8 +1,11 @@
 """Features as parcels: plane coordinates, one ring and its holes, and why a feature is none."""
 
-from qgis.core import (QgsCoordinateTransform, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsPointXY,
-                       QgsProcessingFeatureSource, QgsWkbTypes)
+import math
 
+from qgis.core import (QgsCoordinateTransform, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsLineString, QgsMultiLineString,
+                       QgsPoint, QgsPointXY, QgsPolygon, QgsProcessingFeatureSource, QgsWkbTypes)
+
+from .answers import Shape
 from .words import tr
 
 # A plane that stretches lengths by more than this is no plane to divide land in.
@@ -16,7 +19,14 @@ def features_of(source, request=None):
 
 
 class Unusable(Exception):
-    """A feature that is no parcel; the text says why."""
+    """A feature that is no parcel; the text says why.
+
+    outline: a polygon in the plane that shows where it lies, or None
+    """
+
+    def __init__(self, why, outline=None):
+        super().__init__(why)
+        self.outline = outline
 
 
 class NoPlane(Exception):
@@ -32,7 +42,7 @@ class Plane:
 
     def __init__(self, crs, extent, of_project, transforms, any_scale=False):
         self.crs, self.note = crs, None
-        self._there = None
+        self._there, self._any_scale = None, any_scale
         if crs.isGeographic():
             if not of_project.isValid() or of_project.isGeographic():
                 raise NoPlane(tr("The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane "
@@ -61,11 +71,26 @@ class Plane:
         """A point of the plane in the layer's own coordinates."""
         return point if self._there is None else self._there.transform(point, QgsCoordinateTransform.ReverseTransform)
 
+    def in_layer(self, length, at):
+        """How long a length of the plane is at least, in the units of the layer, round a point of the layer."""
+        if self._there is None:
+            return length
+        here = self._there.transform(at)
+        ends = [self.back(QgsPointXY(here.x() + dx * length, here.y() + dy * length)) for dx, dy in ((1, 0), (0, 1))]
+        return max(max(abs(end.x() - at.x()), abs(end.y() - at.y())) for end in ends)
+
     def to(self, crs, transforms):
         """What takes points of the plane to another system; as they are where one of the two is not known."""
         if not crs.isValid() or not self.crs.isValid() or crs == self.crs:
             return lambda point: point
         return QgsCoordinateTransform(self.crs, crs, transforms).transform
+
+    def is_parcel(self, feature):
+        """Whether it has polygons."""
+        try:
+            return bool(self.parcels_of(feature))
+        except Unusable:
+            return False
 
     def parcels_of(self, feature):
         """Each polygon of a feature, as QgsGeometry in the plane.
@@ -77,10 +102,30 @@ class Plane:
             raise Unusable(tr("there is no geometry"))
         if geometry.type() != QgsWkbTypes.PolygonGeometry:
             raise Unusable(tr("it is no polygon"))
-        if QgsWkbTypes.isCurvedType(geometry.wkbType()):
-            raise Unusable(tr("its boundary has arcs: give them corners first, with the algorithm Segmentize"))
         self._moved(geometry)
-        return [part for part in geometry.asGeometryCollection() if not part.isEmpty()]
+        if QgsWkbTypes.isCurvedType(geometry.wkbType()):
+            chords = QgsGeometry(geometry.constGet().segmentize()).asGeometryCollection()
+            raise Unusable(tr("its boundary has arcs: give them corners first, with the algorithm Segmentize"),
+                           max(chords, key=lambda part: part.area()))
+        parts = [part for part in geometry.asGeometryCollection() if not part.isEmpty()]
+        if not self.crs.isValid() and not self._any_scale:
+            self._require_no_degrees(parts)
+        return parts
+
+    @staticmethod
+    def _require_no_degrees(parts):
+        for part in parts:
+            if look_like_degrees(part.boundingBox()):
+                raise Unusable(tr("its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, "
+                                  "or tick that this is meant"), part)
+
+
+def look_like_degrees(box):
+    """Whether a parcel that comes without a CRS has longitudes and latitudes all the same, by its box: less than a tenth of a unit
+    large, and ten times as far from the origin as it is large. The program has the same rule."""
+    across = max(box.width(), box.height())
+    far = max(abs(box.xMinimum()), abs(box.xMaximum())), max(abs(box.yMinimum()), abs(box.yMaximum()))
+    return far[0] <= 360.0 and far[1] <= 90.0 and 0.0 < across < 0.1 and max(far) > 10.0 * across
 
 
 def scale_at(crs, at, transforms):
@@ -103,9 +148,55 @@ def rings_of(geometry):
     return [[(point.x(), point.y()) for point in ring[:-1]] for ring in geometry.asPolygon()]
 
 
-def polygon_of(rings):
-    return QgsGeometry.fromPolygonXY([[QgsPointXY(x, y) for x, y in [*ring, ring[0]]] for ring in rings])
+def heights_of(geometry):
+    """The heights of the same vertices, None for one that has none; None where the polygon has no heights."""
+    polygon = geometry.constGet()
+    if not polygon.is3D():
+        return None
+    rings = [polygon.exteriorRing(), *(polygon.interiorRing(number) for number in range(polygon.numInteriorRings()))]
+    return [[known(point.z()) for point in ring.points()[:-1]] for ring in rings]
 
 
-def line_of(segments):
-    return QgsGeometry.fromMultiPolylineXY([[QgsPointXY(*start), QgsPointXY(*end)] for start, end in segments])
+def known(value):
+    """A height or a measure, or None for none."""
+    return value if math.isfinite(value) else None
+
+
+def shape_of(geometry):
+    return Shape(rings_of(geometry), heights_of(geometry))
+
+
+def point_of(vertex, height):
+    """A point with its height, which is NaN where it is not known."""
+    point = QgsPoint(*vertex)
+    point.addZValue(math.nan if height is None else height)
+    return point
+
+
+def polygon_of(shape):
+    """A polygon, with heights where the shape has some."""
+    if shape.heights is None:
+        return QgsGeometry.fromPolygonXY([[QgsPointXY(x, y) for x, y in [*ring, ring[0]]] for ring in shape.rings])
+    polygon = QgsPolygon()
+    for ring, heights in zip(shape.rings, shape.heights):
+        points = [point_of(vertex, height) for vertex, height in zip(ring, heights)]
+        add_ring(polygon, [*points, points[0]])
+    return QgsGeometry(polygon)
+
+
+def add_ring(polygon, points):
+    """The outer ring, and then those of holes."""
+    if polygon.exteriorRing() is None:
+        polygon.setExteriorRing(QgsLineString(points))
+    else:
+        polygon.addInteriorRing(QgsLineString(points))
+
+
+def line_of(line):
+    """The segments of a dividing line, with heights where it has some."""
+    if line.heights is None:
+        return QgsGeometry.fromMultiPolylineXY([[QgsPointXY(*start), QgsPointXY(*end)] for start, end in line.segments])
+    lines = QgsMultiLineString()
+    for ends, heights in zip(line.segments, line.heights):
+        lines.addGeometry(QgsLineString([point_of(*end) for end in zip(ends, heights)]))
+    return QgsGeometry(lines)

@@ -11,8 +11,8 @@ import tempfile
 from qgis.core import QgsVectorLayer
 
 from .answers import (ALONG, BEARING, FACING, LONGEST, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, SHORTEST, VERTEX,
-                      Division, DividingLine, Measure, Piece, Side)
-from .parcels import rings_of
+                      Division, DividingLine, Measure, Piece, Shape, Shared, Side)
+from .parcels import known, shape_of
 from .words import tr
 
 # Parcels in one call: many, for starting the program takes as long as dividing some hundred; few, for a run can be cancelled
@@ -31,25 +31,26 @@ class Program:
         "feasible": tr("The program plcalc does not list what a line can cut off. Install the Python package plcalc."),
         "stakeout": tr("The program plcalc gives no bearings of points, and rounds angles. Install the Python package plcalc."),
     }
-    note = tr("The Python package plcalc is missing: the program of that name is asked. It tells no bearings, and only lengths of "
-              "lines in one part.")
+    note = tr("The Python package plcalc is missing: the program of that name is asked. Bearings, and lengths of lines in several "
+              "parts, have the decimals that it prints.")
 
     def __init__(self, path):
         self._path = path
 
-    def divide(self, rings, asked):
-        (_, division), = self.divide_all([(None, rings, asked)])
+    def divide(self, shape, asked):
+        (_, division), = self.divide_all([(None, shape, asked)])
         return division
 
     def divide_all(self, requests):
-        """(key, Division) of each (key, rings, asked), in their order."""
+        """(key, Division) of each (key, shape, asked), in their order."""
         for batch in _batches(requests):
             by_request = {}
-            for place, (_, rings, asked) in enumerate(batch):
-                by_request.setdefault(asked, []).append((place, rings))
+            for place, (_, shape, asked) in enumerate(batch):
+                # Of a table in which one vertex has no height, the program leaves out all of them.
+                by_request.setdefault((asked, _is_high(shape)), []).append((place, shape))
             answers = {}
-            for asked, parcels in by_request.items():
-                answers.update(zip((place for place, _ in parcels), self._divided(asked, [rings for _, rings in parcels])))
+            for (asked, _), parcels in by_request.items():
+                answers.update(zip((place for place, _ in parcels), self._divided(asked, [shape for _, shape in parcels])))
             for place, (key, _, _) in enumerate(batch):
                 yield key, answers[place]
 
@@ -61,7 +62,7 @@ class Program:
         """(key, Measure) of each (key, rings), in their order. Figures have the decimals that the program prints."""
         for batch in _batches(parcels):
             with tempfile.TemporaryDirectory() as folder:
-                reports = self._run("measure", folder, [rings for _, rings in batch], [])
+                reports = self._run("measure", folder, [Shape(rings) for _, rings in batch], [])["parcels"]
             for (key, rings), report in zip(batch, reports):
                 yield key, _measure(rings, report)
 
@@ -69,35 +70,74 @@ class Program:
         with tempfile.TemporaryDirectory() as folder:
             try:
                 options = _options(asked, folder)
-                _check_sides(asked, parcels)
             except Unasked as why:
                 return [Division("no_request", str(why))] * len(parcels)
             out = os.path.join(folder, "divided.gpkg")
-            reports = self._run("divide", folder, parcels, [*options, "-o", out])
+            reports = self._run("divide", folder, parcels, [*options, "-o", out])["parcels"]
             pieces, lines = _features(out, "pieces"), _features(out, "lines")
-        return [_division(report, pieces.get(number, []), lines.get(number, []))
-                for number, report in enumerate(reports, 1)]
+        segments = [_segments(lines.get(number, [])) for number in range(1, len(parcels) + 1)]
+        told = iter(self._lines([line for lines in segments for line in lines]))
+        return [_division(report, shape, asked, pieces.get(number, []), list(itertools.islice(told, len(segments[number - 1]))))
+                for number, (report, shape) in enumerate(zip(reports, parcels), 1)]
 
-    def _run(self, verb, folder, parcels, options):
-        """What the program reports of each parcel."""
+    def shared(self, division, neighbours, within):
+        """A Shared: what is written of a division, and of each Shape beside it.
+
+        within: boundaries no farther apart are one
+        """
+        shape, asked = division.proof
+        with tempfile.TemporaryDirectory() as folder:
+            out = os.path.join(folder, "divided.gpkg")
+            options = [*_options(asked, folder), "--feature", "1", "--neighbours", "--shared-within", repr(within), "-o", out]
+            told = self._run("divide", folder, [shape, *neighbours], options, 1).get("neighbours")
+            if told is None:
+                raise Unasked(tr("the program plcalc does not tell which points the neighbours get: install a newer one, or the Python "
+                                 "package plcalc"))
+            pieces, others = _features(out, "pieces"), _features(out, "neighbours")
+        return Shared([_with_heights(feature, shape) for feature in pieces[1]],
+                      [_with_heights(others[number][0], neighbour) if number in others else None
+                       for number, neighbour in enumerate(neighbours, 2)], told["points_beside"], told["left_out"])
+
+    def along(self, parcel, values, decimals, off=0.0):
+        """The program knows of no numbers that vertices have but heights, which are in its answers."""
+        return None
+
+    def _lines(self, lines):
+        """The DividingLine of each of `lines`, (segments, length or None, heights). What the program measures are triangles whose
+        first side runs from end to end."""
+        triangles = []
+        for segments, _, _ in lines:
+            (x0, y0), (x1, y1) = segments[0][0], segments[-1][1]
+            triangles.append([[(x0, y0), (x1, y1), (x1 - (y1 - y0), y1 + (x1 - x0))]])
+        for (segments, length, heights), (_, measure) in zip(lines, self.measure_all(zip(lines, triangles))):
+            side = measure.sides[0][0] if measure.sides else Side(None, None)
+            yield DividingLine(segments[0][0], segments[-1][1], segments, side.length if length is None else length, side.bearing,
+                               heights)
+
+    def _run(self, verb, folder, parcels, options, wanted=None):
+        """What the program reports.
+
+        wanted: of how many parcels; of all without it
+        """
+        wanted = len(parcels) if wanted is None else wanted
         table = os.path.join(folder, "parcels.csv")
         with open(table, "w", encoding="utf-8") as file:
             file.write("id,WKT\n")
-            file.writelines(f'{number},"{_wkt(rings)}"\n' for number, rings in enumerate(parcels))
+            file.writelines(f'{number},"{_wkt(shape)}"\n' for number, shape in enumerate(parcels))
         # What is written lives for a moment, and need not survive a loss of power.
         environment = {**os.environ, "OGR_SQLITE_SYNCHRONOUS": "OFF"}
         done = subprocess.run([self._path, verb, table, *options, "--json"], capture_output=True, text=True, env=environment,
                               encoding="utf-8", check=False, creationflags=getattr(subprocess, "CREATE_NO_WINDOW", 0))
         try:
-            reports = json.loads(done.stdout)["parcels"] if done.stdout else []
+            report = json.loads(done.stdout) if done.stdout else {}
+            if len(report["parcels"]) == wanted:
+                return report
         except (ValueError, LookupError, TypeError):
-            reports = []
-        if len(reports) == len(parcels):
-            return reports
+            pass
         # Of a request that is none, and of a single parcel that is none, there is a message only.
         ended = tr("{program} gave no answer that can be read, and ended with status {status}").format(program=self._path,
                                                                                                      status=done.returncode)
-        return [{"status": "refused", "reason": done.stderr.strip() or ended}] * len(parcels)
+        return {"parcels": [{"status": "refused", "reason": done.stderr.strip() or ended}] * wanted}
 
 
 def _batches(rows):
@@ -105,8 +145,17 @@ def _batches(rows):
     return iter(lambda: list(itertools.islice(rows, _BATCH)), [])
 
 
-def _wkt(rings):
-    return "POLYGON (" + ", ".join("(" + ", ".join(f"{x!r} {y!r}" for x, y in [*ring, *ring[:1]]) + ")" for ring in rings) + ")"
+def _is_high(shape):
+    """Whether every vertex has a height."""
+    return shape.heights is not None and not any(height is None for ring in shape.heights for height in ring)
+
+
+def _wkt(shape):
+    rings = [[" ".join(map(repr, vertex)) for vertex in ring] for ring in shape.rings]
+    if _is_high(shape):
+        rings = [[f"{vertex} {height!r}" for vertex, height in zip(*each)] for each in zip(rings, shape.heights)]
+    kind = "POLYGON Z" if _is_high(shape) else "POLYGON"
+    return f"{kind} (" + ", ".join("(" + ", ".join([*ring, *ring[:1]]) + ")" for ring in rings) + ")"
 
 
 def _options(asked, folder):
@@ -169,13 +218,6 @@ def _amount_options(amount):
     return ["--areas", ",".join(value)]
 
 
-def _check_sides(asked, parcels):
-    """The program numbers the vertices of holes on; here a number is one of the outer ring."""
-    line = asked.line
-    if line.by == NUMBER and any(line.value > len(rings[0]) and len(rings) > 1 for rings in parcels):
-        raise Unasked(tr("there is no side or vertex of the number {number} on the outer ring").format(number=line.value))
-
-
 def _features(path, name):
     """The features of each parcel, by its number."""
     found = {}
@@ -191,22 +233,35 @@ def _reason(report):
     return re.sub(r"^(plcalc: )?.*?: feature \d+: ", "", report["reason"], count=1)
 
 
-def _division(report, pieces, lines):
+def _segments(features):
+    """The lines of a parcel: (segments, length or None, heights or None)."""
+    found = {}
+    for feature in features:
+        line = feature.geometry()
+        points = list(line.vertices())
+        heights = tuple(known(point.z()) for point in points) if line.constGet().is3D() else None
+        found.setdefault(feature["line"], []).append((tuple((point.x(), point.y()) for point in points), feature["length"], heights))
+    return [(tuple(ends for ends, _, _ in parts), parts[0][1] if len(parts) == 1 else None,
+             [heights or (None, None) for _, _, heights in parts] if any(heights for _, _, heights in parts) else None)
+            for _, parts in sorted(found.items())]
+
+
+def _with_heights(feature, shape):
+    """The polygon of an answer about a shape. Where a height is not known the program leaves out those of the whole ring;
+    vertices of the shape keep theirs."""
+    found = shape_of(feature.geometry())
+    if shape.heights is None or found.heights is not None:
+        return found
+    at = {vertex: height for ring in zip(shape.rings, shape.heights) for vertex, height in zip(*ring)}
+    return Shape(found.rings, [[at.get(vertex) for vertex in ring] for ring in found.rings])
+
+
+def _division(report, shape, asked, pieces, lines):
     if report["status"] != "divided":
         return Division("refused", _reason(report))
-    segments = {}
-    for feature in lines:
-        ends = tuple((point.x(), point.y()) for point in feature.geometry().asPolyline())
-        segments.setdefault(feature["line"], []).append((ends, feature["length"]))
-    return Division("divided", pieces=[Piece(rings_of(feature.geometry()), feature["amount"] - 1, feature["area"], feature["asked"],
+    return Division("divided", pieces=[Piece(_with_heights(feature, shape), feature["amount"] - 1, feature["area"], feature["asked"],
                                              feature["residual"]) for feature in pieces],
-                    lines=[_line(parts) for _, parts in sorted(segments.items())], decimals=report["decimals"])
-
-
-def _line(parts):
-    """A line of (segment, length)."""
-    segments = tuple(segment for segment, _ in parts)
-    return DividingLine(segments[0][0], segments[-1][1], segments, parts[0][1] if len(parts) == 1 else None, None)
+                    lines=lines, decimals=report["decimals"], proof=(shape, asked))
 
 
 def _measure(rings, report):

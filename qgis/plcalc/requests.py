@@ -28,11 +28,6 @@ def translated(texts):
     return [tr(text) for text in texts]
 
 
-def _optional(parameter):
-    parameter.setFlags(parameter.flags() | parameter.FlagOptional)
-    return parameter
-
-
 def line_parameters():
     yield QgsProcessingParameterEnum("LINE", tr("The line runs"), translated(LINES), defaultValue=PARALLEL)
     yield QgsProcessingParameterEnum("CHOICE", tr("The side, or the vertex, is"), translated(CHOICES), defaultValue=LONGEST)
@@ -54,10 +49,10 @@ def line_parameters():
 def amount_parameters():
     yield QgsProcessingParameterEnum("AMOUNT", tr("What is asked"), translated(AMOUNTS), defaultValue=SHARE)
     yield QgsProcessingParameterString("VALUE", tr("how much"), defaultValue="1/2", optional=True)
-    yield _optional(QgsProcessingParameterField("VALUE_COLUMN", tr("or the column that says how much"),
-                                                parentLayerParameterName="INPUT"))
-    yield _optional(QgsProcessingParameterNumber("DECIMALS", tr("Decimals to which lines are staked out (none: all digits)"),
-                                                 minValue=0, maxValue=17))
+    yield QgsProcessingParameterField("VALUE_COLUMN", tr("or the column that says how much"), parentLayerParameterName="INPUT",
+                                      optional=True)
+    yield QgsProcessingParameterNumber("DECIMALS", tr("Decimals to which lines are staked out (none: all digits)"), optional=True,
+                                       minValue=0, maxValue=17)
     yield QgsProcessingParameterNumber("TOLERANCE", tr("with decimals, a piece may miss this part of the parcel"),
                                        QgsProcessingParameterNumber.Double, defaultValue=1e-6, minValue=0.0)
 

@@ -3,8 +3,9 @@
 import collections
 
 from qgis.core import (QgsFillSymbol, QgsLineSymbol, QgsMarkerSymbol, QgsPalLayerSettings,
-                       QgsProcessingLayerPostProcessorInterface, QgsSingleSymbolRenderer, QgsTextBufferSettings,
+                       QgsProcessingLayerPostProcessorInterface, QgsProject, QgsSingleSymbolRenderer, QgsTextBufferSettings,
                        QgsTextFormat, QgsVectorLayerSimpleLabeling)
+from qgis.PyQt.QtCore import QTimer
 
 
 def _area(field):
@@ -31,15 +32,35 @@ STYLES = {
 _kept = collections.deque(maxlen=256)
 
 
-class Styled(QgsProcessingLayerPostProcessorInterface):
-    """Gives a layer its symbol and its labels.
+# From above. What is refused must be seen, and no fill may cover a line.
+_FROM_ABOVE = ("REFUSED", "POINTS", "LINES", "PIECES")
 
-    own: the name of each of our columns as the layer has it
+
+def _arrange(run):
+    """Brings the results of a run into their order where they stand together in the tree of layers: QGIS has one of its own."""
+    tree = QgsProject.instance().layerTreeRoot()
+    nodes = [node for node in (tree.findLayer(run[name]) for name in _FROM_ABOVE if name in run) if node is not None]
+    if not nodes or any(node.parent() != nodes[0].parent() for node in nodes):
+        return
+    group = nodes[0].parent()
+    places = [group.children().index(node) for node in nodes]
+    if places == sorted(places):
+        return
+    for number, node in enumerate(nodes):
+        group.insertChildNode(min(places) + number, node.clone())
+    for node in nodes:
+        group.removeChildNode(node)
+
+
+class Styled(QgsProcessingLayerPostProcessorInterface):
+    """Gives a layer its symbol and its labels, and its place among the results of its run.
+
+    own: the name of each of our columns as the layer has it; run: the layers of the run by the names of their results
     """
 
-    def __init__(self, result, own):
+    def __init__(self, result, own, run):
         super().__init__()
-        self._result, self._own = result, own
+        self._result, self._own, self._run = result, own, run
         _kept.append(self)
 
     def postProcessLayer(self, layer, context, feedback):
@@ -58,3 +79,5 @@ class Styled(QgsProcessingLayerPostProcessorInterface):
         layer.setLabeling(QgsVectorLayerSimpleLabeling(settings))
         layer.setLabelsEnabled(True)
         layer.triggerRepaint()
+        self._run[self._result] = layer.id()
+        QTimer.singleShot(0, lambda: _arrange(self._run))  # newer versions of QGIS put layers into the tree after this

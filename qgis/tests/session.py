@@ -1,6 +1,7 @@
 """The QGIS without a window in which all tests run, and layers for them."""
 
 import atexit
+import math
 import os
 
 from qgis.core import QgsApplication, QgsFeature, QgsGeometry, QgsVectorLayer
@@ -39,11 +40,21 @@ def layer_of(crs, rows, kind="Polygon", columns=""):
     for wkt, *values in rows:
         feature = QgsFeature(layer.fields())
         if wkt is not None:
-            feature.setGeometry(QgsGeometry.fromWkt(wkt))
+            feature.setGeometry(geometry_of(wkt))
         feature.setAttributes(values)
         features.append(feature)
     assert layer.dataProvider().addFeatures(features)[0]
     return layer
+
+
+def geometry_of(wkt):
+    """A geometry in which a height of -9999 is none."""
+    geometry = QgsGeometry.fromWkt(wkt)
+    for number, vertex in enumerate(list(geometry.vertices())):
+        if vertex.z() == -9999.0:
+            vertex.setZ(math.nan)
+            geometry.moveVertex(vertex, number)
+    return geometry
 
 
 def values(layer, *names):

@@ -1,5 +1,6 @@
 """The plug-in as it is installed from its zip, in a QGIS without a window."""
 
+import math
 import os
 import tempfile
 import unittest
@@ -7,13 +8,18 @@ import unittest
 import plcalc
 import session
 from qgis.core import (QgsApplication, QgsCoordinateReferenceSystem, QgsFields, QgsProcessingContext, QgsProcessingException,
-                       QgsProcessingFeedback, QgsProject, QgsVectorFileWriter, QgsVectorLayer, QgsWkbTypes)
+                       QgsProcessingFeedback, QgsProcessingModelAlgorithm, QgsProcessingModelChildAlgorithm,
+                       QgsProcessingModelChildParameterSource, QgsProcessingModelOutput, QgsProcessingModelParameter,
+                       QgsProcessingParameterFeatureSource, QgsProject, QgsVectorFileWriter, QgsVectorLayer, QgsWkbTypes)
 from qgis.PyQt.QtCore import QVariant
 from session import CROSSED, HOLED, LOT, UTM, YARD, layer_of, values
 
 
 def setUpModule():
     session.start()
+
+
+CROSSED_HIGH = "PolygonZ ((500000 5000000 1, 500010 5000010 2, 500010 5000000 3, 500000 5000010 4, 500000 5000000 1))"
 
 
 class Messages(QgsProcessingFeedback):
@@ -95,11 +101,51 @@ class Divide(unittest.TestCase):
         for area, in values(found["PIECES"], "area"):
             self.assertAlmostEqual(area, 2450.0, delta=1e-5)
 
-    def test_heights_are_left_out_and_that_is_said(self):
-        lot = "POLYGON Z ((500000 5000000 7, 500100 5000000 7, 500100 5000050 7, 500000 5000000 7))"
-        found = run("divide", INPUT=layer_of(UTM, [(lot,)], kind="PolygonZ"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
-        self.assertIn("heights of the vertices are left out", found["said"])
-        self.assertFalse(QgsWkbTypes.hasZ(found["PIECES"].wkbType()))
+    def test_heights(self):
+        # Between 10 and 20 in the South, 30 and 40 in the North.
+        lot = ("POLYGON Z ((500000 5000000 10, 500100 5000000 20, 500100 5000050 40, 500000 5000050 30, 500000 5000000 10), "
+               "(500045 5000030 1, 500045 5000040 2, 500055 5000040 3, 500055 5000030 4, 500045 5000030 1))")
+        found = run("divide", INPUT=layer_of(UTM, [(lot,), (CROSSED_HIGH,)], kind="PolygonZ"), LINE=0, CHOICE=0, AMOUNT=0, VALUE="1000")
+        one, two = (feature.geometry().asWkt(3) for feature in found["PIECES"].getFeatures())
+        self.assertIn("500000 5000010 14", one)
+        self.assertIn("500100 5000010 24", one)
+        self.assertIn("500000 5000000 10", one)
+        self.assertIn("(500045 5000030 1, 500045 5000040 2, 500055 5000040 3, 500055 5000030 4", two)
+        self.assertEqual([feature.geometry().asWkt(3) for feature in found["LINES"].getFeatures()],
+                         ["MultiLineStringZ ((500000 5000010 14, 500100 5000010 24))"])
+        self.assertEqual([feature.geometry().asWkt(3) for feature in found["POINTS"].getFeatures()],
+                         ["PointZ (500000 5000010 14)", "PointZ (500100 5000010 24)"])
+        self.assertEqual([feature.geometry().asWkt(0) for feature in found["REFUSED"].getFeatures()], [CROSSED_HIGH])
+        self.assertNotIn("no height", found["said"])
+        measured = run("measure", INPUT=layer_of(UTM, [(lot,)], kind="PolygonZ"))["OUTPUT"]
+        self.assertIn("500000 5000050 30", next(measured.getFeatures()).geometry().asWkt(0))
+        listed = run("stakeout", INPUT=found["POINTS"], STATION="500000,4999900", ORIENTATION="500000,5000000")["OUTPUT"]
+        self.assertEqual([feature.geometry().asWkt(3) for feature in listed.getFeatures()],
+                         ["PointZ (500000 5000010 14)", "PointZ (500100 5000010 24)"])
+
+    def test_heights_that_are_not_known_are_told(self):
+        lot = "POLYGON Z ((500000 5000000 -9999, 500100 5000000 20, 500100 5000050 20, 500000 5000050 20, 500000 5000000 -9999))"
+        found = run("divide", INPUT=layer_of(UTM, [(lot,)], kind="PolygonZ"), LINE=0, CHOICE=0, AMOUNT=0, VALUE="1000")
+        self.assertIn("3 corners of pieces have no height", found["said"])  # the vertex, and one end of the line in two pieces
+        self.assertEqual([math.isnan(feature.geometry().constGet().z()) for feature in found["POINTS"].getFeatures()], [True, False])
+
+    def test_measures_are_left_out_and_that_is_said(self):
+        lot = "POLYGON M ((500000 5000000 7, 500100 5000000 7, 500100 5000050 7, 500000 5000000 7))"
+        found = run("divide", INPUT=layer_of(UTM, [(lot,)], kind="PolygonM"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertIn("measures (M) of the vertices are left out", found["said"])
+        self.assertFalse(QgsWkbTypes.hasM(found["PIECES"].wkbType()))
+
+    def test_sides_and_vertices_of_holes(self):
+        # Side 5 is the first of the hole, along its West.
+        found = run("divide", INPUT=layer_of(UTM, [(HOLED,)]), LINE=0, CHOICE=0, NUMBER=5, AMOUNT=3, VALUE="5")
+        self.assertEqual({round(end) for end, in values(found["POINTS"], "E")}, {500340})
+        found = run("divide", INPUT=layer_of(UTM, [(HOLED,)]), LINE=2, CHOICE=0, NUMBER=5, AMOUNT=0, VALUE="2400", ANY_PIECES=True)
+        self.assertIn((500345.0, 5000020.0), values(found["POINTS"], "E", "N"))
+        found = run("divide", INPUT=layer_of(UTM, [(HOLED,)]), LINE=0, CHOICE=0, NUMBER=9, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(values(found["REFUSED"], "status"), [("no_such_index",)])
+        found = run("divide", INPUT=layer_of(UTM, [(HOLED,)]), LINE=0, CHOICE=4, POINT="500350,5000025 [EPSG:32632]", AMOUNT=1,
+                    VALUE="1/2")
+        self.assertIn("several fit equally well: 5, 6, 7, 8", values(found["REFUSED"], "reason")[0][0])
 
     def test_a_multipolygon_is_as_many_parcels(self):
         both = f"MULTIPOLYGON ({LOT[8:]}, {YARD[8:]})"
@@ -212,6 +258,29 @@ class Planes(unittest.TestCase):
         one, two = (area for area, in values(found["PIECES"], "area"))
         self.assertAlmostEqual(one, two, delta=1e-5)
 
+    def test_without_a_crs(self):
+        found = run("divide", INPUT=layer_of("", [(LOT,), (self.DEGREES,)]), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertFalse(found["PIECES"].crs().isValid())
+        self.assertEqual(found["DIVIDED"], 1)
+        (status, reason), = values(found["REFUSED"], "status", "reason")
+        self.assertEqual(status, "no_parcel")
+        self.assertIn("look like degrees", reason)
+        self.assertEqual(run("divide", INPUT=layer_of("", [(self.DEGREES,)]), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2",
+                             ANY_SCALE=True)["DIVIDED"], 1)
+
+    def test_feet_are_told(self):
+        lot = "POLYGON ((1000000 200000, 1000100 200000, 1000100 200050, 1000000 200050, 1000000 200000))"
+        found = run("divide", INPUT=layer_of("EPSG:2263", [(lot,)]), LINE=0, CHOICE=0, AMOUNT=0, VALUE="2000")
+        self.assertIn("Lengths are in feet", found["said"])
+        self.assertEqual([round(area, 6) for area, in values(found["PIECES"], "area")], [2000.0, 3000.0])
+
+    def test_arcs_are_refused_and_shown(self):
+        lot = "CURVEPOLYGON (CIRCULARSTRING (500000 5000025, 500050 5000075, 500100 5000025, 500050 4999975, 500000 5000025))"
+        found = run("divide", INPUT=layer_of(UTM, [(lot,)], kind="CurvePolygon"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
+        self.assertIn("its boundary has arcs", values(found["REFUSED"], "reason")[0][0])
+        shown = next(found["REFUSED"].getFeatures()).geometry()
+        self.assertAlmostEqual(shown.area(), math.pi * 2500, delta=1.0)
+
     def test_degrees_without_a_plane_are_refused(self):
         with self.assertRaisesRegex(QgsProcessingException, "no areas"):
             run("measure", INPUT=layer_of("EPSG:4326", [(self.DEGREES,)]))
@@ -222,6 +291,37 @@ class Planes(unittest.TestCase):
             run("measure", INPUT=mercator)
         self.assertEqual(values(run("measure", INPUT=mercator, ANY_SCALE=True)["OUTPUT"], "area"), [(5000.0,)])
         self.assertEqual(values(run("measure", INPUT=layer_of(UTM, [(LOT,)]))["OUTPUT"], "area"), [(5000.0,)])
+
+
+class Models(unittest.TestCase):
+    def test_pieces_are_measured(self):
+        model = QgsProcessingModelAlgorithm()
+        model.addModelParameter(QgsProcessingParameterFeatureSource("LOTS", "lots"), QgsProcessingModelParameter("LOTS"))
+        source = QgsProcessingModelChildParameterSource
+        for name, given, result in (
+                ("divide", {"INPUT": source.fromModelParameter("LOTS"), "LINE": source.fromStaticValue(0),
+                            "CHOICE": source.fromStaticValue(0), "AMOUNT": source.fromStaticValue(1),
+                            "VALUE": source.fromStaticValue("1/4")}, "PIECES"),
+                ("measure", {"INPUT": source.fromChildOutput("divide", "PIECES")}, "OUTPUT")):
+            child = QgsProcessingModelChildAlgorithm(f"plcalc:{name}")
+            child.setChildId(name)
+            for parameter, value in given.items():
+                child.addParameterSources(parameter, [value])
+            output = QgsProcessingModelOutput(result, result)
+            output.setChildId(name)
+            output.setChildOutputName(result)
+            child.setModelOutputs({result: output})
+            model.addChildAlgorithm(child)
+        model.updateDestinationParameters()
+        lots = layer_of(UTM, [(LOT,)])
+        project, context = QgsProject.instance(), QgsProcessingContext()
+        project.addMapLayer(lots)
+        self.addCleanup(project.removeAllMapLayers)
+        context.setProject(project)
+        found, done = model.run({"LOTS": lots.id(), "divide:PIECES": "memory:", "measure:OUTPUT": "memory:"}, context,
+                                QgsProcessingFeedback())
+        self.assertTrue(done)
+        self.assertEqual(values(context.getMapLayer(found["measure:OUTPUT"]), "area", "area_2"), [(1250.0, 1250.0), (3750.0, 3750.0)])
 
 
 class TheOthers(unittest.TestCase):

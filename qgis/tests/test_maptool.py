@@ -1,6 +1,8 @@
 """The map tool, driven by mouse and keys as a user would."""
 
+import contextlib
 import csv
+import math
 import os
 import random
 import sys
@@ -16,7 +18,7 @@ from qgis.gui import QgsMapCanvas
 from qgis.PyQt.QtCore import QEvent, Qt
 from qgis.PyQt.QtTest import QTest
 from qgis.PyQt.QtWidgets import QApplication, QHBoxLayout, QMainWindow, QWidget
-from session import LOT, UTM, YARD, layer_of
+from session import HOLED, LOT, UTM, YARD, layer_of
 from test_program import without_package, without_program
 from user import User
 
@@ -176,11 +178,18 @@ class Choosing(Case):
         window = self.window([(LOT, "Rossi")])
         window.click(500050, 5000025)
         window.click(500000, 5000000)
-        self.assertFalse(window.dock.kind.isEnabled())
+        self.assertEqual(window.dock.kind.currentText(), "from a vertex")
         window.ask(AREA, "1250")
         line, = window.tool.work.division.lines
         self.assertEqual(sorted([line.start, line.end]), [(500000.0, 5000000.0), (500100.0, 5000025.0)])
         window.picture("corner")
+        window.click(500050, 5000000)  # the side takes its place
+        self.assertEqual(window.dock.kind.currentText(), "parallel to a side")
+        window.dock.kind.setCurrentIndex(2)
+        self.assertIsNone(window.tool.work.division)
+        self.assertEqual(window.dock.place.text(), "Side 1: length 100.000, bearing 100.0000 gon")
+        window.move(500050, 5000025)
+        self.assertFalse(window.dock.divide.isEnabled())
 
     def test_stepping_back(self):
         window = self.window([(LOT, "Rossi")])
@@ -247,6 +256,63 @@ class Choosing(Case):
                                     "500200 5000000))")
         self.assertAlmostEqual(float(window.dock.value.text()), piece.area(), delta=20.0)
 
+
+    def test_sides_and_corners_of_holes(self):
+        window = self.window([(HOLED, "Rossi")], extent=(500290, 4999990, 500410, 5000060))
+        window.click(500320, 5000025)
+        window.move(500345, 5000025)
+        self.assertEqual(window.dock.place.text(), "Side 5: length 10.000, bearing 0.0000 gon")
+        window.move(500345, 5000030)
+        self.assertEqual(window.dock.place.text(), "Corner 6: E 500345.000, N 5000030.000")
+        window.click(500345, 5000025)
+        window.ask(WIDTH, "5")
+        self.assertEqual({end[0] for end in (window.tool.work.division.lines[0].start, window.tool.work.division.lines[0].end)}, {500340.0})
+        window.drag((500340, 5000010), (500320, 5000010))
+        self.assertAlmostEqual(float(window.dock.value.text()), 80 * 50 - 100, delta=30.0)
+        window.picture("hole")
+        window.key(Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+
+    def test_a_line_at_a_bearing(self):
+        window = self.window([(LOT, "Rossi")])
+        window.dock.kind.setCurrentIndex(3)
+        window.click(500050, 5000025)
+        self.assertIn("bearing 0.0000 gon", window.dock.result.text())  # nothing more need be chosen
+        window.ask(AREA, "1000")
+        window.dock.bearing.setValue(100.0)
+        self.assertEqual({y for _, y in (window.tool.work.division.lines[0].start, window.tool.work.division.lines[0].end)}, {5000010.0})
+        window.drag((500050, 5000010), (500050, 5000020))
+        self.assertAlmostEqual(float(window.dock.value.text()), 2000.0, delta=30.0)
+        window.move(500100, 5000025)
+        self.assertIn("Side 2", window.dock.place.text())
+        window.click(500100, 5000025)  # takes its bearing, 0
+        self.assertEqual(window.dock.bearing.value(), 0.0)
+        window.ask(AREA, "1000")
+        window.picture("bearing")
+        window.key(Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+
+    def test_a_line_through_a_point(self):
+        window = self.window([(YARD, "Rossi"), (LOT, "Verdi")], extent=(500190, 4999990, 500270, 5000060))
+        window.dock.kind.setCurrentIndex(4)
+        window.click(500220, 5000025)
+        self.assertFalse(window.dock.divide.isEnabled())
+        self.assertEqual(window.dock.place.text(), "Click on the point.")
+        window.click(500220, 5000015)
+        x, y = (float(part) for part in window.dock.point.text().split(","))
+        self.assertAlmostEqual(x, 500220, delta=0.2)
+        self.assertAlmostEqual(y, 5000015, delta=0.2)
+        window.dock.point.setText("500220; 5000015")
+        line, = window.tool.work.division.lines
+        (x0, y0), (x1, y1) = line.start, line.end
+        self.assertAlmostEqual((x1 - x0) * (5000015 - y0), (y1 - y0) * (500220 - x0), delta=0.05)
+        window.picture("point")
+        window.drag((500220, 5000015), (500222, 5000012))
+        self.assertAlmostEqual(float(window.dock.point.text().split(",")[1]), 5000012, delta=0.2)
+        window.dock.point.setText("there")
+        self.assertIn("cannot be read", window.dock.result.text())
+        window.key(Qt.Key_Escape)
+        self.assertIsNotNone(window.tool.work)
 
     def test_with_the_program(self):
         window = self.window([(LOT, "Rossi")])
@@ -366,6 +432,54 @@ class Writing(Case):
         self.assertAlmostEqual(kept.area(), 3400.0 + 50.0, delta=1e-6)
         self.assertEqual({point.z() for point in kept.vertices()}, {13.0, 20.0, 1.0, 7.0})
 
+    def test_measures_and_heights_of_neighbours(self):
+        lot = ("POLYGON ZM ((500000 5000000 10 1, 500100 5000000 20 2, 500100 5000050 30 3, 500000 5000050 -9999 4, 500000 5000000 10 1))")
+        beside = ("POLYGON ZM ((500100 5000000 100 5, 500150 5000000 100 6, 500150 5000050 200 7, 500100 5000050 200 8, "
+                  "500100 5000000 100 5))")
+        points = layer_of(UTM, [], kind="PointZ")
+        window = self.window([(lot, "Rossi"), (beside, "Verdi")], kind="PolygonZM", more=[points])
+        window.dock.points.setLayer(points)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.ask(AREA, "1000")
+        window.key(Qt.Key_Return)
+        neighbour = next(feature for feature in self.lots.getFeatures() if feature["owner"] == "Verdi").geometry()
+        new, = (vertex for vertex in neighbour.vertices() if vertex.y() == 5000010)
+        self.assertEqual((new.x(), round(new.z(), 9), round(new.m(), 9)), (500100.0, 120.0, 5.6))
+        corners = {(vertex.x(), vertex.y()): (vertex.z(), vertex.m()) for vertex in self.lots.getFeature(1).geometry().vertices()}
+        self.assertEqual([round(value, 9) for value in corners[500100.0, 5000010.0]], [22.0, 2.2])
+        self.assertTrue(math.isnan(corners[500000.0, 5000010.0][0]))  # one end of its side has no height
+        self.assertAlmostEqual(corners[500000.0, 5000010.0][1], 1.6, places=9)
+        self.assertEqual([round(feature.geometry().constGet().z(), 9) for feature in points.getFeatures()
+                          if not math.isnan(feature.geometry().constGet().z())], [22.0])
+        (text, problem), = window.said
+        self.assertTrue(problem)
+        self.assertIn("New points without a height or a measure: 3.", text)  # in two pieces, and in the point layer
+
+    def test_a_point_layer_without_heights(self):
+        points = layer_of(UTM, [], kind="Point")
+        window = self.window([("POLYGON Z ((500000 5000000 1, 500100 5000000 1, 500100 5000050 1, 500000 5000050 1, 500000 5000000 1))", "")],
+                             kind="PolygonZ", more=[points])
+        window.dock.points.setLayer(points)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertIn("The layer of new points has no heights: they are left out there.", window.said[0][0])
+
+    def test_parts_of_one_feature_and_neighbours_by_the_program(self):
+        both = f"MULTIPOLYGON ({LOT[8:]}, {NEIGHBOUR[8:]})"
+        for engine in (contextlib.nullcontext, without_package):
+            with engine():
+                window = self.window([(both, "Rossi"), (CORNER_ONLY, "Blu")], kind="MultiPolygon")
+                window.click(500050, 5000025)
+                window.click(500050, 5000000)
+                window.ask(AREA, "1000.01")
+                window.key(Qt.Key_Return)
+            parts = self.lots.getFeature(1).geometry().asGeometryCollection()
+            self.assertIn("500100 5000010.0001", parts[1].asWkt(4))
+            self.assertEqual(self.lots.featureCount(), 3)
+            self.assertEqual([problem for _, problem in window.said], [False])
+
     def test_a_geopackage_with_a_column_of_unique_values(self):
         memory = layer_of(UTM, [(LOT, "Rossi", 7.5), (NEIGHBOUR, "Verdi", 2.5)], columns="&field=owner:string&field=tax:double")
         with tempfile.TemporaryDirectory() as folder:
@@ -459,6 +573,7 @@ class ATown(unittest.TestCase):
 
     def divided(self, decimals, tolerance, chance):
         from plcalc_qgis import engine
+        from plcalc_qgis.answers import BEARING, PARALLEL, PERPENDICULAR, VERTEX
         from plcalc_qgis.maptool.commit import commit
         from plcalc_qgis.maptool.parcel import Corner, Parcel, Side
         from plcalc_qgis.maptool.work import Wishes, Work
@@ -476,12 +591,14 @@ class ATown(unittest.TestCase):
             parcel = Parcel(lots, chance.choice(list(lots.getFeatures())), plane, 0)
             number = chance.randint(1, len(parcel.rings[0]))
             work = Work(engine.engine(), parcel)
-            work.ask(chance.choice((Side, Side, Corner))(number),
-                     Wishes(chance.random() < 0.5, SHARE, chance.choice(("1/2", "1/3", "30%")), chance.random() < 0.5, False, decimals,
+            place = chance.choice((Side, Side, Corner))(number)
+            line = VERTEX if isinstance(place, Corner) else chance.choice((PARALLEL, PERPENDICULAR, BEARING))
+            work.ask(place,
+                     Wishes(line, chance.uniform(0.0, 400.0), "", SHARE, chance.choice(("1/2", "1/3", "30%")), chance.random() < 0.5, False, decimals,
                             tolerance))
             if work.division is None or min(piece.area for piece in work.division.pieces) < 5.0:
                 continue
-            commit(parcel, work.division, None, transforms)
+            commit(work.engine, parcel, work.division, None, transforms)
             done += 1
             self.judge(lots, area, off)
         self.assertGreater(done, 20)

@@ -78,10 +78,14 @@ def layers(lots_file):
     QgsProject.instance().addMapLayer(lots)
     results = {name: "TEMPORARY_OUTPUT" for name in ("PIECES", "LINES", "POINTS", "REFUSED")}
     found = processing.runAndLoadResults("plcalc:divide", {
-        "INPUT": lots, "LINE": 0, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 4, "VALUE": "500, 1/3", "DECIMALS": 3, **results})
+        "INPUT": lots, "LINE": 0, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 4, "VALUE": "1100, 1/3", "DECIMALS": 3, **results})
+    QTest.qWait(200)
     loaded = {layer.name(): layer for layer in QgsProject.instance().mapLayers().values()}
     assert set(loaded) == {"lots", "Pieces", "Lines", "Points", "Refused"}, loaded.keys()
     assert found["DIVIDED"] + found["NOT_DIVIDED"] == lots.featureCount() and found["DIVIDED"] > 3, found
+    assert found["NOT_DIVIDED"] > 0, "one of them is too small"
+    tree = [node.name() for node in QgsProject.instance().layerTreeRoot().findLayers()]
+    assert tree == ["Refused", "Points", "Lines", "Pieces", "lots"], f"what is refused is seen above, and lines above fills: {tree}"
     assert all(layer.labelsEnabled() for name, layer in loaded.items() if name != "lots"), "labels"
     lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90"}))
     iface.mapCanvas().setExtent(lots.extent().buffered(5))

@@ -5,12 +5,13 @@ import inspect
 import os
 
 from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
-                       QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject)
+                       QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject,
+                       QgsUnitTypes, QgsWkbTypes)
 from qgis.PyQt.QtCore import QUrl
 from qgis.PyQt.QtGui import QIcon
 
 from .. import engine
-from ..parcels import NoPlane, Plane, Unusable, features_of, rings_of
+from ..parcels import NoPlane, Plane, Unusable, features_of, shape_of
 from ..words import tr
 
 _HERE = os.path.dirname(os.path.dirname(__file__))
@@ -73,6 +74,9 @@ class Algorithm(QgsProcessingAlgorithm):
         """(Sink, where it is) of a result, or (None, None) for one that is not wanted."""
         # Several rows have the key of their parcel.
         sink, where = self.parameterAsSink(parameters, name, context, fields, kind, crs, QgsFeatureSink.RegeneratePrimaryKey)
+        layer = context.getMapLayer(where) if sink is not None else None
+        if layer is not None and not crs.isValid():
+            layer.setCrs(crs)  # QGIS takes layers in memory that have no CRS for longitudes and latitudes
         return (None, None) if sink is None else (Sink(sink, fields, self.writeFeatureError(sink, parameters, name)), where)
 
     def checkParameterValues(self, parameters, context):
@@ -113,6 +117,9 @@ class OfParcels(Algorithm):
                           self.parameterAsBoolean(parameters, "ANY_SCALE", context))
         except NoPlane as why:
             raise QgsProcessingException(str(why)) from None
+        if plane.crs.isValid() and plane.crs.mapUnits() != QgsUnitTypes.DistanceMeters:
+            feedback.pushInfo(tr("Lengths are in {unit}, and areas in squares of it.").format(
+                unit=QgsUnitTypes.toString(plane.crs.mapUnits())))
         if plane.note:
             feedback.pushInfo(plane.note)
             feedback.pushInfo(tr("The results are in that CRS too."))
@@ -128,7 +135,8 @@ class Tabled(OfParcels):
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
         fields = joined(source.fields(), self.FIELDS)
-        sink, where = self.sink(parameters, "OUTPUT", context, fields, self.KIND, plane.crs)
+        kind = self.KIND if self.KIND == QgsWkbTypes.NoGeometry else as_high(self.KIND, source)
+        sink, where = self.sink(parameters, "OUTPUT", context, fields, kind, plane.crs)
         ask = self.asker(computes, parameters, context, plane)
         for feature, polygon, rows in ask(parcels(source, plane, feedback)):
             for row in rows:
@@ -148,8 +156,14 @@ def joined(source_fields, own):
     return QgsProcessingUtils.combineFields(source_fields, fields)
 
 
+def as_high(kind, source, measures=True):
+    """A type of geometry with heights, and measures, where the source has them."""
+    return QgsWkbTypes.zmType(kind, QgsWkbTypes.hasZ(source.wkbType()), measures and QgsWkbTypes.hasM(source.wkbType()))
+
+
 def parcels(source, plane, feedback):
-    """(feature, polygon, rings) of each polygon of each feature; (feature, None, why) where there is none."""
+    """(feature, polygon, shape) of each polygon of each feature. Where there is none, the reason in place of the shape, and the
+    outline that can be shown, or None."""
     step = 100.0 / max(source.featureCount(), 1)
     for number, feature in enumerate(features_of(source)):
         if feedback.isCanceled():
@@ -158,26 +172,26 @@ def parcels(source, plane, feedback):
         try:
             polygons = plane.parcels_of(feature)
         except Unusable as why:
-            yield feature, None, str(why)
+            yield feature, why.outline, str(why)
             continue
         for polygon in polygons:
-            yield feature, polygon, rings_of(polygon)
+            yield feature, polygon, shape_of(polygon)
 
 
 def answers_in_order(given, request, ask):
     """(feature, polygon, answer or reason) of each of `parcels`, in their order.
 
-    request: what is asked of (feature, rings), as `ask` takes it behind a key; Unusable where that cannot be told
+    request: what is asked of (feature, shape), as `ask` takes it behind a key; Unusable where that cannot be told
     ask: makes of (key, ...) (key, answer), in their order
     """
     waiting = collections.deque()
 
     def asked():
-        for feature, polygon, rings in given:
+        for feature, polygon, shape in given:
             try:
-                if polygon is None:
-                    raise Unusable(rings)
-                wanted = request(feature, rings)
+                if isinstance(shape, str):
+                    raise Unusable(shape)
+                wanted = request(feature, shape)
             except Unusable as why:
                 waiting.append((feature, polygon, str(why)))
                 continue

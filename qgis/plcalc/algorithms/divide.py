@@ -1,11 +1,11 @@
-from qgis.core import (QgsField, QgsGeometry, QgsPointXY, QgsProcessing, QgsProcessingParameterFeatureSink, QgsWkbTypes)
+from qgis.core import QgsField, QgsGeometry, QgsProcessing, QgsProcessingParameterFeatureSink, QgsWkbTypes
 from qgis.PyQt.QtCore import QVariant
 
 from ..parcels import line_of, polygon_of
 from ..requests import Request, amount_parameters, line_parameters
 from ..styles import Styled
 from ..words import marked, tr
-from .base import OfParcels, answers_in_order, joined, parcels
+from .base import OfParcels, answers_in_order, as_high, joined, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
                 QgsField("area", QVariant.Double), QgsField("asked", QVariant.Double),
@@ -23,7 +23,8 @@ class Divide(OfParcels):
 
     The line runs parallel to a side, at right angles to one, from a vertex, at a bearing or through a point. The side or the
     vertex has a number, is named by a column, or by what it is: the longest, the nearest to a point, the one that faces a
-    bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second.
+    bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second. Those of holes
+    are numbered on.
 
     The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them. Each can
     come from a column.
@@ -33,7 +34,7 @@ class Divide(OfParcels):
     Refused: parcels that no such line divides as asked, with the reason and what can be had.
 
     What is answered is proven: each piece holds its amount to a billionth of the parcel, or, with decimals, within the part of
-    the parcel that is asked for.
+    the parcel that is asked for. Vertices keep their heights; along a side heights change evenly.
     """
 
     NAME = "divide"
@@ -53,21 +54,24 @@ class Divide(OfParcels):
 
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
-        if QgsWkbTypes.hasZ(source.wkbType()):
-            feedback.pushWarning(tr("The heights of the vertices are left out."))
+        if QgsWkbTypes.hasM(source.wkbType()):
+            feedback.pushWarning(tr("The measures (M) of the vertices are left out."))
         request = Request(self, parameters, context, plane)
         sinks = Sinks(self, parameters, context, source, plane)
         given = parcels(source, plane, feedback)
-        for feature, polygon, division in answers_in_order(given, lambda feature, rings: (rings, request.of(feature)),
+        for feature, polygon, division in answers_in_order(given, lambda feature, shape: (shape, request.of(feature)),
                                                            computes.divide_all):
             if isinstance(division, str):
-                sinks.refuse(feature, polygon, "no_parcel" if polygon is None else "no_request", division)
+                sinks.refuse(feature, polygon, "no_request" if plane.is_parcel(feature) else "no_parcel", division)
             elif division:
                 sinks.add(feature, division)
             else:
                 sinks.refuse(feature, polygon, division.status, division.reason)
         feedback.pushInfo(tr("{divided} parcels are divided, {refused} are refused.").format(divided=sinks.divided,
                                                                                               refused=sinks.refused))
+        if sinks.without_height:
+            feedback.pushWarning(tr("{count} corners of pieces have no height, for a vertex at one of the two ends of their side has none, "
+                                    "or they lie inside the parcel.").format(count=sinks.without_height))
         return {**sinks.ids, "DIVIDED": sinks.divided, "NOT_DIVIDED": sinks.refused}
 
 
@@ -76,22 +80,24 @@ class Sinks:
 
     def __init__(self, algorithm, parameters, context, source, plane):
         self.ids, self._sinks = {}, {}
-        self.divided = self.refused = 0
-        for name, own, kind in (("PIECES", PIECE_FIELDS, QgsWkbTypes.Polygon), ("LINES", LINE_FIELDS, QgsWkbTypes.MultiLineString),
+        self.divided = self.refused = self.without_height = 0
+        run = {}
+        for name, own, flat in (("PIECES", PIECE_FIELDS, QgsWkbTypes.Polygon), ("LINES", LINE_FIELDS, QgsWkbTypes.MultiLineString),
                                 ("POINTS", POINT_FIELDS, QgsWkbTypes.Point), ("REFUSED", REFUSED_FIELDS, QgsWkbTypes.Polygon)):
             fields = joined(source.fields(), own)
+            kind = as_high(flat, source, measures=name == "REFUSED")
             sink, where = algorithm.sink(parameters, name, context, fields, kind, plane.crs)
             if sink is not None:
                 self._sinks[name], self.ids[name] = sink, where
-                self._style(name, own, where, context)
+                self._style(name, own, where, context, run)
 
-    def _style(self, name, own, where, context):
+    def _style(self, name, own, where, context, run):
         if not context.willLoadLayerOnCompletion(where):
             return
         fields = self._sinks[name].fields
         first = fields.count() - len(own)
         names = {field.name(): fields.at(first + number).name() for number, field in enumerate(own)}
-        context.layerToLoadOnCompletionDetails(where).setPostProcessor(Styled(name, names))
+        context.layerToLoadOnCompletionDetails(where).setPostProcessor(Styled(name, names, run))
 
     def _put(self, name, feature, own, geometry=None):
         if name in self._sinks:
@@ -101,13 +107,15 @@ class Sinks:
         self.divided += 1
         for number, piece in enumerate(division.pieces, 1):
             self._put("PIECES", feature, [feature.id(), number, piece.amount + 1, piece.area, piece.asked, piece.residual,
-                                          division.status], polygon_of(piece.rings))
+                                          division.status], polygon_of(piece.shape))
+            self.without_height += sum(height is None for ring in piece.shape.heights or () for height in ring)
         point = 0
         for number, line in enumerate(division.lines, 1):
-            self._put("LINES", feature, [feature.id(), number, line.length, line.bearing], line_of(line.segments))
-            for end in (end for segment in line.segments for end in segment):
+            self._put("LINES", feature, [feature.id(), number, line.length, line.bearing], line_of(line))
+            ends = line_of(line)  # owns what its vertices lie in
+            for end in ends.vertices():
                 point += 1
-                self._put("POINTS", feature, [feature.id(), f"P{point}", *end], QgsGeometry.fromPointXY(QgsPointXY(*end)))
+                self._put("POINTS", feature, [feature.id(), f"P{point}", end.x(), end.y()], QgsGeometry(end.clone()))
 
     def refuse(self, feature, polygon, status, reason):
         self.refused += 1

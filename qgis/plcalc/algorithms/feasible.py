@@ -32,11 +32,11 @@ class Feasible(Tabled):
     def asker(self, computes, parameters, context, plane):
         line = LineRequest(self, parameters, context, plane)
 
-        def ranges(feature, polygon, rings):
-            if polygon is None:
-                return [], rings
+        def ranges(feature, polygon, shape):
+            if isinstance(shape, str):
+                return [], shape
             try:
-                return computes.feasible(rings, line.line(feature), line.opposite, line.any_pieces)
+                return computes.feasible(shape.rings, line.line(feature), line.opposite, line.any_pieces)
             except Unusable as why:
                 return [], str(why)
 

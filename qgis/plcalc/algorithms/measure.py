@@ -23,7 +23,7 @@ class Measure(Tabled):
 
     def asker(self, computes, parameters, context, plane):
         def ask(given):
-            for feature, polygon, found in answers_in_order(given, lambda _, rings: (rings,), computes.measure_all):
+            for feature, polygon, found in answers_in_order(given, lambda _, shape: (shape.rings,), computes.measure_all):
                 if isinstance(found, str):
                     yield feature, None, [[None, None, None, found]]
                 else:

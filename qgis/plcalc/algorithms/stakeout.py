@@ -1,11 +1,11 @@
-from qgis.core import QgsField, QgsProcessing, QgsProcessingException, QgsProcessingParameterFeatureSink, \
+from qgis.core import QgsField, QgsGeometry, QgsProcessing, QgsProcessingException, QgsProcessingParameterFeatureSink, \
     QgsProcessingParameterFeatureSource, QgsProcessingParameterPoint, QgsWkbTypes
 from qgis.PyQt.QtCore import QVariant
 
 from .. import engine
 from ..parcels import features_of
 from ..words import marked, tr
-from .base import Algorithm, joined
+from .base import Algorithm, as_high, joined
 
 FIELDS = [QgsField("angle", QVariant.Double), QgsField("distance", QVariant.Double), QgsField("bearing", QVariant.Double)]
 
@@ -38,11 +38,14 @@ class StakeOut(Algorithm):
         if station == reference:
             raise QgsProcessingException(tr("Station and orientation point are one and the same."))
         fields = joined(source.fields(), FIELDS)
-        sink, where = self.sink(parameters, "OUTPUT", context, fields, QgsWkbTypes.Point, source.sourceCrs())
+        kind = as_high(QgsWkbTypes.Point, source)
+        sink, where = self.sink(parameters, "OUTPUT", context, fields, kind, source.sourceCrs())
         for feature in features_of(source):
             if feedback.isCanceled():
                 break
-            points = [(point.x(), point.y()) for point in feature.geometry().vertices()]
-            for own in computes.set_out((station.x(), station.y()), (reference.x(), reference.y()), points):
-                sink.add([*feature.attributes(), *own], feature.geometry())
+            given = feature.geometry()  # owns what its vertices lie in
+            points = list(given.vertices())
+            places = [(point.x(), point.y()) for point in points]
+            for point, own in zip(points, computes.set_out((station.x(), station.y()), (reference.x(), reference.y()), places)):
+                sink.add([*feature.attributes(), *own], QgsGeometry(point.clone()))
         return {"OUTPUT": where}

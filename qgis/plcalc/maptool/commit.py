@@ -5,14 +5,16 @@ values in its columns, but for those that must be unique, which the layer fills 
 largest keeps the feature. A feature with several polygons keeps the others.
 """
 
-from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsLineString, QgsPoint, QgsPointXY, QgsPolygon, QgsRectangle,
-                       QgsVectorLayerUtils, QgsWkbTypes)
+import math
 
+from qgis.core import QgsFeatureRequest, QgsGeometry, QgsPointXY, QgsPolygon, QgsVectorLayerUtils, QgsWkbTypes
+
+from ..parcels import Unusable, add_ring, point_of
 from ..words import tr
+from .parcel import Parcel
 
-# Within these, the boundary of a neighbour is the same as that of the parcel.
-_SAME_IN_PLANE = 1e-3
-_SAME_IN_DEGREES = 1e-8
+# Boundaries no farther apart are one: units of the plane.
+_WITHIN = 1e-3
 
 
 class CannotSplit(Exception):
@@ -20,13 +22,20 @@ class CannotSplit(Exception):
 
 
 class Written:
-    """What a commit has done: numbers of new features, of neighbours with new points, and of points."""
+    """What a commit has done.
 
-    def __init__(self, pieces, neighbours, points):
-        self.pieces, self.neighbours, self.points = pieces, neighbours, points
+    pieces, neighbours, points: numbers of new features, of neighbours with new points, and of points
+    unknown: how many new corners have no height or no measure in a layer that has some
+    beside, left_out: see answers.Shared; unread: how many features beside the parcel cannot be read
+    flat: whether the new points have lost their heights, because the point layer has none
+    """
+
+    def __init__(self):
+        self.pieces = self.neighbours = self.points = self.unknown = self.beside = self.left_out = self.unread = 0
+        self.flat = False
 
 
-def commit(parcel, division, points_layer, transforms):
+def commit(computes, parcel, division, points_layer, transforms):
     """Splits the parcel's feature in the edit session of its layer, which is begun where there is none.
 
     points_layer: gets the new points, or None
@@ -36,15 +45,20 @@ def commit(parcel, division, points_layer, transforms):
     now = layer.getFeature(parcel.feature.id())
     if not now.isValid() or now.geometry().asWkb() != parcel.feature.geometry().asWkb():
         raise CannotSplit(tr("The parcel has been changed since it was selected. Select it again."))
+    written = Written()
+    beside = _beside(parcel, written)
+    try:
+        shared = computes.shared(division, [neighbour.shape for neighbour in beside], _WITHIN)
+    except ValueError as why:
+        raise CannotSplit(str(why)) from None
     for wanted in (layer, points_layer):
         if wanted is not None and not wanted.isEditable() and not wanted.startEditing():
             raise CannotSplit(tr("The layer {name} cannot be edited.").format(name=wanted.name()))
-    new_points = _new_points(parcel, division)
-    written = Written(0, 0, 0)
-    _in_one_command(layer, lambda: _split(parcel, now, division, written))
+    written.beside, written.left_out = shared.beside, shared.left_out
+    _in_one_command(layer, lambda: _split(computes, parcel, now, division, beside, shared, written))
     if points_layer is not None:
         try:
-            _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, new_points, transforms, written))
+            _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, _new_points(parcel, division), transforms, written))
         except Exception:
             layer.undoStack().undo()
             raise
@@ -67,40 +81,75 @@ def _require(done, layer):
         raise CannotSplit(tr("The layer {name} does not take the change.").format(name=layer.name()))
 
 
+def _beside(parcel, written):
+    """The polygons that may share a side with the parcel, those of its own feature too."""
+    layer, found = parcel.layer, []
+    box = parcel.parts()[parcel.part].boundingBox()
+    reach = parcel.plane.in_layer(_WITHIN, box.center())
+    for feature in layer.getFeatures(QgsFeatureRequest(box.buffered(reach)).setNoAttributes()):
+        try:
+            for part in range(len(parcel.plane.parcels_of(feature))):
+                if feature.id() != parcel.feature.id() or part != parcel.part:
+                    found.append(Parcel(layer, feature, parcel.plane, part))
+        except Unusable:
+            written.unread += 1
+    return found
+
+
 def _new_points(parcel, division):
-    """The ends of the lines that are no vertices of the parcel, each once."""
-    ends = (end for line in division.lines for segment in line.segments for end in segment)
-    return list(dict.fromkeys(end for end in ends if not parcel.has(end)))
+    """The ends of the lines that are no vertices of the parcel, each once, with their heights or None."""
+    found = {}
+    for line in division.lines:
+        for segment, heights in zip(line.segments, line.heights or [(None, None)] * len(line.segments)):
+            found.update((end, height) for end, height in zip(segment, heights) if not parcel.has(end))
+    return found.items()
 
 
-def _split(parcel, feature, division, written):
+def _split(computes, parcel, feature, division, beside, shared, written):
     layer = parcel.layer
     rest = max(piece.amount for piece in division.pieces)
-    keeps = max((piece for piece in division.pieces if piece.amount == rest), key=lambda piece: piece.area)
-    others = [_polygon(parcel, piece) for piece in division.pieces if piece is not keeps]
-    kept = parcel.parts()
-    kept[parcel.part] = _polygon(parcel, keeps)
-    neighbours = _neighbours(parcel, division)
-    _require(layer.changeGeometry(feature.id(), _as_in(layer, kept)), layer)
+    keeps = max((number for number, piece in enumerate(division.pieces) if piece.amount == rest),
+                key=lambda number: division.pieces[number].area)
+    polygons = [_polygon(parcel, shape, computes, division.decimals, written) for shape in shared.pieces]
+    changed = {feature.id(): parcel.parts()}
+    changed[feature.id()][parcel.part] = polygons.pop(keeps)
+    for neighbour, shape in zip(beside, shared.neighbours):
+        if shape is not None:
+            parts = changed.setdefault(neighbour.feature.id(), neighbour.parts())
+            parts[neighbour.part] = _polygon(neighbour, shape, computes, division.decimals, written)
+    for number, parts in changed.items():
+        _require(layer.changeGeometry(number, _as_in(layer, parts)), layer)
     attributes = dict(enumerate(feature.attributes()))
     context = layer.createExpressionContext()
-    for polygon in others:
+    for polygon in polygons:
         new = QgsVectorLayerUtils.createFeature(layer, _as_in(layer, [polygon]), attributes, context)
         _require(layer.addFeature(new), layer)
-    for number, geometry in neighbours.items():
-        _require(layer.changeGeometry(number, geometry), layer)
-    written.pieces, written.neighbours = len(others), len(neighbours)
+    written.pieces, written.neighbours = len(polygons), len(changed) - 1
 
 
-def _polygon(parcel, piece):
+def _polygon(parcel, shape, computes, decimals, written):
+    """A shape as the layer has it: the parcel's own vertices to the last bit, heights and measures along a side changing evenly."""
+    measure = computes.along(parcel.rings, parcel.measures, decimals, _WITHIN) if parcel.measures else None
     polygon = QgsPolygon()
-    for number, ring in enumerate(piece.rings):
-        line = QgsLineString([parcel.in_layer(vertex) for vertex in [*ring, ring[0]]])
-        if number == 0:
-            polygon.setExteriorRing(line)
-        else:
-            polygon.addInteriorRing(line)
+    for ring, heights in zip(shape.rings, shape.heights or [[None] * len(ring) for ring in shape.rings]):
+        points = [_point(parcel, vertex, height, measure, written) for vertex, height in zip(ring, heights)]
+        add_ring(polygon, [*points, points[0]])
     return QgsGeometry(polygon)
+
+
+def _point(parcel, vertex, height, measure, written):
+    own = parcel.own(vertex)
+    if own is not None:
+        return own
+    at = parcel.plane.back(QgsPointXY(*vertex))
+    point = point_of((at.x(), at.y()), height)
+    if parcel.shape.heights is None:
+        point.dropZValue()
+    if parcel.measures is not None:
+        there = measure(vertex) if measure is not None else None
+        point.addMValue(math.nan if there is None else there)
+    written.unknown += (point.is3D() and math.isnan(point.z())) or (point.isMeasure() and math.isnan(point.m()))
+    return point
 
 
 def _as_in(layer, polygons):
@@ -111,97 +160,22 @@ def _as_in(layer, polygons):
     return geometry
 
 
-def _divided_sides(parcel, division):
-    """The sides of the parcel that have got points: (start, end, points from start to end)."""
-    edges = {edge for piece in division.pieces for ring in piece.rings for edge in _edges(ring)}
-    after = {start: end for start, end in edges if (end, start) not in edges}
-    for ring in parcel.rings:
-        for start, end in _edges(ring):
-            points, at = [], after.get(start)
-            while at is not None and at != end and not parcel.has(at):
-                points.append(at)
-                at = after.get(at)
-            if points and at == end:
-                yield start, end, points
-
-
-def _edges(ring):
-    return zip(ring, ring[1:] + ring[:1])
-
-
-def _neighbours(parcel, division):
-    """The other features that share a divided side, with its points: geometries by the number of the feature."""
-    layer = parcel.layer
-    same = _SAME_IN_DEGREES if layer.crs().isGeographic() else _SAME_IN_PLANE
-    changed = {}
-    for start, end, points in _divided_sides(parcel, division):
-        side = [parcel.in_layer(vertex) for vertex in (start, *points, end)]
-        box = QgsRectangle(side[0].x(), side[0].y(), side[-1].x(), side[-1].y()).buffered(same)
-        for feature in layer.getFeatures(QgsFeatureRequest(box).setNoAttributes()):
-            if feature.id() == parcel.feature.id():
-                continue
-            geometry = changed.get(feature.id(), feature.geometry())
-            if _insert_in_side(geometry, side) or _insert_by_place(geometry, side, same):
-                changed[feature.id()] = geometry
-    return changed
-
-
-def _insert_in_side(geometry, side):
-    """Whether the geometry has the very same side, and has got its points."""
-    ends = [(side[0].x(), side[0].y()), (side[-1].x(), side[-1].y())]
-    vertices = [(vertex.x(), vertex.y()) for vertex in geometry.vertices()]
-    for number, pair in enumerate(zip(vertices, vertices[1:])):
-        backwards = list(pair) == ends[::-1]
-        if (backwards or list(pair) == ends) and _in_one_ring(geometry, number):
-            points = side[1:-1]
-            for point in points if backwards else points[::-1]:
-                geometry.insertVertex(_like(geometry, point, number + 1), number + 1)
-            return True
-    return False
-
-
-def _in_one_ring(geometry, number):
-    """Whether a vertex and the next one are in the same ring."""
-    _, one = geometry.vertexIdFromVertexNr(number)
-    _, next_one = geometry.vertexIdFromVertexNr(number + 1)
-    return one.part == next_one.part and one.ring == next_one.ring
-
-
-def _insert_by_place(geometry, side, same):
-    """Whether the boundary passes by points of the side, and has got them: a neighbour with a longer side, or a shorter one."""
-    found = False
-    straight = QgsGeometry(QgsLineString([side[0], side[-1]]))
-    for point in side[1:-1]:
-        # A rounded point may lie beside the side; the neighbour shares the place on the side itself.
-        _, foot, _, _ = straight.closestSegmentWithContext(QgsPointXY(point))
-        distance2, _, after, _ = geometry.closestSegmentWithContext(foot)
-        if not 0.0 <= distance2 <= same * same:
-            continue
-        # A neighbour that has a corner there shares it already.
-        if any(geometry.vertexAt(number).distance(foot.x(), foot.y()) <= same for number in (after - 1, after)):
-            continue
-        found |= geometry.insertVertex(_like(geometry, point, after), after)
-    return found
-
-
-def _like(geometry, point, after):
-    """The point with heights and measures where the geometry has them; where the point has none, those of the vertex behind."""
-    like = QgsPoint(point.x(), point.y())
-    there = geometry.vertexAt(after)
-    if geometry.constGet().is3D():
-        like.addZValue(point.z() if point.is3D() else there.z())
-    if geometry.constGet().isMeasure():
-        like.addMValue(point.m() if point.isMeasure() else there.m())
-    return like
-
-
 def _add_points(layer, parcel, new_points, transforms, written):
     """P1, P2 and so on; the name goes to a column called name, if there is one."""
     name = layer.fields().lookupField("name")
     there = parcel.plane.to(layer.crs(), transforms)
     context = layer.createExpressionContext()
-    for number, vertex in enumerate(new_points, 1):
-        geometry = _as_in(layer, [QgsGeometry.fromPointXY(there(QgsPointXY(*vertex)))])
+    is_high = QgsWkbTypes.hasZ(layer.wkbType())
+    for number, (vertex, height) in enumerate(new_points, 1):
+        at = there(QgsPointXY(*vertex))
+        point = point_of((at.x(), at.y()), height)
+        written.flat |= height is not None and not is_high
+        written.unknown += is_high and height is None
+        if not is_high:
+            point.dropZValue()
+        if QgsWkbTypes.hasM(layer.wkbType()):
+            point.addMValue(math.nan)
         attributes = {name: f"P{number}"} if name >= 0 else {}
-        _require(layer.addFeature(QgsVectorLayerUtils.createFeature(layer, geometry, attributes, context)), layer)
+        new = QgsVectorLayerUtils.createFeature(layer, _as_in(layer, [QgsGeometry(point)]), attributes, context)
+        _require(layer.addFeature(new), layer)
     written.points = len(new_points)

@@ -3,14 +3,19 @@
 from qgis.core import QgsMapLayerProxyModel
 from qgis.gui import QgsMapLayerComboBox
 from qgis.PyQt.QtCore import Qt, pyqtSignal
-from qgis.PyQt.QtWidgets import (QCheckBox, QComboBox, QDockWidget, QFormLayout, QHBoxLayout, QLabel, QLineEdit, QPushButton,
-                                 QSpinBox, QVBoxLayout, QWidget)
+from qgis.PyQt.QtWidgets import (QCheckBox, QComboBox, QDockWidget, QDoubleSpinBox, QFormLayout, QHBoxLayout, QLabel, QLineEdit,
+                                 QPushButton, QSpinBox, QVBoxLayout, QWidget)
 
-from ..requests import AMOUNTS, SHARE, translated
-from ..words import tr
+from ..answers import BEARING, PARALLEL, PERPENDICULAR, POINT, VERTEX
+from ..requests import AMOUNTS, LINES, SHARE, translated
+from ..words import marked, tr
 from .work import Wishes
 
 _ALL_DIGITS = -1
+
+_WHAT_TO_CLICK = {PARALLEL: marked("Click on a side or a corner."), PERPENDICULAR: marked("Click on a side or a corner."),
+                  VERTEX: marked("Click on a corner, or on a side."), BEARING: marked("Write the bearing, or click on a side."),
+                  POINT: marked("Click on the point.")}
 
 # Of pieces and lines, that the dock lists.
 _MOST_ROWS = 12
@@ -33,7 +38,17 @@ class Dock(QDockWidget):
             label.setWordWrap(True)
             label.setTextInteractionFlags(Qt.TextInteractionFlag.TextSelectableByMouse)
         self.kind = QComboBox()
-        self.kind.addItems([tr("parallel to the side"), tr("at right angles to the side")])
+        self.kind.addItems(translated(LINES))
+        self.bearing = QDoubleSpinBox()
+        self.bearing.setRange(0.0, 400.0)
+        self.bearing.setDecimals(6)
+        self.bearing.setWrapping(True)
+        self.bearing.setSuffix(" gon")
+        self.bearing.setKeyboardTracking(False)
+        self.bearing.setToolTip(tr("Clockwise from North; a click on a side takes its bearing. Of lines through a point, the first one from "
+                                   "here on counts."))
+        self.point = QLineEdit()
+        self.point.setPlaceholderText(tr("E, N: write it, or click on it"))
         self.amount = QComboBox()
         self.amount.addItems(translated(AMOUNTS))
         self.amount.setCurrentIndex(SHARE)
@@ -61,6 +76,10 @@ class Dock(QDockWidget):
         self.tolerance.currentIndexChanged.connect(self.changed)
         self.decimals.valueChanged.connect(self.changed)
         self.value.textChanged.connect(self.changed)
+        self.point.textChanged.connect(self.changed)
+        self.bearing.valueChanged.connect(self.changed)
+        self.kind.currentIndexChanged.connect(self._enable)
+        self._enable()
         for box in (self.opposite, self.any_pieces):
             box.toggled.connect(self.changed)
         self.divide.clicked.connect(self.commit)
@@ -69,6 +88,8 @@ class Dock(QDockWidget):
     def _lay_out(self):
         form = QFormLayout()
         form.addRow(tr("The line runs"), self.kind)
+        form.addRow(tr("Bearing"), self.bearing)
+        form.addRow(tr("The point"), self.point)
         form.addRow(tr("What is asked"), self.amount)
         form.addRow(tr("how much"), self.value)
         form.addRow(tr("Decimals of new points"), self.decimals)
@@ -93,18 +114,27 @@ class Dock(QDockWidget):
 
     def wishes(self):
         decimals = self.decimals.value()
-        return Wishes(self.kind.currentIndex() == 1, self.amount.currentIndex(), self.value.text(), self.opposite.isChecked(),
+        return Wishes(self.kind.currentIndex(), self.bearing.value(), self.point.text().strip(), self.amount.currentIndex(), self.value.text(), self.opposite.isChecked(),
                       self.any_pieces.isChecked(), None if decimals == _ALL_DIGITS else decimals,
                       self.tolerance.currentData())
 
-    def set_amount(self, wishes):
-        """Shows another amount, and says so once."""
-        for widget in (self.amount, self.value):
+    def _enable(self):
+        self.bearing.setEnabled(self.kind.currentIndex() in (BEARING, POINT))
+        self.point.setEnabled(self.kind.currentIndex() == POINT)
+
+    def set_wishes(self, wishes):
+        """Shows another line, or another amount, and says so once."""
+        widgets = (self.kind, self.bearing, self.point, self.amount, self.value)
+        for widget in widgets:
             widget.blockSignals(True)
+        self.kind.setCurrentIndex(wishes.line)
+        self.bearing.setValue(wishes.bearing)
+        self.point.setText(wishes.point)
         self.amount.setCurrentIndex(wishes.kind)
         self.value.setText(wishes.text)
-        for widget in (self.amount, self.value):
+        for widget in widgets:
             widget.blockSignals(False)
+        self._enable()
         self.changed.emit()
 
     def show_note(self, text):
@@ -116,19 +146,16 @@ class Dock(QDockWidget):
         self.about.setText(tr("Click on a parcel."))
         self.place.setText("")
         self.result.setText("")
-        self.kind.setEnabled(True)
         self.divide.setEnabled(False)
 
-    def show_work(self, work, hovered, from_corner):
-        """from_corner: whether the line starts at a corner, so that it has no direction to choose"""
+    def show_work(self, work, hovered):
         about = tr("Parcel {name}").format(name=work.parcel.name())
         if work.usable():
             about += tr(": area {area:.4f}, perimeter {perimeter:.4f}").format(area=work.measure.area,
                                                                                perimeter=work.measure.perimeter)
         self.about.setText(about)
-        shown = hovered or work.place
-        self.place.setText(work.described(shown) if shown and work.usable() else tr("Click on a side or a corner."))
-        self.kind.setEnabled(not from_corner)
+        shown = hovered or (work.place if self.kind.currentIndex() not in (BEARING, POINT) else None)
+        self.place.setText(work.described(shown) if shown and work.usable() else tr(_WHAT_TO_CLICK[self.kind.currentIndex()]))
         self.result.setText(work.problem or _figures(work.division, self.decimals.value()))
         self.divide.setEnabled(work.division is not None)
 

@@ -70,13 +70,15 @@ class Drawing:
         self._canvas.scene().removeItem(self._labels)
 
     def parcel(self, parcel):
-        self._show("parcel", [(polygon_of(parcel.rings), _OUTLINE, QColor(0, 0, 0, 0), 2)], parcel)
+        self._show("parcel", [(parcel.polygon, _OUTLINE, QColor(0, 0, 0, 0), 2)], parcel)
 
     def hovered(self, parcel, place):
         self._show("hovered", self._place(parcel, place, _HOVERED, 6), parcel)
 
-    def chosen(self, parcel, place):
-        self._show("chosen", self._place(parcel, place, _CHOSEN, 4), parcel)
+    def chosen(self, parcel, place, point=None):
+        """The side or the corner, or the point (x, y) through which the line runs."""
+        shapes = self._place(parcel, place, _CHOSEN, 4) if point is None else [self._dot(point, _CHOSEN, 4)]
+        self._show("chosen", shapes, parcel)
 
     def division(self, parcel, division):
         """The pieces, the lines and their figures; none for no division."""
@@ -85,13 +87,14 @@ class Drawing:
             self._show("lines", [], parcel)
             self._labels.show([])
             return
-        polygons = [polygon_of(piece.rings) for piece in division.pieces]
+        polygons = [polygon_of(piece.shape) for piece in division.pieces]
         # One band for each colour: a thousand of them would be slow.
         by_fill = [[polygon for polygon, piece in zip(polygons, division.pieces) if piece.amount % len(_FILLS) == number]
                    for number in range(len(_FILLS))]
         self._show("pieces", [(QgsGeometry.collectGeometry(some), _OUTLINE, fill, 1) for some, fill in zip(by_fill, _FILLS) if some],
                    parcel)
-        self._show("lines", [(line_of([segment for line in division.lines for segment in line.segments]), _LINE, _LINE, 3)], parcel)
+        lines = QgsGeometry.collectGeometry([line for each in division.lines for line in line_of(each).asGeometryCollection()])
+        self._show("lines", [(lines, _LINE, _LINE, 3)], parcel)
         to_canvas = parcel.plane.to(self._canvas.mapSettings().destinationCrs(), self._transforms)
         texts = [(to_canvas(polygon.pointOnSurface().asPoint()), f"{piece.area:.2f}")
                  for polygon, piece in zip(polygons[:_MOST_LABELS], division.pieces)]
@@ -107,9 +110,13 @@ class Drawing:
         if place is None:
             return []
         if isinstance(place, Corner):
-            return [(QgsGeometry.fromPointXY(QgsPointXY(*parcel.corner(place.number))), colour, colour, width)]
+            return [Drawing._dot(parcel.corner(place.number), colour, width)]
         start, end = parcel.side(place.number)
         return [(QgsGeometry.fromPolylineXY([QgsPointXY(*start), QgsPointXY(*end)]), colour, colour, width)]
+
+    @staticmethod
+    def _dot(point, colour, width):
+        return QgsGeometry.fromPointXY(QgsPointXY(*point)), colour, colour, width
 
     def _show(self, name, shapes, parcel):
         """Shapes of (geometry, outline, fill, width) in place of what had this name."""
@@ -122,7 +129,7 @@ class Drawing:
             band.setFillColor(fill)
             band.setWidth(width)
             if geometry.type() == QgsWkbTypes.PointGeometry:
-                band.setIcon(QgsRubberBand.ICON_CIRCLE)
+                band.setIcon(QgsRubberBand.IconType.ICON_CIRCLE)
                 band.setIconSize(12)
             band.setToGeometry(geometry, parcel.plane.crs)
             bands.append(band)

@@ -3,11 +3,12 @@
 import collections
 import math
 
-from qgis.core import QgsFeatureRequest, QgsGeometry, QgsPoint, QgsPointXY, QgsRectangle, QgsWkbTypes
+from qgis.core import QgsFeatureRequest, QgsGeometry, QgsPointXY, QgsRectangle, QgsWkbTypes
 
-from ..parcels import Unusable, rings_of
+from ..answers import number_of, numbered
+from ..parcels import Unusable, known, shape_of
 
-# number: from 1, of the outer ring.
+# number: from 1, the outer ring first; those of holes are numbered on.
 Side = collections.namedtuple("Side", "number")
 Corner = collections.namedtuple("Corner", "number")
 
@@ -21,14 +22,19 @@ class Parcel:
     layer, feature: where it comes from
     plane: the Plane of the layer
     part: which of the feature's polygons it is, from 0
+    shape, rings: its boundary in the plane
+    measures: those of the vertices, None where one has none, or None where the layer has no measures
     """
 
     def __init__(self, layer, feature, plane, part):
         self.layer, self.feature, self.plane, self.part = layer, feature, plane, part
         self.polygon = plane.parcels_of(feature)[part]
-        self.rings = rings_of(self.polygon)
-        self._outer = QgsGeometry.fromPolylineXY([QgsPointXY(*vertex) for vertex in [*self.rings[0], self.rings[0][0]]])
-        self._points = self._known_points()
+        self.shape = shape_of(self.polygon)
+        self.rings = self.shape.rings
+        self._points = self._own_points()
+        self.measures = None
+        if QgsWkbTypes.hasM(self.polygon.wkbType()):
+            self.measures = [[known(self._points[vertex].m()) for vertex in ring] for ring in self.rings]
 
     def parts(self):
         """The polygons of the feature in its layer's coordinates."""
@@ -37,7 +43,7 @@ class Parcel:
     def is_same(self, other):
         """Whether it is the same polygon, and has not been changed."""
         return (self.layer == other.layer and self.feature.id() == other.feature.id() and self.part == other.part
-                and self.rings == other.rings)
+                and self.shape == other.shape)
 
     def name(self):
         name = self.layer.displayExpression()
@@ -45,52 +51,49 @@ class Parcel:
         return str(self.feature[field]) if field >= 0 else str(self.feature.id())
 
     def corner(self, number):
-        return self.rings[0][number - 1]
+        index, ring = numbered(self.rings, number)
+        return self.rings[ring][index]
 
     def side(self, number):
         """Its two ends."""
-        ring = self.rings[0]
-        return ring[number - 1], ring[number % len(ring)]
+        index, ring = numbered(self.rings, number)
+        vertices = self.rings[ring]
+        return vertices[index], vertices[(index + 1) % len(vertices)]
 
     def under(self, at, reach):
-        """The corner or the side of the outer ring that is no farther than reach from (x, y); None when there is none."""
+        """The corner or the side that is no farther than reach from (x, y); None when there is none."""
         point = QgsPointXY(*at)
-        _, corner, _, _, distance2 = self._outer.closestVertex(point)
+        lines = [QgsGeometry.fromPolylineXY([QgsPointXY(*vertex) for vertex in [*ring, ring[0]]]) for ring in self.rings]
+        corners = [(line.closestVertex(point), ring) for ring, line in enumerate(lines)]
+        (_, corner, _, _, distance2), ring = min(corners, key=lambda each: each[0][4])
         if distance2 <= (_CORNER_REACH * reach) ** 2:
-            return Corner(corner % len(self.rings[0]) + 1)
-        distance2, _, after, _ = self._outer.closestSegmentWithContext(point)
-        return Side(after) if 0 <= distance2 <= reach ** 2 else None
+            return Corner(number_of(self.rings, corner % len(self.rings[ring]), ring))
+        sides = [(line.closestSegmentWithContext(point), ring) for ring, line in enumerate(lines)]
+        (distance2, _, after, _), ring = min(sides, key=lambda each: each[0][0])
+        return Side(number_of(self.rings, after - 1, ring)) if 0 <= distance2 <= reach ** 2 else None
 
-    def _known_points(self):
-        """The vertices as the layer has them, by their place in the plane."""
+    def contains(self, at, reach):
+        """Whether (x, y) lies in it, or no farther from it than reach."""
+        return self.polygon.distance(QgsGeometry.fromPointXY(QgsPointXY(*at))) <= reach
+
+    def _own_points(self):
+        """The vertices as the layer has them, by their place in the plane; the first of those at one place."""
         part = self.parts()[self.part]  # owns what constGet() gives
         polygon = part.constGet()
         rings = [polygon.exteriorRing(), *(polygon.interiorRing(number) for number in range(polygon.numInteriorRings()))]
-        return {here: point for ring, there in zip(self.rings, rings) for here, point in zip(ring, there.points())}
+        found = {}
+        for ring, there in zip(self.rings, rings):
+            for here, point in zip(ring, there.points()):
+                found.setdefault(here, point)
+        return found
 
     def has(self, vertex):
         """Whether it is a vertex of the parcel already."""
         return vertex in self._points
 
-    def in_layer(self, vertex):
-        """A vertex of the plane as the layer has it: its own vertices to the last bit, heights along a side changing evenly."""
-        known = self._points.get(vertex)
-        if known is not None:
-            return known
-        at = self.plane.back(QgsPointXY(*vertex))
-        point = QgsPoint(at.x(), at.y())
-        part = self.parts()[self.part]
-        if not part.constGet().is3D() and not part.constGet().isMeasure():
-            return point
-        _, foot, after, _ = part.closestSegmentWithContext(at)
-        start, end = part.vertexAt(after - 1), part.vertexAt(after)
-        whole = start.distance(end.x(), end.y())
-        ratio = start.distance(foot.x(), foot.y()) / whole if whole > 0.0 else 0.0
-        if part.constGet().is3D():
-            point.addZValue(start.z() + (end.z() - start.z()) * ratio)
-        if part.constGet().isMeasure():
-            point.addMValue(start.m() + (end.m() - start.m()) * ratio)
-        return point
+    def own(self, vertex):
+        """A vertex of the parcel as the layer has it, or None for a new one."""
+        return self._points.get(vertex)
 
 
 def parcel_at(layer, plane, at):
@@ -117,26 +120,36 @@ def is_parcel_layer(layer):
     return layer is not None and getattr(layer, "geometryType", lambda: None)() == QgsWkbTypes.PolygonGeometry
 
 
-def dragged_area(parcel, place, at_right_angles, at, divide):
-    """The area that a line through the point to which it is dragged cuts off, along the side or from the corner on.
+def dragged_area(parcel, bearing, at, divide):
+    """The area on the right of a line of a direction through the point to which it is dragged.
 
     It only says what to ask next: what the line then holds, plcalc answers. None where no such line cuts the parcel.
-    divide: asks for the width of a strip, and returns the Division
+    bearing: of the line, gons; divide: asks for a strip so wide along a line at that bearing, and returns the Division
     """
-    if isinstance(place, Corner):
-        return _area_from_corner(parcel, place.number, at)
-    (x0, y0), (x1, y1) = parcel.side(place.number)
-    length = math.hypot(x1 - x0, y1 - y0)
-    if length == 0.0:
-        return None
-    along = ((at[0] - x0) * (x1 - x0) + (at[1] - y0) * (y1 - y0)) / length
-    beside = abs((at[0] - x0) * (y1 - y0) - (at[1] - y0) * (x1 - x0)) / length
-    width = length - along if at_right_angles else beside
+    turn = bearing * math.pi / 200.0
+    right = [x * math.cos(turn) - y * math.sin(turn) for x, y in (at, *parcel.rings[0])]
+    width = max(right) - right[0]
     division = divide(width) if width > 0.0 else None
     return sum(piece.area for piece in division.pieces if piece.amount == 0) if division else None
 
 
-def _area_from_corner(parcel, number, at):
+def bearing_of_line(parcel, number, at_right_angles):
+    """The bearing, in gons, of a line along a side, or at right angles to it, that has on its right what is cut off."""
+    (x0, y0), (x1, y1) = parcel.side(number)
+    bearing = math.atan2(x1 - x0, y1 - y0) * 200.0 / math.pi
+    if at_right_angles:
+        return bearing - 100.0
+    _, ring = numbered(parcel.rings, number)
+    vertices = parcel.rings[ring]
+    turned = sum((x2 - x1) * (y3 - y1) - (x3 - x1) * (y2 - y1)
+                 for (x1, y1), (x2, y2), (x3, y3) in zip(vertices[:1] * len(vertices), vertices, vertices[1:]))
+    return bearing if (turned > 0.0) == (ring == 0) else bearing + 200.0
+
+
+def area_from_corner(parcel, number, at):
+    """The area between a line from a corner of the outer ring through a point and the side that begins at the corner."""
+    if number > len(parcel.rings[0]):
+        return None
     ring = parcel.rings[0]
     x, y = parcel.corner(number)
     box = parcel.polygon.boundingBox()
@@ -165,7 +178,9 @@ def rounded(area, line_length, pixel):
 
     line_length: of the dividing line; pixel: how long one of the screen is in the plane
     """
-    step = line_length * pixel
-    if not step > 0.0:
-        return area
-    return round(area, -math.floor(math.log10(step)))
+    return round_to(area, line_length * pixel)
+
+
+def round_to(value, step):
+    """The value with the decimals of a step."""
+    return round(value, -math.floor(math.log10(step))) if step > 0.0 else value

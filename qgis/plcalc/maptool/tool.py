@@ -5,12 +5,13 @@ from qgis.gui import QgsMapTool
 from qgis.PyQt.QtCore import Qt, pyqtSignal
 
 from .. import engine
+from ..answers import BEARING, PARALLEL, POINT, VERTEX
 from ..parcels import NoPlane, Plane, Unusable
 from ..words import tr
 from .commit import CannotSplit, commit
 from .drawing import Drawing
 from .parcel import Corner, is_parcel_layer, parcel_at
-from .work import Work
+from .work import Work, written
 
 # So many pixels around the cursor are under it.
 _REACH = 12
@@ -70,7 +71,7 @@ class DivideTool(QgsMapTool):
             return
         on_line = self._work.is_on_line(at, reach / 2)
         self.setCursor(Qt.CursorShape.SizeAllCursor if on_line else Qt.CursorShape.CrossCursor)
-        self._hover(None if on_line else self._work.parcel.under(at, reach))
+        self._hover(None if on_line else self._under(at, reach))
 
     def canvasPressEvent(self, event):
         if event.button() != Qt.MouseButton.LeftButton or self._work is None:
@@ -86,10 +87,15 @@ class DivideTool(QgsMapTool):
             return
         if self._work is not None and self._work.usable():
             at, reach = self._in_plane(event)
-            place = self._work.parcel.under(at, reach)
-            if place is not None:
-                self._choose(place)
-                return
+            if self._dock.wishes().line == POINT:
+                if self._work.parcel.contains(at, reach):
+                    self._choose_point(event, reach / _REACH)
+                    return
+            else:
+                place = self._under(at, reach)
+                if place is not None:
+                    self._choose(place)
+                    return
         self._select(event.mapPoint())
 
     def keyPressEvent(self, event):
@@ -131,61 +137,84 @@ class DivideTool(QgsMapTool):
         self._work = Work(computes, parcel)
         self._dock.show_note("\n".join(note for note in (plane.note, computes.note) if note))
         self._drawing.parcel(parcel)
-        self._show()
+        self._ask()
 
     def _hover(self, place):
-        if place == self._hovered:
+        if (type(place), place) == (type(self._hovered), self._hovered):
             return
         self._hovered = place
         self._drawing.hovered(self._work.parcel, place)
         self._show()
 
+    def _under(self, at, reach):
+        """The side or the corner under the cursor that the line can have; None when there is none."""
+        line = self._dock.wishes().line
+        place = self._work.parcel.under(at, reach) if line != POINT else None
+        return None if line == BEARING and isinstance(place, Corner) else place
+
     def _choose(self, place):
-        self._drawing.chosen(self._work.parcel, place)
+        """A line from a corner, along a side or at right angles to it, or at its bearing."""
+        wishes = self._dock.wishes()
+        if wishes.line == BEARING:
+            self._dock.set_wishes(wishes._replace(bearing=self._work.bearing_of(place)))
+            return
         self._work.place = place
-        self._ask()
+        if isinstance(place, Corner):
+            line = VERTEX
+        else:
+            line = PARALLEL if wishes.line == VERTEX else wishes.line
+        self._dock.set_wishes(wishes._replace(line=line))
+
+    def _choose_point(self, event, pixel):
+        """The point under the cursor, or the one to which the project's snapping takes it, to its last digit."""
+        at, _ = self._in_plane(event)
+        was = event.mapPoint()
+        there = event.snapPoint()
+        if event.isSnapped() and there != was:
+            (at, _), pixel = self._in_plane(event), 0.0
+        self._dock.set_wishes(self._dock.wishes()._replace(point=written(at, pixel)))
 
     def _ask(self):
-        if self._work is None or self._work.place is None:
+        if self._work is None:
             return
         self._work.ask(self._work.place, self._dock.wishes())
+        is_side = self._dock.wishes().line not in (BEARING, POINT)
+        self._drawing.chosen(self._work.parcel, self._work.place if is_side else None, self._work.point)
         self._drawing.division(self._work.parcel, self._work.division)
         self._show()
 
     def _drag(self, at, pixel):
         wishes = self._work.dragged_to(at, pixel, self._dock.wishes())
         if wishes is not None:
-            self._dock.set_amount(wishes)
+            self._dock.set_wishes(wishes)
 
     def _step_back(self):
         """From the place to the parcel, and from the parcel to nothing."""
-        if self._work is None or self._work.place is None:
-            self._start_again()
-            return
         self._dragging = False
-        self._work.forget()
-        self._drawing.chosen(self._work.parcel, None)
-        self._drawing.division(self._work.parcel, None)
-        self._show()
+        wishes = self._dock.wishes()
+        if self._work is not None and self._work.place is not None and wishes.line not in (BEARING, POINT):
+            self._work.place = None
+            self._ask()
+        elif self._work is not None and wishes.line == POINT and wishes.point:
+            self._dock.set_wishes(wishes._replace(point=""))
+        else:
+            self._start_again()
 
     def divide(self):
         """Writes the division into the layer."""
         if self._work is None or self._work.division is None:
             return
         try:
-            written = commit(self._work.parcel, self._work.division, self._dock.points.currentLayer(),
-                             self._project.transformContext())
+            done = commit(self._work.engine, self._work.parcel, self._work.division, self._dock.points.currentLayer(),
+                          self._project.transformContext())
         except CannotSplit as why:
             self.said.emit(str(why), True)
             return
         self._start_again()
-        text = tr("Divided. New features: {pieces}; neighbours with new points: {neighbours}; points: {points}. Columns that hold "
-                  "areas are not computed anew.").format(pieces=written.pieces, neighbours=written.neighbours,
-                                                         points=written.points)
-        self.said.emit(text, False)
+        self.said.emit(_said(done), bool(done.unknown or done.beside or done.left_out or done.unread or done.flat))
 
     def _show(self):
-        self._dock.show_work(self._work, self._hovered, isinstance(self._work.place, Corner))
+        self._dock.show_work(self._work, self._hovered)
 
     def _in_plane(self, event):
         """The cursor in the parcel's plane, and how far what is under it may lie."""
@@ -196,3 +225,21 @@ class DivideTool(QgsMapTool):
             way = QgsCoordinateTransform(from_canvas, plane, self._project.transformContext())
             here, beside = way.transform(here), way.transform(beside)
         return (here.x(), here.y()), here.distance(beside)
+
+
+def _said(done):
+    """What a commit has done, and what it could not."""
+    said = [tr("Divided. New features: {pieces}; neighbours with new points: {neighbours}; points: {points}. Columns that hold areas are "
+               "not computed anew.").format(pieces=done.pieces, neighbours=done.neighbours, points=done.points)]
+    if done.unknown:
+        said.append(tr("New points without a height or a measure: {count}.").format(count=done.unknown))
+    if done.flat:
+        said.append(tr("The layer of new points has no heights: they are left out there."))
+    if done.beside:
+        said.append(tr("New points so near to a neighbour's corner that they were not inserted: {count}.").format(count=done.beside))
+    if done.left_out:
+        said.append(tr("Boundaries that would meet themselves with the new points, and have not got them: {count}.").format(
+            count=done.left_out))
+    if done.unread:
+        said.append(tr("Features beside it that are no parcels, and have got no points: {count}.").format(count=done.unread))
+    return " ".join(said)

@@ -4,6 +4,7 @@
 #include <cmath>
 
 namespace tool {
+
 double Foot::height(double from, double to) const
 {
     if (part == 0.0 || part == 1.0)
