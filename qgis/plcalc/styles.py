@@ -68,6 +68,8 @@ class Styled(QgsProcessingLayerPostProcessorInterface):
         layer.setRenderer(QgsSingleSymbolRenderer(symbol))
         settings = QgsPalLayerSettings()
         settings.fieldName, settings.isExpression = label, True
+        if self._result == "REFUSED":
+            settings.autoWrapLength = 28  # reasons are sentences
         if self._result == "LINES":
             settings.placement = QgsPalLayerSettings.Line
         text = QgsTextFormat()

@@ -78,7 +78,7 @@ def layers(lots_file):
     QgsProject.instance().addMapLayer(lots)
     results = {name: "TEMPORARY_OUTPUT" for name in ("PIECES", "LINES", "POINTS", "REFUSED")}
     found = processing.runAndLoadResults("plcalc:divide", {
-        "INPUT": lots, "LINE": 0, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 4, "VALUE": "1100, 1/3", "DECIMALS": 3, **results})
+        "INPUT": lots, "LINE": 0, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 4, "VALUE": "900, 1/3", "DECIMALS": 3, **results})
     QTest.qWait(200)
     loaded = {layer.name(): layer for layer in QgsProject.instance().mapLayers().values()}
     assert set(loaded) == {"lots", "Pieces", "Lines", "Points", "Refused"}, loaded.keys()
@@ -88,6 +88,7 @@ def layers(lots_file):
     assert tree == ["Refused", "Points", "Lines", "Pieces", "lots"], f"what is refused is seen above, and lines above fills: {tree}"
     assert all(layer.labelsEnabled() for name, layer in loaded.items() if name != "lots"), "labels"
     lots.renderer().setSymbol(QgsFillSymbol.createSimple({"color": "250,250,245", "outline_color": "90,90,90"}))
+    lots.triggerRepaint()
     iface.mapCanvas().setExtent(lots.extent().buffered(5))
     iface.messageBar().clearWidgets()
     QTest.qWait(2000)
