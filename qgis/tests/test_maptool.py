@@ -638,6 +638,45 @@ class Degrees(Case):
         for corner in ((9.0, 45.15), (9.00127, 45.15)):  # to the last bit
             self.assertIn(corner, [(v.x(), v.y()) for v in cut_off.vertices()])
 
+    def test_neighbours_in_degrees(self):
+        QgsProject.instance().setCrs(QgsCoordinateReferenceSystem(UTM))
+        inside, side = self.middle()
+        beside = "POLYGON ((9.00127 45.15, 9.003 45.15, 9.003 45.15045, 9.00127 45.15045, 9.00127 45.15))"
+        window = self.window([(self.DEGREES, "Rossi"), (beside, "Verdi")], crs="EPSG:4326",
+                             extent=(inside.x() - 80, inside.y() - 60, inside.x() + 80, inside.y() + 60))
+        window.click(inside.x(), inside.y())
+        window.click(side.x(), side.y())
+        window.key(Qt.Key_Return)
+        self.assertIn("neighbours with new points: 1", window.said[0][0])
+        shapes = {feature["owner"]: feature.geometry() for feature in self.lots.getFeatures()}
+        corners = [{(vertex.x(), vertex.y()) for vertex in shape.vertices()} for shape in shapes.values()]
+        self.assertEqual(len(corners[0] & corners[1]), 2)  # to the last bit: a corner of the lots, and the new point
+        for corner in ((9.00127, 45.15), (9.003, 45.15045)):
+            self.assertIn(corner, {(vertex.x(), vertex.y()) for vertex in shapes["Verdi"].vertices()})
+
+    def test_two_tools_on_one_parcel(self):
+        one = self.window([(LOT, "Rossi")])
+        from plcalc_qgis.maptool.dock import Dock
+        from plcalc_qgis.maptool.tool import DivideTool
+
+        other = DivideTool(one.canvas, Dock())
+        said = []
+        other.said.connect(lambda text, problem: said.append((text, problem)))
+        for tool in (other, one.tool):
+            one.canvas.setMapTool(tool)
+            one.click(500050, 5000025)
+            one.click(500050, 5000000)
+            tool_work = tool.work
+            self.assertIsNotNone(tool_work.division)
+            other_work = tool_work if tool is other else other_work
+        one.key(Qt.Key_Return)
+        other._work = other_work
+        other.divide()
+        other.remove()
+        self.assertTrue(said[0][1])
+        self.assertIn("has been changed", said[0][0])
+        self.assertEqual(self.lots.featureCount(), 2)
+
     def test_a_map_in_another_system(self):
         mercator = QgsCoordinateReferenceSystem("EPSG:3857")
         there = QgsCoordinateTransform(QgsCoordinateReferenceSystem(UTM), mercator, QgsProject.instance())
