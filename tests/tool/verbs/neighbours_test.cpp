@@ -277,6 +277,9 @@ TEST_F(Neighbours, OfWhichSomeHaveHeightsLoseThemAndItIsTold)
         EXPECT_FALSE(shape->Is3D());
     const test::Result standard = divide("lots.geojson", asked + "-o - --format dxf");
     EXPECT_EQ(standard.err, told);
+    const test::Result json = divide("lots.geojson", asked + "--overwrite -o out.gpkg --json");
+    EXPECT_EQ(json.err, told);
+    EXPECT_EQ(nlohmann::json::parse(json.out)["neighbours"]["points"], 2);
 }
 
 TEST_F(Neighbours, AreTheSameWithAnyNumberOfJobs)

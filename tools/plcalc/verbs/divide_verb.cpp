@@ -618,8 +618,8 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
         for (const std::string& sheet : plan->left_over(plan_))
             left_over +=
                 "Left     " + sheet + ": from an earlier run with more sheets, not part of this plan\n";
+    const std::string notes = written_notes(file, writer.get(), neighbours);
     if (!json_) {
-        const std::string notes = written_notes(file, writer.get(), neighbours);
         const std::string ends = left_over + rows_left(requests);
         Output output = {division_table(answer) + written_lines(written) + notes +
                          (neighbours != nullptr ? neighbours->tally().lines() : "") + ends};
@@ -627,6 +627,7 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
                        (neighbours != nullptr ? neighbours->tally().warnings() : "") + ends;
         return output;
     }
+    std::cerr << notes << left_over;
     ManyReport report(ManyReport::Keep::json);
     report.add(answer, report.kept_of(answer));
     return report.json(written, requests.left(), neighbours != nullptr ? neighbours->tally().json() : Json());
@@ -657,11 +658,13 @@ Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::s
         neighbours->write(*writer);
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
-    if (json_)
+    const std::string notes = written_notes(file, writer.get(), neighbours);
+    if (json_) {
+        std::cerr << notes;
         return report.json(written, requests.left(),
                            neighbours != nullptr ? neighbours->tally().json() : Json());
+    }
     Output output = report.table(file.passed_over(), file.hidden());
-    const std::string notes = written_notes(file, writer.get(), neighbours);
     output.end += (to_standard_output() ? "" : written_lines(written)) + notes +
                   (neighbours != nullptr ? neighbours->tally().lines() : "") + rows_left(requests);
     output.notes +=
