@@ -1,7 +1,8 @@
 # The target `docs` makes HTML of the public headers and of the guide. A warning, such as for a name without a contract or
 # a link that leads nowhere, is an error.
 find_package(Doxygen QUIET)
-if(NOT DOXYGEN_FOUND)
+find_package(Python3 COMPONENTS Interpreter QUIET)
+if(NOT DOXYGEN_FOUND OR NOT Python3_FOUND)
   return()
 endif()
 
@@ -20,8 +21,8 @@ set(DOXYGEN_HIDE_FRIEND_COMPOUNDS YES)  # the searches behind CFrazArea
 find_program(PLCALC_SED sed)
 if(PLCALC_SED)  # without it the contract's paragraphs run together
   set(DOXYGEN_INPUT_FILTER "${PLCALC_SED} -E -f cmake/contract_paragraphs.sed")
-  set(DOXYGEN_FILTER_PATTERNS "\"*.md=${PLCALC_SED} -E -f cmake/guide_pages.sed\"")
 endif()
+set(DOXYGEN_FILTER_PATTERNS "\"*.md=${Python3_EXECUTABLE} cmake/guide_pages.py\"")
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
   ${PROJECT_SOURCE_DIR}/plparcel/include ${PROJECT_SOURCE_DIR}/c/include)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
@@ -34,18 +35,9 @@ set(DOXYGEN_GENERATE_TREEVIEW YES)
 set(DOXYGEN_IMAGE_PATH docs docs/guide qgis)
 
 # The pages, in the order of the table on the first one.
-set(pages docs/guide/README.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/guide/README.md)
-file(STRINGS ${PROJECT_SOURCE_DIR}/docs/guide/README.md rows REGEX "^\\| ")
-string(REGEX MATCHALL "\\([^()]+\\.md\\)" links "${rows}")
-foreach(link ${links})
-  string(REGEX REPLACE "^\\((.*)\\)$" "${PROJECT_SOURCE_DIR}/docs/guide/\\1" page "${link}")
-  get_filename_component(page "${page}" ABSOLUTE)
-  file(RELATIVE_PATH page ${PROJECT_SOURCE_DIR} "${page}")
-  if(NOT page MATCHES "^(web|qgis)/")  # read where they lie
-    list(APPEND pages "${page}")
-  endif()
-endforeach()
+execute_process(COMMAND ${Python3_EXECUTABLE} cmake/guide_pages.py --list WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+  OUTPUT_VARIABLE pages OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 doxygen_add_docs(docs ${pages} docs/words.dox include plutil/include plparcel/include c/include
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the guide and the public headers")
 add_custom_command(TARGET docs POST_BUILD

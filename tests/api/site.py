@@ -13,6 +13,8 @@ import subprocess
 import sys
 import urllib.parse
 
+import site_text
+
 # What people type, and what they must find on one of the pages that are offered.
 WORDS = {
     "angle": "PlFunz_arcangle", "arc": "PlFunz_arc_3pnts", "area": "AreaCalcolata", "azimuth": "AngoloDaAsseRifer",
@@ -106,11 +108,32 @@ def lost_noexcept(source, pages):
                 yield f"{header.name}: the page of {name} does not say noexcept"
 
 
+def page_name(source, path):
+    place = "_".join(path.relative_to(source).with_suffix("").parts).replace("-", "_")
+    return "index.html" if place == "docs_guide_README" else f"md_{place}.html"
+
+
+def spoilt_pages(source, pages):
+    """Pages that are not what their Markdown says."""
+    listed = subprocess.run([sys.executable, "cmake/guide_pages.py", "--list"], cwd=source, capture_output=True, text=True, check=True)
+    known = {path.resolve(): page_name(source, path) for path in (source / name for name in listed.stdout.strip().split(";"))}
+    for path, name in known.items():
+        def page_of(target, path=path):
+            file, _, anchor = target.partition("#")
+            page = known.get((path.parent / file).resolve() if file else path)
+            return page and (f"{page}#{anchor}" if anchor else page)
+
+        if name not in pages:
+            yield f"{path.name}: there is no page {name}"
+            continue
+        for loss in site_text.losses(path.read_text(encoding="utf-8"), pages[name].text, page_of):
+            yield f"{path.name}: {loss}"
+
+
 def wrong_pages(source, pages):
     for path in [*(source / "docs/guide").glob("*.md"), *(source / folder / "README.md" for folder in FOLDERS),
                  source / "docs/accuracy.md"]:
-        place = "_".join(path.relative_to(source).with_suffix("").parts).replace("-", "_")
-        name = "index.html" if place == "docs_guide_README" else f"md_{place}.html"
+        name = page_name(source, path)
         heading = path.read_text(encoding="utf-8").splitlines()[0].removeprefix("# ")
         if name not in pages:
             yield f"{name} is missing: the table of docs/guide/README.md does not lead to {path.name}"
@@ -129,12 +152,12 @@ def wrong_pages(source, pages):
 
 
 def main():
-    source, folder = map(pathlib.Path, sys.argv[1:])
+    source, folder = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
     pages = {path.name: Page(path) for path in folder.glob("*.html")}
     wrong = [*dead_links(folder, pages), *functions_without_words(source, pages), *words_without_meaning(source)]
     made_by = re.search(r'content="Doxygen ([\d.]+)"', pages["index.html"].text).group(1)
     if made_by == DOXYGEN:
-        wrong += [*lost_words(folder, pages), *lost_noexcept(source, pages), *wrong_pages(source, pages)]
+        wrong += [*lost_words(folder, pages), *lost_noexcept(source, pages), *wrong_pages(source, pages), *spoilt_pages(source, pages)]
         print(f"{len(pages)} pages, {len(WORDS)} words")
     else:
         print(f"{len(pages)} pages, made by Doxygen {made_by}: titles and search are checked with {DOXYGEN}")
