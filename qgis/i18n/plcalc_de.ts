@@ -4,12 +4,20 @@
  <context>
   <name>plcalc</name>
   <message>
-   <source>Parcels</source>
-   <translation>Grundstücke</translation>
-  </message>
-  <message>
    <source>Go on although the CRS stretches lengths here</source>
    <translation>Weitermachen, obwohl das KBS hier Längen verzerrt</translation>
+  </message>
+  <message>
+   <source>Features without heights, in a layer with heights: {count}. Their pieces have none (NaN, not 0).</source>
+   <translation>Objekte ohne Höhen in einem Layer mit Höhen: {count}. Ihre Teile haben keine (NaN, nicht 0).</translation>
+  </message>
+  <message>
+   <source>Features with heights, in a layer that says it has none: {count}. Their heights are left out.</source>
+   <translation>Objekte mit Höhen in einem Layer, der keine zu haben angibt: {count}. Ihre Höhen fallen weg.</translation>
+  </message>
+  <message>
+   <source>Parcels</source>
+   <translation>Grundstücke</translation>
   </message>
   <message>
    <source>The results are in that CRS too.</source>
@@ -18,6 +26,10 @@
   <message>
    <source>Lengths are in {unit}, and areas in squares of it.</source>
    <translation>Längen sind in {unit}, Flächen im Quadrat davon.</translation>
+  </message>
+  <message>
+   <source>Parcels where the CRS stretches lengths, or that may be in degrees: {count}. Their figures are those of the plane, not of the ground.</source>
+   <translation>Grundstücke, wo das KBS Längen verzerrt oder die in Grad sein können: {count}. Ihre Zahlen sind die der Ebene, nicht des Bodens.</translation>
   </message>
   <message>
    <source>Divides each parcel of a layer as asked, with proof.
@@ -51,6 +63,14 @@ Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein M
    <translation>Grundstücke teilen</translation>
   </message>
   <message>
+   <source>Number of parcels that are divided</source>
+   <translation>Anzahl der geteilten Grundstücke</translation>
+  </message>
+  <message>
+   <source>Number of parcels that are refused</source>
+   <translation>Anzahl der abgewiesenen Grundstücke</translation>
+  </message>
+  <message>
    <source>Pieces</source>
    <translation>Teile</translation>
   </message>
@@ -73,6 +93,10 @@ Was geantwortet wird, ist nachgewiesen: jeder Teil hält das Verlangte auf ein M
   <message>
    <source>{divided} parcels are divided, {refused} are refused.</source>
    <translation>{divided} Grundstücke sind geteilt, {refused} sind abgelehnt.</translation>
+  </message>
+  <message>
+   <source>The first one that is refused, {parcel}: {reason}</source>
+   <translation>Das erste, das abgewiesen ist, {parcel}: {reason}</translation>
   </message>
   <message>
    <source>{count} corners of pieces have no height, for a vertex at one of the two ends of their side has none, or they lie inside the parcel.</source>
@@ -144,6 +168,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>Station and orientation point are one and the same.</source>
    <translation>Standpunkt und Anschlusspunkt sind derselbe.</translation>
+  </message>
+  <message>
+   <source>Features without a point, which are not in the list: {count}.</source>
+   <translation>Objekte ohne Punkt, die nicht in der Liste sind: {count}.</translation>
   </message>
   <message>
    <source>plcalc is missing. Install the Python package with the Python of QGIS: build the wheel with scripts/python, then python3 -m pip install plcalc-*.whl. Or install the program plcalc, and see that it is on the path. Then start QGIS again.</source>
@@ -346,6 +374,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>mehrere passen gleich gut: {sides}</translation>
   </message>
   <message>
+   <source>its boundary has arcs: give them corners first, with the algorithm Segmentize</source>
+   <translation>seine Grenze hat Bögen: geben Sie ihnen zuerst Ecken, mit dem Algorithmus Segmentieren</translation>
+  </message>
+  <message>
    <source>there is no geometry</source>
    <translation>es gibt keine Geometrie</translation>
   </message>
@@ -354,24 +386,32 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>es ist kein Polygon</translation>
   </message>
   <message>
-   <source>its boundary has arcs: give them corners first, with the algorithm Segmentize</source>
-   <translation>seine Grenze hat Bögen: geben Sie ihnen zuerst Ecken, mit dem Algorithmus Segmentieren</translation>
+   <source>its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, or tick that this is meant</source>
+   <translation>seine Koordinaten sehen wie Grad aus, und der Layer hat kein KBS, das sagt, dass sie eben sind: geben Sie ihm sein KBS, oder haken Sie an, dass es so gemeint ist</translation>
+  </message>
+  <message>
+   <source>{crs} shows lengths {length:.5f} times as long as they are at this place: use the UTM zone of the place or a local grid, or tick that this is meant</source>
+   <translation>{crs} zeigt Längen an diesem Ort {length:.5f}-mal so lang, wie sie sind: nehmen Sie die UTM-Zone des Ortes oder ein örtliches Netz, oder haken Sie an, dass das so gemeint ist</translation>
   </message>
   <message>
    <source>The layer has degrees: it is divided in the project's {crs}.</source>
    <translation>Der Layer hat Grad: geteilt wird im {crs} des Projekts.</translation>
   </message>
   <message>
-   <source>{crs} shows lengths {length:.4f} times as long as they are at this place, and areas {area:.4f} times. Use the UTM zone of the place or a local grid, or tick that this is meant.</source>
-   <translation>{crs} zeigt Längen hier {length:.4f}-mal so lang, wie sie sind, und Flächen {area:.4f}-mal so groß. Nehmen Sie die UTM-Zone des Ortes oder ein örtliches System, oder kreuzen Sie an, dass es so gemeint ist.</translation>
-  </message>
-  <message>
-   <source>its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, or tick that this is meant</source>
-   <translation>seine Koordinaten sehen wie Grad aus, und der Layer hat kein KBS, das sagt, dass sie eben sind: geben Sie ihm sein KBS, oder haken Sie an, dass es so gemeint ist</translation>
-  </message>
-  <message>
    <source>The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane CRS, such as the UTM zone of the place, or reproject the layer.</source>
    <translation>Die Koordinaten des Layers sind Grad ({crs}); darin gibt es keine Flächen. Geben Sie dem Projekt ein ebenes KBS, etwa die UTM-Zone des Ortes, oder projizieren Sie den Layer.</translation>
+  </message>
+  <message>
+   <source>its coordinates lie beyond {crs}</source>
+   <translation>seine Koordinaten liegen außerhalb von {crs}</translation>
+  </message>
+  <message>
+   <source>'{result}' and another result would be written to one place ({file}). Choose another file.</source>
+   <translation>'{result}' und ein weiteres Ergebnis kämen an denselben Ort ({file}). Wählen Sie eine andere Datei.</translation>
+  </message>
+  <message>
+   <source>'{result}' would be written over a layer from which it is made ({file}). Choose another file.</source>
+   <translation>'{result}' würde über einen Layer geschrieben, aus dem es entsteht ({file}). Wählen Sie eine andere Datei.</translation>
   </message>
   <message>
    <source>The Python package plcalc is missing: the program of that name is asked. Bearings, and lengths of lines in several parts, have the decimals that it prints.</source>
@@ -400,10 +440,6 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>the program plcalc does not tell which points the neighbours get: install a newer one, or the Python package plcalc</source>
    <translation>das Programm plcalc sagt nicht, welche Punkte die Nachbarn bekommen: installieren Sie ein neueres oder das Python-Paket plcalc</translation>
-  </message>
-  <message>
-   <source>'{text}' is no amount; write it as 1000, 40x25, 1/3 or 25%</source>
-   <translation>'{text}' ist keine Angabe; schreiben Sie 1000, 40x25, 1/3 oder 25%</translation>
   </message>
   <message>
    <source>parallel to a side</source>
@@ -530,8 +566,28 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Sagen Sie, an welchem anderen Layer die Seite liegt.</translation>
   </message>
   <message>
+   <source>sides and vertices are counted from 1, not {number}</source>
+   <translation>Seiten und Ecken zählen ab 1, nicht {number}</translation>
+  </message>
+  <message>
+   <source>The layer has no column {column}.</source>
+   <translation>Der Layer hat keine Spalte {column}.</translation>
+  </message>
+  <message>
+   <source>its column {column} is empty</source>
+   <translation>seine Spalte {column} ist leer</translation>
+  </message>
+  <message>
+   <source>'{text}' is not a number above 0, with a point before the decimals</source>
+   <translation>'{text}' ist keine Zahl über 0, mit einem Punkt vor den Nachkommastellen</translation>
+  </message>
+  <message>
    <source>'{text}' is not a share; write it as 1/3 or 25%</source>
    <translation>'{text}' ist kein Anteil; schreiben Sie 1/3 oder 25%</translation>
+  </message>
+  <message>
+   <source>'{text}' is not less than the whole parcel</source>
+   <translation>'{text}' ist nicht weniger als das ganze Grundstück</translation>
   </message>
   <message>
    <source>parts are {least} to {most}</source>
@@ -542,20 +598,12 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Eine Ecke nennt man nach ihrer Nummer, nach einer Spalte oder als nächste bei einem Punkt; '{choice}' nennt Seiten.</translation>
   </message>
   <message>
-   <source>sides and vertices are counted from 1, not {number}</source>
-   <translation>Seiten und Ecken zählen ab 1, nicht {number}</translation>
-  </message>
-  <message>
-   <source>its column {column} is empty</source>
-   <translation>seine Spalte {column} ist leer</translation>
+   <source>its column {column} has no number: {given}</source>
+   <translation>seine Spalte {column} hat keine Zahl: {given}</translation>
   </message>
   <message>
    <source>its column {column} cannot be read: {why}</source>
    <translation>seine Spalte {column} ist nicht lesbar: {why}</translation>
-  </message>
-  <message>
-   <source>its column {column} has no number: {given}</source>
-   <translation>seine Spalte {column} hat keine Zahl: {given}</translation>
   </message>
  </context>
 </TS>

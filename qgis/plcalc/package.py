@@ -33,7 +33,7 @@ class Package:
         parcel = self._parcel(rings)
         try:
             division = self._plcalc.divide(
-                parcel, **self._line(asked.line, parcel, rings), **_amount(asked.amount), opposite=asked.opposite,
+                parcel, **self._line(asked.line, parcel, rings), **self._amount(asked.amount), opposite=asked.opposite,
                 any_pieces=asked.any_pieces, decimals=asked.decimals, tolerance=asked.tolerance, raise_on_refusal=False)
         except ValueError as why:
             return Division("no_request", self._said(why, rings))
@@ -121,6 +121,13 @@ class Package:
             bearing = core.AngoloDaAsseRifer(x - station[0], y - station[1])
             yield core.LimiteAng0_400(bearing - zero), core.PlFunz_distance(station, (x, y)), bearing
 
+    def _amount(self, amount):
+        """The arguments of plcalc.divide."""
+        name, value = amount
+        if name != "amounts":
+            return {name: value}
+        return {name: [self._plcalc.width(float(text[1:])) if text.startswith("w") else text for text in value]}
+
     def _line(self, line, parcel, rings):
         """The arguments of plcalc.divide."""
         name = _ARGUMENTS[line.kind]
@@ -149,11 +156,6 @@ class Package:
         if isinstance(why, self._plcalc.Undecided) and why.status == "tied":
             return tr("several fit equally well: {sides}").format(sides=", ".join(str(number_of(rings, *place)) for place in why.places))
         return str(why)
-
-
-def _amount(amount):
-    name, value = amount
-    return {name: list(value) if name == "amounts" else value}
 
 
 def _rings(outer, holes):

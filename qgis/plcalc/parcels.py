@@ -2,7 +2,7 @@
 
 import math
 
-from qgis.core import (QgsCoordinateTransform, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsLineString, QgsMultiLineString,
+from qgis.core import (QgsCoordinateTransform, QgsCsException, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsLineString, QgsMultiLineString,
                        QgsPoint, QgsPointXY, QgsPolygon, QgsProcessingFeatureSource, QgsWkbTypes)
 
 from .answers import Shape
@@ -19,14 +19,7 @@ def features_of(source, request=None):
 
 
 class Unusable(Exception):
-    """A feature that is no parcel; the text says why.
-
-    outline: a polygon in the plane that shows where it lies, or None
-    """
-
-    def __init__(self, why, outline=None):
-        super().__init__(why)
-        self.outline = outline
+    """A feature that is no parcel, or a request that is none; the text says why."""
 
 
 class NoPlane(Exception):
@@ -36,12 +29,12 @@ class NoPlane(Exception):
 class Plane:
     """The plane system in which a layer is divided, and the way there.
 
-    note: what was assumed, or None
-    Raises NoPlane for degrees without a plane, and for a plane that stretches lengths, unless any_scale.
+    note: what was assumed, or None; stretched: at how many parcels it stretches lengths, though that is meant
+    Raises NoPlane for degrees without a plane.
     """
 
-    def __init__(self, crs, extent, of_project, transforms, any_scale=False):
-        self.crs, self.note = crs, None
+    def __init__(self, crs, of_project, transforms, any_scale=False):
+        self.crs, self.note, self.stretched = crs, None, 0
         self._there, self._any_scale = None, any_scale
         if crs.isGeographic():
             if not of_project.isValid() or of_project.isGeographic():
@@ -51,21 +44,7 @@ class Plane:
             self.note = tr("The layer has degrees: it is divided in the project's {crs}.").format(
                 crs=of_project.authid())
             self.crs = of_project
-        if not extent.isEmpty() and not any_scale:
-            self._check_scale(self._moved(QgsGeometry.fromPointXY(extent.center())).asPoint(), transforms)
-
-    def _check_scale(self, at, transforms):
-        factor = scale_at(self.crs, at, transforms)
-        if factor is None or abs(factor - 1.0) <= MOST_STRETCHED:
-            return
-        raise NoPlane(tr("{crs} shows lengths {length:.4f} times as long as they are at this place, and areas {area:.4f} times. Use "
-                         "the UTM zone of the place or a local grid, or tick that this is meant.").format(
-            crs=self.crs.authid(), length=factor, area=factor * factor))
-
-    def _moved(self, geometry):
-        if self._there is not None:
-            geometry.transform(self._there)
-        return geometry
+        self._scale = Scale(self.crs, transforms)
 
     def back(self, point):
         """A point of the plane in the layer's own coordinates."""
@@ -85,15 +64,8 @@ class Plane:
             return lambda point: point
         return QgsCoordinateTransform(self.crs, crs, transforms).transform
 
-    def is_parcel(self, feature):
-        """Whether it has polygons."""
-        try:
-            return bool(self.parcels_of(feature))
-        except Unusable:
-            return False
-
     def parcels_of(self, feature):
-        """Each polygon of a feature, as QgsGeometry in the plane.
+        """Each polygon of a feature: (QgsGeometry in the plane, why it is no parcel or None). Arcs are shown with chords.
 
         Raises Unusable for a feature without polygons.
         """
@@ -102,22 +74,85 @@ class Plane:
             raise Unusable(tr("there is no geometry"))
         if geometry.type() != QgsWkbTypes.PolygonGeometry:
             raise Unusable(tr("it is no polygon"))
-        self._moved(geometry)
-        if QgsWkbTypes.isCurvedType(geometry.wkbType()):
-            chords = QgsGeometry(geometry.constGet().segmentize()).asGeometryCollection()
-            raise Unusable(tr("its boundary has arcs: give them corners first, with the algorithm Segmentize"),
-                           max(chords, key=lambda part: part.area()))
-        parts = [part for part in geometry.asGeometryCollection() if not part.isEmpty()]
-        if not self.crs.isValid() and not self._any_scale:
-            self._require_no_degrees(parts)
-        return parts
+        return [(with_chords(part), self._problem_of(part)) for part in map(self._moved, polygons_of(geometry))]
 
-    @staticmethod
-    def _require_no_degrees(parts):
-        for part in parts:
-            if look_like_degrees(part.boundingBox()):
-                raise Unusable(tr("its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, "
-                                  "or tick that this is meant"), part)
+    def _moved(self, geometry):
+        if self._there is not None:
+            try:
+                geometry.transform(self._there)
+            except QgsCsException:
+                raise Unusable(tr("its coordinates lie beyond {crs}").format(crs=self.crs.authid())) from None
+        return geometry
+
+    def _problem_of(self, polygon):
+        if polygon.constGet().hasCurvedSegments():
+            return tr("its boundary has arcs: give them corners first, with the algorithm Segmentize")
+        return self.problem_at(polygon.boundingBox())
+
+    def problem_at(self, box):
+        """Why what has this box cannot be measured in the plane, or None."""
+        if not self.crs.isValid():
+            problem = None
+            if look_like_degrees(box):
+                problem = tr("its coordinates look like degrees, and the layer has no CRS that says that they are plane: give it its CRS, "
+                             "or tick that this is meant")
+        else:
+            problem = self._scale.problem_at(box.center())
+        if problem is not None and self._any_scale:
+            self.stretched += 1
+            return None
+        return problem
+
+
+class Scale:
+    """How long lengths of the ground are in a plane."""
+
+    def __init__(self, crs, transforms):
+        self._crs, self._measure = crs, QgsDistanceArea()
+        self._measure.setSourceCrs(crs, transforms)
+        self._known = crs.isValid() and self._measure.setEllipsoid(crs.ellipsoidAcronym())
+        self._unit = self._measure.convertLengthMeasurement(1.0, crs.mapUnits()) if self._known else math.nan
+
+    def problem_at(self, at):
+        """What is wrong there, or None."""
+        factor = self.at(at)
+        if factor is None or abs(factor - 1.0) <= MOST_STRETCHED:
+            return None
+        return tr("{crs} shows lengths {length:.5f} times as long as they are at this place: use the UTM zone of the place or a local "
+                  "grid, or tick that this is meant").format(crs=self._crs.authid() or self._crs.description(), length=factor)
+
+    def at(self, at):
+        """How long a length of the ground is in the plane, in the direction in which that is farthest from 1; None where that is not
+        known."""
+        if not self._known:
+            return None
+        try:
+            east, north, aslant = (self._of_step(at, dx, dy) for dx, dy in ((1.0, 0.0), (0.0, 1.0), (1.0, 1.0)))
+        except QgsCsException:
+            return None
+        # Squares of lengths on the ground, of steps in all directions: between the two eigenvalues of [east, mixed; mixed, north].
+        mixed = (aslant - east - north) / 2.0
+        middle, off = (east + north) / 2.0, math.hypot((east - north) / 2.0, mixed)
+        if not middle - off > 0.0 or not math.isfinite(middle + off):
+            return None
+        return max(((middle + sign * off) ** -0.5 for sign in (-1.0, 1.0)), key=lambda factor: abs(factor - 1.0))
+
+    def _of_step(self, at, dx, dy):
+        step = 100.0
+        length = self._measure.measureLine(at, QgsPointXY(at.x() + step * dx, at.y() + step * dy)) * self._unit / step
+        return length * length
+
+
+def polygons_of(geometry):
+    """The polygons of a geometry, but for empty ones. Curves without arcs become straight sides, which they are."""
+    parts = (part for part in geometry.asGeometryCollection() if not part.isEmpty())
+    return [part if part.constGet().hasCurvedSegments() else with_chords(part) for part in parts]
+
+
+def with_chords(polygon):
+    if not QgsWkbTypes.isCurvedType(polygon.wkbType()):
+        return polygon
+    return QgsGeometry(polygon.constGet().segmentize())
 
 
 def look_like_degrees(box):
@@ -126,21 +161,6 @@ def look_like_degrees(box):
     across = max(box.width(), box.height())
     far = max(abs(box.xMinimum()), abs(box.xMaximum())), max(abs(box.yMinimum()), abs(box.yMaximum()))
     return far[0] <= 360.0 and far[1] <= 90.0 and 0.0 < across < 0.1 and max(far) > 10.0 * across
-
-
-def scale_at(crs, at, transforms):
-    """How long a length on the ground is in the plane, East and North together; None when that is not known."""
-    measure = QgsDistanceArea()
-    measure.setSourceCrs(crs, transforms)
-    if not crs.isValid() or not measure.setEllipsoid(crs.ellipsoidAcronym()):
-        return None
-    step = 100.0
-    east = measure.measureLine(at, QgsPointXY(at.x() + step, at.y()))
-    north = measure.measureLine(at, QgsPointXY(at.x(), at.y() + step))
-    unit = measure.convertLengthMeasurement(1.0, crs.mapUnits())
-    if not east > 0.0 or not north > 0.0 or not unit > 0.0:
-        return None
-    return step / ((east * north) ** 0.5 * unit)
 
 
 def rings_of(geometry):

@@ -19,8 +19,6 @@ from .words import tr
 # between two calls.
 _BATCH = 256
 
-_AMOUNT = re.compile(r"[0-9.eE+]+(x[0-9.eE+]+|/[0-9.eE+]+|%)?")
-
 
 class Unasked(ValueError):
     """What the program cannot be asked; the text says why."""
@@ -211,10 +209,6 @@ def _amount_options(amount):
     name, value = amount
     if name != "amounts":
         return [f"--{name}", repr(value)]
-    for text in value:
-        # A name would be looked for as a file.
-        if not _AMOUNT.fullmatch(text):
-            raise Unasked(tr("'{text}' is no amount; write it as 1000, 40x25, 1/3 or 25%").format(text=text))
     return ["--areas", ",".join(value)]
 
 

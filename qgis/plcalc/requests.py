@@ -1,11 +1,14 @@
 """What is asked of each parcel: the line, the side that it follows, and the amounts."""
 
+import math
+import re
+
 from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcessingException,
                        QgsProcessingParameterBoolean, QgsProcessingParameterDistance, QgsProcessingParameterEnum,
                        QgsProcessingParameterFeatureSource, QgsProcessingParameterField, QgsProcessingParameterNumber,
                        QgsProcessingParameterPoint, QgsProcessingParameterString)
 
-from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, VERTEX, Alongside,
+from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, SHORTEST, VERTEX, Alongside,
                       Asked, Line)
 from .parcels import Unusable, features_of
 from .words import marked, tr
@@ -22,6 +25,8 @@ AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
 
 # As many as the program takes. More would be a slip of the hand, and the memory of the machine.
 _MOST_PARTS = 1000
+
+_NUMBER = re.compile(r"\+?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?")
 
 
 def translated(texts):
@@ -60,12 +65,11 @@ def amount_parameters():
 class LineRequest:
     """The line that the parameters ask for, parcel by parcel."""
 
-    def __init__(self, algorithm, parameters, context, plane):
+    def __init__(self, algorithm, parameters, context, source, plane):
         self._line = algorithm.parameterAsEnum(parameters, "LINE", context)
         self._choice = algorithm.parameterAsEnum(parameters, "CHOICE", context)
         self._number = algorithm.parameterAsInt(parameters, "NUMBER", context)
-        columns = algorithm.parameterAsFields(parameters, "COLUMN", context)
-        self._column = columns[0] if columns else None
+        self._column = _column(algorithm, parameters, "COLUMN", context, source)
         self._bearing = algorithm.parameterAsDouble(parameters, "BEARING", context)
         has_point = parameters.get("POINT") not in (None, "")
         point = algorithm.parameterAsPoint(parameters, "POINT", context, plane.crs) if has_point else None
@@ -105,21 +109,49 @@ class LineRequest:
         """The line of one parcel. Raises Unusable where its column does not name a side."""
         if not self._has_choice():
             return Line(self._line, bearing=self._bearing, point=self._point)
-        if self._choice in (NUMBER, COLUMN):
-            return Line(self._line, NUMBER, self._number_of(feature))
+        if self._choice == COLUMN:
+            return Line(self._line, *self._by_column(feature))
+        if self._choice == NUMBER:
+            return Line(self._line, NUMBER, _counted(self._number))
         return Line(self._line, self._choice, self._value)
 
-    def _number_of(self, feature):
-        number = self._number
-        if self._choice == COLUMN:
-            given = feature[self._column]
-            try:
-                number = int(str(given))
-            except ValueError:
-                raise Unusable(tr("its column {column} has no number: {given}").format(column=self._column, given=given)) from None
-        if number < 1:
-            raise Unusable(tr("sides and vertices are counted from 1, not {number}").format(number=number))
-        return number
+    def _by_column(self, feature):
+        """How its column names a side or a vertex: by number, or as the longest or the shortest side."""
+        given = str(_in_column(feature, self._column)).strip()
+        if given in _EXTREMES and self._line != VERTEX:
+            return _EXTREMES[given], None
+        number = float(given) if _NUMBER.fullmatch(given) else math.nan
+        if not number.is_integer():
+            raise Unusable(tr("its column {column} has no number: {given}").format(column=self._column, given=given))
+        return NUMBER, _counted(int(number))
+
+
+_EXTREMES = {"longest": LONGEST, "shortest": SHORTEST}
+
+
+def _counted(number):
+    if number < 1:
+        raise Unusable(tr("sides and vertices are counted from 1, not {number}").format(number=number))
+    return number
+
+
+def _column(algorithm, parameters, name, context, source):
+    """The column that a parameter names, as the layer writes it, or None."""
+    columns = algorithm.parameterAsFields(parameters, name, context)
+    if not columns:
+        return None
+    at = source.fields().lookupField(columns[0])
+    if at < 0:
+        raise QgsProcessingException(tr("The layer has no column {column}.").format(column=columns[0]))
+    return source.fields().at(at).name()
+
+
+def _in_column(feature, column):
+    """What a column holds. Raises Unusable where that is nothing."""
+    given = feature[column]
+    if given is None or str(given).strip() in ("", "NULL"):
+        raise Unusable(tr("its column {column} is empty").format(column=column))
+    return given
 
 
 def lines_of(source, plane, context):
@@ -137,11 +169,10 @@ def lines_of(source, plane, context):
 class AmountRequest:
     """The amounts that the parameters ask for, parcel by parcel."""
 
-    def __init__(self, algorithm, parameters, context):
+    def __init__(self, algorithm, parameters, context, source):
         self._kind = algorithm.parameterAsEnum(parameters, "AMOUNT", context)
         self._value = algorithm.parameterAsString(parameters, "VALUE", context)
-        columns = algorithm.parameterAsFields(parameters, "VALUE_COLUMN", context)
-        self._column = columns[0] if columns else None
+        self._column = _column(algorithm, parameters, "VALUE_COLUMN", context, source)
         if self._column is None:
             try:
                 amount_of(self._kind, self._value)
@@ -152,37 +183,69 @@ class AmountRequest:
         """The amount of one parcel, as Asked has it. Raises Unusable where the column cannot be read."""
         if self._column is None:
             return amount_of(self._kind, self._value)
-        given = feature[self._column]
-        if given is None or str(given) in ("", "NULL"):
-            raise Unusable(tr("its column {column} is empty").format(column=self._column))
+        given = _in_column(feature, self._column)
         try:
-            return amount_of(self._kind, str(given))
+            return amount_of(self._kind, str(given), True)
         except ValueError as error:
             raise Unusable(tr("its column {column} cannot be read: {why}").format(column=self._column, why=error)) from None
 
 
-def amount_of(kind, text):
-    """What is asked, as Asked has it; kind is one of AMOUNTS. Raises ValueError for a text that is none."""
-    text = text.strip()
-    if not text:
+def amount_of(kind, text, in_column=False):
+    """What is asked, as Asked has it; kind is one of AMOUNTS. Raises ValueError for a text that is none.
+
+    Semicolons part the amounts of a list, and in a column nothing else does, as for the program. Where there are none, commas do. A
+    comma before decimals is refused: it could be read in two ways.
+    """
+    if not text.strip():
         raise ValueError(tr("nothing is there"))
-    if kind == AREA:
-        return "area", float(text)
-    if kind == SHARE:
-        return "amounts", (text if "/" in text or text.endswith("%") else _no_share(text),)
     if kind == PARTS:
         return "parts", _parts(text)
-    if kind == WIDTH:
-        return "width", float(text)
-    return "amounts", tuple(part.strip() for part in text.replace(";", ",").split(","))
+    separator = "," if kind == LIST and not in_column and ";" not in text else ";"
+    given = text.split(separator)
+    if kind in (AREA, WIDTH) and len(given) == 1:
+        return "area" if kind == AREA else "width", _positive(text)
+    read = {SHARE: _share_in_column if in_column else _share, WIDTH: lambda one: f"w{_positive(one)!r}"}.get(kind, _listed)
+    return "amounts", tuple("".join(read(one.strip()).split()) for one in given)
+
+
+def _positive(text):
+    value = float(text) if _NUMBER.fullmatch(text.strip()) else math.nan
+    if not 0.0 < value < math.inf:
+        raise ValueError(tr("'{text}' is not a number above 0, with a point before the decimals").format(text=text.strip()))
+    return value
+
+
+def _listed(text):
+    """One of a list: an area, a width such as w5, a product of two lengths, or a share."""
+    if text[:1] in ("w", "W"):
+        return f"w{_positive(text[1:])!r}"
+    if "/" in text or "%" in text:
+        return _share(text)
+    for length in text.split("x", 1):
+        _positive(length)
+    return text
+
+
+def _share(text):
+    part, slash, whole = text.partition("/")
+    if not slash and not text.endswith("%"):
+        raise ValueError(tr("'{text}' is not a share; write it as 1/3 or 25%").format(text=text))
+    if not (_positive(part) < _positive(whole) if slash else _positive(text[:-1]) < 100.0):
+        raise ValueError(tr("'{text}' is not less than the whole parcel").format(text=text))
+    return text
+
+
+def _share_in_column(text):
+    """There a share may be a number below 1."""
+    return _share(f"{text}/1" if _NUMBER.fullmatch(text) else text)
 
 
 class Request:
     """All that the parameters ask for, parcel by parcel."""
 
-    def __init__(self, algorithm, parameters, context, plane):
-        self._line = LineRequest(algorithm, parameters, context, plane)
-        self._amount = AmountRequest(algorithm, parameters, context)
+    def __init__(self, algorithm, parameters, context, source, plane):
+        self._line = LineRequest(algorithm, parameters, context, source, plane)
+        self._amount = AmountRequest(algorithm, parameters, context, source)
         self._tolerance = algorithm.parameterAsDouble(parameters, "TOLERANCE", context)
         self.decimals = None
         if parameters.get("DECIMALS") is not None:
@@ -195,11 +258,7 @@ class Request:
 
 
 def _parts(text):
-    parts = int(text)
-    if not 2 <= parts <= _MOST_PARTS:
+    number = float(text) if _NUMBER.fullmatch(text.strip()) else math.nan
+    if not (number.is_integer() and 2 <= number <= _MOST_PARTS):
         raise ValueError(tr("parts are {least} to {most}").format(least=2, most=_MOST_PARTS))
-    return parts
-
-
-def _no_share(text):
-    raise ValueError(tr("'{text}' is not a share; write it as 1/3 or 25%").format(text=text))
+    return int(number)

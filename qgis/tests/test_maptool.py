@@ -583,7 +583,7 @@ class ATown(unittest.TestCase):
             lots = layer_of(UTM, [(row["WKT"], row["owner"]) for row in csv.DictReader(file)], columns="&field=owner:string")
         area = sum(feature.geometry().area() for feature in lots.getFeatures())
         transforms = QgsProject.instance().transformContext()
-        plane = Plane(lots.crs(), lots.extent(), QgsCoordinateReferenceSystem(), transforms)
+        plane = Plane(lots.crs(), QgsCoordinateReferenceSystem(), transforms)
         # A rounded end lies up to 0.71 of a step beside the rim of the town, which is 430 long.
         off = 0.71 * 430 * 10.0 ** -decimals if decimals is not None else 1e-6
         done = 0

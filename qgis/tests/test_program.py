@@ -80,7 +80,7 @@ class TheSame(unittest.TestCase):
                       {"LINE": 1, "CHOICE": 5, "BEARING": 200.0, "AMOUNT": 3, "VALUE": "5.5"},
                       {"LINE": 0, "CHOICE": 6, "ALONG": self.road, "DISTANCE": 80.0, "AMOUNT": 0, "VALUE": "312.5"},
                       {"LINE": 2, "CHOICE": 4, "POINT": "500050,4999990 [EPSG:32632]", "AMOUNT": 1, "VALUE": "2/7"},
-                      {"LINE": 3, "BEARING": 33.3, "AMOUNT": 4, "VALUE": "100, 12x5, 1/4", "ANY_PIECES": True},
+                      {"LINE": 3, "BEARING": 33.3, "AMOUNT": 4, "VALUE": "100; 12 x 5; w2.5; 1/4", "ANY_PIECES": True},
                       {"LINE": 4, "POINT": "500010,5000005 [EPSG:32632]", "AMOUNT": 1, "VALUE": "1/2"}):
             with self.subTest(asked):
                 self.the_same(**asked)
@@ -148,8 +148,6 @@ class WhatCannotBeAsked(unittest.TestCase):
         self.assertIn("say to how many decimals", self.refused(DECIMALS=None))
         self.assertIn("from North on", self.refused(LINE=4, POINT="500310,5000005 [EPSG:32632]", BEARING=10.0))
         self.assertIn("no side 9", self.refused(NUMBER=9))
-        self.assertIn("is no amount", self.refused(AMOUNT=4, VALUE="/etc/passwd.csv, 3"))
-        self.assertIn("not a number above 0", self.refused(AMOUNT=0, VALUE="-5"))
 
     def test_algorithms_that_need_the_package(self):
         with without_package():

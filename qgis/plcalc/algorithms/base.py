@@ -2,38 +2,77 @@
 
 import collections
 import inspect
+import math
 import os
 
-from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
-                       QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource, QgsProcessingUtils, QgsProject,
-                       QgsUnitTypes, QgsWkbTypes)
+from qgis.core import (QgsFeature, QgsFeatureSink, QgsFields, QgsGeometry, QgsProcessing, QgsProcessingAlgorithm,
+                       QgsProcessingException, QgsProcessingParameterBoolean, QgsProcessingParameterFeatureSource,
+                       QgsProcessingUtils, QgsProject, QgsUnitTypes, QgsWkbTypes)
 from qgis.PyQt.QtCore import QUrl
 from qgis.PyQt.QtGui import QIcon
 
 from .. import engine
 from ..parcels import NoPlane, Plane, Unusable, features_of, shape_of
+from ..places import what_is_mixed_up
 from ..words import tr
 
 _HERE = os.path.dirname(os.path.dirname(__file__))
 
 
+# Why there is no answer for a parcel.
+Refusal = collections.namedtuple("Refusal", "status reason")
+
+
 class Sink:
     """Where a result goes.
 
-    fields: of its rows; error: what to say where it does not take a row
+    fields, kind: of its rows; error: what to say where it does not take a row
     """
 
-    def __init__(self, sink, fields, error):
+    def __init__(self, sink, fields, kind, error):
         self.fields = fields
-        self._sink, self._error = sink, error
+        self._sink, self._kind, self._error = sink, kind, error
 
     def add(self, attributes, geometry=None):
         feature = QgsFeature(self.fields)
         feature.setAttributes(attributes)
         if geometry is not None:
-            feature.setGeometry(geometry)
+            feature.setGeometry(fitted(geometry, self._kind))
         if not self._sink.addFeature(feature, QgsFeatureSink.FastInsert):
             raise QgsProcessingException(f"{self._error} {self._sink.lastError()}")
+
+
+def fitted(geometry, kind):
+    """A geometry as a type has it: a height or a measure that is not there is NaN, for QGIS would write 0."""
+    fits = QgsGeometry(geometry)
+    shape = fits.get()
+    if QgsWkbTypes.hasZ(kind) and not shape.is3D():
+        shape.addZValue(math.nan)
+    elif shape.is3D() and not QgsWkbTypes.hasZ(kind):
+        shape.dropZValue()
+    if QgsWkbTypes.hasM(kind) and not shape.isMeasure():
+        shape.addMValue(math.nan)
+    elif shape.isMeasure() and not QgsWkbTypes.hasM(kind):
+        shape.dropMValue()
+    return fits
+
+
+class Heights:
+    """Counts the features whose heights do not fit what their layer says of itself."""
+
+    def __init__(self, source):
+        self._is_high = QgsWkbTypes.hasZ(source.wkbType())
+        self._others = 0
+
+    def see(self, feature):
+        if feature.hasGeometry() and QgsWkbTypes.hasZ(feature.geometry().wkbType()) != self._is_high:
+            self._others += 1
+
+    def tell(self, feedback):
+        if self._others:
+            text = tr("Features without heights, in a layer with heights: {count}. Their pieces have none (NaN, not 0).") if self._is_high \
+                else tr("Features with heights, in a layer that says it has none: {count}. Their heights are left out.")
+            feedback.pushWarning(text.format(count=self._others))
 
 
 class Algorithm(QgsProcessingAlgorithm):
@@ -77,12 +116,31 @@ class Algorithm(QgsProcessingAlgorithm):
         layer = context.getMapLayer(where) if sink is not None else None
         if layer is not None and not crs.isValid():
             layer.setCrs(crs)  # QGIS takes layers in memory that have no CRS for longitudes and latitudes
-        return (None, None) if sink is None else (Sink(sink, fields, self.writeFeatureError(sink, parameters, name)), where)
+        return (None, None) if sink is None else (Sink(sink, fields, kind, self.writeFeatureError(sink, parameters, name)), where)
 
     def checkParameterValues(self, parameters, context):
         # QGIS asks whether it can be executed in the toolbox, but not where Python runs it.
         can, why = self.canExecute()
-        return super().checkParameterValues(parameters, context) if can else (False, why)
+        if not can:
+            return False, why
+        fits, why = super().checkParameterValues(parameters, context)
+        mixed_up = what_is_mixed_up(self, parameters, context) if fits else None
+        return (fits, why) if mixed_up is None else (False, mixed_up)
+
+    def require_places(self, parameters, context):
+        """Nothing is written over what is read. Models do not check the values."""
+        mixed_up = what_is_mixed_up(self, parameters, context)
+        if mixed_up is not None:
+            raise QgsProcessingException(mixed_up)
+
+
+def any_scale_parameter():
+    return QgsProcessingParameterBoolean("ANY_SCALE", tr("Go on although the CRS stretches lengths here"), defaultValue=False)
+
+
+def tell_unit(crs, feedback):
+    if crs.isValid() and crs.mapUnits() != QgsUnitTypes.DistanceMeters:
+        feedback.pushInfo(tr("Lengths are in {unit}, and areas in squares of it.").format(unit=QgsUnitTypes.toString(crs.mapUnits())))
 
 
 class OfParcels(Algorithm):
@@ -92,8 +150,7 @@ class OfParcels(Algorithm):
         self.addParameter(QgsProcessingParameterFeatureSource("INPUT", tr("Parcels"), [QgsProcessing.TypeVectorPolygon]))
         for parameter in self.what_is_asked():
             self.addParameter(parameter)
-        self.addParameter(QgsProcessingParameterBoolean("ANY_SCALE", tr("Go on although the CRS stretches lengths here"),
-                                                        defaultValue=False))
+        self.addParameter(any_scale_parameter())
         for parameter in self.results():
             self.addParameter(parameter)
 
@@ -107,19 +164,18 @@ class OfParcels(Algorithm):
 
     def begin(self, parameters, context, feedback):
         """(engine, source, plane) of a run."""
+        self.require_places(parameters, context)
         computes = engine.engine()
         if computes.note:
             feedback.pushInfo(computes.note)
         source = self.parameterAsSource(parameters, "INPUT", context)
         project = context.project() or QgsProject.instance()
         try:
-            plane = Plane(source.sourceCrs(), source.sourceExtent(), project.crs(), context.transformContext(),
+            plane = Plane(source.sourceCrs(), project.crs(), context.transformContext(),
                           self.parameterAsBoolean(parameters, "ANY_SCALE", context))
         except NoPlane as why:
             raise QgsProcessingException(str(why)) from None
-        if plane.crs.isValid() and plane.crs.mapUnits() != QgsUnitTypes.DistanceMeters:
-            feedback.pushInfo(tr("Lengths are in {unit}, and areas in squares of it.").format(
-                unit=QgsUnitTypes.toString(plane.crs.mapUnits())))
+        tell_unit(plane.crs, feedback)
         if plane.note:
             feedback.pushInfo(plane.note)
             feedback.pushInfo(tr("The results are in that CRS too."))
@@ -134,16 +190,16 @@ class Tabled(OfParcels):
 
     def processAlgorithm(self, parameters, context, feedback):
         computes, source, plane = self.begin(parameters, context, feedback)
+        ask = self.asker(computes, parameters, context, source, plane)
         fields = joined(source.fields(), self.FIELDS)
         kind = self.KIND if self.KIND == QgsWkbTypes.NoGeometry else as_high(self.KIND, source)
         sink, where = self.sink(parameters, "OUTPUT", context, fields, kind, plane.crs)
-        ask = self.asker(computes, parameters, context, plane)
         for feature, polygon, rows in ask(parcels(source, plane, feedback)):
             for row in rows:
                 sink.add([*feature.attributes(), feature.id(), *row], polygon)
         return {"OUTPUT": where}
 
-    def asker(self, computes, parameters, context, plane):
+    def asker(self, computes, parameters, context, source, plane):
         """What makes of `parcels` (feature, geometry or None, rows), a row without the number of the feature."""
         raise NotImplementedError
 
@@ -162,24 +218,30 @@ def as_high(kind, source, measures=True):
 
 
 def parcels(source, plane, feedback):
-    """(feature, polygon, shape) of each polygon of each feature. Where there is none, the reason in place of the shape, and the
+    """(feature, polygon, shape) of each polygon of each feature. Where there is none, a Refusal in place of the shape, and the
     outline that can be shown, or None."""
     step = 100.0 / max(source.featureCount(), 1)
+    heights = Heights(source)
     for number, feature in enumerate(features_of(source)):
         if feedback.isCanceled():
             return
         feedback.setProgress(number * step)
+        heights.see(feature)
         try:
             polygons = plane.parcels_of(feature)
         except Unusable as why:
-            yield feature, why.outline, str(why)
+            yield feature, None, Refusal("no_parcel", str(why))
             continue
-        for polygon in polygons:
-            yield feature, polygon, shape_of(polygon)
+        for polygon, problem in polygons:
+            yield feature, polygon, shape_of(polygon) if problem is None else Refusal("no_parcel", problem)
+    heights.tell(feedback)
+    if plane.stretched:
+        feedback.pushWarning(tr("Parcels where the CRS stretches lengths, or that may be in degrees: {count}. Their figures are those of the plane, not of the ground.")
+                             .format(count=plane.stretched))
 
 
 def answers_in_order(given, request, ask):
-    """(feature, polygon, answer or reason) of each of `parcels`, in their order.
+    """(feature, polygon, answer or Refusal) of each of `parcels`, in their order.
 
     request: what is asked of (feature, shape), as `ask` takes it behind a key; Unusable where that cannot be told
     ask: makes of (key, ...) (key, answer), in their order
@@ -188,15 +250,15 @@ def answers_in_order(given, request, ask):
 
     def asked():
         for feature, polygon, shape in given:
-            try:
-                if isinstance(shape, str):
-                    raise Unusable(shape)
-                wanted = request(feature, shape)
-            except Unusable as why:
-                waiting.append((feature, polygon, str(why)))
-                continue
-            waiting.append((feature, polygon, None))
-            yield (None, *wanted)
+            refused = shape if isinstance(shape, Refusal) else None
+            if refused is None:
+                try:
+                    wanted = request(feature, shape)
+                except Unusable as why:
+                    refused = Refusal("no_request", str(why))
+            waiting.append((feature, polygon, refused))
+            if refused is None:
+                yield (None, *wanted)
 
     for _, answer in ask(asked()):
         while waiting[0][2] is not None:

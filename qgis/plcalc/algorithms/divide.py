@@ -1,11 +1,12 @@
-from qgis.core import QgsField, QgsGeometry, QgsProcessing, QgsProcessingParameterFeatureSink, QgsWkbTypes
+from qgis.core import (QgsField, QgsGeometry, QgsProcessing, QgsProcessingOutputNumber, QgsProcessingParameterFeatureSink,
+                       QgsWkbTypes)
 from qgis.PyQt.QtCore import QVariant
 
 from ..parcels import line_of, polygon_of
 from ..requests import Request, amount_parameters, line_parameters
 from ..styles import Styled
 from ..words import marked, tr
-from .base import OfParcels, answers_in_order, as_high, joined, parcels
+from .base import OfParcels, Refusal, answers_in_order, as_high, joined, parcels
 
 PIECE_FIELDS = [QgsField("parcel", QVariant.LongLong), QgsField("piece", QVariant.Int), QgsField("amount", QVariant.Int),
                 QgsField("area", QVariant.Double), QgsField("asked", QVariant.Double),
@@ -42,6 +43,11 @@ class Divide(OfParcels):
     TAGS = ("split", "subdivide", "area", "share")
     PICTURES = ("parallel", "right-angles", "vertex", "bearing", "point", "two-pieces", "any-pieces")
 
+    def initAlgorithm(self, config=None):
+        super().initAlgorithm(config)
+        self.addOutput(QgsProcessingOutputNumber("DIVIDED", tr("Number of parcels that are divided")))
+        self.addOutput(QgsProcessingOutputNumber("NOT_DIVIDED", tr("Number of parcels that are refused")))
+
     def what_is_asked(self):
         return [*line_parameters(), *amount_parameters()]
 
@@ -56,19 +62,20 @@ class Divide(OfParcels):
         computes, source, plane = self.begin(parameters, context, feedback)
         if QgsWkbTypes.hasM(source.wkbType()):
             feedback.pushWarning(tr("The measures (M) of the vertices are left out."))
-        request = Request(self, parameters, context, plane)
+        request = Request(self, parameters, context, source, plane)
         sinks = Sinks(self, parameters, context, source, plane)
         given = parcels(source, plane, feedback)
         for feature, polygon, division in answers_in_order(given, lambda feature, shape: (shape, request.of(feature)),
                                                            computes.divide_all):
-            if isinstance(division, str):
-                sinks.refuse(feature, polygon, "no_request" if plane.is_parcel(feature) else "no_parcel", division)
-            elif division:
-                sinks.add(feature, division)
-            else:
+            if isinstance(division, Refusal) or not division:
                 sinks.refuse(feature, polygon, division.status, division.reason)
+            else:
+                sinks.add(feature, division)
         feedback.pushInfo(tr("{divided} parcels are divided, {refused} are refused.").format(divided=sinks.divided,
                                                                                               refused=sinks.refused))
+        if sinks.first_refused is not None:
+            feedback.pushWarning(tr("The first one that is refused, {parcel}: {reason}").format(parcel=sinks.first_refused[0],
+                                                                                             reason=sinks.first_refused[1]))
         if sinks.without_height:
             feedback.pushWarning(tr("{count} corners of pieces have no height, for a vertex at one of the two ends of their side has none, "
                                     "or they lie inside the parcel.").format(count=sinks.without_height))
@@ -81,6 +88,7 @@ class Sinks:
     def __init__(self, algorithm, parameters, context, source, plane):
         self.ids, self._sinks = {}, {}
         self.divided = self.refused = self.without_height = 0
+        self.first_refused = None
         run = {}
         for name, own, flat in (("PIECES", PIECE_FIELDS, QgsWkbTypes.Polygon), ("LINES", LINE_FIELDS, QgsWkbTypes.MultiLineString),
                                 ("POINTS", POINT_FIELDS, QgsWkbTypes.Point), ("REFUSED", REFUSED_FIELDS, QgsWkbTypes.Polygon)):
@@ -119,4 +127,5 @@ class Sinks:
 
     def refuse(self, feature, polygon, status, reason):
         self.refused += 1
+        self.first_refused = self.first_refused or (feature.id(), reason)
         self._put("REFUSED", feature, [feature.id(), status, reason], polygon)

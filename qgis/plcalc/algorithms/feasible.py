@@ -4,7 +4,7 @@ from qgis.PyQt.QtCore import QVariant
 from ..parcels import Unusable
 from ..requests import LineRequest, line_parameters
 from ..words import marked, tr
-from .base import Tabled
+from .base import Refusal, Tabled
 
 
 class Feasible(Tabled):
@@ -29,12 +29,12 @@ class Feasible(Tabled):
     def results(self):
         yield QgsProcessingParameterFeatureSink("OUTPUT", tr("Ranges"), QgsProcessing.TypeVector)
 
-    def asker(self, computes, parameters, context, plane):
-        line = LineRequest(self, parameters, context, plane)
+    def asker(self, computes, parameters, context, source, plane):
+        line = LineRequest(self, parameters, context, source, plane)
 
         def ranges(feature, polygon, shape):
-            if isinstance(shape, str):
-                return [], shape
+            if isinstance(shape, Refusal):
+                return [], shape.reason
             try:
                 return computes.feasible(shape.rings, line.line(feature), line.opposite, line.any_pieces)
             except Unusable as why:

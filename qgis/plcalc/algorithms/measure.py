@@ -2,7 +2,7 @@ from qgis.core import QgsField, QgsProcessing, QgsProcessingParameterFeatureSink
 from qgis.PyQt.QtCore import QVariant
 
 from ..words import marked, tr
-from .base import Tabled, answers_in_order
+from .base import Refusal, Tabled, answers_in_order
 
 
 class Measure(Tabled):
@@ -21,11 +21,11 @@ class Measure(Tabled):
     def results(self):
         yield QgsProcessingParameterFeatureSink("OUTPUT", tr("Measured"), QgsProcessing.TypeVectorPolygon)
 
-    def asker(self, computes, parameters, context, plane):
+    def asker(self, computes, parameters, context, source, plane):
         def ask(given):
             for feature, polygon, found in answers_in_order(given, lambda _, shape: (shape.rings,), computes.measure_all):
-                if isinstance(found, str):
-                    yield feature, None, [[None, None, None, found]]
+                if isinstance(found, Refusal):
+                    yield feature, polygon, [[None, None, None, found.reason]]
                 else:
                     yield feature, polygon, [[found.area, found.perimeter, polygon.constGet().nCoordinates()
                                               - 1 - polygon.constGet().numInteriorRings(), found.status]]

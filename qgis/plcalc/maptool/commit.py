@@ -7,9 +7,10 @@ largest keeps the feature. A feature with several polygons keeps the others.
 
 import math
 
-from qgis.core import QgsFeatureRequest, QgsGeometry, QgsPointXY, QgsPolygon, QgsVectorLayerUtils, QgsWkbTypes
+from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsMultiSurface, QgsPointXY, QgsPolygon, QgsVectorLayerUtils,
+                       QgsWkbTypes)
 
-from ..parcels import Unusable, add_ring, point_of
+from ..parcels import Unusable, add_ring, point_of, polygons_of
 from ..words import tr
 from .parcel import Parcel
 
@@ -87,12 +88,13 @@ def _beside(parcel, written):
     box = parcel.parts()[parcel.part].boundingBox()
     reach = parcel.plane.in_layer(_WITHIN, box.center())
     for feature in layer.getFeatures(QgsFeatureRequest(box.buffered(reach)).setNoAttributes()):
-        try:
-            for part in range(len(parcel.plane.parcels_of(feature))):
-                if feature.id() != parcel.feature.id() or part != parcel.part:
-                    found.append(Parcel(layer, feature, parcel.plane, part))
-        except Unusable:
-            written.unread += 1
+        for part in range(max(1, len(polygons_of(feature.geometry())))):
+            if feature.id() == parcel.feature.id() and part == parcel.part:
+                continue
+            try:
+                found.append(Parcel(layer, feature, parcel.plane, part))
+            except Unusable:
+                written.unread += 1
     return found
 
 
@@ -153,8 +155,14 @@ def _point(parcel, vertex, height, measure, written):
 
 
 def _as_in(layer, polygons):
-    """Polygons as one geometry of the layer's type."""
-    geometry = QgsGeometry.collectGeometry(polygons)
+    """Polygons, or points, as one geometry of the layer's type; a polygon beside it may have arcs, which stay."""
+    if QgsWkbTypes.isCurvedType(layer.wkbType()):
+        surface = QgsMultiSurface()
+        for polygon in polygons:
+            surface.addGeometry(polygon.constGet().toCurveType())
+        geometry = QgsGeometry(surface)
+    else:
+        geometry = QgsGeometry.collectGeometry(polygons)
     if not QgsWkbTypes.isMultiType(layer.wkbType()) and len(polygons) == 1:
         geometry.convertToSingleType()
     return geometry

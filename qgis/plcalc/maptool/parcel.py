@@ -6,7 +6,7 @@ import math
 from qgis.core import QgsFeatureRequest, QgsGeometry, QgsPointXY, QgsRectangle, QgsWkbTypes
 
 from ..answers import number_of, numbered
-from ..parcels import Unusable, known, shape_of
+from ..parcels import Unusable, known, polygons_of, shape_of
 
 # number: from 1, the outer ring first; those of holes are numbered on.
 Side = collections.namedtuple("Side", "number")
@@ -17,7 +17,7 @@ _CORNER_REACH = 0.6
 
 
 class Parcel:
-    """A polygon of a feature.
+    """A polygon of a feature. Raises Unusable where that is no parcel.
 
     layer, feature: where it comes from
     plane: the Plane of the layer
@@ -28,7 +28,9 @@ class Parcel:
 
     def __init__(self, layer, feature, plane, part):
         self.layer, self.feature, self.plane, self.part = layer, feature, plane, part
-        self.polygon = plane.parcels_of(feature)[part]
+        self.polygon, problem = plane.parcels_of(feature)[part]
+        if problem is not None:
+            raise Unusable(problem)
         self.shape = shape_of(self.polygon)
         self.rings = self.shape.rings
         self._points = self._own_points()
@@ -38,7 +40,7 @@ class Parcel:
 
     def parts(self):
         """The polygons of the feature in its layer's coordinates."""
-        return [part for part in self.feature.geometry().asGeometryCollection() if not part.isEmpty()]
+        return polygons_of(self.feature.geometry())
 
     def is_same(self, other):
         """Whether it is the same polygon, and has not been changed."""
@@ -104,8 +106,7 @@ def parcel_at(layer, plane, at):
     for feature in layer.getFeatures(QgsFeatureRequest(QgsRectangle(at, at))):
         if not feature.hasGeometry():
             continue
-        parts = [part for part in feature.geometry().asGeometryCollection() if not part.isEmpty()]
-        for number, part in enumerate(parts):
+        for number, part in enumerate(polygons_of(feature.geometry())):
             if part.contains(here):
                 try:
                     found.append((part.area(), feature.id(), Parcel(layer, feature, plane, number)))

@@ -123,7 +123,7 @@ class DivideTool(QgsMapTool):
             self.said.emit(engine.missing(), True)
             return
         try:
-            plane = Plane(layer.crs(), layer.extent(), self._project.crs(), self._project.transformContext(),
+            plane = Plane(layer.crs(), self._project.crs(), self._project.transformContext(),
                           self._dock.any_scale.isChecked())
             parcel = parcel_at(layer, plane, self.toLayerCoordinates(layer, at))
         except (NoPlane, Unusable) as why:
