@@ -242,8 +242,8 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Teilen</translation>
   </message>
   <message>
-   <source>Splits the feature in the edit session of its layer (Enter)</source>
-   <translation>Teilt das Objekt in der Bearbeitung seines Layers (Eingabetaste)</translation>
+   <source>Splits the feature in the edit session of its layer (Enter on the map)</source>
+   <translation>Teilt das Objekt in der Bearbeitung seines Layers (Eingabetaste auf der Karte)</translation>
   </message>
   <message>
    <source>The line runs</source>
@@ -320,6 +320,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>The ends have {used} decimals: with {asked} no line holds the areas that closely.</source>
    <translation>Die Enden haben {used} Nachkommastellen: mit {asked} hält keine Linie die Flächen so genau ein.</translation>
+  </message>
+  <message>
+   <source>The CRS stretches lengths here: figures are those of the plane, not of the ground.</source>
+   <translation>Das KBS verzerrt hier Längen: Zahlen sind die der Ebene, nicht des Bodens.</translation>
   </message>
   <message>
    <source>The layer of new points has no heights: they are left out there.</source>

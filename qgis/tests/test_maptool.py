@@ -16,6 +16,7 @@ from qgis.core import QgsCoordinateReferenceSystem, QgsCoordinateTransform, QgsG
     QgsVectorFileWriter, QgsVectorLayer
 from qgis.gui import QgsMapCanvas
 from qgis.PyQt.QtCore import QEvent, Qt
+from qgis.PyQt.QtGui import QKeyEvent
 from qgis.PyQt.QtTest import QTest
 from qgis.PyQt.QtWidgets import QApplication, QHBoxLayout, QMainWindow, QWidget
 from session import HOLED, LOT, UTM, YARD, layer_of
@@ -202,6 +203,50 @@ class Choosing(Case):
         self.assertIsNone(window.tool.work)
         self.assertIn("Click on a parcel", window.dock.about.text())
 
+    def test_enter_in_the_dock_divides_nothing(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        for field in (window.dock.value, window.dock.point, window.dock.decimals, window.dock.amount, window.dock.opposite, window.dock.points):
+            field.setFocus()
+            if field is window.dock.value:
+                field.selectAll()
+                QTest.keyClicks(field, "1/5")
+            QTest.keyClick(field, Qt.Key_Return)
+            self.assertFalse(self.lots.isEditable())
+            self.assertIs(window.widget.focusWidget(), window.canvas, field)  # Enter there is meant
+        self.assertAlmostEqual(window.tool.work.division.pieces[0].area, 1000.0, delta=1e-2)
+        window.dock.value.setFocus()
+        QTest.keyClick(window.dock.value, Qt.Key_Escape)
+        self.assertIs(window.widget.focusWidget(), window.canvas)
+        self.assertIsNotNone(window.tool.work.division)
+        held = QKeyEvent(QEvent.KeyPress, Qt.Key_Return, Qt.NoModifier, "", True)
+        QApplication.sendEvent(window.canvas, held)
+        self.assertFalse(self.lots.isEditable())
+        window.key(Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+
+    def test_enter_on_the_button(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.widget.activateWindow()
+        QTest.qWaitForWindowActive(window.widget)
+        window.dock.divide.setFocus()
+        QTest.keyClick(window.dock.divide, Qt.Key_Return)
+        self.assertEqual(self.lots.featureCount(), 2)
+
+    def test_a_bearing_that_is_being_written_counts(self):
+        window = self.window([(LOT, "Rossi")])
+        window.dock.kind.setCurrentIndex(3)
+        window.click(500050, 5000025)
+        window.ask(AREA, "1000")
+        window.dock.bearing.selectAll()
+        QTest.keyClicks(window.dock.bearing, "100")
+        self.assertEqual(window.dock.bearing.value(), 0.0)
+        window.key(Qt.Key_Return)
+        self.assertIn((500000.0, 5000010.0), {(v.x(), v.y()) for v in self.lots.getFeature(1).geometry().vertices()})
+
     def test_what_is_no_parcel(self):
         window = self.window([("POLYGON ((500000 5000000, 500100 5000050, 500100 5000000, 500000 5000050, 500000 5000000))", "")])
         window.click(500005, 5000025)
@@ -223,6 +268,50 @@ class Choosing(Case):
         (text, problem), = window.said
         self.assertTrue(problem)
         self.assertIn("its boundary has arcs", text)
+
+    def test_curves_without_arcs_beside_one_with_arcs(self):
+        arcs = "CURVEPOLYGON (CIRCULARSTRING (500110 5000025, 500120 5000035, 500130 5000025, 500120 5000015, 500110 5000025))"
+        lot = f"CURVEPOLYGON (COMPOUNDCURVE ({LOT[9:-1]}))"
+        window = self.window([(f"MULTISURFACE ({lot}, {arcs})", "Rossi")], kind="MultiSurface")
+        window.click(500120, 5000025)
+        self.assertIn("its boundary has arcs", window.said.pop()[0])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertEqual([problem for _, problem in window.said], [True])  # beside it lies what is no parcel
+        self.assertEqual(self.lots.featureCount(), 2)
+        kept = self.lots.getFeature(1).geometry()
+        self.assertEqual((kept.constGet().geometryType(), kept.constGet().numGeometries()), ("MultiSurface", 2))
+        self.assertAlmostEqual(kept.constGet().geometryN(1).area(), math.pi * 100, delta=0.1)
+        self.assertTrue(kept.constGet().geometryN(1).hasCurvedSegments())
+        cut_off, = (feature.geometry() for feature in self.lots.getFeatures() if feature.id() != 1)
+        self.assertAlmostEqual(cut_off.area(), 2500.0, delta=1e-6)
+        self.assertTrue(self.lots.commitChanges(), self.lots.commitErrors())
+
+    def test_a_curve_polygon(self):
+        ring = LOT[9:-1]
+        lots = [(f"CURVEPOLYGON (COMPOUNDCURVE ({ring}))", "Rossi"), (NEIGHBOUR.replace("POLYGON", "CURVEPOLYGON"), "Verdi")]
+        window = self.window(lots, kind="CurvePolygon")
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertIn("neighbours with new points: 1", window.said[0][0])
+        self.assertEqual({feature.geometry().constGet().geometryType() for feature in self.lots.getFeatures()}, {"CurvePolygon"})
+        self.assertEqual(sorted(round(feature.geometry().area(), 6) for feature in self.lots.getFeatures()), [2500.0, 2500.0, 3500.0])
+
+    def test_each_parcel_is_judged_where_it_lies(self):
+        stray = "POLYGON ((1500000 5000000, 1500100 5000000, 1500100 5000050, 1500000 5000050, 1500000 5000000))"
+        window = self.window([(LOT, "Rossi"), (stray, "Verdi"), (stray, "Blu")])  # the middle of the layer is off
+        window.click(500050, 5000025)
+        self.assertIsNotNone(window.tool.work)
+        window.canvas.setExtent(QgsRectangle(1499980, 4999980, 1500170, 5000080))
+        window.canvas.waitWhileRendering()
+        window.click(1500050, 5000025)
+        self.assertIn("times as long", window.said[0][0])
+        window.dock.any_scale.setChecked(True)
+        window.click(1500050, 5000025)
+        self.assertIn("area 5000.0000", window.dock.about.text())
+        self.assertIn("CRS stretches lengths", window.dock.note.text())
 
     def test_a_layer_of_points_is_refused(self):
         window = self.window([("POINT (500050 5000025)", "")], kind="Point")

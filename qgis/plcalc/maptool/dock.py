@@ -28,6 +28,7 @@ class Dock(QDockWidget):
     changed = pyqtSignal()  # what is asked
     commit = pyqtSignal()
     closed = pyqtSignal()
+    left = pyqtSignal()  # by a key: what follows is meant for the map
 
     def __init__(self, parent=None):
         super().__init__(tr("Divide a parcel"), parent)
@@ -69,7 +70,7 @@ class Dock(QDockWidget):
         self.points.setAllowEmptyLayer(True)
         self.points.setLayer(None)
         self.divide = QPushButton(tr("Divide"))
-        self.divide.setToolTip(tr("Splits the feature in the edit session of its layer (Enter)"))
+        self.divide.setToolTip(tr("Splits the feature in the edit session of its layer (Enter on the map)"))
         self._lay_out()
         self.kind.currentIndexChanged.connect(self.changed)
         self.amount.currentIndexChanged.connect(self.changed)
@@ -158,6 +159,22 @@ class Dock(QDockWidget):
         self.place.setText(work.described(shown) if shown and work.usable() else tr(_WHAT_TO_CLICK[self.kind.currentIndex()]))
         self.result.setText(work.problem or _figures(work.division, self.decimals.value()))
         self.divide.setEnabled(work.division is not None)
+
+    def take_in(self):
+        """What is being typed counts, though it has not been left yet."""
+        self.bearing.interpretText()
+
+    def keyPressEvent(self, event):
+        """Enter takes in what has been written, Enter and Esc go back to the map; nothing is divided by Enter in a field."""
+        if event.key() not in (Qt.Key.Key_Return, Qt.Key.Key_Enter, Qt.Key.Key_Escape):
+            super().keyPressEvent(event)
+            return
+        event.accept()
+        if event.key() != Qt.Key.Key_Escape and self.divide.hasFocus():
+            self.divide.click()
+        else:
+            self.take_in()
+            self.left.emit()
 
     def closeEvent(self, event):
         super().closeEvent(event)

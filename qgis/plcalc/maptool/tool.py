@@ -35,6 +35,7 @@ class DivideTool(QgsMapTool):
         self.setCursor(Qt.CursorShape.CrossCursor)
         dock.changed.connect(self._ask)
         dock.commit.connect(self.divide)
+        dock.left.connect(canvas.setFocus)
         # What is drawn belongs to a layer that may go or change under it.
         canvas.currentLayerChanged.connect(self._start_again)
         self._project.layersWillBeRemoved.connect(self._start_again)
@@ -100,7 +101,8 @@ class DivideTool(QgsMapTool):
 
     def keyPressEvent(self, event):
         if event.key() in (Qt.Key.Key_Return, Qt.Key.Key_Enter):
-            self.divide()
+            if not event.isAutoRepeat():  # a key still held down since it has left a field of the dock
+                self.divide()
         elif event.key() == Qt.Key.Key_Escape:
             self._step_back()
         elif event.key() == Qt.Key.Key_O:
@@ -135,7 +137,8 @@ class DivideTool(QgsMapTool):
         if parcel is None:
             return
         self._work = Work(computes, parcel)
-        self._dock.show_note("\n".join(note for note in (plane.note, computes.note) if note))
+        stretched = tr("The CRS stretches lengths here: figures are those of the plane, not of the ground.") if plane.stretched else None
+        self._dock.show_note("\n".join(note for note in (plane.note, stretched, computes.note) if note))
         self._drawing.parcel(parcel)
         self._ask()
 
@@ -202,6 +205,7 @@ class DivideTool(QgsMapTool):
 
     def divide(self):
         """Writes the division into the layer."""
+        self._dock.take_in()
         if self._work is None or self._work.division is None:
             return
         try:
