@@ -22,7 +22,9 @@ find_program(PLCALC_SED sed)
 if(PLCALC_SED)  # without it the contract's paragraphs run together
   set(DOXYGEN_INPUT_FILTER "${PLCALC_SED} -E -f cmake/contract_paragraphs.sed")
 endif()
-set(DOXYGEN_FILTER_PATTERNS "\"*.md=${Python3_EXECUTABLE} cmake/guide_pages.py\"")
+set(DOXYGEN_FILTER_PATTERNS "\"*.md=${Python3_EXECUTABLE} cmake/guide_pages.py\""
+  "\"*/docs/words.txt=${Python3_EXECUTABLE} cmake/words.py\"")
+set(DOXYGEN_EXTENSION_MAPPING txt=C++)
 set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/plutil/include
   ${PROJECT_SOURCE_DIR}/plparcel/include ${PROJECT_SOURCE_DIR}/c/include)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR})
@@ -31,6 +33,7 @@ set(DOXYGEN_GENERATE_LATEX NO)
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_HAVE_DOT NO)
 set(DOXYGEN_HTML_EXTRA_STYLESHEET ${PROJECT_SOURCE_DIR}/cmake/docs.css)
+set(DOXYGEN_LAYOUT_FILE ${PROJECT_SOURCE_DIR}/cmake/docs_layout.xml)
 set(DOXYGEN_GENERATE_TREEVIEW YES)
 set(DOXYGEN_IMAGE_PATH docs docs/guide qgis)
 
@@ -38,7 +41,7 @@ set(DOXYGEN_IMAGE_PATH docs docs/guide qgis)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/guide/README.md)
 execute_process(COMMAND ${Python3_EXECUTABLE} cmake/guide_pages.py --list WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
   OUTPUT_VARIABLE pages OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-doxygen_add_docs(docs ${pages} docs/words.dox include plutil/include plparcel/include c/include
+doxygen_add_docs(docs ${pages} docs/words.txt include plutil/include plparcel/include c/include
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} COMMENT "HTML of the guide and the public headers")
 add_custom_command(TARGET docs POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E echo "The first page is ${PROJECT_BINARY_DIR}/docs/html/index.html")

@@ -22,6 +22,9 @@ ELSEWHERE = {
     "cmake --build build/gcc --target docs": ("scripts/test", "cmake --build build/gcc --target docs"),
     "cmake --build build --target docs": ("scripts/test", "cmake --build build/gcc --target docs"),
     "cmake --preset armel && cmake --build build/armel": ("scripts/test-targets", "build_preset armel"),
+    "cmake -S . -B build/arm --toolchain cmake/toolchains/armel.cmake -DPLCALC_BUILD_TOOL=OFF -DPLCALC_BUILD_TESTS=OFF":
+        ("scripts/test-targets", 'check "$target" --toolchain "cmake/toolchains/$target.cmake"'),
+    "cmake --build build/arm": ("scripts/test-targets", 'build_target "$@"'),
     "cmake --build build/armel --target footprint":
         ("scripts/test-targets", "cmake --build build/armel --target footprint"),
     "build/targets/armel/bench/softfloat/softfloat_count":

@@ -15,7 +15,7 @@ import urllib.parse
 
 import site_text
 
-# What people type, and what they must find on one of the pages that are offered.
+# What people type, and what they must find among the pages that are offered or on one of them: a function, or a page.
 WORDS = {
     "angle": "PlFunz_arcangle", "arc": "PlFunz_arc_3pnts", "area": "AreaCalcolata", "azimuth": "AngoloDaAsseRifer",
     "bearing": "AngoloDaAsseRifer", "box": "CalcoloBdry", "circle": "PlFunz_arc_3pnts", "cut": "CFrazArea",
@@ -29,6 +29,27 @@ WORDS = {
     "scale": "PlFunz_scalematrix2d", "segment": "CalcPtAtDistSuSegm", "set out": "CalcPtAngDist", "split": "divide",
     "stake": "CalcPtSquadro", "subdivision": "CFrazArea", "tolerance": "TrovatoValNeiLimiti", "transform": "TrasfPt",
     "translate": "PlFunz_translatematrix2d", "traverse": "CalcCoordEst", "trim": "CimaSegm", "zero": "NumeroEstZero",
+
+    "anticlockwise": "AreaCalcolataSgn", "c#": "c.md", "center": "PlFunz_arc_3pnts", "clockwise": "AreaCalcolataSgn",
+    "cmake": "packages.md#as-a-part-of-another-project", "conan": "packages.md", "corner": "through_vertex", "cross": "packages.md#cross-builds",
+    "crs": "guide/coordinates.md#which-crs", "csv": "guide/layers.md#what-it-reads-and-writes", "cut off": "divide",
+    "debian": "packages.md", "dxf": "guide/layers.md#what-it-reads-and-writes", "easting": "CalcCoordEst",
+    "equal parts": "divide", "error": "guide/refused.md", "exit status": "guide/layers.md#exit-status",
+    "fetchcontent": "packages.md#as-a-part-of-another-project", "first cut": "guide/your-first-cut.md",
+    "frontage": "guide/which-line.md#by-width-or-frontage", "gap": "new_points", "geojson": "guide/layers.md#what-it-reads-and-writes",
+    "geopackage": "guide/layers.md#what-it-reads-and-writes", "getting started": "guide/your-first-cut.md",
+    "glossary": "guide/names.md", "grad": "LimiteAng0_400", "grid": "index.html#the-rule-of-the-local-origin",
+    "hectare": "guide/coordinates.md#hectares-and-acres", "acre": "guide/coordinates.md#hectares-and-acres", "halve": "divide",
+    "hole": "check_parcel", "install": "packages.md", "interpolate": "CalcoloQuotaSuSegmento", "java": "c.md",
+    "landxml": "guide/layers.md#what-it-reads-and-writes", "licence": "packages.md", "license": "packages.md",
+    "local origin": "index.html#the-rule-of-the-local-origin", "midpoint": "CalcPtAtDistSuSegm", "misclosure": "CalcCoordEst",
+    "nan": "TrovatoValNeiLimiti", "neighbor": "new_points", "northing": "CalcCoordNord", "pdf": "plans.md",
+    "point in polygon": "PlFunz_inpolygon", "postgis": "postgis.md", "python": "python.md", "qgis": "guide/qgis.md",
+    "refused": "guide/refused.md", "right angle": "CalcPtSquadro", "shapefile": "guide/layers.md#what-it-reads-and-writes",
+    "sliver": "new_points", "speed": "large-layers.md", "stake out": "CalcPtSquadro", "stakeout": "CalcPtSquadro",
+    "station": "CalcPtAngDist", "subdivide": "divide", "thread": "guide/headers.md#how-to-read-a-description",
+    "total station": "CalcPtAngDist", "utm": "guide/coordinates.md#which-crs", "vertex": "through_vertex",
+    "width": "width", "windows": "packages.md", "wkt": "guide/layers.md#what-it-reads-and-writes",
 }
 DOXYGEN = "1.9.4"  # Debian 12's
 FOLDERS = ("kernel", "lines", "arcs", "survey", "subdivision", "plutil", "plparcel")
@@ -68,11 +89,20 @@ def index(folder):
             yield html.unescape(title), re.findall(r"'\.\./([^'#]+)", places)
 
 
+def leads_to(wanted, name, pages):
+    """Whether the page has the function, or is the wanted page, or leads there."""
+    file, _, anchor = wanted.partition("#")
+    if not file.endswith((".md", ".html")):
+        return any(f">{scope}{wanted}</a>" in pages[name].text for scope in ("", "plparcel::"))
+    page = "md_docs_" + re.sub(r"\W", "_", file.removesuffix(".md")) + ".html" if file.endswith(".md") else file
+    return name == page or (f"{page}#{anchor}" if anchor else page) in pages[name].links()
+
+
 def lost_words(folder, pages):
     known = list(index(folder))
     for word, wanted in WORDS.items():
         offered = {name for title, places in known if title.lower().startswith(word) for name in places}
-        if not any(f">{found}{wanted}</a>" in pages[name].text for name in offered for found in ("", "plparcel::")):
+        if not any(leads_to(wanted, name, pages) for name in offered):
             yield f"'{word}' does not find {wanted}, but {', '.join(sorted(offered)) or 'nothing'}"
 
 

@@ -39,6 +39,8 @@
 #include "plparcel/line.h"
 #include "plparcel/rounding.h"
 
+/// The layer above plcalc: divides a parcel with proof, or says why it cannot be divided so. @ref plparcel::divide is where to
+/// begin.
 namespace plparcel {
 
 /// Which piece holds the amount.
