@@ -24,6 +24,10 @@
    <translation>Auch die Ergebnisse sind in diesem KBS.</translation>
   </message>
   <message>
+   <source>Cancelled: what is left of the layer has not been looked at, and the results are not complete.</source>
+   <translation>Abgebrochen: was vom Layer übrig ist, wurde nicht angesehen, und die Ergebnisse sind nicht vollständig.</translation>
+  </message>
+  <message>
    <source>Lengths are in {unit}, and areas in squares of it.</source>
    <translation>Längen sind in {unit}, Flächen im Quadrat davon.</translation>
   </message>
@@ -186,12 +190,16 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Das Grundstück wurde geändert, seit es gewählt wurde. Wählen Sie es noch einmal.</translation>
   </message>
   <message>
+   <source>The layer {name} cannot be edited.</source>
+   <translation>Der Layer {name} kann nicht bearbeitet werden.</translation>
+  </message>
+  <message>
    <source>The layer {name} does not take the change.</source>
    <translation>Der Layer {name} nimmt die Änderung nicht an.</translation>
   </message>
   <message>
-   <source>The layer {name} cannot be edited.</source>
-   <translation>Der Layer {name} kann nicht bearbeitet werden.</translation>
+   <source>The new points lie beyond the CRS of the layer {name}.</source>
+   <translation>Die neuen Punkte liegen außerhalb des KBS des Layers {name}.</translation>
   </message>
   <message>
    <source>Click on a side or a corner.</source>
@@ -342,6 +350,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Neue Punkte ohne Höhe oder Messwert: {count}.</translation>
   </message>
   <message>
+   <source>Columns that the layer of new points wants to be filled before it is saved: {columns}.</source>
+   <translation>Spalten, die im Layer der neuen Punkte vor dem Speichern auszufüllen sind: {columns}.</translation>
+  </message>
+  <message>
    <source>New points so near to a neighbour's corner that they were not inserted: {count}.</source>
    <translation>Neue Punkte, die so nahe bei der Ecke eines Nachbarn liegen, dass sie dort nicht eingefügt wurden: {count}.</translation>
   </message>
@@ -400,6 +412,14 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
   <message>
    <source>The layer has degrees: it is divided in the project's {crs}.</source>
    <translation>Der Layer hat Grad: geteilt wird im {crs} des Projekts.</translation>
+  </message>
+  <message>
+   <source>The coordinates of {crs} are geocentric, not plane: reproject the layer to the UTM zone of the place.</source>
+   <translation>Die Koordinaten von {crs} sind geozentrisch, nicht eben: projizieren Sie den Layer in die UTM-Zone des Ortes.</translation>
+  </message>
+  <message>
+   <source>The coordinates of {crs} increase to the West, not to the East, and bearings would be wrong: reproject the layer.</source>
+   <translation>Die Koordinaten von {crs} nehmen nach Westen zu, nicht nach Osten, und Richtungen wären falsch: projizieren Sie den Layer.</translation>
   </message>
   <message>
    <source>The layer's coordinates are degrees ({crs}), in which there are no areas. Give the project a plane CRS, such as the UTM zone of the place, or reproject the layer.</source>

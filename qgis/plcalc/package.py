@@ -36,7 +36,9 @@ class Package:
                 parcel, **self._line(asked.line, parcel, rings), **self._amount(asked.amount), opposite=asked.opposite,
                 any_pieces=asked.any_pieces, decimals=asked.decimals, tolerance=asked.tolerance, raise_on_refusal=False)
         except ValueError as why:
-            return Division("no_request", self._said(why, rings))
+            # Of a boundary that cannot be used no side is the longest, and it is the boundary that is to be mended.
+            usable = self._plcalc.measure(parcel).status == self._layer.BoundaryStatus.usable
+            return Division("no_request" if usable else "unusable_boundary", self._said(why, rings))
         if not division:
             return Division(division.status, str(self._plcalc.Refused(division)))
         at = self._heights(parcel, shape, division.decimals)

@@ -1,6 +1,7 @@
 """Features as parcels: plane coordinates, one ring and its holes, and why a feature is none."""
 
 import math
+import re
 
 from qgis.core import (QgsCoordinateTransform, QgsCsException, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsLineString, QgsMultiLineString,
                        QgsPoint, QgsPointXY, QgsPolygon, QgsProcessingFeatureSource, QgsWkbTypes)
@@ -30,7 +31,7 @@ class Plane:
     """The plane system in which a layer is divided, and the way there.
 
     note: what was assumed, or None; stretched: at how many parcels it stretches lengths, though that is meant
-    Raises NoPlane for degrees without a plane.
+    Raises NoPlane for degrees without a plane, for geocentric coordinates, and for those that increase to the West.
     """
 
     def __init__(self, crs, of_project, transforms, any_scale=False):
@@ -44,6 +45,13 @@ class Plane:
             self.note = tr("The layer has degrees: it is divided in the project's {crs}.").format(
                 crs=of_project.authid())
             self.crs = of_project
+        proj = self.crs.toProj()
+        if "+proj=geocent" in proj:
+            raise NoPlane(tr("The coordinates of {crs} are geocentric, not plane: reproject the layer to the UTM zone of the place.").format(
+                crs=self.crs.authid()))
+        if re.search(r"\+axis=\w*w", proj):
+            raise NoPlane(tr("The coordinates of {crs} increase to the West, not to the East, and bearings would be wrong: reproject the "
+                             "layer.").format(crs=self.crs.authid()))
         self._scale = Scale(self.crs, transforms)
 
     def back(self, point):
@@ -149,10 +157,11 @@ def polygons_of(geometry):
     return [part if part.constGet().hasCurvedSegments() else with_chords(part) for part in parts]
 
 
-def with_chords(polygon):
-    if not QgsWkbTypes.isCurvedType(polygon.wkbType()):
-        return polygon
-    return QgsGeometry(polygon.constGet().segmentize())
+def with_chords(geometry):
+    """Without curves: arcs become chords, a degree each."""
+    if not QgsWkbTypes.isCurvedType(geometry.wkbType()):
+        return QgsGeometry(geometry)
+    return QgsGeometry(geometry.constGet().segmentize())
 
 
 def look_like_degrees(box):

@@ -10,7 +10,7 @@ from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsProcessing, QgsProcess
 
 from .answers import (ALONG, COLUMN, FACING, NEAREST, NUMBER, PARALLEL, PERPENDICULAR, POINT, LONGEST, SHORTEST, VERTEX, Alongside,
                       Asked, Line)
-from .parcels import Unusable, features_of
+from .parcels import Unusable, features_of, with_chords
 from .words import marked, tr
 
 LINES = [marked("parallel to a side"), marked("at right angles to a side"), marked("from a vertex"), marked("at a bearing"),
@@ -159,7 +159,7 @@ def lines_of(source, plane, context):
     request = QgsFeatureRequest().setDestinationCrs(plane.crs, context.transformContext()).setNoAttributes()
     lines = {}
     for feature in features_of(source, request):
-        geometry = QgsGeometry(feature.geometry())
+        geometry = with_chords(feature.geometry())
         for number, vertex in enumerate(geometry.vertices()):
             at = geometry.vertexIdFromVertexNr(number)[1]
             lines.setdefault((feature.id(), at.part, at.ring), []).append((vertex.x(), vertex.y()))

@@ -202,6 +202,10 @@ class Divide(unittest.TestCase):
                     VALUE="1/2")
         self.assertIn("several fit equally well: 5, 6, 7, 8", values(found["REFUSED"], "reason")[0][0])
 
+    def test_of_a_boundary_that_crosses_itself_no_side_is_the_longest(self):
+        found = run("divide", INPUT=layer_of(UTM, [(CROSSED,)]), LINE=0, CHOICE=2, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(values(found["REFUSED"], "status"), [("unusable_boundary",)])
+
     def test_a_multipolygon_is_as_many_parcels(self):
         both = f"MULTIPOLYGON ({LOT[8:]}, {YARD[8:]})"
         found = run("divide", INPUT=layer_of(UTM, [(both,)], kind="MultiPolygon"), LINE=0, CHOICE=0, AMOUNT=1, VALUE="1/2")
@@ -482,6 +486,20 @@ class Planes(unittest.TestCase):
         self.assertIn("its boundary has arcs", found["said"])
         self.assertIn("its boundary has arcs", values(run("measure", INPUT=lots)["OUTPUT"], "status")[1][0])
 
+    def test_what_is_no_plane(self):
+        lot = "POLYGON ((10000 3700000, 10100 3700000, 10100 3700100, 10000 3700000))"
+        for crs, said in (("EPSG:2053", "increase to the West"), ("EPSG:5513", "increase to the West"), ("EPSG:4978", "are geocentric")):
+            with self.assertRaisesRegex(QgsProcessingException, said):
+                run("measure", INPUT=layer_of(crs, [(lot,)]), ANY_SCALE=True)
+        with self.assertRaisesRegex(QgsProcessingException, "increase to the West"):
+            run("stakeout", INPUT=layer_of("EPSG:2053", [("POINT (1 2)",)], kind="Point"), STATION="10000,3700000", ORIENTATION="10000,3700100")
+
+    def test_a_road_with_arcs(self):
+        # Its chord runs along the South of the lot; it bulges 50 to the South of it, and touches the corner in the South-West only.
+        road = layer_of(UTM, [("CIRCULARSTRING (500000 5000000, 500050 4999950, 500100 5000000)",)], kind="CompoundCurve")
+        found = run("divide", INPUT=layer_of(UTM, [(LOT,)]), LINE=0, CHOICE=6, ALONG=road, DISTANCE=5, AMOUNT=1, VALUE="1/2")
+        self.assertEqual(found["DIVIDED"], 0)
+
     # 50 North and 9 East.
     MERCATOR = "POLYGON ((1000000 6446000, 1000100 6446000, 1000100 6446100, 1000000 6446000))"
 
@@ -620,6 +638,15 @@ class Cancelled(unittest.TestCase):
         found, succeeded = algorithm.run({"INPUT": lots, "OUTPUT": "memory:"}, context, feedback)
         self.assertTrue(succeeded)
         self.assertEqual(QgsProcessingUtils.mapLayerFromString(found["OUTPUT"], context).featureCount(), 0)
+
+    def test_a_run_that_is_cancelled_on_its_way_says_so(self):
+        feedback = Messages()
+        feedback.progressChanged.connect(lambda percent: feedback.cancel() if percent > 30 else None)
+        found = session.application.processing.run("plcalc:divide", {
+            "INPUT": layer_of(UTM, [(YARD,)] * 50), "LINE": 0, "CHOICE": 2, "AMOUNT": 1, "VALUE": "1/2", "PIECES": "memory:"}, feedback=feedback)
+        self.assertEqual(found["PIECES"].featureCount(), 2 * found["DIVIDED"])
+        self.assertTrue(0 < found["DIVIDED"] < 50)
+        self.assertIn("Cancelled: what is left of the layer has not been looked at", feedback.text)
 
 
 if __name__ == "__main__":

@@ -12,8 +12,8 @@ import unittest
 from unittest import mock
 
 import session
-from qgis.core import QgsCoordinateReferenceSystem, QgsCoordinateTransform, QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, \
-    QgsVectorFileWriter, QgsVectorLayer
+from qgis.core import (QgsCoordinateReferenceSystem, QgsCoordinateTransform, QgsCsException, QgsDefaultValue, QgsFieldConstraints,
+                       QgsGeometry, QgsPointXY, QgsProject, QgsRectangle, QgsVectorFileWriter, QgsVectorLayer)
 from qgis.gui import QgsMapCanvas
 from qgis.PyQt.QtCore import QEvent, Qt
 from qgis.PyQt.QtGui import QKeyEvent
@@ -603,6 +603,40 @@ class Writing(Case):
         window.key(Qt.Key_Return)
         self.assertEqual([problem for _, problem in window.said], [True])
         self.assertEqual(shapes(self.lots), before)
+        self.assertFalse(self.lots.isEditable() or points.isEditable())  # no session stays that nobody has begun
+
+    def test_points_beyond_the_system_of_their_layer(self):
+        points = layer_of("EPSG:32632", [], kind="Point")
+        window = self.window([(LOT, "Rossi")], more=[points])
+        window.dock.points.setLayer(points)
+        before = shapes(self.lots)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+
+        def beyond(point):
+            raise QgsCsException("beyond")
+
+        self.lots.startEditing()
+        with mock.patch("plcalc_qgis.parcels.Plane.to", lambda *_: beyond):
+            window.key(Qt.Key_Return)
+        self.assertIn("lie beyond the CRS of the layer", window.said[0][0])
+        self.assertEqual((shapes(self.lots), points.featureCount()), (before, 0))
+        self.assertTrue(self.lots.isEditable())  # that session is the user's
+
+    def test_points_with_columns_that_must_be_filled(self):
+        points = layer_of(UTM, [], kind="Point", columns="&field=name:string&field=code:string&field=mark:string&field=free:string")
+        for number in (0, 1, 2):
+            points.setFieldConstraint(number, QgsFieldConstraints.ConstraintNotNull)
+        points.setDefaultValueDefinition(2, QgsDefaultValue("'stone'"))
+        window = self.window([(LOT, "Rossi")], more=[points])
+        window.dock.points.setLayer(points)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        (text, problem), = window.said
+        self.assertTrue(problem)
+        self.assertIn("wants to be filled before it is saved: code.", text)
+        self.assertEqual({feature["mark"] for feature in points.getFeatures()}, {"stone"})
 
     def test_what_is_left_in_several_pieces(self):
         # A comb with teeth of 10, 20 and 30 wide: the line above its back leaves three pieces.

@@ -224,6 +224,7 @@ def parcels(source, plane, feedback):
     heights = Heights(source)
     for number, feature in enumerate(features_of(source)):
         if feedback.isCanceled():
+            feedback.pushWarning(tr("Cancelled: what is left of the layer has not been looked at, and the results are not complete."))
             return
         feedback.setProgress(number * step)
         heights.see(feature)

@@ -3,7 +3,7 @@ from qgis.core import (QgsField, QgsGeometry, QgsProcessing, QgsProcessingExcept
 from qgis.PyQt.QtCore import QVariant
 
 from .. import engine
-from ..parcels import Plane, features_of
+from ..parcels import NoPlane, Plane, features_of
 from ..words import marked, tr
 from .base import Algorithm, Heights, any_scale_parameter, as_high, joined, tell_unit
 
@@ -40,7 +40,11 @@ class StakeOut(Algorithm):
         if station == reference:
             raise QgsProcessingException(tr("Station and orientation point are one and the same."))
         tell_unit(crs, feedback)
-        plane = Plane(crs, QgsProject.instance().crs(), context.transformContext(), self.parameterAsBoolean(parameters, "ANY_SCALE", context))
+        try:
+            plane = Plane(crs, QgsProject.instance().crs(), context.transformContext(),
+                          self.parameterAsBoolean(parameters, "ANY_SCALE", context))
+        except NoPlane as why:
+            raise QgsProcessingException(str(why)) from None
         problem = plane.problem_at(QgsRectangle(station, reference))
         if problem is not None:
             raise QgsProcessingException(problem)

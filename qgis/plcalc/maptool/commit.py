@@ -7,8 +7,9 @@ largest keeps the feature. A feature with several polygons keeps the others.
 
 import math
 
-from qgis.core import (QgsFeatureRequest, QgsGeometry, QgsMultiSurface, QgsPointXY, QgsPolygon, QgsVectorLayerUtils,
+from qgis.core import (QgsCsException, QgsFeatureRequest, QgsFieldConstraints, QgsGeometry, QgsMultiSurface, QgsPointXY, QgsPolygon, QgsVectorLayerUtils,
                        QgsWkbTypes)
+from qgis.PyQt.QtCore import QVariant
 
 from ..parcels import Unusable, add_ring, point_of, polygons_of
 from ..words import tr
@@ -28,12 +29,13 @@ class Written:
     pieces, neighbours, points: numbers of new features, of neighbours with new points, and of points
     unknown: how many new corners have no height or no measure in a layer that has some
     beside, left_out: see answers.Shared; unread: how many features beside the parcel cannot be read
+    to_fill: columns of the point layer that must be filled before it is saved
     flat: whether the new points have lost their heights, because the point layer has none
     """
 
     def __init__(self):
         self.pieces = self.neighbours = self.points = self.unknown = self.beside = self.left_out = self.unread = 0
-        self.flat = False
+        self.flat, self.to_fill = False, set()
 
 
 def commit(computes, parcel, division, points_layer, transforms):
@@ -52,18 +54,32 @@ def commit(computes, parcel, division, points_layer, transforms):
         shared = computes.shared(division, [neighbour.shape for neighbour in beside], _WITHIN)
     except ValueError as why:
         raise CannotSplit(str(why)) from None
-    for wanted in (layer, points_layer):
-        if wanted is not None and not wanted.isEditable() and not wanted.startEditing():
-            raise CannotSplit(tr("The layer {name} cannot be edited.").format(name=wanted.name()))
     written.beside, written.left_out = shared.beside, shared.left_out
-    _in_one_command(layer, lambda: _split(computes, parcel, now, division, beside, shared, written))
-    if points_layer is not None:
-        try:
-            _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, _new_points(parcel, division), transforms, written))
-        except Exception:
-            layer.undoStack().undo()
-            raise
+    begun = []
+    try:
+        for wanted in (layer, points_layer):
+            _begin(wanted, begun)
+        _in_one_command(layer, lambda: _split(computes, parcel, now, division, beside, shared, written))
+        if points_layer is not None:
+            try:
+                _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, _new_points(parcel, division), transforms, written))
+            except Exception:
+                layer.undoStack().undo()
+                raise
+    except Exception:
+        for each in begun:  # nothing has been written in them
+            each.rollBack()
+        raise
     return written
+
+
+def _begin(layer, begun):
+    """Begins the edit session of a layer, or of none, where there is none yet."""
+    if layer is None or layer.isEditable():
+        return
+    if not layer.startEditing():
+        raise CannotSplit(tr("The layer {name} cannot be edited.").format(name=layer.name()))
+    begun.append(layer)
 
 
 def _in_one_command(layer, edit):
@@ -175,7 +191,10 @@ def _add_points(layer, parcel, new_points, transforms, written):
     context = layer.createExpressionContext()
     is_high = QgsWkbTypes.hasZ(layer.wkbType())
     for number, (vertex, height) in enumerate(new_points, 1):
-        at = there(QgsPointXY(*vertex))
+        try:
+            at = there(QgsPointXY(*vertex))
+        except QgsCsException:
+            raise CannotSplit(tr("The new points lie beyond the CRS of the layer {name}.").format(name=layer.name())) from None
         point = point_of((at.x(), at.y()), height)
         written.flat |= height is not None and not is_high
         written.unknown += is_high and height is None
@@ -186,4 +205,13 @@ def _add_points(layer, parcel, new_points, transforms, written):
         attributes = {name: f"P{number}"} if name >= 0 else {}
         new = QgsVectorLayerUtils.createFeature(layer, _as_in(layer, [QgsGeometry(point)]), attributes, context)
         _require(layer.addFeature(new), layer)
+        written.to_fill.update(_to_fill(layer, new))
     written.points = len(new_points)
+
+
+def _to_fill(layer, feature):
+    """The columns that the layer wants to be filled, and that are not."""
+    fields = layer.fields()
+    return [fields.at(number).name() for number in range(fields.count())
+            if layer.fieldConstraints(number) & QgsFieldConstraints.ConstraintNotNull and not layer.dataProvider().defaultValueClause(number)
+            and (feature.attribute(number) is None or feature.attribute(number) == QVariant())]

@@ -215,7 +215,7 @@ class DivideTool(QgsMapTool):
             self.said.emit(str(why), True)
             return
         self._start_again()
-        self.said.emit(_said(done), bool(done.unknown or done.beside or done.left_out or done.unread or done.flat))
+        self.said.emit(_said(done), bool(done.unknown or done.to_fill or done.beside or done.left_out or done.unread or done.flat))
 
     def _show(self):
         self._dock.show_work(self._work, self._hovered)
@@ -239,6 +239,9 @@ def _said(done):
         said.append(tr("New points without a height or a measure: {count}.").format(count=done.unknown))
     if done.flat:
         said.append(tr("The layer of new points has no heights: they are left out there."))
+    if done.to_fill:
+        said.append(tr("Columns that the layer of new points wants to be filled before it is saved: {columns}.").format(
+            columns=", ".join(sorted(done.to_fill))))
     if done.beside:
         said.append(tr("New points so near to a neighbour's corner that they were not inserted: {count}.").format(count=done.beside))
     if done.left_out:
