@@ -2,7 +2,7 @@
 # a link that leads nowhere, is an error.
 find_package(Doxygen QUIET)
 find_package(Python3 COMPONENTS Interpreter QUIET)
-if(NOT DOXYGEN_FOUND OR NOT Python3_FOUND)
+if(NOT DOXYGEN_FOUND OR NOT Python3_FOUND OR NOT EXISTS ${PROJECT_SOURCE_DIR}/docs/guide)  # recipes take the sources alone
   return()
 endif()
 

@@ -1,9 +1,12 @@
-"""check_recipes.py <source folder>: follows the recipes for vcpkg and Conan without either, as far as that goes: what
+#!/usr/bin/env python3
+"""check_recipes.py [source folder]: follows the recipes for vcpkg and Conan without either, as far as that goes: what
 the recipe takes from the sources is configured, built and installed with the options that the recipe gives, and each
 option must be one that the project knows. Their own functions are played by the few lines here that stand for them.
-Of Homebrew's formula only the names are compared: what the program's build looks for, and the options.
+Of Homebrew's formula only the names are compared: what the program's build looks for, and the options. Without an argument
+the recipes are those among which this file lies.
 """
 
+import argparse
 import json
 import pathlib
 import re
@@ -150,8 +153,13 @@ def check_homebrew(source):
 
 
 def main():
-    source = pathlib.Path(sys.argv[1]).resolve()
-    header = (source / "include/plcalc/version.h").read_text(encoding="utf-8")
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("source", nargs="?", type=pathlib.Path, default=pathlib.Path(__file__).resolve().parents[1])
+    source = parser.parse_args().source.resolve()
+    version_file = source / "include/plcalc/version.h"
+    if not version_file.is_file():
+        parser.error(f"{source} does not hold the sources of plcalc")
+    header = version_file.read_text(encoding="utf-8")
     version = re.search(r'PLCALC_VERSION "(.*)"', header).group(1)
     check_homebrew(source)
     with tempfile.TemporaryDirectory() as work:
