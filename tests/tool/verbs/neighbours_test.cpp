@@ -257,8 +257,8 @@ TEST_F(Neighbours, KeepHeightsBesideRoundedPoints)
     }
 }
 
-// Where only one of two neighbours has heights, none is made up.
-TEST_F(Neighbours, OfWhichSomeHaveHeightsLoseThemAndItIsTold)
+// Where only one of two neighbours has heights, none is made up for the other.
+TEST_F(Neighbours, OfWhichSomeHaveHeightsKeepThem)
 {
     write_layer(
         {feature(
@@ -270,14 +270,23 @@ TEST_F(Neighbours, OfWhichSomeHaveHeightsLoseThemAndItIsTold)
                          "[501000,5202000,5]]")),
          feature(3, "c", polygon("[[501000,5202100],[501100,5202100],[501100,5202200],[501000,5202100]]"))});
     const std::string asked = "--feature 1 --perpendicular 1 --share 1/2 --neighbours ";
-    const std::string told = "Heights of neighbours are not written: some vertices have none\n";
     const test::Result run = divide("lots.geojson", asked + "-o out.gpkg");
-    EXPECT_NE(run.out.find("\n" + told), std::string::npos) << run.out;
-    for (const auto& shape : polygons("out.gpkg", "neighbours"))
+    EXPECT_EQ(run.out.find("eights"), std::string::npos) << run.out;
+    const Geometries shapes = polygons("out.gpkg", "neighbours");
+    ASSERT_EQ(shapes.size(), 2u);
+    EXPECT_NE(shapes[0]->Is3D(), shapes[1]->Is3D());
+    for (const auto& shape : shapes)
+        for (const OGRPoint& p : *shape->toPolygon()->getExteriorRing())
+            EXPECT_EQ(p.getZ(), shape->Is3D() ? 5.0 : 0.0);
+    // A Shapefile would have them at zero.
+    const std::string told =
+        "Heights of neighbours are not written: some vertices have none, and this format (ESRI "
+        "Shapefile) holds all or none; name it .gpkg to keep them\n";
+    const test::Result flat = divide("lots.geojson", asked + "-o out.shp");
+    EXPECT_NE(flat.out.find("\n" + told), std::string::npos) << flat.out;
+    for (const auto& shape : polygons("out-neighbours.shp", "out-neighbours"))
         EXPECT_FALSE(shape->Is3D());
-    const test::Result standard = divide("lots.geojson", asked + "-o - --format dxf");
-    EXPECT_EQ(standard.err, told);
-    const test::Result json = divide("lots.geojson", asked + "--overwrite -o out.gpkg --json");
+    const test::Result json = divide("lots.geojson", asked + "--overwrite -o out.shp --json");
     EXPECT_EQ(json.err, told);
     EXPECT_EQ(nlohmann::json::parse(json.out)["neighbours"]["points"], 2);
 }

@@ -474,7 +474,7 @@ TEST_F(Writer, FormatsThatRoundOrCannotBeReadBackAreRefused)
                                  "GeoPackage; see plcalc divide --help"));
 }
 
-// Lines and pieces in space, at the heights of the vertices; without a height at every vertex the drawing is flat.
+// Lines and pieces in space, at the heights of the vertices; those of which a vertex has no height are flat.
 TEST_F(Writer, HeightsInDrawings)
 {
     for (const char* last : {"9", ""}) {
@@ -491,7 +491,7 @@ TEST_F(Writer, HeightsInDrawings)
                               entity->GetGeometryRef()->exportToWkt(iso));
         // The line runs from (50, 0) to (50, 50): 2 and, between 7 and 9, 8.
         const bool flat = *last == '\0';
-        EXPECT_EQ(shapes.count(flat ? "points POINT (50 0)" : "points POINT Z (50 0 2)"), 1u);
+        EXPECT_EQ(shapes.count("points POINT Z (50 0 2)"), 1u);
         EXPECT_EQ(
             shapes.count(flat ? "lines LINESTRING (50 0,50 50)" : "lines LINESTRING Z (50 0 2,50 50 8)") +
                 shapes.count(flat ? "lines LINESTRING (50 50,50 0)" : "lines LINESTRING Z (50 50 8,50 0 2)"),
@@ -648,12 +648,133 @@ TEST_F(Writer, WhereSomeVerticesHaveHeights)
     const test::Result run = divide("lot.csv", "--parallel 1 --share 1/2 -o out.gpkg");
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out.rfind("Parcel  lot.csv (not every vertex has a height)\n", 0), 0u) << run.out;
-    EXPECT_NE(run.out.find("Heights are not written: some vertices have none\n"), std::string::npos)
+    EXPECT_NE(run.out.find("Some shapes are written without heights, because a vertex has none: lot.csv\n"),
+              std::string::npos)
         << run.out;
     EXPECT_NE(run.out.find("  20.0000   104.0000\n"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find("  20.0000          -\n"), std::string::npos) << run.out;
     EXPECT_FALSE(
         OGRFeatureUniquePtr(open("out.gpkg")->GetLayer(0)->GetNextFeature())->GetGeometryRef()->Is3D());
+}
+
+// The shapes of a layer that have heights, by the number of their parcel, with all their heights. Each shape once.
+std::multiset<std::string> heights_in(OGRLayer& layer)
+{
+    std::multiset<std::string> shapes;
+    for (const OGRFeatureUniquePtr& feature : layer) {
+        const OGRGeometry* const shape = feature->GetGeometryRef();
+        std::string text = feature->GetFieldAsString("parcel");
+        if (shape == nullptr) {
+            text += " nothing";
+        } else if (shape->Is3D()) {
+            text += ":";
+            const OGRLineString* const line = wkbFlatten(shape->getGeometryType()) == wkbPolygon
+                                                  ? shape->toPolygon()->getExteriorRing()
+                                                  : shape->toLineString();
+            for (int i = 0; i + 1 < line->getNumPoints(); ++i)
+                text += " " + std::string(CPLSPrintf("%g", line->getZ(i)));
+        }
+        shapes.insert(text);
+    }
+    return shapes;
+}
+
+// Of four parcels the second has no heights, the third is refused, and the fourth lacks one at its North-East.
+TEST_F(Writer, WhereSomeParcelsHaveHeights)
+{
+    write("lots.csv", "lot,E,N,Z\n"
+                      "1,0,0,1\n1,50,0,1\n1,50,50,3\n1,0,50,3\n"
+                      "2,50,0,\n2,100,0,\n2,100,50,\n2,50,50,\n"
+                      "3,100,0,5\n3,150,50,6\n3,150,0,7\n3,100,60,8\n"
+                      "4,150,0,1\n4,200,0,1\n4,200,50,\n4,150,50,3\n");
+    const std::string asked = "lots.csv";
+    const auto split = [&](const std::string& out) {
+        return divide("lots.csv",
+                      "--parallel 1 --share 1/2 --crs LOCAL_CS[\"site\",UNIT[\"metre\",1]] -o " + out);
+    };
+    const std::string told =
+        "Some shapes are written without heights, because a vertex has none: lots.csv (lot 4)\n";
+    for (const std::string ending : {"gpkg", "sqlite", "geojson", "csv"}) {
+        SCOPED_TRACE(ending);
+        const test::Result run = split("out." + ending);
+        EXPECT_EQ(run.status, 3) << run.err;
+        EXPECT_NE(run.out.find("\n" + told), std::string::npos) << run.out;
+        const GDALDatasetUniquePtr out = open("out." + ending);
+        ASSERT_NE(out, nullptr);
+        EXPECT_EQ(heights_in(*out->GetLayer(0)),
+                  (std::multiset<std::string>{"1: 2 1 1 2", "1: 2 3 3 2", "2", "2", "3: 5 6 7 8", "4", "4"}));
+        const bool is_text = ending == "geojson" || ending == "csv";
+        const GDALDatasetUniquePtr beside = is_text ? open("out-lines." + ending) : nullptr;
+        OGRLayer* const lines = is_text ? beside->GetLayer(0) : out->GetLayer(1);
+        EXPECT_EQ(heights_in(*lines), (std::multiset<std::string>{"1: 2", "2", "4"}));
+    }
+    for (const char* layer : {"pieces", "lines"}) {
+        const GDALDatasetUniquePtr out = open("out.gpkg");
+        OGRLayer* const optional = out->ExecuteSQL(
+            ("SELECT z FROM gpkg_geometry_columns WHERE table_name = '" + std::string(layer) + "'").c_str(),
+            nullptr, nullptr);
+        EXPECT_EQ(OGRFeatureUniquePtr(optional->GetNextFeature())->GetFieldAsInteger(0), 2) << layer;
+        out->ReleaseResultSet(optional);
+    }
+    const struct {
+        const char* file;
+        const char* why;
+    } rows[] = {
+        {"out.shp", "some vertices have none, and this format (ESRI Shapefile) holds all or none"},
+        {"out.fgb", "some vertices have none, and this format (FlatGeobuf) holds all or none"},
+        {"out.mif", "this format (MapInfo File) holds none"},
+    };
+    for (const auto& row : rows) {
+        const test::Result run = split(row.file);
+        EXPECT_NE(run.out.find("Heights are not written: " + std::string(row.why) +
+                               "; name it .gpkg to keep them\n"),
+                  std::string::npos)
+            << run.out << run.err;
+        EXPECT_EQ(run.out.find("Some shapes"), std::string::npos);
+        for (const std::string& shape : heights_in(*open(row.file)->GetLayer(0)))
+            EXPECT_EQ(shape.size(), 1u) << row.file << " " << shape;
+    }
+    // LandXML and the points of a drawing tell each height for itself.
+    EXPECT_EQ(split("out.xml").out.find("heights"), std::string::npos);
+    const std::string xml = content("out.xml");
+    for (const char* point : {">0 150 1<", ">50 200<", ">25 150 2<", ">25 200<", ">25 75<", ">0 100 5<"})
+        EXPECT_EQ(xml.find(point) != std::string::npos, std::string(point) != ">25 75<") << point;
+    EXPECT_NE(split("out.dxf").out.find(told), std::string::npos);
+    std::multiset<std::string> shapes;
+    const GDALDatasetUniquePtr drawing = open("out.dxf");
+    OGRWktOptions iso;
+    iso.variant = wkbVariantIso;
+    for (const OGRFeatureUniquePtr& entity : *drawing->GetLayer(0))
+        shapes.insert(std::string(entity->GetFieldAsString("Layer")) + " " +
+                      entity->GetGeometryRef()->exportToWkt(iso).substr(0, 15));
+    EXPECT_EQ(shapes.count("pieces LINESTRING Z (5") + shapes.count("pieces LINESTRING Z (0"), 2u);
+    EXPECT_EQ(shapes.count("undivided LINESTRING Z (1"), 1u);
+    EXPECT_EQ(shapes.count("points POINT Z (0 25 2"), 1u);
+    EXPECT_EQ(shapes.count("points POINT Z (150 25"), 1u);
+    EXPECT_EQ(shapes.count("points POINT (200 25)"), 1u);
+}
+
+// Heights in layers that do not say so, and parcels without a geometry beside others.
+TEST_F(Writer, HeightsOfLayersThatAreCalledFlat)
+{
+    GDALAllRegister();
+    GDALDatasetUniquePtr made(GetGDALDriverManager()->GetDriverByName("GPKG")->Create(
+        path("flat.gpkg").c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    OGRLayer* const layer = made->CreateLayer("lots", nullptr, wkbPolygon);
+    for (const char* wkt : {"POLYGON Z ((0 0 1, 50 0 1, 50 50 3, 0 50 3, 0 0 1))", "",
+                            "POLYGON Z ((50 0 1, 100 0 1, 100 50 3, 50 50 3, 50 0 1))"}) {
+        const OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(layer->GetLayerDefn()));
+        OGRGeometry* shape = nullptr;
+        OGRGeometryFactory::createFromWkt(wkt, nullptr, &shape);
+        feature->SetGeometryDirectly(shape);
+        ASSERT_EQ(layer->CreateFeature(feature.get()), OGRERR_NONE);
+    }
+    made.reset();
+    const test::Result run = divide("flat.gpkg", "--parallel 1 --share 1/2 -o out.shp");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out.find("eights"), std::string::npos) << run.out;
+    EXPECT_EQ(heights_in(*open("out.shp")->GetLayer(0)),
+              (std::multiset<std::string>{"1: 2 2 1 1", "1: 2 2 3 3", "3: 2 2 1 1", "3: 2 2 3 3"}));
 }
 
 TEST_F(Writer, ManyWithTheRefusedUndivided)

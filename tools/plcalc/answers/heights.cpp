@@ -5,6 +5,19 @@
 
 namespace tool {
 
+void KnownHeights::add(const std::vector<double>& heights)
+{
+    lacking_ = lacking_ || heights.empty();
+    for (const double height : heights)
+        (known_height(height) ? any_ : lacking_) = true;
+}
+
+void KnownHeights::add(const KnownHeights& others)
+{
+    any_ = any_ || others.any_;
+    lacking_ = lacking_ || others.lacking_;
+}
+
 double Foot::height(double from, double to) const
 {
     if (part == 0.0 || part == 1.0)

@@ -11,6 +11,28 @@
 
 namespace tool {
 
+/// Which of the vertices that were looked at have heights.
+class KnownHeights {
+public:
+    /// Those of some vertices, NaN for one without; an empty list stands for vertices that have none.
+    void add(const std::vector<double>& heights);
+
+    void add(const KnownHeights& others);
+
+    /// Whether any vertex has one.
+    bool any() const { return any_; }
+
+    /// Whether every vertex has one.
+    bool all() const { return any_ && !lacking_; }
+
+    /// Whether some have one and others have none.
+    bool partly() const { return any_ && lacking_; }
+
+private:
+    bool any_ = false;
+    bool lacking_ = false;
+};
+
 /// The point of a side that is nearest to another point.
 struct Foot {
     double part;      ///< of the side, from its first end: 0 to 1
@@ -32,6 +54,9 @@ public:
 
     /// Of a division: the ends of its lines and points of neighbours may lie as far off a side as they do in the answer.
     explicit Heights(const Answer& answer);
+
+    /// Whether the parcel has heights at all.
+    bool any() const { return known_.has_value(); }
 
     /// As plparcel::Heights::at(); nothing where the parcel has no heights.
     std::optional<double> at(const PL_PNT2D_record& p) const;

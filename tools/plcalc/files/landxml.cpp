@@ -364,7 +364,7 @@ private:
             return;
         const Point first = elements.front().points.front().at;
         const bool closed = gap(elements.back().points.back().at, first) <= kLargestGap;
-        bool has_heights = true;
+        bool has_heights = false;
         std::string names;
         auto boundary = std::make_unique<OGRCompoundCurve>();
         Point last = first;
@@ -384,8 +384,8 @@ private:
             auto* const curve =
                 element.centre ? new OGRCircularString : static_cast<OGRSimpleCurve*>(new OGRLineString);
             for (const Point& p : points) {
-                has_heights = has_heights && p.height;
-                curve->addPoint(p.east, p.north, p.height.value_or(0.0));
+                has_heights = has_heights || p.height;
+                curve->addPoint(p.east, p.north, p.height.value_or(std::nan("")));
             }
             boundary->addCurveDirectly(curve);
             names += (names.empty() ? "" : "\n") + element.points.front().name;

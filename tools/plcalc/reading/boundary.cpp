@@ -57,6 +57,16 @@ Boundary vertices_of(const OGRSimpleCurve& line, bool had_arcs)
     return boundary;
 }
 
+// The heights of all vertices.
+class AllHeights : public OGRDefaultConstGeometryVisitor {
+public:
+    using OGRDefaultConstGeometryVisitor::visit;
+
+    void visit(const OGRPoint* p) override { heights.push_back(p->getZ()); }
+
+    std::vector<double> heights;
+};
+
 // The largest radius of the arcs of a geometry.
 class LargestRadius : public OGRDefaultConstGeometryVisitor {
 public:
@@ -104,6 +114,16 @@ bool bounds_area(const OGRGeometry& geometry)
     const OGRGeometry& inner = single_member(geometry);
     const OGRwkbGeometryType type = inner.getGeometryType();
     return OGR_GT_IsSurface(type) || OGR_GT_IsSubClassOf(type, wkbMultiSurface) || is_closed_line(inner);
+}
+
+KnownHeights heights_of(const OGRGeometry& geometry)
+{
+    AllHeights all;
+    if (geometry.Is3D())
+        geometry.accept(&all);
+    KnownHeights known;
+    known.add(all.heights);
+    return known;
 }
 
 int parts_of(const OGRGeometry& geometry)
@@ -159,8 +179,9 @@ Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std:
         boundary.heights.insert(boundary.heights.end(), hole.heights.begin(), hole.heights.end());
         vertices += boundary.holes.back().size();
     }
+    // Of a polygon all rings are in space, or none is.
     if (boundary.heights.size() != vertices)
-        boundary.heights.clear();  // where only some rings have heights
+        boundary.heights.clear();
     return boundary;
 }
 

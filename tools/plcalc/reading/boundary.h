@@ -7,6 +7,7 @@
 
 #include <ogr_geometry.h>
 
+#include "answers/heights.h"
 #include "console/outcome.h"
 #include "plparcel/division.h"
 
@@ -16,6 +17,9 @@ namespace tool {
 /// of a collection that does. Empty ones count by their type.
 bool bounds_area(const OGRGeometry& geometry);
 
+/// Which vertices of a geometry have heights.
+KnownHeights heights_of(const OGRGeometry& geometry);
+
 /// A feature without a geometry.
 Failure without_geometry(const Place& place);
 
@@ -23,8 +27,9 @@ Failure without_geometry(const Place& place);
 struct Boundary {
     plparcel::Ring ring;
     std::vector<plparcel::Ring> holes;
-    std::vector<double> heights;  ///< of the vertices of all rings; empty where the geometry has none
-    bool had_arcs = false;        ///< whether chords took the place of arcs
+    std::vector<double>
+        heights;  ///< of the vertices of all rings; NaN for one without; empty where no vertex has one
+    bool had_arcs = false;  ///< whether chords took the place of arcs
 };
 
 /// How many polygons the geometry has; 1 for any that is no collection of them.

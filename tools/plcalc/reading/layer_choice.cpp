@@ -60,7 +60,6 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
 {
     Count count;
     count.choice.layer = &layer;
-    count.choice.heights = true;
     // A drawing tells in columns where a feature lies, a table where its geometry is, and a filter may ask for any.
     const bool only_geometry = !source.where && !is_format(dataset, "DXF") && !is_format(dataset, "CSV");
     if (only_geometry)
@@ -72,9 +71,8 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
         const OGRGeometry* geometry = feature->GetGeometryRef();
         if (is_parcel(*feature, dataset, source)) {
             add_parts(count.choice.parcels, feature_name(*feature, layer, dataset), geometry, source);
-            const bool heights = geometry != nullptr && geometry->Is3D();
-            count.choice.heights = count.choice.heights && heights;
-            count.choice.some_heights = count.choice.some_heights || heights;
+            if (geometry != nullptr && !geometry->IsEmpty())
+                count.choice.heights.add(heights_of(*geometry));
             ++count.choice.by_layer[layer_of(*feature, layer, dataset)];
             continue;
         }

@@ -11,6 +11,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include "answers/heights.h"
 #include "files/gdal_messages.h"
 #include "reading/source.h"
 #include "text/name_list.h"
@@ -24,8 +25,7 @@ struct LayerChoice {
     std::optional<int> srid;                      ///< of the geometries, where a table names one
     std::size_t others = 0;                       ///< features that bound no area
     std::size_t hidden = 0;                       ///< of a drawing: in paper space, or not shown
-    bool heights = false;                         ///< whether all vertices of all parcels have heights
-    bool some_heights = false;                    ///< whether any vertex has one
+    KnownHeights heights;                         ///< of the vertices of all parcels
     std::map<std::string, std::size_t> by_layer;  ///< the features with parcels; of a drawing by its layers
 };
 

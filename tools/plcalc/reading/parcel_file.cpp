@@ -26,12 +26,6 @@ bool is_table_of_points(GDALDataset& dataset, const std::vector<OGRLayer*>& laye
            find_point_columns(*layers[0]->GetLayerDefn());
 }
 
-bool has_all_heights(const std::vector<double>& heights)
-{
-    return !heights.empty() &&
-           std::all_of(heights.begin(), heights.end(), [](double z) { return std::isfinite(z); });
-}
-
 std::string place_text(const PL_PNT2D_record& p)
 {
     constexpr int kDecimals = 4;
@@ -140,11 +134,9 @@ void ParcelFile::open_table(OGRLayer& layer)
                       std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
     choose_in_table(layer);
     choice_.layer = &layer;
-    choice_.heights = true;
     for (const TableParcel& parcel : table_->parcels()) {
         choice_.parcels.add([&] { return parcel.name.empty() ? source_.file : parcel.name; });
-        choice_.heights = choice_.heights && has_all_heights(parcel.heights);
-        choice_.some_heights = choice_.some_heights || !parcel.heights.empty();
+        choice_.heights.add(parcel.heights);
     }
 }
 
@@ -274,15 +266,11 @@ void ParcelFile::choose_loops(DrawnLines drawn)
                       "its lines close no boundary: at " + place_text(drawn.gap_at) + " the next end is " +
                           fixed(gap, decimals_for(gap / 10)) + " away",
                       "close the boundary, or allow such a gap with --join");
-    choice_.heights = choice_.heights || only_loops_;
     for (const DrawnLoop& loop : drawn.loops) {
         choice_.parcels.add([&] { return feature_name(*loop.feature, *choice_.layer, *dataset_); });
         ++choice_.by_layer[loop.layer];
         choice_.others -= std::min(choice_.others, loop.joined.lines.size() + loop.joined.repeated);
-        choice_.heights = choice_.heights && has_all_heights(loop.joined.heights);
-        choice_.some_heights =
-            choice_.some_heights || std::any_of(loop.joined.heights.begin(), loop.joined.heights.end(),
-                                                [](double z) { return std::isfinite(z); });
+        choice_.heights.add(loop.joined.heights);
     }
     if (choice_.by_layer.size() > 1)
         refuse_several_layers(source_, choice_.by_layer);
@@ -320,8 +308,7 @@ void ParcelFile::complete_loop(const DrawnLoop& loop, Parcel& parcel)
     Parcel read;
     read.place = parcel.place;
     read.ring = joined.ring;
-    if (std::any_of(joined.heights.begin(), joined.heights.end(), [](double z) { return std::isfinite(z); }))
-        read.heights = joined.heights;
+    read.heights = joined.heights;
     plane_.require(crs(), crs_.has_value(), read);
     read.unit = unit_of(crs());
     read.crs = crs_name(crs());
@@ -421,8 +408,12 @@ void ParcelFile::complete_from_source(Parcel& parcel) const
     if (source_.ground_factor != 1.0)
         parcel.assumed.push_back("areas and lengths on the ground: ground factor " +
                                  shortest(source_.ground_factor));
-    if (!parcel.heights.empty() && !has_all_heights(parcel.heights))
+    KnownHeights known;
+    known.add(parcel.heights);
+    if (known.partly())
         parcel.assumed.push_back("not every vertex has a height");
+    if (!known.any())
+        parcel.heights.clear();
 }
 
 // Completes a parcel whose place is known.

@@ -53,11 +53,8 @@ public:
     /// How many features of a drawing could be parcels, but lie in paper space or are not shown.
     std::size_t hidden() const { return choice_.hidden; }
 
-    /// Whether every vertex has a height.
-    bool has_heights() const { return choice_.heights; }
-
-    /// Whether some vertices have heights and others have none.
-    bool lacks_heights() const { return choice_.some_heights && !choice_.heights; }
+    /// Which vertices of the parcels have heights.
+    const KnownHeights& heights() const { return choice_.heights; }
 
     /// The CRS of the coordinates; null where there is none.
     const OGRSpatialReference* crs() const;

@@ -197,23 +197,6 @@ void divide_all(ParcelFile& file, ParcelRequests& requests, const ManyReport& re
 
 }  // namespace
 
-// How many parcels have heights.
-struct HeightCount {
-    std::size_t with = 0;     // one at every vertex
-    std::size_t without = 0;  // none at some or at all
-
-    void add(const Parcel& parcel)
-    {
-        const bool has_all =
-            !parcel.heights.empty() && std::all_of(parcel.heights.begin(), parcel.heights.end(),
-                                                   [](double z) { return known_height(z).has_value(); });
-        ++(has_all ? with : without);
-    }
-
-    bool all() const { return with > 0 && without == 0; }
-    bool differ() const { return with > 0 && without > 0; }
-};
-
 // New points on boundaries that parcels share. The file is read once to divide its parcels, once more for the neighbours'
 // corners, then to write the pieces, and at last for the neighbours that are no parcels of ours; once more where only some
 // of these have heights.
@@ -249,16 +232,16 @@ public:
                 if (is_neighbour(*read) && read->problem)
                     tally_.add_unread();
                 else if (is_neighbour(*read))
-                    heights_.add(read->parcel);
+                    heights_.add(read->parcel.heights);
                 guard.check();
             }
         });
-        if (heights_.differ())
+        if (heights_.partly())
             count_heights();
     }
 
     /// The heights of the neighbours that get points.
-    const HeightCount& heights() const { return heights_; }
+    const KnownHeights& heights() const { return heights_; }
 
     const NeighbourPoints& points() const { return points_; }
     NeighbourTally& tally() { return tally_; }
@@ -302,7 +285,7 @@ private:
         heights_ = {};
         each_neighbour([&](ReadParcel& read) {
             if (points_.insert_in(read.parcel).points > 0)
-                heights_.add(read.parcel);
+                heights_.add(read.parcel.heights);
         });
     }
 
@@ -313,7 +296,7 @@ private:
 
     std::optional<Source> whole_;           // where some parcels of the layer are not ours
     std::unordered_set<std::string> ours_;  // by feature
-    HeightCount heights_;
+    KnownHeights heights_;
     NeighbourPoints points_;
     NeighbourTally tally_;
 };
@@ -321,15 +304,12 @@ private:
 namespace {
 
 // What a reader of the written files must know.
-std::string written_notes(const ParcelFile& parcels, const DivisionWriter* writer,
-                          const NeighbourWork* neighbours)
+std::string written_notes(const DivisionWriter* writer)
 {
-    std::string text;
-    if (writer != nullptr && parcels.lacks_heights())
-        text += "Heights are not written: some vertices have none\n";
-    if (neighbours != nullptr && neighbours->heights().differ())
-        text += "Heights of neighbours are not written: some vertices have none\n";
-    if (writer != nullptr && !writer->left_over().empty())
+    if (writer == nullptr)
+        return "";
+    std::string text = writer->lost_heights();
+    if (!writer->left_over().empty())
         text += "Left     " + writer->left_over() + ": not of this run, which is without --neighbours\n";
     return text;
 }
@@ -481,10 +461,9 @@ std::size_t DivideVerb::jobs() const
 std::unique_ptr<DivisionWriter> DivideVerb::make_writer(const ParcelFile& file, const std::string& out,
                                                         const NeighbourWork* neighbours) const
 {
-    const NeighbourLayer layer = neighbours == nullptr         ? NeighbourLayer::none
-                                 : neighbours->heights().all() ? NeighbourLayer::with_heights
-                                                               : NeighbourLayer::plane;
-    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, layer, other_files());
+    const NeighbourHeights heights =
+        neighbours != nullptr ? NeighbourHeights(neighbours->heights()) : std::nullopt;
+    return out.empty() ? nullptr : DivisionWriter::make(out, overwrite_, file, heights, other_files());
 }
 
 // The file of the title block may be a pipe, which can be read only once.
@@ -618,7 +597,7 @@ Output DivideVerb::one(ParcelFile& file, ParcelRequests& requests, const std::st
         for (const std::string& sheet : plan->left_over(plan_))
             left_over +=
                 "Left     " + sheet + ": from an earlier run with more sheets, not part of this plan\n";
-    const std::string notes = written_notes(file, writer.get(), neighbours);
+    const std::string notes = written_notes(writer.get());
     if (!json_) {
         const std::string ends = left_over + rows_left(requests);
         Output output = {division_table(answer) + written_lines(written) + notes +
@@ -658,7 +637,7 @@ Output DivideVerb::many(ParcelFile& file, ParcelRequests& requests, const std::s
         neighbours->write(*writer);
     const std::vector<std::string> written =
         writer != nullptr ? writer->commit() : std::vector<std::string>();
-    const std::string notes = written_notes(file, writer.get(), neighbours);
+    const std::string notes = written_notes(writer.get());
     if (json_) {
         std::cerr << notes;
         return report.json(written, requests.left(),

@@ -31,13 +31,14 @@ std::vector<std::string> DivisionWriter::files_for(const std::string& file)
 }
 
 std::unique_ptr<DivisionWriter> DivisionWriter::make(const std::string& file, bool overwrite,
-                                                     const ParcelFile& parcels, NeighbourLayer neighbours,
+                                                     const ParcelFile& parcels,
+                                                     const NeighbourHeights& neighbours,
                                                      const std::vector<std::string>& others)
 {
     if (DrawingWriter::writes(file))
         return std::make_unique<DrawingWriter>(file, overwrite, parcels, neighbours, others);
     if (LandXmlWriter::writes(file))
-        return std::make_unique<LandXmlWriter>(file, overwrite, parcels, neighbours, others);
+        return std::make_unique<LandXmlWriter>(file, overwrite, parcels, others);
     return std::make_unique<LayerWriter>(file, overwrite, parcels, neighbours, others);
 }
 

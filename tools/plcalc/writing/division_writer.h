@@ -3,21 +3,19 @@
 // Writes divisions to a file. What the file is, its ending says.
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "answers/heights.h"
 #include "answers/neighbour_points.h"
 #include "answers/printed_division.h"
 #include "reading/parcel_file.h"
 
 namespace tool {
 
-/// Whether there is a layer for neighbours with new points.
-enum class NeighbourLayer {
-    none,
-    plane,        ///< without heights
-    with_heights  ///< all vertices of the neighbours have one
-};
+/// The heights of neighbours with new points; nothing where there is no layer for them.
+using NeighbourHeights = std::optional<KnownHeights>;
 
 /// One output under way. Parcels are added one after another.
 class DivisionWriter {
@@ -43,7 +41,7 @@ public:
     /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
     static std::unique_ptr<DivisionWriter> make(const std::string& file, bool overwrite,
-                                                const ParcelFile& parcels, NeighbourLayer neighbours,
+                                                const ParcelFile& parcels, const NeighbourHeights& neighbours,
                                                 const std::vector<std::string>& others = {});
 
     virtual ~DivisionWriter() = default;
@@ -58,6 +56,9 @@ public:
 
     /// Adds a parcel that was not divided, and has got points on its sides. Only where there will be neighbours.
     virtual void add_neighbour(const ReadParcel& read, const Insertion& insertion) = 0;
+
+    /// Which heights are not written, and why, as a line for each reason.
+    virtual std::string lost_heights() const { return ""; }
 
     /// What an earlier run with neighbours has left there, as a line for each; it is not replaced.
     virtual std::string left_over() const { return ""; }

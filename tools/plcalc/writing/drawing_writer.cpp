@@ -18,7 +18,6 @@
 #include "reading/crs.h"
 #include "reading/drawing.h"
 #include "text/numbers.h"
-#include "writing/with_heights.h"
 
 namespace tool {
 namespace {
@@ -33,11 +32,11 @@ constexpr const char* kNeighbours = "neighbours";
 // Layers with the number that DXF gives to their colour.
 using Layers = std::vector<std::pair<const char*, int>>;
 
-Layers layers_with(NeighbourLayer neighbours)
+Layers layers_with(const NeighbourHeights& neighbours)
 {
     Layers layers = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
                      {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
-    if (neighbours != NeighbourLayer::none)
+    if (neighbours)
         layers.emplace_back(kNeighbours, 4);
     return layers;
 }
@@ -155,9 +154,9 @@ OGRPolygon open_polygon(const plparcel::Ring& ring, const Heights* heights = nul
     return polygon;
 }
 
-OGRPoint point_at(const PL_PNT2D_record& p, const Heights* heights)
+OGRPoint point_at(const PL_PNT2D_record& p, const Heights& heights)
 {
-    const std::optional<double> height = heights != nullptr ? heights->at(p) : std::nullopt;
+    const std::optional<double> height = heights.at(p);
     return height ? OGRPoint(p.x, p.y, *height) : OGRPoint(p.x, p.y);
 }
 
@@ -175,18 +174,18 @@ OGRPoint place_in(const plparcel::Ring& ring, const std::vector<plparcel::Ring>&
     return found ? place : OGRPoint(ring.front().x, ring.front().y);
 }
 
-// A ring that is drawn.
+// A ring that is drawn; not closed, as in open_polygon().
 struct DrawnRing {
-    plparcel::Ring ring;
+    OGRLinearRing ring;
     bool is_hole;
 };
 
 // Everything that an undivided parcel has for a boundary, as far as its numbers can be drawn.
 std::vector<DrawnRing> rings_of(const ReadParcel& read)
 {
-    std::vector<DrawnRing> rings = {{read.parcel.ring, false}};
-    for (const plparcel::Ring& hole : read.parcel.holes)
-        rings.push_back({hole, true});
+    std::vector<DrawnRing> rings;
+    for (std::size_t i = 0; i <= read.parcel.holes.size(); ++i)
+        rings.push_back({ring_of(read.parcel, i), i > 0});
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
     if (geometry != nullptr && read.parcel.ring.empty()) {
         const std::unique_ptr<OGRGeometry> polygons(
@@ -195,21 +194,29 @@ std::vector<DrawnRing> rings_of(const ReadParcel& read)
             rings.clear();
             for (const OGRPolygon* polygon : *polygons->toMultiPolygon())
                 for (const OGRLinearRing* boundary : *polygon) {
-                    rings.push_back({{}, boundary != polygon->getExteriorRing()});
-                    for (const OGRPoint& p : *boundary)
-                        rings.back().ring.push_back({p.getX(), p.getY()});
-                    drop_closing_vertex(rings.back().ring);
+                    rings.push_back({*boundary, boundary != polygon->getExteriorRing()});
+                    const int last = boundary->getNumPoints() - 1;
+                    if (last > 0 && boundary->getX(0) == boundary->getX(last) &&
+                        boundary->getY(0) == boundary->getY(last))
+                        rings.back().ring.setNumPoints(last);
                 }
         }
     }
     const auto cannot_be_drawn = [](const DrawnRing& drawn) {
-        return drawn.ring.empty() ||
-               !std::all_of(drawn.ring.begin(), drawn.ring.end(), [](const PL_PNT2D_record& p) {
-                   return std::isfinite(p.x) && std::isfinite(p.y);
-               });
+        bool can_be = !drawn.ring.IsEmpty();
+        for (const OGRPoint& p : drawn.ring)
+            can_be = can_be && std::isfinite(p.getX()) && std::isfinite(p.getY());
+        return !can_be;
     };
     rings.erase(std::remove_if(rings.begin(), rings.end(), cannot_be_drawn), rings.end());
     return rings;
+}
+
+OGRPolygon polygon_of(OGRLinearRing ring)
+{
+    OGRPolygon polygon;
+    polygon.addRing(&ring);
+    return polygon;
 }
 
 double text_height(const plparcel::Division& division)
@@ -237,9 +244,8 @@ bool DrawingWriter::writes(const std::string& file)
 }
 
 DrawingWriter::DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                             NeighbourLayer neighbours, const std::vector<std::string>& others)
-    : file_(file), output_(file, overwrite, parcels.files(), others), several_parcels_(parcels.count() > 1),
-      heights_(parcels.has_heights()), neighbour_heights_(neighbours == NeighbourLayer::with_heights)
+                             const NeighbourHeights& neighbours, const std::vector<std::string>& others)
+    : file_(file), output_(file, overwrite, parcels.files(), others), several_parcels_(parcels.count() > 1)
 {
     const std::string header = drawing_template(unit_of(parcels.crs()), layers_with(neighbours));
     require(!header.empty());
@@ -278,8 +284,10 @@ void DrawingWriter::require(bool ok) const
                   "try another format, such as OUT.gpkg");
 }
 
-void DrawingWriter::draw(const char* layer, const OGRGeometry& geometry, const std::string& style)
+// Returns whether heights were lost, because a vertex has none.
+bool DrawingWriter::draw(const char* layer, OGRGeometry&& geometry, const std::string& style)
 {
+    const bool lost = geometry.Is3D() && flatten_unless_all_known(geometry);
     const OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(entities_->GetLayerDefn()));
     feature->SetField("Layer", layer);
     feature->SetGeometry(&geometry);
@@ -287,14 +295,14 @@ void DrawingWriter::draw(const char* layer, const OGRGeometry& geometry, const s
         feature->SetStyleString(style.c_str());
     require(entities_->CreateFeature(feature.get()) == OGRERR_NONE);
     ++written_;
+    return lost;
 }
 
 void DrawingWriter::draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs)
 {
     constexpr double kGap = 0.5;  // between point and text, heights of text
     const double gap = hangs == Hangs::centred ? 0.0 : kGap * height;
-    const OGRPoint at(place.getX() + gap, place.getY() + gap);
-    draw(kLabels, at,
+    draw(kLabels, OGRPoint(place.getX() + gap, place.getY() + gap),
          "LABEL(t:\"" + quoted(text) + "\",s:" + CPLSPrintf("%.6gg", height) +
              (hangs == Hangs::centred ? ",p:5)" : ",p:1)"));
 }
@@ -305,7 +313,7 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
     const int decimals = answer.printed.resolution.area_decimals;
     const double height = text_height(division);
     const Heights known(answer);
-    const Heights* const heights = heights_ ? &known : nullptr;
+    bool lost = false;
     const std::string number =
         several_parcels_ && read.feature != nullptr ? std::to_string(read.feature->GetFID()) : "";
     const std::string& parcel = read.parcel.place.name.empty() ? number : read.parcel.place.name;
@@ -313,9 +321,9 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         const plparcel::Piece& piece = division.pieces[i];
         const bool is_rest = piece.amount + 1 == division.held.size();
         const plparcel::Held& held = division.held[piece.amount];
-        draw(kPieces, open_polygon(piece.ring, heights));
+        lost = draw(kPieces, open_polygon(piece.ring, &known)) || lost;
         for (const plparcel::Ring& hole : piece.holes)
-            draw(kHolesLayer, open_polygon(hole, heights));
+            lost = draw(kHolesLayer, open_polygon(hole, &known)) || lost;
         draw_label(piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
                        (is_rest           ? "rest"
                         : held.pieces > 1 ? "of " + fixed(held.area, decimals)
@@ -323,39 +331,49 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
                    place_in(piece.ring, piece.holes), height, Hangs::centred);
     }
     for (const PrintedLine& line : answer.printed.lines)
-        draw(kLines, line_between(line.start, line.end, heights));
+        lost = draw(kLines, line_between(line.start, line.end, &known)) || lost;
+    if (lost)
+        lost_.add(read.parcel.place);
     const DivisionPoints points = points_of(answer);
     for (std::size_t i = points.corners; i < points.points.size(); ++i) {
         if (!points.points[i].is_new)
             continue;
-        const OGRPoint at = point_at(points.points[i].at, heights);
+        const OGRPoint at = point_at(points.points[i].at, known);
         ++points_;
-        draw(kPoints, at);
+        draw(kPoints, OGRPoint(at));
         draw_label(several_parcels_ ? "P" + std::to_string(points_) : points.points[i].name, at, height,
                    Hangs::upper_right);
     }
 }
 
-void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reason)
+// Returns the first ring, or an empty one where there is nothing to draw.
+OGRLinearRing DrawingWriter::draw_undivided(const ReadParcel& read, const char* layer)
 {
     const std::vector<DrawnRing> rings = rings_of(read);
-    const Heights known(read.parcel);
+    bool lost = false;
     for (const DrawnRing& drawn : rings)
-        draw(drawn.is_hole ? kHolesLayer : kUndivided, open_polygon(drawn.ring, heights_ ? &known : nullptr));
-    if (rings.empty())
+        lost = draw(drawn.is_hole ? kHolesLayer : layer, polygon_of(drawn.ring)) || lost;
+    if (lost)
+        lost_.add(read.parcel.place);
+    return rings.empty() ? OGRLinearRing() : rings.front().ring;
+}
+
+void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reason)
+{
+    plparcel::Ring outer;
+    for (const OGRPoint& p : draw_undivided(read, kUndivided))
+        outer.push_back({p.getX(), p.getY()});
+    if (outer.empty())
         return;
     const std::string text = "refused: " + reason;
-    const plparcel::Extent extent = plparcel::extent_of(rings.front().ring);
+    const plparcel::Extent extent = plparcel::extent_of(outer);
     const double height = std::max(extent.width(), extent.height()) / static_cast<double>(text.size());
-    draw_label(text, place_in(rings.front().ring), height, Hangs::centred);
+    draw_label(text, place_in(outer), height, Hangs::centred);
 }
 
 void DrawingWriter::add_neighbour(const ReadParcel& read, const Insertion& /*insertion*/)
 {
-    const Heights known(read.parcel);
-    const Heights* const heights = neighbour_heights_ ? &known : nullptr;
-    for (const DrawnRing& drawn : rings_of(read))
-        draw(drawn.is_hole ? kHolesLayer : kNeighbours, open_polygon(drawn.ring, heights));
+    draw_undivided(read, kNeighbours);
 }
 
 std::vector<std::string> DrawingWriter::commit()

@@ -12,6 +12,7 @@
 #include "files/gdal_messages.h"
 #include "files/pending_output.h"
 #include "writing/division_writer.h"
+#include "writing/with_heights.h"
 
 namespace tool {
 
@@ -27,7 +28,7 @@ namespace tool {
 /// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
 /// | neighbours | cyan   | neighbours that have got points, closed LWPOLYLINEs; only where they were asked for  |
 ///
-/// Where all vertices of all parcels have heights, pieces and lines are POLYLINEs in space, and points have theirs.
+/// Where all vertices of a piece, a hole or a line have heights it is a POLYLINE in space; points have theirs.
 ///
 /// Coordinates are those that are printed. GDAL writes fifteen digits of them: a hundredth of a micrometre at a
 /// northing of 5,000,000 m.
@@ -38,19 +39,21 @@ public:
 
     /// As DivisionWriter::make().
     DrawingWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                  NeighbourLayer neighbours, const std::vector<std::string>& others);
+                  const NeighbourHeights& neighbours, const std::vector<std::string>& others);
     ~DrawingWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;
     void add_refused(const ReadParcel& read, const std::string& reason) override;
     void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
+    std::string lost_heights() const override { return lost_.text(); }
     std::vector<std::string> commit() override;
 
 private:
     /// Where a label hangs on its place.
     enum class Hangs { centred, upper_right };
 
-    void draw(const char* layer, const OGRGeometry& geometry, const std::string& style = "");
+    bool draw(const char* layer, OGRGeometry&& geometry, const std::string& style = "");
+    OGRLinearRing draw_undivided(const ReadParcel& read, const char* layer);
     void draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs);
     void require(bool ok) const;
 
@@ -61,8 +64,7 @@ private:
     GDALDatasetUniquePtr dataset_;
     OGRLayer* entities_ = nullptr;
     bool several_parcels_;
-    bool heights_;            // whether every vertex has one
-    bool neighbour_heights_;  // likewise, of neighbours
+    LostHeights lost_;
     std::size_t points_ = 0;
     std::size_t written_ = 0;
 };

@@ -81,10 +81,9 @@ bool LandXmlWriter::writes(const std::string& file)
 }
 
 LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                             NeighbourLayer neighbours, const std::vector<std::string>& others)
+                             const std::vector<std::string>& others)
     : file_(file), output_(file, overwrite, parcels.files(), others),
       unit_(landxml_unit(unit_of(parcels.crs()).metres)), several_parcels_(parcels.count() > 1),
-      heights_(parcels.has_heights()), neighbour_heights_(neighbours == NeighbourLayer::with_heights),
       points_(nullptr, xmlFreeTextWriter), parcels_(nullptr, xmlFreeTextWriter)
 {
     const LengthUnit unit = unit_of(parcels.crs());
@@ -227,7 +226,7 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
         for (int again = 2; !taken.insert(name).second; ++again)
             name = prefix + point.name + "_" + std::to_string(again);
         start(points_, "CgPoint", {{"name", name}, {"code", point.code()}});
-        text(points_, coordinates(point.at, heights_ ? heights.at(point.at) : std::nullopt));
+        text(points_, coordinates(point.at, heights.at(point.at)));
         end(points_);
         corners.emplace_back(name, "");
     }
@@ -246,18 +245,17 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
 void LandXmlWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
     ++parcels_read_;
-    write_undivided(read, parcel_name(read), "refused: " + reason, heights_);
+    write_undivided(read, parcel_name(read), "refused: " + reason);
 }
 
 void LandXmlWriter::add_neighbour(const ReadParcel& read, const Insertion& insertion)
 {
     const std::string& name = read.parcel.place.name;
     write_undivided(read, name.empty() ? read.parcel.place.feature : name,
-                    "neighbour with new points: " + std::to_string(insertion.points), neighbour_heights_);
+                    "neighbour with new points: " + std::to_string(insertion.points));
 }
 
-void LandXmlWriter::write_undivided(const ReadParcel& read, const std::string& name, const std::string& words,
-                                    bool heights)
+void LandXmlWriter::write_undivided(const ReadParcel& read, const std::string& name, const std::string& words)
 {
     require_no_holes(read);
     const plparcel::Ring& ring = read.parcel.ring;
@@ -265,7 +263,7 @@ void LandXmlWriter::write_undivided(const ReadParcel& read, const std::string& n
         return;
     std::vector<std::pair<std::string, std::string>> boundary;
     for (std::size_t i = 0; i < ring.size(); ++i)
-        boundary.emplace_back("", coordinates(ring[i], heights && i < read.parcel.heights.size()
+        boundary.emplace_back("", coordinates(ring[i], i < read.parcel.heights.size()
                                                            ? known_height(read.parcel.heights[i])
                                                            : std::nullopt));
     write_parcel({{"name", name}, {"desc", words}, {"state", "existing"}}, boundary);

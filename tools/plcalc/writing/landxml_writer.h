@@ -16,7 +16,7 @@
 namespace tool {
 
 /// One file with a CgPoint for every corner and every new point, with codes CORNER and NEW, and a Parcel for every piece,
-/// whose boundary refers to the points. Points have northing, easting and, where all vertices of all parcels have one, height. With several parcels
+/// whose boundary refers to the points. Points have northing, easting and, where they have one, height. With several parcels
 /// the number of the parcel stands before the names of its points. Parcels that were refused have the reason as desc,
 /// neighbours how many points they have got.
 class LandXmlWriter : public DivisionWriter {
@@ -28,7 +28,7 @@ public:
     ///
     /// @throws Failure  wrong_use where the unit of the parcels is not known or has no name in LandXML
     LandXmlWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                  NeighbourLayer neighbours, const std::vector<std::string>& others);
+                  const std::vector<std::string>& others);
     ~LandXmlWriter() override;
 
     void add(const ReadParcel& read, const Answer& answer) override;
@@ -47,8 +47,7 @@ private:
     void write_head(const ParcelFile& parcels);
     void write_parcel(const Attributes& attributes,
                       const std::vector<std::pair<std::string, std::string>>& corners);
-    void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words,
-                         bool heights);
+    void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words);
     std::string parcel_name(const ReadParcel& read) const;
     void append_parcels();
     void require(bool ok) const;
@@ -57,8 +56,6 @@ private:
     PendingOutput output_;
     const LandXmlUnit* unit_;
     bool several_parcels_;
-    bool heights_;                       // whether every vertex has one
-    bool neighbour_heights_;             // likewise, of neighbours
     std::FILE* parcels_file_ = nullptr;  // goes behind the points when all are known
     std::FILE* points_file_ = nullptr;
     Writer points_;

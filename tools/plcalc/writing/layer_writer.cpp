@@ -12,7 +12,6 @@
 #include "files/vector_file.h"
 #include "plcalc/kernel.h"
 #include "writing/columns.h"
-#include "writing/with_heights.h"
 
 namespace tool {
 namespace {
@@ -81,6 +80,17 @@ OGRPolygon polygon_of(const plparcel::Ring& ring, const std::vector<plparcel::Ri
     return polygon;
 }
 
+OGRPolygon polygon_of(const Parcel& parcel)
+{
+    OGRPolygon polygon;
+    for (std::size_t i = 0; i <= parcel.holes.size(); ++i) {
+        OGRLinearRing ring = ring_of(parcel, i);
+        ring.closeRings();
+        polygon.addRing(&ring);
+    }
+    return polygon;
+}
+
 OGRLineString line_of(const PrintedLine& line, const Heights* heights)
 {
     OGRLineString segment;
@@ -99,21 +109,21 @@ const std::vector<std::pair<const char*, OGRFieldType>> kNeighbourColumns = {
 }  // namespace
 
 LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
-                         NeighbourLayer neighbours, const std::vector<std::string>& others)
+                         const NeighbourHeights& neighbours, const std::vector<std::string>& others)
     : file_(file), format_(OutputFormat::for_file(file).value())
 {
-    const bool with_neighbours = neighbours != NeighbourLayer::none;
-    parts_.resize(with_neighbours ? kNeighboursPart + 1 : kNeighboursPart);
+    parts_.resize(neighbours ? kNeighboursPart + 1 : kNeighboursPart);
     parts_[kPiecesPart].name = kPieces;
     parts_[kLinesPart].name = kLines;
-    if (with_neighbours)
+    if (neighbours)
         parts_[kNeighboursPart].name = kNeighbours;
     for (Part& part : parts_)
         part.file = file;
     parts_.front().output = std::make_unique<PendingOutput>(file, overwrite, parcels.files(), others);
     const OGRSpatialReference* const crs = is_plane(parcels.crs()) ? parcels.crs() : nullptr;
-    heights_ = parcels.has_heights();
-    neighbour_heights_ = neighbours == NeighbourLayer::with_heights;
+    heights_ = written_of(parcels.heights(), "");
+    if (neighbours)
+        neighbour_heights_ = written_of(*neighbours, " of neighbours");
     if (format_.holds_degrees() && crs == nullptr)
         refuse_format("stores degrees, and the input has no CRS to convert from");
     if (overwrite && format_.keeps_other_layers())
@@ -121,6 +131,44 @@ LayerWriter::LayerWriter(const std::string& file, bool overwrite, const ParcelFi
     if (parts_.front().dataset == nullptr)
         create_files(overwrite, parcels, others);
     make_layers(parcels.columns(), crs);
+}
+
+// What can be written of the heights; why not more, is kept.
+LayerWriter::Written LayerWriter::written_of(const KnownHeights& known, const char* whose)
+{
+    if (!known.any())
+        return Written::none;
+    const HeightsHeld held = format_.heights_held();
+    if (known.all() && held != HeightsHeld::none)
+        return Written::all;
+    if (held == HeightsHeld::each)
+        return Written::some;
+    const std::string format = std::string(", and this format (") + format_.driver().GetDescription() + ") ";
+    not_held_ += std::string("Heights") + whose + " are not written: " +
+                 (held == HeightsHeld::none ? format.substr(2 + 4) + "holds none"
+                                            : "some vertices have none" + format + "holds all or none") +
+                 "; name it .gpkg to keep them\n";
+    return Written::none;
+}
+
+OGRwkbGeometryType LayerWriter::type_of(OGRwkbGeometryType flat, Written heights)
+{
+    return heights == Written::none ? flat : wkbSetZ(flat);
+}
+
+// A GeoPackage says of each layer that all shapes have heights, or none, or any.
+void LayerWriter::declare_optional_heights()
+{
+    if (!EQUAL(format_.driver().GetDescription(), "GPKG"))
+        return;
+    for (const Part& part : parts_) {
+        const Written heights =
+            &part == &parts_[kPiecesPart] || &part == &parts_[kLinesPart] ? heights_ : neighbour_heights_;
+        if (heights == Written::some)
+            dataset().ReleaseResultSet(dataset().ExecuteSQL(
+                ("UPDATE gpkg_geometry_columns SET z = 2 WHERE table_name = '" + part.name + "'").c_str(),
+                nullptr, nullptr));
+    }
 }
 
 std::vector<std::string> LayerWriter::files_for(const std::string& file)
@@ -197,13 +245,11 @@ void LayerWriter::require(bool ok) const
 void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs)
 {
     OGRSpatialReference* const shared = const_cast<OGRSpatialReference*>(crs);
-    const OGRwkbGeometryType polygon = heights_ ? wkbPolygon25D : wkbPolygon;
     dataset().StartTransaction();
-    make_layer(parts_[kPiecesPart], polygon, columns, kPieceColumns, shared);
-    make_layer(parts_[kLinesPart], heights_ ? wkbLineString25D : wkbLineString, columns, kLineColumns,
-               shared);
+    make_layer(parts_[kPiecesPart], type_of(wkbPolygon, heights_), columns, kPieceColumns, shared);
+    make_layer(parts_[kLinesPart], type_of(wkbLineString, heights_), columns, kLineColumns, shared);
     if (parts_.size() > kNeighboursPart)
-        make_layer(parts_[kNeighboursPart], neighbour_heights_ ? wkbPolygon25D : wkbPolygon, columns,
+        make_layer(parts_[kNeighboursPart], type_of(wkbPolygon, neighbour_heights_), columns,
                    kNeighbourColumns, shared);
     messages_.clear();  // drop the warning of a format without columns
 }
@@ -241,6 +287,16 @@ OGRFeatureUniquePtr LayerWriter::new_feature(const Part& part, const ReadParcel&
     return feature;
 }
 
+// Returns whether heights were lost, because a vertex has none.
+bool LayerWriter::set_shape(OGRFeature& feature, OGRGeometry& shape, Written heights)
+{
+    if (heights == Written::none)
+        shape.flattenTo2D();
+    const bool lost = shape.Is3D() && flatten_unless_all_known(shape);
+    feature.SetGeometry(&shape);
+    return lost;
+}
+
 void LayerWriter::create(Part& part, OGRFeature& feature)
 {
     require(part.layer->CreateFeature(&feature) == OGRERR_NONE);
@@ -253,12 +309,13 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
     Part& pieces = parts_[kPiecesPart];
     Part& lines = parts_[kLinesPart];
     const Heights known(answer);
-    const Heights* const heights = heights_ ? &known : nullptr;
+    const Heights* const heights = heights_ != Written::none ? &known : nullptr;
+    bool lost = false;
     for (std::size_t i = 0; i < division.pieces.size(); ++i) {
         const plparcel::Piece& piece = division.pieces[i];
         const OGRFeatureUniquePtr feature = new_feature(pieces, read);
-        const OGRPolygon polygon = polygon_of(piece.ring, piece.holes, heights);
-        feature->SetGeometry(&polygon);
+        OGRPolygon polygon = polygon_of(piece.ring, piece.holes, heights);
+        lost = set_shape(*feature, polygon, heights_) || lost;
         set(*feature, pieces.columns[1], static_cast<int>(i) + 1);
         set(*feature, pieces.columns[2], piece.asked);
         set(*feature, pieces.columns[3], piece.area);
@@ -270,12 +327,14 @@ void LayerWriter::add(const ReadParcel& read, const Answer& answer)
     }
     for (const PrintedLine& line : answer.printed.lines) {
         const OGRFeatureUniquePtr feature = new_feature(lines, read);
-        const OGRLineString segment = line_of(line, heights);
-        feature->SetGeometry(&segment);
+        OGRLineString segment = line_of(line, heights);
+        lost = set_shape(*feature, segment, heights_) || lost;
         set(*feature, lines.columns[1], static_cast<int>(line.line) + 1);
         set(*feature, lines.columns[2], on_ground(read.parcel, PlFunz_distance(&line.start, &line.end)));
         create(lines, *feature);
     }
+    if (lost)
+        lost_.add(read.parcel.place);
 }
 
 void LayerWriter::add_refused(const ReadParcel& read, const std::string& reason)
@@ -286,29 +345,30 @@ void LayerWriter::add_refused(const ReadParcel& read, const std::string& reason)
         return;
     const OGRFeatureUniquePtr feature = new_feature(pieces, read);
     const OGRGeometry* const geometry = read.feature != nullptr ? read.feature->GetGeometryRef() : nullptr;
+    bool lost = false;
     if (geometry != nullptr && wkbFlatten(geometry->getGeometryType()) == wkbPolygon &&
         !read.has_new_points) {
-        feature->SetGeometry(geometry);
+        const std::unique_ptr<OGRGeometry> own(geometry->clone());
+        lost = set_shape(*feature, *own, heights_);
     } else if (!read.parcel.ring.empty()) {
-        const Heights known(read.parcel);
-        const OGRPolygon polygon =
-            polygon_of(read.parcel.ring, read.parcel.holes, read.has_new_points ? &known : nullptr);
-        feature->SetGeometry(&polygon);
+        OGRPolygon polygon = polygon_of(read.parcel);
+        lost = set_shape(*feature, polygon, heights_);
     }
     if (feature->GetGeometryRef() == nullptr && format_.needs_geometry())
         return;
     set(*feature, status, ("refused: " + reason).c_str());
     create(pieces, *feature);
+    if (lost)
+        lost_.add(read.parcel.place);
 }
 
 void LayerWriter::add_neighbour(const ReadParcel& read, const Insertion& insertion)
 {
     Part& neighbours = parts_[kNeighboursPart];
-    const Heights known(read.parcel);
     const OGRFeatureUniquePtr feature = new_feature(neighbours, read);
-    const OGRPolygon polygon =
-        polygon_of(read.parcel.ring, read.parcel.holes, neighbour_heights_ ? &known : nullptr);
-    feature->SetGeometry(&polygon);
+    OGRPolygon polygon = polygon_of(read.parcel);
+    if (set_shape(*feature, polygon, neighbour_heights_))
+        lost_.add(read.parcel.place);
     set(*feature, neighbours.columns[1], static_cast<int>(insertion.points));
     const double square = read.parcel.ground_factor * read.parcel.ground_factor;
     set(*feature, neighbours.columns[2], check(read.parcel).area / square);
@@ -337,6 +397,7 @@ void LayerWriter::require_whole(const Part& part) const
 std::vector<std::string> LayerWriter::commit()
 {
     messages_.clear();
+    declare_optional_heights();
     dataset().CommitTransaction();
     for (Part& part : parts_)
         part.dataset.reset();

@@ -15,6 +15,7 @@
 #include "reading/parcel_file.h"
 #include "writing/division_writer.h"
 #include "writing/output_format.h"
+#include "writing/with_heights.h"
 
 namespace tool {
 
@@ -33,7 +34,8 @@ namespace tool {
 /// parts is a feature for each.
 ///
 /// Lines and areas are those that are printed: rounded, with all the digits of the rounded numbers. A refused parcel
-/// is written undivided, with the reason as its status. Points have heights where all vertices of all parcels do.
+/// is written undivided, with the reason as its status. A piece has heights where all its vertices
+/// do, if the format can hold that; else where all vertices of all parcels do.
 class LayerWriter : public DivisionWriter {
 public:
     /// @param[in] file       its ending chooses the format
@@ -43,8 +45,8 @@ public:
     /// @param[in] neighbours whether there is a layer for neighbours, and their heights
     /// @param[in] others     other files that are read; these are not replaced, either
     /// @throws Failure       as PendingOutput; wrong_use for a format that cannot hold them; failed when it refuses
-    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels, NeighbourLayer neighbours,
-                const std::vector<std::string>& others);
+    LayerWriter(const std::string& file, bool overwrite, const ParcelFile& parcels,
+                const NeighbourHeights& neighbours, const std::vector<std::string>& others);
 
     /// The files of a format that holds one layer.
     static std::vector<std::string> files_for(const std::string& file);
@@ -56,6 +58,8 @@ public:
     void add_refused(const ReadParcel& read, const std::string& reason) override;
 
     void add_neighbour(const ReadParcel& read, const Insertion& insertion) override;
+
+    std::string lost_heights() const override { return not_held_ + lost_.text(); }
 
     std::string left_over() const override { return left_over_; }
 
@@ -74,6 +78,13 @@ private:
         std::size_t written = 0;
     };
 
+    /// Which shapes of a layer have heights.
+    enum class Written { none, some, all };
+
+    Written written_of(const KnownHeights& known, const char* whose);
+    static OGRwkbGeometryType type_of(OGRwkbGeometryType flat, Written heights);
+    void declare_optional_heights();
+    static bool set_shape(OGRFeature& feature, OGRGeometry& shape, Written heights);
     void open_copy();
     void create_files(bool overwrite, const ParcelFile& parcels, const std::vector<std::string>& others);
     void make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs);
@@ -97,8 +108,10 @@ private:
     OutputFormat format_;
     std::vector<Part> parts_;  // the first owns the file that others share
     GdalMessages messages_;
-    bool heights_ = false;            // whether points are written with theirs
-    bool neighbour_heights_ = false;  // likewise, of neighbours
+    Written heights_ = Written::none;
+    Written neighbour_heights_ = Written::none;
+    std::string not_held_;  // heights that the format does not hold, as lines
+    LostHeights lost_;
     std::string left_over_;
 };
 

@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include <cpl_conv.h>
+#include <cpl_vsi.h>
+
+#include "files/vector_file.h"
 
 namespace tool {
 namespace {
@@ -62,6 +66,50 @@ GDALDriver* driver_for(const std::string& ending)
     return nullptr;
 }
 
+OGRPolygon triangle(std::optional<double> height)
+{
+    OGRLinearRing ring;
+    for (const auto& [x, y] : {std::pair<double, double>{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}})
+        if (height)
+            ring.addPoint(x, y, *height);
+        else
+            ring.addPoint(x, y);
+    ring.closeRings();
+    OGRPolygon polygon;
+    polygon.addRing(&ring);
+    return polygon;
+}
+
+bool add_shape(OGRLayer& layer, const OGRGeometry& geometry)
+{
+    const OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(layer.GetLayerDefn()));
+    feature->SetField(0, 1);
+    feature->SetGeometry(&geometry);
+    return layer.CreateFeature(feature.get()) == OGRERR_NONE;
+}
+
+// A folder in memory for a file that is tried.
+class TrialFolder {
+public:
+    TrialFolder() : path_(CPLSPrintf("/vsimem/plcalc-trial-%p", static_cast<void*>(this)))
+    {
+        CPLPushErrorHandler(CPLQuietErrorHandler);
+        VSIMkdir(path_.c_str(), 0700);
+    }
+    ~TrialFolder()
+    {
+        VSIRmdirRecursive(path_.c_str());
+        CPLPopErrorHandler();
+    }
+    TrialFolder(const TrialFolder&) = delete;
+    TrialFolder& operator=(const TrialFolder&) = delete;
+
+    std::string file(const std::string& ending) const { return path_ + "/trial." + ending; }
+
+private:
+    std::string path_;
+};
+
 }  // namespace
 
 std::optional<OutputFormat> OutputFormat::for_file(const std::string& file)
@@ -70,7 +118,7 @@ std::optional<OutputFormat> OutputFormat::for_file(const std::string& file)
     GDALDriver* const driver = driver_for(ending);
     if (driver == nullptr)
         return std::nullopt;
-    const OutputFormat format(*driver);
+    const OutputFormat format(*driver, ending);
     // MapInfo's MIF is text and keeps every digit; its TAB rounds to a centimetre over the full range of a
     // projection.
     if (EQUAL(ending.c_str(), "tab") || format.is_one_of(kRounding, std::size(kRounding)))
@@ -103,6 +151,44 @@ bool OutputFormat::holds_degrees() const
 bool OutputFormat::needs_geometry() const
 {
     return is_one_of(kNothingWithoutGeometry, std::size(kNothingWithoutGeometry));
+}
+
+HeightsHeld OutputFormat::heights_held() const
+{
+    if (keeps_heights(true))
+        return HeightsHeld::each;
+    return keeps_heights(false) ? HeightsHeld::all_or_none : HeightsHeld::none;
+}
+
+// beside_flat: whether a shape without heights stays without, too
+bool OutputFormat::keeps_heights(bool beside_flat) const
+{
+    constexpr double kHeight = 7.0;
+    const TrialFolder folder;
+    const std::string file = folder.file(ending_);
+    GDALDatasetUniquePtr trial(driver_->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    OGRLayer* const layer = trial != nullptr
+                                ? trial->CreateLayer("trial", nullptr, wkbPolygon25D, layer_options().List())
+                                : nullptr;
+    OGRFieldDefn number("number", OFTInteger);
+    if (layer == nullptr || layer->CreateField(&number) != OGRERR_NONE ||
+        !add_shape(*layer, triangle(kHeight)) || (beside_flat && !add_shape(*layer, triangle({}))))
+        return false;
+    trial.reset();
+    trial = open_vector_file(file);
+    if (trial == nullptr || trial->GetLayerCount() == 0)
+        return false;
+    bool kept = false;
+    bool flat = false;
+    for (const OGRFeatureUniquePtr& feature : *trial->GetLayer(0)) {
+        const OGRGeometry* const shape = feature->GetGeometryRef();
+        if (shape == nullptr || wkbFlatten(shape->getGeometryType()) != wkbPolygon)
+            return false;
+        // Generic Mapping Tools files have heights that GDAL reads without saying that they do.
+        kept = kept || shape->toPolygon()->getExteriorRing()->getZ(0) == kHeight;
+        flat = flat || !shape->Is3D();
+    }
+    return kept && flat == beside_flat;
 }
 
 CPLStringList OutputFormat::layer_options() const

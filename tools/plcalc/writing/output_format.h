@@ -11,6 +11,13 @@
 
 namespace tool {
 
+/// What a format does with heights.
+enum class HeightsHeld {
+    none,
+    all_or_none,  ///< a shape without heights becomes one at height zero
+    each          ///< each shape has heights, or none
+};
+
 class OutputFormat {
 public:
     /// The format for the ending of a file name; nothing if no format with that ending can be written, be
@@ -32,6 +39,9 @@ public:
     /// Whether it loses a feature without a geometry.
     bool needs_geometry() const;
 
+    /// Found by writing a small file in memory and reading it back.
+    HeightsHeld heights_held() const;
+
     /// Options for creating a layer.
     CPLStringList layer_options() const;
 
@@ -39,11 +49,14 @@ public:
     OGRFieldType type_for(OGRFieldType type) const;
 
 private:
-    explicit OutputFormat(GDALDriver& driver) : driver_(&driver) {}
+    OutputFormat(GDALDriver& driver, const std::string& ending) : driver_(&driver), ending_(ending) {}
 
     bool is_one_of(const char* const* names, std::size_t count) const;
 
+    bool keeps_heights(bool beside_flat) const;
+
     GDALDriver* driver_;
+    std::string ending_;
 };
 
 }  // namespace tool
