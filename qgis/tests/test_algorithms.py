@@ -495,8 +495,8 @@ class Planes(unittest.TestCase):
             run("stakeout", INPUT=layer_of("EPSG:2053", [("POINT (1 2)",)], kind="Point"), STATION="10000,3700000", ORIENTATION="10000,3700100")
 
     def test_a_road_with_arcs(self):
-        # Its chord runs along the South of the lot; it bulges 50 to the South of it, and touches the corner in the South-West only.
-        road = layer_of(UTM, [("CIRCULARSTRING (500000 5000000, 500050 4999950, 500100 5000000)",)], kind="CompoundCurve")
+        # The chord of its first half runs along the South of the lot; the road itself lies up to 20 to the North of it.
+        road = layer_of(UTM, [("CIRCULARSTRING (500000 5000000, 500100 5000000, 500100 4999900)",)], kind="CompoundCurve")
         found = run("divide", INPUT=layer_of(UTM, [(LOT,)]), LINE=0, CHOICE=6, ALONG=road, DISTANCE=5, AMOUNT=1, VALUE="1/2")
         self.assertEqual(found["DIVIDED"], 0)
 
