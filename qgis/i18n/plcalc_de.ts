@@ -338,6 +338,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Der Layer der neuen Punkte hat keine Höhen: dort bleiben sie weg.</translation>
   </message>
   <message>
+   <source>The layer has a filter: neighbours that it hides have not got the new points.</source>
+   <translation>Der Layer hat einen Filter: Nachbarn, die er verbirgt, haben die neuen Punkte nicht bekommen.</translation>
+  </message>
+  <message>
    <source>Make a layer of polygons the current one.</source>
    <translation>Wählen Sie einen Layer mit Polygonen als aktuellen Layer.</translation>
   </message>

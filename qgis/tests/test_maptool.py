@@ -605,6 +605,41 @@ class Writing(Case):
         self.assertEqual(shapes(self.lots), before)
         self.assertFalse(self.lots.isEditable() or points.isEditable())  # no session stays that nobody has begun
 
+    def test_a_column_for_names_that_takes_numbers_only(self):
+        points = layer_of(UTM, [], kind="Point", columns="&field=name:integer")
+        window = self.window([(LOT, "Rossi")], more=[points])
+        window.dock.points.setLayer(points)
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertTrue(points.commitChanges(), points.commitErrors())
+        self.assertEqual(points.featureCount(), 2)
+
+    def test_neighbours_that_a_filter_hides_are_told(self):
+        memory = layer_of(UTM, [(LOT, "Rossi"), (NEIGHBOUR, "Verdi")], columns="&field=owner:string")
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "lots.gpkg")
+            QgsVectorFileWriter.writeAsVectorFormatV3(memory, path, QgsProject.instance().transformContext(),
+                                                      QgsVectorFileWriter.SaveVectorOptions())
+            lots = QgsVectorLayer(path, "lots", "ogr")
+            lots.setSubsetString("owner = 'Rossi'")
+            window = Window([lots])
+            window.click(500050, 5000025)
+            window.click(500050, 5000000)
+            window.key(Qt.Key_Return)
+            (text, problem), = window.said
+            window.close()
+        self.assertTrue(problem)
+        self.assertIn("The layer has a filter: neighbours that it hides have not got the new points.", text)
+
+    def test_a_flat_parcel_in_a_layer_with_heights(self):
+        window = self.window([(LOT, "Rossi")], kind="PolygonZ")
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        window.key(Qt.Key_Return)
+        self.assertTrue(all(math.isnan(vertex.z()) for feature in self.lots.getFeatures() for vertex in feature.geometry().vertices()))
+        self.assertTrue(all(feature.geometry().constGet().is3D() for feature in self.lots.getFeatures()))
+
     def test_points_beyond_the_system_of_their_layer(self):
         points = layer_of("EPSG:32632", [], kind="Point")
         window = self.window([(LOT, "Rossi")], more=[points])

@@ -27,6 +27,7 @@ class Written:
     """What a commit has done.
 
     pieces, neighbours, points: numbers of new features, of neighbours with new points, and of points
+    is_filtered: whether the layer hides features, which then have got no points
     unknown: how many new corners have no height or no measure in a layer that has some
     beside, left_out: see answers.Shared; unread: how many features beside the parcel cannot be read
     to_fill: columns of the point layer that must be filled before it is saved
@@ -35,7 +36,7 @@ class Written:
 
     def __init__(self):
         self.pieces = self.neighbours = self.points = self.unknown = self.beside = self.left_out = self.unread = 0
-        self.flat, self.to_fill = False, set()
+        self.flat, self.is_filtered, self.to_fill = False, False, set()
 
 
 def commit(computes, parcel, division, points_layer, transforms):
@@ -54,7 +55,7 @@ def commit(computes, parcel, division, points_layer, transforms):
         shared = computes.shared(division, [neighbour.shape for neighbour in beside], _WITHIN)
     except ValueError as why:
         raise CannotSplit(str(why)) from None
-    written.beside, written.left_out = shared.beside, shared.left_out
+    written.beside, written.left_out, written.is_filtered = shared.beside, shared.left_out, bool(layer.subsetString())
     begun = []
     try:
         for wanted in (layer, points_layer):
@@ -179,6 +180,8 @@ def _as_in(layer, polygons):
         geometry = QgsGeometry(surface)
     else:
         geometry = QgsGeometry.collectGeometry(polygons)
+    if QgsWkbTypes.hasZ(layer.wkbType()) and not geometry.constGet().is3D():
+        geometry.get().addZValue(math.nan)  # QGIS would write 0
     if not QgsWkbTypes.isMultiType(layer.wkbType()) and len(polygons) == 1:
         geometry.convertToSingleType()
     return geometry
@@ -187,6 +190,8 @@ def _as_in(layer, polygons):
 def _add_points(layer, parcel, new_points, transforms, written):
     """P1, P2 and so on; the name goes to a column called name, if there is one."""
     name = layer.fields().lookupField("name")
+    if name >= 0 and layer.fields().at(name).type() != QVariant.String:
+        name = -1
     there = parcel.plane.to(layer.crs(), transforms)
     context = layer.createExpressionContext()
     is_high = QgsWkbTypes.hasZ(layer.wkbType())

@@ -215,7 +215,7 @@ class DivideTool(QgsMapTool):
             self.said.emit(str(why), True)
             return
         self._start_again()
-        self.said.emit(_said(done), bool(done.unknown or done.to_fill or done.beside or done.left_out or done.unread or done.flat))
+        self.said.emit(_said(done), bool(done.unknown or done.to_fill or done.is_filtered or done.beside or done.left_out or done.unread or done.flat))
 
     def _show(self):
         self._dock.show_work(self._work, self._hovered)
@@ -239,6 +239,8 @@ def _said(done):
         said.append(tr("New points without a height or a measure: {count}.").format(count=done.unknown))
     if done.flat:
         said.append(tr("The layer of new points has no heights: they are left out there."))
+    if done.is_filtered:
+        said.append(tr("The layer has a filter: neighbours that it hides have not got the new points."))
     if done.to_fill:
         said.append(tr("Columns that the layer of new points wants to be filled before it is saved: {columns}.").format(
             columns=", ".join(sorted(done.to_fill))))
