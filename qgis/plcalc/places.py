@@ -84,7 +84,7 @@ def _place_of_source(provider, source, layer=None):
     path = str(path)
     if os.path.isdir(path):
         files = [os.path.join(path, name) for name in os.listdir(path) if not table or os.path.splitext(name)[0] == table]
-        return Place(_names(files), frozenset(), path)
+        return Place(_names([path, *files]), frozenset(), path)
     tables = [table] if table else _tables(layer)
     return Place(_names([path]), frozenset(str(name).lower() for name in tables), path)
 

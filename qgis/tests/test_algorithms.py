@@ -404,6 +404,14 @@ class NothingIsLost(unittest.TestCase):
         self.refused("measure", INPUT=self.folder + "|layername=lots", OUTPUT=path)
         self.refused("feasible", INPUT=self.path("lots.dbf"), OUTPUT=path, direct=False)
 
+    def test_folders_that_are_data(self):
+        os.mkdir(self.path("lots.gdb"))
+        from plcalc_qgis.places import _meet, _place_of_source, _written_place
+
+        read = _place_of_source("ogr", self.path("lots.gdb") + "|layername=lots")
+        self.assertTrue(_meet(read, _written_place(self.path("lots.gdb"), QgsProcessingContext())))
+        self.assertFalse(_meet(read, _written_place(self.path("other.gdb"), QgsProcessingContext())))
+
     def test_points(self):
         path = self.path("points.gpkg")
         QgsVectorFileWriter.writeAsVectorFormatV3(layer_of(UTM, [("POINT (1 2)",)], kind="Point"), path,
@@ -590,6 +598,8 @@ class Models(unittest.TestCase):
             child.setModelOutputs({result: output})
             model.addChildAlgorithm(child)
         model.updateDestinationParameters()
+        numbers = model.availableSourcesForChild("measure", [], ["outputNumber"])
+        self.assertEqual({source.outputName() for source in numbers}, {"DIVIDED", "NOT_DIVIDED"})
         lots = layer_of(UTM, [(LOT,)])
         project, context = QgsProject.instance(), QgsProcessingContext()
         project.addMapLayer(lots)
