@@ -77,6 +77,67 @@ TEST_F(LandXml, PiecesAndPointsAreWritten)
     EXPECT_NE(content("p.csv").find("\nP5,"), std::string::npos);
 }
 
+// A square with a square hole, another beside it without, and a third that is refused; heights at the corners of the first.
+TEST_F(LandXml, HolesGoOutAndComeBack)
+{
+    write("lots.csv",
+          "WKT,id\n"
+          "\"POLYGON Z ((0 0 1, 100 0 1, 100 100 3, 0 100 3, 0 0 1), (40 40 5, 40 60 6, 60 60 7, 60 40 8, 40 "
+          "40 5))\",a\n"
+          "\"POLYGON ((200 0, 300 0, 300 100, 200 100, 200 0))\",b\n"
+          "\"POLYGON ((400 0, 410 0, 410 10, 400 10, 400 0), (404 4, 404 6, 406 6, 406 4, 404 4))\",c\n");
+    const test::Result run = divide("lots.csv", "--parallel 1 --area 2000 --name-column id --crs "
+                                                "LOCAL_CS[\"site\",UNIT[\"metre\",1]] -o out.xml");
+    EXPECT_EQ(run.status, 4) << run.err;
+    EXPECT_EQ(this->run({"measure", "out.xml", "--csv"}).out,
+              "parcel,name,area,perimeter,vertices,holes,direction,status\n"
+              "feature 1,a-A,2000.0000,240.0000,4,0,anticlockwise,measured\n"
+              "feature 2,a-B,7600.0000,440.0000,8,1,anticlockwise,measured\n"
+              "feature 3,b-A,2000.0000,240.0000,4,0,anticlockwise,measured\n"
+              "feature 4,b-B,8000.0000,360.0000,4,0,anticlockwise,measured\n"
+              "feature 5,c,96.000000,48.00000,8,1,anticlockwise,measured\n");
+    // Points of holes keep their names and heights.
+    ASSERT_EQ(divide("out.xml", "--feature 2 --perpendicular 1 --share 1/4 --points p.csv").status, 0);
+    for (const char* point :
+         {"\n1.5,40.0000,40.0000,5.0000,CORNER\n", "\n1.8,60.0000,40.0000,8.0000,CORNER\n"})
+        EXPECT_NE(content("p.csv").find(point), std::string::npos) << content("p.csv");
+    // What else several boundaries may be is refused.
+    const std::string square =
+        line("0 0", "0 9") + line("0 9", "9 9") + line("9 9", "9 0") + line("9 0", "0 0");
+    const struct {
+        const char* what;
+        std::string second;
+        bool is_hole;
+    } rows[] = {
+        {"inside", line("2 2", "2 4") + line("2 4", "4 4") + line("4 4", "2 2"), true},
+        {"inside, at a corner", line("0 0", "2 4") + line("2 4", "4 2") + line("4 2", "0 0"), true},
+        {"beside", line("2 12", "2 14") + line("2 14", "4 14") + line("4 14", "2 12"), false},
+        {"across", line("2 2", "2 14") + line("2 14", "4 14") + line("4 14", "2 2"), false},
+        {"open", line("2 2", "2 4") + line("2 4", "4 4"), false},
+    };
+    for (const auto& row : rows) {
+        write_xml(parcel(square + "</CoordGeom><CoordGeom>" + row.second));
+        const test::Result measured = this->run({"measure", "in.xml"});
+        EXPECT_EQ(measured.err.find("the others are no holes in the first") == std::string::npos, row.is_hole)
+            << row.what << measured.err;
+    }
+}
+
+TEST_F(LandXml, InUtf16)
+{
+    write_xml(parcel(line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA)));
+    const std::string text = content("in.xml");
+    for (const bool big : {false, true}) {
+        std::string wide = big ? "\xFE\xFF" : "\xFF\xFE";
+        for (const char c : text) {
+            wide += big ? std::string(1, '\0') + c : std::string(1, c);
+            wide += big ? "" : std::string(1, '\0');
+        }
+        write("in.xml", wide);
+        EXPECT_EQ(area(), 1200.0);
+    }
+}
+
 TEST_F(LandXml, SeveralParcelsKeepTheirPointsApart)
 {
     write("lots.geojson",
@@ -212,7 +273,8 @@ TEST_F(LandXml, WhatCannotBeUsedIsRefused)
         "parcel 7/1: a point is neither northing and easting nor a reference; export the file again");
     expect_refused("<Parcels><Parcel name=\"7/1\"><CoordGeom>" + line(kA, kB) +
                        "</CoordGeom><CoordGeom/></Parcel></Parcels>",
-                   "parcel 7/1: it has several boundaries (2); export each as a parcel of its own");
+                   "parcel 7/1: it has several boundaries (2), and the others are no holes in the first; "
+                   "export each as a parcel of its own");
     for (const char* list : {"<PntList2D>2000 1000 2000</PntList2D>", "<PntList2D></PntList2D>",
                              "<PntList3D>2000 1000 3 2000</PntList3D>"})
         expect_refused(parcel("<IrregularLine><Start>" + kA + "</Start>" + list + "<End>" + kB +

@@ -1,5 +1,6 @@
 #include "files/landxml.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -53,7 +54,15 @@ struct ReadLandParcel {
     std::string name;
     std::string description;
     std::string state;
-    std::vector<Element> boundary;
+    std::vector<std::vector<Element>> boundaries;  // the outer one, then those of its holes
+};
+
+// A boundary as GDAL has it.
+struct ReadRing {
+    std::unique_ptr<OGRCompoundCurve> curve = std::make_unique<OGRCompoundCurve>();
+    bool closed = false;
+    bool has_heights = false;
+    std::string names;  // of its points, on lines
 };
 
 int read_bytes(void* file, char* buffer, int size)
@@ -158,7 +167,7 @@ public:
             feature.SetField("name", parcel.name.c_str());
             feature.SetField("desc", parcel.description.c_str());
             feature.SetField("state", parcel.state.c_str());
-            add_boundary(parcel, feature);
+            add_boundaries(parcel, feature);
             if (layer->CreateFeature(&feature) != OGRERR_NONE)
                 throw std::bad_alloc();
         }
@@ -228,18 +237,14 @@ private:
         parcel.name = attribute(node, "name");
         parcel.description = attribute(node, "desc");
         parcel.state = attribute(node, "state");
-        int boundaries = 0;
         for (xmlNode* child = node->children; child != nullptr; child = child->next)
             if (is_named(child, "CoordGeom")) {
-                ++boundaries;
+                parcel.boundaries.emplace_back();
                 for (xmlNode* element = child->children; element != nullptr; element = element->next)
                     if (element->type == XML_ELEMENT_NODE)
                         read_element(element, parcel);
             }
-        if (boundaries > 1)
-            refuse(parcel.name, "it has several boundaries (" + std::to_string(boundaries) + ")",
-                   "export each as a parcel of its own");
-        if (boundaries == 1)
+        if (!parcel.boundaries.empty())
             parcels_.push_back(std::move(parcel));
     }
 
@@ -271,7 +276,7 @@ private:
         element.clockwise = attribute(node, "rot") != "ccw";
         element.points.insert(element.points.end(), between.begin(), between.end());
         element.points.push_back(*end);
-        parcel.boundary.push_back(std::move(element));
+        parcel.boundaries.back().push_back(std::move(element));
     }
 
     // The points of an irregular line, of which the first and the last may be its ends.
@@ -305,9 +310,8 @@ private:
     }
 
     // The elements head to tail: one that is drawn backwards is turned.
-    std::vector<Element> in_order(const ReadLandParcel& parcel) const
+    std::vector<Element> in_order(std::vector<Element> elements, const ReadLandParcel& parcel) const
     {
-        std::vector<Element> elements = parcel.boundary;
         for (std::size_t i = 0; i < elements.size(); ++i) {
             Element& element = elements[i];
             for (Corner& corner : element.points)
@@ -357,16 +361,14 @@ private:
         return point;
     }
 
-    void add_boundary(const ReadLandParcel& parcel, OGRFeature& feature) const
+    ReadRing ring_of(const std::vector<Element>& boundary, const ReadLandParcel& parcel) const
     {
-        const std::vector<Element> elements = in_order(parcel);
+        const std::vector<Element> elements = in_order(boundary, parcel);
+        ReadRing ring;
         if (elements.empty())
-            return;
+            return ring;
         const Point first = elements.front().points.front().at;
-        const bool closed = gap(elements.back().points.back().at, first) <= kLargestGap;
-        bool has_heights = false;
-        std::string names;
-        auto boundary = std::make_unique<OGRCompoundCurve>();
+        ring.closed = gap(elements.back().points.back().at, first) <= kLargestGap;
         Point last = first;
         for (std::size_t i = 0; i < elements.size(); ++i) {
             const Element& element = elements[i];
@@ -374,7 +376,7 @@ private:
             for (std::size_t k = 1; k < element.points.size(); ++k)
                 if (gap(element.points[k].at, points.back()) > 0.0)
                     points.push_back(element.points[k].at);
-            if (closed && i + 1 == elements.size())
+            if (ring.closed && i + 1 == elements.size())
                 points.back() = first;
             if (points.size() < 2)
                 continue;
@@ -384,37 +386,91 @@ private:
             auto* const curve =
                 element.centre ? new OGRCircularString : static_cast<OGRSimpleCurve*>(new OGRLineString);
             for (const Point& p : points) {
-                has_heights = has_heights || p.height;
+                ring.has_heights = ring.has_heights || p.height;
                 curve->addPoint(p.east, p.north, p.height.value_or(std::nan("")));
             }
-            boundary->addCurveDirectly(curve);
-            names += (names.empty() ? "" : "\n") + element.points.front().name;
+            ring.curve->addCurveDirectly(curve);
+            ring.names += element.points.front().name + "\n";
             for (std::size_t k = 2; k < points.size(); ++k)
-                names += "\n";
+                ring.names += "\n";
             last = points.back();
         }
+        return ring;
+    }
+
+    void add_boundaries(const ReadLandParcel& parcel, OGRFeature& feature) const
+    {
+        std::vector<ReadRing> rings;
+        bool has_heights = false;
+        std::string names;
+        for (const std::vector<Element>& boundary : parcel.boundaries) {
+            rings.push_back(ring_of(boundary, parcel));
+            has_heights = has_heights || rings.back().has_heights;
+            names += rings.back().names;
+        }
+        if (rings.size() == 1 && rings.front().curve->IsEmpty())
+            return;
+        if (rings.size() > 1 && !lie_in_the_first(rings))
+            refuse(parcel.name,
+                   "it has several boundaries (" + std::to_string(rings.size()) +
+                       "), and the others are no holes in the first",
+                   "export each as a parcel of its own");
         if (!has_heights)
-            boundary->flattenTo2D();
-        set_geometry(std::move(boundary), closed, feature);
+            for (ReadRing& ring : rings)
+                ring.curve->flattenTo2D();
+        set_geometry(std::move(rings), feature);
         if (names.find_first_not_of('\n') != std::string::npos)
             feature.SetNativeData(names.c_str());
     }
 
-    static void set_geometry(std::unique_ptr<OGRCompoundCurve> boundary, bool closed, OGRFeature& feature)
+    static OGRLinearRing straight(const OGRCompoundCurve& boundary)
     {
-        const bool curved = boundary->hasCurveGeometry(TRUE) != FALSE;
-        if (!closed) {
-            feature.SetGeometryDirectly(boundary.release());
+        const std::unique_ptr<OGRLineString> line(boundary.CurveToLine());
+        OGRLinearRing ring;
+        ring.addSubLineString(line.get());
+        return ring;
+    }
+
+    static OGRPolygon area_in(const OGRCompoundCurve& boundary)
+    {
+        OGRLinearRing ring = straight(boundary);
+        OGRPolygon polygon;
+        polygon.addRing(&ring);
+        return polygon;
+    }
+
+    // Whether all but the first may be holes in it; whether they meet is checked with the parcel.
+    static bool lie_in_the_first(const std::vector<ReadRing>& rings)
+    {
+        const bool closed =
+            std::all_of(rings.begin(), rings.end(), [](const ReadRing& ring) { return ring.closed; });
+        if (!closed)
+            return false;
+        const OGRPolygon first = area_in(*rings.front().curve);
+        return std::all_of(rings.begin() + 1, rings.end(), [&](const ReadRing& ring) {
+            const OGRPolygon other = area_in(*ring.curve);
+            return first.Contains(&other) != FALSE;
+        });
+    }
+
+    static void set_geometry(std::vector<ReadRing> rings, OGRFeature& feature)
+    {
+        const bool curved = std::any_of(rings.begin(), rings.end(), [](const ReadRing& ring) {
+            return ring.curve->hasCurveGeometry(TRUE) != FALSE;
+        });
+        if (!rings.front().closed) {
+            feature.SetGeometryDirectly(rings.front().curve.release());
         } else if (curved) {
             OGRCurvePolygon polygon;
-            polygon.addRingDirectly(boundary.release());
+            for (ReadRing& ring : rings)
+                polygon.addRingDirectly(ring.curve.release());
             feature.SetGeometry(&polygon);
         } else {
-            const std::unique_ptr<OGRLineString> line(boundary->CurveToLine());
-            OGRLinearRing ring;
-            ring.addSubLineString(line.get());
             OGRPolygon polygon;
-            polygon.addRing(&ring);
+            for (const ReadRing& ring : rings) {
+                OGRLinearRing sides = straight(*ring.curve);
+                polygon.addRing(&sides);
+            }
             feature.SetGeometry(&polygon);
         }
     }
@@ -471,6 +527,7 @@ bool is_landxml(const std::string& file)
     std::string text(kLooksAt, '\0');
     text.resize(VSIFReadL(text.data(), 1, text.size(), opened));
     VSIFCloseL(opened);
+    text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());  // UTF-16
     return text.find("<LandXML") != std::string::npos || text.find(":LandXML") != std::string::npos;
 }
 

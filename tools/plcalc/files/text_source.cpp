@@ -199,13 +199,14 @@ TextSource::TextSource(const std::string& file, const std::optional<std::string>
     if (standard_input && text.empty())
         throw Failure(ExitStatus::unusable_input, {file, ""}, "the standard input is empty",
                       "let the command before it write the parcels");
-    const bool is_table = standard_input ? ending_for(text) == ".csv" || is_utf16(text)
-                                         : is_one_of(fs::path(file).extension().string(), kTableEndings);
+    const std::string ending = ending_for(is_utf16(text) ? utf8_of(text, file) : text);
+    const bool is_table =
+        standard_input ? ending == ".csv" : is_one_of(fs::path(file).extension().string(), kTableEndings);
     std::error_code ignored;
     if (columns && !is_table)
         throw Failure(ExitStatus::wrong_use, {file, ""}, "--columns is for tables", "leave --columns out");
     if (standard_input && !is_table) {
-        keep(text, ending_for(text));
+        keep(text, ending);
         return;
     }
     if (!is_table || (!standard_input && !fs::is_regular_file(file, ignored)))

@@ -457,9 +457,7 @@ void ParcelFile::name_points(const OGRFeature& feature, Parcel& parcel) const
     std::vector<std::string> names;
     for (std::string line; std::getline(lines, line);)
         names.push_back(line);
-    if (!names.empty() && names.size() <= parcel.ring.size())
-        names.resize(parcel.ring.size());
-    if (names.size() == parcel.ring.size() && parts_ == 1)
+    if (names.size() == vertex_count(parcel) && parts_ == 1)
         parcel.point_names = std::move(names);
 }
 

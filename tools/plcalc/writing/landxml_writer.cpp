@@ -63,15 +63,6 @@ bool is_finite(const plparcel::Ring& ring)
                        [](const PL_PNT2D_record& p) { return std::isfinite(p.x) && std::isfinite(p.y); });
 }
 
-// Without its holes a parcel would be larger than it is.
-void require_no_holes(const ReadParcel& read)
-{
-    if (!read.parcel.holes.empty())
-        throw Failure(ExitStatus::wrong_use, read.parcel.place,
-                      "the parcel has holes, and plcalc writes no holes to LandXML",
-                      "name it .gpkg for a GeoPackage");
-}
-
 }  // namespace
 
 bool LandXmlWriter::writes(const std::string& file)
@@ -182,13 +173,10 @@ void LandXmlWriter::write_head(const ParcelFile& parcels)
     start(parcels_, "Parcels", {});
 }
 
-// Corners are references, or coordinates where there is no name.
-void LandXmlWriter::write_parcel(const Attributes& attributes,
-                                 const std::vector<std::pair<std::string, std::string>>& corners)
+void LandXmlWriter::write_boundary(const std::vector<Corner>& corners)
 {
-    start(parcels_, "Parcel", attributes);
     start(parcels_, "CoordGeom", {});
-    const auto write_end = [&](const char* element, const std::pair<std::string, std::string>& corner) {
+    const auto write_end = [&](const char* element, const Corner& corner) {
         start(parcels_, element, corner.first.empty() ? Attributes() : Attributes{{"pntRef", corner.first}});
         if (corner.first.empty())
             text(parcels_, corner.second);
@@ -201,6 +189,14 @@ void LandXmlWriter::write_parcel(const Attributes& attributes,
         end(parcels_);
     }
     end(parcels_);
+}
+
+void LandXmlWriter::write_parcel(const Attributes& attributes,
+                                 const std::vector<std::vector<Corner>>& boundaries)
+{
+    start(parcels_, "Parcel", attributes);
+    for (const std::vector<Corner>& boundary : boundaries)
+        write_boundary(boundary);
     end(parcels_);
     ++written_;
 }
@@ -214,12 +210,11 @@ std::string LandXmlWriter::parcel_name(const ReadParcel& read) const
 void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
 {
     ++parcels_read_;
-    require_no_holes(read);
     const DivisionPoints points = points_of(answer);
     const Heights heights(answer);
     const std::string prefix = several_parcels_ ? std::to_string(parcels_read_) + "." : "";
     std::set<std::string> taken;
-    std::vector<std::pair<std::string, std::string>> corners;
+    std::vector<Corner> corners;
     for (std::size_t i = 0; i < points.points.size(); ++i) {
         const DivisionPoint& point = points.points[i];
         std::string name = prefix + point.name;
@@ -235,10 +230,16 @@ void LandXmlWriter::add(const ReadParcel& read, const Answer& answer)
         if (*unit_->area != '\0')
             attributes.emplace_back("area", plain(answer.printed.areas[i]));
         attributes.emplace_back("state", "proposed");
-        std::vector<std::pair<std::string, std::string>> boundary;
-        for (const std::size_t corner : points.pieces[i].ring)
-            boundary.push_back(corners[corner]);
-        write_parcel(attributes, boundary);
+        std::vector<std::vector<Corner>> boundaries;
+        const auto add = [&](const std::vector<std::size_t>& ring) {
+            boundaries.emplace_back();
+            for (const std::size_t corner : ring)
+                boundaries.back().push_back(corners[corner]);
+        };
+        add(points.pieces[i].ring);
+        for (const std::vector<std::size_t>& hole : points.pieces[i].holes)
+            add(hole);
+        write_parcel(attributes, boundaries);
     }
 }
 
@@ -257,16 +258,21 @@ void LandXmlWriter::add_neighbour(const ReadParcel& read, const Insertion& inser
 
 void LandXmlWriter::write_undivided(const ReadParcel& read, const std::string& name, const std::string& words)
 {
-    require_no_holes(read);
-    const plparcel::Ring& ring = read.parcel.ring;
-    if (ring.empty() || !is_finite(ring))
-        return;
-    std::vector<std::pair<std::string, std::string>> boundary;
-    for (std::size_t i = 0; i < ring.size(); ++i)
-        boundary.emplace_back("", coordinates(ring[i], i < read.parcel.heights.size()
-                                                           ? known_height(read.parcel.heights[i])
-                                                           : std::nullopt));
-    write_parcel({{"name", name}, {"desc", words}, {"state", "existing"}}, boundary);
+    std::vector<std::vector<Corner>> boundaries;
+    for (std::size_t k = 0; k <= read.parcel.holes.size(); ++k) {
+        const plparcel::Ring& ring = k == 0 ? read.parcel.ring : read.parcel.holes[k - 1];
+        if (ring.empty() || !is_finite(ring))
+            return;
+        boundaries.emplace_back();
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const std::size_t vertex = number_of(read.parcel, k, i);
+            const bool has_heights = !read.parcel.heights.empty();
+            boundaries.back().emplace_back(
+                "",
+                coordinates(ring[i], has_heights ? known_height(read.parcel.heights[vertex]) : std::nullopt));
+        }
+    }
+    write_parcel({{"name", name}, {"desc", words}, {"state", "existing"}}, boundaries);
 }
 
 // Ends the parcels and puts them behind the points.

@@ -16,7 +16,7 @@
 namespace tool {
 
 /// One file with a CgPoint for every corner and every new point, with codes CORNER and NEW, and a Parcel for every piece,
-/// whose boundary refers to the points. Points have northing, easting and, where they have one, height. With several parcels
+/// whose boundary refers to the points. Holes are further CoordGeoms of the parcel, behind that of the outer boundary. Points have northing, easting and, where they have one, height. With several parcels
 /// the number of the parcel stands before the names of its points. Parcels that were refused have the reason as desc,
 /// neighbours how many points they have got.
 class LandXmlWriter : public DivisionWriter {
@@ -45,8 +45,11 @@ private:
     void end(const Writer& writer) const;
     void text(const Writer& writer, const std::string& words) const;
     void write_head(const ParcelFile& parcels);
-    void write_parcel(const Attributes& attributes,
-                      const std::vector<std::pair<std::string, std::string>>& corners);
+    /// A corner: the name of a point or, where it has none, its coordinates.
+    using Corner = std::pair<std::string, std::string>;
+
+    void write_boundary(const std::vector<Corner>& corners);
+    void write_parcel(const Attributes& attributes, const std::vector<std::vector<Corner>>& boundaries);
     void write_undivided(const ReadParcel& read, const std::string& name, const std::string& words);
     std::string parcel_name(const ReadParcel& read) const;
     void append_parcels();
