@@ -36,6 +36,10 @@
    <translation>Grundstücke, wo das KBS Längen verzerrt oder die in Grad sein können: {count}. Ihre Zahlen sind die der Ebene, nicht des Bodens.</translation>
   </message>
   <message>
+   <source>Features with measures (M), in a layer that says it has none: {count}. Their measures are left out.</source>
+   <translation>Objekte mit Messwerten (M) in einem Layer, der keine zu haben angibt: {count}. Ihre Messwerte fallen weg.</translation>
+  </message>
+  <message>
    <source>Divides each parcel of a layer as asked, with proof.
 
 The line runs parallel to a side, at right angles to one, from a vertex, at a bearing or through a point. The side or the

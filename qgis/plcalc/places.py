@@ -76,7 +76,16 @@ def _places_of(layer, context, seen):
     return [place for place in places if place is not None]
 
 
+def _place_on_server(provider, source):
+    """Hosts have many names: two databases of one name are taken for the same."""
+    uri = QgsDataSourceUri(source)
+    place = f"{uri.database() or uri.service()}: {uri.schema() or 'public'}.{uri.table()}"
+    return Place(frozenset([(provider, place.lower())]), frozenset(), place)
+
+
 def _place_of_source(provider, source, layer=None):
+    if provider in ("postgres", "mssql", "oracle", "hana"):
+        return _place_on_server(provider, source)
     uri = QgsProviderRegistry.instance().decodeUri(provider, source)
     path, table = uri.get("path"), uri.get("layerName")
     if not path:
@@ -106,9 +115,12 @@ def _written_place(value, context):
     layer = (context.project() or QgsProject.instance()).mapLayer(value)
     if layer is not None:
         return _place_of_source(layer.providerType(), layer.source())
-    in_database = re.match(r"(?:ogr|spatialite):(.*)", value, re.DOTALL)
+    in_database = re.match(r"(ogr|spatialite|postgis|postgres|mssql|oracle|hana):(.*)", value, re.DOTALL)
     if in_database:
-        uri = QgsDataSourceUri(in_database.group(1))
+        provider, source = in_database.groups()
+        if provider not in ("ogr", "spatialite"):
+            return _place_on_server("postgres" if provider == "postgis" else provider, source)
+        uri = QgsDataSourceUri(source)
         return Place(_names([uri.database()]), frozenset([uri.table().lower()] if uri.table() else []), uri.database())
     path = value.partition("|")[0]
     # Where the end of the name says nothing to QGIS, it adds one.

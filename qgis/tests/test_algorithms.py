@@ -147,6 +147,9 @@ class Divide(unittest.TestCase):
             heights = [vertex.z() for name in ("PIECES", "LINES", "POINTS") for feature in found[name].getFeatures() if feature["parcel"] == 1
                        for vertex in feature.geometry().vertices()]
             self.assertTrue(heights and all(map(math.isnan, heights)))  # and not 0
+        measured = layer_of(UTM, [("POLYGON M ((500000 5000000 7, 500100 5000000 7, 500100 5000050 7, 500000 5000000 7))",)])
+        self.assertIn("Features with measures (M), in a layer that says it has none: 1.", run(
+            "divide", INPUT=measured, LINE=0, CHOICE=0, AMOUNT=0, VALUE="1000")["said"])
         lots = layer_of(UTM, [(high,)], kind="PolygonZ")
         self.assertNotIn("Features with", run("divide", INPUT=lots, LINE=0, CHOICE=0, AMOUNT=0, VALUE="1000")["said"])
 
@@ -411,6 +414,17 @@ class NothingIsLost(unittest.TestCase):
         read = _place_of_source("ogr", self.path("lots.gdb") + "|layername=lots")
         self.assertTrue(_meet(read, _written_place(self.path("lots.gdb"), QgsProcessingContext())))
         self.assertFalse(_meet(read, _written_place(self.path("other.gdb"), QgsProcessingContext())))
+
+    def test_tables_of_a_server(self):
+        from plcalc_qgis.places import _meet, _place_of_source, _written_place
+
+        read = _place_of_source("postgres", "dbname='land' host=localhost port=5432 key='id' table=\"public\".\"lots\" (geom)")
+        for place, meets in (("postgis:dbname='land' host=127.0.0.1 table=\"public\".\"lots\" (geom)", True),
+                             ("postgres:dbname='land' table=\"lots\" (geom)", True),
+                             ("postgis:dbname='land' table=\"public\".\"pieces\" (geom)", False),
+                             ("postgis:dbname='land' table=\"new\".\"lots\" (geom)", False),
+                             ("mssql:dbname='land' table=\"public\".\"lots\" (geom)", False)):
+            self.assertEqual(_meet(read, _written_place(place, QgsProcessingContext())), meets, place)
 
     def test_points(self):
         path = self.path("points.gpkg")

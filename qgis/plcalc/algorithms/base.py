@@ -58,21 +58,27 @@ def fitted(geometry, kind):
 
 
 class Heights:
-    """Counts the features whose heights do not fit what their layer says of itself."""
+    """Counts the features whose heights and measures do not fit what their layer says of itself."""
 
     def __init__(self, source):
         self._is_high = QgsWkbTypes.hasZ(source.wkbType())
-        self._others = 0
+        self._has_measures = QgsWkbTypes.hasM(source.wkbType())
+        self._others = self._measured = 0
 
     def see(self, feature):
         if feature.hasGeometry() and QgsWkbTypes.hasZ(feature.geometry().wkbType()) != self._is_high:
             self._others += 1
+        if feature.hasGeometry() and QgsWkbTypes.hasM(feature.geometry().wkbType()) and not self._has_measures:
+            self._measured += 1
 
     def tell(self, feedback):
         if self._others:
             text = tr("Features without heights, in a layer with heights: {count}. Their pieces have none (NaN, not 0).") if self._is_high \
                 else tr("Features with heights, in a layer that says it has none: {count}. Their heights are left out.")
             feedback.pushWarning(text.format(count=self._others))
+        if self._measured:
+            feedback.pushWarning(tr("Features with measures (M), in a layer that says it has none: {count}. Their measures are left out.").format(
+                count=self._measured))
 
 
 class Algorithm(QgsProcessingAlgorithm):
