@@ -47,8 +47,8 @@ vertex has a number, is named by a column, or by what it is: the longest, the ne
 bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second. Those of holes
 are numbered on.
 
-The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them. Each can
-come from a column.
+The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them with
+semicolons between them. Each can come from a column. Decimals have a point before them.
 
 Pieces: with the columns of their parcel, its id, the piece's number and the number of its amount (the last one is what
 is left), the area, what was asked, and the difference. Lines: with length and bearing in gons. Points: the ends of the lines.
@@ -60,7 +60,7 @@ the parcel that is asked for. Vertices keep their heights; along a side heights 
 
 Die Linie verläuft parallel zu einer Seite, rechtwinklig zu ihr, von einer Ecke aus, in einem Richtungswinkel oder durch einen Punkt. Die Seite oder Ecke hat eine Nummer, eine Spalte nennt sie, oder das, was sie ist: die längste, die nächste bei einem Punkt, die in eine Richtung blickt oder an einem anderen Layer liegt. Seiten zählen ab 1: Seite 1 läuft von der ersten Ecke zur zweiten. Die von Löchern zählen weiter.
 
-Verlangt werden Flächen im Quadrat der Einheit des KBS, Anteile am Grundstück, gleiche Teile, Breiten oder eine Liste davon. Jedes kann aus einer Spalte kommen.
+Verlangt werden Flächen im Quadrat der Einheit des KBS, Anteile am Grundstück, gleiche Teile, Breiten oder eine Liste davon, mit Semikolons dazwischen. Jedes kann aus einer Spalte kommen. Vor Nachkommastellen steht ein Punkt.
 
 Teile: mit den Spalten ihres Grundstücks, seiner Nummer, der Nummer des Teils und der Nummer der Angabe (die letzte ist der Rest), der Fläche, dem Verlangten und dem Unterschied. Linien: mit Länge und Richtungswinkel in Gon. Punkte: die Enden der Linien. Abgelehnt: Grundstücke, die keine solche Linie wie verlangt teilt, mit dem Grund und dem, was zu haben ist.
 
@@ -538,8 +538,8 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Breite eines Streifens</translation>
   </message>
   <message>
-   <source>a list: 1000, 40x25, 1/3</source>
-   <translation>eine Liste: 1000, 40x25, 1/3</translation>
+   <source>a list: 1000; 40x25; w12; 1/3</source>
+   <translation>eine Liste: 1000; 40x25; w12; 1/3</translation>
   </message>
   <message>
    <source>The side, or the vertex, is</source>

@@ -20,7 +20,7 @@ CHOICES = [marked("by its number"), marked("by a column with its number"), marke
            marked("nearest to a point"), marked("the side that faces a bearing"), marked("the side along another layer")]
 
 AMOUNTS = [marked("area"), marked("share: 1/3 or 25%"), marked("equal parts"), marked("width of a strip"),
-           marked("a list: 1000, 40x25, 1/3")]
+           marked("a list: 1000; 40x25; w12; 1/3")]
 AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
 
 # As many as the program takes. More would be a slip of the hand, and the memory of the machine.

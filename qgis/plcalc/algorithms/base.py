@@ -133,11 +133,15 @@ class Algorithm(QgsProcessingAlgorithm):
         mixed_up = what_is_mixed_up(self, parameters, context) if fits else None
         return (fits, why) if mixed_up is None else (False, mixed_up)
 
-    def require_places(self, parameters, context):
-        """Nothing is written over what is read. Models do not check the values."""
-        mixed_up = what_is_mixed_up(self, parameters, context)
-        if mixed_up is not None:
-            raise QgsProcessingException(mixed_up)
+    def prepareAlgorithm(self, parameters, context, feedback):
+        # Models do not check the values. This runs in the thread of the layers, and cannot raise an error that people see.
+        self._mixed_up = what_is_mixed_up(self, parameters, context)
+        return super().prepareAlgorithm(parameters, context, feedback)
+
+    def require_places(self):
+        """Nothing is written over what is read."""
+        if self._mixed_up is not None:
+            raise QgsProcessingException(self._mixed_up)
 
 
 def any_scale_parameter():
@@ -170,7 +174,7 @@ class OfParcels(Algorithm):
 
     def begin(self, parameters, context, feedback):
         """(engine, source, plane) of a run."""
-        self.require_places(parameters, context)
+        self.require_places()
         computes = engine.engine()
         if computes.note:
             feedback.pushInfo(computes.note)

@@ -27,8 +27,8 @@ class Divide(OfParcels):
     bearing or lies along another layer. Sides are counted from 1: side 1 runs from the first vertex to the second. Those of holes
     are numbered on.
 
-    The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them. Each can
-    come from a column.
+    The amounts are areas in square units of the CRS, shares of the parcel, equal parts, widths, or a list of them with
+    semicolons between them. Each can come from a column. Decimals have a point before them.
 
     Pieces: with the columns of their parcel, its id, the piece's number and the number of its amount (the last one is what
     is left), the area, what was asked, and the difference. Lines: with length and bearing in gons. Points: the ends of the lines.

@@ -30,7 +30,7 @@ class StakeOut(Algorithm):
         self.addParameter(QgsProcessingParameterFeatureSink("OUTPUT", tr("Stake-out"), QgsProcessing.TypeVectorPoint))
 
     def processAlgorithm(self, parameters, context, feedback):
-        self.require_places(parameters, context)
+        self.require_places()
         computes = engine.engine()
         source = self.parameterAsSource(parameters, "INPUT", context)
         crs = source.sourceCrs()
