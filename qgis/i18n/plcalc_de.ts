@@ -598,6 +598,18 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Sagen Sie, an welchem anderen Layer die Seite liegt.</translation>
   </message>
   <message>
+   <source>Say how far away the other layer may lie, as a number above 0.</source>
+   <translation>Geben Sie an, wie weit der andere Layer entfernt sein darf: eine Zahl über 0.</translation>
+  </message>
+  <message>
+   <source>The other layer has no lines and no boundaries.</source>
+   <translation>Der andere Layer hat keine Linien und keine Grenzen.</translation>
+  </message>
+  <message>
+   <source>there is no side or vertex {number}</source>
+   <translation>es gibt keine Seite oder Ecke {number}</translation>
+  </message>
+  <message>
    <source>sides and vertices are counted from 1, not {number}</source>
    <translation>Seiten und Ecken zählen ab 1, nicht {number}</translation>
   </message>

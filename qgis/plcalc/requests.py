@@ -26,6 +26,9 @@ AREA, SHARE, PARTS, WIDTH, LIST = range(len(AMOUNTS))
 # As many as the program takes. More would be a slip of the hand, and the memory of the machine.
 _MOST_PARTS = 1000
 
+# More are in no parcel, and no engine counts beyond.
+_MOST_SIDES = 10 ** 9
+
 _NUMBER = re.compile(r"\+?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?")
 
 
@@ -88,7 +91,12 @@ class LineRequest:
             return self._point
         if self._choice == ALONG and self._has_choice():
             distance = algorithm.parameterAsDouble(parameters, "DISTANCE", context)
-            return Alongside(lines_of(self._other, plane, context), distance)
+            if not 0.0 < distance < math.inf:
+                raise QgsProcessingException(tr("Say how far away the other layer may lie, as a number above 0."))
+            lines = lines_of(self._other, plane, context)
+            if not lines["coordinates"]:
+                raise QgsProcessingException(tr("The other layer has no lines and no boundaries."))
+            return Alongside(lines, distance)
         return None
 
     def _check(self):
@@ -130,6 +138,8 @@ _EXTREMES = {"longest": LONGEST, "shortest": SHORTEST}
 
 
 def _counted(number):
+    if number > _MOST_SIDES:
+        raise Unusable(tr("there is no side or vertex {number}").format(number=number))
     if number < 1:
         raise Unusable(tr("sides and vertices are counted from 1, not {number}").format(number=number))
     return number
@@ -163,7 +173,7 @@ def lines_of(source, plane, context):
         for number, vertex in enumerate(geometry.vertices()):
             at = geometry.vertexIdFromVertexNr(number)[1]
             lines.setdefault((feature.id(), at.part, at.ring), []).append((vertex.x(), vertex.y()))
-    return {"type": "MultiLineString", "coordinates": list(lines.values())}
+    return {"type": "MultiLineString", "coordinates": [line for line in lines.values() if len(line) > 1]}
 
 
 class AmountRequest:

@@ -126,6 +126,11 @@ class Divide(unittest.TestCase):
             lots = layer_of(UTM, [(LOT, given)], columns="&field=side:string")
             found = run("divide", INPUT=lots, LINE=0, CHOICE=1, COLUMN="side", AMOUNT=1, VALUE="1/4")
             self.assertEqual(values(found["REFUSED"], "status"), [("no_request",)], given)
+        for given in ("1e30", "99999999999999999999"):
+            lots = layer_of(UTM, [(LOT, given), (LOT, "1")], columns="&field=side:string")
+            found = run("divide", INPUT=lots, LINE=0, CHOICE=1, COLUMN="side", AMOUNT=1, VALUE="1/4")
+            self.assertIn("there is no side or vertex 1", values(found["REFUSED"], "reason")[0][0])
+            self.assertEqual(found["DIVIDED"], 1)  # one slip in a table does not end the run
         for given in ("0", 0):
             lots = layer_of(UTM, [(LOT, given)], columns="&field=side:string")
             found = run("divide", INPUT=lots, LINE=0, CHOICE=1, COLUMN="side", AMOUNT=1, VALUE="1/4")
@@ -249,6 +254,7 @@ class Divide(unittest.TestCase):
 
     def test_what_cannot_be_asked(self):
         lots = layer_of(UTM, [(LOT,)])
+        road, nothing = (layer_of(UTM, rows, kind="LineString") for rows in ([("LINESTRING (0 0, 1 1)",)], [(None,), ("LINESTRING EMPTY",)]))
         for wrong, said in (({"AMOUNT": 1, "VALUE": "0.5"}, "is not a share"), ({"AMOUNT": 2, "VALUE": "1"}, "2 to 1000"),
                             ({"AMOUNT": 2, "VALUE": "1000000000"}, "2 to 1000"),
                             ({"AMOUNT": 2, "VALUE": "many"}, "2 to 1000"),
@@ -268,7 +274,9 @@ class Divide(unittest.TestCase):
                             ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 1, "COLUMN": "front"}, "has no column front"),
                             ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 4}, "where the point is"),
                             ({"AMOUNT": 1, "VALUE": "1/2", "LINE": 2, "CHOICE": 2}, "names sides"),
-                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6}, "which other layer")):
+                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6}, "which other layer"),
+                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6, "ALONG": road, "DISTANCE": 0}, "how far away"),
+                            ({"AMOUNT": 1, "VALUE": "1/2", "CHOICE": 6, "ALONG": nothing}, "no lines and no boundaries")):
             with self.assertRaisesRegex(QgsProcessingException, said):
                 run("divide", **{"INPUT": lots, "LINE": 0, "CHOICE": 0, **wrong})
 
