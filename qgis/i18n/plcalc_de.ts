@@ -202,6 +202,10 @@ Die Punkte sind in der Regel die von Grundstücke teilen. Standpunkt und Anschlu
    <translation>Der Layer {name} nimmt die Änderung nicht an.</translation>
   </message>
   <message>
+   <source>The layer {name} rounds its points to {grid} (its properties, Digitizing), and the new points are not so round. Ask for other decimals, or change that.</source>
+   <translation>Der Layer {name} rundet seine Punkte auf {grid} (seine Eigenschaften, Digitalisierung), und die neuen Punkte sind nicht so rund. Verlangen Sie andere Nachkommastellen oder ändern Sie das.</translation>
+  </message>
+  <message>
    <source>The new points lie beyond the CRS of the layer {name}.</source>
    <translation>Die neuen Punkte liegen außerhalb des KBS des Layers {name}.</translation>
   </message>

@@ -632,6 +632,28 @@ class Writing(Case):
         self.assertTrue(problem)
         self.assertIn("The layer has a filter: neighbours that it hides have not got the new points.", text)
 
+    def test_a_layer_that_rounds(self):
+        lot = LOT.replace("500000 5000000", "500000.0004 5000000")  # a corner that is not round already
+        window = self.window([(lot, "Rossi"), (NEIGHBOUR, "Verdi")])
+        before = shapes(self.lots)
+        for grid, decimals, written in ((1.0, 3, False), (0.001, -1, False), (0.001, 3, True)):
+            with self.subTest(grid=grid, decimals=decimals):
+                self.lots.geometryOptions().setGeometryPrecision(grid)
+                window.click(500050, 5000025)
+                window.click(500050, 5000000)
+                window.ask(AREA, "1234.4")
+                window.dock.decimals.setValue(decimals)
+                window.dock.tolerance.setCurrentIndex(1)
+                window.key(Qt.Key_Return)
+                text, problem = window.said.pop()
+                self.assertEqual(problem, not written)
+                self.assertEqual(self.lots.geometryOptions().geometryPrecision(), grid)
+                if not written:
+                    self.assertIn(f"rounds its points to {grid}", text)
+                    self.assertEqual((shapes(self.lots), self.lots.isEditable()), (before, False))
+        places = {(v.x(), v.y()) for feature in self.lots.getFeatures() for v in feature.geometry().vertices()}
+        self.assertLessEqual({(500000.0004, 5000000.0), (500000.0, 5000012.344), (500100.0, 5000012.344)}, places)
+
     def test_a_flat_parcel_in_a_layer_with_heights(self):
         window = self.window([(LOT, "Rossi")], kind="PolygonZ")
         window.click(500050, 5000025)

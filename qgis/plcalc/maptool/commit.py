@@ -18,6 +18,9 @@ from .parcel import Parcel
 # Boundaries no farther apart are one: units of the plane.
 _WITHIN = 1e-3
 
+# A point no farther beside the grid of its layer lies on it: steps of the grid. Doubles have no 0.001.
+_OFF_GRID = 1e-3
+
 
 class CannotSplit(Exception):
     """Nothing has been written; the text says why."""
@@ -56,6 +59,12 @@ def commit(computes, parcel, division, points_layer, transforms):
     except ValueError as why:
         raise CannotSplit(str(why)) from None
     written.beside, written.left_out, written.is_filtered = shared.beside, shared.left_out, bool(layer.subsetString())
+    new = list(_new_points(parcel, division))
+    _require_grid(layer, [parcel.plane.back(QgsPointXY(*vertex)) for vertex, _ in new])
+    placed = []
+    if points_layer is not None:
+        placed = _placed(points_layer, parcel, new, transforms)
+        _require_grid(points_layer, [at for at, _ in placed])
     begun = []
     try:
         for wanted in (layer, points_layer):
@@ -63,7 +72,7 @@ def commit(computes, parcel, division, points_layer, transforms):
         _in_one_command(layer, lambda: _split(computes, parcel, now, division, beside, shared, written))
         if points_layer is not None:
             try:
-                _in_one_command(points_layer, lambda: _add_points(points_layer, parcel, _new_points(parcel, division), transforms, written))
+                _in_one_command(points_layer, lambda: _add_points(points_layer, placed, written))
             except Exception:
                 layer.undoStack().undo()
                 raise
@@ -84,14 +93,29 @@ def _begin(layer, begun):
 
 
 def _in_one_command(layer, edit):
+    # A layer that rounds would round the corners that are there already too, apart from those of other neighbours.
+    options = layer.geometryOptions()
+    grid = options.geometryPrecision()
+    options.setGeometryPrecision(0.0)
     layer.beginEditCommand(tr("Divide parcel"))
     try:
         edit()
     except Exception:
         layer.destroyEditCommand()
         raise
+    finally:
+        options.setGeometryPrecision(grid)
     layer.endEditCommand()
     layer.triggerRepaint()
+
+
+def _require_grid(layer, places):
+    """New points lie where the layer wants all of its points to lie, or nothing is written."""
+    grid = layer.geometryOptions().geometryPrecision()
+    for at in places:
+        if grid > 0.0 and any(abs(value - round(value / grid) * grid) > _OFF_GRID * grid for value in (at.x(), at.y())):
+            raise CannotSplit(tr("The layer {name} rounds its points to {grid} (its properties, Digitizing), and the new points are not so "
+                                 "round. Ask for other decimals, or change that.").format(name=layer.name(), grid=grid))
 
 
 def _require(done, layer):
@@ -187,19 +211,23 @@ def _as_in(layer, polygons):
     return geometry
 
 
-def _add_points(layer, parcel, new_points, transforms, written):
+def _placed(layer, parcel, new_points, transforms):
+    """New points in the CRS of a layer, with their heights."""
+    there = parcel.plane.to(layer.crs(), transforms)
+    try:
+        return [(there(QgsPointXY(*vertex)), height) for vertex, height in new_points]
+    except QgsCsException:
+        raise CannotSplit(tr("The new points lie beyond the CRS of the layer {name}.").format(name=layer.name())) from None
+
+
+def _add_points(layer, placed, written):
     """P1, P2 and so on; the name goes to a column called name, if there is one."""
     name = layer.fields().lookupField("name")
     if name >= 0 and layer.fields().at(name).type() != QVariant.String:
         name = -1
-    there = parcel.plane.to(layer.crs(), transforms)
     context = layer.createExpressionContext()
     is_high = QgsWkbTypes.hasZ(layer.wkbType())
-    for number, (vertex, height) in enumerate(new_points, 1):
-        try:
-            at = there(QgsPointXY(*vertex))
-        except QgsCsException:
-            raise CannotSplit(tr("The new points lie beyond the CRS of the layer {name}.").format(name=layer.name())) from None
+    for number, (at, height) in enumerate(placed, 1):
         point = point_of((at.x(), at.y()), height)
         written.flat |= height is not None and not is_high
         written.unknown += is_high and height is None
@@ -211,7 +239,7 @@ def _add_points(layer, parcel, new_points, transforms, written):
         new = QgsVectorLayerUtils.createFeature(layer, _as_in(layer, [QgsGeometry(point)]), attributes, context)
         _require(layer.addFeature(new), layer)
         written.to_fill.update(_to_fill(layer, new))
-    written.points = len(new_points)
+    written.points = len(placed)
 
 
 def _to_fill(layer, feature):
