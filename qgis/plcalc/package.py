@@ -116,10 +116,14 @@ class Package:
                 layer.describe(found.refusal) if found.refusal is not None else "nothing")
 
     def set_out(self, station, reference, points):
-        """(angle, distance, bearing) of each point; angles in gons, clockwise from the reference point."""
+        """(angle, distance, bearing) of each point; angles in gons, clockwise from the reference point. At the station there are
+        none."""
         core = self._plcalc.core
         zero = core.AngoloDaAsseRifer(reference[0] - station[0], reference[1] - station[1])
         for x, y in points:
+            if (x, y) == station:
+                yield None, 0.0, None
+                continue
             bearing = core.AngoloDaAsseRifer(x - station[0], y - station[1])
             yield core.LimiteAng0_400(bearing - zero), core.PlFunz_distance(station, (x, y)), bearing
 

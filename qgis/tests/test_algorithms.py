@@ -657,6 +657,11 @@ class TheOthers(unittest.TestCase):
         rows = values(found["OUTPUT"], "name", "angle", "distance", "bearing")
         self.assertEqual(rows, [("P1", 350.0, 141.4213562373095, 50.0), ("P2", 300.0, 25.0, 0.0)])
 
+    def test_a_point_at_the_station_has_no_direction(self):
+        points = layer_of(UTM, [("POINT (500000 5000000)",), ("POINT (500010 5000000)",)], kind="Point")
+        found = run("stakeout", INPUT=points, STATION="500000,5000000", ORIENTATION="500000,5000100")
+        self.assertEqual(values(found["OUTPUT"], "angle", "distance", "bearing"), [(QVariant(), 0.0, QVariant()), (100.0, 10.0, 100.0)])
+
 
 class Cancelled(unittest.TestCase):
     def test_a_run_that_is_cancelled_stops(self):
