@@ -153,6 +153,12 @@ Failure with_arcs(const Place& place)
         "replace them with chords, as --arcs 0.005 does, which keeps the chords within 0.005 of the arcs"};
 }
 
+Failure without_splines(const Place& place)
+{
+    return {ExitStatus::unusable_input, place, "the boundary is an ellipse or a spline",
+            "replace it with chords in the drawing first"};
+}
+
 Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std::optional<double>& arcs)
 {
     const OGRGeometry& inner = single_member(geometry);

@@ -52,6 +52,9 @@ Boundary boundary_of(const OGRGeometry& geometry, const Place& place, const std:
 /// A boundary with arcs, which are not allowed to become chords.
 Failure with_arcs(const Place& place);
 
+/// A boundary with ellipses or splines, which never become chords.
+Failure without_splines(const Place& place);
+
 /// Drops the last vertex where it repeats the first.
 void drop_closing_vertex(plparcel::Ring& ring);
 

@@ -1,12 +1,7 @@
 #include "reading/parcel_file.h"
 
-#include <algorithm>
-#include <cmath>
 #include <sstream>
 #include <utility>
-
-#include <cpl_conv.h>
-#include <cpl_vsi.h>
 
 #include "files/landxml.h"
 #include "files/vector_file.h"
@@ -17,25 +12,10 @@
 namespace tool {
 namespace {
 
-// Longer lines are no rows of numbers.
-constexpr int kMaxLine = 1000000;
-
 bool is_table_of_points(GDALDataset& dataset, const std::vector<OGRLayer*>& layers)
 {
     return is_format(dataset, "CSV") && layers.size() == 1 && layers[0]->GetGeomType() == wkbNone &&
            find_point_columns(*layers[0]->GetLayerDefn());
-}
-
-std::string place_text(const PL_PNT2D_record& p)
-{
-    constexpr int kDecimals = 4;
-    return fixed(p.x, kDecimals) + ", " + fixed(p.y, kDecimals);
-}
-
-Failure without_splines(const Place& place)
-{
-    return {ExitStatus::unusable_input, place, "the boundary is an ellipse or a spline",
-            "replace it with chords in the drawing first"};
 }
 
 }  // namespace
@@ -91,313 +71,6 @@ void ParcelFile::require_no_axes() const
     if (source_.axes)
         throw Failure(ExitStatus::wrong_use, {source_.file, ""}, "--axes is for tables with columns X and Y",
                       "leave --axes out");
-}
-
-// What X and Y mean: what the command line says, or the CRS.
-PointColumns ParcelFile::table_columns(OGRLayer& layer)
-{
-    PointColumns columns = find_point_columns(*layer.GetLayerDefn()).value();
-    if (!columns.x_and_y) {
-        require_no_axes();
-        return columns;
-    }
-    const std::optional<XAxis> x = source_.axes ? source_.axes : crs_ ? x_axis_of(*crs_) : std::nullopt;
-    if (!x)
-        throw Failure(ExitStatus::wrong_use, {source_.file, ""},
-                      "columns X and Y do not say which of them is East",
-                      "add --axes en if X is East, --axes ne if X is North, or name the CRS with --crs");
-    if (*x == XAxis::north)
-        std::swap(columns.east, columns.north);
-    assumed_.push_back(std::string(*x == XAxis::east ? "X is East and Y North" : "X is North and Y East") +
-                       ", as " + (source_.axes ? "--axes says" : std::string("in ") + crs_->GetName()));
-    return columns;
-}
-
-void ParcelFile::open_table(OGRLayer& layer)
-{
-    const Place file = {source_.file, ""};
-    messages_.clear();
-    if (!crs_)
-        crs_ = crs_beside(source_.file);
-    messages_.clear();
-    const PointColumns columns = table_columns(layer);
-    table_.emplace(layer, columns, opened_->separator(), file);
-    if (table_->decimal_commas())
-        assumed_.push_back("commas stand before the decimals");
-    if (!messages_.text().empty())
-        throw Failure(ExitStatus::unusable_input, file, "the table cannot be read" + messages_.remark(),
-                      "correct it");
-    if (!table_->names_parcels())
-        require_whole_table();
-    if (!table_->names_parcels() && (source_.feature || source_.where))
-        throw Failure(ExitStatus::wrong_use, file, "its rows are the vertices of one parcel",
-                      std::string("leave ") + (source_.feature ? "--feature" : "--where") + " out");
-    choose_in_table(layer);
-    choice_.layer = &layer;
-    for (const TableParcel& parcel : table_->parcels()) {
-        choice_.parcels.add([&] { return parcel.name.empty() ? source_.file : parcel.name; });
-        choice_.heights.add(parcel.heights);
-    }
-}
-
-// GDAL passes over empty lines; people part one lot from the next with them.
-void ParcelFile::require_whole_table() const
-{
-    VSILFILE* const file = VSIFOpenL(opened_->name().c_str(), "rb");
-    std::size_t row = 0;  // the header
-    bool gap = false;
-    bool parted = false;
-    while (file != nullptr && !parted) {
-        const char* const line = CPLReadLine2L(file, kMaxLine, nullptr);
-        if (line == nullptr)
-            break;
-        const bool empty = std::string(line).find_first_not_of(" \t\r,;") == std::string::npos;
-        parted = gap && !empty && row > 1;
-        gap = empty;
-        row += empty ? 0 : 1;
-    }
-    if (file != nullptr)
-        VSIFCloseL(file);
-    if (parted)
-        throw Failure(ExitStatus::unusable_input, {source_.file, "row " + std::to_string(row - 2)},
-                      "an empty line follows, as if another parcel began",
-                      "add a column lot that names the parcel of each row, or remove the empty line");
-}
-
-// Keeps the parcels that the source asks for.
-void ParcelFile::choose_in_table(OGRLayer& layer)
-{
-    std::vector<TableParcel>& parcels = table_->parcels();
-    if (source_.feature)
-        parcels.erase(std::remove_if(parcels.begin(), parcels.end(),
-                                     [&](const TableParcel& parcel) {
-                                         return parcel.feature->GetFID() != *source_.feature;
-                                     }),
-                      parcels.end());
-    if (source_.where) {
-        const std::vector<bool> passes = rows_that_pass(layer);
-        std::vector<TableParcel> chosen;
-        for (TableParcel& parcel : parcels) {
-            const auto first = passes.begin() + parcel.first_row;
-            const auto end = passes.begin() + parcel.last_row + 1;
-            const auto passed = std::count(first, end, true);
-            if (passed != 0 && passed != end - first)
-                throw Failure(ExitStatus::wrong_use, {source_.file, parcel.name},
-                              "--where '" + *source_.where + "' matches only some of its vertices",
-                              "compare a column that is the same in all rows of a parcel");
-            if (passed != 0)
-                chosen.push_back(std::move(parcel));
-        }
-        parcels = std::move(chosen);
-    }
-    if (parcels.empty())
-        refuse_choice_of_feature(source_, "count the parcels of the table from 1");
-}
-
-// By row number.
-std::vector<bool> ParcelFile::rows_that_pass(OGRLayer& layer)
-{
-    std::vector<bool> passes(static_cast<std::size_t>(table_->last_row()) + 1);
-    set_filter(layer, source_, messages_);
-    for (const OGRFeatureUniquePtr& row : layer)
-        passes[static_cast<std::size_t>(row->GetFID())] = true;
-    return passes;
-}
-
-// The DXF reader silently replaces arcs with chords, as many as OGR_ARC_STEPSIZE asks for. A boundary with
-// more vertices when it is read again with finer steps has an arc.
-void ParcelFile::open_with_fine_arcs()
-{
-    fine_layer_ = fine_dataset_->GetLayerByName(choice_.layer->GetName());
-    if (fine_layer_ != nullptr)
-        set_filter(*fine_layer_, source_, messages_);
-}
-
-// Lines are joined where nothing else is a parcel, and where the command line asks for it.
-void ParcelFile::open_drawing()
-{
-    OGRLayer* const entities = dataset_->GetLayer(0);
-    if (entities != nullptr)
-        texts_ = DrawnMarks::texts(*entities, *dataset_, source_.name_layer);
-    fine_dataset_ = open_or_refuse(opened_->name(), messages_, source_.file);
-    OGRLayer* const fine = fine_dataset_->GetLayer(0);
-    std::vector<ClosedLine> closed;
-    if (entities != nullptr && fine != nullptr)
-        closed = closed_lines_of(*entities, *fine, *dataset_, source_);
-    if (!source_.feature)
-        choice_ = choose_layer(*dataset_, source_, messages_, true);
-    else if (entities != nullptr)
-        choice_.layer = entities;
-    if (choice_.layer != nullptr)
-        open_with_fine_arcs();
-    const auto add_loops = [&](const std::vector<DrawnLoop>& loops) {
-        for (const DrawnLoop& loop : loops)
-            if (loop.joined.kind == Join::loop)
-                closed.push_back({loop.joined.ring, loop.joined.heights, loop.layer,
-                                  feature_name(*loop.feature, *choice_.layer, *dataset_),
-                                  loop.has_arcs && !source_.arcs});
-    };
-    if (fine_layer_ != nullptr && (source_.join || choice_.parcels.count() == 0)) {
-        if (source_.feature || source_.where) {
-            // Others may lie in those that are chosen.
-            Source all = source_;
-            all.feature.reset();
-            for (OGRLayer* const layer : {choice_.layer, fine_layer_})
-                layer->SetAttributeFilter(nullptr);
-            add_loops(join_drawn_lines(*choice_.layer, *fine_layer_, *dataset_, all).loops);
-            set_filter(*fine_layer_, source_, messages_);
-        }
-        set_filter(*choice_.layer, source_, messages_);
-        choose_loops(join_drawn_lines(*choice_.layer, *fine_layer_, *dataset_, source_));
-        if (!source_.feature && !source_.where)
-            add_loops(loops_);
-    }
-    closed_.emplace(std::move(closed));
-    if (choice_.parcels.count() == 0)
-        choice_ = choose_layer(*dataset_, source_, messages_);
-}
-
-void ParcelFile::choose_loops(DrawnLines drawn)
-{
-    only_loops_ = choice_.parcels.count() == 0 && !drawn.loops.empty();
-    const double gap = drawn.gap;
-    if (drawn.loops.empty() && choice_.parcels.count() == 0 && !source_.feature && std::isfinite(gap))
-        throw Failure(ExitStatus::unusable_input, {source_.file, ""},
-                      "its lines close no boundary: at " + place_text(drawn.gap_at) + " the next end is " +
-                          fixed(gap, decimals_for(gap / 10)) + " away",
-                      "close the boundary, or allow such a gap with --join");
-    for (const DrawnLoop& loop : drawn.loops) {
-        choice_.parcels.add([&] { return feature_name(*loop.feature, *choice_.layer, *dataset_); });
-        ++choice_.by_layer[loop.layer];
-        choice_.others -= std::min(choice_.others, loop.joined.lines.size() + loop.joined.repeated);
-        choice_.heights.add(loop.joined.heights);
-    }
-    if (choice_.by_layer.size() > 1)
-        refuse_several_layers(source_, choice_.by_layer);
-    loops_ = std::move(drawn.loops);
-}
-
-ReadParcel ParcelFile::next_loop()
-{
-    DrawnLoop& loop = loops_[next_loop_++];
-    ReadParcel read;
-    read.parcel.place = {source_.file, feature_name(*loop.feature, *choice_.layer, *dataset_),
-                         name_in_column(*loop.feature)};
-    try {
-        complete_loop(loop, read.parcel);
-    } catch (const Failure& failure) {
-        read.problem = failure;
-    }
-    name_by_text(read.parcel);
-    read.feature = std::move(loop.feature);
-    return read;
-}
-
-void ParcelFile::complete_loop(const DrawnLoop& loop, Parcel& parcel)
-{
-    const JoinedLines& joined = loop.joined;
-    if (joined.kind == Join::fork)
-        throw Failure(ExitStatus::unusable_input, parcel.place,
-                      "its lines fork, so that they do not say which is the boundary",
-                      "draw each parcel as a closed polyline, or as lines on a layer of its own",
-                      std::to_string(joined.ends_at_fork) + " ends meet at " + place_text(joined.fork));
-    if (loop.is_freeform)
-        throw without_splines(parcel.place);
-    if (loop.has_arcs && !source_.arcs)
-        throw with_arcs(parcel.place);
-    Parcel read;
-    read.place = parcel.place;
-    read.ring = joined.ring;
-    read.heights = joined.heights;
-    plane_.require(crs(), crs_.has_value(), read);
-    read.unit = unit_of(crs());
-    read.crs = crs_name(crs());
-    const std::size_t lines = joined.lines.size();
-    read.assumed.push_back(
-        "joined from " + std::to_string(lines) + (lines == 1 ? " line" : " lines") +
-        (joined.widest_gap > 0.0
-             ? ", ends up to " + fixed(joined.widest_gap, decimals_for(joined.widest_gap / 10)) + " apart"
-             : "") +
-        (joined.repeated > 0 ? "; lines drawn twice: " + std::to_string(joined.repeated) : ""));
-    if (loop.has_arcs)
-        read.assumed.push_back(words_of_arcs());
-    add_drawn_holes(loop.layer, read);
-    complete_from_source(read);
-    parcel = std::move(read);
-}
-
-void ParcelFile::require_drawing_options() const
-{
-    if (is_format(*dataset_, "DXF"))
-        return;
-    for (const auto& [given, option] : {std::pair<bool, const char*>(source_.join.has_value(), "--join"),
-                                        {source_.name_layer.has_value(), "--name-layer"},
-                                        {source_.inner.has_value(), "--inner"}})
-        if (given)
-            throw Failure(ExitStatus::wrong_use, {source_.file, ""}, std::string(option) + " is for drawings",
-                          std::string("leave ") + option + " out");
-}
-
-// Puts chords in the place of the arcs of a drawing's polyline.
-void ParcelFile::replace_arcs()
-{
-    const OGRGeometry* const ends = feature_->GetGeometryRef();
-    const OGRGeometry* const fine = finer_ != nullptr ? finer_->GetGeometryRef() : nullptr;
-    if (!source_.arcs || ends == nullptr || fine == nullptr || is_freeform(*feature_) ||
-        wkbFlatten(ends->getGeometryType()) != wkbLineString ||
-        wkbFlatten(fine->getGeometryType()) != wkbLineString)
-        return;
-    const Place place = {source_.file, feature_name(*feature_, *choice_.layer, *dataset_)};
-    const OGRLineString chords =
-        with_chords(*ends->toLineString(), *fine->toLineString(), *source_.arcs, place);
-    has_arcs_ = fine->toLineString()->getNumPoints() != ends->toLineString()->getNumPoints();
-    feature_->SetGeometry(&chords);
-}
-
-void ParcelFile::require_straight(const OGRFeature& feature, OGRFeature* finer, const Place& place) const
-{
-    if (finer == nullptr || finer->GetFID() != feature.GetFID() || finer->GetGeometryRef() == nullptr)
-        throw Failure(ExitStatus::unusable_input, place,
-                      "the boundary could not be read a second time, to look for arcs",
-                      "leave the file alone until plcalc is done");
-    if (finer->GetGeometryRef()->WkbSize() != feature.GetGeometryRef()->WkbSize())
-        throw with_arcs(place);
-}
-
-std::string ParcelFile::words_of_arcs() const
-{
-    return "arcs are chords that stay within " + shortest(*source_.arcs) + " of them";
-}
-
-// A drawing has no polygons with holes: they are closed lines of their own, and would be lost without a word.
-void ParcelFile::add_drawn_holes(const std::string& layer, Parcel& parcel) const
-{
-    if (!closed_)
-        return;
-    std::vector<const ClosedLine*> holes;
-    if (!EQUAL(layer.c_str(), kHolesLayer))
-        holes = closed_->inside(parcel.ring, kHolesLayer);
-    const std::vector<const ClosedLine*> inner = closed_->inside(parcel.ring, layer);
-    if (!inner.empty() && !source_.inner)
-        throw Failure(
-            ExitStatus::unusable_input, parcel.place,
-            "another closed line lies in it (" + inner.front()->feature + ")",
-            "say what such lines are: --inner hole, or --inner overlap for parcels that lie over it");
-    if (source_.inner == InnerLine::hole)
-        holes.insert(holes.end(), inner.begin(), inner.end());
-    for (const ClosedLine* hole : holes) {
-        if (hole->has_arcs)
-            throw with_arcs({source_.file, hole->feature});
-        parcel.holes.push_back(hole->ring);
-        const bool has_height = std::any_of(hole->heights.begin(), hole->heights.end(),
-                                            [](double z) { return known_height(z).has_value(); });
-        if (!parcel.heights.empty() || has_height) {
-            parcel.heights.resize(vertex_count(parcel) - hole->ring.size(), std::nan(""));
-            parcel.heights.insert(parcel.heights.end(), hole->heights.begin(), hole->heights.end());
-        }
-    }
-    if (!holes.empty())
-        parcel.assumed.push_back("closed lines in it are its holes: " + std::to_string(holes.size()));
 }
 
 // What the command line says of all parcels, and what must be said of their heights.
@@ -461,30 +134,6 @@ void ParcelFile::name_points(const OGRFeature& feature, Parcel& parcel) const
         parcel.point_names = std::move(names);
 }
 
-ReadParcel ParcelFile::next_of_table()
-{
-    TableParcel& row = table_->parcels()[next_in_table_++];
-    ReadParcel read;
-    read.feature = std::move(row.feature);
-    read.parcel.place = {source_.file, row.name,
-                         read.feature != nullptr ? name_in_column(*read.feature) : ""};
-    try {
-        Parcel parcel;
-        parcel.place = read.parcel.place;
-        parcel.ring = std::move(row.ring);
-        parcel.heights = std::move(row.heights);
-        parcel.point_names = std::move(row.point_names);
-        parcel.unit = unit_of(crs());
-        parcel.crs = crs_name(crs());
-        plane_.require(crs(), true, parcel);
-        complete_from_source(parcel);
-        read.parcel = std::move(parcel);
-    } catch (const Failure& failure) {
-        read.problem = failure;
-    }
-    return read;
-}
-
 void ParcelFile::require_name_column() const
 {
     if (source_.name_column)
@@ -505,12 +154,6 @@ void ParcelFile::require_column(const std::string& name) const
 std::string ParcelFile::name_in_column(const OGRFeature& feature) const
 {
     return source_.name_column ? feature.GetFieldAsString(source_.name_column->c_str()) : "";
-}
-
-void ParcelFile::name_by_text(Parcel& parcel) const
-{
-    if (!source_.name_column && texts_ && !parcel.ring.empty())
-        parcel.place.name = texts_->inside(parcel.ring, parcel.holes).value_or("");
 }
 
 std::optional<ReadParcel> ParcelFile::next()
