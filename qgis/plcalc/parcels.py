@@ -3,8 +3,8 @@
 import math
 import re
 
-from qgis.core import (QgsCoordinateTransform, QgsCsException, QgsDistanceArea, QgsFeatureRequest, QgsGeometry, QgsLineString, QgsMultiLineString,
-                       QgsPoint, QgsPointXY, QgsPolygon, QgsProcessingFeatureSource, QgsWkbTypes)
+from qgis.core import (QgsCoordinateTransform, QgsCsException, QgsDistanceArea, QgsFeatureRequest, QgsGeometry,
+                       QgsLineString, QgsMultiLineString, QgsPoint, QgsPointXY, QgsPolygon, QgsProcessingFeatureSource, QgsWkbTypes)
 
 from .answers import Shape
 from .words import tr
@@ -47,8 +47,8 @@ class Plane:
             self.crs = of_project
         proj = self.crs.toProj()
         if "+proj=geocent" in proj:
-            raise NoPlane(tr("The coordinates of {crs} are geocentric, not plane: reproject the layer to the UTM zone of the place.").format(
-                crs=self.crs.authid()))
+            raise NoPlane(tr("The coordinates of {crs} are geocentric, not plane: reproject the layer to the UTM zone of the "
+                             "place.").format(crs=self.crs.authid()))
         if re.search(r"\+axis=\w*w", proj):
             raise NoPlane(tr("The coordinates of {crs} increase to the West, not to the East, and bearings would be wrong: reproject the "
                              "layer.").format(crs=self.crs.authid()))

@@ -77,8 +77,8 @@ class Heights:
                 else tr("Features with heights, in a layer that says it has none: {count}. Their heights are left out.")
             feedback.pushWarning(text.format(count=self._others))
         if self._measured:
-            feedback.pushWarning(tr("Features with measures (M), in a layer that says it has none: {count}. Their measures are left out.").format(
-                count=self._measured))
+            feedback.pushWarning(tr("Features with measures (M), in a layer that says it has none: {count}. Their measures are left "
+                                    "out.").format(count=self._measured))
 
 
 class Algorithm(QgsProcessingAlgorithm):
@@ -247,8 +247,8 @@ def parcels(source, plane, feedback):
             yield feature, polygon, shape_of(polygon) if problem is None else Refusal("no_parcel", problem)
     heights.tell(feedback)
     if plane.stretched:
-        feedback.pushWarning(tr("Parcels where the CRS stretches lengths, or that may be in degrees: {count}. Their figures are those of the plane, not of the ground.")
-                             .format(count=plane.stretched))
+        feedback.pushWarning(tr("Parcels where the CRS stretches lengths, or that may be in degrees: {count}. Their figures are those of "
+                                "the plane, not of the ground.").format(count=plane.stretched))
 
 
 def answers_in_order(given, request, ask):

@@ -7,8 +7,8 @@ largest keeps the feature. A feature with several polygons keeps the others.
 
 import math
 
-from qgis.core import (QgsCsException, QgsFeatureRequest, QgsFieldConstraints, QgsGeometry, QgsMultiSurface, QgsPointXY, QgsPolygon, QgsVectorLayerUtils,
-                       QgsWkbTypes)
+from qgis.core import (QgsCsException, QgsFeatureRequest, QgsFieldConstraints, QgsGeometry, QgsMultiSurface, QgsPointXY,
+                       QgsPolygon, QgsVectorLayerUtils, QgsWkbTypes)
 from qgis.PyQt.QtCore import QVariant
 
 from ..parcels import Unusable, add_ring, point_of, polygons_of
@@ -40,6 +40,10 @@ class Written:
     def __init__(self):
         self.pieces = self.neighbours = self.points = self.unknown = self.beside = self.left_out = self.unread = 0
         self.flat, self.is_filtered, self.to_fill = False, False, set()
+
+    def is_doubtful(self):
+        """Whether there is something to look after."""
+        return bool(self.unknown or self.beside or self.left_out or self.unread or self.flat or self.is_filtered or self.to_fill)
 
 
 def commit(computes, parcel, division, points_layer, transforms):
@@ -244,7 +248,7 @@ def _add_points(layer, placed, written):
 
 def _to_fill(layer, feature):
     """The columns that the layer wants to be filled, and that are not."""
-    fields = layer.fields()
-    return [fields.at(number).name() for number in range(fields.count())
-            if layer.fieldConstraints(number) & QgsFieldConstraints.ConstraintNotNull and not layer.dataProvider().defaultValueClause(number)
-            and (feature.attribute(number) is None or feature.attribute(number) == QVariant())]
+    fields, not_null = layer.fields(), QgsFieldConstraints.ConstraintNotNull
+    wanted = [number for number in range(fields.count())
+              if layer.fieldConstraints(number) & not_null and not layer.dataProvider().defaultValueClause(number)]
+    return [fields.at(number).name() for number in wanted if feature.attribute(number) in (None, QVariant())]

@@ -215,7 +215,7 @@ class DivideTool(QgsMapTool):
             self.said.emit(str(why), True)
             return
         self._start_again()
-        self.said.emit(_said(done), bool(done.unknown or done.to_fill or done.is_filtered or done.beside or done.left_out or done.unread or done.flat))
+        self.said.emit(_said(done), done.is_doubtful())
 
     def _show(self):
         self._dock.show_work(self._work, self._hovered)
