@@ -196,6 +196,67 @@ TEST_F(Formats, CommasThatCouldPartThousands)
     }
 }
 
+// GDAL reads a height that is missing beside others as zero.
+TEST_F(Formats, HeightsThatAreMissingAreNotZero)
+{
+    const struct {
+        const char* what;
+        const char* wkt;
+        const char* json;     // coordinates
+        const char* heights;  // of the vertices, as the table tells them
+    } rows[] = {
+        {"one lacks", "POLYGON Z ((0 0 1, 60 0, 60 80 3, 0 80 4, 0 0 1))",
+         "[[[0,0,1],[60,0],[60,80,3],[0,80,4],[0,0,1]]]", "1.0000 - 3.0000 4.0000"},
+        {"the first lacks", "POLYGON ((0 0, 60 0 2, 60 80 3, 0 80 4, 0 0))",
+         "[[[0,0], [60,0, 2],[60,80,3],[0,80,4],[0,0]]]", "- 2.0000 3.0000 4.0000"},
+        {"zero is a height", "POLYGON Z ((0 0 0, 60 0 0, 60 80 3, 0 80 4, 0 0 0))",
+         "[[[0,0,0],[60,0,0.0],[60,80,3],[0,80,4],[0,0,0]]]", "0.0000 0.0000 3.0000 4.0000"},
+        {"a hole lacks", "POLYGON ((0 0 1, 60 0 2, 60 80 3, 0 80 4, 0 0 1), (20 20, 20 30, 30 30, 20 20))",
+         "[[[0,0,1],[60,0,2],[60,80,3],[0,80,4],[0,0,1]],[[20,20],[20,30],[30,30],[20,20]]]",
+         "1.0000 2.0000 3.0000 4.0000 - - -"},
+        {"in another notation", "POLYGON((0 0 -1e0,60 0 ,60 80 3,0 80 4,0 0 -1E0))",
+         "[ [ [0, 0, -1e0], [6E1, 0],\n[60, 80, 3], [0, 80, 4], [0, 0, -1e+0] ] ]",
+         "-1.0000 - 3.0000 4.0000"},
+    };
+    for (const auto& row : rows) {
+        write("in.csv", "id,WKT\n1,\"" + std::string(row.wkt) + "\"\n");
+        write(
+            "in.geojson",
+            R"({"type": "FeatureCollection", "crs": {"type": "name", "properties": {"name": "EPSG:25832"}}, "features": [
+                 {"type": "Feature", "properties": {"note": "\"coordinates\": [[1,2],[1,2,3]]"},
+                  "geometry": {"type": "Polygon", "coordinates": )" +
+                std::string(row.json) + "}}]}");
+        for (const char* file : {"in.csv", "in.geojson"}) {
+            const test::Result run = this->run({"measure", file, "--any-scale"});
+            ASSERT_EQ(run.status, 0) << run.err;
+            std::istringstream lines(run.out.substr(run.out.find("\nVertex")));
+            std::string heights;
+            std::string line;
+            std::getline(lines, line);
+            std::getline(lines, line);
+            while (std::getline(lines, line)) {
+                std::istringstream cells(line);
+                std::string cell;
+                for (int i = 0; i < 4; ++i)
+                    cells >> cell;
+                heights += (heights.empty() ? "" : " ") + cell;
+            }
+            EXPECT_EQ(heights, row.heights) << row.what << " " << file << run.out;
+        }
+    }
+    // A geometry alone: GDAL does not hand its text on.
+    write("in.geojson", R"({"type": "Polygon", "coordinates": [[[0,0,1],[600,0],[600,800,3],[0,0,1]]]})");
+    EXPECT_TRUE(test::fails_with(this->run({"measure", "in.geojson"}), 3,
+                                 "in.geojson: feature 0: some positions have heights and others have none, "
+                                 "and which they are cannot be "
+                                 "told; give each of them a height, or none"));
+    // Of two polygons of one feature only the first has heights.
+    write("in.csv", "id,WKT\n1,\"MULTIPOLYGON Z (((0 0 1, 60 0 1, 60 80 1, 0 0 1)), ((100 0, 160 0, 160 80, "
+                    "100 0)))\"\n");
+    EXPECT_NE(this->run({"measure", "in.csv", "--part", "1"}).out.find(" Z "), std::string::npos);
+    EXPECT_EQ(this->run({"measure", "in.csv", "--part", "2"}).out.find(" Z "), std::string::npos);
+}
+
 // Coordinates in whole metres say nothing of the sign before decimals; the heights beside them do.
 TEST_F(Formats, CommasInHeightsAlone)
 {

@@ -9,11 +9,13 @@
 
 #include "console/outcome.h"
 #include "files/landxml.h"
+#include "files/positions.h"
 #include "files/text_source.h"
 
 namespace tool {
 namespace {
 
+constexpr const char* kTexts = "NATIVE_DATA";
 constexpr const char* kMergeBlocks = "DXF_MERGE_BLOCK_GEOMETRIES";
 
 // Only the options of the driver that will open the file; the others would warn of options that they do not
@@ -25,6 +27,8 @@ CPLStringList open_options(const std::string& file)
     const std::string format = driver != nullptr ? GDALGetDriverShortName(driver) : "";
     if (format == "CSV")
         options.SetNameValue("GEOM_POSSIBLE_NAMES", kWktColumns);
+    if (format == "GeoJSON" && mixes_heights(file))
+        options.SetNameValue(kTexts, "YES");  // they tell which heights are missing
     if (format == "GML")
         options.SetNameValue("WRITE_GFS", "NO");  // reading leaves nothing behind
     return options;
@@ -82,6 +86,11 @@ GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages&
     if (dataset == nullptr)
         throw why_not_opened(shown, messages);
     return dataset;
+}
+
+bool keeps_texts(GDALDataset& dataset)
+{
+    return CPLFetchBool(dataset.GetOpenOptions(), kTexts, false);
 }
 
 std::vector<std::string> files_of(GDALDataset& dataset)

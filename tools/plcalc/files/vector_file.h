@@ -24,6 +24,9 @@ GDALDatasetUniquePtr open_vector_file(const std::string& file);
 GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages& messages,
                                     const std::string& shown);
 
+/// Whether the features of an open file have their text as native data: in GeoJSON where heights are missing beside others.
+bool keeps_texts(GDALDataset& dataset);
+
 /// The files that an open dataset consists of, by name; GDAL's other names, "PG:..." or "/vsizip/...", too.
 std::vector<std::string> files_of(GDALDataset& dataset);
 

@@ -16,14 +16,6 @@ constexpr long long kMaxSrid = 999999;
 // Of a longer text only the beginning is quoted.
 constexpr std::size_t kMaxQuoted = 40;
 
-std::string wkt_of(const OGRFeature& row)
-{
-    for (int field = 0; field < row.GetFieldCount(); ++field)
-        if (tool::is_wkt_column(row.GetFieldDefnRef(field)->GetNameRef()))
-            return row.GetFieldAsString(field);
-    return "";
-}
-
 std::string quoted(const std::string& text)
 {
     return "'" + (text.size() > kMaxQuoted ? text.substr(0, kMaxQuoted) + "..." : text) + "'";
@@ -32,6 +24,14 @@ std::string quoted(const std::string& text)
 }  // namespace
 
 namespace tool {
+
+std::string wkt_of(const OGRFeature& row)
+{
+    for (int field = 0; field < row.GetFieldCount(); ++field)
+        if (is_wkt_column(row.GetFieldDefnRef(field)->GetNameRef()))
+            return row.GetFieldAsString(field);
+    return "";
+}
 
 std::optional<int> read_ewkt(OGRFeature& row)
 {

@@ -3,12 +3,16 @@
 // CSV tables with a geometry in each row: WKT that cannot be read.
 
 #include <optional>
+#include <string>
 
 #include <ogrsf_frmts.h>
 
 #include "console/outcome.h"
 
 namespace tool {
+
+/// The text where the row should have its geometry; empty where there is none.
+std::string wkt_of(const OGRFeature& row);
 
 /// Reads WKT with "SRID=...;" before it, which GDAL passes on unread.
 ///

@@ -5,6 +5,7 @@
 #include <cpl_string.h>
 
 #include "console/outcome.h"
+#include "files/positions.h"
 #include "files/vector_file.h"
 #include "reading/boundary.h"
 #include "reading/csv.h"
@@ -68,6 +69,7 @@ Count count_in(OGRLayer& layer, GDALDataset& dataset, const Source& source, cons
         if (is_format(dataset, "CSV"))
             note_srid(read_ewkt(*feature), count.choice,
                       {source.file, feature_name(*feature, layer, dataset)});
+        read_missing_heights(*feature, layer, dataset, source);
         const OGRGeometry* geometry = feature->GetGeometryRef();
         if (is_parcel(*feature, dataset, source)) {
             add_parts(count.choice.parcels, feature_name(*feature, layer, dataset), geometry, source);
@@ -197,6 +199,25 @@ bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& so
     const OGRGeometry* geometry = feature.GetGeometryRef();
     return geometry != nullptr ? bounds_area(*geometry)
                                : is_format(dataset, "CSV") && has_broken_wkt(feature);
+}
+
+void read_missing_heights(OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset, const Source& source)
+{
+    OGRGeometry* const geometry = feature.GetGeometryRef();
+    if (geometry == nullptr || !geometry->Is3D())
+        return;
+    std::vector<int> sizes;
+    if (is_format(dataset, "CSV"))
+        sizes = position_sizes_of_wkt(wkt_of(feature));
+    const bool are_some_missing = keeps_texts(dataset);
+    const char* const text = are_some_missing ? feature.GetNativeData() : nullptr;
+    if (text != nullptr)
+        sizes = position_sizes_of_json(text);
+    // A file that is a geometry alone has no text for its feature.
+    if ((are_some_missing && text == nullptr) || !mark_missing_heights(*geometry, sizes))
+        throw Failure(ExitStatus::unusable_input, {source.file, feature_name(feature, layer, dataset)},
+                      "some positions have heights and others have none, and which they are cannot be told",
+                      "give each of them a height, or none");
 }
 
 std::vector<OGRLayer*> named_layers(GDALDataset& dataset, const Source& source)

@@ -68,6 +68,11 @@ void set_filter(OGRLayer& layer, const Source& source, GdalMessages& messages);
 /// that are neither switched off nor frozen.
 bool is_parcel(const OGRFeature& feature, GDALDataset& dataset, const Source& source);
 
+/// Makes NaN of heights that a feature's geometry lacks beside others, which GDAL reads as zero: in WKT and GeoJSON.
+///
+/// @throws Failure  unusable_input where its text does not tell which they are
+void read_missing_heights(OGRFeature& feature, OGRLayer& layer, GDALDataset& dataset, const Source& source);
+
 /// "feature 3 part 2", or "feature 3" if it has one part.
 std::string part_name(const std::string& feature, int part, int parts);
 

@@ -187,6 +187,7 @@ bool ParcelFile::next_feature()
         finer_ = fine_layer_ != nullptr ? next_with_fine_arcs(*fine_layer_) : nullptr;
         if (is_format(*dataset_, "CSV"))
             read_ewkt(*feature_);
+        read_missing_heights(*feature_, *choice_.layer, *dataset_, source_);
         if (!is_parcel(replace && finer_ != nullptr ? *finer_ : *feature_, *dataset_, source_))
             continue;
         has_arcs_ = false;
