@@ -30,12 +30,12 @@ class NoPlane(Exception):
 class Plane:
     """The plane system in which a layer is divided, and the way there.
 
-    note: what was assumed, or None; stretched: at how many parcels it stretches lengths, though that is meant
+    crs, of_layer: of the plane, and of the layer; note: what was assumed, or None; stretched: at how many parcels it stretches lengths, though that is meant
     Raises NoPlane for degrees without a plane, for geocentric coordinates, and for those that increase to the West.
     """
 
     def __init__(self, crs, of_project, transforms, any_scale=False):
-        self.crs, self.note, self.stretched = crs, None, 0
+        self.crs, self.of_layer, self.note, self.stretched = crs, crs, None, 0
         self._there, self._any_scale = None, any_scale
         if crs.isGeographic():
             if not of_project.isValid() or of_project.isGeographic():

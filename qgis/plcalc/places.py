@@ -4,6 +4,7 @@ import collections
 import os
 import re
 
+from osgeo import gdal
 from qgis.core import (QgsDataSourceUri, QgsProcessingFeatureSourceDefinition, QgsProcessingOutputLayerDefinition,
                        QgsProcessingUtils, QgsProject, QgsProperty, QgsProviderRegistry, QgsVirtualLayerDefinition)
 from qgis.PyQt.QtCore import QUrl
@@ -94,8 +95,19 @@ def _place_of_source(provider, source, layer=None):
     if os.path.isdir(path):
         files = [os.path.join(path, name) for name in os.listdir(path) if not table or os.path.splitext(name)[0] == table]
         return Place(_names([path, *files]), frozenset(), path)
+    if path.lower().endswith(".vrt"):
+        return Place(_names([path, *_files_behind(path)]), frozenset(), path)
     tables = [table] if table else _tables(layer)
     return Place(_names([path]), frozenset(str(name).lower() for name in tables), path)
+
+
+def _files_behind(path):
+    """Those that a virtual format of GDAL names."""
+    try:
+        opened = gdal.OpenEx(path, gdal.OF_VECTOR)
+    except RuntimeError:  # where somebody has asked GDAL for exceptions
+        opened = None
+    return (opened.GetFileList() or []) if opened is not None else []
 
 
 def _tables(layer):

@@ -423,6 +423,13 @@ class NothingIsLost(unittest.TestCase):
         self.assertTrue(_meet(read, _written_place(self.path("lots.gdb"), QgsProcessingContext())))
         self.assertFalse(_meet(read, _written_place(self.path("other.gdb"), QgsProcessingContext())))
 
+    def test_a_virtual_file(self):
+        path, virtual = self.lots(), self.path("lots.vrt")
+        with open(virtual, "w", encoding="utf-8") as file:
+            file.write('<OGRVRTDataSource><OGRVRTLayer name="lots"><SrcDataSource relativeToVRT="1">lots.gpkg</SrcDataSource>'
+                       '</OGRVRTLayer></OGRVRTDataSource>')
+        self.refused("measure", INPUT=virtual, OUTPUT=path)
+
     def test_tables_of_a_server(self):
         from plcalc_qgis.places import _meet, _place_of_source, _written_place
 

@@ -834,6 +834,15 @@ class Degrees(Case):
         for corner in ((9.00127, 45.15), (9.003, 45.15045)):
             self.assertIn(corner, {(vertex.x(), vertex.y()) for vertex in shapes["Verdi"].vertices()})
 
+    def test_a_layer_that_gets_another_system_meanwhile(self):
+        window = self.window([(LOT, "Rossi")])
+        window.click(500050, 5000025)
+        window.click(500050, 5000000)
+        self.lots.setCrs(QgsCoordinateReferenceSystem("EPSG:32633"))
+        window.key(Qt.Key_Return)
+        self.assertIn("has been changed", window.said[0][0])
+        self.assertEqual(self.lots.featureCount(), 1)
+
     def test_two_tools_on_one_parcel(self):
         one = self.window([(LOT, "Rossi")])
         from plcalc_qgis.maptool.dock import Dock

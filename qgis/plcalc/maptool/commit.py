@@ -54,7 +54,7 @@ def commit(computes, parcel, division, points_layer, transforms):
     """
     layer = parcel.layer
     now = layer.getFeature(parcel.feature.id())
-    if not now.isValid() or now.geometry().asWkb() != parcel.feature.geometry().asWkb():
+    if layer.crs() != parcel.plane.of_layer or not now.isValid() or now.geometry().asWkb() != parcel.feature.geometry().asWkb():
         raise CannotSplit(tr("The parcel has been changed since it was selected. Select it again."))
     written = Written()
     beside = _beside(parcel, written)
