@@ -30,7 +30,8 @@ class NoPlane(Exception):
 class Plane:
     """The plane system in which a layer is divided, and the way there.
 
-    crs, of_layer: of the plane, and of the layer; note: what was assumed, or None; stretched: at how many parcels it stretches lengths, though that is meant
+    crs, of_layer: of the plane, and of the layer
+    note: what was assumed, or None; stretched: at how many parcels it stretches lengths, which is meant
     Raises NoPlane for degrees without a plane, for geocentric coordinates, and for those that increase to the West.
     """
 
