@@ -4,6 +4,7 @@
 #include "answers/measure.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <random>
 
@@ -153,6 +154,24 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(json["vertices"][3]["vertex"], 4);
     EXPECT_EQ(json["vertices"][3]["n"], 60.0);
     EXPECT_TRUE(json["vertices"][2]["angle_gon"].is_null());
+}
+
+// The text of a parcel once took time with the square of its length: two minutes here.
+TEST_F(MeasureVerb, JsonOfManyVerticesTakesNoMinute)
+{
+    constexpr int kVertices = 60000;
+    std::string table = "E,N\n";
+    for (int i = 0; i < kVertices; ++i) {
+        const double turn_rad = 6.283185307179586 * i / kVertices;
+        table += std::to_string(5000.0 + 4000.0 * std::cos(turn_rad)) + "," +
+                 std::to_string(5000.0 + 4000.0 * std::sin(turn_rad)) + "\n";
+    }
+    write("round.csv", table);
+    const auto start = std::chrono::steady_clock::now();
+    const test::Result run = this->run({"measure", "round.csv", "--json"});
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(30));
+    EXPECT_EQ(nlohmann::json::parse(run.out)["parcels"][0]["vertices"].size(),
+              static_cast<std::size_t>(kVertices));
 }
 
 // (0, 0) to (30, 0) to (30, 40): sides of 30, 40 and 50; the angle at the first vertex has the tangent 4/3.

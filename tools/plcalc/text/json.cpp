@@ -1,6 +1,7 @@
 #include "text/json.h"
 
 #include <optional>
+#include <sstream>
 
 #include "text/numbers.h"
 
@@ -27,10 +28,10 @@ std::string dumped_in_list(const Json& json)
 {
     constexpr std::size_t kIndent = 4;
     const std::string indent(kIndent, ' ');
-    std::string text = indent + dumped(json);
-    text.pop_back();
-    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1))
-        text.insert(at + 1, indent);
+    std::istringstream lines(dumped(json));
+    std::string text;
+    for (std::string line; std::getline(lines, line);)
+        text += (text.empty() ? "" : "\n") + indent + line;
     return text;
 }
 

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <iomanip>
-#include <locale>
-#include <sstream>
 #include <string_view>
 #include <system_error>
 
@@ -44,12 +41,13 @@ template <typename Number> std::optional<Number> parse_all(std::string_view text
     return value;
 }
 
+// At most kMaxFixed, with kMaxDecimals.
 std::string with_decimals(double value, int decimals)
 {
-    std::ostringstream out;
-    out.imbue(std::locale::classic());
-    out << std::fixed << std::setprecision(decimals) << value;
-    return out.str();
+    char text[64];
+    const std::to_chars_result end =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals);
+    return {text, end.ptr};
 }
 
 }  // namespace
