@@ -211,18 +211,17 @@ enum {
     PLC_NO_SUCH_PLACE = 7,   /**< the distance along the side is not a number from 0 to its length */
     PLC_POINT_OUTSIDE = 8,   /**< the point lies outside the parcel, or is not finite */
     PLC_ONLY_ONE_AMOUNT = 9, /**< two amounts or more, any number of pieces, and a line without a direction */
-    PLC_ONLY_WITHOUT_HOLES = 10, /**< a hole, two pieces, and a line that starts somewhere */
-    PLC_NO_AMOUNT = 11,          /**< there are no amounts */
-    PLC_UNUSABLE_ROUNDING = 12,  /**< decimals or a tolerance out of range */
-    PLC_UNUSABLE_AMOUNT = 13,    /**< a number that is NaN, or a denominator not within 1e-200 to 1e200 */
-    PLC_AMOUNT_TOO_SMALL = 14,   /**< not above zero */
-    PLC_AMOUNT_TOO_LARGE = 15,   /**< not less than there is to cut */
+    PLC_NO_AMOUNT = 10,      /**< there are no amounts */
+    PLC_UNUSABLE_ROUNDING = 11, /**< decimals or a tolerance out of range */
+    PLC_UNUSABLE_AMOUNT = 12,   /**< a number that is NaN, or a denominator not within 1e-200 to 1e200 */
+    PLC_AMOUNT_TOO_SMALL = 13,  /**< not above zero */
+    PLC_AMOUNT_TOO_LARGE = 14,  /**< not less than there is to cut */
     PLC_BASE_REACHES_BEHIND =
-        16, /**< the part of the parcel behind the base side is larger than the request */
-    PLC_NO_LINE_THROUGH_POINT = 17, /**< in no direction does the line through the point cut the amount off */
-    PLC_NO_FURTHER_LINE = 18,       /**< there are no more lines than `alternative` says */
-    PLC_LINE_LEAVES_PARCEL = 19,    /**< every line that holds the amount makes more than two pieces */
-    PLC_NOT_REACHED = 20            /**< coordinates are too coarse to meet the amount within the tolerance */
+        15, /**< the part of the parcel behind the base side is larger than the request */
+    PLC_NO_LINE_THROUGH_POINT = 16, /**< in no direction does the line through the point cut the amount off */
+    PLC_NO_FURTHER_LINE = 17,       /**< there are no more lines than `alternative` says */
+    PLC_LINE_LEAVES_PARCEL = 18,    /**< every line that holds the amount makes more than two pieces */
+    PLC_NOT_REACHED = 19            /**< coordinates are too coarse to meet the amount within the tolerance */
 };
 
 /** @param[in] status  a number from PLC_DIVIDED on

@@ -56,8 +56,6 @@ std::int32_t number_of(plparcel::Status status) noexcept
         return PLC_POINT_OUTSIDE;
     case Status::only_one_amount:
         return PLC_ONLY_ONE_AMOUNT;
-    case Status::only_without_holes:
-        return PLC_ONLY_WITHOUT_HOLES;
     case Status::no_amount:
         return PLC_NO_AMOUNT;
     case Status::unusable_rounding:

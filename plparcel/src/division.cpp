@@ -230,20 +230,6 @@ bool is_known(const Request& request)
            (request.pieces == Pieces::two || request.pieces == Pieces::any);
 }
 
-// A point in a hole lies outside the parcel.
-std::optional<Status> refusal_of_start(const CheckedParcel& parcel, const Request& request)
-{
-    const Pivot pivot = pivot_of(parcel, request.line);
-    if (pivot.refusal || pivot.on_boundary || request.pieces == Pieces::any)
-        return pivot.refusal;
-    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
-        const Location location = locate(parcel.clean[ring].ring, pivot.point);
-        if ((location.where == Location::Where::inside) != (ring == 0))
-            return Status::point_outside;
-    }
-    return std::nullopt;
-}
-
 // What is wrong with a request for whole lines.
 std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Request& request)
 {
@@ -253,7 +239,7 @@ std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Reques
     if (!is_usable(request.rounding))
         return Status::unusable_rounding;
     if (has_start(line.cut))
-        return refusal_of_start(parcel, request);
+        return refusal_of_start(parcel, line, request.pieces);
     if (request.alternative > 0 && request.pieces == Pieces::any)
         return Status::no_further_line;  // there is one whole line of a direction for each amount
     return refusal_of_direction(parcel, line);
@@ -437,9 +423,6 @@ const char* describe(Status status) noexcept
         return "the point lies outside the parcel";
     case Status::only_one_amount:
         return "a whole line through a vertex, a place or a point cuts off one amount only";
-    case Status::only_without_holes:
-        return "two pieces by a line that starts somewhere or goes through a point need a parcel without "
-               "holes";
     case Status::no_amount:
         return "no amount is given";
     case Status::unusable_rounding:

@@ -249,6 +249,45 @@ TEST(Feasible, BesideHoles)
               "(0 9200)");
 }
 
+//   100 by 100, a hole of 60 by 60 in the middle
+//   3 --------------- 2
+//   |   .-----------. |      From the corner 0 the line to (100, 25) passes the hole's corner (80, 20).
+//   |   |           | |      Through Q, the hole's corner (20, 20), and through R, the middle of a side of the hole, lines
+//   |   R           | |      make two pieces as long as they run across the hole.
+//   |   Q-----------' |      Through P (50, 10) lines turned no more than to (0, 0) leave 1000 below them; the one past (80, 20)
+//   |       P         |      begins at (20, 0) and ends at (100, 80 / 3): 3200 / 3.
+//   0 --------------- 1      On the right of a line that climbs s through R lie 5400 - 800 / s - 200 s, at most 4600.
+TEST(Feasible, BesideHolesThroughAVertexAPlaceOrAPoint)
+{
+    const auto in_ring = [](std::size_t ring, Line line) {
+        line.ring = ring;
+        return line;
+    };
+    const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    const struct {
+        const char* what;
+        Line line;
+        const char* want;
+    } rows[] = {
+        {"from a corner, past the hole, across it, and past it", through_vertex(0),
+         "(0 1250) (1250 5150) (5150 6400)"},
+        {"through a corner of the hole, and along its sides", in_ring(1, through_vertex(0)), "[2000 4400]"},
+        {"from a place", through_place(0, 50), "(0 833.333) (833.333 5566.67) (5566.67 6400)"},
+        {"from a place by its coordinates", through_point({50, 0}),
+         "(0 833.333) (833.333 5566.67) (5566.67 6400)"},
+        {"through a place on the hole's side", in_ring(1, through_place(0, 30)), "[1800 4600]"},
+        {"through a point", through_point({50, 10}), "[1000 1066.67) (1066.67 5333.33) (5333.33 5400]"},
+        {"through a point, from another direction on", through_point({50, 10}, 80),
+         "[1000 1066.67) (1066.67 5333.33) (5333.33 5400]"},
+        {"in the hole", through_point({50, 50}), describe(Status::point_outside)},
+    };
+    for (const auto& row : rows)
+        for (const Measured measured : {Measured::from_reference, kFar})
+            EXPECT_EQ(said(feasible(holed, row.line, measured)), row.want) << row.what;
+    const Parcel clockwise = {test::reversed(kSquare), holed.holes};
+    EXPECT_EQ(said(feasible(clockwise, through_vertex(0))), "(0 1250) (1250 5150) (5150 6400)");
+}
+
 TEST(Feasible, RefusesWhatDivideRefusesOfWholeLines)
 {
     const struct {
@@ -361,8 +400,8 @@ TEST(Feasible, Alternatives)
               describe(Status::unusable_amount));
     const Parcel holed = {kSquare, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
     EXPECT_EQ(said(alternatives_for(holed, plparcel::area(1))),
-              "|0 +0 |1 +1 |2 +2 |3 +3 |0' +0 |1' +1 |2' +2 |3' +3")
-        << "beside a side of the hole lie 2000 at least";
+              "|0 +0 |1 +1 |2 +2 |3 +3 |0' +0 |1' +1 |2' +2 |3' +3 v0 v1 v2 v3")
+        << "beside a side of the hole, and on a line through its corners, lie 2000 at least";
     // Vertex 1 stands twice.
     const Ring repeated = {{0, 0}, {100, 0}, {100, 0}, {100, 100}, {0, 100}};
     EXPECT_EQ(alternatives_for({repeated, {}}, plparcel::area(2200)).of, 12U);
@@ -501,15 +540,10 @@ Parcel any_holed(std::mt19937_64& random)
     return parcel;
 }
 
-// One that has a direction.
-Line any_direction(std::mt19937_64& random, const Parcel& parcel)
+Line any_line(std::mt19937_64& random, const Parcel& parcel)
 {
     const std::size_t ring = random() % (parcel.holes.size() + 1);
-    Line line;
-    do
-        line = any_line(random, ring == 0 ? parcel.outer : parcel.holes[ring - 1]);
-    while (line.cut != Cut::parallel && line.cut != Cut::perpendicular && line.cut != Cut::at_bearing &&
-           line.cut != Cut::along_segment);
+    Line line = any_line(random, ring == 0 ? parcel.outer : parcel.holes[ring - 1]);
     line.ring = ring;
     return line;
 }
@@ -552,6 +586,32 @@ bool parts_two(const Feasible& feasible, double amount)
            std::any_of(all.begin(), all.end(), begins_there);
 }
 
+// A line that passes a vertex by some spacings of doubles lies so many times farther off where it ends.
+double lever(const Parcel& parcel, const Line& line)
+{
+    if (line.cut != Cut::through_vertex && line.cut != Cut::through_place && line.cut != Cut::through_point)
+        return 1.0;
+    const Ring& ring = line.ring == 0 ? parcel.outer : parcel.holes[line.ring - 1];
+    PL_PNT2D_record start = line.cut == Cut::through_point ? line.a : ring[line.index];
+    if (line.cut == Cut::through_place) {
+        const PL_PNT2D_record& end = ring[(line.index + 1) % ring.size()];
+        const double part = line.along / std::hypot(end.x - start.x, end.y - start.y);
+        start = {start.x + part * (end.x - start.x), start.y + part * (end.y - start.y)};
+    }
+    const double extent = plparcel::extent_of(parcel.outer).largest();
+    double nearest = extent;
+    const auto look = [&](const Ring& of) {
+        for (const PL_PNT2D_record& v : of) {
+            const double away = std::hypot(v.x - start.x, v.y - start.y);
+            nearest = away > 0.0 ? std::fmin(nearest, away) : nearest;
+        }
+    };
+    look(parcel.outer);
+    for (const Ring& hole : parcel.holes)
+        look(hole);
+    return extent / nearest;
+}
+
 TEST(Feasible, BesideHolesWhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
 {
     std::mt19937_64 random = test::random_source();
@@ -565,7 +625,7 @@ TEST(Feasible, BesideHolesWhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
         const Parcel parcel = any_holed(random);
         if (check_parcel(parcel).status != plparcel::BoundaryStatus::usable || parcel.holes.empty())
             continue;
-        const Line line = any_direction(random, parcel);
+        const Line line = any_line(random, parcel);
         const auto measured = static_cast<Measured>(random() % 2);
         const Feasible feasible = plparcel::feasible(parcel, line, measured);
         if (feasible.refusal) {
@@ -583,7 +643,8 @@ TEST(Feasible, BesideHolesWhatIsInsideIsDividedAndWhatIsOutsideIsRefused)
             return text.str();
         };
         const double margin = 2e-9 * feasible.parcel + 16.0 * plparcel::coordinate_spacing(parcel.outer) *
-                                                           plparcel::extent_of(parcel.outer).largest();
+                                                           plparcel::extent_of(parcel.outer).largest() *
+                                                           lever(parcel, line);
         for (const double amount : amounts_for(random, feasible, margin)) {
             const bool is_in = is_inside(feasible, amount, margin);
             if (!is_amount(feasible, amount) || (!is_in && !is_outside(feasible, amount, margin)))

@@ -160,7 +160,6 @@ enum class Status {
     point_outside,  ///< the point lies outside the parcel, or is not finite; of a whole line (Pieces::any), it
                     ///< lies farther off than a million times the parcel's extent
     only_one_amount,  ///< two amounts or more, any number of pieces or holes, and a line through a vertex, a place or a point
-    only_without_holes,  ///< of feasible(): a hole, two pieces, and a line that starts somewhere or goes through a point
     no_amount,          ///< the list of amounts is empty
     unusable_rounding,  ///< decimals or a tolerance outside what Rounding says
     unusable_amount,    ///< a number that is NaN, or a share's denominator not within 1e-200 to 1e200

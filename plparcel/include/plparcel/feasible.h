@@ -32,7 +32,9 @@ struct AmountRange {
     /// ranges on both sides of its amount. Beside holes a line next to the one that touches may hold the amount within the
     /// tolerance, and divide() takes it: such an end is not called had, though it is. Where a point inside lies in line
     /// with two vertices, an end that belongs to the line through both may be told either way; and where the area is all
-    /// but greatest or least there, a line beside it may hold the amount within the tolerance.
+    /// but greatest or least there, a line beside it may hold the amount within the tolerance. Beside holes a line along a
+    /// side on which its place lies, or in line with vertices from which the boundary turns back to different sides of it, is
+    /// not called had either.
     bool least_is_had = false;
     bool most_is_had = false;  ///< likewise, of the greatest
 };
@@ -50,8 +52,7 @@ struct Feasible {
 /// @param[in] line      how the line runs
 /// @param[in] measured  which piece holds the amount
 /// @param[in] pieces    for `any` everything between nothing and the parcel can be had, by lines that have a direction;
-///                      through a vertex, a place or a point there is one range. For `two` with holes the line must have a
-///                      direction
+///                      through a vertex, a place or a point there is one range
 /// @return the ranges. A line through a point inside may run either way, so that both pieces have the same
 ///
 /// Tolerance   divide() accepts a line to a vertex that misses its amount by 1e-9 of the parcel, and by a hundredth of the
@@ -62,8 +63,8 @@ struct Feasible {
 /// Refused     An amount inside a range may still be refused as not_reached, where doubles lie too far apart for it.
 /// Exactness   The ends are computed with 106 bits and rounded once. Costs n log n, and n log^2 n beside holes, where
 ///             each row of vertices that are level but for four spacings takes as many steps as the line there meets
-///             sides; for whole lines through a point
-///             that is so only while the sides that a line crosses are few: otherwise n times these at worst.
+///             sides. Whole lines through a point, and beside holes those that start somewhere or go through a point, cost
+///             that only while the sides that a line crosses are few: otherwise n times these at worst.
 PLPARCEL_API Feasible feasible(const Parcel& parcel, const Line& line,
                                Measured measured = Measured::from_reference, Pieces pieces = Pieces::two);
 
@@ -95,8 +96,7 @@ struct Alternatives {
     std::size_t of = 0;              ///< how many there are; when more than looked_at, the list is not whole
 };
 
-/// The sides, perpendiculars and vertices of a parcel that can hold an amount in two pieces. Of a parcel with holes the
-/// sides of all rings are looked at, and no vertices.
+/// The sides, perpendiculars and vertices of a parcel that can hold an amount in two pieces, of all its rings.
 ///
 /// @param[in] parcel    as for divide()
 /// @param[in] amount    an area, product or share
@@ -107,8 +107,9 @@ struct Alternatives {
 ///         more than the tolerance of divide(), and eight spacings of doubles times the parcel's extent
 ///
 /// Degenerate  A width places a line, whatever the amount: unknown_request.
-/// Exactness   Costs n log n for each line that is looked at (n log^2 n beside holes), on a parcel of n vertices 3 n^2 log n for all. So no more
-///             lines are looked at than 4,000,000 / n, but four at least: on 1,000 vertices all, on 100,000 forty.
+/// Exactness   Costs what feasible() does for each line that is looked at, on a parcel of n vertices 3 n^2 log n for all.
+///             So no more lines are looked at than 4,000,000 / n, but four at least: on 1,000 vertices all, on 100,000
+///             forty.
 PLPARCEL_API Alternatives alternatives_for(const Parcel& parcel, const Amount& amount,
                                            Measured measured = Measured::from_reference,
                                            std::size_t most = static_cast<std::size_t>(-1));

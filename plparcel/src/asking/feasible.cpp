@@ -32,11 +32,11 @@ bool is_known(Measured measured)
     return measured == Measured::from_reference || measured == Measured::opposite;
 }
 
-// What is wrong with a line of which any number of pieces may come.
-std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Line& line)
+// What is wrong with a line, whatever the amount.
+std::optional<Status> refusal_of_whole(const CheckedParcel& parcel, const Line& line, Pieces pieces)
 {
     if (has_start(line.cut))
-        return pivot_of(parcel, line).refusal;
+        return refusal_of_start(parcel, line, pieces);
     if (!is_free(line.cut) && line.cut != Cut::parallel && line.cut != Cut::perpendicular)
         return Status::unknown_request;
     return refusal_of_direction(parcel, line);
@@ -59,7 +59,7 @@ Feasible of_whole_lines(const CheckedParcel& parcel, const Line& line, Measured 
 {
     Feasible all;
     all.parcel = parcel.report.area;
-    all.refusal = refusal_of_whole(parcel, line);
+    all.refusal = refusal_of_whole(parcel, line, Pieces::any);
     if (!all.refusal && has_start(line.cut))
         all.ranges = {of_turning_line(parcel, line, measured)};
     else if (!all.refusal)
@@ -88,10 +88,14 @@ Feasible of_two_pieces_beside_holes(const CheckedParcel& parcel, const Line& lin
 {
     Feasible found;
     found.parcel = parcel.report.area;
-    found.refusal = has_start(line.cut) ? Status::only_without_holes : refusal_of_whole(parcel, line);
-    if (!found.refusal)
-        found.ranges = rounded(areas_of_parts(whole_parcel(parcel, line), request_for(line, measured),
-                                              parcel.area * kAsExactAsDoubles));
+    found.refusal = refusal_of_whole(parcel, line, Pieces::two);
+    if (found.refusal)
+        return found;
+    const WholeParcel whole = whole_parcel(parcel, line);
+    const Wide granted = parcel.area * kAsExactAsDoubles;
+    found.ranges =
+        rounded(has_start(line.cut) ? areas_of_parts_through(whole, pivot_of(parcel, line), measured, granted)
+                                    : areas_of_parts(whole, request_for(line, measured), granted));
     return found;
 }
 
@@ -148,14 +152,16 @@ std::vector<Line> lines_of(const CheckedParcel& parcel)
         lines.push_back(parallel_to(side.index, side.ring));
         lines.push_back(perpendicular_to(side.index, side.ring));
     }
-    if (parcel.clean.size() > 1)
-        return lines;
-    const CleanRing& clean = parcel.clean.front();
-    std::vector<bool> is_listed(clean.ring.size(), false);
-    for (std::size_t i = 0; i < clean.place.size(); ++i) {
-        if (!is_listed[clean.place[i]])
-            lines.push_back(through_vertex(i));
-        is_listed[clean.place[i]] = true;
+    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
+        const CleanRing& of = parcel.clean[ring];
+        std::vector<bool> is_listed(of.ring.size(), false);
+        for (std::size_t i = 0; i < of.place.size(); ++i) {
+            if (!is_listed[of.place[i]]) {
+                lines.push_back(through_vertex(i));
+                lines.back().ring = ring;
+            }
+            is_listed[of.place[i]] = true;
+        }
     }
     return lines;
 }

@@ -13,6 +13,7 @@
 #include "boundary/measured_ring.h"
 #include "lines/direction.h"
 #include "plparcel/extent.h"
+#include "verdict/judge.h"
 #include "verdict/target.h"
 #include "whole_lines/part_cut.h"
 #include "whole_lines/turning_parts.h"
@@ -279,6 +280,20 @@ public:
         return parts_.lines(local_.area_to_local(left), local_.area_to_local(granted));
     }
 
+    // On the left of the line.
+    std::vector<AreaRange> areas() const
+    {
+        double spacing = 0.0;
+        for (const Ring& ring : seen_)
+            spacing = std::max(spacing, coordinate_spacing(ring));
+        std::vector<AreaRange> ranges = parts_.areas(local_.length_to_local(kTouchRoundings * spacing));
+        for (AreaRange& range : ranges) {
+            range.least = local_.area_to_parcel(range.least);
+            range.most = local_.area_to_parcel(range.most);
+        }
+        return ranges;
+    }
+
 private:
     TurningParts parts_about(const Pivot& pivot) const
     {
@@ -329,6 +344,19 @@ Pivot pivot_of(const CheckedParcel& parcel, const Line& line)
     if (index == around(place, line.index + 1))
         return refused(Status::side_without_length);
     return at_distance(parcel, line.ring, index, line.along);
+}
+
+std::optional<Status> refusal_of_start(const CheckedParcel& parcel, const Line& line, Pieces pieces)
+{
+    const Pivot pivot = pivot_of(parcel, line);
+    if (pivot.refusal || pivot.on_boundary || pieces == Pieces::any)
+        return pivot.refusal;
+    for (std::size_t ring = 0; ring < parcel.clean.size(); ++ring) {
+        const Location location = locate(parcel.clean[ring].ring, pivot.point);
+        if ((location.where == Location::Where::inside) != (ring == 0))
+            return Status::point_outside;
+    }
+    return std::nullopt;
 }
 
 std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
@@ -409,6 +437,22 @@ std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivo
 LeastAndMost areas_through(const WholeParcel& parcel, const Pivot& pivot, Measured measured)
 {
     return Turning(parcel, pivot, measured, kAsExactAsDoubles).areas();
+}
+
+std::vector<AreaRange> areas_of_parts_through(const WholeParcel& parcel, const Pivot& pivot,
+                                              Measured measured, const Wide& granted)
+{
+    const std::vector<Ring> rings =
+        pivot.on_boundary ? with_vertex_at(parcel.rings, pivot.point) : parcel.rings;
+    std::vector<AreaRange> all = PartsTurning(rings, pivot).areas();
+    // What a place takes that is rounded is no amount.
+    all.erase(std::remove_if(all.begin(), all.end(),
+                             [&](const AreaRange& range) {
+                                 return !(range.most > granted) || !(range.least < parcel.area - granted);
+                             }),
+              all.end());
+    const std::vector<AreaRange> on_left = united(std::move(all), parcel.area, granted);
+    return is_amount_on_left(pivot, measured) ? on_left : of_other_piece(on_left, parcel.area);
 }
 
 }  // namespace plparcel

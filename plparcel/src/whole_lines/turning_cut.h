@@ -6,6 +6,7 @@
 
 #include "amounts.h"
 #include "boundary/ring_check.h"
+#include "lines/area_ranges.h"
 #include "plparcel/division.h"
 #include "whole_lines/turning_lines.h"
 #include "whole_lines/whole_cut.h"
@@ -24,6 +25,9 @@ struct Pivot {
 /// @param[in] parcel  usable
 /// @param[in] line    through a vertex, a place or a point
 Pivot pivot_of(const CheckedParcel& parcel, const Line& line);
+
+/// Why no such line can be looked for, whatever the amount. For two pieces a point in a hole lies outside the parcel.
+std::optional<Status> refusal_of_start(const CheckedParcel& parcel, const Line& line, Pieces pieces);
 
 /// Cuts off one amount.
 ///
@@ -44,5 +48,13 @@ std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivo
 
 /// The least and the greatest area that lines can cut off, unit squared.
 LeastAndMost areas_through(const WholeParcel& parcel, const Pivot& pivot, Measured measured);
+
+/// The areas that parts of lines which make exactly two pieces can cut off, unit squared: in their order, apart from each
+/// other.
+///
+/// @param[in] parcel   with holes
+/// @param[in] granted  by how much a line at a vertex may miss an area, unit squared
+std::vector<AreaRange> areas_of_parts_through(const WholeParcel& parcel, const Pivot& pivot,
+                                              Measured measured, const Wide& granted);
 
 }  // namespace plparcel

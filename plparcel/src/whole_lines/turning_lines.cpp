@@ -338,6 +338,28 @@ private:
     std::vector<TurningLine> beside_;
 };
 
+// Raises `best` to the greatest value of a function on a way, or with `sign` -1 to that of the function's negative, unless
+// it is greater by a hair at most.
+void raise_to_greatest(const Excess& of, double sign, const Wide& hair, Wide& best, const Wide& begin = 0.0,
+                       const Wide& end = 1.0, int halved = 0)
+{
+    const Wide half = (end - begin) * 0.5;
+    const Wide middle = begin + half;
+    const Excess::Powers powers = of.powers(middle, half);
+    const Wide at_middle = powers.middle * sign;
+    best = std::max(best, at_middle);
+    if (powers.converge) {
+        const double reach = std::fabs(powers.slope.hi) + powers.others;
+        const bool is_monotone = std::fabs(powers.slope.hi) > powers.others_of_slope;
+        if (is_monotone || !(at_middle + reach > best + hair))
+            return;
+    }
+    if (halved < kMostHalvings) {
+        raise_to_greatest(of, sign, hair, best, begin, middle, halved + 1);
+        raise_to_greatest(of, sign, hair, best, middle, end, halved + 1);
+    }
+}
+
 // The greatest area on the left, or with `sign` -1 the least.
 class Greatest {
 public:
@@ -358,7 +380,7 @@ public:
             if (at.end - at.begin == 1) {
                 const Excess left(profile_.terms(at.begin), state(at.begin).left);
                 if (left.is_finite())
-                    look_between(left, 0.0, 1.0, 0);
+                    raise_to_greatest(left, sign_, hair, best_);
                 continue;
             }
             const std::size_t middle = at.begin + (at.end - at.begin) / 2;
@@ -393,25 +415,6 @@ private:
         return {state(begin).left * sign_ + (swept + grown) * 0.5, begin, end};
     }
 
-    void look_between(const Excess& left, const Wide& begin, const Wide& end, int halved)
-    {
-        const Wide half = (end - begin) * 0.5;
-        const Wide middle = begin + half;
-        const Excess::Powers powers = left.powers(middle, half);
-        const Wide at_middle = powers.middle * sign_;
-        best_ = std::max(best_, at_middle);
-        if (powers.converge) {
-            const double reach = std::fabs(powers.slope.hi) + powers.others;
-            const bool is_monotone = std::fabs(powers.slope.hi) > powers.others_of_slope;
-            if (is_monotone || !(at_middle + reach > best_ + profile_.scale() * kHair))
-                return;
-        }
-        if (halved < kMostHalvings) {
-            look_between(left, begin, middle, halved + 1);
-            look_between(left, middle, end, halved + 1);
-        }
-    }
-
     const TurningProfile& profile_;
     double sign_;
     std::vector<std::optional<State>> states_;
@@ -433,6 +436,19 @@ TurningZeros turning_zeros(std::vector<Term> terms, const Wide& begin, const Wid
     if (!excess.is_finite())
         return {};
     return Between(std::move(excess), begin, end, scale, granted).run();
+}
+
+LeastAndMost least_and_most_between(std::vector<Term> terms, const Wide& begin, const Wide& end,
+                                    const Wide& scale)
+{
+    Wide most = std::max(begin, end);
+    Wide other_of_least = -std::min(begin, end);
+    const Excess area(std::move(terms), begin);
+    if (area.is_finite()) {
+        raise_to_greatest(area, 1.0, scale * kHair, most);
+        raise_to_greatest(area, -1.0, scale * kHair, other_of_least);
+    }
+    return {-other_of_least, most};
 }
 
 LeastAndMost least_and_most(const TurningProfile& profile, bool full_turn)

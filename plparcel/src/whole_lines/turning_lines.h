@@ -62,6 +62,15 @@ struct LeastAndMost {
     Wide most;
 };
 
+/// The same between two directions next to each other.
+///
+/// @param[in] terms  the area grows by these
+/// @param[in] begin  the area at the first direction
+/// @param[in] end    and at the second
+/// @param[in] scale  what rounding errors are measured by, see TurningProfile::scale()
+LeastAndMost least_and_most_between(std::vector<TurningProfile::Term> terms, const Wide& begin,
+                                    const Wide& end, const Wide& scale);
+
 /// @param[in] full_turn  see TurningRequest
 LeastAndMost least_and_most(const TurningProfile& profile, bool full_turn);
 

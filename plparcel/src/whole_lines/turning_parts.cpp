@@ -16,6 +16,11 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 // line meets; lines there are as good as those on both sides.
 constexpr double kThinSector = 0x1p-66;
 
+bool is_same(const WidePoint& a, const WidePoint& b)
+{
+    return !(abs(a.x - b.x) > 0.0) && !(abs(a.y - b.y) > 0.0);
+}
+
 }  // namespace
 
 // What the line meets in a sector, from the point outward.
@@ -105,11 +110,78 @@ private:
     std::size_t begin_ = kNone;
 };
 
+// The vertices in line with the point, but for a reach.
+class TurningParts::InLine {
+public:
+    InLine(const TurningProfile& profile, const Wide& reach)
+        : directions_(profile.directions()), reach_(reach), vertices_(directions_.size())
+    {
+        for (const Part& part : profile.parts()) {
+            vertices_[part.from].push_back(part.ahead ? part.begin : part.begin * -1.0);
+            vertices_[part.to].push_back(part.ahead ? part.end : part.end * -1.0);
+            farthest_ = std::max({farthest_, abs(part.end.x), abs(part.end.y)});
+        }
+    }
+
+    // Whether one lies between two places along a direction, and not next to them.
+    bool has_between(std::size_t direction, const Wide& left, const Wide& right) const
+    {
+        const WidePoint& run = directions_[direction];
+        const auto has = [&](std::size_t other) {
+            return std::any_of(vertices_[other].begin(), vertices_[other].end(), [&](const WidePoint& v) {
+                const Wide along = dot(run, v);
+                return is_on_line(v, direction) && along > left + reach_ && along < right - reach_;
+            });
+        };
+        // To either side; the last direction is the first one, run back.
+        const std::size_t n = directions_.size();
+        for (const std::size_t step : {std::size_t{1}, n - 1})
+            for (std::size_t k = 0; k < n; ++k) {
+                const std::size_t other = (direction + k * step) % n;
+                if (!is_beside(other, direction))
+                    break;
+                if (has(other))
+                    return true;
+            }
+        return false;
+    }
+
+    bool is_on_line(const WidePoint& p, std::size_t direction) const
+    {
+        return !(abs(cross(directions_[direction], p)) > reach_);
+    }
+
+    // Whether the line runs along a side on which the point lies but for its rounding: doubles decide what it meets then.
+    bool runs_along_side_at_point(std::size_t direction, const std::vector<WidePoint>& ends) const
+    {
+        const Wide farther = std::max({abs(ends[0].x), abs(ends[0].y), abs(ends[1].x), abs(ends[1].y)});
+        return !(abs(cross(ends[0], ends[1])) > farther * reach_) &&
+               (is_on_line(ends[0], direction) || is_on_line(ends[1], direction));
+    }
+
+    const Wide& reach() const { return reach_; }
+
+private:
+    // A vertex not much nearer than the farthest one may lie on both lines.
+    bool is_beside(std::size_t one, std::size_t other) const
+    {
+        constexpr double kNearer = 64.0;
+        return !(abs(cross(directions_[one], directions_[other])) * farthest_ > reach_ * kNearer);
+    }
+
+    const std::vector<WidePoint>& directions_;
+    Wide reach_;
+    Wide farthest_;
+    std::vector<std::vector<WidePoint>> vertices_;  // of each direction
+};
+
 TurningParts::TurningParts(const JoinedRings& rings, const std::vector<WidePoint>& points,
                            std::optional<std::size_t> vertex, const WidePoint& first)
     : rings_(rings), vertex_(vertex), profile_(rings, points, 1.0, first), tour_(rings.rings()),
       hung_(profile_.parts().size()), at_part_(profile_.parts().size())
 {
+    if (vertex_)
+        beside_point_ = {points[rings.before(*vertex_)], points[rings.next(*vertex_)]};
     put_in_order();
     hang_all();
     for (auto ring = in_order_.rbegin(); ring != in_order_.rend(); ++ring)
@@ -320,6 +392,26 @@ Wide TurningParts::left_of(const Run& run, std::size_t sector, std::size_t direc
     return left;
 }
 
+TurningParts::AtRims TurningParts::left_at_rims(const Run& run, std::size_t sector) const
+{
+    const AtRims left = {left_of(run, sector, sector), left_of(run, sector, sector + 1)};
+    const bool tour_begins_there = left.begin + left.end < 0.0;
+    return tour_begins_there ? AtRims{left.begin + area_, left.end + area_} : left;
+}
+
+// By which the area on the left grows.
+std::vector<TurningParts::Term> TurningParts::terms_of(const Run& run, std::size_t sector) const
+{
+    std::vector<Term> terms;
+    for (const std::size_t part : run.left)
+        terms.push_back(profile_.swept_along(profile_.parts()[part], sector));
+    for (const std::size_t part : run.right) {
+        const Term swept = profile_.swept_along(profile_.parts()[part], sector);
+        terms.push_back({-swept.growth, swept.bend});
+    }
+    return terms;
+}
+
 // From the point to where its own ring is met again.
 void TurningParts::add_runs_from_point(bool ahead, const Rows& rows, std::vector<Run>& found) const
 {
@@ -416,22 +508,11 @@ struct TurningParts::Search {
 
     void look(const Run& run, std::size_t sector)
     {
-        Wide begin = parts.left_of(run, sector, sector);
-        Wide end = parts.left_of(run, sector, sector + 1);
-        if (begin + end < 0.0) {  // the tour begins on the left
-            begin = begin + parts.area_;
-            end = end + parts.area_;
-        }
-        std::vector<TurningProfile::Term> terms;
+        const auto [begin, end] = parts.left_at_rims(run, sector);
+        const std::vector<Term> terms = parts.terms_of(run, sector);
         Wide most = granted;
-        for (const bool is_left : {true, false}) {
-            for (const std::size_t i : is_left ? run.left : run.right) {
-                const TurningProfile::Term term =
-                    parts.profile_.swept_along(parts.profile_.parts()[i], sector);
-                terms.push_back({is_left ? term.growth : -term.growth, term.bend});
-                most = most + abs(term.growth / (term.bend + 1.0));
-            }
-        }
+        for (const Term& term : terms)
+            most = most + abs(term.growth / (term.bend + 1.0));
         for (const bool back : {false, true}) {
             if (run.at_point != 0 && back != (run.at_point < 0))
                 continue;
@@ -441,8 +522,8 @@ struct TurningParts::Search {
         }
     }
 
-    void look_between(const std::vector<TurningProfile::Term>& terms, std::size_t sector, bool back,
-                      const Wide& begin, const Wide& end)
+    void look_between(const std::vector<Term>& terms, std::size_t sector, bool back, const Wide& begin,
+                      const Wide& end)
     {
         propose_at(sector, back, begin);
         const TurningZeros zeros = turning_zeros(terms, begin, end, parts.profile_.scale(), granted);
@@ -498,6 +579,107 @@ std::vector<TurningLine> TurningParts::lines(const Wide& left, const Wide& grant
     search.add_to(found, search.exact, false);
     search.add_to(found, search.beside, true);
     return found;
+}
+
+// Whether the boundary crosses the line where a part of it ends at a rim: it goes on with another part there.
+bool TurningParts::crosses_at(std::size_t i, std::size_t direction) const
+{
+    const std::vector<Part>& parts = profile_.parts();
+    const Part& part = parts[i];
+    if (part.from != direction && part.to != direction)
+        return true;
+    const std::size_t last = profile_.directions().size() - 1;
+    const bool ends = part.to == direction;
+    const bool turns_over = direction == (ends ? last : 0);  // the last direction is the first one, run back
+    const std::size_t rim = turns_over ? last - direction : direction;
+    const WidePoint& at = ends ? part.end : part.begin;
+    const std::size_t ring = rings_.ring_of(part.side);
+    const std::size_t first = first_of_ring_[ring];
+    const std::size_t n = first_of_ring_[ring + 1] - first;
+    for (const std::size_t step : {std::size_t{1}, n - 1}) {
+        const Part& other = parts[first + (i - first + step) % n];
+        const WidePoint from = (ends ? other.begin : other.end) * (turns_over ? -1.0 : 1.0);
+        if ((ends ? other.from : other.to) == rim && other.ahead == (part.ahead != turns_over) &&
+            is_same(from, at))
+            return true;
+    }
+    return false;
+}
+
+// On which side of the line, 1 for the left, the boundary stays at the point; 0 where it crosses the line.
+int TurningParts::side_at_point(std::size_t direction) const
+{
+    const WidePoint& run = profile_.directions()[direction];
+    const auto side_of = [&run](const WidePoint& p) {
+        const Wide off = cross(run, p);
+        return off > 0.0 ? 1 : (off < 0.0 ? -1 : 0);
+    };
+    const int before = side_of(beside_point_[0]);
+    const int after = side_of(beside_point_[1]);
+    return before * after < 0 ? 0 : (before != 0 ? before : after);
+}
+
+// Whether a part of the line meets the boundary at its ends only; lines that turn no further than to `direction` end on the
+// same sides if `arrives`, those that turn on from there otherwise.
+bool TurningParts::is_free(const Run& run, std::size_t direction, bool arrives, const InLine& vertices) const
+{
+    std::vector<Wide> left;
+    std::vector<Wide> right;
+    bool stays_on_left = false;
+    bool stays_on_right = false;
+    const auto met = [&](std::size_t i) {
+        const Part& part = profile_.parts()[i];
+        if (!crosses_at(i, direction))
+            (part.ahead == arrives ? stays_on_right : stays_on_left) = true;
+        const Wide along = dot(profile_.directions()[direction], profile_.hit(part, direction));
+        return part.ahead ? along : -along;
+    };
+    std::transform(run.left.begin(), run.left.end(), std::back_inserter(left), met);
+    std::transform(run.right.begin(), run.right.end(), std::back_inserter(right), met);
+    if (run.at_point != 0) {
+        (run.at_point > 0 ? left : right).emplace_back(0.0);
+        const int side = side_at_point(direction);
+        stays_on_left = stays_on_left || side > 0;
+        stays_on_right = stays_on_right || side < 0;
+        if (vertices.runs_along_side_at_point(direction, beside_point_))
+            return false;
+    }
+    if (stays_on_left && stays_on_right)
+        return false;
+    std::sort(left.begin(), left.end());
+    std::sort(right.begin(), right.end());
+    for (std::size_t i = 0; i < left.size(); ++i)
+        if (vertices.has_between(direction, left[i], right[i]) ||
+            (i > 0 && !(left[i] - right[i - 1] > vertices.reach())))
+            return false;
+    return true;
+}
+
+std::vector<AreaRange> TurningParts::areas(const Wide& reach) const
+{
+    const InLine vertices(profile_, reach);
+    std::vector<AreaRange> all;
+    sweep([&](const Rows& rows, std::size_t sector) {
+        for (const Run& run : runs(rows)) {
+            const AtRims left = left_at_rims(run, sector);
+            const LeastAndMost found =
+                least_and_most_between(terms_of(run, sector), left.begin, left.end, profile_.scale());
+            const bool begin_is_free = is_free(run, sector, false, vertices);
+            const bool end_is_free = is_free(run, sector + 1, true, vertices);
+            const auto is_had = [&](const Wide& area) {
+                const bool at_begin = !(abs(area - left.begin) > 0.0);
+                const bool at_end = !(abs(area - left.end) > 0.0);
+                return (!at_begin && !at_end) || (at_begin && begin_is_free) || (at_end && end_is_free);
+            };
+            const AreaRange on_left = {found.least, found.most, is_had(found.least), is_had(found.most)};
+            if (run.at_point >= 0)
+                all.push_back(on_left);
+            if (run.at_point <= 0)
+                all.push_back(
+                    {area_ - found.most, area_ - found.least, on_left.most_is_had, on_left.least_is_had});
+        }
+    });
+    return all;
 }
 
 }  // namespace plparcel

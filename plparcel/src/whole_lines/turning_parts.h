@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "boundary/joined_rings.h"
+#include "lines/area_ranges.h"
 #include "numbers/wide.h"
 #include "whole_lines/turning_lines.h"
 #include "whole_lines/turning_profile.h"
@@ -44,8 +45,15 @@ public:
     /// @param[in] granted  by how much a line may miss it
     std::vector<TurningLine> lines(const Wide& left, const Wide& granted) const;
 
+    /// The areas on the left of all parts of the line, in no order, overlapping. Costs as much as lines(), and where
+    /// vertices stand in line with the point but for the reach, for each of them as many steps as there are such vertices.
+    ///
+    /// @param[in] reach  a vertex so near to a line lies on it
+    std::vector<AreaRange> areas(const Wide& reach) const;
+
 private:
     using Part = TurningProfile::Part;
+    using Term = TurningProfile::Term;
 
     // A hole that hangs on a part.
     struct Hung {
@@ -81,8 +89,15 @@ private:
         std::size_t beyond;    // the next part of another ring
     };
 
+    // What lies on the left of a part of the line at both rims of a sector.
+    struct AtRims {
+        Wide begin;
+        Wide end;
+    };
+
     class Rows;
     class Walk;
+    class InLine;
     struct Search;
 
     void put_in_order();
@@ -97,6 +112,11 @@ private:
     Wide swept(std::size_t part, std::size_t sector, std::size_t direction) const;
     Wide swept_at_point() const;
     Wide left_of(const Run& run, std::size_t sector, std::size_t direction) const;
+    AtRims left_at_rims(const Run& run, std::size_t sector) const;
+    std::vector<Term> terms_of(const Run& run, std::size_t sector) const;
+    bool crosses_at(std::size_t part, std::size_t direction) const;
+    int side_at_point(std::size_t direction) const;
+    bool is_free(const Run& run, std::size_t direction, bool arrives, const InLine& vertices) const;
     void sweep(const std::function<void(const Rows&, std::size_t sector)>& visit) const;
     std::vector<Run> runs(const Rows& rows) const;
     void add_runs_from_point(bool ahead, const Rows& rows, std::vector<Run>& found) const;
@@ -105,6 +125,7 @@ private:
 
     const JoinedRings& rings_;
     std::optional<std::size_t> vertex_;
+    std::vector<WidePoint> beside_point_;  // the vertices before and after the one at the point
     TurningProfile profile_;
     std::vector<std::size_t> from_;           // parts by where the ray comes to them
     std::vector<std::size_t> to_;             // and by where it leaves them

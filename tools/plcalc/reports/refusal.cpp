@@ -196,10 +196,6 @@ Failure refusal(const Answer& answer, const std::optional<Instead>& instead)
                               ": those that cut off " + described_amount(answer) + " are " +
                               std::to_string(answer.printed.alternatives),
                           "choose one with --alternative N, from 1");
-    case Status::only_without_holes:
-        return cannot_cut(
-            answer, plparcel::describe(status),
-            "let the whole line cut with --pieces any, or cut along a side, across it, or at a bearing");
     default:
         break;
     }

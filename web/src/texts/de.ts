@@ -71,7 +71,7 @@ export const de: Texts = {
         rings_meet: 'Zwei Ringe treffen sich', hole_outside: 'Ein Loch liegt außerhalb', hole_in_hole: 'Ein Loch liegt in einem anderen',
         unknown_request: 'Diese Art von Linie oder Menge ist nicht bekannt', no_such_index: 'Diese Seite oder Ecke gibt es nicht', side_without_length: 'Die Seite hat keine Länge', no_direction: 'Der Linie fehlt eine Richtung',
         no_width: 'Eine Breite passt nicht zu einer Linie aus einem Punkt', no_such_place: 'Die Stelle liegt nicht auf der Seite', point_outside: 'Der Punkt liegt außerhalb',
-        only_one_amount: 'Eine ganze Gerade durch einen Punkt schneidet nur einen Teil ab', only_without_holes: 'Das geht nur ohne Löcher', no_amount: 'Es ist nichts verlangt',
+        only_one_amount: 'Eine ganze Gerade durch einen Punkt schneidet nur einen Teil ab', no_amount: 'Es ist nichts verlangt',
         unusable_rounding: 'Diese Rundung geht nicht',
         unusable_amount: 'Das ist keine brauchbare Menge', amount_too_small: 'Die Menge ist nicht größer als null', amount_too_large: 'Die Menge ist nicht kleiner als das, was da ist',
         base_reaches_behind: 'Hinter der Seite liegt schon mehr als verlangt', no_line_through_point: 'Keine Linie durch den Punkt trennt so viel ab',

@@ -26,8 +26,6 @@ const char* name_of(plparcel::Status status)
         return "point_outside";
     case Status::only_one_amount:
         return "only_one_amount";
-    case Status::only_without_holes:
-        return "only_without_holes";
     case Status::no_amount:
         return "no_amount";
     case Status::unusable_rounding:
