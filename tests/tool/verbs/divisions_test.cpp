@@ -198,8 +198,7 @@ TEST_F(Divisions, SeveralLinesThroughAPointAreCounted)
     write("lot.csv", "E,N\n0,0\n100,0\n100,100\n0,100\n");
     const test::Result first = divide("lot.csv", "--through 20,20 --area 1000");
     ASSERT_EQ(first.status, 0) << first.err;
-    EXPECT_NE(first.out.find("Chosen  line 1 of the 2 that hold the area (--alternative)\n"),
-              std::string::npos)
+    EXPECT_NE(first.out.find("Chosen  line 1 of 2 to choose from (--alternative)\n"), std::string::npos)
         << first.out;
     const test::Result second = divide("lot.csv", "--through 20,20 --area 1000 --alternative 2");
     ASSERT_EQ(second.status, 0) << second.err;
@@ -210,8 +209,8 @@ TEST_F(Divisions, SeveralLinesThroughAPointAreCounted)
     EXPECT_NE(divide("lot.csv", "--through 20,20 --area 1000 --json").out.find("\"alternatives\": 2"),
               std::string::npos);
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--through 20,20 --area 1000 --alternative 3"), 4,
-                                 "lot.csv: there is no line number 3: those that cut off the requested area "
-                                 "1000 are 2; choose one with "
+                                 "lot.csv: there is no line number 3: to cut off the requested area "
+                                 "1000 there are 2 to choose from; choose one with "
                                  "--alternative N, from 1"));
 }
 

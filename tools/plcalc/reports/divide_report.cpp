@@ -65,15 +65,16 @@ std::string described_decimals(const Answer& answer)
            std::to_string(*asked) + " do not hold the area\n";
 }
 
-// Where several lines hold the area, which one this is.
+// Where there are several lines to choose from, which one this is. Not always are these all that hold the area: through the
+// middle of a rectangle every line does.
 std::string described_alternative(const Answer& answer)
 {
     const std::size_t count = answer.printed.alternatives;
     if (count == 0)
         return "";
     const std::size_t chosen = answer.asked.request.alternative;
-    return "Chosen  line " + std::to_string(chosen + 1) + " of the " + std::to_string(count) +
-           (count > 1 ? " that hold the area (--alternative)\n" : " that holds the area\n");
+    return "Chosen  line " + std::to_string(chosen + 1) + " of " + std::to_string(count) +
+           (count > 1 ? " to choose from (--alternative)\n" : "\n");
 }
 
 // Which side it is that was asked for by what it is.

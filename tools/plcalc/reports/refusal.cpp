@@ -193,8 +193,8 @@ Failure refusal(const Answer& answer, const std::optional<Instead>& instead)
     case Status::no_further_line:
         return cannot_cut(answer,
                           "there is no line number " + std::to_string(answer.asked.request.alternative + 1) +
-                              ": those that cut off " + described_amount(answer) + " are " +
-                              std::to_string(answer.printed.alternatives),
+                              ": to cut off " + described_amount(answer) + " there are " +
+                              std::to_string(answer.printed.alternatives) + " to choose from",
                           "choose one with --alternative N, from 1");
     default:
         break;
