@@ -31,7 +31,7 @@ std::string dumped_in_list(const Json& json)
     std::istringstream lines(dumped(json));
     std::string text;
     for (std::string line; std::getline(lines, line);)
-        text += (text.empty() ? "" : "\n") + indent + line;
+        text.append(text.empty() ? "" : "\n").append(indent).append(line);
     return text;
 }
 
