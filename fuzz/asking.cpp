@@ -1,8 +1,11 @@
 // plparcel: which side is meant, what could be asked instead, and what neighbours get. Sides are compared again, in long double; what is said
 // to be had is divided.
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -164,9 +167,18 @@ void check_inserted(const Ring& before, const Ring& after, std::size_t& inserted
     FUZZ_CHECK(kept == before.size());
 }
 
-void check_with_points(const plparcel::SharedSides& shared, const Parcel& parcel)
+bool same_ring(const Ring& a, const Ring& b)
+{
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(),
+                      [](const PL_PNT2D_record& p, const PL_PNT2D_record& q) { return fuzz::same(p, q); });
+}
+
+void check_with_points(const plparcel::SharedSides& shared, const plparcel::SharedSides& in_file,
+                       const Parcel& parcel)
 {
     const plparcel::WithPoints with = shared.with_points(parcel);
+    FUZZ_CHECK(same_ring(with.parcel.outer, in_file.with_points(parcel).parcel.outer));
     std::size_t inserted = 0;
     check_inserted(parcel.outer, with.parcel.outer, inserted);
     FUZZ_CHECK(with.parcel.holes.size() == parcel.holes.size());
@@ -193,16 +205,33 @@ void check_neighbours(Reader& in, const Parcel& parcel, const plparcel::Line& li
     for (const plparcel::Segment& segment : segments)
         points.push_back({in.point(), segment});
     const Parcel other = {fuzz::read_ring(in), {}};
-    const plparcel::SharedSides shared(points, within, [&](const plparcel::SharedSides::Take& take) {
+    const auto layer = [&](const plparcel::SharedSides::Take& take) {
         take(parcel);
         take(other);
-    });
+    };
+    const plparcel::SharedSides shared(points, within, layer);
+    std::vector<unsigned char> file;
+    const plparcel::Scratch scratch = {[&](std::uint64_t place, const void* bytes, std::size_t size) {
+                                           FUZZ_CHECK(place <= file.size());
+                                           file.resize(std::max<std::size_t>(file.size(), place + size));
+                                           std::memcpy(file.data() + place, bytes, size);
+                                       },
+                                       [&](std::uint64_t place, void* bytes, std::size_t size) {
+                                           FUZZ_CHECK(place + size <= file.size());
+                                           std::memcpy(bytes, file.data() + place, size);
+                                       }};
+    const plparcel::SharedSides in_file = plparcel::SharedSides::in_file(
+        scratch,
+        [&](const plparcel::SharedSides::TakePoint& take) {
+            std::for_each(points.begin(), points.end(), take);
+        },
+        within, layer);
     const std::vector<Parcel> pieces = plparcel::pieces_with_corners(parcel, division);
     FUZZ_CHECK(pieces.size() == division.pieces.size());
     for (const Parcel& piece : pieces)
-        check_with_points(shared, piece);
-    check_with_points(shared, parcel);
-    check_with_points(shared, other);
+        check_with_points(shared, in_file, piece);
+    check_with_points(shared, in_file, parcel);
+    check_with_points(shared, in_file, other);
 }
 
 // A vertex has the height of the first at its place; of a point on the way it lies between the least and the greatest.

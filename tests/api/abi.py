@@ -17,7 +17,7 @@ import xml.etree.ElementTree as xml
 # What abidiff's exit status is made of.
 FAILED, MISUSED, CHANGED, BROKEN = 1, 2, 4, 8
 TYPES = {"array-type-def", "class-decl", "enum-decl", "function-type", "pointer-type-def", "qualified-type-def",
-         "reference-type-def", "subrange", "type-decl", "typedef-decl", "union-decl"}
+         "reference-type-def", "type-decl", "typedef-decl", "union-decl"}
 
 
 def described(library, headers):

@@ -5,12 +5,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "kept/file_in_memory.h"
 #include "plparcel/division.h"
 #include "plparcel/rounding.h"
 #include "text_of.h"
@@ -239,6 +242,20 @@ TEST(SharedSides, TellTheChangeOfTheArea)
     EXPECT_EQ(text_of(with.parcel.holes[0]), "0 0, 0 20, 100 20, 100 0, 40 0.5");
 }
 
+//        S------------------E         Two divided sides on one line. The neighbour below has the first one as its own, and the
+//               L-----------------    point of the second one lies half a millimetre from its corner E.
+TEST(SharedSides, TellAPointOfAnotherSideBesideACorner)
+{
+    for (const bool turned : {false, true}) {
+        const auto at = [&](double x) { return PL_PNT2D_record{turned ? 100 - x : x, 0}; };
+        const SharedSides shared({{at(40), {at(0), at(100)}}, {at(99.9995), {at(50), at(150)}}}, 0.001);
+        const WithPoints with = shared.with_points({{at(100), at(0), {0, -50}, {100, -50}}, {}});
+        EXPECT_EQ(with.inserted, 2u);  // the first side's point, and the end of the second
+        EXPECT_EQ(with.beside, 1u);
+        EXPECT_NEAR(with.farthest_beside, 0.0005, 1e-12);
+    }
+}
+
 TEST(SharedSides, LeaveAParcelOutThatWouldMeetItself)
 {
     // A spike of the neighbour reaches up to a millimetre below its side, just where the point lies.
@@ -252,6 +269,69 @@ TEST(SharedSides, LeaveAParcelOutThatWouldMeetItself)
     const WithPoints crossed = shared.with_points({{{100, 0}, {0, 0}, {100, -50}, {0, -50}}, {}});
     EXPECT_FALSE(crossed.left_out);
     EXPECT_EQ(crossed.inserted, 1u);
+}
+
+// Rows of parcels between straight lines, a point on each side. The corners of a row lie in the middle of the next one's
+// sides, so that each side lies along two others.
+std::vector<Parcel> bricks(int rows, int in_row)
+{
+    std::vector<Parcel> layer;
+    for (int j = 0; j < rows; ++j)
+        for (int i = 0; i < in_row; ++i) {
+            const double x = 40.0 * i + 13.0 * (j % 3);
+            const double y = 30.0 * j;
+            layer.push_back({{{x, y}, {x + 40, y}, {x + 40, y + 30}, {x, y + 30}}, {}});
+        }
+    return layer;
+}
+
+TEST(SharedSides, AreTheSameInAFile)
+{
+    const std::vector<Parcel> layer = bricks(90, 300);
+    std::vector<NewPoint> points;
+    for (const Parcel& parcel : layer)
+        for (std::size_t i = 0; i < 4; ++i) {
+            const PL_PNT2D_record& a = parcel.outer[i];
+            const PL_PNT2D_record& b = parcel.outer[(i + 1) % 4];
+            points.push_back({{a.x + 0.3 * (b.x - a.x), a.y + 0.3 * (b.y - a.y) + 0.0004}, {a, b}});
+        }
+    const auto all_parcels = [&](const SharedSides::Take& take) {
+        for (const Parcel& parcel : layer)
+            take(parcel);
+    };
+    const SharedSides in_memory(points, 0.001, all_parcels);
+    parcel_test::FileInMemory file;
+    const SharedSides in_file = SharedSides::in_file(
+        file.scratch(),
+        [&](const SharedSides::TakePoint& take) {
+            for (const NewPoint& point : points)
+                take(point);
+        },
+        0.001, all_parcels);
+    std::size_t inserted = 0;
+    for (const Parcel& parcel : layer) {
+        const WithPoints one = in_memory.with_points(parcel);
+        const WithPoints other = in_file.with_points(parcel);
+        ASSERT_EQ(text_of(one.parcel.outer), text_of(other.parcel.outer));
+        ASSERT_EQ(text_of(one.existing), text_of(other.existing));
+        ASSERT_EQ(one.beside, other.beside);
+        inserted += one.inserted;
+    }
+    // A point and half of the neighbours' two on each side that somebody shares.
+    EXPECT_GT(inserted, 4 * layer.size());
+    EXPECT_GT(file.reads, 1000u);  // more than stays in memory
+    EXPECT_FALSE(file.is_torn);
+}
+
+TEST(SharedSides, LetTheFilesErrorsThrough)
+{
+    struct Full {};
+    const plparcel::Scratch full = {[](std::uint64_t, const void*, std::size_t) { throw Full(); }, {}};
+    const auto many = [](const SharedSides::TakePoint& take) {
+        for (int i = 0; i < 1000; ++i)
+            take({{i + 0.5, 0.0}, {{i + 0.0, 0.0}, {i + 1.0, 0.0}}});
+    };
+    EXPECT_THROW(SharedSides::in_file(full, many, 0.001), Full);
 }
 
 //     +-----------+-----------+      Two neighbours below share the place M, in the middle of the divided side.

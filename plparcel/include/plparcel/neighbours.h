@@ -28,6 +28,7 @@
 /// ```
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -82,11 +83,23 @@ struct WithPoints {
     bool left_out = false;
 };
 
+/// A file of the caller's for what would fill the memory. What its functions throw passes through the function that it was
+/// handed to.
+struct Scratch {
+    /// Writes so many bytes at that place, counted from 0: over bytes that were written, or right behind the last.
+    std::function<void(std::uint64_t place, const void* bytes, std::size_t size)> write;
+    /// Reads bytes that were written. May be called by several threads at the same time, when these share what was made
+    /// with the file.
+    std::function<void(std::uint64_t place, void* bytes, std::size_t size)> read;
+};
+
 /// The sides of a layer's parcels on which divisions have put points.
 class SharedSides {
 public:
     /// Takes a parcel of the layer.
     using Take = std::function<void(const Parcel& parcel)>;
+    /// Takes a point of a division.
+    using TakePoint = std::function<void(const NewPoint& point)>;
 
     /// @param[in] points  of all divisions of the layer, in any order. Points whose own coordinates or side are not finite
     ///                    or beyond 1e90, or whose side has no length, are left out
@@ -101,11 +114,25 @@ public:
     ///             that all overlap along one line each keeps the points of all, k^2, and with_points() sorts those of
     ///             every side for each ring there, k^3 at worst. Of parcels side by side k is two; only parcels that lie
     ///             over one another have more. Counted, with a point on each of 60 such sides: 15 million instructions
-    ///             here, and 43 million in with_points() for their 60 parcels; of 120: 56 and 222 million. About 24 bytes
-    ///             are kept for a point and 80 for a side with points; while they are made, twice as much and 48 for each
+    ///             here, and 43 million in with_points() for their 60 parcels; of 120: 56 and 222 million. About 16 bytes
+    ///             are kept for a point and 82 for a side with points; while they are made, twice as much and 48 for each
     ///             point that was handed over.
     PLPARCEL_API SharedSides(std::vector<NewPoint> points, double within,
                              const std::function<void(const Take& take)>& layer = {});
+
+    /// The same in a file, for layers of any size: the answers are those of the other one, to the last bit.
+    ///
+    /// @param[in] file    used as long as there is a copy of what is returned; may be empty
+    /// @param[in] points  hands the points over one by one; called once, before the layer
+    /// @param[in] within  as above
+    /// @param[in] layer   as above
+    ///
+    /// Cost        Up to ten megabytes of memory, of which four are what was read last, and 3 bytes for each point and each
+    ///             side with points. In the file about 250 bytes for each of them.
+    PLPARCEL_API static SharedSides in_file(const Scratch& file,
+                                            const std::function<void(const TakePoint& take)>& points,
+                                            double within,
+                                            const std::function<void(const Take& take)>& layer = {});
 
     /// A parcel or a piece with the points on its sides. May be called by several threads at the same time.
     ///
@@ -127,6 +154,7 @@ public:
 
 private:
     class Index;
+    explicit SharedSides(std::shared_ptr<const Index> index);
     std::shared_ptr<const Index> index_;
 };
 

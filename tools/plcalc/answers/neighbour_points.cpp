@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <utility>
+#include <vector>
 
 #include "answers/heights.h"
 
@@ -70,16 +72,37 @@ void NeighbourPoints::note(const Answer& answer)
         return;
     const std::vector<plparcel::NewPoint> points =
         plparcel::new_points(boundary_of(answer.parcel), answer.printed.proven);
-    points_.insert(points_.end(), points.begin(), points.end());
+    points_.write(count_ * sizeof(plparcel::NewPoint), points.data(),
+                  points.size() * sizeof(plparcel::NewPoint));
+    count_ += points.size();
     for (const plparcel::NewPoint& point : points)
         farthest_off_ = std::max(farthest_off_, foot_on(point.side.from, point.side.to, point.at).distance);
 }
 
+void NeighbourPoints::hand_over(const plparcel::SharedSides::TakePoint& take) const
+{
+    constexpr std::size_t kAtOnce = 1024;
+    std::vector<plparcel::NewPoint> some;
+    for (std::size_t i = 0; i < count_; i += some.size()) {
+        some.resize(std::min(kAtOnce, count_ - i));
+        points_.read(i * sizeof(plparcel::NewPoint), some.data(), some.size() * sizeof(plparcel::NewPoint));
+        std::for_each(some.begin(), some.end(), take);
+    }
+}
+
 void NeighbourPoints::note_layer(const Layer& layer)
 {
-    shared_.emplace(std::exchange(points_, {}), within_, [&](const plparcel::SharedSides::Take& take) {
-        layer([&](const Parcel& parcel) { take(boundary_of(parcel)); });
-    });
+    const plparcel::Scratch file = {
+        [this](std::uint64_t place, const void* bytes, std::size_t size) {
+            sorted_.write(place, bytes, size);
+        },
+        [this](std::uint64_t place, void* bytes, std::size_t size) { sorted_.read(place, bytes, size); }};
+    shared_ = plparcel::SharedSides::in_file(
+        file, [this](const auto& take) { hand_over(take); }, within_,
+        [&](const plparcel::SharedSides::Take& take) {
+            layer([&](const Parcel& parcel) { take(boundary_of(parcel)); });
+        });
+    points_ = {};
 }
 
 Insertion NeighbourPoints::insert_in_pieces(Answer& answer) const

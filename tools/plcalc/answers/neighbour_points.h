@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "answers/printed_division.h"
+#include "console/scratch_file.h"
 #include "plparcel/neighbours.h"
 
 namespace tool {
@@ -23,7 +23,7 @@ struct Insertion {
     std::size_t missed = 0;  ///< amounts of a division that are off by more than the tolerance with them
 };
 
-/// The points of a layer: first of all divisions, then in all parcels.
+/// The points of a layer: first of all divisions, then in all parcels. They are kept in a temporary file.
 class NeighbourPoints {
 public:
     /// @param[in] within  two boundaries that are no farther apart are one; unit of the parcels
@@ -46,9 +46,13 @@ public:
     Insertion insert_in(Parcel& parcel) const;
 
 private:
+    void hand_over(const plparcel::SharedSides::TakePoint& take) const;
+
     double within_;
     double farthest_off_ = 0.0;  // of the points from their sides
-    std::vector<plparcel::NewPoint> points_;
+    ScratchFile points_;         // of all divisions, one behind the other
+    std::size_t count_ = 0;      // of these
+    ScratchFile sorted_;
     std::optional<plparcel::SharedSides> shared_;
 };
 

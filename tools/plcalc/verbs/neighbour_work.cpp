@@ -1,10 +1,20 @@
 #include "verbs/neighbour_work.h"
 
+#include <algorithm>
+
 #include "console/interrupt.h"
 #include "reports/many_report.h"
 #include "verbs/batches.h"
 
 namespace tool {
+namespace {
+
+long long number_of(const ReadParcel& read)
+{
+    return read.feature != nullptr ? read.feature->GetFID() : OGRNullFID;
+}
+
+}  // namespace
 
 NeighbourWork::NeighbourWork(ParcelFile& file, ParcelRequests& requests, std::size_t jobs, double within)
     : whole_(file.all_of_layer()), points_(within), tally_(within)
@@ -17,9 +27,10 @@ NeighbourWork::NeighbourWork(ParcelFile& file, ParcelRequests& requests, std::si
                 points_.note(*answer);
         for (const ReadParcel& read : batch.read)
             if (whole_)
-                ours_.insert(read.parcel.place.feature);
+                ours_.push_back(number_of(read));
         guard.check();
     });
+    std::sort(ours_.begin(), ours_.end());
 }
 
 void NeighbourWork::note_layer(const Source& all)
@@ -83,7 +94,7 @@ void NeighbourWork::count_heights()
 
 bool NeighbourWork::is_neighbour(const ReadParcel& read) const
 {
-    return whole_ && ours_.count(read.parcel.place.feature) == 0;
+    return whole_ && !std::binary_search(ours_.begin(), ours_.end(), number_of(read));
 }
 
 }  // namespace tool

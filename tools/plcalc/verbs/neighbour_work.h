@@ -5,8 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
-#include <string>
-#include <unordered_set>
+#include <vector>
 
 #include "answers/heights.h"
 #include "answers/neighbour_points.h"
@@ -46,8 +45,8 @@ private:
     void count_heights();
     bool is_neighbour(const ReadParcel& read) const;
 
-    std::optional<Source> whole_;           // where some parcels of the layer are not ours
-    std::unordered_set<std::string> ours_;  // by feature
+    std::optional<Source> whole_;  // where some parcels of the layer are not ours
+    std::vector<long long> ours_;  // the features, in order
     KnownHeights heights_;
     NeighbourPoints points_;
     NeighbourTally tally_;
