@@ -313,16 +313,24 @@ TEST_F(Formats, TextInUtf16)
     const std::string table = std::string("Flurst\u00fcck,E,N\n") +
                               "\u0141,500000,5000000\n\u0141,500100,5000000\n"
                               "\u0141,500100,5000050\n\u0141,500000,5000050\n";
-    for (const char* encoding : {"UTF-16LE", "UTF-16BE"}) {
-        write("utf8", table);
-        const std::string command =
-            std::string("(printf '") + (encoding[6] == 'L' ? "\\377\\376" : "\\376\\377") +
-            "'; iconv -f UTF-8 -t " + encoding + " " + path("utf8") + ") >" + path("lot.csv");
-        ASSERT_EQ(std::system(command.c_str()), 0);
-        const test::Result run = divide("lot.csv", kStrip);
-        expect_divided(run);
-        EXPECT_EQ(run.out.rfind("Parcel  lot.csv: Flurst\u00fcck \u0141\n", 0), 0u) << run.out;
-    }
+    const std::string little = "\\377\\376";
+    const std::string big = "\\376\\377";
+    // With a mark in front, and without one.
+    for (const auto& [encoding, mark] : {std::pair{"UTF-16LE", little},
+                                         {"UTF-16BE", big},
+                                         {"UTF-16LE", std::string()},
+                                         {"UTF-16BE", std::string()}})
+        for (const char* name : {"lot.csv", "lot.txt"}) {
+            write("utf8", table);
+            const std::string command = "(printf '" + mark + "'; iconv -f UTF-8 -t " + encoding + " " +
+                                        path("utf8") + ") >" + path(name);
+            ASSERT_EQ(std::system(command.c_str()), 0);
+            const test::Result run = divide(name, kStrip);
+            expect_divided(run);
+            const std::string first = std::string("Parcel  ") + name + ": Flurst\u00fcck \u0141\n";
+            EXPECT_EQ(run.out.rfind(first, 0), 0u) << encoding << mark << run.out << run.err;
+            expect_divided(divide_from(name, "-"));
+        }
     write("lot.csv", std::string("\xFF\xFE") + "E\0,");
     EXPECT_TRUE(test::fails_with(divide("lot.csv", kStrip), 3,
                                  "lot.csv: the text begins as UTF-16, but is not; save it as CSV in UTF-8"));

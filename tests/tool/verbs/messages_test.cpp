@@ -667,7 +667,7 @@ TEST_F(Messages, OutputThatCannotBeWritten)
             err_of(full, "divide lot.csv --parallel 1 --parts 200 -o " + std::string(out));
         EXPECT_EQ(layers.rfind("plcalc: " + std::string(out) + ": the file could not be written", 0), 0u)
             << layers;
-        EXPECT_TRUE(ends_with(layers, "; try another format, such as OUT.gpkg\n")) << layers;
+        EXPECT_TRUE(ends_with(layers, "; try another format, such as GeoPackage (.gpkg)\n")) << layers;
     }
     for (const auto& entry : std::filesystem::directory_iterator(path("")))
         EXPECT_NE(entry.path().stem(), "out") << entry.path();

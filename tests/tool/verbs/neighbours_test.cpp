@@ -281,7 +281,7 @@ TEST_F(Neighbours, OfWhichSomeHaveHeightsKeepThem)
     // A Shapefile would have them at zero.
     const std::string told =
         "Heights of neighbours are not written: some vertices have none, and this format (ESRI "
-        "Shapefile) holds all or none; name it .gpkg to keep them\n";
+        "Shapefile) holds all or none; write a GeoPackage (.gpkg) to keep them\n";
     const test::Result flat = divide("lots.geojson", asked + "-o out.shp");
     EXPECT_NE(flat.out.find("\n" + told), std::string::npos) << flat.out;
     for (const auto& shape : polygons("out-neighbours.shp", "out-neighbours"))

@@ -198,8 +198,8 @@ TEST_F(LandXml, AUnitIsNeeded)
     const test::Result rods =
         run({"divide", PLCALC_EXAMPLES "/convex.csv", "--crs", "LOCAL_CS[\"site\",UNIT[\"rod\",5.0292]]",
              "--parallel", "1", "--share", "1/2", "-o", "rods.xml"});
-    EXPECT_TRUE(test::fails_with(
-        rods, 2, "rods.xml: LandXML has no unit of length rod; name it .gpkg for a GeoPackage"));
+    EXPECT_TRUE(
+        test::fails_with(rods, 2, "rods.xml: LandXML has no unit of length rod; write a GeoPackage (.gpkg)"));
 }
 
 TEST_F(LandXml, FilesOfOthersAreRead)

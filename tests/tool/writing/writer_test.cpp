@@ -456,7 +456,7 @@ TEST_F(Writer, DegreesComeFromTheCrs)
                                      "plain." + ending + ": this format (" +
                                          (ending == "kml" ? "KML" : "GeoJSONSeq") +
                                          ") stores degrees, and the input has no CRS to convert from; "
-                                         "name it .gpkg for a GeoPackage"));
+                                         "write a GeoPackage (.gpkg)"));
     }
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson", "out-lines.geojsonl", "out-lines.kml",
                                               "out.geojsonl", "out.kml", "plain.csv"}));
@@ -467,11 +467,10 @@ TEST_F(Writer, FormatsThatRoundOrCannotBeReadBackAreRefused)
     write_lots();
     for (const std::string out : {"out.tab", "out.dgn", "out.gxt", "out.itf", "out.mvt", "out.gdb", "out.pdf",
                                   "out.kmz", "out.txt", "out.sql"})
-        EXPECT_TRUE(
-            test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
-                             "--output: no format with the ending of '" + out +
-                                 "' can be written and read back to the last digit; name it .gpkg for a "
-                                 "GeoPackage; see plcalc divide --help"));
+        EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o " + out), 2,
+                                     "--output: no format with the ending of '" + out +
+                                         "' can be written and read back to the last digit; write a "
+                                         "GeoPackage (.gpkg); see plcalc divide --help"));
 }
 
 // Lines and pieces in space, at the heights of the vertices; those of which a vertex has no height are flat.
@@ -727,7 +726,7 @@ TEST_F(Writer, WhereSomeParcelsHaveHeights)
     for (const auto& row : rows) {
         const test::Result run = split(row.file);
         EXPECT_NE(run.out.find("Heights are not written: " + std::string(row.why) +
-                               "; name it .gpkg to keep them\n"),
+                               "; write a GeoPackage (.gpkg) to keep them\n"),
                   std::string::npos)
             << run.out << run.err;
         EXPECT_EQ(run.out.find("Some shapes"), std::string::npos);
@@ -1015,15 +1014,15 @@ TEST_F(Writer, RefusalsLeaveNothingBehind)
     EXPECT_TRUE(
         test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.foo"), 2,
                          "--output: no format with the ending of 'out.foo' can be written and read "
-                         "back to the last digit; name it .gpkg for a GeoPackage; see plcalc divide --help"));
+                         "back to the last digit; write a GeoPackage (.gpkg); see plcalc divide --help"));
     EXPECT_TRUE(
         test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o nowhere/out.gpkg"), 1,
                          "nowhere/out.gpkg: the file cannot be written (No such file or directory); check "
                          "the folder and its permissions"));
     EXPECT_EQ(divide("lots.geojson", "--parallel 1 --parts 2 -o out.tab").status, 2) << "coarse coordinates";
     EXPECT_TRUE(test::fails_with(divide("lots.geojson", "--parallel 1 --parts 2 -o out.xlsx"), 2,
-                                 "out.xlsx: this format (XLSX) cannot store geometry; name it .gpkg for a "
-                                 "GeoPackage"));
+                                 "out.xlsx: this format (XLSX) cannot store geometry; write a "
+                                 "GeoPackage (.gpkg)"));
     EXPECT_EQ(files(), (std::set<std::string>{"lots.geojson"}));
 }
 
@@ -1098,11 +1097,21 @@ TEST_F(Writer, ToTheStandardOutput)
           {"-o - --format tab",
            "--format: no format with the ending 'tab' can be written and read back to the last "
            "digit; see plcalc divide --help"},
+          {"-o - --format xlsx",
+           "the standard output: this format (XLSX) cannot store geometry; write a GeoPackage (.gpkg)"},
+          {"-o - --format shp",
+           "-o -: a Shapefile is several files; choose another --format, such as gpkg; see plcalc divide "
+           "--help"},
           {"-o out.gpkg --format geojson",
            "--format is for -o -; the ending of a file chooses its format; see plcalc divide --help"}})
         EXPECT_TRUE(test::fails_with(
             divide("lots.geojson", std::string("--feature 1 --parallel 1 --parts 2 ") + row.options), 2,
             row.text));
+    EXPECT_TRUE(
+        test::fails_with(divide("lots.geojson", "--feature 1 --parallel 1 --parts 2 -o - --format gpx"), 1,
+                         "the standard output: the file could not be written (Geometry type of "
+                         "`Polygon' not supported in GPX); try another format, such as GeoPackage "
+                         "(.gpkg)"));
     EXPECT_EQ(files(),
               (std::set<std::string>{"copy.csv", "copy.dxf", "copy.geojson", "copy.gpkg", "lots.geojson"}));
 }

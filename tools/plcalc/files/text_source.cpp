@@ -9,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 #include <cpl_string.h>
@@ -57,10 +58,17 @@ std::string head_of(const std::string& file)
     return head;
 }
 
-// Spreadsheets save "Unicode text" so, with a mark in front.
-bool is_utf16(const std::string& text)
+// As iconv calls it; null for text of single bytes. Spreadsheets save "Unicode text" so, with a mark in front. Without
+// one, two Latin letters tell it: a table has no zero byte in any other encoding.
+const char* utf16_of(const std::string& text)
 {
-    return starts_with(text, "\xFF\xFE") || starts_with(text, "\xFE\xFF");
+    if (starts_with(text, "\xFF\xFE") || starts_with(text, "\xFE\xFF"))
+        return "UTF-16";
+    if (text.size() < 4 || text[0] == text[1])
+        return nullptr;
+    if (text[1] == 0 && text[2] != 0 && text[3] == 0)
+        return "UTF-16LE";
+    return text[0] == 0 && text[2] == 0 && text[3] != 0 ? "UTF-16BE" : nullptr;
 }
 
 bool is_open(iconv_t converter)
@@ -68,9 +76,13 @@ bool is_open(iconv_t converter)
     return reinterpret_cast<std::intptr_t>(converter) != -1;
 }
 
+// The text in UTF-8, if it is in UTF-16, or as it stands.
 std::string utf8_of(std::string text, const std::string& file)
 {
-    const iconv_t converter = iconv_open("UTF-8", "UTF-16");
+    const char* const encoding = utf16_of(text);
+    if (encoding == nullptr)
+        return text;
+    const iconv_t converter = iconv_open("UTF-8", encoding);
     std::string converted(text.size() * 2 + 4, '\0');
     char* from = text.data();
     std::size_t from_left = text.size();
@@ -199,7 +211,7 @@ TextSource::TextSource(const std::string& file, const std::optional<std::string>
     if (standard_input && text.empty())
         throw Failure(ExitStatus::unusable_input, {file, ""}, "the standard input is empty",
                       "let the command before it write the parcels");
-    const std::string ending = ending_for(is_utf16(text) ? utf8_of(text, file) : text);
+    const std::string ending = ending_for(utf8_of(text, file));
     const bool is_table =
         standard_input ? ending == ".csv" : is_one_of(fs::path(file).extension().string(), kTableEndings);
     std::error_code ignored;
@@ -214,8 +226,9 @@ TextSource::TextSource(const std::string& file, const std::optional<std::string>
     const std::string head = standard_input ? text : head_of(file);
     const std::string line = first_line(without_mark(head));
     separator_ = separator_in(line);
-    const bool as_it_stands = !standard_input && !columns && !is_utf16(head) && !is_separator_line(line) &&
-                              separator_ != ' ' && EQUAL(fs::path(file).extension().c_str(), ".csv");
+    const bool as_it_stands = !standard_input && !columns && utf16_of(head) == nullptr &&
+                              !is_separator_line(line) && separator_ != ' ' &&
+                              EQUAL(fs::path(file).extension().c_str(), ".csv");
     if (as_it_stands || head.empty())
         return;
     std::string table = text;
@@ -223,9 +236,7 @@ TextSource::TextSource(const std::string& file, const std::optional<std::string>
         std::ifstream stream(file, std::ios::binary);
         table = contents(stream, file);
     }
-    if (is_utf16(table))
-        table = utf8_of(table, file);
-    table = without_mark(table);
+    table = without_mark(utf8_of(std::move(table), file));
     if (is_separator_line(first_line(table)))
         table = without_first_line(table);
     separator_ = separator_in(first_line(table));

@@ -67,7 +67,7 @@ void DivideVerb::check_outputs() const
     if (given("--output") && !to_standard_output() &&
         !DivisionWriter::can_write(DivisionWriter::file_for(out_)))
         wrong_use("--output: no format with the ending of '" + out_ +
-                  "' can be written and read back to the last digit; name it .gpkg for a GeoPackage");
+                  "' can be written and read back to the last digit; write a GeoPackage (.gpkg)");
 }
 
 // No output may take the place of another.
@@ -116,6 +116,8 @@ void DivideVerb::check_standard_output() const
     if (!DivisionWriter::can_write("pieces." + format_))
         wrong_use("--format: no format with the ending '" + format_ +
                   "' can be written and read back to the last digit");
+    if (EQUAL(format_.c_str(), "shp"))  // of which one part would get through
+        wrong_use("-o -: a Shapefile is several files; choose another --format, such as gpkg");
 }
 
 // All processors of this machine, unless the command line says otherwise.

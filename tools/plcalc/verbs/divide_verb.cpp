@@ -326,9 +326,16 @@ Output DivideVerb::work() const
     std::string out = given("--output") ? DivisionWriter::file_for(out_) : "";
     if (to_standard_output())
         out = (scratch = std::make_shared<ScratchFolder>())->path() + "/pieces." + format_;
-    const bool one_parcel = file.count() == 1;
-    Output output = one_parcel ? one(file, requests, out, neighbours.get(), wishes)
-                               : many(file, requests, out, neighbours.get());
+    Output output;
+    try {
+        const bool one_parcel = file.count() == 1;
+        output = one_parcel ? one(file, requests, out, neighbours.get(), wishes)
+                            : many(file, requests, out, neighbours.get());
+    } catch (Failure& failure) {
+        if (to_standard_output() && failure.place.file == out)
+            failure.place.file = "the standard output";
+        throw;
+    }
     if (!to_standard_output())
         return output;
     // Where parcels were refused, which and why.

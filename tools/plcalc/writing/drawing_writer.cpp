@@ -281,7 +281,7 @@ void DrawingWriter::require(bool ok) const
     if (output_.disk_is_full())
         throw disk_full(file_);
     throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
-                  "try another format, such as OUT.gpkg");
+                  "try another format, such as GeoPackage (.gpkg)");
 }
 
 // Returns whether heights were lost, because a vertex has none.

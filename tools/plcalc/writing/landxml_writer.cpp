@@ -85,7 +85,7 @@ LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const Parc
                       "'LOCAL_CS[\"site\",UNIT[\"metre\",1]]'");
     if (unit_ == nullptr)
         throw Failure(ExitStatus::wrong_use, {file_, ""}, "LandXML has no unit of length " + unit.name,
-                      "name it .gpkg for a GeoPackage");
+                      "write a GeoPackage (.gpkg)");
     points_file_ = std::fopen(output_.path().c_str(), "wb");
     parcels_file_ = std::tmpfile();
     require(points_file_ != nullptr && parcels_file_ != nullptr);

@@ -147,7 +147,7 @@ LayerWriter::Written LayerWriter::written_of(const KnownHeights& known, const ch
     not_held_ += std::string("Heights") + whose + " are not written: " +
                  (held == HeightsHeld::none ? format.substr(2 + 4) + "holds none"
                                             : "some vertices have none" + format + "holds all or none") +
-                 "; name it .gpkg to keep them\n";
+                 "; write a GeoPackage (.gpkg) to keep them\n";
     return Written::none;
 }
 
@@ -229,7 +229,7 @@ void LayerWriter::refuse_format(const std::string& why) const
 {
     throw Failure(ExitStatus::wrong_use, {file_, ""},
                   std::string("this format (") + format_.driver().GetDescription() + ") " + why,
-                  "name it .gpkg for a GeoPackage");
+                  "write a GeoPackage (.gpkg)");
 }
 
 void LayerWriter::require(bool ok) const
@@ -239,7 +239,7 @@ void LayerWriter::require(bool ok) const
     if (output().disk_is_full())
         throw disk_full(file_);
     throw Failure(ExitStatus::failed, {file_, ""}, "the file could not be written" + messages_.remark(),
-                  "try another format, such as OUT.gpkg");
+                  "try another format, such as GeoPackage (.gpkg)");
 }
 
 void LayerWriter::make_layers(const OGRFeatureDefn& columns, const OGRSpatialReference* crs)
