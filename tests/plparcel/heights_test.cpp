@@ -12,6 +12,7 @@ namespace {
 
 using plparcel::Heights;
 using plparcel::Parcel;
+using plparcel::Ring;
 
 const double kNone = std::nan("");
 
@@ -49,6 +50,7 @@ TEST(Heights, ChangeEvenlyAlongASide)
         {"on a millimetre", {25, -1e-3}, 12.5},
         {"just outside a millimetre", {25, -1.01e-3}, {}},
         {"nowhere", {kNone, 0}, {}},
+        {"at no level", {0, kNone}, {}},
         {"infinitely far away", {INFINITY, 0}, {}},
         {"very far away", {1e300, -1e300}, {}},
     };
@@ -71,7 +73,7 @@ TEST(Heights, OfPointsAsNearAsTheirDecimalsOrTheParcelSay)
     EXPECT_FALSE(Heights(kHigh, kHeights, 4, 0.5).at({25, 0.5001}));
     EXPECT_FALSE(Heights(kHigh, kHeights, 4, kNone).at({25, 0.0011}));
     // A millionth of the extent, wherever the ring begins.
-    plparcel::Ring large = {{0, 0}, {2000, 0}, {4000, 0}, {4000, 3000}, {0, 3000}};
+    Ring large = {{0, 0}, {2000, 0}, {4000, 0}, {4000, 3000}, {0, 3000}};
     for (std::size_t i = 0; i < large.size(); ++i) {
         const Heights far({large, {}}, {1, 1, 1, 1, 1});
         EXPECT_TRUE(far.at({1000, -0.0039}));
@@ -87,6 +89,19 @@ TEST(Heights, OnShortSidesAndBesideVerticesThatRepeat)
     const Heights twice({{{0, 0}, {0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}}, {10, 11, 20, 20, 10});
     EXPECT_EQ(twice.at({0, 0}), 10.0) << "the first of those at one place";
     EXPECT_NEAR(twice.at({25, 0}).value(), 13.25, 1e-12);
+}
+
+//   4 3 2 -------- 1 ---------- 0    Two long sides, 8 apart, and a point in the middle. Neither is nearer: it has the height
+//   |               o           |    of the one that the ring names first, wherever it lies.
+//   5 ------------- 6 -- 7 - 8 -9
+TEST(Heights, OfTwoSidesAsNearTheFirstCounts)
+{
+    Ring ring = {{100, 8}, {40, 8}, {20, 8}, {10, 8}, {0, 8}, {0, 0}, {60, 0}, {80, 0}, {90, 0}, {100, 0}};
+    std::vector<double> heights = {1, 1, 1, 1, 1, 2, 2, 2, 2, 2};
+    EXPECT_EQ(Heights({ring, {}}, heights, {}, 5.0).at({50, 4}), 1.0);
+    std::rotate(ring.begin(), ring.begin() + 5, ring.end());
+    std::rotate(heights.begin(), heights.begin() + 5, heights.end());
+    EXPECT_EQ(Heights({ring, {}}, heights, {}, 5.0).at({50, 4}), 2.0);
 }
 
 TEST(Heights, OfListsThatAreTooShort)
