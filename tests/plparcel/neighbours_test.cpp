@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -16,6 +17,7 @@
 #include "kept/file_in_memory.h"
 #include "plparcel/division.h"
 #include "plparcel/rounding.h"
+#include "support/rings.h"
 #include "text_of.h"
 
 namespace {
@@ -77,6 +79,29 @@ TEST(NewPoints, AreNoneAtVertices)
         EXPECT_NE(text_of(piece.outer).find("3e-05 4e-05"), std::string::npos) << text_of(piece.outer);
 }
 
+TEST(NewPoints, AreThoseOfTheParcelWithoutRepeatedVertices)
+{
+    const Parcel closed = {{{0, 0}, {100, 0}, {100, 0}, {100, 100}, {0, 100}, {0, 0}}, {}};
+    EXPECT_EQ(shown(new_points(closed, halved(closed, plparcel::perpendicular_to(0)))),
+              "50 0 on 0 0, 100 0; 50 100 on 100 100, 0 100");
+}
+
+// Two vertices come to the same place as they are rounded. The one in the West, and of two there the southern one, is the
+// corner of the pieces, wherever the ring begins.
+TEST(NewPoints, OfTwoVerticesRoundedToOneThePiecesHaveTheWestern)
+{
+    Ring ring = {{0.2, 0}, {100, 0}, {100, 100}, {0, 100}, {0.1, 0.3}, {0.1, 0.2}};
+    Division division;
+    division.decimals = 0;
+    division.pieces.resize(1);
+    division.pieces[0].ring = {{0, 0}, {100, 0}, {0, 100}};
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const std::vector<Parcel> pieces = pieces_with_corners({ring, {}}, division);
+        EXPECT_EQ(text_of(pieces[0].outer), "0.1 0.2, 100 0, 0 100") << i;
+        std::rotate(ring.begin(), ring.begin() + 1, ring.end());
+    }
+}
+
 TEST(NewPoints, LieOnHolesThatRunEitherWay)
 {
     for (const bool turned : {false, true}) {
@@ -107,6 +132,19 @@ TEST(NewPoints, OfAnythingEnd)
     new_points(kSquare, division);
     new_points({}, division);
     new_points({{{kNaN, kNaN}}, {{}}}, division);
+    // More decimals than a division can have: nothing is rounded.
+    division.decimals = plparcel::kMostDecimals + 1;
+    EXPECT_EQ(text_of(pieces_with_corners(kSquare, division)[0].outer), "0 0, 1 0, 0 0, 1 0");
+}
+
+// From (0, 0) the sides lead to (50, 0) and from there round and round a triangle, never to (100, 0).
+TEST(NewPoints, OfAWayThatComesBackToItself)
+{
+    Division division;
+    division.pieces.resize(2);
+    division.pieces[0].ring = {{0, 0}, {50, 0}, {70, 50}};
+    division.pieces[1].ring = {{50, 0}, {40, 10}, {45, 20}};
+    EXPECT_EQ(shown(new_points(kSquare, division)), "");
 }
 
 // One side from (0, 0) to (100, 0) of the parcel above it, with points, and a neighbour below.
@@ -198,6 +236,27 @@ const Row kRows[] = {
      {{100, 0}, {100, 0}, {0, 0}, {0, -50}, {100, 0}},
      "100 0, 100 0, 40 0, 0 0, 0 -50, 100 0"},
     {"points at one place are one", {{40, 0}, {40, 0}}, 0.001, kBelow, "100 0, 40 0, 0 0, 0 -50, 100 -50"},
+    {"two points side by side, the southern one first",
+     {{40, 0.5}, {40, -0.5}},
+     0.001,
+     kBelow,
+     "100 0, 40 0.5, 40 -0.5, 0 0, 0 -50, 100 -50"},
+    {"the same two, told the other way round",
+     {{40, -0.5}, {40, 0.5}},
+     0.001,
+     kBelow,
+     "100 0, 40 0.5, 40 -0.5, 0 0, 0 -50, 100 -50"},
+    {"a point beside two vertices counts once",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {40.0005, 0}, {40, -50}, {39.9997, 0}, {0, 0}, {0, -60}, {100, -60}},
+     "",
+     1},
+    {"a point beside a vertex, at the place of another one",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {40.0005, 0}, {40, -50}, {40, 0}, {0, 0}, {0, -60}, {100, -60}},
+     ""},
     {"a distance that is no number", {{40, 0}}, kNaN, kBelow, "100 0, 40 0, 0 0, 0 -50, 100 -50"},
     {"a vertex that is no number",
      {{40, 0}},
@@ -228,6 +287,57 @@ TEST(SharedSides, GiveANeighbourThePoints)
                   text_of(with.parcel.outer))
             << row.what;
     }
+}
+
+TEST(SharedSides, LeaveOutPointsOfSidesThatAreNone)
+{
+    const struct {
+        const char* what;
+        plparcel::Segment side;
+        std::size_t inserted;
+    } rows[] = {
+        {"a side", {{0, 0}, {100, 0}}, 1},
+        {"from nowhere", {{kNaN, 0}, {100, 0}}, 0},
+        {"to nowhere", {{0, 0}, {100, kNaN}}, 0},
+        {"no length", {{40, 0}, {40, 0}}, 0},
+        {"from infinitely far", {{-std::numeric_limits<double>::infinity(), 0}, {100, 0}}, 0},
+        {"to a place just inside 1e90", {{0, 0}, {9.9e89, 0}}, 1},
+        {"on it", {{0, 0}, {1e90, 0}}, 1},
+        {"just outside", {{0, 0}, {1.1e90, 0}}, 0},
+    };
+    for (const auto& row : rows) {
+        const SharedSides shared({{{40, 0}, row.side}}, 0.001);
+        EXPECT_EQ(shared.with_points({{row.side.from, row.side.to, {50, -50}}, {}}).inserted, row.inserted)
+            << row.what;
+    }
+}
+
+TEST(SharedSides, TellHowFarPointsLieBesideVerticesThatAreNearest)
+{
+    const SharedSides shared({{{40, 0}, {{0, 0}, {100, 0}}}, {{70, 0}, {{0, 0}, {100, 0}}}}, 0.001);
+    const Ring notched = {{100, 0}, {40.0005, 0}, {40, -50}, {39.9997, 0}, {0, 0}, {0, -60}, {100, -60}};
+    for (const Ring& ring : {notched, test::reversed(notched)}) {
+        const WithPoints with = shared.with_points({ring, {}});
+        EXPECT_EQ(with.inserted, 1u) << "70 0";
+        EXPECT_EQ(with.beside, 1u);
+        EXPECT_NEAR(with.farthest_beside, 0.0003, 1e-9);
+    }
+    // Both points, the eastern one first.
+    const Ring notched_twice = {{100, 0}, {70.0006, 0}, {70, -50}, {40.0005, 0},
+                                {0, 0},   {0, -60},     {100, -60}};
+    const WithPoints at_two = shared.with_points({notched_twice, {}});
+    EXPECT_EQ(at_two.beside, 2u);
+    EXPECT_NEAR(at_two.farthest_beside, 0.0006, 1e-9);
+    // In a hole: both points, and the farther one counts.
+    const Ring around = {{-50, -50}, {150, -50}, {150, 50}, {-50, 50}};
+    const WithPoints two = shared.with_points({around, {{{40.0004, 0}, {50, 20}, {69.9992, 0}}}});
+    EXPECT_EQ(two.inserted, 0u);
+    EXPECT_EQ(two.beside, 2u);
+    EXPECT_NEAR(two.farthest_beside, 0.0008, 1e-9);
+    // A vertex of the hole is there already.
+    const WithPoints there = shared.with_points({around, {{{40.0004, 0}, {50, 20}, {70, 0}}}});
+    EXPECT_EQ(there.beside, 1u);
+    EXPECT_NEAR(there.farthest_beside, 0.0004, 1e-9);
 }
 
 TEST(SharedSides, TellTheChangeOfTheArea)
@@ -365,6 +475,69 @@ TEST(SharedSides, GivePiecesTheNeighboursVertices)
     const WithPoints longer = shared.with_points({{{130, 0}, {-30, 0}, {50, -50}}, {}});
     EXPECT_EQ(text_of(longer.parcel.outer), "130 0, 100 0, 70 0, 40 0.5, 0 0, -30 0, 50 -50");
     EXPECT_EQ(text_of(longer.existing), "100 0, 70 0, 0 0");
+}
+
+// A neighbour's corner M at 20, and the new point N at 40. Longer sides get both where N lies on them, and neither where only
+// M does. A vertex beside M is M, and no point beside a vertex.
+//
+//     A---------N-------------B
+//     +----M------------------+
+TEST(SharedSides, GiveLongerSidesCornersOnlyWithPoints)
+{
+    const SharedSides shared({{{40, 0}, {{0, 0}, {100, 0}}}}, 0.001, [](const SharedSides::Take& take) {
+        take({{{20, 0}, {0, 0}, {0, -50}, {20, -50}}, {}});
+    });
+    const struct {
+        const char* what;
+        Ring ring;
+        const char* want;
+        const char* existing;
+    } rows[] = {
+        {"along both", {{10, 0}, {60, 0}, {30, 50}}, "10 0, 20 0, 40 0, 60 0, 30 50", "20 0"},
+        {"along M only", {{10, 0}, {30, 0}, {20, 50}}, "10 0, 30 0, 20 50", ""},
+        {"from beside M", {{20.0004, 0}, {60, 0}, {30, 50}}, "20.0004 0, 40 0, 60 0, 30 50", ""},
+        {"from M", {{20, 0}, {60, 0}, {30, 50}}, "20 0, 40 0, 60 0, 30 50", "20 0"},
+    };
+    for (const auto& row : rows) {
+        const WithPoints with = shared.with_points({row.ring, {}});
+        EXPECT_EQ(text_of(with.parcel.outer), row.want) << row.what;
+        EXPECT_EQ(text_of(with.existing), row.existing) << row.what;
+        EXPECT_EQ(with.beside, 0u) << row.what;
+    }
+}
+
+// Divided sides that overlap along one line, from 0 to 100 and parts of it. Points at one place are one, whichever side they
+// were put on, and a corner of a parcel there stays one.
+TEST(SharedSides, JoinThePointsOfSidesThatOverlap)
+{
+    const auto on = [](double at, double from, double to) { return NewPoint{{at, 0}, {{from, 0}, {to, 0}}}; };
+    const Ring all = {{0, 0}, {100, 0}, {50, 50}};
+    const struct {
+        const char* what;
+        std::vector<NewPoint> points;
+        const char* want;
+        const char* existing;
+    } rows[] = {
+        {"two sides, one point", {on(40, 0, 100), on(40, 0, 60)}, "0 0, 40 0, 60 0, 100 0, 50 50", "60 0"},
+        {"three sides, and two have one point",
+         {on(20, 0, 100), on(40, 0, 60), on(40, 10, 90)},
+         "0 0, 10 0, 20 0, 40 0, 60 0, 90 0, 100 0, 50 50",
+         "10 0, 60 0, 90 0"},
+        {"the one has a point where another begins",
+         {on(20, 0, 100), on(30, 0, 60), on(50, 30, 90)},
+         "0 0, 20 0, 30 0, 50 0, 60 0, 90 0, 100 0, 50 50",
+         "30 0, 60 0, 90 0"},
+    };
+    for (const auto& row : rows) {
+        const WithPoints with = SharedSides(row.points, 0.001).with_points({all, {}});
+        EXPECT_EQ(text_of(with.parcel.outer), row.want) << row.what;
+        EXPECT_EQ(text_of(with.existing), row.existing) << row.what;
+    }
+    // A side that begins at a corner which two divided sides have.
+    const SharedSides shared({on(40, 0, 100), on(40, 0, 60)}, 0.001, [](const SharedSides::Take& take) {
+        take({{{20, 0}, {0, 0}, {0, -50}, {20, -50}}, {}});
+    });
+    EXPECT_EQ(text_of(shared.with_points({{{20, 0}, {40, 0}, {30, 50}}, {}}).existing), "20 0");
 }
 
 TEST(SharedSides, GiveBothDividedParcelsEachOthersPoints)
