@@ -18,6 +18,7 @@ LIST = Path(__file__).resolve().parent / "unseen.txt"
 FOLDERS = ("kernel", "lines", "arcs", "survey", "subdivision", "plutil/src", PLPARCEL, PROGRAM)
 RESULTS = "results.tsv"
 OK, FOUND, USAGE, NO_SETUP = 0, 1, 2, 3
+STOPPED = 128 + signal.SIGINT  # as shells have it
 
 
 def arguments():
@@ -251,11 +252,14 @@ def main():
         print(f"mutate: {LIST.name}:{entry.line}: no such mutant any more: {' '.join(entry.key)}; remove or renew it",
               file=sys.stderr)  # fmt: skip
     try:
-        workshops = set_up(chosen, run.texts)
+        run.test(set_up(chosen, run.texts))
     except SetupError as error:
         print(f"mutate: {error}", file=sys.stderr)
         return NO_SETUP
-    run.test(workshops)
+    except KeyboardInterrupt:
+        kept = f" Their verdicts: {chosen.work / RESULTS}" if run.verdicts and not chosen.again else ""
+        print(f"\nmutate: stopped after {len(run.verdicts)} mutants.{kept}", file=sys.stderr)
+        return STOPPED
     well = report(run, known)
     if not chosen.again:
         print(f"\nAll verdicts: {chosen.work / RESULTS}")
