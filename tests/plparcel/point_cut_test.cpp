@@ -873,6 +873,28 @@ TEST(TurningWholeLine, ALittleLessThanTheLeast)
     }
 }
 
+//   2 ----- 1      The vertex 4 lies next to 3 on the diagonal, however near. The line from 3 up to the top leaves 0.6 on its
+//   |       |      right, and so does the one that comes from the right side: it lies below 1 - 0.6 of the square.
+//   3 4 --- 0
+TEST(TurningWholeLine, ThroughAVertexNextToAnother)
+{
+    for (const double near : {1e-20, 1e-99, 1e-101, 1e-149, 1e-151, 1e-290, 1e-300, 1e-305, 5e-324}) {
+        const plparcel::Parcel square = {{{1, 0}, {1, 1}, {0, 1}, {0, 0}, {near, near}}, {}};
+        Request request = whole(plparcel::through_vertex(3), {area(0.6)});
+        const Division up = divide(square, request);
+        ASSERT_EQ(up.status, Status::divided) << near << ": " << describe(up);
+        EXPECT_NEAR(up.lines[0].to.x, 0.8, 1e-12) << near;
+        EXPECT_EQ(up.lines[0].to.y, 1) << near;
+        request.alternative = 1;
+        const Division down = divide(square, request);
+        ASSERT_EQ(down.status, Status::divided) << near << ": " << describe(down);
+        EXPECT_EQ(down.lines[0].from.x, 1) << near;
+        EXPECT_NEAR(down.lines[0].from.y, 0.8, 1e-12) << near;
+        request.alternative = 2;
+        EXPECT_EQ(divide(square, request).status, Status::no_further_line) << near;
+    }
+}
+
 // The search begins in a direction that is rounded, next to the one through corners of the hole: to begin there finds the
 // same lines as to begin anywhere else.
 TEST(PartThroughAPoint, WhereTheSearchBeginsChangesNoLine)

@@ -26,17 +26,17 @@ bool is_above_zero(const Wide& a)
     return a > 0.0;
 }
 
+// A side that the ray meets so many times as near at the end of the way as at its beginning is swept next to the point: what
+// it adds is less than any rounding. Squares of larger numbers, in the powers below, would overflow.
+constexpr double kMostBend = 1e100;
+
 // What is held too much on the left between two directions next to each other, on the way from 0 to 1.
 class Excess {
 public:
-    Excess(std::vector<Term> terms, const Wide& at_begin) : begin_(at_begin), terms_(std::move(terms)) {}
-
-    // Nothing can be told of others, however small the range.
-    bool is_finite() const
+    Excess(std::vector<Term> terms, const Wide& at_begin) : begin_(at_begin), terms_(std::move(terms))
     {
-        return std::isfinite(begin_.hi) && std::all_of(terms_.begin(), terms_.end(), [](const Term& term) {
-                   return std::isfinite(term.growth.hi) && std::isfinite(term.bend.hi);
-               });
+        const auto adds_nothing = [](const Term& term) { return !(term.bend.hi <= kMostBend); };
+        terms_.erase(std::remove_if(terms_.begin(), terms_.end(), adds_nothing), terms_.end());
     }
 
     Wide at(const Wide& t) const
@@ -378,9 +378,7 @@ public:
             const Range at = ranges.top();
             ranges.pop();
             if (at.end - at.begin == 1) {
-                const Excess left(profile_.terms(at.begin), state(at.begin).left);
-                if (left.is_finite())
-                    raise_to_greatest(left, sign_, hair, best_);
+                raise_to_greatest(Excess(profile_.terms(at.begin), state(at.begin).left), sign_, hair, best_);
                 continue;
             }
             const std::size_t middle = at.begin + (at.end - at.begin) / 2;
@@ -432,10 +430,7 @@ void turning_lines(const TurningProfile& profile, const TurningRequest& request,
 TurningZeros turning_zeros(std::vector<Term> terms, const Wide& begin, const Wide& end, const Wide& scale,
                            const Wide& granted)
 {
-    Excess excess(std::move(terms), begin);
-    if (!excess.is_finite())
-        return {};
-    return Between(std::move(excess), begin, end, scale, granted).run();
+    return Between(Excess(std::move(terms), begin), begin, end, scale, granted).run();
 }
 
 LeastAndMost least_and_most_between(std::vector<Term> terms, const Wide& begin, const Wide& end,
@@ -444,10 +439,8 @@ LeastAndMost least_and_most_between(std::vector<Term> terms, const Wide& begin, 
     Wide most = std::max(begin, end);
     Wide other_of_least = -std::min(begin, end);
     const Excess area(std::move(terms), begin);
-    if (area.is_finite()) {
-        raise_to_greatest(area, 1.0, scale * kHair, most);
-        raise_to_greatest(area, -1.0, scale * kHair, other_of_least);
-    }
+    raise_to_greatest(area, 1.0, scale * kHair, most);
+    raise_to_greatest(area, -1.0, scale * kHair, other_of_least);
     return {-other_of_least, most};
 }
 
