@@ -590,6 +590,23 @@ TEST(WholeLines, TwoPiecesThroughAPointAreRefusedWithAReason)
     EXPECT_EQ(status(plparcel::through_point({50, 20}), {area(1900)}), Status::no_line_through_point);
 }
 
+//   3 ------------ 2     The side from 4 to 5 crosses the prolongation of the first one, beyond the vertex, by next to nothing.
+//   |           [] |     What lies above both is a rectangle of 2 by 1 with a hole of 0.005: from the vertex the line for 0.3
+//   4 ~~ 5 - 0 --- 1     climbs to 0.6, and the one for all but 0.295 to 0.59.
+TEST(WholeLines, ASideThatCrossesTheFirstLineByNextToNothing)
+{
+    const Ring hole = {{0.8, 0.85}, {0.8, 0.9}, {0.9, 0.9}, {0.9, 0.85}};
+    for (const double off : {1e-140, 1e-150, 1e-160, 1e-170, 1e-200, 1e-300}) {
+        const Parcel parcel = {{{0, 0}, {1, 0}, {1, 1}, {-1, 1}, {-1, off}, {-0.5, -off}}, {hole}};
+        const Division right = cut(parcel, plparcel::through_vertex(0), {area(0.3)}, kHere, Pieces::two);
+        ASSERT_EQ(right.status, Status::divided) << off << ": " << describe(right);
+        EXPECT_NEAR(std::hypot(right.lines[0].to.x - 1, right.lines[0].to.y - 0.6), 0, 1e-9) << off;
+        const Division left = cut(parcel, plparcel::through_vertex(0), {area(1.7)}, kHere, Pieces::two);
+        ASSERT_EQ(left.status, Status::divided) << off << ": " << describe(left);
+        EXPECT_NEAR(std::hypot(left.lines[0].to.x + 1, left.lines[0].to.y - 0.59), 0, 1e-9) << off;
+    }
+}
+
 //   +                    The line that cuts two thirds off runs along the hole's slope, from below it to above it. It does
 //   | +  +               not start at the place on the slope, but touches the hole all along.
 //   | |     +

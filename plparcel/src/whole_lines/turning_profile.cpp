@@ -61,7 +61,9 @@ void TurningProfile::add_side(std::size_t a, std::size_t b, const std::vector<Wi
     const auto direction = [&](std::size_t v, bool ahead) {
         return is_zero(off_[v]) ? rim_of(seen(points[v], ahead)) : direction_[v];
     };
-    if (!(off_a * off_b < 0.0)) {
+    // A product of the two might be too small for a number.
+    const bool crosses = (off_a < 0.0 && off_b > 0.0) || (off_a > 0.0 && off_b < 0.0);
+    if (!crosses) {
         const bool ahead = off_a > 0.0 || off_b > 0.0;
         add_part(a, seen(points[a], ahead), seen(points[b], ahead), direction(a, ahead), direction(b, ahead),
                  ahead, turn);
