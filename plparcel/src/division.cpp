@@ -350,7 +350,7 @@ Division divide(const Ring& ring, const Request& request)
     }
     stage.ask_library = request.ask_library && is_of_the_library(request.line.cut);
     stage.alternative = request.alternative;
-    const std::vector<Ring> boundary = {stage.ring.ring()};
+    const std::vector<Ring> boundary(1, stage.ring.ring());
     cut_and_round(boundary, parcel, request, division, [&](double of_parcel) {
         return cut_all(stage, first.reference, shares, parcel, of_parcel, division);
     });

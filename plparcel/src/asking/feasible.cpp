@@ -84,18 +84,22 @@ Request request_for(const Line& line, Measured measured)
     return request;
 }
 
+std::vector<AreaRange> areas_beside_holes(const CheckedParcel& parcel, const Line& line, Measured measured)
+{
+    const WholeParcel whole = whole_parcel(parcel, line);
+    const Wide granted = parcel.area * kAsExactAsDoubles;
+    if (has_start(line.cut))
+        return areas_of_parts_through(whole, pivot_of(parcel, line), measured, granted);
+    return areas_of_parts(whole, request_for(line, measured), granted);
+}
+
 Feasible of_two_pieces_beside_holes(const CheckedParcel& parcel, const Line& line, Measured measured)
 {
     Feasible found;
     found.parcel = parcel.report.area;
     found.refusal = refusal_of_whole(parcel, line, Pieces::two);
-    if (found.refusal)
-        return found;
-    const WholeParcel whole = whole_parcel(parcel, line);
-    const Wide granted = parcel.area * kAsExactAsDoubles;
-    found.ranges =
-        rounded(has_start(line.cut) ? areas_of_parts_through(whole, pivot_of(parcel, line), measured, granted)
-                                    : areas_of_parts(whole, request_for(line, measured), granted));
+    if (!found.refusal)
+        found.ranges = rounded(areas_beside_holes(parcel, line, measured));
     return found;
 }
 

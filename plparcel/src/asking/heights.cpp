@@ -98,7 +98,8 @@ private:
 
     static Rings rings_of(const Parcel& parcel, const std::vector<double>& heights)
     {
-        Rings rings = {vertices_of(parcel.outer, heights, 0)};
+        Rings rings;
+        rings.push_back(vertices_of(parcel.outer, heights, 0));
         std::size_t first = parcel.outer.size();
         for (const Ring& hole : parcel.holes) {
             rings.push_back(vertices_of(hole, heights, first));

@@ -140,8 +140,7 @@ public:
     {
         std::vector<Cut2> all;
         for (const PartLine& line : lines_.lines_at(part_request(), 0.0)) {
-            const Wide above = frame_.area_to_parcel(line.above);
-            const Wide request = line.request_above ? above : area_ - above;
+            const Wide request = area_ - frame_.area_to_parcel(line.above);
             if (!has_zero(line) || abs(request - target.asked) > kMayMiss * target.granted())
                 continue;
             Cut2 made;
@@ -799,9 +798,9 @@ PartsOfLine cut_by_parts_of(const std::vector<Ring>& rings, bool clockwise, cons
     for (const Cut2& made : PartCut(stage).cut_at_zero(target, parts)) {
         Division division;
         division.status = Status::divided;
-        division.lines = {line_between(made, runs_back)};
-        division.pieces = {piece_of({made.request, made.request_area, target.asked, 0}, clockwise),
-                           piece_of({made.rest, made.rest_area, target.rest, 1}, clockwise)};
+        division.lines.push_back(line_between(made, runs_back));
+        division.pieces.push_back(piece_of({made.request, made.request_area, target.asked, 0}, clockwise));
+        division.pieces.push_back(piece_of({made.rest, made.rest_area, target.rest, 1}, clockwise));
         for (const Piece& piece : division.pieces)
             division.held.push_back({piece.asked, piece.area, piece.residual, 1});
         parts.divisions.push_back(std::move(division));

@@ -496,17 +496,14 @@ void PartLines::bisect(const PartRequest& request, std::vector<Family>& all) con
 // Whether a run of segments comes back to the ring on which it begins, and meets every other ring once.
 bool PartLines::parts_in_two(const std::vector<std::size_t>& sides) const
 {
-    if (sides.empty() || sides.size() % 2 != 0)
-        return false;
     std::vector<std::size_t> met;
+    bool goes_on = true;  // from the ring at which a segment ends
     for (std::size_t i = 0; i < sides.size(); i += 2) {
         met.push_back(rings_.ring_of(sides[i]));
-        const std::size_t end = rings_.ring_of(sides[i + 1]);
-        if (end != rings_.ring_of(sides[(i + 2) % sides.size()]))
-            return false;
+        goes_on = goes_on && rings_.ring_of(sides[i + 1]) == rings_.ring_of(sides[(i + 2) % sides.size()]);
     }
     std::sort(met.begin(), met.end());
-    return std::adjacent_find(met.begin(), met.end()) == met.end();
+    return goes_on && std::adjacent_find(met.begin(), met.end()) == met.end();
 }
 
 PartLine PartLines::line_of(const Family& family, const Question& question) const

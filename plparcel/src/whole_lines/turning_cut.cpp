@@ -252,13 +252,23 @@ std::vector<Ring> with_vertex_at(std::vector<Ring> rings, const PL_PNT2D_record&
     return rings;
 }
 
+std::vector<Ring> with_vertex_at_pivot(const std::vector<Ring>& rings, const Pivot& pivot)
+{
+    if (pivot.on_boundary)
+        return with_vertex_at(rings, pivot.point);
+    return rings;
+}
+
 PL_PNT2D_record mirrored(const PL_PNT2D_record& p)
 {
     return {-p.x, p.y};
 }
 
-std::vector<Ring> mirrored(std::vector<Ring> rings)
+// As they are seen where the line turns anticlockwise.
+std::vector<Ring> seen_from(const Pivot& pivot, std::vector<Ring> rings)
 {
+    if (!pivot.clockwise)
+        return rings;
     for (Ring& ring : rings) {
         std::reverse(ring.begin(), ring.end());
         for (PL_PNT2D_record& p : ring)
@@ -271,8 +281,8 @@ std::vector<Ring> mirrored(std::vector<Ring> rings)
 class PartsTurning {
 public:
     PartsTurning(const std::vector<Ring>& rings, const Pivot& pivot)
-        : seen_(pivot.clockwise ? mirrored(rings) : rings), rings_(seen_), outer_(seen_.front()),
-          local_(outer_), parts_(parts_about(pivot))
+        : seen_(seen_from(pivot, rings)), rings_(seen_), outer_(seen_.front()), local_(outer_),
+          parts_(parts_about(pivot))
     {}
 
     std::vector<TurningLine> lines(const Wide& left, double granted) const
@@ -393,8 +403,7 @@ std::vector<Wide> cut_through(const WholeParcel& parcel, const Pivot& pivot, con
 std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivot, const Request& request,
                                     const Shares& shares, double of_parcel, Division& division)
 {
-    const std::vector<Ring> rings =
-        pivot.on_boundary ? with_vertex_at(parcel.rings, pivot.point) : parcel.rings;
+    const std::vector<Ring> rings = with_vertex_at_pivot(parcel.rings, pivot);
     const Target target = {shares.pieces[0], shares.pieces[1], parcel.area, of_parcel};
     const bool amount_on_left = is_amount_on_left(pivot, request.measured);
     const std::size_t most_failures =
@@ -442,8 +451,7 @@ LeastAndMost areas_through(const WholeParcel& parcel, const Pivot& pivot, Measur
 std::vector<AreaRange> areas_of_parts_through(const WholeParcel& parcel, const Pivot& pivot,
                                               Measured measured, const Wide& granted)
 {
-    const std::vector<Ring> rings =
-        pivot.on_boundary ? with_vertex_at(parcel.rings, pivot.point) : parcel.rings;
+    const std::vector<Ring> rings = with_vertex_at_pivot(parcel.rings, pivot);
     std::vector<AreaRange> all = PartsTurning(rings, pivot).areas();
     // What a place takes that is rounded is no amount.
     all.erase(std::remove_if(all.begin(), all.end(),

@@ -136,13 +136,9 @@ public:
         // To either side; the last direction is the first one, run back.
         const std::size_t n = directions_.size();
         for (const std::size_t step : {std::size_t{1}, n - 1})
-            for (std::size_t k = 0; k < n; ++k) {
-                const std::size_t other = (direction + k * step) % n;
-                if (!is_beside(other, direction))
-                    break;
-                if (has(other))
+            for (std::size_t k = 0; k < n && is_beside((direction + k * step) % n, direction); ++k)
+                if (has((direction + k * step) % n))
                     return true;
-            }
         return false;
     }
 
@@ -232,9 +228,7 @@ bool TurningParts::is_nearer(std::size_t a, std::size_t b) const
     Wide nearer = one.from >= other.from ? off(other, one.begin) : -off(one, other.begin);
     if (!(nearer > 0.0) && !(nearer < 0.0))
         nearer = one.to <= other.to ? off(other, one.end) : -off(one, other.end);
-    if (!(nearer > 0.0) && !(nearer < 0.0))
-        return a < b;
-    return nearer > 0.0;
+    return nearer > 0.0 || (!(nearer < 0.0) && a < b);
 }
 
 void TurningParts::sweep(const std::function<void(const Rows&, std::size_t sector)>& visit) const
@@ -248,32 +242,27 @@ void TurningParts::sweep(const std::function<void(const Rows&, std::size_t secto
     }
 }
 
-// A ring where the line comes to it first; nothing where it is too thin to be told from the line.
-std::optional<TurningParts::Met> TurningParts::met_in(const Rows& rows, std::size_t sector,
+// A ring in a sector in which it lies ahead, or behind; nothing where no other lies beyond it.
+std::optional<TurningParts::Met> TurningParts::met_in(const Rows& rows, bool ahead, std::size_t sector,
                                                       std::size_t ring) const
 {
-    for (const bool ahead : {true, false}) {
-        std::size_t farthest = kNone;
-        for (std::size_t i = first_of_ring_[ring]; i < first_of_ring_[ring + 1]; ++i) {
-            const Part& part = profile_.parts()[i];
-            if (part.ahead == ahead && part.from <= sector && sector < part.to &&
-                (farthest == kNone || is_nearer(farthest, i)))
-                farthest = i;
-        }
-        if (farthest == kNone)
-            continue;
-        const auto beyond = rows.row(ahead).upper_bound(farthest);
-        if (beyond == rows.row(ahead).end())
-            return std::nullopt;
-        return Met{ahead, sector, ring, farthest, *beyond};
+    std::size_t farthest = kNone;
+    for (std::size_t i = first_of_ring_[ring]; i < first_of_ring_[ring + 1]; ++i) {
+        const Part& part = profile_.parts()[i];
+        if (part.ahead == ahead && part.from <= sector && sector < part.to &&
+            (farthest == kNone || is_nearer(farthest, i)))
+            farthest = i;
     }
-    return std::nullopt;
+    const auto beyond = rows.row(ahead).upper_bound(farthest);
+    return beyond == rows.row(ahead).end() ? std::nullopt
+                                           : std::optional<Met>({ahead, sector, ring, farthest, *beyond});
 }
 
 // Of each hole where the line comes to it first: ahead, or behind where it never lies ahead.
 std::vector<TurningParts::Met> TurningParts::met_first() const
 {
     struct Begin {
+        bool ahead;
         std::size_t sector;
         std::size_t ring;
     };
@@ -289,7 +278,7 @@ std::vector<TurningParts::Met> TurningParts::met_first() const
             if (next_thick[part.from] < part.to)
                 sector = std::min(sector, next_thick[part.from]);
         }
-        begins.push_back({first[0] != kNone ? first[0] : first[1], ring});
+        begins.push_back({first[0] != kNone, first[0] != kNone ? first[0] : first[1], ring});
     }
     std::stable_sort(begins.begin(), begins.end(),
                      [](const Begin& a, const Begin& b) { return a.sector < b.sector; });
@@ -297,7 +286,7 @@ std::vector<TurningParts::Met> TurningParts::met_first() const
     auto next = begins.begin();
     sweep([&](const Rows& rows, std::size_t sector) {
         for (; next != begins.end() && next->sector <= sector; ++next)
-            if (const std::optional<Met> met = met_in(rows, sector, next->ring))
+            if (const std::optional<Met> met = met_in(rows, next->ahead, sector, next->ring))
                 found.push_back(*met);
     });
     std::stable_sort(found.begin(), found.end(), [this](const Met& a, const Met& b) {
@@ -430,36 +419,34 @@ void TurningParts::add_runs_from_point(bool ahead, const Rows& rows, std::vector
     }
 }
 
-// From a ring that the one walk comes to, to where the other comes to the same ring: no other ring is met by both before.
-void TurningParts::add_runs_over(const Walk& one, const Walk& other, bool one_is_ahead, int at_point,
-                                 std::vector<Run>& found)
+// From a ring that the walk behind comes to, to where the one ahead comes to the same ring: no other ring is met by both
+// before.
+void TurningParts::add_runs_over(const Walk& ahead, const Walk& behind, int at_point, std::vector<Run>& found)
 {
     std::map<std::size_t, std::size_t> stop_at;  // of a ring
-    for (std::size_t k = 0; k < one.stops().size(); ++k)
-        stop_at[one.stops()[k].ring] = k;
-    const auto place_in_one = [&stop_at](std::size_t ring) {
+    for (std::size_t k = 0; k < ahead.stops().size(); ++k)
+        stop_at[ahead.stops()[k].ring] = k;
+    const auto place_ahead = [&stop_at](std::size_t ring) {
         const auto place = stop_at.find(ring);
         return place == stop_at.end() ? kNone : place->second;
     };
-    std::size_t bound = other.over() == kNone ? kNone : place_in_one(other.over());
-    for (std::size_t i = 0; i < other.stops().size(); ++i) {
-        const std::size_t end = place_in_one(other.stops()[i].ring);
+    std::size_t bound = behind.over() == kNone ? kNone : place_ahead(behind.over());
+    for (std::size_t i = 0; i < behind.stops().size(); ++i) {
+        const std::size_t end = place_ahead(behind.stops()[i].ring);
         if (end < bound) {
             Run run;
             run.at_point = at_point;
-            std::vector<std::size_t>& to = one_is_ahead ? run.right : run.left;
-            std::vector<std::size_t>& back = one_is_ahead ? run.left : run.right;
             for (std::size_t k = 0; k <= end; ++k) {
-                to.push_back(one.stops()[k].arrives);
+                run.right.push_back(ahead.stops()[k].arrives);
                 if (k < end)
-                    back.push_back(one.stops()[k].leaves);
+                    run.left.push_back(ahead.stops()[k].leaves);
             }
-            if (other.begin() != kNone)
-                to.push_back(other.begin());
+            if (behind.begin() != kNone)
+                run.right.push_back(behind.begin());
             for (std::size_t k = 0; k <= i; ++k) {
-                back.push_back(other.stops()[k].arrives);
+                run.left.push_back(behind.stops()[k].arrives);
                 if (k < i)
-                    to.push_back(other.stops()[k].leaves);
+                    run.right.push_back(behind.stops()[k].leaves);
             }
             found.push_back(std::move(run));
         }
@@ -477,18 +464,16 @@ std::vector<TurningParts::Run> TurningParts::runs(const Rows& rows) const
     std::vector<Run> found;
     if (!vertex_) {
         add_runs_over(Walk(*this, rows.row(true), std::nullopt), Walk(*this, rows.row(false), std::nullopt),
-                      true, 0, found);
+                      0, found);
         return found;
     }
-    for (const bool ahead : {true, false}) {
-        if (!is_inside(ahead))
-            continue;
-        add_runs_from_point(ahead, rows, found);
-        if (!is_inside(!ahead))
-            add_runs_over(Walk(*this, rows.row(ahead), std::nullopt),
-                          Walk(*this, rows.row(!ahead), rings_.ring_of(*vertex_)), ahead, ahead ? 1 : -1,
-                          found);
-    }
+    for (const bool ahead : {true, false})
+        if (is_inside(ahead))
+            add_runs_from_point(ahead, rows, found);
+    // Turning from the side, the line runs into the parcel behind the point only where it does ahead as well.
+    if (is_inside(true) && !is_inside(false))
+        add_runs_over(Walk(*this, rows.row(true), std::nullopt),
+                      Walk(*this, rows.row(false), rings_.ring_of(*vertex_)), 1, found);
     return found;
 }
 

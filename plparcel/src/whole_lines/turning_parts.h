@@ -30,7 +30,7 @@ public:
     /// @param[in] rings    the outer ring anticlockwise, the holes clockwise
     /// @param[in] points   their vertices from the point
     /// @param[in] vertex   the one at the point; none where the point lies inside
-    /// @param[in] first    the direction from which the line turns
+    /// @param[in] first    the direction from which the line turns; at a vertex along the side that leads from there
     TurningParts(const JoinedRings& rings, const std::vector<WidePoint>& points,
                  std::optional<std::size_t> vertex, const WidePoint& first);
 
@@ -102,7 +102,7 @@ private:
 
     void put_in_order();
     std::vector<Met> met_first() const;
-    std::optional<Met> met_in(const Rows& rows, std::size_t sector, std::size_t ring) const;
+    std::optional<Met> met_in(const Rows& rows, bool ahead, std::size_t sector, std::size_t ring) const;
     void hang_all();
     void walk_ring(std::size_t ring);
     bool is_thick(std::size_t sector) const;
@@ -120,8 +120,7 @@ private:
     void sweep(const std::function<void(const Rows&, std::size_t sector)>& visit) const;
     std::vector<Run> runs(const Rows& rows) const;
     void add_runs_from_point(bool ahead, const Rows& rows, std::vector<Run>& found) const;
-    static void add_runs_over(const Walk& one, const Walk& other, bool one_is_ahead, int at_point,
-                              std::vector<Run>& found);
+    static void add_runs_over(const Walk& ahead, const Walk& behind, int at_point, std::vector<Run>& found);
 
     const JoinedRings& rings_;
     std::optional<std::size_t> vertex_;
