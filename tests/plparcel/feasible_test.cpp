@@ -68,6 +68,15 @@ std::string ranges(const Ring& ring, const Line& line, Measured measured = Measu
     return said(feasible({ring, {}}, line, measured));
 }
 
+Status status_of(const Parcel& parcel, const Line& line, Measured measured, double amount)
+{
+    Request request;
+    request.line = line;
+    request.measured = measured;
+    request.amounts = {plparcel::area(amount)};
+    return divide(parcel, request).status;
+}
+
 TEST(Feasible, ParallelsAndPerpendiculars)
 {
     EXPECT_EQ(ranges(kSquare, parallel_to(0)), "(0 10000)");
@@ -288,6 +297,151 @@ TEST(Feasible, BesideHolesThroughAVertexAPlaceOrAPoint)
     EXPECT_EQ(said(feasible(clockwise, through_vertex(0))), "(0 1250) (1250 5150) (5150 6400)");
 }
 
+//   5 --- 4         From the inner corner of the L: straight up first, then round to the right. The line past the hole's corner
+//   |     |         (10, 20) ends at (0, 12.5): 2500 and half of 50 by 37.5.
+//   |     3 --- 2
+//   | []        |
+//   0 --------- 1
+TEST(Feasible, BesideHolesThroughAnInnerCorner)
+{
+    const Parcel holed = {kEl, {{{10, 10}, {10, 20}, {20, 20}, {20, 10}}}};
+    for (const Measured measured : {Measured::from_reference, kFar})
+        EXPECT_EQ(said(feasible(holed, through_vertex(3), measured)),
+                  "(0 3437.5) (3437.5 3962.5) (3962.5 7400)");
+}
+
+//   5 ------- 4             From the corner 0 the side from 2 to 3 is seen end on. The line to 3 leaves 2500 on its right, and
+//   | |] .    |             makes two pieces. Those past the hole's corners, (20, 60) and (10, 80), leave 625 and 1466.67 on
+//   |       . 3 - . 2       their left.
+//   0 ------------- 1
+TEST(Feasible, BesideHolesAlongASideInLineWithTheVertex)
+{
+    const Parcel holed = {{{0, 0}, {100, 0}, {100, 50}, {60, 30}, {60, 100}, {0, 100}},
+                          {{{10, 60}, {10, 80}, {20, 80}, {20, 60}}}};
+    EXPECT_EQ(said(feasible(holed, through_vertex(0))), "(0 5933.33) (5933.33 6775) (6775 7400)");
+    EXPECT_EQ(said(feasible(holed, through_vertex(0), kFar)), "(0 625) (625 1466.67) (1466.67 7400)");
+}
+
+//      4 --- 3         The same with a side that runs straight up from above the vertex 1, from (0, 40) to (0, 80): 4000 lie
+//      |     |         on the right of the line to it. Past the hole's corners, (-30, 35) and (-40, 25), 685.71 more, and all
+//   6  5     |         but 781.25.
+//   | []     |
+//   0 -- 1 - 2
+TEST(Feasible, BesideHolesAlongAnUprightSideInLineWithTheVertex)
+{
+    const Parcel holed = {{{-50, 0}, {0, 0}, {50, 0}, {50, 80}, {0, 80}, {0, 40}, {-50, 40}},
+                          {{{-40, 25}, {-40, 35}, {-30, 35}, {-30, 25}}}};
+    EXPECT_EQ(said(feasible(holed, through_vertex(1))), "(0 4685.71) (4685.71 5118.75) (5118.75 5900)");
+}
+
+//   +------- 64     The hole's corners B and A stand in line with the vertex but for 2^-71 of a turn: between them numbers of
+//   |   D--C  |     106 bits hold no lines. The line at 45 degrees ends at B and goes on from A, which makes two pieces, of
+//   |    \/   |     2048 on its right. On the left of the one to D lie 28.44 * 64 / 2.
+//   |    BA   |
+//   0 --------+
+TEST(Feasible, BesideHolesWhoseCornersAreAllButInLineWithTheVertex)
+{
+    constexpr double kHair = 0x1p-30;
+    const Parcel holed = {{{0, 0}, {64, 0}, {64, 64}, {0, 64}},
+                          {{{32, 32 - kHair}, {20, 45}, {34, 50}, {32 + kHair, 32}}}};
+    EXPECT_EQ(said(feasible(holed, through_vertex(0))), "(0 3064.78) (3064.78 3975)");
+    EXPECT_EQ(status_of(holed, through_vertex(0), Measured::from_reference, 2048), Status::divided);
+}
+
+// Lines at the level of a hole's tips touch it, also where a vertex of the outer ring lies a few spacings of doubles off that
+// level.
+TEST(Feasible, BesideHolesATipAHairOffTheLevelOfAnotherVertex)
+{
+    constexpr double kSpacing = 0x1p-46;
+    const Ring diamond = {{50, 20}, {20, 50}, {50, 80}, {80, 50}};
+    for (const double off : {1.0, 2.0, -1.0, -3.0}) {
+        const Ring outer = {{0, 0},     {100, 0}, {100, 20 + off * kSpacing}, {100, 80 - off * kSpacing},
+                            {100, 100}, {0, 100}};
+        for (const Measured measured : {Measured::from_reference, kFar})
+            EXPECT_EQ(said(feasible({outer, {diamond}}, plparcel::at_bearing(100), measured)),
+                      "(0 2000) (2000 6200) (6200 8200)")
+                << off;
+    }
+}
+
+// The wall from the right ends at (40, 40), on the line from the corner to the tip (70, 70) of the one from above, or so many
+// spacings of doubles off it. The line to the upper tip is had where it passes the lower one: 4950 on its right.
+TEST(Feasible, BesideHolesACornerThatALinePasses)
+{
+    constexpr double kSpacing = 0x1p-46;
+    const struct {
+        const char* what;
+        double off;
+        const char* want;
+    } rows[] = {
+        {"on the line", 0, "(0 2300] (4950 9350)"},
+        {"above it", 2, "(0 2300] (4950 9350)"},
+        {"below it, as good as on it", -2, "(0 2300] (4950 9350)"},
+        {"just below it", -20, "(0 2300] [4950 9350)"},
+        {"below it", -300, "(0 2300] [4950 9350)"},
+    };
+    for (const auto& row : rows) {
+        const Ring outer = {{0, 0},    {100, 0},   {100, 10}, {40, 40 + row.off * kSpacing},
+                            {100, 20}, {100, 100}, {80, 100}, {70, 70},
+                            {60, 100}, {0, 100}};
+        const Parcel holed = {outer, {{{85, 90}, {85, 95}, {95, 95}, {95, 90}}}};
+        EXPECT_EQ(said(feasible(holed, through_vertex(0))), row.want) << row.what;
+    }
+}
+
+//   +--------------+     The upright line through (50, 50) runs from tip to tip, and both walls end on other sides of it. Beside
+//   |______        |     holes no such line is found: the ends of the range are not had, and divide() says so too.
+//   |______>       |
+//   |      o       |
+//   |      <_______|
+//   +--------------+
+TEST(Feasible, BesideHolesFromTheTipOfAWallToThatOfAnother)
+{
+    const Ring outer = {{0, 0},     {100, 0}, {100, 5}, {50, 10}, {100, 15},
+                        {100, 100}, {0, 100}, {0, 75},  {50, 70}, {0, 65}};
+    const Parcel holed = {outer, {{{5, 85}, {5, 90}, {10, 90}, {10, 85}}}};
+    for (const Measured measured : {Measured::from_reference, kFar}) {
+        EXPECT_EQ(said(feasible(holed, through_point({50, 50}), measured)), "(3750 5725)");
+        EXPECT_EQ(said(feasible({outer, {}}, through_point({50, 50}), measured)), "[3750 5750]");
+        EXPECT_NE(status_of(holed, through_point({50, 50}), measured, 3750), Status::divided);
+        EXPECT_EQ(status_of({outer, {}}, through_point({50, 50}), measured, 3750), Status::divided);
+    }
+}
+
+// The square with the hole in its middle, five times as large and turned so that no place is exact on its side. From a place
+// the lines past the hole's nearer corners end on the sides or at the top.
+TEST(Feasible, BesideHolesFromAPlaceThatIsRounded)
+{
+    const auto turned = [](const Ring& ring) {
+        Ring result;
+        for (const PL_PNT2D_record& p : ring)
+            result.push_back({4 * p.x - 3 * p.y, 3 * p.x + 4 * p.y});
+        return result;
+    };
+    // On the right of the line from (away, 0) past the hole's corner (80, 20), or (80, 80).
+    const auto beside_the_hole = [](double away) {
+        const double corner = away < 80 ? 20 : 80;
+        const double at_top = away + (80 - away) / corner * 100;
+        return at_top < 100 ? 100 * (100 - (away + at_top) / 2)
+                            : (100 - away) * (100 - away) * corner / (80 - away) / 2;
+    };
+    const Parcel holed = {turned(kSquare), {turned({{20, 20}, {20, 80}, {80, 80}, {80, 20}})}};
+    constexpr double kLarger = 25.0;
+    constexpr double kWhole = 6400 * kLarger;
+    for (const double away : {2.7, 10.7, 33.3, 49.1, 50.0, 61.3, 77.7, 97.3, 99.1}) {
+        const double right = kLarger * beside_the_hole(away);
+        const double left = kLarger * beside_the_hole(100 - away);
+        const Feasible found = feasible(holed, through_place(0, 5 * away));
+        ASSERT_EQ(found.ranges.size(), 3U) << away << ": " << said(found);
+        const double ends[] = {0, right, right, kWhole - left, kWhole - left, kWhole};
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_NEAR(found.ranges[i].least, ends[2 * i], 1e-9 * kWhole) << away;
+            EXPECT_NEAR(found.ranges[i].most, ends[2 * i + 1], 1e-9 * kWhole) << away;
+            EXPECT_FALSE(found.ranges[i].least_is_had || found.ranges[i].most_is_had) << away;
+        }
+    }
+}
+
 TEST(Feasible, RefusesWhatDivideRefusesOfWholeLines)
 {
     const struct {
@@ -491,15 +645,6 @@ bool is_outside(const Feasible& feasible, double amount, double margin)
         if (range.least - margin <= amount && amount <= range.most + margin)
             return false;
     return true;
-}
-
-Status status_of(const Parcel& parcel, const Line& line, Measured measured, double amount)
-{
-    Request request;
-    request.line = line;
-    request.measured = measured;
-    request.amounts = {plparcel::area(amount)};
-    return divide(parcel, request).status;
 }
 
 // A ring, sized and moved into a box around another one; on whole numbers with `rounds`.

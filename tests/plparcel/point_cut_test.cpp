@@ -895,6 +895,46 @@ TEST(TurningWholeLine, ThroughAVertexNextToAnother)
     }
 }
 
+// Two lines through (50, 20) leave 3500 on one side. Each touches an upper or a lower corner of the hole's nearer side and is
+// laid beside the point: the one that runs most nearly as before is taken, not the other one.
+TEST(TurningWholeLine, BesideThePointTheNearestOfSeveralIsTaken)
+{
+    const plparcel::Parcel holed = {kSquare, {{{40, 40}, {60, 40}, {60, 60}, {40, 60}}}};
+    for (double bearing = 0.0; bearing < 400.0; bearing += 25.0) {
+        for (const double asked : {3500.0, 10000.0 - 400 - 3500}) {
+            const std::vector<Division> all =
+                all_divisions(holed, whole(through_point({50, 20}, bearing), {area(asked)}));
+            ASSERT_EQ(all.size(), 2U) << bearing;
+            std::vector<double> at_top;
+            for (const Division& division : all) {
+                EXPECT_NEAR(division.held[0].area, asked, 1e-5);
+                const plparcel::DividingLine& line = division.lines[0];
+                at_top.push_back(line.from.y > line.to.y ? line.from.x : line.to.x);
+            }
+            std::sort(at_top.begin(), at_top.end());
+            EXPECT_NEAR(at_top[0], 10, 1e-9) << bearing;
+            EXPECT_NEAR(at_top[1], 90, 1e-9) << bearing;
+        }
+    }
+}
+
+// The least that a line through (25, 25) cuts off the corner is 1250. It touches the tip of a hole. Twelve spacings of doubles
+// to the one side no line cuts off so little; to the other one it must be turned. Where doubles are too coarse that is too much:
+// 12 / 2^24 of the chord's 71 are 5e-5 of 1250, which a line holds that is turned by the square root of that.
+TEST(TurningWholeLine, BesideThePointThereMayBeNoLine)
+{
+    const auto least = [](double away) {
+        const auto at = [away](double x, double y) { return PL_PNT2D_record{x + away, y + away}; };
+        const plparcel::Parcel holed = {{at(0, 0), at(100, 0), at(100, 100), at(0, 100)},
+                                        {{at(30, 20), at(45, 30), at(35, 35)}}};
+        return divide(holed, whole(through_point(at(25, 25)), {area(1250)}));
+    };
+    const Division near = least(0);
+    ASSERT_EQ(near.status, Status::divided) << describe(near);
+    EXPECT_NEAR(near.lines[0].from.y, 50, 1e-9);
+    EXPECT_EQ(least(0x1p28).status, Status::not_reached);
+}
+
 // The search begins in a direction that is rounded, next to the one through corners of the hole: to begin there finds the
 // same lines as to begin anywhere else.
 TEST(PartThroughAPoint, WhereTheSearchBeginsChangesNoLine)

@@ -607,6 +607,86 @@ TEST(WholeLines, ASideThatCrossesTheFirstLineByNextToNothing)
     }
 }
 
+// From the hole's corner (20, 20) 2000 lie left of the line along its western side. A hair more is held by a line turned a
+// hair, and nearly by the one along the side: that is no further line.
+TEST(WholeLines, ALineThroughAVertexBesideTheAmountIsNoFurtherLine)
+{
+    const Parcel holed = {kOneHole.outer, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    Request request;
+    request.line = at_vertex_of(1, 0);
+    request.amounts = {area(2000 + 1e-6)};
+    const Division division = divide(holed, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_NEAR(division.pieces[0].area, 2000 + 1e-6, 1e-7);
+    request.alternative = 1;
+    EXPECT_EQ(divide(holed, request).status, Status::no_further_line);
+}
+
+// On the right of a line that climbs s through the middle of the hole's western side lie 5400 - 800 / s - 200 s, at most 4600.
+// 6.4e-6 more are granted.
+TEST(WholeLines, ALittleMoreThanTheMostThroughAPlaceOnAHole)
+{
+    const Parcel holed = {kOneHole.outer, {{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}};
+    Line place = plparcel::through_place(0, 30);
+    place.ring = 1;
+    for (const Measured measured : {kHere, kThere}) {
+        for (const double more : {0.0, 6.3e-6})
+            EXPECT_EQ(cut(holed, place, {area(4600 + more)}, measured, Pieces::two).status, Status::divided)
+                << more;
+        for (const double more : {6.5e-6, 1e-5})
+            EXPECT_EQ(cut(holed, place, {area(4600 + more)}, measured, Pieces::two).status,
+                      Status::no_line_through_point)
+                << more;
+    }
+}
+
+//   +--- | ---+      The tip comes down to spacings of doubles above the place in the side below it. A line from there passes
+//   |   \ /   |      the tip, or touches it.
+//   +----o----+
+TEST(WholeLines, FromAPlaceJustBelowATip)
+{
+    constexpr double kSpacing = 0x1p-46;
+    const auto from_below = [](double spacings) {
+        const Parcel parcel = {{{64, 64},
+                                {100, 64},
+                                {100, 100},
+                                {81, 100},
+                                {80, 64 + spacings * kSpacing},
+                                {79, 100},
+                                {64, 100}},
+                               {{{90, 80}, {90, 85}, {95, 85}, {95, 80}}}};
+        return cut(parcel, plparcel::through_place(0, 16), {area(150)}, kHere, Pieces::two);
+    };
+    EXPECT_EQ(from_below(3).status, Status::no_line_through_point);
+    EXPECT_EQ(from_below(4).status, Status::no_line_through_point);
+    const Division passed = from_below(12);
+    ASSERT_EQ(passed.status, Status::divided) << describe(passed);
+    EXPECT_NEAR(passed.lines[0].to.x, 100, 1e-9);
+    EXPECT_NEAR(passed.lines[0].to.y, 64 + 15, 1e-9) << "a triangle of 20 by 15";
+}
+
+// A star of 41 teeth, through the middle of which some eighty lines halve it, so far away that coordinates are halves. Every
+// piece of it has some eighths of a square, and what is asked is a sixteenth more: no line holds it, and not all are tried.
+TEST(WholeLines, WhereCoordinatesAreTooCoarseForManyLinesTheRestAreNotTried)
+{
+    constexpr double kAway = 0x1.8p51;
+    constexpr double kTurn = 6.283185307179586;
+    constexpr int kTips = 41;
+    constexpr double kEighths = 8.0;
+    Parcel star;
+    for (int i = 0; i < 2 * kTips; ++i) {
+        const double far = i % 2 == 0 ? 100 : 60;
+        const double angle = kTurn * i / (2 * kTips);
+        star.outer.push_back({kAway + far * std::cos(angle), kAway + far * std::sin(angle)});
+    }
+    star.holes = {{{kAway + 10, kAway + 10}, {kAway + 10, kAway + 12}, {kAway + 12, kAway + 12}}};
+    const double half = std::floor(check_parcel(star).area / 2 * kEighths) / kEighths;
+    const Division division =
+        cut(star, plparcel::through_point({kAway, kAway}), {area(half + 0.5 / kEighths)}, kHere, Pieces::two);
+    EXPECT_EQ(division.status, Status::not_reached);
+    EXPECT_LT(division.trials, 82U);
+}
+
 //   +                    The line that cuts two thirds off runs along the hole's slope, from below it to above it. It does
 //   | +  +               not start at the place on the slope, but touches the hole all along.
 //   | |     +
@@ -991,6 +1071,43 @@ TEST(WholeLines, AStripTooThinForALineToEndIt)
                            {{{40, 30}, {60, 30}, {60, 40}, {40, 40}}}};
     EXPECT_EQ(cut(parcel, parallel_to(0), {width(0x1p-63)}, kHere, Pieces::two).status,
               Status::line_leaves_parcel);
+}
+
+//   7 ---------------- 6     The right leg ends 2^-62 above the left one: no lines are looked for between these levels, nor at
+//   |      2 --- 3 [] |      that of the right leg's end in their place.
+//   |      |     |    |
+//   0 ---- 1     4 -- 5
+TEST(WholeLines, AStripTooThinForALineAtTheBottom)
+{
+    const Parcel parcel = {
+        {{0, 0}, {30, 0}, {30, 40}, {60, 40}, {60, 0x1p-62}, {100, 0x1p-62}, {100, 60}, {0, 60}},
+        {{{45, 45}, {45, 50}, {50, 50}, {50, 45}}}};
+    EXPECT_EQ(cut(parcel, at_bearing(300), {width(0x1p-63)}, kThere, Pieces::two).status,
+              Status::not_reached);
+}
+
+//   7 ----- 6               In the left arm, 30 wide, below the hole in it. The right arm's end is at level 40: in a direction
+//   |  []   |               2^-70 off that end's its corners are all but level, which changes nothing in the left one.
+//   |       |     3 --- 2
+//   |       5 --- 4     |
+//   0 ----------------- 1
+TEST(WholeLines, CornersElsewhereThatAreAllButLevel)
+{
+    const Parcel parcel = {{{0, 0}, {100, 0}, {100, 40}, {60, 40}, {60, 20}, {30, 20}, {30, 60}, {0, 60}},
+                           {{{5, 50}, {8, 50}, {8, 55}, {5, 55}}}};
+    constexpr double kWhole = 100.0 * 20 + 30.0 * 40 + 40.0 * 20 - 15;
+    for (const double off : {0x1p-70, -0x1p-70}) {
+        for (const double level : {45.0, 30.0}) {
+            const double above = 30 * (60 - level) - 15;
+            const Division division = cut(parcel, plparcel::along_segment({0, 0}, {1, off}),
+                                          {area(kWhole - above)}, kHere, Pieces::two);
+            ASSERT_EQ(division.status, Status::divided) << level << ": " << describe(division);
+            EXPECT_NEAR(division.lines[0].from.x, 0, 1e-12) << level;
+            EXPECT_NEAR(division.lines[0].to.x, 30, 1e-12) << level;
+            EXPECT_NEAR(division.lines[0].from.y, level, 1e-9) << level;
+            EXPECT_NEAR(division.lines[0].to.y, level, 1e-9) << level;
+        }
+    }
 }
 
 // A strip from the far end, up to the level of the base side and beyond it, where the line ends what lies behind: with a hole
