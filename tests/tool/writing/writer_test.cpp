@@ -485,7 +485,7 @@ TEST_F(Writer, HeightsInDrawings)
         iso.variant = wkbVariantIso;
         std::multiset<std::string> shapes;
         for (const OGRFeatureUniquePtr& entity : *drawing->GetLayer(0))
-            if (std::string(entity->GetFieldAsString("Layer")) != "labels")
+            if (*entity->GetFieldAsString("Text") == '\0')
                 shapes.insert(std::string(entity->GetFieldAsString("Layer")) + " " +
                               entity->GetGeometryRef()->exportToWkt(iso));
         // The line runs from (50, 0) to (50, 50): 2 and, between 7 and 9, 8.
@@ -872,8 +872,12 @@ TEST_F(Writer, ADrawingIsReadyToBeWorkedOn)
     EXPECT_EQ(std::stoi(drawing.variables.at("$INSUNITS")), 6) << "metres";
     EXPECT_EQ(std::stoi(drawing.variables.at("$MEASUREMENT")), 1) << "metric";
     EXPECT_TRUE(drawing.handles_differ);
-    for (const auto& [layer, colour] :
-         {std::pair("pieces", 3), {"lines", 1}, {"points", 5}, {"labels", 7}, {"undivided", 6}})
+    for (const auto& [layer, colour] : {std::pair("pieces", 3),
+                                        {"lines", 1},
+                                        {"points", 5},
+                                        {"point_labels", 5},
+                                        {"labels", 7},
+                                        {"undivided", 6}})
         EXPECT_EQ(std::stoi(drawing.colours.at(layer)), colour) << layer;
 
     const std::vector<Entity> pieces = drawing.on("pieces");
@@ -900,6 +904,9 @@ TEST_F(Writer, ADrawingIsReadyToBeWorkedOn)
         EXPECT_NEAR(std::stod(label.value(40)), std::sqrt(1000.0) / 12.0, 1e-4)
             << "it fits the smallest piece";
     }
+    EXPECT_EQ(drawing.on("point_labels").size(), 4u);
+    for (const Entity& label : drawing.on("point_labels"))
+        labels.insert(label.value(1));
     EXPECT_EQ(labels, (std::set<std::string>{"P1", "P2", "P3", "P4", "A\\P1000.0000\\Pasked\\~1000.0000",
                                              "B\\P2000.0000\\Pasked\\~2000.0000", "C\\P3000.0000\\Prest"}));
     EXPECT_EQ(drawing.entities.size(), 3u + 2u + 4u + 7u);
@@ -936,18 +943,30 @@ TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
           "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n2,\"POLYGON ((0 0, 9 x))\"\n"
           "3,\"POLYGON ((0 0, 1 0, 1 1, 0 1, 0 0))\"\n"
           "4,\"MULTIPOLYGON (((200 0, 210 0, 210 10, 200 0)), ((220 0, 230 0, 230 10, 220 0)))\"\n");
-    const test::Result run = divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf");
-    EXPECT_EQ(run.status, 3) << run.err;
-    EXPECT_NE(run.out.find("Written  out.dxf\n"), std::string::npos) << run.out;
+    const test::Result divided = divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf");
+    EXPECT_EQ(divided.status, 3) << divided.err;
+    EXPECT_NE(divided.out.find("Written  out.dxf\n"), std::string::npos) << divided.out;
     const Drawing drawing(content("out.dxf"));
     EXPECT_EQ(drawing.on("pieces").size(), 2u);
-    EXPECT_EQ(drawing.on("undivided").size(), 3u)
-        << "a square and two triangles; what is no geometry cannot be drawn";
+    EXPECT_EQ(drawing.on("undivided").size(), 3u + 3u)
+        << "with their reasons, a square and two triangles; what is no geometry cannot be drawn";
     std::set<std::string> labels;
-    for (const Entity& label : drawing.on("labels"))
-        labels.insert(label.value(1).substr(0, label.value(1).find("\\~")));
-    EXPECT_EQ(labels, (std::set<std::string>{"1a\\P1000.0000\\Pasked", "1b\\P5000.0000\\Prest", "P1", "P2",
-                                             "refused:"}));
+    for (const char* layer : {"labels", "point_labels", "undivided"})
+        for (const Entity& label : drawing.on(layer))
+            if (label.kind == "MTEXT")
+                labels.insert(std::string(layer) + " " +
+                              label.value(1).substr(0, label.value(1).find("\\~")));
+    EXPECT_EQ(labels, (std::set<std::string>{"labels 1a\\P1000.0000\\Pasked", "labels 1b\\P5000.0000\\Prest",
+                                             "point_labels P1", "point_labels P2", "undivided refused:"}));
+    // Read again, a parcel has the name of its piece; neither a point nor a refusal names one.
+    const test::Result again = run({"measure", "out.dxf", "--layer", "pieces", "--csv"});
+    EXPECT_NE(again.out.find(",1a,"), std::string::npos) << again.out << again.err;
+    EXPECT_NE(again.out.find(",1b,"), std::string::npos) << again.out << again.err;
+    const test::Result undivided = run({"measure", "out.dxf", "--layer", "undivided", "--csv"});
+    EXPECT_EQ(undivided.out.find("refused"), std::string::npos) << undivided.out;
+    const test::Result points =
+        run({"measure", "out.dxf", "--layer", "pieces", "--name-layer", "point_labels"});
+    EXPECT_NE(points.out.find("P"), std::string::npos) << points.out;
     // Two are several.
     write("two.csv", "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n"
                      "2,\"POLYGON ((200 0, 300 0, 300 60, 200 60, 200 0))\"\n");

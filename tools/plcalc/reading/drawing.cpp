@@ -235,6 +235,12 @@ DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset
     return drawn;
 }
 
+// Whether a text is one that we write, and no name.
+static bool is_remark(const std::string& layer, const std::string& text)
+{
+    return layer == kPointLabelsLayer || (layer == kUndividedLayer && text.rfind(kRefused, 0) == 0);
+}
+
 DrawnMarks DrawnMarks::texts(OGRLayer& entities, GDALDataset& dataset,
                              const std::optional<std::string>& layer)
 {
@@ -243,7 +249,10 @@ DrawnMarks DrawnMarks::texts(OGRLayer& entities, GDALDataset& dataset,
         const OGRGeometry* const geometry = feature->GetGeometryRef();
         const std::string line = first_line(feature->GetFieldAsString("Text"));
         if (geometry == nullptr || wkbFlatten(geometry->getGeometryType()) != wkbPoint || line.empty() ||
-            is_hidden(*feature, dataset) || (layer && *layer != feature->GetFieldAsString("Layer")))
+            is_hidden(*feature, dataset))
+            continue;
+        const std::string on = feature->GetFieldAsString("Layer");
+        if (layer ? *layer != on : is_remark(on, line))
             continue;
         texts.push_back({geometry->toPoint()->getX(), geometry->toPoint()->getY(), line});
     }

@@ -70,6 +70,12 @@ DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset
 /// The layer on which drawings of ours have the holes of pieces.
 constexpr const char* kHolesLayer = "holes";
 
+/// Those on which they have the names of new points, and the refused parcels with a reason that begins so. Neither names a
+/// parcel.
+constexpr const char* kPointLabelsLayer = "point_labels";
+constexpr const char* kUndividedLayer = "undivided";
+constexpr const char* kRefused = "refused: ";
+
 /// Something at a place of a drawing.
 struct Mark {
     double east;
@@ -84,7 +90,7 @@ public:
 
     /// All texts that are shown in model space.
     ///
-    /// @param[in] layer  of the drawing, only those on it; any where there is none
+    /// @param[in] layer  of the drawing, only those on it; any where there is none, without those of ours that name no parcel
     static DrawnMarks texts(OGRLayer& entities, GDALDataset& dataset,
                             const std::optional<std::string>& layer);
 

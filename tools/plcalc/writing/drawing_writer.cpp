@@ -26,7 +26,6 @@ constexpr const char* kPieces = "pieces";
 constexpr const char* kLines = "lines";
 constexpr const char* kPoints = "points";
 constexpr const char* kLabels = "labels";
-constexpr const char* kUndivided = "undivided";
 constexpr const char* kNeighbours = "neighbours";
 
 // Layers with the number that DXF gives to their colour.
@@ -34,8 +33,8 @@ using Layers = std::vector<std::pair<const char*, int>>;
 
 Layers layers_with(const NeighbourHeights& neighbours)
 {
-    Layers layers = {{kPieces, 3}, {kHolesLayer, 8}, {kLines, 1},
-                     {kPoints, 5}, {kLabels, 7},     {kUndivided, 6}};
+    Layers layers = {{kPieces, 3},           {kHolesLayer, 8}, {kLines, 1},         {kPoints, 5},
+                     {kPointLabelsLayer, 5}, {kLabels, 7},     {kUndividedLayer, 6}};
     if (neighbours)
         layers.emplace_back(kNeighbours, 4);
     return layers;
@@ -298,11 +297,12 @@ bool DrawingWriter::draw(const char* layer, OGRGeometry&& geometry, const std::s
     return lost;
 }
 
-void DrawingWriter::draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs)
+void DrawingWriter::draw_label(const char* layer, const std::string& text, const OGRPoint& place,
+                               double height, Hangs hangs)
 {
     constexpr double kGap = 0.5;  // between point and text, heights of text
     const double gap = hangs == Hangs::centred ? 0.0 : kGap * height;
-    draw(kLabels, OGRPoint(place.getX() + gap, place.getY() + gap),
+    draw(layer, OGRPoint(place.getX() + gap, place.getY() + gap),
          "LABEL(t:\"" + quoted(text) + "\",s:" + CPLSPrintf("%.6gg", height) +
              (hangs == Hangs::centred ? ",p:5)" : ",p:1)"));
 }
@@ -324,7 +324,8 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         lost = draw(kPieces, open_polygon(piece.ring, &known)) || lost;
         for (const plparcel::Ring& hole : piece.holes)
             lost = draw(kHolesLayer, open_polygon(hole, &known)) || lost;
-        draw_label(piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
+        draw_label(kLabels,
+                   piece_title(parcel, i) + "\n" + fixed(piece.area, decimals) + "\n" +
                        (is_rest           ? "rest"
                         : held.pieces > 1 ? "of " + fixed(held.area, decimals)
                                           : "asked " + fixed(piece.asked, decimals)),
@@ -341,7 +342,8 @@ void DrawingWriter::add(const ReadParcel& read, const Answer& answer)
         const OGRPoint at = point_at(points.points[i].at, known);
         ++points_;
         draw(kPoints, OGRPoint(at));
-        draw_label(several_parcels_ ? "P" + std::to_string(points_) : points.points[i].name, at, height,
+        draw_label(kPointLabelsLayer,
+                   several_parcels_ ? "P" + std::to_string(points_) : points.points[i].name, at, height,
                    Hangs::upper_right);
     }
 }
@@ -361,14 +363,14 @@ OGRLinearRing DrawingWriter::draw_undivided(const ReadParcel& read, const char* 
 void DrawingWriter::add_refused(const ReadParcel& read, const std::string& reason)
 {
     plparcel::Ring outer;
-    for (const OGRPoint& p : draw_undivided(read, kUndivided))
+    for (const OGRPoint& p : draw_undivided(read, kUndividedLayer))
         outer.push_back({p.getX(), p.getY()});
     if (outer.empty())
         return;
-    const std::string text = "refused: " + reason;
+    const std::string text = kRefused + reason;
     const plparcel::Extent extent = plparcel::extent_of(outer);
     const double height = std::max(extent.width(), extent.height()) / static_cast<double>(text.size());
-    draw_label(text, place_in(outer), height, Hangs::centred);
+    draw_label(kUndividedLayer, text, place_in(outer), height, Hangs::centred);
 }
 
 void DrawingWriter::add_neighbour(const ReadParcel& read, const Insertion& /*insertion*/)

@@ -24,7 +24,8 @@ namespace tool {
 /// | holes     | grey    | a closed LWPOLYLINE for each hole in a piece                                       |
 /// | lines     | red     | the dividing lines, open LWPOLYLINEs                                               |
 /// | points    | blue    | the new points                                                                     |
-/// | labels    | white   | names of the new points; name of each piece, its area and the area asked for       |
+/// | point_labels | blue | their names                                                                        |
+/// | labels    | white   | name of each piece, its area and the area asked for                                |
 /// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
 /// | neighbours | cyan   | neighbours that have got points, closed LWPOLYLINEs; only where they were asked for  |
 ///
@@ -54,7 +55,8 @@ private:
 
     bool draw(const char* layer, OGRGeometry&& geometry, const std::string& style = "");
     OGRLinearRing draw_undivided(const ReadParcel& read, const char* layer);
-    void draw_label(const std::string& text, const OGRPoint& place, double height, Hangs hangs);
+    void draw_label(const char* layer, const std::string& text, const OGRPoint& place, double height,
+                    Hangs hangs);
     void require(bool ok) const;
 
     std::string file_;
