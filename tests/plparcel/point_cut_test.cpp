@@ -923,16 +923,21 @@ TEST(TurningWholeLine, BesideThePointTheNearestOfSeveralIsTaken)
 // 12 / 2^24 of the chord's 71 are 5e-5 of 1250, which a line holds that is turned by the square root of that.
 TEST(TurningWholeLine, BesideThePointThereMayBeNoLine)
 {
-    const auto least = [](double away) {
-        const auto at = [away](double x, double y) { return PL_PNT2D_record{x + away, y + away}; };
+    const auto least = [](double away, bool mirrored) {
+        const auto at = [&](double x, double y) {
+            return mirrored ? PL_PNT2D_record{y + away, x + away} : PL_PNT2D_record{x + away, y + away};
+        };
         const plparcel::Parcel holed = {{at(0, 0), at(100, 0), at(100, 100), at(0, 100)},
                                         {{at(30, 20), at(45, 30), at(35, 35)}}};
         return divide(holed, whole(through_point(at(25, 25)), {area(1250)}));
     };
-    const Division near = least(0);
-    ASSERT_EQ(near.status, Status::divided) << describe(near);
-    EXPECT_NEAR(near.lines[0].from.y, 50, 1e-9);
-    EXPECT_EQ(least(0x1p28).status, Status::not_reached);
+    for (const bool mirrored : {false, true}) {
+        const Division near = least(0, mirrored);
+        ASSERT_EQ(near.status, Status::divided) << describe(near);
+        EXPECT_NEAR(near.lines[0].from.x + near.lines[0].from.y, 50, 1e-9);
+        EXPECT_NEAR(near.lines[0].to.x + near.lines[0].to.y, 50, 1e-9);
+        EXPECT_EQ(least(0x1p28, mirrored).status, Status::not_reached);
+    }
 }
 
 // The search begins in a direction that is rounded, next to the one through corners of the hole: to begin there finds the
