@@ -533,6 +533,10 @@ TEST(SharedSides, JoinThePointsOfSidesThatOverlap)
         EXPECT_EQ(text_of(with.parcel.outer), row.want) << row.what;
         EXPECT_EQ(text_of(with.existing), row.existing) << row.what;
     }
+    // Sides whose middles doubles do not tell apart are two.
+    const SharedSides two({on(1.5, 1, 3), on(2, 1, 3 + 0x1p-51), on(2.5, 1, 3)}, 0.001);
+    EXPECT_EQ(text_of(two.with_points({{{1, 0}, {3, 0}, {2, 5}}, {}}).parcel.outer),
+              "1 0, 1.5 0, 2 0, 2.5 0, 3 0, 2 5");
     // A side that begins at a corner which two divided sides have.
     const SharedSides shared({on(40, 0, 100), on(40, 0, 60)}, 0.001, [](const SharedSides::Take& take) {
         take({{{20, 0}, {0, 0}, {0, -50}, {20, -50}}, {}});
