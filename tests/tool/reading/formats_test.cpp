@@ -258,6 +258,58 @@ TEST_F(Formats, HeightsThatAreMissingAreNotZero)
 }
 
 // Coordinates in whole metres say nothing of the sign before decimals; the heights beside them do.
+TEST_F(Formats, HeightsThatAreMissingInGml)
+{
+    const auto with_ring = [](const std::string& ring) {
+        return std::string("<c xmlns='http://www.opengis.net/gml'><featureMember><lot fid='lot.1'><shape>\n"
+                           "<Polygon srsName='EPSG:32632'><outerBoundaryIs><LinearRing>") +
+               ring + "</LinearRing></outerBoundaryIs></Polygon>\n</shape></lot></featureMember></c>\n";
+    };
+    const auto pos = [](const std::string& third) {
+        std::string ring;
+        for (const std::string& p :
+             {std::string("500000 5000000 1"), std::string("500100 5000000 2"), "500100 5000050" + third,
+              std::string("500000 5000050 4"), std::string("500000 5000000 1")})
+            ring += "<pos>" + p + "</pos>";
+        return ring;
+    };
+    const std::string coordinates = "<coordinates>500000,5000000,1 500100,5000000,2 500100,5000050,3 "
+                                    "500000,5000050,4 500000,5000000,1</coordinates>";
+    const std::string list = "500000 5000000 1 500100 5000000 2 500100 5000050 3 500000 5000050 4 "
+                             "500000 5000000 1</posList>";
+    std::string one_missing = coordinates;
+    one_missing.replace(one_missing.find(",3 "), 2, "");
+    std::string no_number = list;
+    no_number.replace(no_number.find(" 3 "), 2, " nan");
+    const struct {
+        const char* what;
+        std::string ring;
+        bool refused;
+    } rows[] = {
+        {"all have heights", pos(" 3"), false},
+        {"a position without", pos(""), true},
+        {"all have heights, old style", coordinates, false},
+        {"a position without, old style", one_missing, true},
+        {"a list with heights", "<posList srsDimension='3'>" + list, false},
+        {"one is no number", "<posList srsDimension='3'>" + no_number, true},
+        {"a list in the plane",
+         "<posList>500000 5000000 500100 5000000 500100 5000050 500000 5000050 500000 5000000</posList>",
+         false},
+    };
+    for (const auto& row : rows) {
+        write("lot.gml", with_ring(row.ring));
+        const test::Result run = divide("lot.gml", kStrip);
+        if (row.refused)
+            EXPECT_TRUE(
+                test::fails_with(run, 3,
+                                 "lot.gml: some positions have heights and others have none in the geometry "
+                                 "that begins on line 2; give each of them a height, or none"))
+                << row.what;
+        else
+            EXPECT_EQ(run.status, 0) << row.what << run.err;
+    }
+}
+
 TEST_F(Formats, CommasInHeightsAlone)
 {
     const struct {

@@ -11,11 +11,11 @@
 #include <utility>
 #include <vector>
 
-#include <cpl_vsi.h>
-#include <libxml/xmlreader.h>
+#include <cpl_conv.h>
 #include <ogrsf_frmts.h>
 
 #include "console/outcome.h"
+#include "files/xml_reader.h"
 
 namespace tool {
 namespace {
@@ -65,22 +65,6 @@ struct ReadRing {
     std::string names;  // of its points, on lines
 };
 
-int read_bytes(void* file, char* buffer, int size)
-{
-    return static_cast<int>(
-        VSIFReadL(buffer, 1, static_cast<std::size_t>(size), static_cast<VSILFILE*>(file)));
-}
-
-int close_file(void* file)
-{
-    return VSIFCloseL(static_cast<VSILFILE*>(file));
-}
-
-std::string text_of(const xmlChar* text)
-{
-    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
-}
-
 bool is_named(xmlNode* node, const char* name)
 {
     return node->type == XML_ELEMENT_NODE && text_of(node->name) == name;
@@ -111,32 +95,12 @@ std::vector<double> numbers_in(const std::string& text)
     return numbers;
 }
 
-void keep_quiet(void*, xmlErrorPtr)
-{}
-
-using XmlReader = std::unique_ptr<xmlTextReader, decltype(&xmlFreeTextReader)>;
-
-// Null for a file that cannot be read.
-XmlReader reader_of(const std::string& file)
-{
-    VSILFILE* const opened = VSIFOpenL(file.c_str(), "rb");
-    XmlReader reader(nullptr, xmlFreeTextReader);
-    if (opened == nullptr)
-        return reader;
-    reader.reset(xmlReaderForIO(read_bytes, close_file, opened, nullptr, nullptr,
-                                XML_PARSE_NONET | XML_PARSE_NOCDATA));
-    if (reader == nullptr)
-        throw std::bad_alloc();
-    xmlTextReaderSetStructuredErrorHandler(reader.get(), keep_quiet, nullptr);
-    return reader;
-}
-
 // Reads the file once, then resolves the references.
 class LandXmlReader {
 public:
     LandXmlReader(const std::string& file, const std::string& shown) : shown_(shown)
     {
-        const XmlReader reader = reader_of(file);
+        const XmlReader reader = open_xml(file);
         if (reader == nullptr)
             refuse("", "the file cannot be read", "check its permissions");
         int state = xmlTextReaderRead(reader.get());
@@ -539,7 +503,7 @@ GDALDatasetUniquePtr open_landxml(const std::string& file, const std::string& sh
 
 std::optional<std::size_t> count_landxml_parcels(const std::string& file)
 {
-    const XmlReader reader = reader_of(file);
+    const XmlReader reader = open_xml(file);
     if (reader == nullptr)
         return std::nullopt;
     std::size_t parcels = 0;

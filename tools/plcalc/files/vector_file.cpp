@@ -2,12 +2,15 @@
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
+#include <string>
 #include <system_error>
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
 
 #include "console/outcome.h"
+#include "files/gml_heights.h"
 #include "files/landxml.h"
 #include "files/positions.h"
 #include "files/text_source.h"
@@ -65,6 +68,17 @@ Failure why_not_opened(const std::string& file, const GdalMessages& messages)
                    "convert it, for example to GeoPackage");
 }
 
+// Of GML nobody can tell later which of the zeros are heights.
+void require_heights_or_none(const std::string& file, const std::string& shown)
+{
+    if (const std::optional<long> line = line_of_mixed_heights(file))
+        throw Failure(
+            ExitStatus::unusable_input, {shown, ""},
+            "some positions have heights and others have none in the geometry that begins on line " +
+                std::to_string(*line),
+            "give each of them a height, or none");
+}
+
 }  // namespace
 
 GDALDatasetUniquePtr open_vector_file(const std::string& file)
@@ -85,6 +99,8 @@ GDALDatasetUniquePtr open_or_refuse(const std::string& file, const GdalMessages&
     GDALDatasetUniquePtr dataset = is_landxml(file) ? open_landxml(file, shown) : open_vector_file(file);
     if (dataset == nullptr)
         throw why_not_opened(shown, messages);
+    if (EQUAL(dataset->GetDriverName(), "GML"))
+        require_heights_or_none(file, shown);
     return dataset;
 }
 
