@@ -383,7 +383,7 @@ TEST_F(Formats, TextInUtf16)
             EXPECT_EQ(run.out.rfind(first, 0), 0u) << encoding << mark << run.out << run.err;
             expect_divided(divide_from(name, "-"));
         }
-    write("lot.csv", std::string("\xFF\xFE") + "E\0,");
+    write("lot.csv", std::string("\xFF\xFE") + std::string("E\0,", 3));
     EXPECT_TRUE(test::fails_with(divide("lot.csv", kStrip), 3,
                                  "lot.csv: the text begins as UTF-16, but is not; save it as CSV in UTF-8"));
 }
