@@ -156,6 +156,45 @@ TEST(Corners, OfTwoHolesAreNumberedOnAfterTheRing)
     EXPECT_EQ(corners.inside_left, (std::vector<bool>{true, false, true}));
 }
 
+// Far from the origin the sums of an area must be taken from a vertex.
+TEST(Corners, KnowOnWhichSideTheParcelLiesWhereverItIs)
+{
+    for (const double east : {0.0, 3000.0, -3000.0})
+        for (const double north : {0.0, 5000.0, -5000.0}) {
+            tool::Parcel parcel;
+            parcel.ring = {{0, 0}, {90, 0}, {90, 50}, {0, 50}};
+            parcel.holes = {{{10, 10}, {20, 10}, {10, 20}}, {{50, 10}, {50, 20}, {60, 10}}};
+            for (plparcel::Ring* const ring : {&parcel.ring, &parcel.holes[0], &parcel.holes[1]})
+                for (PL_PNT2D_record& p : *ring)
+                    p = {p.x + east, p.y + north};
+            EXPECT_EQ(tool::corners_of(parcel).inside_left, (std::vector<bool>{true, false, true}));
+            std::reverse(parcel.ring.begin(), parcel.ring.end());
+            EXPECT_EQ(tool::corners_of(parcel).inside_left, (std::vector<bool>{false, false, true}));
+        }
+}
+
+TEST(Corners, HaveNumbersInRingsOfAnySize)
+{
+    tool::Parcel parcel;
+    parcel.ring.resize(7);
+    parcel.holes = {plparcel::Ring(3), plparcel::Ring(4), plparcel::Ring(5)};
+    const struct {
+        std::size_t ring;
+        std::size_t index;
+        std::size_t number;
+    } rows[] = {{0, 0, 0}, {0, 6, 6}, {1, 0, 7}, {1, 2, 9}, {2, 0, 10}, {2, 3, 13}, {3, 0, 14}, {3, 4, 18}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(tool::number_of(parcel, row.ring, row.index), row.number);
+        const std::optional<tool::RingIndex> there = tool::in_ring(parcel, row.number);
+        ASSERT_TRUE(there) << row.number;
+        EXPECT_EQ(there->ring, row.ring) << row.number;
+        EXPECT_EQ(there->index, row.index) << row.number;
+        EXPECT_EQ(there->first, row.number - row.index) << row.number;
+    }
+    EXPECT_FALSE(tool::in_ring(parcel, 19));
+    EXPECT_EQ(tool::vertex_count(parcel), 19u);
+}
+
 tool::Parcel with_heights(plparcel::Ring ring, std::vector<double> heights)
 {
     tool::Parcel parcel;
@@ -180,6 +219,76 @@ TEST(Heights, OfParcelsThatMayHaveNone)
     EXPECT_FALSE(heights.at({25, 0.0099}));
     EXPECT_TRUE(tool::Heights(parcel, 2).at({25, 0.0099}));
     EXPECT_FALSE(tool::Heights(with_heights(kHigh, {})).at({0, 0}));
+}
+
+// A side of 50 along (3, 4); what lies to its left is a multiple of (-4, 3).
+TEST(Foot, OnASlantedSide)
+{
+    const PL_PNT2D_record a = {10, 20};
+    const PL_PNT2D_record b = {40, 60};
+    const struct {
+        const char* what;
+        PL_PNT2D_record a, b, p;
+        double part, distance;
+    } rows[] = {
+        {"to the left, near the start", a, b, {9, 27}, 0.1, 5.0},
+        {"to the right, near the end", a, b, {41, 53}, 0.9, 5.0},
+        {"the same side backwards", b, a, {41, 53}, 0.1, 5.0},
+        {"on the side", a, b, {25, 40}, 0.5, 0.0},
+        {"before the start", a, b, {4, 12}, 0.0, 10.0},
+        {"behind the end", a, b, {52, 76}, 1.0, 20.0},
+        {"a side without length", {3, 4}, {3, 4}, {6, 8}, 0.0, 5.0},
+    };
+    for (const auto& row : rows) {
+        const tool::Foot foot = tool::foot_on(row.a, row.b, row.p);
+        EXPECT_NEAR(foot.part, row.part, 1e-15) << row.what;
+        EXPECT_NEAR(foot.distance, row.distance, 1e-14) << row.what;
+    }
+}
+
+TEST(Foot, AtAnEndHasItsHeightWhateverTheOtherIs)
+{
+    const double none = std::nan("");
+    EXPECT_EQ((tool::Foot{0.25, 0.0}.height(10, 30)), 15.0);
+    EXPECT_EQ((tool::Foot{0.0, 0.0}.height(10, none)), 10.0);
+    EXPECT_EQ((tool::Foot{1.0, 0.0}.height(none, 30)), 30.0);
+    EXPECT_TRUE(std::isnan(tool::Foot{0.25, 0.0}.height(10, none)));
+    EXPECT_TRUE(std::isnan(tool::Foot{0.0, 0.0}.height(none, 30)));
+}
+
+TEST(KnownHeights, AreAllOrSomeOrNone)
+{
+    using Lists = std::vector<std::vector<double>>;
+    const double none = std::nan("");
+    const struct {
+        const char* what;
+        Lists lists;
+        bool any, all;
+    } rows[] = {
+        {"of nothing", {}, false, false},
+        {"of vertices without", {{}}, false, false},
+        {"of one without", {{none}}, false, false},
+        {"of all", {{5, 6}, {7}}, true, true},
+        {"not of the first parcel", {{}, {5}}, true, false},
+        {"not of the last parcel", {{5}, {}}, true, false},
+        {"not of the first vertex", {{none, 5}}, true, false},
+        {"not of the last vertex", {{5, none}}, true, false},
+    };
+    for (const auto& row : rows) {
+        tool::KnownHeights one_by_one;
+        tool::KnownHeights together;
+        for (const std::vector<double>& list : row.lists) {
+            one_by_one.add(list);
+            tool::KnownHeights part;
+            part.add(list);
+            together.add(part);
+        }
+        for (const tool::KnownHeights& known : {one_by_one, together}) {
+            EXPECT_EQ(known.any(), row.any) << row.what;
+            EXPECT_EQ(known.all(), row.all) << row.what;
+            EXPECT_EQ(known.partly(), row.any && !row.all) << row.what;
+        }
+    }
 }
 
 }  // namespace

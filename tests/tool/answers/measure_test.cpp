@@ -70,6 +70,25 @@ TEST(Measure, RepeatedVertexHasNoBearingAndNoAngle)
     EXPECT_TRUE(lot.vertices[0].angle_gon);
 }
 
+// In the plane everything is half as long as on the ground.
+TEST(Measure, AParcelWithAHoleIsMeasuredOnTheGround)
+{
+    tool::Parcel parcel;
+    parcel.ring = kLot;
+    parcel.holes = {{{10, 10}, {40, 10}, {40, 50}}};
+    parcel.ground_factor = 0.5;
+    const Measures lot = tool::measure(parcel);
+    EXPECT_BITS(lot.area, 4.0 * (4800.0 - 600.0));
+    EXPECT_BITS(lot.perimeter, 2.0 * (280.0 + 120.0));
+    const double lengths[] = {160, 120, 160, 120, 60, 80, 100};
+    ASSERT_EQ(lot.sides.size(), 7u);
+    for (std::size_t i = 0; i < 7; ++i)
+        EXPECT_BITS(lot.sides[i].length, lengths[i]);
+    ASSERT_EQ(lot.vertices.size(), 7u);
+    EXPECT_BITS(lot.vertices[3].angle_gon.value(), 100.0);
+    EXPECT_BITS(lot.vertices[5].angle_gon.value(), 300.0);
+}
+
 TEST(Measure, RandomParcelsByLongDouble)
 {
     std::mt19937_64 source = test::random_source();

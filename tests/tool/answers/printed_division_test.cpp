@@ -331,6 +331,67 @@ TEST(PrintedDivision, EndsWithAllTheirDigitsAreShownWhole)
 }
 
 // Several lines: each piece lies between two of them, and is measured with both as they are printed.
+// A rectangle of 80 by 60 in the plane, where everything is half as long as on the ground.
+TEST(PrintedDivision, AreasAreOnTheGround)
+{
+    tool::Parcel parcel = parcel_of({{0, 0}, {80, 0}, {80, 60}, {0, 60}});
+    parcel.ground_factor = 0.5;
+    const Asked request = asked(Cut::parallel, 1, 4800.0);
+    const PrintedDivision printed = tool::answer(parcel, request).printed;
+    ASSERT_TRUE(printed.done());
+    EXPECT_EQ(printed.lines[0].start.y, 15.0);
+    EXPECT_EQ(printed.proven.ring.area, 19200.0);
+    EXPECT_EQ(printed.proven.ring.perimeter, 560.0);
+    ASSERT_EQ(printed.proven.pieces.size(), 2u);
+    for (const std::size_t i : {0, 1}) {
+        const double area = i == 0 ? 4800.0 : 14400.0;
+        EXPECT_EQ(printed.proven.pieces[i].area, area);
+        EXPECT_EQ(printed.proven.pieces[i].asked, area);
+        EXPECT_EQ(printed.proven.held.at(i).area, area);
+        EXPECT_EQ(printed.proven.held.at(i).asked, area);
+        EXPECT_EQ(printed.areas.at(i), area);
+    }
+}
+
+// What a rounded line misses is larger on the ground too: to whole units it lies at 30 instead of 30.1.
+TEST(PrintedDivision, ResidualsAreOnTheGround)
+{
+    tool::Parcel parcel = parcel_of({{0, 0}, {80, 0}, {80, 60}, {0, 60}});
+    parcel.ground_factor = 0.5;
+    Asked request = asked(Cut::parallel, 1, 9632.0);
+    request.request.rounding.decimals = 0;
+    request.request.rounding.tolerance = 0.01;
+    const PrintedDivision printed = tool::answer(parcel, request).printed;
+    ASSERT_TRUE(printed.done());
+    EXPECT_EQ(printed.lines[0].start.y, 30.0);
+    for (const std::size_t i : {0, 1}) {
+        const double residual = i == 0 ? -32.0 : 32.0;
+        EXPECT_NEAR(printed.proven.pieces[i].residual, residual, 1e-9);
+        EXPECT_NEAR(printed.proven.held.at(i).residual, residual, 1e-9);
+    }
+}
+
+// With a hole only whole lines that turn about a point are counted; the two here are mirrored at the diagonal.
+TEST(PrintedDivision, LinesAreCountedBesideAHole)
+{
+    tool::Parcel parcel = parcel_of(square(100));
+    parcel.holes = {{{70, 70}, {80, 70}, {80, 80}, {70, 80}}};
+    for (const plparcel::Pieces pieces : {plparcel::Pieces::two, plparcel::Pieces::any}) {
+        Asked request = asked(Cut::through_point, 0, 1000.0);
+        request.request.line.a = {20, 20};
+        request.request.pieces = pieces;
+        request.count_alternatives = true;
+        const PrintedDivision printed = tool::divide_in_print(parcel, request);
+        ASSERT_TRUE(printed.done());
+        EXPECT_EQ(printed.alternatives, pieces == plparcel::Pieces::any ? 2u : 0u);
+    }
+    // Through the first corner the line turns a quarter round, and more lies on its right the farther it has turned.
+    Asked request = asked(Cut::through_vertex, 1, 1000.0);
+    request.request.pieces = plparcel::Pieces::any;
+    request.count_alternatives = true;
+    EXPECT_EQ(tool::divide_in_print(parcel, request).alternatives, 1u);
+}
+
 TEST(PrintedDivision, EveryPieceOfASeriesHolds)
 {
     std::mt19937_64 source = test::random_source();

@@ -66,6 +66,18 @@ TEST(Stakeout, FromTheDrawingBoard)
     }
 }
 
+// In the plane everything is half as long as on the ground; the angle is the same.
+TEST(Stakeout, LengthsAreOnTheGround)
+{
+    const SetOut got =
+        tool::set_out({{"", {0, 0}}, {"", {0, 10}}}, {{"", {0, 0}}, {"", {0, 10}}}, {{"p", {3, 4}}}, 0.5)
+            .at(0);
+    EXPECT_NEAR(got.angle_gon.value(), 40.9665529, 1e-7);
+    EXPECT_NEAR(got.distance, 10.0, 1e-12);
+    EXPECT_NEAR(got.abscissa, 8.0, 1e-12);
+    EXPECT_NEAR(got.ordinate, 6.0, 1e-12);
+}
+
 TEST(Stakeout, TheStationHasNoAngle)
 {
     const SetOut got = one({3, 4}, {0, 0}, {0, 0}, {3, 4}, {3, 4});
