@@ -73,8 +73,11 @@ TEST(NeighbourPoints, HaveHeightsBetweenThoseOfTheirSides)
          "80 60, 50 100, 30 85, -30 40, 0 0, 60 45",
          "20 40, 30 40, 20 50",
          {30, 50, 55, 70, 10, 25, 1, 2, 3}},
-        {"without heights", parcel_of(kSlanted, {{{20, 40}, {30, 40}, {20, 50}}}),
-         "0 0, 60 45, 80 60, 50 100, 30 85, -30 40", "20 40, 30 40, 20 50", {}},
+        {"without heights",
+         parcel_of(kSlanted, {{{20, 40}, {30, 40}, {20, 50}}}),
+         "0 0, 60 45, 80 60, 50 100, 30 85, -30 40",
+         "20 40, 30 40, 20 50",
+         {}},
     };
     const tool::Parcel lot = parcel_of(kSlanted);
     const tool::Asked asked = share(1, 4, 1e-6);
@@ -153,16 +156,8 @@ TEST(NeighbourPoints, LeaveAParcelAsItWasThatWouldMeetItself)
 {
     const tool::Parcel neighbour = parcel_of({{0, 1}, {128, 1}, {128, -63}, {0, -63}});
     const tool::Asked quarter = share(1, 4, 1e-6);
-    tool::Parcel lot = parcel_of({{0, 0},
-                                  {128, 0},
-                                  {128, 64},
-                                  {97, 64},
-                                  {96, 0.5},
-                                  {95, 64},
-                                  {33, 64},
-                                  {32, 0.5},
-                                  {31, 64},
-                                  {0, 64}});
+    tool::Parcel lot = parcel_of(
+        {{0, 0}, {128, 0}, {128, 64}, {97, 64}, {96, 0.5}, {95, 64}, {33, 64}, {32, 0.5}, {31, 64}, {0, 64}});
     tool::NeighbourPoints points(2.0);
     points.note(tool::answer(neighbour, quarter));
     points.note_layer([&](const auto& take) { take(lot); });

@@ -235,6 +235,12 @@ TEST_F(LandXml, FilesOfOthersAreRead)
     EXPECT_NE(content("out.xml").find("<Imperial areaUnit=\"squareFoot\" linearUnit=\"USSurveyFoot\""),
               std::string::npos);
     EXPECT_NE(content("out.xml").find("<Parcel name=\"7/1a\""), std::string::npos);
+    // What is said of a parcel goes on to its pieces.
+    write_xml("<Parcels><Parcel name=\"7/1\" desc=\"Meadow\" state=\"existing\"><CoordGeom>" + sides +
+              "</CoordGeom></Parcel></Parcels>");
+    ASSERT_EQ(divide("in.xml", "--parallel 1 --share 1/2 -o out.geojson").status, 0);
+    for (const char* part : {"\"name\": \"7/1\"", "\"desc\": \"Meadow\"", "\"state\": \"existing\""})
+        EXPECT_NE(content("out.geojson").find(part), std::string::npos) << content("out.geojson");
 }
 
 TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
@@ -270,6 +276,9 @@ TEST_F(LandXml, WhatCannotBeUsedIsRefused)
                    "parcel 7/1: the point '9' is missing; export the points with the parcels");
     expect_refused(
         parcel(line(kA, "1 x")),
+        "parcel 7/1: a point is neither northing and easting nor a reference; export the file again");
+    expect_refused(
+        parcel(line(kA, "2000 1040 5 6") + line("2000 1040 5 6", kC) + line(kC, kA)),
         "parcel 7/1: a point is neither northing and easting nor a reference; export the file again");
     expect_refused("<Parcels><Parcel name=\"7/1\"><CoordGeom>" + line(kA, kB) +
                        "</CoordGeom><CoordGeom/></Parcel></Parcels>",
