@@ -36,6 +36,7 @@ TEST(Heights, ChangeEvenlyAlongASide)
         {"the last vertex of a ring", {0, 50}, 40.0},
         {"a quarter of a side", {25, 0}, 12.5},
         {"three quarters", {75, 0}, 17.5},
+        {"a tenth", {10, 0}, 11.0},
         {"the side that closes the ring", {0, 40}, 34.0},
         {"a side with one height", {100, 25}, {}},
         {"inside", {50, 25}, {}},
@@ -89,6 +90,9 @@ TEST(Heights, OnShortSidesAndBesideVerticesThatRepeat)
     const Heights twice({{{0, 0}, {0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}}, {10, 11, 20, 20, 10});
     EXPECT_EQ(twice.at({0, 0}), 10.0) << "the first of those at one place";
     EXPECT_NEAR(twice.at({25, 0}).value(), 13.25, 1e-12);
+    const Heights touched({{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {{{50, 0}, {60, 20}, {40, 20}}}},
+                          {10, 20, 20, 10, 1, 2, 3});
+    EXPECT_EQ(touched.at({50, 0}), 1.0) << "a hole's vertex on the outer ring has its own";
 }
 
 //   4 3 2 -------- 1 ---------- 0    Two long sides, 8 apart, and a point in the middle. Neither is nearer: it has the height
@@ -114,6 +118,10 @@ TEST(Heights, OfListsThatAreTooShort)
     const Heights broken({{{kNone, 0}, {100, 0}, {100, 50}}, {}}, {1, 2, 3});
     EXPECT_NEAR(broken.at({100, 25}).value(), 2.5, 1e-12);
     EXPECT_FALSE(broken.at({kNone, 0}));
+    EXPECT_FALSE(Heights({{{INFINITY, 0}, {100, 0}, {100, 50}}, {}}, {1, 2, 3}).at({INFINITY, 0}));
+    EXPECT_FALSE(Heights({{{0, INFINITY}, {100, 0}, {100, 50}}, {}}, {1, 2, 3}).at({0, INFINITY}));
+    const Heights one({{{0, 0}, {100, 0}, {100, 50}, {0, 50}}, {}}, {10});
+    EXPECT_EQ(one.at({-5e-4, -1e-4}), 10.0) << "beside the first vertex, the only one with a height";
 }
 
 // Against the nearest of all sides, one after another: a star of thousands of vertices, whose heights rise with the angle.

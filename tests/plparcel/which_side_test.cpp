@@ -102,6 +102,24 @@ TEST(WhichSide, TiesAreWithinATolerance)
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), test::down(0.25))), "2");
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), -1.0)), "2") << "no tolerance below zero";
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), std::nan(""))), "2");
+    EXPECT_EQ(said(plparcel::shortest_side(kTriangle, 50)), "0 2") << "100 and 50 long";
+    EXPECT_EQ(said(plparcel::shortest_side(kTriangle, test::down(50.0))), "2");
+    // 10 from side 1 and 9.75 from side 0; 60.25 from vertex 0 and 59.75 from vertex 1.
+    EXPECT_EQ(said(plparcel::side_near(kLot, {110, 9.75}, 0.25)), "0 1");
+    EXPECT_EQ(said(plparcel::side_near(kLot, {110, 9.75}, test::down(0.25))), "0");
+    EXPECT_EQ(said(plparcel::vertex_near(kLot, {60.25, 0}, 0.5)), "0 1");
+    EXPECT_EQ(said(plparcel::vertex_near(kLot, {60.25, 0}, test::down(0.5))), "1");
+    EXPECT_EQ(said(plparcel::vertex_farthest(kEl, 0, 50)), "2 3 4 5") << "at 50 and at 100";
+    EXPECT_EQ(said(plparcel::vertex_farthest(kEl, 0, test::down(50.0))), "4 5");
+}
+
+// Sides that go straight on are one side; their vertices stay two. Vertex 2 lies 0.005 gons off the line of side 0.
+TEST(WhichSide, VerticesOfAStraightLineTie)
+{
+    const Parcel bent = {{{0, 0}, {50, 0}, {100, 0.004}, {100, 50}, {0, 50}}, {}};
+    EXPECT_EQ(said(plparcel::vertex_farthest(bent, 200)), "0 1");
+    EXPECT_EQ(said(plparcel::vertex_near(bent, {25, -5})), "0 1");
+    EXPECT_EQ(said(plparcel::vertex_near(bent, {25, -5}, 0.25)), "0 1");
 }
 
 TEST(WhichSide, IndexesAreThoseThatWereHandedOver)
@@ -189,6 +207,11 @@ TEST(WhichSide, NearestToAPoint)
     EXPECT_EQ(said(plparcel::side_near(kHoled, {5, 5.5})), "1:1");
     EXPECT_EQ(said(plparcel::side_near(kLot, {kInf, 0})), kUnusable);
     EXPECT_EQ(said(plparcel::side_near(kLot, {0, 1e91})), kUnusable);
+    EXPECT_EQ(said(plparcel::side_near(kLot, {0, 1e90})), "0 1 2 3")
+        << "on the limit, rounded to one distance";
+    EXPECT_EQ(said(plparcel::side_near(kLot, {-1e90, 0})), "0 1 2 3");
+    EXPECT_EQ(said(plparcel::side_near(kLot, {0, test::up(1e90)})), kUnusable);
+    EXPECT_EQ(said(plparcel::side_near(kLot, {test::up(1e90), 0})), kUnusable);
     EXPECT_EQ(plparcel::side_near(kLot, {60, -500}).candidates[0].distance, 500.0);
     EXPECT_EQ(said(plparcel::vertex_near(kEl, {51, 51})), "3");
     EXPECT_EQ(said(plparcel::vertex_near(kLot, {60, 0})), "0 1");
@@ -244,6 +267,66 @@ TEST(WhichSide, AlongARoad)
     EXPECT_FALSE(choice.next) << "no other has any of its length along the road";
 }
 
+// What misses by how much, from wherever it passes. A direction of 3-4-5 leads from a corner to the segments beside it.
+TEST(WhichSide, TheDistanceOfWhatDoesNotCount)
+{
+    const auto nearest = [](const std::vector<Segment>& segments, double distance) {
+        const Choice choice = side_along(kLot, OtherGeometry(segments), {distance, 25});
+        EXPECT_TRUE(choice.candidates.empty());
+        EXPECT_EQ(choice.status,
+                  choice.nearest > distance ? ChoiceStatus::too_far : ChoiceStatus::not_alongside);
+        return choice.nearest;
+    };
+    const struct {
+        const char* what;
+        Segment segment;
+        double wanted;
+    } rows[] = {
+        {"past the corner in the South-West, (-3, -4) the nearest", {{-11, 2}, {5, -10}}, 5.0},
+        {"past the one in the South-East", {{131, 2}, {115, -10}}, 5.0},
+        {"past the one in the North-East", {{131, 78}, {115, 90}}, 5.0},
+        {"past the one in the North-West", {{-11, 78}, {5, 90}}, 5.0},
+        {"on to the middle of a side", {{60, -20}, {64, -4}}, 4.0},
+        {"along the line of a side, beyond its end", {{-30, 0}, {-6, 0}}, 6.0},
+        {"across a side", {{112, -2}, {100, 6}}, 0.0},
+        {"across a side, near its other end", {{8, -2}, {20, 6}}, 0.0},
+        {"across two sides", {{60, -5}, {62, 100}}, 0.0},
+        {"up to a side", {{60, -20}, {63, 0}}, 0.0},
+        {"inside", {{60, 20}, {61, 30}}, 20.0},
+    };
+    for (const auto& row : rows)
+        for (const bool turned : {false, true}) {
+            const Segment one = turned ? Segment{row.segment.to, row.segment.from} : row.segment;
+            EXPECT_NEAR(nearest({one}, 0.03125), row.wanted, 1e-13) << row.what << turned;
+        }
+}
+
+// Nearest to the side's end; it runs along that side only, and counts by what is within 10 of its higher end.
+TEST(WhichSide, TheDistanceFromTheEndOfASide)
+{
+    for (const Segment& past : {Segment{{-11, 2}, {5, -10}}, Segment{{131, 2}, {115, -10}}}) {
+        const Choice choice = side_along(kLot, OtherGeometry({past}), {10, 41});
+        EXPECT_EQ(said(choice), "0");
+        EXPECT_NEAR(choice.candidates[0].distance, 5.0, 1e-13);
+    }
+}
+
+TEST(WhichSide, TheDistanceOfTheNearestOfMany)
+{
+    // Round the lot, each leading to it from afar; one of them begins nearer than the others.
+    for (std::size_t nearer = 0; nearer < 8; ++nearer) {
+        std::vector<Segment> segments;
+        for (std::size_t i = 0; i < 8; ++i) {
+            const double off = i == nearer ? 15.0 : 20.0;
+            const double x = 15.0 + 30.0 * static_cast<double>(i % 4);
+            segments.push_back(i < 4 ? Segment{{x, -off}, {x, -500}} : Segment{{x, 80 + off}, {x, 500}});
+        }
+        const Choice choice = side_along(kLot, OtherGeometry(segments), {10});
+        EXPECT_EQ(choice.status, ChoiceStatus::too_far);
+        EXPECT_EQ(choice.nearest, 15.0) << nearer;
+    }
+}
+
 TEST(WhichSide, AlongRoadsAtACorner)
 {
     const Segment south = {{-500, -8}, {500, -8}};
@@ -261,9 +344,23 @@ TEST(WhichSide, AlongRoadsAtACorner)
 
 TEST(WhichSide, WhatCountsAsAlongside)
 {
+    // In a unit 4,096 times as large or as small it is as much, to the last bit; mirrored or run the other way it is as much.
     const auto counted = [](const Segment& segment, double distance, double angle_gon = 25.0) {
-        const Choice choice = side_along(kLot, OtherGeometry({segment}), {distance, angle_gon});
-        return choice.candidates.empty() ? 0.0 : choice.candidates[0].alongside;
+        const auto scaled = [&](double by, const Segment& s) {
+            Parcel lot = kLot;
+            for (PL_PNT2D_record& p : lot.outer)
+                p = {p.x * by, p.y * by};
+            const Segment small = {{s.from.x * by, s.from.y * by}, {s.to.x * by, s.to.y * by}};
+            const Choice choice = side_along(lot, OtherGeometry({small}), {distance * by, angle_gon});
+            return choice.candidates.empty() ? 0.0 : choice.candidates[0].alongside / by;
+        };
+        const double amount = scaled(1.0, segment);
+        EXPECT_EQ(scaled(0x1p-12, segment), amount);
+        EXPECT_EQ(scaled(0x1p12, segment), amount);
+        EXPECT_NEAR(scaled(1.0, {segment.to, segment.from}), amount, 1e-12);
+        EXPECT_NEAR(scaled(1.0, {{120 - segment.from.x, segment.from.y}, {120 - segment.to.x, segment.to.y}}),
+                    amount, 1e-12);
+        return amount;
     };
     // 3-4-5: at 8 off the line, 6 more on either side of the segment's ends are within 10.
     EXPECT_DOUBLE_EQ(counted({{40, -8}, {60, -8}}, 10), 32.0) << "round its ends";
@@ -284,6 +381,13 @@ TEST(WhichSide, WhatCountsAsAlongside)
     EXPECT_DOUBLE_EQ(counted({{60, -20}, {60, -5}}, 10, 100), 2.0 * std::sqrt(75.0));
     EXPECT_DOUBLE_EQ(counted({{60, 0.75}, {60, 0.5}}, 10, 100), 2.0 * std::sqrt(99.75)) << "just behind it";
     EXPECT_DOUBLE_EQ(counted({{60, -5}, {60, 0.5}}, 10, 100), 20.0) << "across it";
+    EXPECT_NEAR(counted({{60, -20}, {60, -0.0625}}, 0.3125, 100), 2.0 * std::sqrt(0.09375), 1e-12)
+        << "so near that";
+    // 40-399-401: a lean of one in ten. 10 from its line is 10.0501 above it, where it has climbed from 4 by 6.0501.
+    EXPECT_NEAR(counted({{100, -4}, {-299, -44}}, 10), (4010.0 / 399.0 - 4.0) * 9.975 + std::sqrt(84.0),
+                1e-12);
+    // The other way up, from 1 behind the side: across its line 10.0501 to either side of where it meets the side.
+    EXPECT_NEAR(counted({{60, 1}, {56, -38.9}}, 10, 100), 8020.0 / 399.0, 1e-12);
     EXPECT_EQ(counted({{121, -20}, {140, -1}}, 10, 60), 0.0) << "a box that is near, round one that is not";
     const Segment one = {{10, -8}, {20, -8}};
     const Segment two = {{15, -8}, {30, -8}};
