@@ -14,6 +14,7 @@ namespace {
 using plparcel::Amount;
 using plparcel::area;
 using plparcel::equal_parts;
+using plparcel::Given;
 using plparcel::product;
 using plparcel::share;
 using plparcel::Shares;
@@ -130,6 +131,20 @@ TEST(Amounts, AreRefusedWithTheOneAtFault)
         EXPECT_EQ(shares.refusal, row.status);
         EXPECT_EQ(shares.at_amount, row.at);
     }
+}
+
+TEST(Amounts, SayHowTheyWereGiven)
+{
+    EXPECT_EQ(area(7).given, Given::as_area);
+    EXPECT_EQ(area(7).first, 7.0);
+    EXPECT_EQ(product(3, 4).given, Given::as_product);
+    EXPECT_EQ(product(3, 4).first, 3.0);
+    EXPECT_EQ(product(3, 4).second, 4.0);
+    EXPECT_EQ(share(2, 5).given, Given::as_share);
+    EXPECT_EQ(share(2, 5).first, 2.0);
+    EXPECT_EQ(share(2, 5).second, 5.0);
+    EXPECT_EQ(plparcel::width(6).given, Given::as_width);
+    EXPECT_EQ(plparcel::width(6).first, 6.0);
 }
 
 TEST(Amounts, OfMorePartsThanMemoryHoldsAreNotAllocated)

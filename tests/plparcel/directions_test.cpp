@@ -156,6 +156,12 @@ TEST(Directions, WidthsPlaceTheLines)
          {width(10), area(500), width(5)},
          kHere,
          {{{0, 10}, {100, 10}}, {{0, 15}, {100, 15}}, {{0, 20}, {100, 20}}}},
+        {"widths of a few centimetres",
+         kLot,
+         parallel_to(0),
+         {width(0.0625), width(0.03125)},
+         kHere,
+         {{{0, 0.0625}, {100, 0.0625}}, {{0, 0.09375}, {100, 0.09375}}}},
         {"across the strip of a U", kU, parallel_to(0), {width(15)}, kHere, {{{0, 15}, {100, 15}}}},
         {"at the floor between its arms", kU, parallel_to(0), {width(20)}, kHere, {{{0, 20}, {30, 20}}}},
     };

@@ -44,6 +44,11 @@ const Ring kVertexAcross = {{0, 0}, {17, 0}, {17, 5}, {7, 5}, {7, 2}, {3, 2}, {3
 // A U whose arms are alike, 1 wide and 3 high on a strip of 7 by 2.
 const Ring kTwins = {{0, 0}, {7, 0}, {7, 5}, {6, 5}, {6, 2}, {1, 2}, {1, 5}, {0, 5}};
 const Ring kTwinsClockwise = {{0, 0}, {0, 5}, {1, 5}, {1, 2}, {6, 2}, {6, 5}, {7, 5}, {7, 0}};
+// The same below a bar, with an arm on it that ends in a hook. The hook's tip hangs down to y = 8, where 9 lie above the arm.
+const Ring kHook = {{0, 0}, {3, 0}, {3, 2}, {7, 2}, {7, 0}, {17, 0}, {17, 5},
+                    {3, 5}, {3, 9}, {4, 9}, {4, 8}, {5, 8}, {5, 10}, {0, 10}};
+// Seen from (0, 0), the side from (4, 2) to (2, 1) comes straight on.
+const Ring kStraightOn = {{0, 0}, {8, 0}, {8, 2}, {4, 2}, {2, 1}, {0, 8}};
 const Ring kC = {{0, 0},   {100, 0}, {100, 10}, {20, 10}, {20, 50}, {78, 50},
                  {78, 60}, {55, 60}, {55, 62},  {45, 62}, {45, 60}, {0, 60}};
 
@@ -119,6 +124,17 @@ const CutRow kCuts[] = {
      request(Cut::parallel, 0, {area(73)}),
      {0, 5},
      {3, 5}},
+    {"at the level of a tip that hangs down: just below, the line meets the parcel there only",
+     kHook,
+     request(Cut::parallel, 0, {area(86)}),
+     {0, 8},
+     {3, 8}},
+    {"vertex, past a side that comes straight on",
+     kStraightOn,
+     request(Cut::through_vertex, 0, {area(16)}),
+     {0, 0},
+     {1, 4.5}},
+    {"vertex, short of it", kStraightOn, request(Cut::through_vertex, 0, {area(10)}), {0, 0}, {6, 2}},
     {"two tips as high: the one on the left", kTwins, request(Cut::parallel, 0, {area(19)}), {0, 4}, {1, 4}},
     {"the same clockwise", kTwinsClockwise, request(Cut::parallel, 7, {area(19)}), {1, 4}, {0, 4}},
     {"U, one arm's tip off", kU, request(Cut::parallel, 0, {area(7000)}), {0, 80}, {30, 80}},
@@ -318,6 +334,21 @@ TEST(Division, RefusesWithAReason)
         EXPECT_TRUE(division.lines.empty());
         EXPECT_TRUE(division.pieces.empty());
     }
+}
+
+// A third of the lot ends at 16.666..., which no decimals hold: lines are found and cannot be rounded so well.
+TEST(Division, OfLinesThatCannotBeRoundedNothingIsLeft)
+{
+    Request thirds = request(Cut::parallel, 0, equal_parts(3));
+    thirds.rounding.decimals = 2;
+    thirds.rounding.tolerance = 1e-30;
+    const Division division = divide(kLot, thirds);
+    EXPECT_EQ(division.status, Status::not_reached) << describe(division);
+    EXPECT_EQ(division.at_amount, 0U);
+    EXPECT_TRUE(division.lines.empty());
+    EXPECT_TRUE(division.pieces.empty());
+    EXPECT_TRUE(division.held.empty());
+    EXPECT_FALSE(division.decimals);
 }
 
 TEST(Division, EveryStatusHasItsWords)

@@ -315,11 +315,11 @@ TEST(WhichSide, TheDistanceOfTheNearestOfMany)
 {
     // Round the lot, each leading to it from afar; one of them begins nearer than the others.
     for (std::size_t nearer = 0; nearer < 8; ++nearer) {
-        std::vector<Segment> segments;
-        for (std::size_t i = 0; i < 8; ++i) {
+        std::vector<Segment> segments(8);
+        for (std::size_t i = 0; i < segments.size(); ++i) {
             const double off = i == nearer ? 15.0 : 20.0;
             const double x = 15.0 + 30.0 * static_cast<double>(i % 4);
-            segments.push_back(i < 4 ? Segment{{x, -off}, {x, -500}} : Segment{{x, 80 + off}, {x, 500}});
+            segments[i] = i < 4 ? Segment{{x, -off}, {x, -500}} : Segment{{x, 80 + off}, {x, 500}};
         }
         const Choice choice = side_along(kLot, OtherGeometry(segments), {10});
         EXPECT_EQ(choice.status, ChoiceStatus::too_far);
@@ -629,6 +629,7 @@ TEST(WhichSide, ManySegmentsAndVertices)
     std::mt19937_64 random = test::random_source();
     const Parcel star = {test::star_ring(random, 4000, 1000.0), {}};
     std::vector<Segment> segments;
+    segments.reserve(5000);
     for (int i = 0; i < 4000; ++i)
         segments.push_back({{i * 0.5 - 1000.0, -1010.0}, {i * 0.5 - 999.5, -1010.0}});
     EXPECT_NE(side_along(star, OtherGeometry(segments), {20, 100}).status, ChoiceStatus::too_much_near);

@@ -40,6 +40,8 @@ const DecimalRow kDecimals[] = {
     {"all that there are", 0.1, 17, 0.1},
     {"seventeen decimals of a third", 1.0 / 3.0, 17, 0.33333333333333331},
     {"2^53 and more", 0x1p53 + 2, 0, 0x1p53 + 2},
+    // 2^53 + 0.78 units of the last decimal; 2^53 and 2^53 + 1 of them are written down as other doubles or this one.
+    {"next to 2^53 units", 0x1.ad7f29abcaf49p+29, 7, 0x1.ad7f29abcaf49p+29},
     {"large", 1e200, 4, 1e200},
     {"tiny", 1e-300, 17, 0.0},
 };

@@ -36,6 +36,26 @@ std::size_t offered(const Wide& rest)
     return offers;
 }
 
+// Doubles of 5 and of -5 are 2^-50 apart.
+TEST(NearbyEnds, AreWithinReachOnEitherSide)
+{
+    constexpr double kSpacing = 0x1p-50;
+    const auto near = [](double v, double reach, double step, int steps) {
+        std::vector<double> found = plparcel::doubles_near(v, reach);
+        std::sort(found.begin(), found.end());
+        std::vector<double> wanted;
+        for (int i = -steps; i <= steps; ++i)
+            wanted.push_back(v + i * step);
+        EXPECT_EQ(found, wanted) << v;
+    };
+    for (const double v : {5.0, -5.0}) {
+        near(v, 0.5 * kSpacing, kSpacing, 0);
+        near(v, 3.0 * kSpacing, kSpacing, 3);
+        near(v, 24.0 * kSpacing, kSpacing, 24);
+        near(v, 48.0 * 64.0 * kSpacing, 128.0 * kSpacing, 24);
+    }
+}
+
 // Seven doubles of x lie within 1.75 spacings of 8: 4 itself, and three of its own spacings on either side.
 TEST(NearbyEnds, WhereAMoveOnTheFinerAxisChangesNothing)
 {
