@@ -201,6 +201,8 @@ TEST(Directions, Refusals)
          0},
         {"one with an end at infinity", along_segment({7, 7}, {kInf, 8}), {area(1)}, Status::no_direction, 0},
         {"a width from a vertex", through_vertex(0), {width(1)}, Status::no_width, 0},
+        {"a width and an area from a vertex", through_vertex(0), {width(1), area(100)}, Status::no_width, 0},
+        {"an area and a width from a vertex", through_vertex(0), {area(100), width(1)}, Status::no_width, 0},
         {"a width as large as the parcel", parallel_to(0), {width(50)}, Status::amount_too_large, 0},
         {"one just below is cut", parallel_to(0), {width(49.999)}, Status::divided, 0},
         {"beyond what is left", parallel_to(0), {width(30), width(20)}, Status::amount_too_large, 1},
@@ -217,6 +219,11 @@ TEST(Directions, Refusals)
         const Division division = cut(kLot, row.line, row.amounts);
         EXPECT_EQ(division.status, row.status) << row.what << ": " << describe(division);
         EXPECT_EQ(division.at_amount, row.at_amount) << row.what;
+        Request whole;
+        whole.line = row.line;
+        whole.amounts = row.amounts;
+        whole.pieces = plparcel::Pieces::any;
+        EXPECT_EQ(divide(kLot, whole).status, row.status) << row.what << ", by a whole line";
     }
 }
 
