@@ -66,18 +66,29 @@ struct Row {
 constexpr Measured kNear = Measured::from_reference;
 constexpr Measured kFar = Measured::opposite;
 
+void expect_row(const Row& row, std::size_t first)
+{
+    Line line = row.line;
+    if (line.cut == Cut::through_place && line.index < row.ring.size())
+        line.index = (line.index + row.ring.size() - first) % row.ring.size();
+    const Division division = cut(test::begun_at(row.ring, first), line, row.asked, row.measured);
+    EXPECT_EQ(division.status, row.status) << describe(division);
+    if (division.status != Status::divided || row.status != Status::divided)
+        return;
+    EXPECT_POINT(division.lines[0].from, (row.from));
+    EXPECT_POINT(division.lines[0].to, (row.to));
+    EXPECT_NEAR(division.pieces[0].area, row.asked, 1e-9 * division.ring.area);
+}
+
+// Whichever vertex the ring begins at.
 void expect_rows(const std::vector<Row>& rows)
 {
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        const Division division = cut(row.ring, row.line, row.asked, row.measured);
-        EXPECT_EQ(division.status, row.status) << describe(division);
-        if (division.status != Status::divided || row.status != Status::divided)
-            continue;
-        EXPECT_POINT(division.lines[0].from, (row.from));
-        EXPECT_POINT(division.lines[0].to, (row.to));
-        EXPECT_NEAR(division.pieces[0].area, row.asked, 1e-9 * division.ring.area);
-    }
+    for (const Row& row : rows)
+        for (std::size_t first = 0; first < row.ring.size(); ++first) {
+            SCOPED_TRACE(row.what);
+            SCOPED_TRACE(first);
+            expect_row(row, first);
+        }
 }
 
 TEST(PlaceCut, StartsAtTheDistanceAlongTheSide)
@@ -295,6 +306,25 @@ TEST(PlaceCut, BetweenTwoSidesStartsOnTheNearerOne)
         EXPECT_POINT(division.lines[0].from, (PL_PNT2D_record{kWhole + 150, kWhole + 98}));
         EXPECT_POINT(division.lines[0].to, (PL_PNT2D_record{kWhole + 150, kWhole}));
     }
+}
+
+// Doubles are 1e-9 apart here. Where the nearest end of the line misses, the start does not give way.
+TEST(PlaceCut, StartsWhereItWasToldToTheLastBit)
+{
+    const Ring far = {{500000.3, 5.5e6}, {500003.1, 5500000.1}, {500002.9, 5500000.3}, {500000.1, 5500000.2}};
+    const PL_PNT2D_record middle = {500001.7, 5500000.05};
+    int divided = 0;
+    for (int percent = 1; percent < 100; ++percent) {
+        Request request;
+        request.line = through_point(middle);
+        request.amounts = {plparcel::share(percent, 100)};
+        const Division division = divide(far, request);
+        if (division.status != Status::divided)
+            continue;
+        ++divided;
+        EXPECT_POINT(division.lines[0].from, (middle));
+    }
+    EXPECT_GT(divided, 10);
 }
 
 TEST(PlaceCut, EqualPartsFanOut)

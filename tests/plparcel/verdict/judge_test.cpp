@@ -116,6 +116,9 @@ TEST(Judge, ToleranceIsABillionthOfTheParcelAndAHundredthOfThePiece)
     EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 1.0102), Verdict::misses);
     EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 0.9902), Verdict::divides);
     EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 0.9898), Verdict::misses);
+    // A hundredth of what was asked, not of what the piece holds: 0.01005 and 0.00995 of that are missed.
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 1.01005), Verdict::divides);
+    EXPECT_EQ(strip(0x1p-24, 0x1p-14 * 0.99005), Verdict::misses);
     // And where nearly everything is asked, of what is left.
     EXPECT_EQ(
         verdict(square, {{0, 0x1p-24}, 3, {1024, 0x1p-24}, 1, false}, parcel - 0x1p-14 * 1.0102, parcel),
