@@ -259,9 +259,10 @@ void ParallelTrials::settle_by_bearing(TrialLine& line, double low, double high)
     const SideIndex::Range doubts = with_base(low, high, bearing_tells_from(gon));
     const Agreement along = agreement(gon, Facing::kAlongNormal);
     const Agreement against = agreement(gon, Facing::kAgainstNormal);
+    // The normals are a half turn apart: a bearing never agrees with vertices on both sides.
     if (along == Agreement::kWithNone)
         settle(line, Facing::kAgainstNormal, doubts, against);
-    else if (against == Agreement::kWithNone)
+    else
         settle(line, Facing::kAlongNormal, doubts, along);
 }
 

@@ -134,6 +134,38 @@ TEST(ParallelTrials, MeetsASideWithinAMillimetre)
     }
 }
 
+// A side whose coefficients a and b are the base side's but for less than 1e-7 is met by lines on both sides of its own, and not
+// by that one. So it is never said that all lines of a strip meet it.
+TEST(ParallelTrials, ASideAllButParallelIsNotMetByAllOfAStrip)
+{
+    struct Row {
+        const char* what;
+        double more;
+        bool want;
+    };
+    for (const Row& row :
+         {Row{"agrees", 5e-8, false}, Row{"just agrees", 9e-8, false}, Row{"differs", 2e-7, true}}) {
+        SCOPED_TRACE(row.what);
+        const Ring ring = {{0, 0}, {3000, 4000}, {1000, 5000}, {4000 + row.more, 9000}, {-5000, 9000}};
+        ParallelTrials trials = trials_on(ring);
+        const double from = trials.constant(2);
+        const double to = trials.constant(3);
+        ASSERT_GT(std::fabs(to - from), 1e-4);
+        const double low = std::min(from, to) + 0.25 * std::fabs(to - from);
+        const double high = std::max(from, to) - 0.25 * std::fabs(to - from);
+        PL_PNT2D_record crossing = {};
+        EXPECT_EQ(trials.all_meet_side(low, high, 3, crossing), row.want);
+
+        // The line in the middle of the strip is the side's own, where they agree.
+        PL_IMP_LINE_2D_record moving = {};
+        PlFunz_lineeq_ile(&ring[0], &ring[1], &moving);
+        PL_IMP_LINE_2D_record own = {};
+        PlFunz_lineeq_ile(&ring[2], &ring[3], &own);
+        moving.c = own.c;
+        EXPECT_EQ(IntersezLineaInSegmOK(ring[2], ring[3], moving, crossing), row.want);
+    }
+}
+
 // Whatever is kept, each answer is that of measuring anew: sides met, vertices beyond, bearing. Counts the sides.
 int expect_answers_of_measuring_anew(const Ring& ring, const std::vector<PL_PNT2D_record>& through)
 {
