@@ -20,8 +20,10 @@
 #include "plan/plan.h"
 #include "plan/tables.h"
 #include "program.h"
+#include "shapes.h"
 #include "sheet/geometry.h"
 #include "sheet/label_places.h"
+#include "text/numbers.h"
 
 namespace {
 
@@ -426,6 +428,28 @@ TEST(PlanDetails, EnlargeWhatIsTooThin)
     EXPECT_LT(on_lying.view(lying, 0).box.right, on_lying.view(lying, 1).box.left);
 }
 
+// A strip of a sixth along a side in the direction (4, 3): at each end the corner and the end of the line, whose middle is
+// half of the sixth away from the side.
+TEST(PlanDetails, HaveTheirPointsInTheMiddle)
+{
+    tool::Asked asked;
+    asked.request.amounts = {plparcel::area(20)};
+    asked.number = 1;
+    asked.amounts = {"20"};
+    tool::Parcel parcel;
+    parcel.ring = {{0, 0}, {96, 72}, {48, 136}, {-48, 64}};
+    const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
+    const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+    const tool::PlanDetails details(plan, layout, {});
+    ASSERT_EQ(details.all().size(), 2u);
+    for (const tool::Detail& detail : details.all()) {
+        const bool first = detail.middle.x < 48.0;
+        EXPECT_NEAR(detail.middle.x, (first ? 0.0 : 96.0) - 0.05, 1e-3);
+        EXPECT_NEAR(detail.middle.y, (first ? 0.0 : 72.0) + 0.2 / 3.0, 1e-3);
+        EXPECT_EQ(detail.radius, 7.0) << "a mark is never smaller";
+    }
+}
+
 // ------------------------------------------------------------------------------------------------- the tables
 
 using Cells = std::vector<std::string>;
@@ -612,6 +636,34 @@ TEST(PlanContents, AreasAreWholeUnlessAPieceIsSmall)
         const tool::Plan plan = plan_of_ring({{0, 0}, {s, 0}, {s, s}, {0, s}}, plparcel::Cut::parallel, 1, 3);
         EXPECT_EQ(plan.area_decimals, row.decimals) << s;
     }
+}
+
+TEST(PlanContents, AreasHaveNoMoreDecimalsThanThereAre)
+{
+    const double s = 1e-10;
+    const tool::Plan plan = plan_of_ring({{0, 0}, {s, 0}, {s, s}, {0, s}}, plparcel::Cut::parallel, 1, 3);
+    EXPECT_EQ(plan.area_decimals, tool::kMaxDecimals);
+}
+
+// There and back the same way nothing is enclosed: the outline has the area of the piece.
+TEST(PlanContents, OutlinesGoToTheHolesAndBack)
+{
+    tool::Asked asked;
+    asked.request.amounts = {plparcel::share(1, 2)};
+    asked.number = 1;
+    asked.amounts = {"1/2"};
+    tool::Parcel parcel;
+    parcel.ring = {{0, 0}, {100, 0}, {100, 100}, {0, 100}};
+    parcel.holes = {{{10, 10}, {30, 10}, {30, 20}}, {{60, 20}, {80, 20}, {80, 30}, {60, 30}}};
+    const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
+    ASSERT_EQ(plan.pieces.size(), 2u);
+    std::size_t vertices = 0;
+    for (const tool::PlanPiece& piece : plan.pieces) {
+        EXPECT_NEAR(static_cast<double>(test::area(test::shape_of(piece.ring))), 4850.0, 1e-2);
+        vertices += piece.ring.size();
+    }
+    // Two times four corners, the holes with their first corners once more, and the start after each and at the end.
+    EXPECT_EQ(vertices, 4u + 4u + 4u + 5u + 3u);
 }
 
 TEST(PlanContents, PartsOfASideAddUp)
@@ -1109,6 +1161,44 @@ TEST_F(Plans, ARingIsRound)
         EXPECT_NEAR(corner.y, 50 + 40 * std::sin(turn), 0.00051) << count;
     }
     EXPECT_EQ(count, 72u);
+}
+
+TEST_F(Plans, ATitleThatIsTooLongEndsInDots)
+{
+    const std::string letters(180, 'x');
+    write(letters + ".csv", "E,N\n0,0\n80,0\n80,50\n0,50\n");
+    ASSERT_EQ(divide(letters + ".csv", "--parallel 1 --share 1/2 --plan plan.svg").status, 0);
+    const std::string svg = content("plan.svg");
+    const std::size_t title = svg.find(">xxxxx", svg.find("</title>"));
+    ASSERT_NE(title, std::string::npos);
+    const std::string text = svg.substr(title + 1, svg.find('<', title) - title - 1);
+    EXPECT_LT(text.size(), letters.size());
+    EXPECT_EQ(text, std::string(text.size() - 3, 'x') + "...");
+}
+
+// An octagon whose corners are cut off: eight pairs of points that only a detail tells apart, six on a sheet.
+TEST_F(Plans, EveryDetailIsDrawnOnce)
+{
+    std::string table = "E,N\n";
+    for (int i = 0; i < 8; ++i)
+        for (const double beside : {-0.0005, 0.0005}) {
+            const double turn = (i + beside) * 0.25 * 3.14159265358979;
+            table +=
+                std::to_string(100.0 * std::cos(turn)) + "," + std::to_string(100.0 * std::sin(turn)) + "\n";
+        }
+    write("lot.csv", table);
+    ASSERT_EQ(divide("lot.csv", "--parallel 2 --share 1/2 --plan plan.svg").status, 0);
+    std::string all;
+    for (const char* sheet : {"plan.svg", "plan-2.svg", "plan-3.svg", "plan-4.svg"})
+        all += content(sheet);
+    for (int i = 1; i <= 8; ++i) {
+        const std::string title = ">Detail " + std::to_string(i) + ", 1:";
+        const std::size_t first = all.find(title);
+        EXPECT_NE(first, std::string::npos) << title;
+        EXPECT_EQ(all.find(title, first + 1), std::string::npos) << title;
+    }
+    EXPECT_EQ(content("plan-2.svg").find(">Detail 7, 1:"), std::string::npos);
+    EXPECT_NE(content("plan-3.svg").find(">Detail 7, 1:"), std::string::npos);
 }
 
 TEST_F(Plans, TextOfAnSvgIsText)

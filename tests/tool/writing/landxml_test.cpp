@@ -284,6 +284,12 @@ TEST_F(LandXml, WhatCannotBeUsedIsRefused)
                        "</CoordGeom><CoordGeom/></Parcel></Parcels>",
                    "parcel 7/1: it has several boundaries (2), and the others are no holes in the first; "
                    "export each as a parcel of its own");
+    // One inside of it that does not close is no hole either.
+    expect_refused("<Parcels><Parcel name=\"7/1\"><CoordGeom>" + line(kA, kB) + line(kB, kC) + line(kC, kA) +
+                       "</CoordGeom><CoordGeom>" + line("2010 1030", "2010 1035") +
+                       line("2010 1035", "2015 1035") + "</CoordGeom></Parcel></Parcels>",
+                   "parcel 7/1: it has several boundaries (2), and the others are no holes in the first; "
+                   "export each as a parcel of its own");
     for (const char* list : {"<PntList2D>2000 1000 2000</PntList2D>", "<PntList2D></PntList2D>",
                              "<PntList3D>2000 1000 3 2000</PntList3D>"})
         expect_refused(parcel("<IrregularLine><Start>" + kA + "</Start>" + list + "<End>" + kB +
@@ -301,7 +307,10 @@ TEST_F(LandXml, WhatCannotBeUsedIsRefused)
         test::fails_with(run({"measure", "in.xml"}), 3,
                          "in.xml: its unit (foot) is not that of its CRS, EPSG:32632; correct one of them"));
     write_xml(parcel(line(kA, kB) + line(kB, kC)));
-    EXPECT_EQ(run({"measure", "in.xml"}).status, 3);  // it does not close
+    const test::Result open = run({"measure", "in.xml"});
+    EXPECT_EQ(open.status, 3);
+    EXPECT_EQ(open.err.rfind("plcalc: in.xml: the file holds no polygon and no closed line ", 0), 0u)
+        << open.err;
 }
 
 }  // namespace
