@@ -343,7 +343,7 @@ TEST(PrintedDivision, AreasAreOnTheGround)
     EXPECT_EQ(printed.proven.ring.area, 19200.0);
     EXPECT_EQ(printed.proven.ring.perimeter, 560.0);
     ASSERT_EQ(printed.proven.pieces.size(), 2u);
-    for (const std::size_t i : {0, 1}) {
+    for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
         const double area = i == 0 ? 4800.0 : 14400.0;
         EXPECT_EQ(printed.proven.pieces[i].area, area);
         EXPECT_EQ(printed.proven.pieces[i].asked, area);
@@ -364,7 +364,7 @@ TEST(PrintedDivision, ResidualsAreOnTheGround)
     const PrintedDivision printed = tool::answer(parcel, request).printed;
     ASSERT_TRUE(printed.done());
     EXPECT_EQ(printed.lines[0].start.y, 30.0);
-    for (const std::size_t i : {0, 1}) {
+    for (const std::size_t i : {std::size_t{0}, std::size_t{1}}) {
         const double residual = i == 0 ? -32.0 : 32.0;
         EXPECT_NEAR(printed.proven.pieces[i].residual, residual, 1e-9);
         EXPECT_NEAR(printed.proven.held.at(i).residual, residual, 1e-9);
