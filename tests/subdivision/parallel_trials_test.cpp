@@ -146,7 +146,7 @@ TEST(ParallelTrials, ASideAllButParallelIsNotMetByAllOfAStrip)
     for (const Row& row :
          {Row{"agrees", 5e-8, false}, Row{"just agrees", 9e-8, false}, Row{"differs", 2e-7, true}}) {
         SCOPED_TRACE(row.what);
-        const Ring ring = {{0, 0}, {3000, 4000}, {1000, 5000}, {4000 + row.more, 9000}, {-5000, 9000}};
+        const Ring ring = {{0, 0}, {3000, 4000}, {1000, -2000}, {4000 + row.more, 2000}, {-5000, 3000}};
         ParallelTrials trials = trials_on(ring);
         const double from = trials.constant(2);
         const double to = trials.constant(3);
