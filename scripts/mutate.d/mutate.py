@@ -11,6 +11,7 @@ from pathlib import Path
 
 import unseen
 from operators import KINDS, enums_of, mutants_of
+from switchboard import Switchboard
 from workshop import PLPARCEL, PROGRAM, SetupError, Verdict, Workshop
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -97,6 +98,7 @@ class Run:
             self.waiting[folder] = collections.deque(shuffled(found, chosen.seed))
         self.possible = {folder: list(waiting) for folder, waiting in self.waiting.items()}
         self.verdicts = collections.OrderedDict()
+        self.board = None
         self.lock = threading.Lock()
 
     def counted(self, folder):
@@ -112,7 +114,8 @@ class Run:
             chosen += [waiting.popleft() for _ in range(min(lacking, len(waiting)))]
         return sorted(chosen, key=lambda mutant: (mutant.path.endswith(".h"), mutant.path, mutant.start))
 
-    def test(self, workshops):
+    def test(self, workshops, board):
+        self.board = board
         while True:
             todo = queue.Queue()
             mutants = self.next_round()
@@ -135,7 +138,7 @@ class Run:
             except queue.Empty:
                 return
             listed = mutant.key in self.known
-            verdict = Verdict("survived", "listed") if listed else workshop.judge(mutant, self.texts[mutant.path])
+            verdict = Verdict("survived", "listed") if listed else self._judge(workshop, mutant)
             with self.lock:
                 self.verdicts[mutant] = verdict
                 self._keep_results()
@@ -143,6 +146,13 @@ class Run:
                       f"{' (' + verdict.by + ')' if verdict.by else ''}", flush=True)  # fmt: skip
                 if verdict.state == "survived" and not listed:
                     print(f"      - {mutant.original_line}\n      + {mutant.mutated_line}", flush=True)
+
+    def _judge(self, workshop, mutant):
+        text = self.texts[mutant.path]
+        if not self.board.holds(mutant):
+            return workshop.judge(mutant, text)
+        verdict = self.board.judge_switched(mutant)
+        return verdict if verdict.state == "caught" else workshop.built_alone(mutant, text) or verdict
 
     def _keep_results(self):
         """After each mutant, so that a run that is stopped is not lost."""
@@ -154,8 +164,9 @@ class Run:
                 if verdict.state == state and folder in (None, folder_of(mutant.path))]  # fmt: skip
 
 
-def set_up(chosen, texts):
-    """texts: by path, as they were when the mutants were chosen."""
+def set_up(chosen, run):
+    """A copy of the tree for each job, and one that holds all changes behind switches."""
+    texts = run.texts
     workshops = [Workshop(ROOT, chosen.work / str(number), sources(chosen)) for number in range(1, chosen.jobs + 1)]
     print(f"Building {len(workshops)} copies in {chosen.work}", flush=True)
     failures = []
@@ -180,7 +191,12 @@ def set_up(chosen, texts):
     workshops[0].measure()
     for workshop in workshops[1:]:
         workshop.take_measures_of(workshops[0])
-    return workshops
+    print("Putting all changes behind switches, and noting which test comes past which", flush=True)
+    board = Switchboard(ROOT, chosen.work / "switched", sources(chosen), chosen.jobs)
+    wanted = [mutant for mutants in run.possible.values() for mutant in mutants if mutant.key not in run.known]
+    board.prepare_with(texts, wanted)
+    print(f"{sum(map(board.holds, wanted))} of {len(wanted)} have a switch; the others are built alone", flush=True)
+    return workshops, board
 
 
 def report(run, known):
@@ -252,7 +268,7 @@ def main():
         print(f"mutate: {LIST.name}:{entry.line}: no such mutant any more: {' '.join(entry.key)}; remove or renew it",
               file=sys.stderr)  # fmt: skip
     try:
-        run.test(set_up(chosen, run.texts))
+        run.test(*set_up(chosen, run))
     except SetupError as error:
         print(f"mutate: {error}", file=sys.stderr)
         return NO_SETUP

@@ -7,6 +7,7 @@ import resource
 import shutil
 import signal
 import subprocess
+import tempfile
 import time
 from dataclasses import dataclass, field
 from pathlib import Path
@@ -89,16 +90,8 @@ class Workshop:
 
     def prepare(self):
         self._copy_tree()
-        linker = "-fuse-ld=lld" if shutil.which("ld.lld") else ""
-        self._must(
-            ["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
-             f"-DCMAKE_CXX_FLAGS={FLAGS}", f"-DCMAKE_EXE_LINKER_FLAGS={linker}", "-DCMAKE_CXX_COMPILER=g++",
-             "-DBUILD_SHARED_LIBS=OFF", f"-DPLCALC_BUILD_TOOL={'ON' if PROGRAM in self.folders else 'OFF'}",
-             "-DPLCALC_WERROR=OFF"],
-            "configuring",
-        )  # fmt: skip
-        targets = [target for folder in self.folders for target in PROGRAMS_OF.get(folder, ("all",))]
-        self._must(["cmake", "--build", self.build, "-j", "1", "--target", *targets], "building")
+        self._must(self._configuring(FLAGS), "configuring")
+        self._must(["cmake", "--build", self.build, "-j", "1", "--target", *self._targets()], "building")
         self._find_programs()
         self.objects = self._hash_objects()
 
@@ -116,6 +109,16 @@ class Workshop:
                 continue
             there.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(here, there)  # with a new time, so that it is built anew
+
+    def _configuring(self, flags):
+        linker = "-fuse-ld=lld" if shutil.which("ld.lld") else ""
+        return ["cmake", "-S", self.source, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+                f"-DCMAKE_CXX_FLAGS={flags}", f"-DCMAKE_EXE_LINKER_FLAGS={linker}", "-DCMAKE_CXX_COMPILER=g++",
+                "-DBUILD_SHARED_LIBS=OFF", f"-DPLCALC_BUILD_TOOL={'ON' if PROGRAM in self.folders else 'OFF'}",
+                "-DPLCALC_WERROR=OFF", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"]  # fmt: skip
+
+    def _targets(self):
+        return [target for folder in self.folders for target in PROGRAMS_OF.get(folder, ("all",))]
 
     def _must(self, command, doing):
         done = subprocess.run(command, capture_output=True, text=True, check=False)
@@ -166,16 +169,9 @@ class Workshop:
 
     def judge(self, mutant, text):
         """Applies a mutant to a file whose text is given, builds, tests, and tells what became of it."""
-        path = self.source / mutant.path
-        if self.changed and self.changed[0] != path:
-            self.restore()
-        self.changed = (path, text)
-        path.write_text(mutant.apply(text))
-
-        if not self._builds(OBJECTS_OF.get(self._folder_of(mutant), ("plcalc_objects", "plutil_objects"))):
-            return Verdict("stillborn")
-        if self._hash_objects() == self.objects:
-            return Verdict("same code")
+        verdict = self.built_alone(mutant, text)
+        if verdict:
+            return verdict
         for program, tests in self._order_for(mutant):
             if not self._builds([program.target]):
                 return Verdict("caught", f"{program.target} does not compile")
@@ -183,6 +179,17 @@ class Workshop:
             if trouble:
                 return Verdict("caught", f"{program.target}{trouble}")
         return Verdict("survived")
+
+    def built_alone(self, mutant, text):
+        """That it does not compile, or to the same code; nothing where it has to be tested."""
+        path = self.source / mutant.path
+        if self.changed and self.changed[0] != path:
+            self.restore()
+        self.changed = (path, text)
+        path.write_text(mutant.apply(text))
+        if not self._builds(OBJECTS_OF.get(self._folder_of(mutant), ("plcalc_objects", "plutil_objects"))):
+            return Verdict("stillborn")
+        return Verdict("same code") if self._hash_objects() == self.objects else None
 
     def restore(self):
         if self.changed:
@@ -247,22 +254,29 @@ class Workshop:
         longest = max(program.milliseconds.values(), default=0) / 1000 if program.runs_others else unchanged
         cpu = int(LEAST_CPU_SECONDS + TIMES_AS_LONG * longest)
 
-        limits = ["prlimit", f"--cpu={cpu}:{cpu + 5}", f"--as={MEMORY}", "--core=0"]
+        # Programs that start others have a limit for each of them, and one for all together.
+        return run_limited(command, cpu, cpu + TIMES_AS_LONG * unchanged if program.runs_others else 2 * cpu)[0]
+
+
+def run_limited(command, cpu, most_seconds, settings=None):
+    """How a command fails, or nothing, and what it prints. Processor time is what counts, on a busy machine too."""
+    limits = ["prlimit", f"--cpu={cpu}:{cpu + 5}", f"--as={MEMORY}", "--core=0"]
+    with tempfile.TemporaryFile() as out:
         process = subprocess.Popen(
-            limits + command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment(),
-            start_new_session=True,
+            limits + command, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.DEVNULL,
+            env={**environment(), **(settings or {})}, start_new_session=True,
         )  # fmt: skip
-        # Processor time is what counts, on a busy machine too. Programs that start others have a limit for each of
-        # them, and one for all together.
-        hangs = _wait_for(process, cpu + TIMES_AS_LONG * unchanged if program.runs_others else 2 * cpu)
-        status = process.returncode
-        if hangs:
-            return hangs
-        if status == 0:
-            return ""
-        if status in (-24, -9):  # SIGXCPU, and SIGKILL five seconds after it
-            return f" hangs: more than {cpu} s"
-        return f" dies by signal {-status}" if status < 0 else " fails"
+        hangs = _wait_for(process, most_seconds)
+        out.seek(0)
+        printed = out.read().decode(errors="replace")
+    status = process.returncode
+    if hangs:
+        return hangs, printed
+    if status == 0:
+        return "", printed
+    if status in (-24, -9):  # SIGXCPU, and SIGKILL five seconds after it
+        return f" hangs: more than {cpu} s", printed
+    return f" dies by signal {-status}" if status < 0 else " fails", printed
 
 
 def _wait_for(process, most_seconds):
