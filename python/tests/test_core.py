@@ -33,12 +33,16 @@ def exported(library):
     return {re.sub(r"^plparcel::", "", line.split("(")[0]) for line in lines}
 
 
+# Keeps points in a file by functions of the caller's. In Python they are in memory, and the constructor answers the same.
+KEPT_IN_MEMORY = {"SharedSides::in_file"}
+
+
 def test_every_function_is_there():
     private = set(re.findall(r"^    (?:void|bool|double) (\w+)\(", (SOURCE / "include/plcalc/subdivision.h").read_text()
                              .split("private:")[1], re.M))
     for module, library in ((core, "plcalc"), (core, "plutil"), (plparcel, "plparcel")):
         for name in exported(library):
-            if "~" in name or "operator" in name or name.split("::")[-1] in private:
+            if "~" in name or "operator" in name or name.split("::")[-1] in private or name in KEPT_IN_MEMORY:
                 continue
             at = module
             for part in name.split("::"):
