@@ -122,10 +122,12 @@ public:
 
     /// The same in a file, for layers of any size: the answers are those of the other one, to the last bit.
     ///
-    /// @param[in] file    used as long as there is a copy of what is returned; may be empty
+    /// @param[in] file    both functions are called as long as there is a copy of what is returned. What stood in the file
+    ///                    before is written over
     /// @param[in] points  hands the points over one by one; called once, before the layer
     /// @param[in] within  as above
     /// @param[in] layer   as above
+    /// @return the sides, with what lies in the file
     ///
     /// Cost        Up to ten megabytes of memory, of which four are what was read last, and 3 bytes for each point and each
     ///             side with points. In the file about 250 bytes for each of them.

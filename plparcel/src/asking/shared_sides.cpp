@@ -5,6 +5,7 @@
 #include <optional>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "asking/divided_sides.h"
 #include "boundary/measured_ring.h"
@@ -205,7 +206,7 @@ SharedSides::SharedSides(std::vector<NewPoint> points, double within,
           [&](const TakePoint& take) {
               for (const NewPoint& point : points)
                   take(point);
-              points = {};
+              points = std::vector<NewPoint>();  // gives its memory back
           },
           within, layer))
 {}
