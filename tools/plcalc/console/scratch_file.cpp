@@ -9,6 +9,8 @@
 namespace tool {
 namespace {
 
+static_assert(sizeof(off_t) == sizeof(std::uint64_t));
+
 [[noreturn]] void refuse(const char* what)
 {
     throw Failure(ExitStatus::failed, {}, what, "make room on the disk of temporary files");

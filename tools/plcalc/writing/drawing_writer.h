@@ -18,16 +18,16 @@ namespace tool {
 
 /// One file in the unit of the parcels' CRS, or without a unit where the CRS is not known.
 ///
-/// | layer     | colour  | what it holds                                                                      |
-/// | --------- | ------- | ---------------------------------------------------------------------------------- |
-/// | pieces    | green   | a closed LWPOLYLINE for each piece                                                 |
-/// | holes     | grey    | a closed LWPOLYLINE for each hole in a piece                                       |
-/// | lines     | red     | the dividing lines, open LWPOLYLINEs                                               |
-/// | points    | blue    | the new points                                                                     |
-/// | point_labels | blue | their names                                                                        |
-/// | labels    | white   | name of each piece, its area and the area asked for                                |
-/// | undivided | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label     |
-/// | neighbours | cyan   | neighbours that have got points, closed LWPOLYLINEs; only where they were asked for  |
+/// | layer        | colour  | what it holds                                                                       |
+/// | ------------ | ------- | ----------------------------------------------------------------------------------- |
+/// | pieces       | green   | a closed LWPOLYLINE for each piece                                                  |
+/// | holes        | grey    | a closed LWPOLYLINE for each hole in a piece                                        |
+/// | lines        | red     | the dividing lines, open LWPOLYLINEs                                                |
+/// | points       | blue    | the new points                                                                      |
+/// | point_labels | blue    | their names                                                                         |
+/// | labels       | white   | name of each piece, its area and the area asked for                                 |
+/// | undivided    | magenta | parcels that were refused, closed LWPOLYLINEs, each with the reason as a label      |
+/// | neighbours   | cyan    | neighbours that have got points, closed LWPOLYLINEs; only where they were asked for |
 ///
 /// Where all vertices of a piece, a hole or a line have heights it is a POLYLINE in space; points have theirs.
 ///
