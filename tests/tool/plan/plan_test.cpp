@@ -15,6 +15,7 @@
 #include "answers/division_points.h"
 #include "plan/details.h"
 #include "plan/drawing.h"
+#include "plan/drawn_sheet.h"
 #include "plan/labels.h"
 #include "plan/layout.h"
 #include "plan/plan.h"
@@ -981,71 +982,6 @@ double thousandths(double value)
     return std::round(value * 1000.0) / 1000.0;
 }
 
-// A text of an SVG, as the rectangle that its capitals take.
-struct DrawnText {
-    std::string text;
-    SheetPoint corners[4];
-};
-
-// Texts that stand at their middle, on the sheet of a drawing.
-std::vector<DrawnText> drawn_texts(const std::string& svg)
-{
-    constexpr double kCapitals = 0.73;  // of the size
-    std::vector<DrawnText> texts;
-    std::istringstream lines(svg);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.rfind("<text", 0) != 0)
-            continue;
-        const auto number = [&](const std::string& name) {
-            return std::stod(line.substr(line.find(name) + name.size()));
-        };
-        SheetPoint at = {0, 0};
-        double turn = 0.0;
-        if (line.find("transform=\"") != std::string::npos) {
-            at.x = number("translate(");
-            at.y = std::stod(line.substr(line.find(' ', line.find("translate("))));
-            turn = number("rotate(") * M_PI / 180.0;
-        }
-        const double x = number(" x=\"");
-        const double y = number(" y=\"");
-        const double width = number("textLength=\"");
-        const double height = kCapitals * number("font-size=\"");
-        DrawnText text;
-        text.text = line.substr(line.find('>') + 1, line.find("</text>") - line.find('>') - 1);
-        const SheetPoint own[] = {{x, y}, {x + width, y}, {x + width, y - height}, {x, y - height}};
-        for (std::size_t i = 0; i < 4; ++i)
-            text.corners[i] = {at.x + own[i].x * std::cos(turn) - own[i].y * std::sin(turn),
-                               at.y + own[i].x * std::sin(turn) + own[i].y * std::cos(turn)};
-        texts.push_back(text);
-    }
-    return texts;
-}
-
-// How far two outlines are from each other along the directions at right angles to the sides of the first; below 0
-// where none of these parts them.
-double parted_by(const std::vector<SheetPoint>& a, const std::vector<SheetPoint>& b)
-{
-    double most = -INFINITY;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const SheetPoint along = tool::direction(a[i], a[(i + 1) % a.size()]);
-        for (const double sign : {1.0, -1.0}) {
-            double far_a = -INFINITY;
-            double near_b = INFINITY;
-            for (const SheetPoint& p : a)
-                far_a = std::max(far_a, sign * (along.y * p.x - along.x * p.y));
-            for (const SheetPoint& p : b)
-                near_b = std::min(near_b, sign * (along.y * p.x - along.x * p.y));
-            most = std::max(most, near_b - far_a);
-        }
-    }
-    return most;
-}
-
-double gap_between(const std::vector<SheetPoint>& a, const std::vector<SheetPoint>& b)
-{
-    return std::max(parted_by(a, b), parted_by(b, a));
-}
-
 const plparcel::Ring kFive = {{0, 0}, {79.2, 3}, {84, 55}, {40, 77}, {-3, 50}};
 const plparcel::Ring kTall = {{0, 0}, {0, 60}, {30, 60}, {30, 25}, {75, 25}, {75, 0}};
 const plparcel::Ring kArms = {{0, 0}, {120, 0}, {120, 25}, {30, 25}, {30, 90}, {0, 90}};
@@ -1101,7 +1037,7 @@ TEST_F(Plans, NoLabelTouchesAnotherOrALine)
         tool::Canvas canvas(path("labels.svg"), layout.sheet(), "", "labels.svg");
         tool::PlanLabels(plan, view, canvas).draw();
         canvas.finish();
-        const std::vector<DrawnText> texts = drawn_texts(content("labels.svg"));
+        const std::vector<test::DrawnText> texts = test::read_sheet(content("labels.svg")).texts;
         std::vector<std::vector<SheetPoint>> lines;
         for (std::size_t i = 0; i < plan.corners.size(); ++i)
             lines.push_back({view.at(plan.corners.at[i]), view.at(plan.corners.at[plan.corners.next[i]])});
@@ -1109,12 +1045,12 @@ TEST_F(Plans, NoLabelTouchesAnotherOrALine)
         for (const tool::PlanLine& line : plan.lines)
             lines.push_back({view.at(plan.points[line.from].at), view.at(plan.points[line.to].at)});
         for (std::size_t i = 0; i < texts.size(); ++i) {
-            const std::vector<SheetPoint> box(std::begin(texts[i].corners), std::end(texts[i].corners));
+            const std::vector<SheetPoint>& box = texts[i].corners;
             for (std::size_t k = 0; k < i; ++k)
-                EXPECT_GT(gap_between(box, {std::begin(texts[k].corners), std::end(texts[k].corners)}), 0.5)
+                EXPECT_GT(test::gap_between(box, texts[k].corners), 0.5)
                     << texts[i].text << " and " << texts[k].text;
             for (const std::vector<SheetPoint>& line : lines)
-                EXPECT_GT(gap_between(box, line), 0.5) << texts[i].text;
+                EXPECT_GT(test::gap_between(box, line), 0.5) << texts[i].text;
             written.insert(texts[i].text.substr(0, texts[i].text.find("   ")));
         }
         for (const tool::PlanLine& line : plan.lines) {

@@ -7,6 +7,7 @@
 #include "plan/labels.h"
 #include "plan/map.h"
 #include "sheet/canvas.h"
+#include "sheet/fitted_text.h"
 #include "text/numbers.h"
 
 namespace tool {
@@ -24,20 +25,6 @@ constexpr double kScaleHeight = 52.0;
 
 // The foot takes at most this part of the frame.
 constexpr double kMaxFoot = 0.4;
-
-// As much of the text as fits, in whole characters: the bytes of one after its first are 10xxxxxx.
-std::string fitted(Canvas& canvas, std::string text, double size, bool bold, double room)
-{
-    bool cut = false;
-    while (!text.empty() && canvas.size_of(cut ? text + "..." : text, size, bold).x > room) {
-        std::size_t last = text.size() - 1;
-        while (last > 0 && (text[last] & 0xC0) == 0x80)
-            --last;
-        text.resize(last);
-        cut = true;
-    }
-    return cut ? text + "..." : text;
-}
 
 // "1:1000000", and "1:0.5" for what is drawn larger than it is.
 std::string scale_text(double denominator)

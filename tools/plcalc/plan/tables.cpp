@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sheet/fitted_text.h"
 #include "text/angles.h"
 #include "text/numbers.h"
 
@@ -15,6 +16,9 @@ constexpr double kColumnGap = 20.0;
 constexpr double kTableGap = 8.0;
 
 constexpr std::size_t kShortTable = 12;
+
+// Of a longer name the middle is left out: the figures beside it have to stay on the sheet.
+constexpr double kLongestName = 120.0;
 
 constexpr double kSquareMetresPerHectare = 10000.0;
 constexpr double kSquareFeetPerAcre = 43560.0;
@@ -110,7 +114,9 @@ std::vector<PlanTable> tables_of(const Plan& plan)
 
 TableSetter::TableSetter(std::vector<PlanTable> tables, Canvas& ruler) : tables_(std::move(tables))
 {
-    for (const PlanTable& table : tables_) {
+    for (PlanTable& table : tables_) {
+        for (std::vector<std::string>& row : table.rows)
+            row[0] = fitted_at_both_ends(ruler, row[0], kSize, false, kLongestName);
         std::vector<double> widths(table.heads.size());
         for (std::size_t i = 0; i < widths.size(); ++i) {
             widths[i] = ruler.size_of(table.heads[i], kSize).x;
