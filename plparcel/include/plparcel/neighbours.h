@@ -130,7 +130,8 @@ public:
     /// @return the sides, with what lies in the file
     ///
     /// Cost        Up to ten megabytes of memory, of which four are what was read last, and 3 bytes for each point and each
-    ///             side with points. In the file about 250 bytes for each of them.
+    ///             side with points. In the file up to 200 bytes for a point with a side of its own, and 56 for each vertex
+    ///             that is noted.
     PLPARCEL_API static SharedSides in_file(const Scratch& file,
                                             const std::function<void(const TakePoint& take)>& points,
                                             double within,
