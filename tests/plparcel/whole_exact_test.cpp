@@ -1094,9 +1094,11 @@ std::string objection_to_place(const Judged& judged, const Request& request, con
         for (std::size_t i = 0; i < piece[r].size(); ++i) {
             const Point& p = turn ? piece[r][i] : after(piece[r], i);
             const Point& q = turn ? after(piece[r], i) : piece[r][i];
-            // Rounded to decimals, a line along the side has the ends of the side rounded too.
-            const auto is = [&judged](const Point& a, const Point& b) {
-                return abs(a.x - b.x) <= judged.rounding && abs(a.y - b.y) <= judged.rounding;
+            // Rounded to decimals, a line along the side has the ends of the side rounded too, to doubles that hold the
+            // decimals or lie next to those that do.
+            const Number near = judged.rounding == 0 ? Number(0) : judged.rounding + judged.spacing;
+            const auto is = [&near](const Point& a, const Point& b) {
+                return abs(a.x - b.x) <= near && abs(a.y - b.y) <= near;
             };
             for (const std::size_t way : {std::size_t{0}, std::size_t{1}}) {
                 has_base = has_base || (is(p, base[way]) && is(q, base[1 - way]));
