@@ -168,6 +168,8 @@ def set_up(chosen, run):
     """A copy of the tree for each job, and one that holds all changes behind switches."""
     texts = run.texts
     workshops = [Workshop(ROOT, chosen.work / str(number), sources(chosen)) for number in range(1, chosen.jobs + 1)]
+    board = Switchboard(ROOT, chosen.work / "switched", sources(chosen), chosen.jobs)
+    board.copy_tree()  # now: whoever goes on writing in the tree does not disturb
     print(f"Building {len(workshops)} copies in {chosen.work}", flush=True)
     failures = []
 
@@ -183,7 +185,7 @@ def set_up(chosen, run):
     for thread in threads:
         thread.join()
     for name, text in texts.items():
-        if not failures and any((workshop.source / name).read_text() != text for workshop in workshops):
+        if not failures and any((workshop.source / name).read_text() != text for workshop in [*workshops, board]):
             failures.append(f"{name} was changed while the copies were made; start again")
     if failures:
         raise SetupError(failures[0])
@@ -192,7 +194,6 @@ def set_up(chosen, run):
     for workshop in workshops[1:]:
         workshop.take_measures_of(workshops[0])
     print("Putting all changes behind switches, and noting which test comes past which", flush=True)
-    board = Switchboard(ROOT, chosen.work / "switched", sources(chosen), chosen.jobs)
     wanted = [mutant for mutants in run.possible.values() for mutant in mutants if mutant.key not in run.known]
     board.prepare_with(texts, wanted)
     print(f"{sum(map(board.holds, wanted))} of {len(wanted)} have a switch; the others are built alone", flush=True)

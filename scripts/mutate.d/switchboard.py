@@ -49,12 +49,11 @@ class Switchboard(Workshop):
     # --- set-up ---
 
     def prepare_with(self, texts, mutants):
-        """texts: by path; mutants: all that may be asked for."""
+        """texts: by path; mutants: all that may be asked for. The tree has been copied."""
         self.texts = texts
         for number, mutant in enumerate(mutants[: MOST - 1]):
             self.files.setdefault(mutant.path, {})[number] = mutant
             self.number_of[mutant] = number
-        self._copy_tree()
         self.header.write_text(HEADER)
         self._must(self._configuring(f"{FLAGS} -w -include {self.header}"), "configuring")
         arguments = compile_arguments(self.build / "compile_commands.json")

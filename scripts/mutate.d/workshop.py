@@ -89,13 +89,13 @@ class Workshop:
     # --- set-up ---
 
     def prepare(self):
-        self._copy_tree()
+        self.copy_tree()
         self._must(self._configuring(FLAGS), "configuring")
         self._must(["cmake", "--build", self.build, "-j", "1", "--target", *self._targets()], "building")
         self._find_programs()
         self.objects = self._hash_objects()
 
-    def _copy_tree(self):
+    def copy_tree(self):
         """The tracked files as they are now; those that are the same stay, so that a second run builds little."""
         listed = subprocess.run(["git", "-C", self.root, "ls-files", "-z"], check=True, capture_output=True)
         names = {name for name in listed.stdout.decode().split("\0") if name and (self.root / name).is_file()}
