@@ -451,6 +451,37 @@ TEST(PlanDetails, HaveTheirPointsInTheMiddle)
     }
 }
 
+// At the top two pairs of corners, farther apart than what shares a detail; the ends of two lines between them are near to
+// both. At the bottom are the lines alone. 20 points are 7 metres here.
+TEST(PlanDetails, ShareWhatLiesBetweenThem)
+{
+    tool::Asked asked;
+    asked.request.line.cut = plparcel::Cut::perpendicular;
+    asked.request.amounts = {plparcel::area(5000), plparcel::area(80)};
+    asked.number = 1;
+    asked.amounts = {"5000", "80"};
+    tool::Parcel parcel;
+    for (const bool clockwise : {false, true}) {
+        parcel.ring = {{0, 0}, {120, 0}, {120, 80}, {63.5, 80}, {62.5, 80}, {51, 80}, {50, 80}, {0, 80}};
+        if (clockwise)
+            std::reverse(parcel.ring.begin(), parcel.ring.end());
+        const tool::Answer answer = tool::answer(parcel, asked);
+        ASSERT_TRUE(answer.printed.done());
+        const tool::Plan plan = tool::plan_of(answer);
+        const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
+        ASSERT_EQ(layout.denominator(), 1000.0);
+        const tool::PlanDetails details(plan, layout, {});
+        ASSERT_EQ(details.all().size(), 2u);
+        for (const tool::Detail& detail : details.all()) {
+            const bool top = detail.middle.y > 40.0;
+            EXPECT_NEAR(detail.middle.x, top ? 56.75 : 57.0, 1e-3);
+            EXPECT_NEAR(detail.middle.y, top ? 80.0 : 0.0, 1e-3);
+            // Half of 13.5 metres, and 4 points around them.
+            EXPECT_NEAR(detail.radius, top ? 6.75 * kMillimetre + 4.0 : 7.0, 1e-3);
+        }
+    }
+}
+
 // ------------------------------------------------------------------------------------------------- the tables
 
 using Cells = std::vector<std::string>;
