@@ -26,6 +26,8 @@ struct Labelled {
     tool::Plan plan;
     tool::View view;
     std::vector<DrawnText> texts;
+    std::vector<test::DrawnPath> paths;
+    std::vector<SheetPoint> dots;
     tool::WithoutLabel without;
 
     SheetPoint point(std::size_t number) const { return view.at(plan.points[number].at); }
@@ -52,8 +54,10 @@ protected:
         asked.number = number;
         asked.amounts.assign(amounts.size(), "a part");
         const tool::Answer answer = tool::answer(parcel, asked);
-        EXPECT_TRUE(answer.printed.done());
         Labelled done;
+        EXPECT_TRUE(answer.printed.done());
+        if (!answer.printed.done())
+            return done;
         done.plan = tool::plan_of(answer);
         const tool::PlanLayout layout(done.plan.corners.at, 1.0, tool::Paper::a4,
                                       [](const tool::SheetBox&) { return 120.0; });
@@ -63,7 +67,10 @@ protected:
         canvas.finish();
         std::ostringstream svg;
         svg << std::ifstream(path("labels.svg")).rdbuf();
-        done.texts = test::read_sheet(svg.str()).texts;
+        const test::DrawnSheet sheet = test::read_sheet(svg.str());
+        done.texts = sheet.texts;
+        done.paths = sheet.free.paths;
+        done.dots = sheet.free.dots;
         return done;
     }
 };
@@ -261,6 +268,77 @@ TEST_F(Labels, PiecesHaveTheirAreaUnderTheirName)
                 below = std::min(below, y - area.middle().y);
         }
         EXPECT_NEAR(above, below, 0.15 * (above + below)) << piece.name;
+    }
+}
+
+// A hair line goes from a dot in the piece to the label outside, also in a lane so narrow and bent that no place of a grid
+// lies in it, wherever its ring begins.
+TEST_F(Labels, HairLinesBeginInTheirPiece)
+{
+    const plparcel::Ring strip = {{0, 0}, {120, 0}, {120, 80}, {0, 80}};
+    const plparcel::Ring lane = {{0, 0}, {1000, 0}, {1000, 1}, {1, 1}, {1, 1000}, {0, 1000}};
+    const plparcel::Ring zigzag = {{0, 0}, {400, 700}, {800, 0}, {801, 0}, {400, 702}, {-1, 0}};
+    const struct {
+        const char* what;
+        plparcel::Ring ring;
+        plparcel::Cut cut;
+        std::size_t side;
+        plparcel::Amount amount;
+        std::size_t hair_lines;
+    } rows[] = {
+        {"a strip", strip, plparcel::Cut::parallel, 1, plparcel::area(20), 1},
+        {"a bent lane", lane, plparcel::Cut::perpendicular, 1, plparcel::share(1, 4), 2},
+        {"a zigzag", zigzag, plparcel::Cut::perpendicular, 5, plparcel::share(1, 5), 2},
+    };
+    for (const auto& row : rows) {
+        tool::Parcel parcel = parcel_of(row.ring);
+        for (std::size_t first = 0; first < row.ring.size(); ++first) {
+            SCOPED_TRACE(row.what + std::string(", from vertex ") + std::to_string(first + 1));
+            const long long side =
+                static_cast<long long>((row.side + row.ring.size() - first - 1) % row.ring.size() + 1);
+            const Labelled drawn = labelled(parcel, row.cut, side, {row.amount});
+            std::rotate(parcel.ring.begin(), parcel.ring.begin() + 1, parcel.ring.end());
+            EXPECT_TRUE(drawn.without.pieces.empty());
+            ASSERT_EQ(drawn.dots.size(), row.hair_lines);
+            ASSERT_EQ(drawn.paths.size(), row.hair_lines);
+            std::size_t found = 0;
+            for (const tool::PlanPiece& piece : drawn.plan.pieces) {
+                std::vector<SheetPoint> outline;
+                for (const PL_PNT2D_record& p : piece.ring)
+                    outline.push_back(drawn.view.at(p));
+                const std::string text = piece.name + "  " + drawn.plan.area_text(piece.area);
+                const auto label = std::find_if(drawn.texts.begin(), drawn.texts.end(),
+                                                [&](const DrawnText& one) { return one.text == text; });
+                if (label == drawn.texts.end())
+                    continue;
+                const test::DrawnPath& line = drawn.paths.at(found);
+                const SheetPoint dot = drawn.dots.at(found++);
+                EXPECT_NEAR(line.points.at(0).x, dot.x, 0.001);
+                EXPECT_NEAR(line.points.at(0).y, dot.y, 0.001);
+                // A thousandth of a point is rounded away in an SVG.
+                double off = INFINITY;
+                for (std::size_t i = 0; i < outline.size(); ++i) {
+                    const SheetPoint& a = outline[i];
+                    const SheetPoint& b = outline[(i + 1) % outline.size()];
+                    const Beside at = beside(a, b, dot);
+                    if (std::fabs(at.along) <= 0.5 * std::hypot(b.x - a.x, b.y - a.y))
+                        off = std::min(off, std::fabs(at.right));
+                }
+                EXPECT_TRUE(tool::is_inside(outline, dot) || off < 0.001)
+                    << text << " from " << dot.x << " " << dot.y;
+                // From there straight to the label's middle, as far as its edge.
+                const SheetPoint end = line.points.at(1);
+                const SheetPoint middle = label->middle();
+                EXPECT_LT(turn_between(tool::direction(dot, end), tool::direction(dot, middle)),
+                          0.1 * kDegree);
+                EXPECT_LT(std::hypot(end.x - dot.x, end.y - dot.y),
+                          std::hypot(middle.x - dot.x, middle.y - dot.y));
+                EXPECT_GT(test::gap_between({end, end}, label->corners), 0.0) << text;
+                EXPECT_LT(std::fabs(end.x - middle.x), 0.5 * (label->right().x - label->left().x) + 4.0);
+                EXPECT_LT(std::fabs(end.y - middle.y), label->size);
+            }
+            EXPECT_EQ(found, row.hair_lines);
+        }
     }
 }
 

@@ -358,7 +358,7 @@ void PlanLabels::label_pieces()
         if (label_inside({piece.name, area}, inside) || label_inside({piece.name + "  " + area}, inside) ||
             label_inside({piece.name}, inside))
             continue;
-        if (!label_beside(piece.name + "  " + area, outline, inside) && !label_across(piece.name, inside))
+        if (!label_beside(piece.name + "  " + area, inside) && !label_across(piece.name, inside))
             without_.pieces.push_back(i);
     }
 }
@@ -408,21 +408,17 @@ bool PlanLabels::label_across(const std::string& name, const std::vector<RoomyPl
 
 // Writes the label outside the parcel, with a hair line to the piece that crosses no other label and no other
 // piece. The line starts in the middle of the piece, or elsewhere in it.
-bool PlanLabels::label_beside(const std::string& text, const std::vector<SheetPoint>& piece,
-                              const std::vector<RoomyPlace>& inside)
+bool PlanLabels::label_beside(const std::string& text, const std::vector<RoomyPlace>& inside)
 {
     constexpr double kFirst = 24.0;
     constexpr double kStep = 8.0;
     constexpr int kRings = 7;
     constexpr int kDirections = 24;
-    if (beside_ == kMaxBeside)
+    if (beside_ == kMaxBeside || inside.empty())
         return false;
     std::vector<SheetPoint> starts;
     for (const double part : {0.0, 0.3, 0.6, 0.9})
-        if (!inside.empty())
-            starts.push_back(inside[static_cast<std::size_t>(part * static_cast<double>(inside.size()))].at);
-    if (inside.empty())
-        starts.push_back(middle_of(piece[0], piece[piece.size() / 2]));
+        starts.push_back(inside[static_cast<std::size_t>(part * static_cast<double>(inside.size()))].at);
     const SheetPoint extent = canvas_.size_of(text, kLabelSize, true);
     const SheetPoint room = {extent.x + 4.0, extent.y + 2.0};
     for (const SheetPoint& start : starts) {

@@ -57,8 +57,7 @@ private:
     void label_pieces();
     bool label_inside(const std::vector<std::string>& lines, const std::vector<RoomyPlace>& inside);
     bool label_across(const std::string& name, const std::vector<RoomyPlace>& inside);
-    bool label_beside(const std::string& text, const std::vector<SheetPoint>& piece,
-                      const std::vector<RoomyPlace>& inside);
+    bool label_beside(const std::string& text, const std::vector<RoomyPlace>& inside);
     void write_lines(const std::vector<std::string>& lines, const SheetPoint& middle, double size);
 
     const Plan& plan_;

@@ -155,6 +155,7 @@ std::vector<RoomyPlace> roomy_places(const std::vector<SheetPoint>& outline)
 {
     constexpr int kGrid = 30;
     constexpr double kEnoughRoom = 32.0;  // half a label
+    constexpr double kThinnest = 1e-6;
     const SheetBox box = box_around(outline);
     const SheetPoint middle = {(box.left + box.right) * 0.5, (box.top + box.bottom) * 0.5};
     const auto rank = [&](const RoomyPlace& place) {
@@ -169,6 +170,13 @@ std::vector<RoomyPlace> roomy_places(const std::vector<SheetPoint>& outline)
                 places.push_back({p, distance_to_outline(outline, p)});
         }
     }
+    // A bent lane may lie between the places of the grid, and not between level lines.
+    if (places.empty())
+        for (const auto& [from, to] : hatch_lines(outline, 0.0, box.height() / kGrid, box))
+            if (to.x - from.x > kThinnest) {
+                const SheetPoint p = {(from.x + to.x) * 0.5, from.y};
+                places.push_back({p, distance_to_outline(outline, p)});
+            }
     std::stable_sort(places.begin(), places.end(),
                      [&](const RoomyPlace& a, const RoomyPlace& b) { return rank(a) < rank(b); });
     return places;
