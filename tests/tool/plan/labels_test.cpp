@@ -294,9 +294,8 @@ TEST_F(Labels, HairLinesBeginInTheirPiece)
         tool::Parcel parcel = parcel_of(row.ring);
         for (std::size_t first = 0; first < row.ring.size(); ++first) {
             SCOPED_TRACE(row.what + std::string(", from vertex ") + std::to_string(first + 1));
-            const long long side =
-                static_cast<long long>((row.side + row.ring.size() - first - 1) % row.ring.size() + 1);
-            const Labelled drawn = labelled(parcel, row.cut, side, {row.amount});
+            const std::size_t side = (row.side + row.ring.size() - first - 1) % row.ring.size() + 1;
+            const Labelled drawn = labelled(parcel, row.cut, static_cast<long long>(side), {row.amount});
             std::rotate(parcel.ring.begin(), parcel.ring.begin() + 1, parcel.ring.end());
             EXPECT_TRUE(drawn.without.pieces.empty());
             ASSERT_EQ(drawn.dots.size(), row.hair_lines);
@@ -358,9 +357,9 @@ TEST_F(Labels, TensOfManyCornersAreNamed)
     std::map<std::string, const DrawnText*> named;
     for (const DrawnText& text : drawn.texts)
         named[text.text] = &text;
-    for (std::size_t number :
+    for (const int number :
          {1, 10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120, 130, 200, 250, 330, 390, 410, 490}) {
-        const SheetPoint corner = drawn.point(number - 1);
+        const SheetPoint corner = drawn.point(static_cast<std::size_t>(number - 1));
         if (is_near_a_new_point(corner))
             continue;
         const auto name = named.find(std::to_string(number));
