@@ -23,9 +23,9 @@ BUILD_ROUNDS = 6
 ERROR = re.compile(r"^(/[^:\n]+):(\d+):\d+: error:", re.MULTILINE)
 
 
-def _with_switches(path, text, arguments, mutants):
+def _with_switches(path, text, arguments, mutants, others):
     """A file's text, to whom its lines belong, and what has no switch; in a process of its own."""
-    file = File(path, text, arguments, mutants)
+    file = File(path, text, arguments, mutants, others)
     return file.settle(), file.without
 
 
@@ -71,10 +71,11 @@ class Switchboard(Workshop):
     def _render(self, paths, arguments):
         with concurrent.futures.ProcessPoolExecutor(self.jobs) as pool:
             work = {}
+            others = {str(self.source / path): self.texts[path] for path in self.files}
             for path in paths:
                 kept = {n: m for n, m in self.files[path].items() if n not in self.without}
                 given = _arguments_for(self.source / path, arguments)
-                work[path] = pool.submit(_with_switches, self.source / path, self.texts[path], given, kept)
+                work[path] = pool.submit(_with_switches, self.source / path, self.texts[path], given, kept, others)
             for path, done in work.items():
                 self.rendered[path], without = done.result()
                 self.without.update(without)

@@ -108,18 +108,20 @@ def compile_arguments(database):
 class File:
     """One source with its mutants."""
 
-    def __init__(self, path, text, arguments, mutants):
-        """mutants: by number."""
+    def __init__(self, path, text, arguments, mutants, others):
+        """mutants: by number; others: text by path of the files that have switches too, as it is without them."""
         self.path = str(path)
         self.text = text
+        self.others = [(name, other) for name, other in others.items() if name != self.path]
         self.mutants = mutants
         self.without = {}  # number to why it has no switch
         language = ["-x", "c++"] if self.path.endswith(".h") else []
         self.rendered = None
         self.arguments = [*language, *arguments, "-w", "-ferror-limit=0"]
         self.unit = Index.create().parse(
-            self.path, self.arguments, options=TranslationUnit.PARSE_PRECOMPILED_PREAMBLE, unsaved_files=[(self.path, text)]
-        )
+            self.path, self.arguments, options=TranslationUnit.PARSE_PRECOMPILED_PREAMBLE,
+            unsaved_files=[(self.path, text), *self.others],
+        )  # fmt: skip
         faults = [d for d in self.unit.diagnostics if d.severity >= Diagnostic.Error]
         if faults:
             raise ValueError(f"{self.path}: {faults[0]}")
@@ -225,10 +227,10 @@ class File:
         for _ in range(most_rounds):
             rendered = self.wrapped()
             if unit is None:
-                unit = Index.create().parse(self.path, arguments, unsaved_files=[(self.path, rendered.text)],
+                unit = Index.create().parse(self.path, arguments, unsaved_files=[(self.path, rendered.text), *self.others],
                                             options=TranslationUnit.PARSE_PRECOMPILED_PREAMBLE)  # fmt: skip
             else:
-                unit.reparse(unsaved_files=[(self.path, rendered.text)])
+                unit.reparse(unsaved_files=[(self.path, rendered.text), *self.others])
             faults = [d for d in unit.diagnostics if d.severity >= Diagnostic.Error]
             if not faults:
                 return rendered
