@@ -42,7 +42,6 @@ LineStart at_place(LineStart start, const MeasuredRing& ring)
             start.vertex = vertex;
             return start;
         }
-    start.cut = Cut::through_place;
     return start;
 }
 

@@ -72,16 +72,14 @@ Ring with_corners(const Ring& ring, const Vertices& vertices)
     return corners;
 }
 
-// The boundary of the pieces together: the sides that only one of them has.
+// The boundary of the pieces together: the sides that only one of them has. Their holes are holes of the parcel on which no
+// line ends.
 class OuterSides {
 public:
     explicit OuterSides(const std::vector<Parcel>& pieces)
     {
-        for (const Parcel& piece : pieces) {
+        for (const Parcel& piece : pieces)
             add(piece.outer);
-            for (const Ring& hole : piece.holes)
-                add(hole);
-        }
         std::sort(sides_.begin(), sides_.end(), is_before);
     }
 
