@@ -268,6 +268,19 @@ TEST(Directions, AStripUpToTheTipIsAll)
     EXPECT_EQ(cut(triangle, parallel_to(0), {width(49)}).status, Status::divided);
 }
 
+// A notch comes down from the top to 20, but for roundings: doubles are 2.2e-14 apart at 100. A line that passes its tip
+// within four of them leaves a slab on which two pieces hang.
+TEST(Directions, AStripWhoseLinePassesATipByARoundingLeavesTheParcel)
+{
+    const auto below = [](double tip, double high) {
+        const Ring notched = {{0, 0}, {100, 0}, {100, 50}, {60, 50}, {50, tip}, {40, 50}, {0, 50}};
+        return cut(notched, parallel_to(0), {width(high)}).status;
+    };
+    EXPECT_EQ(below(20 + 0x1p-46, 20), Status::line_leaves_parcel);
+    EXPECT_EQ(below(20 + 0x1p-44, 20), Status::line_leaves_parcel);
+    EXPECT_EQ(below(20 + 0x1p-43, 20), Status::divided);
+}
+
 TEST(Directions, CFrazAreaIsNotAskedWhatItDoesNotKnow)
 {
     Request request;

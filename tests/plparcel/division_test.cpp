@@ -614,6 +614,19 @@ TEST(Division, AProlongationThatOnlyTouchesDoesNotMeetAgain)
         EXPECT_POINT(cut.lines[0].to, ({30, 60}));
         EXPECT_EQ(cut.lines[0].meets_again, tip > 60.0);
     }
+    // The other arm is a gable that reaches the line, but for roundings: four spacings are 8.9e-14. It is 1.5 times as wide
+    // there as its tip lies above the line.
+    for (const double above : {0.0, 0x1p-47, 0x1p-43}) {
+        SCOPED_TRACE(above);
+        const Ring left = {{0, 0}, {100, 0}, {85, 60 + above}, {70, 40}, {30, 40}, {30, 100}, {0, 100}};
+        const Ring right = {{0, 0}, {100, 0}, {100, 100}, {70, 100}, {70, 40}, {30, 40}, {15, 60 + above}};
+        for (const Ring& ring : {left, right}) {
+            const Division cut = divide(ring, request(Cut::parallel, 0, {area(1200)}, kThere));
+            ASSERT_EQ(cut.status, Status::divided);
+            EXPECT_EQ(cut.lines[0].from.y, 60.0);
+            EXPECT_EQ(cut.lines[0].meets_again, above == 0x1p-43);
+        }
+    }
 }
 
 TEST(Division, FoundByTheSearchFromEitherSideAndWhereItIsFarOff)
@@ -690,6 +703,32 @@ TEST(Division, FoundByTheSearchThoughNearlyAlongADiagonal)
                 const Division division = compared(ring, request(cut, 0, {share(1, 4)}));
                 ASSERT_EQ(division.status, Status::divided);
                 EXPECT_TRUE(division.lines[0].library_agrees);
+            }
+        }
+    }
+}
+
+// As off the axes, so off the diagonals, whichever way the ring runs.
+TEST(Division, FoundByTheSearchWhateverTheShareNearlyAlongADiagonal)
+{
+    for (const double eighths : {1.0, 3.0, 5.0, 7.0}) {
+        for (const double tilt : {-1e-9, 1e-9}) {
+            const double c = std::cos(eighths * std::atan(1.0) + tilt);
+            const double s = std::sin(eighths * std::atan(1.0) + tilt);
+            Ring ring;
+            for (const PL_PNT2D_record& p : {PL_PNT2D_record{0, 0}, {73.3, 0}, {73.3, 52}, {0, 52}})
+                ring.push_back({100 + c * p.x - s * p.y, 100 + s * p.x + c * p.y});
+            for (const bool is_clockwise : {false, true}) {
+                const Ring run = is_clockwise ? test::reversed(ring) : ring;
+                for (const Cut cut : {Cut::parallel, Cut::perpendicular}) {
+                    for (int per_mille = 2; per_mille < 500; per_mille += 3) {
+                        SCOPED_TRACE(std::to_string(eighths) + ", " + std::to_string(is_clockwise) + ", " +
+                                     std::to_string(per_mille) + " of 1000");
+                        const Division division = compared(run, request(cut, 0, {share(per_mille, 1000)}));
+                        ASSERT_EQ(division.status, Status::divided);
+                        EXPECT_TRUE(division.lines[0].library_agrees);
+                    }
+                }
             }
         }
     }

@@ -176,6 +176,52 @@ TEST(PlaceCut, StartsAtTheDistanceAlongTheSide)
     });
 }
 
+// Spacings are 2^-45 at 128. 2.5 of them beyond an end of the side the place is that end; more is nowhere.
+TEST(PlaceCut, APlaceARoundingBeyondASideIsItsEnd)
+{
+    const Ring narrow = {{0, 0}, {1, 0}, {1, 128}, {0, 128}};
+    constexpr double kReach = 2.5 * 0x1p-45;
+    expect_rows({
+        {"before the side", narrow, through_place(0, -kReach), 32, kNear, Status::divided, {0, 0}, {1, 64}},
+        {"a hair more",
+         narrow,
+         through_place(0, test::down(-kReach)),
+         32,
+         kNear,
+         Status::no_such_place,
+         {},
+         {}},
+        {"beyond the side",
+         narrow,
+         through_place(0, 1 + kReach),
+         96,
+         kNear,
+         Status::divided,
+         {1, 0},
+         {0, 64}},
+        {"a hair more",
+         narrow,
+         through_place(0, test::up(1 + kReach)),
+         96,
+         kNear,
+         Status::no_such_place,
+         {},
+         {}},
+    });
+    // A whole line too, past a hole.
+    const plparcel::Parcel holed = {narrow, {{{0.25, 120}, {0.75, 120}, {0.5, 125}}}};
+    const auto status = [&holed](double along) {
+        Request request;
+        request.line = through_place(0, along);
+        request.amounts = {plparcel::area(32)};
+        return divide(holed, request).status;
+    };
+    EXPECT_EQ(status(-kReach), Status::divided);
+    EXPECT_EQ(status(test::down(-kReach)), Status::no_such_place);
+    EXPECT_EQ(status(1 + kReach), Status::divided);
+    EXPECT_EQ(status(test::up(1 + kReach)), Status::no_such_place);
+}
+
 TEST(PlaceCut, StartsAtAPointOnTheBoundary)
 {
     const PL_PNT2D_record third = {100.0 / 3.0, 0.0};

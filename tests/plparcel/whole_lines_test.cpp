@@ -197,6 +197,88 @@ TEST(WholeLines, Rows)
     }
 }
 
+// The eight ways in which a parcel with its sides along the axes can lie: perhaps mirrored, and turned to the right by
+// quarters.
+struct Lying {
+    bool mirrored;
+    int quarters;
+
+    PL_PNT2D_record operator()(PL_PNT2D_record p) const
+    {
+        if (mirrored)
+            p.x = -p.x;
+        for (int i = 0; i < quarters; ++i)
+            p = {p.y, -p.x};
+        return p;
+    }
+
+    Ring operator()(const Ring& ring) const
+    {
+        Ring lying;
+        for (const PL_PNT2D_record& p : ring)
+            lying.push_back((*this)(p));
+        return lying;
+    }
+};
+
+// Where a whole line to the East with so much below it begins and ends, and what its pieces hold, however the parcel lies
+// and wherever its rings begin.
+void expect_level_line(const Parcel& parcel, double below, const std::vector<PL_LINE_2D_record>& segments,
+                       const std::vector<double>& pieces)
+{
+    for (const bool mirrored : {false, true}) {
+        for (int quarters = 0; quarters < 4; ++quarters) {
+            const Lying lying = {mirrored, quarters};
+            const double east = (mirrored ? 300.0 : 100.0) + 100.0 * quarters;
+            for (std::size_t first = 0; first < parcel.outer.size(); ++first) {
+                SCOPED_TRACE(testing::Message()
+                             << (mirrored ? "mirrored, " : "") << quarters << " " << first);
+                Parcel told = {lying(test::begun_at(parcel.outer, first)), {}};
+                for (const Ring& hole : parcel.holes)
+                    told.holes.push_back(lying(test::begun_at(hole, first % hole.size())));
+                // Below is on the right of a line to the East, and on the left in the mirror.
+                const Division division =
+                    cut(told, at_bearing(east), {area(below)}, mirrored ? kThere : kHere);
+                ASSERT_EQ(division.status, Status::divided) << describe(division);
+                ASSERT_EQ(division.lines[0].segments.size(), segments.size());
+                for (std::size_t i = 0; i < segments.size(); ++i) {
+                    const PL_PNT2D_record from = lying(segments[i].start);
+                    const PL_PNT2D_record to = lying(segments[i].end);
+                    EXPECT_NEAR(division.lines[0].segments[i].from.x, from.x, 1e-12);
+                    EXPECT_NEAR(division.lines[0].segments[i].from.y, from.y, 1e-12);
+                    EXPECT_NEAR(division.lines[0].segments[i].to.x, to.x, 1e-12);
+                    EXPECT_NEAR(division.lines[0].segments[i].to.y, to.y, 1e-12);
+                }
+                std::vector<double> areas;
+                for (const Piece& piece : division.pieces)
+                    areas.push_back(std::round(piece.area * 1e6) / 1e6);
+                std::sort(areas.begin(), areas.end());
+                EXPECT_EQ(areas, pieces);
+            }
+        }
+    }
+}
+
+// Level sides on the line, above which or below which the parcel goes on, and tips.
+TEST(WholeLines, AlongSidesAndTipsHoweverTheParcelLies)
+{
+    // The floor of a U, which its arms rise from.
+    expect_level_line(kU, 2000, {{{0, 20}, {30, 20}}, {{60, 20}, {100, 20}}}, {1200, 1600, 2000});
+    // The side of a hole that lies above the line, and the one of a hole that lies below it.
+    expect_level_line(kHoles, 4000, {{{0, 40}, {40, 40}}, {{60, 40}, {100, 40}}}, {4000, 5400});
+    expect_level_line(kHoles, 5600, {{{0, 60}, {40, 60}}, {{60, 60}, {100, 60}}}, {3800, 5600});
+    // The tip of a notch: one segment ends there, and the next begins.
+    const Parcel notch = {{{0, 0}, {100, 0}, {100, 60}, {60, 60}, {50, 20}, {40, 60}, {0, 60}}, {}};
+    expect_level_line(notch, 2000, {{{0, 20}, {50, 20}}, {{50, 20}, {100, 20}}}, {1800, 1800, 2000});
+    // A leg, and beside it a tip that hangs down to the line.
+    const Parcel tip = {
+        {{0, 0}, {20, 0}, {20, 40}, {60, 40}, {70, 20}, {80, 40}, {100, 40}, {100, 60}, {0, 60}}, {}};
+    expect_level_line(tip, 400, {{{0, 20}, {20, 20}}}, {400, 2600});
+    // Steps: the boundary runs along the line and goes on to its other side.
+    const Parcel steps = {{{0, 0}, {50, 0}, {50, 20}, {100, 20}, {100, 60}, {30, 60}, {30, 20}, {0, 20}}, {}};
+    expect_level_line(steps, 1000, {{{30, 20}, {50, 20}}}, {1000, 2800});
+}
+
 struct RefusalRow {
     const char* what;
     const Parcel& parcel;

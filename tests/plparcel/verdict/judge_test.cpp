@@ -155,6 +155,51 @@ TEST(Judge, AVertexNearAnEndIsTouchedTheSame)
               Verdict::leaves_the_parcel);
 }
 
+// Half a square of 2^10 by 2^10, and what is granted more or less, to the last bit. Where that is missed, an end moves.
+TEST(Judge, AMissAsLargeAsTheToleranceIsGranted)
+{
+    const MeasuredRing square({{0, 0}, {1024, 0}, {1024, 1024}, {0, 1024}});
+    const LocalRing local(square);
+    Chord chord;
+    chord.from = local.to_local({0, 512});
+    chord.to = local.to_local({1024, 512});
+    chord.from_side = 3;
+    chord.to_side = 1;
+    chord.request_after_from = true;
+    const double granted = 1e-9 * 0x1p20;
+    const auto stays = [&](double by) {
+        Cutting cutting;
+        const Target target = {plparcel::Wide(0x1p19) + by, plparcel::Wide(0x1p19) - by, 0x1p20};
+        EXPECT_EQ(judge(square, local, chord, target, cutting), Verdict::divides) << by;
+        return cutting.from.y == 512.0 && cutting.to.y == 512.0;
+    };
+    for (const double sign : {-1.0, 1.0}) {
+        EXPECT_TRUE(stays(sign * test::down(granted)));
+        EXPECT_TRUE(stays(sign * granted));
+        EXPECT_FALSE(stays(sign * test::up(granted)));
+    }
+}
+
+// At 2^52 spacings are 1. A notch comes down to 2 above the line, so near an end of it that the pieces show how the
+// boundary goes on, or farther from it.
+TEST(Judge, ATipWithinFourSpacingsOfAnEndDoesNotCount)
+{
+    const double west = 0x1p52 - 4096;
+    const double east = 0x1p52;
+    for (const double away : {3.0, 4.0, 5.0}) {
+        SCOPED_TRACE(away);
+        const Verdict wanted = away > 4 ? Verdict::leaves_the_parcel : Verdict::divides;
+        const auto notched = [&](double at, double left, double right) {
+            const Ring ring = {{west, 0},        {east, 0},    {east, 4096}, {right, 4096},
+                               {at, 2048 + 2.0}, {left, 4096}, {west, 4096}};
+            const double notch = 0.5 * 63 * (4096 - 2050);
+            return verdict(ring, {{west, 2048}, 6, {east, 2048}, 1, true}, 0x1p23, 0x1p24 - notch);
+        };
+        EXPECT_EQ(notched(west + away, west + 1, west + 64), wanted);
+        EXPECT_EQ(notched(east - away, east - 64, east - 1), wanted);
+    }
+}
+
 TEST(Judge, ASideThatTheEndsRoundingBendsOverAVertexIsNotSimple)
 {
     // A notch ends 1e-20 above the side from (0, -1) to (100, 1). The line's end on that side, (55, 0.1), lies
