@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <string>
@@ -289,6 +290,94 @@ TEST(SharedSides, GiveANeighbourThePoints)
     }
 }
 
+// One of the eight ways to lay squared paper on squared paper, and another size of the squares. Doubles are not rounded.
+struct Laid {
+    unsigned way;
+    double size;
+
+    PL_PNT2D_record operator()(const PL_PNT2D_record& p) const
+    {
+        const PL_PNT2D_record turned = (way & 1) != 0 ? PL_PNT2D_record{p.y, p.x} : p;
+        return {(way & 2) != 0 ? -turned.x * size : turned.x * size,
+                (way & 4) != 0 ? -turned.y * size : turned.y * size};
+    }
+
+    Ring operator()(const Ring& ring) const
+    {
+        Ring laid;
+        std::transform(ring.begin(), ring.end(), std::back_inserter(laid),
+                       [this](const PL_PNT2D_record& p) { return (*this)(p); });
+        return laid;
+    }
+};
+
+template <class Look> void look_at_all_ways(const Look& look)
+{
+    for (const double size : {0x1p-30, 1.0, 0x1p30})
+        for (unsigned way = 0; way < 8; ++way) {
+            SCOPED_TRACE("way " + std::to_string(way) + ", size " + std::to_string(size));
+            look(Laid{way, size});
+        }
+}
+
+// Points beside each other as seen from the side have no such order.
+bool has_points_beside_each_other(const Row& row)
+{
+    return row.points.size() == 2 && row.points[0].x == row.points[1].x && row.points[0].y != row.points[1].y;
+}
+
+TEST(SharedSides, GiveTheSameHoweverTheParcelsLie)
+{
+    for (const Row& row : kRows) {
+        if (has_points_beside_each_other(row))
+            continue;
+        SCOPED_TRACE(row.what);
+        const auto with_points = [&row](const Laid& laid) {
+            std::vector<NewPoint> points;
+            for (const PL_PNT2D_record& p : row.points)
+                points.push_back({laid(p), {laid({0, 0}), laid({100, 0})}});
+            return SharedSides(points, row.within * laid.size).with_points({laid(row.neighbour), {}});
+        };
+        const WithPoints want = with_points({0, 1.0});
+        look_at_all_ways([&](const Laid& laid) {
+            const WithPoints with = with_points(laid);
+            EXPECT_EQ(text_of(with.parcel.outer), text_of(laid(want.parcel.outer)));
+            EXPECT_EQ(text_of(with.existing), text_of(laid(want.existing)));
+            EXPECT_EQ(with.beside, want.beside);
+            EXPECT_NEAR(with.farthest_beside, want.farthest_beside * laid.size, 1e-12 * laid.size);
+        });
+    }
+}
+
+// Doubles below 128 are 2^-46 apart: four spacings of the side's far end are 2^-44.
+TEST(SharedSides, AreOneWithinFourSpacings)
+{
+    constexpr double kFourSpacings = 0x1p-44;
+    const struct {
+        double within;
+        double off;
+        std::size_t inserted;
+    } rows[] = {
+        {0.0, kFourSpacings, 3},
+        {0.0, kFourSpacings * 1.0625, 0},
+        {-1.0, kFourSpacings, 3},
+        {kNaN, kFourSpacings, 3},
+        {kFourSpacings / 2, kFourSpacings, 3},
+        {kFourSpacings / 2, kFourSpacings * 1.0625, 0},
+        {kFourSpacings * 2, kFourSpacings * 2, 3},
+        {kFourSpacings * 2, kFourSpacings * 2.125, 0},
+    };
+    for (const auto& row : rows)
+        look_at_all_ways([&row](const Laid& laid) {
+            const SharedSides shared({{laid({40, 0}), {laid({0, 0}), laid({64, 0})}}},
+                                     row.within * laid.size);
+            for (const double off : {row.off, -row.off})
+                EXPECT_EQ(shared.with_points({laid({{128, off}, {-128, off}, {0, -50}}), {}}).inserted,
+                          row.inserted)
+                    << row.within << ", " << off;
+        });
+}
+
 TEST(SharedSides, LeaveOutPointsOfSidesThatAreNone)
 {
     const struct {
@@ -300,10 +389,22 @@ TEST(SharedSides, LeaveOutPointsOfSidesThatAreNone)
         {"from nowhere", {{kNaN, 0}, {100, 0}}, 0},
         {"to nowhere", {{0, 0}, {100, kNaN}}, 0},
         {"no length", {{40, 0}, {40, 0}}, 0},
+        {"just too short, to the north", {{0, 0}, {0, 1e-90}}, 0},
+        {"just long enough", {{0, 0}, {0, 1.01e-90}}, 1},
+        {"just too short, to the west", {{0, 0}, {-1e-90, 0}}, 0},
+        {"just long enough", {{0, 0}, {-1.01e-90, 0}}, 1},
+        {"just too short, to the south", {{0, 0}, {0, -1e-90}}, 0},
+        {"just long enough", {{0, 0}, {0, -1.01e-90}}, 1},
         {"from infinitely far", {{-std::numeric_limits<double>::infinity(), 0}, {100, 0}}, 0},
         {"to a place just inside 1e90", {{0, 0}, {9.9e89, 0}}, 1},
         {"on it", {{0, 0}, {1e90, 0}}, 1},
         {"just outside", {{0, 0}, {1.1e90, 0}}, 0},
+        {"on it, in the north", {{0, 0}, {0, 1e90}}, 1},
+        {"just outside", {{0, 0}, {0, 1.1e90}}, 0},
+        {"on it, in the west", {{-1e90, 0}, {100, 0}}, 1},
+        {"just outside", {{-1.1e90, 0}, {100, 0}}, 0},
+        {"on it, in the south", {{0, -1e90}, {0, 100}}, 1},
+        {"just outside", {{0, -1.1e90}, {0, 100}}, 0},
     };
     for (const auto& row : rows) {
         const SharedSides shared({{{40, 0}, row.side}}, 0.001);
@@ -382,14 +483,14 @@ TEST(SharedSides, LeaveAParcelOutThatWouldMeetItself)
 }
 
 // Rows of parcels between straight lines, a point on each side. The corners of a row lie in the middle of the next one's
-// sides, so that each side lies along two others.
+// sides, so that each side lies along two others. The origin is in their middle.
 std::vector<Parcel> bricks(int rows, int in_row)
 {
     std::vector<Parcel> layer;
     for (int j = 0; j < rows; ++j)
         for (int i = 0; i < in_row; ++i) {
-            const double x = 40.0 * i + 13.0 * (j % 3);
-            const double y = 30.0 * j;
+            const double x = 40.0 * (i - in_row / 2) + 13.0 * (j % 3);
+            const double y = 30.0 * (j - rows / 2);
             layer.push_back({{{x, y}, {x + 40, y}, {x + 40, y + 30}, {x, y + 30}}, {}});
         }
     return layer;
@@ -397,6 +498,7 @@ std::vector<Parcel> bricks(int rows, int in_row)
 
 TEST(SharedSides, AreTheSameInAFile)
 {
+    constexpr std::size_t kBlock = 8192;
     const std::vector<Parcel> layer = bricks(90, 300);
     std::vector<NewPoint> points;
     for (const Parcel& parcel : layer)
@@ -430,6 +532,8 @@ TEST(SharedSides, AreTheSameInAFile)
     // A point and half of the neighbours' two on each side that somebody shares.
     EXPECT_GT(inserted, 4 * layer.size());
     EXPECT_GT(file.reads, 1000u);  // more than stays in memory
+    // What lies near each other lies in one block: each is read a few times only.
+    EXPECT_LT(file.reads, 4 * file.bytes.size() / kBlock);
     EXPECT_FALSE(file.is_torn);
 }
 

@@ -39,28 +39,26 @@ double largest(const PL_PNT2D_record& p)
     return std::fmax(std::fabs(p.x), std::fabs(p.y));
 }
 
-// Bits that are in the order of the numbers; both zeros have the same.
-std::uint64_t ordered_bits(double number)
+// Both zeros have the same bits.
+std::uint64_t bits_of(double number)
 {
     const double value = number + 0.0;
     std::uint64_t bits = 0;
     std::memcpy(&bits, &value, sizeof bits);
-    constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
-    return (bits & kSign) != 0 ? ~bits : bits | kSign;
+    return bits;
 }
 
 // Below zero where a comes before b in the order of ever smaller quarters of the plane: the highest bit decides in which
-// they differ, of East or North. What follows one another in it lies near each other.
+// they differ, of East or North. What follows one another in it lies near each other, though negative numbers run the
+// other way.
 int quarters_order(const PL_PNT2D_record& a, const PL_PNT2D_record& b)
 {
-    const std::uint64_t a_x = ordered_bits(a.x);
-    const std::uint64_t a_y = ordered_bits(a.y);
-    const std::uint64_t x = a_x ^ ordered_bits(b.x);
-    const std::uint64_t y = a_y ^ ordered_bits(b.y);
+    const std::uint64_t x = bits_of(a.x) ^ bits_of(b.x);
+    const std::uint64_t y = bits_of(a.y) ^ bits_of(b.y);
     if (x == 0 && y == 0)
         return 0;
     const bool by_y = x < y && x < (x ^ y);  // the highest bit of y is above that of x
-    return (by_y ? a_y < (a_y ^ y) : a_x < (a_x ^ x)) ? -1 : 1;
+    return (by_y ? bits_of(a.y) < bits_of(b.y) : bits_of(a.x) < bits_of(b.x)) ? -1 : 1;
 }
 
 PL_PNT2D_record middle(const Segment& side)
