@@ -389,6 +389,82 @@ TEST_F(Sheets, EveryRowOfATableStandsOnce)
     }
 }
 
+// Every side in ink, the base in blue and thicker, every dividing line in red, true to scale; a dot at each of their ends.
+TEST_F(Sheets, TheMapShowsEveryLine)
+{
+    const struct {
+        Asked asked;
+        std::size_t lines;
+        bool at_vertex;
+    } rows[] = {
+        {{"along a side", {{0, 0}, {80, 10}, {70, 55}, {-5, 50}}, plparcel::Cut::parallel, 2, 3}, 2, false},
+        {{"from a vertex", {{0, 0}, {80, 10}, {70, 55}, {-5, 50}}, plparcel::Cut::through_vertex, 3, 2},
+         1,
+         true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.asked.what);
+        const tool::Plan plan = plan_of(row.asked);
+        const DrawnSheet sheet = drawn(row.asked).front();
+        ASSERT_EQ(sheet.windows.size(), 1u);
+        const DrawnGroup& map = sheet.windows[0];
+        const auto scale = std::find_if(sheet.texts.begin(), sheet.texts.end(), [](const DrawnText& text) {
+            return text.text.rfind("Scale 1:", 0) == 0;
+        });
+        ASSERT_NE(scale, sheet.texts.end());
+        const double points_per_metre = 1000.0 * kMillimetre / std::stod(scale->text.substr(8));
+        // The box around the parcel is in the middle of the drawing.
+        SheetBox around = {INFINITY, INFINITY, -INFINITY, -INFINITY};
+        for (const PL_PNT2D_record& p : row.asked.ring)
+            around = {std::min(around.left, p.x), std::min(around.top, p.y), std::max(around.right, p.x),
+                      std::max(around.bottom, p.y)};
+        const auto on_sheet = [&](const PL_PNT2D_record& p) {
+            return SheetPoint{0.5 * (map.box.left + map.box.right) +
+                                  (p.x - 0.5 * (around.left + around.right)) * points_per_metre,
+                              0.5 * (map.box.top + map.box.bottom) -
+                                  (p.y - 0.5 * (around.top + around.bottom)) * points_per_metre};
+        };
+        const auto near = [](const SheetPoint& a, const SheetPoint& b) {
+            return std::hypot(a.x - b.x, a.y - b.y) < 0.003;
+        };
+        const auto count_lines = [&](const SheetPoint& a, const SheetPoint& b, const std::string& colour,
+                                     double width) {
+            return std::count_if(map.paths.begin(), map.paths.end(), [&](const DrawnPath& path) {
+                return path.points.size() == 2 && path.stroke == colour && path.width == width &&
+                       ((near(path.points[0], a) && near(path.points[1], b)) ||
+                        (near(path.points[0], b) && near(path.points[1], a)));
+            });
+        };
+        const std::size_t corners = row.asked.ring.size();
+        for (std::size_t i = 0; i < corners; ++i) {
+            const SheetPoint a = on_sheet(row.asked.ring[i]);
+            const SheetPoint b = on_sheet(row.asked.ring[(i + 1) % corners]);
+            const bool is_base = !row.at_vertex && static_cast<long long>(i + 1) == row.asked.number;
+            EXPECT_EQ(count_lines(a, b, "#262626", 1.0), 1) << i;
+            EXPECT_EQ(count_lines(a, b, "#1a4d99", 3.0), is_base ? 1 : 0) << i;
+            const bool is_ringed = row.at_vertex && static_cast<long long>(i + 1) == row.asked.number;
+            EXPECT_EQ(std::count_if(map.dots.begin(), map.dots.end(),
+                                    [&](const SheetPoint& dot) { return near(dot, a); }),
+                      is_ringed ? 2 : 1)
+                << i;
+        }
+        std::size_t red = 0;
+        for (const DrawnPath& path : map.paths)
+            red += path.stroke == "#b81c1c";
+        EXPECT_EQ(red, row.lines);
+        ASSERT_EQ(plan.lines.size(), row.lines);
+        for (const tool::PlanLine& line : plan.lines) {
+            const SheetPoint a = on_sheet(plan.points[line.from].at);
+            const SheetPoint b = on_sheet(plan.points[line.to].at);
+            EXPECT_EQ(count_lines(a, b, "#b81c1c", 1.6), 1) << line.length;
+            for (const SheetPoint& end : {a, b})
+                EXPECT_GE(std::count_if(map.dots.begin(), map.dots.end(),
+                                        [&](const SheetPoint& dot) { return near(dot, end); }),
+                          1);
+        }
+    }
+}
+
 // A window has its outline, and a title right above it that says how much it enlarges; a line in it ends at a point or
 // beyond its edge.
 TEST_F(Sheets, ADetailIsAWindowWithATitle)
