@@ -20,7 +20,7 @@ FIRST_BATCH_SECONDS = 0.4  # batches grow, so that little is begun anew, and lit
 GROWS = 4
 LEAST_CPU_SECONDS = 5  # a test that comes past a switch takes no longer unless the change makes it
 BUILD_ROUNDS = 6
-ERROR = re.compile(r"^(/[^:\n]+):(\d+):\d+: error:", re.MULTILINE)
+ERROR = re.compile(r"^([^:\n]+):(\d+):\d+: error:", re.MULTILINE)
 
 
 def _with_switches(path, text, arguments, mutants, others):
@@ -92,7 +92,7 @@ class Switchboard(Workshop):
             return set()
         dropped = collections.defaultdict(set)
         for name, line in ERROR.findall(done.stdout):
-            path = os.path.relpath(name, self.source)
+            path = os.path.relpath(self.build / name, self.source)  # a compiler behind a cache tells it from the build
             if path in self.rendered:
                 dropped[path] |= self.rendered[path].numbers_at(int(line))
         for path, numbers in dropped.items():
