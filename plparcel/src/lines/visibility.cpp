@@ -33,7 +33,7 @@ public:
         seen_.assign(places.size(), false);
         const std::vector<std::size_t> vertices = around_the_vertex();
         const std::vector<std::size_t> looks = in_order(places);
-        start(vertices);
+        start();
         std::size_t look = 0;
         for (std::size_t i = 0; i < vertices.size();) {
             const WidePoint& direction = points_[vertices[i]];
@@ -59,7 +59,7 @@ public:
         std::vector<Direction> directions;
         std::vector<std::size_t> sides;  // seen from each direction on
         std::size_t side = 1;
-        start(vertices);
+        start();
         for (std::size_t i = 0; i < vertices.size();) {
             Direction direction = {points_[vertices[i]], vertices[i], {}};
             std::size_t next = i;
@@ -197,9 +197,8 @@ private:
     }
 
     // The sides that lie across the first direction.
-    void start(const std::vector<std::size_t>& vertices)
+    void start()
     {
-        turn_to(vertices, 0, 0);
         ray_ = points_[1];
         for (std::size_t k = 1; k + 1 < points_.size(); ++k)
             if (!spans_[k].is_radial && comes_before_(spans_[k].end, spans_[k].begin))
