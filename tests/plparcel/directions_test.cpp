@@ -78,7 +78,7 @@ TEST(Directions, OfABearing)
 
 struct CutRow {
     const char* what;
-    const Ring& ring;
+    Ring ring;
     Line line;
     std::vector<Amount> amounts;
     Measured measured;
@@ -162,6 +162,12 @@ TEST(Directions, WidthsPlaceTheLines)
          {width(0.0625), width(0.03125)},
          kHere,
          {{{0, 0.0625}, {100, 0.0625}}, {{0, 0.09375}, {100, 0.09375}}}},
+        {"in kilometres, of an area below a tenth",
+         {{0, 0}, {0.25, 0}, {0.25, 0.125}, {0, 0.125}},
+         parallel_to(0),
+         {width(0.03125), width(0.03125)},
+         kHere,
+         {{{0, 0.03125}, {0.25, 0.03125}}, {{0, 0.0625}, {0.25, 0.0625}}}},
         {"across the strip of a U", kU, parallel_to(0), {width(15)}, kHere, {{{0, 15}, {100, 15}}}},
         {"at the floor between its arms", kU, parallel_to(0), {width(20)}, kHere, {{{0, 20}, {30, 20}}}},
     };

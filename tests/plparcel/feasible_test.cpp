@@ -108,6 +108,7 @@ TEST(Feasible, FromAVertexOrAPlace)
     EXPECT_EQ(ranges(kEl, through_vertex(1), kFar), "(0 5000) [6250 7500)");
     EXPECT_EQ(ranges(test::reversed(kEl), through_vertex(5)), "(0 5000) [6250 7500)") << "clockwise";
     EXPECT_EQ(ranges(kSquare, through_place(0, 50)), "(0 10000)");
+    EXPECT_EQ(ranges(test::reversed(kSquare), through_place(1, 50)), "(0 10000)");
     EXPECT_EQ(ranges(kSquare, through_point({50, 0})), "(0 10000)");
     EXPECT_EQ(ranges(kSquare, through_place(0, 0)), "(0 10000)") << "a place at a vertex";
 }
@@ -295,6 +296,29 @@ TEST(Feasible, BesideHolesThroughAVertexAPlaceOrAPoint)
             EXPECT_EQ(said(feasible(holed, row.line, measured)), row.want) << row.what;
     const Parcel clockwise = {test::reversed(kSquare), holed.holes};
     EXPECT_EQ(said(feasible(clockwise, through_vertex(0))), "(0 1250) (1250 5150) (5150 6400)");
+}
+
+// Beside (11, 5) a triangle's side from (11, 3) to (11, 4) hangs straight below it, its tip (10, 2) to the left. A line down along
+// that side leaves 2.9 on its left, one past the tip 5.15625 less the triangle's 0.5. To the West the line touches the
+// corner (6, 7): above it lie 12.5 of 60.5, and behind the corner up to (1, 9) one more.
+TEST(Feasible, AlongAHolesSideInLineWithTheVertex)
+{
+    const Parcel parcel = {{{3, 3}, {7, 2}, {12, 1}, {12, 3}, {11, 5}, {11, 10}, {6, 7}, {2, 9}, {0, 9}},
+                           {{{10, 2}, {11, 3}, {11, 4}}}};
+    EXPECT_EQ(said(feasible(parcel, through_vertex(4), kFar)),
+              "(0 2.9) (2.9 4.65625) (4.65625 47) [48 60.5)");
+}
+
+// Through (2, 6) a line cuts off most and least where it ends in the corners (1, 5) and (3, 7) beside (1, 7).
+TEST(Feasible, TheLeastThroughAPointIsHadBetweenTwoVertices)
+{
+    const Ring outer = {{0, 0}, {7, 0}, {7, 2}, {6, 2}, {6, 6}, {4, 6},
+                        {4, 7}, {3, 7}, {1, 7}, {1, 5}, {0, 5}};
+    const Parcel parcel = {outer, {{{1, 4}, {2, 4}, {3, 3}, {3, 5}}}};
+    for (std::size_t first = 0; first < outer.size(); ++first)
+        EXPECT_EQ(said(feasible({test::begun_at(outer, first), parcel.holes}, through_point({2, 6}))),
+                  "[2 36.5]")
+            << first;
 }
 
 //   5 --- 4         From the inner corner of the L: straight up first, then round to the right. The line past the hole's corner

@@ -413,6 +413,47 @@ TEST(SharedSides, LeaveOutPointsOfSidesThatAreNone)
     }
 }
 
+// However far a divided side goes, and in whichever direction: a neighbour's that lies along its beginning gets the point.
+// Beyond 1e90 neither is looked at.
+TEST(SharedSides, OfAnyLengthUpToTheLimit)
+{
+    const PL_PNT2D_record directions[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+    for (const PL_PNT2D_record& d : directions) {
+        SCOPED_TRACE(testing::Message() << d.x << " " << d.y);
+        const auto at = [&d](double along, double left) {
+            return PL_PNT2D_record{d.x * along - d.y * left, d.y * along + d.x * left};
+        };
+        const auto inserted = [&](double from, double to, double side_to) {
+            const SharedSides shared({{at(40, 0), {at(from, 0), at(to, 0)}}}, 0.001);
+            return shared.with_points({{at(0, 0), at(side_to, 0), at(50, -50)}, {}}).inserted;
+        };
+        EXPECT_EQ(inserted(0, 1000, 100), 1u);
+        EXPECT_EQ(inserted(0, 1e9, 100), 1u);
+        EXPECT_EQ(inserted(0, 1.1e90, 100), 0u);
+        EXPECT_EQ(inserted(-1.1e90, 100, 100), 0u);
+        EXPECT_EQ(inserted(0, 100, 1e9), 2u) << "the end of the divided side too";
+        EXPECT_EQ(inserted(0, 100, 1.1e90), 0u);
+    }
+}
+
+// Doubles are 1 apart at 2^52: 3 of them are no distance, 5 are more than 0.001.
+TEST(SharedSides, ThatLieBesideEachOtherByRoundingsAreOne)
+{
+    constexpr double kFar = 0x1p52;
+    for (const double sign : {-1.0, 1.0}) {
+        for (const bool is_level : {false, true}) {
+            SCOPED_TRACE(testing::Message() << sign << is_level);
+            const auto at = [&](double along, double off) {
+                const double far = sign * (kFar - off);
+                return is_level ? PL_PNT2D_record{along, far} : PL_PNT2D_record{far, along};
+            };
+            const SharedSides shared({{at(400, 0), {at(0, 0), at(1000, 0)}}}, 0.001);
+            EXPECT_EQ(shared.with_points({{at(0, 3), at(1000, 3), at(500, 500)}, {}}).inserted, 1u);
+            EXPECT_EQ(shared.with_points({{at(0, 5), at(1000, 5), at(500, 500)}, {}}).inserted, 0u);
+        }
+    }
+}
+
 TEST(SharedSides, TellHowFarPointsLieBesideVerticesThatAreNearest)
 {
     const SharedSides shared({{{40, 0}, {{0, 0}, {100, 0}}}, {{70, 0}, {{0, 0}, {100, 0}}}}, 0.001);

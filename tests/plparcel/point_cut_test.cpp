@@ -354,23 +354,35 @@ TEST(PlaceCut, BetweenTwoSidesStartsOnTheNearerOne)
     }
 }
 
-// Doubles are 1e-9 apart here. Where the nearest end of the line misses, the start does not give way.
+// Doubles are 1e-9 apart here, and the parcels a few metres large. Where the nearest end of the line misses the amount, the
+// start does not give way.
 TEST(PlaceCut, StartsWhereItWasToldToTheLastBit)
 {
-    const Ring far = {{500000.3, 5.5e6}, {500003.1, 5500000.1}, {500002.9, 5500000.3}, {500000.1, 5500000.2}};
-    const PL_PNT2D_record middle = {500001.7, 5500000.05};
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> part(0.0, 1.0);
     int divided = 0;
-    for (int percent = 1; percent < 100; ++percent) {
+    for (int i = 0; i < 600; ++i) {
+        const double x = 500000 + 100 * part(random);
+        const double y = 5500000 + 100 * part(random);
+        const double length = 0.2 + 4 * part(random);
+        const double width = 0.1 + part(random);
+        const Ring far = {{x, y},
+                          {x + length, y + 0.3 * width * part(random)},
+                          {x + length * (0.5 + part(random)), y + width},
+                          {x - 0.2 * width * part(random), y + width * (0.5 + part(random))}};
+        const double at = part(random);
+        const PL_PNT2D_record start = {far[0].x + at * (far[1].x - far[0].x),
+                                       far[0].y + at * (far[1].y - far[0].y)};
         Request request;
-        request.line = through_point(middle);
-        request.amounts = {plparcel::share(percent, 100)};
+        request.line = through_point(start);
+        request.amounts = {plparcel::share(0.01 + 0.98 * part(random), 1)};
         const Division division = divide(far, request);
         if (division.status != Status::divided)
             continue;
         ++divided;
-        EXPECT_POINT(division.lines[0].from, (middle));
+        EXPECT_POINT(division.lines[0].from, (start));
     }
-    EXPECT_GT(divided, 10);
+    EXPECT_GT(divided, 300);
 }
 
 TEST(PlaceCut, EqualPartsFanOut)

@@ -98,6 +98,11 @@ TEST(WhichSide, TiesAreWithinATolerance)
     };
     EXPECT_EQ(said(plparcel::longest_side(longer_by(4 * spacing))), "0 2") << "on the spacings of doubles";
     EXPECT_EQ(said(plparcel::longest_side(longer_by(6 * spacing))), "2") << "outside";
+    const auto shorter_by = [](double less) {
+        return Parcel{{{0, 0}, {1, 0}, {1 + less, 128}, {0, 128}}, {}};
+    };
+    EXPECT_EQ(said(plparcel::shortest_side(shorter_by(4 * spacing))), "0 2") << "on the spacings of doubles";
+    EXPECT_EQ(said(plparcel::shortest_side(shorter_by(4 * spacing + 0x1p-52))), "0") << "just outside";
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), 0.25)), "0 2") << "on what was asked";
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), test::down(0.25))), "2");
     EXPECT_EQ(said(plparcel::longest_side(longer_by(0.25), -1.0)), "2") << "no tolerance below zero";

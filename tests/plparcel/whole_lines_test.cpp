@@ -193,6 +193,7 @@ TEST(WholeLines, Rows)
                 sum += pieces[i][k];
             }
             EXPECT_NEAR(division.held[i].area, sum, 1e-10);
+            EXPECT_NEAR(division.held[i].residual, sum - division.held[i].asked, 1e-10);
         }
     }
 }
@@ -702,6 +703,53 @@ TEST(WholeLines, ALineThroughAVertexBesideTheAmountIsNoFurtherLine)
     EXPECT_NEAR(division.pieces[0].area, 2000 + 1e-6, 1e-7);
     request.alternative = 1;
     EXPECT_EQ(divide(holed, request).status, Status::no_further_line);
+}
+
+//   5-----4         From (3, 5) over (5, 3) to (7, 1) the line has 2 + 2 above it, which is the least: where it falls by m for
+//  /      |         each unit, m above 1, it has 2 / m and 2 m, and for m below 1 more at the slanted wall than it loses.
+// 6       3---2
+// 7-----------1
+TEST(WholeLines, TheLeastThroughAVertexStandsInForALittleLess)
+{
+    const Parcel bent = {{{0, 0}, {7, 0}, {7, 3}, {5, 3}, {5, 5}, {3, 5}, {2, 3}, {0, 3}}, {}};
+    const Line at_corner = plparcel::through_vertex(3);
+    const Division division = cut(bent, at_corner, {area(4 - 1e-8)});
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_EQ(division.pieces.size(), 3u);
+    EXPECT_NEAR(division.held[0].area, 4, 1e-14);
+    EXPECT_NEAR(std::max(division.lines[0].from.x, division.lines[0].to.x), 7, 1e-15);
+    EXPECT_NEAR(std::min(division.lines[0].from.x, division.lines[0].to.x), 3, 1e-15);
+    EXPECT_EQ(cut(bent, at_corner, {area(4 - 3e-8)}).status, Status::no_line_through_point)
+        << "26e-9 are granted";
+}
+
+// A ring around its middle: each line through that holds a half of 48, and many of them stand in for a little more.
+TEST(WholeLines, OfManyLinesBesideTheAmountOnlyTheFirstCounts)
+{
+    const Parcel ring = {{{0, 0}, {7, 0}, {7, 7}, {0, 7}}, {{{3, 3}, {4, 3}, {4, 4}, {3, 4}}}};
+    Request request;
+    request.line = plparcel::through_point({3.5, 3.5});
+    request.amounts = {area(24 + 2.4e-8)};
+    request.pieces = Pieces::any;
+    const Division division = divide(ring, request);
+    ASSERT_EQ(division.status, Status::divided) << describe(division);
+    EXPECT_NEAR(division.held[0].area, 24, 1e-13);
+    for (request.alternative = 1; request.alternative < 4; ++request.alternative)
+        EXPECT_EQ(divide(ring, request).status, Status::no_further_line);
+}
+
+// A gable with a tip so flat that what lies above its shoulders is 2.5e-9 of the parcel, and a hole.
+TEST(WholeLines, WithinATipThatIsNextToNothing)
+{
+    const Parcel gable = {
+        {{0, 0}, {1024, 0}, {1024, 512}, {512.0625, 1023.9375}, {512, 1024}, {511.9375, 1023.9375}, {0, 512}},
+        {{{256, 128}, {768, 128}, {512, 256}}}};
+    // A triangle of that shape is as high as it is half as wide: one of 0.001 is 0.0316 high.
+    for (const double wanted : {0.001, 0.002, 0.003}) {
+        const Division division = cut(gable, parallel_to(0), {area(wanted)}, kThere, Pieces::two);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_NEAR(division.lines[0].from.y, 1024 - std::sqrt(wanted), 1e-4);
+    }
 }
 
 // On the right of a line that climbs s through the middle of the hole's western side lie 5400 - 800 / s - 200 s, at most 4600.

@@ -34,7 +34,10 @@ TEST(BoxLevels, MissNoneThatIsNear)
                 const PL_PNT2D_record a = {place(random), place(random)};
                 const Reach reach(a, {a.x + 3, a.y + 1});
                 std::set<std::size_t> found;
-                levels.near(reach, 0.5, [&](std::size_t i) { EXPECT_TRUE(found.insert(i).second); });
+                levels.near(reach, 0.5, [&](std::size_t i) {
+                    EXPECT_LT(i, count);
+                    EXPECT_TRUE(found.insert(i).second);
+                });
                 for (std::size_t i = 0; i < count; ++i)
                     EXPECT_TRUE(found.count(i) == 1 || !reach.comes_near(boxes[i], 0.5))
                         << i << " of " << count;

@@ -151,7 +151,7 @@ TEST(NearbyEnds, TriesTheNearestStartsFirst)
                           starts.push_back(start);
                           return false;
                       });
-    ASSERT_FALSE(starts.empty());
+    ASSERT_EQ(starts.size(), 64U) << "then it gives up";
     const auto distance = [&from](const PL_PNT2D_record& p) {
         return std::fabs(p.x - from.x) + std::fabs(p.y - from.y);
     };
