@@ -80,6 +80,10 @@ TEST(PlanLayout, LiesTheWayTheParcelDoesAndIsTrueToScale)
     const PlanLayout feet(tall, 0.3048, Paper::a4, kFoot);
     EXPECT_NEAR(feet.at(tall[0]).y - feet.at(tall[3]).y, 200.0 * 304.8 / feet.denominator() * kMillimetre,
                 1e-6);
+    // 200 by 80 feet are 60.96 by 24.38 metres. Lying, 245 by 110 millimetres are free for them: 1:249 at most.
+    const PlanLayout wide_feet(wide, 0.3048, Paper::a4, kFoot);
+    EXPECT_EQ(wide_feet.denominator(), 250.0);
+    EXPECT_NEAR(wide_feet.at(wide[1]).x - wide_feet.at(wide[0]).x, 60960.0 / 250.0 * kMillimetre, 1e-6);
 }
 
 TEST(PlanLayout, EveryParcelFitsWithRoomForItsLabels)
