@@ -47,6 +47,16 @@ std::string text_of(const Ring& ring)
 // is a quarter of the opposite side.
 const Ring kSlanted = {{0, 0}, {80, 60}, {50, 100}, {-30, 40}};
 
+// Those of one division, for the parcels of a layer.
+tool::NeighbourPoints points_of(const tool::Parcel& lot, const tool::Asked& asked, double within,
+                                const std::vector<tool::Parcel>& layer)
+{
+    tool::NeighbourPoints points(within);
+    points.note(tool::answer(lot, asked));
+    points.note_layer([&](const auto& take) { std::for_each(layer.begin(), layer.end(), take); });
+    return points;
+}
+
 TEST(NeighbourPoints, HaveHeightsBetweenThoseOfTheirSides)
 {
     const Ring around = {{-100, -100}, {200, -100}, {200, 200}, {-100, 200}};
@@ -149,6 +159,33 @@ TEST(NeighbourPoints, AreaOfAPieceThatBendsToThem)
             EXPECT_EQ(answer.printed.proven.held.at(i).residual, change) << row.what;
         }
     }
+}
+
+// A new vertex has a coordinate of the old one after it. Names of corners are told by their numbers, which are others now.
+TEST(NeighbourPoints, OfAParcelAlongTheAxes)
+{
+    const Ring lot = {{0, 0}, {80, 0}, {80, 60}, {0, 60}};
+    tool::Parcel neighbour = parcel_of(lot, {}, {10, 50, 80, 40});
+    neighbour.point_names = {"A", "B", "C", "D"};
+    tool::Parcel far = parcel_of({{500, 0}, {580, 0}, {580, 60}});
+    far.point_names = {"A", "B", "C"};
+    const tool::NeighbourPoints points = points_of(parcel_of(lot), share(1, 4, 1e-6), 0.0, {neighbour, far});
+    EXPECT_EQ(points.insert_in(neighbour).points, 2u);
+    EXPECT_EQ(text_of(neighbour.ring), "0 0, 60 0, 80 0, 80 60, 60 60, 0 60");
+    EXPECT_EQ(neighbour.heights, (std::vector<double>{10, 40, 50, 80, 70, 40}));
+    EXPECT_TRUE(neighbour.point_names.empty());
+    // One that gets none keeps its names.
+    EXPECT_EQ(points.insert_in(far).points, 0u);
+    EXPECT_EQ(far.point_names.size(), 3u);
+}
+
+// The ends of the line are rounded to a tenth of a millimetre, so that they lie that far off a slanted side.
+TEST(NeighbourPoints, LieAsFarOffAsTheyAreLookedForAndRounded)
+{
+    tool::Answer answer = tool::answer(parcel_of(kSlanted), share(1, 7, 1e-6));
+    points_of(parcel_of(kSlanted), share(1, 7, 1e-6), 2.0, {parcel_of(kSlanted)}).insert_in_pieces(answer);
+    EXPECT_GT(answer.printed.off_boundary, 2.0);
+    EXPECT_LT(answer.printed.off_boundary, 2.0001);
 }
 
 // Spikes reach down to half a unit above the side of the lot, where the neighbour's point lies one unit above it.

@@ -240,6 +240,13 @@ TEST(LabelPlaces, SeesALineWhereverItRuns)
     outside.add_line({20, 101}, {90, 140});
     EXPECT_TRUE(outside.first_free({{10, 20}}, {20, 10}, 0.0, false)) << "it ends left of the sheet";
     EXPECT_TRUE(outside.first_free({{50, 95}}, {20, 10}, 0.0, false)) << "it runs below";
+    // A line that begins on the sheet is seen as far as its edge.
+    for (const SheetPoint& end : {SheetPoint{50, -60}, {50, 160}, {-60, 50}, {160, 50}}) {
+        LabelPlaces over_the_edge({0, 0, 100, 100});
+        over_the_edge.add_line({50, 50}, end);
+        const SheetPoint on_it = {0.75 * 50 + 0.25 * end.x, 0.75 * 50 + 0.25 * end.y};
+        EXPECT_FALSE(over_the_edge.first_free({on_it}, {6, 6}, 0.0, false)) << end.x << " " << end.y;
+    }
 }
 
 TEST(LabelPlaces, SeesLabelsInTheWay)
@@ -466,7 +473,8 @@ TEST(PlanDetails, ShareWhatLiesBetweenThem)
     asked.amounts = {"5000", "80"};
     tool::Parcel parcel;
     for (const bool clockwise : {false, true}) {
-        parcel.ring = {{0, 0}, {120, 0}, {120, 80}, {63.5, 80}, {62.5, 80}, {51, 80}, {50, 80}, {0, 80}};
+        parcel.ring = {{0, 0},      {120, 0},    {120, 80},   {62.25, 80},
+                       {61.25, 80}, {52.25, 80}, {51.25, 80}, {0, 80}};
         if (clockwise)
             std::reverse(parcel.ring.begin(), parcel.ring.end());
         const tool::Answer answer = tool::answer(parcel, asked);
@@ -476,12 +484,18 @@ TEST(PlanDetails, ShareWhatLiesBetweenThem)
         ASSERT_EQ(layout.denominator(), 1000.0);
         const tool::PlanDetails details(plan, layout, {});
         ASSERT_EQ(details.all().size(), 2u);
+        // Its points take at most 0.55 of the window, by its smaller side; the scale is the largest round one.
+        const tool::SheetBox window = details.view(layout, 0).box;
+        const double room = 0.55 * std::min(window.width(), window.height());
         for (const tool::Detail& detail : details.all()) {
             const bool top = detail.middle.y > 40.0;
+            EXPECT_TRUE(!top ||
+                        detail.denominator == tool::round_denominator(1000.0 * 11.0 * kMillimetre / room))
+                << detail.denominator;
             EXPECT_NEAR(detail.middle.x, top ? 56.75 : 57.0, 1e-3);
             EXPECT_NEAR(detail.middle.y, top ? 80.0 : 0.0, 1e-3);
-            // Half of 13.5 metres, and 4 points around them.
-            EXPECT_NEAR(detail.radius, top ? 6.75 * kMillimetre + 4.0 : 7.0, 1e-3);
+            // Half of 11 metres, and 4 points around them.
+            EXPECT_NEAR(detail.radius, top ? 5.5 * kMillimetre + 4.0 : 7.0, 1e-3);
         }
     }
 }

@@ -383,6 +383,13 @@ TEST(JoinLines, GroupsOfEveryKind)
     ASSERT_EQ(later.size(), 1u);
     EXPECT_EQ(later[0].ring[2].x, 5.005);
     EXPECT_EQ(later[0].heights, (std::vector<double>{0, 5, 5.005, 0}));
+    // The line that comes first may run against the boundary: then the vertex is its start.
+    const std::vector<JoinedLines> against =
+        of({{{0, 0}, {5, 0}}, {{0, 5}, {5, 5}}, {{5, 0}, {5, 5}}, {{0.004, 5}, {0, 0}}});
+    ASSERT_EQ(against.size(), 1u);
+    EXPECT_EQ(against[0].lines, (std::vector<std::size_t>{0, 2, 1, 3}));
+    EXPECT_EQ(against[0].ring.at(3).x, 0.0);
+    EXPECT_EQ(against[0].heights, (std::vector<double>{0, 5, 5, 0}));
     // 100,000 ends in one place are a fork, and cost no more than others.
     std::vector<std::vector<Place>> star;
     for (int i = 0; i < 100000; ++i)

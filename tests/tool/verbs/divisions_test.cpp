@@ -206,8 +206,12 @@ TEST_F(Divisions, SeveralLinesThroughAPointAreCounted)
     const std::vector<double> to = test::numbers_after(second.out, "to");
     ASSERT_TRUE(from.size() == 2 && to.size() == 2);
     EXPECT_NEAR(distance(from, {to[1], to[0]}), 0.0, 2e-4) << first.out << second.out;
-    EXPECT_NE(divide("lot.csv", "--through 20,20 --area 1000 --json").out.find("\"alternatives\": 2"),
-              std::string::npos);
+    for (const char* number : {"1", "2"}) {
+        const std::string json =
+            divide("lot.csv", std::string("--through 20,20 --area 1000 --json --alternative ") + number).out;
+        EXPECT_NE(json.find(std::string("\"alternative\": ") + number), std::string::npos) << json;
+        EXPECT_NE(json.find("\"alternatives\": 2"), std::string::npos) << json;
+    }
     EXPECT_TRUE(test::fails_with(divide("lot.csv", "--through 20,20 --area 1000 --alternative 3"), 4,
                                  "lot.csv: there is no line number 3: to cut off the requested area "
                                  "1000 there are 2 to choose from; choose one with "

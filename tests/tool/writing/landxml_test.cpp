@@ -243,6 +243,36 @@ TEST_F(LandXml, FilesOfOthersAreRead)
         EXPECT_NE(content("out.geojson").find(part), std::string::npos) << content("out.geojson");
 }
 
+// Half a turn around (1040, 2015), from 10 up to 20.
+TEST_F(LandXml, AnArcRisesEvenly)
+{
+    const std::string from = "2000 1040 10";
+    const std::string to = "2030 1040 20";
+    write_xml(parcel(line("2000 1000 5", from) + "<Curve rot=\"ccw\"><Start>" + from +
+                     "</Start><Center>2015 1040</Center><End>" + to + "</End></Curve>" +
+                     line(to, "2030 1000 5") + line("2030 1000 5", "2000 1000 5")));
+    const test::Result run =
+        divide("in.xml", "--arcs 0.01 --perpendicular 1 --area 10 --opposite --points p.csv");
+    ASSERT_EQ(run.status, 0) << run.err;
+    std::istringstream rows(content("p.csv"));
+    std::size_t on_arc = 0;
+    for (std::string row; std::getline(rows, row);) {
+        std::istringstream cells(row);
+        std::string name;
+        double east = 0.0;
+        double north = 0.0;
+        double height = 0.0;
+        char comma = 0;
+        std::getline(cells, name, ',');
+        if (!(cells >> east >> comma >> north >> comma >> height) || east < 1040.0)
+            continue;
+        ++on_arc;
+        const double turn = std::atan2(east - 1040.0, 2015.0 - north) / std::acos(-1.0);
+        EXPECT_NEAR(height, 10.0 + 10.0 * turn, 0.001) << row;
+    }
+    EXPECT_GT(on_arc, 10u);
+}
+
 TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
 {
     const auto curve = [](const std::string& rot) {
