@@ -309,6 +309,17 @@ TEST(Feasible, AlongAHolesSideInLineWithTheVertex)
               "(0 2.9) (2.9 4.65625) (4.65625 47) [48 60.5)");
 }
 
+//     7-6          From P, (0, 3), a line to 8 leaves 0.5 above it; on past 8 it leaves 4 more in the chimney, and touches 8.
+//   9-8 |   3-2    It comes down the chimney to 5, (3, 2), where 10.5 lie above it; on past 5 it leaves 6 + 2 / 3 more in the
+//   P   5---4 |    tower, and touches 5.
+//   0---------1
+TEST(Feasible, PastTheCornersOfAChimney)
+{
+    const Ring house = {{0, 0}, {7, 0}, {7, 4}, {5, 4}, {5, 2}, {3, 2}, {3, 7}, {1, 7}, {1, 4}, {0, 4}};
+    EXPECT_EQ(ranges(house, through_place(9, 1), kFar), "(0 0.5] (4.5 10.5] (17.1667 30)");
+    EXPECT_EQ(ranges(house, through_place(9, 1)), "(0 12.8333) [19.5 25.5) [29.5 30)");
+}
+
 // Through (2, 6) a line cuts off most and least where it ends in the corners (1, 5) and (3, 7) beside (1, 7).
 TEST(Feasible, TheLeastThroughAPointIsHadBetweenTwoVertices)
 {

@@ -723,6 +723,37 @@ TEST(WholeLines, TheLeastThroughAVertexStandsInForALittleLess)
         << "26e-9 are granted";
 }
 
+// The hole's lower side, at 40, belongs to what lies above a line below it, and to what lies below a line above it.
+TEST(WholeLines, AHolesSideBelongsToWhatLiesOnItsSide)
+{
+    const Parcel tall = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}}, {{{40, 40}, {60, 40}, {60, 80}, {40, 80}}}};
+    const struct {
+        const char* what;
+        double wanted;
+        double level;
+    } rows[] = {
+        {"below it: 3500 of 9200 on the other side", 5700, 35},
+        {"just above it", 45 * 100 - 5 * 20, 45},
+        {"across the hole", 70 * 100 - 30 * 20, 70},
+        {"above the hole", 90 * 100 - 800, 90},
+    };
+    for (const auto& row : rows)
+        for (const bool is_here : {true, false}) {
+            const double wanted = is_here ? row.wanted : 9200 - row.wanted;
+            Request request;
+            request.line = parallel_to(0, 1);
+            request.amounts = {area(wanted)};
+            request.measured = is_here ? kHere : kThere;
+            std::vector<double> levels;
+            for (const Division& division : plparcel::all_divisions(tall, request)) {
+                ASSERT_EQ(division.status, Status::divided) << row.what;
+                EXPECT_NEAR(division.pieces[0].area, wanted, 1e-9) << row.what;
+                levels.push_back(division.lines[0].from.y);
+            }
+            EXPECT_EQ(std::count(levels.begin(), levels.end(), row.level), 1) << row.what;
+        }
+}
+
 // A ring around its middle: each line through that holds a half of 48, and many of them stand in for a little more.
 TEST(WholeLines, OfManyLinesBesideTheAmountOnlyTheFirstCounts)
 {

@@ -12,6 +12,7 @@
 #include "plparcel/rounding.h"
 #include "support/bits.h"
 #include "support/rings.h"
+#include "verdict/piece_net.h"
 
 namespace {
 
@@ -517,6 +518,17 @@ TEST(StakedOut, TheStatedToleranceCountsWhereDoublesCannotHoldABillionth)
         without += divide(ring, asked).status == Status::divided ? 1 : 0;
     }
     EXPECT_LT(without, 200);
+}
+
+TEST(StakedOut, RingsAreApart)
+{
+    const Ring inside = {{40, 20}, {60, 20}, {50, 30}};
+    EXPECT_TRUE(plparcel::are_apart({kLot}));
+    EXPECT_TRUE(plparcel::are_apart({kLot, inside}));
+    EXPECT_FALSE(plparcel::are_apart({kLot, {{40, 20}, {60, 20}, {50, 0}}})) << "up to a side";
+    EXPECT_FALSE(plparcel::are_apart({kLot, {{40, 20}, {60, 20}}})) << "no ring";
+    EXPECT_FALSE(plparcel::are_apart({kLot, {{40, 20}}})) << "a point";
+    EXPECT_FALSE(plparcel::are_apart({{{40, 20}}, kLot}));
 }
 
 TEST(StakedOut, ASeriesHoldsPieceByPiece)
