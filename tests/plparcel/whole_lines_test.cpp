@@ -726,7 +726,8 @@ TEST(WholeLines, TheLeastThroughAVertexStandsInForALittleLess)
 // The hole's lower side, at 40, belongs to what lies above a line below it, and to what lies below a line above it.
 TEST(WholeLines, AHolesSideBelongsToWhatLiesOnItsSide)
 {
-    const Parcel tall = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}}, {{{40, 40}, {60, 40}, {60, 80}, {40, 80}}}};
+    const Parcel tall = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
+                         {{{40, 40}, {60, 40}, {60, 80}, {40, 80}}}};
     const struct {
         const char* what;
         double wanted;
