@@ -413,6 +413,31 @@ TEST(SharedSides, LeaveOutPointsOfSidesThatAreNone)
     }
 }
 
+// Points of sides that are none, between others in any order, take nothing from these.
+TEST(SharedSides, PointsOfSidesThatAreNoneTakeNothingFromOthers)
+{
+    for (const PL_PNT2D_record& nowhere :
+         {PL_PNT2D_record{kNaN, kNaN}, {kNaN, 0}, {0, kNaN}, {HUGE_VAL, 0}, {0, -HUGE_VAL}, {1.1e90, 0}}) {
+        for (const bool is_to : {true, false}) {
+            SCOPED_TRACE(text_of({nowhere}));
+            std::vector<NewPoint> points;
+            Parcel parcel;
+            for (int i = 0; i < 40; ++i) {
+                const double x = 100.0 * ((i * 17) % 40);
+                const PL_PNT2D_record from = {x, 0};
+                const PL_PNT2D_record to = {x + 100, 0};
+                points.push_back({{x + 40, 0}, {from, to}});
+                points.push_back(
+                    {{x + 60, 0}, is_to ? plparcel::Segment{from, nowhere} : plparcel::Segment{nowhere, to}});
+                parcel.outer.push_back({100.0 * i, 0});
+            }
+            parcel.outer.push_back({4000, 0});
+            parcel.outer.push_back({2000, -500});
+            EXPECT_EQ(SharedSides(points, 0.001).with_points(parcel).inserted, 40u);
+        }
+    }
+}
+
 // However far a divided side goes, and in whichever direction: a neighbour's that lies along its beginning gets the point.
 // Beyond 1e90 neither is looked at.
 TEST(SharedSides, OfAnyLengthUpToTheLimit)
