@@ -638,6 +638,25 @@ TEST_F(Formats, LengthsAreTrueToScale)
     }
 }
 
+// Of a file in feet the first line says so; metres need no word. Zone 2263 lies around New York, in feet of the US survey.
+TEST_F(Formats, SayTheUnitThatIsNoMetre)
+{
+    const std::string lot =
+        "POLYGON ((1000000 200000, 1000100 200000, 1000100 200050, 1000000 200050, 1000000 200000))";
+    const std::string feet = " (lengths in US ft, areas in US ft\u00b2: the unit of its CRS)\n";
+    make("feet.gpkg", "GPKG", {"lots"}, {lot}, 2263);
+    EXPECT_EQ(divide("feet.gpkg", kStrip).out.rfind("Parcel  feet.gpkg: feature 1" + feet, 0), 0u);
+    const test::Result measured = run({"measure", "feet.gpkg"});
+    EXPECT_EQ(measured.out.rfind("Parcel  feet.gpkg: feature 1" + feet, 0), 0u);
+    EXPECT_EQ(test::numbers_after(measured.out, "Area").at(0), 5000.0);
+    make("two.gpkg", "GPKG", {"lots"}, {lot, lot}, 2263);
+    EXPECT_EQ(run({"measure", "two.gpkg"})
+                  .out.rfind("Assumed  lengths in US ft, areas in US ft\u00b2: the unit of its CRS\n", 0),
+              0u);
+    make("metres.gpkg", "GPKG", {"lots"}, {kLot}, 32632);
+    EXPECT_EQ(divide("metres.gpkg", kStrip).out.rfind("Parcel  metres.gpkg: feature 1\n", 0), 0u);
+}
+
 TEST_F(Formats, AreasOnTheGround)
 {
     make("lot.gpkg", "GPKG", {"lot"}, {kLot}, 32632);

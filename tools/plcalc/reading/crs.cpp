@@ -232,6 +232,7 @@ void PlaneCheck::require(const OGRSpatialReference* crs, bool stated, Parcel& pa
                       project_first(*crs, parcel.ring));
     if (crs->IsProjected())
         require_scale(*crs, parcel);
+    note_unit(*crs, parcel);
     if (!crs->IsGeographic() && !crs->IsGeocentric())
         return;
     if (!stated && !may_be_degrees(parcel.ring))
@@ -309,6 +310,15 @@ LengthUnit unit_of(const OGRSpatialReference* crs)
     if (crs->IsLocal() && EQUAL(name, "unknown"))
         return {};
     return {abbreviated(name), metres};
+}
+
+// Who asks for 500 of a parcel in feet has to know that they are square feet. Metres need no word.
+void PlaneCheck::note_unit(const OGRSpatialReference& crs, Parcel& parcel)
+{
+    const LengthUnit unit = unit_of(&crs);
+    if (!unit.name.empty() && unit.metres != 1.0)
+        parcel.assumed.push_back("lengths in " + unit.name + ", areas in " + square_of(unit) +
+                                 ": the unit of its CRS");
 }
 
 std::string crs_name(const OGRSpatialReference* crs)

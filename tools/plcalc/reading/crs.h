@@ -64,7 +64,7 @@ public:
     /// @param[in] crs      the coordinate reference system, or null if the file has none
     /// @param[in] stated   whether the file states the CRS. GeoJSON stands for degrees by default; that default is
     ///                     ignored if the coordinates cannot be degrees.
-    /// @param[in] parcel   its ring and place; it is told what was accepted
+    /// @param[in] parcel   its ring and place; it is told what was accepted, and a unit that is not the metre
     /// @throws Failure     unusable_input for degrees, for geocentric coordinates, for coordinates that increase to
     ///                     the West, and for lengths that differ by more than a thousandth from those on the
     ///                     ellipsoid, or from what the ground factor says, unless the source accepts any scale; so
@@ -74,6 +74,7 @@ public:
 private:
     void require_scale(const OGRSpatialReference& crs, Parcel& parcel);
     void require_no_degrees(Parcel& parcel) const;
+    static void note_unit(const OGRSpatialReference& crs, Parcel& parcel);
 
     struct Release {
         void operator()(OGRSpatialReference* crs) const { crs->Release(); }
