@@ -178,6 +178,11 @@ const Row kRows[] = {
      0.001,
      kBelow,
      "100 0, 40 0.5, 0 0, 0 -50, 100 -50"},
+    {"between two points far off the side",
+     {{40, 0.5}, {50, 0.5}, {60, 0.5}},
+     0.001,
+     {{60, 0.5}, {40, 0.5}, {50, -50}},
+     "60 0.5, 50 0.5, 40 0.5, 50 -50"},
     {"the neighbour has the point", {{40, 0}}, 0.001, {{100, 0}, {40, 0}, {0, 0}, {0, -50}}, ""},
     {"the neighbour has only a part of the side, with the point",
      {{40, 0}},
@@ -205,6 +210,21 @@ const Row kRows[] = {
      0.001,
      {{100, -0.0010001}, {-100, -0.0010001}, {0, -50}},
      ""},
+    {"inside the distance where both are, and outside beyond the first end",
+     {{40, 0}},
+     0.001,
+     {{100, 0}, {-100, -0.0015}, {0, -50}},
+     "100 0, 40 0, 0 0, -100 -0.0015, 0 -50"},
+    {"inside the distance where both are, and outside beyond the other end",
+     {{40, 0}},
+     0.001,
+     {{200, -0.0015}, {0, 0}, {0, -50}},
+     "200 -0.0015, 100 0, 40 0, 0 0, 0 -50"},
+    {"from one side of it to the other",
+     {{40, 0}},
+     0.001,
+     {{100, -0.0009}, {-100, 0.0009}, {0, -50}},
+     "100 -9e-04, 40 0, 0 0, -100 9e-04, 0 -50"},
     {"inside the distance at one end only", {{40, 0}}, 0.001, {{100, 0}, {-100, -0.0021}, {0, -50}}, ""},
     {"an end beside that of the divided side is the same corner",
      {{40, 0}},
@@ -645,6 +665,32 @@ TEST(SharedSides, GivePiecesTheNeighboursVertices)
     const WithPoints longer = shared.with_points({{{130, 0}, {-30, 0}, {50, -50}}, {}});
     EXPECT_EQ(text_of(longer.parcel.outer), "130 0, 100 0, 70 0, 40 0.5, 0 0, -30 0, 50 -50");
     EXPECT_EQ(text_of(longer.existing), "100 0, 70 0, 0 0");
+}
+
+// A quarter of a unit is the distance: a vertex that near to an end or to a point is that corner or point.
+TEST(SharedSides, TakeVerticesForCornersAsFarAsTheDistance)
+{
+    const struct {
+        double vertex;
+        const char* want;
+    } rows[] = {
+        {0.25, "100 0, 40 0.5, 0 0, 50 50"},
+        {0.3125, "100 0, 40 0.5, 0.3125 0, 0 0, 50 50"},
+        {39.6875, "100 0, 40 0.5, 39.6875 0, 0 0, 50 50"},
+        {39.75, "100 0, 40 0.5, 0 0, 50 50"},
+        {40.25, "100 0, 40 0.5, 0 0, 50 50"},
+        {40.3125, "100 0, 40.3125 0, 40 0.5, 0 0, 50 50"},
+        {99.6875, "100 0, 99.6875 0, 40 0.5, 0 0, 50 50"},
+        {99.75, "100 0, 40 0.5, 0 0, 50 50"},
+    };
+    for (const auto& row : rows) {
+        const SharedSides shared(
+            {{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.25, [&row](const SharedSides::Take& take) {
+                take({{{row.vertex, 0}, {row.vertex < 50 ? 150.0 : -50.0, 0}, {0, -50}}, {}});
+            });
+        EXPECT_EQ(text_of(shared.with_points({{{100, 0}, {0, 0}, {50, 50}}, {}}).parcel.outer), row.want)
+            << row.vertex;
+    }
 }
 
 // A neighbour's corner M at 20, and the new point N at 40. Longer sides get both where N lies on them, and neither where only
