@@ -235,6 +235,58 @@ TEST_F(Labels, NewPointsAreNamedBeyondTheEndsOfTheirLines)
     EXPECT_EQ(ends, 4u);
 }
 
+// Two new points 5 metres from each other, which are 14 on paper: both names across the side, though its first part is long.
+TEST_F(Labels, NamesOfNewPointsThatAreNearStandAcross)
+{
+    const Labelled drawn =
+        labelled(parcel_of({{0, 0}, {120, 0}, {120, 80}, {0, 80}}), plparcel::Cut::perpendicular, 1,
+                 {plparcel::area(1600), plparcel::area(400)});
+    for (const char* name : {"P1", "P2", "P3", "P4"})
+        EXPECT_LT(turn_between(reading(drawn.text(name)), {0, 1}), 0.1 * kDegree) << name;
+}
+
+// A text along a part is no longer than it; that of a shorter part stands across it.
+TEST_F(Labels, LengthsAreNoLongerThanTheirParts)
+{
+    std::size_t across = 0;
+    for (std::size_t parts = 20; parts <= 44; ++parts) {
+        const Labelled drawn = labelled(parcel_of({{0, 0}, {80, 0}, {80, 50}, {0, 50}}),
+                                        plparcel::Cut::perpendicular, 1, plparcel::equal_parts(parts));
+        const double part = 80.0 / static_cast<double>(parts) * drawn.view.points_per_unit;
+        const std::string length = drawn.plan.sides.at(0).parts.at(0).length;
+        for (const DrawnText& text : drawn.texts) {
+            if (text.text != length || text.bold || text.colour == "#b81c1c")
+                continue;
+            const bool is_along = turn_between(reading(text), {1, 0}) < 0.1 * kDegree;
+            across += is_along ? 0 : 1;
+            EXPECT_TRUE(!is_along || text.right().x - text.left().x < part) << parts;
+        }
+    }
+    EXPECT_GT(across, 100u);
+}
+
+// The sides of a star leave no room in its notches.
+TEST_F(Labels, NamesOfManyCornersCrossNoSide)
+{
+    plparcel::Ring star;
+    for (int i = 0; i < 60; ++i) {
+        const double radius = i % 2 == 0 ? 100.0 : 70.0;
+        star.push_back({radius * std::cos(i * M_PI / 30.0), radius * std::sin(i * M_PI / 30.0)});
+    }
+    const Labelled drawn = labelled(parcel_of(star), plparcel::Cut::parallel, 1, {plparcel::share(1, 2)});
+    std::size_t names = 0;
+    for (const DrawnText& text : drawn.texts) {
+        if (text.text.find_first_not_of("0123456789") != std::string::npos || text.size > 7.0)
+            continue;
+        ++names;
+        for (std::size_t i = 0; i < star.size(); ++i)
+            EXPECT_GT(test::gap_between(text.corners, {drawn.point(i), drawn.point((i + 1) % star.size())}),
+                      0.0)
+                << text.text;
+    }
+    EXPECT_GT(names, 25u) << "the tips have theirs";
+}
+
 // Name and area below each other, in the middle of the place that both take.
 TEST_F(Labels, PiecesHaveTheirAreaUnderTheirName)
 {
@@ -283,19 +335,19 @@ TEST_F(Labels, HairLinesBeginInTheirPiece)
         plparcel::Ring ring;
         plparcel::Cut cut;
         std::size_t side;
-        plparcel::Amount amount;
+        std::vector<plparcel::Amount> amounts;
         std::size_t hair_lines;
     } rows[] = {
-        {"a strip", strip, plparcel::Cut::parallel, 1, plparcel::area(20), 1},
-        {"a bent lane", lane, plparcel::Cut::perpendicular, 1, plparcel::share(1, 4), 2},
-        {"a zigzag", zigzag, plparcel::Cut::perpendicular, 5, plparcel::share(1, 5), 2},
+        {"a strip", strip, plparcel::Cut::parallel, 1, {plparcel::area(20)}, 1},
+        {"a bent lane", lane, plparcel::Cut::perpendicular, 1, {plparcel::share(1, 4)}, 2},
+        {"a zigzag", zigzag, plparcel::Cut::perpendicular, 5, {plparcel::share(1, 5)}, 2},
     };
     for (const auto& row : rows) {
         tool::Parcel parcel = parcel_of(row.ring);
         for (std::size_t first = 0; first < row.ring.size(); ++first) {
             SCOPED_TRACE(row.what + std::string(", from vertex ") + std::to_string(first + 1));
             const std::size_t side = (row.side + row.ring.size() - first - 1) % row.ring.size() + 1;
-            const Labelled drawn = labelled(parcel, row.cut, static_cast<long long>(side), {row.amount});
+            const Labelled drawn = labelled(parcel, row.cut, static_cast<long long>(side), row.amounts);
             std::rotate(parcel.ring.begin(), parcel.ring.begin() + 1, parcel.ring.end());
             EXPECT_TRUE(drawn.without.pieces.empty());
             ASSERT_EQ(drawn.dots.size(), row.hair_lines);
@@ -325,6 +377,12 @@ TEST_F(Labels, HairLinesBeginInTheirPiece)
                 }
                 EXPECT_TRUE(tool::is_inside(outline, dot) || off < 0.001)
                     << text << " from " << dot.x << " " << dot.y;
+                // It leaves the piece, and crosses no other line.
+                std::size_t crossed = 0;
+                for (const tool::PlanLine& other : drawn.plan.lines)
+                    crossed += test::gap_between({dot, line.points.at(1)},
+                                                 {drawn.point(other.from), drawn.point(other.to)}) < 0.0;
+                EXPECT_LE(crossed, 1u) << text;
                 // From there straight to the label's middle, as far as its edge.
                 const SheetPoint end = line.points.at(1);
                 const SheetPoint middle = label->middle();

@@ -293,6 +293,7 @@ TEST(LabelPlaces, TextAlongALineCoversNothing)
 TEST(SheetGeometry, ClippedToABox)
 {
     const SheetBox box = {0, 0, 10, 10};
+    EXPECT_TRUE(box.holds(SheetPoint{0, 0}) && box.holds(SheetPoint{10, 10})) << "its edges are of it";
     const std::vector<SheetPoint> corner = tool::clipped({{5, 5}, {1e9, 5}, {1e9, 1e9}, {5, 1e9}}, box);
     ASSERT_EQ(corner.size(), 4u);
     for (const SheetPoint& p : corner) {
@@ -318,6 +319,9 @@ TEST(SheetGeometry, HatchLinesStayInTheOutline)
         EXPECT_NEAR(to.x, 30, 1e-9);
         EXPECT_NEAR(from.y, to.y, 1e-9);
     }
+    // At 15, 20, 25 and 30.
+    EXPECT_EQ(tool::hatch_lines({{11, 11}, {31, 11}, {31, 31}, {11, 31}}, 0.0, 5.0, {0, 0, 100, 100}).size(),
+              4u);
     for (const auto& [from, to] : tool::hatch_lines(square, 0.7, 2.0, {0, 0, 20, 100}))
         for (const SheetPoint& p : {from, to})
             EXPECT_TRUE(p.x > 9.999 && p.y > 9.999 && p.y < 30.001) << p.x << " " << p.y;
@@ -537,6 +541,7 @@ TEST(PlanTables, LargeAreasAreInHectaresOrAcresToo)
     plan.unit = {"m", 1.0};
     EXPECT_EQ(tool::tables_of(plan)[0].heads, (Cells{"Piece", "Area [m\u00b2]", "[ha]", "asked"}));
     EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "22.5000", "1/2"}));
+    EXPECT_EQ(tool::tables_of(plan).back().heads, (Cells{"Point", "E", "N", "to next [m]"}));
     plan.unit = {"US ft", 1200.0 / 3937.0};
     EXPECT_EQ(tool::tables_of(plan)[0].rows[0], (Cells{"A", "225000", "5.1653", "1/2"}));
 }

@@ -89,6 +89,7 @@ std::vector<Asked> plans()
         {"a full title block", kLot, Cut::perpendicular, 1, 3, Paper::a3, 12},
         {"long names", kLot, Cut::parallel, 1, 2, Paper::a4, 1, std::string(150, 'M'), long_names},
         {"forty strips", kLot, Cut::parallel, 1, 40},
+        {"ten low strips", {{0, 0}, {80, 0}, {80, 25}, {0, 25}}, Cut::parallel, 1, 10},
         {"two sheets of details", cut_octagon(), Cut::parallel, 2, 2, Paper::a4, 2},
         {"details on a sheet that lies",
          {{0, 0}, {240, 0}, {240, 40}, {0, 40.01}, {0, 40}},
