@@ -187,6 +187,23 @@ TEST_F(StakeoutVerb, TableReadsLikeThis)
     EXPECT_EQ(run.status, 0);
 }
 
+// With a cut the division says so, without one the set-out does.
+TEST_F(StakeoutVerb, OfABoundaryThatCrossesItself)
+{
+    write("bow.csv", "E,N\n0,0\n100,0\n0,50\n100,50\n");
+    for (const std::vector<std::string>& cut :
+         {std::vector<std::string>{}, {"--parallel", "1", "--area", "10"}}) {
+        std::vector<std::string> arguments = {"stakeout", "bow.csv", "--station", "1", "--orientation", "2"};
+        arguments.insert(arguments.end(), cut.begin(), cut.end());
+        const test::Result run = this->run(arguments);
+        EXPECT_TRUE(test::fails_with(
+            run, 3,
+            "bow.csv: the boundary crosses or touches itself: side 2, from vertex 2 to vertex 3, meets side "
+            "4, "
+            "from vertex 4 to vertex 1; correct it so that it passes every vertex and side once"));
+    }
+}
+
 TEST_F(StakeoutVerb, VerticesWhenNothingElseIsNamed)
 {
     write("lot.csv", kLot);

@@ -224,6 +224,8 @@ TEST_F(DivisionFiles, ARefusalAsJson)
         "along side 3 or 13 other lines";
     EXPECT_EQ(many["parcels"][1]["reason"], reason);
     EXPECT_EQ(many["parcels"][1]["instead"]["above"]["area"], 1807.38);
+    EXPECT_EQ(many["parcels"][1]["instead"]["lines"].size(), 18u) << "five and thirteen others";
+    EXPECT_EQ(many["parcels"][1]["instead"]["whole_list"], true) << "all were looked at";
     EXPECT_TRUE(test::fails_with(divide("lots.csv", "--parallel 1 --area 1000 --feature 2"), 4, reason));
     const nlohmann::json one =
         nlohmann::json::parse(divide("lots.csv", "--parallel 1 --area 1000 --feature 2 --json").out);

@@ -205,6 +205,7 @@ TEST(Angles, ByUnit)
         EXPECT_NEAR(*tool::parse_angle(row.quadrant), row.gon, row.gon > 399.0 ? 400.0 : 2e-4);
     }
     EXPECT_EQ(tool::angle_text(13.980246913580247, AngleUnit::dms, 2), "12\u00b034'56.00\"");
+    EXPECT_EQ(tool::angle_text(13.980246913580247 + 0.78 / 3240.0, AngleUnit::dms, 2), "12\u00b034'56.78\"");
     EXPECT_EQ(tool::angle_text(13.980246913580247 + 1.0 / 3240.0, AngleUnit::dms, 3), "12\u00b034'57.000\"");
     EXPECT_EQ(tool::bearing_text(std::nullopt, AngleUnit::quadrant), "-");
     EXPECT_EQ(tool::angle_text(399.999999, AngleUnit::dms, 1), "0\u00b000'00.0\"");
