@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 
 #include <gdal_priv.h>
@@ -635,6 +636,50 @@ TEST_F(Formats, LengthsAreTrueToScale)
             std::string::npos)
             << run.err;
         EXPECT_NE(accepted.out.substr(0, accepted.out.find('\n')).find(row.factor), std::string::npos);
+    }
+}
+
+// A zone has its western limit, not its eastern one. Around Norway the zones are cut otherwise.
+TEST_F(Formats, NameTheZoneOfUtmInWhichThePlaceLies)
+{
+    constexpr double kHair = 0x1p-9;
+    const struct {
+        double longitude;
+        double latitude;
+        const char* at;
+        const char* before;  // a hair to the West, or to the South if the latitude is the limit
+        bool by_latitude = false;
+    } rows[] = {
+        {-180, 10, "32601", nullptr},      {-174, 10, "32602", "32601"},
+        {174, 10, "32660", "32659"},       {6, 10, "32632", "32631"},
+        {6, -10, "32732", "32731"},        {10, 0, "32632", "32732", true},
+        {3, 60, "32632", "32631"},         {6, 60, "32632", "32632"},
+        {12, 60, "32633", "32632"},        {5.5, 56, "32632", "32631", true},
+        {5.5, 64, "32631", "32632", true}, {0, 75, "32631", "32630"},
+        {6, 75, "32631", "32631"},         {9, 75, "32633", "32631"},
+        {21, 75, "32635", "32633"},        {33, 75, "32637", "32635"},
+        {42, 75, "32638", "32637"},        {10, 72, "32633", "32632", true},
+    };
+    const auto zone_at = [&](double longitude, double latitude) {
+        const auto corner = [&](double e, double n) {
+            std::ostringstream text;
+            text << std::setprecision(17) << longitude + e * kHair / 2 << " " << latitude + n * kHair / 2;
+            return text.str();
+        };
+        write("lot.csv", "name,WKT\nlot,\"POLYGON ((" + corner(-1, -1) + ", " + corner(1, -1) + ", " +
+                             corner(1, 1) + ", " + corner(-1, 1) + "))\"\n");
+        const std::string said = run({"measure", "lot.csv", "--crs", "EPSG:4326"}).err;
+        const std::size_t begin = said.find("EPSG:");
+        return begin == std::string::npos ? said : said.substr(begin + 5, 5);
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.longitude) + ", " + std::to_string(row.latitude));
+        EXPECT_EQ(zone_at(row.longitude, row.latitude), row.at);
+        if (row.before == nullptr)
+            continue;
+        const double west = row.by_latitude ? 0.0 : kHair;
+        const double south = row.by_latitude ? kHair : 0.0;
+        EXPECT_EQ(zone_at(row.longitude - west, row.latitude - south), row.before);
     }
 }
 
