@@ -337,6 +337,26 @@ TEST_F(Drawings, ClosedBoundariesComeFirstAndLayersAreToldApart)
         PLCALC_EXAMPLES "/convex.csv: --join is for drawings; leave --join out"));
 }
 
+// A parcel is where the first of its lines is.
+TEST_F(Drawings, JoinedParcelsAreInTheOrderOfTheFile)
+{
+    const Place a[] = {{0, 0}, {10, 0}, {0, 10}};
+    const Place b[] = {{100, 0}, {120, 0}, {100, 20}};
+    const std::string rest_of_a = line(a[1], a[2]) + line(a[2], a[0]);
+    const std::string rest_of_b = line(b[1], b[2]) + line(b[2], b[0]);
+    for (const bool b_first : {false, true}) {
+        const std::string first = b_first ? line(b[0], b[1]) + line(a[0], a[1]) + rest_of_a + rest_of_b
+                                          : line(a[0], a[1]) + line(b[0], b[1]) + rest_of_b + rest_of_a;
+        write("lots.dxf", drawing(first));
+        const std::string rows = run({"measure", "lots.dxf", "--csv"}).out;
+        const std::size_t small = rows.find(",50.000000,");
+        const std::size_t large = rows.find(",200.00000,");
+        ASSERT_NE(small, std::string::npos) << rows;
+        ASSERT_NE(large, std::string::npos) << rows;
+        EXPECT_EQ(large < small, b_first) << rows;
+    }
+}
+
 // In process: what no drawing shows easily.
 TEST(JoinLines, GroupsOfEveryKind)
 {

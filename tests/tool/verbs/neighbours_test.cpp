@@ -534,4 +534,25 @@ TEST_F(Neighbours, WhatIsAskedWronglyIsRefused)
     EXPECT_EQ(open("out.gpkg"), nullptr);
 }
 
+// The line's end (40, 0.4) becomes (40, 0). There a spike of the neighbour below stands, up to (40, 0.2): with the point its
+// boundary would run into the spike.
+TEST_F(Neighbours, ABoundaryThatWouldMeetItselfIsToldOf)
+{
+    const std::string lot = "lot;WKT\n1;\"POLYGON ((0 0, 100 1, 100 51, 0 50, 0 0))\"\n";
+    const std::string spiked = "\"POLYGON ((100 1, 0 0, 0 -50, 39 -50, 40 0.2, 41 -50, 100 -50, 100 1))\"\n";
+    for (const bool twice : {false, true}) {
+        write("lots.csv", lot + "2;" + spiked + (twice ? "3;" + spiked : ""));
+        const test::Result run = divide("lots.csv", "--feature 1 --bearing 0 --area 3000 --decimals 0 "
+                                                    "--neighbours -o out.gpkg --overwrite");
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_NE(run.out.find(twice ? "\nGaps     2 boundaries would meet themselves with their points: not "
+                                       "inserted\n"
+                                     : "\nGaps     1 boundary would meet itself with its points: not "
+                                       "inserted\n"),
+                  std::string::npos)
+            << run.out;
+        EXPECT_NE(run.out.find("\nShared   0 neighbours have got 0 points\n"), std::string::npos) << run.out;
+    }
+}
+
 }  // namespace

@@ -273,6 +273,29 @@ TEST_F(LandXml, AnArcRisesEvenly)
     EXPECT_GT(on_arc, 10u);
 }
 
+// The points in the middle of an irregular line have no names; those behind it keep theirs.
+TEST_F(LandXml, NamesAreThoseOfTheirCorners)
+{
+    const auto end = [](const char* what, const char* name) {
+        return "<" + std::string(what) + " pntRef=\"" + name + "\"/>";
+    };
+    const auto side = [&](const char* from, const char* to) {
+        return "<Line>" + end("Start", from) + end("End", to) + "</Line>";
+    };
+    write_xml(
+        "<CgPoints><CgPoint name=\"a\">2000 1000</CgPoint><CgPoint name=\"c\">2030 1040</CgPoint><CgPoint "
+        "name=\"d\">2030 1000</CgPoint></CgPoints>" +
+        parcel("<IrregularLine>" + end("Start", "a") + end("End", "c") +
+               "<PntList2D>2000 1000 2000 1040 2010 1045 2030 1040</PntList2D></IrregularLine>" +
+               side("c", "d") + side("d", "a")));
+    const test::Result run =
+        this->run({"stakeout", "in.xml", "--station", "a", "--orientation", "c", "--csv"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    for (const char* row :
+         {"\na,1000.0", "\nvertex 2,1040.0", "\nvertex 3,1045.0", "\nc,1040.0", "\nd,1000.0"})
+        EXPECT_NE(run.out.find(row), std::string::npos) << row << " in\n" << run.out;
+}
+
 TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
 {
     const auto curve = [](const std::string& rot) {

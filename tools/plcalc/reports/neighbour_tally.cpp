@@ -74,8 +74,10 @@ std::string NeighbourTally::warnings() const
                 " a new point within " + shortest(within_) + " (at most " + up_to(all_.farthest_beside) +
                 "):\n         not inserted; see --shared-within\n";
     if (all_.left_out > 0)
-        text += "Gaps     " + counted(all_.left_out, "boundary", "boundaries") +
-                " would meet themselves with their points: not inserted\n";
+        text += "Gaps     " +
+                counted(all_.left_out, "boundary would meet itself with its points",
+                        "boundaries would meet themselves with their points") +
+                ": not inserted\n";
     if (unread_ > 0)
         text += "Unread   " + counted(unread_, "parcel", "parcels") +
                 " of the layer cannot be read: without new points\n";
