@@ -337,6 +337,19 @@ TEST_F(Drawings, ClosedBoundariesComeFirstAndLayersAreToldApart)
         PLCALC_EXAMPLES "/convex.csv: --join is for drawings; leave --join out"));
 }
 
+// Numbers that no double holds are nobody's boundary.
+TEST_F(Drawings, LinesThatEndNowhereAreLeftOut)
+{
+    const std::string lot = line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA);
+    for (const char* nowhere : {"1e999", "-1e999", "nan"})
+        for (const char* code : {"\n11\n", "\n21\n"}) {
+            std::string lost = line({499000, 4999000}, {499100, 4999000});
+            const std::size_t begin = lost.find(code) + 4;
+            lost.replace(begin, lost.find('\n', begin) - begin, nowhere);
+            EXPECT_EQ(area_of(lot + lost), 5000.0) << lost;
+        }
+}
+
 // A parcel is where the first of its lines is.
 TEST_F(Drawings, JoinedParcelsAreInTheOrderOfTheFile)
 {

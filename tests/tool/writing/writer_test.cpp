@@ -937,6 +937,19 @@ TEST_F(Writer, ADrawingHasTheUnitOfTheCrs)
     EXPECT_EQ(std::stoi(Drawing(content("out.dxf")).variables.at("$INSUNITS")), 0) << "nobody knows";
 }
 
+// Half a disc of radius 50, refused for its arc, is drawn with chords.
+TEST_F(Writer, ADrawingShowsRefusedArcsToo)
+{
+    write("lots.csv",
+          "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n"
+          "2,\"CURVEPOLYGON (COMPOUNDCURVE ((200 0, 300 0), CIRCULARSTRING (300 0, 250 50, 200 0)))\"\n");
+    EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf").status, 3);
+    const test::Result undivided = run({"measure", "out.dxf", "--layer", "undivided"});
+    ASSERT_EQ(undivided.status, 0) << undivided.err;
+    const double half_disc = 1250.0 * std::acos(-1.0);
+    EXPECT_NEAR(test::numbers_after(undivided.out, "Area").at(0), half_disc, 0.002 * half_disc);
+}
+
 TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
 {
     write("lots.csv",
