@@ -268,6 +268,42 @@ TEST_F(Messages, ATableOfOneParcelWithMoreColumns)
     }
 }
 
+// A list of points may hold a tree beside the corners.
+TEST_F(Messages, CodesThatDifferAreTold)
+{
+    const struct {
+        const char* what;
+        const char* table;
+        const char* told;  // behind the name of the file
+    } rows[] = {
+        {"one code", "E,N,code\n0,0,BDY\n9,0,BDY\n9,9,BDY\n0,9,BDY\n", ""},
+        {"a tree among them", "E,N,code\n0,0,BDY\n9,0,BDY\n9,9,BDY\n0,9,TREE\n",
+         " (points of every code are its vertices: BDY, TREE)"},
+        {"two others", "E,N,Kind\n0,0,BDY\n9,0,BDY\n9,9,WALL\n0,9,TREE\n",
+         " (points of every Kind are its vertices: BDY, WALL, ...)"},
+        {"rows without a code", "E,N,D\n0,0,\n9,0,\n9,9,BDY\n0,9,BDY\n", ""},
+        {"a code for each", "E,N,type\n0,0,a\n9,0,b\n9,9,c\n0,9,d\n", ""},
+        {"remarks", "E,N,remark\n0,0,a\n9,0,a\n9,9,b\n0,9,b\n", ""},
+        {"heights that are called so", "E,N,H,D\n0,0,1,a\n9,0,1,a\n9,9,2,a\n0,9,2,a\n", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        write("lot.csv", row.table);
+        const test::Result run = this->run({"measure", "lot.csv"});
+        EXPECT_EQ(run.out.substr(0, run.out.find('\n')), std::string("Parcel  lot.csv") + row.told)
+            << run.err;
+    }
+    // Of the parcels of a layer each has its own.
+    write("lots.csv", "lot,E,N,code\nA,0,0,BDY\nA,9,0,BDY\nA,9,9,BDY\nB,20,0,BDY\nB,29,0,BDY\nB,29,9,TREE\n"
+                      "C,40,0,TREE\nC,49,0,TREE\nC,49,9,TREE\n");
+    for (const char* lot : {"A", "B", "C"})
+        EXPECT_EQ(
+            run({"measure", "lots.csv", "--where", "lot = '" + std::string(lot) + "'"}).out.find("TREE") !=
+                std::string::npos,
+            *lot == 'B')
+            << lot;
+}
+
 // ----------------------------------------------------------------------------------------- unusable input: 3
 
 struct GeometryRow {

@@ -145,6 +145,8 @@ ReadParcel ParcelFile::next_of_table()
         parcel.unit = unit_of(crs());
         parcel.crs = crs_name(crs());
         plane_.require(crs(), true, parcel);
+        if (!row.codes.empty())
+            parcel.assumed.push_back(row.codes);
         complete_from_source(parcel);
         read.parcel = std::move(parcel);
     } catch (const Failure& failure) {

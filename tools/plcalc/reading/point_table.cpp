@@ -40,6 +40,9 @@ const char* const kOfPoints[] = {"z",         "h",        "height", "elev",     
                                  "mark",      "date",     "time",   "cota",        "hoehe",      "h\u00f6he",
                                  "bemerkung", "remarque", "nota",   "descripcion", "descrizione"};
 
+// What kind of point it is: a corner, a tree.
+const char* const kCodes[] = {"code", "d", "type", "kind"};
+
 const char* const kHeights[] = {"z",        "h",     "height", "elev",  "elevation",
                                 "altitude", "quota", "cota",   "hoehe", "h\u00f6he"};
 
@@ -173,8 +176,11 @@ public:
 
     bool changes() const { return change_row_ >= 0; }
 
-    // A value that several rows share, but not all of them, names a parcel rather than a point.
-    bool seem_to_name_parcels() const { return repeats_ && changes(); }
+    // A value that several rows share, but not all of them.
+    bool part_the_rows() const { return repeats_ && changes(); }
+
+    // "BDY, TREE, ...": the first two.
+    std::string some() const { return first_ + ", " + changed_to_ + (values_.size() > 2 ? ", ..." : ""); }
 
     Failure failure(const Place& file, const std::string& name) const
     {
@@ -202,28 +208,44 @@ public:
             const bool of_parcel = std::count(known.parcel.begin(), known.parcel.end(), i) > 0;
             if (i != known.east && i != known.north && !of_parcel && !is_one_of(plain(name), kOfPoints))
                 columns_.push_back({i, name, {}, true});
+            if (i != known.height && is_one_of(plain(name), kCodes))
+                codes_.push_back({i, name, {}, false});
         }
     }
 
     void begin_parcel()
     {
-        for (Column& column : columns_)
-            column.values = {};
+        for (std::vector<Column>* const columns : {&columns_, &codes_})
+            for (Column& column : *columns)
+                column.values = {};
     }
 
     void add(const OGRFeature& row)
     {
         for (Column& column : columns_)
             column.values.add(row, column.field);
+        for (Column& column : codes_)
+            if (*row.GetFieldAsString(column.field) != '\0')
+                column.values.add(row, column.field);
     }
 
     void end_parcel(const Place& file)
     {
         for (Column& column : columns_) {
-            if (column.values.seem_to_name_parcels())
+            // Such a value names a parcel rather than a point.
+            if (column.values.part_the_rows())
                 throw column.values.failure(file, column.name);
             column.shared = column.shared && !column.values.changes();
         }
+    }
+
+    // What is said where a parcel has points of several codes: those of a list may be trees as well. Empty where it has not.
+    std::string codes_in_parcel() const
+    {
+        for (const Column& column : codes_)
+            if (column.values.part_the_rows())
+                return "points of every " + column.name + " are its vertices: " + column.values.some();
+        return "";
     }
 
     // Those that had one value in every parcel.
@@ -245,6 +267,7 @@ private:
     };
 
     std::vector<Column> columns_;
+    std::vector<Column> codes_;
 };
 
 // Whether every value of the column stands in at least three rows, one after the other, and nowhere else.
@@ -358,6 +381,10 @@ std::string PointTable::name_of(const OGRFeature& row, const Place& file) const
 void PointTable::read_rows(OGRLayer& table, const Place& file)
 {
     OtherColumns others(*table.GetLayerDefn(), columns_);
+    const auto end_parcel = [&] {
+        others.end_parcel(file);
+        parcels_.back().codes = others.codes_in_parcel();
+    };
     std::set<std::string> names;
     for (const OGRFeatureUniquePtr& row : table) {
         const std::string name = name_of(*row, file);
@@ -366,7 +393,7 @@ void PointTable::read_rows(OGRLayer& table, const Place& file)
                 throw unusable_row(file, row->GetFID(), name + " comes back after " + parcels_.back().name,
                                    "put the rows of each parcel one after the other");
             if (!parcels_.empty())
-                others.end_parcel(file);
+                end_parcel();
             others.begin_parcel();
             parcels_.emplace_back();
             parcels_.back().name = name;
@@ -386,7 +413,7 @@ void PointTable::read_rows(OGRLayer& table, const Place& file)
     if (parcels_.empty())
         parcels_.emplace_back();  // a header without rows is a parcel without vertices
     else
-        others.end_parcel(file);
+        end_parcel();
     for (TableParcel& parcel : parcels_)
         finish(parcel);
     if (names_parcels())

@@ -50,6 +50,7 @@ struct TableParcel {
     plparcel::Ring ring;                   ///< in the order of the rows, without the closing one
     std::vector<double> heights;           ///< NaN for a row without; empty where no row has one
     std::vector<std::string> point_names;  ///< of the vertices; empty where there are none
+    std::string codes;  ///< what is said of points of several codes; empty where there are none
     GIntBig first_row = 0;
     GIntBig last_row = 0;
     OGRFeatureUniquePtr
