@@ -182,8 +182,10 @@ TEST(NeighbourPoints, OfAParcelAlongTheAxes)
 // The ends of the line are rounded to a tenth of a millimetre, so that they lie that far off a slanted side.
 TEST(NeighbourPoints, LieAsFarOffAsTheyAreLookedForAndRounded)
 {
-    tool::Answer answer = tool::answer(parcel_of(kSlanted), share(1, 7, 1e-6));
-    points_of(parcel_of(kSlanted), share(1, 7, 1e-6), 2.0, {parcel_of(kSlanted)}).insert_in_pieces(answer);
+    const tool::Parcel lot = parcel_of(kSlanted);
+    const tool::Asked seventh = share(1, 7, 1e-6);
+    tool::Answer answer = tool::answer(lot, seventh);
+    points_of(lot, seventh, 2.0, {lot}).insert_in_pieces(answer);
     EXPECT_GT(answer.printed.off_boundary, 2.0);
     EXPECT_LT(answer.printed.off_boundary, 2.0001);
 }
