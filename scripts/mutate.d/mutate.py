@@ -80,6 +80,11 @@ def shuffled(mutants, seed):
     return result
 
 
+def file_by_file(mutants):
+    """So that little is built; headers, which cost most, last."""
+    return sorted(mutants, key=lambda mutant: (mutant.path.endswith(".h"), mutant.path, mutant.start))
+
+
 class Run:
     """The mutants that are tested, and what became of them."""
 
@@ -107,12 +112,18 @@ class Run:
                    if folder_of(mutant.path) == folder and verdict.state in ("caught", "survived"))  # fmt: skip
 
     def next_round(self):
-        """As many more as each folder lacks, file by file, so that little is built; headers, which cost most, last."""
+        """As many more as each folder lacks, in the order of choice."""
         chosen = []
         for folder, waiting in self.waiting.items():
             lacking = len(waiting) if self.chosen.all or self.chosen.again else self.chosen.per_folder - self.counted(folder)
             chosen += [waiting.popleft() for _ in range(min(lacking, len(waiting)))]
-        return sorted(chosen, key=lambda mutant: (mutant.path.endswith(".h"), mutant.path, mutant.start))
+        return chosen
+
+    def in_order(self, mutants):
+        """Those behind switches as they were chosen, so that a run that is stopped has seen a sample; then those that are
+        built alone."""
+        switched = [mutant for mutant in mutants if self.board.holds(mutant)]
+        return switched + file_by_file(mutant for mutant in mutants if not self.board.holds(mutant))
 
     def test(self, workshops, board):
         self.board = board
@@ -121,7 +132,7 @@ class Run:
             mutants = self.next_round()
             if not mutants:
                 break
-            for mutant in mutants:
+            for mutant in self.in_order(mutants):
                 todo.put(mutant)
             threads = [threading.Thread(target=self._work, args=(workshop, todo), daemon=True) for workshop in workshops]
             for thread in threads:
@@ -261,7 +272,7 @@ def main():
         return NO_SETUP
     run = Run(chosen, known)
     if chosen.list:
-        for mutant in run.next_round():
+        for mutant in file_by_file(run.next_round()):
             print(f"# {mutant.path}:{mutant.line}, {mutant.kind}\n{unseen.written(mutant)}\n")
         return OK
     old = [] if chosen.again else stale(run, known)
