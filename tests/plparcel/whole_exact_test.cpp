@@ -1094,9 +1094,9 @@ std::string objection_to_place(const Judged& judged, const Request& request, con
         for (std::size_t i = 0; i < piece[r].size(); ++i) {
             const Point& p = turn ? piece[r][i] : after(piece[r], i);
             const Point& q = turn ? after(piece[r], i) : piece[r][i];
-            // Rounded to decimals, a line along the side has the ends of the side rounded too, to doubles that hold the
-            // decimals or lie next to those that do.
-            const Number near = judged.rounding == 0 ? Number(0) : judged.rounding + judged.spacing;
+            // Rounded to decimals, a line along the side has the ends of the side rounded too: to the decimals, and these to
+            // the nearest doubles.
+            const Number near = judged.rounding == 0 ? Number(0) : judged.rounding + judged.spacing / 2;
             const auto is = [&near](const Point& a, const Point& b) {
                 return abs(a.x - b.x) <= near && abs(a.y - b.y) <= near;
             };

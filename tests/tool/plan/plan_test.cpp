@@ -404,15 +404,21 @@ TEST(PlanLabels, FiveHundredCornersDoNotCoverEachOther)
     EXPECT_LT(without.corners, 480u) << "tens and fives have theirs";
 }
 
-TEST(PlanDetails, EnlargeWhatIsTooThin)
+// 20 along the first side.
+tool::Plan with_a_thin_strip(const plparcel::Ring& ring)
 {
     tool::Asked asked;
     asked.request.amounts = {plparcel::area(20)};
     asked.number = 1;
     asked.amounts = {"20"};
     tool::Parcel parcel;
-    parcel.ring = {{0, 0}, {120, 0}, {120, 80}, {0, 80}};
-    const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
+    parcel.ring = ring;
+    return tool::plan_of(tool::answer(parcel, asked));
+}
+
+TEST(PlanDetails, EnlargeWhatIsTooThin)
+{
+    const tool::Plan plan = with_a_thin_strip({{0, 0}, {120, 0}, {120, 80}, {0, 80}});
     const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
     const tool::PlanDetails details(plan, layout, {});
     ASSERT_EQ(details.all().size(), 2u) << "at both ends of the line";
@@ -434,8 +440,7 @@ TEST(PlanDetails, EnlargeWhatIsTooThin)
     };
     ASSERT_GT(layout.sheet().y, layout.sheet().x);
     EXPECT_NEAR(beside_each_other(layout, details.view(layout, 0).box), 2.0, 1e-9);
-    parcel.ring = {{0, 0}, {240, 0}, {240, 40}, {0, 40}};
-    const tool::Plan wide = tool::plan_of(tool::answer(parcel, asked));
+    const tool::Plan wide = with_a_thin_strip({{0, 0}, {240, 0}, {240, 40}, {0, 40}});
     const PlanLayout lying(wide.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
     ASSERT_GT(lying.sheet().x, lying.sheet().y);
     const tool::PlanDetails on_lying(wide, lying, {});
@@ -448,13 +453,7 @@ TEST(PlanDetails, EnlargeWhatIsTooThin)
 // half of the sixth away from the side.
 TEST(PlanDetails, HaveTheirPointsInTheMiddle)
 {
-    tool::Asked asked;
-    asked.request.amounts = {plparcel::area(20)};
-    asked.number = 1;
-    asked.amounts = {"20"};
-    tool::Parcel parcel;
-    parcel.ring = {{0, 0}, {96, 72}, {48, 136}, {-48, 64}};
-    const tool::Plan plan = tool::plan_of(tool::answer(parcel, asked));
+    const tool::Plan plan = with_a_thin_strip({{0, 0}, {96, 72}, {48, 136}, {-48, 64}});
     const PlanLayout layout(plan.corners.at, 1.0, Paper::a4, [](const SheetBox&) { return 120.0; });
     const tool::PlanDetails details(plan, layout, {});
     ASSERT_EQ(details.all().size(), 2u);

@@ -284,7 +284,7 @@ TEST_F(Messages, CodesThatDifferAreTold)
         {"rows without a code", "E,N,D\n0,0,\n9,0,\n9,9,BDY\n0,9,BDY\n", ""},
         {"a code for each", "E,N,type\n0,0,a\n9,0,b\n9,9,c\n0,9,d\n", ""},
         {"remarks", "E,N,remark\n0,0,a\n9,0,a\n9,9,b\n0,9,b\n", ""},
-        {"heights that are called so", "E,N,H,D\n0,0,1,a\n9,0,1,a\n9,9,2,a\n0,9,2,a\n", ""},
+        {"one code beside heights that differ", "E,N,H,D\n0,0,1,a\n9,0,1,a\n9,9,2,a\n0,9,2,a\n", ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);

@@ -208,7 +208,7 @@ public:
             const bool of_parcel = std::count(known.parcel.begin(), known.parcel.end(), i) > 0;
             if (i != known.east && i != known.north && !of_parcel && !is_one_of(plain(name), kOfPoints))
                 columns_.push_back({i, name, {}, true});
-            if (i != known.height && is_one_of(plain(name), kCodes))
+            if (is_one_of(plain(name), kCodes))
                 codes_.push_back({i, name, {}, false});
         }
     }
