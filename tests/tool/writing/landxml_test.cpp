@@ -294,6 +294,18 @@ TEST_F(LandXml, NamesAreThoseOfTheirCorners)
     for (const char* row :
          {"\na,1000.0", "\nvertex 2,1040.0", "\nvertex 3,1045.0", "\nc,1040.0", "\nd,1000.0"})
         EXPECT_NE(run.out.find(row), std::string::npos) << row << " in\n" << run.out;
+    // With chords in the place of an arc nobody knows which vertex is whose: that is said.
+    write_xml("<CgPoints><CgPoint name=\"a\">2000 1000</CgPoint><CgPoint name=\"b\">2000 1040</CgPoint>"
+              "<CgPoint name=\"c\">2030 1040</CgPoint></CgPoints>" +
+              parcel(side("a", "b") + "<Curve rot=\"ccw\">" + end("Start", "b") +
+                     "<Center>2015 1040</Center>" + end("End", "c") + "</Curve>" + side("c", "a")));
+    const test::Result chords = this->run({"measure", "in.xml", "--arcs", "0.01"});
+    EXPECT_EQ(chords.out.rfind(
+                  "Parcel  in.xml: feature 1 '7/1' (the names of its points are left out, since it has "
+                  "more vertices; arcs are chords that stay within 0.01 of them)\n",
+                  0),
+              0u)
+        << chords.out << chords.err;
 }
 
 TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)

@@ -132,6 +132,8 @@ void ParcelFile::name_points(const OGRFeature& feature, Parcel& parcel) const
         names.push_back(line);
     if (names.size() == vertex_count(parcel) && parts_ == 1)
         parcel.point_names = std::move(names);
+    else if (!names.empty())
+        parcel.assumed.push_back("the names of its points are left out, since it has more vertices");
 }
 
 void ParcelFile::require_name_column() const
