@@ -182,11 +182,6 @@ TurningParts::TurningParts(const JoinedRings& rings, const std::vector<WidePoint
     hang_all();
     for (auto ring = in_order_.rbegin(); ring != in_order_.rend(); ++ring)
         walk_ring(*ring);
-    for (const std::size_t ring : in_order_) {
-        OnTour& of = tour_[ring];
-        if (of.hangs)  // what hangs there counts from there on
-            of.before = swept(of.on, of.sector, of.sector) - of.whole;
-    }
     area_ = tour_[0].whole;
 }
 
@@ -263,13 +258,12 @@ std::vector<TurningParts::Met> TurningParts::met_first() const
 {
     struct Begin {
         bool ahead;
-        std::size_t sector;
         std::size_t ring;
     };
     std::vector<std::size_t> next_thick(profile_.directions().size(), kNone);
     for (std::size_t sector = next_thick.size() - 1; sector-- > 0;)
         next_thick[sector] = is_thick(sector) ? sector : next_thick[sector + 1];
-    std::vector<Begin> begins;
+    std::vector<std::vector<Begin>> begins(next_thick.size());  // of each sector
     for (std::size_t ring = 1; ring < rings_.rings(); ++ring) {
         std::size_t first[2] = {kNone, kNone};
         for (std::size_t i = first_of_ring_[ring]; i < first_of_ring_[ring + 1]; ++i) {
@@ -278,15 +272,15 @@ std::vector<TurningParts::Met> TurningParts::met_first() const
             if (next_thick[part.from] < part.to)
                 sector = std::min(sector, next_thick[part.from]);
         }
-        begins.push_back({first[0] != kNone, first[0] != kNone ? first[0] : first[1], ring});
+        const bool ahead = first[0] != kNone;
+        const std::size_t sector = first[ahead ? 0 : 1];
+        if (sector != kNone)
+            begins[sector].push_back({ahead, ring});
     }
-    std::stable_sort(begins.begin(), begins.end(),
-                     [](const Begin& a, const Begin& b) { return a.sector < b.sector; });
     std::vector<Met> found;
-    auto next = begins.begin();
     sweep([&](const Rows& rows, std::size_t sector) {
-        for (; next != begins.end() && next->sector <= sector; ++next)
-            if (const std::optional<Met> met = met_in(rows, next->ahead, sector, next->ring))
+        for (const Begin& begin : begins[sector])
+            if (const std::optional<Met> met = met_in(rows, begin.ahead, sector, begin.ring))
                 found.push_back(*met);
     });
     std::stable_sort(found.begin(), found.end(), [this](const Met& a, const Met& b) {
@@ -306,7 +300,6 @@ void TurningParts::hang_all()
         of.hangs = true;
         of.sector = met.sector;
         of.slit = met.farthest;
-        of.on = met.beyond;
         hung_[met.beyond].push_back({met.sector, met.ring, 0.0});
     }
 }
@@ -329,8 +322,6 @@ void TurningParts::walk_ring(std::size_t ring)
     if (vertex_ && part_at_point_ == first_of_ring_[ring + 1] && rings_.ring_of(*vertex_) == ring)
         at_point_ = sum;
     tour_[ring].whole = sum;
-    if (tour_[ring].hangs)
-        tour_[ring].at_slit = at_part_[tour_[ring].slit] + along_part(tour_[ring].slit, tour_[ring].sector);
 }
 
 // What a part sweeps from where the ring comes to it to where the line meets it.
@@ -343,11 +334,11 @@ Wide TurningParts::along_part(std::size_t part, std::size_t direction) const
 Wide TurningParts::swept_on_tour(std::size_t ring, const Wide& on_ring, bool is_past_slit) const
 {
     const OnTour& of = tour_[ring];
-    const Wide swept = of.before + on_ring - of.at_slit;
-    return of.hangs && !is_past_slit ? swept + of.whole : swept;
+    return of.hangs && !is_past_slit ? on_ring + of.whole : on_ring;
 }
 
-// What the tour has swept when it comes to where a line in a sector meets a part.
+// What the tour has swept when it comes to where a line in a sector meets a part, but for what it sweeps before it comes to
+// the ring: a part of the line has as many left ends on each ring as right ones.
 Wide TurningParts::swept(std::size_t part, std::size_t sector, std::size_t direction) const
 {
     const Part& of = profile_.parts()[part];

@@ -67,10 +67,7 @@ private:
         bool hangs = false;
         std::size_t sector = 0;
         std::size_t slit = 0;  // the part where the slit begins
-        std::size_t on = 0;    // the part on which the ring hangs
-        Wide at_slit;          // what the ring alone has swept there
-        Wide before;           // what the tour has swept when it comes to the ring
-        Wide whole;            // what it sweeps along the ring and all that hang on it
+        Wide whole;            // what the tour sweeps along the ring and all that hang on it
     };
 
     // Ends of a part of the line: parts of sides, and the vertex at the point.
