@@ -117,6 +117,40 @@ TEST(Trapeziums, OnBothSidesOfAGapThatDoublesCannotSee)
     }
 }
 
+//           2 ----- 1     A strip that rises by 1.2e-12 along its length, and is 8.7e-19 high: along a level its long sides
+//   3 ----- ```````       are a millionth apart, and doubles tell only a thousandth.
+//   0 ---
+TEST(Trapeziums, BetweenSidesAllButLevelThatDoublesCannotTellApart)
+{
+    std::mt19937_64 random = test::random_source();
+    std::uniform_real_distribution<double> any(-1.0, 1.0);
+    constexpr double kRise = 0x1.5555555555555p-40;
+    constexpr double kHigh = 0x1p-60;
+    for (int i = 0; i < 1000; ++i) {
+        const Wide low = Wide(any(random)) + any(random) * 0x1p-54;
+        const std::vector<WidePoint> ring = {{0.0, low},
+                                             {1.0, low + kRise},
+                                             {0.75, low + 0.75 * kRise + kHigh},
+                                             {0.25, low + 0.25 * kRise + kHigh}};
+        const std::vector<Trapezium> found = trapeziums(ring);
+        ASSERT_EQ(found.size(), 3U) << i;
+        for (std::size_t k = 0; k < found.size(); ++k) {
+            EXPECT_EQ(found[k].left, 3 - k) << i;
+            EXPECT_EQ(found[k].right, 0U) << i;
+        }
+    }
+}
+
+// Levels 2^-66 of all levels apart are as good as one.
+TEST(Trapeziums, BetweenLevelsNextToEachOtherThereAreNone)
+{
+    const Ring thin = {{0, 0}, {8, 0}, {9, 0x1p-66}, {8, 1}, {0, 1}};
+    expect_trapeziums("thin", thin, {{4, 2, 0x1p-66, 1}});
+    const double more = std::nextafter(0x1p-66, 1.0);
+    const Ring thick = {{0, 0}, {8, 0}, {9, more}, {8, 1}, {0, 1}};
+    expect_trapeziums("thick", thick, {{4, 1, 0, more}, {4, 2, more, 1}});
+}
+
 Wide area_of(const std::vector<WidePoint>& ring, const Trapezium& t)
 {
     const Wide low = along_at(ring, t.right, t.low) - along_at(ring, t.left, t.low);
