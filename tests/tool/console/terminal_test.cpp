@@ -104,6 +104,18 @@ TEST_F(Terminal, AProgressBarComesAndGoes)
     EXPECT_NE(bar, std::string::npos) << shown.out.substr(0, 200);
     const std::string first = shown.out.substr(bar, shown.out.find('\r', bar) - bar);
     EXPECT_EQ(first.substr(first.size() - 9), " of 20000") << first;
+    // Thirty places for all of them, and a bar never says less than the one before.
+    std::size_t before = 0;
+    for (std::size_t at = bar; at != std::string::npos; at = shown.out.find("dividing [", at + 1)) {
+        const std::size_t end = shown.out.find(']', at);
+        const std::string places = shown.out.substr(at + 10, end - at - 10);
+        const std::size_t done = std::stoul(shown.out.substr(end + 1));
+        EXPECT_GT(done, before);
+        EXPECT_LE(done, 20000u);
+        const std::size_t filled = done * 30 / 20000;
+        EXPECT_EQ(places, std::string(filled, '#') + std::string(30 - filled, ' ')) << done;
+        before = done;
+    }
     EXPECT_NE(shown.out.find("\r\x1b[KDivided  20000 of 20000 parcels"), std::string::npos) << "and is gone";
 }
 

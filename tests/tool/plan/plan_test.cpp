@@ -1305,7 +1305,9 @@ TEST_F(Plans, TitleBlockFromAFile)
     EXPECT_TRUE(test::fails_with(
         divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block thirteen.txt"), 2,
         "thirteen.txt: the title block has more than 12 entries; leave some out"));
-    write("long.txt", "Client=" + std::string(70000, 'x') + "\n");
+    write("full.txt", "Client=Verdi\n#" + std::string(16384 - 14, 'x'));
+    EXPECT_EQ(divide("lot.csv", "--parallel 1 --area 5 --plan full.svg --title-block full.txt").status, 0);
+    write("long.txt", "Client=Verdi\n#" + std::string(16385 - 14, 'x'));
     EXPECT_TRUE(test::fails_with(
         divide("lot.csv", "--parallel 1 --area 5 --plan other.svg --title-block long.txt"), 3,
         "long.txt: the file is too long for a title block; name a text file with lines such "

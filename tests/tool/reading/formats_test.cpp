@@ -848,10 +848,10 @@ TEST_F(Formats, GeoJsonMayHoldDegreesUpToTheirEnd)
     };
     for (const Row& row : {Row{"all around, to the pole", "360, 90", 3},
                            {"West and South", "-360, -90", 3},
-                           {"beyond all longitudes", "360.5, 90", 0},
-                           {"beyond them in the West", "-360.5, 90", 0},
-                           {"beyond the pole", "360, 90.5", 0},
-                           {"beyond the other pole", "360, -90.5", 0}}) {
+                           {"beyond all longitudes", "360.05, 90", 0},
+                           {"beyond them in the West", "-360.05, 90", 0},
+                           {"beyond the pole", "360, 90.05", 0},
+                           {"beyond the other pole", "360, -90.05", 0}}) {
         SCOPED_TRACE(row.what);
         write("lot.geojson", std::string(R"({"type": "Polygon", "coordinates": [[[0, 0], [50, 0], [)") +
                                  row.corner + R"(], [0, 0]]]})");

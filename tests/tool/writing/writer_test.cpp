@@ -935,6 +935,25 @@ TEST_F(Writer, ADrawingHasTheUnitOfTheCrs)
     write_wkt("POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))");
     ASSERT_EQ(divide("lot.csv", "--parallel 1 --parts 2 -o out.dxf --overwrite").status, 0);
     EXPECT_EQ(std::stoi(Drawing(content("out.dxf")).variables.at("$INSUNITS")), 0) << "nobody knows";
+    // Numbers as in the table of the format's reference; PROJ's names.
+    for (const Row& row : {Row{"in", 1, 0},
+                           {"ft", 2, 0},
+                           {"mm", 4, 1},
+                           {"cm", 5, 1},
+                           {"m", 6, 1},
+                           {"km", 7, 1},
+                           {"yd", 10, 0},
+                           {"us-ft", 21, 0},
+                           {"fath", 0, 1}}) {
+        SCOPED_TRACE(row.crs);
+        const test::Result run =
+            this->run({"divide", "lot.csv", "--crs", std::string("+proj=utm +zone=32 +units=") + row.crs,
+                       "--any-scale", "--parallel", "1", "--parts", "2", "-o", "out.dxf", "--overwrite"});
+        ASSERT_EQ(run.status, 0) << run.err;
+        const Drawing drawing(content("out.dxf"));
+        EXPECT_EQ(std::stoi(drawing.variables.at("$INSUNITS")), row.unit);
+        EXPECT_EQ(std::stoi(drawing.variables.at("$MEASUREMENT")), row.metric);
+    }
 }
 
 // Half a disc of radius 50, refused for its arc, is drawn with chords.
