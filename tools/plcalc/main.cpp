@@ -138,13 +138,11 @@ int main(int argc, char** argv)
 {
     // When a file grows too large, the write fails and a message says so; the signal would end the program.
     std::signal(SIGXFSZ, SIG_IGN);
-    ExitStatus status = ExitStatus::failed;
     try {
-        status = run(argc, argv);
+        return static_cast<int>(run(argc, argv));
     } catch (const Failure& failure) {
-        status = complain(failure.status, sentence(failure));
+        return static_cast<int>(complain(failure.status, sentence(failure)));
     } catch (const std::exception& error) {
-        status = complain(ExitStatus::failed, std::string("stopped: ") + error.what());
+        return static_cast<int>(complain(ExitStatus::failed, std::string("stopped: ") + error.what()));
     }
-    return static_cast<int>(status);
 }

@@ -353,6 +353,19 @@ TEST(PrintedDivision, AreasAreOnTheGround)
     }
 }
 
+// 60 on the ground are 30 in the plane.
+TEST(PrintedDivision, PlacesAreOnTheGround)
+{
+    tool::Parcel parcel = parcel_of({{0, 0}, {80, 0}, {80, 60}, {0, 60}});
+    parcel.ground_factor = 0.5;
+    Asked request = asked(Cut::through_place, 1, 4800.0);
+    request.request.line.along = 60.0;
+    const PrintedDivision printed = tool::answer(parcel, request).printed;
+    ASSERT_TRUE(printed.done());
+    const PL_PNT2D_record& start = printed.lines[0].start;
+    EXPECT_EQ((start.y == 0.0 ? start : printed.lines[0].end).x, 30.0);
+}
+
 // What a rounded line misses is larger on the ground too: to whole units it lies at 30 instead of 30.1.
 TEST(PrintedDivision, ResidualsAreOnTheGround)
 {

@@ -230,7 +230,11 @@ TEST_F(StakeoutVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(got["points"][1]["e"], 26.6667);
     EXPECT_TRUE(got["points"][4]["angle_gon"].is_null()) << "the station itself";
     EXPECT_EQ(got["base_line"][0]["name"], "vertex 2");
+    EXPECT_EQ(got["base_line"][0]["e"], 80.0);
+    EXPECT_EQ(got["base_line"][0]["n"], 0.0);
     EXPECT_EQ(got["station"]["n"], 0.0);
+    EXPECT_EQ(got["orientation"]["e"], 0.0);
+    EXPECT_EQ(got["orientation"]["n"], 60.0);
 }
 
 // Here five decimals would turn the line: divide prints it with more, and it is that one that is set out.
@@ -482,19 +486,22 @@ TEST_F(StakeoutNames, ListsThatCannotBeUsed)
     write_lot();
     const struct {
         const char* list;
+        int status;
         const char* text;
     } kWrongLists[] = {
-        {"name,x\nA,1\n", "plcalc: list.csv: it is no list of points; give it the columns name, E and N\n"},
-        {"name,X,Y\nA,1,2\n",
-         "plcalc: list.csv: columns X and Y do not say which of them is East; call them E and N\n"},
-        {"name,E,N\nA,1,\n", "plcalc: list.csv: row 1: N is empty; fill it in\n"},
-        {"name,E,N\nA,1,two\n",
-         "plcalc: list.csv: row 1: N is 'two', not a number; use a point before the decimals\n"},
-        {"name,E,N\nA,1,inf\n", "plcalc: list.csv: row 1: its coordinates are not finite; correct them\n"},
+        {"name,x\nA,1\n", 3, "list.csv: it is no list of points; give it the columns name, E and N"},
+        {"name,X,Y\nA,1,2\n", 2,
+         "list.csv: columns X and Y do not say which of them is East; call them E and N"},
+        {"name,E,N\nA,1,\n", 3, "list.csv: row 1: N is empty; fill it in"},
+        {"name,E,N\nA,1,two\n", 3,
+         "list.csv: row 1: N is 'two', not a number; use a point before the decimals"},
+        {"name,E,N\nA,1,inf\n", 3, "list.csv: row 1: its coordinates are not finite; correct them"},
     };
     for (const auto& row : kWrongLists) {
         write("list.csv", row.list);
-        EXPECT_EQ(stakeout("--station P1 --orientation P4 --points-from list.csv"), row.text);
+        EXPECT_TRUE(test::fails_with(run({"stakeout", "lot.csv", "--station", "P1", "--orientation", "P4",
+                                          "--points-from", "list.csv"}),
+                                     row.status, row.text));
     }
 }
 

@@ -261,6 +261,12 @@ TEST_F(Drawings, ArcsBecomeChordsWithinADistance)
         area_of("0\nLWPOLYLINE\n8\nLOTS\n90\n4\n70\n1\n" + at(kA) + at(kB) + "42\n1\n" + at(kC) + at(kD),
                 "--arcs 0.001"),
         5000.0 + 312.5 * std::acos(-1.0), 0.06);
+    // So flat that it is read as two steps: a chord does for both, and the parcel has three vertices.
+    const double end_rad = 0.15 / 180.0 * std::acos(-1.0);
+    const Place end = {kA.east + 1000 * std::cos(end_rad), kA.north + 1000 * std::sin(end_rad)};
+    write("lot.dxf", drawing(line(kA, {kA.east + 1000, kA.north}) + arc(kA, 1000, 0, 0.15) + line(end, kA)));
+    const std::string flat = run({"measure", "lot.dxf", "--arcs", "0.005", "--csv"}).out;
+    EXPECT_NE(flat.find(",3,0,anticlockwise,measured"), std::string::npos) << flat;
     write("lot.dxf", drawing(half_disc));
     // The arc is drawn third. It is read in steps of a tenth of a degree: in the middle 50 * (1 - cos 0.05 deg) = 0.000019 off a chord.
     EXPECT_TRUE(test::fails_with(

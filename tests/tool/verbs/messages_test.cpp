@@ -696,6 +696,7 @@ TEST_F(Messages, OutputThatCannotBeWritten)
     const std::string plan = err_of(full, cut + "--plan plan.svg");
     EXPECT_EQ(plan.rfind("plcalc: plan.svg: the plan could not be written (", 0), 0u) << plan;
     EXPECT_TRUE(ends_with(plan, "); check the folder and the room on the disk\n")) << plan;
+    EXPECT_EQ(err_of(full, cut + "--plan plan.svg <&-"), plan) << "where files take the numbers of streams";
     for (const char* out :
          {"out.gpkg", "out.geojson", "out.shp", "out.csv", "out.gml", "out.mif", "out.fgb"}) {
         SCOPED_TRACE(out);

@@ -326,6 +326,11 @@ TEST_F(LandXml, CurvesAreRefusedOrBecomeChords)
         const double whole = 1200.0 + (std::string(rot) == "ccw" ? half_disc : -half_disc);
         EXPECT_NEAR(test::numbers_after(measured.out, "Area").at(0), whole,
                     2.0 / 3.0 * 0.001 * 15.0 * std::acos(-1.0));
+        // In the West, where directions jump by a whole turn.
+        write_xml(parcel(line(kA, kB) + line(kB, kC) + line(kC, kD) + "<Curve rot=\"" + rot + "\"><Start>" +
+                         kD + "</Start><Center>2015 1000</Center><End>" + kA + "</End></Curve>"));
+        EXPECT_NEAR(test::numbers_after(run({"measure", "in.xml", "--arcs", "0.001"}).out, "Area").at(0),
+                    whole, 2.0 / 3.0 * 0.001 * 15.0 * std::acos(-1.0));
     }
 }
 

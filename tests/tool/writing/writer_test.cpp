@@ -982,6 +982,12 @@ TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
     EXPECT_EQ(drawing.on("pieces").size(), 2u);
     EXPECT_EQ(drawing.on("undivided").size(), 3u + 3u)
         << "with their reasons, a square and two triangles; what is no geometry cannot be drawn";
+    std::multiset<std::string> vertices;
+    for (const Entity& entity : drawing.on("undivided"))
+        if (entity.kind == "LWPOLYLINE")
+            vertices.insert(entity.value(90));
+    EXPECT_EQ(vertices, (std::multiset<std::string>{"3", "3", "4"}))
+        << "they are closed without the first once more";
     std::set<std::string> labels;
     for (const char* layer : {"labels", "point_labels", "undivided"})
         for (const Entity& label : drawing.on(layer))
@@ -1006,6 +1012,18 @@ TEST_F(Writer, ADrawingShowsTheRefusedUndivided)
     EXPECT_NE(content("two.dxf").find("1a\\P1000.0000"), std::string::npos);
     ASSERT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.csv").status, 3);
     EXPECT_EQ(open("out.csv")->GetLayer(0)->GetFeatureCount(), 6);
+}
+
+// Where it lies is all that is known of it.
+TEST_F(Writer, ADrawingShowsARefusedPointToo)
+{
+    write("lots.csv",
+          "id,WKT\n1,\"POLYGON ((0 0, 100 0, 100 60, 0 60, 0 0))\"\n2,\"MULTIPOLYGON (((300 300)))\"\n");
+    EXPECT_EQ(divide("lots.csv", "--parallel 1 --area 1000 -o out.dxf").status, 3);
+    const std::vector<Entity> point = Drawing(content("out.dxf")).on("undivided");
+    ASSERT_EQ(point.size(), 2u) << "with its reason";
+    for (const Entity& entity : point)
+        EXPECT_EQ(std::stod(entity.value(10)), 300.0) << entity.kind;
 }
 
 TEST_F(Writer, PointsAndCsvSources)
