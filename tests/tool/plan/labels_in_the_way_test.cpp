@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "plan/drawn_sheet.h"
@@ -297,6 +298,7 @@ TEST_F(LabelsInTheWay, AMarkGoesAroundItsPlace)
             if (std::any_of(taken.begin(), taken.end(), [&](const auto& other) { return box.meets(other); }))
                 continue;
             ASSERT_LT(written, texts.size()) << middle.x << " " << middle.y;
+            EXPECT_TRUE(texts[written].bold);
             EXPECT_NEAR(texts[written].middle().x, middle.x, kRounded) << written;
             EXPECT_NEAR(texts[written].middle().y, middle.y, kRounded) << written;
             const test::DrawnPath& line = done.sheet.free.paths[written++];
@@ -369,6 +371,7 @@ TEST_F(LabelsInTheWay, ALabelIsAsLargeAsItsPieceAllows)
         double size;    // of the name
         bool is_below;  // the area under the name
         bool has_area;
+        const char* name = "A";
     };
     const auto wide = [](double size, const char* text) { return width_of(text, size, true) + 4.0; };
     // Two lines take 2 1/4 times their size.
@@ -386,7 +389,8 @@ TEST_F(LabelsInTheWay, ALabelIsAsLargeAsItsPieceAllows)
                            {wide(8, "12345") - 0.1, 60, 6.5, true, true},
                            {wide(6.5, "12345") - 0.1, 60, 10, false, false},
                            {wide(10, "A") + 0.1, 60, 10, false, false},
-                           {wide(10, "A") - 0.1, 60, 8, false, false}}) {
+                           {wide(10, "A") - 0.1, 60, 8, false, false},
+                           {wide(10, "I") + 0.1, 60, 10, false, false, "I"}}) {
         SCOPED_TRACE(std::to_string(row.width) + " " + std::to_string(row.height));
         tool::Parcel parcel;
         const double x = 0.5 * row.width;
@@ -396,10 +400,10 @@ TEST_F(LabelsInTheWay, ALabelIsAsLargeAsItsPieceAllows)
         plan.corners = tool::corners_of(parcel);
         for (std::size_t i = 0; i < 4; ++i)
             plan.points.push_back({std::to_string(i + 1), parcel.ring[i], false});
-        plan.pieces.push_back({"A", parcel.ring, 12345.0, "rest"});
+        plan.pieces.push_back({row.name, parcel.ring, 12345.0, "rest"});
         const Drawn done = drawn(plan);
         EXPECT_TRUE(done.without.pieces.empty());
-        const std::string first = row.is_below || !row.has_area ? "A" : "A  12345";
+        const std::string first = row.is_below || !row.has_area ? row.name : "A  12345";
         const std::vector<DrawnText> name = done.sheet.with_text(first);
         ASSERT_EQ(name.size(), 1u) << first;
         EXPECT_EQ(name[0].size, row.size);
@@ -431,6 +435,7 @@ TEST_F(LabelsInTheWay, ALabelBesideItsPieceIsNear)
     const std::vector<DrawnText> text = done.sheet.with_text("A  12345");
     ASSERT_EQ(text.size(), 1u);
     EXPECT_EQ(text[0].size, 8.0);
+    EXPECT_TRUE(text[0].bold);
     EXPECT_NEAR(text[0].middle().x, 400.0 + 24.0 * std::cos(M_PI / 6.0), kRounded);
     EXPECT_NEAR(text[0].middle().y, 412.0, kRounded);
     ASSERT_EQ(done.sheet.free.paths.size(), 1u);
@@ -442,6 +447,178 @@ TEST_F(LabelsInTheWay, ALabelBesideItsPieceIsNear)
     ASSERT_EQ(done.sheet.free.dots.size(), 1u);
     EXPECT_NEAR(done.sheet.free.dots[0].x, 400.0, kRounded);
     EXPECT_NEAR(done.sheet.free.dots[0].y, 400.0, kRounded);
+}
+
+// Lanes with a hundred points between them, each too thin for its label: twelve have it beside them, the others only their
+// name, across them, and those that are thinner than three points have none.
+TEST_F(LabelsInTheWay, LabelsBesideTheirPiecesAreFew)
+{
+    for (const double height : {3.1, 2.9}) {
+        SCOPED_TRACE(height);
+        tool::Plan plan;
+        tool::Parcel parcel;
+        for (int lane = 0; lane < 15; ++lane) {
+            const double x = -300.0 + 150.0 * (lane % 5);
+            const double y = -200.0 + 150.0 * (lane / 5);
+            const plparcel::Ring ring = {
+                {x - 40, y}, {x + 40, y}, {x + 40, y + height}, {x - 40, y + height}};
+            (lane == 0 ? parcel.ring : parcel.holes.emplace_back()) = ring;
+            plan.pieces.push_back({std::string(1, static_cast<char>('A' + lane)), ring, 12345.0, "rest"});
+        }
+        plan.corners = tool::corners_of(parcel);
+        for (std::size_t i = 0; i < plan.corners.size(); ++i)
+            plan.points.push_back({std::to_string(i + 1), plan.corners.at[i], false});
+        const Drawn done = drawn(plan);
+        std::size_t beside = 0;
+        std::size_t across = 0;
+        for (std::size_t i = 0; i < plan.pieces.size(); ++i) {
+            const tool::PlanPiece& piece = plan.pieces[i];
+            beside += done.sheet.with_text(piece.name + "  12345").size();
+            for (const DrawnText& name : done.sheet.with_text(piece.name)) {
+                ++across;
+                EXPECT_EQ(name.size, tool::kSmallSize);
+                EXPECT_TRUE(name.bold);
+                EXPECT_GT(name.middle().x, 400.0 + piece.ring[0].x);
+                EXPECT_LT(name.middle().x, 400.0 + piece.ring[1].x);
+                EXPECT_NEAR(name.middle().y, 400.0 - piece.ring[0].y - 0.5 * height, kRounded);
+            }
+        }
+        EXPECT_EQ(beside, 12u);
+        EXPECT_EQ(done.sheet.free.dots.size(), 12u);
+        EXPECT_EQ(across, height > 3.0 ? 3u : 0u);
+        EXPECT_EQ(done.without.pieces,
+                  height > 3.0 ? std::vector<std::size_t>() : (std::vector<std::size_t>{12, 13, 14}));
+    }
+}
+
+// A ring of many corners around the middle, 200 points from it.
+tool::Plan round_plan(std::size_t corners, double radius = 200.0)
+{
+    tool::Parcel parcel;
+    for (std::size_t i = 0; i < corners; ++i) {
+        const double turn = 2.0 * M_PI * static_cast<double>(i) / static_cast<double>(corners);
+        parcel.ring.push_back({radius * std::cos(turn), radius * std::sin(turn)});
+    }
+    tool::Plan plan;
+    plan.corners = tool::corners_of(parcel);
+    for (std::size_t i = 0; i < corners; ++i)
+        plan.points.push_back({std::to_string(i + 1), parcel.ring[i], false});
+    return plan;
+}
+
+// Of up to forty corners the names are larger. Of more they stand right before their corner, or not at all: the room of a
+// name begins four points off, and is a point and a half wider than it on either side.
+TEST_F(LabelsInTheWay, NamesOfManyCornersStandRightBeforeThem)
+{
+    EXPECT_EQ(drawn(round_plan(40)).sheet.with_text("3").at(0).size, 8.0);
+    const tool::Plan plan = round_plan(44);
+    const Drawn done = drawn(plan);
+    EXPECT_EQ(done.without.corners, 0u);
+    for (std::size_t i = 0; i < 44; ++i) {
+        const std::vector<DrawnText> name = done.sheet.with_text(plan.points[i].name);
+        ASSERT_EQ(name.size(), 1u) << i;
+        EXPECT_EQ(name[0].size, tool::kSmallSize);
+        EXPECT_TRUE(name[0].bold);
+        const SheetPoint out = {plan.points[i].at.x / 200.0, -plan.points[i].at.y / 200.0};
+        const double off =
+            4.0 + 0.5 * (std::fabs(out.x) * width_of(plan.points[i].name, tool::kSmallSize, true) +
+                         std::fabs(out.y) * tool::kSmallSize);
+        EXPECT_NEAR(name[0].middle().x, 400.0 + (200.0 + off) * out.x, kRounded) << i;
+        EXPECT_NEAR(name[0].middle().y, 400.0 + (200.0 + off) * out.y, kRounded) << i;
+    }
+    // The name of the first corner lies to the right of it.
+    const double right = 204.0 + width_of("1", tool::kSmallSize, true);
+    for (const double beyond : {1.4, 1.6}) {
+        tool::Plan blocked = plan;
+        const std::size_t from = blocked.points.size();
+        blocked.points.push_back({"P1", {right + beyond, -1.5}, true});
+        blocked.points.push_back({"P2", {right + beyond, 1.5}, true});
+        blocked.lines.push_back({from, from + 1, "3.00", "0.0000"});
+        EXPECT_EQ(drawn(blocked).without.corners, beyond < 1.5 ? 1u : 0u);
+    }
+}
+
+// 1500 corners are tried; the others have no name either.
+TEST_F(LabelsInTheWay, EveryCornerIsNamedOrCounted)
+{
+    for (const std::size_t corners : {1499U, 1500U, 1501U, 1600U}) {
+        const Drawn done = drawn(round_plan(corners, 300.0));
+        EXPECT_EQ(done.sheet.texts.size() + done.without.corners, corners);
+    }
+}
+
+// Two lengths for one place: that of a side that is cut stands outside, the other inside, whichever side comes first.
+TEST_F(LabelsInTheWay, LengthsOfCutSidesComeFirst)
+{
+    for (const bool first_is_cut : {false, true}) {
+        tool::Parcel parcel;
+        parcel.ring = {beside(-kHalf, 0), beside(0, 0), beside(kHalf, 0), beside(kHalf, -kHalf),
+                       beside(-kHalf, -kHalf)};
+        tool::Plan plan;
+        plan.corners = tool::corners_of(parcel);
+        for (std::size_t i = 0; i < 5; ++i)
+            plan.points.push_back({std::to_string(i + 1), parcel.ring[i], false});
+        const std::size_t from = add_point(plan, beside(-50, 0));
+        const std::size_t to = add_point(plan, beside(50, 0));
+        const tool::PlanSide whole = {{{from, to, "100.01"}}, "100.01"};
+        const tool::PlanSide cut = {{{from, to, "100.02"}, {to, 2, "50.03"}}, "150.05"};
+        plan.sides = {first_is_cut ? cut : whole, first_is_cut ? whole : cut};
+        const Drawn done = drawn(plan);
+        EXPECT_NEAR(done.place_of("100.02").y, 7.0, kRounded);
+        EXPECT_NEAR(done.place_of("100.01").y, -7.0, kRounded);
+    }
+}
+
+// What begins or ends beyond the edge of the sheet has no label.
+TEST_F(LabelsInTheWay, WhatShowsInPartHasNoLength)
+{
+    for (const double off : {-250.0, 250.0}) {
+        tool::Parcel parcel;
+        parcel.ring = {{off - 200, -300}, {off + 200, -300}, {off + 200, 300}, {off - 200, 300}};
+        tool::Plan plan;
+        plan.corners = tool::corners_of(parcel);
+        for (std::size_t i = 0; i < 4; ++i)
+            plan.points.push_back({std::to_string(i + 1), parcel.ring[i], false});
+        const std::size_t cut = add_point(plan, {off, -300});
+        const std::size_t middle = add_point(plan, {off, 0});
+        const std::size_t end = add_point(plan, {off + (off > 0 ? 200 : -200), 0});
+        plan.sides = {{{{0, cut, "200.00"}, {cut, 1, "200.00"}}, "400.00"},
+                      {{{1, 2, "600.00"}}, "600.00"},
+                      {{{2, 3, "400.01"}}, "400.01"},
+                      {{{3, 0, "600.00"}}, "600.00"}};
+        plan.lines = {{middle, end, "200.02", "0.0000"}, {end, middle, "200.02", "0.0000"}};
+        const Drawn done = drawn(plan);
+        std::multiset<std::string> lengths;
+        for (const DrawnText& text : done.sheet.texts)
+            if (!text.bold)
+                lengths.insert(text.text);
+        // Half of the first side and one of the upright ones show.
+        EXPECT_EQ(lengths, (std::multiset<std::string>{"200.00", "600.00"}));
+    }
+}
+
+// Short parts at either end of a long one: names of new points that are near to anything stand across.
+TEST_F(LabelsInTheWay, NamesOfPointsThatAreNearStandAcross)
+{
+    for (const double first : {29.0, 100.0, 171.0})
+        for (const bool backwards : {false, true}) {
+            tool::Plan plan = square();
+            const std::size_t cut = add_point(plan, beside(first - kHalf, 0));
+            plan.sides.push_back({{{0, cut, ""}, {cut, 1, ""}}, ""});
+            if (backwards)
+                for (tool::PlanPart& part : plan.sides[0].parts)
+                    std::swap(part.from, part.to);
+            if (backwards)
+                std::swap(plan.sides[0].parts[0], plan.sides[0].parts[1]);
+            const DrawnText name = drawn(plan).sheet.with_text("P1").at(0);
+            EXPECT_EQ(std::fabs(name.left().y - name.right().y) < kRounded, first == 100.0) << first;
+            EXPECT_TRUE(name.bold);
+            if (first == 100.0)
+                continue;
+            const double off = 5.0 + 0.5 * width_of("P1", tool::kSmallSize, true);
+            EXPECT_NEAR(drawn(plan).place_of("P1").x, first - kHalf, kRounded);
+            EXPECT_NEAR(drawn(plan).place_of("P1").y, off, kRounded);
+        }
 }
 
 }  // namespace
