@@ -310,6 +310,19 @@ TEST(Feasible, AlongAHolesSideInLineWithTheVertex)
               "(0 2.9) (2.9 4.65625) (4.65625 47) [48 60.5)");
 }
 
+// A line turns about the corner (1, 2) of a triangle, from one of its sides to the other. Upright, along the side to (1, 3), it
+// leaves the corners (0, 2), (1, 0) and (1, 4.5) on its left: 2.25. Along the side to (3, 1) it runs from (1 / 6, 29 / 12) to
+// (3.4, 0.8), and 433 / 120 lie below it.
+TEST(Feasible, AboutAHolesCornerFromOneOfItsSidesToTheOther)
+{
+    const Parcel parcel = {{{2, 7}, {3, 7}, {5, 4}, {6, 4}, {4, 1}, {1, 0}, {0, 2}},
+                           {{{1, 2}, {3, 1}, {1, 3}}}};
+    Line line = through_vertex(0);
+    line.ring = 1;
+    EXPECT_EQ(said(feasible(parcel, line, kFar)), "[2.25 18.8917]") << "of 22.5";
+    EXPECT_EQ(said(feasible(parcel, line)), "[3.60833 20.25]");
+}
+
 //     7-6          From P, (0, 3), a line to 8 leaves 0.5 above it; on past 8 it leaves 4 more in the chimney, and touches 8.
 //   9-8 |   3-2    It comes down the chimney to 5, (3, 2), where 10.5 lie above it; on past 5 it leaves 6 + 2 / 3 more in the
 //   P   5---4 |    tower, and touches 5.
@@ -444,16 +457,10 @@ TEST(Feasible, BesideHolesFromTheTipOfAWallToThatOfAnother)
     }
 }
 
-// The square with the hole in its middle, five times as large and turned so that no place is exact on its side. From a place
-// the lines past the hole's nearer corners end on the sides or at the top.
+// The square with the hole in its middle, larger and turned so that no place is exact on its side, by a good third of a right angle
+// or next to none, and by quarters, and far away. From a place the lines past the hole's nearer corners end on the sides or at the top.
 TEST(Feasible, BesideHolesFromAPlaceThatIsRounded)
 {
-    const auto turned = [](const Ring& ring) {
-        Ring result;
-        for (const PL_PNT2D_record& p : ring)
-            result.push_back({4 * p.x - 3 * p.y, 3 * p.x + 4 * p.y});
-        return result;
-    };
     // On the right of the line from (away, 0) past the hole's corner (80, 20), or (80, 80).
     const auto beside_the_hole = [](double away) {
         const double corner = away < 80 ? 20 : 80;
@@ -461,19 +468,32 @@ TEST(Feasible, BesideHolesFromAPlaceThatIsRounded)
         return at_top < 100 ? 100 * (100 - (away + at_top) / 2)
                             : (100 - away) * (100 - away) * corner / (80 - away) / 2;
     };
-    const Parcel holed = {turned(kSquare), {turned({{20, 20}, {20, 80}, {80, 80}, {80, 20}})}};
-    constexpr double kLarger = 25.0;
-    constexpr double kWhole = 6400 * kLarger;
-    for (const double away : {2.7, 10.7, 33.3, 49.1, 50.0, 61.3, 77.7, 97.3, 99.1}) {
-        const double right = kLarger * beside_the_hole(away);
-        const double left = kLarger * beside_the_hole(100 - away);
-        const Feasible found = feasible(holed, through_place(0, 5 * away));
-        ASSERT_EQ(found.ranges.size(), 3U) << away << ": " << said(found);
-        const double ends[] = {0, right, right, kWhole - left, kWhole - left, kWhole};
-        for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_NEAR(found.ranges[i].least, ends[2 * i], 1e-9 * kWhole) << away;
-            EXPECT_NEAR(found.ranges[i].most, ends[2 * i + 1], 1e-9 * kWhole) << away;
-            EXPECT_FALSE(found.ranges[i].least_is_had || found.ranges[i].most_is_had) << away;
+    constexpr double kFarAway = 0x1p23;
+    // The way to which the first side leads.
+    const PL_PNT2D_record ways[] = {{4, 3},   {-3, 4},   {-4, -3},   {3, -4},
+                                    {300, 1}, {-1, 300}, {-300, -1}, {1, -300}};
+    for (const PL_PNT2D_record& way : ways) {
+        const auto turned = [&way](const Ring& ring) {
+            Ring result;
+            for (const PL_PNT2D_record& p : ring)
+                result.push_back(
+                    {kFarAway + way.x * p.x - way.y * p.y, kFarAway + way.y * p.x + way.x * p.y});
+            return result;
+        };
+        const Parcel holed = {turned(kSquare), {turned({{20, 20}, {20, 80}, {80, 80}, {80, 20}})}};
+        const double larger = way.x * way.x + way.y * way.y;
+        const double whole = 6400 * larger;
+        for (const double away : {0.7, 0.9, 2.7, 10.7, 33.3, 49.1, 50.0, 61.3, 77.7, 97.3, 98.6, 99.1}) {
+            const double right = larger * beside_the_hole(away);
+            const double left = larger * beside_the_hole(100 - away);
+            const Feasible found = feasible(holed, through_place(0, std::sqrt(larger) * away));
+            ASSERT_EQ(found.ranges.size(), 3U) << away << ": " << said(found);
+            const double ends[] = {0, right, right, whole - left, whole - left, whole};
+            for (std::size_t i = 0; i < 3; ++i) {
+                EXPECT_NEAR(found.ranges[i].least, ends[2 * i], 1e-9 * whole) << away;
+                EXPECT_NEAR(found.ranges[i].most, ends[2 * i + 1], 1e-9 * whole) << away;
+                EXPECT_FALSE(found.ranges[i].least_is_had || found.ranges[i].most_is_had) << away;
+            }
         }
     }
 }

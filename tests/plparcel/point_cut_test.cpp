@@ -528,6 +528,41 @@ TEST(PointCut, OfManyPartsGoesRoundThePoint)
     EXPECT_BITS(division.pieces[3].area, 1250.0);
 }
 
+// A line through the point ends at a vertex and makes pieces that miss by a little less than is granted; turned on, it would
+// end far beyond the vertex. Above (4, 9) to (9, 9) lie 5/2, beside (5, 4) to (6, 6) lies 1.
+TEST(PointCut, ALineToAVertexBesideTheAmountIsTakenWhicheverWayItTurns)
+{
+    const struct {
+        Ring ring;
+        PL_PNT2D_record point;
+        double asked;
+        PL_PNT2D_record vertex;
+        PL_PNT2D_record other;
+    } rows[] = {
+        {{{12, 10}, {4, 9}, {1, 11}, {3, 7}}, {5, 9}, 2.5 - 5e-9, {4, 9}, {9, 9}},
+        {{{0, 0}, {7, 0}, {7, 6}, {5, 6}, {5, 4}, {4, 4}, {4, 3}, {2, 3}, {2, 2}, {0, 2}},
+         {5.5, 5},
+         25 + 1.3e-8,
+         {5, 4},
+         {6, 6}},
+    };
+    for (const auto& row : rows) {
+        for (const double sign : {1.0, -1.0}) {
+            const auto seen = [sign](const PL_PNT2D_record& p) { return PL_PNT2D_record{sign * p.x, p.y}; };
+            Ring ring;
+            for (const PL_PNT2D_record& p : row.ring)
+                ring.push_back(seen(p));
+            const Division division = cut(ring, through_point(seen(row.point)), row.asked);
+            ASSERT_EQ(division.status, Status::divided) << describe(division) << sign;
+            const PL_PNT2D_record vertex = seen(row.vertex);
+            const plparcel::DividingLine& line = division.lines[0];
+            const bool is_from_vertex = line.from.x == vertex.x && line.from.y == vertex.y;
+            EXPECT_POINT(is_from_vertex ? line.from : line.to, (vertex));
+            EXPECT_POINT(is_from_vertex ? line.to : line.from, (seen(row.other)));
+        }
+    }
+}
+
 TEST(PointCut, AllLinesCanBeHadInTheirOrder)
 {
     const struct {

@@ -1612,6 +1612,7 @@ TEST(CheckParcel, Rows)
             EXPECT_TRUE(!is_named || report.meeting_sides[i] == row.sides[i]) << report.meeting_sides[i];
         }
         EXPECT_EQ(report.area > 0.0, row.status == BoundaryStatus::usable);
+        EXPECT_EQ(report.anticlockwise, row.status == BoundaryStatus::usable);
     }
     const plparcel::RingReport report = check_parcel(kHoles);
     EXPECT_EQ(report.area, 9400.0);

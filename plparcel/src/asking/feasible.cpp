@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "amounts.h"
+#include "boundary/joined_rings.h"
 #include "boundary/locate.h"
 #include "boundary/ring_check.h"
 #include "line_start.h"
@@ -237,9 +238,7 @@ Alternatives alternatives_for(const Parcel& parcel, const Amount& amount, Measur
     const double margin = kAsExactAsDoubles * checked_parcel.report.area +
                           kMarginSpacings * clean.ring.spacing() * clean.ring.extent().largest();
     const std::vector<Line> lines = lines_of(checked_parcel);
-    std::size_t vertices = clean.ring.size();
-    for (std::size_t hole = 1; hole < checked_parcel.clean.size(); ++hole)
-        vertices += checked_parcel.clean[hole].ring.size();
+    const std::size_t vertices = JoinedRings(checked_parcel.rings).size();
     found.of = lines.size();
     found.looked_at = std::min({most, lines.size(), std::max(kMostWork / vertices, kLeastLines)});
     const Measured other = measured == Measured::opposite ? Measured::from_reference : Measured::opposite;

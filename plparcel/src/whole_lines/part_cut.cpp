@@ -146,7 +146,7 @@ public:
             Cut2 made;
             const bool divides = passes(line, target, made);
             parts.trials += made.trials;
-            parts.missing += made.status == Status::not_reached ? 1 : 0;
+            parts.any_missing = parts.any_missing || made.status == Status::not_reached;
             const auto is_same = [&made](const Cut2& other) {
                 return std::equal(other.ends.begin(), other.ends.end(), made.ends.begin(), made.ends.end(),
                                   same_place);

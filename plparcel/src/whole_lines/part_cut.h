@@ -29,7 +29,7 @@ std::vector<Wide> cut_parts(const WholeParcel& parcel, const Request& request, c
 struct PartsOfLine {
     std::vector<Division> divisions;  ///< those that hold the target: divided, with one line and two pieces
     std::size_t trials = 0;           ///< how many were judged
-    std::size_t missing = 0;          ///< of these, make two pieces, but no doubles hold the target
+    bool any_missing = false;         ///< one of these makes two pieces, but no doubles hold the target
 };
 
 /// Cuts one amount by the parts of a known line that make two pieces, and begin or end at its point, or have a segment that

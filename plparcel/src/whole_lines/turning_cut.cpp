@@ -421,7 +421,7 @@ std::vector<Wide> cut_parts_through(const WholeParcel& parcel, const Pivot& pivo
         const std::vector<Division>& found = parts.divisions;
         division.trials += parts.trials;
         // A place that is rounded may itself take so much that no part of the line is left to be judged.
-        are_too_coarse = are_too_coarse || parts.trials == 0 || parts.missing > 0;
+        are_too_coarse = are_too_coarse || parts.trials == 0 || parts.any_missing;
         if (found.empty() && ++failed == most_failures)
             break;
         if (request.alternative < passed + found.size()) {

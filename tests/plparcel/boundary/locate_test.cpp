@@ -97,4 +97,12 @@ TEST(Locate, TellsTheVertexOrTheSideOrInsideOrOutside)
         }
 }
 
+TEST(Locate, OfTwoVerticesAsNearItIsTheFirst)
+{
+    const Ring ring = {{0, 0}, {kAtVertex, 0}, {kFar, kFar}, {0, kFar}};
+    const Location location = locate(MeasuredRing(ring), {0.5 * kAtVertex, 0});
+    EXPECT_EQ(location.where, Location::Where::at_vertex);
+    EXPECT_EQ(location.index, 0U);
+}
+
 }  // namespace

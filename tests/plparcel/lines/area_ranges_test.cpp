@@ -9,6 +9,7 @@
 namespace {
 
 using plparcel::AreaRange;
+using plparcel::Wide;
 
 // "[2 3)" with a bracket where the end is had.
 std::string said(const std::vector<AreaRange>& ranges)
@@ -48,6 +49,10 @@ TEST(AreaRanges, Rows)
         {"a line that holds nothing", {{0, 0, true, true}}, ""},
         {"a line that holds the whole", {{100, 100, true, true}}, ""},
         {"next to nothing", {{1e-23, 10, true, true}}, "(0 10]"},
+        {"as near as counts", {{0.99e-22, 10, true, true}}, "(0 10]"},
+        {"a little farther", {{1.01e-22, 10, true, true}}, "[1.01e-22 10]"},
+        {"as near to the whole as counts", {{10, Wide(100.0) - 0.99e-22, true, true}}, "[10 100)"},
+        {"a little less", {{10, Wide(100.0) - 1.01e-22, true, true}}, "[10 100]"},
         {"not so near", {{0.125, 10, true, true}}, "[0.125 10]"},
     };
     for (const auto& row : rows)

@@ -514,6 +514,9 @@ TEST(StakedOut, TheStatedToleranceCountsWhereDoublesCannotHoldABillionth)
         Request asked = request(static_cast<Cut>(i % 3), static_cast<std::size_t>(i % 4),
                                 share(std::uniform_real_distribution<double>(0.1, 0.9)(random), 1), 7);
         EXPECT_EQ(divide(ring, asked).status, Status::divided);
+        asked.pieces = plparcel::Pieces::any;
+        EXPECT_EQ(divide(ring, asked).status, Status::divided) << "a whole line";
+        asked.pieces = plparcel::Pieces::two;
         asked.rounding.decimals.reset();
         without += divide(ring, asked).status == Status::divided ? 1 : 0;
     }
