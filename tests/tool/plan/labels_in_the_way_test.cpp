@@ -459,7 +459,7 @@ TEST_F(LabelsInTheWay, LabelsBesideTheirPiecesAreFew)
         tool::Parcel parcel;
         for (int lane = 0; lane < 15; ++lane) {
             const double x = -300.0 + 150.0 * (lane % 5);
-            const double y = -200.0 + 150.0 * (lane / 5);
+            const double y = lane < 5 ? -200.0 : lane < 10 ? -50.0 : 100.0;
             const plparcel::Ring ring = {
                 {x - 40, y}, {x + 40, y}, {x + 40, y + height}, {x - 40, y + height}};
             (lane == 0 ? parcel.ring : parcel.holes.emplace_back()) = ring;
@@ -587,6 +587,7 @@ TEST_F(LabelsInTheWay, WhatShowsInPartHasNoLength)
                       {{{2, 3, "400.01"}}, "400.01"},
                       {{{3, 0, "600.00"}}, "600.00"}};
         plan.lines = {{middle, end, "200.02", "0.0000"}, {end, middle, "200.02", "0.0000"}};
+        plan.pieces.push_back({"A", parcel.ring, 12345.0, "rest"});
         const Drawn done = drawn(plan);
         std::multiset<std::string> lengths;
         for (const DrawnText& text : done.sheet.texts)
@@ -594,6 +595,10 @@ TEST_F(LabelsInTheWay, WhatShowsInPartHasNoLength)
                 lengths.insert(text.text);
         // Half of the first side and one of the upright ones show.
         EXPECT_EQ(lengths, (std::multiset<std::string>{"200.00", "600.00"}));
+        // The label of the piece is in the middle of what shows of it.
+        const std::vector<DrawnText> piece = done.sheet.with_text("A");
+        ASSERT_EQ(piece.size(), 1u);
+        EXPECT_NEAR(piece[0].middle().x, off > 0 ? 625.0 : 175.0, kRounded);
     }
 }
 

@@ -225,6 +225,39 @@ TEST(LabelPlaces, TurnedTextTakesItsOwnWidth)
     EXPECT_FALSE(places.first_free_along({{15, 30}}, {64, 5}, 0.5 * M_PI, true)) << "longer than the sheet";
 }
 
+TEST(LabelPlaces, TextAlongALineTakesItsOwnRoom)
+{
+    // 40 by 10: four fifths of its height are taken, and its width in five squares of that height. Lines stay as far from
+    // it as is asked for.
+    struct Row {
+        SheetPoint from;
+        SheetPoint to;
+        double gap;
+        bool is_free;
+    };
+    for (const Row& row : {Row{{30, 53.9}, {70, 53.9}, 0.0, false},
+                           {{30, 54.1}, {70, 54.1}, 0.0, true},
+                           {{30, 45.9}, {70, 45.9}, 0.0, true},
+                           {{69.9, 40}, {69.9, 60}, 0.0, false},
+                           {{70.1, 40}, {70.1, 60}, 0.0, true},
+                           {{29.9, 40}, {29.9, 60}, 0.0, true},
+                           {{30, 55.4}, {70, 55.4}, 1.5, false},
+                           {{30, 55.6}, {70, 55.6}, 1.5, true},
+                           {{71.4, 40}, {71.4, 60}, 1.5, false},
+                           {{71.6, 40}, {71.6, 60}, 1.5, true}}) {
+        LabelPlaces places({0, 0, 100, 100});
+        places.add_line(row.from, row.to);
+        EXPECT_EQ(places.first_free_along({{50, 50}}, {40, 10}, 0.0, false, row.gap).has_value(), row.is_free)
+            << row.from.x << " " << row.from.y;
+    }
+    // What is taken has no gap.
+    LabelPlaces places({0, 0, 100, 100});
+    ASSERT_TRUE(places.first_free_along({{50, 50}}, {40, 10}, 0.0, true, 1.5));
+    EXPECT_FALSE(places.first_free({{50, 55.9}}, {4, 4}));
+    EXPECT_TRUE(places.first_free({{50, 56.1}}, {4, 4}));
+    EXPECT_TRUE(places.first_free({{72.1, 50}}, {4, 4}));
+}
+
 // The lines in the way are looked up in cells: of a line from corner to corner every place is found.
 TEST(LabelPlaces, SeesALineWhereverItRuns)
 {
@@ -831,6 +864,30 @@ TEST_F(Plans, PngIsTrueToScaleAndTinted)
         ASSERT_TRUE(plan.is(x, 2, 255, 255, 255) && plan.is(x, plan.height() - 3, 255, 255, 255)) << x;
     for (int y = 0; y < plan.height(); ++y)
         ASSERT_TRUE(plan.is(2, y, 255, 255, 255) && plan.is(plan.width() - 3, y, 255, 255, 255)) << y;
+}
+
+// Two dots to the point. An outline has all its sides, and a dot its rim.
+TEST_F(Plans, APictureHasOutlinesAndDots)
+{
+    tool::Canvas canvas(path("dots.png"), {100, 100}, "", "dots.png");
+    canvas.stroke({{10, 10}, {90, 10}, {90, 90}, {10, 90}}, tool::kInk, 4.0);
+    canvas.dot({50, 50}, 20.0, tool::kPaper, tool::kBlue);
+    canvas.dot({50, 50}, 10.0, tool::kRed, tool::kRed);
+    canvas.finish();
+    const Picture picture(path("dots.png"));
+    ASSERT_EQ(picture.width(), 200);
+    ASSERT_EQ(picture.height(), 200);
+    for (const int edge : {20, 179}) {
+        EXPECT_TRUE(picture.is(100, edge, 38, 38, 38)) << edge;
+        EXPECT_TRUE(picture.is(edge, 100, 38, 38, 38)) << edge;
+    }
+    EXPECT_TRUE(picture.is(100, 100, 184, 28, 28));
+    EXPECT_TRUE(picture.is(130, 100, 255, 255, 255)) << "between the two";
+    int rim = 0;
+    for (int x = 132; x < 148; ++x)
+        rim += !picture.is(x, 100, 255, 255, 255);
+    EXPECT_GT(rim, 0);
+    EXPECT_TRUE(picture.is(150, 100, 255, 255, 255)) << "beyond it";
 }
 
 // Where a text of an SVG begins, and its baseline.

@@ -291,6 +291,17 @@ TEST_F(Drawings, BlocksAreTakenApart)
     EXPECT_EQ(test::numbers_after(run.out, "parcel").at(0), 5000.0);
 }
 
+// A drawing has no CRS of its own, but may be told one.
+TEST_F(Drawings, LinesInDegreesAreRefused)
+{
+    write("lot.dxf",
+          drawing(line({9, 45}, {9.01, 45}) + line({9.01, 45}, {9, 45.01}) + line({9, 45.01}, {9, 45})));
+    const test::Result run = this->run({"measure", "lot.dxf", "--crs", "EPSG:4326"});
+    EXPECT_EQ(run.status, 3) << run.out;
+    EXPECT_NE(run.err.find("lot.dxf: feature 0: the coordinates are not plane (WGS 84); "), std::string::npos)
+        << run.err;
+}
+
 TEST_F(Drawings, TextInsideNamesTheLot)
 {
     const std::string lot = line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA);
@@ -349,7 +360,7 @@ TEST_F(Drawings, LinesThatEndNowhereAreLeftOut)
     const std::string lot = line(kA, kB) + line(kB, kC) + line(kC, kD) + line(kD, kA);
     for (const char* nowhere : {"1e999", "-1e999", "nan"})
         for (const char* code : {"\n11\n", "\n21\n"}) {
-            std::string lost = line({499000, 4999000}, {499100, 4999000});
+            std::string lost = line(kA, {499100, 4999000});  // it would make a fork
             const std::size_t begin = lost.find(code) + 4;
             lost.replace(begin, lost.find('\n', begin) - begin, nowhere);
             EXPECT_EQ(area_of(lot + lost), 5000.0) << lost;

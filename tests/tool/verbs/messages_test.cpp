@@ -706,6 +706,14 @@ TEST_F(Messages, OutputThatCannotBeWritten)
             << layers;
         EXPECT_TRUE(ends_with(layers, "; try another format, such as GeoPackage (.gpkg)\n")) << layers;
     }
+    const std::string fuller = "export FONTCONFIG_FILE=" + path("fonts.conf") + "; ulimit -f 64;";
+    for (const char* out : {"out.dxf", "out.xml"}) {
+        const std::string drawn =
+            err_of(fuller, "divide lot.csv --crs EPSG:25832 --any-scale --parallel 1 --parts 900 -o " +
+                               std::string(out));
+        EXPECT_EQ(drawn.rfind("plcalc: " + std::string(out) + ": the file could not be written", 0), 0u)
+            << drawn;
+    }
     for (const auto& entry : std::filesystem::directory_iterator(path("")))
         EXPECT_NE(entry.path().stem(), "out") << entry.path();
     EXPECT_FALSE(std::filesystem::exists(path("plan.svg")));

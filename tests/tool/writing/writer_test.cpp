@@ -967,6 +967,13 @@ TEST_F(Writer, ADrawingShowsRefusedArcsToo)
     ASSERT_EQ(undivided.status, 0) << undivided.err;
     const double half_disc = 1250.0 * std::acos(-1.0);
     EXPECT_NEAR(test::numbers_after(undivided.out, "Area").at(0), half_disc, 0.002 * half_disc);
+    // GDAL takes a chord for four degrees: 45 of them, and the side between their ends.
+    const std::vector<Entity> drawn = Drawing(content("out.dxf")).on("undivided");
+    EXPECT_EQ(std::count_if(drawn.begin(), drawn.end(),
+                            [](const Entity& entity) {
+                                return entity.kind == "LWPOLYLINE" && entity.value(90) == "46";
+                            }),
+              1);
 }
 
 TEST_F(Writer, ADrawingShowsTheRefusedUndivided)

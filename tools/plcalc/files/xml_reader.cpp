@@ -38,6 +38,11 @@ XmlReader open_xml(const std::string& file)
     return reader;
 }
 
+void silence_xml_errors()
+{
+    xmlSetStructuredErrorFunc(nullptr, keep_quiet);
+}
+
 std::string text_of(const xmlChar* text)
 {
     return text != nullptr ? reinterpret_cast<const char*>(text) : "";

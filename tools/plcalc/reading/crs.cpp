@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include <cpl_conv.h>
 #include <cpl_string.h>
@@ -193,7 +194,7 @@ std::optional<double> ScaleOf::at(const PL_PNT2D_record& p) const
 {
     double x[] = {p.x - step_, p.x + step_, p.x, p.x, p.x};
     double y[] = {p.y, p.y, p.y - step_, p.y + step_, p.y};
-    if (to_ellipsoid_ == nullptr || !to_ellipsoid_->Transform(5, x, y))
+    if (to_ellipsoid_ == nullptr || !to_ellipsoid_->Transform(static_cast<int>(std::size(x)), x, y))
         return std::nullopt;
     const double latitude = y[4] * radians_;
     const double w2 = 1.0 - eccentricity2_ * std::sin(latitude) * std::sin(latitude);

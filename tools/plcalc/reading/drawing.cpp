@@ -228,10 +228,6 @@ DrawnLines join_drawn_lines(OGRLayer& ends, OGRLayer& fine, GDALDataset& dataset
             if (wanted)
                 drawn.loops.push_back(std::move(loop));
         }
-    // In the order of the file.
-    std::sort(drawn.loops.begin(), drawn.loops.end(), [](const DrawnLoop& a, const DrawnLoop& b) {
-        return a.feature->GetFID() < b.feature->GetFID();
-    });
     return drawn;
 }
 

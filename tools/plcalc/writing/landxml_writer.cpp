@@ -15,6 +15,7 @@
 #include "answers/division_points.h"
 #include "answers/heights.h"
 #include "console/outcome.h"
+#include "files/xml_reader.h"
 #include "reading/crs.h"
 #include "text/numbers.h"
 
@@ -86,6 +87,7 @@ LandXmlWriter::LandXmlWriter(const std::string& file, bool overwrite, const Parc
     if (unit_ == nullptr)
         throw Failure(ExitStatus::wrong_use, {file_, ""}, "LandXML has no unit of length " + unit.name,
                       "write a GeoPackage (.gpkg)");
+    silence_xml_errors();
     points_file_ = std::fopen(output_.path().c_str(), "wb");
     parcels_file_ = std::tmpfile();
     require(points_file_ != nullptr && parcels_file_ != nullptr);
