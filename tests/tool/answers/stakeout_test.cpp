@@ -188,6 +188,21 @@ TEST_F(StakeoutVerb, TableReadsLikeThis)
 }
 
 // With a cut the division says so, without one the set-out does.
+// What belongs to a cut is not passed over where the cut is missing.
+TEST_F(StakeoutVerb, PartsOfACutAloneAreRefused)
+{
+    write("lot.csv", kLot);
+    for (const char* part :
+         {"--area 5", "--product 2 3", "--share 1/2", "--width 2", "--areas 1,2", "--parts 2",
+          "--area-from a", "--share-from a", "--side longest", "--side-near 1,2", "--facing 0",
+          "--along lot.csv", "--side-from a", "--within 1", "--alternative 1", "--pieces any", "--decimals 2",
+          "--tolerance 1%", "--opposite"}) {
+        const test::Result run = stakeout(std::string("--station 1 --orientation 4 ") + part);
+        EXPECT_EQ(run.status, 2) << part;
+        EXPECT_EQ(run.err.rfind("plcalc: give one of --parallel SIDE, ", 0), 0u) << part << run.err;
+    }
+}
+
 TEST_F(StakeoutVerb, OfABoundaryThatCrossesItself)
 {
     write("bow.csv", "E,N\n0,0\n100,0\n0,50\n100,50\n");

@@ -1324,6 +1324,18 @@ TEST_F(Plans, SheetsOfAnEarlierRunAreNamed)
     EXPECT_EQ(run.out.find("plan-5.png"), std::string::npos) << "no sheets lie between";
 }
 
+// The plan and the report name the CRS as the file does.
+TEST_F(Plans, TheCrsIsNamed)
+{
+    ASSERT_EQ(run({"divide", PLCALC_EXAMPLES "/utm-convex.geojson", "--feature", "17", "--parallel", "2",
+                   "--parts", "2", "--plan", "plan.svg", "--report", "report.txt"})
+                  .status,
+              0);
+    EXPECT_NE(content("plan.svg").find(">WGS 84 / UTM zone 32N (EPSG:32632)</text>"), std::string::npos);
+    EXPECT_NE(content("report.txt").find("Coordinates: WGS 84 / UTM zone 32N (EPSG:32632)"),
+              std::string::npos);
+}
+
 TEST_F(Plans, TitleBlockFromAFile)
 {
     write_wkt(kLot);

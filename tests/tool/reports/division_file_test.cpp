@@ -1,5 +1,6 @@
 // The report of a division and the list of its points, as files.
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -90,6 +91,22 @@ Checks
   Area of the parcel: 4000.0000
   Largest difference between asked and area: 0.0000
 )");
+}
+
+// To whole units the line misses the area.
+TEST_F(DivisionFiles, AReportTellsTheLargestDifference)
+{
+    write("lot.csv", "E,N\n0,0\n80,0\n80,60\n0,60\n");
+    const test::Result run =
+        divide("lot.csv", "--parallel 1 --area 1010 --decimals 0 --tolerance 1% --report report.txt");
+    ASSERT_EQ(run.status, 0) << run.err;
+    const double area = test::numbers_after(run.out, "cut off").at(0);
+    ASSERT_NE(area, 1010.0) << "80 times whole units is none of it";
+    const std::string report = content("report.txt");
+    EXPECT_NE(report.find("Largest difference between asked and area: " +
+                          std::to_string(static_cast<int>(std::fabs(area - 1010.0))) + ".0000\n"),
+              std::string::npos)
+        << report;
 }
 
 TEST_F(DivisionFiles, AReportInMarkdownHasTables)

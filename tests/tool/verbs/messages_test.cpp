@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include <linux/capability.h>
@@ -670,6 +671,29 @@ TEST_F(Messages, FontCacheThatCannotBeWritten)
 }
 
 // A disk that takes no more: a limit on the size of files, which the font library's caches meet too.
+// Every option that the help shows, given twice: two values would contradict each other. Some may be repeated.
+TEST_F(Messages, AnOptionIsGivenOnce)
+{
+    write_wkt(kSquare);
+    const std::set<std::string> may_be_repeated = {"--product", "--title", "--point"};
+    for (const char* verb : {"divide", "measure", "stakeout"}) {
+        const std::string help = run({verb, "--help"}).out;
+        std::set<std::string> options;
+        for (std::size_t at = help.find("--"); at != std::string::npos; at = help.find("--", at + 2))
+            options.insert(help.substr(at, help.find_first_not_of("-abcdefghijklmnopqrstuvwxyz", at) - at));
+        EXPECT_GT(options.size(), 10u);
+        for (const std::string& option : options) {
+            if (may_be_repeated.count(option) > 0)
+                continue;
+            const test::Result twice = run({verb, "lot.csv", option + "=1", option + "=1"});
+            EXPECT_EQ(twice.status, 2) << option;
+            EXPECT_TRUE(twice.err.rfind("plcalc: " + option + ": give one value, ", 0) == 0 ||
+                        twice.err.rfind("plcalc: " + option + ": it takes no value; ", 0) == 0)
+                << twice.err;
+        }
+    }
+}
+
 TEST_F(Messages, OutputThatCannotBeWritten)
 {
     write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");

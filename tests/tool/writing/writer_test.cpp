@@ -184,9 +184,11 @@ TEST_F(Writer, DecimalsThatDoNotHoldTheAreaAreMore)
     EXPECT_EQ(divide(file, "--parallel 1 --share 1/3 --decimals 17").status, 0);
     EXPECT_TRUE(test::fails_with(divide(file, "--parallel 1 --share 1/3 --decimals 18"), 2,
                                  "--decimals: '18' is not a number from 0 to 17; see plcalc divide --help"));
-    EXPECT_TRUE(
-        test::fails_with(divide(file, "--parallel 1 --share 1/3 --tolerance 2%"), 2,
-                         "--tolerance: '2%' is more than 1% of the parcel; see plcalc divide --help"));
+    for (const std::string tolerance : {"2%", "1e-300/1e300"})
+        EXPECT_TRUE(
+            test::fails_with(divide(file, "--parallel 1 --share 1/3 --tolerance " + tolerance), 2,
+                             "--tolerance: '" + tolerance +
+                                 "' is not above 0 and at most 1% of the parcel; see plcalc divide --help"));
 }
 
 // A program that writes many files one after another keeps none of their folders, and no file open.

@@ -272,7 +272,7 @@ void CuttingVerb::set_rounding(Asked& asked) const
         const plparcel::Amount part = understood("--tolerance", [&] { return share(tolerance_); });
         rounding.tolerance = part.first / part.second;
         if (!(rounding.tolerance > 0.0) || rounding.tolerance > kMostTolerance)
-            wrong_use("--tolerance: '" + tolerance_ + "' is more than 1% of the parcel");
+            wrong_use("--tolerance: '" + tolerance_ + "' is not above 0 and at most 1% of the parcel");
     }
 }
 
