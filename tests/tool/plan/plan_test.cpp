@@ -1324,6 +1324,25 @@ TEST_F(Plans, SheetsOfAnEarlierRunAreNamed)
     EXPECT_EQ(run.out.find("plan-5.png"), std::string::npos) << "no sheets lie between";
 }
 
+// A title may be wider than its columns; so is what says that the table goes on.
+TEST_F(Plans, TitlesOfNarrowTablesDoNotTouch)
+{
+    tool::Canvas canvas(path("tables.svg"), {700, 300}, "", "tables.svg");
+    std::vector<tool::PlanTable> tables;
+    for (const char* title : {"Points around the parcel", "Points around the parcel, once more"})
+        tables.push_back({title, {"P", "Q"}, std::vector<Cells>(20, {"1", "2"})});
+    const tool::TableSetter setter(tables, canvas);
+    tool::TableSetter::Position position;
+    setter.fill(canvas, {0, 0, 700, 120}, position);
+    canvas.finish();
+    const std::vector<test::DrawnText> texts = test::read_sheet(content("tables.svg")).texts;
+    EXPECT_GT(texts.size(), 60u);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        for (std::size_t k = 0; k < i; ++k)
+            EXPECT_GT(test::gap_between(texts[i].corners, texts[k].corners), 0.0)
+                << texts[i].text << " and " << texts[k].text;
+}
+
 // The plan and the report name the CRS as the file does.
 TEST_F(Plans, TheCrsIsNamed)
 {

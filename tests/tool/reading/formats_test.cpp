@@ -838,6 +838,12 @@ TEST_F(Formats, DegreesAreRefusedAndNoCrsIsNot)
     expect_divided(divide("plain.geojson", kStrip));
 }
 
+TEST_F(Formats, NorthMayStandFirst)
+{
+    write("lot.csv", "N,E\n5000000,500000\n5000000,500100\n5000050,500100\n5000050,500000\n");
+    expect_divided(divide("lot.csv", kStrip));
+}
+
 // Longitudes reach 360 and latitudes 90. What is beyond can be no degrees, whatever GeoJSON stands for.
 TEST_F(Formats, GeoJsonMayHoldDegreesUpToTheirEnd)
 {

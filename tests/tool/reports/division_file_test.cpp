@@ -109,6 +109,16 @@ TEST_F(DivisionFiles, AReportTellsTheLargestDifference)
         << report;
 }
 
+// Segments are told of a line that has several.
+TEST_F(DivisionFiles, ALineInOnePartHasNoSegments)
+{
+    write_lot();
+    const test::Result run = divide("lot.csv", "--parallel 1 --area 1000 --json");
+    const nlohmann::json lines = nlohmann::json::parse(run.out)["parcels"][0]["lines"];
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_FALSE(lines[0].contains("segments")) << run.out;
+}
+
 TEST_F(DivisionFiles, AReportInMarkdownHasTables)
 {
     write_lot();

@@ -381,6 +381,7 @@ std::vector<std::string> DrawingWriter::commit()
 {
     messages_.clear();
     dataset_.reset();
+    require(!messages_.failed());
     // Read it back, because a full disk is not always reported.
     const GDALDatasetUniquePtr read_back = open_vector_file(output_.path());
     require(read_back != nullptr && read_back->GetLayerCount() > 0);
