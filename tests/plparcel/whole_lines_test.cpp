@@ -1040,6 +1040,43 @@ TEST(WholeLines, AnEndIsNotMovedToAVertexWhereTheLineThenTouchesAnother)
     EXPECT_EQ(division.pieces[0].area, 216);
 }
 
+//      C ---------.   The ceiling from A to B rises by 64 spacings of doubles, or by eight, and the level line would pass B three
+//      | []       |   below it. That is a touch, and at the level of B the line would miss the amount: it ends at B, and slants.
+//   A_.B          |
+//   |             |   The strip from A's level to the line is 10 long but for what the ceiling takes away.
+//   '-------------'
+TEST(WholeLines, ALineThatPassesAVertexAtASharpAngleEndsThere)
+{
+    constexpr double kSpacing = 0x1p-28;
+    constexpr double kAway = 0x1.8p24;
+    for (const double rise : {64.0, 8.0}) {
+        const double level = rise - 3.0;
+        const double below = 50 + (10 * level - level * level / (2 * rise)) * kSpacing;
+        const PL_PNT2D_record corner = {1, rise * kSpacing};
+        for (int way = 0; way < 4; ++way) {
+            const auto seen = [way](const PL_PNT2D_record& p) {
+                return PL_PNT2D_record{kAway + (way % 2 == 0 ? p.x : -p.x), kAway + (way < 2 ? p.y : -p.y)};
+            };
+            const auto all_seen = [&seen](Ring ring) {
+                std::transform(ring.begin(), ring.end(), ring.begin(), seen);
+                return ring;
+            };
+            const Ring outer = all_seen({{0, 0}, {0, -5}, {10, -5}, {10, 5}, {1, 5}, corner});
+            const Ring hole = all_seen({{5, 2}, {6, 2}, {6, 3}, {5, 3}});
+            for (std::size_t first = 0; first < outer.size(); ++first) {
+                const Division division =
+                    cut({test::begun_at(outer, first), {hole}}, plparcel::along_segment({0, 0}, {1, 0}),
+                        {area(below)}, way < 2 ? kHere : kThere, Pieces::two);
+                ASSERT_EQ(division.status, Status::divided)
+                    << rise << " " << way << " " << describe(division);
+                const PL_PNT2D_record& end = way % 2 == 0 ? division.lines[0].from : division.lines[0].to;
+                EXPECT_POINT(end, (seen(corner)));
+                EXPECT_NEAR(division.pieces[0].area, below, 94e-9);
+            }
+        }
+    }
+}
+
 // Up from the floor's side, which lies between the arms: what lies with it goes up to its own level in one of them.
 TEST(WholeLines, ALineInLineWithItsSide)
 {
