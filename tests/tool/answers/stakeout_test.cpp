@@ -187,7 +187,6 @@ TEST_F(StakeoutVerb, TableReadsLikeThis)
     EXPECT_EQ(run.status, 0);
 }
 
-// With a cut the division says so, without one the set-out does.
 // What belongs to a cut is not passed over where the cut is missing.
 TEST_F(StakeoutVerb, PartsOfACutAloneAreRefused)
 {
@@ -203,6 +202,7 @@ TEST_F(StakeoutVerb, PartsOfACutAloneAreRefused)
     }
 }
 
+// With a cut the division says so, without one the set-out does.
 TEST_F(StakeoutVerb, OfABoundaryThatCrossesItself)
 {
     write("bow.csv", "E,N\n0,0\n100,0\n0,50\n100,50\n");

@@ -670,7 +670,6 @@ TEST_F(Messages, FontCacheThatCannotBeWritten)
     EXPECT_TRUE(std::filesystem::exists(path("plan.svg")));
 }
 
-// A disk that takes no more: a limit on the size of files, which the font library's caches meet too.
 // Every option that the help shows, given twice: two values would contradict each other. Some may be repeated.
 TEST_F(Messages, AnOptionIsGivenOnce)
 {
@@ -694,6 +693,7 @@ TEST_F(Messages, AnOptionIsGivenOnce)
     }
 }
 
+// A disk that takes no more: a limit on the size of files, which the font library's caches meet too.
 TEST_F(Messages, OutputThatCannotBeWritten)
 {
     write_wkt("POLYGON ((0 0, 100 0, 100 100, 0 100, 0 0))");
