@@ -197,7 +197,7 @@ CleanRing without_repeats(const Ring& ring)
     if (clean.closed)
         kept.pop_back();
     for (std::size_t& place : clean.place)
-        place %= std::max<std::size_t>(kept.size(), 1);
+        place %= kept.size();  // a ring that repeats its first vertex ends at 0 again
     clean.ring = MeasuredRing(std::move(kept));
     return clean;
 }
