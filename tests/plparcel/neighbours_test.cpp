@@ -273,6 +273,12 @@ const Row kRows[] = {
      {{100, 0}, {40.0005, 0}, {40, -50}, {39.9997, 0}, {0, 0}, {0, -60}, {100, -60}},
      "",
      1},
+    {"of two points the one beside a vertex counts",
+     {{20, 0}, {40, 0}, {60, 0}},
+     0.001,
+     {{100, 0}, {60, 0}, {40.0005, 0}, {40, -50}},
+     "",
+     1},
     {"a point beside a vertex, at the place of another one",
      {{40, 0}},
      0.001,
@@ -651,6 +657,13 @@ TEST(SharedSides, GivePiecesTheNeighboursVertices)
     EXPECT_EQ(text_of(piece.existing), "70 0");
     EXPECT_EQ(text_of(shared.with_points({left, {}}).parcel.outer), "70 0, 40 0.5, 0 0, 0 -50, 70 -50");
     EXPECT_EQ(shared.with_points({right, {}}).inserted, 0u);
+    // One neighbour lies all around, and M is a vertex of its hole.
+    const SharedSides around({{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.001, [](const SharedSides::Take& take) {
+        take({{{-50, -50}, {150, -50}, {150, 150}, {-50, 150}},
+              {{{0, 0}, {0, 50}, {100, 50}, {100, 0}, {70, 0}}}});
+    });
+    const WithPoints inside = around.with_points({{{40, 0.5}, {100, 0}, {100, 50}, {40, 50}}, {}});
+    EXPECT_EQ(text_of(inside.parcel.outer), "40 0.5, 70 0, 100 0, 100 50, 40 50");
     // The line ends at M, or a nanometre beside it.
     for (const double end : {70.0, 70.000000001}) {
         const SharedSides there({{{end, 0}, {{0, 0}, {100, 0}}}}, 0.001, [&](const SharedSides::Take& take) {

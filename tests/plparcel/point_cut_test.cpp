@@ -651,6 +651,44 @@ TEST(PointCut, FromCornerToCornerWhatIsBetweenHoldsMore)
     EXPECT_POINT(all[1].lines[0].to, (PL_PNT2D_record{100, 0}));
 }
 
+// 1 ------------ 0   Through the middle (0, 0), from the tip 4 to the tip 8. Turned a hair to either side, the line ends at
+// |           .- 9   the wall behind one of them. On its right lie (-3, -3), (0, -10), (10, -10), (10, 0) and (3, 3), twice
+// |         8        30 + 100 + 100 + 30 = 260.
+// |           `- 7
+// |   4          |
+// |  / \         |
+// 2 3   5 ------ 6
+TEST(PointCut, FromTipToTip)
+{
+    const Ring wedged = {{10, 10}, {-10, 10}, {-10, -10}, {-6, -10}, {-3, -3},
+                         {0, -10}, {10, -10}, {10, 0},    {3, 3},    {10, 8}};
+    for (const bool is_mirrored : {true, false})
+        for (int quarters = 0; quarters < 4; ++quarters) {
+            Ring ring;
+            for (PL_PNT2D_record p : wedged) {
+                p.x = is_mirrored ? -p.x : p.x;
+                for (int i = 0; i < quarters; ++i)
+                    p = {-p.y, p.x};
+                ring.push_back(p);
+            }
+            Request request;
+            request.line = through_point({0, 0});
+            request.amounts = {area(130)};
+            for (const Measured measured : {kNear, kFar}) {
+                request.measured = measured;
+                int from_tip_to_tip = 0;
+                for (const Division& division : plparcel::all_divisions(ring, request)) {
+                    ASSERT_EQ(division.status, Status::divided) << describe(division);
+                    const PL_PNT2D_record& from = division.lines[0].from;
+                    const PL_PNT2D_record& to = division.lines[0].to;
+                    from_tip_to_tip +=
+                        std::abs(from.x) == 3 && std::abs(from.y) == 3 && to.x == -from.x && to.y == -from.y;
+                }
+                EXPECT_EQ(from_tip_to_tip, 1) << is_mirrored << ' ' << quarters;
+            }
+        }
+}
+
 TEST(PointCut, WithoutALineTheReasonIsTold)
 {
     Request request;

@@ -45,6 +45,8 @@ const Parcel kU = {{{0, 0}, {100, 0}, {100, 60}, {60, 60}, {60, 20}, {30, 20}, {
 // A square with a square hole in the middle, and one on its tip beside it.
 const Parcel kHoles = {{{0, 0}, {100, 0}, {100, 100}, {0, 100}},
                        {{{40, 40}, {60, 40}, {60, 60}, {40, 60}}, {{20, 70}, {30, 80}, {20, 90}, {10, 80}}}};
+const Parcel kTwoTips = {{{0, 0}, {20, 0}, {30, 10}, {20, 30}, {0, 30}, {-10, 20}},
+                         {{{5, 1}, {6, 1}, {6, 2}, {5, 2}}}};
 // A T, a few degrees off the axes, with a square hole that is turned by as much again. Vertices of its bar lie on one straight
 // line with each other, but for rounding.
 const Parcel kTee = {{{21.509318670344541, 2.723966366175262},
@@ -159,6 +161,13 @@ const Row kRows[] = {
      kHere,
      {{{{0, 30}, {100, 30}}}},
      {{6400}, {3000}}},
+    {"through a tip on the right, one on the left, and across the side above that",
+     kTwoTips,
+     parallel_to(0),
+     {width(10), width(10), width(5)},
+     kHere,
+     {{{{-5, 10}, {30, 10}}}, {{{-10, 20}, {25, 20}}}, {{{-5, 25}, {22.5, 25}}}},
+     {{274}, {350}, {156.25}, {118.75}}},
 };
 
 TEST(WholeLines, Rows)
@@ -184,6 +193,10 @@ TEST(WholeLines, Rows)
         for (const Piece& piece : division.pieces)
             pieces.at(piece.amount).push_back(piece.area);
         ASSERT_EQ(division.held.size(), row.pieces.size());
+        for (const Piece& piece : division.pieces) {
+            EXPECT_EQ(piece.asked, division.held[piece.amount].asked);
+            EXPECT_EQ(piece.residual, division.held[piece.amount].residual);
+        }
         for (std::size_t i = 0; i < pieces.size(); ++i) {
             ASSERT_EQ(pieces[i].size(), row.pieces[i].size()) << "amount " << i;
             EXPECT_EQ(division.held[i].pieces, pieces[i].size());
@@ -721,6 +734,26 @@ TEST(WholeLines, TheLeastThroughAVertexStandsInForALittleLess)
     EXPECT_NEAR(std::min(division.lines[0].from.x, division.lines[0].to.x), 3, 1e-15);
     EXPECT_EQ(cut(bent, at_corner, {area(4 - 3e-8)}).status, Status::no_line_through_point)
         << "26e-9 are granted";
+}
+
+// The line upright at x touches the hole's western tip, but for the rounding of x: the hole lies east of it.
+TEST(WholeLines, AHoleThatTheLineTouchesLiesOnItsSide)
+{
+    for (const double x : {30.1, 30.2, 30.3, 30.4, 30.6, 30.7, 30.8, 30.9})
+        for (const double bearing : {0.0, 200.0}) {
+            const Parcel touched = {{{0, 0}, {100, 0}, {100, 50}, {0, 50}},
+                                    {{{x, 25}, {40, 30}, {50, 25}, {40, 20}}}};
+            const double hole = 5.0 * (50.0 - x);
+            const double west = std::round(50.0 * x);
+            const Measured from_west = bearing > 100.0 ? kHere : kThere;
+            const Division division = cut(touched, at_bearing(bearing), {area(west)}, from_west);
+            ASSERT_EQ(division.status, Status::divided) << x << ' ' << bearing << ' ' << describe(division);
+            ASSERT_EQ(division.pieces.size(), 2U);
+            EXPECT_NEAR(division.pieces[0].area, west, 1e-9);
+            EXPECT_TRUE(division.pieces[0].holes.empty());
+            EXPECT_NEAR(division.pieces[1].area, 5000.0 - west - hole, 1e-9);
+            EXPECT_EQ(division.pieces[1].holes.size(), 1U);
+        }
 }
 
 // The hole's lower side, at 40, belongs to what lies above a line below it, and to what lies below a line above it.

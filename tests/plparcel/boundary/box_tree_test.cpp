@@ -53,4 +53,18 @@ TEST(BoxTree, StopsWhenItIsTold)
         EXPECT_EQ(told(100.0, most).size(), most);
 }
 
+// Doubles have steps of a quarter there, and the middle of a box of a quarter is rounded to one of its ends. From the line
+// under 45 degrees the near corner is 1.25 / sqrt(2) = 0.884 away, but 0.97 with the other end for the middle.
+TEST(BoxTree, RoundingsCutNothingOff)
+{
+    for (const double way : {1.0, -1.0})
+        for (const double far : {0x1p50, -0x1p50 - 8.0}) {
+            const Reach north({0.0, far}, {way, far + 1.0});
+            const double corner = far + 1.25;
+            EXPECT_TRUE(north.comes_near({{0.0, corner}, {0.0, corner + 0.25}}, 0.9)) << way << ' ' << far;
+            const Reach east({far, 0.0}, {far + 1.0, way});
+            EXPECT_TRUE(east.comes_near({{corner, 0.0}, {corner + 0.25, 0.0}}, 0.9)) << way << ' ' << far;
+        }
+}
+
 }  // namespace

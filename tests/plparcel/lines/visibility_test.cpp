@@ -114,6 +114,21 @@ TEST(Visibility, ALineThatPassesANearCornerIsNotClear)
     }
 }
 
+// 5  3           From 0 the line to the corner 4 goes on to the side from 2 to 3, where x and y are equal: (10 - 6t, 5 + 5t)
+//  \ / \         with t = 5/11. The side ends just before that corner.
+//   4   2
+// 0 --- 1
+TEST(Visibility, BehindACornerTheSideBeforeItIsSeenUpToThatLine)
+{
+    const MeasuredRing ring({{0, 0}, {10, 0}, {10, 5}, {4, 10}, {3, 3}, {0, 10}});
+    const std::vector<plparcel::SeenPart> parts = all_seen_from(LocalRing(ring), ring.turn(), 0, 1e-9);
+    ASSERT_EQ(parts.size(), 3U);
+    EXPECT_EQ(parts[1].end.side, 2U);
+    EXPECT_NEAR(parts[1].end.part.value(), 5.0 / 11.0, 1e-15);
+    EXPECT_EQ(parts[2].begin.side, 4U);
+    EXPECT_EQ(parts[2].begin.part.value(), 0.0);
+}
+
 double cross(const PL_PNT2D_record& a, const PL_PNT2D_record& b, const PL_PNT2D_record& p)
 {
     return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);

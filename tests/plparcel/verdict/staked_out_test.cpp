@@ -162,6 +162,28 @@ TEST(StakedOut, AHoleKeepsItsCorners)
     EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{19.8, 20}));
 }
 
+// The hole's lower side rises by 0.2 in 980. The line at 20.1 runs into the hole at its left side, and out of it again 500
+// from the left. To whole numbers it would lie at 20, where it meets the lower side 490 farther on.
+TEST(StakedOut, ALineMeetsTheSideOfAHoleNotFarFromItsEnd)
+{
+    const plparcel::Parcel parcel = {{{0, 0}, {1000, 0}, {1000, 100}, {0, 100}},
+                                     {{{10, 20}, {990, 20.2}, {990, 80}, {10, 80}}}};
+    Request asked;
+    asked.amounts = {plparcel::area(20100 - 0.5 * 490 * 0.1)};
+    asked.rounding = {0, 0.01};
+    asked.pieces = plparcel::Pieces::any;
+    for (std::size_t first = 0; first < parcel.outer.size(); ++first) {
+        asked.line = plparcel::parallel_to((4 - first) % 4);
+        const Division division =
+            divide(plparcel::Parcel{test::begun_at(parcel.outer, first), parcel.holes}, asked);
+        ASSERT_EQ(division.status, Status::divided) << describe(division);
+        EXPECT_EQ(division.decimals, 1);
+        ASSERT_EQ(division.lines[0].segments.size(), 2U);
+        EXPECT_POINT(division.lines[0].segments[0].to, (PL_PNT2D_record{10, 20.1}));
+        EXPECT_POINT(division.lines[0].segments[1].from, (PL_PNT2D_record{500, 20.1}));
+    }
+}
+
 // The line of half the slope from (13/7, 2/7) to the left side: to whole numbers it runs from (2, 0), above which the
 // left side has ended.
 TEST(StakedOut, ALineThatWouldPassBeyondTheEndOfItsSideNeedsMoreDecimals)
