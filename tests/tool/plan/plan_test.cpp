@@ -1253,6 +1253,18 @@ TEST_F(Plans, EveryDetailIsDrawnOnce)
     EXPECT_NE(content("plan-3.svg").find(">Detail 7, 1:"), std::string::npos);
 }
 
+// A strip with cut corners: two sheets, and both are named.
+TEST_F(Plans, TwoSheetsAreNamed)
+{
+    write("lot.csv", "E,N\n0.03,0\n99.97,0\n100,0.03\n100,59.97\n99.97,60\n0.03,60\n0,59.97\n0,0.03\n");
+    const test::Result run = this->run({"divide", "--title", "Client=Rossi", "lot.csv", "--parallel", "1",
+                                        "--share", "1/2", "--plan", "plan.svg"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(content("plan.svg").find(">Client: Rossi<"), std::string::npos);
+    EXPECT_NE(run.out.find("Written  plan.svg\nWritten  plan-2.svg\n"), std::string::npos) << run.out;
+    EXPECT_FALSE(std::filesystem::exists(path("plan-3.svg")));
+}
+
 TEST_F(Plans, TextOfAnSvgIsText)
 {
     write("lots.csv", "lot no,WKT\n1234/5 <&>,\"POLYGON ((0 0, 80 0, 80 50, 0 50, 0 0))\"\n");

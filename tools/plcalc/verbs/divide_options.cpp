@@ -35,7 +35,11 @@ DivideVerb::DivideVerb(CLI::App& app) : CuttingVerb(app, "divide", divide_help()
     options().add_option("--plan", plan_)->type_name("PLAN");
     options().add_option("--paper", paper_)->type_name("A4|A3");
     options().add_option("--area-decimals", area_decimals_)->type_name("N");
-    options().add_option("--title", titles_)->type_name("KEY=VALUE")->expected(1)->take_all();
+    options()
+        .add_option("--title", titles_)
+        ->type_name("KEY=VALUE")
+        ->allow_extra_args(false)  // one each time, because FILE may follow
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     options().add_option("--title-block", title_block_)->type_name("FILE");
     options().add_option("--report", report_)->type_name("REPORT");
     options().add_option("--points", points_)->type_name("POINTS");
