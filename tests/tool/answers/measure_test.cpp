@@ -173,6 +173,16 @@ TEST_F(MeasureVerb, JsonHasTheSameNumbers)
     EXPECT_EQ(json["vertices"][3]["vertex"], 4);
     EXPECT_EQ(json["vertices"][3]["n"], 60.0);
     EXPECT_TRUE(json["vertices"][2]["angle_gon"].is_null());
+    EXPECT_LT(run.out.find("\"perimeter\""), run.out.find("\"sides\""));
+    EXPECT_LT(run.out.find("\"sides\""), run.out.find("\"vertices\""));
+    // Holes are counted after both.
+    write("pond.geojson",
+          R"({"type": "Polygon", "coordinates": [[[0, 0], [90, 0], [90, 900], [0, 900], [0, 0]],
+              [[10, 10], [10, 20], [20, 20], [20, 10], [10, 10]]]})");
+    const std::string pond = this->run({"measure", "pond.geojson", "--json", "--any-scale"}).out;
+    EXPECT_LT(pond.find("\"sides\""), pond.find("\"vertices\""));
+    EXPECT_LT(pond.find("\"vertices\""), pond.find("\"holes\": 1")) << pond;
+    EXPECT_NE(pond.find("\"holes\": 1"), std::string::npos) << pond;
 }
 
 // The text of a parcel once took time with the square of its length: two minutes here.

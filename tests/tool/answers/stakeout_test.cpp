@@ -288,6 +288,24 @@ TEST_F(StakeoutVerb, TheEndsHaveTheDecimalsOfTheLine)
     EXPECT_EQ(points[0]["right"], -north) << "offsets to the same digit";
 }
 
+// Two arms on a strip, and a line across both: each of its parts has two ends.
+TEST_F(StakeoutVerb, EndsOfTheLinesParts)
+{
+    write("lot.csv", "E,N\n0,0\n100,0\n100,60\n60,60\n60,20\n30,20\n30,60\n0,60\n");
+    const nlohmann::json points = nlohmann::json::parse(
+        stakeout("--station 1 --orientation 2 --parallel 1 --area 2700 --pieces any --json").out)["points"];
+    const struct {
+        const char* name;
+        double east;
+    } rows[] = {{"part 1 from", 0}, {"part 1 to", 30}, {"part 2 from", 60}, {"part 2 to", 100}};
+    ASSERT_EQ(points.size(), 4u);
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(points[i]["name"], rows[i].name);
+        EXPECT_EQ(points[i]["e"], rows[i].east);
+        EXPECT_EQ(points[i]["n"], 30.0);
+    }
+}
+
 TEST_F(StakeoutVerb, TheFileMayStandBehindAPoint)
 {
     write("lot.csv", kLot);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,17 @@ TEST(OrderedWork, AFailureComesWhereItsResultWould)
             EXPECT_THROW(work.take(), std::runtime_error);
         }
         EXPECT_EQ(work.pending(), 0u);
+    }
+}
+
+TEST(OrderedWork, OneJobNeedsNoThread)
+{
+    const std::thread::id here = std::this_thread::get_id();
+    for (const std::size_t jobs : {1U, 2U}) {
+        tool::OrderedWork<std::thread::id> work(jobs,
+                                                [](std::thread::id& of) { of = std::this_thread::get_id(); });
+        work.put(std::make_unique<std::thread::id>());
+        EXPECT_EQ(*work.take() == here, jobs == 1) << jobs;
     }
 }
 

@@ -42,4 +42,16 @@ TEST(Crs, DegreesAreProjectedToTheirUtmZone)
     }
 }
 
+// At 52.5 degrees North. On a sphere a cone that is true to scale at 43 and 62 degrees has lengths from East to West that
+// are n (G - latitude) / cos(latitude) of those on the ground, where n = (cos 43 - cos 62) / (62 - 43) = 0.7897 and
+// G = cos 43 / n + 43 = 1.6766 in radians: 0.986. From South to North they are true, as on the plate of squares, which
+// stretches by 1 / cos 60 = 2 at 60 degrees what runs from East to West.
+TEST(Crs, TheScaleIsThatWhichDiffersMost)
+{
+    const tool::ScaleOf cone(tool::crs_named("ESRI:102031"));
+    EXPECT_NEAR(cone.at({0.0, 2.503e6}).value(), 0.986, 0.002);
+    const tool::ScaleOf squares(tool::crs_named("EPSG:4087"));
+    EXPECT_NEAR(squares.at({0.0, 60 * 111320.0}).value(), 2.0, 0.01);
+}
+
 }  // namespace

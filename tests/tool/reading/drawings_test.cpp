@@ -5,8 +5,11 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <string>
 #include <vector>
+
+#include <nlohmann/json.hpp>
 
 #include "program.h"
 #include "reading/joined_lines.h"
@@ -179,6 +182,61 @@ TEST_F(Drawings, AClosedLineInAnotherIsAskedFor)
     const test::Result joined = run({"measure", "joined.dxf", "--feature", "0", "--inner", "hole"});
     EXPECT_EQ(test::numbers_after(joined.out, "Area"), std::vector<double>{9600.0})
         << joined.out << joined.err;
+}
+
+// West of the origin, turned by quarters about (-500, 500). A pond begins on the lot's own side and lies in the lot; a
+// square in the notch of an L begins at the L's inner corner and lies beside it.
+TEST_F(Drawings, ClosedLinesThatTouchLieInsideOrBeside)
+{
+    for (int quarters = 0; quarters < 4; ++quarters) {
+        const auto closed = [quarters](const std::vector<Place>& places) {
+            std::string text = "0\nLWPOLYLINE\n8\nLOTS\n90\n" + std::to_string(places.size()) + "\n70\n1\n";
+            for (Place p : places) {
+                for (int i = 0; i < quarters; ++i)
+                    p = {-p.north, p.east};
+                text += at({p.east - 500, p.north + 500});
+            }
+            return text;
+        };
+        write("pond.dxf", drawing(closed({{0, 0}, {100, 0}, {100, 100}, {0, 100}}) +
+                                  closed({{100, 50}, {40, 40}, {50, 60}})));
+        EXPECT_TRUE(test::fails_with(run({"measure", "pond.dxf", "--feature", "0"}), 3,
+                                     "pond.dxf: feature 0: another closed line lies in it (feature 1); say "
+                                     "what such lines are: --inner hole, "
+                                     "or --inner overlap for parcels that lie over it"))
+            << quarters;
+        write("notch.dxf", drawing(closed({{0, 0}, {100, 0}, {100, 50}, {50, 50}, {50, 100}, {0, 100}}) +
+                                   closed({{50, 50}, {100, 50}, {100, 100}, {50, 100}})));
+        const test::Result both = run({"measure", "notch.dxf", "--csv"});
+        EXPECT_EQ(both.status, 0) << quarters << both.err;
+        EXPECT_NE(both.out.find("feature 0,,7500.0000,"), std::string::npos) << both.out;
+        EXPECT_NE(both.out.find("feature 1,,2500.0000,"), std::string::npos) << both.out;
+    }
+}
+
+// The lot has no heights, and the pond in it does.
+TEST_F(Drawings, HeightsOfAHoleAlone)
+{
+    const auto vertex = [](const Place& p, double height) {
+        return "0\nVERTEX\n8\nLOTS\n" + at(p) + "30\n" + std::to_string(height) + "\n70\n32\n";
+    };
+    const std::string lot = "0\nLWPOLYLINE\n8\nLOTS\n90\n4\n70\n1\n" + at({500000, 5000000}) +
+                            at({500100, 5000000}) + at({500100, 5000100}) + at({500000, 5000100});
+    const std::string pond = "0\nPOLYLINE\n8\nLOTS\n66\n1\n70\n9\n" + vertex({500040, 5000040}, 12.5) +
+                             vertex({500060, 5000040}, 13.5) + vertex({500050, 5000060}, 14.5) +
+                             "0\nSEQEND\n";
+    write("pond.dxf", drawing(lot + pond));
+    const test::Result run =
+        this->run({"measure", "pond.dxf", "--feature", "0", "--inner", "hole", "--json"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json vertices = nlohmann::json::parse(run.out)["parcels"][0]["vertices"];
+    ASSERT_EQ(vertices.size(), 7u) << run.out;
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_TRUE(vertices[i]["z"].is_null()) << i;
+    std::multiset<double> heights;
+    for (std::size_t i = 4; i < 7; ++i)
+        heights.insert(vertices[i]["z"].get<double>());
+    EXPECT_EQ(heights, (std::multiset<double>{12.5, 13.5, 14.5}));
 }
 
 // The gap at kB, north of it. The vertex is the end of the line that comes first.

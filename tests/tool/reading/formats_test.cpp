@@ -538,7 +538,9 @@ TEST_F(Formats, XAndYAsTheCrsNamesThem)
                            {"EPSG:21781", false, 600000, 200000},
                            {"EPSG:2056", true, 2600000, 1200000},
                            {"EPSG:2154", true, 700000, 6900000},
-                           {"EPSG:25832", true, 500000, 5400000}}) {
+                           {"EPSG:25832", true, 500000, 5400000},
+                           {"EPSG:31467+5783", false, 3500000, 5400000},  // and heights
+                           {"EPSG:25832+7837", true, 500000, 5400000}}) {
         SCOPED_TRACE(row.crs);
         std::string table = "X,Y\n";
         for (const auto& [e, n] : {std::pair{0, 0}, {100, 0}, {100, 50}, {0, 50}}) {

@@ -208,6 +208,10 @@ TEST(Angles, ByUnit)
     EXPECT_EQ(tool::angle_text(13.980246913580247 + 0.78 / 3240.0, AngleUnit::dms, 2), "12\u00b034'56.78\"");
     EXPECT_EQ(tool::angle_text(13.980246913580247 + 1.0 / 3240.0, AngleUnit::dms, 3), "12\u00b034'57.000\"");
     EXPECT_EQ(tool::bearing_text(std::nullopt, AngleUnit::quadrant), "-");
+    EXPECT_EQ(tool::with_angle_sign("12.5", AngleUnit::gon), "12.5 gon");
+    EXPECT_EQ(tool::with_angle_sign("12.5", AngleUnit::degrees), "12.5\u00b0");
+    for (const AngleUnit with_signs : {AngleUnit::dms, AngleUnit::quadrant})
+        EXPECT_EQ(tool::with_angle_sign("12\u00b030'00\"", with_signs), "12\u00b030'00\"");
     EXPECT_EQ(tool::angle_text(399.999999, AngleUnit::dms, 1), "0\u00b000'00.0\"");
     EXPECT_EQ(tool::angle_unit_named("dms"), AngleUnit::dms);
     EXPECT_EQ(tool::angle_unit_named("rad"), std::nullopt);

@@ -416,6 +416,24 @@ TEST_F(Neighbours, KeepHeightsHolesAndParts)
     EXPECT_EQ(counts["left_out"], 0);
 }
 
+// The neighbour's corner lies half a millimetre inside the lot, on a side of 50 of the right piece: 50 * 0.0005 / 2 less.
+TEST_F(Neighbours, WhatAPieceLosesIsTold)
+{
+    write_layer(
+        {feature(
+             1, "a",
+             polygon(
+                 "[[501000,5202000],[501100,5202000],[501100,5202100],[501000,5202100],[501000,5202000]]")),
+         feature(2, "b",
+                 polygon("[[501070,5202000.0005],[501070,5201900],[501100,5201900],[501100,5202000],["
+                         "501070,5202000.0005]]"))});
+    const test::Result run =
+        divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o out.gpkg");
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("\n         No area has changed by more than 0.0130\n"), std::string::npos)
+        << run.out;
+}
+
 TEST_F(Neighbours, BesideACornerAreTold)
 {
     write_layer(
@@ -436,6 +454,10 @@ TEST_F(Neighbours, BesideACornerAreTold)
         run.out.find("\nGaps     2 corners of neighbours have a new point within 0.001 (at most 0.0004"),
         std::string::npos)
         << run.out;
+    const nlohmann::json told =
+        nlohmann::json::parse(divide("lots.geojson", asked + "--overwrite --json").out)["neighbours"];
+    EXPECT_EQ(told["points_beside"], 2);
+    EXPECT_NEAR(told["farthest_beside"], 0.0004, 1e-9);
     const test::Result standard =
         divide("lots.geojson", "--feature 1 --perpendicular 1 --share 1/2 --neighbours -o - --format dxf");
     EXPECT_EQ(standard.err.rfind("Gaps     2 corners of neighbours have a new point within 0.001", 0), 0u)

@@ -190,6 +190,10 @@ TEST_F(ParcelRequests, ATableOfAreas)
     const test::Result one = divide("lots.csv", "--feature 2 --parallel 1 --areas areas.csv");
     EXPECT_EQ(one.status, 0) << one.err;
     EXPECT_EQ(one.out.find("Unused"), std::string::npos) << "the others were left out on purpose";
+    const test::Result chosen =
+        run({"divide", "lots.csv", "--where", "nr = '12/2'", "--parallel", "1", "--areas", "areas.csv"});
+    EXPECT_EQ(chosen.status, 0) << chosen.err;
+    EXPECT_EQ(chosen.out.find("Unused"), std::string::npos) << chosen.out;
 }
 
 TEST_F(ParcelRequests, HowATableNamesParcels)

@@ -181,7 +181,12 @@ TEST(LandXmlUnits, HaveTheirLengthsAndAreas)
         EXPECT_EQ(unit->metric, row.metric);
     }
     EXPECT_EQ(tool::landxml_unit(0.9144), nullptr) << "LandXML has no yard";
-    EXPECT_EQ(tool::landxml_unit(1.0 + 2e-9), nullptr);
+    for (const double metres : {0.001, 0.0254, 0.3048, 1.0, 1000.0, 1609.344}) {
+        EXPECT_NE(tool::landxml_unit(metres * (1.0 + 0.99e-9)), nullptr) << metres;
+        EXPECT_EQ(tool::landxml_unit(metres * (1.0 + 1.01e-9)), nullptr) << metres;
+        EXPECT_NE(tool::landxml_unit(metres * (1.0 - 0.99e-9)), nullptr) << metres;
+        EXPECT_EQ(tool::landxml_unit(metres * (1.0 - 1.01e-9)), nullptr) << metres;
+    }
 }
 
 TEST_F(LandXml, AUnitIsNeeded)
