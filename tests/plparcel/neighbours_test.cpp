@@ -657,6 +657,13 @@ TEST(SharedSides, GivePiecesTheNeighboursVertices)
     EXPECT_EQ(text_of(piece.existing), "70 0");
     EXPECT_EQ(text_of(shared.with_points({left, {}}).parcel.outer), "70 0, 40 0.5, 0 0, 0 -50, 70 -50");
     EXPECT_EQ(shared.with_points({right, {}}).inserted, 0u);
+    // Two hundred parcels in one place, all with the corner M: flats above each other.
+    const SharedSides flats({{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.001, [&](const SharedSides::Take& take) {
+        for (int i = 0; i < 200; ++i)
+            take({left, {}});
+    });
+    const WithPoints below_flats = flats.with_points({{{40, 0.5}, {100, 0}, {100, 50}, {40, 50}}, {}});
+    EXPECT_EQ(text_of(below_flats.parcel.outer), "40 0.5, 70 0, 100 0, 100 50, 40 50");
     // One neighbour lies all around, and M is a vertex of its hole.
     const SharedSides around({{{40, 0.5}, {{0, 0}, {100, 0}}}}, 0.001, [](const SharedSides::Take& take) {
         take({{{-50, -50}, {150, -50}, {150, 150}, {-50, 150}},

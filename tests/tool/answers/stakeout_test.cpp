@@ -304,6 +304,14 @@ TEST_F(StakeoutVerb, EndsOfTheLinesParts)
         EXPECT_EQ(points[i]["e"], rows[i].east);
         EXPECT_EQ(points[i]["n"], 30.0);
     }
+    // Without a line it is the corners.
+    ASSERT_EQ(stakeout("--station 1 --orientation 2 --points corners.csv").status, 0);
+    std::ifstream corners(path("corners.csv"));
+    std::string row;
+    for (const char* wanted : {"name,E,N,code", "1,0.0000,0.0000,CORNER", "2,100.0000,0.0000,CORNER"}) {
+        std::getline(corners, row);
+        EXPECT_EQ(row, wanted);
+    }
 }
 
 TEST_F(StakeoutVerb, TheFileMayStandBehindAPoint)
