@@ -118,6 +118,13 @@ TEST_F(PositionsOfFiles, OfAFileAreMixedWithinOneGeometryOnly)
     EXPECT_FALSE(mixes(many));
     EXPECT_TRUE(mixes(many + "," + mixed));
     EXPECT_FALSE(tool::mixes_heights(path("missing.geojson")));
+    // The file is read in blocks: a number that runs from one into the next is one, wherever the blocks end.
+    std::string line = R"({"coordinates":[[1000000,2000000])";
+    for (int i = 0; i < 5000; ++i)
+        line += ",[1000000,2000000]";
+    line += "]}";
+    for (std::size_t blanks = 0; blanks < 18; ++blanks)
+        EXPECT_FALSE(mixes(std::string(blanks, ' ') + line)) << blanks;
 }
 
 }  // namespace

@@ -146,6 +146,15 @@ TEST_F(Neighbours, OfOneParcelGetItsPoints)
     EXPECT_EQ(neighbour->GetFieldAsInteger("points"), 1);
     EXPECT_NEAR(neighbour->GetFieldAsDouble("area"), neighbour->GetGeometryRef()->toPolygon()->get_Area(),
                 1e-5);
+    // To whole decimetres the point lies well beside the side, and the neighbour is larger or smaller by as much.
+    ASSERT_EQ(
+        divide("lots.geojson", asked + "--neighbours -o coarse.gpkg --decimals 1 --tolerance 1%").status, 0);
+    const GDALDatasetUniquePtr coarse = open("coarse.gpkg");
+    const OGRFeatureUniquePtr changed(coarse->GetLayerByName("neighbours")->GetNextFeature());
+    const double before = polygons("lots.geojson", "lots", 1).at(1)->toPolygon()->get_Area();
+    const double change = changed->GetGeometryRef()->toPolygon()->get_Area() - before;
+    EXPECT_GT(std::fabs(change), 0.01);
+    EXPECT_NEAR(changed->GetFieldAsDouble("change"), change, 1e-5);
     // Without the points it is not so.
     ASSERT_EQ(divide("lots.geojson", asked + "-o bare.gpkg").status, 0);
     Geometries bare = polygons("bare.gpkg", "pieces");
